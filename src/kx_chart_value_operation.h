@@ -1,0 +1,4 @@
+#pragma once
+
+/** An operation on the values of a chart. */
+enum class KXChartValueOperation : int {};

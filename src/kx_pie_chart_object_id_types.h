@@ -1,0 +1,4 @@
+#pragma once
+
+/** A kind of piece of a pie chart. */
+enum class KXPieChartObjectIDPath : int {};

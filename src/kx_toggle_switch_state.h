@@ -1,0 +1,4 @@
+#pragma once
+
+/** The state of a toggle switch. */
+enum class KXToggleSwitchState : int {};
