@@ -1,0 +1,302 @@
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "column_type_guess.h"
+#include "csv_importer.h"
+#include "host_error.h"
+#include "sql_session.h"
+#include "temporal_text.h"
+
+namespace {
+
+using Type = KXChartDataType;
+
+/** A file that is gone at the end of the test. */
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& content, const std::string& name = "data.csv")
+        : m_path(std::filesystem::path(testing::TempDir()) /
+                 ("host_" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) +
+                  testing::UnitTest::GetInstance()->current_test_info()->name() + name))
+    {
+        std::ofstream(m_path, std::ios::binary) << content;
+    }
+    ~TemporaryFile() { std::filesystem::remove(m_path); }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    std::string getPath() const { return m_path.string(); }
+
+private:
+    std::filesystem::path m_path;
+};
+
+/** @return the rows of a CSV text, fields joined by '|', or the error without the file's name */
+std::string readAll(const std::string& content)
+{
+    const TemporaryFile file(content);
+    CsvReader reader(file.getPath());
+    std::string rows;
+    try {
+        reader.read(
+            [&](const CsvReader::Row& row, std::uint64_t line) {
+                rows += std::to_string(line);
+                for (const std::string& field : row)
+                    rows += '|' + field;
+                rows += ';';
+            },
+            {});
+    } catch (const HostError& error) {
+        const std::string text = error.what();
+        EXPECT_TRUE(text.starts_with(file.getPath() + ": ")) << text;
+        return text.substr(file.getPath().size() + 2);
+    }
+    return rows;
+}
+
+/** @return every text of a column of a table in the order of its rows, nulls as "NULL", joined by '|' */
+std::string readColumn(SqlSession& session, const std::string& expression, const std::string& table)
+{
+    const SqlTable rows = session.query(
+        {"SELECT COALESCE(CAST(" + expression + " AS TEXT), 'NULL') FROM " + table,
+         {},
+         {SqlResultType::Text}});
+    std::string joined;
+    for (std::size_t i = 0; i < rows.getRowCount(); ++i)
+        joined += (i ? "|" : "") + rows.getText(i, 0);
+    return joined;
+}
+
+} // namespace
+
+TEST(HostCsv, RowsWithTheirLines)
+{
+    struct Case {
+        const char* name;
+        std::string content, expected;
+    };
+    const Case cases[] = {
+        {"plain", "a,b\n1,2\n3,4\n", "2|1|2;3|3|4;"},
+        {"no last line end", "a,b\n1,2", "2|1|2;"},
+        {"carriage returns", "a,b\r\n1,2\r\n\r\n3,4\r\n", "2|1|2;4|3|4;"},
+        {"old line ends", "a,b\r1,2\r3,4", "2|1|2;3|3|4;"},
+        {"byte order mark", "\xef\xbb\xbf\"a\",b\n1,2\n", "2|1|2;"},
+        {"quotes", "a,b\n\"x, \"\"y\"\"\nz\",2\n3,4\n", "2|x, \"y\"\nz|2;4|3|4;"},
+        {"empty fields", "a,b\n,\n\"\",\n", "2||;3||;"},
+        {"header alone", "a,b\n", ""},
+        {"hostile names", "\"a'; DROP TABLE x; --\",\":p0 #\"\n1,2\n", "2|1|2;"},
+        {"too few fields", "a,b\n1,2\n\n3\n", "line 4: 1 fields where the header has 2"},
+        {"too many fields", "a,b\n\"1\n\",2,3\n", "line 2: 3 fields where the header has 2"},
+        {"an open quote", "a,b\n1,2\n3,\"4\n5,6\n", "line 3: a quote opened in this row is never closed"},
+        {"a stray quote", "a,b\n1,2\n3,4\"5\n", "line 3: a stray quote inside a field"},
+        {"nothing", "", "is empty; a header row is needed"},
+        {"empty lines", "\n\n", "is empty; a header row is needed"},
+        {"no text", std::string("a,b\n1,\0", 7), "line 2: holds a zero byte; this is no text file"},
+        {"sixteen bits",
+         "\xff\xfe"
+         "a",
+         "line 1: is UTF-16 text; UTF-8 is needed"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(readAll(c.content), c.expected);
+    }
+}
+
+TEST(HostCsv, BlocksAreNoBorders)
+{
+    // A field longer than a block and line ends that fall onto block borders change nothing.
+    std::string content = "a,b\r\n";
+    std::string expected;
+    for (int i = 0; i < 3; ++i) {
+        const std::string field(65'530 + static_cast<std::size_t>(i), 'x');
+        content += '"' + field + "\",1\r\n";
+        expected += std::to_string(i + 2) + '|' + field + "|1;";
+    }
+    EXPECT_EQ(readAll(content), expected);
+}
+
+TEST(HostCsv, FilesThatCannotBeRead)
+{
+    for (const std::string& path : {std::string("/nowhere/none.csv"), testing::TempDir()}) {
+        try {
+            CsvReader(path).read({}, {});
+            ADD_FAILURE() << path;
+        } catch (const HostError& error) {
+            EXPECT_TRUE(std::string(error.what()).starts_with(path + ": ")) << error.what();
+            EXPECT_EQ(std::string(error.what()).find('\n'), std::string::npos);
+        }
+    }
+}
+
+TEST(HostCsv, TemporalTexts)
+{
+    struct Case {
+        const char *text, *date, *time, *dateTime;
+    };
+    const Case cases[] = {
+        {"2024-02-29", "2024-02-29", "", "2024-02-29 00:00:00"},
+        {"2023-02-29", "", "", ""},
+        {"2024/3/5", "2024-03-05", "", "2024-03-05 00:00:00"},
+        {"2024-3/5", "", "", ""},
+        {"0000-01-01", "", "", ""},
+        {"20240305", "", "", ""},
+        {"14:07", "", "14:07:00", ""},
+        {"9:07:05.250", "", "09:07:05.250", ""},
+        {"24:00:00", "", "", ""},
+        {"12:60", "", "", ""},
+        {"12:30:", "", "", ""},
+        {"12:30:15.", "", "", ""},
+        {"2010-01-01T01:00:00", "", "", "2010-01-01 01:00:00"},
+        {"2010-01-01  1:00", "", "", "2010-01-01 01:00:00"},
+        {"2010-01-01T01:00:00.5Z", "", "", "2010-01-01 01:00:00.5"},
+        {"2010-01-01T01:00:00+02:00", "", "", ""},
+        {"2010-01-01T", "", "", ""},
+        {"2010-01-01 ", "", "", ""},
+        {"", "", "", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        EXPECT_EQ(obtainDateText(c.text).value_or(""), c.date);
+        EXPECT_EQ(obtainTimeText(c.text).value_or(""), c.time);
+        EXPECT_EQ(obtainDateTimeText(c.text).value_or(""), c.dateTime);
+    }
+}
+
+TEST(HostCsv, GuessedTypes)
+{
+    struct Case {
+        const char* name;
+        std::vector<std::string> texts;
+        Type expected;
+    };
+    const Case cases[] = {
+        {"nothing", {}, Type::String},
+        {"only empty", {"", ""}, Type::String},
+        {"whole", {"1", "", "-20", "+3", "0"}, Type::Integer},
+        {"one fraction", {"1", "2.5", "-1e3"}, Type::Float},
+        {"beyond 64 bits", {"1", "9223372036854775808"}, Type::Float},
+        {"beyond doubles", {"1", "1e999"}, Type::String},
+        {"infinite", {"inf"}, Type::String},
+        {"postal codes", {"98101", "01234"}, Type::String},
+        {"zero point", {"0.5", "-0.25"}, Type::Float},
+        {"hexadecimal", {"0x10"}, Type::String},
+        {"blank inside", {"1 000"}, Type::String},
+        {"dates", {"2024-01-01", "2024-12-31"}, Type::Date},
+        {"dates and moments", {"2024-01-01", "2024-12-31T10:00:00"}, Type::DateTime},
+        {"times", {"10:00", "23:59:59"}, Type::Time},
+        {"times and dates", {"10:00", "2024-01-01"}, Type::String},
+        {"numbers and dates", {"2024", "2024-01-01"}, Type::String},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        ColumnTypeGuess guess;
+        for (const std::string& text : c.texts)
+            guess.addText(text);
+        EXPECT_EQ(guess.obtainType(), c.expected);
+    }
+}
+
+TEST(HostCsv, ImportsTypedColumns)
+{
+    const TemporaryFile file("n,x,day,at,moment,\"say \"\"it's\"\" :p0 #1 ?\",\n"
+                             "1,0.1,2024-01-02,10:30,2024-01-02T10:30:00,a,007\n"
+                             ",,,,,,\n"
+                             "9007199254740993,1e300,2024/1/3,23:59:59,2024-01-03,\"x\ny\",008\n");
+    SqlSession session("sqlite://");
+    CsvImporter importer(session);
+    importer.importFile(file.getPath(), "da\"ta");
+
+    const std::vector<SqlColumn> columns = session.obtainColumns("da\"ta");
+    const std::vector<std::pair<std::string, Type>> expected = {
+        {"n", Type::Integer},       {"x", Type::Float},         {"day", Type::Date},
+        {"at", Type::Time},         {"moment", Type::DateTime}, {"say \"it's\" :p0 #1 ?", Type::String},
+        {"column 7", Type::String},
+    };
+    ASSERT_EQ(columns.size(), expected.size());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        EXPECT_EQ(columns[i].name, expected[i].first);
+        EXPECT_EQ(columns[i].type, expected[i].second) << columns[i].name;
+    }
+    EXPECT_EQ(readColumn(session, "n", "\"da\"\"ta\""), "1|NULL|9007199254740993");
+    EXPECT_EQ(readColumn(session, "day", "\"da\"\"ta\""), "2024-01-02|NULL|2024-01-03");
+    EXPECT_EQ(readColumn(session, "at", "\"da\"\"ta\""), "10:30:00|NULL|23:59:59");
+    EXPECT_EQ(readColumn(session, "moment", "\"da\"\"ta\""), "2024-01-02 10:30:00|NULL|2024-01-03 00:00:00");
+    EXPECT_EQ(readColumn(session, "\"column 7\"", "\"da\"\"ta\""), "007|NULL|008");
+    const SqlTable number = session.query({"SELECT SUM(x) FROM \"da\"\"ta\"", {}, {SqlResultType::Number}});
+    EXPECT_EQ(number.getNumber(0, 0), 1e300 + 0.1);
+}
+
+TEST(HostCsv, ImportFailsAsAWhole)
+{
+    struct Case {
+        const char* name;
+        const char* content;
+        std::vector<std::pair<std::string, Type>> declared;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"not of the declared type",
+         "a,b\n1,2\n3,x\n",
+         {{"b", Type::Integer}},
+         "line 3: column \"b\": \"x\" is not a whole number"},
+        {"declared but missing",
+         "a,b\n1,2\n",
+         {{"c", Type::Date}},
+         "line 1: the column \"c\", whose type is declared, is not in the header"},
+        {"named twice", "a,A\n1,2\n", {}, "line 1: two columns are named \"A\""},
+        {"ragged late", "a,b\n1,2\n3\n", {}, "line 3: 1 fields where the header has 2"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const TemporaryFile file(c.content);
+        const TemporaryFile database("", "data.db");
+        SqlSession session("sqlite://" + database.getPath());
+        CsvImporter importer(session);
+        for (const auto& [column, type] : c.declared)
+            importer.declareType(column, type);
+        try {
+            importer.importFile(file.getPath(), "data");
+            ADD_FAILURE() << "imported";
+        } catch (const HostError& error) {
+            EXPECT_EQ(error.what(), file.getPath() + ": " + c.expected);
+        }
+        EXPECT_THROW(session.obtainColumns("data"), HostError);
+        EXPECT_EQ(std::filesystem::file_size(database.getPath()), 0U);
+    }
+}
+
+TEST(HostCsv, ASecondTableOfTheSameNameIsRefused)
+{
+    const TemporaryFile file("a\n1\n");
+    SqlSession session("sqlite://");
+    CsvImporter importer(session);
+    importer.importFile(file.getPath(), "data");
+    EXPECT_THROW(importer.importFile(file.getPath(), "data"), HostError);
+    EXPECT_EQ(readColumn(session, "a", "data"), "1");
+}
+
+TEST(HostCsv, ProgressGrowsToTheWhole)
+{
+    std::string content = "n,text\n";
+    for (int i = 0; i < 20'000; ++i)
+        content += std::to_string(i) + ",row " + std::to_string(i) + '\n';
+    const TemporaryFile file(content);
+    SqlSession session("sqlite://");
+    CsvImporter importer(session);
+    std::vector<std::uint64_t> steps;
+    importer.setProgressHandler([&](std::uint64_t done, std::uint64_t total) {
+        EXPECT_EQ(total, 2 * content.size());
+        steps.push_back(done);
+    });
+    importer.importFile(file.getPath(), "data");
+    EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+    EXPECT_GT(steps.size(), 4U);
+    EXPECT_EQ(steps.back(), 2 * content.size());
+    const SqlTable rows = session.query(
+        {"SELECT COUNT(*), SUM(n) FROM data", {}, {2, SqlResultType::Number}});
+    EXPECT_EQ(rows.getNumber(0, 0), 20'000);
+    EXPECT_EQ(rows.getNumber(0, 1), 19'999.0 * 10'000);
+}
