@@ -1,0 +1,17 @@
+#include "kx_object_id_path.h"
+
+#include "kx_object_id_key_maker.h"
+
+template <class T>
+KXObjectIDPath kxCreateObjectIDPath(T value)
+{
+    return {kxMakeObjectIDKey(value)};
+}
+
+template KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(KXBarChartObjectIDPath);
+template KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(KXLineChartObjectIDPath);
+template KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(KXPieChartObjectIDPath);
+template KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(KXHeatMapChartObjectIDPath);
+template KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(KXChartObjectIDProperty);
+template KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(std::string);
+template KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(const char*);

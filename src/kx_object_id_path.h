@@ -1,0 +1,21 @@
+#pragma once
+
+#include "kx_bar_chart_object_id_types.h"
+#include "kx_chart_object_id_property.h"
+#include "kx_export.h"
+#include "kx_heat_map_chart_object_id_types.h"
+#include "kx_line_chart_object_id_types.h"
+#include "kx_object_id_key.h"
+#include "kx_pie_chart_object_id_types.h"
+
+/** One level of a piece's position in a chart: the kind of item that an index counts. */
+struct KXObjectIDPath : KXObjectIDKey {
+    friend std::strong_ordering operator<=>(const KXObjectIDPath&, const KXObjectIDPath&) = default;
+};
+
+/** Exists for KXBarChartObjectIDPath, KXLineChartObjectIDPath,
+ *  KXPieChartObjectIDPath, KXHeatMapChartObjectIDPath, KXChartObjectIDProperty, std::string and const char*.
+ *  @return the path of the value, with the type T: one made from a literal therefore differs from one made
+ * from a std::string. A null text counts as empty. */
+template <class T>
+KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(T value);

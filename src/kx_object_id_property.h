@@ -1,0 +1,20 @@
+#pragma once
+
+#include "kx_bar_chart_object_id_types.h"
+#include "kx_chart_object_id_property.h"
+#include "kx_export.h"
+#include "kx_heat_map_chart_object_id_types.h"
+#include "kx_line_chart_object_id_types.h"
+#include "kx_object_id_key.h"
+
+/** Names a property of a piece of a chart, such as its colour. */
+struct KXObjectIDProperty : KXObjectIDKey {
+    friend std::strong_ordering operator<=>(const KXObjectIDProperty&, const KXObjectIDProperty&) = default;
+};
+
+/** Exists for KXBarChartObjectIDProperty, KXLineChartObjectIDProperty, KXHeatMapChartObjectIDProperty,
+ *  KXChartObjectIDProperty, std::string and const char*.
+ *  @return the property of the value, with the type T: one made from a literal therefore differs from one
+ * made from a std::string. A null text counts as empty. */
+template <class T>
+KX_EXPORT KXObjectIDProperty kxCreateObjectIDProperty(T value);
