@@ -156,6 +156,7 @@ protected:
 
 private:
     friend class UXJsonObjectFactory;
+    friend class UXJsonObjectWatcher;
     friend class UXPropertyAccessor;
     friend class UXPropertyTableBinding;
     struct Frame;
