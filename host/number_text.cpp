@@ -30,9 +30,10 @@ std::optional<double> obtainFloat(std::string_view text)
 std::string obtainNumberText(double number)
 {
     std::array<char, 32> digits{};
-    const bool plain = std::trunc(number) == number && std::abs(number) < 1e17;
-    const auto end = plain
-                         ? std::to_chars(digits.begin(), digits.end(), static_cast<std::int64_t>(number)).ptr
-                         : std::to_chars(digits.begin(), digits.end(), number).ptr;
-    return {digits.begin(), end};
+    char* const end = digits.data() + digits.size();
+    const bool isPlain = std::trunc(number) == number && std::abs(number) < 1e17;
+    const std::to_chars_result result = isPlain ? std::to_chars(digits.data(), end,
+                                                                static_cast<std::int64_t>(number))
+                                                : std::to_chars(digits.data(), end, number);
+    return {digits.data(), result.ptr};
 }

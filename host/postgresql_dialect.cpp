@@ -46,9 +46,9 @@ std::string PostgresqlDialect::obtainTypeName(KXChartDataType type) const
 
 std::string PostgresqlDialect::obtainColumnsQuery() const
 {
-    return "SELECT CAST(column_name AS TEXT), CAST(data_type AS TEXT) FROM information_schema.columns "
-           "WHERE table_name = CAST(:p0 AS TEXT) AND table_schema = ANY (CURRENT_SCHEMAS(true)) "
-           "ORDER BY ARRAY_POSITION(CURRENT_SCHEMAS(true), CAST(table_schema AS NAME)), ordinal_position";
+    return "SELECT CAST(attname AS TEXT), FORMAT_TYPE(atttypid, NULL) FROM pg_attribute "
+           "WHERE attrelid = TO_REGCLASS(QUOTE_IDENT(CAST(:p0 AS TEXT))) AND attnum > 0 AND NOT attisdropped "
+           "ORDER BY attnum";
 }
 
 KXChartDataType PostgresqlDialect::obtainDataType(const std::string& declaredType) const

@@ -36,6 +36,8 @@ public:
      */
     virtual std::string obtainDateBucket(const std::string& expression, KXChartDataType type,
                                          DateLevel level) const = 0;
+    /** @return a number, null or not, in a form that reaches the result with all of its digits */
+    virtual std::string obtainExactNumber(const std::string& expression) const { return expression; }
     /** @return a text expression that sorts by its bytes */
     virtual std::string obtainByteOrder(const std::string& expression) const { return expression; }
 

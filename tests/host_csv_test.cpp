@@ -1,37 +1,17 @@
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 
 #include "column_type_guess.h"
 #include "csv_importer.h"
 #include "host_error.h"
+#include "host_temporary_file.h"
 #include "sql_session.h"
 #include "temporal_text.h"
 
 namespace {
 
 using Type = KXChartDataType;
-
-/** A file that is gone at the end of the test. */
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& content, const std::string& name = "data.csv")
-        : m_path(std::filesystem::path(testing::TempDir()) /
-                 ("host_" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) +
-                  testing::UnitTest::GetInstance()->current_test_info()->name() + name))
-    {
-        std::ofstream(m_path, std::ios::binary) << content;
-    }
-    ~TemporaryFile() { std::filesystem::remove(m_path); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    std::string getPath() const { return m_path.string(); }
-
-private:
-    std::filesystem::path m_path;
-};
 
 /** @return the rows of a CSV text, fields joined by '|', or the error without the file's name */
 std::string readAll(const std::string& content)

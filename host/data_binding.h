@@ -1,0 +1,21 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "dimension_binding.h"
+#include "filter_binding.h"
+#include "kx_chart_data_type.h"
+#include "measure_binding.h"
+
+/** Which columns of a table become the dimensions and the values of a chart. */
+struct DataBinding {
+    std::string name = "binding"; // what errors call it, the file it came from
+    std::string table = "data";
+    std::map<std::string, KXChartDataType> columnTypes; // declared for a CSV file, else guessed
+    std::vector<DimensionBinding> dimensions;
+    std::vector<MeasureBinding> measures;
+    std::vector<FilterBinding> filters; // all of them must hold
+    std::string nullText = "(null)";
+};

@@ -1,0 +1,153 @@
+#include "data_binding_reader.h"
+
+#include <array>
+
+#include "host_error.h"
+#include "json_cursor.h"
+#include "text_file.h"
+
+namespace {
+
+constexpr int deepestNesting = 256;
+
+const std::vector<std::string> typeNames = {"text", "integer", "float", "date", "time", "datetime"};
+const std::vector<std::string> aggregateNames = {"sum", "average", "count", "distinct", "min", "max"};
+const std::vector<std::string> filterNames = {"equal",    "notEqual",       "less",     "lessOrEqual",
+                                              "greater",  "greaterOrEqual", "in",       "notIn",
+                                              "contains", "isNull",         "isNotNull"};
+const std::vector<std::string> levelNames = {"year", "quarter", "month",  "week",     "day",
+                                             "hour", "minute",  "second", "dayOfWeek"};
+constexpr std::array<DateLevel, 9> levels = {DateLevel::Year,   DateLevel::Quarter, DateLevel::Month,
+                                             DateLevel::Week,   DateLevel::Day,     DateLevel::Hour,
+                                             DateLevel::Minute, DateLevel::Second,  DateLevel::DayOfWeek};
+
+std::string describeMeasure(const MeasureBinding& measure)
+{
+    if (measure.column.empty())
+        return "count";
+    return aggregateNames[static_cast<std::size_t>(measure.aggregate)] + " of " + measure.column;
+}
+
+/** @return the document; nesting is bounded while it is read, before anything deep is built */
+nlohmann::json parseDocument(const std::string& file, const std::string& text)
+{
+    const auto checkDepth = [&](int depth, nlohmann::json::parse_event_t, nlohmann::json&) {
+        if (depth > deepestNesting)
+            throw HostError(file, "", "is nested too deeply");
+        return true;
+    };
+    try {
+        return nlohmann::json::parse(text, checkDepth);
+    } catch (const nlohmann::json::exception& error) {
+        // The library's message begins with its own name and number.
+        const std::string message = error.what();
+        const std::size_t start = message.find("] ");
+        throw HostError(file, "",
+                        "is no JSON: " + (start == std::string::npos ? message : message.substr(start + 2)));
+    }
+}
+
+} // namespace
+
+DataBindingReader::DataBindingReader(std::string file) : m_file(std::move(file)) {}
+
+DataBinding DataBindingReader::readFile() const { return readText(readTextFile(m_file)); }
+
+DataBinding DataBindingReader::readText(const std::string& text) const
+{
+    const nlohmann::json document = parseDocument(m_file, text);
+    const JsonCursor root(m_file, document);
+    root.requireKeys({"table", "types", "dimensions", "measures", "filters", "nullText"});
+
+    DataBinding binding;
+    binding.name = m_file;
+    if (root.hasKey("table"))
+        binding.table = root.getValue("table").readText();
+    if (root.hasKey("nullText"))
+        binding.nullText = root.getValue("nullText").readText();
+    if (root.hasKey("types"))
+        _readTypes(root.getValue("types"), binding);
+    root.getValue("measures").visitList([&](const JsonCursor& place) { _readMeasure(place, binding); });
+    if (root.hasKey("dimensions"))
+        root.getValue("dimensions").visitList([&](const JsonCursor& place) {
+            _readDimension(place, binding);
+        });
+    if (root.hasKey("filters"))
+        root.getValue("filters").visitList([&](const JsonCursor& place) { _readFilter(place, binding); });
+    return binding;
+}
+
+void DataBindingReader::_readTypes(const JsonCursor& types, DataBinding& binding) const
+{
+    types.visitObject([&](const std::string& column, const JsonCursor& type) {
+        binding.columnTypes[column] = static_cast<KXChartDataType>(type.readName(typeNames));
+    });
+}
+
+void DataBindingReader::_readDimension(const JsonCursor& place, DataBinding& binding) const
+{
+    place.requireKeys({"column", "level", "label", "fillGaps", "sort", "top"});
+    DimensionBinding dimension;
+    dimension.column = place.getValue("column").readText();
+    dimension.label = place.hasKey("label") ? place.getValue("label").readText() : dimension.column;
+    if (place.hasKey("level"))
+        dimension.level = levels.at(place.getValue("level").readName(levelNames));
+    if (place.hasKey("fillGaps"))
+        dimension.shouldFillGaps = place.getValue("fillGaps").readFlag();
+    if (place.hasKey("sort")) {
+        const JsonCursor sort = place.getValue("sort");
+        sort.requireKeys({"measure", "descending"});
+        if (sort.hasKey("measure"))
+            dimension.order.measure = sort.getValue("measure").readCount();
+        dimension.order.isDescending = sort.hasKey("descending") && sort.getValue("descending").readFlag();
+    }
+    if (place.hasKey("top"))
+        _readTop(place.getValue("top"), dimension);
+    binding.dimensions.push_back(std::move(dimension));
+}
+
+void DataBindingReader::_readTop(const JsonCursor& place, DimensionBinding& dimension) const
+{
+    place.requireKeys({"count", "measure", "bottom", "others"});
+    TopMembers top;
+    top.count = place.getValue("count").readCount();
+    if (place.hasKey("measure"))
+        top.measure = place.getValue("measure").readCount();
+    top.isBottom = place.hasKey("bottom") && place.getValue("bottom").readFlag();
+    if (place.hasKey("others"))
+        top.othersLabel = place.getValue("others").readText();
+    dimension.top = std::move(top);
+}
+
+void DataBindingReader::_readMeasure(const JsonCursor& place, DataBinding& binding) const
+{
+    place.requireKeys({"column", "aggregate", "label", "id"});
+    MeasureBinding measure;
+    measure.aggregate = static_cast<SqlAggregate>(place.getValue("aggregate").readName(aggregateNames));
+    if (place.hasKey("column") || measure.aggregate != SqlAggregate::Count)
+        measure.column = place.getValue("column").readText();
+    measure.label = place.hasKey("label") ? place.getValue("label").readText() : describeMeasure(measure);
+    if (place.hasKey("id"))
+        measure.id = place.getValue("id").readText();
+    binding.measures.push_back(std::move(measure));
+}
+
+void DataBindingReader::_readFilter(const JsonCursor& place, DataBinding& binding) const
+{
+    place.requireKeys({"column", "is", "value"});
+    FilterBinding filter;
+    filter.column = place.getValue("column").readText();
+    if (place.hasKey("is"))
+        filter.operation = static_cast<FilterOperation>(place.getValue("is").readName(filterNames));
+    const bool isNullTest = filter.operation == FilterOperation::IsNull ||
+                            filter.operation == FilterOperation::IsNotNull;
+    const bool isList = filter.operation == FilterOperation::In || filter.operation == FilterOperation::NotIn;
+    if (isNullTest && place.hasKey("value"))
+        throw place.makeError("a test for null takes no value");
+    if (isList)
+        place.getValue("value").visitList(
+            [&](const JsonCursor& value) { filter.values.push_back(value.readTextOrNumber()); });
+    else if (!isNullTest)
+        filter.values.push_back(place.getValue("value").readTextOrNumber());
+    binding.filters.push_back(std::move(filter));
+}

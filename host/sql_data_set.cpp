@@ -1,0 +1,156 @@
+#include "sql_data_set.h"
+
+#include <algorithm>
+
+#include "host_error.h"
+#include "number_text.h"
+#include "sql_dialect.h"
+#include "sql_query_builder.h"
+#include "sql_session.h"
+#include "time_step.h"
+
+SqlDataSet::SqlDataSet(SqlSession& session, const DataBinding& binding)
+{
+    // 1. One query answers everything, so that members and values are of one moment.
+    SqlQueryBuilder builder(session.getDialect(), binding, session.obtainColumns(binding.table));
+    m_cells = session.query(builder.obtainQuery());
+    const std::size_t rows = m_cells.getRowCount();
+    m_isEmpty = rows == 0 || m_cells.getNumber(0, builder.obtainCountColumn()) == 0;
+
+    // 2. Note where everything stands in its result.
+    for (std::size_t i = 0; i < binding.measures.size(); ++i)
+        m_measures.push_back({builder.obtainMeasureType(i), builder.obtainMeasureColumn(i)});
+    for (std::size_t i = 0; i < binding.dimensions.size(); ++i) {
+        m_dimensions.push_back({builder.obtainDimensionType(i),
+                                builder.obtainDimensionLevel(i),
+                                SqlQueryBuilder::obtainPositionColumn(i),
+                                {}});
+        _readMembers(binding, i);
+        if (binding.dimensions[i].shouldFillGaps)
+            _fillGaps(binding, i);
+    }
+}
+
+void SqlDataSet::_readMembers(const DataBinding& binding, std::size_t index)
+{
+    Dimension& dimension = m_dimensions[index];
+    for (std::size_t row = 0; row < m_cells.getRowCount(); ++row) {
+        const auto position = static_cast<std::size_t>(m_cells.getNumber(row, dimension.positionColumn));
+        if (position >= dimension.members.size())
+            dimension.members.resize(position + 1);
+        if (!dimension.members[position].position)
+            dimension.members[position] = _readMember(binding, index, row);
+    }
+}
+
+SqlMember SqlDataSet::_readMember(const DataBinding& binding, std::size_t index, std::size_t row) const
+{
+    const Dimension& dimension = m_dimensions[index];
+    const std::optional<TopMembers>& top = binding.dimensions[index].top;
+    const std::size_t column = dimension.positionColumn;
+    SqlMember member;
+    member.position = static_cast<std::uint64_t>(m_cells.getNumber(row, column));
+    if (top && member.position == top->count) {
+        member.isGenerated = true;
+        member.text = top->othersLabel.value_or("");
+        return member;
+    }
+
+    member.isNull = m_cells.isNull(row, column + 1);
+    member.number = member.isNull ? 0 : m_cells.getNumber(row, column + 2);
+    member.text = member.isNull ? binding.nullText : m_cells.getText(row, column + 1);
+    if (dimension.type == KXChartDataType::Float && !member.isNull)
+        member.text = obtainNumberText(member.number);
+    if (dimension.level && !member.isNull) {
+        const std::optional<TimeStep> step = TimeStep::parse(member.text, *dimension.level);
+        member.number = step ? step->obtainSeconds() : 0;
+    }
+    return member;
+}
+
+void SqlDataSet::_fillGaps(const DataBinding& binding, std::size_t index)
+{
+    constexpr std::size_t mostMembers = 1'000'000;
+    Dimension& dimension = m_dimensions[index];
+    const bool isDescending = binding.dimensions[index].order.isDescending;
+    std::vector<SqlMember> members = std::move(dimension.members);
+
+    // 1. Go from the earliest to the latest; the null, always last, stands aside.
+    const bool hasNull = !members.empty() && members.back().isNull;
+    const auto end = members.end() - (hasNull ? 1 : 0);
+    if (isDescending)
+        std::reverse(members.begin(), end);
+    std::vector<SqlMember> filled;
+    for (auto member = members.begin(); member != end; ++member) {
+        // 2. Make the steps that are missing before this member.
+        std::optional<TimeStep> step;
+        if (!filled.empty())
+            step = TimeStep::parse(filled.back().text, *dimension.level);
+        while (step && (step = step->obtainNext()) && step->obtainSeconds() < member->number) {
+            filled.push_back({step->obtainText(), step->obtainSeconds(), false, true, std::nullopt});
+            if (filled.size() > mostMembers)
+                throw HostError(binding.name, "dimensions[" + std::to_string(index) + ']',
+                                "more than a million members with the gaps filled; take a coarser level");
+        }
+        filled.push_back(std::move(*member));
+    }
+
+    // 3. Back into display order.
+    if (isDescending)
+        std::reverse(filled.begin(), filled.end());
+    if (hasNull)
+        filled.push_back(std::move(members.back()));
+    dimension.members = std::move(filled);
+}
+
+std::optional<std::size_t> SqlDataSet::_findRow(std::span<const std::uint64_t> members) const
+{
+    if (m_isEmpty || members.size() < m_dimensions.size())
+        return std::nullopt;
+    std::vector<double> wanted;
+    for (std::size_t i = 0; i < m_dimensions.size(); ++i) {
+        const std::vector<SqlMember>& all = m_dimensions[i].members;
+        if (members[i] >= all.size() || !all[members[i]].position)
+            return std::nullopt;
+        wanted.push_back(static_cast<double>(*all[members[i]].position));
+    }
+
+    // The rows are sorted by position, so a cell is found by halving.
+    const auto compare = [&](std::size_t row) {
+        for (std::size_t i = 0; i < wanted.size(); ++i) {
+            const double position = m_cells.getNumber(row, m_dimensions[i].positionColumn);
+            if (position != wanted[i])
+                return position < wanted[i] ? -1 : 1;
+        }
+        return 0;
+    };
+    std::size_t low = 0, high = m_cells.getRowCount();
+    while (low < high) {
+        const std::size_t middle = low + (high - low) / 2;
+        if (compare(middle) < 0)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    return low < m_cells.getRowCount() && compare(low) == 0 ? std::optional(low) : std::nullopt;
+}
+
+SqlValue SqlDataSet::obtainValue(std::size_t measure, std::span<const std::uint64_t> members) const
+{
+    SqlValue value;
+    const std::optional<std::size_t> row = _findRow(members);
+    if (!row || measure >= m_measures.size())
+        return value;
+    const auto& [type, column] = m_measures[measure];
+    value.isPresent = true;
+    value.isNull = m_cells.isNull(*row, column);
+    if (value.isNull)
+        return value;
+    if (type == KXChartDataType::Integer || type == KXChartDataType::Float) {
+        value.number = m_cells.getNumber(*row, column);
+        value.text = obtainNumberText(value.number);
+    } else {
+        value.text = m_cells.getText(*row, column);
+    }
+    return value;
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "data_binding.h"
+#include "sql_table.h"
+
+class SqlQueryBuilder;
+class SqlSession;
+
+/** One member of a dimension in display order. */
+struct SqlMember {
+    std::string
+        text; // as the charts' formatting reads it; the words for a null or for the others where it is one
+    double number = 0; // of a number; of a date or time its seconds since 1970 or midnight
+    bool isNull = false;
+    bool isGenerated = false; // not in the data: a filled gap, or the member that stands for the others
+    std::optional<std::uint64_t> position; // in the query's result, nothing for a filled gap
+};
+
+/** One value of one cell. */
+struct SqlValue {
+    bool isPresent = false; // whether rows of the data are behind it
+    bool isNull = true;
+    double number = 0; // 0 for texts and nulls
+    std::string text;  // the number in full, or the text
+};
+
+/** The answer to one binding, asked of the database once and then held: members of dimensions and values of
+ * cells. */
+class SqlDataSet {
+public:
+    /** Without rows, dimensions and measures. */
+    SqlDataSet() = default;
+    /** Asks the database; throws HostError when it refuses or the binding does not fit. */
+    SqlDataSet(SqlSession& session, const DataBinding& binding);
+
+    /** @return whether no row of the data takes part */
+    bool isEmpty() const { return m_isEmpty; }
+
+    std::size_t getDimensionCount() const { return m_dimensions.size(); }
+    KXChartDataType getDimensionType(std::size_t dimension) const { return m_dimensions[dimension].type; }
+    std::optional<DateLevel> getDimensionLevel(std::size_t dimension) const
+    {
+        return m_dimensions[dimension].level;
+    }
+    const std::vector<SqlMember>& getMembers(std::size_t dimension) const
+    {
+        return m_dimensions[dimension].members;
+    }
+
+    std::size_t getMeasureCount() const { return m_measures.size(); }
+    KXChartDataType getMeasureType(std::size_t measure) const { return m_measures[measure].type; }
+
+    /** @param members one index per dimension in display order; what is beyond the dimensions is not looked
+     * at
+     *  @return no value where a member or its rows are missing */
+    SqlValue obtainValue(std::size_t measure, std::span<const std::uint64_t> members) const;
+
+private:
+    struct Dimension {
+        KXChartDataType type = KXChartDataType::String;
+        std::optional<DateLevel> level;
+        std::size_t positionColumn = 0;
+        std::vector<SqlMember> members;
+    };
+    struct Measure {
+        KXChartDataType type = KXChartDataType::Float;
+        std::size_t column = 0;
+    };
+
+    void _readMembers(const DataBinding& binding, std::size_t index);
+    SqlMember _readMember(const DataBinding& binding, std::size_t index, std::size_t row) const;
+    void _fillGaps(const DataBinding& binding, std::size_t index);
+    std::optional<std::size_t> _findRow(std::span<const std::uint64_t> members) const;
+
+    bool m_isEmpty = true;
+    SqlTable m_cells;
+    std::vector<Dimension> m_dimensions;
+    std::vector<Measure> m_measures;
+};

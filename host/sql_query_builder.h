@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data_binding.h"
+#include "sql_column.h"
+#include "sql_query.h"
+
+class HostError;
+class SqlDialect;
+
+/** Writes the one query that answers a binding: filtering, bucketing, grouping, ranking, sorting and top-N
+ * are the database's work. Columns go by their number in the table, so that their names never enter the text;
+ * values are parameters.
+ *
+ *  A row of the result is a cell: for each dimension the member's position (from 0, in display order), its
+ * text and its number (0 where the column holds none); then the count of rows; then each measure, as a number
+ * or a text after its type. Rows are sorted by position, first dimension first. Without dimensions there is
+ * exactly one row. */
+class SqlQueryBuilder {
+public:
+    /** Throws HostError where the binding and the table's columns do not go together. */
+    SqlQueryBuilder(const SqlDialect& dialect, const DataBinding& binding, std::vector<SqlColumn> columns);
+
+    SqlQuery obtainQuery();
+
+    /** @return the type of a dimension's members: Date above hours, else the column's */
+    KXChartDataType obtainDimensionType(std::size_t dimension) const;
+    /** @return the level that members are cut down to, nothing for a column without dates and times */
+    std::optional<DateLevel> obtainDimensionLevel(std::size_t dimension) const;
+    KXChartDataType obtainMeasureType(std::size_t measure) const;
+
+    // Where a cell's parts stand in the result
+    static std::size_t obtainPositionColumn(std::size_t dimension) { return dimension * 3; }
+    std::size_t obtainCountColumn() const { return m_binding.dimensions.size() * 3; }
+    std::size_t obtainMeasureColumn(std::size_t measure) const { return obtainCountColumn() + 1 + measure; }
+
+private:
+    void _checkDimension(std::size_t index) const;
+    void _checkMeasure(std::size_t index) const;
+    std::size_t _findColumn(const std::string& name, const std::string& place) const;
+    HostError _makeError(const std::string& place, const std::string& cause) const;
+
+    std::string _obtainMemberText(std::size_t dimension) const;
+    std::string _obtainMeasureInput(std::size_t measure) const;
+    std::string _obtainAggregate(std::size_t measure) const;
+    std::string _obtainOwnOrder(std::size_t dimension) const;
+    std::string _obtainMeasureOrder(const std::string& value, std::size_t measure, bool isDescending) const;
+    std::string _obtainCondition(std::size_t filter);
+    std::string _obtainParameters(std::size_t filter, KXChartDataType type);
+
+    std::string _writeRows();
+    std::string _writeMembers(std::size_t dimension) const;
+    std::string _writeCells() const;
+
+    const SqlDialect& m_dialect;
+    const DataBinding& m_binding;
+    std::vector<SqlColumn> m_columns;
+    std::vector<std::size_t> m_dimensionColumns;
+    std::vector<std::size_t> m_measureColumns; // of no meaning for a count of rows
+    std::vector<std::size_t> m_filterColumns;
+    std::vector<std::string> m_parameters;
+};

@@ -1,0 +1,347 @@
+#include <gtest/gtest.h>
+
+#include "csv_importer.h"
+#include "data_binding_reader.h"
+#include "host_error.h"
+#include "host_postgresql_server.h"
+#include "host_temporary_file.h"
+#include "sql_data_set.h"
+#include "sql_session.h"
+#include "time_step.h"
+
+namespace {
+
+// The first of January of 2024 is a Monday, that of 2023 a Sunday.
+const char* const moments = "kind,amount,price,day,at,moment,\"o'dd:x \"\"#?\"\n"
+                            "b,1,0.5,2022-12-31,00:00:59,2022-12-31T23:59:59,u\n"
+                            "a,2,1.5,2023-01-01,00:01:00,2023-01-01T00:00:00,v\n"
+                            "b,3,,2023-01-02,10:30:15,2023-01-02T10:30:15,u\n"
+                            ",4,2.25,2023-07-15,10:59:00,2023-07-15T10:59:00,v\n"
+                            "c,-5,1e10,2024-02-29,23:00:00,2024-02-29T23:00:00,\n"
+                            "a,20,4,,,,u\n"
+                            "B,2,4,2024-03-04,10:30:45,2024-03-04T10:30:45,\n";
+
+/** @return the members of each dimension and then the first measures of each cell, '~' for made ones, '-' for
+ * none */
+std::string describe(const SqlDataSet& set)
+{
+    std::string text;
+    std::uint64_t cells = 1;
+    for (std::size_t i = 0; i < set.getDimensionCount(); ++i) {
+        for (const SqlMember& member : set.getMembers(i))
+            text += (member.isGenerated ? "~" : "") + member.text + ' ';
+        text += "; ";
+        cells *= set.getMembers(i).size();
+    }
+    for (std::uint64_t cell = 0; cell < cells; ++cell) {
+        std::vector<std::uint64_t> path(set.getDimensionCount());
+        std::uint64_t rest = cell;
+        for (std::size_t i = path.size(); i-- > 0; rest /= set.getMembers(i).size())
+            path[i] = rest % set.getMembers(i).size();
+        for (std::size_t measure = 0; measure < set.getMeasureCount(); ++measure) {
+            const SqlValue value = set.obtainValue(measure, path);
+            text += (measure ? "," : "") + (!value.isPresent ? "-" : value.isNull ? "null" : value.text);
+        }
+        text += cell + 1 < cells ? " " : "";
+    }
+    return text;
+}
+
+std::string ask(SqlSession& session, const std::string& binding)
+{
+    try {
+        return describe(SqlDataSet(session, DataBindingReader("b").readText(binding)));
+    } catch (const HostError& error) {
+        return error.what();
+    }
+}
+
+const std::string countRows = R"("measures": [{"aggregate": "count"}])";
+
+std::string byLevel(const std::string& column, const std::string& level)
+{
+    return R"({"dimensions": [{"column": ")" + column + R"(", "level": ")" + level + R"("}], )" + countRows +
+           '}';
+}
+
+std::string byKind(const std::string& more)
+{
+    return R"({"dimensions": [{"column": "kind")" + more +
+           R"(}], "measures": [{"column": "amount", "aggregate": "sum"}, {"column": "price", "aggregate": "max"}]})";
+}
+
+std::string filtered(const std::string& filters)
+{
+    return R"({"measures": [{"column": "amount", "aggregate": "sum"}], "filters": [)" + filters + "]}";
+}
+
+struct Case {
+    const char* name;
+    std::string binding, expected;
+};
+
+void expectAnswers(SqlSession& session, const std::vector<Case>& cases)
+{
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(ask(session, c.binding), c.expected);
+    }
+}
+
+/** What every engine must answer alike. */
+void expectEngineAnswers(SqlSession& session)
+{
+    expectAnswers(
+        session,
+        {
+            {"each aggregate",
+             R"({"measures": [{"column": "price", "aggregate": "sum"}, {"column": "amount", "aggregate": "average"},
+                 {"aggregate": "count"}, {"column": "price", "aggregate": "count"},
+                 {"column": "price", "aggregate": "distinct"}, {"column": "amount", "aggregate": "min"},
+                 {"column": "kind", "aggregate": "max"}, {"column": "moment", "aggregate": "max"},
+                 {"column": "day", "aggregate": "min"}, {"column": "at", "aggregate": "max"}]})",
+             "10000000012.25,3.857142857142857,7,6,5,-5,c,2024-03-04 10:30:45,2022-12-31,23:00:00"},
+            {"text members by bytes, null last", byKind(""),
+             "B a b c (null) ; 2,4 22,4 4,0.5 -5,10000000000 4,2.25"},
+            {"descending, null still last", byKind(R"(, "sort": {"descending": true})"),
+             "c b a B (null) ; -5,10000000000 4,0.5 22,4 2,4 4,2.25"},
+            {"by a measure, ties in their own order",
+             byKind(R"(, "sort": {"measure": 0, "descending": true})"),
+             "a b (null) B c ; 22,4 4,0.5 4,2.25 2,4 -5,10000000000"},
+            {"top two, the rest left out", byKind(R"(, "top": {"count": 2, "measure": 1})"),
+             "B c ; 2,4 -5,10000000000"},
+            {"top two, the rest as one", byKind(R"(, "top": {"count": 2, "others": "Rest"})"),
+             "a b ~Rest ; 22,4 4,0.5 1,10000000000"},
+            {"bottom, sorted by a measure",
+             byKind(R"(, "top": {"count": 2, "bottom": true}, "sort": {"measure": 0, "descending": true})"),
+             "B c ; 2,4 -5,10000000000"},
+            {"more than there are", byKind(R"(, "top": {"count": 9, "others": "Rest"})"),
+             "B a b c (null) ; 2,4 22,4 4,0.5 -5,10000000000 4,2.25"},
+            {"number members by value", R"({"dimensions": [{"column": "price"}], )" + countRows + '}',
+             "0.5 1.5 2.25 4 10000000000 (null) ; 1 1 1 2 1 1"},
+            {"two dimensions, cells without rows",
+             R"({"dimensions": [{"column": "kind"}, {"column": "o'dd:x \"#?"}],
+                 "measures": [{"column": "amount", "aggregate": "sum"}], "nullText": "none"})",
+             "B a b c none ; u v none ; - - 2 20 2 - 4 - - - - -5 - 4 -"},
+            {"year", byLevel("moment", "year"), "2022-01-01 2023-01-01 2024-01-01 (null) ; 1 3 2 1"},
+            {"quarter", byLevel("day", "quarter"), "2022 Q4 2023 Q1 2023 Q3 2024 Q1 (null) ; 1 2 1 2 1"},
+            {"month", byLevel("moment", "month"),
+             "2022-12-01 2023-01-01 2023-07-01 2024-02-01 2024-03-01 (null) ; 1 2 1 1 1 1"},
+            {"week", byLevel("day", "week"),
+             "2022 W52 2023 W00 2023 W01 2023 W28 2024 W09 2024 W10 (null) ; 1 1 1 1 1 1 1"},
+            {"day", byLevel("moment", "day"),
+             "2022-12-31 2023-01-01 2023-01-02 2023-07-15 2024-02-29 2024-03-04 (null) ; 1 1 1 1 1 1 1"},
+            {"day of week", byLevel("day", "dayOfWeek"),
+             "2001-01-01 2001-01-04 2001-01-06 2001-01-07 (null) ; 2 1 2 1 1"},
+            {"hour", byLevel("moment", "hour"),
+             "2022-12-31 23:00:00 2023-01-01 00:00:00 2023-01-02 10:00:00 2023-07-15 10:00:00 2024-02-29 "
+             "23:00:00 "
+             "2024-03-04 10:00:00 (null) ; 1 1 1 1 1 1 1"},
+            {"hour of day", byLevel("at", "hour"), "00:00:00 10:00:00 23:00:00 (null) ; 2 3 1 1"},
+            {"minute", byLevel("at", "minute"),
+             "00:00:00 00:01:00 10:30:00 10:59:00 23:00:00 (null) ; 1 1 2 1 1 1"},
+            {"no level: a second", R"({"dimensions": [{"column": "at"}], )" + countRows + '}',
+             "00:00:59 00:01:00 10:30:15 10:30:45 10:59:00 23:00:00 (null) ; 1 1 1 1 1 1 1"},
+            {"equal", filtered(R"({"column": "kind", "value": "b"})"), "4"},
+            {"not equal takes nulls", filtered(R"({"column": "kind", "is": "notEqual", "value": "b"})"),
+             "23"},
+            {"in", filtered(R"({"column": "kind", "is": "in", "value": ["b", "c", "' OR 1=1 --"]})"), "-1"},
+            {"not in", filtered(R"({"column": "kind", "is": "notIn", "value": ["b", "c"]})"), "28"},
+            {"contains", filtered(R"({"column": "o'dd:x \"#?", "is": "contains", "value": "u"})"), "24"},
+            {"contains no pattern", filtered(R"({"column": "kind", "is": "contains", "value": "%"})"), "-"},
+            {"numbers as numbers", filtered(R"({"column": "amount", "is": "less", "value": 3.5})"), "3"},
+            {"numbers written as text",
+             filtered(R"({"column": "price", "is": "greaterOrEqual", "value": "4"})"), "17"},
+            {"dates", filtered(R"({"column": "day", "is": "greater", "value": "2023/1/1"})"), "4"},
+            {"moments", filtered(R"({"column": "moment", "is": "lessOrEqual", "value": "2023-01-01"})"), "3"},
+            {"times", filtered(R"({"column": "at", "value": "10:59"})"), "4"},
+            {"null", filtered(R"({"column": "day", "is": "isNull"})"), "20"},
+            {"not null, and another",
+             filtered(
+                 R"({"column": "kind", "is": "isNotNull"}, {"column": "amount", "is": "less", "value": 0})"),
+             "-5"},
+            {"nothing left", filtered(R"({"column": "kind", "value": "z"})"), "-"},
+        });
+}
+
+} // namespace
+
+TEST(HostSql, SqliteAnswers)
+{
+    const TemporaryFile file(moments);
+    SqlSession session("");
+    CsvImporter(session).importFile(file.getPath(), "data");
+    expectEngineAnswers(session);
+}
+
+TEST(HostSql, OdbcAnswers)
+{
+    const TemporaryFile file(moments);
+    const TemporaryFile database("", "data.db");
+    SqlSession("sqlite://" + database.getPath(), SqlSession::MissingFile::Make);
+    {
+        SqlSession session("sqlite://" + database.getPath());
+        CsvImporter(session).importFile(file.getPath(), "data");
+    }
+    std::unique_ptr<SqlSession> session;
+    try {
+        session = std::make_unique<SqlSession>("odbc://Driver=SQLite3;Database=" + database.getPath());
+    } catch (const HostError& error) {
+        GTEST_SKIP() << "no ODBC driver named SQLite3: " << error.what();
+    }
+    expectEngineAnswers(*session);
+}
+
+TEST(HostSql, PostgresqlAnswers)
+{
+    const PostgresqlServer server;
+    if (!server.getProblem().empty())
+        GTEST_SKIP() << server.getProblem();
+    const TemporaryFile file(moments);
+    SqlSession session(server.getConnection());
+    CsvImporter(session).importFile(file.getPath(), "data");
+    expectEngineAnswers(session);
+
+    // What only a database of others has: names, types and session settings that a CSV file never makes.
+    session.execute(R"(CREATE SCHEMA other; CREATE TABLE other.data (z INTEGER);
+        CREATE TABLE "a""b:c'd#" (flag BOOLEAN, big NUMERIC(30, 3), stamp TIMESTAMPTZ);
+        INSERT INTO "a""b:c'd#" VALUES (true, 12345678901234567.5, '2024-01-01 00:30:00+02'), (false, 1, NULL))");
+    EXPECT_EQ(ask(session, R"({"table": "a\"b:c'd#", "dimensions": [{"column": "flag"}],
+        "measures": [{"column": "big", "aggregate": "sum"}, {"column": "stamp", "aggregate": "max"}]})"),
+              "false true ; 1,null 12345678901234568,2023-12-31 22:30:00");
+    EXPECT_THROW(SqlSession(server.getConnection() + "_none"), HostError);
+    EXPECT_THROW(session.obtainColumns("pg_nothing"), HostError);
+}
+
+TEST(HostSql, GapsAreFilled)
+{
+    const auto gaps = [](const std::string& column, const std::string& level, const std::string& more = "") {
+        return R"({"dimensions": [{"column": ")" + column + R"(", "level": ")" + level +
+               R"(", "fillGaps": true)" + more + "}], " + countRows + '}';
+    };
+    const TemporaryFile file(
+        "day,at,moment\n2022-12-20,22:58,2022-12-31 22:00\n2023-01-10,23:01,2023-01-01 01:00\n,,\n");
+    SqlSession session("");
+    CsvImporter(session).importFile(file.getPath(), "data");
+    expectAnswers(
+        session,
+        {
+            {"weeks over the turn of a year", gaps("day", "week"),
+             "2022 W51 ~2022 W52 ~2023 W00 ~2023 W01 2023 W02 (null) ; 1 - - - 1 1"},
+            {"hours over the turn of a year", gaps("moment", "hour"),
+             "2022-12-31 22:00:00 ~2022-12-31 23:00:00 ~2023-01-01 00:00:00 2023-01-01 01:00:00 (null) ; "
+             "1 - - 1 1"},
+            {"backwards", gaps("at", "minute", R"(, "sort": {"descending": true})"),
+             "23:01:00 ~23:00:00 ~22:59:00 22:58:00 (null) ; 1 - - 1 1"},
+            {"too many", gaps("day", "second"),
+             "b: dimensions[0]: \"day\" holds dates without a time of day"},
+        });
+}
+
+TEST(HostSql, StepsOfTime)
+{
+    struct Step {
+        DateLevel level;
+        const char *text, *next;
+        double seconds;
+    };
+    const Step steps[] = {
+        {DateLevel::Year, "2023-01-01", "2024-01-01", 1672531200},
+        {DateLevel::Quarter, "2023 Q4", "2024 Q1", 1696118400},
+        {DateLevel::Month, "2023-12-01", "2024-01-01", 1701388800},
+        {DateLevel::Week, "2023 W52", "2024 W01", 1703462400},
+        {DateLevel::Week, "2022 W52", "2023 W00", 1672012800},
+        {DateLevel::Week, "2023 W00", "2023 W01", 1672531200},
+        {DateLevel::Day, "2024-02-28", "2024-02-29", 1709078400},
+        {DateLevel::Day, "9999-12-31", "", 253402214400},
+        {DateLevel::DayOfWeek, "2001-01-06", "2001-01-07", 978739200},
+        {DateLevel::DayOfWeek, "2001-01-07", "", 978825600},
+        {DateLevel::Hour, "2023-12-31 23:00:00", "2024-01-01 00:00:00", 1704063600},
+        {DateLevel::Second, "12:59:59", "13:00:00", 46799},
+        {DateLevel::Minute, "23:59:00", "", 86340},
+        {DateLevel::Day, "1969-12-31", "1970-01-01", -86400},
+    };
+    for (const Step& step : steps) {
+        SCOPED_TRACE(step.text);
+        const std::optional<TimeStep> parsed = TimeStep::parse(step.text, step.level);
+        ASSERT_TRUE(parsed);
+        EXPECT_EQ(parsed->obtainText(), step.text);
+        EXPECT_EQ(parsed->obtainSeconds(), step.seconds);
+        const std::optional<TimeStep> next = parsed->obtainNext();
+        EXPECT_EQ(next ? next->obtainText() : "", step.next);
+    }
+    for (const char* text : {"", "2024 Q5", "2024 Q", "0000 Q1", "-024 Q1", "2024Q1", "2024 W1", "x"}) {
+        EXPECT_FALSE(TimeStep::parse(text, DateLevel::Quarter)) << text;
+        EXPECT_FALSE(TimeStep::parse(text, DateLevel::Week)) << text;
+        EXPECT_FALSE(TimeStep::parse(text, DateLevel::Day)) << text;
+    }
+}
+
+TEST(HostSql, BindingsThatDoNotFit)
+{
+    const TemporaryFile file(moments);
+    SqlSession session("");
+    CsvImporter(session).importFile(file.getPath(), "data");
+    const auto measure = [](const std::string& text) { return R"({"measures": [)" + text + "]}"; };
+    const auto dimension = [](const std::string& text) {
+        return R"({"dimensions": [{)" + text + "}], " + countRows + '}';
+    };
+    expectAnswers(
+        session,
+        {
+            {"unknown column", measure(R"({"column": "Amount", "aggregate": "sum"})"),
+             "b: measures[0]: no column \"Amount\" in table \"data\"; it has kind, amount, price, day, at, "
+             "moment, "
+             "o'dd:x \"#?"},
+            {"sum of texts", measure(R"({"column": "kind", "aggregate": "sum"})"),
+             "b: measures[0]: \"kind\" holds no numbers to add up"},
+            {"unknown table", R"({"table": "x'; --", "measures": [{"aggregate": "count"}]})",
+             "sqlite: table \"x'; --\": no such table"},
+            {"no measures", R"({"measures": []})", "b: measures: a binding needs one measure at least"},
+            {"level of a text", dimension(R"("column": "kind", "level": "day")"),
+             "b: dimensions[0]: \"kind\" holds no dates or times, so it has no levels"},
+            {"year of a time", dimension(R"("column": "at", "level": "year")"),
+             "b: dimensions[0]: \"at\" holds times of day without a date"},
+            {"sorted by what is not there", dimension(R"("column": "kind", "sort": {"measure": 1})"),
+             "b: dimensions[0]: there is no measure 1"},
+            {"top none", dimension(R"("column": "kind", "top": {"count": 0})"),
+             "b: dimensions[0].top: a count from 1 to 1000000000 is needed"},
+            {"gaps among texts", dimension(R"("column": "kind", "fillGaps": true)"),
+             "b: dimensions[0]: gaps can be filled in dates and times in their own order only"},
+            {"no number", filtered(R"({"column": "amount", "value": "many"})"),
+             "b: filters[0]: \"many\" cannot be compared with the column \"amount\""},
+            {"no list", filtered(R"({"column": "kind", "is": "in", "value": "b"})"),
+             "b: filters[0].value: a list is needed here"},
+            {"empty list", filtered(R"({"column": "kind", "is": "in", "value": []})"),
+             "b: filters[0]: a value at least is needed"},
+            {"misspelt key", measure(R"({"colum": "amount", "aggregate": "sum"})"),
+             "b: measures[0]: unknown key \"colum\""},
+            {"misspelt aggregate", measure(R"({"column": "amount", "aggregate": "total"})"),
+             "b: measures[0].aggregate: \"total\" is none of sum, average, count, distinct, min, max"},
+            {"wrong type", R"({"measures": 3})", "b: measures: a list is needed here"},
+            {"negative count", dimension(R"("column": "kind", "top": {"count": -1})"),
+             "b: dimensions[0].top.count: a whole number from 0 on is needed here"},
+            {"no object", "[1]", "b: an object is needed here"},
+        });
+    EXPECT_TRUE(
+        ask(session, "{\"measures\": [").starts_with("b: is no JSON: parse error at line 1, column 15"));
+    EXPECT_TRUE(ask(session, "{\"measures\": 1e999}").starts_with("b: is no JSON: "));
+    EXPECT_EQ(ask(session, std::string(100'000, '[')), "b: is nested too deeply");
+}
+
+TEST(HostSql, ConnectionsThatCannotBeOpened)
+{
+    for (const char* connection :
+         {"data.db", "oracle://x", "sqlite:///nowhere/none.db", "odbc://Driver=None;",
+          "postgresql://host=/nowhere dbname=x password=secret"}) {
+        try {
+            SqlSession session(connection);
+            ADD_FAILURE() << connection;
+        } catch (const HostError& error) {
+            const std::string text = error.what();
+            EXPECT_EQ(text.find_first_of("\r\n"), std::string::npos) << text;
+            EXPECT_EQ(text.find("secret"), std::string::npos) << text;
+        }
+    }
+    EXPECT_FALSE(std::filesystem::exists("data.db"));
+}
