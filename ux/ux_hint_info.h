@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ux/ux_export.h"
+#include "ux/ux_hint_position.h"
+#include "ux/ux_hint_row_info.h"
+#include "ux/ux_text_property.h"
+
+#include <deque>
+#include <string>
+
+/** What a hint says, and where it stands. The added rows that are returned stay valid until the rows are cleared. */
+struct UX_EXPORT UXHintInfo {
+    std::string title;
+    UXTextProperty titleProperty;
+    std::string text;
+    UXTextProperty textProperty;
+    std::deque<UXHintRowInfo> rows;
+    std::deque<UXHintRowInfo> footerRows;
+    UXHintPosition position = UXHintPosition::AboveValue;
+    int distance = 0;      /**< free room between the hint and what it explains, in logical units */
+    int maxWidth = 0;      /**< in logical units; 0 for no limit */
+    bool enabled = true;   /**< whether the hint is shown at all */
+    bool followMouse = false;
+
+    UXHintInfo() = default;
+    explicit UXHintInfo(bool isEnabled) : enabled(isEnabled) {}
+
+    UXHintRowInfo& addRow(const UXHintRowInfo& row);
+    UXHintRowInfo& addRow(const std::string& label, const std::string& value);
+    UXHintRowInfo& addRow(const UXColor& color, UXSymbolStyle style, const std::string& label,
+                          const std::string& value);
+    /** Adds a row that shows nothing and is blankHeight logical units high. */
+    UXHintRowInfo& addRow(int blankHeight);
+    UXHintRowInfo& addFooterRow(const UXColor& color, UXSymbolStyle style, const std::string& label,
+                                const std::string& value);
+    void clearRows();
+    void clearFooterRows();
+
+    friend bool operator==(const UXHintInfo&, const UXHintInfo&) = default;
+};
