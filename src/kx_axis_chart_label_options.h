@@ -1,10 +1,10 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** What the label of one value says. */
-KX_NAMED_ENUM(KXAxisChartLabelDisplayOption, ValueOnly, PercentageOnly, ValueAndPercentage, Title)
+UX_NAMED_ENUM(KXAxisChartLabelDisplayOption, ValueOnly, PercentageOnly, ValueAndPercentage, Title)
 
 /** Which values of a series get a label. */
-KX_NAMED_ENUM(KXAxisChartValueOption, All, LineEnds, MinOnly, MaxOnly, MinMax, PositiveOnly, NegativeOnly,
+UX_NAMED_ENUM(KXAxisChartValueOption, All, LineEnds, MinOnly, MaxOnly, MinMax, PositiveOnly, NegativeOnly,
               TurningPoint)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** How one series of an axis chart is drawn, and on which of the two value axes. */
-KX_NAMED_ENUM(KXAxisChartType, Unknown, Bar, Line, SecondaryLine, Area, SecondaryArea, Scatter)
+UX_NAMED_ENUM(KXAxisChartType, Unknown, Bar, Line, SecondaryLine, Area, SecondaryArea, Scatter)

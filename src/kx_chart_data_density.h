@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** How closely rows or marks are set. */
-KX_NAMED_ENUM(KXChartDataDensity, Loose, Medium, Compact)
+UX_NAMED_ENUM(KXChartDataDensity, Loose, Medium, Compact)

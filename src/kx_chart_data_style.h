@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** Whether an axis counts members or measures a continuous quantity. */
-KX_NAMED_ENUM(KXChartDataStyle, Discrete, Continuous)
+UX_NAMED_ENUM(KXChartDataStyle, Discrete, Continuous)

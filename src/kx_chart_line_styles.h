@@ -1,12 +1,12 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** How a line of a chart is dashed. */
-KX_NAMED_ENUM(KXChartLineStyle, None, Dot, Dash)
+UX_NAMED_ENUM(KXChartLineStyle, None, Dot, Dash)
 
 /** How a line of a chart ends. */
-KX_NAMED_ENUM(KXChartLineCapStyle, Butt, Round, Square)
+UX_NAMED_ENUM(KXChartLineCapStyle, Butt, Round, Square)
 
 /** How two pieces of a line of a chart meet. */
-KX_NAMED_ENUM(KXChartLineJoinStyle, Miter, Round, Bevel)
+UX_NAMED_ENUM(KXChartLineJoinStyle, Miter, Round, Bevel)

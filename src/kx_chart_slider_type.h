@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** What a slider lets the user choose: one value, a limit, or both limits. */
-KX_NAMED_ENUM(KXChartSliderType, Val, Min, Max, Range)
+UX_NAMED_ENUM(KXChartSliderType, Val, Min, Max, Range)

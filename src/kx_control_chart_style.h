@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** The kind of control a filter shows. */
-KX_NAMED_ENUM(KXControlChartStyle, Default, List, Range, Combo)
+UX_NAMED_ENUM(KXControlChartStyle, Default, List, Range, Combo)

@@ -4,35 +4,18 @@
 #include "ux/ux_enum_map.h"
 #include "ux/ux_json_object.h"
 
-#include <concepts>
 #include <string>
+#include <type_traits>
 
-enum class UXHintPosition : int;
-enum class UXPosition : int;
-enum class UXSymbolStyle : int;
-
-/** The names under which the charts save the framework's enumerations. */
-constexpr const char* kxObtainEnumNames(UXSymbolStyle)
-{
-    return "Rectangle, Circle, Line, LineLeft, LineRight, Area, AreaLeft, AreaRight, ThreeVerticalDots, "
-           "AssistantLine, AssistantLineWithDash, AssistantLineWithDot";
-}
-constexpr const char* kxObtainEnumNames(UXPosition)
-{
-    return "Top, Bottom, Left, Right, Center, TopRight, BottomRight";
-}
-constexpr const char* kxObtainEnumNames(UXHintPosition) { return "AboveValue, Top"; }
-
-/** An enumeration that is saved by name. */
+/** An enumeration whose values have names. */
 template <class E>
-concept KXNamedEnum = requires(E value)
+concept KXNamedEnum = std::is_enum_v<E> && requires
 {
-    {
-        kxObtainEnumNames(value)
-        } -> std::same_as<const char*>;
+    uxObtainEnumNames(E());
 };
 
-/** Exists for every KXNamedEnum.
+/** Exists for every enumeration of the charts that has names, and for those of the framework that a key can
+ * have.
  *  @return the one map of E, made when it is first asked for and kept until the library is unloaded; never
  * null */
 template <class E>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** Which numbers a KPI shows large. */
-KX_NAMED_ENUM(KXKpiChartMainDisplay, Actual, Comparison, Both)
+UX_NAMED_ENUM(KXKpiChartMainDisplay, Actual, Comparison, Both)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** How small slices of a pie are gathered. */
-KX_NAMED_ENUM(KXPieChartSliceStyle, Default, NumOfSliceDisplay, GroupValueLessThan)
+UX_NAMED_ENUM(KXPieChartSliceStyle, Default, NumOfSliceDisplay, GroupValueLessThan)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** The place of one panel of a table. */
-KX_NAMED_ENUM(KXTablePanelType, Background, LeftTop, Top, RightTop, Left, Content, Right, LeftBottom, Bottom,
+UX_NAMED_ENUM(KXTablePanelType, Background, LeftTop, Top, RightTop, Left, Content, Right, LeftBottom, Bottom,
               RightBottom)

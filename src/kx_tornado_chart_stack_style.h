@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** What the stacked bars of a tornado chart compare. */
-KX_NAMED_ENUM(KXTornadoChartStackStyle, StackedBar, Difference)
+UX_NAMED_ENUM(KXTornadoChartStackStyle, StackedBar, Difference)

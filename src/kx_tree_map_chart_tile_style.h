@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** How small tiles of a tree map are gathered. */
-KX_NAMED_ENUM(KXTreeMapChartTileStyle, Default, GroupValueLessThan)
+UX_NAMED_ENUM(KXTreeMapChartTileStyle, Default, GroupValueLessThan)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_named_enum.h"
+#include "ux/ux_named_enum.h"
 
 /** How a trend chart writes the difference to the value before. */
-KX_NAMED_ENUM(KXTrendChartDiffDisplay, Value, Percentage)
+UX_NAMED_ENUM(KXTrendChartDiffDisplay, Value, Percentage)

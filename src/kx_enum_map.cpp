@@ -1,0 +1,102 @@
+#include "kx_enum_map.h"
+
+#include "kx_axis_chart_label_options.h"
+#include "kx_axis_chart_orientation.h"
+#include "kx_axis_chart_type.h"
+#include "kx_axis_tick_label_options.h"
+#include "kx_bar_label_options.h"
+#include "kx_chart_data_density.h"
+#include "kx_chart_data_format_options.h"
+#include "kx_chart_data_style.h"
+#include "kx_chart_data_type.h"
+#include "kx_chart_line_styles.h"
+#include "kx_chart_slider_type.h"
+#include "kx_control_chart_style.h"
+#include "kx_gauge_chart_options.h"
+#include "kx_kpi_chart_main_display.h"
+#include "kx_line_label_position.h"
+#include "kx_pie_chart_slice_style.h"
+#include "kx_table_column_header_info_type.h"
+#include "kx_table_databar_style.h"
+#include "kx_table_panel_type.h"
+#include "kx_tornado_chart_stack_style.h"
+#include "kx_tree_map_chart_tile_style.h"
+#include "kx_trend_chart_diff_display.h"
+#include "kx_waterfall_chart_group_value_sort_order.h"
+#include "ux/ux_align.h"
+#include "ux/ux_arrangement.h"
+#include "ux/ux_hint_position.h"
+#include "ux/ux_lock.h"
+#include "ux/ux_position.h"
+#include "ux/ux_rect_edge.h"
+#include "ux/ux_symbol_style.h"
+#include "ux/ux_text_align.h"
+#include "ux/ux_text_option.h"
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+/** @return the owners of all maps, emptied when the library is unloaded */
+std::vector<std::shared_ptr<UXEnum::UXEnumBase>>& obtainOwnedMaps()
+{
+    static std::vector<std::shared_ptr<UXEnum::UXEnumBase>> owned;
+    return owned;
+}
+
+} // namespace
+
+template <class E>
+UXEnum::UXEnumMap<E>* kxObtainEnumMap()
+{
+    const UXLockScope locked;
+    static UXEnum::UXEnumMap<E>* map = nullptr;
+    if (!map) {
+        auto made = std::make_shared<UXEnum::UXEnumMap<E>>(uxObtainEnumNames(E()));
+        obtainOwnedMaps().push_back(made);
+        map = made.get();
+    }
+    return map;
+}
+
+template KX_EXPORT UXEnum::UXEnumMap<UXSymbolStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXPosition>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXHintPosition>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAxisChartLabelDisplayOption>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAxisChartValueOption>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAxisChartOrientation>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAxisChartType>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAxisTickLabelRotationType>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAxisTickLabelIntervalMode>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXBarLabelPosition>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXBarLabelOverflow>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartDataDensity>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartDataFormatThousandsSeparator>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartDataFormatDecimalSeparator>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartDataFormatNegative>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartDataFormatDateTimeMode>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartDataStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartDataType>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartLineStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartLineCapStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartLineJoinStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXChartSliderType>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXControlChartStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXGaugeChartLabelDisplay>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXGaugeChartPartitionStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXKpiChartMainDisplay>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXLineLabelPosition>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXPieChartSliceStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTableColumnHeaderInfoType>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTableDatabarStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTablePanelType>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTornadoChartStackStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTreeMapChartTileStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTrendChartDiffDisplay>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXWaterfallChartGroupValueSortOrder>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXAlign>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXArrangement>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXRectEdge>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXTextAlign>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXTextOption>* kxObtainEnumMap();

@@ -1,0 +1,127 @@
+#include "kx_json_object_factory.h"
+
+#include "kx_chart_property.h"
+#include "ux/ux_string.h"
+
+namespace {
+
+struct Type {
+    const char* name;
+    UXJsonObject* (*create)();
+};
+
+template <class Class>
+UXJsonObject* create()
+{
+    return new Class;
+}
+
+UXJsonObject* createNothing() { return nullptr; }
+
+// A class joins with its include and KX_TYPE in its row. KX_TYPE_WITHOUT_CLASS is a name that documents may
+// hold and that has no class in this library: it is answered with null.
+#define KX_TYPE(Class)          \
+    {                           \
+#        Class, create < Class> \
+    }
+#define KX_TYPE_WITHOUT_CLASS(Class) \
+    {                                \
+#        Class, createNothing        \
+    }
+constexpr Type types[] = {
+    KX_TYPE_WITHOUT_CLASS(KXAreaChart),
+    KX_TYPE_WITHOUT_CLASS(KXAssistantLineDataView),
+    KX_TYPE_WITHOUT_CLASS(KXAssistantLineProperty),
+    KX_TYPE_WITHOUT_CLASS(KXAxis),
+    KX_TYPE_WITHOUT_CLASS(KXAxisChartBaseLayer),
+    KX_TYPE_WITHOUT_CLASS(KXAxisChartLayer),
+    KX_TYPE_WITHOUT_CLASS(KXAxisTickLabelView),
+    KX_TYPE_WITHOUT_CLASS(KXBarChart),
+    KX_TYPE_WITHOUT_CLASS(KXBarChartDataView),
+    KX_TYPE_WITHOUT_CLASS(KXBarChartProperty),
+    KX_TYPE_WITHOUT_CLASS(KXChartDataFormat),
+    KX_TYPE_WITHOUT_CLASS(KXChartLabel),
+    KX_TYPE(KXChartProperty),
+    KX_TYPE_WITHOUT_CLASS(KXChartSlider),
+    KX_TYPE_WITHOUT_CLASS(KXChartToolbox),
+    KX_TYPE_WITHOUT_CLASS(KXCheckBox),
+    KX_TYPE_WITHOUT_CLASS(KXCircle),
+    KX_TYPE_WITHOUT_CLASS(KXControlChart),
+    KX_TYPE_WITHOUT_CLASS(KXControlChartComboBox),
+    KX_TYPE_WITHOUT_CLASS(KXControlChartComboBoxScrollView),
+    KX_TYPE_WITHOUT_CLASS(KXControlChartRow),
+    KX_TYPE_WITHOUT_CLASS(KXDensityChart),
+    KX_TYPE_WITHOUT_CLASS(KXGaugeChart),
+    KX_TYPE_WITHOUT_CLASS(KXHeatMapChart),
+    KX_TYPE_WITHOUT_CLASS(KXHeatMapLabel),
+    KX_TYPE_WITHOUT_CLASS(KXHeatMapLegend),
+    KX_TYPE_WITHOUT_CLASS(KXChartHeatMapColumnHeaderPanel),
+    KX_TYPE_WITHOUT_CLASS(KXHeatMapContentPanel),
+    KX_TYPE_WITHOUT_CLASS(KXHeatMapPanel),
+    KX_TYPE_WITHOUT_CLASS(UXHint),
+    KX_TYPE_WITHOUT_CLASS(UXHintFrame),
+    KX_TYPE_WITHOUT_CLASS(KXHorizontalBar),
+    KX_TYPE_WITHOUT_CLASS(KXKpiChart),
+    KX_TYPE_WITHOUT_CLASS(KXChartKpiPanel),
+    KX_TYPE_WITHOUT_CLASS(UXLabel),
+    KX_TYPE_WITHOUT_CLASS(KXLegend),
+    KX_TYPE_WITHOUT_CLASS(KXLegendCell),
+    KX_TYPE_WITHOUT_CLASS(KXLines),
+    KX_TYPE_WITHOUT_CLASS(KXLineBarChart),
+    KX_TYPE_WITHOUT_CLASS(KXLineChart),
+    KX_TYPE_WITHOUT_CLASS(KXLinePoint),
+    KX_TYPE_WITHOUT_CLASS(KXLineSegment),
+    KX_TYPE_WITHOUT_CLASS(KXLineChartDataView),
+    KX_TYPE_WITHOUT_CLASS(KXLineChartProperty),
+    KX_TYPE_WITHOUT_CLASS(KXMenu),
+    KX_TYPE_WITHOUT_CLASS(KXMenuItem),
+    KX_TYPE_WITHOUT_CLASS(KXPieChart),
+    KX_TYPE_WITHOUT_CLASS(KXPieSegmentInfo),
+    KX_TYPE_WITHOUT_CLASS(KXPie),
+    KX_TYPE_WITHOUT_CLASS(KXRectangle),
+    KX_TYPE_WITHOUT_CLASS(KXScatterChart),
+    KX_TYPE_WITHOUT_CLASS(KXScatterChartDataView),
+    KX_TYPE_WITHOUT_CLASS(KXScatterPlotArea),
+    KX_TYPE_WITHOUT_CLASS(KXScatterPlotData),
+    KX_TYPE_WITHOUT_CLASS(KXScatterPoint),
+    KX_TYPE_WITHOUT_CLASS(KXScatterChartProperty),
+    KX_TYPE_WITHOUT_CLASS(KXScrollableValueList),
+    KX_TYPE_WITHOUT_CLASS(KXStackedBar),
+    KX_TYPE_WITHOUT_CLASS(KXChartStackedBarSegment),
+    KX_TYPE_WITHOUT_CLASS(KXTableChart),
+    KX_TYPE_WITHOUT_CLASS(KXTableDatabarInfo),
+    KX_TYPE_WITHOUT_CLASS(KXTablePanel),
+    KX_TYPE_WITHOUT_CLASS(KXTile),
+    KX_TYPE_WITHOUT_CLASS(KXChartToolboxItem),
+    KX_TYPE_WITHOUT_CLASS(KXTornadoChart),
+    KX_TYPE_WITHOUT_CLASS(KXTornadoChartDataView),
+    KX_TYPE_WITHOUT_CLASS(KXTornadoChartProperty),
+    KX_TYPE_WITHOUT_CLASS(KXTornadoChartStackedBar),
+    KX_TYPE_WITHOUT_CLASS(KXTreeMapChart),
+    KX_TYPE_WITHOUT_CLASS(KXTrendChart),
+    KX_TYPE_WITHOUT_CLASS(KXValueChart),
+    KX_TYPE_WITHOUT_CLASS(KXValueList),
+    KX_TYPE_WITHOUT_CLASS(KXValueListBaseItem),
+    KX_TYPE_WITHOUT_CLASS(KXValueListChart),
+    KX_TYPE_WITHOUT_CLASS(KXVerticalBar),
+    KX_TYPE_WITHOUT_CLASS(KXWaterfallChart),
+    KX_TYPE_WITHOUT_CLASS(KXWaterfallChartDataView),
+};
+#undef KX_TYPE
+#undef KX_TYPE_WITHOUT_CLASS
+
+} // namespace
+
+KXJsonObjectFactory::KXJsonObjectFactory() = default;
+KXJsonObjectFactory::~KXJsonObjectFactory() = default;
+
+UXJsonObject* KXJsonObjectFactory::customCreate(const std::string& typeName)
+{
+    if (UXJsonObject* made = UXJsonObjectFactory::customCreate(typeName))
+        return made;
+    for (const Type& type : types) {
+        if (uxEqualStringsCS(typeName, type.name))
+            return type.create();
+    }
+    return nullptr;
+}
