@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ux/ux_export.h"
-#include "ux/ux_json_value.h"
 
 #include <cstdint>
 #include <functional>
@@ -11,6 +10,7 @@
 
 class UXJsonObjectFactory;
 class UXJsonPathResolver;
+class UXJsonValue;
 class UXPropertyTable;
 struct UXColor;
 struct UXFont;
@@ -159,10 +159,28 @@ private:
     friend class UXJsonObjectWatcher;
     friend class UXPropertyAccessor;
     friend class UXPropertyTableBinding;
+    struct Document;
     struct Frame;
+    class FrameScope;
     struct State;
 
-    std::shared_ptr<State> m_state;
+    const std::shared_ptr<State>& _obtainState() const;
+    /** @return a flag that outlives the object and then turns false */
+    std::shared_ptr<const bool> _obtainLife() const;
+    Frame* _obtainWriter() const;
+    Frame* _obtainReader() const;
+    void _write(const std::string& key, UXJsonValue value);
+    UXJsonValue* _find(const std::string& key) const;
+    template <class T>
+    void _encode(const std::string& key, const T& value);
+    template <class T>
+    bool _decode(const std::string& key, T& value) const;
+    void _writeMembers(Document& document, UXJsonValue& value);
+    bool _readMembers(Document& document, UXJsonValue& value);
+    static void _registerObject(Document& document, const UXJsonValue& value, UXJsonObject* object);
+
+    // Made when the object is first written, read or watched.
+    mutable std::shared_ptr<State> m_state;
     const UXJsonPathResolver* m_pathResolver = nullptr;
     const UXPropertyTable* m_propertyTable = nullptr;
 };

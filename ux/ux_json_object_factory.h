@@ -1,13 +1,12 @@
 #pragma once
 
 #include "ux/ux_export.h"
+#include "ux/ux_json_object_watcher.h"
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
 
-class UXJsonObject;
 enum class UXJsonObjectUseCase : int;
 
 /** Makes the objects that a document names by type, knows those read so far by their identifier, and holds
@@ -55,8 +54,8 @@ public:
 private:
     friend class UXJsonObject;
     struct Registered {
-        UXJsonObject* object = nullptr;
-        std::weak_ptr<const void> life;
+        UXJsonObject* object;
+        UXJsonObjectWatcher watcher;
     };
 
     std::map<std::int64_t, Registered> m_deserializedObjects;

@@ -5,17 +5,13 @@
 #include <memory>
 
 /** Notices that an object is gone, for code that goes on after a callback which may have destroyed it. */
-class UXJsonObjectWatcher {
+class UX_EXPORT UXJsonObjectWatcher {
 public:
     /** @param object stays its owner's; null is one that is gone */
-    explicit UXJsonObjectWatcher(const UXJsonObject* object)
-    {
-        if (object)
-            m_life = object->m_state;
-    }
+    explicit UXJsonObjectWatcher(const UXJsonObject* object);
 
-    bool isAlive() const { return !m_life.expired(); }
+    bool isAlive() const { return m_alive && *m_alive; }
 
 private:
-    std::weak_ptr<const void> m_life;
+    std::shared_ptr<const bool> m_alive;
 };

@@ -2,20 +2,20 @@
 
 #include "ux/ux_export.h"
 #include "ux/ux_json_object.h"
+#include "ux/ux_json_object_watcher.h"
 
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
 #include <vector>
 
-enum class UXAlign : int;
-enum class UXRectEdge : int;
-enum class UXTextOption : int;
+struct UXProperty;
 
 /** The types of a property that UXPropertyAccessor reads and writes by value. */
 template <class T>
@@ -56,7 +56,7 @@ public:
         return _obtain(key, typeid(T), &value);
     }
     template <UXPropertyValue T>
-    bool updateValue(const std::string& key, const T& value)
+    bool updateValue(const std::string& key, T value)
     {
         return _update(key, typeid(T), &value);
     }
@@ -104,7 +104,7 @@ public:
     }
     template <class T>
     requires UXPropertyValue<T>
-    bool updateVectorValue(const std::string& key, std::uint64_t index, const T& value)
+    bool updateVectorValue(const std::string& key, std::uint64_t index, T value)
     {
         return _updateElement(key, index, value);
     }
@@ -144,11 +144,16 @@ public:
 
 private:
     struct Target {
-        UXJsonObject* object = nullptr;
-        std::weak_ptr<const void> life;
+        UXJsonObject* object;
+        UXJsonObjectWatcher watcher;
     };
 
+    using Update = std::function<bool(const UXProperty& property, UXJsonObject& object)>;
+
+    /** @return the target's property, null when there is none or the target is gone */
+    static const UXProperty* _find(const Target& target, const std::string& key);
     bool _obtain(const std::string& key, const std::type_info& type, void* value) const;
+    bool _update(const std::string& key, const Update& update);
     bool _update(const std::string& key, const std::type_info& type, const void* value);
     template <class T>
     bool _obtainElement(const std::string& key, std::uint64_t index, T& value) const
@@ -160,7 +165,7 @@ private:
         return true;
     }
     template <class T>
-    bool _updateElement(const std::string& key, std::uint64_t index, const T& value)
+    bool _updateElement(const std::string& key, std::uint64_t index, T value)
     {
         std::vector<T> values;
         if (!_obtain(key, typeid(values), &values) || index >= values.size())
@@ -171,6 +176,5 @@ private:
 
     Target m_target;
     std::vector<Target> m_extraTargets;
-    std::string m_oldProperty;
-    bool m_oldPropertyMarked = false;
+    std::optional<std::string> m_oldProperty;
 };
