@@ -186,7 +186,7 @@ std::string SqlQueryBuilder::_writeRows()
         const std::string text = _obtainMemberText(i);
         const std::size_t column = m_dimensionColumns[i];
         list.push_back(text + number(" AS d", i));
-        list.push_back("COALESCE('=' || " + text + ", '')" + number(" AS k", i));
+        list.push_back("CAST(COALESCE('=' || " + text + ", '') AS TEXT)" + number(" AS k", i));
         list.push_back(toDouble(isNumeric(m_columns[column].type) ? number("c", column) : "0") +
                        number(" AS n", i));
     }
@@ -221,25 +221,31 @@ std::string SqlQueryBuilder::_writeMembers(std::size_t dimension) const
                            ") > " + std::to_string(binding.top->count) + " THEN 1 ELSE 0 END";
     sql += "ranked" + index + " AS (SELECT k, d, n, s, " + outside + " AS x FROM members" + index + "), ";
 
-    // 3. Positions in display order; what is outside shares the last one or goes.
+    // 3. Positions in display order; what is outside shares the last one or goes. The grouping changes
+    // nothing: the result of a window is no more than a list to SQLite, a grouped one it looks up by key.
     const std::string order = binding.order.measure ? _obtainMeasureOrder("s", *binding.order.measure,
                                                                           binding.order.isDescending) +
                                                           own
                                                     : own;
     const std::string last = std::to_string(binding.top ? binding.top->count : 0);
-    sql += "placed" + index + " AS (SELECT k, d, n, CASE WHEN x = 1 THEN " + last +
-           " ELSE ROW_NUMBER() OVER (ORDER BY x, " + order + ") - 1 END AS p FROM ranked" + index;
-    return sql + (binding.top && !binding.top->othersLabel ? " WHERE x = 0)" : ")");
+    sql += "ordered" + index + " AS (SELECT k, d, n, CASE WHEN x = 1 THEN " + last +
+           " ELSE ROW_NUMBER() OVER (ORDER BY x, " + order + ") - 1 END AS p FROM ranked" + index +
+           (binding.top && !binding.top->othersLabel ? " WHERE x = 0), " : "), ");
+    return sql + "placed" + index + " AS (SELECT k, MIN(d) AS d, MIN(n) AS n, MIN(p) AS p FROM ordered" +
+           index + " GROUP BY k)";
 }
 
 std::string SqlQueryBuilder::_writeCells() const
 {
-    std::string parts, joins, positions;
+    // Each row looks up its members. Written as a cross join, because SQLite keeps the order of that one and
+    // would otherwise pair all members with each other first.
+    std::string parts, joins, conditions, positions;
     for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
         const std::string placed = number("placed", i);
         parts += placed + ".p, MIN(" + placed + ".d), " +
                  m_dialect.obtainExactNumber("MIN(" + placed + ".n)") + ", ";
-        joins += " JOIN " + placed + " ON " + placed + ".k = filtered" + number(".k", i);
+        joins += " CROSS JOIN " + placed;
+        conditions += (i ? " AND " : " WHERE ") + placed + ".k = filtered" + number(".k", i);
         positions += (i ? ", " : "") + placed + ".p";
     }
     std::string sql = "SELECT " + parts + "COUNT(*)";
@@ -247,7 +253,7 @@ std::string SqlQueryBuilder::_writeCells() const
         const std::string value = _obtainAggregate(i);
         sql += ", " + (isNumeric(obtainMeasureType(i)) ? m_dialect.obtainExactNumber(value) : value);
     }
-    sql += " FROM filtered" + joins;
+    sql += " FROM filtered" + joins + conditions;
     return positions.empty() ? sql : sql + " GROUP BY " + positions + " ORDER BY " + positions;
 }
 
