@@ -1,0 +1,3 @@
+#include "kx_chart_data_path.h"
+
+KXChartDataPath::~KXChartDataPath() = default;

@@ -1,0 +1,3 @@
+#include "kx_interaction_effect.h"
+
+KXInteractionEffect::~KXInteractionEffect() = default;

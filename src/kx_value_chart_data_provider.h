@@ -1,0 +1,13 @@
+#pragma once
+
+#include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_hint_data.h"
+
+/** The data of a value chart: one value, in the cell (0, 0). */
+class KX_EXPORT KXValueChartDataProvider : public virtual KXChartDataProvider {
+public:
+    ~KXValueChartDataProvider() override;
+
+    /** @return the hint of the value at path; an empty one shows no hint */
+    virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);
+};
