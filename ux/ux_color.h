@@ -1,6 +1,6 @@
 #pragma once
 
-/** A colour: red, green and blue from 0 to 255, alpha from 0 (clear) to 1. Keeps what it is given; painters clamp. */
+/** Red, green and blue from 0 to 255, alpha from 0 (clear) to 1. Keeps what it is given; painters clamp. */
 struct UXColor {
     int red = 0, green = 0, blue = 0;
     double alpha = 1;

@@ -1,6 +1,6 @@
 #pragma once
 
-/** An upright rectangle in the host control's pixels, a type of its own so that it cannot pass for a diagram's. */
+/** An upright rectangle in the host control's pixels that cannot pass for one of a diagram. */
 struct UXControlRect {
     int x = 0, y = 0, width = 0, height = 0;
 

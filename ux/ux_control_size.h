@@ -1,6 +1,6 @@
 #pragma once
 
-/** A width and a height in the host control's pixels, a type of its own so that it cannot pass for a diagram's. */
+/** A width and a height in the host control's pixels that cannot pass for one of a diagram. */
 struct UXControlSize {
     int width = 0, height = 0;
 

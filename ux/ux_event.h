@@ -15,8 +15,8 @@
 class UXObject;
 
 /**
- * One input event, a value that is passed on by copying. All copies of an event share one queue of posted actions, so
- * that whoever receives a copy can ask for work to be done once the outermost dispatch is over.
+ * One input event, a value that is passed on by copying. All copies of an event share one queue of posted
+ * actions, so that whoever receives a copy can ask for work to be done once the outermost dispatch is over.
  */
 class UX_EXPORT UXEvent {
 public:
@@ -64,15 +64,15 @@ public:
     /** @return what is dragged, whatever the dragging objects agree on; null for nothing, never owned */
     void* getDragData() const { return m_dragData; }
     void setDragData(void* data) { m_dragData = data; }
-    /** @return the object where the event or the drag began; only the dispatch that set it knows that it lives */
+    /** @return where the event or the drag began; only the dispatch that set it knows that it lives */
     UXObject* getSourceObject() const { return m_sourceObject; }
     void setSourceObject(UXObject* object) { m_sourceObject = object; }
 
     // Posted actions
     /** Keeps action until the outermost dispatch of this event is over. An empty one is not kept. */
     void postAction(std::function<void()> action) const;
-    /** Runs and forgets the posted actions in order, those included that they post themselves. An action may destroy
-     *  this very event. */
+    /** Runs and forgets the posted actions in order, those included that they post themselves. An action may
+     * destroy this very event. */
     void runPostedActions() const;
 
 private:

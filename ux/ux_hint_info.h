@@ -8,7 +8,7 @@
 #include <deque>
 #include <string>
 
-/** What a hint says, and where it stands. The added rows that are returned stay valid until the rows are cleared. */
+/** What a hint says, and where it stands. A returned row stays valid until the rows are cleared. */
 struct UX_EXPORT UXHintInfo {
     std::string title;
     UXTextProperty titleProperty;
@@ -17,9 +17,9 @@ struct UX_EXPORT UXHintInfo {
     std::deque<UXHintRowInfo> rows;
     std::deque<UXHintRowInfo> footerRows;
     UXHintPosition position = UXHintPosition::AboveValue;
-    int distance = 0;      /**< free room between the hint and what it explains, in logical units */
-    int maxWidth = 0;      /**< in logical units; 0 for no limit */
-    bool enabled = true;   /**< whether the hint is shown at all */
+    int distance = 0;    /**< free room between the hint and what it explains, in logical units */
+    int maxWidth = 0;    /**< in logical units; 0 for no limit */
+    bool enabled = true; /**< whether the hint is shown at all */
     bool followMouse = false;
 
     UXHintInfo() = default;

@@ -12,10 +12,12 @@ public:
     virtual ~UXLayoutHelper();
 
     virtual UXDoubleSize getTextSize(const std::string& text, const UXTextProperty& property);
-    virtual UXDoubleSize getTextSize(const std::string& text, const UXTextProperty& property, double widthLimit);
-    virtual UXDoubleSize getTextSize(const std::string& text, const UXFont& font, UXTextOption option, int lineMode);
-    virtual UXDoubleSize getTextSize(const std::string& text, const UXFont& font, UXTextOption option, int lineMode,
+    virtual UXDoubleSize getTextSize(const std::string& text, const UXTextProperty& property,
                                      double widthLimit);
+    virtual UXDoubleSize getTextSize(const std::string& text, const UXFont& font, UXTextOption option,
+                                     int lineMode);
+    virtual UXDoubleSize getTextSize(const std::string& text, const UXFont& font, UXTextOption option,
+                                     int lineMode, double widthLimit);
 };
 
 /** @return a new helper, the caller's to delete */

@@ -8,9 +8,10 @@ UX_NAMED_ENUM(UXFillRule, Winding, EvenOdd)
 /** Whether edges are smoothed; without, a pixel is either covered or not. */
 UX_NAMED_ENUM(UXAntialiasStyle, Default, None)
 
-/** How what is drawn combines with what is there: the operators of Porter and Duff, then the separable blends. */
-UX_NAMED_ENUM(UXCompositionMode, Over, Clear, Source, In, Out, Atop, Destination, DestinationOver, DestinationIn,
-              DestinationOut, DestinationAtop, Xor, Add, Multiply, Screen, Overlay, Darken, Lighten)
+/** How what is drawn meets what is there: the operators of Porter and Duff, then separable blends. */
+UX_NAMED_ENUM(UXCompositionMode, Over, Clear, Source, In, Out, Atop, Destination, DestinationOver,
+              DestinationIn, DestinationOut, DestinationAtop, Xor, Add, Multiply, Screen, Overlay, Darken,
+              Lighten)
 
 /** How two pieces of a line meet. */
 UX_NAMED_ENUM(UXLineJoinStyle, Miter, Round, Bevel)

@@ -20,7 +20,10 @@ struct UXRect {
     constexpr void setBottom(int bottom) { height = uxSaturateToInt(std::int64_t{bottom} - y); }
 
     /** @return x + width and y + height, each at int's limit where the sum does not fit */
-    constexpr UXPoint getBottomRight() const { return {uxSaturateToInt(std::int64_t{x} + width), getBottom()}; }
+    constexpr UXPoint getBottomRight() const
+    {
+        return {uxSaturateToInt(std::int64_t{x} + width), getBottom()};
+    }
 
     /** Moves the right and the bottom edge alone: the size changes, the origin stays. */
     constexpr void setBottomRight(const UXPoint& corner)
@@ -33,4 +36,7 @@ struct UXRect {
     friend constexpr auto operator<=>(const UXRect&, const UXRect&) = default;
 };
 
-[[nodiscard]] constexpr UXRect uxMakeRect(int x, int y, int width, int height) { return {x, y, width, height}; }
+[[nodiscard]] constexpr UXRect uxMakeRect(int x, int y, int width, int height)
+{
+    return {x, y, width, height};
+}

@@ -7,7 +7,7 @@
 
 #include <string>
 
-/** Knows how much room a text takes. Layout and painting ask the same one, so that what is measured is drawn. */
+/** Knows how much room a text takes. Layout and painting ask the same one, so they agree. */
 class UX_EXPORT UXTextMeasurer {
 public:
     virtual ~UXTextMeasurer() = default;
@@ -18,13 +18,14 @@ public:
      * @param widthLimit in logical units; below 0 for none
      * @return width of the widest line and height of all lines, in logical units
      */
-    virtual UXDoubleSize measureText(const std::string& text, const UXFont& font, UXTextOption option, int lineMode,
-                                     double widthLimit) = 0;
+    virtual UXDoubleSize measureText(const std::string& text, const UXFont& font, UXTextOption option,
+                                     int lineMode, double widthLimit) = 0;
 };
 
 /**
- * Makes measurer answer from now on and forgets what was measured before; call it again with the same one when its
- * answers have changed. Not owned: it has to live until it is replaced. Null restores the built-in one.
+ * Makes measurer answer from now on and forgets what was measured before; call it again with the same one
+ * when its answers have changed. Not owned: it has to live until it is replaced. Null restores the built-in
+ * one.
  */
 UX_EXPORT void uxSetTextMeasurer(UXTextMeasurer* measurer);
 
@@ -32,5 +33,5 @@ UX_EXPORT void uxSetTextMeasurer(UXTextMeasurer* measurer);
  * Asks the measurer in use, or the bounded memory of its answers.
  * @return the size as measured; 0 x 0 for an empty text, and no part of it is ever negative or not finite
  */
-[[nodiscard]] UX_EXPORT UXDoubleSize uxMeasureText(const std::string& text, const UXFont& font, UXTextOption option,
-                                                   int lineMode, double widthLimit = -1);
+[[nodiscard]] UX_EXPORT UXDoubleSize uxMeasureText(const std::string& text, const UXFont& font,
+                                                   UXTextOption option, int lineMode, double widthLimit = -1);
