@@ -139,7 +139,8 @@ nlohmann::ordered_json makeTree(const UXJsonValue& value)
 
 std::unique_ptr<UXJsonValue> uxParseJson(const std::string& text)
 {
-    if (text.size() > c_longestText)
+    // The parser takes a zero byte for the end of the text.
+    if (text.size() > c_longestText || text.find('\0') != std::string::npos)
         return nullptr;
     try {
         Builder builder;

@@ -21,7 +21,7 @@ struct UXJsonValue::Object {
 
     std::vector<Member> members;
     // Made on demand, for an object so large that going through it for every key would take too long.
-    std::map<std::string, std::size_t> indexes;
+    std::unique_ptr<std::map<std::string, std::size_t>> indexes;
 };
 
 std::size_t UXJsonValue::Object::find(const std::string& key)
@@ -34,12 +34,13 @@ std::size_t UXJsonValue::Object::find(const std::string& key)
                                        : static_cast<std::size_t>(members.rend() - found) - 1;
     }
 
-    if (indexes.empty()) {
+    if (!indexes) {
+        indexes = std::make_unique<std::map<std::string, std::size_t>>();
         for (std::size_t i = 0; i < members.size(); ++i)
-            indexes[members[i].key] = i;
+            (*indexes)[members[i].key] = i;
     }
-    const auto found = indexes.find(key);
-    return found == indexes.end() ? members.size() : found->second;
+    const auto found = indexes->find(key);
+    return found == indexes->end() ? members.size() : found->second;
 }
 
 UXJsonValue::UXJsonValue() = default;
@@ -194,8 +195,8 @@ UXJsonValue* UXJsonValue::append(std::string key, UXJsonValue value)
     auto* object = std::get_if<std::unique_ptr<Object>>(&m_value);
     if (!object)
         return nullptr;
-    if (!(*object)->indexes.empty())
-        (*object)->indexes[key] = (*object)->members.size();
+    if ((*object)->indexes)
+        (*(*object)->indexes)[key] = (*object)->members.size();
     (*object)->members.push_back({std::move(key), std::move(value)});
     return &(*object)->members.back().value;
 }
