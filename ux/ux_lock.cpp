@@ -1,0 +1,18 @@
+#include "ux/ux_lock.h"
+
+#include <mutex>
+
+namespace {
+
+// Making one shared table may ask for another, so that the holder takes the lock again.
+std::recursive_mutex& theLock()
+{
+    static std::recursive_mutex lock;
+    return lock;
+}
+
+} // namespace
+
+void uxLock() { theLock().lock(); }
+
+void uxUnlock() { theLock().unlock(); }
