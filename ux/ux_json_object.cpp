@@ -6,7 +6,6 @@
 #include "ux/ux_json_path_resolver.h"
 #include "ux/ux_json_text.h"
 #include "ux/ux_json_value.h"
-#include "ux/ux_saturate.h"
 
 #include <algorithm>
 #include <charconv>
@@ -80,6 +79,8 @@ struct UXJsonObject::Document {
 
     /** @return the identity of an object of the document, made when it is first asked for */
     Identity& obtainIdentity(const UXJsonObject* object);
+    /** @return whether the object is being written or read right now */
+    bool isInside(const UXJsonObject& object) const;
 
     UXJsonObjectFactory& factory;
     std::map<const UXJsonObject*, Identity> identities;
@@ -115,6 +116,14 @@ struct UXJsonObject::State {
     bool isCompatible = true;
     Frame* frame = nullptr;
 };
+
+bool UXJsonObject::Document::isInside(const UXJsonObject& object) const
+{
+    const Frame* frame = object.m_state ? object.m_state->frame : nullptr;
+    while (frame && &frame->document != this)
+        frame = frame->outer;
+    return frame != nullptr;
+}
 
 /** Puts an object into a document until the scope ends, whether or not the object lives that long. */
 class UXJsonObject::FrameScope {
@@ -167,10 +176,8 @@ bool UXJsonObject::customDeserialize() { return true; }
 std::string UXJsonObject::serialize(UXJsonObjectFactory* factory)
 {
     for (const Frame* frame = m_state ? m_state->frame : nullptr; frame; frame = frame->outer) {
-        if (frame->isWriting) {
-            uxAssert(false);
+        if (!uxAssert(!frame->isWriting))
             return {};
-        }
     }
     UXJsonObjectFactory defaults;
     Document document(factory ? *factory : defaults, this);
@@ -224,19 +231,13 @@ std::shared_ptr<const bool> UXJsonObject::_obtainLife() const
 UXJsonObject::Frame* UXJsonObject::_obtainWriter() const
 {
     Frame* frame = m_state ? m_state->frame : nullptr;
-    if (frame && frame->isWriting)
-        return frame;
-    uxAssert(false);
-    return nullptr;
+    return uxAssert(frame && frame->isWriting) ? frame : nullptr;
 }
 
 UXJsonObject::Frame* UXJsonObject::_obtainReader() const
 {
     Frame* frame = m_state ? m_state->frame : nullptr;
-    if (frame && !frame->isWriting)
-        return frame;
-    uxAssert(false);
-    return nullptr;
+    return uxAssert(frame && !frame->isWriting) ? frame : nullptr;
 }
 
 void UXJsonObject::_writeMembers(Document& document, UXJsonValue& value)
@@ -267,10 +268,11 @@ void UXJsonObject::_write(const std::string& key, UXJsonValue value)
     if (!frame)
         return;
     UXJsonValue& container = *frame->values.back();
-    uxAssert(container.isArray() == key.empty());
+    if (!uxAssert(container.isArray() == key.empty()))
+        return;
     if (container.isArray())
         container.append(std::move(value));
-    else if (!key.empty())
+    else
         container.set(obtainSpelling(frame->document.factory, key), std::move(value));
 }
 
@@ -327,12 +329,8 @@ void UXJsonObject::serializeObject(const std::string& key, UXJsonObject* object)
         return;
 
     // 2. An object inside itself, and one too deep to be read again, has no value.
-    bool isWritable = object && frame->document.depth < c_deepestContainer;
-    for (const Frame* own = object && object->m_state ? object->m_state->frame : nullptr; own;
-         own = own->outer)
-        isWritable = isWritable && &own->document != &frame->document;
-    uxAssert(isWritable || !object);
-    if (!isWritable) {
+    const Document& document = frame->document;
+    if (!object || !uxAssert(document.depth < c_deepestContainer && !document.isInside(*object))) {
         _write(key, UXJsonValue());
         return;
     }
@@ -397,8 +395,7 @@ void UXJsonObject::serializeArrayBegin()
 void UXJsonObject::serializeArrayEnd(const std::string& key)
 {
     Frame* frame = _obtainWriter();
-    uxAssert(!frame || !frame->openLists.empty());
-    if (!frame || frame->openLists.empty())
+    if (!frame || !uxAssert(!frame->openLists.empty()))
         return;
     const std::unique_ptr<UXJsonValue> list = std::move(frame->openLists.back());
     frame->openLists.pop_back();
@@ -409,10 +406,9 @@ void UXJsonObject::serializeArrayEnd(const std::string& key)
 
 void UXJsonObject::serializeCheckFinalize()
 {
-    if (Frame* frame = _obtainWriter()) {
-        uxAssert(frame->checks > 0);
+    Frame* frame = _obtainWriter();
+    if (frame && uxAssert(frame->checks > 0))
         --frame->checks;
-    }
 }
 
 // Reading
@@ -595,8 +591,7 @@ bool UXJsonObject::deserializeArrayElement(std::uint64_t index, UXJsonValue*& va
 bool UXJsonObject::deserializeArrayEnd()
 {
     Frame* frame = _obtainReader();
-    uxAssert(!frame || !frame->readLists.empty());
-    if (!frame || frame->readLists.empty())
+    if (!frame || !uxAssert(!frame->readLists.empty()))
         return false;
     const bool wasList = frame->readLists.back() != nullptr;
     frame->readLists.pop_back();
@@ -612,9 +607,7 @@ void UXJsonObject::pushJsonValue(UXJsonValue* value)
 void UXJsonObject::popJsonValue()
 {
     Frame* frame = _obtainReader();
-    const bool isPushed = frame && frame->values.size() > 1;
-    uxAssert(isPushed);
-    if (isPushed)
+    if (frame && uxAssert(frame->values.size() > 1))
         frame->values.pop_back();
 }
 
