@@ -12,7 +12,8 @@
 class SqlQueryBuilder;
 class SqlSession;
 
-/** One member of a dimension in display order. */
+/** One member of a dimension in display order. The member that stands for the others is a made one with rows.
+ */
 struct SqlMember {
     std::string
         text; // as the charts' formatting reads it; the words for a null or for the others where it is one
@@ -20,6 +21,9 @@ struct SqlMember {
     bool isNull = false;
     bool isGenerated = false; // not in the data: a filled gap, or the member that stands for the others
     std::optional<std::uint64_t> position; // in the query's result, nothing for a filled gap
+
+    bool isOthers() const { return isGenerated && position.has_value(); }
+    bool hasNumber() const { return !isNull && !isOthers(); }
 };
 
 /** One value of one cell. */

@@ -1,6 +1,7 @@
 #include "time_step.h"
 
 #include <array>
+#include <cmath>
 #include <cstdio>
 
 #include "number_text.h"
@@ -81,6 +82,16 @@ std::optional<TimeStep> TimeStep::parse(std::string_view text, DateLevel level)
                                              : level == DateLevel::Week  ? parseWeek(text)
                                                                          : parseMoment(text, hasDate);
     return start ? std::optional(TimeStep(*start, level, hasDate)) : std::nullopt;
+}
+
+std::optional<TimeStep> TimeStep::fromSeconds(double seconds)
+{
+    const auto first = static_cast<double>(sys_seconds(firstOfYear(year(1))).time_since_epoch().count());
+    const auto end = static_cast<double>(sys_seconds(firstOfYear(year(10'000))).time_since_epoch().count());
+    if (!(seconds >= first && seconds < end))
+        return std::nullopt;
+    const std::chrono::seconds whole(static_cast<std::int64_t>(std::floor(seconds)));
+    return TimeStep(sys_seconds(whole), DateLevel::Second, true);
 }
 
 std::string TimeStep::obtainText() const

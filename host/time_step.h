@@ -14,6 +14,10 @@ public:
     /** @return nothing when text does not name a step of the level in the years 1 to 9999 */
     static std::optional<TimeStep> parse(std::string_view text, DateLevel level);
 
+    /** @return the second in which the given moment since 1970 falls; nothing outside of the years 1 to 9999
+     */
+    static std::optional<TimeStep> fromSeconds(double seconds);
+
     std::string obtainText() const;
     /** @return the beginning in seconds since 1970, or since midnight where the text has a time alone */
     double obtainSeconds() const;

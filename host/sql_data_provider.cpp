@@ -1,0 +1,237 @@
+#include "sql_data_provider.h"
+
+#include <cmath>
+
+#include "host_error.h"
+#include "sql_session.h"
+#include "time_step.h"
+
+namespace {
+
+/** What charts take for the level where none was given. */
+constexpr auto noLevel = static_cast<KXChartAggregateType>(0);
+constexpr auto numberLevel = static_cast<KXChartAggregateType>(6);
+
+bool isNumeric(KXChartDataType type)
+{
+    return type == KXChartDataType::Integer || type == KXChartDataType::Float;
+}
+
+bool isValid(const SqlMember& member)
+{
+    return !member.isNull && !member.isGenerated && !member.text.empty();
+}
+
+} // namespace
+
+SqlDataProvider::SqlDataProvider(SqlSession& session, DataBinding binding)
+    : m_session(session), m_binding(std::move(binding))
+{
+}
+
+void SqlDataProvider::beginPrepareData(KXChartDataUser*)
+{
+    // A chart that asks must not meet an exception; it shows its state without data, the host has the reason.
+    m_error.clear();
+    m_data = SqlDataSet();
+    try {
+        m_data = SqlDataSet(m_session, m_binding);
+    } catch (const HostError& error) {
+        m_error = error.what();
+    }
+}
+
+void SqlDataProvider::endPrepareData(KXChartDataUser*) {}
+
+bool SqlDataProvider::obtainDataIsEmpty(KXChartDataUser*) { return m_data.isEmpty(); }
+
+std::string SqlDataProvider::obtainDimensionName(KXChartDataUser*, std::uint64_t dimension)
+{
+    return dimension < m_binding.dimensions.size() ? m_binding.dimensions[dimension].column : "";
+}
+
+std::string SqlDataProvider::obtainDimensionLabel(KXChartDataUser*, std::uint64_t dimension)
+{
+    return dimension < m_binding.dimensions.size() ? m_binding.dimensions[dimension].label : "";
+}
+
+KXChartDataType SqlDataProvider::obtainDimensionDataType(KXChartDataUser*, std::uint64_t dimension)
+{
+    return dimension < m_data.getDimensionCount() ? m_data.getDimensionType(dimension)
+                                                  : KXChartDataType::String;
+}
+
+KXChartAggregateType SqlDataProvider::obtainDimensionAggregateType(KXChartDataUser*, std::uint64_t dimension)
+{
+    if (dimension >= m_data.getDimensionCount() || !m_data.getDimensionLevel(dimension))
+        return noLevel;
+    return static_cast<KXChartAggregateType>(*m_data.getDimensionLevel(dimension));
+}
+
+std::uint64_t SqlDataProvider::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension)
+{
+    return dimension < m_data.getDimensionCount() ? m_data.getMembers(dimension).size() : 0;
+}
+
+const SqlMember* SqlDataProvider::_findMember(const KXIndexPath& path) const
+{
+    if (path.size() < 2 || path[0] >= m_data.getDimensionCount())
+        return nullptr;
+    const std::vector<SqlMember>& members = m_data.getMembers(path[0]);
+    return path[1] < members.size() ? &members[path[1]] : nullptr;
+}
+
+std::string SqlDataProvider::obtainDimensionData(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlMember* member = _findMember(path);
+    return member ? member->text : "";
+}
+
+std::vector<std::uint64_t> SqlDataProvider::obtainDimensionDataAsIndexRange(KXChartDataUser*, double from,
+                                                                            double to)
+{
+    std::vector<std::uint64_t> indexes;
+    if (m_data.getDimensionCount() == 0 || m_data.getDimensionType(0) == KXChartDataType::String)
+        return indexes;
+    const std::vector<SqlMember>& members = m_data.getMembers(0);
+    for (std::uint64_t i = 0; i < members.size(); ++i) {
+        if (members[i].hasNumber() && members[i].number >= from && members[i].number <= to)
+            indexes.push_back(i);
+    }
+    return indexes;
+}
+
+bool SqlDataProvider::obtainDimensionDataIsNull(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlMember* member = _findMember(path);
+    return member && member->isNull;
+}
+
+bool SqlDataProvider::obtainDimensionDataIsEmpty(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlMember* member = _findMember(path);
+    return member && !member->isNull && member->text.empty();
+}
+
+bool SqlDataProvider::obtainDimensionDataIsGenerated(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlMember* member = _findMember(path);
+    return member && member->isGenerated;
+}
+
+double SqlDataProvider::obtainDimensionDataAsNumber(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlMember* member = _findMember(path);
+    return member ? member->number : 0;
+}
+
+double SqlDataProvider::obtainDimensionDataAsRangeDifference(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlMember* member = _findMember(path);
+    const SqlMember* next = member ? _findMember({path[0], path[1] + 1}) : nullptr;
+    return next && member->hasNumber() && next->hasNumber() ? next->number - member->number : 0;
+}
+
+std::string SqlDataProvider::obtainDimensionDataAsDateTime(KXChartDataUser*, double seconds)
+{
+    const std::optional<TimeStep> step = TimeStep::fromSeconds(seconds);
+    return step ? step->obtainText() : "";
+}
+
+std::int64_t SqlDataProvider::_findValidMember(const KXIndexPath& path, std::int64_t step) const
+{
+    if (!_findMember(path))
+        return -1;
+    const std::vector<SqlMember>& members = m_data.getMembers(path[0]);
+    const auto count = static_cast<std::int64_t>(members.size());
+    for (auto i = static_cast<std::int64_t>(path[1]) + step; i >= 0 && i < count; i += step) {
+        if (isValid(members[static_cast<std::size_t>(i)]))
+            return i;
+    }
+    return -1;
+}
+
+std::int64_t SqlDataProvider::obtainNextValidDimensionIndex(KXChartDataUser*, const KXIndexPath& path)
+{
+    return _findValidMember(path, 1);
+}
+
+std::int64_t SqlDataProvider::obtainPreviousValidDimensionIndex(KXChartDataUser*, const KXIndexPath& path)
+{
+    return _findValidMember(path, -1);
+}
+
+bool SqlDataProvider::shouldFormatDimenionData(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlMember* member = _findMember(path);
+    return !member || (!member->isNull && !member->isOthers());
+}
+
+std::uint64_t SqlDataProvider::obtainValueCount(KXChartDataUser*) { return m_data.getMeasureCount(); }
+
+std::string SqlDataProvider::obtainValueLabel(KXChartDataUser*, std::uint64_t value)
+{
+    return value < m_binding.measures.size() ? m_binding.measures[value].label : "";
+}
+
+std::string SqlDataProvider::obtainValueID(KXChartDataUser* user, std::uint64_t value)
+{
+    if (value < m_binding.measures.size() && !m_binding.measures[value].id.empty())
+        return m_binding.measures[value].id;
+    return obtainValueLabel(user, value);
+}
+
+KXChartDataType SqlDataProvider::obtainValueDataType(KXChartDataUser*, const KXIndexPath& path)
+{
+    const bool isKnown = !path.empty() && path[0] < m_data.getMeasureCount();
+    return isKnown ? m_data.getMeasureType(path[0]) : KXChartDataType::Float;
+}
+
+KXChartAggregateType SqlDataProvider::obtainValueAggregateType(KXChartDataUser* user, const KXIndexPath& path)
+{
+    // A date among the values is whole; a level would make its formatting look for less.
+    const KXChartDataType type = obtainValueDataType(user, path);
+    return isNumeric(type) || type == KXChartDataType::String ? numberLevel : noLevel;
+}
+
+SqlValue SqlDataProvider::_findValue(const KXIndexPath& path) const
+{
+    return path.empty() ? SqlValue() : m_data.obtainValue(path[0], std::span(path).subspan(1));
+}
+
+bool SqlDataProvider::obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path)
+{
+    return _findValue(path).isNull;
+}
+
+bool SqlDataProvider::obtainValueDataIsEmpty(KXChartDataUser*, const KXIndexPath& path)
+{
+    return !_findValue(path).isPresent;
+}
+
+bool SqlDataProvider::obtainValueDataIsGenerated(KXChartDataUser*, const KXIndexPath& path)
+{
+    for (std::uint64_t i = 0; i < m_data.getDimensionCount() && i + 1 < path.size(); ++i) {
+        const SqlMember* member = _findMember({i, path[i + 1]});
+        if (member && member->isGenerated)
+            return true;
+    }
+    return false;
+}
+
+double SqlDataProvider::obtainValueData(KXChartDataUser*, const KXIndexPath& path)
+{
+    return _findValue(path).number;
+}
+
+std::string SqlDataProvider::obtainValueDataString(KXChartDataUser*, const KXIndexPath& path)
+{
+    const SqlValue value = _findValue(path);
+    return value.isNull ? m_binding.nullText : value.text;
+}
+
+KXChartDataProviderHintData SqlDataProvider::obtainHintData(KXChartDataUser* user, const KXIndexPath& path)
+{
+    const std::uint64_t value = path.empty() ? 0 : path[0];
+    return {obtainValueLabel(user, value), obtainValueDataString(user, path)};
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "data_binding.h"
+#include "kx_value_chart_data_provider.h"
+#include "sql_data_set.h"
+
+class SqlSession;
+
+/** Answers charts from a database table: a binding says which columns are dimensions and measures. Each
+ * preparation asks the database once; all questions are answered from what it said then. Members of dates and
+ * times have as number the seconds since 1970, or since midnight. */
+class SqlDataProvider : public KXValueChartDataProvider {
+public:
+    /** @param session outlives this object */
+    SqlDataProvider(SqlSession& session, DataBinding binding);
+
+    /** @return why the last preparation got no data, one line; empty when it did or found no rows */
+    const std::string& getError() const { return m_error; }
+
+    // From KXChartDataProvider: around one preparation
+    void beginPrepareData(KXChartDataUser* user) override;
+    void endPrepareData(KXChartDataUser* user) override;
+    bool obtainDataIsEmpty(KXChartDataUser* user) override;
+
+    // Dimensions
+    std::string obtainDimensionName(KXChartDataUser* user, std::uint64_t dimension) override;
+    std::string obtainDimensionLabel(KXChartDataUser* user, std::uint64_t dimension) override;
+    KXChartDataType obtainDimensionDataType(KXChartDataUser* user, std::uint64_t dimension) override;
+    KXChartAggregateType obtainDimensionAggregateType(KXChartDataUser* user,
+                                                      std::uint64_t dimension) override;
+    std::uint64_t obtainDimensionDataCount(KXChartDataUser* user, std::uint64_t dimension) override;
+    std::string obtainDimensionData(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return of the first dimension */
+    std::vector<std::uint64_t> obtainDimensionDataAsIndexRange(KXChartDataUser* user, double from,
+                                                               double to) override;
+    bool obtainDimensionDataIsNull(KXChartDataUser* user, const KXIndexPath& path) override;
+    bool obtainDimensionDataIsEmpty(KXChartDataUser* user, const KXIndexPath& path) override;
+    bool obtainDimensionDataIsGenerated(KXChartDataUser* user, const KXIndexPath& path) override;
+    double obtainDimensionDataAsNumber(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return how far the next member's number is from this one's, 0 for the last one and for texts */
+    double obtainDimensionDataAsRangeDifference(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return YYYY-MM-DD HH:MM:SS of seconds since 1970, empty outside of the years 1 to 9999 */
+    std::string obtainDimensionDataAsDateTime(KXChartDataUser* user, double seconds) override;
+    /** @return the nearest member that the data itself has, neither null nor empty */
+    std::int64_t obtainNextValidDimensionIndex(KXChartDataUser* user, const KXIndexPath& path) override;
+    std::int64_t obtainPreviousValidDimensionIndex(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return false for words that stand for a null or for the other members */
+    bool shouldFormatDimenionData(KXChartDataUser* user, const KXIndexPath& path) override;
+
+    // Values
+    std::uint64_t obtainValueCount(KXChartDataUser* user) override;
+    std::string obtainValueLabel(KXChartDataUser* user, std::uint64_t value) override;
+    std::string obtainValueID(KXChartDataUser* user, std::uint64_t value) override;
+    KXChartDataType obtainValueDataType(KXChartDataUser* user, const KXIndexPath& path) override;
+    KXChartAggregateType obtainValueAggregateType(KXChartDataUser* user, const KXIndexPath& path) override;
+    bool obtainValueDataIsNull(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return whether no row of the data is in the cell */
+    bool obtainValueDataIsEmpty(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return whether one of the cell's members was made up */
+    bool obtainValueDataIsGenerated(KXChartDataUser* user, const KXIndexPath& path) override;
+    double obtainValueData(KXChartDataUser* user, const KXIndexPath& path) override;
+    std::string obtainValueDataString(KXChartDataUser* user, const KXIndexPath& path) override;
+
+    // From KXValueChartDataProvider
+    KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path) override;
+
+private:
+    const SqlMember* _findMember(const KXIndexPath& path) const;
+    SqlValue _findValue(const KXIndexPath& path) const;
+    std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;
+
+    SqlSession& m_session;
+    DataBinding m_binding;
+    SqlDataSet m_data;
+    std::string m_error;
+};

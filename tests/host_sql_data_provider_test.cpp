@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+#include <limits>
+
+#include "csv_importer.h"
+#include "data_binding_reader.h"
+#include "host_error.h"
+#include "host_temporary_file.h"
+#include "sql_data_provider.h"
+#include "sql_session.h"
+
+namespace {
+
+using Type = KXChartDataType;
+
+/** A provider over rows of a CSV text, prepared as a chart does it. */
+class PreparedProvider {
+public:
+    PreparedProvider(const std::string& rows, const std::string& binding)
+        : m_file(rows), m_session(""), m_provider(m_session, DataBindingReader("b").readText(binding))
+    {
+        CsvImporter(m_session).importFile(m_file.getPath(), "data");
+        prepare();
+    }
+
+    void prepare()
+    {
+        m_provider.beginPrepareData(nullptr);
+        m_provider.endPrepareData(nullptr);
+    }
+
+    SqlSession& getSession() { return m_session; }
+    SqlDataProvider& get() { return m_provider; }
+
+private:
+    TemporaryFile m_file;
+    SqlSession m_session;
+    SqlDataProvider m_provider;
+};
+
+const char* const visits = "day,place,score\n2024-03-01,x,1\n2024-03-01,y,\n2024-03-04,x,5\n2024-03-04,z,-2\n"
+                           "2024-03-05,z,8\n,y,1\n";
+
+} // namespace
+
+TEST(HostSqlDataProvider, OneValueOfAnyType)
+{
+    struct Case {
+        const char* name;
+        std::string measure;
+        Type type;
+        int level;
+        bool isNull;
+        double number;
+        std::string text;
+    };
+    const Case cases[] = {
+        {"sum", R"("column": "score", "aggregate": "sum")", Type::Integer, 6, false, 13, "13"},
+        {"average", R"("column": "score", "aggregate": "average")", Type::Float, 6, false, 2.6, "2.6"},
+        {"count", R"("aggregate": "count")", Type::Integer, 6, false, 6, "6"},
+        {"text", R"("column": "place", "aggregate": "max")", Type::String, 6, false, 0, "z"},
+        {"date", R"("column": "day", "aggregate": "max")", Type::Date, 0, false, 0, "2024-03-05"},
+        {"null", R"("column": "score", "aggregate": "sum"}], "filters": [{"column": "score", "is": "isNull")",
+         Type::Integer, 6, true, 0, "none"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        PreparedProvider prepared(visits, R"({"nullText": "none", "measures": [{)" + c.measure + "}]}");
+        SqlDataProvider& provider = prepared.get();
+        EXPECT_EQ(provider.getError(), "");
+        EXPECT_FALSE(provider.obtainDataIsEmpty(nullptr));
+        EXPECT_EQ(provider.obtainValueCount(nullptr), 1U);
+        EXPECT_EQ(provider.obtainValueDataType(nullptr, {0}), c.type);
+        EXPECT_EQ(static_cast<int>(provider.obtainValueAggregateType(nullptr, {0})), c.level);
+        EXPECT_EQ(provider.obtainValueDataIsNull(nullptr, {0, 0}), c.isNull);
+        EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), c.number);
+        EXPECT_EQ(provider.obtainValueDataString(nullptr, {0, 0}), c.text);
+        EXPECT_EQ(provider.obtainHintData(nullptr, {0, 0}).value, c.text);
+    }
+}
+
+TEST(HostSqlDataProvider, MembersAndCells)
+{
+    PreparedProvider prepared(visits, R"({
+        "dimensions": [{"column": "day", "label": "Day", "fillGaps": true},
+                       {"column": "place", "top": {"count": 1, "measure": 1, "others": "Rest"}}],
+        "measures": [{"column": "score", "aggregate": "sum", "label": "Score", "id": "s"},
+                     {"aggregate": "count", "label": "Visits"}]})");
+    SqlDataProvider& provider = prepared.get();
+    EXPECT_EQ(provider.obtainDimensionName(nullptr, 0), "day");
+    EXPECT_EQ(provider.obtainDimensionLabel(nullptr, 0), "Day");
+    EXPECT_EQ(provider.obtainDimensionLabel(nullptr, 1), "place");
+    EXPECT_EQ(provider.obtainDimensionDataType(nullptr, 0), Type::Date);
+    EXPECT_EQ(static_cast<int>(provider.obtainDimensionAggregateType(nullptr, 0)), 15);
+    EXPECT_EQ(provider.obtainDimensionDataType(nullptr, 1), Type::String);
+    EXPECT_EQ(static_cast<int>(provider.obtainDimensionAggregateType(nullptr, 1)), 0);
+    EXPECT_EQ(provider.obtainValueLabel(nullptr, 1), "Visits");
+    EXPECT_EQ(provider.obtainValueID(nullptr, 0), "s");
+    EXPECT_EQ(provider.obtainValueID(nullptr, 1), "Visits");
+
+    struct Member {
+        std::uint64_t dimension, index;
+        std::string text;
+        bool isNull, isGenerated, shouldFormat;
+        std::int64_t next, previous;
+    };
+    const Member members[] = {
+        {0, 0, "2024-03-01", false, false, true, 3, -1}, {0, 1, "2024-03-02", false, true, true, 3, 0},
+        {0, 3, "2024-03-04", false, false, true, 4, 0},  {0, 5, "(null)", true, false, false, -1, 4},
+        {1, 0, "x", false, false, true, -1, -1},         {1, 1, "Rest", false, true, false, -1, 0},
+    };
+    ASSERT_EQ(provider.obtainDimensionDataCount(nullptr, 0), 6U);
+    ASSERT_EQ(provider.obtainDimensionDataCount(nullptr, 1), 2U);
+    for (const Member& m : members) {
+        SCOPED_TRACE(m.text);
+        const KXIndexPath path = {m.dimension, m.index};
+        EXPECT_EQ(provider.obtainDimensionData(nullptr, path), m.text);
+        EXPECT_EQ(provider.obtainDimensionDataIsNull(nullptr, path), m.isNull);
+        EXPECT_EQ(provider.obtainDimensionDataIsGenerated(nullptr, path), m.isGenerated);
+        EXPECT_EQ(provider.shouldFormatDimenionData(nullptr, path), m.shouldFormat);
+        EXPECT_EQ(provider.obtainNextValidDimensionIndex(nullptr, path), m.next);
+        EXPECT_EQ(provider.obtainPreviousValidDimensionIndex(nullptr, path), m.previous);
+    }
+
+    struct Cell {
+        const char* name;
+        KXIndexPath path;
+        bool isEmpty, isNull, isGenerated;
+        double number;
+    };
+    const Cell cells[] = {
+        {"x on the first day", {0, 0, 0}, false, false, false, 1},
+        {"a null score", {0, 0, 1}, false, true, true, 0},
+        {"counted all the same", {1, 0, 1}, false, false, true, 1},
+        {"a filled gap", {0, 1, 0}, true, true, true, 0},
+        {"no such pair", {0, 4, 0}, true, true, false, 0},
+        {"the day that is null", {0, 5, 1}, false, false, true, 1},
+        {"no such measure", {2, 0, 0}, true, true, false, 0},
+        {"no such member", {0, 6, 0}, true, true, false, 0},
+        {"too short", {0, 0}, true, true, false, 0},
+        {"empty", {}, true, true, false, 0},
+    };
+    for (const Cell& c : cells) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(provider.obtainValueDataIsEmpty(nullptr, c.path), c.isEmpty);
+        EXPECT_EQ(provider.obtainValueDataIsNull(nullptr, c.path), c.isNull);
+        EXPECT_EQ(provider.obtainValueDataIsGenerated(nullptr, c.path), c.isGenerated);
+        EXPECT_EQ(provider.obtainValueData(nullptr, c.path), c.number);
+    }
+}
+
+TEST(HostSqlDataProvider, NumbersOfTimes)
+{
+    PreparedProvider prepared(visits,
+                              R"({"dimensions": [{"column": "day"}], "measures": [{"aggregate": "count"}]})");
+    SqlDataProvider& provider = prepared.get();
+    const double day = 86'400;
+    const double first = provider.obtainDimensionDataAsNumber(nullptr, {0, 0});
+    EXPECT_EQ(provider.obtainDimensionDataAsDateTime(nullptr, first), "2024-03-01 00:00:00");
+    EXPECT_EQ(provider.obtainDimensionDataAsDateTime(nullptr, -0.5), "1969-12-31 23:59:59");
+    EXPECT_EQ(provider.obtainDimensionDataAsRangeDifference(nullptr, {0, 0}), 3 * day);
+    EXPECT_EQ(provider.obtainDimensionDataAsRangeDifference(nullptr, {0, 2}), 0); // a null follows
+    EXPECT_EQ(provider.obtainDimensionDataAsIndexRange(nullptr, first + 1, first + 4 * day),
+              (std::vector<std::uint64_t>{1, 2}));
+    for (const double odd : {std::numeric_limits<double>::quiet_NaN(),
+                             std::numeric_limits<double>::infinity(), -(std::numeric_limits<double>::max)()})
+        EXPECT_EQ(provider.obtainDimensionDataAsDateTime(nullptr, odd), "");
+}
+
+TEST(HostSqlDataProvider, EachPreparationAsksAgain)
+{
+    PreparedProvider prepared("n\n1\n", R"({"measures": [{"column": "n", "aggregate": "sum"}]})");
+    SqlDataProvider& provider = prepared.get();
+    prepared.getSession().execute("INSERT INTO data VALUES (41)");
+    EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), 1);
+    prepared.prepare();
+    EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), 42);
+
+    // A query that fails leaves no old answers behind.
+    prepared.getSession().execute("DROP TABLE data");
+    prepared.prepare();
+    EXPECT_EQ(provider.getError(), "sqlite: table \"data\": no such table");
+    EXPECT_TRUE(provider.obtainDataIsEmpty(nullptr));
+    EXPECT_EQ(provider.obtainValueCount(nullptr), 0U);
+    EXPECT_EQ(provider.obtainDimensionData(nullptr, {0, 0}), "");
+}
+
+TEST(HostSqlDataProvider, NoRowsAreNoData)
+{
+    PreparedProvider prepared("n\n",
+                              R"({"dimensions": [{"column": "n"}], "measures": [{"aggregate": "count"}]})");
+    EXPECT_EQ(prepared.get().getError(), "");
+    EXPECT_TRUE(prepared.get().obtainDataIsEmpty(nullptr));
+    EXPECT_EQ(prepared.get().obtainDimensionDataCount(nullptr, 0), 0U);
+}
