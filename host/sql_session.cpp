@@ -29,6 +29,14 @@ std::string obtainPostgresqlString(const std::string& rest)
     return isUri ? "postgresql://" + rest : rest;
 }
 
+/** @return the connection string with the word that keeps SQLite's driver from making a missing file */
+std::string obtainOdbcString(const std::string& rest)
+{
+    const bool isSqlite = rest.find("SQLite") != std::string::npos ||
+                          rest.find("sqlite") != std::string::npos;
+    return isSqlite ? rest + ";NoCreat=1" : rest;
+}
+
 } // namespace
 
 SqlSession::SqlSession(const std::string& connection, MissingFile missingFile)
@@ -81,7 +89,7 @@ void SqlSession::_openSqlite(const std::string& path, MissingFile missingFile)
 void SqlSession::_openOdbc(const std::string& rest)
 {
     using Backend = soci::odbc_session_backend;
-    m_native = std::make_unique<soci::session>(soci::odbc, rest);
+    m_native = std::make_unique<soci::session>(soci::odbc, obtainOdbcString(rest));
     const auto* backend = static_cast<const Backend*>(m_native->get_backend());
     switch (backend->get_database_product()) {
     case Backend::prod_sqlite:

@@ -25,7 +25,7 @@ public:
      *  "sqlite://" (or nothing) for a database in memory, "sqlite:///data/sales.db" for a file,
      *  "postgresql://host=localhost dbname=sales" or "postgresql://user@localhost/sales",
      *  "odbc://Driver=SQLite3;Database=/data/sales.db". Throws HostError when that cannot be opened or no
-     * dialect knows the engine. */
+     * dialect knows the engine. Only an SQLite file is made where it is missing, and only on request. */
     explicit SqlSession(const std::string& connection, MissingFile missingFile = MissingFile::Refuse);
     ~SqlSession();
     SqlSession(const SqlSession&) = delete;
