@@ -1,5 +1,5 @@
 #pragma once
 
 /** The grouping level that the host applied to a column, as the host's own number; any number is valid by
- * cast. */
+ *  cast. */
 enum class KXChartAggregateType : int {};

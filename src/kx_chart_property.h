@@ -56,7 +56,7 @@
     KX_CHART_PROPERTY_TITLE_PROPERTY_KEY(KEY)
 
 /** What the user can set about every chart, whatever its type: border, background, title, legend, and how
- * many items it shows. Each chart owns one beside the property object of its type. */
+ *  many items it shows. Each chart owns one beside the property object of its type. */
 class KX_EXPORT KXChartProperty : public KXChartPropertyBase {
     KX_DECLARE_KEY_LISTS(KXChartProperty, KXChartPropertyBase, KX_CHART_PROPERTY_SLOTS,
                          KX_CHART_PROPERTY_ALL_KEYS)
@@ -77,8 +77,9 @@ public:
     virtual bool getTitleValueWrap() const;
     virtual void updateTitleValueWrap(bool wrap);
 
-    /** Knows the groups Background, Border, Title, Legend, ColorSeries and TopX. Only a reset of everything
-     * takes the title's text, the group TopX and, whatever the groups are, m_enableInteraction. */
+    /** Knows the groups Background, Border, Title, Legend, ColorSeries and TopX. Only a reset of
+     *  everything takes the title's text, the group TopX and, whatever the groups are,
+     *  m_enableInteraction. */
     void customResetProperties(KXChartResetType type, KXChartPropertyBase* source,
                                const KXKeys& groups) override;
 

@@ -12,12 +12,12 @@
 #include <vector>
 
 /**
- * What the user can set about a chart, by key. A property object remembers which keys changed, calls whoever
- * asked to hear of a key, and passes its values on to another object, all of them or those of a list. A key
- * is the name of the member that holds it and the key in the saved document.
+ * What the user can set about a chart, by key. A property object remembers which keys changed, calls
+ * whoever asked to hear of a key, and passes its values on to another object, all of them or those of a
+ * list. A key is the name of the member that holds it and the key in the saved document.
  *
- * A list of keys comes with a flag: with exclude false it holds the keys to take, with exclude true the keys
- * to leave out, so that an empty list with exclude true means every key.
+ * A list of keys comes with a flag: with exclude false it holds the keys to take, with exclude true the
+ * keys to leave out, so that an empty list with exclude true means every key.
  *
  * A callback may do anything, up to destroying the object that called it.
  */
@@ -38,21 +38,21 @@ public:
     bool customDeserialize() override = 0;
 
     // Copying and assigning
-    /** @return a new object of the same class, the caller's, with its defaults except for the keys taken from
-     * here */
+    /** @return a new object of the same class, the caller's, with its defaults except for the keys taken
+     *          from here */
     virtual KXChartPropertyBase* copy(const KXKeys& keys, bool exclude) = 0;
     /** Updates the target's keys with the values of this object. The list counts for the keys of the most
-     * derived class; what its parents own is always taken whole. A target of another class takes what the
-     * common parents own; null takes nothing. */
+     *  derived class; what its parents own is always taken whole. A target of another class takes what the
+     *  common parents own; null takes nothing. */
     virtual void assignTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude) = 0;
-    /** The same with those keys only that were updated here since the last unmarkUpdatedProperties, on every
-     * level. */
+    /** The same with those keys only that were updated here since the last unmarkUpdatedProperties, on
+     *  every level. */
     virtual void assignUpdatedPropertiesTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude);
     virtual void unmarkUpdatedProperties();
     /** Calls back for every key once, as if all had changed; the updated keys stay as they were. */
     virtual void triggerAllPropertiesUpdatedEvents();
-    /** Takes the keys of the named groups from source, each one marked and called back for, also when it is
-     * equal. */
+    /** Takes the keys of the named groups from source, each one marked and called back for, also when it
+     *  is equal. */
     virtual void customResetProperties(KXChartResetType type, KXChartPropertyBase* source,
                                        const KXKeys& groups) = 0;
 

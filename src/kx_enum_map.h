@@ -14,10 +14,10 @@ concept KXNamedEnum = std::is_enum_v<E> && requires
     uxObtainEnumNames(E());
 };
 
-/** Exists for every enumeration of the charts that has names, and for those of the framework that a key can
- * have.
+/** Exists for every enumeration of the charts that has names, and for those of the framework that a key
+ *  can have.
  *  @return the one map of E, made when it is first asked for and kept until the library is unloaded; never
- * null */
+ *          null */
 template <class E>
 KX_EXPORT UXEnum::UXEnumMap<E>* kxObtainEnumMap();
 

@@ -67,7 +67,7 @@
         [](Self& object, const Type& value) { object.update##Name(value); }),
 
 /** Takes one key in a customResetProperties which holds the source of its own class as own, a
- * UXJsonObjectWatcher on it as sourceWatcher, and ForcedUpdates on itself as forced. */
+ *  UXJsonObjectWatcher on it as sourceWatcher, and ForcedUpdates on itself as forced. */
 #define KX_TAKE_KEY(Name)                                \
     do {                                                 \
         if (forced.isAlive() && sourceWatcher.isAlive()) \

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-/** How a value of type T stands in a document: write(object, key, value), and read(object, key, value) which
- * answers false, and leaves the value as it was, when the key is missing or holds another type. */
+/** How a value of type T stands in a document: write(object, key, value), and read(object, key, value)
+ *  which answers false, and leaves the value as it was, when the key is missing or holds another type. */
 template <class T>
 struct KXKeyJson;
 
@@ -54,7 +54,7 @@ KX_KEY_JSON(UXTextAlign, UXTextAlign)
 #undef KX_KEY_JSON
 
 /** A list stands there as an array. A wrong element is passed over, which makes the list shorter and the
- * answer false. */
+ *  answer false. */
 template <class T>
 struct KXKeyJson<std::vector<T>> {
     static void write(UXJsonObject* object, const std::string& key, const std::vector<T>& values)

@@ -30,15 +30,15 @@ public:
     // Building
     /** @return a copy that has selected the path, instead of what was selected before */
     KXObjectID path(const KXObjectIDPath& selected) const;
-    /** @return a copy with index i for the selected path and nothing selected; without a selection an equal
-     * copy */
+    /** @return a copy with index i for the selected path and nothing selected; without a selection an
+     *          equal copy */
     KXObjectID index(std::uint64_t i) const;
     /** @return a copy with the property */
     KXObjectID property(const KXObjectIDProperty& chosen) const;
 
     // Queries
-    /** @return the index of the selected path; all bits set when nothing is selected or the path has no index
-     */
+    /** @return the index of the selected path; all bits set when nothing is selected or the path has no
+     *          index */
     std::uint64_t index() const;
     /** @return the property; the empty text's when there is none */
     KXObjectIDProperty property() const;
@@ -50,7 +50,7 @@ public:
     bool hasProperty(const KXObjectIDProperty& property) const;
 
     /** Without a property before with one, then by property, then by the number of indexes, then index by
-     * index. The selection takes no part. */
+     *  index. The selection takes no part. */
     friend KX_EXPORT std::strong_ordering operator<=>(const KXObjectID& a, const KXObjectID& b);
     friend bool operator==(const KXObjectID& a, const KXObjectID& b) { return (a <=> b) == 0; }
 

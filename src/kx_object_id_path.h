@@ -13,9 +13,9 @@ struct KXObjectIDPath : KXObjectIDKey {
     friend std::strong_ordering operator<=>(const KXObjectIDPath&, const KXObjectIDPath&) = default;
 };
 
-/** Exists for KXBarChartObjectIDPath, KXLineChartObjectIDPath,
- *  KXPieChartObjectIDPath, KXHeatMapChartObjectIDPath, KXChartObjectIDProperty, std::string and const char*.
+/** Exists for KXBarChartObjectIDPath, KXLineChartObjectIDPath, KXPieChartObjectIDPath,
+ *  KXHeatMapChartObjectIDPath, KXChartObjectIDProperty, std::string and const char*.
  *  @return the path of the value, with the type T: one made from a literal therefore differs from one made
- * from a std::string. A null text counts as empty. */
+ *          from a std::string. A null text counts as empty. */
 template <class T>
 KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(T value);

@@ -1,0 +1,242 @@
+#include "kx_chart_property_base.h"
+
+#include "kx_key_definitions.h"
+#include "kx_key_table.h"
+#include "kx_key_walk.h"
+#include "kx_keys.h"
+#include "kx_line_label_position.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+#define STRIP_KEYS(KEY)                                                                \
+    KEY(bool, ShowLabels, m_showLabels, false)                                         \
+    KEY(double, StripWidth, m_stripWidth, 0.8)                                         \
+    KEY(KXLineLabelPosition, LabelPosition, m_labelPosition, KXLineLabelPosition::Top) \
+    KEY(std::vector<UXColor>, Colors, m_colors, {UXColor(1, 2, 3, 0.5)})
+
+class StripProperty : public KXChartPropertyBase {
+    KX_DECLARE_KEYS(StripProperty, KXChartPropertyBase, STRIP_KEYS)
+public:
+    void customResetProperties(KXChartResetType, KXChartPropertyBase* source, const KXKeys& groups) override
+    {
+        const auto* own = dynamic_cast<StripProperty*>(source);
+        if (!own)
+            return;
+        const ForcedUpdates forced(this);
+        const UXJsonObjectWatcher sourceWatcher(source);
+        if (groups.contains("Strip")) {
+            KX_TAKE_KEY(ShowLabels);
+            KX_TAKE_KEY(StripWidth);
+        }
+    }
+};
+
+KX_DEFINE_KEYS(StripProperty, KXChartPropertyBase, STRIP_KEYS)
+
+#define ROUND_STRIP_KEYS(KEY)                                                     \
+    KEY(int, CornerRadius, m_cornerRadius, 4)                                     \
+    KEY(std::int64_t, Limit, m_limit, (std::numeric_limits<std::int64_t>::min)()) \
+    KEY(std::string, Caption, m_caption, "round")                                 \
+    KEY(std::vector<std::string>, Captions, m_captions, {})
+
+class RoundStripProperty : public StripProperty {
+    KX_DECLARE_KEYS(RoundStripProperty, StripProperty, ROUND_STRIP_KEYS)
+public:
+    /** A subclass's reaction: a wide strip is never round. */
+    void updateStripWidth(const double& value) override
+    {
+        StripProperty::updateStripWidth(value);
+        if (value > 1)
+            updateCornerRadius(0);
+    }
+    using StripProperty::updateStripWidth;
+};
+
+KX_DEFINE_KEYS(RoundStripProperty, StripProperty, ROUND_STRIP_KEYS)
+
+} // namespace
+
+TEST(KXChartPropertyBase, EveryKeyOfAClass) { KX_WALK_KEYS(StripProperty, STRIP_KEYS); }
+
+TEST(KXChartPropertyBase, EveryKeyOfASubclass) { KX_WALK_KEYS(RoundStripProperty, ROUND_STRIP_KEYS); }
+
+TEST(KXChartPropertyBase, TheKeysOwnCallbackComesBeforeTheOneForEveryKey)
+{
+    StripProperty object;
+    std::vector<std::string> own, every;
+    object.registerUpdatedEvents("m_showLabels", [&](const std::string& key) { own.push_back(key); });
+    object.registerUpdatedEvents([&](const std::string& key) { every.push_back(key); });
+    object.updateShowLabels(true);
+    object.updateStripWidth(0.5);
+    EXPECT_EQ(own, std::vector<std::string>{"m_showLabels"});
+    EXPECT_EQ(every, std::vector<std::string>{"m_stripWidth"});
+
+    object.registerUpdatedEvents(std::vector<std::string>{"m_stripWidth", "M_SHOWLABELS"}, nullptr);
+    object.updateStripWidth(0.6);
+    object.unregisterAllUpdatedEvents();
+    object.updateShowLabels(false);
+    EXPECT_EQ(own.size() + every.size(), 2u);
+}
+
+TEST(KXChartPropertyBase, AssigningTakesTheParentsKeysWhole)
+{
+    RoundStripProperty source, target;
+    source.updateShowLabels(true);
+    source.updateCornerRadius(7);
+    source.assignTo(&target, {"m_caption"}, false);
+    EXPECT_TRUE(target.getShowLabels());
+    EXPECT_EQ(target.getCornerRadius(), 4);
+
+    StripProperty parent;
+    source.assignTo(&parent, {"m_showLabels"}, true);
+    EXPECT_TRUE(parent.getShowLabels()) << "a target of the parent class takes what the parent owns";
+    source.assignTo(nullptr, {}, true);
+    source.assignUpdatedPropertiesTo(nullptr, {}, true);
+}
+
+TEST(KXChartPropertyBase, UpdatedKeysAreFilteredOnEveryLevel)
+{
+    RoundStripProperty source, target;
+    source.setShowLabels(true);
+    source.setLimit(1);
+    source.updateStripWidth(0.4);
+    source.updateCornerRadius(9);
+    source.assignUpdatedPropertiesTo(&target, {"m_cornerRadius"}, true);
+    EXPECT_EQ(target.getUpdatedKeys(), KXKeys{"m_stripWidth"});
+    source.assignUpdatedPropertiesTo(&target, {}, true);
+    EXPECT_EQ(target.getUpdatedKeys(), (KXKeys{"m_stripWidth", "m_cornerRadius"}));
+    EXPECT_EQ(source.getUpdatedKeys(), (KXKeys{"m_stripWidth", "m_cornerRadius"}));
+}
+
+TEST(KXChartPropertyBase, ASubclassReactsToOneKey)
+{
+    RoundStripProperty object, source;
+    source.setStripWidth(2);
+    object.updateStripWidth(source.getStripWidth(), {"m_stripWidth"}, false);
+    EXPECT_EQ(object.getCornerRadius(), 0);
+    UXPropertyAccessor accessor(&object);
+    EXPECT_TRUE(object.getUpdatedKeys().contains("m_cornerRadius"));
+    object.updateCornerRadius(3);
+    EXPECT_TRUE(accessor.updateValue("m_stripWidth", 5.0))
+        << "a key of the parent, with the subclass's reaction";
+    EXPECT_EQ(object.getCornerRadius(), 0);
+    EXPECT_FALSE(accessor.updateValue("m_stripWidth", 5));
+    EXPECT_FALSE(accessor.updateValue("m_unknown", 5.0));
+    EXPECT_TRUE(accessor.updateEnumString("m_labelPosition", "Bottom"));
+    EXPECT_FALSE(accessor.updateEnumString("m_labelPosition", "bottom"));
+    EXPECT_EQ(object.getLabelPosition(), KXLineLabelPosition::Bottom);
+}
+
+TEST(KXChartPropertyBase, ResettingForcesTheKeysItTakes)
+{
+    StripProperty object, source;
+    source.setStripWidth(0.3);
+    source.setLabelPosition(KXLineLabelPosition::Left);
+    object.customResetProperties(KXChartResetType::All, &source, {"Strip"});
+    EXPECT_EQ(object.getUpdatedKeys(), (KXKeys{"m_showLabels", "m_stripWidth"}));
+    EXPECT_EQ(object.getStripWidth(), 0.3);
+    object.unmarkUpdatedProperties();
+    object.updateStripWidth(0.3);
+    object.customResetProperties(KXChartResetType::All, &source, {"strip"});
+    object.customResetProperties(KXChartResetType::All, nullptr, {"Strip"});
+    EXPECT_TRUE(object.getUpdatedKeys().empty()) << "the force ends with the reset";
+}
+
+TEST(KXChartPropertyBase, AListLeavesOutWhatItCannotRead)
+{
+    struct Case {
+        const char* name;
+        const char* list;
+        bool read;
+        std::vector<std::string> expected;
+    };
+    const Case cases[] = {
+        {"good", R"(["a","b"])", true, {"a", "b"}},     {"one wrong", R"(["a",1,"c"])", false, {"a", "c"}},
+        {"all wrong", R"([null,{},[]])", false, {}},    {"empty", "[]", true, {}},
+        {"no list", R"({"0":"a"})", false, {"before"}}, {"a text", R"("a")", false, {"before"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        RoundStripProperty object;
+        object.setCaptions({"before"});
+        std::string document = object.serialize();
+        document.replace(document.find(R"(["before"])"), 10, c.list);
+        EXPECT_EQ(object.deserialize(document), c.read);
+        EXPECT_EQ(object.getCaptions(), c.expected);
+    }
+}
+
+TEST(KXChartPropertyBase, ACopyKeepsMarksCallbacksAndAccess)
+{
+    int calls = 0;
+    StripProperty first;
+    first.registerUpdatedEvents([&](const std::string&) { ++calls; });
+    first.updateStripWidth(0.1);
+    StripProperty second(first), third;
+    third = first;
+    for (StripProperty* object : {&second, &third}) {
+        EXPECT_EQ(object->getUpdatedKeys(), KXKeys{"m_stripWidth"});
+        UXPropertyAccessor accessor(object);
+        EXPECT_TRUE(accessor.updateValue("m_showLabels", true));
+    }
+    EXPECT_EQ(calls, 3);
+    EXPECT_FALSE(first.getShowLabels());
+}
+
+TEST(KXChartPropertyBase, ACallbackMayDestroyTheObjectThatCallsIt)
+{
+    const auto make = [](std::unique_ptr<RoundStripProperty>& owner) {
+        owner = std::make_unique<RoundStripProperty>();
+        owner->registerUpdatedEvents([&owner](const std::string&) { owner.reset(); });
+    };
+    std::unique_ptr<RoundStripProperty> object;
+    RoundStripProperty other;
+    other.updateShowLabels(true);
+    make(object);
+    object->updateLimit(3);
+    make(object);
+    object->triggerAllPropertiesUpdatedEvents();
+    make(object);
+    other.assignUpdatedPropertiesTo(object.get(), {}, true);
+    make(object);
+    object->customResetProperties(KXChartResetType::All, &other, {"Strip"});
+    EXPECT_FALSE(object);
+
+    object = std::make_unique<RoundStripProperty>();
+    object->setShowLabels(false);
+    other.registerUpdatedEvents([&](const std::string&) { object.reset(); });
+    object->assignTo(&other, {}, true);
+    EXPECT_FALSE(object) << "the source may go as well";
+}
+
+TEST(KXChartPropertyBase, ACallbackMayUnregisterItself)
+{
+    StripProperty object;
+    std::string text(100, 'x');
+    object.registerUpdatedEvents([&object, text](const std::string& key) {
+        object.unregisterAllUpdatedEvents();
+        EXPECT_EQ(text.size() + key.size(), 100 + std::string("m_stripWidth").size());
+    });
+    object.updateStripWidth(1);
+    object.updateStripWidth(2);
+    EXPECT_EQ(object.getUpdatedKeys().size(), 1u);
+}
+
+TEST(KXChartPropertyBase, NumbersThatAreNoneAreWrittenAsNull)
+{
+    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        StripProperty object, read;
+        object.updateStripWidth(value);
+        EXPECT_FALSE(read.deserialize(object.serialize()));
+        EXPECT_EQ(read.getStripWidth(), 0.8);
+    }
+}

@@ -1,0 +1,115 @@
+#include "kx_object_id.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr std::uint64_t noIndex = (std::numeric_limits<std::uint64_t>::max)();
+
+KXObjectIDPath bar(int value) { return kxCreateObjectIDPath(static_cast<KXBarChartObjectIDPath>(value)); }
+KXObjectIDPath line(int value) { return kxCreateObjectIDPath(static_cast<KXLineChartObjectIDPath>(value)); }
+KXObjectIDPath text(const std::string& value) { return kxCreateObjectIDPath(value); }
+KXObjectIDProperty color(const std::string& value) { return kxCreateObjectIDProperty(value); }
+
+/** Expects that every element sorts before all later ones and equals only itself. */
+template <class T>
+void expectAscending(const std::vector<T>& values)
+{
+    for (std::size_t a = 0; a < values.size(); ++a) {
+        for (std::size_t b = 0; b < values.size(); ++b) {
+            SCOPED_TRACE(std::to_string(a) + " and " + std::to_string(b));
+            EXPECT_EQ(values[a] < values[b], a < b);
+            EXPECT_EQ(values[a] > values[b], a > b);
+            EXPECT_EQ(values[a] <= values[b], a <= b);
+            EXPECT_EQ(values[a] >= values[b], a >= b);
+            EXPECT_EQ(values[a] == values[b], a == b);
+            EXPECT_EQ(values[a] != values[b], a != b);
+        }
+    }
+}
+
+} // namespace
+
+TEST(KXObjectID, AnswersTheIndexOfEachPath)
+{
+    const KXObjectID id = KXObjectID::instance().path(bar(0)).index(2).path(line(0)).index(5).property(
+        color("fill"));
+    EXPECT_EQ(id.path(bar(0)).index(), 2u);
+    EXPECT_TRUE(id.path(line(0)).hasIndex(5));
+    EXPECT_FALSE(id.path(line(0)).hasIndex(2));
+    EXPECT_EQ(id.path(bar(1)).index(), noIndex);
+    EXPECT_FALSE(id.path(bar(1)).hasIndex(noIndex));
+    EXPECT_TRUE(id.hasPathType(line(0)));
+    EXPECT_FALSE(id.hasPathType(text("0")));
+    EXPECT_TRUE(id.hasProperty(color("fill")));
+    EXPECT_FALSE(id.hasProperty(color("stroke")));
+    EXPECT_EQ(id.property(), color("fill"));
+}
+
+TEST(KXObjectID, IndexFillsTheSelectedPathAndEndsTheSelection)
+{
+    const KXObjectID empty = KXObjectID::instance();
+    EXPECT_FALSE(empty.hasPathTypes());
+    EXPECT_FALSE(empty.hasProperty());
+    EXPECT_EQ(empty.index(), noIndex);
+    EXPECT_EQ(empty.index(3), empty);
+    EXPECT_EQ(empty.property(), KXObjectIDProperty());
+
+    const KXObjectID one = empty.path(bar(0)).path(line(7)).index(1);
+    EXPECT_FALSE(one.hasPathType(bar(0)));
+    EXPECT_EQ(one.index(), noIndex) << "nothing is selected any more";
+    EXPECT_EQ(one.index(9), one);
+    EXPECT_EQ(one.path(line(7)).index(4), empty.path(line(7)).index(4)) << "overwritten, not added";
+    EXPECT_EQ(one.path(line(7)).index(), 1u) << "the copies left it alone";
+    EXPECT_EQ(one.path(bar(3)), one) << "a selection is no part of what is named";
+}
+
+TEST(KXObjectID, PathsOfDifferentTypesNeverMeet)
+{
+    std::map<KXObjectIDPath, int> paths;
+    for (const KXObjectIDPath& path :
+         {bar(1), line(1), kxCreateObjectIDPath(static_cast<KXPieChartObjectIDPath>(1)),
+          kxCreateObjectIDPath(static_cast<KXHeatMapChartObjectIDPath>(1)),
+          kxCreateObjectIDPath(static_cast<KXChartObjectIDProperty>(1)), text("1"),
+          kxCreateObjectIDPath("1")})
+        ++paths[path];
+    EXPECT_EQ(paths.size(), 7u);
+    EXPECT_EQ(kxCreateObjectIDPath("1"), kxCreateObjectIDPath(std::string("1").c_str()));
+    EXPECT_EQ(kxCreateObjectIDPath(static_cast<const char*>(nullptr)), kxCreateObjectIDPath(""));
+    EXPECT_NE(kxCreateObjectIDProperty(static_cast<KXBarChartObjectIDProperty>(1)),
+              kxCreateObjectIDProperty(static_cast<KXLineChartObjectIDProperty>(1)));
+    EXPECT_NE(kxCreateObjectIDProperty(static_cast<KXHeatMapChartObjectIDProperty>(1)),
+              kxCreateObjectIDProperty(static_cast<KXChartObjectIDProperty>(1)));
+}
+
+TEST(KXObjectID, OrdersPathsByTypeThenValue)
+{
+    // The mangled names begin with their length, which puts enumerations before std::string.
+    expectAscending<KXObjectIDPath>(
+        {bar(-1), bar(0), bar(10), line(-5), line(0), text(""), text("10"), text("9"), text("a"), text("é")});
+}
+
+TEST(KXObjectID, OrdersByPropertyThenSizeThenIndexes)
+{
+    const KXObjectID none = KXObjectID::instance();
+    const KXObjectID barTwo = none.path(bar(0)).index(2);
+    expectAscending<KXObjectID>({
+        none,
+        none.path(bar(0)).index(1),
+        barTwo,
+        none.path(bar(1)).index(0),
+        none.path(line(0)).index(noIndex),
+        none.path(bar(0)).index(0).path(line(0)).index(9),
+        barTwo.path(line(0)).index(1),
+        barTwo.path(line(1)).index(0),
+        none.property(color("a")),
+        barTwo.property(color("a")),
+        none.property(color("b")),
+    });
+}
