@@ -1,0 +1,889 @@
+#include "ux/ux_json_object.h"
+
+#include "ux/ux_arrangement.h"
+#include "ux/ux_assert.h"
+#include "ux/ux_color.h"
+#include "ux/ux_font.h"
+#include "ux/ux_hint_info.h"
+#include "ux/ux_hint_position.h"
+#include "ux/ux_json_object_factory.h"
+#include "ux/ux_json_object_use_case.h"
+#include "ux/ux_json_path_resolver.h"
+#include "ux/ux_point.h"
+#include "ux/ux_position.h"
+#include "ux/ux_rect.h"
+#include "ux/ux_size.h"
+#include "ux/ux_symbol_style.h"
+#include "ux/ux_text_align.h"
+#include "ux/ux_text_property.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <locale>
+#include <memory>
+#include <optional>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using DoubleLimits = std::numeric_limits<double>;
+
+/** Writes and reads whatever a test wants. */
+class Scripted : public UXJsonObject {
+public:
+    void customSerialize() override
+    {
+        if (onWrite)
+            onWrite(*this);
+    }
+    std::string customSerializeTypeID() override { return "Scripted"; }
+    std::string customSerializeVersion() override { return version; }
+    bool customDeserialize() override { return !onRead || onRead(*this); }
+
+    std::function<void(Scripted&)> onWrite;
+    std::function<bool(Scripted&)> onRead;
+    std::string version = "0";
+};
+
+/** Answers what one reader says of a text, and the value that it leaves. */
+template <class T, class Reader>
+std::optional<T> readOne(const std::string& text, T initial, Reader reader)
+{
+    Scripted object;
+    T value = initial;
+    object.onRead = [&](Scripted& self) { return (self.*reader)("m_key", value); };
+    if (object.deserialize(text))
+        return value;
+    EXPECT_EQ(value, initial) << "a refused value was stored";
+    return std::nullopt;
+}
+
+std::string writeOne(const std::function<void(Scripted&)>& write)
+{
+    Scripted object;
+    object.onWrite = write;
+    return object.serialize();
+}
+
+std::string withHead(const std::string& members)
+{
+    return R"({"type":"Scripted","version":"0")" + (members.empty() ? "" : "," + members) + "}";
+}
+
+bool readsNothing(Scripted&) { return true; }
+
+/** A node with a number, owned children, and a reference to any node. */
+class Node : public UXJsonObject {
+public:
+    Node() : UXJsonObject(s_resolver) {}
+
+    void customSerialize() override
+    {
+        serializeInt64("m_number", number);
+        serializeObject("m_first", first.get());
+        serializeObjectWeakRef("m_other", other);
+        serializeObject("m_second", second.get());
+    }
+    std::string customSerializeTypeID() override { return "Node"; }
+    bool customDeserialize() override
+    {
+        bool complete = deserializeInt64("m_number", number);
+        complete = deserializeObject("m_first", [this](UXJsonObject* o) { return own(first, o); }) &&
+                   complete;
+        complete = deserializeObjectWeakRef("m_other",
+                                            [this](UXJsonObject* o) {
+                                                other = dynamic_cast<Node*>(o);
+                                                return true;
+                                            }) &&
+                   complete;
+        return deserializeObject("m_second", [this](UXJsonObject* o) { return own(second, o); }) && complete;
+    }
+
+    int number = 0;
+    std::unique_ptr<Node> first, second;
+    Node* other = nullptr;
+    std::vector<Node*> parts; // not written; a part's place is its index
+
+private:
+    class Resolver : public UXJsonPathResolver {
+    public:
+        std::string obtainPath(UXJsonObject* object, UXJsonObject* target) const override
+        {
+            const auto& known = dynamic_cast<Node*>(object)->parts;
+            for (std::size_t i = 0; i < known.size(); ++i) {
+                if (known[i] == target)
+                    return std::to_string(i);
+            }
+            return {};
+        }
+        UXJsonObject* obtainObject(UXJsonObject* object, const std::string& path) const override
+        {
+            for (Node* part : dynamic_cast<Node*>(object)->parts) {
+                if (obtainPath(object, part) == path)
+                    return part;
+            }
+            return nullptr;
+        }
+    };
+
+    static bool own(std::unique_ptr<Node>& place, UXJsonObject* object)
+    {
+        place.reset(dynamic_cast<Node*>(object));
+        return true;
+    }
+
+    static inline const Resolver s_resolver;
+};
+
+class NodeFactory : public UXJsonObjectFactory {
+public:
+    UXJsonObject* customCreate(const std::string& typeName) override
+    {
+        return typeName == "Node" ? new Node : UXJsonObjectFactory::customCreate(typeName);
+    }
+};
+
+/** Counts failed checks instead of printing them. */
+class FailedChecks {
+public:
+    FailedChecks()
+    {
+        uxSetAssertHandler([this](std::source_location) { ++count; });
+    }
+    ~FailedChecks() { uxSetAssertHandler({}); }
+
+    int count = 0;
+};
+
+TEST(UXJsonObject, ReadersTakeTheirOwnTypeOnly)
+{
+    struct Case {
+        const char* name;
+        std::string literal;
+        std::optional<bool> asBool;
+        std::optional<int> asInt;
+        std::optional<std::int64_t> asInt64;
+        std::optional<double> asDouble;
+        std::optional<std::string> asString;
+    };
+    constexpr int c_intMax = (std::numeric_limits<int>::max)(), c_intMin = (std::numeric_limits<int>::min)();
+    constexpr std::int64_t c_max = (std::numeric_limits<std::int64_t>::max)();
+    constexpr std::int64_t c_min = (std::numeric_limits<std::int64_t>::min)();
+    const Case cases[] = {
+        {"truth", "true", true, {}, {}, {}, {}},
+        {"integer", "-12", {}, -12, -12, -12.0, {}},
+        {"an integer is no truth", "1", {}, 1, 1, 1.0, {}},
+        {"beyond 32 bits", "5000000000", {}, c_intMax, 5000000000, 5e9, {}},
+        {"below 32 bits", "-5000000000", {}, c_intMin, -5000000000, -5e9, {}},
+        {"64 bits", "9223372036854775807", {}, c_intMax, c_max, 9223372036854775807.0, {}},
+        {"unsigned 64 bits", "18446744073709551615", {}, c_intMax, c_max, 18446744073709551615.0, {}},
+        {"beyond 64 bits", "100000000000000000000000", {}, c_intMax, c_max, 1e23, {}},
+        {"below 64 bits", "-100000000000000000000000", {}, c_intMin, c_min, -1e23, {}},
+        {"fraction", "1.5", {}, {}, {}, 1.5, {}},
+        {"a whole fraction is no integer", "1.0", {}, {}, {}, 1.0, {}},
+        {"an exponent is no integer", "1e2", {}, {}, {}, 100.0, {}},
+        {"too small", "-1e-400", {}, {}, {}, -0.0, {}},
+        {"text", "\"1\"", {}, {}, {}, {}, "1"},
+        {"escapes",
+         R"("\u00e9\ud83d\ude00\u0000")",
+         {},
+         {},
+         {},
+         {},
+         std::string("\xc3\xa9\xf0\x9f\x98\x80\0", 7)},
+        {"null", "null", {}, {}, {}, {}, {}},
+        {"list", "[1]", {}, {}, {}, {}, {}},
+        {"object", "{}", {}, {}, {}, {}, {}},
+    };
+    using Key = const std::string&;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string text = "{\"m_key\":" + c.literal + "}";
+        EXPECT_EQ(readOne(text, false, &Scripted::deserializeBool), c.asBool);
+        EXPECT_EQ(
+            readOne(text, 77, static_cast<bool (UXJsonObject::*)(Key, int&)>(&Scripted::deserializeInt64)),
+            c.asInt);
+        EXPECT_EQ(
+            readOne(text, std::int64_t{77},
+                    static_cast<bool (UXJsonObject::*)(Key, std::int64_t&)>(&Scripted::deserializeInt64)),
+            c.asInt64);
+        EXPECT_EQ(readOne(text, 7.5, &Scripted::deserializeDouble), c.asDouble);
+        EXPECT_EQ(readOne(text, std::string("before"), &Scripted::deserializeString), c.asString);
+    }
+}
+
+TEST(UXJsonObject, DoublesReadBackBitForBitInAnyLocale)
+{
+    struct CommaPunct : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaPunct));
+
+    std::vector<double> values = {0.0,
+                                  -0.0,
+                                  0.1,
+                                  1.0 / 3,
+                                  1e21,
+                                  1e22,
+                                  123456789.0,
+                                  9007199254740993.0,
+                                  2.5e-310,
+                                  DoubleLimits::denorm_min(),
+                                  (DoubleLimits::min)(),
+                                  (DoubleLimits::max)(),
+                                  -(DoubleLimits::max)()};
+    std::mt19937_64 random(20260);
+    while (values.size() < 3000) {
+        const double value = std::bit_cast<double>(random());
+        if (std::isfinite(value))
+            values.push_back(value);
+    }
+    for (const double value : values) {
+        const std::string text = writeOne([&](Scripted& self) { self.serializeDouble("m_key", value); });
+        const std::optional<double> read = readOne(text, 7.5, &Scripted::deserializeDouble);
+        ASSERT_TRUE(read) << text;
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(*read), std::bit_cast<std::uint64_t>(value)) << text;
+    }
+    std::locale::global(before);
+}
+
+TEST(UXJsonObject, WritesKeysInOrderAndValuesThatJsonCanSay)
+{
+    const std::string text = writeOne([](Scripted& self) {
+        self.serializeString("m_z", "quote \" tab \t");
+        self.serializeBool("m_a", true);
+        self.serializeInt64("m_m", -5);
+        self.serializeInt64("m_l", (std::numeric_limits<std::int64_t>::min)());
+        self.serializeDouble("m_whole", 2);
+        self.serializeDouble("m_nan", NAN);
+        self.serializeDouble("m_inf", -INFINITY);
+        self.serializeString("m_broken", "a\xff\xc3");
+        self.serializeBool("m_a", false);
+    });
+    EXPECT_EQ(text, withHead(R"("m_z":"quote \" tab \t","m_a":false,"m_m":-5,"m_l":-9223372036854775808,)"
+                             R"("m_whole":2.0,"m_nan":null,"m_inf":null,"m_broken":"a)"
+                             "\xef\xbf\xbd\xef\xbf\xbd\""));
+}
+
+TEST(UXJsonObject, BrokenTextIsRefusedBeforeAnythingIsRead)
+{
+    struct Case {
+        const char* name;
+        std::string text;
+    };
+    const std::string closed(1'000'000, ']');
+    const Case cases[] = {
+        {"nothing", ""},
+        {"no object", "[]"},
+        {"a bare value", "null"},
+        {"cut off", R"({"m_key":1)"},
+        {"cut off in a text", R"({"m_key":1,"a)"},
+        {"something behind it", R"({"m_key":1} x)"},
+        {"two documents", R"({"m_key":1}{"m_key":1})"},
+        {"a comma too many", R"({"m_key":1,})"},
+        {"a comment", R"({"m_key":1/**/})"},
+        {"no JSON number", R"({"m_key":1,"a":NaN})"},
+        {"a leading zero", R"({"m_key":1,"a":01})"},
+        {"beyond a double", R"({"m_key":1,"a":1e999})"},
+        {"a whole number beyond a double", R"({"m_key":1,"a":1)" + std::string(400, '0') + "}"},
+        {"no UTF-8", "{\"m_key\":1,\"a\":\"\xff\"}"},
+        {"overlong UTF-8", "{\"m_key\":1,\"a\":\"\xc0\x80\"}"},
+        {"half a pair", R"({"m_key":1,"a":"\ud800"})"},
+        {"a control character", "{\"m_key\":1,\"a\":\"\n\"}"},
+        {"a zero byte", std::string("{\"m_key\":1}\0", 12)},
+        {"as many brackets as fit", std::string(1'000'000, '[')},
+        {"as many brackets, closed", R"({"m_key":1,"a":)" + std::string(1'000'000, '[') + closed + "}"},
+        {"as many objects",
+         [] {
+             std::string text;
+             for (int i = 0; i < 100'000; ++i)
+                 text += "{\"a\":";
+             return text;
+         }()},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Scripted object;
+        bool wasRead = false;
+        object.onRead = [&](Scripted&) { return wasRead = true; };
+        EXPECT_FALSE(object.deserialize(c.text));
+        EXPECT_FALSE(wasRead);
+    }
+}
+
+TEST(UXJsonObject, NestingAndLengthHaveLimits)
+{
+    Scripted object;
+    object.onRead = readsNothing;
+    const auto nested = [](std::size_t lists) {
+        return "{\"a\":" + std::string(lists, '[') + std::string(lists, ']') + "}";
+    };
+    EXPECT_TRUE(object.deserialize(nested(255)));
+    EXPECT_FALSE(object.deserialize(nested(256)));
+
+    std::string longText(std::size_t{64} * 1024 * 1024, ' ');
+    longText[0] = '{';
+    longText[1] = '}';
+    EXPECT_TRUE(object.deserialize(longText));
+    longText += ' ';
+    EXPECT_FALSE(object.deserialize(longText));
+}
+
+TEST(UXJsonObject, OfARepeatedKeyTheLastCounts)
+{
+    for (const int otherKeys : {0, 10, 100'000}) {
+        SCOPED_TRACE(otherKeys);
+        std::string text = R"({"m_key":1.5,)";
+        for (int i = 0; i < otherKeys; ++i)
+            text += "\"k" + std::to_string(i) + "\":0,";
+        text += R"("m_key":2.5})";
+        EXPECT_EQ(readOne(text, 0.0, &Scripted::deserializeDouble), 2.5);
+    }
+}
+
+TEST(UXJsonObject, MissingKeysKeepTheirMembers)
+{
+    Scripted object;
+    int present = 1, missing = 2;
+    object.onRead = [&](Scripted& self) {
+        bool complete = self.deserializeInt64("m_missing", missing);
+        return self.deserializeInt64("m_present", present) && complete;
+    };
+    EXPECT_FALSE(object.deserialize(R"({"m_present":5})"));
+    EXPECT_EQ(present, 5);
+    EXPECT_EQ(missing, 2);
+}
+
+/** Writes and reads one member of each structure and enumeration of the framework. */
+class Values : public UXJsonObject {
+public:
+    void customSerialize() override
+    {
+        serializeUXPoint("m_point", point);
+        serializeUXSize("m_size", size);
+        serializeUXRect("m_rect", rect);
+        serializeUXColor("m_color", color);
+        serializeUXFont("m_font", font);
+        serializeUXTextProperty("m_text", text);
+        serializeUXHintInfo("m_hint", hint);
+        serializeUXPosition("m_position", position);
+        serializeUXHintPosition("m_hintPosition", hintPosition);
+        serializeUXArrangement("m_arrangement", arrangement);
+        serializeUXSymbolStyle("m_symbolStyle", symbolStyle);
+        serializeUXTextAlign("m_textAlign", textAlign);
+    }
+    std::string customSerializeTypeID() override { return "Values"; }
+    bool customDeserialize() override
+    {
+        int read = 0;
+        read += deserializeUXPoint("m_point", point);
+        read += deserializeUXSize("m_size", size);
+        read += deserializeUXRect("m_rect", rect);
+        read += deserializeUXColor("m_color", color);
+        read += deserializeUXFont("m_font", font);
+        read += deserializeUXTextProperty("m_text", text);
+        read += deserializeUXHintInfo("m_hint", hint);
+        read += deserializeUXPosition("m_position", position);
+        read += deserializeUXHintPosition("m_hintPosition", hintPosition);
+        read += deserializeUXArrangement("m_arrangement", arrangement);
+        read += deserializeUXSymbolStyle("m_symbolStyle", symbolStyle);
+        read += deserializeUXTextAlign("m_textAlign", textAlign);
+        return read == 12;
+    }
+
+    UXPoint point;
+    UXSize size;
+    UXRect rect;
+    UXColor color;
+    UXFont font;
+    UXTextProperty text;
+    UXHintInfo hint;
+    UXPosition position{};
+    UXHintPosition hintPosition{};
+    UXArrangement arrangement{};
+    UXSymbolStyle symbolStyle{};
+    UXTextAlign textAlign{};
+};
+
+Values makeValues()
+{
+    Values values;
+    values.point = {-1, 2};
+    values.size = {3, 4};
+    values.rect = {5, 6, 7, 8};
+    values.color = {9, 10, 11, 0.1};
+    values.font = {"Serif", 13, true, true, 14};
+    values.text = {values.font, UXTextAlign::Right, UXTextOption::EllipsisMiddle, 1, UXColor(1, 2, 3, 0.5)};
+    values.hint = UXHintInfo(false);
+    values.hint.title = "T\xc3\xa4";
+    values.hint.titleProperty = values.text;
+    values.hint.addRow(values.color, UXSymbolStyle::Line, "label", "value").labelProperty = values.text;
+    values.hint.addRow(20);
+    values.hint.addFooterRow(values.color, UXSymbolStyle::Area, "sum", "3");
+    values.hint.position = UXHintPosition::Top;
+    values.hint.maxWidth = 300;
+    values.position = UXPosition::BottomRight;
+    values.hintPosition = UXHintPosition::Top;
+    values.arrangement = UXArrangement::Column;
+    values.symbolStyle = UXSymbolStyle::AssistantLineWithDot;
+    values.textAlign = UXTextAlign::Center;
+    return values;
+}
+
+TEST(UXJsonObject, FrameworkValuesReadBack)
+{
+    Values values = makeValues();
+    const std::string text = values.serialize();
+    Values read;
+    EXPECT_TRUE(read.deserialize(text));
+    EXPECT_EQ(read.rect, values.rect);
+    EXPECT_EQ(read.color, values.color);
+    EXPECT_EQ(read.text, values.text);
+    EXPECT_EQ(read.hint, values.hint);
+    EXPECT_EQ(read.symbolStyle, values.symbolStyle);
+    EXPECT_EQ(read.serialize(), text);
+    EXPECT_EQ(values.serialize(), text);
+}
+
+TEST(UXJsonObject, AFrameworkValueIsReadWholeOrNotAtAll)
+{
+    struct Case {
+        const char* name;
+        std::string from, to;
+    };
+    const Case cases[] = {
+        {"a field is missing", R"("m_color":{"red":9,)", R"("m_color":{)"},
+        {"a field is of another type", R"("m_rect":{"x":5)", R"("m_rect":{"x":5.5)"},
+        {"no object", R"("m_point":{"x":-1,"y":2})", R"("m_point":[-1,2])"},
+        {"null", R"("m_size":{"width":3,"height":4})", R"("m_size":null)"},
+        {"a field in a field", R"("familyName":"Serif")", R"("familyName":null)"},
+        {"an element of a list", R"("label":"sum")", R"("label":3)"},
+        {"a list is none", R"("rows":[)", R"("rows":3,"x":[)"},
+        {"an unknown name", R"("m_position":"BottomRight")", R"("m_position":"bottomRight")"},
+        {"a number for a name", R"("m_arrangement":"Column")", R"("m_arrangement":1)"},
+    };
+    const std::string whole = makeValues().serialize();
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::string text = whole;
+        const std::size_t at = text.find(c.from);
+        ASSERT_NE(at, std::string::npos);
+        text.replace(at, c.from.size(), c.to);
+
+        // Only the value that holds the fault stays at its default; a second pass leaves a read one alone.
+        Values read, untouched;
+        EXPECT_FALSE(read.deserialize(text));
+        const int changed = (read.color != untouched.color) + (read.rect != untouched.rect) +
+                            (read.point != untouched.point) + (read.size != untouched.size) +
+                            (read.font != untouched.font) + (read.hint != untouched.hint) +
+                            (read.position != untouched.position) +
+                            (read.arrangement != untouched.arrangement);
+        EXPECT_EQ(changed, 7);
+        Values kept = makeValues();
+        EXPECT_FALSE(kept.deserialize(text));
+        EXPECT_EQ(kept.serialize(), whole);
+    }
+}
+
+/** Lists of lists of whole numbers, read the way every class reads its lists. */
+class Lists : public UXJsonObject {
+public:
+    void customSerialize() override
+    {
+        write("m_lists", lists, [this](auto& row) { writeRow(row); });
+    }
+    std::string customSerializeTypeID() override { return "Lists"; }
+    bool customDeserialize() override
+    {
+        return read("m_lists", lists, [this](auto& row) {
+            return read("", row, [this](int& number) { return deserializeInt64("", number); });
+        });
+    }
+
+    std::vector<std::vector<int>> lists;
+
+private:
+    void writeRow(const std::vector<int>& row)
+    {
+        write("", row, [this](int number) { serializeInt64("", number); });
+    }
+
+    template <class T, class Element>
+    void write(const std::string& key, const std::vector<T>& values, Element element)
+    {
+        if (serializeCheckInit(key)) {
+            serializeArrayBegin();
+            for (const T& value : values)
+                element(value);
+            serializeArrayEnd(key);
+        }
+        serializeCheckFinalize();
+    }
+
+    template <class T, class Element>
+    bool read(const std::string& key, std::vector<T>& values, Element element)
+    {
+        if (!deserializeArrayBegin(key)) {
+            deserializeArrayEnd();
+            return false;
+        }
+        values.clear();
+        std::uint64_t count = 0;
+        bool complete = deserializePeekArray(count);
+        for (std::uint64_t i = 0; i < count; ++i) {
+            T value{};
+            UXJsonValue* json = nullptr;
+            bool understood = deserializeArrayElement(i, json);
+            if (understood) {
+                pushJsonValue(json);
+                understood = element(value);
+                popJsonValue();
+                deleteJsonValue(json);
+            }
+            if (understood)
+                values.push_back(value);
+            complete = complete && understood;
+        }
+        return deserializeArrayEnd() && complete;
+    }
+};
+
+TEST(UXJsonObject, ListsOfLists)
+{
+    Lists written;
+    written.lists = {{1, 2}, {}, {3}};
+    const std::string text = written.serialize();
+    EXPECT_EQ(text, R"({"type":"Lists","version":"0","m_lists":[[1,2],[],[3]]})");
+
+    struct Case {
+        const char* name;
+        std::string text;
+        bool complete;
+        std::vector<std::vector<int>> expected;
+    };
+    const Case cases[] = {
+        {"what was written", text, true, written.lists},
+        {"empty", R"({"m_lists":[]})", true, {}},
+        {"a wrong element is left out", R"({"m_lists":[[1],7,[2]]})", false, {{1}, {2}}},
+        {"an incomplete element too", R"({"m_lists":[[1],[2,"x"]]})", false, {{1}}},
+        {"no list", R"({"m_lists":{}})", false, {{9}}},
+        {"missing", R"({})", false, {{9}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Lists read;
+        read.lists = {{9}};
+        EXPECT_EQ(read.deserialize(c.text), c.complete);
+        EXPECT_EQ(read.lists, c.expected);
+    }
+}
+
+TEST(UXJsonObject, NestedObjectsCarryTypeVersionAndId)
+{
+    Node root;
+    root.first = std::make_unique<Node>();
+    root.first->number = 1;
+    root.second = std::make_unique<Node>();
+    root.other = root.second.get();
+    root.first->other = &root;
+    root.second->other = root.first.get();
+    const std::string text = root.serialize();
+    EXPECT_EQ(text,
+              R"({"type":"Node","version":"0","m_number":0,)"
+              R"("m_first":{"type":"Node","version":"0","id":1,"m_number":1,"m_first":null,"m_other":0,)"
+              R"("m_second":null},"m_other":2,)"
+              R"("m_second":{"type":"Node","version":"0","id":2,"m_number":0,"m_first":null,"m_other":1,)"
+              R"("m_second":null}})");
+    EXPECT_EQ(root.serialize(), text);
+
+    // What a reference means must have been read before it, so the root's own is not found.
+    NodeFactory factory;
+    Node read;
+    EXPECT_FALSE(read.deserialize(text, &factory));
+    ASSERT_TRUE(read.first && read.second);
+    EXPECT_EQ(read.first->number, 1);
+    EXPECT_EQ(read.first->other, &read);
+    EXPECT_EQ(read.second->other, read.first.get());
+    EXPECT_EQ(read.other, nullptr);
+
+    root.other = root.first.get();
+    EXPECT_TRUE(read.deserialize(root.serialize(), &factory));
+    EXPECT_EQ(read.other, read.first.get());
+}
+
+TEST(UXJsonObject, NestedObjectsThatCannotBeMade)
+{
+    struct Case {
+        const char* name;
+        std::string value;
+        bool withFactory;
+    };
+    const Case cases[] = {
+        {"unknown type", R"({"type":"node"})", true},    {"no type", R"({"m_number":1})", true},
+        {"type of another kind", R"({"type":1})", true}, {"a text", R"("Node")", true},
+        {"a list", R"([{"type":"Node"}])", true},        {"no factory", R"({"type":"Node"})", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Scripted object;
+        bool wasPlaced = false;
+        object.onRead = [&](Scripted& self) {
+            return self.deserializeObject("m_key", [&](UXJsonObject*) { return wasPlaced = true; });
+        };
+        NodeFactory factory;
+        EXPECT_FALSE(object.deserialize("{\"m_key\":" + c.value + "}", c.withFactory ? &factory : nullptr));
+        EXPECT_FALSE(wasPlaced);
+    }
+}
+
+TEST(UXJsonObject, ReferencesToPartsAreTheirPlaces)
+{
+    Node root, partA, partB, stranger;
+    root.parts = {&partA, &partB};
+    root.other = &partB;
+    EXPECT_NE(root.serialize().find(R"("m_other":"1")"), std::string::npos);
+
+    Node read, readA, readB;
+    read.parts = {&readA, &readB};
+    EXPECT_TRUE(read.deserialize(root.serialize()));
+    EXPECT_EQ(read.other, &readB);
+
+    // A place that is not there, and an object that the document does not hold, leave the reference alone.
+    read.parts = {&readA};
+    EXPECT_FALSE(read.deserialize(root.serialize()));
+    EXPECT_EQ(read.other, &readB);
+    root.other = &stranger;
+    EXPECT_FALSE(read.deserialize(root.serialize()));
+    EXPECT_EQ(read.other, &readB);
+
+    root.other = nullptr;
+    EXPECT_TRUE(read.deserialize(root.serialize()));
+    EXPECT_EQ(read.other, nullptr);
+}
+
+TEST(UXJsonObject, AnObjectThatIsGoneIsNotReferredTo)
+{
+    Scripted object;
+    UXJsonObject* found = nullptr;
+    object.onRead = [&](Scripted& self) {
+        const bool placed = self.deserializeObject("m_key", [](UXJsonObject* made) {
+            delete made;
+            return true;
+        });
+        const bool resolved = self.deserializeObjectWeakRef("m_ref", [&](UXJsonObject* target) {
+            found = target;
+            return true;
+        });
+        return placed && resolved;
+    };
+    NodeFactory factory;
+    EXPECT_FALSE(object.deserialize(
+        R"({"m_key":{"type":"Node","id":4,"m_number":1,"m_first":null,"m_other":null,"m_second":null},"m_ref":4})",
+        &factory));
+    EXPECT_EQ(found, nullptr);
+}
+
+TEST(UXJsonObject, ExistingObjectsAreReadInOrder)
+{
+    struct Case {
+        const char* name;
+        std::string list;
+        bool complete;
+        std::vector<int> numbers;
+    };
+    const std::string tail = R"(,"m_first":null,"m_other":null,"m_second":null})";
+    const std::string one = R"({"type":"Node","m_number":1)" + tail;
+    const std::string two = R"({"type":"Node","m_number":2)" + tail;
+    const Case cases[] = {
+        {"one for each", "[" + one + "," + two + "]", true, {1, 2}},
+        {"one too few", "[" + one + "]", false, {1, 0}},
+        {"one too many", "[" + one + "," + two + "," + one + "]", false, {1, 2}},
+        {"one of another type", R"([{"type":"Other","m_number":1},)" + two + "]", false, {0, 2}},
+        {"one is no object", "[3," + two + "]", false, {0, 2}},
+        {"no list", one, false, {0, 0}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Node first, second;
+        Scripted object;
+        object.onRead = [&](Scripted& self) {
+            return self.deserializeExistingObjectList("m_key", {&first, &second});
+        };
+        EXPECT_EQ(object.deserialize("{\"m_key\":" + c.list + "}"), c.complete);
+        EXPECT_EQ((std::vector<int>{first.number, second.number}), c.numbers);
+    }
+
+    Node first, second;
+    first.number = 3;
+    const std::string text = writeOne([&](Scripted& self) {
+        self.serializeObjectList("m_key", {&first, nullptr, &second});
+    });
+    Node readFirst, readSecond;
+    Scripted object;
+    object.onRead = [&](Scripted& self) {
+        return self.deserializeExistingObjectList("m_key", {&readFirst, nullptr, &readSecond});
+    };
+    EXPECT_FALSE(object.deserialize(text));
+    EXPECT_EQ(readFirst.number, 3);
+}
+
+TEST(UXJsonObject, KnowsWhatItIsReadFrom)
+{
+    struct Case {
+        const char* name;
+        std::string members;
+        bool isCompatible;
+        std::string version;
+    };
+    const Case cases[] = {
+        {"the same", R"("type":"Scripted","version":"1.1")", true, "1.1"},
+        {"older", R"("type":"Scripted","version":"1.0")", true, "1.0"},
+        {"newer", R"("type":"Scripted","version":"1.2")", false, "1.2"},
+        {"another type", R"("type":"Other","version":"1.0")", false, "1.0"},
+        {"no head", R"("m_key":1)", true, "none"},
+        {"a version that is no number", R"("version":"new")", false, "new"},
+        {"a version that is no text", R"("version":1)", false, "none"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Scripted object;
+        object.version = "1.1";
+        std::string version = "none";
+        object.onRead = [&](Scripted& self) {
+            EXPECT_EQ(self.getDeserializedObjectIsCompatible(), c.isCompatible);
+            self.deserializeObjectVersion(version);
+            return true;
+        };
+        EXPECT_TRUE(object.deserialize("{" + c.members + "}"));
+        EXPECT_EQ(object.getDeserializedObjectIsCompatible(), c.isCompatible);
+        EXPECT_EQ(version, c.version);
+    }
+}
+
+TEST(UXJsonObject, SettingsOfTheFactory)
+{
+    Node root;
+    root.first = std::make_unique<Node>();
+    NodeFactory factory;
+
+    factory.setSerializeRootLevelOnly(true);
+    EXPECT_EQ(root.serialize(&factory), R"({"type":"Node","version":"0","m_number":0,"m_other":null})");
+    factory.setSerializeRootLevelOnly(false);
+
+    factory.setGenerateUniqueLastObjectID(true);
+    const auto idOf = [](const std::string& text) { return text.substr(text.find("\"id\":") + 5, 1); };
+    const std::string firstID = idOf(root.serialize(&factory));
+    EXPECT_NE(idOf(root.serialize(&factory)), firstID);
+    factory.setGenerateUniqueLastObjectID(false);
+
+    factory.setUseCase(UXJsonObjectUseCase::Copy);
+    factory.setSerializeUsingTemplateKeys(true);
+    Scripted object;
+    int number = 0;
+    std::string type;
+    object.onWrite = [](Scripted& self) {
+        EXPECT_EQ(self.getSerializeUseCase(), UXJsonObjectUseCase::Copy);
+        EXPECT_NE(self.getSerializedJsonValue(), nullptr);
+        self.serializeInt64("m_number", 4);
+        self.serializeString("m_type", "own");
+    };
+    object.onRead = [&](Scripted& self) {
+        return self.deserializeInt64("m_number", number) && self.deserializeString("m_type", type);
+    };
+    const std::string text = object.serialize(&factory);
+    EXPECT_EQ(text, withHead(R"("number":4,"m_type":"own")"));
+    EXPECT_TRUE(object.deserialize(text, &factory));
+    EXPECT_EQ(number, 4);
+    EXPECT_EQ(type, "own");
+    EXPECT_FALSE(object.deserialize(text));
+    EXPECT_EQ(object.getSerializeUseCase(), UXJsonObjectUseCase{});
+    EXPECT_EQ(object.getSerializedJsonValue(), nullptr);
+}
+
+TEST(UXJsonObject, ADocumentWithinADocumentIsItsOwn)
+{
+    Scripted object;
+    std::string inner;
+    int number = 0;
+    object.onWrite = [&](Scripted& self) { self.serializeInt64("m_number", number); };
+    object.onRead = [&](Scripted& self) {
+        inner = self.serialize();
+        return self.deserializeInt64("m_number", number);
+    };
+    EXPECT_TRUE(object.deserialize(R"({"m_number":6})"));
+    EXPECT_EQ(inner, withHead(R"("m_number":0)"));
+    EXPECT_EQ(number, 6);
+}
+
+TEST(UXJsonObject, MistakesOfAClassHaveNoEffect)
+{
+    FailedChecks checks;
+    Scripted object;
+
+    // Outside of a document there is nothing to write to or read from.
+    int number = 3;
+    object.serializeInt64("m_number", 1);
+    EXPECT_FALSE(object.deserializeInt64("m_number", number));
+    EXPECT_FALSE(object.serializeCheckInit("m_list"));
+    EXPECT_EQ(number, 3);
+    EXPECT_EQ(checks.count, 3);
+
+    // An object inside itself would have no end.
+    object.onWrite = [](Scripted& self) {
+        self.serializeObject("m_self", &self);
+        EXPECT_EQ(self.serialize(), "");
+    };
+    EXPECT_EQ(object.serialize(), withHead(R"("m_self":null)"));
+    EXPECT_EQ(checks.count, 5);
+
+    // Steps without their counterparts.
+    object.onWrite = [](Scripted& self) {
+        self.serializeArrayEnd("m_list");
+        self.serializeInt64("", 1);
+        self.serializeArrayBegin();
+        self.serializeInt64("m_key", 2);
+    };
+    EXPECT_EQ(object.serialize(), withHead(""));
+    object.onRead = [](Scripted& self) {
+        UXJsonValue* element = nullptr;
+        std::uint64_t count = 0;
+        self.popJsonValue();
+        self.pushJsonValue(nullptr);
+        bool value = false;
+        EXPECT_FALSE(self.deserializeBool("m_key", value));
+        return self.deserializeArrayEnd() || self.deserializePeekArray(count) ||
+               self.deserializeArrayElement(0, element);
+    };
+    EXPECT_FALSE(object.deserialize(R"({"m_key":true})"));
+}
+
+TEST(UXJsonObject, WhatIsWrittenCanBeRead)
+{
+    // A chain deeper than a text may be is cut, with everything above the cut intact.
+    Node root;
+    Node* last = &root;
+    for (int i = 1; i < 400; ++i) {
+        last->first = std::make_unique<Node>();
+        last = last->first.get();
+        last->number = i;
+    }
+    FailedChecks checks;
+    NodeFactory factory;
+    Node read;
+    EXPECT_TRUE(read.deserialize(root.serialize(), &factory));
+    EXPECT_EQ(checks.count, 1);
+    int depth = 0;
+    for (const Node* node = read.first.get(); node; node = node->first.get())
+        EXPECT_EQ(node->number, ++depth);
+    EXPECT_GT(depth, 200);
+}
+
+} // namespace
