@@ -38,6 +38,7 @@
 #include "ux/ux_json_object_factory.h"
 #include "ux/ux_json_object_use_case.h"
 #include "ux/ux_json_object_watcher.h"
+#include "ux/ux_json_path_resolver.h"
 #include "ux/ux_json_value.h"
 #include "ux/ux_layout_data.h"
 #include "ux/ux_layout_helper.h"
