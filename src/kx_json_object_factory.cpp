@@ -1,5 +1,6 @@
 #include "kx_json_object_factory.h"
 
+#include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
 #include "ux/ux_string.h"
 
@@ -39,7 +40,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXBarChart),
     KX_TYPE_WITHOUT_CLASS(KXBarChartDataView),
     KX_TYPE_WITHOUT_CLASS(KXBarChartProperty),
-    KX_TYPE_WITHOUT_CLASS(KXChartDataFormat),
+    KX_TYPE(KXChartDataFormat),
     KX_TYPE_WITHOUT_CLASS(KXChartLabel),
     KX_TYPE(KXChartProperty),
     KX_TYPE_WITHOUT_CLASS(KXChartSlider),
