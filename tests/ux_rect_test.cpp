@@ -1,0 +1,170 @@
+#include "ux/ux_rect_functions.h"
+
+#include "ux/ux_line.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <set>
+
+namespace {
+
+constexpr int lowest = (std::numeric_limits<int>::min)();
+constexpr int highest = (std::numeric_limits<int>::max)();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+} // namespace
+
+void PrintTo(const UXRect& rect, std::ostream* out)
+{
+    *out << "(" << rect.x << ", " << rect.y << ", " << rect.width << ", " << rect.height << ")";
+}
+
+TEST(UXSaturate, StopsAtTheLimitsOfInt)
+{
+    EXPECT_EQ(uxSaturateToInt(2147483647.9), highest);
+    EXPECT_EQ(uxSaturateToInt(2147483646.9), highest - 1);
+    EXPECT_EQ(uxSaturateToInt(-2147483648.9), lowest);
+    EXPECT_EQ(uxSaturateToInt(1e300), highest);
+    EXPECT_EQ(uxSaturateToInt(-infinity), lowest);
+    EXPECT_EQ(uxSaturateToInt(std::nan("")), 0);
+    EXPECT_EQ(uxSaturateToInt(-1.9), -1);
+    EXPECT_EQ(uxSaturateToInt(std::int64_t{highest} + 1), highest);
+    EXPECT_EQ(uxSaturateToInt(std::int64_t{lowest} - 1), lowest);
+    EXPECT_EQ(uxSaturateToInt((std::numeric_limits<std::uint64_t>::max)()), highest);
+}
+
+TEST(UXPoint, SumsStopAtTheLimits)
+{
+    UXPoint point(highest, lowest);
+    point += UXPoint(1, -1);
+    EXPECT_EQ(point, UXPoint(highest, lowest));
+    EXPECT_EQ(UXPoint(lowest, highest) - UXPoint(1, -1), UXPoint(lowest, highest));
+    EXPECT_EQ(UXPoint(5, 7) - UXPoint(2, 9), UXPoint(3, -2));
+}
+
+TEST(UXRect, KeysASortedContainerByEveryField)
+{
+    const std::set<UXRect> rects = {{0, 0, 0, 1}, {0, 0, 1, 0}, {0, 1, 0, 0}, {1, 0, 0, 0}, {0, 0, 0, 1}};
+    EXPECT_EQ(rects.size(), 4U);
+    EXPECT_EQ(*rects.rbegin(), UXRect(1, 0, 0, 0));
+    const std::set<UXLine> lines = {{{0, 0}, {0, 1}}, {{0, 1}, {0, 0}}, {{0, 0}, {0, 1}}};
+    EXPECT_EQ(lines.size(), 2U);
+}
+
+TEST(UXRect, ItsFarCornerMovesWithoutItsOrigin)
+{
+    UXRect rect(10, 20, 30, 40);
+    EXPECT_EQ(rect.getBottomRight(), UXPoint(40, 60));
+    rect.setBottom(25);
+    EXPECT_EQ(rect, UXRect(10, 20, 30, 5));
+    rect.setBottomRight({5, 70});
+    EXPECT_EQ(rect, UXRect(10, 20, -5, 50));
+    rect = {highest, -10, 1, 1};
+    EXPECT_EQ(rect.getBottomRight(), UXPoint(highest, -9));
+    rect.setBottom(highest);
+    EXPECT_EQ(rect.height, highest);
+}
+
+TEST(UXRectFunctions, EdgesAndCentres)
+{
+    const UXRect rect(-3, 4, 5, 7);
+    EXPECT_EQ(uxMaxX(rect), 2);
+    EXPECT_EQ(uxMidX(rect), -1);
+    EXPECT_EQ(uxMaxY(rect), 11);
+    EXPECT_EQ(uxMidY(rect), 7);
+    EXPECT_EQ(uxMaxX({highest, 0, highest, 0}), highest);
+    EXPECT_EQ(uxMidY({0, highest, 0, 4}), highest);
+    EXPECT_DOUBLE_EQ(uxMidDoubleX({-3, 4, 5, 7}), -0.5);
+    EXPECT_DOUBLE_EQ(uxMaxDoubleY({-3, 4, 5, 7}), 11);
+}
+
+TEST(UXRectFunctions, InflatingGrowsEachSideByItsAmount)
+{
+    EXPECT_EQ(uxInflateRect({10, 10, 10, 10}, 1, 2), UXRect(9, 8, 12, 14));
+    EXPECT_EQ(uxInflateRect({10, 10, 10, 10}, 1, 2, 3, 4), UXRect(9, 8, 14, 16));
+    EXPECT_EQ(uxInflateRect({0, 0, 4, 4}, -3, -3), UXRect(3, 3, -2, -2));
+    EXPECT_EQ(uxInflateRect({lowest, 0, highest, 0}, highest, lowest),
+              UXRect(lowest, highest, highest, lowest));
+    EXPECT_EQ(uxInflateDoubleRect({0, 0, 1, 1}, 0.5, 0.25), UXDoubleRect(-0.5, -0.25, 2, 1.5));
+    EXPECT_EQ(uxInflateDoubleRect({0, 0, 1, 1}, 1, 2, 3, 4), UXDoubleRect(-1, -2, 5, 7));
+}
+
+TEST(UXRectFunctions, UnionAndIntersection)
+{
+    struct Case {
+        const char* name;
+        UXRect a, b, whole, common;
+    };
+    const Case cases[] = {
+        {"overlapping", {0, 0, 10, 10}, {5, -5, 10, 10}, {0, -5, 15, 15}, {5, 0, 5, 5}},
+        {"touching edges", {0, 0, 10, 10}, {10, 0, 10, 10}, {0, 0, 20, 10}, {}},
+        {"apart", {0, 0, 1, 1}, {9, 9, 1, 1}, {0, 0, 10, 10}, {}},
+        {"one inside the other", {0, 0, 10, 10}, {2, 3, 4, 5}, {0, 0, 10, 10}, {2, 3, 4, 5}},
+        {"one empty, inside", {0, 0, 10, 10}, {5, 5, 0, 3}, {0, 0, 10, 10}, {}},
+        {"one of negative width", {0, 0, 10, 10}, {5, 5, -3, 3}, {0, 0, 10, 10}, {}},
+        {"both empty", {1, 1, 0, 0}, {2, 2, -1, 5}, {2, 2, -1, 5}, {}},
+        {"at both ends", {lowest, 0, 1, 1}, {highest - 1, 0, 1, 1}, {lowest, 0, highest, 1}, {}},
+        {"beyond the end", {5, 5, highest, highest}, {0, 0, 10, 10}, {0, 0, highest, highest}, {5, 5, 5, 5}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(uxUnionRect(c.a, c.b), c.whole);
+        EXPECT_EQ(uxIntersectionRect(c.a, c.b), c.common);
+        EXPECT_EQ(uxIntersectionRect(c.b, c.a), c.common);
+        EXPECT_EQ(uxIntersectsRect(c.a, c.b), !uxIsEmptyRect(c.common));
+    }
+}
+
+TEST(UXRectFunctions, DoubleUnionAndIntersectionTakeNoPartInNaN)
+{
+    const UXDoubleRect rect(0, 0, 10, 10), odd(1, 1, std::nan(""), 5);
+    EXPECT_EQ(uxUnionDoubleRect(rect, odd), rect);
+    EXPECT_EQ(uxUnionDoubleRect(odd, rect), rect);
+    EXPECT_EQ(uxIntersectionDoubleRect(rect, odd), UXDoubleRect());
+    EXPECT_EQ(uxIntersectionDoubleRect(odd, rect), UXDoubleRect());
+    EXPECT_EQ(uxUnionDoubleRect(rect, {9.5, 0, 1, 1}), UXDoubleRect(0, 0, 10.5, 10));
+    EXPECT_EQ(uxIntersectionDoubleRect(rect, {9.5, 0, 1, 1}), UXDoubleRect(9.5, 0, 0.5, 1));
+    EXPECT_EQ(uxIntersectionDoubleRect(rect, {0, 0, infinity, 1}), UXDoubleRect(0, 0, 10, 1));
+    EXPECT_TRUE(uxEqualDoubleRects(rect, {1e-9, 0, 10, 10 - 1e-9}));
+    EXPECT_FALSE(uxEqualDoubleRects(rect, {0, 0, 10, 10.0001}));
+}
+
+TEST(UXRectFunctions, HalfOpenContainment)
+{
+    const UXRect rect(0, 0, 10, 10);
+    EXPECT_TRUE(uxPointInRect({0, 0}, rect));
+    EXPECT_TRUE(uxPointInRect({9, 9}, rect));
+    EXPECT_FALSE(uxPointInRect({10, 5}, rect));
+    EXPECT_FALSE(uxPointInRect({5, 10}, rect));
+    EXPECT_FALSE(uxPointInRect({5, 5}, {10, 10, -10, -10}));
+    EXPECT_TRUE(uxPointInDoubleRect({9.999, 0}, rect));
+    EXPECT_FALSE(uxPointInDoubleRect({std::nan(""), 0}, rect));
+
+    EXPECT_TRUE(uxContainsRect(rect, rect));
+    EXPECT_FALSE(uxContainsRect(rect, {5, 5, 6, 1}));
+    EXPECT_FALSE(uxContainsRect(rect, {5, 5, 0, 0}));
+    EXPECT_FALSE(uxContainsRect({}, {}));
+}
+
+TEST(UXRectFunctions, ShiftingKeepsTheSizeThatFits)
+{
+    struct Case {
+        const char* name;
+        UXRect rect, bound, expected;
+    };
+    const Case cases[] = {
+        {"inside already", {2, 2, 3, 3}, {0, 0, 10, 10}, {2, 2, 3, 3}},
+        {"over the right and the top", {9, -4, 3, 3}, {0, 0, 10, 10}, {7, 0, 3, 3}},
+        {"too wide", {5, 5, 30, 3}, {1, 1, 10, 10}, {1, 5, 10, 3}},
+        {"too large both ways", {5, 5, 30, 30}, {1, 2, 10, 10}, {1, 2, 10, 10}},
+        {"empty bound", {5, 5, 30, 30}, {1, 2, -4, 0}, {1, 2, 0, 0}},
+        {"far away", {lowest, highest, 3, 3}, {0, 0, 10, 10}, {0, 7, 3, 3}},
+        {"bound at the end", {0, 0, 3, 3}, {highest - 2, 0, highest, 9}, {highest - 2, 0, 3, 3}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(uxShiftAndBoundInRect(c.rect, c.bound), c.expected);
+    }
+}

@@ -1,0 +1,192 @@
+#include "ux/ux_text_measurer.h"
+
+#include "ux/ux_approximate_text_measurer.h"
+#include "ux/ux_layout_helper.h"
+#include "ux/ux_text_measure_cache.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+
+namespace {
+
+/** Counts what it is asked, and answers as it is told. Puts the built-in measurer back at its end. */
+class CountingMeasurer final : public UXTextMeasurer {
+public:
+    CountingMeasurer() { uxSetTextMeasurer(this); }
+    ~CountingMeasurer() override { uxSetTextMeasurer(nullptr); }
+
+    UXDoubleSize measureText(const std::string& text, const UXFont&, UXTextOption, int, double limit) override
+    {
+        ++m_calls;
+        m_lastLimit = limit;
+        if (m_meanwhile)
+            m_meanwhile();
+        return text == "odd" ? UXDoubleSize(std::nan(""), -3) : m_answer;
+    }
+
+    int m_calls = 0;
+    double m_lastLimit = 0;
+    UXDoubleSize m_answer{7, 9};
+    std::function<void()> m_meanwhile;
+};
+
+UXDoubleSize measure(const std::string& text, double limit = -1)
+{
+    return uxMeasureText(text, {}, {}, 2, limit);
+}
+
+UXDoubleSize approximate(const std::string& text, int lineMode = 2, double limit = -1, bool bold = false)
+{
+    UXFont font;
+    font.size = 10;
+    font.bold = bold;
+    return UXApproximateTextMeasurer().measureText(text, font, UXTextOption::Default, lineMode, limit);
+}
+
+} // namespace
+
+TEST(UXTextMeasurer, AsksOncePerQuestion)
+{
+    CountingMeasurer measurer;
+    EXPECT_EQ(measure("a"), UXDoubleSize(7, 9));
+    EXPECT_EQ(measure("a"), UXDoubleSize(7, 9));
+    EXPECT_EQ(measurer.m_calls, 1);
+
+    UXFont bold, large, italic, other, named;
+    bold.bold = italic.italic = true;
+    large.size = 13;
+    other.attribute = 1;
+    named.familyName = "Serif";
+    int expected = 1;
+    for (const UXFont& font : {bold, large, italic, other, named}) {
+        (void)uxMeasureText("a", font, {}, 2);
+        EXPECT_EQ(measurer.m_calls, ++expected);
+    }
+    (void)uxMeasureText("a", {}, UXTextOption::EllipsisEnd, 2);
+    (void)uxMeasureText("a", {}, {}, 1);
+    (void)measure("a", 0);
+    (void)measure("a", 0.5);
+    EXPECT_EQ(measurer.m_calls, expected + 4);
+}
+
+TEST(UXTextMeasurer, OddQuestionsAndAnswersAreMadePlain)
+{
+    CountingMeasurer measurer;
+    EXPECT_EQ(measure(""), UXDoubleSize());
+    EXPECT_EQ(measurer.m_calls, 0);
+    EXPECT_EQ(measure("odd"), UXDoubleSize());
+    (void)measure("a", std::nan(""));
+    EXPECT_EQ(measurer.m_lastLimit, -1);
+    (void)measure("a", std::numeric_limits<double>::infinity());
+    (void)measure("a", -7);
+    EXPECT_EQ(measurer.m_calls, 2);
+}
+
+TEST(UXTextMeasurer, ANewMeasurerForgetsTheOldAnswers)
+{
+    CountingMeasurer measurer;
+    (void)measure("a");
+    measurer.m_answer = {1, 2};
+    uxSetTextMeasurer(&measurer);
+    EXPECT_EQ(measure("a"), UXDoubleSize(1, 2));
+
+    // Replaced while it answers: the late answer is not kept for its successor.
+    measurer.m_meanwhile = [] { uxSetTextMeasurer(nullptr); };
+    EXPECT_EQ(measure("b"), UXDoubleSize(1, 2));
+    EXPECT_NE(measure("b"), UXDoubleSize(1, 2));
+}
+
+TEST(UXTextMeasurer, TheLayoutHelperAsksTheSameOne)
+{
+    CountingMeasurer measurer;
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    UXTextProperty property;
+    property.lineMode = 1;
+    EXPECT_EQ(helper->getTextSize("a", property), UXDoubleSize(7, 9));
+    EXPECT_EQ(measurer.m_lastLimit, -1);
+    EXPECT_EQ(helper->getTextSize("a", property, 40), UXDoubleSize(7, 9));
+    EXPECT_EQ(measurer.m_lastLimit, 40);
+    (void)helper->getTextSize("a", property.font, property.option, 1);
+    (void)helper->getTextSize("a", property.font, property.option, 1, 40);
+    EXPECT_EQ(measurer.m_calls, 2);
+}
+
+TEST(UXApproximateTextMeasurer, WidthsFollowTheText)
+{
+    EXPECT_DOUBLE_EQ(approximate("1111").width, approximate("8888").width);
+    EXPECT_LT(approximate("ill").width, approximate("WWW").width);
+    EXPECT_LT(approximate("abc").width, approximate("abc", 2, -1, true).width);
+    EXPECT_DOUBLE_EQ(approximate("\xE6\xBC\xA2\xE5\xAD\x97").width, 20);
+    EXPECT_DOUBLE_EQ(approximate("e\xCC\x81").width, approximate("e").width);
+    EXPECT_DOUBLE_EQ(approximate("a\nabc\nab").width, approximate("abc").width);
+    EXPECT_DOUBLE_EQ(approximate("a\nb\nc").height, 3 * approximate("a").height);
+    EXPECT_GT(approximate("\xFF\xFE").width, 0);
+}
+
+TEST(UXApproximateTextMeasurer, WrapsInLineModeOneAlone)
+{
+    const double limit = approximate("some words").width;
+    EXPECT_EQ(approximate("some words here", 2, limit), approximate("some words here"));
+    EXPECT_EQ(approximate("some words here", 1), approximate("some words here"));
+    const UXDoubleSize wrapped = approximate("some words here", 1, limit);
+    EXPECT_DOUBLE_EQ(wrapped.width, limit);
+    EXPECT_DOUBLE_EQ(wrapped.height, 2 * approximate("some").height);
+
+    UXFont font;
+    const auto cut = UXApproximateTextMeasurer().measureText("abcdef", font, UXTextOption::EllipsisEnd, 2,
+                                                             20);
+    EXPECT_DOUBLE_EQ(cut.width, 20);
+    font.size = -4;
+    EXPECT_EQ(UXApproximateTextMeasurer().measureText("abc", font, {}, 1, 5), UXDoubleSize());
+    font.size = std::numeric_limits<int>::max();
+    EXPECT_TRUE(std::isfinite(uxMeasureText(std::string(1000, 'W'), font, {}, 2).width));
+}
+
+TEST(UXTextMeasureCache, ForgetsWhatWasNotAskedForLongest)
+{
+    UXTextMeasureCache cache(3, 1 << 20);
+    const UXFont font;
+    const auto request = [&](const std::string& text) {
+        return UXTextMeasureRequest{text, font, UXTextOption::Default, 2, -1};
+    };
+    const std::string texts[] = {"a", "b", "c", "d"};
+    for (int i = 0; i < 3; ++i)
+        cache.insert(request(texts[i]), UXDoubleSize(i, i));
+    EXPECT_TRUE(cache.find(request(texts[0])));
+    cache.insert(request(texts[3]), {3, 3});
+    EXPECT_EQ(cache.getCount(), 3U);
+    EXPECT_FALSE(cache.find(request(texts[1])));
+    EXPECT_EQ(cache.find(request(texts[0])), UXDoubleSize(0, 0));
+    EXPECT_EQ(cache.find(request(texts[2])), UXDoubleSize(2, 2));
+
+    cache.insert(request(texts[2]), {5, 5});
+    EXPECT_EQ(cache.find(request(texts[2])), UXDoubleSize(5, 5));
+    EXPECT_EQ(cache.getCount(), 3U);
+}
+
+TEST(UXTextMeasureCache, StaysWithinItsBytes)
+{
+    constexpr std::size_t maximumBytes = 64 << 10;
+    UXTextMeasureCache cache(1 << 20, maximumBytes);
+    const UXFont font;
+    for (int i = 0; i < 5000; ++i) {
+        const std::string text = std::to_string(i) + std::string(static_cast<std::size_t>(i % 700), 'x');
+        const UXTextMeasureRequest request{text, font, UXTextOption::Default, 1, 100.0 + i};
+        cache.insert(request, {1, 1});
+        EXPECT_EQ(cache.find(request), UXDoubleSize(1, 1));
+        ASSERT_LE(cache.getBytes(), maximumBytes);
+    }
+    EXPECT_GT(cache.getCount(), 16U);
+
+    const std::size_t count = cache.getCount();
+    const std::string huge(maximumBytes / 8, 'x');
+    cache.insert({huge, font, UXTextOption::Default, 1, -1}, {1, 1});
+    EXPECT_EQ(cache.getCount(), count);
+    cache.clear();
+    EXPECT_EQ(cache.getBytes(), 0U);
+}
