@@ -166,8 +166,9 @@ public:
                                        UXDrawTextResult& result);
 
     // Images and pictures: stretched to rect, or in their own size with the top left corner at point. An
-    // opacity is from 0 to 1 and holds for the whole; what a picture draws outside its size is cut. They
-    // leave the path as it was, except that a picture drawn straight onto the ground may have used it.
+    // opacity is from 0 to 1 and holds for the whole; what a picture draws outside its size is cut. What
+    // draws a picture, mask or layer begins with the initial state, apart from transform and clip. The path
+    // is empty before and after.
     virtual void drawImage(const UXImage* image, const UXDoubleRect& rect, double opacity) = 0;
     virtual void drawImage(const UXImage* image, const UXDoublePoint& point, double opacity);
     virtual void drawPicture(const UXPicture* picture, const UXDoubleRect& rect, double opacity) = 0;
@@ -205,7 +206,7 @@ public:
      * is known */
     virtual UXTransform getDeviceTransform() const;
 
-    // Many at once; the path is forgotten
+    // Many at once. The path is empty before and after.
     /** Fills each rectangle by itself with the source, its edges on whole device pixels. Empty ones are left
      * out. */
     virtual void drawRects(std::span<const UXDoubleRect> rects);
@@ -221,7 +222,6 @@ public:
     virtual void drawMarks(std::span<const UXDoublePoint> centres, double radius);
 
 private:
-    friend UX_EXPORT UXPainter* uxCreatePainter(UXPaintConfig* config);
     friend UX_EXPORT UXPainter* uxCreatePainterWithObject(UXPaintConfig* config, UXObject* object);
 
     UXTransform m_objectToRoot;

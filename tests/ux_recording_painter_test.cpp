@@ -1,0 +1,393 @@
+#include "ux/ux_recording_painter.h"
+
+#include "ux/ux_draw_text_result.h"
+#include "ux/ux_image.h"
+#include "ux/ux_paint_clip.h"
+#include "ux/ux_painter_state.h"
+#include "ux/ux_picture.h"
+#include "ux/ux_recording_paint_config.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines record(const std::function<void(UXPainter&)>& draw, double deviceScale = 1)
+{
+    UXRecordingPainter painter(deviceScale);
+    draw(painter);
+    return painter.getLines();
+}
+
+UXPicture makePicture(const UXColor& color)
+{
+    UXPicture picture;
+    picture.registerPaintAction(
+        [color](UXPainter* painter) {
+            painter->setColor(color);
+            painter->addRectanglePath(0, 0, 4, 2);
+            painter->fill();
+        },
+        {4, 2});
+    return picture;
+}
+
+/** Draws with every operation of a painter. */
+void drawEverything(UXPainter& painter)
+{
+    const UXPicture red = makePicture({255, 0, 0}), clear = makePicture({0, 0, 0, 0.5});
+    const UXImage image(1, 1, {0xff102030u});
+    const UXTextProperty property;
+    const auto layer = [](UXPainter* on) { on->drawRects(std::vector<UXDoubleRect>{{0.4, 0, 2, 2}}); };
+    const std::vector<UXDoublePoint> points{{0, 0}, {NAN, 0}, {3, 4.5}};
+
+    painter.saveState();
+    painter.setColor({1, 2, 3, 0.25});
+    painter.setLineWidth(1.5);
+    painter.setLineCap(UXLineCapStyle::Round);
+    painter.setLineJoin(UXLineJoinStyle::Bevel);
+    painter.setLineDash(UXLineDashStyle::DashDot);
+    painter.setLineDash({1, 2.5});
+    painter.setLineDash({3}, -1);
+    painter.setFillRule(UXFillRule::EvenOdd);
+    painter.setAntialias(UXAntialiasStyle::None);
+    painter.setCompositionMode(UXCompositionMode::Multiply);
+    painter.translate(10, 20);
+    painter.rotate(90);
+    painter.rotate(-90);
+    painter.scale(2, 0.5);
+    painter.setStartPoint(0, -0.0);
+    painter.addLinePath(10, 20);
+    painter.addLinePath(1, 2, 3, 4);
+    painter.addRelativeLinePath(5, 6);
+    painter.addRectanglePath(1, 2, 3, 4);
+    painter.addRectanglePath({5, 6, 7, 8});
+    painter.addCircleArcPath(0, 0, 5, 0, 90);
+    painter.joinCircleArcPath(0, 0, 5, 90, 0);
+    painter.addCubicCurvePath(1, 2, 3, 4, 5, 6);
+    painter.startNewSubPath();
+    painter.closePath();
+    painter.translatePath(1, 2);
+    painter.rotatePath(30);
+    painter.scalePath(2, 3);
+    painter.fillPreserve();
+    painter.strokePreserve();
+    painter.clipPreserve();
+    painter.stroke();
+    painter.clip();
+    painter.fill();
+    painter.beginLinearGradientPattern(0, 0, 0, 100, UXSourceOperator::Reflect);
+    painter.addGradientPatternColorStop({255, 255, 255}, 0.1);
+    painter.endPattern();
+    painter.usePattern();
+    painter.drawText("a \"b\"\n\x01", {0, 0, 100, 16}, property);
+    painter.drawText("\xc3\xa9", {0, 0, 100, 16}, property.font, UXTextAlign::Right,
+                     UXTextOption::EllipsisEnd, 1);
+    painter.drawImage(&image, {0, 0, 10, 10}, 0.5);
+    painter.drawImage(&image, UXDoublePoint(7, 8), 1);
+    painter.drawPicture(&red, {0, 0, 10, 10}, 0.5);
+    painter.drawPicture(&red, UXDoublePoint(7, 8), 1);
+    painter.drawMaskedPicture(&red, &image, {0, 0, 10, 10});
+    painter.drawMaskedPicture(&red, &clear, UXDoublePoint(7, 8));
+    painter.drawMasked(layer, nullptr, {0, 0, 10, 10});
+    painter.drawCompositedPicture(&red, &clear, {0, 0, 10, 10}, UXCompositionMode::Xor);
+    painter.drawComposited(layer, nullptr, {0, 0, 10, 10}, UXCompositionMode::Screen);
+    painter.drawRects(std::vector<UXDoubleRect>{{0, 0, 10, 10}, {0, 0, 0, 10}, {20, 0, 10, 10}});
+    painter.drawPolyline(points);
+    painter.drawMarks(points, 3);
+    painter.restoreState();
+}
+
+} // namespace
+
+TEST(UXRecordingPainter, EveryOperationIsOneReadableLine)
+{
+    const Lines expected{
+        "saveState",
+        "setColor 1,2,3,0.25",
+        "setLineWidth 1.5",
+        "setLineCap Round",
+        "setLineJoin Bevel",
+        "setLineDash DashDot",
+        "setLineDash 1 2.5 offset 0",
+        "setLineDash 3 offset -1",
+        "setFillRule EvenOdd",
+        "setAntialias None",
+        "setCompositionMode Multiply",
+        "translate 10,20",
+        "rotate 90",
+        "rotate -90",
+        "scale 2,0.5",
+        "setStartPoint 0,0",
+        "addLinePath 10,20",
+        "addLinePath 1,2,3,4",
+        "addRelativeLinePath 5,6",
+        "addRectanglePath 1,2,3,4",
+        "addRectanglePath 5,6,7,8",
+        "addCircleArcPath 0,0,5,0,90",
+        "joinCircleArcPath 0,0,5,90,0",
+        "addCubicCurvePath 1,2,3,4,5,6",
+        "startNewSubPath",
+        "closePath",
+        "translatePath 1,2",
+        "rotatePath 30",
+        "scalePath 2,3",
+        "fillPreserve",
+        "strokePreserve",
+        "clipPreserve",
+        "stroke",
+        "clip",
+        "fill",
+        "beginLinearGradientPattern 0,0,0,100 Reflect",
+        "addGradientPatternColorStop 255,255,255,1 at 0.1",
+        "endPattern",
+        "usePattern",
+        "drawText 0,0,100,16 \"a \\\"b\\\"\\n\\x01\" font \"Default\" 12 align Left option Default lineMode "
+        "2 "
+        "color 0,0,0,1",
+        "drawText 0,0,100,16 \"\xc3\xa9\" font \"Default\" 12 align Right option EllipsisEnd lineMode 1",
+        "drawImage 0,0,10,10 opacity 0.5 image 1x1",
+        "drawImage 7,8,1,1 opacity 1 image 1x1",
+        "drawPicture 0,0,10,10 opacity 0.5 size 4,2 {",
+        "  setColor 255,0,0,1",
+        "  addRectanglePath 0,0,4,2",
+        "  fill",
+        "}",
+        "drawPicture 7,8,4,2 opacity 1 size 4,2 {",
+        "  setColor 255,0,0,1",
+        "  addRectanglePath 0,0,4,2",
+        "  fill",
+        "}",
+        "drawMaskedPicture 0,0,10,10 size 4,2 {",
+        "  setColor 255,0,0,1",
+        "  addRectanglePath 0,0,4,2",
+        "  fill",
+        "}",
+        "mask image 1x1",
+        "drawMaskedPicture 7,8,4,2 size 4,2 {",
+        "  setColor 255,0,0,1",
+        "  addRectanglePath 0,0,4,2",
+        "  fill",
+        "}",
+        "mask size 4,2 {",
+        "  setColor 0,0,0,0.5",
+        "  addRectanglePath 0,0,4,2",
+        "  fill",
+        "}",
+        "drawMasked 0,0,10,10 {",
+        "  drawRects 0.5,0,2,2",
+        "}",
+        "drawCompositedPicture 0,0,10,10 Xor size 4,2 {",
+        "  setColor 255,0,0,1",
+        "  addRectanglePath 0,0,4,2",
+        "  fill",
+        "}",
+        "lower size 4,2 {",
+        "  setColor 0,0,0,0.5",
+        "  addRectanglePath 0,0,4,2",
+        "  fill",
+        "}",
+        "drawComposited 0,0,10,10 Screen {",
+        "  drawRects 0.5,0,2,2",
+        "}",
+        "drawRects 0,0,10,10 20,0,10,10",
+        "drawPolyline 0,0 nan,0 3,4.5",
+        "drawMarks radius 3 0,0 nan,0 3,4.5",
+        "restoreState",
+    };
+    EXPECT_EQ(record(drawEverything), expected);
+}
+
+TEST(UXRecordingPainter, PlayingIntoARecorderGivesTheSameRecording)
+{
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        SCOPED_TRACE(scale);
+        UXRecordingPainter first(scale), second(scale);
+        drawEverything(first);
+        first.replay(second);
+        EXPECT_EQ(first.getText(), second.getText());
+        EXPECT_EQ(first.getRecording().getStepCount(), second.getRecording().getStepCount());
+    }
+}
+
+TEST(UXRecordingPainter, KeepsNothingThatMayDie)
+{
+    UXRecordingPainter painter;
+    {
+        std::string text(100, 'x');
+        auto color = std::make_unique<UXColor>(1, 2, 3);
+        UXPicture picture;
+        picture.registerPaintAction([&color](UXPainter* on) { on->setColor(*color); }, {1, 1});
+        const auto image = std::make_unique<UXImage>(1, 1, std::vector<std::uint32_t>{0xffffffffu});
+        painter.drawText(text, {}, UXTextProperty{});
+        painter.drawPicture(&picture, UXDoubleRect(0, 0, 1, 1), 1);
+        painter.drawMasked([&color](UXPainter* on) { on->setColor(*color); }, nullptr, {0, 0, 1, 1});
+        painter.drawImage(image.get(), UXDoubleRect(0, 0, 1, 1), 1);
+    }
+    UXRecordingPainter second;
+    painter.replay(second);
+    EXPECT_EQ(painter.getText(), second.getText());
+    EXPECT_EQ(painter.getLines().at(2), "  setColor 1,2,3,1");
+}
+
+TEST(UXRecordingPainter, ComposedOperationsUseWhatABackEndAnswers)
+{
+    struct Case {
+        const char* name;
+        std::function<void(UXPainter&)> draw;
+        Lines expected;
+    };
+    // The plain bodies of the base class, which the recorder overrides for shorter recordings.
+    const Case cases[] = {
+        {"rectangle",
+         [](UXPainter& p) { p.UXPainter::addRectanglePath(1, 2, 3, 4); },
+         {"setStartPoint 1,2", "addLinePath 4,2", "addLinePath 4,6", "addLinePath 1,6", "closePath"}},
+        {"line",
+         [](UXPainter& p) { p.UXPainter::addLinePath(1, 2, 3, 4); },
+         {"setStartPoint 1,2", "addLinePath 3,4"}},
+        {"dash style",
+         [](UXPainter& p) { p.UXPainter::setLineDash(UXLineDashStyle::None); },
+         {"setLineDash offset 0"}},
+        {"arc of no extent",
+         [](UXPainter& p) { p.UXPainter::joinCircleArcPath(5, 5, 0, 90, 90); },
+         {"addLinePath 5,5", "addCubicCurvePath 5,5,5,5,5,5"}},
+        {"negative radius", [](UXPainter& p) { p.UXPainter::addCircleArcPath(5, 5, -1, 0, 90); }, {}},
+        {"arc that is not finite",
+         [](UXPainter& p) { p.UXPainter::joinCircleArcPath(5, 5, INFINITY, 0, 90); },
+         {"addLinePath nan,nan"}},
+        {"line with a gap",
+         [](UXPainter& p) {
+             p.UXPainter::drawPolyline(std::vector<UXDoublePoint>{{0, 0}, {1, 1}, {NAN, 1}, {2, 2}, {3, 3}});
+         },
+         {"setStartPoint 0,0", "addLinePath 1,1", "setStartPoint 2,2", "addLinePath 3,3", "stroke"}},
+        {"rectangles one by one",
+         [](UXPainter& p) {
+             p.UXPainter::drawRects(
+                 std::vector<UXDoubleRect>{{0.2, 0, 0.1, 4}, {1, 1, -1, 1}, {1, NAN, 1, 1}});
+         },
+         {"addRectanglePath 0,0,1,4", "fill", "addRectanglePath 1,nan,1,1", "fill"}},
+        {"text in its own colour",
+         [](UXPainter& p) {
+             p.UXPainter::drawText("a", {0, 0, 9, 9}, UXTextProperty{});
+         },
+         {"saveState", "setColor 0,0,0,1",
+          "drawText 0,0,9,9 \"a\" font \"Default\" 12 align Left option Default lineMode 2", "restoreState"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(record(c.draw), c.expected);
+    }
+}
+
+TEST(UXRecordingPainter, ArcsRunStraightFromStartToEndAngle)
+{
+    struct Case {
+        const char* name;
+        double start, end;
+        std::size_t curves;
+        const char* first;
+        const char* lastPoint;
+    };
+    const Case cases[] = {
+        {"clockwise quarter", 0, 90, 1, "addLinePath 10,0", "0,10"},
+        {"backwards quarter", 90, 0, 1, "addLinePath 0,10", "10,0"},
+        {"full turn", 0, 360, 4, "addLinePath 10,0", "10,0"},
+        {"backwards over zero", 0, -180, 2, "addLinePath 10,0", "-10,0"},
+        {"turn and a half", 0, 540, 6, "addLinePath 10,0", "-10,0"},
+        {"countless turns", 0, 360e9 + 90, 5, "addLinePath 10,0", "0,10"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const Lines lines = record(
+            [&c](UXPainter& p) { p.UXPainter::joinCircleArcPath(0, 0, 10, c.start, c.end); });
+        ASSERT_EQ(lines.size(), c.curves + 1);
+        EXPECT_EQ(lines.front(), c.first);
+        EXPECT_TRUE(lines.back().ends_with(std::string(",") + c.lastPoint)) << lines.back();
+    }
+}
+
+TEST(UXRecordingPainter, NotesTheDeviceScaleAndTheEdgesThatItMoved)
+{
+    const std::vector<UXDoubleRect> rects{{0, 0, 10.2, 10}};
+    const std::vector<double> positions{0, 10};
+    const auto draw = [&](UXPainter& painter) {
+        painter.translate(0.25, 0);
+        painter.drawRects(rects);
+        painter.drawHorizontalLines(positions, 0, 100, 0);
+        painter.drawVerticalLines(positions, 0, 100, 1);
+    };
+    EXPECT_EQ(record(draw),
+              (Lines{"translate 0.25,0", "drawRects -0.25,0,10,10", "drawRects -0.25,-1,100,1 -0.25,9,100,1",
+                     "drawRects -0.25,0,1,100 9.75,0,1,100"}));
+    EXPECT_EQ(record(draw, 2), (Lines{"deviceScale 2", "translate 0.25,0", "drawRects 0.25,0,10,10",
+                                      "drawRects 0.25,-0.5,100,0.5 0.25,9.5,100,0.5",
+                                      "drawRects -0.75,0,1,100 9.25,0,1,100"}));
+}
+
+TEST(UXRecordingPainter, StateGuardRestoresOnEveryWayOut)
+{
+    UXRecordingPainter painter;
+    const auto draw = [&painter](bool leaveEarly) {
+        const UXPainterState state(painter);
+        painter.translate(5, 5);
+        if (leaveEarly)
+            return;
+        painter.fill();
+    };
+    draw(true);
+    draw(false);
+    painter.restoreState();
+    EXPECT_EQ(painter.getLines(), (Lines{"saveState", "translate 5,5", "restoreState", "saveState",
+                                         "translate 5,5", "fill", "restoreState", "restoreState"}));
+    EXPECT_EQ(painter.getDeviceTransform(), UXTransform{});
+}
+
+TEST(UXRecordingPainter, TextResultSaysWhereTheLinesStand)
+{
+    UXRecordingPainter painter;
+    const UXTextProperty property;
+    const UXDoubleSize size = painter.getTextSize("Total", property);
+    ASSERT_GT(size.width, 0);
+
+    UXDrawTextResult result;
+    painter.drawText("Total", {10, 20, size.width + 10, size.height + 6}, property.font, UXTextAlign::Center,
+                     UXTextOption::Default, 2, result);
+    EXPECT_EQ(result.textRect, UXDoubleRect(15, 23, size.width, size.height));
+    EXPECT_TRUE(result.fits);
+
+    painter.drawText("Total", {10, 20, size.width - 4, size.height - 2}, property, result);
+    EXPECT_EQ(result.textRect, UXDoubleRect(10, 20, size.width, size.height));
+    EXPECT_FALSE(result.fits);
+
+    painter.drawText("", {10, 20, 1, 1}, property, result);
+    EXPECT_EQ(result.textRect, UXDoubleRect());
+    EXPECT_TRUE(result.fits);
+}
+
+TEST(UXRecordingPaintConfig, PaintersAreClippedToWhatIsCommonToAllPushedRectangles)
+{
+    UXRecordingPaintConfig config;
+    const auto paint = [&config] {
+        config.getRecording().clear();
+        UXPainter* painter = uxCreatePainter(&config);
+        painter->fill();
+        uxDestroyPainter(painter);
+        return config.getRecording().getLines();
+    };
+    EXPECT_EQ(paint(), (Lines{"saveState", "fill", "restoreState"}));
+    {
+        const UXPaintClip outer(config, {0, 0, 50, 50});
+        const UXPaintClip inner(config, {40, 10.2, 100, 10});
+        EXPECT_EQ(paint(),
+                  (Lines{"saveState", "addRectanglePath 40,10,10,10", "clip", "fill", "restoreState"}));
+        const UXPaintClip nothing(config, {100, 100, 10, 10});
+        EXPECT_EQ(paint(), (Lines{"saveState", "addRectanglePath 0,0,0,0", "clip", "fill", "restoreState"}));
+    }
+    EXPECT_EQ(config.getClip(), nullptr);
+    EXPECT_EQ(uxCreatePainter(nullptr), nullptr);
+    uxDestroyPainter(nullptr);
+}

@@ -1,0 +1,9 @@
+#include "ux/ux_draw_text_result.h"
+
+UXDrawTextResult::~UXDrawTextResult() = default;
+
+void UXDrawTextResult::reset()
+{
+    textRect = {};
+    fits = true;
+}

@@ -1,0 +1,3 @@
+#include "ux/ux_image_resource_provider.h"
+
+UXImageResourceProvider::~UXImageResourceProvider() = default;

@@ -1,0 +1,30 @@
+#include "ux/ux_paint_config.h"
+
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+
+UXPaintConfig::~UXPaintConfig() = default;
+
+bool UXPaintConfig::isPaintConfigValid() const { return true; }
+
+void UXPaintConfig::pushClip(const UXDoubleRect& rect)
+{
+    m_clips.push_back(m_clips.empty() ? rect : uxIntersectionDoubleRect(m_clips.back(), rect));
+}
+
+void UXPaintConfig::popClip()
+{
+    if (!m_clips.empty())
+        m_clips.pop_back();
+}
+
+UXPainter* uxCreatePainter(UXPaintConfig* config) { return uxCreatePainterWithObject(config, nullptr); }
+
+void uxDestroyPainter(UXPainter* painter)
+{
+    if (!painter)
+        return;
+    painter->finalizeSpace();
+    painter->finishPaintConfig();
+    delete painter;
+}

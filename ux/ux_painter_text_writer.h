@@ -1,0 +1,98 @@
+#pragma once
+
+#include "ux/ux_painter.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/** Writes each operation that it is told as a readable line, such as "addLinePath 10,20". Draws nothing. */
+class UXPainterTextWriter final : public UXPainter {
+public:
+    /** @param deviceScale written as the first line where it is not 1 */
+    explicit UXPainterTextWriter(double deviceScale);
+
+    std::vector<std::string> takeLines() { return std::move(m_lines); }
+
+    // From UXPainter
+    using UXPainter::addLinePath;
+    using UXPainter::addRectanglePath;
+    using UXPainter::drawImage;
+    using UXPainter::drawMaskedPicture;
+    using UXPainter::drawPicture;
+    using UXPainter::drawText;
+    using UXPainter::setLineDash;
+
+    void saveState() override;
+    void restoreState() override;
+    void setColor(const UXColor& color) override;
+    void setLineWidth(double width) override;
+    void setLineCap(UXLineCapStyle cap) override;
+    void setLineJoin(UXLineJoinStyle join) override;
+    void setLineDash(UXLineDashStyle dash) override;
+    void setLineDash(const std::vector<double>& lengths, double offset) override;
+    void setFillRule(UXFillRule rule) override;
+    void setAntialias(UXAntialiasStyle style) override;
+    void setCompositionMode(UXCompositionMode mode) override;
+
+    void translate(double dx, double dy) override;
+    void rotate(double degrees) override;
+    void scale(double sx, double sy) override;
+    void translatePath(double dx, double dy) override;
+    void rotatePath(double degrees) override;
+    void scalePath(double sx, double sy) override;
+
+    void setStartPoint(double x, double y) override;
+    void addLinePath(double x, double y) override;
+    void addLinePath(double x1, double y1, double x2, double y2) override;
+    void addRelativeLinePath(double dx, double dy) override;
+    void addRectanglePath(double x, double y, double width, double height) override;
+    void addCircleArcPath(double cx, double cy, double radius, double startAngle, double endAngle) override;
+    void joinCircleArcPath(double cx, double cy, double radius, double startAngle, double endAngle) override;
+    void addCubicCurvePath(double x1, double y1, double x2, double y2, double x3, double y3) override;
+    void startNewSubPath() override;
+    void closePath() override;
+
+    void fill() override;
+    void fillPreserve() override;
+    void stroke() override;
+    void strokePreserve() override;
+    void clip() override;
+    void clipPreserve() override;
+
+    void beginLinearGradientPattern(double x1, double y1, double x2, double y2,
+                                    UXSourceOperator beyond) override;
+    void addGradientPatternColorStop(const UXColor& color, double offset) override;
+    void endPattern() override;
+    void usePattern() override;
+
+    void drawText(const std::string& text, const UXDoubleRect& rect, const UXTextProperty& property) override;
+    void drawText(const std::string& text, const UXDoubleRect& rect, const UXFont& font, UXTextAlign align,
+                  UXTextOption option, int lineMode) override;
+
+    void drawImage(const UXImage* image, const UXDoubleRect& rect, double opacity) override;
+    void drawPicture(const UXPicture* picture, const UXDoubleRect& rect, double opacity) override;
+    void drawMaskedPicture(const UXPicture* picture, const UXImage* mask, const UXDoubleRect& rect) override;
+    void drawMaskedPicture(const UXPicture* picture, const UXPicture* mask,
+                           const UXDoubleRect& rect) override;
+    void drawMasked(const UXPaintFunction& mask, UXPaintConfig* config, const UXDoubleRect& rect) override;
+    void drawCompositedPicture(const UXPicture* upper, const UXPicture* lower, const UXDoubleRect& rect,
+                               UXCompositionMode mode) override;
+    void drawComposited(const UXPaintFunction& action, UXPaintConfig* config, const UXDoubleRect& rect,
+                        UXCompositionMode mode) override;
+
+    double getDeviceScale() const override { return m_deviceScale; }
+
+    void drawRects(std::span<const UXDoubleRect> rects) override;
+    void drawPolyline(std::span<const UXDoublePoint> points) override;
+    void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
+
+private:
+    void _write(std::string line);
+    void _writePicture(const std::string& opening, const UXPicture& picture);
+    void _writeLayer(const std::string& opening, const UXPaintFunction& action);
+
+    double m_deviceScale;
+    std::string m_indent;
+    std::vector<std::string> m_lines;
+};

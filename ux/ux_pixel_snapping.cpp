@@ -1,0 +1,93 @@
+#include "ux/ux_pixel_snapping.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/** Where an axis of the space lies on the device: device = position * scale + offset. */
+struct Axis {
+    double scale, offset;
+
+    double toDevice(double position) const { return position * scale + offset; }
+    double fromDevice(double pixel) const { return (pixel - offset) / scale; }
+};
+
+/** A stretch of an axis, from start over length. */
+struct Stretch {
+    double start, length;
+};
+
+double nearestEdge(double device) { return std::floor(device + 0.5); }
+
+Stretch fromDeviceEdges(double low, double high, const Axis& axis)
+{
+    const double first = axis.fromDevice(low), second = axis.fromDevice(high);
+    return {std::min(first, second), std::abs(second - first)};
+}
+
+Stretch snapStretch(const Stretch& stretch, const Axis& axis)
+{
+    const double first = axis.toDevice(stretch.start), second = axis.toDevice(stretch.start + stretch.length);
+    const double low = nearestEdge(std::min(first, second)), high = nearestEdge(std::max(first, second));
+    return fromDeviceEdges(low, stretch.length > 0 ? std::max(high, low + 1) : high, axis);
+}
+
+/** The whole pixels of a line about position. A line between two pixels takes the upper or left one. */
+Stretch snapLine(double position, double thickness, const Axis& axis)
+{
+    const double pixels = std::max(1.0, std::round(thickness * std::abs(axis.scale)));
+    const double low = std::ceil(axis.toDevice(position) - pixels / 2 - 0.5);
+    return fromDeviceEdges(low, low + pixels, axis);
+}
+
+Axis horizontal(const UXTransform& toDevice) { return {toDevice.xx, toDevice.dx}; }
+Axis vertical(const UXTransform& toDevice) { return {toDevice.yy, toDevice.dy}; }
+
+/** The thickness of a line that cannot be snapped: no thinner than a device pixel. */
+double atLeastOnePixel(double thickness, const UXTransform& toDevice)
+{
+    const double pixelArea = std::abs(toDevice.xx * toDevice.yy - toDevice.xy * toDevice.yx);
+    return pixelArea > 0 ? std::max(thickness, 1 / std::sqrt(pixelArea)) : thickness;
+}
+
+bool canSnap(const UXDoubleRect& rect, const UXTransform& toDevice)
+{
+    return toDevice.isUpright() && toDevice.isInvertible() && std::isfinite(rect.x + rect.width) &&
+           std::isfinite(rect.y + rect.height);
+}
+
+} // namespace
+
+UXDoubleRect uxSnapRect(const UXDoubleRect& rect, const UXTransform& toDevice)
+{
+    if (!canSnap(rect, toDevice))
+        return rect;
+    const Stretch across = snapStretch({rect.x, rect.width}, horizontal(toDevice));
+    const Stretch down = snapStretch({rect.y, rect.height}, vertical(toDevice));
+    return {across.start, down.start, across.length, down.length};
+}
+
+UXDoubleRect uxSnapHorizontalLine(double y, double left, double right, double thickness,
+                                  const UXTransform& toDevice)
+{
+    const double height = atLeastOnePixel(thickness, toDevice);
+    const UXDoubleRect line{std::min(left, right), y - height / 2, std::abs(right - left), height};
+    if (!canSnap(line, toDevice))
+        return line;
+    const Stretch across = snapStretch({line.x, line.width}, horizontal(toDevice));
+    const Stretch down = snapLine(y, thickness, vertical(toDevice));
+    return {across.start, down.start, across.length, down.length};
+}
+
+UXDoubleRect uxSnapVerticalLine(double x, double top, double bottom, double thickness,
+                                const UXTransform& toDevice)
+{
+    const double width = atLeastOnePixel(thickness, toDevice);
+    const UXDoubleRect line{x - width / 2, std::min(top, bottom), width, std::abs(bottom - top)};
+    if (!canSnap(line, toDevice))
+        return line;
+    const Stretch across = snapLine(x, thickness, horizontal(toDevice));
+    const Stretch down = snapStretch({line.y, line.height}, vertical(toDevice));
+    return {across.start, down.start, across.length, down.length};
+}
