@@ -18,7 +18,23 @@ void UXPaintConfig::popClip()
         m_clips.pop_back();
 }
 
-UXPainter* uxCreatePainter(UXPaintConfig* config) { return uxCreatePainterWithObject(config, nullptr); }
+UXPainter* UXPaintConfig::_startPainter(UXObject* object, const UXTransform& objectToRoot)
+{
+    UXPainter* painter = isPaintConfigValid() ? createPainter(object) : nullptr;
+    if (!painter)
+        return nullptr;
+    if (const UXDoubleRect* clip = getClip())
+        painter->m_rootClip = *clip;
+    painter->m_objectToRoot = objectToRoot;
+    painter->preparePaintConfig();
+    painter->initializeSpace();
+    return painter;
+}
+
+UXPainter* uxCreatePainter(UXPaintConfig* config)
+{
+    return config ? config->_startPainter(nullptr, {}) : nullptr;
+}
 
 void uxDestroyPainter(UXPainter* painter)
 {

@@ -2,6 +2,7 @@
 
 #include "ux/ux_double_rect.h"
 #include "ux/ux_export.h"
+#include "ux/ux_transform.h"
 
 #include <vector>
 
@@ -45,6 +46,11 @@ public:
     const UXDoubleRect* getClip() const { return m_clips.empty() ? nullptr : &m_clips.back(); }
 
 private:
+    friend UX_EXPORT UXPainter* uxCreatePainter(UXPaintConfig* config);
+    friend UX_EXPORT UXPainter* uxCreatePainterWithObject(UXPaintConfig* config, UXObject* object);
+
+    UXPainter* _startPainter(UXObject* object, const UXTransform& objectToRoot);
+
     std::vector<UXDoubleRect> m_clips;
 };
 

@@ -20,7 +20,6 @@
 
 class UXDrawTextResult;
 class UXImage;
-class UXObject;
 class UXPaintConfig;
 class UXPicture;
 
@@ -222,7 +221,7 @@ public:
     virtual void drawMarks(std::span<const UXDoublePoint> centres, double radius);
 
 private:
-    friend UX_EXPORT UXPainter* uxCreatePainterWithObject(UXPaintConfig* config, UXObject* object);
+    friend class UXPaintConfig;
 
     UXTransform m_objectToRoot;
     std::optional<UXDoubleRect> m_rootClip;
