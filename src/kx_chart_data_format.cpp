@@ -132,10 +132,9 @@ const std::function<void()>& KXChartDataFormat::getUpdatedEvent() const { return
 
 std::string KXChartDataFormat::formatNumber(double value) const
 {
-    // 1. The magnitude in the unit that is shown; an absent or senseless divider leaves it.
-    double magnitude = std::fabs(value);
-    if (m_divider > 0)
-        magnitude /= m_divider;
+    // 1. The magnitude in the unit that is shown; an absent or senseless divider leaves it. An infinity that
+    //    is divided by one is a NaN whose sign must not show.
+    const double magnitude = std::fabs(m_divider > 0 ? value / m_divider : value);
 
     // 2. Left to itself, a whole number shows no decimals and every other one two.
     const bool automatic = m_decimals == -1;
