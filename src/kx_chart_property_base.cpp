@@ -55,6 +55,12 @@ void KXChartPropertyBase::registerUpdatedEvents(const std::vector<std::string>& 
         registerUpdatedEvents(key, event);
 }
 
+void KXChartPropertyBase::registerUpdatedEvents(std::initializer_list<std::string> keys,
+                                                const UpdatedEvent& event)
+{
+    registerUpdatedEvents(std::vector<std::string>(keys), event);
+}
+
 void KXChartPropertyBase::registerUpdatedEvents(const UpdatedEvent& event)
 {
     registerUpdatedEvents(std::string(), event);

@@ -7,6 +7,7 @@
 #include "ux/ux_json_object_watcher.h"
 
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
@@ -59,6 +60,8 @@ public:
     // Callbacks: one per key, a later one replaces it
     void registerUpdatedEvents(const std::string& key, const UpdatedEvent& event);
     void registerUpdatedEvents(const std::vector<std::string>& keys, const UpdatedEvent& event);
+    /** For keys in braces, two of which would otherwise count as the ends of one text too. */
+    void registerUpdatedEvents(std::initializer_list<std::string> keys, const UpdatedEvent& event);
     /** Registers the callback for every key that has none of its own. */
     void registerUpdatedEvents(const UpdatedEvent& event);
     void unregisterAllUpdatedEvents();

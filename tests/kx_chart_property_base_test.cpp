@@ -80,7 +80,7 @@ TEST(KXChartPropertyBase, TheKeysOwnCallbackComesBeforeTheOneForEveryKey)
     EXPECT_EQ(own, std::vector<std::string>{"m_showLabels"});
     EXPECT_EQ(every, std::vector<std::string>{"m_stripWidth"});
 
-    object.registerUpdatedEvents(std::vector<std::string>{"m_stripWidth", "M_SHOWLABELS"}, nullptr);
+    object.registerUpdatedEvents({"m_stripWidth", "M_SHOWLABELS"}, nullptr);
     object.updateStripWidth(0.6);
     object.unregisterAllUpdatedEvents();
     object.updateShowLabels(false);
