@@ -1,9 +1,12 @@
 #pragma once
 
 // Every public header of the charts.
+#include "kx_axis_chart_axis_cache_data.h"
 #include "kx_axis_chart_label_options.h"
 #include "kx_axis_chart_orientation.h"
 #include "kx_axis_chart_type.h"
+#include "kx_axis_property.h"
+#include "kx_axis_scale.h"
 #include "kx_axis_tick_label_options.h"
 #include "kx_bar_chart_object_id_types.h"
 #include "kx_bar_label_options.h"

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+
+/** What a chart knows about one of its axes: the data's range, filled in with the data, and the range and
+ *  tick interval made of it. kxUpdateAxisCacheData makes the one of the other. */
+struct KXAxisChartAxisCacheData {
+    double dataMin = 0, dataMax = 0;
+    double stackedMin = 0, stackedMax = 0; /**< of the sums of each category */
+    double axisMin = 0, axisMax = 0, tickInterval = 0;
+    double presetTickInterval = 0; /**< above 0, in place of the automatic interval */
+    bool needsUpdate = true;
+    bool isValueAxis = true;        /**< off: the axis counts categories */
+    bool isSmallRange = false;      /**< a range below the wanted number of ticks is one interval */
+    bool isNumberDimension = false; /**< what the categories are, where there are some */
+    bool isTemporalDimension = false;
+    std::uint64_t categoryCount = 0;
+};
