@@ -1,8 +1,8 @@
 #include "kx_date_time_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -64,9 +64,18 @@ void appendLastTwoDigits(std::string& text, int value)
 int hourOfHalfDay(int hour) { return hour >= 13 ? hour - 12 : hour; }
 
 struct Token {
+    constexpr Token(std::string_view tokenName, int Fields::*tokenField,
+                    void (*appendValue)(std::string& text, int value))
+        : name(tokenName), field(tokenField), append(appendValue)
+    {
+        while (firstLetters < name.size() && name[firstLetters] == name[0])
+            ++firstLetters;
+    }
+
     std::string_view name;
     int Fields::*field; // while it is absent, the token stays
     void (*append)(std::string& text, int value);
+    std::size_t firstLetters = 0; // how many of its first letter it begins with
 };
 
 // In the order in which they are replaced: longer ones before what they begin with.
@@ -125,21 +134,17 @@ public:
 
     explicit TextWithTokens(std::string pattern) : m_text(std::move(pattern)), m_written(m_text.size(), '\0')
     {
-        for (const char c : m_text)
-            m_letters |= _letterBit(c);
+        _count(m_text, 1);
     }
 
-    /** @return whether the pattern has the character; what was written does not count, as no token can begin
-     * there */
-    bool mayBeginWith(char first) const { return (m_letters & _letterBit(first)) != 0; }
-
-    /** @return where the token next stands with an unwritten first byte; only the first one counts */
-    std::size_t find(std::string_view token, std::size_t start) const
+    /** @return where the token stands first, with a first byte that is not written; the bytes behind may be
+     */
+    std::size_t find(const Token& token)
     {
-        std::size_t place = m_text.find(token, start);
-        while (place != nowhere && m_written[place] != '\0')
-            place = m_text.find(token, place + 1);
-        return place;
+        // Most tokens are not there, and this tells of most of these.
+        if (_counter(token.name.front()) < token.firstLetters)
+            return nowhere;
+        return _findFrom(token.name, 0);
     }
 
     /** Replaces the token at the place, which find answered, and wherever else it stands behind. */
@@ -154,42 +159,65 @@ public:
     std::string takeText() { return std::move(m_text); }
 
 private:
-    static constexpr std::uint64_t _letterBit(char c)
+    std::size_t _findFrom(std::string_view token, std::size_t start) const
     {
-        return c >= 'A' && c <= 'z' ? std::uint64_t{1} << (c - 'A') : 0;
+        std::size_t place = m_text.find(token.front(), start);
+        while (place != nowhere &&
+               (m_written[place] != '\0' || std::string_view(m_text).substr(place, token.size()) != token))
+            place = m_text.find(token.front(), place + 1);
+        return place;
     }
 
     void _overwrite(std::string_view token, std::string_view text, std::size_t place)
     {
-        for (; place != nowhere; place = find(token, place + token.size())) {
-            m_text.replace(place, token.size(), text);
-            m_written.replace(place, token.size(), token.size(), '\1');
+        for (; place != nowhere; place = _findFrom(token, place + token.size())) {
+            text.copy(&m_text[place], text.size());
+            std::fill_n(&m_written[place], text.size(), '\1');
+            _countReplacement(token, text);
         }
     }
 
     // One pass for all the places, so that the work grows with the text and not with its square.
     void _rebuild(std::string_view token, std::string_view text, std::size_t place)
     {
-        std::string rebuilt, written;
+        m_rebuiltText.clear();
+        m_rebuiltWritten.clear();
         std::size_t copied = 0;
         std::size_t size = m_text.size();
-        for (; place != nowhere; place = find(token, place + token.size())) {
+        for (; place != nowhere; place = _findFrom(token, place + token.size())) {
             size = size - token.size() + text.size();
             if (text.size() > token.size() && size > maximumSize)
                 break;
-            rebuilt.append(m_text, copied, place - copied).append(text);
-            written.append(m_written, copied, place - copied).append(text.size(), '\1');
+            m_rebuiltText.append(m_text, copied, place - copied).append(text);
+            m_rebuiltWritten.append(m_written, copied, place - copied).append(text.size(), '\1');
+            _countReplacement(token, text);
             copied = place + token.size();
         }
-        rebuilt.append(m_text, copied);
-        written.append(m_written, copied);
-        m_text = std::move(rebuilt);
-        m_written = std::move(written);
+        m_rebuiltText.append(m_text, copied);
+        m_rebuiltWritten.append(m_written, copied);
+        m_text.swap(m_rebuiltText);
+        m_written.swap(m_rebuiltWritten);
+    }
+
+    // Bytes that share a counter make it too high at most; letters do not share theirs.
+    std::size_t& _counter(char c) { return m_counts[static_cast<unsigned char>(c) % m_counts.size()]; }
+
+    void _count(std::string_view text, int change)
+    {
+        for (const char c : text)
+            _counter(c) += static_cast<std::size_t>(change);
+    }
+
+    void _countReplacement(std::string_view token, std::string_view text)
+    {
+        _count(token, -1);
+        _count(text, 1);
     }
 
     std::string m_text;
-    std::string m_written; // as long as the text, 1 where a replacement wrote
-    std::uint64_t m_letters = 0;
+    std::string m_written;                       // as long as the text, 1 where a replacement wrote
+    std::string m_rebuiltText, m_rebuiltWritten; // kept for their memory
+    std::array<std::size_t, 64> m_counts{};      // of the bytes in the text
 };
 
 } // namespace
@@ -199,9 +227,9 @@ std::string kxObtainDateTimeText(std::string pattern, const KXDateTimeFields& fi
     TextWithTokens text(std::move(pattern));
     std::string replacement;
     for (const Token& token : tokens) {
-        if (fields.*token.field == Fields::absent || !text.mayBeginWith(token.name.front()))
+        if (fields.*token.field == Fields::absent)
             continue;
-        const std::size_t place = text.find(token.name, 0);
+        const std::size_t place = text.find(token);
         if (place == TextWithTokens::nowhere)
             continue;
         replacement.clear();
