@@ -27,6 +27,7 @@
 #include "ux/ux_arrangement.h"
 #include "ux/ux_hint_position.h"
 #include "ux/ux_lock.h"
+#include "ux/ux_named_enum_map.h"
 #include "ux/ux_position.h"
 #include "ux/ux_rect_edge.h"
 #include "ux/ux_symbol_style.h"
@@ -34,11 +35,20 @@
 #include "ux/ux_text_option.h"
 
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 namespace {
 
-/** @return the owners of all maps, emptied when the library is unloaded */
+template <class E, class... Others>
+constexpr bool isOneOf = (std::is_same_v<E, Others> || ...);
+
+/** Whether the framework itself has the map of E, because it writes E too. */
+template <class E>
+constexpr bool isOfFramework = isOneOf<E, UXAlign, UXArrangement, UXHintPosition, UXPosition, UXRectEdge,
+                                       UXSymbolStyle, UXTextAlign, UXTextOption>;
+
+/** @return the owners of the other maps, emptied when the library is unloaded */
 std::vector<std::shared_ptr<UXEnum::UXEnumBase>>& obtainOwnedMaps()
 {
     static std::vector<std::shared_ptr<UXEnum::UXEnumBase>> owned;
@@ -50,14 +60,18 @@ std::vector<std::shared_ptr<UXEnum::UXEnumBase>>& obtainOwnedMaps()
 template <class E>
 UXEnum::UXEnumMap<E>* kxObtainEnumMap()
 {
-    const UXLockScope locked;
-    static UXEnum::UXEnumMap<E>* map = nullptr;
-    if (!map) {
-        auto made = std::make_shared<UXEnum::UXEnumMap<E>>(uxObtainEnumNames(E()));
-        obtainOwnedMaps().push_back(made);
-        map = made.get();
+    if constexpr (isOfFramework<E>) {
+        return &uxObtainNamedEnumMap<E>();
+    } else {
+        const UXLockScope locked;
+        static UXEnum::UXEnumMap<E>* map = nullptr;
+        if (!map) {
+            auto made = std::make_shared<UXEnum::UXEnumMap<E>>(uxObtainEnumNames(E()));
+            obtainOwnedMaps().push_back(made);
+            map = made.get();
+        }
+        return map;
     }
-    return map;
 }
 
 template KX_EXPORT UXEnum::UXEnumMap<UXSymbolStyle>* kxObtainEnumMap();

@@ -49,8 +49,6 @@ KX_KEY_JSON(UXColor, UXColor)
 KX_KEY_JSON(UXFont, UXFont)
 KX_KEY_JSON(UXTextProperty, UXTextProperty)
 KX_KEY_JSON(UXHintInfo, UXHintInfo)
-KX_KEY_JSON(UXArrangement, UXArrangement)
-KX_KEY_JSON(UXTextAlign, UXTextAlign)
 #undef KX_KEY_JSON
 
 /** A list stands there as an array. A wrong element is passed over, which makes the list shorter and the

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "ux/ux_enum_map.h"
+#include "ux/ux_export.h"
 
-/** @return the one map of an enumeration that UX_NAMED_ENUM declared, made when it is first asked for */
+/** Exists for the framework's enumerations that documents hold: UXAlign, UXArrangement, UXHintPosition,
+ *  UXPosition, UXRectEdge, UXSymbolStyle, UXTextAlign and UXTextOption.
+ *  @return the one map of E, made when it is first asked for and kept until the library is unloaded */
 template <class E>
-UXEnum::UXEnumMap<E>& uxObtainNamedEnumMap()
-{
-    static UXEnum::UXEnumMap<E> map(uxObtainEnumNames(E{}));
-    return map;
-}
+UX_EXPORT UXEnum::UXEnumMap<E>& uxObtainNamedEnumMap();
