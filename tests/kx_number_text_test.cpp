@@ -128,7 +128,9 @@ TEST(KXNumberText, ValuesBecomeText)
         {"whole after the division", unit, 2000, "$2K"},
         {"divider below zero", [](F& f) { f.setDivider(-2); }, 10, "10"},
         {"divider not a number", [](F& f) { f.setDivider(NAN); }, 10, "10"},
-        {"infinite over infinite", [](F& f) { f.setDivider(infinity); }, -infinity, "-nan"},
+        {"infinite over infinite", [](F& f) { f.setDivider(infinity); }, infinity, "nan"},
+        {"a negative value has its mark in any case", [](F& f) { f.setDivider(infinity); }, -infinity,
+         "-nan"},
         {"custom unit changes nothing", [](F& f) { f.setUseCustomUnit(true); }, 10, "10"},
         {"exact value decides", [](F& f) { f.setDecimals(2); }, 2.675, "2.67"},
         {"tie to even, down", [](F& f) { f.setDecimals(0); }, 0.5, "0"},
@@ -141,11 +143,7 @@ TEST(KXNumberText, ValuesBecomeText)
         SCOPED_TRACE(c.name);
         KXChartDataFormat format;
         c.set(format);
-        // The sign of a NaN that a division makes is the processor's.
-        if (std::string(c.expected) == "-nan")
-            EXPECT_NE(format.formatNumber(c.value).find("nan"), std::string::npos);
-        else
-            EXPECT_EQ(format.formatNumber(c.value), c.expected);
+        EXPECT_EQ(format.formatNumber(c.value), c.expected);
     }
 }
 
