@@ -205,7 +205,7 @@ public:
      * is known */
     virtual UXTransform getDeviceTransform() const;
 
-    // Many at once. The path is empty before and after.
+    // Many at once. The path is empty before and after, and what is not finite is left out.
     /** Fills each rectangle by itself with the source, its edges on whole device pixels. Empty ones are left
      * out. */
     virtual void drawRects(std::span<const UXDoubleRect> rects);

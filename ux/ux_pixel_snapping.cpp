@@ -51,10 +51,16 @@ double atLeastOnePixel(double thickness, const UXTransform& toDevice)
     return pixelArea > 0 ? std::max(thickness, 1 / std::sqrt(pixelArea)) : thickness;
 }
 
+/** Whether the rectangle lies where a device could have pixels, and double tells one from the next. */
 bool canSnap(const UXDoubleRect& rect, const UXTransform& toDevice)
 {
-    return toDevice.isUpright() && toDevice.isInvertible() && std::isfinite(rect.x + rect.width) &&
-           std::isfinite(rect.y + rect.height);
+    constexpr double lastPixel = 1e9;
+    const auto isOnDevice = [](double low, double high, const Axis& axis) {
+        return std::abs(axis.toDevice(low)) <= lastPixel && std::abs(axis.toDevice(high)) <= lastPixel;
+    };
+    return toDevice.isUpright() && toDevice.isInvertible() &&
+           isOnDevice(rect.x, rect.x + rect.width, horizontal(toDevice)) &&
+           isOnDevice(rect.y, rect.y + rect.height, vertical(toDevice));
 }
 
 } // namespace

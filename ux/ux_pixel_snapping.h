@@ -8,7 +8,8 @@
  * Moves the edges of rect to the nearest edges between device pixels, each edge by itself, so that what
  * touches still does. A rectangle with an area stays at least one pixel wide and high.
  * @param toDevice maps the space of rect to device pixels
- * @return in the space of rect; rect as it is where toDevice turns it or a number is not finite
+ * @return in the space of rect; rect as it is where toDevice turns it, or where no device has pixels: further
+ * than 1e9 of them away, not finite
  */
 [[nodiscard]] UX_EXPORT UXDoubleRect uxSnapRect(const UXDoubleRect& rect, const UXTransform& toDevice);
 

@@ -9,10 +9,11 @@
 namespace {
 
 constexpr double largestCoordinate = 1e9;
+constexpr double smallestFactor = 1e-9;
 
 std::string formatFactor(double factor)
 {
-    if (!std::isfinite(factor))
+    if (!std::isfinite(factor) || std::abs(factor) < smallestFactor)
         return "0";
     char digits[32];
     const double bounded = std::clamp(factor, -largestCoordinate, largestCoordinate) + 0.0;

@@ -1,0 +1,517 @@
+#include "ux/ux_image.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_painter_state.h"
+#include "ux/ux_picture.h"
+#include "ux/ux_recording_painter.h"
+#include "ux/ux_svg_paint_config.h"
+#include "ux/ux_utf8.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <locale>
+#include <regex>
+#include <set>
+#include <sstream>
+
+namespace {
+
+using Draw = std::function<void(UXPainter&)>;
+
+std::string paint(const Draw& draw, const UXSize& size = {100, 50})
+{
+    UXSvgPaintConfig config(size);
+    UXPainter* painter = uxCreatePainter(&config);
+    draw(*painter);
+    uxDestroyPainter(painter);
+    return config.getSvg();
+}
+
+/** The part between the tag of the page and its end. */
+std::string paintContent(const Draw& draw)
+{
+    const std::string svg = paint(draw);
+    const std::size_t start = svg.find('\n', svg.find("<svg")) + 1;
+    return svg.substr(start, svg.rfind("</svg>") - start);
+}
+
+/** @return what is wrong with the document as XML, empty where nothing is: tags, attributes, characters,
+ * names */
+std::string findFault(const std::string& xml)
+{
+    for (std::size_t at = 0; at < xml.size();) {
+        const std::size_t start = at;
+        const char32_t c = uxDecodeUtf8(xml, at);
+        if ((c == 0xFFFD && xml.compare(start, 3, "\xEF\xBF\xBD") != 0) || (c < 0x20 && c != '\n') ||
+            c == 0xFFFE || c == 0xFFFF)
+            return "character at " + std::to_string(start);
+    }
+    const std::regex tag(R"(<(/?)([A-Za-z]+)((?: [A-Za-z0-9:-]+="[^"<]*")*)(/?)>|<\?xml[^>]*\?>)");
+    const std::regex entity("&(amp|lt|gt|quot);"), name(" id=\"([^\"]*)\""), use("#([a-z0-9]+)[)\"]");
+    std::vector<std::string> open;
+    std::set<std::string> names;
+    std::size_t end = 0;
+    for (std::sregex_iterator found(xml.begin(), xml.end(), tag), last; found != last; ++found) {
+        const std::smatch& match = *found;
+        const auto position = static_cast<std::size_t>(match.position());
+        if (xml.substr(end, position - end).find_first_of("<>") != std::string::npos)
+            return "text before " + match.str();
+        end = position + match.str().size();
+        std::smatch id;
+        const std::string attributes = match[3].str();
+        if (std::regex_search(attributes, id, name) && !names.insert(id[1]).second)
+            return "name twice: " + id.str();
+        if (match[2].length() == 0 || match[4].length() > 0)
+            continue;
+        if (match[1].length() == 0)
+            open.push_back(match[2]);
+        else if (open.empty() || open.back() != match[2])
+            return "end of " + match.str();
+        else
+            open.pop_back();
+    }
+    if (!open.empty() || xml.substr(end).find_first_of("<>") != std::string::npos)
+        return "end of the document";
+    const std::string withoutEntities = std::regex_replace(xml, entity, "");
+    if (withoutEntities.find('&') != std::string::npos)
+        return "entity";
+    for (std::sregex_iterator found(xml.begin(), xml.end(), use), last; found != last; ++found) {
+        if ((*found)[0].str().back() == ')' && !names.contains((*found)[1]))
+            return "unknown name " + (*found)[1].str();
+    }
+    return "";
+}
+
+UXPicture makePicture(const UXColor& color, double value = 1)
+{
+    UXPicture picture;
+    picture.registerPaintAction(
+        [color, value](UXPainter* painter) {
+            painter->setColor(color);
+            painter->addRectanglePath(0, 0, value, value);
+            painter->fill();
+        },
+        {4, 2});
+    return picture;
+}
+
+} // namespace
+
+TEST(UXSvgPainter, WritesWhatIsDrawn)
+{
+    struct Case {
+        const char* name;
+        Draw draw;
+        std::string expected;
+    };
+    const Case cases[] = {
+        {"nothing", [](UXPainter&) {}, ""},
+        {"filled rectangle, translucent",
+         [](UXPainter& p) {
+             p.setColor({300, -5, 16, 0.25});
+             p.addRectanglePath(1, 2, 3.5, 4);
+             p.fill();
+         },
+         "<path d=\"M1 2H4.5V6H1Z\" fill=\"#ff0010\" fill-opacity=\"0.25\"/>\n"},
+        {"clear colour",
+         [](UXPainter& p) {
+             p.setColor({0, 0, 0, NAN});
+             p.addRectanglePath(1, 2, 3, 4);
+             p.fill();
+         },
+         ""},
+        {"the path is forgotten, or kept",
+         [](UXPainter& p) {
+             p.addLinePath(0, 0, 1.23456, 2);
+             p.strokePreserve();
+             p.setFillRule(UXFillRule::EvenOdd);
+             p.fill();
+             p.fill();
+         },
+         "<path d=\"M0 0L1.235 2\" fill=\"none\" stroke=\"#000000\" stroke-width=\"1\"/>\n"
+         "<path d=\"M0 0L1.235 2\" fill=\"#000000\" fill-rule=\"evenodd\"/>\n"},
+        {"pen",
+         [](UXPainter& p) {
+             p.scale(2, 2);
+             p.setLineWidth(1.5);
+             p.setLineCap(UXLineCapStyle::Round);
+             p.setLineJoin(UXLineJoinStyle::Bevel);
+             p.setLineDash({1, 2}, 3);
+             p.setAntialias(UXAntialiasStyle::None);
+             p.setCompositionMode(UXCompositionMode::Multiply);
+             p.addLinePath(0, 0, 1, 2);
+             p.stroke();
+         },
+         "<path d=\"M0 0L2 4\" fill=\"none\" stroke=\"#000000\" stroke-width=\"3\" stroke-linecap=\"round\" "
+         "stroke-linejoin=\"bevel\" stroke-dasharray=\"2 4\" stroke-dashoffset=\"6\" "
+         "shape-rendering=\"crispEdges\" "
+         "style=\"mix-blend-mode:multiply\"/>\n"},
+        {"pen in a space that is not even",
+         [](UXPainter& p) {
+             p.scale(2, 1);
+             p.addLinePath(0, 0, 1, 2);
+             p.stroke();
+         },
+         "<path transform=\"matrix(2 0 0 1 0 0)\" d=\"M0 0L1 2\" fill=\"none\" stroke=\"#000000\" "
+         "stroke-width=\"1\"/>\n"},
+        {"dashes that cannot be, and a pen without width",
+         [](UXPainter& p) {
+             p.setLineDash({1, -1}, 0);
+             p.setLineDash({0, 0}, 0);
+             p.setLineDash({NAN}, 0);
+             p.addLinePath(0, 0, 1, 2);
+             p.strokePreserve();
+             p.setLineWidth(0);
+             p.stroke();
+         },
+         "<path d=\"M0 0L1 2\" fill=\"none\" stroke=\"#000000\" stroke-width=\"1\"/>\n"},
+        {"moved, relative and broken-off parts",
+         [](UXPainter& p) {
+             p.addRelativeLinePath(9, 9);
+             p.setStartPoint(1, 1);
+             p.scale(2, 2);
+             p.addRelativeLinePath(1, 2);
+             p.startNewSubPath();
+             p.addRelativeLinePath(9, 9);
+             p.addLinePath(10, 10);
+             p.addCubicCurvePath(1, 2, 3, 4, 5, 6);
+             p.closePath();
+             p.translatePath(1, 0);
+             p.addLinePath(0, 0);
+             p.fill();
+         },
+         "<path d=\"M3 1L5 5M22 20C4 4 8 8 12 12ZL0 0\" fill=\"#000000\"/>\n"},
+        {"turned path",
+         [](UXPainter& p) {
+             p.translate(10, 10);
+             p.addLinePath(1, 0, 2, 0);
+             p.rotatePath(90);
+             p.scalePath(1, 3);
+             p.fill();
+         },
+         "<path d=\"M10 13V16\" fill=\"#000000\"/>\n"},
+        {"state saved and restored, once too often",
+         [](UXPainter& p) {
+             {
+                 const UXPainterState state(p);
+                 p.setColor({255, 0, 0});
+                 p.translate(5, 5);
+             }
+             p.restoreState();
+             p.restoreState();
+             p.addLinePath(1, 1, 2, 1);
+             p.fill();
+         },
+         "<path d=\"M1 1H2\" fill=\"#000000\"/>\n"},
+        {"rectangles share a path unless they show through",
+         [](UXPainter& p) {
+             const std::vector<UXDoubleRect> rects{{0.2, 0, 2, 2}, {1, 1, 0, 2}, {1, 1, 0.1, 0.1}};
+             p.drawRects(rects);
+             p.setColor({0, 0, 0, 0.5});
+             p.drawRects(rects);
+         },
+         "<path d=\"M0 0H2V2H0ZM1 1H2V2H1Z\" fill=\"#000000\"/>\n"
+         "<path d=\"M0 0H2V2H0Z\" fill=\"#000000\" fill-opacity=\"0.5\"/>\n"
+         "<path d=\"M1 1H2V2H1Z\" fill=\"#000000\" fill-opacity=\"0.5\"/>\n"},
+        {"a path that is not finite",
+         [](UXPainter& p) {
+             p.addRectanglePath(0, 0, 5, 5);
+             p.addLinePath(NAN, 1);
+             p.fillPreserve();
+             p.stroke();
+             p.addLinePath(0, 0, 1, 0);
+             p.fill();
+         },
+         "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"},
+        {"a mode that erases",
+         [](UXPainter& p) {
+             p.setCompositionMode(UXCompositionMode::DestinationOut);
+             p.addRectanglePath(0, 0, 5, 5);
+             p.fill();
+         },
+         ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(paintContent(c.draw), c.expected);
+        EXPECT_EQ(findFault(paint(c.draw)), "");
+    }
+}
+
+TEST(UXSvgPainter, ClipsAreNestedAndNamedOnce)
+{
+    const std::string content = paintContent([](UXPainter& p) {
+        const auto mark = [&p] {
+            p.addLinePath(0, 0, 1, 0);
+            p.fill();
+        };
+        p.addRectanglePath(-1, 0, 200, 50); // holds the whole page
+        p.clip();
+        mark();
+        for (int i = 0; i < 2; ++i) {
+            const UXPainterState state(p);
+            p.addRectanglePath(0, 0, 10, 10);
+            p.clip();
+            mark();
+            mark();
+            p.clip();
+            mark();
+        }
+        mark();
+    });
+    EXPECT_EQ(content, "<defs>\n"
+                       "<clipPath id=\"d1\"><path d=\"M0 0H10V10H0Z\"/></clipPath>\n"
+                       "<clipPath id=\"d2\" clip-path=\"url(#d1)\"></clipPath>\n"
+                       "</defs>\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
+                       "<g clip-path=\"url(#d1)\">\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
+                       "</g>\n"
+                       "<g clip-path=\"url(#d2)\">\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
+                       "</g>\n"
+                       "<g clip-path=\"url(#d1)\">\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
+                       "</g>\n"
+                       "<g clip-path=\"url(#d2)\">\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
+                       "</g>\n"
+                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n");
+}
+
+TEST(UXSvgPainter, GradientsStayInTheSpaceTheyWereUsedIn)
+{
+    const std::string content = paintContent([](UXPainter& p) {
+        p.usePattern();
+        p.addGradientPatternColorStop({}, 0);
+        p.beginLinearGradientPattern(0, 0, 10, 0, UXSourceOperator::None);
+        p.addGradientPatternColorStop({255, 0, 0}, -1);
+        p.addGradientPatternColorStop({0, 0, 255, 0.5}, 0.5);
+        p.addGradientPatternColorStop({0, 255, 0}, 0.2);
+        p.endPattern();
+        p.translate(5, 0);
+        p.usePattern();
+        p.translate(50, 0);
+        p.addLinePath(0, 0, 1, 0);
+        p.fillPreserve();
+        p.setColor({});
+        p.fill();
+    });
+    EXPECT_EQ(
+        content,
+        "<defs>\n"
+        "<linearGradient id=\"d1\" gradientUnits=\"userSpaceOnUse\" x1=\"0\" y1=\"0\" x2=\"10\" y2=\"0\" "
+        "gradientTransform=\"translate(5 0)\">"
+        "<stop offset=\"0\" stop-color=\"#ff0000\" stop-opacity=\"0\"/>"
+        "<stop offset=\"0\" stop-color=\"#ff0000\"/>"
+        "<stop offset=\"0.5\" stop-color=\"#0000ff\" stop-opacity=\"0.5\"/>"
+        "<stop offset=\"0.5\" stop-color=\"#00ff00\"/>"
+        "<stop offset=\"1\" stop-color=\"#00ff00\" stop-opacity=\"0\"/></linearGradient>\n"
+        "</defs>\n"
+        "<path d=\"M55 0H56\" fill=\"url(#d1)\"/>\n"
+        "<path d=\"M55 0H56\" fill=\"#000000\"/>\n");
+}
+
+TEST(UXSvgPainter, TextIsTextAndAnyBytesAreWellFormed)
+{
+    struct Case {
+        const char* name;
+        std::string text, family, expectedText, expectedFamily;
+    };
+    const std::string defaultFamily = "Roboto, 'DejaVu Sans', 'WenQuanYi Micro Hei', sans-serif";
+    const Case cases[] = {
+        {"plain", "Total", "Default", ">Total<", defaultFamily},
+        {"marked up", "<a b=\"1\"&amp;>", "Default", ">&lt;a b=&quot;1&quot;&amp;amp;&gt;<", defaultFamily},
+        {"control characters", std::string("a\0b\x1b\tc", 6), "A\nB",
+         ">a\xEF\xBF\xBD"
+         "b\xEF\xBF\xBD c<",
+         "'A B', sans-serif"},
+        {"invalid UTF-8", "\xff\xc3(\xed\xa0\x80", "\xfe",
+         ">\xEF\xBF\xBD\xEF\xBF\xBD(\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD<", "'\xEF\xBF\xBD', sans-serif"},
+        {"characters that XML forbids", "\xEF\xBF\xBE\xEF\xBF\xBF", "", ">\xEF\xBF\xBD\xEF\xBF\xBD<",
+         defaultFamily},
+        {"family that quotes", "x", "a'\"\\<", ">x<", "'a\\'&quot;\\\\&lt;', sans-serif"},
+        {"blanks", " a  b ", "Default", " xml:space=\"preserve\"> a  b <", defaultFamily},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        UXFont font;
+        font.familyName = c.family;
+        const std::string svg = paint([&](UXPainter& p) {
+            p.drawText(c.text, {0, 0, 50, 20}, font, UXTextAlign::Left, UXTextOption::Default, 2);
+        });
+        EXPECT_EQ(findFault(svg), "");
+        EXPECT_NE(svg.find(c.expectedText), std::string::npos) << svg;
+        EXPECT_NE(svg.find("font-family=\"" + c.expectedFamily + '"'), std::string::npos) << svg;
+    }
+}
+
+TEST(UXSvgPainter, TextLinesStandWhereTheMeasurerPutsThem)
+{
+    const auto linesOf = [](const Draw& draw) {
+        const std::string svg = paint(draw);
+        const std::regex line("<text([^>]*) font-family=\"[^\"]*\" font-size=\"10\"([^>]*)>([^<]*)</text>");
+        std::vector<std::string> lines;
+        for (std::sregex_iterator found(svg.begin(), svg.end(), line), last; found != last; ++found)
+            lines.push_back((*found)[1].str() + (*found)[2].str() + ' ' + (*found)[3].str());
+        return lines;
+    };
+    UXTextProperty property;
+    property.font.size = 10;
+    const auto draw = [&property](const std::string& text, const UXDoubleRect& rect) {
+        return [&property, text, rect](UXPainter& p) { p.drawText(text, rect, property); };
+    };
+    using Lines = std::vector<std::string>;
+
+    EXPECT_EQ(linesOf(draw("one\ntwo", {10, 20, 80, 43.4})),
+              (Lines{" x=\"10\" y=\"39.243\" fill=\"#000000\" one",
+                     " x=\"10\" y=\"50.943\" fill=\"#000000\" two"}));
+
+    property.align = UXTextAlign::Right;
+    property.lineMode = 1;
+    const Lines wrapped = linesOf(draw("alpha beta", {10, 20, 30, 5}));
+    ASSERT_EQ(wrapped.size(), 2U);
+    EXPECT_EQ(wrapped[0], " x=\"40\" y=\"29.243\" text-anchor=\"end\" fill=\"#000000\" alpha");
+
+    property.align = UXTextAlign::Center;
+    property.lineMode = 2;
+    property.option = UXTextOption::EllipsisEnd;
+    const Lines cut = linesOf(draw("alpha beta gamma", {0, 0, 40, 12}));
+    ASSERT_EQ(cut.size(), 1U);
+    EXPECT_NE(cut[0].find("text-anchor=\"middle\""), std::string::npos);
+    EXPECT_TRUE(cut[0].ends_with("\xE2\x80\xA6")) << cut[0];
+
+    EXPECT_EQ(linesOf(draw("", {0, 0, 40, 12})), Lines{});
+    EXPECT_EQ(linesOf(draw("a", {0, NAN, 40, 12})), Lines{});
+}
+
+TEST(UXSvgPainter, PicturesAreCutAndCombined)
+{
+    const UXPicture red = makePicture({255, 0, 0}, 9), blue = makePicture({0, 0, 255, 0.5}, 9);
+    EXPECT_EQ(paintContent([&](UXPainter& p) {
+                  p.drawPicture(&red, {10, 10, 8, 8}, 0.5);
+              }),
+              "<defs>\n<clipPath id=\"d1\"><path d=\"M10 10H18V18H10Z\"/></clipPath>\n</defs>\n"
+              "<g opacity=\"0.5\">\n<g clip-path=\"url(#d1)\">\n<path d=\"M10 10H28V46H10Z\" "
+              "fill=\"#ff0000\"/>\n</g>\n</g>\n");
+
+    for (int mode = 0; mode <= static_cast<int>(UXCompositionMode::Lighten); ++mode) {
+        const std::string svg = paint([&](UXPainter& p) {
+            p.drawCompositedPicture(&red, &blue, {10, 10, 8, 8}, static_cast<UXCompositionMode>(mode));
+        });
+        SCOPED_TRACE(svg);
+        EXPECT_EQ(findFault(svg), "");
+    }
+
+    const UXPicture empty;
+    EXPECT_EQ(paintContent([&](UXPainter& p) {
+                  p.drawPicture(nullptr, UXDoublePoint(), 1);
+                  p.drawPicture(&empty, UXDoubleRect(0, 0, 5, 5), 1);
+                  p.drawPicture(&red, UXDoubleRect(0, 0, 0, 5), 1);
+                  p.drawPicture(&red, UXDoubleRect(0, 0, 5, 5), 0);
+                  p.drawImage(nullptr, UXDoubleRect(0, 0, 5, 5), 1);
+                  p.drawMaskedPicture(&red, static_cast<const UXImage*>(nullptr), UXDoubleRect(0, 0, 5, 5));
+                  p.drawMasked({}, nullptr, {0, 0, 5, 5});
+              }),
+              "");
+}
+
+TEST(UXSvgPainter, HostileNumbersDrawSomethingSane)
+{
+    constexpr double limit = std::numeric_limits<double>::max();
+    const double values[] = {NAN, INFINITY, -INFINITY, limit, -limit, 0, -1, 5e-324, 1e300};
+    const UXImage image(1, 1, {0x80402010U});
+    for (const double v : values) {
+        for (const double other : {1.0, v}) {
+            const UXPicture picture = makePicture({1 << 30, -(1 << 30), 7, v}, v);
+            const auto draw = [&](UXPainter& p) {
+                p.setColor({1, 2, 3, 0.5});
+                for (const bool isMoved : {false, true}) {
+                    const UXPainterState state(p);
+                    if (isMoved) {
+                        p.translate(v, other);
+                        p.rotate(v);
+                        p.scale(other, v);
+                    }
+                    p.setLineWidth(v);
+                    p.setLineDash({other, v}, v);
+                    p.addCircleArcPath(other, 0, v, other, v);
+                    p.joinCircleArcPath(0, 0, other, v, other);
+                    p.addRelativeLinePath(v, 0);
+                    p.addRectanglePath(0, v, v, other);
+                    p.translatePath(v, other);
+                    p.rotatePath(v);
+                    p.scalePath(v, other);
+                    p.strokePreserve();
+                    p.fillPreserve();
+                    p.clip();
+                    p.drawRects(std::vector<UXDoubleRect>{{v, 0, other, 1}, {0, 0, v, v}});
+                    p.drawHorizontalLines(std::vector<double>{v, 1}, other, v, v);
+                    p.drawPolyline(std::vector<UXDoublePoint>{{v, 0}, {0, other}, {other, v}});
+                    p.drawMarks(std::vector<UXDoublePoint>{{v, 0}, {0, other}}, v);
+                    p.beginLinearGradientPattern(v, other, 0, v, UXSourceOperator::None);
+                    p.addGradientPatternColorStop({1, 2, 3, v}, v);
+                    p.endPattern();
+                    p.usePattern();
+                    p.drawText("text", {v, 0, other, 20}, UXTextProperty{});
+                    p.drawText("a long text", {0, other, v, 20}, UXFont{}, UXTextAlign::Right,
+                               UXTextOption::EllipsisEnd, 1);
+                    p.drawImage(&image, {v, 0, other, 1}, other);
+                    p.drawPicture(&picture, {0, v, other, other}, v);
+                    p.drawMaskedPicture(&picture, &image, {other, v, 5, other});
+                    p.drawCompositedPicture(&picture, &picture, {other, other, other, v},
+                                            UXCompositionMode::Xor);
+                    p.drawMasked([&](UXPainter* on) { on->drawPicture(&picture, UXDoublePoint(v, 0), 1); },
+                                 nullptr, {0, 0, v, other});
+                }
+            };
+            SCOPED_TRACE(testing::Message() << v << " " << other);
+            const std::string svg = paint(draw);
+            EXPECT_EQ(findFault(svg), "");
+            EXPECT_FALSE(std::regex_search(svg, std::regex("nan|inf|[0-9]e[+-]?[0-9]{3}|[0-9]{12}")));
+
+            UXRecordingPainter first, second;
+            draw(first);
+            first.replay(second);
+            EXPECT_TRUE(first.getText() == second.getText());
+        }
+    }
+}
+
+TEST(UXSvgPaintConfig, SameDrawingSameBytesInAnyLocale)
+{
+    struct Grouping : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\1"; }
+    };
+    const Draw draw = [](UXPainter& p) {
+        p.addRectanglePath(1234.5, 0, 10000, 10);
+        p.fill();
+        p.drawText("a", {0, 0, 50, 20}, UXTextProperty{});
+    };
+    UXSvgPaintConfig config({1000, 500});
+    UXPainter* painter = uxCreatePainter(&config);
+    draw(*painter);
+    uxDestroyPainter(painter);
+
+    const std::string svg = config.getSvg();
+    std::ostringstream out;
+    out.imbue(std::locale(std::locale::classic(), new Grouping));
+    EXPECT_TRUE(config.write(out));
+    EXPECT_EQ(out.str(), svg);
+    EXPECT_EQ(paint(draw, {1000, 500}), svg);
+    EXPECT_TRUE(svg.starts_with("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "
+                                "xmlns=\"http://www.w3.org/2000/svg\" width=\"1000\" height=\"500\" "
+                                "viewBox=\"0 0 1000 500\""));
+
+    out.setstate(std::ios::badbit);
+    EXPECT_FALSE(config.write(out));
+
+    UXSvgPaintConfig withoutArea({0, 500});
+    EXPECT_FALSE(withoutArea.isPaintConfigValid());
+    EXPECT_EQ(uxCreatePainter(&withoutArea), nullptr);
+}
