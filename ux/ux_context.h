@@ -121,9 +121,10 @@ private:
 
     bool _hasControl(const UXControl* control) const;
     bool _hasDiagram(const UXDiagram* diagram) const;
+    void _forgetDiagram(UXDiagram* diagram);
     /** Calls notify on each of the controls that is still here when its turn comes. */
-    void _notify(const std::vector<UXControl*>& controls, const std::function<void(UXControl*)>& notify);
-    void _paint(UXDiagram* diagram);
+    template <class Notify>
+    void _notify(const std::vector<UXControl*>& controls, const Notify& notify);
 
     std::vector<UXDiagram*> m_diagrams;
     std::vector<UXControl*> m_controls;

@@ -14,6 +14,7 @@
 #include "ux/ux_rect.h"
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -140,7 +141,9 @@ private:
     friend class UXDiagram;
     friend class UXTimer;
 
+    void _zoomStep(double factor, bool keepMousePoint, const UXEvent& event);
     void _setZoomRatioAround(double ratio, const UXDoubleControlPoint& fixedPoint);
+    void _originChanged();
 
     // Lets those who call the control back notice that it is gone.
     std::shared_ptr<const bool> m_life;
@@ -152,5 +155,5 @@ private:
     double m_zoomRatio = 1;
     UXDoubleControlPoint m_origin;
     std::vector<UXTimer*> m_timers;
-    std::vector<std::function<void()>> m_postedActions;
+    std::deque<std::function<void()>> m_postedActions;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/ux_json_object_watcher.h"
 #include "ux/ux_object.h"
 
 class UXContext;
@@ -18,7 +19,7 @@ public:
     ~UXDiagram() override;
 
     /** @return null without a context, and once the context is gone */
-    UXContext* getContext() const { return m_context; }
+    UXContext* getContext() const { return m_contextWatcher.isAlive() ? m_context : nullptr; }
 
     // From UXObject
     /** Writes the children as a list under "m_objects", so that a document holds what stands on the diagram.
@@ -32,7 +33,6 @@ public:
     /** Client makes the diagram as large as its control. */
     void setAlign(UXAlign align) override;
     void setRect(UXRect rect) override;
-    void addDirtyRect(UXRect rect) override;
     void flushDirtyRect() override;
     void repaintDirtyRect() override;
     /** @return whether the diagram or anything on it has a responder of the type */
@@ -61,6 +61,9 @@ public:
 private:
     friend class UXContext;
 
+    void _setContext(UXContext* context);
+
     UXContext* m_context = nullptr;
+    UXJsonObjectWatcher m_contextWatcher;
     std::vector<UXGlobalEventDiagram*> m_globalEventDiagrams;
 };

@@ -15,6 +15,7 @@
 #include "ux/ux_size.h"
 #include "ux/ux_transform.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -22,6 +23,7 @@
 #include <string>
 #include <vector>
 
+class UXObjectWatcher;
 class UXPaintConfig;
 class UXSpace;
 
@@ -314,6 +316,9 @@ protected:
 
     /** Gives every child with an alignment its rectangle inside area, which is in the own space. */
     void layoutAlignedChildren(UXRect area);
+    /** Stores the selection without telling anyone.
+     *  @return whether it changed, which it does not where the object cannot be selected */
+    bool storeSelected(bool selected);
     /** Takes all children out without destroying them, for a subclass that owns none. */
     void detachChildren();
     /** Lets this object alone act on an event: filter, handler, registered handlers.
@@ -321,34 +326,40 @@ protected:
     bool deliverEvent(UXEventType type, const UXEvent& event, bool& stop);
 
 private:
+    friend class UXObjectWatcher;
     struct EventRegistry;
-    struct PendingWork;
 
     // Children
-    bool _canTake(const UXObject* child) const;
     std::size_t _obtainChildIndex(const UXObject* child) const;
-    void _insertChild(UXObject* child, std::size_t index);
-    void _eraseChild(std::size_t index);
+    bool _hasChild(const UXObject* child) const { return child && child->m_parent == this; }
+    void _takeChild(UXObject* child, std::uint64_t index);
+    void _releaseChild(UXObject* child);
     void _moveChild(UXObject* child, std::size_t index);
-    void _childrenChanged(UXObject* child);
 
     // Layout
-    void _markAncestors();
-    void _markAncestorsForChildSize();
-    void _layoutNow();
-    bool _postponeLayout();
+    UXObject* _obtainOutermostBatch() const;
+    void _noteDescendantRequiresLayout();
+    void _requireLayoutOfParents();
+    bool _shouldWaitForNextFrame();
+    void _layoutChildren();
+    UXRect _obtainAlignedRect(const UXRect& area) const;
 
     // Translation
     UXTransform _obtainTransformToNextParent() const;
     UXTransform _obtainTransform(const UXObject* from, const UXObject* to) const;
+    const UXObject* _obtainRoot() const;
 
     // Events
     bool _dispatchEvent(UXEventType type, const UXEvent& event);
-    void _trackMouse(UXEventType type);
+    bool _shouldTriggerEvent(UXEventType type, const UXEvent& event);
+    bool _customEvent(UXEventType type, const UXEvent& event, bool& stop);
+    void _noteMouseCame(UXEventType type);
+    void _noteMouseWent(UXEventType type);
 
     // Repaint
-    bool _isDirtyRectShown() const;
-    void _addDirtyRectToParent();
+    void _invalidateInParent();
+    template <class T>
+    void _updateAndInvalidate(T& member, const T& value);
 
     std::string m_name;
     UXObject* m_parent = nullptr;
@@ -360,13 +371,20 @@ private:
     UXColor m_borderColor;
     UXColor m_backgroundColor{0, 0, 0, 0};
     UXDirtyRegion m_dirtyRegion;
-    std::unique_ptr<EventRegistry> m_eventRegistry;
-    std::unique_ptr<PendingWork> m_pendingWork;
+    // Shared with the handlers that run, which may destroy the object.
+    std::shared_ptr<EventRegistry> m_eventRegistry;
+    UXObjectWatcher* m_watchers = nullptr;
+    int m_updateDepth = 0;
+    int m_fpsControlDepth = 0;
+    std::chrono::steady_clock::time_point m_lastFrame;
     UXAlign m_align = UXAlign::None;
     bool m_showBorder = false;
     bool m_requireToVerifyLayout = true;
     bool m_descendantRequiresLayout = false;
     bool m_layouting = false;
+    bool m_layoutWaits = false;
+    bool m_frameWaits = false;
+    bool m_repaintWaits = false;
     bool m_autoResize = false;
     bool m_visible = true;
     bool m_highlightable = false;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ux/ux_export.h"
-#include "ux/ux_json_object_watcher.h"
 
 class UXObject;
 
@@ -11,17 +10,27 @@ class UXObject;
  *     callback();
  *     if (!watcher.isAlive())
  *         return;
+ * A watcher costs two links in the object's list of watchers and no memory of its own.
  */
 class UX_EXPORT UXObjectWatcher {
 public:
     /** @param object stays its owner's; null is one that is gone */
     explicit UXObjectWatcher(UXObject* object);
+    UXObjectWatcher(const UXObjectWatcher& other);
+    UXObjectWatcher& operator=(const UXObjectWatcher& other);
+    ~UXObjectWatcher();
 
-    bool isAlive() const { return m_watcher.isAlive(); }
+    bool isAlive() const { return m_object != nullptr; }
     /** @return the object, null once it is gone */
-    UXObject* getObject() const { return isAlive() ? m_object : nullptr; }
+    UXObject* getObject() const { return m_object; }
 
 private:
-    UXObject* m_object;
-    UXJsonObjectWatcher m_watcher;
+    friend class UXObject;
+
+    void _watch(UXObject* object);
+    void _forget();
+
+    UXObject* m_object = nullptr;
+    UXObjectWatcher* m_next = nullptr;
+    UXObjectWatcher* m_previous = nullptr;
 };

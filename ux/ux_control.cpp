@@ -1,0 +1,331 @@
+#include "ux/ux_control.h"
+
+#include "ux/ux_context.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_event.h"
+#include "ux/ux_event_dispatch_scope.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_saturate.h"
+#include "ux/ux_timer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr double zoomStep = 1.25;
+// What lies this close to a whole number is meant to be it: zooming in and out again leaves such traces.
+constexpr double roundingTrace = 1e-6;
+
+int roundToInt(double value) { return uxSaturateToInt(std::floor(value + 0.5)); }
+
+/** @return the smallest whole rectangle around an exact one */
+template <class Rect, class DoubleRect>
+Rect enclose(const DoubleRect& exact)
+{
+    const auto low = [](double value) { return uxSaturateToInt(std::floor(value + roundingTrace)); };
+    const auto high = [](double value) { return uxSaturateToInt(std::ceil(value - roundingTrace)); };
+    const int x = low(exact.x), y = low(exact.y);
+    return {x, y, uxSaturateToInt(std::int64_t{high(exact.x + exact.width)} - x),
+            uxSaturateToInt(std::int64_t{high(exact.y + exact.height)} - y)};
+}
+
+} // namespace
+
+UXControl::UXControl() : m_life(std::make_shared<const bool>(true)) {}
+
+UXControl::~UXControl()
+{
+    while (!m_timers.empty())
+        m_timers.back()->stop();
+    if (m_context)
+        m_context->removeControl(this);
+}
+
+void UXControl::setUseCases(const std::vector<int>& useCases) { m_useCases = useCases; }
+
+bool UXControl::containUseCase(int useCase) const
+{
+    return std::ranges::find(m_useCases, useCase) != m_useCases.end();
+}
+
+UXControlRect UXControl::getControlRect() const { return m_controlRect; }
+
+void UXControl::setControlRect(const UXControlRect& rect)
+{
+    if (rect == m_controlRect)
+        return;
+    m_controlRect = rect;
+    const std::weak_ptr<const bool> life = m_life;
+    resizeDiagramAlignClient();
+    if (!life.expired())
+        notifyResetScroller();
+}
+
+UXControlRect UXControl::getControlRectWithoutScalingFactor() const
+{
+    const auto unscale = [this](int value) { return roundToInt(value / m_scalingFactor); };
+    return {unscale(m_controlRect.x), unscale(m_controlRect.y), unscale(m_controlRect.width),
+            unscale(m_controlRect.height)};
+}
+
+void UXControl::setScalingFactor(double factor)
+{
+    if (!std::isfinite(factor) || factor <= 0 || factor == m_scalingFactor)
+        return;
+    // What the diagram shows stays where it is, measured in its own units.
+    m_origin = {m_origin.x / m_scalingFactor * factor, m_origin.y / m_scalingFactor * factor};
+    m_scalingFactor = factor;
+    const std::weak_ptr<const bool> life = m_life;
+    resizeDiagramAlignClient();
+    if (!life.expired())
+        _originChanged();
+}
+
+double UXControl::getZoomRatioWithScalingFactor() const { return m_zoomRatio * m_scalingFactor; }
+
+void UXControl::setZoomRatio(double ratio) { _setZoomRatioAround(ratio, m_origin); }
+
+void UXControl::zoomIn(bool keepMousePoint, const UXEvent& event)
+{
+    _zoomStep(zoomStep, keepMousePoint, event);
+}
+
+void UXControl::zoomOut(bool keepMousePoint, const UXEvent& event)
+{
+    _zoomStep(1 / zoomStep, keepMousePoint, event);
+}
+
+void UXControl::zoomReset()
+{
+    const std::weak_ptr<const bool> life = m_life;
+    setZoomRatio(1);
+    if (!life.expired())
+        setDiagramDoubleOriginInControlSpace({});
+}
+
+void UXControl::_zoomStep(double factor, bool keepMousePoint, const UXEvent& event)
+{
+    const UXDoubleControlPoint middle{m_controlRect.width / 2.0, m_controlRect.height / 2.0};
+    const UXDoubleControlPoint mouse = diagramSpaceToControlSpace(UXDoublePoint(event.getMousePoint()));
+    _setZoomRatioAround(m_zoomRatio * factor, keepMousePoint ? mouse : middle);
+}
+
+void UXControl::_setZoomRatioAround(double ratio, const UXDoubleControlPoint& fixedPoint)
+{
+    if (!std::isfinite(ratio))
+        return;
+    const double bounded = std::clamp(ratio, minZoomRatio, maxZoomRatio);
+    if (bounded == m_zoomRatio)
+        return;
+
+    const std::weak_ptr<const bool> life = m_life;
+    const UXObjectWatcher diagram(m_activeDiagram);
+    if (diagram.isAlive())
+        m_activeDiagram->zoomRatioWillChange(bounded);
+    if (life.expired())
+        return;
+    const double growth = bounded / m_zoomRatio;
+    m_zoomRatio = bounded;
+    m_origin = {fixedPoint.x - (fixedPoint.x - m_origin.x) * growth,
+                fixedPoint.y - (fixedPoint.y - m_origin.y) * growth};
+    if (diagram.isAlive())
+        static_cast<UXDiagram*>(diagram.getObject())->zoomRatioDidChange(bounded);
+    if (!life.expired())
+        resizeDiagramAlignClient();
+    if (!life.expired())
+        _originChanged();
+}
+
+UXPoint UXControl::getDiagramOrigin() const
+{
+    const double zoom = getZoomRatioWithScalingFactor();
+    return {roundToInt(m_origin.x / zoom), roundToInt(m_origin.y / zoom)};
+}
+
+void UXControl::setDiagramOrigin(UXPoint origin)
+{
+    const double zoom = getZoomRatioWithScalingFactor();
+    setDiagramDoubleOriginInControlSpace({origin.x * zoom, origin.y * zoom});
+}
+
+UXControlPoint UXControl::getDiagramOriginInControlSpace() const
+{
+    return {roundToInt(m_origin.x), roundToInt(m_origin.y)};
+}
+
+void UXControl::setDiagramOriginInControlSpace(const UXControlPoint& origin)
+{
+    setDiagramDoubleOriginInControlSpace({static_cast<double>(origin.x), static_cast<double>(origin.y)});
+}
+
+UXDoubleControlPoint UXControl::getDiagramDoubleOriginInControlSpace() const { return m_origin; }
+
+void UXControl::setDiagramDoubleOriginInControlSpace(const UXDoubleControlPoint& origin)
+{
+    if (!std::isfinite(origin.x) || !std::isfinite(origin.y) || origin == m_origin)
+        return;
+    m_origin = origin;
+    _originChanged();
+}
+
+void UXControl::_originChanged()
+{
+    const std::weak_ptr<const bool> life = m_life;
+    if (m_activeDiagram)
+        m_activeDiagram->originDidChange();
+    if (!life.expired())
+        notifyResetScroller();
+    if (!life.expired() && m_activeDiagram)
+        notifyFullScreenDirtyRect(m_activeDiagram);
+}
+
+bool UXControl::getCanScrollDiagram() const
+{
+    if (!m_activeDiagram)
+        return false;
+    const UXControlRect shown = diagramSpaceToControlSpace(m_activeDiagram->getBoundingRect());
+    return shown.x < 0 || shown.y < 0 || std::int64_t{shown.x} + shown.width > m_controlRect.width ||
+           std::int64_t{shown.y} + shown.height > m_controlRect.height;
+}
+
+UXPoint UXControl::controlSpaceToDiagramSpace(const UXControlPoint& point) const
+{
+    const UXDoublePoint exact = controlSpaceToDiagramSpace(
+        UXDoubleControlPoint{static_cast<double>(point.x), static_cast<double>(point.y)});
+    return {roundToInt(exact.x), roundToInt(exact.y)};
+}
+
+UXRect UXControl::controlSpaceToDiagramSpace(const UXControlRect& rect) const
+{
+    return enclose<UXRect>(controlSpaceToDiagramSpace(
+        UXDoubleControlRect{static_cast<double>(rect.x), static_cast<double>(rect.y),
+                            static_cast<double>(rect.width), static_cast<double>(rect.height)}));
+}
+
+UXDoublePoint UXControl::controlSpaceToDiagramSpace(const UXDoubleControlPoint& point) const
+{
+    const double zoom = getZoomRatioWithScalingFactor();
+    return {(point.x - m_origin.x) / zoom, (point.y - m_origin.y) / zoom};
+}
+
+UXDoubleRect UXControl::controlSpaceToDiagramSpace(const UXDoubleControlRect& rect) const
+{
+    const double zoom = getZoomRatioWithScalingFactor();
+    return {(rect.x - m_origin.x) / zoom, (rect.y - m_origin.y) / zoom, rect.width / zoom,
+            rect.height / zoom};
+}
+
+double UXControl::controlSpaceToDiagramSpace(const UXControlDimension& dimension) const
+{
+    return dimension.value / getZoomRatioWithScalingFactor();
+}
+
+UXControlPoint UXControl::diagramSpaceToControlSpace(const UXPoint& point) const
+{
+    const UXDoubleControlPoint exact = diagramSpaceToControlSpace(UXDoublePoint(point));
+    return {roundToInt(exact.x), roundToInt(exact.y)};
+}
+
+UXControlRect UXControl::diagramSpaceToControlSpace(const UXRect& rect) const
+{
+    return enclose<UXControlRect>(diagramSpaceToControlSpace(UXDoubleRect(rect)));
+}
+
+UXDoubleControlPoint UXControl::diagramSpaceToControlSpace(const UXDoublePoint& point) const
+{
+    const double zoom = getZoomRatioWithScalingFactor();
+    return {m_origin.x + point.x * zoom, m_origin.y + point.y * zoom};
+}
+
+UXDoubleControlRect UXControl::diagramSpaceToControlSpace(const UXDoubleRect& rect) const
+{
+    const double zoom = getZoomRatioWithScalingFactor();
+    return {m_origin.x + rect.x * zoom, m_origin.y + rect.y * zoom, rect.width * zoom, rect.height * zoom};
+}
+
+UXControlDimension UXControl::diagramSpaceToControlSpace(double dimension) const
+{
+    return UXControlDimension(dimension * getZoomRatioWithScalingFactor());
+}
+
+void UXControl::timer(std::int64_t nowMilliseconds)
+{
+    const std::weak_ptr<const bool> life = m_life;
+    const std::vector<UXTimer*> timers = m_timers;
+    for (UXTimer* timer : timers) {
+        // An earlier one may have stopped or destroyed this one, or the control.
+        if (life.expired())
+            return;
+        if (std::ranges::find(m_timers, timer) != m_timers.end())
+            timer->_tick(nowMilliseconds);
+    }
+    if (!life.expired())
+        runPostedActions();
+}
+
+void UXControl::resizeDiagramAlignClient()
+{
+    if (!m_activeDiagram || m_activeDiagram->getAlign() != UXAlign::Client)
+        return;
+    const double zoom = getZoomRatioWithScalingFactor();
+    const UXRect rect = m_activeDiagram->getRect();
+    m_activeDiagram->setRect({rect.x, rect.y, uxSaturateToInt(std::floor(m_controlRect.width / zoom)),
+                              uxSaturateToInt(std::floor(m_controlRect.height / zoom))});
+}
+
+void UXControl::postAction(const std::function<void()>& action)
+{
+    if (!action)
+        return;
+    m_postedActions.push_back(action);
+    if (!UXEventDispatchScope::isDispatching())
+        return;
+    UXEventDispatchScope::postAction([this, life = std::weak_ptr<const bool>(m_life)] {
+        if (!life.expired())
+            runPostedActions();
+    });
+}
+
+void UXControl::runPostedActions()
+{
+    const std::weak_ptr<const bool> life = m_life;
+    while (!life.expired() && !m_postedActions.empty()) {
+        const std::function<void()> action = std::move(m_postedActions.front());
+        m_postedActions.pop_front();
+        action();
+    }
+}
+
+UXPaintConfig* UXControl::obtainPaintConfig(UXDiagram*) { return nullptr; }
+
+void UXControl::customEvent() {}
+
+bool UXControl::hasDefaultBackground() const { return false; }
+
+void UXControl::notifyDirtyRect(UXDiagram*) {}
+
+void UXControl::notifyFullScreenDirtyRect(UXDiagram*) {}
+
+void UXControl::notifyCursorChange(int) {}
+
+void UXControl::notifyDiagramAlignChanged(UXDiagram*) { resizeDiagramAlignClient(); }
+
+void UXControl::notifyDiagramSizeChanged(UXDiagram*) { notifyResetScroller(); }
+
+void UXControl::notifyDiagramMove(UXDiagram* diagram, UXPoint distance)
+{
+    if (!diagram || diagram != m_activeDiagram)
+        return;
+    const double zoom = getZoomRatioWithScalingFactor();
+    setDiagramDoubleOriginInControlSpace({m_origin.x + distance.x * zoom, m_origin.y + distance.y * zoom});
+}
+
+void UXControl::notifyEvent(const UXEvent&) {}
+
+void UXControl::notifyEvent(const UXEvent&, UXObject*, UXPoint) {}
+
+void UXControl::notifyRightClickMenu(UXMessageRightClickParam*, UXPoint) {}
+
+void UXControl::notifyResetScroller() {}

@@ -1,0 +1,128 @@
+#include "ux/ux_diagram.h"
+
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
+#include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_object_watcher.h"
+
+#include <algorithm>
+
+namespace {
+
+bool hasResponder(const std::vector<UXObject*>& objects, UXEventResponderType type)
+{
+    return std::ranges::any_of(objects, [type](const UXObject* object) {
+        return object->getShouldResponse(type) || hasResponder(object->getChildren(), type);
+    });
+}
+
+} // namespace
+
+UXDiagram::UXDiagram(UXContext* context) : m_context(context), m_contextWatcher(context) {}
+
+UXDiagram::~UXDiagram()
+{
+    while (!m_globalEventDiagrams.empty())
+        unregisterGlobalEventDiagram(m_globalEventDiagrams.back());
+    if (UXContext* context = getContext())
+        context->_forgetDiagram(this);
+    detachChildren();
+}
+
+void UXDiagram::customSerialize()
+{
+    UXObject::customSerialize();
+    serializeObjectList("m_objects", {getChildren().begin(), getChildren().end()});
+}
+
+std::string UXDiagram::customSerializeTypeID() { return "UXDiagram"; }
+
+bool UXDiagram::customDeserialize()
+{
+    const bool complete = UXObject::customDeserialize();
+    return deserializeExistingObjectList("m_objects", {getChildren().begin(), getChildren().end()}) &&
+           complete;
+}
+
+UXObject* UXDiagram::getParent() const { return nullptr; }
+
+void UXDiagram::setAlign(UXAlign align)
+{
+    if (align == getAlign())
+        return;
+    UXObject::setAlign(align);
+    if (UXContext* context = getContext())
+        context->notifyDiagramAlignChanged(this);
+}
+
+void UXDiagram::setRect(UXRect rect)
+{
+    const UXRect old = getRect();
+    UXObjectWatcher watcher(this);
+    UXObject::setRect(rect);
+    if (!watcher.isAlive() || (old.width == rect.width && old.height == rect.height))
+        return;
+    if (UXContext* context = getContext())
+        context->notifyDiagramSizeChanged(this);
+}
+
+void UXDiagram::flushDirtyRect()
+{
+    UXContext* context = getContext();
+    if (context && !isUpdating() && !getDirtyRegion().isEmpty())
+        context->notifyDirtyRect(this);
+}
+
+void UXDiagram::repaintDirtyRect()
+{
+    if (isUpdating()) {
+        UXObject::repaintDirtyRect();
+        return;
+    }
+    if (UXContext* context = getContext())
+        context->repaintDirtyRect(this);
+}
+
+bool UXDiagram::getShouldResponse(UXEventResponderType type) const
+{
+    return UXObject::getShouldResponse(type) || hasResponder(getChildren(), type);
+}
+
+void UXDiagram::afterEvent(const UXEvent& event, bool) { customAfterEvent(event); }
+
+void UXDiagram::customAfterEvent(const UXEvent&) {}
+
+void UXDiagram::originDidChange() {}
+
+void UXDiagram::zoomRatioWillChange(double) {}
+
+void UXDiagram::zoomRatioDidChange(double) {}
+
+void UXDiagram::registerGlobalEventDiagram(UXGlobalEventDiagram* diagram)
+{
+    if (!diagram || diagram == this || std::ranges::count(m_globalEventDiagrams, diagram) > 0)
+        return;
+    m_globalEventDiagrams.push_back(diagram);
+    diagram->m_servedDiagrams.push_back(this);
+}
+
+void UXDiagram::unregisterGlobalEventDiagram(UXGlobalEventDiagram* diagram)
+{
+    if (std::erase(m_globalEventDiagrams, diagram) > 0)
+        diagram->_forgetServedDiagram(this);
+}
+
+UXGlobalControlSpaceEventDiagram* UXDiagram::getGlobalControlSpaceEventDiagram() const
+{
+    for (UXGlobalEventDiagram* diagram : m_globalEventDiagrams) {
+        if (auto* found = dynamic_cast<UXGlobalControlSpaceEventDiagram*>(diagram))
+            return found;
+    }
+    return nullptr;
+}
+
+void UXDiagram::_setContext(UXContext* context)
+{
+    m_context = context;
+    m_contextWatcher = UXJsonObjectWatcher(context);
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ux/ux_event.h"
+
+#include <functional>
+
+/**
+ * One event on its way through the objects. Dispatches can stand inside one another; what was posted
+ * meanwhile, on any of their events, runs when the outermost is finished.
+ */
+class UXEventDispatchScope {
+public:
+    explicit UXEventDispatchScope(const UXEvent& event);
+    ~UXEventDispatchScope();
+
+    UXEventDispatchScope(const UXEventDispatchScope&) = delete;
+    UXEventDispatchScope& operator=(const UXEventDispatchScope&) = delete;
+
+    /** Runs the posted actions if this is the outermost dispatch. Any object may be gone afterwards. */
+    void finish();
+
+    static bool isDispatching();
+    /** Keeps action until the outermost dispatch is finished; to be called during one only. */
+    static void postAction(std::function<void()> action);
+
+private:
+    // A copy, which keeps the queue of posted actions when a callback destroys the event.
+    UXEvent m_event;
+};

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ux/ux_global_event_diagram.h"
+
+/** A global diagram whose space is the control's: what is on it keeps its size whatever the zoom is. */
+class UX_EXPORT UXGlobalControlSpaceEventDiagram : public UXGlobalEventDiagram {
+public:
+    explicit UXGlobalControlSpaceEventDiagram(UXContext* context = nullptr);
+    ~UXGlobalControlSpaceEventDiagram() override;
+
+    // From UXObject
+    std::string customSerializeTypeID() override;
+};

@@ -1,0 +1,220 @@
+#include "ux/ux_object.h"
+
+#include "ux/ux_assert.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_rect_functions.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/** The time between two frames at 60 frames in a second. */
+constexpr std::chrono::microseconds framePeriod{16667};
+
+} // namespace
+
+void UXObject::requireLayoutMarked() {}
+
+void UXObject::customLayout() { layoutAlignedChildren(getContentRect()); }
+
+bool UXObject::getRequireToVerifyLayout() const { return m_requireToVerifyLayout; }
+
+void UXObject::setRequireToVerifyLayout(bool requireToVerifyLayout)
+{
+    if (requireToVerifyLayout)
+        requireLayout();
+    else
+        m_requireToVerifyLayout = false;
+}
+
+void UXObject::setRequireToVerifyLayout(bool requireToVerifyLayout, bool repaint)
+{
+    UXObjectWatcher watcher(this);
+    setRequireToVerifyLayout(requireToVerifyLayout);
+    if (watcher.isAlive() && repaint)
+        invalidate();
+}
+
+void UXObject::beginUpdate() { ++m_updateDepth; }
+
+void UXObject::endUpdate()
+{
+    if (!uxAssert(m_updateDepth > 0) || --m_updateDepth > 0)
+        return;
+    const bool layoutWaits = std::exchange(m_layoutWaits, false);
+    const bool repaintWaits = std::exchange(m_repaintWaits, false);
+
+    UXObjectWatcher watcher(this);
+    if (layoutWaits)
+        layout();
+    if (watcher.isAlive())
+        flushDirtyRect();
+    if (watcher.isAlive() && repaintWaits)
+        repaintDirtyRect();
+}
+
+bool UXObject::isUpdating() const { return _obtainOutermostBatch() != nullptr; }
+
+bool UXObject::requireLayout()
+{
+    if (m_requireToVerifyLayout)
+        return false;
+    m_requireToVerifyLayout = true;
+    _noteDescendantRequiresLayout();
+    requireLayoutMarked();
+    return true;
+}
+
+void UXObject::layout()
+{
+    if (UXObject* batch = _obtainOutermostBatch()) {
+        batch->m_layoutWaits = true;
+        return;
+    }
+    if (m_layouting || (!m_requireToVerifyLayout && !m_descendantRequiresLayout) || _shouldWaitForNextFrame())
+        return;
+
+    UXObjectWatcher watcher(this);
+    m_layouting = true;
+    if (m_requireToVerifyLayout) {
+        customLayout();
+        if (!watcher.isAlive())
+            return;
+        m_requireToVerifyLayout = false;
+    }
+
+    _layoutChildren();
+    if (!watcher.isAlive())
+        return;
+
+    if (m_autoResize) {
+        // The size is the outcome of this pass and not a reason for another one.
+        const bool required = m_requireToVerifyLayout;
+        autoResize();
+        if (!watcher.isAlive())
+            return;
+        m_requireToVerifyLayout = required;
+    }
+    m_layouting = false;
+}
+
+void UXObject::autoResize()
+{
+    UXPoint corner;
+    bool hasChild = false;
+    for (const UXObject* child : m_children) {
+        if (!child->getVisible() || child->getAlign() != UXAlign::None)
+            continue;
+        const UXPoint childCorner = child->getRect().getBottomRight();
+        corner = {std::max(corner.x, childCorner.x), std::max(corner.y, childCorner.y)};
+        hasChild = true;
+    }
+    if (!hasChild)
+        return;
+    const UXPoint size = corner + UXPoint{m_padding.right, m_padding.bottom};
+    setRect({getRect().x, getRect().y, std::max(size.x, 0), std::max(size.y, 0)});
+}
+
+void UXObject::beginLayoutWithFPSControl()
+{
+    if (m_fpsControlDepth++ == 0)
+        m_lastFrame = {};
+}
+
+void UXObject::endLayoutWithFPSControl()
+{
+    if (!uxAssert(m_fpsControlDepth > 0) || --m_fpsControlDepth > 0)
+        return;
+    if (std::exchange(m_frameWaits, false))
+        layout();
+}
+
+bool UXObject::isLayoutingWithFPSControl() const { return m_fpsControlDepth > 0; }
+
+void UXObject::layoutAlignedChildren(UXRect area)
+{
+    UXObjectWatcher watcher(this);
+    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
+        UXObject* child = m_children[i];
+        if (child->getAlign() != UXAlign::None)
+            child->setRect(child->_obtainAlignedRect(area));
+    }
+}
+
+UXObject* UXObject::_obtainOutermostBatch() const
+{
+    const UXObject* batch = nullptr;
+    for (const UXObject* object = this; object; object = object->m_parent) {
+        if (object->m_updateDepth > 0)
+            batch = object;
+    }
+    return const_cast<UXObject*>(batch);
+}
+
+/** Lets a pass from the root find its way here. */
+void UXObject::_noteDescendantRequiresLayout()
+{
+    if (!m_requireToVerifyLayout && !m_descendantRequiresLayout)
+        return;
+    for (UXObject* outer = m_parent; outer && !outer->m_descendantRequiresLayout; outer = outer->m_parent)
+        outer->m_descendantRequiresLayout = true;
+}
+
+/** Marks the parents because the size changed. A parent that is just being laid out has set the size itself,
+ * or is about to see it, and those above it have nothing to do with that. */
+void UXObject::_requireLayoutOfParents()
+{
+    UXObjectWatcher outer(m_parent);
+    while (outer.isAlive() && !outer.getObject()->m_layouting) {
+        const UXObjectWatcher next(outer.getObject()->m_parent);
+        outer.getObject()->requireLayout();
+        outer = next;
+    }
+}
+
+bool UXObject::_shouldWaitForNextFrame()
+{
+    if (m_fpsControlDepth == 0)
+        return false;
+    const auto now = std::chrono::steady_clock::now();
+    m_frameWaits = now - m_lastFrame < framePeriod;
+    if (!m_frameWaits)
+        m_lastFrame = now;
+    return m_frameWaits;
+}
+
+void UXObject::_layoutChildren()
+{
+    if (!std::exchange(m_descendantRequiresLayout, false))
+        return;
+    UXObjectWatcher watcher(this);
+    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
+        if (m_children[i]->getVisible())
+            m_children[i]->layout();
+    }
+}
+
+UXRect UXObject::_obtainAlignedRect(const UXRect& area) const
+{
+    UXRect rect = getRect();
+    switch (m_align) {
+    case UXAlign::None:
+        return rect;
+    case UXAlign::Center:
+        rect.x = uxSaturateToInt(area.x + (std::int64_t{area.width} - rect.width) / 2);
+        rect.y = uxSaturateToInt(area.y + (std::int64_t{area.height} - rect.height) / 2);
+        return rect;
+    case UXAlign::Client:
+        return area;
+    case UXAlign::Left:
+        return {area.x, area.y, rect.width, area.height};
+    case UXAlign::Top:
+        return {area.x, area.y, area.width, rect.height};
+    case UXAlign::Right:
+        return {uxSaturateToInt(std::int64_t{uxMaxX(area)} - rect.width), area.y, rect.width, area.height};
+    case UXAlign::Bottom:
+        return {area.x, uxSaturateToInt(std::int64_t{uxMaxY(area)} - rect.height), area.width, rect.height};
+    }
+    return rect;
+}

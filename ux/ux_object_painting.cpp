@@ -1,0 +1,80 @@
+#include "ux/ux_object.h"
+
+#include "ux/ux_object_watcher.h"
+
+#include <utility>
+
+UXRect UXObject::customDirtyRect() { return getBoundingRect(); }
+
+void UXObject::addDirtyRect(UXRect rect)
+{
+    if (m_visible && m_dirtyRegion.add(rect))
+        flushDirtyRect();
+}
+
+void UXObject::clearDirtyRect() { m_dirtyRegion.clear(); }
+
+void UXObject::flushDirtyRect()
+{
+    if (m_updateDepth > 0 || !m_parent || m_dirtyRegion.isEmpty())
+        return;
+    const UXDirtyRegion region = std::exchange(m_dirtyRegion, {});
+    UXObjectWatcher watcher(this);
+    for (const UXRect& rect : region.getRects()) {
+        if (!watcher.isAlive() || !m_parent)
+            return;
+        m_parent->addDirtyRect(translateRectToParent(rect, m_parent));
+    }
+}
+
+void UXObject::invalidateChildren()
+{
+    UXObjectWatcher watcher(this);
+    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
+        if (m_children[i]->getVisible())
+            m_children[i]->invalidate();
+    }
+}
+
+void UXObject::invalidate() { addDirtyRect(customDirtyRect()); }
+
+void UXObject::repaintDirtyRect()
+{
+    if (UXObject* batch = _obtainOutermostBatch()) {
+        batch->m_repaintWaits = true;
+        return;
+    }
+    UXObjectWatcher watcher(this);
+    flushDirtyRect();
+    if (watcher.isAlive() && m_parent)
+        m_parent->repaintDirtyRect();
+}
+
+void UXObject::repaint()
+{
+    UXObjectWatcher watcher(this);
+    invalidate();
+    if (watcher.isAlive())
+        repaintDirtyRect();
+}
+
+void UXObject::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    UXObjectWatcher watcher(this);
+    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
+        UXObject* child = m_children[i];
+        if (!child->getVisible())
+            continue;
+        const UXRect childRect = translateRectToChild(dirtyRect, child);
+        if (child->inRect(childRect))
+            child->paint(config, childRect);
+    }
+}
+
+/** Has the place where the object is now painted anew. Used before it leaves, so it goes to the parent at
+ * once: an open batch of the object would translate it from where the object is later. */
+void UXObject::_invalidateInParent()
+{
+    if (m_visible && m_parent)
+        m_parent->addDirtyRect(translateRectToParent(customDirtyRect(), m_parent));
+}

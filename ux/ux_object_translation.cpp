@@ -1,0 +1,171 @@
+#include "ux/ux_object.h"
+
+#include "ux/ux_space.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// What lies this close to a whole number is meant to be it: chains of scales leave such traces.
+constexpr double roundingTrace = 1e-6;
+
+int roundToInt(double value) { return uxSaturateToInt(std::floor(value + 0.5)); }
+
+UXPoint mapPoint(const UXTransform& transform, const UXPoint& point)
+{
+    const UXDoublePoint mapped = transform.apply(point.x, point.y);
+    return {roundToInt(mapped.x), roundToInt(mapped.y)};
+}
+
+UXSize mapSize(const UXTransform& transform, const UXSize& size)
+{
+    return {roundToInt(transform.xx * size.width), roundToInt(transform.yy * size.height)};
+}
+
+struct Span {
+    int start, length;
+};
+
+/** @return the smallest whole span around the exact one; a span without length stays one */
+Span mapSpan(double scale, double offset, int start, int length)
+{
+    const double low = scale * start + offset, extent = scale * length;
+    if (length <= 0)
+        return {roundToInt(low), roundToInt(extent)};
+    const int first = uxSaturateToInt(std::floor(low + roundingTrace));
+    const int last = uxSaturateToInt(std::ceil(low + extent - roundingTrace));
+    return {first, uxSaturateToInt(std::int64_t{last} - first)};
+}
+
+UXRect mapRect(const UXTransform& transform, const UXRect& rect)
+{
+    const Span across = mapSpan(transform.xx, transform.dx, rect.x, rect.width);
+    const Span down = mapSpan(transform.yy, transform.dy, rect.y, rect.height);
+    return {across.start, down.start, across.length, down.length};
+}
+
+/** A length without direction grows by the geometric mean of the two scales. */
+double mapDimension(const UXTransform& transform, double dimension)
+{
+    return dimension * (transform.xx == transform.yy ? transform.xx : std::sqrt(transform.xx * transform.yy));
+}
+
+} // namespace
+
+UXPoint UXObject::translatePointToParent(UXPoint point, UXObject* parent) const
+{
+    return mapPoint(_obtainTransform(this, parent), point);
+}
+
+UXSize UXObject::translateSizeToParent(UXSize size, UXObject* parent) const
+{
+    return mapSize(_obtainTransform(this, parent), size);
+}
+
+UXRect UXObject::translateRectToParent(UXRect rect, UXObject* parent) const
+{
+    return mapRect(_obtainTransform(this, parent), rect);
+}
+
+double UXObject::translateDimensionToParent(double dimension, UXObject* parent) const
+{
+    return mapDimension(_obtainTransform(this, parent), dimension);
+}
+
+UXPoint UXObject::translatePointToChild(UXPoint point, UXObject* child) const
+{
+    return mapPoint(_obtainTransform(this, child), point);
+}
+
+UXSize UXObject::translateSizeToChild(UXSize size, UXObject* child) const
+{
+    return mapSize(_obtainTransform(this, child), size);
+}
+
+UXRect UXObject::translateRectToChild(UXRect rect, UXObject* child) const
+{
+    return mapRect(_obtainTransform(this, child), rect);
+}
+
+double UXObject::translateDimensionToChild(double dimension, UXObject* child) const
+{
+    return mapDimension(_obtainTransform(this, child), dimension);
+}
+
+UXPoint UXObject::translatePoint(UXPoint point, UXObject* to) const
+{
+    return translatePointToParent(point, to);
+}
+
+UXPoint UXObject::translatePoint(UXPoint point, UXObject* from, UXObject* to) const
+{
+    return mapPoint(_obtainTransform(from, to), point);
+}
+
+UXSize UXObject::translateSize(UXSize size, UXObject* from, UXObject* to) const
+{
+    return mapSize(_obtainTransform(from, to), size);
+}
+
+UXRect UXObject::translateRect(UXRect rect, UXObject* from, UXObject* to) const
+{
+    return mapRect(_obtainTransform(from, to), rect);
+}
+
+double UXObject::translateDimension(double dimension, UXObject* from, UXObject* to) const
+{
+    return mapDimension(_obtainTransform(from, to), dimension);
+}
+
+UXTransform UXObject::obtainTransformToParent(const UXObject* parent) const
+{
+    UXTransform transform;
+    for (const UXObject* object = this; object != parent && object->m_parent; object = object->m_parent)
+        transform = object->_obtainTransformToNextParent().combined(transform);
+    return transform;
+}
+
+UXTransform UXObject::_obtainTransformToNextParent() const
+{
+    UXTransform transform;
+    if (const UXSpace* space = getSpace()) {
+        // A space that an outer object stands in is applied there and not once more here.
+        const UXSpace* outer = nullptr;
+        for (const UXObject* object = m_parent; object && !outer; object = object->m_parent)
+            outer = object->getSpace();
+        for (; space && space != outer; space = space->getParent()) {
+            const UXPoint& origin = space->getRelativeOrigin();
+            const double sx = space->getXScale(), sy = space->getYScale();
+            transform =
+                UXTransform{sx, 0, 0, sy, static_cast<double>(origin.x), static_cast<double>(origin.y)}
+                    .combined(transform);
+        }
+    }
+    transform.dx += m_rect.x;
+    transform.dy += m_rect.y;
+    return transform;
+}
+
+/** Null stands for the root. Objects of two trees meet in their roots, which are taken for the same. */
+UXTransform UXObject::_obtainTransform(const UXObject* from, const UXObject* to) const
+{
+    const UXObject* source = from ? from : _obtainRoot();
+    const UXObject* target = to ? to : _obtainRoot();
+    if (source == target)
+        return {};
+    if (source->hasParent(const_cast<UXObject*>(target)))
+        return source->obtainTransformToParent(target);
+    if (target->hasParent(const_cast<UXObject*>(source)))
+        return target->obtainTransformToParent(source).inverted();
+    return target->obtainTransformToParent(nullptr).inverted().combined(
+        source->obtainTransformToParent(nullptr));
+}
+
+const UXObject* UXObject::_obtainRoot() const
+{
+    const UXObject* root = this;
+    while (root->m_parent)
+        root = root->m_parent;
+    return root;
+}
