@@ -419,6 +419,36 @@ TEST(UXSvgPainter, PicturesAreCutAndCombined)
               "");
 }
 
+TEST(UXSvgPainter, PicturesBeginWithThePresentStateAndEndSomewhere)
+{
+    UXPicture endless;
+    int runs = 0;
+    endless.registerPaintAction(
+        [&](UXPainter* painter) {
+            ++runs;
+            painter->addLinePath(0, 0, 1, 0);
+            painter->fill();
+            painter->restoreState();
+            painter->drawPicture(&endless, UXDoublePoint(0, 0), 1);
+        },
+        {200, 100});
+    const Draw draw = [&](UXPainter& p) {
+        p.setColor({255, 0, 0});
+        p.setCompositionMode(UXCompositionMode::Multiply);
+        p.drawPicture(&endless, UXDoublePoint(0, 0), 1);
+    };
+    const std::string content = paintContent(draw);
+    EXPECT_EQ(runs, uxDeepestPictureNesting);
+    EXPECT_TRUE(content.starts_with(
+        "<g style=\"mix-blend-mode:multiply\">\n<path d=\"M0 0H1\" fill=\"#ff0000\"/>\n<g>"))
+        << content;
+
+    UXRecordingPainter recorder;
+    draw(recorder);
+    EXPECT_EQ(runs, 2 * uxDeepestPictureNesting);
+    EXPECT_EQ(paintContent([&](UXPainter& p) { recorder.replay(p); }), content);
+}
+
 TEST(UXSvgPainter, HostileNumbersDrawSomethingSane)
 {
     constexpr double limit = std::numeric_limits<double>::max();

@@ -166,8 +166,8 @@ public:
 
     // Images and pictures: stretched to rect, or in their own size with the top left corner at point. An
     // opacity is from 0 to 1 and holds for the whole; what a picture draws outside its size is cut. What
-    // draws a picture, mask or layer begins with the initial state, apart from transform and clip. The path
-    // is empty before and after.
+    // draws a picture, mask or layer begins with the present state, drawn over what is there. The path is
+    // empty before and after.
     virtual void drawImage(const UXImage* image, const UXDoubleRect& rect, double opacity) = 0;
     virtual void drawImage(const UXImage* image, const UXDoublePoint& point, double opacity);
     virtual void drawPicture(const UXPicture* picture, const UXDoubleRect& rect, double opacity) = 0;

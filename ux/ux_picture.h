@@ -4,6 +4,10 @@
 #include "ux/ux_export.h"
 #include "ux/ux_paint_function.h"
 
+/** How deep pictures, masks and layers may stand in one another; what is deeper, as one inside itself, is not
+ * drawn. */
+inline constexpr int uxDeepestPictureNesting = 32;
+
 /** A drawing kept as the function that makes it, so that it is drawn anew, and sharp, at every size. */
 class UX_EXPORT UXPicture {
 public:

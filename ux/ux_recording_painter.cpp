@@ -371,6 +371,8 @@ std::shared_ptr<const UXRecording> UXRecordingPainter::_recordLayer(const UXPain
     auto recording = std::make_shared<UXRecording>(m_recording.getDeviceScale());
     UXRecordingPainter painter(*recording);
     painter.m_transform = toDevice;
-    action(&painter);
+    painter.m_nesting = m_nesting + 1;
+    if (painter.m_nesting <= uxDeepestPictureNesting)
+        action(&painter);
     return recording;
 }

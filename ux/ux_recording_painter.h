@@ -109,4 +109,5 @@ private:
     UXRecording& m_recording;
     UXTransform m_transform;
     std::vector<UXTransform> m_savedTransforms;
+    int m_nesting = 0; /**< of the pictures and layers around this painter */
 };

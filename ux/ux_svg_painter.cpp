@@ -336,7 +336,7 @@ void UXSvgPainter::drawMaskedPicture(const UXPicture* picture, const UXPicture* 
 void UXSvgPainter::drawMasked(const UXPaintFunction& mask, UXPaintConfig*, const UXDoubleRect& rect)
 {
     if (mask && hasArea(rect) && !_drawsNothing())
-        _drawMasked(_obtainFillElement(_obtainRectPath(rect)), _paintLayer(mask), rect);
+        _drawMasked(_obtainFillElement(_obtainRectPath(rect)), _paintLayer(mask, m_state.toPage), rect);
 }
 
 void UXSvgPainter::drawCompositedPicture(const UXPicture* upper, const UXPicture* lower,
@@ -355,8 +355,8 @@ void UXSvgPainter::drawComposited(const UXPaintFunction& action, UXPaintConfig*,
         return;
     const std::string cut = m_document.define("clipPath", "",
                                               "<path d=\"" + _obtainRectPath(rect).obtainData({}) + "\"/>");
-    _add("<g clip-path=\"url(#" + cut + ")\"" + uxFormatSvgBlend(mode) + ">\n" + _paintLayer(action) +
-         "</g>");
+    _add("<g clip-path=\"url(#" + cut + ")\"" + uxFormatSvgBlend(mode) + ">\n" +
+         _paintLayer(action, m_state.toPage) + "</g>");
 }
 
 void UXSvgPainter::drawRects(std::span<const UXDoubleRect> rects)
@@ -484,20 +484,28 @@ std::string UXSvgPainter::_paintPicture(const UXPicture* picture, const UXDouble
     if (!picture || !hasArea(rect) || !hasArea({0, 0, picture->getSize().width, picture->getSize().height}))
         return "";
     const UXDoubleSize size = picture->getSize();
-    UXSvgLayer layer;
-    UXSvgPainter painter(
-        m_document, layer,
-        m_state.toPage.translated(rect.x, rect.y).scaled(rect.width / size.width, rect.height / size.height));
-    painter.addRectanglePath(0, 0, size.width, size.height);
-    painter.clip();
-    picture->paint(&painter);
-    return layer.obtainContent();
+    const UXTransform toPage =
+        m_state.toPage.translated(rect.x, rect.y).scaled(rect.width / size.width, rect.height / size.height);
+    const auto action = [&](UXPainter* painter) {
+        painter->addRectanglePath(0, 0, size.width, size.height);
+        painter->clip();
+        picture->paint(painter);
+    };
+    return _paintLayer(action, toPage);
 }
 
-std::string UXSvgPainter::_paintLayer(const UXPaintFunction& action) const
+std::string UXSvgPainter::_paintLayer(const UXPaintFunction& action, const UXTransform& toPage) const
 {
+    if (m_nesting == uxDeepestPictureNesting)
+        return "";
     UXSvgLayer layer;
-    UXSvgPainter painter(m_document, layer, m_state.toPage);
+    UXSvgPainter painter(m_document, layer, toPage);
+    painter.m_nesting = m_nesting + 1;
+    painter.m_state = m_state;
+    painter.m_state.toPage = toPage;
+    painter.m_state.mode = UXCompositionMode::Over;
+    painter.m_state.clip.clear();
+    painter.m_endedGradient = m_endedGradient;
     action(&painter);
     return layer.obtainContent();
 }

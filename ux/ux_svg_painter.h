@@ -116,7 +116,7 @@ private:
     void _drawTextLine(const std::string& line, const UXDoubleRect& rect, double baseline, const UXFont& font,
                        UXTextAlign align);
     std::string _paintPicture(const UXPicture* picture, const UXDoubleRect& rect) const;
-    std::string _paintLayer(const UXPaintFunction& action) const;
+    std::string _paintLayer(const UXPaintFunction& action, const UXTransform& toPage) const;
     void _drawMasked(const std::string& content, const std::string& mask, const UXDoubleRect& rect);
 
     UXSvgDocument& m_document;
@@ -124,6 +124,7 @@ private:
     UXSvgPath m_path;
     State m_state;
     std::vector<State> m_savedStates;
+    int m_nesting = 0; /**< of the pictures and layers around this painter */
     std::unique_ptr<UXSvgGradient> m_begunGradient;
     std::shared_ptr<const UXSvgGradient> m_endedGradient;
 };
