@@ -21,10 +21,6 @@ namespace {
 constexpr double kFarthestPixel = 4e6;
 // Dashes of less than this many pixels in all look like a thin line and would be counted one by one.
 constexpr double kShortestDashes = 0.1;
-// Beyond this many pixels the outline of a glyph is filled, as its pixels are not worth keeping.
-constexpr double kLargestKeptGlyph = 256;
-// Neither a speck nor a wall is a text; Cairo has no font for them.
-constexpr double kSmallestText = 0.05, kLargestText = 50000;
 constexpr double kSmallestScale = 1e-6, kLargestScale = 1e6;
 // A picture may draw a picture, but not itself for ever.
 constexpr int kDeepestNesting = 32;
@@ -130,11 +126,6 @@ private:
 };
 
 } // namespace
-
-void UXCairoPainter::PatternDeleter::operator()(UXCairoPattern* pattern) const
-{
-    cairo_pattern_destroy(pattern);
-}
 
 class UXCairoPainter::Scope {
 public:
@@ -485,11 +476,7 @@ void UXCairoPainter::_drawText(const std::string& text, const UXDoubleRect& rect
         result->fits = size.width <= rect.width && size.height <= rect.height;
     }
 
-    const double scale = std::sqrt(std::abs(m_toDevice.xx * m_toDevice.yy - m_toDevice.xy * m_toDevice.yx));
-    const double pixels = scale * font.size;
-    if (pixels < kSmallestText || pixels > kLargestText || !_isReachable(placed))
-        return;
-    layout.draw(m_context, rect.x, placed.y, rect.width, align, pixels > kLargestKeptGlyph);
+    layout.draw(m_context, m_toDevice, m_ground, rect.x, placed.y, rect.width, align);
 }
 
 /** Whether every point of rect has device coordinates that Cairo can count. */
@@ -515,7 +502,7 @@ bool UXCairoPainter::_clipToRect(const UXDoubleRect& rect)
 }
 
 /** Draws on a layer of its own, in the present space, which begins clear and is drawn over. */
-UXCairoPainter::CairoPattern UXCairoPainter::_drawLayer(Layer kind, const std::function<void()>& action)
+UXCairoPatternHandle UXCairoPainter::_drawLayer(Layer kind, const std::function<void()>& action)
 {
     const Scope scope(*this);
     cairo_push_group_with_content(m_context,
@@ -525,11 +512,11 @@ UXCairoPainter::CairoPattern UXCairoPainter::_drawLayer(Layer kind, const std::f
         const Scope inner(*this);
         action();
     }
-    return CairoPattern(cairo_pop_group(m_context));
+    return UXCairoPatternHandle(cairo_pop_group(m_context));
 }
 
 /** Combines a layer by mode with what is there, wherever the clip lets it. */
-void UXCairoPainter::_combineLayer(const CairoPattern& layer, UXCompositionMode mode)
+void UXCairoPainter::_combineLayer(const UXCairoPatternHandle& layer, UXCompositionMode mode)
 {
     const UXPainterState state(*this);
     cairo_set_operator(m_context, obtainOperator(mode));
@@ -580,7 +567,7 @@ void UXCairoPainter::drawPicture(const UXPicture* picture, const UXDoubleRect& r
     const Scope scope(*this);
     if (!_clipToRect(rect))
         return;
-    const CairoPattern layer = _drawLayer(Layer::Colours, [&] { _placePicture(*picture, rect); });
+    const UXCairoPatternHandle layer = _drawLayer(Layer::Colours, [&] { _placePicture(*picture, rect); });
     cairo_set_source(m_context, layer.get());
     cairo_paint_with_alpha(m_context, std::min(opacity, 1.0));
 }
@@ -605,8 +592,8 @@ void UXCairoPainter::drawMaskedPicture(const UXPicture* picture, const UXPicture
     const Scope scope(*this);
     if (!_clipToRect(rect))
         return;
-    const CairoPattern through = _drawLayer(Layer::AlphaOnly, [&] { _placePicture(*mask, rect); });
-    const CairoPattern layer = _drawLayer(Layer::Colours, [&] { _placePicture(*picture, rect); });
+    const UXCairoPatternHandle through = _drawLayer(Layer::AlphaOnly, [&] { _placePicture(*mask, rect); });
+    const UXCairoPatternHandle layer = _drawLayer(Layer::Colours, [&] { _placePicture(*picture, rect); });
     cairo_set_source(m_context, layer.get());
     cairo_mask(m_context, through.get());
 }
@@ -618,7 +605,7 @@ void UXCairoPainter::drawMasked(const UXPaintFunction& mask, UXPaintConfig*, con
     const Scope scope(*this);
     if (!_clipToRect(rect))
         return;
-    const CairoPattern through = _drawLayer(Layer::AlphaOnly, [&] { mask(this); });
+    const UXCairoPatternHandle through = _drawLayer(Layer::AlphaOnly, [&] { mask(this); });
     cairo_mask(m_context, through.get());
 }
 
@@ -630,7 +617,7 @@ void UXCairoPainter::drawCompositedPicture(const UXPicture* upper, const UXPictu
     const Scope scope(*this);
     if (!_clipToRect(rect))
         return;
-    const CairoPattern both = _drawLayer(Layer::Colours, [&] {
+    const UXCairoPatternHandle both = _drawLayer(Layer::Colours, [&] {
         _placePicture(*lower, rect);
         _combineLayer(_drawLayer(Layer::Colours, [&] { _placePicture(*upper, rect); }), mode);
     });

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "ux/cairo/ux_cairo_types.h"
+#include "ux/cairo/ux_cairo_handles.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_transform.h"
 
 #include <functional>
-#include <memory>
 
 /** Draws with Cairo on one surface. Everything that would put a Cairo context into its error state is kept
  * out. */
@@ -98,10 +97,6 @@ public:
 private:
     /** A path of its own and a state to go back to, for one operation; keeps count of how deep it is. */
     class Scope;
-    struct PatternDeleter {
-        void operator()(UXCairoPattern* pattern) const;
-    };
-    using CairoPattern = std::unique_ptr<UXCairoPattern, PatternDeleter>;
     enum class Layer { Colours, AlphaOnly };
 
     void _transform(const UXTransform& change);
@@ -112,8 +107,8 @@ private:
     bool _clipToRect(const UXDoubleRect& rect);
     bool _isReachable(const UXDoubleRect& rect) const;
     void _placePicture(const UXPicture& picture, const UXDoubleRect& rect);
-    CairoPattern _drawLayer(Layer kind, const std::function<void()>& action);
-    void _combineLayer(const CairoPattern& layer, UXCompositionMode mode);
+    UXCairoPatternHandle _drawLayer(Layer kind, const std::function<void()>& action);
+    void _combineLayer(const UXCairoPatternHandle& layer, UXCompositionMode mode);
     void _drawText(const std::string& text, const UXDoubleRect& rect, const UXFont& font, UXTextAlign align,
                    UXTextOption option, int lineMode, UXDrawTextResult* result);
 
@@ -129,6 +124,6 @@ private:
     bool m_hasPath = false;    // whether anything was added to the path
     bool m_pathBroken = false; // whether anything of it was not finite
 
-    CairoPattern m_begunPattern, m_endedPattern;
+    UXCairoPatternHandle m_begunPattern, m_endedPattern;
     double m_lastOffset = 0; // of the pattern that was begun
 };

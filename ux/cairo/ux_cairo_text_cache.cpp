@@ -6,7 +6,7 @@
 namespace {
 
 constexpr std::size_t kMostTexts = 4096;
-constexpr std::size_t kMostGlyphs = 1 << 18; // 24 bytes each
+constexpr std::size_t kMostGlyphs = 1 << 16; // of a few hundred bytes each, with their pixels
 
 void appendBytes(std::string& key, const auto& value)
 {

@@ -1,20 +1,31 @@
 #include "ux/cairo/ux_cairo_text_layout.h"
 
 #include "ux/cairo/ux_cairo_fonts.h"
+#include "ux/cairo/ux_cairo_glyph_cache.h"
 #include "ux/cairo/ux_cairo_path_keeper.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <iostream>
-#include <memory>
 #include <pango/pangocairo.h>
 #include <set>
+#include <utility>
 
 namespace {
 
 // Pango counts in 1/1024 units and in int: these bounds keep every sum inside it.
 constexpr std::size_t kMostBytes = 16384;
 constexpr double kWidestLimit = 1 << 20;
+// Cairo keeps device coordinates in 24 bits before the point.
+constexpr double kFarthestPixel = 4e6;
+// Sizes in pixels: neither a speck nor a wall is a text, and Cairo has no font for them.
+constexpr double kSmallestText = 0.05, kLargestText = 50000;
+// Up to this size a line is kept as pixels, its letters set to parts of a pixel. Larger letters are put on
+// whole pixels by Cairo, where one half of a pixel does not show; the largest are filled outlines.
+constexpr double kLargestKeptText = 40, kWidestKeptText = 4096, kLargestGlyph = 256;
+
+double inUnits(int pangoUnits) { return double(pangoUnits) / PANGO_SCALE; }
 
 /** @return text that Pango takes: valid, and short enough for its numbers in a font of this size */
 std::string obtainValidText(const std::string& text, int fontSize)
@@ -32,13 +43,48 @@ std::string obtainValidText(const std::string& text, int fontSize)
     return made;
 }
 
+/**
+ * Lets lines break inside words that no line could hold. Pango breaks a word letter by letter in a time that
+ * grows with the square of its length.
+ * @param text valid UTF-8
+ * @return text with a space of no width after every so many letters of a word
+ */
+std::string allowBreaksInLongWords(const std::string& text)
+{
+    constexpr int longestWord = 64;
+    constexpr gunichar joiner = 0x200D;
+    std::string broken;
+    int letters = 0;
+    gunichar before = ' ';
+    const char* const end = text.data() + text.size();
+    for (const char *at = text.data(), *next = at; at < end; at = next) {
+        next = g_utf8_next_char(at);
+        const gunichar letter = g_utf8_get_char(at);
+        const bool goesWithBefore = g_unichar_ismark(letter) || g_unichar_iszerowidth(letter) ||
+                                    before == joiner;
+        letters = g_unichar_isspace(letter) ? 0 : letters + 1;
+        if (letters > longestWord && !goesWithBefore) {
+            broken += "\xE2\x80\x8B";
+            letters = 1;
+        }
+        broken.append(at, next);
+        before = letter;
+    }
+    return broken;
+}
+
 /** Says once about each text that no font has all of its characters. */
 void reportUncovered(const std::string& text)
 {
-    constexpr std::size_t mostReports = 100;
+    constexpr std::size_t mostReports = 100, mostBytes = 200;
     static std::set<std::string>* reported = new std::set<std::string>;
-    if (reported->size() < mostReports && reported->insert(text).second)
-        std::cerr << "ux_cairo: no font has every character of \"" << text << "\"\n";
+    if (reported->size() >= mostReports || !reported->insert(text).second)
+        return;
+    std::string shown = text.substr(0, mostBytes);
+    std::replace_if(
+        shown.begin(), shown.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; },
+        '?');
+    std::cerr << "ux_cairo: no font has every character of \"" << shown << "\"\n";
 }
 
 PangoEllipsizeMode obtainEllipsizeMode(UXTextOption option)
@@ -65,12 +111,15 @@ UXCairoTextLayout::UXCairoTextLayout(const std::string& text, const UXFont& font
         return;
     UXCairoFonts& fonts = UXCairoFonts::obtainShared();
     const UXCairoFonts::Face& face = fonts.obtainFace(font);
+    m_fontSize = std::clamp(font.size, 1, 10000);
     m_ascent = face.ascent;
     m_lineHeight = face.lineHeight;
 
     // 2. Let Pango break and shape it. The limit is rounded up so that a text fits the width that it
     // measured.
-    const std::string valid = obtainValidText(text, std::clamp(font.size, 1, 10000));
+    std::string valid = obtainValidText(text, m_fontSize);
+    if (lineMode == 1 && widthLimit >= 0)
+        valid = allowBreaksInLongWords(valid);
     PangoLayout* layout = pango_layout_new(fonts.getContext());
     pango_layout_set_font_description(layout, face.description);
     pango_layout_set_text(layout, valid.data(), static_cast<int>(valid.size()));
@@ -85,66 +134,173 @@ UXCairoTextLayout::UXCairoTextLayout(const std::string& text, const UXFont& font
         reportUncovered(valid);
 
     // 3. Keep the places of the glyphs; the layout itself is of no further use.
-    for (GSList* each = pango_layout_get_lines_readonly(layout); each; each = each->next) {
-        const auto* line = static_cast<const PangoLayoutLine*>(each->data);
-        Line& kept = m_lines.emplace_back(Line{0, m_runs.size(), 0});
-        double x = 0;
-        for (GSList* item = line->runs; item; item = item->next) {
-            const auto* run = static_cast<const PangoLayoutRun*>(item->data);
-            cairo_scaled_font_t* scaled = run->item->analysis.font
-                                              ? pango_cairo_font_get_scaled_font(
-                                                    PANGO_CAIRO_FONT(run->item->analysis.font))
-                                              : nullptr;
-            const std::size_t begin = m_glyphs.size();
-            for (int i = 0; i < run->glyphs->num_glyphs; ++i) {
-                const PangoGlyphInfo& glyph = run->glyphs->glyphs[i];
-                // A character that no font has is drawn as the font's own sign for that, its glyph 0.
-                const bool unknown = (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0;
-                if (scaled && glyph.glyph != PANGO_GLYPH_EMPTY)
-                    m_glyphs.push_back({unknown ? 0 : glyph.glyph,
-                                        x + double(glyph.geometry.x_offset) / PANGO_SCALE,
-                                        double(glyph.geometry.y_offset) / PANGO_SCALE});
-                x += double(glyph.geometry.width) / PANGO_SCALE;
-            }
-            if (m_glyphs.size() > begin)
-                m_runs.push_back({cairo_scaled_font_reference(scaled), begin, m_glyphs.size()});
-        }
-        kept.width = std::max(0.0, x);
-        kept.end = m_runs.size();
-        m_size.width = std::max(m_size.width, kept.width);
-    }
+    for (GSList* each = pango_layout_get_lines_readonly(layout); each; each = each->next)
+        _keepLine(each->data);
     m_size.height = m_lineHeight * static_cast<double>(m_lines.size());
     g_object_unref(layout);
 }
 
-UXCairoTextLayout::~UXCairoTextLayout()
+void UXCairoTextLayout::_keepLine(const void* pangoLine)
 {
-    for (const Run& run : m_runs)
-        cairo_scaled_font_destroy(run.font);
+    Line line{0, m_runs.size(), 0, {}};
+    double x = 0;
+    for (GSList* each = static_cast<const PangoLayoutLine*>(pangoLine)->runs; each; each = each->next) {
+        const auto* run = static_cast<const PangoLayoutRun*>(each->data);
+        PangoFont* font = run->item->analysis.font;
+        cairo_scaled_font_t* scaled = font ? pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font))
+                                           : nullptr;
+        const std::size_t begin = m_glyphs.size();
+        for (int i = 0; i < run->glyphs->num_glyphs; ++i) {
+            const PangoGlyphInfo& glyph = run->glyphs->glyphs[i];
+            // A character that no font has is drawn as the font's own sign for that, its glyph 0.
+            const bool isUnknown = (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0;
+            if (scaled && glyph.glyph != PANGO_GLYPH_EMPTY)
+                m_glyphs.push_back({isUnknown ? 0 : glyph.glyph, x + inUnits(glyph.geometry.x_offset),
+                                    inUnits(glyph.geometry.y_offset)});
+            x += inUnits(glyph.geometry.width);
+        }
+        if (m_glyphs.size() > begin)
+            m_runs.push_back(
+                {UXCairoScaledFontHandle(cairo_scaled_font_reference(scaled)), begin, m_glyphs.size()});
+    }
+    line.width = std::max(0.0, x);
+    line.end = m_runs.size();
+    m_size.width = std::max(m_size.width, line.width);
+    m_lines.push_back(std::move(line));
 }
 
-void UXCairoTextLayout::draw(UXCairoContext* context, double left, double top, double width,
-                             UXTextAlign align, bool asOutlines) const
+void UXCairoTextLayout::draw(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground,
+                             double left, double top, double width, UXTextAlign align) const
 {
+    const double scale = std::sqrt(std::abs(toDevice.xx * toDevice.yy - toDevice.xy * toDevice.yx));
+    const double pixels = scale * m_fontSize;
+    const double extent = (m_size.width + m_size.height + std::abs(width)) * 2 * scale;
+    const UXDoublePoint corner = toDevice.apply(left, top);
+    if (!(pixels > kSmallestText && pixels < kLargestText) ||
+        !(std::abs(corner.x) + std::abs(corner.y) + extent < kFarthestPixel))
+        return;
+
+    const bool isOnPixels = cairo_surface_get_type(cairo_get_group_target(context)) ==
+                            CAIRO_SURFACE_TYPE_IMAGE;
+    const bool keepsPixels = isOnPixels && pixels <= kLargestKeptText &&
+                             m_size.width * scale <= kWidestKeptText;
+    if (keepsPixels)
+        _renderPixels(toDevice);
+
     const double share = align == UXTextAlign::Center ? 0.5 : align == UXTextAlign::Right ? 1 : 0;
-    std::vector<cairo_glyph_t> placed;
-    double baseline = top + m_ascent;
+    UXDoublePoint start(left, top + m_ascent);
     for (const Line& line : m_lines) {
-        const double start = left + (width - line.width) * share;
-        for (std::size_t i = line.begin; i < line.end; ++i) {
-            const Run& run = m_runs[i];
-            placed.clear();
-            for (std::size_t k = run.begin; k < run.end; ++k)
-                placed.push_back({m_glyphs[k].index, start + m_glyphs[k].x, baseline + m_glyphs[k].y});
-            cairo_set_scaled_font(context, run.font);
-            if (asOutlines) {
-                const UXCairoPathKeeper keeper(context);
-                cairo_glyph_path(context, placed.data(), static_cast<int>(placed.size()));
-                cairo_fill(context);
-            } else {
-                cairo_show_glyphs(context, placed.data(), static_cast<int>(placed.size()));
-            }
-        }
-        baseline += m_lineHeight;
+        start.x = left + (width - line.width) * share;
+        if (keepsPixels)
+            _drawPixels(context, toDevice, ground, line, start);
+        else
+            _drawGlyphs(context, line, start, isOnPixels && pixels > kLargestGlyph);
+        start.y += m_lineHeight;
     }
+}
+
+void UXCairoTextLayout::_drawGlyphs(UXCairoContext* context, const Line& line, const UXDoublePoint& start,
+                                    bool asOutlines) const
+{
+    std::vector<cairo_glyph_t> placed;
+    for (std::size_t i = line.begin; i < line.end; ++i) {
+        const Run& run = m_runs[i];
+        placed.clear();
+        for (std::size_t k = run.begin; k < run.end; ++k)
+            placed.push_back({m_glyphs[k].index, start.x + m_glyphs[k].x, start.y + m_glyphs[k].y});
+        cairo_set_scaled_font(context, run.font.get());
+        if (asOutlines) {
+            const UXCairoPathKeeper keeper(context);
+            cairo_glyph_path(context, placed.data(), static_cast<int>(placed.size()));
+            cairo_fill(context);
+        } else {
+            cairo_show_glyphs(context, placed.data(), static_cast<int>(placed.size()));
+        }
+    }
+}
+
+void UXCairoTextLayout::_drawPixels(UXCairoContext* context, const UXTransform& toDevice,
+                                    const UXTransform& ground, const Line& line,
+                                    const UXDoublePoint& start) const
+{
+    // A line begins on a whole pixel, wherever it stands: it looks the same everywhere and is made once.
+    if (!line.pixels.pattern)
+        return;
+    const UXDoublePoint origin = toDevice.apply(start.x, start.y);
+    const cairo_matrix_t toPixels = {
+        1, 0, 0, 1, -std::round(origin.x) - line.pixels.left, -std::round(origin.y) - line.pixels.top};
+    cairo_pattern_set_matrix(line.pixels.pattern.get(), &toPixels);
+
+    cairo_matrix_t before;
+    cairo_get_matrix(context, &before);
+    const UXTransform fromPixels = ground.inverted();
+    const cairo_matrix_t pixels = {fromPixels.xx, fromPixels.yx, fromPixels.xy,
+                                   fromPixels.yy, fromPixels.dx, fromPixels.dy};
+    cairo_set_matrix(context, &pixels);
+    cairo_mask(context, line.pixels.pattern.get());
+    cairo_set_matrix(context, &before);
+}
+
+void UXCairoTextLayout::_renderPixels(const UXTransform& toDevice) const
+{
+    const UXTransform linear{toDevice.xx, toDevice.yx, toDevice.xy, toDevice.yy, 0, 0};
+    if (m_hasPixels && m_pixelTransform == linear)
+        return;
+    for (Line& line : m_lines)
+        line.pixels = _renderLine(line, linear);
+    m_pixelTransform = linear;
+    m_hasPixels = true;
+}
+
+UXCairoTextLayout::LinePixels UXCairoTextLayout::_renderLine(const Line& line,
+                                                             const UXTransform& toDevice) const
+{
+    // 1. Where each glyph goes, to a quarter of a pixel, and what they cover together.
+    struct Placed {
+        UXCairoGlyphPixels pixels;
+        int left, top;
+    };
+    constexpr int phases = UXCairoGlyphCache::kPhases;
+    std::vector<Placed> placed;
+    int left = 0, top = 0, right = 0, bottom = 0;
+    for (std::size_t i = line.begin; i < line.end; ++i) {
+        for (std::size_t k = m_runs[i].begin; k < m_runs[i].end; ++k) {
+            const UXDoublePoint at = toDevice.apply(m_glyphs[k].x, m_glyphs[k].y);
+            const int x = static_cast<int>(std::lround(at.x * phases)),
+                      y = static_cast<int>(std::lround(at.y * phases));
+            const UXCairoGlyphPixels& pixels = UXCairoGlyphCache::obtainShared().obtainPixels(
+                m_runs[i].font.get(), toDevice, m_glyphs[k].index, x & (phases - 1), y & (phases - 1));
+            if (pixels.coverage.empty())
+                continue;
+            // Shifting right rounds down, also below 0.
+            const Placed& next = placed.emplace_back(pixels, (x >> 2) + pixels.left, (y >> 2) + pixels.top);
+            const bool isFirst = placed.size() == 1;
+            left = isFirst ? next.left : std::min(left, next.left);
+            top = isFirst ? next.top : std::min(top, next.top);
+            right = isFirst ? next.left + pixels.width : std::max(right, next.left + pixels.width);
+            bottom = isFirst ? next.top + pixels.height : std::max(bottom, next.top + pixels.height);
+        }
+    }
+    if (placed.empty())
+        return {};
+
+    // 2. Add the coverages up.
+    const UXCairoSurfaceHandle surface(
+        cairo_image_surface_create(CAIRO_FORMAT_A8, right - left, bottom - top));
+    unsigned char* data = cairo_image_surface_get_data(surface.get());
+    if (!data)
+        return {};
+    const int stride = cairo_image_surface_get_stride(surface.get());
+    for (const Placed& glyph : placed) {
+        const std::uint8_t* from = glyph.pixels.coverage.data();
+        for (int y = 0; y < glyph.pixels.height; ++y) {
+            unsigned char* to = data + std::ptrdiff_t{stride} * (glyph.top - top + y) + (glyph.left - left);
+            for (int x = 0; x < glyph.pixels.width; ++x, ++from, ++to)
+                *to = static_cast<unsigned char>(std::min(*to + *from, 255));
+        }
+    }
+    cairo_surface_mark_dirty(surface.get());
+    LinePixels made{left, top, UXCairoPatternHandle(cairo_pattern_create_for_surface(surface.get()))};
+    cairo_pattern_set_filter(made.pattern.get(), CAIRO_FILTER_NEAREST);
+    return made;
 }

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "ux/cairo/ux_cairo_types.h"
+#include "ux/cairo/ux_cairo_handles.h"
+#include "ux/ux_double_point.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_font.h"
 #include "ux/ux_text_align.h"
 #include "ux/ux_text_option.h"
+#include "ux/ux_transform.h"
 
 #include <cstddef>
 #include <string>
 #include <vector>
-
-struct _cairo_scaled_font;
 
 /** A text that has been broken into lines and shaped: glyphs in their places, ready to be drawn anywhere. */
 class UXCairoTextLayout {
@@ -22,10 +22,6 @@ public:
      */
     UXCairoTextLayout(const std::string& text, const UXFont& font, UXTextOption option, int lineMode,
                       double widthLimit);
-    ~UXCairoTextLayout();
-
-    UXCairoTextLayout(const UXCairoTextLayout&) = delete;
-    UXCairoTextLayout& operator=(const UXCairoTextLayout&) = delete;
 
     /** @return width of the widest line and height of all lines, in logical units */
     UXDoubleSize getSize() const { return m_size; }
@@ -33,13 +29,15 @@ public:
     std::size_t getGlyphCount() const { return m_glyphs.size(); }
 
     /**
-     * Draws with the context's source and leaves its path as it was.
+     * Draws with the context's source and leaves its path as it was. Text too small to be seen, or too large
+     * or too far away for Cairo to count its pixels, is left out.
+     * @param toDevice from the context's present space to device pixels, of which ground is the part that
+     * does not belong to the context's transform
      * @param top of the first line
      * @param width that the lines are aligned in, from left
-     * @param asOutlines fills the outlines of the glyphs, for glyphs too large to be kept as pixels
      */
-    void draw(UXCairoContext* context, double left, double top, double width, UXTextAlign align,
-              bool asOutlines) const;
+    void draw(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground, double left,
+              double top, double width, UXTextAlign align) const;
 
 private:
     struct Glyph {
@@ -47,17 +45,34 @@ private:
         double x, y; // from the left end of its line's baseline
     };
     struct Run {
-        _cairo_scaled_font* font; // a reference of our own
-        std::size_t begin, end;   // of its glyphs
+        UXCairoScaledFontHandle font;
+        std::size_t begin, end; // of its glyphs
+    };
+    /** The pixels of a whole line, from the pixel that the left end of its baseline lies in. */
+    struct LinePixels {
+        int left = 0, top = 0;
+        UXCairoPatternHandle pattern; // none where the line covers no pixel
     };
     struct Line {
         double width;
         std::size_t begin, end; // of its runs
+        LinePixels pixels;      // for m_pixelTransform
     };
+
+    void _keepLine(const void* pangoLine);
+    LinePixels _renderLine(const Line& line, const UXTransform& toDevice) const;
+    void _renderPixels(const UXTransform& toDevice) const;
+    void _drawPixels(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground,
+                     const Line& line, const UXDoublePoint& start) const;
+    void _drawGlyphs(UXCairoContext* context, const Line& line, const UXDoublePoint& start,
+                     bool asOutlines) const;
 
     std::vector<Glyph> m_glyphs;
     std::vector<Run> m_runs;
-    std::vector<Line> m_lines;
+    mutable std::vector<Line> m_lines; // their pixels are made when they are drawn
+    mutable UXTransform m_pixelTransform;
+    mutable bool m_hasPixels = false;
     UXDoubleSize m_size;
+    int m_fontSize = 0;
     double m_ascent = 0, m_lineHeight = 0;
 };

@@ -1,0 +1,433 @@
+#include "cairo_test_canvas.h"
+#include "ux/cairo/ux_cairo_install.h"
+#include "ux/ux_image.h"
+#include "ux/ux_picture.h"
+#include "ux/ux_recording_painter.h"
+#include "ux/ux_rect_functions.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+const UXColor red(255, 0, 0), green(0, 255, 0), blue(0, 0, 255);
+
+void fillRect(UXPainter& painter, const UXColor& color, const UXDoubleRect& rect)
+{
+    painter.setColor(color);
+    painter.addRectanglePath(rect);
+    painter.fill();
+}
+
+UXPicture makePicture(const UXDoubleSize& size, UXPaintFunction action)
+{
+    UXPicture picture;
+    picture.registerPaintAction(std::move(action), size);
+    return picture;
+}
+
+} // namespace
+
+TEST(CairoPainter, DrawsWhatTheOperationsSay)
+{
+    struct Probe {
+        int x, y;
+        std::uint32_t expected;
+    };
+    struct Case {
+        const char* name;
+        std::function<void(UXPainter&)> action;
+        std::vector<Probe> probes;
+    };
+    const UXPicture redPicture = makePicture({2, 2}, [](UXPainter* p) { fillRect(*p, red, {0, 0, 9, 9}); });
+    const UXPicture leftHalf = makePicture({4, 4}, [](UXPainter* p) { fillRect(*p, blue, {0, 0, 2, 4}); });
+    const UXImage twoPixels(2, 1, {kRed, kBlue});
+    const std::vector<Case> cases = {
+        {"the state begins with black",
+         [](UXPainter& p) { p.addRectanglePath(2, 2, 4, 4), p.fill(); },
+         {{2, 2, kBlack}, {5, 5, kBlack}, {1, 2, kClear}, {6, 5, kClear}}},
+        {"colours are clamped",
+         [](UXPainter& p) {
+             fillRect(p, {999, -5, 0, 7}, {0, 0, 20, 20});
+         },
+         {{9, 9, kRed}}},
+        {"fill forgets the path and fillPreserve keeps it",
+         [](UXPainter& p) {
+             p.setColor(red), p.addRectanglePath(0, 0, 4, 4), p.fill();
+             p.addRectanglePath(8, 8, 4, 4), p.fillPreserve();
+             p.setColor(blue), p.fill();
+         },
+         {{1, 1, kRed}, {9, 9, kBlue}}},
+        {"winding fills what is enclosed twice",
+         [](UXPainter& p) { p.addRectanglePath(0, 0, 12, 12), p.addRectanglePath(4, 4, 4, 4), p.fill(); },
+         {{1, 1, kBlack}, {5, 5, kBlack}}},
+        {"even-odd does not",
+         [](UXPainter& p) {
+             p.setFillRule(UXFillRule::EvenOdd);
+             p.addRectanglePath(0, 0, 12, 12), p.addRectanglePath(4, 4, 4, 4), p.fill();
+         },
+         {{1, 1, kBlack}, {5, 5, kClear}}},
+        {"a clip holds until the state is restored",
+         [](UXPainter& p) {
+             p.saveState(), p.addRectanglePath(4, 4, 4, 4), p.clip();
+             fillRect(p, red, {0, 0, 20, 20}), p.restoreState();
+             fillRect(p, blue, {12, 0, 4, 4});
+         },
+         {{4, 4, kRed}, {7, 7, kRed}, {8, 7, kClear}, {3, 4, kClear}, {13, 1, kBlue}}},
+        {"clipping to an empty path leaves nothing",
+         [](UXPainter& p) {
+             p.clip(), fillRect(p, red, {0, 0, 20, 20});
+         },
+         {{9, 9, kClear}}},
+        {"clipping to a broken path leaves nothing",
+         [](UXPainter& p) {
+             p.addRectanglePath(0, 0, 20, 20), p.addLinePath(NAN, 2);
+             p.clip(), fillRect(p, red, {0, 0, 20, 20});
+         },
+         {{9, 9, kClear}}},
+        {"a path with a point that is not finite draws nothing, the next one does",
+         [](UXPainter& p) {
+             p.setStartPoint(0, 0), p.addLinePath(20, 0), p.addLinePath(INFINITY, 20), p.closePath(),
+                 p.fill();
+             p.addRectanglePath(8, 8, 4, 4), p.fill();
+         },
+         {{5, 1, kClear}, {9, 9, kBlack}}},
+        {"translate, scale and rotate about the origin",
+         [](UXPainter& p) {
+             p.translate(10, 10), p.rotate(90), p.scale(2, 4);
+             p.addRectanglePath(0, 0, 1, 1), p.fill();
+         },
+         {{9, 10, kBlack}, {6, 11, kBlack}, {10, 10, kClear}, {9, 12, kClear}, {5, 10, kClear}}},
+        {"a scale of 0 and a turn that is not a number do nothing",
+         [](UXPainter& p) {
+             p.scale(0, 1), p.rotate(NAN), p.translate(INFINITY, 0), fillRect(p, red, {0, 0, 4, 4});
+         },
+         {{1, 1, kRed}, {5, 5, kClear}}},
+        {"the path-only forms move what is there",
+         [](UXPainter& p) {
+             p.addRectanglePath(0, 0, 2, 2), p.scalePath(2, 2), p.translatePath(4, 8), p.rotatePath(0);
+             p.addRectanglePath(0, 0, 2, 2), p.fill();
+         },
+         {{4, 8, kBlack}, {7, 11, kBlack}, {8, 11, kClear}, {1, 1, kBlack}, {3, 3, kClear}}},
+        {"relative lines and curves need no more than a start",
+         [](UXPainter& p) {
+             p.addRelativeLinePath(5, 5);
+             p.setStartPoint(2, 2), p.addRelativeLinePath(8, 0), p.addRelativeLinePath(0, 8);
+             p.addCubicCurvePath(10, 10, 2, 10, 2, 10), p.closePath(), p.fill();
+         },
+         {{3, 3, kBlack}, {8, 8, kBlack}, {12, 12, kClear}}},
+        {"arcs grow clockwise, joined ones make a slice",
+         [](UXPainter& p) {
+             p.setStartPoint(10, 10), p.joinCircleArcPath(10, 10, 9, 0, 90), p.closePath(), p.fill();
+         },
+         {{13, 13, kBlack}, {13, 7, kClear}, {7, 13, kClear}, {7, 7, kClear}}},
+        {"a negative sweep runs backwards",
+         [](UXPainter& p) {
+             p.setStartPoint(10, 10), p.joinCircleArcPath(10, 10, 9, 0, -90), p.closePath(), p.fill();
+         },
+         {{13, 13, kClear}, {13, 7, kBlack}}},
+        {"a line as wide as it is told",
+         [](UXPainter& p) { p.setLineWidth(4), p.addLinePath(0, 10, 20, 10), p.stroke(); },
+         {{5, 8, kBlack}, {5, 11, kBlack}, {5, 7, kClear}, {5, 12, kClear}}},
+        {"a width of 0 or below strokes nothing, one that is not a number changes nothing",
+         [](UXPainter& p) {
+             p.setLineWidth(-3), p.addLinePath(0, 2, 20, 2), p.stroke();
+             p.setLineWidth(2), p.setLineWidth(NAN), p.addLinePath(0, 10, 20, 10), p.stroke();
+         },
+         {{5, 2, kClear}, {5, 9, kBlack}}},
+        {"caps lengthen a line",
+         [](UXPainter& p) {
+             p.setLineWidth(4), p.setLineCap(UXLineCapStyle::Square), p.addLinePath(6, 4, 12, 4), p.stroke();
+             p.setLineCap(UXLineCapStyle::Butt), p.addLinePath(6, 14, 12, 14), p.stroke();
+         },
+         {{4, 4, kBlack}, {13, 4, kBlack}, {4, 14, kClear}, {13, 14, kClear}}},
+        {"joins fill or cut the corner",
+         [](UXPainter& p) {
+             p.setLineWidth(4);
+             p.setStartPoint(0, 4), p.addLinePath(8, 4), p.addLinePath(8, 20), p.stroke();
+             p.setLineJoin(UXLineJoinStyle::Bevel);
+             p.setStartPoint(10, 4), p.addLinePath(16, 4), p.addLinePath(16, 20), p.stroke();
+         },
+         {{9, 2, kBlack}, {17, 2, kClear}}},
+        {"dashes begin at their offset",
+         [](UXPainter& p) {
+             p.setLineWidth(2), p.setLineDash({4, 4}, 4), p.addLinePath(0, 5, 20, 5), p.stroke();
+             p.setLineDash({-1, 4}, 0), p.addLinePath(0, 15, 20, 15), p.stroke();
+         },
+         {{1, 5, kClear}, {5, 5, kBlack}, {9, 5, kClear}, {1, 15, kBlack}, {9, 15, kBlack}}},
+        {"without antialiasing a pixel is covered or not",
+         [](UXPainter& p) {
+             p.setAntialias(UXAntialiasStyle::None), fillRect(p, red, {2.6, 2.6, 4, 4});
+         },
+         {{2, 2, kClear}, {3, 3, kRed}, {6, 6, kRed}, {7, 7, kClear}}},
+        {"a gradient has its colours at its ends and beyond them",
+         [](UXPainter& p) {
+             p.beginLinearGradientPattern(5, 0, 15, 0, UXSourceOperator::Pad);
+             p.addGradientPatternColorStop(red, -3), p.addGradientPatternColorStop(blue, 1), p.endPattern();
+             p.usePattern(), p.addRectanglePath(0, 0, 20, 10), p.fill();
+         },
+         {{0, 5, kRed}, {4, 5, kRed}, {16, 5, kBlue}, {5, 15, kClear}}},
+        {"a gradient may stop at its ends, and the colour takes its place",
+         [](UXPainter& p) {
+             p.beginLinearGradientPattern(5, 0, 15, 0, UXSourceOperator::None);
+             p.addGradientPatternColorStop(red, 0), p.addGradientPatternColorStop(red, 1), p.endPattern();
+             p.usePattern(), p.addRectanglePath(0, 0, 20, 10), p.fill();
+             fillRect(p, green, {0, 15, 20, 5});
+         },
+         {{2, 5, kClear}, {10, 5, kRed}, {18, 5, kClear}, {9, 16, kGreen}}},
+        {"an image is stretched",
+         [&](UXPainter& p) { p.drawImage(&twoPixels, UXDoubleRect(0, 0, 20, 20), 1); },
+         {{0, 0, kRed}, {3, 19, kRed}, {16, 0, kBlue}, {19, 19, kBlue}}},
+        {"an image stands in its own size at a point",
+         [&](UXPainter& p) { p.drawImage(&twoPixels, UXDoublePoint(4, 4), 1); },
+         {{4, 4, kRed}, {5, 4, kBlue}, {6, 4, kClear}, {4, 5, kClear}}},
+        {"an opacity holds for the whole image",
+         [&](UXPainter& p) { p.drawImage(&twoPixels, UXDoubleRect(0, 0, 20, 20), 0.5); },
+         {{0, 0, 0x80800000}}},
+        {"a picture is stretched and cut at its size",
+         [&](UXPainter& p) { p.drawPicture(&redPicture, UXDoubleRect(4, 4, 8, 4), 1); },
+         {{4, 4, kRed}, {11, 7, kRed}, {12, 7, kClear}, {11, 8, kClear}}},
+        {"overlapping parts of a picture share its opacity",
+         [&](UXPainter& p) {
+             const UXPicture twice = makePicture({8, 8}, [](UXPainter* q) {
+                 fillRect(*q, red, {0, 0, 8, 8}), fillRect(*q, red, {0, 0, 4, 8});
+             });
+             p.drawPicture(&twice, UXDoublePoint(0, 0), 0.5);
+         },
+         {{1, 1, 0x80800000}, {6, 1, 0x80800000}}},
+        {"a mask lets through what it covers",
+         [&](UXPainter& p) { p.drawMaskedPicture(&redPicture, &leftHalf, UXDoubleRect(0, 0, 20, 20)); },
+         {{1, 1, kRed}, {9, 19, kRed}, {11, 1, kClear}}},
+        {"an image masks by its alpha",
+         [&](UXPainter& p) {
+             const UXImage mask(2, 1, {kClear, kWhite});
+             p.drawMaskedPicture(&redPicture, &mask, UXDoubleRect(0, 0, 20, 20));
+         },
+         {{1, 1, kClear}, {18, 18, kRed}}},
+        {"the source shows through a mask that is drawn",
+         [](UXPainter& p) {
+             p.setColor(green);
+             p.drawMasked(
+                 [](UXPainter* mask) {
+                     fillRect(*mask, red, {4, 4, 4, 4});
+                 },
+                 nullptr, {0, 0, 6, 20});
+         },
+         {{4, 4, kGreen}, {5, 7, kGreen}, {6, 5, kClear}, {1, 1, kClear}}},
+        {"two pictures are combined before they are drawn",
+         [&](UXPainter& p) {
+             fillRect(p, green, {0, 0, 20, 20});
+             p.drawCompositedPicture(&redPicture, &leftHalf, {0, 0, 16, 16}, UXCompositionMode::In);
+         },
+         {{1, 1, kRed}, {12, 12, kGreen}, {18, 18, kGreen}}},
+        {"a layer is combined inside its rectangle only",
+         [](UXPainter& p) {
+             fillRect(p, red, {0, 0, 20, 20});
+             p.drawComposited(
+                 [](UXPainter* layer) {
+                     fillRect(*layer, blue, {0, 0, 4, 4});
+                 },
+                 nullptr, {0, 0, 8, 8}, UXCompositionMode::DestinationIn);
+         },
+         {{1, 1, kRed}, {6, 6, kClear}, {10, 10, kRed}}},
+        {"modes of composition",
+         [](UXPainter& p) {
+             fillRect(p, red, {0, 0, 20, 20});
+             p.setCompositionMode(UXCompositionMode::Add), fillRect(p, blue, {0, 0, 4, 4});
+             p.setCompositionMode(UXCompositionMode::Clear), fillRect(p, blue, {4, 0, 4, 4});
+             p.setCompositionMode(UXCompositionMode::DestinationOver), fillRect(p, blue, {4, 0, 8, 4});
+             p.setCompositionMode(UXCompositionMode::Multiply), fillRect(p, green, {12, 0, 4, 4});
+         },
+         {{1, 1, 0xFFFF00FF}, {5, 1, kBlue}, {9, 1, kRed}, {13, 1, kBlack}}},
+        {"what a layer does to the state ends with it",
+         [](UXPainter& p) {
+             p.setColor(red), p.addRectanglePath(10, 10, 5, 5);
+             p.drawComposited(
+                 [](UXPainter* layer) {
+                     layer->restoreState(), layer->restoreState(), layer->saveState(), layer->translate(5, 5);
+                     layer->setColor(blue), layer->setLineWidth(9), layer->addRectanglePath(0, 0, 1, 1);
+                 },
+                 nullptr, {0, 0, 20, 20}, UXCompositionMode::Over);
+             p.fill();
+         },
+         {{12, 12, kRed}, {1, 1, kClear}, {6, 6, kClear}}},
+        {"a picture that draws itself ends",
+         [](UXPainter& p) {
+             UXPicture endless;
+             endless.registerPaintAction(
+                 [&endless](UXPainter* q) {
+                     fillRect(*q, red, {0, 0, 9, 9});
+                     q->drawPicture(&endless, UXDoubleRect(0, 0, 9, 9), 0.99);
+                 },
+                 {9, 9});
+             p.drawPicture(&endless, UXDoublePoint(0, 0), 1);
+         },
+         {{4, 4, kRed}}},
+        {"nothing is drawn by nothing",
+         [](UXPainter& p) {
+             const UXImage noPixels;
+             const UXPicture noSize = makePicture({0, 5}, [](UXPainter* q) {
+                 fillRect(*q, red, {0, 0, 9, 9});
+             });
+             p.drawImage(nullptr, UXDoubleRect(0, 0, 9, 9), 1),
+                 p.drawImage(&noPixels, UXDoubleRect(0, 0, 9, 9), 1);
+             p.drawPicture(nullptr, UXDoubleRect(0, 0, 9, 9), 1),
+                 p.drawPicture(&noSize, UXDoubleRect(0, 0, 9, 9), 1);
+             p.drawMasked({}, nullptr, {0, 0, 9, 9}), p.drawComposited({}, nullptr, {0, 0, 9, 9}, {});
+             p.endPattern(), p.usePattern(), p.restoreState(), p.setCompositionMode(UXCompositionMode::In),
+                 p.fill();
+         },
+         {{4, 4, kClear}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        CairoTestCanvas canvas(20, 20);
+        canvas.draw(c.action);
+        for (const Probe& probe : c.probes)
+            EXPECT_EQ(canvas.pixelAt(probe.x, probe.y), probe.expected)
+                << "at " << probe.x << ", " << probe.y;
+    }
+}
+
+TEST(CairoPainter, RectanglesStandOnWholePixelsAtEveryScale)
+{
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        SCOPED_TRACE(scale);
+        CairoTestCanvas canvas(40, 40, scale);
+        canvas.draw([](UXPainter& painter) {
+            painter.setColor(red);
+            painter.translate(0.3, 0.3);
+            const UXDoubleRect rects[] = {{1.1, 1.1, 7.3, 5.2}, {8.4, 1.1, 6.9, 5.2}};
+            painter.drawRects(rects);
+            const double ys[] = {20, 25.5, 31.1};
+            painter.drawHorizontalLines(ys, 2, 30, 1);
+        });
+        for (const std::uint32_t pixel : canvas.pixels())
+            EXPECT_TRUE(pixel == kClear || pixel == kRed) << std::hex << pixel;
+        // Rectangles that touch still do, and lines all have the same thickness.
+        const int y = static_cast<int>(4 * scale);
+        const UXRect ink = canvas.inkBounds();
+        for (int x = ink.x; x < static_cast<int>(14 * scale); ++x)
+            EXPECT_EQ(canvas.pixelAt(x, y), kRed) << x;
+        int rows = 0;
+        for (int row = static_cast<int>(15 * scale); row < static_cast<int>(40 * scale); ++row)
+            rows += canvas.pixelAt(static_cast<int>(10 * scale), row) == kRed;
+        EXPECT_EQ(rows, 3 * std::max(1, static_cast<int>(std::lround(scale))));
+    }
+}
+
+TEST(CairoPainter, LayersAreAsSharpAsTheirGround)
+{
+    for (const double scale : {1.0, 1.25, 2.0}) {
+        SCOPED_TRACE(scale);
+        const auto lines = [](UXPainter& painter) {
+            painter.setColor(red);
+            const double ys[] = {3, 7.3, 12};
+            painter.drawHorizontalLines(ys, 2, 16, 1);
+            painter.drawText("layer", {2, 8, 16, 7}, UXFont{"Default", 7, false, false, 0}, UXTextAlign::Left,
+                             UXTextOption::Default, 2);
+        };
+        CairoTestCanvas straight(20, 20, scale), layered(20, 20, scale);
+        straight.draw(lines);
+        layered.draw([&](UXPainter& painter) {
+            painter.drawComposited([&](UXPainter* layer) { lines(*layer); }, nullptr, {1, 1, 18, 18},
+                                   UXCompositionMode::Over);
+        });
+        EXPECT_EQ(straight.pixels(), layered.pixels());
+    }
+}
+
+TEST(CairoPainter, ReplayedRecordingDrawsTheSamePixels)
+{
+    uxCairoInstall();
+    const auto drawing = [](UXPainter& painter) {
+        const UXPicture dot = makePicture({10, 10}, [](UXPainter* p) {
+            p->setColor(green), p->addCircleArcPath(5, 5, 4, 0, 360), p->fill();
+        });
+        painter.beginLinearGradientPattern(0, 0, 100, 0, UXSourceOperator::Reflect);
+        painter.addGradientPatternColorStop(red, 0), painter.addGradientPatternColorStop(blue, 0.7);
+        painter.endPattern(), painter.usePattern();
+        painter.addCircleArcPath(50, 40, 30, -135, 135), painter.setLineWidth(6);
+        painter.setLineDash(UXLineDashStyle::Dash), painter.stroke();
+        painter.saveState(), painter.rotate(12), painter.scale(1.3, 0.9);
+        painter.drawText("Turned 42 %", {20, 60, 80, 20}, UXTextProperty{});
+        painter.restoreState();
+        UXTextProperty wrapped;
+        wrapped.lineMode = 1, wrapped.align = UXTextAlign::Center;
+        painter.drawText("a text of several lines", {60, 60, 50, 40}, wrapped);
+        painter.drawPicture(&dot, UXDoubleRect(80, 5, 30, 20), 0.4);
+        painter.drawMasked([&](UXPainter* p) { p->drawPicture(&dot, UXDoubleRect(5, 60, 30, 30), 1); },
+                           nullptr, {10, 60, 30, 30});
+        const UXDoubleRect rects[] = {{3.3, 3.3, 10.1, 4}, {20.5, 3, 4.7, 9}};
+        painter.drawRects(rects);
+        const UXDoublePoint points[] = {{5, 50}, {30, 20}, {NAN, 0}, {60, 50}, {90, 45}};
+        painter.drawPolyline(points);
+    };
+    for (const double scale : {1.0, 1.5}) {
+        UXRecordingPainter recorder(scale);
+        drawing(recorder);
+        CairoTestCanvas straight(120, 100, scale), replayed(120, 100, scale);
+        straight.draw(drawing);
+        replayed.draw([&](UXPainter& painter) { recorder.replay(painter); });
+        EXPECT_EQ(straight.pixels(), replayed.pixels()) << scale;
+        EXPECT_FALSE(uxIsEmptyRect(straight.inkBounds()));
+    }
+}
+
+TEST(CairoPainter, SurvivesEveryNumber)
+{
+    const double inf = std::numeric_limits<double>::infinity(), most = (std::numeric_limits<double>::max)();
+    const double values[] = {0, -1, 1e-300, 1e9, -1e9, 1e18, most, -most, inf, -inf, NAN};
+    const UXPicture dot = makePicture({2, 2}, [](UXPainter* p) { fillRect(*p, red, {0, 0, 2, 2}); });
+    const UXImage image(1, 1, {kBlue});
+    CairoTestCanvas canvas(20, 20);
+    for (const double a : values) {
+        for (const double b : values) {
+            canvas.draw([&](UXPainter& p) {
+                p.setLineWidth(a), p.setLineDash({a, b}, b), p.setColor({1, 2, 3, a});
+                p.saveState(), p.translate(a, b), p.addRectanglePath(0, 0, b, a), p.fill(), p.restoreState();
+                p.saveState(), p.scale(a, b), p.addRectanglePath(1, 1, 5, 5), p.stroke();
+                p.drawText("text", {0, 0, 9, 9}, UXTextProperty{}), p.restoreState();
+                p.saveState(), p.rotate(a), p.setStartPoint(a, b), p.addRelativeLinePath(b, a);
+                p.addCircleArcPath(a, b, b, a, b), p.joinCircleArcPath(1, 1, a, b, a);
+                p.addCubicCurvePath(a, b, b, a, 1, 1), p.translatePath(a, b), p.rotatePath(b),
+                    p.scalePath(a, b);
+                p.closePath(), p.strokePreserve(), p.clip(), p.restoreState();
+                p.beginLinearGradientPattern(a, b, b, a, UXSourceOperator::Repeat);
+                p.addGradientPatternColorStop(red, a), p.addGradientPatternColorStop(blue, b), p.endPattern();
+                p.saveState(), p.usePattern(), p.addRectanglePath(a, a, b, b), p.fill(), p.restoreState();
+                const UXDoubleRect rect(a, b, b, a);
+                p.drawText("text", rect, UXTextProperty{}), p.drawImage(&image, rect, a);
+                p.drawPicture(&dot, rect, b), p.drawMaskedPicture(&dot, &image, rect);
+                p.drawMasked([](UXPainter* q) { fillRect(*q, red, {0, 0, 2, 2}); }, nullptr, rect);
+                p.drawCompositedPicture(&dot, &dot, rect, UXCompositionMode::Xor);
+                p.drawRects(std::span(&rect, 1)), p.drawHorizontalLines(std::span(&a, 1), b, a, b);
+                const UXDoublePoint points[] = {{a, b}, {b, a}, {1, 1}};
+                p.drawPolyline(points), p.drawMarks(points, a);
+            });
+        }
+    }
+    // The surface still takes what is drawn on it.
+    canvas.draw([](UXPainter& painter) { fillRect(painter, green, {0, 0, 20, 20}); });
+    EXPECT_EQ(canvas.pixelAt(10, 10), kGreen);
+}
+
+TEST(CairoPainter, PointsFarAwayDrawWhatIsNear)
+{
+    // A content scrolled by a thousand million units stands where it belongs, and a side beyond all pixels is
+    // cut.
+    CairoTestCanvas canvas(20, 20);
+    canvas.draw([](UXPainter& painter) {
+        painter.saveState();
+        painter.translate(-1e9, 0);
+        fillRect(painter, red, {1e9 + 5, 5, 5, 5});
+        painter.restoreState();
+        fillRect(painter, blue, {-1e12, 12, 2e12, 1e12});
+    });
+    EXPECT_EQ(canvas.pixelAt(5, 5), kRed);
+    EXPECT_EQ(canvas.pixelAt(9, 9), kRed);
+    EXPECT_EQ(canvas.pixelAt(10, 9), kClear);
+    EXPECT_EQ(canvas.pixelAt(0, 12), kBlue);
+    EXPECT_EQ(canvas.pixelAt(19, 19), kBlue);
+}

@@ -1,0 +1,266 @@
+#include "cairo_test_canvas.h"
+#include "ux/cairo/ux_cairo_install.h"
+#include "ux/cairo/ux_cairo_text_measurer.h"
+#include "ux/ux_draw_text_result.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_text_measurer.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+UXTextProperty makeProperty(int size, UXTextAlign align = UXTextAlign::Left,
+                            UXTextOption option = UXTextOption::Default, int lineMode = 2)
+{
+    UXTextProperty property;
+    property.font.size = size;
+    property.align = align;
+    property.option = option;
+    property.lineMode = lineMode;
+    return property;
+}
+
+UXDoubleSize measure(const std::string& text, const UXTextProperty& property, double widthLimit = -1)
+{
+    return UXCairoTextMeasurer().measureText(text, property.font, property.option, property.lineMode,
+                                             widthLimit);
+}
+
+class CairoText : public testing::Test {
+protected:
+    void SetUp() override { uxCairoInstall(); }
+    void TearDown() override { uxSetTextMeasurer(nullptr); }
+};
+
+} // namespace
+
+TEST_F(CairoText, IsDrawnInsideWhatItMeasures)
+{
+    const char* texts[] = {"Hamburgefonstiv", "1,284,930.50", "中文标题", "two\nlines", "ÅÉg|y(", "W"};
+    for (const double scale : {1.0, 1.25, 2.0}) {
+        for (const int size : {9, 13, 24, 72}) {
+            for (const char* text : texts) {
+                SCOPED_TRACE(testing::Message() << text << " at " << size << " x " << scale);
+                const UXDoubleSize measured = uxMeasureText(text, makeProperty(size).font, {}, 2);
+                CairoTestCanvas canvas(700, 300, scale);
+                UXDrawTextResult result;
+                canvas.draw([&](UXPainter& painter) {
+                    painter.drawText(text, {20, 30, measured.width, measured.height}, makeProperty(size),
+                                     result);
+                });
+                EXPECT_TRUE(result.fits);
+                EXPECT_EQ(result.textRect, UXDoubleRect(20, 30, measured.width, measured.height));
+                // The ink may lean out of its advance by a side bearing and by the pixel that it is smoothed
+                // over.
+                const UXRect ink = canvas.inkBounds();
+                const double reach = 1 + size * scale * 0.08;
+                ASSERT_FALSE(uxIsEmptyRect(ink));
+                EXPECT_GE(ink.x, 20 * scale - reach);
+                EXPECT_GE(ink.y, 30 * scale - reach);
+                EXPECT_LE(ink.x + ink.width, (20 + measured.width) * scale + reach);
+                EXPECT_LE(ink.y + ink.height, (30 + measured.height) * scale + reach);
+                EXPECT_GE(ink.width, (measured.width - size * 0.5) * scale);
+            }
+        }
+    }
+}
+
+TEST_F(CairoText, OneUnitOfSizeIsOneUnitOfTheEm)
+{
+    // Ascent and descent of the family "Default" are 1900 and 500 of 2048 units of its em square.
+    EXPECT_NEAR(measure("x", makeProperty(2048)).height, 2400, 1);
+    EXPECT_NEAR(measure("x", makeProperty(12)).height, 12 * 2400.0 / 2048, 0.05);
+    EXPECT_NEAR(measure("1234567890", makeProperty(100)).width, 10 * measure("0", makeProperty(100)).width,
+                0.1);
+    EXPECT_NEAR(measure("Linear", makeProperty(10)).width * 10, measure("Linear", makeProperty(100)).width,
+                0.5);
+    UXTextProperty bold = makeProperty(20);
+    bold.font.bold = true;
+    EXPECT_GT(measure("Bold", bold).width, measure("Bold", makeProperty(20)).width);
+}
+
+TEST_F(CairoText, LinesAreAsHighAsTheFontThatWasAskedFor)
+{
+    const double height = measure("Latin", makeProperty(13)).height;
+    const char* texts[] = {"中文", "Latin 中文 ελ", "☃", "\xF0\x9F\x98\x80", " "};
+    for (const char* text : texts)
+        EXPECT_DOUBLE_EQ(measure(text, makeProperty(13)).height, height) << text;
+    EXPECT_DOUBLE_EQ(measure("a\n中\nb", makeProperty(13)).height, 3 * height);
+    EXPECT_DOUBLE_EQ(measure("a\n", makeProperty(13)).height, 2 * height);
+}
+
+TEST_F(CairoText, FamiliesThatAreNotThereFallBackToTheDefault)
+{
+    UXTextProperty unknown = makeProperty(16), dejavu = makeProperty(16);
+    unknown.font.familyName = "No Such Family";
+    dejavu.font.familyName = "DejaVu Sans";
+    EXPECT_EQ(measure("Default", unknown), measure("Default", makeProperty(16)));
+    EXPECT_GT(measure("Default", dejavu).width, measure("Default", makeProperty(16)).width);
+    dejavu.font.familyName = "\xFF\xFE broken";
+    EXPECT_EQ(measure("Default", dejavu), measure("Default", makeProperty(16)));
+}
+
+TEST_F(CairoText, WrapsAndCutsAtItsLimit)
+{
+    const std::string text = "several words in a row";
+    const UXTextProperty plain = makeProperty(14), wrapped = makeProperty(14, {}, {}, 1);
+    const UXDoubleSize natural = measure(text, plain);
+    struct Case {
+        const char* name;
+        UXTextProperty property;
+        double limit;
+        int lines;
+    };
+    const Case cases[] = {
+        {"no limit", wrapped, -1, 1},
+        {"its own width", wrapped, natural.width, 1},
+        {"a little less", wrapped, natural.width - 1, 2},
+        {"half", wrapped, natural.width * 0.7, 2},
+        {"not wrapped", plain, 20, 1},
+        {"cut at the end", makeProperty(14, {}, UXTextOption::EllipsisEnd), 80, 1},
+        {"cut in the middle", makeProperty(14, {}, UXTextOption::EllipsisMiddle), 80, 1},
+        {"cut at the start", makeProperty(14, {}, UXTextOption::EllipsisStart), 80, 1},
+        {"not a number", wrapped, NAN, 1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const UXDoubleSize size = measure(text, c.property, c.limit);
+        EXPECT_NEAR(size.height / natural.height, c.lines, 1e-9);
+        const bool isLimited = c.limit >= 0 &&
+                               (c.property.lineMode == 1 || c.property.option != UXTextOption::Default);
+        if (isLimited) {
+            EXPECT_LE(size.width, c.limit + 1e-3);
+        } else {
+            EXPECT_EQ(size.width, natural.width);
+        }
+    }
+    // A word longer than the limit is broken, and a limit of nothing still ends.
+    EXPECT_GT(measure("Donaudampfschiff", wrapped, 40).height, natural.height * 1.5);
+    EXPECT_GT(measure(text, wrapped, 0).height, natural.height * 5);
+}
+
+TEST_F(CairoText, StandsWhereItsAlignmentSays)
+{
+    struct Case {
+        UXTextAlign align;
+        double left; // of "1", in a rectangle from 10 to 90
+    };
+    const double width = measure("1", makeProperty(20)).width;
+    const Case cases[] = {
+        {UXTextAlign::Left, 10}, {UXTextAlign::Center, 50 - width / 2}, {UXTextAlign::Right, 90 - width}};
+    for (const Case& c : cases) {
+        CairoTestCanvas canvas(100, 60);
+        UXDrawTextResult result;
+        canvas.draw([&](UXPainter& painter) {
+            painter.drawText("1", {10, 0, 80, 60}, makeProperty(20, c.align), result);
+        });
+        EXPECT_NEAR(result.textRect.x, c.left, 1e-9);
+        EXPECT_NEAR(result.textRect.y, (60 - measure("1", makeProperty(20)).height) / 2, 1e-9);
+        EXPECT_NEAR(canvas.inkBounds().x, c.left, 5);
+    }
+    // Higher than its rectangle it begins at the top, and says that it does not fit.
+    UXDrawTextResult result;
+    CairoTestCanvas(50, 50).draw([&](UXPainter& painter) {
+        painter.drawText("1\n2", {0, 7, 40, 10}, makeProperty(20), result);
+        EXPECT_EQ(result.textRect.y, 7);
+        EXPECT_FALSE(result.fits);
+        painter.drawText("", {0, 7, 40, 10}, makeProperty(20), result);
+    });
+    EXPECT_TRUE(result.fits);
+    EXPECT_EQ(result.textRect, UXDoubleRect());
+}
+
+TEST_F(CairoText, LettersKeepTheirDistanceBetweenThePixels)
+{
+    // Equal digits are equally far from each other: no gap is a whole pixel wider than another.
+    CairoTestCanvas canvas(200, 30);
+    canvas.draw([](UXPainter& painter) {
+        painter.drawText("||||||||||||", {4, 4, 190, 20}, makeProperty(13));
+    });
+    std::vector<double> centres;
+    double weight = 0, moment = 0;
+    for (int x = 0; x < 200; ++x) {
+        const double alpha = canvas.pixelAt(x, 14) >> 24;
+        weight += alpha, moment += alpha * x;
+        if (alpha == 0 && weight > 0) {
+            centres.push_back(moment / weight);
+            weight = moment = 0;
+        }
+    }
+    ASSERT_EQ(centres.size(), 12u);
+    const double pitch = (centres.back() - centres.front()) / 11;
+    for (std::size_t i = 1; i < centres.size(); ++i)
+        EXPECT_NEAR(centres[i] - centres[i - 1], pitch, 0.3);
+}
+
+TEST_F(CairoText, DrawsWithTheSourceAndLeavesPathAndSource)
+{
+    CairoTestCanvas canvas(60, 60);
+    canvas.draw([](UXPainter& painter) {
+        painter.setColor({255, 0, 0});
+        painter.addRectanglePath(0, 40, 10, 10);
+        UXTextProperty green = makeProperty(16);
+        green.textColor = {0, 255, 0};
+        painter.drawText("IIII", {20, 0, 40, 20}, green);
+        painter.drawText("IIII", {20, 20, 40, 20}, green.font, UXTextAlign::Left, UXTextOption::Default, 2);
+        painter.drawText("I", {0, 0, 400, 600}, makeProperty(400));
+        painter.fill();
+    });
+    EXPECT_EQ(canvas.pixelAt(5, 45), kRed);
+    int greens = 0, reds = 0;
+    for (int x = 20; x < 60; ++x) {
+        greens += (canvas.pixelAt(x, 10) & 0xFFFF00) == (canvas.pixelAt(x, 10) >> 16 & 0xFF00) &&
+                  canvas.pixelAt(x, 10);
+        reds += (canvas.pixelAt(x, 30) & 0x00FFFF) == 0 && canvas.pixelAt(x, 30);
+    }
+    EXPECT_GE(greens, 4);
+    EXPECT_GE(reds, 4);
+}
+
+TEST_F(CairoText, SurvivesAnyText)
+{
+    std::string marks = "a";
+    for (int i = 0; i < 8000; ++i)
+        marks += "\xCC\x81";
+    const std::string texts[] = {marks,
+                                 std::string("\xFF\xC0\x80 broken"),
+                                 std::string("zero\0inside", 11),
+                                 std::string(1 << 20, 'W'),
+                                 std::string(1 << 16, '\n'),
+                                 "\r\n\t\x01\x7F",
+                                 "\xE2\x80\xAE turned \xE2\x80\xAC",
+                                 std::string(5000, '\xCC') + "x",
+                                 "\xED\xA0\x80",
+                                 "\xF4\x8F\xBF\xBF"};
+    for (const int size : {-5, 0, 1, 12, 10000, (std::numeric_limits<int>::max)()}) {
+        for (const std::string& text : texts) {
+            for (const int lineMode : {1, 2}) {
+                const UXTextProperty property = makeProperty(size, UXTextAlign::Right,
+                                                             UXTextOption::EllipsisEnd, lineMode);
+                const UXDoubleSize measured = measure(text, property, 50);
+                EXPECT_TRUE(std::isfinite(measured.width) && measured.width >= 0);
+                EXPECT_TRUE(std::isfinite(measured.height) && measured.height >= 0);
+                EXPECT_EQ(size <= 0, measured.height == 0);
+            }
+        }
+    }
+    CairoTestCanvas(20, 20).draw([&](UXPainter& painter) {
+        for (const std::string& text : texts)
+            painter.drawText(text, {0, 0, 20, 20},
+                             makeProperty(9, UXTextAlign::Center, UXTextOption::EllipsisMiddle, 1));
+    });
+}
+
+TEST_F(CairoText, SaysOnceThatNoFontHasIt)
+{
+    testing::internal::CaptureStderr();
+    const std::string uncovered = "\xF3\xB0\x80\x80 private";
+    measure(uncovered, makeProperty(12));
+    measure(uncovered, makeProperty(17));
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_NE(said.find(uncovered), std::string::npos) << said;
+    EXPECT_EQ(said.find(uncovered), said.rfind(uncovered)) << said;
+    EXPECT_GT(measure(uncovered, makeProperty(12)).width, measure(" private", makeProperty(12)).width);
+}
