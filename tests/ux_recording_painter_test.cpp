@@ -2,10 +2,12 @@
 
 #include "ux/ux_draw_text_result.h"
 #include "ux/ux_image.h"
+#include "ux/ux_object.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_picture.h"
 #include "ux/ux_recording_paint_config.h"
+#include "ux/ux_space.h"
 
 #include <gtest/gtest.h>
 
@@ -390,4 +392,34 @@ TEST(UXRecordingPaintConfig, PaintersAreClippedToWhatIsCommonToAllPushedRectangl
     EXPECT_EQ(config.getClip(), nullptr);
     EXPECT_EQ(uxCreatePainter(nullptr), nullptr);
     uxDestroyPainter(nullptr);
+}
+
+TEST(UXRecordingPaintConfig, PaintersBeginInTheOwnSpaceOfTheirObject)
+{
+    UXObject root, middle;
+    auto* leaf = new UXObject; // the middle one destroys it
+    UXSpace space;
+    root.setRect({100, 100, 50, 50});
+    middle.setRect({10, 20, 30, 30});
+    leaf->setRect({1, 2, 5, 5});
+    root.addChild(&middle);
+    middle.addChild(leaf);
+
+    UXRecordingPaintConfig config(1.5);
+    const auto start = [&config](UXObject* object) {
+        config.getRecording().clear();
+        uxDestroyPainter(uxCreatePainterWithObject(&config, object));
+        return config.getRecording().getLines();
+    };
+    EXPECT_EQ(start(nullptr), (Lines{"deviceScale 1.5", "saveState", "restoreState"}));
+    EXPECT_EQ(start(&root), (Lines{"deviceScale 1.5", "saveState", "restoreState"}));
+    EXPECT_EQ(start(leaf), (Lines{"deviceScale 1.5", "saveState", "translate 11,22", "restoreState"}));
+
+    space.setRelativeOrigin({0, -4});
+    space.setXScale(2);
+    middle.setSpace(&space);
+    const UXPaintClip clip(config, {0, 0, 20, 20});
+    EXPECT_EQ(start(leaf), (Lines{"deviceScale 1.5", "saveState", "addRectanglePath 0,0,20,20", "clip",
+                                  "translate 12,18", "scale 2,1", "restoreState"}));
+    root.removeChild(&middle);
 }

@@ -1,5 +1,6 @@
 #include "ux/ux_paint_config.h"
 
+#include "ux/ux_object.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 
@@ -34,6 +35,13 @@ UXPainter* UXPaintConfig::_startPainter(UXObject* object, const UXTransform& obj
 UXPainter* uxCreatePainter(UXPaintConfig* config)
 {
     return config ? config->_startPainter(nullptr, {}) : nullptr;
+}
+
+UXPainter* uxCreatePainterWithObject(UXPaintConfig* config, UXObject* object)
+{
+    if (!config || !object)
+        return uxCreatePainter(config);
+    return config->_startPainter(object, object->obtainTransformToParent(nullptr));
 }
 
 void uxDestroyPainter(UXPainter* painter)
