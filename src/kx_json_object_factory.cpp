@@ -1,5 +1,7 @@
 #include "kx_json_object_factory.h"
 
+#include "kx_axis.h"
+#include "kx_axis_chart_base_layer.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
 #include "ux/ux_string.h"
@@ -33,8 +35,8 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXAreaChart),
     KX_TYPE_WITHOUT_CLASS(KXAssistantLineDataView),
     KX_TYPE_WITHOUT_CLASS(KXAssistantLineProperty),
-    KX_TYPE_WITHOUT_CLASS(KXAxis),
-    KX_TYPE_WITHOUT_CLASS(KXAxisChartBaseLayer),
+    KX_TYPE(KXAxis),
+    KX_TYPE(KXAxisChartBaseLayer),
     KX_TYPE_WITHOUT_CLASS(KXAxisChartLayer),
     KX_TYPE_WITHOUT_CLASS(KXAxisTickLabelView),
     KX_TYPE_WITHOUT_CLASS(KXBarChart),

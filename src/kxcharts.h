@@ -1,10 +1,13 @@
 #pragma once
 
 // Every public header of the charts.
+#include "kx_axis.h"
 #include "kx_axis_chart_axis_cache_data.h"
+#include "kx_axis_chart_base_layer.h"
 #include "kx_axis_chart_label_options.h"
 #include "kx_axis_chart_orientation.h"
 #include "kx_axis_chart_type.h"
+#include "kx_axis_delegate.h"
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
 #include "kx_axis_tick_label_options.h"

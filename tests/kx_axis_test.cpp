@@ -1,0 +1,474 @@
+#include "kx_axis.h"
+
+#include "kx_axis_delegate.h"
+#include "kx_json_object_factory.h"
+#include "ux/ux_color.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr double inf = std::numeric_limits<double>::infinity();
+const UXRect rect(10, 20, 200, 100);
+
+struct Notation {
+    const char* name;
+    int x, y;
+    bool isReversed;
+    /** Where the minimum and the maximum are that fill the rectangle. */
+    UXPoint min, max;
+};
+const Notation notations[] = {
+    {"left to right", 1, 0, false, {10, 120}, {210, 120}},
+    {"right to left", -1, 0, true, {210, 120}, {10, 120}},
+    {"bottom to top", 0, 1, true, {10, 120}, {10, 20}},
+    {"top to bottom", 0, -1, false, {10, 20}, {10, 120}},
+};
+
+void setUp(KXAxis& axis, const Notation& notation, double min, double max)
+{
+    axis.setRect(rect);
+    axis.setVectorNotation(notation.x, notation.y);
+    axis.setMinValue(min);
+    axis.setMaxValue(max);
+}
+
+/** @return how far the point lies from the end of the minimum, along the axis */
+double obtainDistance(const Notation& notation, const UXDoublePoint& point)
+{
+    return (point.x - notation.min.x) * notation.x - (point.y - notation.min.y) * notation.y;
+}
+
+class Listener : public KXAxisDelegate {
+public:
+    void axisAxisLengthChanged(KXAxis* axis, double totalLength) override
+    {
+        lengths.push_back(totalLength);
+        if (whenLengthChanges)
+            whenLengthChanges(axis);
+    }
+    void axisVisibleValuesChanged(KXAxis* axis) override
+    {
+        ++visibleCalls;
+        if (whenVisibleChanges)
+            whenVisibleChanges(axis);
+    }
+
+    std::vector<double> lengths;
+    int visibleCalls = 0;
+    std::function<void(KXAxis*)> whenLengthChanges, whenVisibleChanges;
+};
+
+} // namespace
+
+TEST(KXAxis, ValuesFillTheRectangleInEachDirection)
+{
+    for (const Notation& notation : notations) {
+        SCOPED_TRACE(notation.name);
+        KXAxis axis;
+        setUp(axis, notation, -5, 5);
+        EXPECT_EQ(axis.isReversed(), notation.isReversed);
+        EXPECT_EQ(axis.obtainStartEndPoints(), std::pair(notation.min, notation.max));
+        EXPECT_EQ(axis.obtainValuePositionInAxis(-5), notation.min);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(5), notation.max);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(0),
+                  UXPoint((notation.min.x + notation.max.x) / 2, (notation.min.y + notation.max.y) / 2));
+        EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(-5.0, 5.0));
+        EXPECT_TRUE(axis.isValidAxis());
+        EXPECT_FALSE(axis.isScrollable());
+    }
+    KXAxis axis;
+    EXPECT_TRUE(axis.isReversed());
+    axis.setVectorNotationRight();
+    EXPECT_FALSE(axis.isReversed());
+    EXPECT_EQ(axis.getVectorNotationX(), 1);
+}
+
+TEST(KXAxis, TheSpacing)
+{
+    struct Case {
+        const char* name;
+        double min, max, fixed, least, scale, extra, spacing, total;
+    };
+    const Case cases[] = {
+        {"fills the rectangle", 0, 10, -1, -1, 1, 0, 20, 200},
+        {"leaves extra length", 0, 10, -1, -1, 1, 40, 16, 200},
+        {"without room for extra length", 0, 10, -1, -1, 1, 300, 0, 0},
+        {"at least", 0, 10, -1, 30, 1, 0, 30, 300},
+        {"at least, with extra length", 0, 10, -1, 30, 1, 40, 30, 340},
+        {"already more than at least", 0, 10, -1, 5, 1, 0, 20, 200},
+        {"fixed", 0, 10, 7, 30, 1, 0, 7, 70},
+        {"the scale enters twice", 0, 10, -1, -1, 2, 0, 40, 800},
+        {"negative scale", 0, 10, -1, -1, -1, 0, 0, 0},
+        {"scale of zero", 0, 10, -1, -1, 0, 0, 0, 0},
+        {"no span", 4, 4, -1, 30, 1, 0, 0, 0},
+        {"maximum below minimum", 4, 3, -1, -1, 1, 0, 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXAxis axis;
+        setUp(axis, notations[0], c.min, c.max);
+        axis.setValueSpacing(c.fixed);
+        axis.setMinValueSpacing(c.least);
+        axis.setValueScale(c.scale);
+        axis.setExtraLength("labels", c.extra);
+        EXPECT_DOUBLE_EQ(axis.obtainCurrentValueSpacing(), c.spacing);
+        EXPECT_DOUBLE_EQ(axis.obtainTotalLength(), c.total);
+        EXPECT_EQ(axis.obtainAxisLength(), 200);
+        EXPECT_EQ(axis.isScrollable(), c.total > 201);
+        EXPECT_EQ(axis.isValidAxis(), c.max > c.min && c.total > c.extra);
+        EXPECT_EQ(axis.getMaxValue(), (std::max)(c.min, c.max));
+    }
+}
+
+TEST(KXAxis, Scrolling)
+{
+    struct Case {
+        const char* name;
+        Notation notation;
+        std::int64_t offset;
+        double first, last;
+        UXPoint ofMin, ofMax;
+    };
+    const Notation& right = notations[0];
+    const Notation& up = notations[2];
+    const Case cases[] = {
+        {"horizontal, at the minimum", right, 0, 0, 5, {10, 120}, {410, 120}},
+        {"horizontal, at the maximum", right, 200, 5, 10, {-190, 120}, {210, 120}},
+        {"vertical, at the maximum", up, 0, 7.5, 10, {10, 420}, {10, 20}},
+        {"vertical, at the minimum", up, 300, 0, 2.5, {10, 120}, {10, -280}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXAxis axis;
+        setUp(axis, c.notation, 0, 10);
+        axis.setMinValueSpacing(40);
+        axis.setOffset(c.offset);
+        EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(c.first, c.last));
+        EXPECT_EQ(axis.obtainValuePositionInAxis(0), c.ofMin);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(10), c.ofMax);
+        axis.setOffset(77);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(0, c.offset), c.ofMin) << "a given offset counts alone";
+    }
+}
+
+TEST(KXAxis, ExtraLengthStandsBeyondTheMaximum)
+{
+    struct Case {
+        Notation notation;
+        bool toTheEnd;
+        UXPoint ofMin, ofMax;
+    };
+    const Case cases[] = {
+        {notations[0], true, {10, 120}, {170, 120}},  {notations[1], true, {210, 120}, {50, 120}},
+        {notations[1], false, {170, 120}, {10, 120}}, {notations[2], true, {10, 120}, {10, 60}},
+        {notations[2], false, {10, 80}, {10, 20}},    {notations[3], true, {10, 20}, {10, 80}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.notation.name);
+        KXAxis axis;
+        setUp(axis, c.notation, 0, 10);
+        axis.setApplyExtralengthToTheEnd(c.toTheEnd);
+        axis.setExtraLength("labels", 25);
+        axis.setExtraLength("marks", 15);
+        EXPECT_EQ(axis.obtainTotalExtraLength(), 40);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(0), c.ofMin);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(10), c.ofMax);
+    }
+    KXAxis axis;
+    axis.setExtraLength("a", -3);
+    EXPECT_EQ(axis.getExtraLength("a"), 0);
+    axis.setExtraLength("a", 3);
+    EXPECT_EQ(axis.getExtraLength("a"), 3);
+    EXPECT_EQ(axis.getExtraLength("b"), 0);
+    axis.clearExtraLengths();
+    EXPECT_EQ(axis.obtainTotalExtraLength(), 0);
+}
+
+TEST(KXAxis, HalfASpacingPutsWholeValuesIntoTheMiddleOfSlots)
+{
+    for (const Notation& notation : notations) {
+        SCOPED_TRACE(notation.name);
+        KXAxis axis;
+        setUp(axis, notation, 0, 5);
+        const double spacing = axis.obtainCurrentValueSpacing();
+        axis.setShiftHalfValueSpacing(true);
+        EXPECT_EQ(axis.obtainShiftHalfValueSpacingOffset(), (notation.isReversed ? -0.5 : 0.5) * spacing);
+        EXPECT_EQ(axis.obtainActualOffset(7), 7 + axis.obtainShiftHalfValueSpacingOffset());
+        for (int value = 1; value <= 5; ++value)
+            EXPECT_DOUBLE_EQ(obtainDistance(notation, axis.obtainDoubleValuePositionInAxis(value)),
+                             (value - 0.5) * spacing);
+        EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(0.5, 5.5));
+    }
+    KXAxis odd;
+    setUp(odd, notations[0], 0, 8);
+    odd.setShiftHalfValueSpacing(true);
+    EXPECT_EQ(odd.obtainShiftHalfValueSpacingOffset(), 12) << "half of 25 in whole units";
+}
+
+TEST(KXAxis, TheVisibleValuesStandAtTheEndsOfTheAxis)
+{
+    std::mt19937 random(7);
+    const auto pick = [&](double low, double high) {
+        return std::uniform_real_distribution<double>(low, high)(random);
+    };
+    for (int round = 0; round < 500; ++round) {
+        const Notation& notation = notations[round % 4];
+        SCOPED_TRACE(notation.name);
+        KXAxis axis;
+        const double min = pick(-1000, 1000);
+        setUp(axis, notation, min, min + pick(0.01, 1000));
+        axis.setMinValueSpacing(pick(-1, 20));
+        axis.setExtraLength("labels", pick(0, 90));
+        axis.setShiftHalfValueSpacing(random() % 2);
+        axis.setOffset(static_cast<std::int64_t>(pick(-300, 300)));
+        const auto [first, last] = axis.obtainCurrentFirstLastValues();
+        const UXDoublePoint start = axis.obtainDoubleValuePositionInAxis(first);
+        const UXDoublePoint end = axis.obtainDoubleValuePositionInAxis(last);
+        ASSERT_NEAR(start.x, notation.min.x, 1e-6);
+        ASSERT_NEAR(start.y, notation.min.y, 1e-6);
+        ASSERT_NEAR(end.x, notation.max.x, 1e-6);
+        ASSERT_NEAR(end.y, notation.max.y, 1e-6);
+    }
+}
+
+TEST(KXAxis, DegenerateScalesHaveOnePlace)
+{
+    struct Case {
+        const char* name;
+        std::function<void(KXAxis&)> set;
+    };
+    const Case cases[] = {
+        {"no span", [](KXAxis& axis) { axis.setMinValue(10); }},
+        {"no room beside the extra length", [](KXAxis& axis) { axis.setExtraLength("labels", 500); }},
+    };
+    for (const Notation& notation : notations) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(std::string(notation.name) + ", " + c.name);
+            KXAxis axis;
+            setUp(axis, notation, 0, 10);
+            c.set(axis);
+            EXPECT_FALSE(axis.isValidAxis());
+            for (const double value : {0.0, 10.0, -1e300, inf, std::nan("")})
+                EXPECT_EQ(axis.obtainValuePositionInAxis(value), notation.min);
+            EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(axis.getMinValue(), axis.getMinValue()));
+        }
+    }
+    KXAxis flat;
+    setUp(flat, notations[2], 0, 10);
+    flat.setRect(UXRect(10, 20, 200, 0));
+    flat.setValueSpacing(5);
+    EXPECT_EQ(flat.obtainValuePositionInAxis(0), UXPoint(10, 20));
+    EXPECT_EQ(flat.obtainValuePositionInAxis(9), UXPoint(10, 20));
+}
+
+TEST(KXAxis, FarPlacesStopAtAThousandLengths)
+{
+    KXAxis axis;
+    setUp(axis, notations[0], 0, 10);
+    for (const double value : {1e9, 1e308, inf}) {
+        EXPECT_EQ(axis.obtainDoubleValuePositionInAxis(value), UXDoublePoint(200000, 120)) << value;
+        EXPECT_EQ(axis.obtainDoubleValuePositionInAxis(-value), UXDoublePoint(-200000, 120)) << value;
+    }
+    axis.setOffset((std::numeric_limits<std::int64_t>::min)());
+    EXPECT_EQ(axis.obtainValuePositionInAxis(5), UXPoint(200000, 120));
+}
+
+TEST(KXAxis, HostileNumbersGiveFiniteAnswers)
+{
+    const double odd[] = {0, -0.0, 1,      -1,     NAN,    inf,    -inf, 1e308,
+                          7, 1e-9, 5e-324, -1e308, 1e-300, 123.25, 1e16, 1.7976931348623157e308};
+    const int edges[] = {0, 1, -1, 300, (std::numeric_limits<int>::min)(), (std::numeric_limits<int>::max)()};
+    std::mt19937 random(11);
+    const auto pick = [&] { return odd[random() % std::size(odd)]; };
+    const auto edge = [&] { return edges[random() % std::size(edges)]; };
+    for (int round = 0; round < 20000; ++round) {
+        KXAxis axis;
+        axis.setRect(UXRect(edge(), edge(), edge(), edge()));
+        axis.setVectorNotation(edge(), edge());
+        axis.setMinValue(pick());
+        axis.setMaxValue(pick());
+        axis.setValueSpacing(pick());
+        axis.setMinValueSpacing(pick());
+        axis.setValueScale(pick());
+        axis.setOffset(static_cast<std::int64_t>(random()) << (random() % 40));
+        axis.setShiftHalfValueSpacing(random() % 2);
+        axis.setExtraLength("a", pick());
+        axis.setExtraLength("b", pick());
+        const auto [first, last] = axis.obtainCurrentFirstLastValues();
+        const UXDoublePoint point = axis.obtainDoubleValuePositionInAxis(pick());
+        for (const double answer :
+             {first, last, point.x, point.y, axis.obtainTotalLength(), axis.obtainAxisLength(),
+              axis.obtainCurrentValueSpacing(), axis.obtainActualOffset(5), axis.obtainTotalExtraLength()})
+            ASSERT_TRUE(std::isfinite(answer)) << round;
+        axis.obtainValuePositionInAxis(pick());
+        axis.isScrollable();
+    }
+}
+
+TEST(KXAxis, SmallDifferencesChangeNothing)
+{
+    using Set = void (KXAxis::*)(double);
+    for (const Set set : {&KXAxis::setMaxValue, &KXAxis::setMinValue, &KXAxis::setValueSpacing,
+                          &KXAxis::setMinValueSpacing, &KXAxis::setValueScale}) {
+        KXAxis axis;
+        (axis.*set)(5);
+        axis.setRequireToVerifyLayout(false);
+        for (const double same : {5.0, 5 + 5e-9, 5 - 5e-9, std::nan("")}) {
+            const std::string before = axis.serialize();
+            (axis.*set)(same);
+            EXPECT_EQ(axis.serialize(), before);
+            EXPECT_FALSE(axis.getRequireToVerifyLayout());
+        }
+        (axis.*set)(5 + 2e-8);
+        EXPECT_TRUE(axis.getRequireToVerifyLayout());
+    }
+}
+
+TEST(KXAxis, TheDelegateHearsOfChangesOnce)
+{
+    Listener listener;
+    KXAxis axis;
+    axis.setDelegate(&listener);
+    setUp(axis, notations[0], 0, 10);
+    EXPECT_TRUE(listener.lengths.empty()) << "the scale is worked out when it is asked for";
+    axis.obtainValuePositionInAxis(3);
+    axis.obtainAxisLength();
+    EXPECT_EQ(listener.lengths, std::vector<double>{200});
+    EXPECT_EQ(listener.visibleCalls, 0);
+    axis.update();
+    axis.update();
+    EXPECT_EQ(listener.visibleCalls, 1) << "a spacing that a query worked out is news to the update";
+
+    axis.setOffset(5);
+    axis.setOffset(5);
+    axis.update();
+    EXPECT_EQ(listener.visibleCalls, 2);
+    axis.reloadData();
+    EXPECT_EQ(listener.visibleCalls, 2);
+    EXPECT_EQ(listener.lengths.size(), 1u) << "neither scrolling nor reloading changes a length";
+
+    axis.setRect(rect);
+    axis.setRect(UXRect(10, 20, 100, 100));
+    axis.update();
+    EXPECT_EQ(listener.lengths, (std::vector<double>{200, 100}));
+    EXPECT_EQ(listener.visibleCalls, 3);
+    axis.setDelegate(nullptr);
+    axis.setRect(rect);
+    axis.update();
+    EXPECT_EQ(listener.lengths.size(), 2u);
+}
+
+TEST(KXAxis, ADelegateMayChangeTheAxisOrDestroyIt)
+{
+    Listener listener;
+    KXAxis axis;
+    axis.setDelegate(&listener);
+    setUp(axis, notations[0], 0, 10);
+    listener.whenLengthChanges = [](KXAxis* changed) { changed->setExtraLength("labels", 40); };
+    EXPECT_EQ(axis.obtainValuePositionInAxis(10), UXPoint(210, 120)) << "the query goes on as it began";
+    EXPECT_EQ(axis.obtainValuePositionInAxis(10), UXPoint(170, 120)) << "the next one takes the change up";
+    axis.obtainAxisLength();
+    EXPECT_EQ(listener.lengths.size(), 2u);
+    axis.setDelegate(nullptr);
+
+    struct Case {
+        std::function<void(KXAxis*)> call;
+        bool tellsOfVisibleValues;
+    };
+    const Case cases[] = {
+        {[](KXAxis* lost) { lost->update(); }, true},
+        {[](KXAxis* lost) { lost->reloadData(); }, true},
+        {[](KXAxis* lost) { lost->layout(); }, true},
+        {[](KXAxis* lost) { EXPECT_EQ(lost->obtainAxisLength(), 0); }, false},
+        {[](KXAxis* lost) { EXPECT_EQ(lost->obtainValuePositionInAxis(1), UXPoint()); }, false},
+        {[](KXAxis* lost) { EXPECT_EQ(lost->obtainCurrentFirstLastValues(), std::pair(0.0, 0.0)); }, false},
+        {[](KXAxis* lost) { EXPECT_FALSE(lost->isValidAxis()); }, false},
+        {[](KXAxis* lost) { EXPECT_FALSE(lost->isScrollable()); }, false},
+        {[](KXAxis* lost) { EXPECT_EQ(lost->obtainActualOffset(1), 1); }, false},
+    };
+    for (const Case& c : cases) {
+        for (const bool isByLength : {true, false}) {
+            if (!isByLength && !c.tellsOfVisibleValues)
+                continue;
+            Listener destroyer;
+            bool isGone = false;
+            (isByLength ? destroyer.whenLengthChanges : destroyer.whenVisibleChanges) = [&](KXAxis* gone) {
+                isGone = true;
+                delete gone;
+            };
+            auto* lost = new KXAxis;
+            lost->setDelegate(&destroyer);
+            setUp(*lost, notations[2], 0, 10);
+            c.call(lost);
+            EXPECT_TRUE(isGone);
+        }
+    }
+}
+
+TEST(KXAxis, ADocumentHoldsTheSettings)
+{
+    KXAxis axis;
+    EXPECT_EQ(axis.getColor(), UXColor(239, 239, 244, 1.0));
+    setUp(axis, notations[1], -2.5, 10);
+    axis.setValueSpacing(3);
+    axis.setMinValueSpacing(4);
+    axis.setValueScale(2);
+    axis.setOffset(-12345678901);
+    axis.setShiftHalfValueSpacing(true);
+    axis.setExtraLength("marks", 1.5);
+    axis.setExtraLength("labels", 20);
+    axis.setApplyExtralengthToTheEnd(false);
+    axis.setShowAxis(false);
+    const std::string document = axis.serialize();
+    EXPECT_NE(document.find(R"("m_xVectorNotation":-1,"m_yVectorNotation":0,"m_maxValue":10.0,)"
+                            R"("m_minValue":-2.5,"m_valueSpacing":3.0,"m_minValueSpacing":4.0,)"
+                            R"("m_valueScale":2.0,"m_offset":-12345678901,"m_shiftHalfValueSpacing":true,)"
+                            R"("m_extraLengths_key":["labels","marks"],"m_extraLengths_value":[20.0,1.5],)"
+                            R"("m_applyExtralengthToTheEnd":false,"m_showAxis":false)"),
+              std::string::npos)
+        << document;
+
+    KXJsonObjectFactory factory;
+    const std::unique_ptr<UXJsonObject> made(factory.customCreate("KXAxis"));
+    auto* read = dynamic_cast<KXAxis*>(made.get());
+    ASSERT_NE(read, nullptr);
+    read->setRect(rect);
+    read->obtainAxisLength();
+    EXPECT_TRUE(read->deserialize(document));
+    EXPECT_EQ(read->serialize(), document);
+    EXPECT_EQ(read->obtainAxisLength(), 200) << "reading makes the scale stale";
+    EXPECT_EQ(read->obtainTotalLength(), 12.5 * 3 * 2 + 21.5);
+}
+
+TEST(KXAxis, APoorDocumentLeavesWhatItDoesNotHold)
+{
+    const char* const documents[] = {
+        R"({"m_maxValue":null})",
+        R"({"m_extraLengths_key":["a","b"],"m_extraLengths_value":[1]})",
+        R"({"m_extraLengths_key":["a"],"m_extraLengths_value":["1"]})",
+        R"({"m_extraLengths_key":7,"m_extraLengths_value":[1]})",
+        R"({"m_showAxis":1})",
+    };
+    for (const char* document : documents) {
+        KXAxis axis;
+        setUp(axis, notations[0], 0, 10);
+        axis.setExtraLength("kept", 3);
+        const std::string before = axis.serialize();
+        EXPECT_FALSE(axis.deserialize(document)) << document;
+        EXPECT_EQ(axis.serialize(), before) << document;
+    }
+    KXAxis axis;
+    axis.deserialize(R"({"m_xVectorNotation":2147483647,"m_yVectorNotation":-9})");
+    EXPECT_EQ(axis.getVectorNotationX(), 1);
+    EXPECT_EQ(axis.getVectorNotationY(), -1);
+}
