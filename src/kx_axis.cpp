@@ -3,7 +3,10 @@
 #include "kx_axis_delegate.h"
 #include "kx_key_json.h"
 #include "ux/ux_color.h"
+#include "ux/ux_double_rect.h"
 #include "ux/ux_object_watcher.h"
+#include "ux/ux_paint_config.h"
+#include "ux/ux_painter.h"
 #include "ux/ux_saturate.h"
 
 #include <algorithm>
@@ -270,6 +273,20 @@ void KXAxis::customLayout()
         update();
 }
 
+void KXAxis::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    if (m_showAxis) {
+        if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
+            const UXRect line = _obtainLineRect();
+            const UXDoubleRect rects[] = {UXDoubleRect(line.x, line.y, line.width, line.height)};
+            painter->setColor(getColor());
+            painter->drawRects(rects);
+            uxDestroyPainter(painter);
+        }
+    }
+    KXAxisChartBaseLayer::paint(config, dirtyRect);
+}
+
 void KXAxis::customSerialize()
 {
     KXAxisChartBaseLayer::customSerialize();
@@ -418,4 +435,15 @@ double KXAxis::_obtainShift() const
         return 0;
     const double shift = std::floor(0.5 * m_currentValueSpacing);
     return isReversed() ? -shift : shift;
+}
+
+/** @return the axis line in the own space, one unit thick and inside the rectangle */
+UXRect KXAxis::_obtainLineRect() const
+{
+    const UXRect rect = getRect();
+    if (m_xVectorNotation != 0)
+        return {0, uxSaturateToInt(std::int64_t{rect.height} - 1), rect.width, 1};
+    if (m_yVectorNotation != 0)
+        return {0, 0, 1, rect.height};
+    return {};
 }

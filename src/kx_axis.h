@@ -110,6 +110,8 @@ public:
     bool isScrollable();
 
     // From UXObject and UXJsonObject
+    /** Draws the axis line in the colour of the object, one unit thick. */
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
@@ -126,6 +128,7 @@ private:
     double _obtainSpan() const;
     UXDoublePoint _obtainContentPoint(double value) const;
     double _obtainShift() const;
+    UXRect _obtainLineRect() const;
 
     KXAxisDelegate* m_delegate = nullptr; /**< the chart's */
     int m_xVectorNotation = 0;

@@ -10,7 +10,8 @@
 TEST(KXJsonObjectFactory, MakesTheClassThatTheNameSays)
 {
     KXJsonObjectFactory factory;
-    for (const std::string name : {"KXChartDataFormat", "KXChartProperty"}) {
+    for (const std::string name :
+         {"KXAxis", "KXAxisChartBaseLayer", "KXChartDataFormat", "KXChartProperty"}) {
         const std::unique_ptr<UXJsonObject> made(factory.create(name));
         ASSERT_TRUE(made) << name;
         EXPECT_EQ(made->customSerializeTypeID(), name);
