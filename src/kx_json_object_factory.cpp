@@ -3,7 +3,12 @@
 #include "kx_axis.h"
 #include "kx_axis_chart_base_layer.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_chart_toolbox.h"
+#include "kx_legend.h"
+#include "kx_value_chart.h"
+#include "ux/ux_label.h"
 #include "ux/ux_string.h"
 
 namespace {
@@ -43,10 +48,10 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXBarChartDataView),
     KX_TYPE_WITHOUT_CLASS(KXBarChartProperty),
     KX_TYPE(KXChartDataFormat),
-    KX_TYPE_WITHOUT_CLASS(KXChartLabel),
+    KX_TYPE(KXChartLabel),
     KX_TYPE(KXChartProperty),
     KX_TYPE_WITHOUT_CLASS(KXChartSlider),
-    KX_TYPE_WITHOUT_CLASS(KXChartToolbox),
+    KX_TYPE(KXChartToolbox),
     KX_TYPE_WITHOUT_CLASS(KXCheckBox),
     KX_TYPE_WITHOUT_CLASS(KXCircle),
     KX_TYPE_WITHOUT_CLASS(KXControlChart),
@@ -66,8 +71,8 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXHorizontalBar),
     KX_TYPE_WITHOUT_CLASS(KXKpiChart),
     KX_TYPE_WITHOUT_CLASS(KXChartKpiPanel),
-    KX_TYPE_WITHOUT_CLASS(UXLabel),
-    KX_TYPE_WITHOUT_CLASS(KXLegend),
+    KX_TYPE(UXLabel),
+    KX_TYPE(KXLegend),
     KX_TYPE_WITHOUT_CLASS(KXLegendCell),
     KX_TYPE_WITHOUT_CLASS(KXLines),
     KX_TYPE_WITHOUT_CLASS(KXLineBarChart),
@@ -102,7 +107,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXTornadoChartStackedBar),
     KX_TYPE_WITHOUT_CLASS(KXTreeMapChart),
     KX_TYPE_WITHOUT_CLASS(KXTrendChart),
-    KX_TYPE_WITHOUT_CLASS(KXValueChart),
+    KX_TYPE(KXValueChart),
     KX_TYPE_WITHOUT_CLASS(KXValueList),
     KX_TYPE_WITHOUT_CLASS(KXValueListBaseItem),
     KX_TYPE_WITHOUT_CLASS(KXValueListChart),

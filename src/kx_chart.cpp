@@ -1,0 +1,541 @@
+#include "kx_chart.h"
+
+#include "kx_chart_data_provider.h"
+#include "kx_chart_data_user.h"
+#include "kx_chart_label.h"
+#include "kx_chart_property.h"
+#include "kx_chart_toolbox.h"
+#include "kx_key_definitions.h"
+#include "kx_legend.h"
+#include "ux/ux_event.h"
+#include "ux/ux_ground.h"
+#include "ux/ux_hint_delegate.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_paint_config.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/** Between title, legend and plot area, in logical units. */
+constexpr int partGap = 15;
+/** A legend is not worth its place when less than this would be left. */
+constexpr int leastHeightWithLegend = 100;
+constexpr int leastWidthWithLegend = 300;
+constexpr int leastLegendWidth = 100;
+constexpr int greatestLegendWidth = 200;
+constexpr int toolboxInset = 1;
+constexpr int toolboxHeight = 25;
+constexpr int chartPadding = 1;
+
+/** The views that present a chart and those that let it answer the pointer. */
+constexpr int presentUseCase = 1;
+constexpr int interactiveUseCase = 2;
+
+bool isHorizontal(UXPosition position)
+{
+    return position == UXPosition::Left || position == UXPosition::Right;
+}
+bool isVertical(UXPosition position) { return position == UXPosition::Top || position == UXPosition::Bottom; }
+
+void clampToEmpty(UXRect& rect)
+{
+    rect.width = std::max(rect.width, 0);
+    rect.height = std::max(rect.height, 0);
+}
+
+/** Takes amount units and the gap away from the left of area. */
+void cutLeft(UXRect& area, int amount)
+{
+    area.x += amount + partGap;
+    area.width -= amount + partGap;
+}
+
+void cutTop(UXRect& area, int amount)
+{
+    area.y += amount + partGap;
+    area.height -= amount + partGap;
+}
+
+/** @return the width of a title at the side: at most half of the content, less the gap; negative when there
+ * is no room */
+int obtainSideTitleWidth(const UXRect& content, const UXRect& title)
+{
+    return std::min(content.width / 2 - partGap, title.width);
+}
+
+void cutRight(UXRect& area, int amount) { area.width -= amount + partGap; }
+
+void cutBottom(UXRect& area, int amount) { area.height -= amount + partGap; }
+
+} // namespace
+
+/** What a layout pass decides before any part is moved. */
+struct KXChart::Division {
+    UXRect content; // C: all there is
+    UXRect title;   // T
+    UXRect legend;  // L
+    UXRect plot;    // P
+    bool showsTitle = false;
+    bool showsLegend = false;
+};
+
+KXChart::KXChart()
+    : m_chartProperty(std::make_unique<KXChartProperty>()), m_title(new KXChartLabel), m_legend(new KXLegend),
+      m_toolbox(new KXChartToolbox), m_defaultColors{{90, 195, 242, 1.0},  {112, 202, 87, 1.0},
+                                                     {255, 221, 0, 1.0},   {247, 165, 80, 1.0},
+                                                     {252, 99, 96, 1.0},   {227, 104, 161, 1.0},
+                                                     {144, 61, 133, 1.0},  {171, 124, 80, 1.0},
+                                                     {195, 181, 155, 1.0}, {225, 225, 225, 1.0}}
+{
+    setAlign(UXAlign::Client);
+    setPadding(UXPadding(chartPadding, chartPadding, chartPadding, chartPadding));
+    addChild(m_title);
+    m_legend->setArrangement(UXArrangement::Column);
+    m_legend->setShowHint(true);
+    m_legend->setDelegate(this);
+    m_legend->setColorSeries(m_defaultColors);
+    addChild(m_legend);
+    m_toolbox->setVisible(false);
+    addChild(m_toolbox);
+}
+
+KXChart::~KXChart()
+{
+    m_chartProperty->unregisterAllUpdatedEvents();
+    m_legend->setDelegate(nullptr);
+}
+
+const UXPropertyTable& KXChart::obtainPropertyTable()
+{
+#define KX_CHART_PROPERTY(Type, Name, member, initial)                                    \
+    kxMakeKeyProperty<KXChart, Type>(                                                     \
+        #member, [](const KXChart& chart) { return chart.m_chartProperty->get##Name(); }, \
+        [](KXChart& chart, const Type& value) { chart.m_chartProperty->update##Name(value); }),
+    static const UXPropertyTable table(nullptr, {KX_CHART_PROPERTY_ALL_KEYS(KX_CHART_PROPERTY)});
+#undef KX_CHART_PROPERTY
+    return table;
+}
+
+KXChartProperty* KXChart::getChartProperty() const { return m_chartProperty.get(); }
+KXChartLabel* KXChart::getTitle() const { return m_title; }
+KXLegend* KXChart::getLegend() const { return m_legend; }
+KXChartToolbox* KXChart::getToolbox() const { return m_toolbox; }
+std::vector<UXColor> KXChart::getDefaultColors() const { return m_defaultColors; }
+
+void KXChart::init()
+{
+    if (m_initialized)
+        return;
+    m_initialized = true;
+    _applyAll();
+    registerChartPropertyUpdatedEvents();
+}
+
+void KXChart::_applyAll()
+{
+    _applyBorder();
+    _applyBackground();
+    _applyTitle();
+    _applyLegend();
+    _applyLegendLabelColor();
+}
+
+bool KXChart::isInitialized() { return m_initialized; }
+
+void KXChart::registerChartPropertyUpdatedEvents()
+{
+    const auto registerGroup = [this](const std::vector<std::string>& keys, void (KXChart::*handler)()) {
+        m_chartProperty->registerUpdatedEvents(keys,
+                                               [this, handler](const std::string&) { (this->*handler)(); });
+    };
+    registerGroup({"m_showBorder", "m_borderColor"}, &KXChart::_applyBorder);
+    registerGroup({"m_backgroundColor"}, &KXChart::_applyBackground);
+    registerGroup({"m_defaultColor"}, &KXChart::_applyDefaultColor);
+    registerGroup({"m_showTitle", "m_titleValue", "m_titleProperty"}, &KXChart::_applyTitle);
+    registerGroup({"m_titlePosition", "m_titleHorizontalAlign", "m_titleVerticalAlign"},
+                  &KXChart::_layoutAnew);
+    registerGroup({"m_showLegend", "m_legendPosition", "m_legendHorizontalAlign", "m_legendVerticalAlign"},
+                  &KXChart::_applyLegend);
+    registerGroup({"m_legendLabelColor"}, &KXChart::_applyLegendLabelColor);
+    registerGroup({"m_showOnlyTopX", "m_topXItemsToShow"}, &KXChart::_applyTopX);
+}
+
+void KXChart::_layoutAnew() { setRequireToVerifyLayout(true, true); }
+
+void KXChart::_applyBorder()
+{
+    setShowBorder(m_chartProperty->getShowBorder());
+    setBorderColor(m_chartProperty->getBorderColor());
+    invalidate();
+}
+
+void KXChart::_applyBackground()
+{
+    setBackgroundColor(m_chartProperty->getBackgroundColor());
+    invalidate();
+}
+
+void KXChart::_applyDefaultColor()
+{
+    reloadChartColors();
+    updateLegendColor();
+    invalidate();
+}
+
+void KXChart::_applyTitle()
+{
+    // A new colour alone is painted; anything else changes what the title measures. What follows the
+    // title's place is set by the layout.
+    UXTextProperty wanted = m_chartProperty->getTitleProperty();
+    UXTextProperty recoloured = m_title->getTextProperty();
+    wanted.align = recoloured.align;
+    wanted.option = recoloured.option;
+    recoloured.textColor = wanted.textColor;
+    const bool measuresAnew = recoloured != wanted ||
+                              m_title->getText() != m_chartProperty->getTitleValue() ||
+                              m_title->getVisible() != m_chartProperty->getShowTitle();
+    m_title->setVisible(m_chartProperty->getShowTitle());
+    m_title->setText(m_chartProperty->getTitleValue());
+    m_title->setTextProperty(wanted);
+    if (measuresAnew)
+        _layoutAnew();
+    else
+        m_title->invalidate();
+}
+
+void KXChart::_applyLegend()
+{
+    m_legend->setVisible(m_chartProperty->getShowLegend());
+    m_legend->setArrangement(isVertical(m_chartProperty->getLegendPosition()) ? UXArrangement::Row
+                                                                              : UXArrangement::Column);
+    m_legend->setHorizontalAlign(m_chartProperty->getLegendHorizontalAlign());
+    m_legend->setVerticalAlign(m_chartProperty->getLegendVerticalAlign());
+    _layoutAnew();
+}
+
+void KXChart::_applyLegendLabelColor() { m_legend->setLabelColor(m_chartProperty->getLegendLabelColor()); }
+
+void KXChart::_applyTopX()
+{
+    KXChartDataUser* user = obtainLegendDataUser();
+    if (user && user->preparedAndReloadedData())
+        user->reloadData();
+}
+
+void KXChart::customSerialize()
+{
+    UXObject::customSerialize();
+#define KX_CHART_WRITE(Type, Name, member, initial) \
+    KXKeyJson<Type>::write(this, #member, m_chartProperty->get##Name());
+    KX_CHART_PROPERTY_ALL_KEYS(KX_CHART_WRITE)
+#undef KX_CHART_WRITE
+    serializeBool("m_titleValueWrap", m_chartProperty->getTitleValueWrap());
+    serializeString("m_titleDefaultValue", m_title->getDefaultText());
+    serializeInt64("m_titleFontSize", m_chartProperty->getTitleProperty().font.size);
+}
+
+std::string KXChart::customSerializeTypeID() { return "KXChart"; }
+
+bool KXChart::customDeserialize()
+{
+    bool complete = UXObject::customDeserialize();
+#define KX_CHART_READ(Type, Name, member, initial)                          \
+    {                                                                       \
+        Type value = m_chartProperty->get##Name();                          \
+        complete = KXKeyJson<Type>::read(this, #member, value) && complete; \
+        m_chartProperty->set##Name(value);                                  \
+    }
+    KX_CHART_PROPERTY_ALL_KEYS(KX_CHART_READ)
+#undef KX_CHART_READ
+    complete = _readTitleKeys() && complete;
+    init();
+    _applyAll();
+    return complete;
+}
+
+bool KXChart::_readTitleKeys()
+{
+    UXTextProperty title = m_chartProperty->getTitleProperty();
+    bool wrap = m_chartProperty->getTitleValueWrap();
+    bool complete = deserializeBool("m_titleValueWrap", wrap);
+    if (complete)
+        title.lineMode = wrap ? 1 : 2;
+    std::string defaultText = m_title->getDefaultText();
+    complete = deserializeString("m_titleDefaultValue", defaultText) && complete;
+    m_title->setDefaultText(defaultText);
+    complete = deserializeInt64("m_titleFontSize", title.font.size) && complete;
+    m_chartProperty->setTitleProperty(title);
+    return complete;
+}
+
+void KXChart::showLinkedHighlightHint(UXHintInfo* info, UXObject* target, UXPoint point, UXControl*)
+{
+    auto* hint = dynamic_cast<UXHintDelegate*>(this);
+    if (hint && info)
+        hint->showHint(target ? translatePoint(point, target, this) : point, nullptr, info);
+}
+
+void KXChart::hideLinkedHighlightHint(UXHintInfo*, UXControl*)
+{
+    if (auto* hint = dynamic_cast<UXHintDelegate*>(this))
+        hint->hideHint();
+}
+
+void KXChart::beforeCustomLayout() {}
+void KXChart::_customResetProperties(KXChartResetType, KXChart*, const KXKeys&) {}
+void KXChart::updateLegendColor() { m_legend->updateLegendColor(); }
+
+bool KXChart::_isPresentOrInteractiveUseCaseType(const UXEvent& event)
+{
+    return event.containUseCase(presentUseCase) || event.containUseCase(interactiveUseCase);
+}
+
+void KXChart::customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
+{
+    if (!source)
+        return;
+    m_chartProperty->customResetProperties(type, source->m_chartProperty.get(), groups);
+    _customResetProperties(type, source, groups);
+}
+
+void KXChart::beforePrepareData() {}
+void KXChart::beforeReloadData() {}
+void KXChart::reloadChartColors() {}
+
+void KXChart::afterReloadData()
+{
+    m_legend->markDataUpdated();
+    m_legend->markCellVisibleUpdated();
+}
+
+KXChartDataUser* KXChart::obtainLegendDataUser() { return dynamic_cast<KXChartDataUser*>(this); }
+
+bool KXChart::shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t, const UXEvent& event)
+{
+    return !_isPresentOrInteractiveUseCaseType(event);
+}
+
+void KXChart::customLayout()
+{
+    init();
+    beforeCustomLayout();
+    Division division = _divideContent();
+    m_title->setRect(division.title);
+    m_legend->setRect(division.legend);
+    _customLayout(division.plot);
+    const UXRect& content = division.content;
+    m_toolbox->setRect(uxMakeRect(content.x + toolboxInset, content.y + toolboxInset,
+                                  content.width - 2 * toolboxInset, toolboxHeight));
+    const UXObjectWatcher self(this);
+    const std::vector<UXObject*> children = getChildren();
+    for (UXObject* child : children)
+        if (child->getVisible())
+            child->layout();
+}
+
+KXChart::Division KXChart::_divideContent()
+{
+    Division division;
+    division.content = getContentRect();
+    division.title = _measureTitle(division.content);
+    division.showsTitle = _shouldShowTitle(division.title);
+    division.showsLegend = _shouldShowLegend(division);
+    division.plot = division.content;
+    if (division.showsTitle)
+        _placeTitle(division);
+    else
+        division.title = uxMakeRect(division.content.x, division.content.y, 0, 0);
+    if (division.showsLegend)
+        _placeLegend(division);
+    else
+        division.legend = uxMakeRect(division.content.x, division.content.y, 0, 0);
+    clampToEmpty(division.title);
+    clampToEmpty(division.legend);
+    clampToEmpty(division.plot);
+    return division;
+}
+
+UXRect KXChart::_measureTitle(const UXRect& content)
+{
+    // The alignment belongs to the place: it follows the title along the top and the bottom only.
+    UXTextProperty property = m_chartProperty->getTitleProperty();
+    property.align = UXTextAlign::Left;
+    if (property.option == UXTextOption::Default)
+        property.option = UXTextOption::EllipsisEnd; // a title never runs out of the chart
+    if (isVertical(m_chartProperty->getTitlePosition())) {
+        if (m_chartProperty->getTitleHorizontalAlign() == UXPosition::Center)
+            property.align = UXTextAlign::Center;
+        else if (m_chartProperty->getTitleHorizontalAlign() == UXPosition::Right)
+            property.align = UXTextAlign::Right;
+    }
+    m_title->setTextProperty(property);
+    m_title->setRect(content);
+    m_title->autoResize();
+    return m_title->getRect();
+}
+
+bool KXChart::_shouldShowTitle(const UXRect& title) const
+{
+    if (!m_title->getVisible())
+        return false;
+    const UXPosition position = m_chartProperty->getTitlePosition();
+    return isVertical(position) ? title.height >= 1 : !isHorizontal(position) || title.width >= 1;
+}
+
+bool KXChart::_shouldShowLegend(const Division& division)
+{
+    if (!m_legend->getVisible() || obtainLegendCellSize() == 0)
+        return false;
+    const UXPosition titlePosition = m_chartProperty->getTitlePosition();
+    const UXPosition legendPosition = m_chartProperty->getLegendPosition();
+    const bool titleIsElsewhere = division.showsTitle && !isVertical(titlePosition) &&
+                                  !isHorizontal(titlePosition);
+    if (titleIsElsewhere)
+        return true;
+    const UXRect& content = division.content;
+    if (isVertical(legendPosition)) {
+        const bool sharesHeight = division.showsTitle && isVertical(titlePosition);
+        const int taken = sharesHeight ? division.title.height + partGap : 0;
+        return content.height - taken >= leastHeightWithLegend;
+    }
+    if (isHorizontal(legendPosition)) {
+        const bool sharesWidth = division.showsTitle && isHorizontal(titlePosition);
+        const int taken = sharesWidth ? obtainSideTitleWidth(division.content, division.title) + partGap : 0;
+        return content.width - taken >= leastWidthWithLegend;
+    }
+    return true;
+}
+
+void KXChart::_placeTitle(Division& division) const
+{
+    const UXRect& content = division.content;
+    UXRect& title = division.title;
+    const UXPosition position = m_chartProperty->getTitlePosition();
+    if (isVertical(position)) {
+        title.width = content.width;
+        if (position == UXPosition::Top) {
+            cutTop(division.plot, title.height);
+        } else {
+            title.y = content.getBottom() - title.height;
+            cutBottom(division.plot, title.height);
+        }
+        return;
+    }
+    if (!isHorizontal(position))
+        return;
+
+    title.width = obtainSideTitleWidth(content, title);
+    const UXPosition align = m_chartProperty->getTitleVerticalAlign();
+    if (align == UXPosition::Top)
+        title.y = content.y;
+    else if (align == UXPosition::Center)
+        title.y = content.y + content.height / 2 - title.height / 2;
+    else if (align == UXPosition::Bottom)
+        title.y = content.getBottom() - title.height;
+    // A chart too narrow for any title gives it no width and keeps the whole plot area.
+    const bool fits = title.width >= 0;
+    title.width = std::max(title.width, 0);
+    if (position == UXPosition::Right)
+        title.x = uxMaxX(content) - title.width;
+    if (fits && position == UXPosition::Left)
+        cutLeft(division.plot, title.width);
+    else if (fits)
+        cutRight(division.plot, title.width);
+}
+
+void KXChart::_placeLegend(Division& division) const
+{
+    UXRect& plot = division.plot;
+    division.legend = plot;
+    UXRect& legend = division.legend;
+    const int height = uxSaturateToInt(std::floor(m_legend->obtainLegendHeight()));
+    const int width = std::clamp(uxSaturateToInt(std::floor(m_legend->obtainLegendWidth())), leastLegendWidth,
+                                 greatestLegendWidth);
+    switch (m_chartProperty->getLegendPosition()) {
+    case UXPosition::Top:
+        legend.height = height;
+        cutTop(plot, height);
+        break;
+    case UXPosition::Bottom:
+        legend.y = plot.getBottom() - height;
+        legend.height = height;
+        cutBottom(plot, height);
+        break;
+    case UXPosition::Left:
+        legend.width = width;
+        cutLeft(plot, width);
+        break;
+    case UXPosition::Right:
+        legend.x = uxMaxX(plot) - width;
+        legend.width = width;
+        cutRight(plot, width);
+        break;
+    default:
+        legend = uxMakeRect(division.content.x, division.content.y, 0, 0);
+        break;
+    }
+}
+
+void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    UXPainter* painter = uxCreatePainterWithObject(config, this);
+    if (painter) {
+        uxDrawGround(*painter, *this, 0);
+    }
+    // The toolbox lies over everything, wherever it stands among the children.
+    const std::vector<UXObject*> children = getChildren();
+    for (UXObject* child : children)
+        if (child != m_toolbox)
+            _paintChild(child, config, dirtyRect);
+    _paintChild(m_toolbox, config, dirtyRect);
+    uxDestroyPainter(painter);
+}
+
+void KXChart::_paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect)
+{
+    const UXRect rect = translateRectToChild(dirtyRect, child);
+    if (child->getVisible() && child->inRect(rect))
+        child->paint(config, rect);
+}
+
+bool KXChart::customMouseMove(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    if (KXChartDataUser* user = obtainLegendDataUser())
+        _showToolboxIfWanted(*user);
+    return self.isAlive() && UXObject::customMouseMove(event, stop);
+}
+
+void KXChart::_showToolboxIfWanted(KXChartDataUser& user)
+{
+    const UXObjectWatcher self(this);
+    KXChartDataProvider* provider = user.beginUseDataProvider();
+    const bool wanted = provider && provider->obtainDataShouldShowToolbox(&user, nullptr);
+    if (!self.isAlive())
+        return;
+    user.endUseDataProvider();
+    if (!wanted)
+        return;
+    m_toolbox->setDataUser(&user);
+    if (!m_toolbox->getVisible()) {
+        m_toolbox->prepare();
+        if (!self.isAlive())
+            return;
+        m_toolbox->setVisible(true);
+    }
+    m_toolbox->refresh();
+}
+
+bool KXChart::customMouseLeave(const UXEvent& event, bool& stop)
+{
+    if (obtainLegendDataUser() && !m_toolbox->getMenuOpen()) {
+        m_toolbox->setVisible(false);
+        m_toolbox->refresh();
+    }
+    return UXObject::customMouseLeave(event, stop);
+}

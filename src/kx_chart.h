@@ -1,0 +1,119 @@
+#pragma once
+
+#include "kx_chart_linked_action.h"
+#include "kx_chart_reset_type.h"
+#include "kx_export.h"
+#include "kx_keys.h"
+#include "kx_legend_delegate.h"
+#include "ux/ux_color.h"
+#include "ux/ux_object.h"
+#include "ux/ux_position.h"
+#include "ux/ux_property_table.h"
+
+#include <memory>
+#include <vector>
+
+class KXChartLabel;
+class KXChartProperty;
+class KXChartToolbox;
+class KXLegend;
+class UXControl;
+struct UXHintInfo;
+
+/** The base of every chart: it divides its content between title, legend and plot area, hands the plot area
+ * to the concrete chart, and brings the parts up to date when a chart-wide property changes. The host owns
+ * the chart. */
+class KX_EXPORT KXChart : public UXObject, public KXLegendDelegate, public KXChartLinkedAction {
+public:
+    KXChart();
+    ~KXChart() override;
+
+    // Parts: made and destroyed by the chart, never null
+    KXChartProperty* getChartProperty() const;
+    KXChartLabel* getTitle() const;
+    KXLegend* getLegend() const;
+    KXChartToolbox* getToolbox() const;
+    /** @return the ten colours that series take in turn */
+    std::vector<UXColor> getDefaultColors() const;
+
+    /** The chart-wide properties by key, for UXPropertyAccessor. */
+    static const UXPropertyTable& obtainPropertyTable();
+
+    // Hooks, in this order
+    /** Subscribes the parts to the chart-wide properties that they show, one handler a group. */
+    virtual void registerChartPropertyUpdatedEvents();
+    /** Shows a hint because another chart highlights an item of this one. @param info, target lent for the
+     * call */
+    virtual void showLinkedHighlightHint(UXHintInfo* info, UXObject* target, UXPoint point,
+                                         UXControl* control);
+    virtual void hideLinkedHighlightHint(UXHintInfo* info, UXControl* control);
+
+protected:
+    virtual void beforeCustomLayout();
+    /** Lays out the concrete chart. @param plotArea what title and legend leave, in the chart's own space */
+    virtual void _customLayout(UXRect plotArea) = 0;
+    /** Resets the concrete chart's own properties. @param source a chart that has the values to take */
+    virtual void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups);
+
+public:
+    virtual void updateLegendColor();
+
+protected:
+    /** @return whether event comes from a view that presents the chart or lets it answer the pointer */
+    virtual bool _isPresentOrInteractiveUseCaseType(const UXEvent& event);
+
+public:
+    /** Takes the properties of the named groups from source: the chart-wide ones, then the concrete chart's.
+     */
+    virtual void customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups);
+    /** Makes the parts show the properties and follow them. Only the first call acts. */
+    virtual void init();
+    virtual bool isInitialized();
+    virtual void beforePrepareData();
+    virtual void beforeReloadData();
+    virtual void afterReloadData();
+    virtual void reloadChartColors();
+
+    // From UXJsonObject, KXLegendDelegate and UXObject
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
+    KXChartDataUser* obtainLegendDataUser() override;
+    bool shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t index, const UXEvent& event) override;
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
+
+protected:
+    void customLayout() override;
+    bool customMouseMove(const UXEvent& event, bool& stop) override;
+    bool customMouseLeave(const UXEvent& event, bool& stop) override;
+
+private:
+    struct Division;
+
+    void _layoutAnew();
+    void _applyAll();
+    bool _readTitleKeys();
+    void _applyBorder();
+    void _applyBackground();
+    void _applyDefaultColor();
+    void _applyTitle();
+    void _applyLegend();
+    void _applyLegendLabelColor();
+    void _applyTopX();
+    Division _divideContent();
+    UXRect _measureTitle(const UXRect& content);
+    bool _shouldShowTitle(const UXRect& title) const;
+    bool _shouldShowLegend(const Division& division);
+    void _placeTitle(Division& division) const;
+    void _placeLegend(Division& division) const;
+    void _paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect);
+    void _showToolboxIfWanted(KXChartDataUser& user);
+
+    std::unique_ptr<KXChartProperty> m_chartProperty;
+    KXChartLabel* m_title;     // a child
+    KXLegend* m_legend;        // a child
+    KXChartToolbox* m_toolbox; // a child
+    std::vector<UXColor> m_defaultColors;
+    bool m_initialized = false;
+    UXPropertyTableBinding m_propertyBinding{*this, obtainPropertyTable()};
+};

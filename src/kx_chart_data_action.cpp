@@ -1,0 +1,262 @@
+#include "kx_chart_data_action.h"
+
+#include "kx_chart.h"
+#include "kx_chart_data_provider.h"
+#include "kx_chart_data_user.h"
+#include "kx_context_menu.h"
+#include "ux/ux_assert.h"
+#include "ux/ux_event.h"
+#include "ux/ux_message_right_click_param.h"
+#include "ux/ux_object.h"
+#include "ux/ux_object_watcher.h"
+
+#include <utility>
+
+/** One use of the provider about one item: from the path's making to its end. The provider may destroy the
+ * chart while it answers; then there is no use left to end. */
+class KXChartDataAction::Question {
+public:
+    Question(KXChartDataAction& action, KXChartDataUser& user)
+        : m_user(user), m_chart(user.getChart()), m_path(action.getDataPath()),
+          m_provider(m_path ? user.beginUseDataProvider() : nullptr), m_begun(m_path != nullptr)
+    {
+    }
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
+    ~Question()
+    {
+        if (m_begun && m_chart.isAlive())
+            m_user.endUseDataProvider();
+    }
+
+    /** @return whether there is an item and a provider to ask about it */
+    explicit operator bool() const { return m_provider != nullptr; }
+    KXChartDataProvider* operator->() const { return m_provider; }
+    KXChartDataPath* path() const { return m_path.get(); }
+
+private:
+    KXChartDataUser& m_user;
+    UXObjectWatcher m_chart;
+    std::shared_ptr<KXChartDataPath> m_path;
+    KXChartDataProvider* m_provider;
+    bool m_begun;
+};
+
+KXChartDataAction::KXChartDataAction(UXObject* owner) : m_owner(owner) { uxAssert(owner); }
+
+KXChartDataAction::~KXChartDataAction() = default;
+
+std::shared_ptr<KXChartDataPath> KXChartDataAction::getDataPath()
+{
+    if (m_registeredPath)
+        return m_registeredPath;
+    return std::shared_ptr<KXChartDataPath>(createDataPath());
+}
+
+void KXChartDataAction::_setRegisteredPath(KXChartDataPath* path)
+{
+    if (path != m_registeredPath.get())
+        m_registeredPath.reset(path);
+}
+
+bool KXChartDataAction::_isAllowed(Trigger KXChartDataAction::*trigger, KXChartDataUser* user,
+                                   const KXTriggerCondition& condition) const
+{
+    // Conditions are copied before they run: one that registers anew, or destroys this object, must not pull
+    // the callable away from under itself.
+    const UXObjectWatcher owner(m_owner);
+    const KXTriggerCondition own = condition ? condition : (this->*trigger).triggerCondition;
+    const auto* userAction = dynamic_cast<const KXChartDataAction*>(user);
+    const bool asksUser = userAction && (userAction != this || condition);
+    const KXTriggerCondition ofUser = asksUser ? (userAction->*trigger).triggerCondition
+                                               : KXTriggerCondition();
+    if (own && !own())
+        return false;
+    return owner.isAlive() && (!ofUser || ofUser()) && owner.isAlive();
+}
+
+void KXChartDataAction::registerRightClickMenu(KXChartDataUser* user, KXChartDataPath* path,
+                                               KXTriggerCondition condition)
+{
+    _setRegisteredPath(path);
+    registerRightClickMenu(user, std::move(condition));
+}
+
+void KXChartDataAction::registerRightClickMenu(KXChartDataUser* user, KXTriggerCondition condition)
+{
+    uxAssert(user);
+    uxAssert(m_owner);
+    m_rightClick.user = user;
+    m_rightClick.condition = std::move(condition);
+    m_rightClick.enabled = false;
+    if (!user || !m_owner)
+        return;
+
+    const UXObjectWatcher owner(m_owner);
+    bool wanted = false;
+    if (const Question question(*this, *user); question)
+        wanted = question->obtainDataShouldRightClickAction(user, question.path());
+    if (!owner.isAlive())
+        return;
+    m_rightClick.enabled = wanted;
+    if (wanted)
+        _installHandler(m_rightClick, UXEventType::RightClick,
+                        [this](const UXEvent& event) { return _showRightClickMenu(event); });
+}
+
+void KXChartDataAction::registerRightClickMenuTriggerCondition(KXTriggerCondition condition)
+{
+    m_rightClick.triggerCondition = std::move(condition);
+}
+
+bool KXChartDataAction::_showRightClickMenu(const UXEvent& event)
+{
+    KXChartDataUser* user = m_rightClick.user;
+    if (!_isAllowed(&KXChartDataAction::m_rightClick, user, m_rightClick.condition))
+        return false;
+
+    const UXObjectWatcher owner(m_owner);
+    void* context = nullptr;
+    if (const Question question(*this, *user); question)
+        context = question->obtainDataRightClickContext(user, question.path());
+    else
+        return false;
+    if (context && owner.isAlive())
+        kxOpenContextMenu(m_owner, event, context);
+    return true;
+}
+
+void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXChartDataPath* path,
+                                                KXTriggerCondition condition)
+{
+    _setRegisteredPath(path);
+    registerLeftClickAction(user, std::move(condition));
+}
+
+void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTriggerCondition condition)
+{
+    m_leftClick.user = user;
+    m_leftClick.condition = std::move(condition);
+    m_leftClick.enabled = true;
+    _installHandler(m_leftClick, UXEventType::LeftClick, [this](const UXEvent& event) {
+        return _triggerRegisteredLeftClickAction(m_leftClick.user, true, event, m_leftClick.condition);
+    });
+}
+
+void KXChartDataAction::registerLeftClickActionTriggerCondition(KXTriggerCondition condition)
+{
+    m_leftClick.triggerCondition = std::move(condition);
+}
+
+bool KXChartDataAction::_triggerRegisteredLeftClickAction(KXChartDataUser* user, bool post,
+                                                          const UXEvent& event,
+                                                          const KXTriggerCondition& condition)
+{
+    uxAssert(user);
+    if (!user || !_isAllowed(&KXChartDataAction::m_leftClick, user, condition))
+        return false;
+
+    std::function<void()> action;
+    if (const Question question(*this, *user); question)
+        action = question->obtainDataLeftClickAction(user, question.path());
+    else
+        return false;
+    if (!post)
+        action();
+    else if (action)
+        event.postAction(std::move(action));
+    return true;
+}
+
+void KXChartDataAction::triggerLeftClickAction(KXChartDataUser* user)
+{
+    uxAssert(user);
+    if (!user)
+        return;
+    const UXObjectWatcher owner(m_owner);
+    std::function<void()> action;
+    if (const Question question(*this, *user); question) {
+        if (!question->obtainDataShouldLeftClickAction(user, question.path()) || !owner.isAlive())
+            return;
+        action = question->obtainDataLeftClickAction(user, question.path());
+    } else {
+        return;
+    }
+    action();
+}
+
+void KXChartDataAction::registerLinkedHighlightAction(KXChartDataUser* user, KXChartDataPath* path,
+                                                      KXTriggerCondition condition)
+{
+    _setRegisteredPath(path);
+    registerLinkedHighlightAction(user, std::move(condition));
+}
+
+void KXChartDataAction::registerLinkedHighlightAction(KXChartDataUser* user, KXTriggerCondition condition)
+{
+    m_linkedHighlight.user = user;
+    m_linkedHighlight.condition = std::move(condition);
+    m_linkedHighlight.enabled = true;
+    const bool installed = m_linkedHighlight.handlerInstalled;
+    _installHandler(m_linkedHighlight, UXEventType::MouseEnter, [this](const UXEvent& event) {
+        triggerLinkedHighlightAction(m_linkedHighlight.user, m_owner, event);
+        return false;
+    });
+    if (!installed)
+        m_owner->registerEventHandler(UXEventType::MouseLeave, [this](const UXEvent& event) {
+            triggerLinkedHighlightClearAction(m_linkedHighlight.user, m_owner, event);
+            return false;
+        });
+}
+
+void KXChartDataAction::registerLinkedHighlightActionTriggerCondition(KXTriggerCondition condition)
+{
+    m_linkedHighlight.triggerCondition = std::move(condition);
+}
+
+void KXChartDataAction::triggerLinkedHighlightAction(KXChartDataUser* user, UXObject* source,
+                                                     const UXEvent& event)
+{
+    _triggerLinkedHighlight(user, source, event, &KXChartLinkedAction::linkedHighlightRequested);
+}
+
+void KXChartDataAction::triggerLinkedHighlightClearAction(KXChartDataUser* user, UXObject* source,
+                                                          const UXEvent& event)
+{
+    _triggerLinkedHighlight(user, source, event, &KXChartLinkedAction::linkedHighlightCleared);
+}
+
+void KXChartDataAction::_triggerLinkedHighlight(KXChartDataUser* user, UXObject* source, const UXEvent& event,
+                                                LinkedHighlightStep step)
+{
+    uxAssert(user);
+    uxAssert(source);
+    if (!user || !source ||
+        !_isAllowed(&KXChartDataAction::m_linkedHighlight, user, m_linkedHighlight.condition))
+        return;
+
+    const UXObjectWatcher chart(user->getChart());
+    KXChartDataPath path;
+    if (const Question question(*this, *user); question) {
+        if (!question->obtainDataShouldLinkedHighlightAction(user, question.path()))
+            return;
+        path = *question.path();
+    } else {
+        return;
+    }
+    event.postAction([chart, source = UXObjectWatcher(source), user, path, event, step] {
+        if (chart.isAlive())
+            (user->getChart()->*step)(user, path, source.getObject(), event);
+    });
+}
+
+void KXChartDataAction::_installHandler(Trigger& trigger, UXEventType type,
+                                        std::function<bool(const UXEvent&)> handler)
+{
+    if (trigger.handlerInstalled || !m_owner)
+        return;
+    trigger.handlerInstalled = true;
+    m_owner->registerEventHandler(type, [&trigger, handler = std::move(handler)](const UXEvent& event) {
+        return trigger.enabled && handler(event);
+    });
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "kx_export.h"
+#include "kx_index_path.h"
+#include "kx_interaction_user.h"
+
+#include <string>
+#include <vector>
+
+class KXChart;
+class KXChartDataProvider;
+
+/** The side of a chart that pulls data from the provider. prepareData() asks the provider and caches its
+ * answers; reloadData() makes what the chart draws of them. */
+class KX_EXPORT KXChartDataUser : public KXInteractionUser {
+public:
+    /** @param chart the chart that this serves, not null, not owned */
+    explicit KXChartDataUser(KXChart* chart);
+    ~KXChartDataUser() override;
+
+    /** Takes what the chart draws out of provider, which is not null; sets prepared once the data can be
+     * used. */
+    virtual void customPrepareData(KXChartDataProvider* provider, bool& prepared) = 0;
+    /** Makes the chart's drawable records of what customPrepareData() cached. */
+    virtual void customReloadData() = 0;
+    virtual void customReloadColors();
+    /** Sets the provider of data and of interaction. @param provider the host's, not owned; may be null */
+    virtual void setDataProvider(KXChartDataProvider* provider);
+    /** @return the provider, null when there is none; every begin is followed by one end */
+    virtual KXChartDataProvider* beginUseDataProvider();
+    virtual void endUseDataProvider();
+    /** Forgets what was prepared. A chart's own data user clears its cache here. */
+    virtual void resetData();
+    virtual void prepareData();
+    virtual void requestToReloadData();
+    virtual void reloadData();
+    /** Takes up changed colours; neither lays out nor asks for data. */
+    virtual void reloadColors();
+    virtual bool preparedData();
+    virtual bool reloadedData();
+    virtual bool preparedAndReloadedData();
+    /** @return whether paths was set: the items in the order in which colours go to them */
+    virtual bool obtainSortedIndexPathsByColorOrder(std::vector<KXIndexPath>& paths);
+    /** @return whether text was set: the item at path, formatted */
+    virtual bool obtainFormattedDataWithSortedIndexPath(const KXIndexPath& path, std::string& text);
+
+    /** @return the chart that this serves */
+    KXChart* getChart() const { return m_chart; }
+
+private:
+    KXChart* m_chart;
+    KXChartDataProvider* m_dataProvider = nullptr; // the host's
+    bool m_prepared = false;
+    bool m_reloaded = false;
+};

@@ -1,0 +1,13 @@
+#include "kx_chart_linked_action.h"
+
+KXChartLinkedAction::~KXChartLinkedAction() = default;
+
+void KXChartLinkedAction::linkedHighlightRequested(KXChartDataUser*, const KXChartDataPath&, UXObject*,
+                                                   const UXEvent&)
+{
+}
+
+void KXChartLinkedAction::linkedHighlightCleared(KXChartDataUser*, const KXChartDataPath&, UXObject*,
+                                                 const UXEvent&)
+{
+}

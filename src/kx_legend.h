@@ -1,0 +1,103 @@
+#pragma once
+
+#include "kx_export.h"
+#include "kx_interaction.h"
+#include "ux/ux_arrangement.h"
+#include "ux/ux_color.h"
+#include "ux/ux_object.h"
+#include "ux/ux_position.h"
+#include "ux/ux_symbol_style.h"
+#include "ux/ux_text_property.h"
+#include "ux/ux_virtual_scroll_view_delegate.h"
+
+#include <cstdint>
+#include <vector>
+
+class KXLegendDelegate;
+class UXVirtualScrollView;
+
+/** Lists a chart's series: a symbol and a label each, in one row or one column that scrolls. Cells are
+ * measured once per change of data; which of them are shown is looked up once per change of visibility. */
+class KX_EXPORT KXLegend : public UXObject, public UXVirtualScrollViewDelegate, public KXInteraction {
+public:
+    KXLegend();
+    ~KXLegend() override;
+
+    /** @param delegate the chart that knows the cells, not owned; may be null */
+    void setDelegate(KXLegendDelegate* delegate);
+
+    // Properties; each setter lays out or draws anew what it changes
+    void setColorSeries(const std::vector<UXColor>& colors);
+    void setArrangement(UXArrangement arrangement);
+    UXArrangement getArrangement() const;
+    void setHorizontalAlign(UXPosition align);
+    void setVerticalAlign(UXPosition align);
+    void setTextProperty(const UXTextProperty& property);
+    UXTextProperty getTextProperty() const;
+    void setLabelColor(const UXColor& color);
+    void setShowHint(bool show);
+    bool getShowHint() const;
+    void enableCellClick();
+    void disableCellClick();
+
+    /** The delegate's cells or labels changed: everything is measured again. */
+    void markDataUpdated();
+    /** The delegate shows other cells. */
+    void markCellVisibleUpdated();
+    void updateLegendColor();
+
+    // Queries
+    /** @return the height of one row of cells with the scroll bar's room, in logical units */
+    double obtainLegendHeight();
+    /** @return the width of the widest shown cell with margins and the scroll bar's room, in logical units */
+    double obtainLegendWidth();
+    /** @return the symbol's colour: the delegate's, else the series', else the framework's default */
+    UXColor obtainLegendCellColor(std::uint64_t index) const;
+
+    // From UXJsonObject
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
+
+protected:
+    void customLayout() override;
+
+private:
+    void _updateCellCache();
+    void _measureCells();
+    void _measureCellHeight();
+    void _collectShownCells();
+    int _obtainRowPitch() const;
+    UXRect _arrangeRow(UXRect area);
+    UXRect _arrangeColumn(UXRect area);
+
+    UXVirtualScrollView* m_scrollView; // a child
+    double m_calculatedTextHeight = 0;
+    double m_calculatedCellHeight = 0;
+    double m_calculatedSymbolTop = 0;
+    std::vector<double> m_calculatedCellWidths;
+    double m_calculatedMaxCellWidth = 0;
+    int m_cellCount = 0;
+    std::vector<bool> m_cellVisibles;
+    std::vector<int> m_cellIndexList;
+    std::vector<UXColor> m_colorSeries;
+    UXTextProperty m_textProperty;
+    UXArrangement m_arrangement = UXArrangement::Column;
+    UXPosition m_horizontalAlign = UXPosition::Left;
+    UXPosition m_verticalAlign = UXPosition::Top;
+    double m_columnSpacing = 20;
+    double m_rowSpacing = 13;
+    double m_symbolWidth = 17;
+    double m_symbolHeight = 14;
+    UXSymbolStyle m_symbolStyle = UXSymbolStyle::Rectangle;
+    double m_labelIndent = 6;
+    bool m_showHint = false;
+
+    int m_margin = 1;
+    double m_maxCellWidth = 200;
+    bool m_cellClickEnabled = false;
+    KXLegendDelegate* m_delegate = nullptr; // the chart
+    bool m_dataUpdated = true;
+    bool m_cellVisibleUpdated = true;
+    std::vector<std::vector<KXObjectID>> m_cellObjectIDs; // by cell index
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "kx_export.h"
+#include "kx_object_id.h"
+#include "ux/ux_symbol_style.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class KXChartDataUser;
+class UXEvent;
+struct UXColor;
+
+/** What a chart tells its legend. Cells are numbered from 0. */
+class KX_EXPORT KXLegendDelegate {
+public:
+    /** @return whose provider is asked about a cell, null when there is none */
+    virtual KXChartDataUser* obtainLegendDataUser() = 0;
+    /** @return the number of cells */
+    virtual std::uint64_t obtainLegendCellSize();
+    virtual std::string obtainLegendLabel(std::uint64_t index);
+    virtual UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t index);
+    /** @return whether color was set; otherwise the legend's own series of colours answers */
+    virtual bool obtainLegendSymbolColor(std::uint64_t index, UXColor& color);
+    virtual bool obtainLegendShouldShowCell(std::uint64_t index);
+    /** @return what the cell stands for, for interactions */
+    virtual std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index);
+    virtual bool shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t index, const UXEvent& event) = 0;
+
+protected:
+    ~KXLegendDelegate() = default;
+};

@@ -1,0 +1,238 @@
+#include "kx_value_chart.h"
+
+#include "kx_chart_data_format.h"
+#include "kx_chart_label.h"
+#include "kx_chart_property.h"
+#include "kx_key_definitions.h"
+#include "ux/ux_layout_helper.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+
+#include <cmath>
+#include <limits>
+
+// type, name, member and JSON key, in the document's order after m_valueLabel and m_dataFormat
+#define KX_VALUE_CHART_KEYS(KEY)                       \
+    KEY(UXColor, FontColor, m_fontColor)               \
+    KEY(std::string, FontName, m_fontName)             \
+    KEY(int, FontSize, m_fontSize)                     \
+    KEY(UXTextAlign, MainLabelAlign, m_mainLabelAlign) \
+    KEY(UXColor, NegativeFontColor, m_negativeFontColor)
+
+namespace {
+
+/** A line of text is at least half as high as its font size, so larger sizes than this many heights never
+ * fit. */
+constexpr int sizesPerHeight = 2;
+/** No value shrinks below this size, in logical units: smaller text cannot be read. */
+constexpr int leastFontSize = 9;
+
+} // namespace
+
+KXValueChart::KXValueChart()
+    : KXValueChartDataUser(this), UXPropertyAccessor(this), UXHintDelegate(this), KXChartDataAction(this),
+      m_valueLabel(new KXChartLabel), m_dataFormat(std::make_unique<KXChartDataFormat>())
+{
+    addChild(m_valueLabel);
+    UXTextProperty title = getChartProperty()->getTitleProperty();
+    title.textColor = UXColor(120, 120, 120, 1.0);
+    getChartProperty()->setTitleProperty(title);
+    m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
+}
+
+KXValueChart::~KXValueChart() { m_dataFormat->setUpdatedEvent({}); }
+
+KXChartDataFormat* KXValueChart::getDataFormat() const { return m_dataFormat.get(); }
+UXColor KXValueChart::getFontColor() const { return m_fontColor; }
+std::string KXValueChart::getFontName() const { return m_fontName; }
+int KXValueChart::getFontSize() const { return m_fontSize; }
+UXTextAlign KXValueChart::getMainLabelAlign() const { return m_mainLabelAlign; }
+UXColor KXValueChart::getNegativeFontColor() const { return m_negativeFontColor; }
+KXChartLabel* KXValueChart::getValueLabel() const { return m_valueLabel; }
+
+template <class T>
+void KXValueChart::_setMember(T& member, const T& value)
+{
+    if (member == value)
+        return;
+    member = value;
+    setRequireToVerifyLayout(true, true);
+}
+
+void KXValueChart::setFontColor(const UXColor& color)
+{
+    m_fontColor = color;
+    _colorValueLabel();
+}
+
+void KXValueChart::setNegativeFontColor(const UXColor& color)
+{
+    m_negativeFontColor = color;
+    _colorValueLabel();
+}
+
+void KXValueChart::_colorValueLabel()
+{
+    UXTextProperty property = m_valueLabel->getTextProperty();
+    property.textColor = _isNegativeNumber() ? m_negativeFontColor : m_fontColor;
+    m_valueLabel->setTextProperty(property);
+}
+
+void KXValueChart::setFontName(const std::string& name) { _setMember(m_fontName, name); }
+void KXValueChart::setFontSize(int size) { _setMember(m_fontSize, size); }
+void KXValueChart::setMainLabelAlign(UXTextAlign align) { _setMember(m_mainLabelAlign, align); }
+
+KXChartDataPath* KXValueChart::createDataPath() { return m_valueLabel->createDataPath(); }
+
+void KXValueChart::afterReloadData()
+{
+    KXChart::afterReloadData();
+    m_valueLabel->setIdentifier("ValueLabel");
+    m_valueLabel->registerLeftClickAction(this, KXTriggerCondition());
+}
+
+void KXValueChart::_customLayout(UXRect plotArea)
+{
+    m_valueLabel->setVisible(getValueCount() == 1);
+    if (getValueCount() != 1)
+        return;
+
+    const std::string text = _obtainValueText();
+    m_valueLabel->setText(text);
+    UXTextProperty property = m_valueLabel->getTextProperty();
+    property.align = UXTextAlign::Center;
+    property.textColor = _isNegativeNumber() ? m_negativeFontColor : m_fontColor;
+    property.font.familyName = m_fontName;
+    const UXDoubleSize size = _fitFont(text, property, plotArea);
+    m_valueLabel->setTextProperty(property);
+
+    const int width = uxSaturateToInt(std::ceil(size.width));
+    const int height = uxSaturateToInt(std::ceil(size.height));
+    int left = plotArea.x;
+    if (m_mainLabelAlign == UXTextAlign::Right)
+        left += plotArea.width - width;
+    else if (m_mainLabelAlign != UXTextAlign::Left)
+        left += (plotArea.width - width) / 2;
+    m_valueLabel->setRect(uxMakeRect(left, plotArea.y, width, height));
+    registerRightClickMenu(this, KXTriggerCondition());
+}
+
+std::string KXValueChart::_obtainValueText() const
+{
+    switch (getDataType()) {
+    case KXChartDataType::Integer:
+    case KXChartDataType::Float:
+        return _customLayout_Number();
+    case KXChartDataType::Date:
+    case KXChartDataType::Time:
+    case KXChartDataType::DateTime:
+        return _customLayout_DateTime();
+    case KXChartDataType::String:
+        break;
+    }
+    return _customLayout_String();
+}
+
+std::string KXValueChart::_customLayout_Number() const
+{
+    return getIsNull() ? getText() : m_dataFormat->formatNumber(getNumber());
+}
+
+std::string KXValueChart::_customLayout_DateTime() const
+{
+    return getIsNull() ? getText()
+                       : m_dataFormat->formatDateTime(getText(), getDataType(), getAggregateType());
+}
+
+std::string KXValueChart::_customLayout_String() const { return getText(); }
+
+bool KXValueChart::_isNegativeNumber() const
+{
+    const bool isNumber = getDataType() == KXChartDataType::Integer ||
+                          getDataType() == KXChartDataType::Float;
+    return isNumber && getNumber() < 0 && getNumber() > std::numeric_limits<double>::lowest();
+}
+
+UXDoubleSize KXValueChart::_fitFont(const std::string& text, UXTextProperty& property,
+                                    const UXRect& plotArea) const
+{
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    const auto measure = [&](int size) {
+        property.font.size = size;
+        return helper->getTextSize(text, property);
+    };
+    const int greatest = uxSaturateToInt(std::int64_t{plotArea.height} * sizesPerHeight);
+    int fontSize = text.empty() ? m_fontSize : std::min(m_fontSize, std::max(greatest, leastFontSize));
+    UXDoubleSize size = measure(fontSize);
+    while (--fontSize >= leastFontSize) {
+        if (plotArea.width > size.width && plotArea.height > size.height)
+            break;
+        size = measure(fontSize);
+    }
+    return size;
+}
+
+void KXValueChart::_customResetProperties(KXChartResetType, KXChart* source, const KXKeys& groups)
+{
+    const auto* other = dynamic_cast<const KXValueChart*>(source);
+    if (!other)
+        return;
+    if (groups.count("DataFormat") != 0)
+        m_dataFormat->customResetProperties(KXChartResetType::All, other->m_dataFormat.get(), groups);
+    if (groups.count("Value") == 0)
+        return;
+    setFontColor(other->m_fontColor);
+    setFontName(other->m_fontName);
+    setFontSize(other->m_fontSize);
+    setMainLabelAlign(other->m_mainLabelAlign);
+    setNegativeFontColor(other->m_negativeFontColor);
+}
+
+const UXPropertyTable& KXValueChart::obtainPropertyTable()
+{
+#define KX_VALUE_CHART_PROPERTY(Type, Name, member)                           \
+    kxMakeKeyProperty<KXValueChart, Type>(                                    \
+        #member, [](const KXValueChart& chart) { return chart.get##Name(); }, \
+        [](KXValueChart& chart, const Type& value) { chart.set##Name(value); }),
+    static const UXPropertyTable table(
+        &KXChart::obtainPropertyTable(),
+        {UXProperty::makeObject<KXValueChart>("m_dataFormat",
+                                              [](KXValueChart& chart) { return chart.getDataFormat(); }),
+         KX_VALUE_CHART_KEYS(KX_VALUE_CHART_PROPERTY)});
+#undef KX_VALUE_CHART_PROPERTY
+    return table;
+}
+
+void KXValueChart::customSerialize()
+{
+    KXChart::customSerialize();
+    serializeObjectWeakRef("m_valueLabel", m_valueLabel);
+    serializeObject("m_dataFormat", m_dataFormat.get());
+#define KX_VALUE_CHART_WRITE(Type, Name, member) KXKeyJson<Type>::write(this, #member, member);
+    KX_VALUE_CHART_KEYS(KX_VALUE_CHART_WRITE)
+#undef KX_VALUE_CHART_WRITE
+}
+
+std::string KXValueChart::customSerializeTypeID() { return "KXValueChart"; }
+
+bool KXValueChart::customDeserialize()
+{
+    bool complete = KXChart::customDeserialize();
+    complete = deserializeObjectWeakRef("m_valueLabel",
+                                        [this](UXJsonObject* found) {
+                                            auto* label = dynamic_cast<KXChartLabel*>(found);
+                                            const bool isOwn = label && label != getTitle() &&
+                                                               label->getParent() == this;
+                                            if (isOwn)
+                                                m_valueLabel = label;
+                                            return isOwn;
+                                        }) &&
+               complete;
+    complete = deserializeExistingObject("m_dataFormat", m_dataFormat.get()) && complete;
+#define KX_VALUE_CHART_READ(Type, Name, member) \
+    complete = KXKeyJson<Type>::read(this, #member, member) && complete;
+    KX_VALUE_CHART_KEYS(KX_VALUE_CHART_READ)
+#undef KX_VALUE_CHART_READ
+    setRequireToVerifyLayout(true, true);
+    return complete;
+}

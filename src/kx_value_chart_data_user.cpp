@@ -1,0 +1,54 @@
+#include "kx_value_chart_data_user.h"
+
+#include "kx_chart.h"
+#include "kx_value_chart_data_provider.h"
+#include "ux/ux_object_watcher.h"
+
+namespace {
+
+const KXIndexPath valuePath{0};
+const KXIndexPath cellPath{0, 0};
+
+} // namespace
+
+KXValueChartDataUser::KXValueChartDataUser(KXChart* chart) : KXChartDataUser(chart) {}
+
+KXValueChartDataUser::~KXValueChartDataUser() = default;
+
+void KXValueChartDataUser::resetData()
+{
+    KXChartDataUser::resetData();
+    m_data = Data();
+}
+
+void KXValueChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
+{
+    auto* values = dynamic_cast<KXValueChartDataProvider*>(provider);
+    const UXObjectWatcher chart(getChart());
+    if (!values || values->obtainDataIsEmpty(this))
+        return;
+
+    // The answers are gathered aside: the provider may destroy the chart, and this with it, in any of them.
+    Data data;
+    data.valueCount = chart.isAlive() ? values->obtainValueCount(this) : 0;
+    const auto pull = [&](auto& into, auto ask) {
+        if (chart.isAlive())
+            into = ask();
+    };
+    if (data.valueCount == 1) {
+        pull(data.dataType, [&] { return values->obtainValueDataType(this, valuePath); });
+        pull(data.aggregateType, [&] { return values->obtainValueAggregateType(this, valuePath); });
+        pull(data.isNull, [&] { return values->obtainValueDataIsNull(this, cellPath); });
+        const bool isNumber = data.dataType == KXChartDataType::Integer ||
+                              data.dataType == KXChartDataType::Float;
+        if (isNumber)
+            pull(data.number, [&] { return values->obtainValueData(this, cellPath); });
+        prepared = isNumber && !data.isNull;
+        if (!prepared)
+            pull(data.text, [&] { return values->obtainValueDataString(this, cellPath); });
+    }
+    if (chart.isAlive())
+        m_data = std::move(data);
+}
+
+void KXValueChartDataUser::customReloadData() {}

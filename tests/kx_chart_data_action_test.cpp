@@ -1,0 +1,183 @@
+#include "kx_chart_data_action.h"
+
+#include "kx_chart_label.h"
+#include "kx_test_provider.h"
+#include "kx_value_chart.h"
+#include "ux/ux_assert.h"
+#include "ux/ux_event.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+/** A clickable part that counts the paths it made and lost, and gives tests its protected step. */
+class Part : public UXObject, public KXChartDataAction {
+public:
+    struct Path : KXChartDataPath {
+        explicit Path(int& count) : alive(count) { ++alive; }
+        ~Path() override { --alive; }
+        int& alive;
+    };
+
+    Part() : KXChartDataAction(this) {}
+    std::string customSerializeTypeID() override { return "Part"; }
+    KXChartDataPath* createDataPath() override
+    {
+        if (!showsItem)
+            return nullptr;
+        ++made;
+        return new Path(alive);
+    }
+    bool click(KXChartDataUser* user, bool post, const UXEvent& event,
+               const KXTriggerCondition& condition = {})
+    {
+        return _triggerRegisteredLeftClickAction(user, post, event, condition);
+    }
+
+    bool showsItem = true;
+    int made = 0, alive = 0;
+};
+
+class KXChartDataActionTest : public testing::Test {
+protected:
+    KXChartDataActionTest() { chart.setDataProvider(&provider); }
+
+    KXTestProvider provider;
+    KXValueChart chart;
+    Part part;
+    UXEvent event;
+};
+
+TEST_F(KXChartDataActionTest, EveryConditionHasItsSay)
+{
+    enum class Says { Nothing, Yes, No };
+    struct Case {
+        const char* name;
+        Says call, own, ofUser;
+        bool clicked;
+    };
+    const Case cases[] = {
+        {"none", Says::Nothing, Says::Nothing, Says::Nothing, true},
+        {"the call's refuses", Says::No, Says::Nothing, Says::Nothing, false},
+        {"the call's goes before the part's own", Says::Yes, Says::No, Says::Nothing, true},
+        {"the part's own refuses", Says::Nothing, Says::No, Says::Yes, false},
+        {"the user's refuses beside the call's", Says::Yes, Says::Nothing, Says::No, false},
+        {"the user's refuses beside the part's", Says::Nothing, Says::Yes, Says::No, false},
+        {"all agree", Says::Yes, Says::Yes, Says::Yes, true},
+    };
+    const auto condition = [](Says says) {
+        return says == Says::Nothing ? KXTriggerCondition() : [says] { return says == Says::Yes; };
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        provider.calls.clear();
+        part.registerLeftClickActionTriggerCondition(condition(c.own));
+        chart.registerLeftClickActionTriggerCondition(condition(c.ofUser));
+        EXPECT_EQ(part.click(&chart, true, event, condition(c.call)), c.clicked);
+        EXPECT_EQ(provider.calls.size(), c.clicked ? 1u : 0u) << "a refused click asks nothing";
+    }
+}
+
+TEST_F(KXChartDataActionTest, PathsAreDestroyedOnceAndRegisteredOnesKept)
+{
+    provider.leftClickAction = [] {};
+    EXPECT_TRUE(part.click(&chart, false, event));
+    EXPECT_EQ(part.made, 1);
+    EXPECT_EQ(part.alive, 0);
+
+    int registeredAlive = 0;
+    part.registerLeftClickAction(&chart, new Part::Path(registeredAlive), {});
+    EXPECT_TRUE(part.click(&chart, false, event));
+    EXPECT_EQ(part.made, 1) << "the registered path serves";
+    EXPECT_EQ(registeredAlive, 1);
+    part.registerLeftClickAction(&chart, nullptr, {});
+    EXPECT_EQ(registeredAlive, 0);
+
+    part.showsItem = false;
+    provider.calls.clear();
+    EXPECT_FALSE(part.click(&chart, true, event));
+    EXPECT_TRUE(provider.calls.empty());
+}
+
+TEST_F(KXChartDataActionTest, AnEmptyActionIsNotPostedAndCannotRun)
+{
+    EXPECT_TRUE(part.click(&chart, true, event));
+    event.runPostedActions();
+    EXPECT_THROW(part.click(&chart, false, event), std::bad_function_call);
+    EXPECT_EQ(part.alive, 0);
+    provider.leftClickAction = [] { throw 1; };
+    EXPECT_THROW(part.click(&chart, false, event), int);
+    EXPECT_EQ(part.alive, 0);
+}
+
+TEST_F(KXChartDataActionTest, AKeyPressRunsOnlyWhatTheHostWants)
+{
+    int runs = 0;
+    provider.leftClickAction = [&] { ++runs; };
+    part.triggerLeftClickAction(&chart);
+    EXPECT_EQ(runs, 0);
+    provider.wantsLeftClick = true;
+    part.triggerLeftClickAction(&chart);
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(part.alive, 0);
+}
+
+TEST_F(KXChartDataActionTest, ARightClickAsksForItsMenuOnlyWhereOneIsWanted)
+{
+    UXEvent click(UXEventType::RightClick);
+    part.registerRightClickMenu(&chart, {});
+    EXPECT_FALSE(part.triggerEventHandler(click));
+    provider.wantsRightClick = true;
+    part.registerRightClickMenu(&chart, {});
+    part.registerRightClickMenu(&chart, {});
+    provider.calls.clear();
+    EXPECT_TRUE(part.triggerEventHandler(click));
+    EXPECT_EQ(provider.calls, std::vector<std::string>{"rightClickContext"})
+        << "asked once, however often registered";
+    part.registerRightClickMenuTriggerCondition([] { return false; });
+    provider.calls.clear();
+    EXPECT_FALSE(part.triggerEventHandler(click));
+    EXPECT_TRUE(provider.calls.empty());
+}
+
+TEST_F(KXChartDataActionTest, MissingObjectsAreReported)
+{
+    int reports = 0;
+    uxSetAssertHandler([&](std::source_location) { ++reports; });
+    EXPECT_FALSE(part.click(nullptr, true, event));
+    part.triggerLinkedHighlightAction(nullptr, &part, event);
+    part.triggerLinkedHighlightClearAction(&chart, nullptr, event);
+    uxSetAssertHandler({});
+    EXPECT_EQ(reports, 3);
+    EXPECT_TRUE(provider.calls.empty());
+}
+
+TEST_F(KXChartDataActionTest, TheHostMayDestroyThePartOrTheChartWhileItAnswers)
+{
+    auto doomed = std::make_unique<Part>();
+    provider.onCall = [&](const std::string&) { doomed.reset(); };
+    Part* const pointer = doomed.get();
+    pointer->registerRightClickMenu(&chart, {});
+    EXPECT_EQ(doomed, nullptr);
+
+    auto doomedChart = std::make_unique<KXValueChart>();
+    doomedChart->setDataProvider(&provider);
+    provider.onCall = [&](const std::string&) { doomedChart.reset(); };
+    EXPECT_TRUE(part.click(doomedChart.get(), true, event));
+    EXPECT_EQ(doomedChart, nullptr);
+
+    for (const char* moment : {"begin", "isEmpty", "count", "number(0,0)", "end"}) {
+        doomedChart = std::make_unique<KXValueChart>();
+        doomedChart->setDataProvider(&provider);
+        provider.onCall = [&](const std::string& call) {
+            if (call == moment)
+                doomedChart.reset();
+        };
+        doomedChart->prepareData();
+        EXPECT_EQ(doomedChart, nullptr) << moment;
+    }
+}
+
+} // namespace

@@ -1,0 +1,118 @@
+#include "kx_chart_data_user.h"
+
+#include "kx_chart.h"
+#include "kx_test_provider.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/** A chart that notes its hooks among the provider's calls. */
+class NotingChart : public KXChart, public KXChartDataUser {
+public:
+    explicit NotingChart(std::vector<std::string>& calls) : KXChartDataUser(this), m_calls(calls) {}
+
+    void beforePrepareData() override { m_calls.push_back("beforePrepare"); }
+    void beforeReloadData() override { m_calls.push_back("beforeReload"); }
+    void afterReloadData() override
+    {
+        m_calls.push_back(reloadedData() ? "afterReload, reloaded" : "afterReload");
+    }
+    void reloadChartColors() override { m_calls.push_back("chartColors"); }
+    void customPrepareData(KXChartDataProvider*, bool& prepared) override
+    {
+        m_calls.push_back(preparedData() ? "customPrepare, prepared" : "customPrepare");
+        prepared = true;
+    }
+    void customReloadData() override
+    {
+        m_calls.push_back(reloadedData() ? "customReload, reloaded" : "customReload");
+    }
+    void customReloadColors() override { m_calls.push_back("colors"); }
+    void resetData() override
+    {
+        m_calls.push_back("reset");
+        KXChartDataUser::resetData();
+    }
+    void requestToReloadData() override
+    {
+        m_calls.push_back("requestToReload");
+        KXChartDataUser::requestToReloadData();
+    }
+    void setRequireToVerifyLayout(bool require, bool repaint) override
+    {
+        m_calls.push_back(require && repaint ? "verifyLayout" : "other");
+        UXObject::setRequireToVerifyLayout(require, repaint);
+    }
+
+protected:
+    void _customLayout(UXRect) override {}
+
+private:
+    std::vector<std::string>& m_calls;
+};
+
+using Calls = std::vector<std::string>;
+
+TEST(KXChartDataUser, PreparesAndReloadsInOneFixedOrder)
+{
+    KXTestProvider provider;
+    NotingChart chart(provider.calls);
+    chart.init();
+    provider.calls.clear();
+
+    chart.prepareData();
+    EXPECT_EQ(provider.calls, (Calls{"beforePrepare", "reset", "requestToReload"})) << "without a provider";
+    EXPECT_FALSE(chart.preparedData());
+
+    chart.setDataProvider(&provider);
+    EXPECT_EQ(chart.beginUseInteractionProvider(), &provider) << "the data provider answers interactions too";
+    provider.calls.clear();
+    chart.prepareData();
+    EXPECT_EQ(provider.calls,
+              (Calls{"beforePrepare", "begin", "reset", "customPrepare", "end", "requestToReload"}));
+    EXPECT_TRUE(chart.preparedData());
+    EXPECT_FALSE(chart.preparedAndReloadedData());
+
+    for (int i = 0; i < 2; ++i) {
+        provider.calls.clear();
+        chart.reloadData();
+        EXPECT_EQ(provider.calls, (Calls{"beforeReload", "customReload", "afterReload, reloaded", "colors",
+                                         "chartColors", "verifyLayout"}));
+        EXPECT_TRUE(chart.preparedAndReloadedData());
+    }
+
+    provider.calls.clear();
+    chart.reloadColors();
+    EXPECT_EQ(provider.calls, (Calls{"colors", "chartColors"}));
+
+    chart.prepareData();
+    EXPECT_FALSE(chart.reloadedData());
+    chart.resetData();
+    EXPECT_FALSE(chart.preparedData());
+    chart.reloadData();
+    EXPECT_TRUE(chart.reloadedData()) << "a chart that was never prepared reloads its empty state";
+}
+
+TEST(KXChartDataProvider, AnswersWithItsDefaults)
+{
+    class Least : public KXChartDataProvider {
+        void beginPrepareData(KXChartDataUser*) override {}
+        void endPrepareData(KXChartDataUser*) override {}
+        bool obtainDataIsEmpty(KXChartDataUser*) override { return true; }
+        std::string obtainValueLabel(KXChartDataUser*, std::uint64_t index) override
+        {
+            return "value " + std::to_string(index);
+        }
+    } least;
+    KXChartDataProvider& provider = least;
+    EXPECT_EQ(provider.obtainValueID(nullptr, 3), "value 3");
+    EXPECT_EQ(provider.obtainValueDataType(nullptr, {0}), KXChartDataType::Float);
+    EXPECT_EQ(static_cast<int>(provider.obtainValueAggregateType(nullptr, {0})), 6);
+    EXPECT_EQ(provider.obtainNextValidDimensionIndex(nullptr, {0, 0}), -1);
+    EXPECT_TRUE(provider.shouldFormatDimenionData(nullptr, {0, 0}));
+    EXPECT_TRUE(provider.validateValueData(nullptr, {0, 0}));
+    EXPECT_EQ(provider.obtainDimensionSetting(nullptr, 0).secondNumber, 100);
+}
+
+} // namespace

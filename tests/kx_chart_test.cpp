@@ -1,0 +1,374 @@
+#include "kx_chart.h"
+
+#include "kx_chart_label.h"
+#include "kx_chart_property.h"
+#include "kx_chart_toolbox.h"
+#include "kx_legend.h"
+#include "kx_test_provider.h"
+#include "ux/ux_event.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/** A chart that keeps the plot area it is given, with legend cells of labels that a test sets. */
+class PlainChart : public KXChart, public KXChartDataUser {
+public:
+    PlainChart() : KXChartDataUser(this) {}
+    void customPrepareData(KXChartDataProvider*, bool&) override {}
+    void customReloadData() override {}
+    std::uint64_t obtainLegendCellSize() override { return labels.size(); }
+    std::string obtainLegendLabel(std::uint64_t index) override { return labels[index]; }
+    bool obtainLegendShouldShowCell(std::uint64_t index) override { return index != hiddenCell; }
+    bool mouseMoved(const UXEvent& event)
+    {
+        bool stop = false;
+        return customMouseMove(event, stop);
+    }
+    bool mouseLeft(const UXEvent& event)
+    {
+        bool stop = false;
+        return customMouseLeave(event, stop);
+    }
+
+    std::vector<std::string> labels;
+    std::uint64_t hiddenCell = UINT64_MAX;
+    UXRect plotArea;
+
+protected:
+    void _customLayout(UXRect area) override { plotArea = area; }
+};
+
+struct LayoutCase {
+    const char* name;
+    UXSize size;
+    const char* title; // 18 high, 9 wide a letter
+    UXPosition titlePosition, titleAlign;
+    const char* legendLabel; // one cell; 23 + 6.5 a letter wide; the row is 15.6 + 13 + 12 high
+    UXPosition legendPosition;
+    UXRect titleRect, legendRect, plot;
+};
+
+TEST(KXChart, DividesItsContentBetweenTitleLegendAndPlot)
+{
+    constexpr auto Top = UXPosition::Top, Bottom = UXPosition::Bottom, Left = UXPosition::Left,
+                   Right = UXPosition::Right, Center = UXPosition::Center;
+    const char* const none = "";
+    const UXRect nothing(1, 1, 0, 0);
+    const LayoutCase cases[] = {
+        {"nothing but the plot", {402, 302}, none, Top, Left, none, Top, nothing, nothing, {1, 1, 400, 300}},
+        {"title at the top",
+         {402, 302},
+         "title",
+         Top,
+         Left,
+         none,
+         Top,
+         {1, 1, 400, 18},
+         nothing,
+         {1, 34, 400, 267}},
+        {"title at the bottom",
+         {402, 302},
+         "title",
+         Bottom,
+         Left,
+         none,
+         Top,
+         {1, 283, 400, 18},
+         nothing,
+         {1, 1, 400, 267}},
+        {"title at the left, centred",
+         {402, 302},
+         "title",
+         Left,
+         Center,
+         none,
+         Top,
+         {1, 142, 45, 18},
+         nothing,
+         {61, 1, 340, 300}},
+        {"title at the right, at the bottom",
+         {402, 302},
+         "title",
+         Right,
+         Bottom,
+         none,
+         Top,
+         {356, 283, 45, 18},
+         nothing,
+         {1, 1, 340, 300}},
+        {"a title at the side takes less than half",
+         {102, 302},
+         "a long title",
+         Left,
+         Top,
+         none,
+         Top,
+         {1, 1, 35, 18},
+         nothing,
+         {51, 1, 50, 300}},
+        {"no room for a title at the side",
+         {22, 302},
+         "title",
+         Left,
+         Top,
+         none,
+         Top,
+         {1, 1, 0, 18},
+         nothing,
+         {1, 1, 20, 300}},
+        {"a title elsewhere leaves the plot alone",
+         {402, 302},
+         "title",
+         Center,
+         Left,
+         none,
+         Top,
+         {1, 1, 45, 18},
+         nothing,
+         {1, 1, 400, 300}},
+        {"legend at the top below the title",
+         {402, 302},
+         "title",
+         Top,
+         Left,
+         "cell",
+         Top,
+         {1, 1, 400, 18},
+         {1, 34, 400, 40},
+         {1, 89, 400, 212}},
+        {"legend at the bottom",
+         {402, 302},
+         none,
+         Top,
+         Left,
+         "cell",
+         Bottom,
+         nothing,
+         {1, 261, 400, 40},
+         {1, 1, 400, 245}},
+        {"a narrow legend gets its least width",
+         {402, 302},
+         none,
+         Top,
+         Left,
+         "c",
+         Left,
+         nothing,
+         {1, 1, 100, 300},
+         {116, 1, 285, 300}},
+        {"a wide one its greatest",
+         {402, 302},
+         none,
+         Top,
+         Left,
+         "a label of forty letters, or a few more",
+         Right,
+         nothing,
+         {201, 1, 200, 300},
+         {1, 1, 185, 300}},
+        {"a legend beside a narrow plot is left out",
+         {250, 302},
+         none,
+         Top,
+         Left,
+         "cell",
+         Right,
+         nothing,
+         nothing,
+         {1, 1, 248, 300}},
+        {"the title counts against the legend's room",
+         {402, 134},
+         "title",
+         Top,
+         Left,
+         "cell",
+         Top,
+         {1, 1, 400, 18},
+         nothing,
+         {1, 34, 400, 99}},
+        {"no size at all", {0, 0}, "title", Top, Left, "cell", Top, {1, 1, 0, 18}, nothing, {1, 34, 0, 0}},
+    };
+    const UXFixedMeasurer measurer;
+    for (const LayoutCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        PlainChart chart;
+        KXChartProperty& property = *chart.getChartProperty();
+        property.setTitleValue(c.title);
+        property.setTitlePosition(c.titlePosition);
+        property.setTitleVerticalAlign(c.titleAlign);
+        property.setLegendPosition(c.legendPosition);
+        if (*c.legendLabel)
+            chart.labels = {c.legendLabel};
+        chart.setRect(uxMakeRect(30, 40, c.size.width, c.size.height));
+        chart.layout();
+        EXPECT_EQ(chart.getTitle()->getRect(), c.titleRect);
+        EXPECT_EQ(chart.getLegend()->getRect(), c.legendRect);
+        EXPECT_EQ(chart.plotArea, c.plot);
+    }
+}
+
+TEST(KXChart, APropertyChangeReachesThePartThatShowsIt)
+{
+    const UXFixedMeasurer measurer;
+    PlainChart chart;
+    chart.setRect(uxMakeRect(0, 0, 402, 302));
+    chart.layout();
+    KXChartProperty& property = *chart.getChartProperty();
+    property.updateTitleValue("title");
+    property.updateTitleHorizontalAlign(UXPosition::Center);
+    property.updateBackgroundColor(UXColor(1, 2, 3));
+    property.updateShowBorder(true);
+    property.updateLegendPosition(UXPosition::Right);
+    property.updateLegendLabelColor(UXColor(4, 5, 6));
+    chart.layout();
+    EXPECT_EQ(chart.plotArea, UXRect(1, 34, 400, 267));
+    EXPECT_EQ(chart.getTitle()->getTextProperty().align, UXTextAlign::Center);
+    EXPECT_EQ(chart.getBackgroundColor(), UXColor(1, 2, 3));
+    EXPECT_TRUE(chart.getShowBorder());
+    EXPECT_EQ(chart.getLegend()->getArrangement(), UXArrangement::Column);
+    EXPECT_EQ(chart.getLegend()->getTextProperty().textColor, UXColor(4, 5, 6));
+
+    chart.plotArea = UXRect();
+    property.updateTitleColor(UXColor(7, 8, 9));
+    chart.layout();
+    EXPECT_EQ(chart.plotArea, UXRect()) << "a colour needs no layout";
+    EXPECT_EQ(chart.getTitle()->getTextProperty().textColor, UXColor(7, 8, 9));
+    property.updateShowTitle(false);
+    chart.layout();
+    EXPECT_EQ(chart.plotArea, UXRect(1, 1, 400, 300));
+}
+
+TEST(KXChart, TheToolboxShowsOnlyUnderThePointerOfAHostThatWantsIt)
+{
+    PlainChart chart;
+    KXTestProvider provider;
+    chart.setRect(uxMakeRect(0, 0, 202, 102));
+    chart.layout();
+    KXChartToolbox& toolbox = *chart.getToolbox();
+    EXPECT_EQ(toolbox.getRect(), UXRect(2, 2, 198, 25)) << "hidden, it has its place all the same";
+    const UXEvent event(UXEventType::MouseMove);
+    chart.mouseMoved(event);
+    EXPECT_FALSE(toolbox.getVisible()) << "no provider";
+    chart.setDataProvider(&provider);
+    chart.mouseMoved(event);
+    EXPECT_FALSE(toolbox.getVisible());
+    provider.wantsToolbox = true;
+    provider.calls.clear();
+    chart.mouseMoved(event);
+    chart.mouseMoved(event);
+    EXPECT_TRUE(toolbox.getVisible());
+    EXPECT_EQ(provider.calls,
+              (std::vector<std::string>{"shouldShowToolbox", "toolboxContext", "shouldShowToolbox"}));
+    chart.mouseLeft(event);
+    EXPECT_FALSE(toolbox.getVisible());
+}
+
+TEST(KXChart, PaintsGroundAndBorderThenItsChildrenAndTheToolboxLast)
+{
+    /** A child that says in the recording that it was painted. */
+    class Mark : public UXObject {
+    public:
+        explicit Mark(double place) : m_place(place) {}
+        std::string customSerializeTypeID() override { return "Mark"; }
+        void paint(UXPaintConfig* config, UXRect) override
+        {
+            UXPainter* painter = uxCreatePainter(config);
+            painter->setLineWidth(m_place);
+            uxDestroyPainter(painter);
+        }
+
+    private:
+        double m_place;
+    };
+    PlainChart chart;
+    chart.setRect(uxMakeRect(0, 0, 100, 50));
+    chart.layout();
+    auto* first = new Mark(11);
+    auto* hidden = new Mark(12);
+    auto* elsewhere = new Mark(13);
+    auto* inToolbox = new Mark(14);
+    first->setRect(uxMakeRect(0, 0, 100, 50));
+    hidden->setRect(uxMakeRect(0, 0, 100, 50));
+    hidden->setVisible(false);
+    elsewhere->setRect(uxMakeRect(500, 0, 10, 10));
+    inToolbox->setRect(uxMakeRect(0, 0, 100, 25));
+    chart.addChild(hidden);
+    chart.addChild(elsewhere);
+    chart.addChild(first);
+    chart.getToolbox()->addChild(inToolbox);
+    chart.getToolbox()->setVisible(true);
+
+    const auto record = [&chart] {
+        UXRecordingPaintConfig config;
+        chart.paint(&config, chart.getBoundingRect());
+        return config.getRecording().getText();
+    };
+    std::string text = record();
+    EXPECT_EQ(text.find("fill"), std::string::npos) << "a clear ground is not filled";
+    EXPECT_EQ(text.find("stroke"), std::string::npos);
+    chart.setBackgroundColor(UXColor(255, 255, 255, 0.5));
+    chart.setShowBorder(true);
+    text = record();
+    const std::size_t ground = text.find("fill"), border = text.find("stroke"),
+                      child = text.find("setLineWidth 11"), toolbox = text.find("setLineWidth 14");
+    ASSERT_NE(toolbox, std::string::npos) << text;
+    EXPECT_LT(ground, border);
+    EXPECT_LT(border, child);
+    EXPECT_LT(child, toolbox);
+    EXPECT_EQ(text.find("setLineWidth 12"), std::string::npos);
+    EXPECT_EQ(text.find("setLineWidth 13"), std::string::npos);
+}
+
+TEST(KXChart, LegendCellsPointOnlyWhereTheChartIsEdited)
+{
+    PlainChart chart;
+    UXEvent event;
+    EXPECT_TRUE(chart.shouldShowPointingHandWhenMouseOverLegendCell(0, event));
+    event.addUseCase(2);
+    EXPECT_FALSE(chart.shouldShowPointingHandWhenMouseOverLegendCell(0, event));
+}
+
+TEST(KXLegend, MeasuresCellsOncePerChange)
+{
+    UXFixedMeasurer measurer;
+    PlainChart chart;
+    KXLegend& legend = *chart.getLegend();
+    chart.labels = {"four", std::string(50, 'x'), "no"}; // 23 + 6.5 a letter
+    chart.hiddenCell = 1;
+    EXPECT_EQ(legend.obtainLegendWidth(), 23 + 26 + 12 + 2) << "the widest shown cell, bar and margins";
+    EXPECT_EQ(legend.obtainLegendHeight(), 1.2 * 13 + 13 + 12);
+    const int asked = measurer.askedCount;
+    legend.obtainLegendWidth();
+    EXPECT_EQ(measurer.askedCount, asked);
+    chart.hiddenCell = UINT64_MAX;
+    legend.markCellVisibleUpdated();
+    EXPECT_EQ(legend.obtainLegendWidth(), 200 + 12 + 2) << "cut at the greatest cell width";
+    legend.setLabelColor(UXColor(1, 1, 1));
+    legend.obtainLegendWidth();
+    EXPECT_EQ(measurer.askedCount, asked) << "neither visibility nor colour measures";
+    legend.setDelegate(nullptr);
+    EXPECT_EQ(legend.obtainLegendWidth(), 14);
+
+    const std::string saved = legend.serialize();
+    KXLegend read;
+    EXPECT_TRUE(read.deserialize(saved));
+    EXPECT_EQ(read.serialize(), saved);
+}
+
+TEST(KXChartLabel, ShowsItsDefaultTextWhileItsOwnIsEmpty)
+{
+    const UXFixedMeasurer measurer;
+    KXChartLabel label;
+    label.setDefaultText("none");
+    label.autoResize();
+    EXPECT_EQ(label.getRect().width, 24);
+    label.setText("own text");
+    label.autoResize();
+    EXPECT_EQ(label.getRect().width, 48);
+}
+
+} // namespace

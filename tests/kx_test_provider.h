@@ -1,0 +1,105 @@
+#pragma once
+
+#include "kx_chart_data_user.h"
+#include "kx_value_chart_data_provider.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/** A provider of one value that a test sets, which notes every question of interest in order. */
+class KXTestProvider : public KXValueChartDataProvider {
+public:
+    std::vector<std::string> calls;
+    bool empty = false;
+    std::uint64_t valueCount = 1;
+    KXChartDataType dataType = KXChartDataType::Float;
+    KXChartAggregateType aggregateType{6};
+    bool isNull = false;
+    double number = 0;
+    std::string text;
+    bool wantsRightClick = false;
+    bool wantsLeftClick = false;
+    bool wantsHighlight = false;
+    bool wantsToolbox = false;
+    std::function<void()> leftClickAction;
+    void* rightClickContext = nullptr;
+    std::vector<KXChartDataPath> paths; // copies of those that came with clicks
+    std::function<void(const std::string&)> onCall;
+
+    void beginPrepareData(KXChartDataUser*) override { _note("begin"); }
+    void endPrepareData(KXChartDataUser*) override { _note("end"); }
+    bool obtainDataIsEmpty(KXChartDataUser*) override { return _answer("isEmpty", empty); }
+    std::uint64_t obtainValueCount(KXChartDataUser*) override { return _answer("count", valueCount); }
+    KXChartDataType obtainValueDataType(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("type" + _text(path), dataType);
+    }
+    KXChartAggregateType obtainValueAggregateType(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("aggregate" + _text(path), aggregateType);
+    }
+    bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("isNull" + _text(path), isNull);
+    }
+    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("number" + _text(path), number);
+    }
+    std::string obtainValueDataString(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("text" + _text(path), text);
+    }
+    bool obtainDataShouldRightClickAction(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer("shouldRightClick", wantsRightClick, path);
+    }
+    void* obtainDataRightClickContext(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer("rightClickContext", rightClickContext, path);
+    }
+    bool obtainDataShouldLeftClickAction(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer("shouldLeftClick", wantsLeftClick, path);
+    }
+    std::function<void()> obtainDataLeftClickAction(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer("leftClickAction", leftClickAction, path);
+    }
+    bool obtainDataShouldLinkedHighlightAction(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer("shouldHighlight", wantsHighlight, path);
+    }
+    bool obtainDataShouldShowToolbox(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer(path ? "shouldShowToolbox of an item" : "shouldShowToolbox", wantsToolbox);
+    }
+    KXChartToolboxMenuContext* obtainDataToolboxContext(KXChartDataUser*, KXChartDataPath*) override
+    {
+        return _answer("toolboxContext", static_cast<KXChartToolboxMenuContext*>(nullptr));
+    }
+
+private:
+    static std::string _text(const KXIndexPath& path)
+    {
+        std::string text = "(";
+        for (const std::uint64_t index : path)
+            text += (text.size() > 1 ? "," : "") + std::to_string(index);
+        return text + ")";
+    }
+    void _note(const std::string& call)
+    {
+        calls.push_back(call);
+        if (onCall)
+            onCall(call);
+    }
+    template <class T>
+    T _answer(const std::string& call, T value, const KXChartDataPath* path = nullptr)
+    {
+        if (path)
+            paths.push_back(*path);
+        _note(call); // may change or destroy anything but the provider; the answer is the one from before
+        return value;
+    }
+};

@@ -1,0 +1,255 @@
+#include "kx_value_chart.h"
+
+#include "kx_chart_data_format.h"
+#include "kx_chart_label.h"
+#include "kx_chart_property.h"
+#include "kx_test_provider.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+/** A chart of 200 x 120 without a title: its plot area is 198 x 118 at (1, 1). */
+class KXValueChartTest : public testing::Test {
+protected:
+    KXValueChartTest()
+    {
+        chart.getChartProperty()->setShowTitle(false);
+        chart.setRect(uxMakeRect(0, 0, 200, 120));
+        chart.setDataProvider(&provider);
+    }
+    void load()
+    {
+        chart.prepareData();
+        chart.reloadData();
+        chart.layout();
+    }
+    KXChartLabel& label() { return *chart.getValueLabel(); }
+
+    UXFixedMeasurer measurer;
+    KXTestProvider provider;
+    KXValueChart chart;
+};
+
+TEST_F(KXValueChartTest, AsksWhatItNeedsAndNoMore)
+{
+    struct Case {
+        const char* name;
+        bool empty;
+        std::uint64_t count;
+        KXChartDataType type;
+        bool isNull;
+        std::vector<std::string> calls;
+        bool prepared;
+    };
+    const Case cases[] = {
+        {"no data", true, 1, KXChartDataType::Float, false, {"begin", "isEmpty", "end"}, false},
+        {"two values", false, 2, KXChartDataType::Float, false, {"begin", "isEmpty", "count", "end"}, false},
+        {"a number",
+         false,
+         1,
+         KXChartDataType::Integer,
+         false,
+         {"begin", "isEmpty", "count", "type(0)", "aggregate(0)", "isNull(0,0)", "number(0,0)", "end"},
+         true},
+        {"a null number",
+         false,
+         1,
+         KXChartDataType::Float,
+         true,
+         {"begin", "isEmpty", "count", "type(0)", "aggregate(0)", "isNull(0,0)", "number(0,0)", "text(0,0)",
+          "end"},
+         false},
+        {"a date",
+         false,
+         1,
+         KXChartDataType::Date,
+         false,
+         {"begin", "isEmpty", "count", "type(0)", "aggregate(0)", "isNull(0,0)", "text(0,0)", "end"},
+         false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        provider.calls.clear();
+        provider.empty = c.empty;
+        provider.valueCount = c.count;
+        provider.dataType = c.type;
+        provider.isNull = c.isNull;
+        chart.prepareData();
+        EXPECT_EQ(provider.calls, c.calls);
+        EXPECT_EQ(chart.preparedData(), c.prepared);
+        EXPECT_FALSE(chart.reloadedData());
+    }
+}
+
+TEST_F(KXValueChartTest, WritesTheValueByItsType)
+{
+    struct Case {
+        const char* name;
+        KXChartDataType type;
+        bool isNull;
+        double number;
+        std::string text, expected;
+        UXColor color;
+    };
+    const UXColor ordinary(64, 64, 64), negative(255, 110, 110);
+    const Case cases[] = {
+        {"grouped", KXChartDataType::Integer, false, 1234567, "", "1,234,567", ordinary},
+        {"negative", KXChartDataType::Float, false, -3, "", "-3", negative},
+        {"zero is not negative", KXChartDataType::Float, false, 0, "", "0", ordinary},
+        {"null number", KXChartDataType::Integer, true, -5, "no value", "no value", negative},
+        {"text", KXChartDataType::String, false, -1, "Boeing", "Boeing", ordinary},
+        {"date", KXChartDataType::Date, false, 0, "2024-03-05", "2024-03-05", ordinary},
+        {"null date", KXChartDataType::Date, true, 0, "never", "never", ordinary},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        provider.dataType = c.type;
+        provider.isNull = c.isNull;
+        provider.number = c.number;
+        provider.text = c.text;
+        load();
+        EXPECT_TRUE(label().getVisible());
+        EXPECT_EQ(label().getText(), c.expected);
+        EXPECT_EQ(label().getTextProperty().textColor, c.color);
+        EXPECT_EQ(label().getTextProperty().align, UXTextAlign::Center);
+    }
+    provider.valueCount = 2;
+    load();
+    EXPECT_FALSE(label().getVisible());
+}
+
+TEST_F(KXValueChartTest, ShrinksUntilTheTextIsSmallerThanThePlotArea)
+{
+    struct Case {
+        const char* name;
+        int wanted;
+        std::size_t letters;
+        int expected;
+    };
+    // A text of n letters is n x size / 2 wide; the plot area is 198 wide and 118 high.
+    const Case cases[] = {
+        {"fits at once", 36, 4, 36},
+        {"touching is not fitting", 36, 11, 35},
+        {"shrinks", 36, 20, 19},
+        {"never below nine", 36, 1000, 9},
+        {"small stays as it is", 8, 1000, 8},
+        {"too high", 118, 1, 117},
+        {"absurd sizes end", 2147483647, 1, 117},
+        {"negative size", -5, 3, -5},
+    };
+    provider.dataType = KXChartDataType::String;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        provider.text = std::string(c.letters, 'x');
+        chart.setFontSize(c.wanted);
+        load();
+        EXPECT_EQ(label().getTextProperty().font.size, c.expected);
+    }
+}
+
+TEST_F(KXValueChartTest, StandsWhereItIsAligned)
+{
+    provider.dataType = KXChartDataType::String;
+    provider.text = "abc"; // 3 x 35 / 2 = 52.5, rounded up to 53; 198 - 53 = 145 is left over
+    chart.setFontSize(35);
+    const std::pair<UXTextAlign, UXRect> cases[] = {
+        {UXTextAlign::Left, {1, 1, 53, 35}},
+        {UXTextAlign::Center, {1 + 72, 1, 53, 35}},
+        {UXTextAlign::Right, {199 - 53, 1, 53, 35}},
+    };
+    for (const auto& [align, expected] : cases) {
+        chart.setMainLabelAlign(align);
+        load();
+        EXPECT_EQ(label().getRect(), expected);
+    }
+}
+
+TEST_F(KXValueChartTest, PropertyChangesTakeNoDataAgain)
+{
+    provider.number = -1234.5;
+    load();
+    provider.calls.clear();
+    chart.getDataFormat()->updateDecimals(1);
+    chart.layout();
+    EXPECT_EQ(label().getText(), "-1,234.5");
+    measurer.askedCount = 0;
+    chart.setNegativeFontColor(UXColor(1, 2, 3));
+    EXPECT_EQ(label().getTextProperty().textColor, UXColor(1, 2, 3));
+    EXPECT_EQ(measurer.askedCount, 0) << "a colour needs no measuring";
+    std::erase(provider.calls, "shouldRightClick");
+    EXPECT_EQ(provider.calls, std::vector<std::string>());
+}
+
+TEST_F(KXValueChartTest, AClickOnTheValueRunsTheHostsAction)
+{
+    int clicks = 0;
+    provider.leftClickAction = [&] { ++clicks; };
+    load();
+    UXEvent event(UXEventType::LeftClick);
+    EXPECT_TRUE(label().triggerEventHandler(event));
+    EXPECT_EQ(clicks, 0) << "the action waits for the end of the dispatch";
+    event.runPostedActions();
+    EXPECT_EQ(clicks, 1);
+    ASSERT_EQ(provider.paths.size(), 2u); // the menu's question and the click
+    EXPECT_EQ(provider.paths.back().identifier, "ValueLabel");
+    EXPECT_EQ(provider.paths.back().valueIndexPath, (KXIndexPath{0, 0}));
+
+    // Loading again registers again; one click stays one action.
+    load();
+    UXEvent second(UXEventType::LeftClick);
+    label().triggerEventHandler(second);
+    second.runPostedActions();
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(KXValueChartTest, SavesAndReadsBackTheSameBytes)
+{
+    chart.setFontSize(50);
+    chart.setFontName("DejaVu Sans");
+    chart.setMainLabelAlign(UXTextAlign::Right);
+    chart.setFontColor(UXColor(1, 2, 3, 0.5));
+    chart.getDataFormat()->setSuffix(" K");
+    chart.getChartProperty()->setTitleValue("A \"title\"\n\xE4\xB8\x80");
+    chart.getChartProperty()->updateTitleValueWrap(true);
+    chart.getChartProperty()->setEnableInteraction(false);
+    chart.getTitle()->setDefaultText("untitled");
+    const std::string saved = chart.serialize();
+
+    KXValueChart read;
+    EXPECT_TRUE(read.deserialize(saved));
+    EXPECT_EQ(read.serialize(), saved);
+    EXPECT_EQ(read.getFontSize(), 50);
+    EXPECT_TRUE(read.getChartProperty()->getTitleValueWrap());
+    EXPECT_EQ(read.getTitle()->getDefaultText(), "untitled");
+
+    std::size_t place = 0;
+    for (const char* key :
+         {"m_showBorder", "m_titleValue", "m_titleProperty", "m_enableTitleClick", "m_enableInteraction",
+          "m_titleValueWrap", "m_titleDefaultValue", "m_titleFontSize", "m_valueLabel", "m_dataFormat",
+          "m_fontColor", "m_fontName", "m_fontSize", "m_mainLabelAlign", "m_negativeFontColor"}) {
+        const std::size_t found = saved.find("\"" + std::string(key) + "\"", place);
+        ASSERT_NE(found, std::string::npos) << key << " is missing or out of order";
+        place = found;
+    }
+    EXPECT_FALSE(read.deserialize("{}"));
+    EXPECT_EQ(read.serialize(), saved) << "what a document lacks stays";
+}
+
+TEST_F(KXValueChartTest, TheHostReachesEveryPropertyByItsKey)
+{
+    UXPropertyAccessor& accessor = chart;
+    EXPECT_TRUE(accessor.updateValue("m_fontSize", 20));
+    EXPECT_EQ(chart.getFontSize(), 20);
+    EXPECT_TRUE(accessor.updateValue("m_titleValue", std::string("T")));
+    EXPECT_EQ(chart.getChartProperty()->getUpdatedKeys(), KXKeys{"m_titleValue"});
+    EXPECT_FALSE(accessor.updateValue("m_fontSize", std::string("20")));
+    EXPECT_FALSE(accessor.updateValue("m_noSuchKey", 1));
+}
+
+} // namespace
