@@ -1,0 +1,29 @@
+#pragma once
+
+#include "kx_chart.h"
+
+#include <memory>
+#include <string>
+
+class KXChartDataProvider;
+
+/** A chart read from a saved document, and what can be asked of every kind of chart. */
+class ChartDocument {
+public:
+    /** Reads the chart in a file. Throws HostError for a file that cannot be read, for text that is no JSON
+     * object, a type that no chart has, and a key whose value the chart does not take. A key that is missing
+     * keeps its default. */
+    explicit ChartDocument(const std::string& path);
+    ~ChartDocument();
+
+    KXChart& getChart() const { return *m_chart; }
+    /** Prepares and loads the chart's data. @param provider outlives this object */
+    void loadData(KXChartDataProvider* provider);
+    /** @return the chart as it is saved now */
+    std::string save() const { return m_chart->serialize(); }
+
+private:
+    void _requireUnderstood(const std::string& path, const std::string& text) const;
+
+    std::unique_ptr<KXChart> m_chart;
+};

@@ -1,0 +1,101 @@
+#include "chart_picture.h"
+
+#include "host_error.h"
+#include "kx_chart.h"
+#include "ux/cairo/ux_cairo_image_paint_config.h"
+#include "ux/cairo/ux_cairo_pdf_paint_config.h"
+#include "ux/ux_double_size.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_svg_paint_config.h"
+#include "whole_file.h"
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+
+namespace {
+
+std::string obtainEnding(const std::string& path)
+{
+    const std::size_t dot = path.find_last_of("./\\");
+    std::string ending = dot != std::string::npos && path[dot] == '.' ? path.substr(dot + 1) : std::string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return ending;
+}
+
+void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& config)
+{
+    if (UXPainter* painter = uxCreatePainter(&config)) {
+        painter->setColor(setting.ground);
+        painter->addRectanglePath(0, 0, setting.size.width, setting.size.height);
+        painter->fill();
+        uxDestroyPainter(painter);
+    }
+    chart.paint(&config, chart.getBoundingRect());
+}
+
+HostError makeWriteError(const std::string& path) { return {path, "", "cannot be written"}; }
+
+void requireDrawable(const UXPaintConfig& config, const std::string& path)
+{
+    if (!config.isPaintConfigValid())
+        throw HostError(path, "", "cannot be this large or this small");
+}
+
+void writePng(KXChart& chart, const PictureSetting& setting, const std::string& path)
+{
+    UXCairoImagePaintConfig config(UXDoubleSize(setting.size), setting.scale);
+    requireDrawable(config, path);
+    paintChart(chart, setting, config);
+    if (!config.writePng(path))
+        throw makeWriteError(path);
+}
+
+void writePdf(KXChart& chart, const PictureSetting& setting, const std::string& path)
+{
+    UXCairoPdfPaintConfig config{UXDoubleSize(setting.size)};
+    requireDrawable(config, path);
+    paintChart(chart, setting, config);
+    if (!config.writePdf(path))
+        throw makeWriteError(path);
+}
+
+void writeSvg(KXChart& chart, const PictureSetting& setting, const std::string& path)
+{
+    UXSvgPaintConfig config(setting.size);
+    requireDrawable(config, path);
+    paintChart(chart, setting, config);
+    writeWholeFile(path, config.getSvg());
+}
+
+} // namespace
+
+PictureFormat obtainPictureFormat(const std::string& path)
+{
+    const std::string ending = obtainEnding(path);
+    if (ending == "png")
+        return PictureFormat::Png;
+    if (ending == "svg")
+        return PictureFormat::Svg;
+    if (ending == "pdf")
+        return PictureFormat::Pdf;
+    throw HostError(path, "", "has to end in .png, .svg or .pdf");
+}
+
+void writeChartPicture(KXChart& chart, const PictureSetting& setting, const std::string& path)
+{
+    chart.setRect(UXRect(0, 0, setting.size.width, setting.size.height));
+    chart.layout();
+    switch (obtainPictureFormat(path)) {
+    case PictureFormat::Png:
+        writePng(chart, setting, path);
+        break;
+    case PictureFormat::Svg:
+        writeSvg(chart, setting, path);
+        break;
+    case PictureFormat::Pdf:
+        writePdf(chart, setting, path);
+        break;
+    }
+}

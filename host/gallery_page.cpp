@@ -1,0 +1,58 @@
+#include "gallery_page.h"
+
+namespace {
+
+constexpr const char* head = R"(<!DOCTYPE html>
+<html lang="en">
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width">
+<title>libkxcharts gallery</title>
+<style>
+body { font: 15px/1.5 sans-serif; color: #333; background: #f4f5f7; margin: 2rem auto; max-width: 1100px; padding: 0 1rem }
+section { background: #fff; border: 1px solid #e1e3e8; border-radius: 6px; padding: 1rem; margin: 1.5rem 0 }
+h2 { font-size: 1.1rem; margin: 0 }
+p { margin: .2rem 0 .8rem; color: #666 }
+img { border: 1px solid #e1e3e8; max-width: 100%; vertical-align: top }
+</style>
+<h1>Gallery</h1>
+)";
+
+std::string escapeHtml(const std::string& text)
+{
+    std::string escaped;
+    for (const char letter : text) {
+        if (letter == '<')
+            escaped += "&lt;";
+        else if (letter == '>')
+            escaped += "&gt;";
+        else if (letter == '&')
+            escaped += "&amp;";
+        else if (letter == '"')
+            escaped += "&quot;";
+        else
+            escaped += letter;
+    }
+    return escaped;
+}
+
+} // namespace
+
+void GalleryPage::addSample(const std::string& name, const std::string& caption, const std::string& data)
+{
+    m_samples.push_back({escapeHtml(name), escapeHtml(caption), escapeHtml(data)});
+}
+
+std::string GalleryPage::obtainHtml() const
+{
+    std::string html = head;
+    for (const Sample& sample : m_samples) {
+        html += "<section>\n<h2>" + sample.caption + "</h2>\n<p>" + sample.name + ", from " + sample.data +
+                " (<a href=\"" + sample.name + ".svg\">SVG</a>)</p>\n";
+        html += "<img src=\"" + sample.name + ".png\" width=\"1000\" height=\"600\" alt=\"" + sample.caption +
+                "\">\n";
+        html += "<img src=\"" + sample.name +
+                "-small.png\" width=\"240\" height=\"160\" alt=\"the same, small\">\n";
+        html += "</section>\n";
+    }
+    return html;
+}

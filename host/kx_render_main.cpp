@@ -1,0 +1,87 @@
+// kx_render: a chart document, data and a binding become a picture.
+
+#include "chart_data_source.h"
+#include "chart_document.h"
+#include "chart_picture.h"
+#include "host_error.h"
+#include "picture_option.h"
+#include "progress_line.h"
+#include "sql_data_provider.h"
+#include "ux/cairo/ux_cairo_install.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+constexpr int badInput = 2;
+
+struct Options {
+    std::string chart, data, binding, out;
+    std::string size = "1000x600", ground = "#ffffff";
+    double scale = 1;
+};
+
+void declareOptions(CLI::App& app, Options& options)
+{
+    app.add_option("chart", options.chart, "The chart document, a JSON file")->required();
+    app.add_option("-d,--data", options.data,
+                   "A CSV file, or a connection: sqlite://FILE, postgresql://..., odbc://...")
+        ->required();
+    app.add_option("-b,--binding", options.binding,
+                   "The JSON file that says which columns are dimensions and measures")
+        ->required();
+    app.add_option("-o,--out", options.out, "The picture: a file that ends in .png, .svg or .pdf")
+        ->required();
+    app.add_option("-s,--size", options.size, "Width x height in logical units")->capture_default_str();
+    app.add_option("--scale", options.scale, "Pixels per logical unit in a PNG")->capture_default_str();
+    app.add_option("-g,--ground", options.ground, "What the chart stands on: #rrggbb, #rrggbbaa or none")
+        ->capture_default_str();
+    app.footer(
+        "Examples:\n"
+        "  kx_render samples/employment.chart.json -d samples/data/us-employment.csv \\\n"
+        "      -b samples/employment.binding.json -o employment.png --scale 2\n"
+        "  kx_render sales.chart.json -d postgresql://localhost/sales -b sales.binding.json -o sales.svg\n\n"
+        "Exit codes: 0 done, 2 bad input (one line on stderr says what; no file is touched).");
+}
+
+void render(const Options& options)
+{
+    const PictureSetting setting = {readSizeOption(options.size), readScaleOption(options.scale),
+                                    readColorOption(options.ground)};
+    obtainPictureFormat(options.out);
+    uxCairoInstall();
+    ChartDocument document(options.chart);
+    ProgressLine progress("reading " + options.data);
+    ChartDataSource source(options.data, options.binding,
+                           [&](std::uint64_t done, std::uint64_t total) { progress.show(done, total); });
+    document.loadData(&source.getProvider());
+    if (!source.getProvider().getError().empty())
+        throw std::runtime_error(source.getProvider().getError());
+    writeChartPicture(document.getChart(), setting, options.out);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app("Renders a chart document over data to a picture.", "kx_render");
+    Options options;
+    declareOptions(app, options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) // the help was asked for
+            return app.exit(error);
+        std::fprintf(stderr, "kx_render: %s\n", error.what());
+        return badInput;
+    }
+    try {
+        render(options);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "kx_render: %s\n", error.what());
+        return badInput;
+    }
+    return 0;
+}
