@@ -242,14 +242,14 @@ TEST(CairoPainter, DrawsWhatTheOperationsSay)
          {{1, 1, 0xFFFF00FF}, {5, 1, kBlue}, {9, 1, kRed}, {13, 1, kBlack}}},
         {"what a layer does to the state ends with it",
          [](UXPainter& p) {
-             p.setColor(red), p.addRectanglePath(10, 10, 5, 5);
+             p.setColor(red), p.addRectanglePath(0, 0, 9, 9);
              p.drawComposited(
                  [](UXPainter* layer) {
                      layer->restoreState(), layer->restoreState(), layer->saveState(), layer->translate(5, 5);
                      layer->setColor(blue), layer->setLineWidth(9), layer->addRectanglePath(0, 0, 1, 1);
                  },
                  nullptr, {0, 0, 20, 20}, UXCompositionMode::Over);
-             p.fill();
+             p.fill(), p.addRectanglePath(10, 10, 5, 5), p.fill();
          },
          {{12, 12, kRed}, {1, 1, kClear}, {6, 6, kClear}}},
         {"a picture that draws itself ends",

@@ -22,8 +22,6 @@ constexpr double kFarthestPixel = 4e6;
 // Dashes of less than this many pixels in all look like a thin line and would be counted one by one.
 constexpr double kShortestDashes = 0.1;
 constexpr double kSmallestScale = 1e-6, kLargestScale = 1e6;
-// A picture may draw a picture, but not itself for ever.
-constexpr int kDeepestNesting = 32;
 
 bool isFinite(const UXDoubleRect& rect)
 {
@@ -129,24 +127,20 @@ private:
 
 class UXCairoPainter::Scope {
 public:
-    explicit Scope(UXCairoPainter& painter)
-        : m_painter(painter), m_keeper(painter.m_context), m_hasPath(std::exchange(painter.m_hasPath, false)),
-          m_pathBroken(std::exchange(painter.m_pathBroken, false))
+    explicit Scope(UXCairoPainter& painter) : m_painter(painter)
     {
-        ++m_painter.m_nesting;
+        m_painter._forgetPath();
         m_painter.saveState();
         m_lowestDepth = std::exchange(m_painter.m_lowestDepth, m_painter.m_depth);
     }
 
     ~Scope()
     {
+        m_painter._forgetPath();
         while (m_painter.m_depth > m_painter.m_lowestDepth)
             m_painter.restoreState();
         m_painter.m_lowestDepth = m_lowestDepth;
         m_painter.restoreState();
-        --m_painter.m_nesting;
-        m_painter.m_hasPath = m_hasPath;
-        m_painter.m_pathBroken = m_pathBroken;
     }
 
     Scope(const Scope&) = delete;
@@ -154,9 +148,7 @@ public:
 
 private:
     UXCairoPainter& m_painter;
-    UXCairoPathKeeper m_keeper; // goes last, in the space that the path was taken in
-    bool m_hasPath, m_pathBroken;
-    int m_lowestDepth = 0;
+    int m_lowestDepth = 0; // of the scope around this one
 };
 
 UXCairoPainter::UXCairoPainter(UXCairoSurface* surface, double scale) : m_context(cairo_create(surface))
@@ -257,17 +249,19 @@ void UXCairoPainter::rotate(double degrees) { _transform(UXTransform{}.rotated(d
 
 void UXCairoPainter::scale(double sx, double sy) { _transform(UXTransform{}.scaled(sx, sy)); }
 
-void UXCairoPainter::_transform(const UXTransform& change)
+/** @return false, and nothing changed, where the space could not be left again */
+bool UXCairoPainter::_transform(const UXTransform& change)
 {
     // A context with a transform that cannot be undone draws nothing any more, not even after restoring.
     const UXTransform changed = m_toDevice.combined(change);
     const double determinant = changed.xx * changed.yy - changed.xy * changed.yx;
     if (!std::isfinite(changed.dx) || !std::isfinite(changed.dy) || !(std::abs(determinant) < 1e12) ||
         !(std::abs(determinant) > 1e-12))
-        return;
+        return false;
     m_toDevice = changed;
     const cairo_matrix_t matrix = obtainMatrix(change);
     cairo_transform(m_context, &matrix);
+    return true;
 }
 
 void UXCairoPainter::translatePath(double dx, double dy) { _transformPath(UXTransform{}.translated(dx, dy)); }
@@ -494,11 +488,21 @@ bool UXCairoPainter::_isReachable(const UXDoubleRect& rect) const
 /** Inside a scope: clips to rect; false where that leaves nothing to draw on. */
 bool UXCairoPainter::_clipToRect(const UXDoubleRect& rect)
 {
-    if (m_nesting > kDeepestNesting || !hasArea(rect))
+    if (!hasArea(rect))
         return false;
     addRectanglePath(rect);
     clip();
     return true;
+}
+
+/** Runs what the host draws with, unless it stands too deep in others or in itself. */
+void UXCairoPainter::_runNested(const std::function<void()>& action)
+{
+    if (m_nesting == uxDeepestPictureNesting)
+        return;
+    ++m_nesting;
+    action();
+    --m_nesting;
 }
 
 /** Draws on a layer of its own, in the present space, which begins clear and is drawn over. */
@@ -550,12 +554,8 @@ void UXCairoPainter::_placePicture(const UXPicture& picture, const UXDoubleRect&
     if (!_clipToRect(rect))
         return;
     const UXDoubleSize size = picture.getSize();
-    const UXTransform before = m_toDevice;
-    _transform({rect.width / size.width, 0, 0, rect.height / size.height, rect.x, rect.y});
-    if (m_toDevice == before &&
-        (rect.x != 0 || rect.y != 0 || rect.width != size.width || rect.height != size.height))
-        return;
-    picture.paint(this);
+    if (_transform({rect.width / size.width, 0, 0, rect.height / size.height, rect.x, rect.y}))
+        _runNested([&] { picture.paint(this); });
 }
 
 void UXCairoPainter::drawPicture(const UXPicture* picture, const UXDoubleRect& rect, double opacity)
@@ -605,7 +605,8 @@ void UXCairoPainter::drawMasked(const UXPaintFunction& mask, UXPaintConfig*, con
     const Scope scope(*this);
     if (!_clipToRect(rect))
         return;
-    const UXCairoPatternHandle through = _drawLayer(Layer::AlphaOnly, [&] { mask(this); });
+    const UXCairoPatternHandle through = _drawLayer(Layer::AlphaOnly,
+                                                    [&] { _runNested([&] { mask(this); }); });
     cairo_mask(m_context, through.get());
 }
 
@@ -633,5 +634,5 @@ void UXCairoPainter::drawComposited(const UXPaintFunction& action, UXPaintConfig
     const Scope scope(*this);
     if (!_clipToRect(rect))
         return;
-    _combineLayer(_drawLayer(Layer::Colours, [&] { action(this); }), mode);
+    _combineLayer(_drawLayer(Layer::Colours, [&] { _runNested([&] { action(this); }); }), mode);
 }

@@ -95,17 +95,18 @@ public:
     UXTransform getDeviceTransform() const override { return m_toDevice; }
 
 private:
-    /** A path of its own and a state to go back to, for one operation; keeps count of how deep it is. */
+    /** An empty path and a state to go back to, for one operation and what the host draws in it. */
     class Scope;
     enum class Layer { Colours, AlphaOnly };
 
-    void _transform(const UXTransform& change);
+    bool _transform(const UXTransform& change);
     void _transformPath(const UXTransform& change);
     bool _acceptPoint(double& x, double& y);
     bool _isPathDrawable() const { return m_hasPath && !m_pathBroken; }
     void _forgetPath();
     bool _clipToRect(const UXDoubleRect& rect);
     bool _isReachable(const UXDoubleRect& rect) const;
+    void _runNested(const std::function<void()>& action);
     void _placePicture(const UXPicture& picture, const UXDoubleRect& rect);
     UXCairoPatternHandle _drawLayer(Layer kind, const std::function<void()>& action);
     void _combineLayer(const UXCairoPatternHandle& layer, UXCompositionMode mode);
@@ -119,7 +120,7 @@ private:
 
     int m_depth = 0;       // states saved
     int m_lowestDepth = 0; // what the function that draws a layer may not restore below
-    int m_nesting = 0;     // of layers and pictures
+    int m_nesting = 0;     // of pictures, masks and layers
 
     bool m_hasPath = false;    // whether anything was added to the path
     bool m_pathBroken = false; // whether anything of it was not finite
