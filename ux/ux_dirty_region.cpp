@@ -4,15 +4,23 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 namespace {
 
 double areaOf(const UXRect& rect) { return static_cast<double>(rect.width) * rect.height; }
 
-/** @return the area that painting the enclosing rectangle adds to painting both */
+/** @return the area that painting the enclosing rectangle adds to painting both. In double, since the extent
+ * of two rectangles far apart does not fit into int. */
 double obtainWaste(const UXRect& a, const UXRect& b)
 {
-    return areaOf(uxUnionRect(a, b)) - areaOf(a) - areaOf(b);
+    const double width = static_cast<double>(
+                             std::max(a.x + std::int64_t{a.width}, b.x + std::int64_t{b.width})) -
+                         std::min(a.x, b.x);
+    const double height = static_cast<double>(
+                              std::max(a.y + std::int64_t{a.height}, b.y + std::int64_t{b.height})) -
+                          std::min(a.y, b.y);
+    return width * height - areaOf(a) - areaOf(b);
 }
 
 /** @return whether one rectangle does for both: they share points, or they are parts of one */

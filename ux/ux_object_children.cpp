@@ -156,6 +156,8 @@ void UXObject::_takeChild(UXObject* child, std::uint64_t index)
     m_children.insert(m_children.begin() + place, child);
     child->m_parent = this;
     child->_noteDescendantRequiresLayout();
+    // What became dirty while nobody could be told is part of what is dirty now.
+    child->clearDirtyRect();
     child->invalidate();
     requireLayout();
 }

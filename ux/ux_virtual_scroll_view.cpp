@@ -145,9 +145,9 @@ UXVirtualScrollView::ShownBars UXVirtualScrollView::_obtainShownBars() const
     const UXRect area = _obtainAreaWithBars();
     ShownBars bars{_shouldShowBar(m_horizontal, area.width), _shouldShowBar(m_vertical, area.height)};
     if (bars.vertical && !bars.horizontal)
-        bars.horizontal = _shouldShowBar(m_horizontal, std::int64_t{area.width} - extraExtent);
+        bars.horizontal = _shouldShowBar(m_horizontal, std::max(area.width - extraExtent, 0));
     else if (bars.horizontal && !bars.vertical)
-        bars.vertical = _shouldShowBar(m_vertical, std::int64_t{area.height} - extraExtent);
+        bars.vertical = _shouldShowBar(m_vertical, std::max(area.height - extraExtent, 0));
     return bars;
 }
 

@@ -1,0 +1,329 @@
+#include "ux/ux_context.h"
+
+#include "ux/ux_control.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_event.h"
+#include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_preview_diagram.h"
+#include "ux/ux_selectable_object.h"
+#include "ux/ux_timer.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+class Host : public UXControl {
+public:
+    std::string log;
+
+    explicit Host(const std::vector<int>& useCases = {}) { setUseCases(useCases); }
+
+    void notifyCursorChange(int cursor) override { log += "cursor" + std::to_string(cursor) + " "; }
+    void notifyDiagramSizeChanged(UXDiagram*) override { log += "size "; }
+    void notifyResetScroller() override { log += "scroller "; }
+};
+
+using Controls = std::vector<UXControl*>;
+
+} // namespace
+
+TEST(UXContext, ControlsOfADiagram)
+{
+    UXContext context;
+    UXDiagram shown(&context), other(&context);
+    UXPreviewDiagram preview(&context);
+    preview.setSourceDiagram(&shown);
+    Host none, present({1}), interact({2}), both({1, 2}), elsewhere({1}), previewing({1});
+    for (Host* host : {&none, &present, &interact, &both})
+        context.setActiveDiagram(host, &shown);
+    context.setActiveDiagram(&elsewhere, &other);
+    context.setActiveDiagram(&previewing, &preview);
+
+    EXPECT_EQ(context.getControlsWithDiagram(&shown), Controls({&none, &present, &interact, &both}));
+    EXPECT_EQ(context.getControlsWithDiagram(&shown, 1), Controls({&present, &both}));
+    EXPECT_EQ(context.getControlsWithDiagramWithAnyUseCases(&shown, {1, 2}),
+              Controls({&present, &interact, &both}));
+    EXPECT_EQ(context.getControlsWithDiagramWithAnyUseCases(&shown, {}), Controls());
+    EXPECT_EQ(context.getControlsWithDiagramWithOnlyUseCases(&shown, {2}), Controls({&interact}));
+    EXPECT_EQ(context.getControlsWithDiagramWithOnlyUseCases(&shown, {2, 1, 7}),
+              Controls({&present, &interact, &both}));
+    EXPECT_EQ(context.getControlsWithDiagramAnyRelated(&shown),
+              Controls({&none, &present, &interact, &both, &previewing}));
+    EXPECT_EQ(context.getControlsWithDiagram(nullptr), Controls());
+
+    context.notifyCursorChange(&shown, 3);
+    context.notifyCursorChange(&elsewhere, 4);
+    EXPECT_EQ(present.log, "cursor3 ");
+    EXPECT_EQ(elsewhere.log, "cursor4 ");
+    Host stranger;
+    context.notifyCursorChange(&stranger, 5);
+    EXPECT_EQ(stranger.log, "");
+}
+
+TEST(UXContext, WhatIsDestroyedLeaves)
+{
+    auto context = std::make_unique<UXContext>();
+    auto first = std::make_unique<UXDiagram>(context.get());
+    UXDiagram second, late(context.get());
+    auto host = std::make_unique<Host>();
+    Host kept;
+    context->setActiveDiagram(host.get(), first.get());
+    context->setActiveDiagram(&kept, first.get());
+    context->addDiagram(&second, 0);
+    EXPECT_EQ(context->getDiagrams(), std::vector<UXDiagram*>({&second, first.get()}));
+    context->addDiagram(&second, 99);
+    EXPECT_EQ(context->getDiagrams(), std::vector<UXDiagram*>({first.get(), &second}));
+
+    first.reset();
+    EXPECT_EQ(kept.getActiveDiagram(), nullptr);
+    host.reset();
+    EXPECT_EQ(context->getControls(), Controls({&kept}));
+    UXContext other;
+    other.setActiveDiagram(&kept, &second);
+    EXPECT_TRUE(context->getControls().empty());
+    EXPECT_EQ(second.getContext(), &other);
+    EXPECT_TRUE(context->getDiagrams().empty());
+    context.reset();
+    EXPECT_EQ(late.getContext(), nullptr);
+    late.setRect({0, 0, 5, 5});
+    late.repaint();
+}
+
+TEST(UXContext, PostedActionsRunAfterTheEvent)
+{
+    UXContext context;
+    UXDiagram diagram(&context);
+    auto host = std::make_unique<Host>();
+    context.setActiveDiagram(host.get(), &diagram);
+    std::string log;
+
+    context.postAction(host.get(), [&] { log += "kept "; });
+    context.postAction(host.get(), {});
+    EXPECT_EQ(log, "");
+    host->timer(0);
+    EXPECT_EQ(log, "kept ");
+
+    UXObject object;
+    object.registerEventHandler(UXEventType::MouseDown, [&](const UXEvent&) {
+        context.postAction(&diagram, [&] {
+            log += "posted ";
+            context.postAction(&diagram, [&] { log += "again "; });
+        });
+        log += "event ";
+        return true;
+    });
+    object.mouseDown(UXEvent());
+    EXPECT_EQ(log, "kept event posted again ");
+
+    // An action may destroy the control; those after it are gone with it.
+    host->postAction([&] { host.reset(); });
+    host->postAction([&] { log += "wrong "; });
+    host->runPostedActions();
+    EXPECT_EQ(host, nullptr);
+    EXPECT_EQ(log, "kept event posted again ");
+}
+
+TEST(UXContext, DocumentsKeepWhatStandsOnTheDiagrams)
+{
+    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "ux_context_test";
+    std::filesystem::create_directories(folder);
+    const std::string name = (folder / std::filesystem::path(u8"\u00fcbersicht.json")).string();
+
+    UXContext context;
+    UXDiagram diagram(&context);
+    context.addDiagram(&diagram);
+    UXSelectableObject object;
+    diagram.addChild(&object);
+    object.setSelectedColor({1, 2, 3});
+    ASSERT_EQ(context.save(name), UXContext::Done);
+    object.setSelectedColor({7, 7, 7});
+    EXPECT_EQ(context.load(name), UXContext::Done);
+    EXPECT_EQ(object.getSelectedColor(), UXColor(1, 2, 3));
+
+    EXPECT_EQ(context.load(folder.string()), UXContext::FileFailed);
+    EXPECT_EQ(context.load((folder / "missing").string()), UXContext::FileFailed);
+    EXPECT_EQ(context.load("\xff\xfe"), UXContext::FileFailed);
+    EXPECT_EQ(context.load(""), UXContext::FileFailed);
+    EXPECT_EQ(context.save((folder / "missing" / "x").string()), UXContext::FileFailed);
+    std::ofstream(name) << "{ broken";
+    EXPECT_EQ(context.load(name), UXContext::DocumentFailed);
+    EXPECT_EQ(object.getSelectedColor(), UXColor(1, 2, 3));
+    std::filesystem::remove_all(folder);
+}
+
+TEST(UXControl, Conversions)
+{
+    Host control;
+    control.setScalingFactor(2);
+    control.setZoomRatio(1.5);
+    control.setDiagramDoubleOriginInControlSpace({10, -20.5});
+    EXPECT_EQ(control.getZoomRatioWithScalingFactor(), 3);
+    EXPECT_EQ(control.diagramSpaceToControlSpace(UXPoint(5, 5)), UXControlPoint(25, -5));
+    EXPECT_EQ(control.controlSpaceToDiagramSpace(UXControlPoint(25, -5)), UXPoint(5, 5));
+    EXPECT_EQ(control.diagramSpaceToControlSpace(UXDoublePoint(0.5, 1)), UXDoubleControlPoint(11.5, -17.5));
+    EXPECT_EQ(control.diagramSpaceToControlSpace(UXRect(1, 1, 2, 2)), UXControlRect(13, -18, 6, 7));
+    EXPECT_EQ(control.controlSpaceToDiagramSpace(UXControlRect(13, -17, 1, 1)), UXRect(1, 1, 1, 1));
+    EXPECT_EQ(control.controlSpaceToDiagramSpace(UXControlDimension(6)), 2);
+    EXPECT_EQ(control.diagramSpaceToControlSpace(2.0), UXControlDimension(6));
+    EXPECT_EQ(control.getDiagramOrigin(), UXPoint(3, -7));
+    EXPECT_EQ(control.getDiagramOriginInControlSpace(), UXControlPoint(10, -20));
+    EXPECT_EQ(control.diagramSpaceToControlSpace(UXPoint(INT_MAX, INT_MIN)),
+              UXControlPoint(INT_MAX, INT_MIN));
+
+    control.setDiagramDoubleOriginInControlSpace({NAN, 0});
+    control.setScalingFactor(0);
+    control.setZoomRatio(INFINITY);
+    EXPECT_EQ(control.getDiagramDoubleOriginInControlSpace(), UXDoubleControlPoint(10, -20.5));
+    EXPECT_EQ(control.getZoomRatioWithScalingFactor(), 3);
+}
+
+namespace {
+
+class ZoomedDiagram : public UXDiagram {
+public:
+    using UXDiagram::UXDiagram;
+    std::string log;
+
+    void zoomRatioWillChange(double) override { log += "will "; }
+    void zoomRatioDidChange(double) override { log += "did "; }
+    void originDidChange() override { log += "origin "; }
+};
+
+} // namespace
+
+TEST(UXControl, ZoomKeepsItsPoint)
+{
+    UXContext context;
+    ZoomedDiagram diagram(&context);
+    Host control;
+    control.setControlRect({0, 0, 200, 100});
+    context.setActiveDiagram(&control, &diagram);
+    UXEvent event;
+    event.setMousePoint({40, 20});
+    control.zoomIn(true, event);
+    EXPECT_EQ(control.getZoomRatio(), 1.25);
+    EXPECT_EQ(control.diagramSpaceToControlSpace(UXPoint(40, 20)), UXControlPoint(40, 20));
+    EXPECT_EQ(diagram.log, "will did origin ");
+    control.zoomOut(true, event);
+    EXPECT_NEAR(control.getDiagramDoubleOriginInControlSpace().x, 0, 1e-9);
+    control.zoomIn(false, event);
+    EXPECT_EQ(control.diagramSpaceToControlSpace(UXPoint(100, 50)), UXControlPoint(100, 50));
+
+    for (int i = 0; i < 100; ++i)
+        control.zoomIn(false, event);
+    EXPECT_EQ(control.getZoomRatio(), UXControl::maxZoomRatio);
+    diagram.log.clear();
+    control.zoomIn(false, event);
+    EXPECT_EQ(diagram.log, "") << "at the limit nothing changes";
+    control.zoomReset();
+    EXPECT_EQ(control.getZoomRatio(), 1);
+    EXPECT_EQ(control.getDiagramOrigin(), UXPoint(0, 0));
+}
+
+TEST(UXControl, AlignedDiagramsFollowItsSize)
+{
+    UXContext context;
+    UXDiagram diagram(&context);
+    Host control;
+    control.setScalingFactor(2);
+    control.setControlRect({5, 5, 301, 200});
+    EXPECT_EQ(control.getControlRectWithoutScalingFactor(), UXControlRect(3, 3, 151, 100));
+    context.setActiveDiagram(&control, &diagram);
+    EXPECT_EQ(diagram.getRect(), UXRect());
+    diagram.setAlign(UXAlign::Client);
+    EXPECT_EQ(diagram.getRect(), UXRect(0, 0, 150, 100));
+    EXPECT_FALSE(control.getCanScrollDiagram());
+    control.setControlRect({5, 5, 400, 200});
+    EXPECT_EQ(diagram.getRect(), UXRect(0, 0, 200, 100));
+    EXPECT_NE(control.log.find("size "), std::string::npos);
+    diagram.setAlign(UXAlign::None);
+    diagram.setRect({0, 0, 201, 100});
+    EXPECT_TRUE(control.getCanScrollDiagram());
+    diagram.setRect({0, 0, 50, 50});
+    context.notifyDiagramMove(&diagram, &control, {-1, 0});
+    EXPECT_TRUE(control.getCanScrollDiagram());
+    EXPECT_EQ(control.getDiagramOriginInControlSpace(), UXControlPoint(-2, 0));
+}
+
+TEST(UXTimer, RunsWithItsControl)
+{
+    auto control = std::make_unique<Host>();
+    std::string log;
+    UXTimer often([&] { log += "o"; });
+    UXTimer once([&] { log += "1"; });
+    std::unique_ptr<UXTimer> dying = std::make_unique<UXTimer>([&] { dying.reset(); });
+    UXTimer starter([&] { once.start(control.get(), 10, UXTimer::Mode::Once); });
+    often.start(control.get(), 10);
+    often.start(nullptr, 10);
+    EXPECT_FALSE(often.isRunning());
+    often.start(control.get(), -5);
+    often.start(control.get(), 10);
+    once.start(control.get(), 10, UXTimer::Mode::Once);
+    dying->start(control.get(), 10);
+    for (const std::int64_t now : {1000, 1009, 1010, 1011, 1100, 1050, 1111})
+        control->timer(now);
+    EXPECT_EQ(log, "o1oo") << "late calls run a timer once, and a clock that goes back runs none";
+    EXPECT_EQ(dying, nullptr);
+    EXPECT_FALSE(once.isRunning());
+
+    log.clear();
+    starter.start(control.get(), 1, UXTimer::Mode::Once);
+    for (const std::int64_t now : {1112, 1113, 1114, 1124})
+        control->timer(now);
+    EXPECT_EQ(log, "o1");
+
+    UXTimer ender([&] { control.reset(); });
+    ender.start(control.get(), 1);
+    often.stop();
+    control->timer(2000);
+    control->timer(INT64_MAX);
+    EXPECT_EQ(control, nullptr);
+    EXPECT_FALSE(ender.isRunning());
+}
+
+TEST(UXPreviewDiagram, FitsItsSource)
+{
+    UXDiagram source;
+    source.setRect({0, 0, 200, 100});
+    source.setPadding({20, 10, 80, 40});
+    UXPreviewDiagram preview;
+    EXPECT_EQ(preview.getUseCaseZoomRatio(), 1);
+    preview.setRect({0, 0, 100, 100});
+    preview.setSourceDiagram(&source);
+    EXPECT_EQ(preview.getUseCaseZoomRatio(), 0.5);
+    EXPECT_EQ(preview.getUseCaseOrigin(), UXPoint(0, 25));
+    EXPECT_EQ(preview.diagramSpaceToUseCaseDiagramSpace(UXPoint(200, 100)), UXPoint(100, 75));
+    EXPECT_EQ(preview.useCaseDiagramSpaceToDiagramSpace(UXPoint(100, 75)), UXPoint(200, 100));
+    EXPECT_EQ(preview.useCaseDiagramSpaceToDiagramSpace(UXSize(10, 20)), UXSize(20, 40));
+    preview.setUseContentRect(true);
+    EXPECT_EQ(preview.getUseCaseZoomRatio(), 1);
+    EXPECT_EQ(preview.diagramSpaceToUseCaseDiagramSpace(UXPoint(20, 10)), UXPoint(0, 25));
+}
+
+TEST(UXGlobalEventDiagram, RegistrationEndsWithEither)
+{
+    UXDiagram diagram;
+    auto second = std::make_unique<UXDiagram>();
+    UXGlobalEventDiagram first;
+    auto inControlSpace = std::make_unique<UXGlobalControlSpaceEventDiagram>();
+    EXPECT_EQ(diagram.getGlobalControlSpaceEventDiagram(), nullptr);
+    diagram.registerGlobalEventDiagram(&first);
+    diagram.registerGlobalEventDiagram(&first);
+    diagram.registerGlobalEventDiagram(inControlSpace.get());
+    second->registerGlobalEventDiagram(&first);
+    EXPECT_EQ(diagram.getGlobalEventDiagrams().size(), 2u);
+    EXPECT_EQ(diagram.getGlobalControlSpaceEventDiagram(), inControlSpace.get());
+    inControlSpace.reset();
+    EXPECT_EQ(diagram.getGlobalControlSpaceEventDiagram(), nullptr);
+    second.reset();
+    diagram.unregisterGlobalEventDiagram(&first);
+    EXPECT_TRUE(diagram.getGlobalEventDiagrams().empty());
+}

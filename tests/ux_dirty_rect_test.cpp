@@ -1,0 +1,354 @@
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_dirty_region.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_paint_config.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_space.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+using Rects = std::vector<UXRect>;
+
+TEST(UXDirtyRegion, MergesWhatTouchesOrWastesNothing)
+{
+    struct Case {
+        const char* name;
+        Rects added, expected;
+    };
+    const Case cases[] = {
+        {"empty ones", {{5, 5, 0, 3}, {5, 5, 3, -1}}, {}},
+        {"far apart", {{0, 0, 5, 5}, {90, 90, 5, 5}}, {{0, 0, 5, 5}, {90, 90, 5, 5}}},
+        {"held", {{0, 0, 50, 50}, {10, 10, 5, 5}}, {{0, 0, 50, 50}}},
+        {"overlapping", {{0, 0, 10, 10}, {5, 5, 10, 10}}, {{0, 0, 15, 15}}},
+        {"side by side", {{0, 0, 10, 10}, {10, 0, 10, 10}}, {{0, 0, 20, 10}}},
+        {"touching at a corner", {{0, 0, 10, 10}, {10, 10, 10, 10}}, {{0, 0, 10, 10}, {10, 10, 10, 10}}},
+        {"a third joins two", {{0, 0, 10, 10}, {20, 0, 10, 10}, {5, 0, 20, 10}}, {{0, 0, 30, 10}}},
+        {"the joined one reaches another",
+         {{0, 0, 10, 10}, {100, 90, 10, 10}, {50, 95, 1, 1}, {5, 5, 100, 90}},
+         {{0, 0, 110, 100}}},
+        {"at the limits",
+         {{INT_MIN, 0, INT_MAX, 1}, {INT_MAX - 5, 0, 5, 1}},
+         {{INT_MIN, 0, INT_MAX, 1}, {INT_MAX - 5, 0, 5, 1}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        UXDirtyRegion region;
+        for (const UXRect& rect : c.added)
+            region.add(rect);
+        EXPECT_EQ(region.getRects(), c.expected);
+        EXPECT_EQ(region.isEmpty(), c.expected.empty());
+    }
+}
+
+TEST(UXDirtyRegion, HoldsEverythingInFewDisjointRectangles)
+{
+    std::mt19937 random(20260517);
+    const auto below = [&](unsigned bound) { return static_cast<int>(random() % bound); };
+    for (int round = 0; round < 200; ++round) {
+        UXDirtyRegion region;
+        Rects added;
+        for (int i = 0; i < 40; ++i) {
+            added.push_back({below(500), below(500), below(30), below(30)});
+            const UXRect& rect = added.back();
+            const bool held = uxIsEmptyRect(rect) ||
+                              std::ranges::any_of(region.getRects(),
+                                                  [&](const UXRect& r) { return uxContainsRect(r, rect); });
+            EXPECT_EQ(region.add(rect), !held);
+        }
+        const Rects& rects = region.getRects();
+        ASSERT_LE(rects.size(), UXDirtyRegion::maxRectCount);
+        for (const UXRect& rect : added) {
+            EXPECT_TRUE(uxIsEmptyRect(rect) ||
+                        std::ranges::any_of(rects, [&](const UXRect& r) { return uxContainsRect(r, rect); }));
+        }
+        for (std::size_t i = 0; i < rects.size(); ++i) {
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(uxIntersectsRect(rects[i], rects[j]));
+        }
+    }
+}
+
+namespace {
+
+class Painted : public UXObject {
+public:
+    Painted(std::string& log, const std::string& name, UXRect rect) : m_log(log)
+    {
+        setName(name);
+        setRect(rect);
+    }
+
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override
+    {
+        m_log += getName() + " ";
+        UXObject::paint(config, dirtyRect);
+        if (const auto act = whenPainted)
+            act();
+    }
+
+    std::function<void()> whenPainted;
+
+private:
+    std::string& m_log;
+};
+
+/** Paints nothing; the objects write down that they were asked to. */
+class NoPaintConfig : public UXPaintConfig {
+public:
+    UXPainter* createPainter(UXObject*) override { return nullptr; }
+};
+
+class PaintingControl : public UXControl {
+public:
+    NoPaintConfig config;
+    bool paintsNow = true;
+    Rects notified;
+
+    UXPaintConfig* obtainPaintConfig(UXDiagram*) override { return paintsNow ? &config : nullptr; }
+    void notifyDirtyRect(UXDiagram* diagram) override
+    {
+        notified.push_back(getContext()->getDirtyRect(diagram));
+    }
+};
+
+/** diagram > left (0,0,50,100) > leaf (10,10,5,5); diagram > right (50,0,50,100) */
+struct Scene {
+    std::string log;
+    UXContext context;
+    PaintingControl control;
+    UXDiagram diagram{&context};
+    Painted left{log, "left", {0, 0, 50, 100}};
+    Painted leaf{log, "leaf", {10, 10, 5, 5}};
+    Painted right{log, "right", {50, 0, 50, 100}};
+
+    Scene()
+    {
+        diagram.setRect({0, 0, 100, 100});
+        diagram.addChild(&left);
+        diagram.addChild(&right);
+        left.addChild(&leaf);
+        context.setActiveDiagram(&control, &diagram);
+        diagram.layout();
+        clear();
+    }
+    ~Scene()
+    {
+        // Members own themselves, wherever a test has put them.
+        for (UXObject* object : std::vector<UXObject*>{&left, &leaf, &right})
+            object->setParent(nullptr);
+    }
+
+    void clear()
+    {
+        context.clearDirtyRect(&diagram);
+        control.notified.clear();
+        log.clear();
+    }
+};
+
+} // namespace
+
+TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
+{
+    struct Case {
+        const char* name;
+        void (*change)(Scene& s);
+        Rects expected;
+    };
+    const Case cases[] = {
+        {"nothing",
+         [](Scene& s) {
+             s.leaf.addDirtyRect({0, 0, 0, 5});
+         },
+         {}},
+        {"own area", [](Scene& s) { s.leaf.invalidate(); }, {{10, 10, 5, 5}}},
+        {"a part",
+         [](Scene& s) {
+             s.right.addDirtyRect({1, 2, 3, 4});
+         },
+         {{51, 2, 3, 4}}},
+        {"moved",
+         [](Scene& s) {
+             s.leaf.setRect({30, 30, 5, 5});
+         },
+         {{10, 10, 5, 5}, {30, 30, 5, 5}}},
+        {"hidden", [](Scene& s) { s.leaf.setVisible(false); }, {{10, 10, 5, 5}}},
+        {"changed while hidden",
+         [](Scene& s) {
+             s.leaf.setVisible(false);
+             s.diagram.clearDirtyRect();
+             s.leaf.setColor({1, 2, 3});
+             s.leaf.setRect({1, 1, 1, 1});
+         },
+         {}},
+        {"inside what is hidden",
+         [](Scene& s) {
+             s.left.setVisible(false);
+             s.diagram.clearDirtyRect();
+             s.leaf.invalidate();
+         },
+         {}},
+        {"taken out", [](Scene& s) { s.left.removeChild(&s.leaf); }, {{10, 10, 5, 5}}},
+        {"put elsewhere", [](Scene& s) { s.right.addChild(&s.leaf); }, {{10, 10, 5, 5}, {60, 10, 5, 5}}},
+        {"brought to the front", [](Scene& s) { s.left.bringToFront(); }, {{0, 0, 50, 100}}},
+        {"the same colour", [](Scene& s) { s.leaf.setColor(s.leaf.getColor()); }, {}},
+        {"another colour",
+         [](Scene& s) {
+             s.leaf.setBackgroundColor({1, 2, 3});
+         },
+         {{10, 10, 5, 5}}},
+        {"children", [](Scene& s) { s.diagram.invalidateChildren(); }, {{0, 0, 100, 100}}},
+        {"layout and repaint",
+         [](Scene& s) { s.leaf.setRequireToVerifyLayout(true, true); },
+         {{10, 10, 5, 5}}},
+        {"layout alone", [](Scene& s) { s.leaf.setRequireToVerifyLayout(true, false); }, {}},
+        {"set by the context",
+         [](Scene& s) {
+             s.leaf.invalidate();
+             s.context.setDirtyRect(&s.diagram, {1, 1, 2, 2});
+         },
+         {{1, 1, 2, 2}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Scene s;
+        c.change(s);
+        EXPECT_EQ(s.diagram.getDirtyRegion().getRects(), c.expected);
+        EXPECT_TRUE(s.leaf.getDirtyRegion().isEmpty());
+    }
+}
+
+TEST(UXDirtyRect, GoesThroughSpaces)
+{
+    Scene s;
+    UXSpace space;
+    space.setRelativeOrigin({1, 2});
+    space.setXScale(2);
+    space.setYScale(0.5);
+    s.left.setSpace(&space);
+    s.clear();
+    s.leaf.addDirtyRect({0, 0, 5, 5});
+    EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect(21, 7, 10, 3));
+}
+
+TEST(UXDirtyRect, BatchesWait)
+{
+    Scene s;
+    s.left.beginUpdate();
+    s.leaf.invalidate();
+    s.leaf.repaint();
+    EXPECT_TRUE(s.control.notified.empty());
+    EXPECT_EQ(s.left.getDirtyRegion().getRects(), Rects({{10, 10, 5, 5}}));
+    EXPECT_EQ(s.log, "");
+    s.left.endUpdate();
+    EXPECT_EQ(s.control.notified.size(), 1u);
+    EXPECT_EQ(s.log, "left leaf ") << "the repaint that waited";
+
+    // Where a moving object was is dirty at once: later nobody could tell.
+    s.clear();
+    s.leaf.beginUpdate();
+    s.leaf.setRect({40, 40, 5, 5});
+    s.leaf.endUpdate();
+    EXPECT_EQ(s.diagram.getDirtyRegion().getRects(), Rects({{10, 10, 5, 5}, {40, 40, 5, 5}}));
+}
+
+TEST(UXDirtyRect, HostsHearOfGrowthOnly)
+{
+    Scene s;
+    s.left.invalidate();
+    s.leaf.invalidate();
+    s.leaf.setColor({9, 9, 9});
+    EXPECT_EQ(s.control.notified, Rects({{0, 0, 50, 100}}));
+    s.right.invalidate();
+    EXPECT_EQ(s.control.notified.back(), UXRect(0, 0, 100, 100));
+}
+
+TEST(UXDirtyRect, OnlyWhatMeetsTheDirtIsPainted)
+{
+    Scene s;
+    s.right.addDirtyRect({0, 0, 1, 1});
+    s.diagram.repaintDirtyRect();
+    EXPECT_EQ(s.log, "right ");
+    EXPECT_TRUE(s.diagram.getDirtyRegion().isEmpty());
+
+    s.clear();
+    s.context.repaintDirtyRect(&s.diagram);
+    EXPECT_EQ(s.log, "") << "nothing is dirty";
+
+    // Two corners are painted, and not all that lies between them.
+    s.left.addDirtyRect({0, 90, 5, 5});
+    s.right.addDirtyRect({45, 0, 5, 5});
+    s.diagram.repaintDirtyRect();
+    EXPECT_EQ(s.log, "left right ");
+
+    s.clear();
+    s.leaf.repaint();
+    EXPECT_EQ(s.log, "left leaf ");
+    s.clear();
+    s.context.repaint();
+    EXPECT_EQ(s.log, "left leaf right ");
+    s.clear();
+    s.left.setVisible(false);
+    s.context.repaint(&s.diagram);
+    EXPECT_EQ(s.log, "right ");
+}
+
+TEST(UXDirtyRect, PaintersAreClippedToTheDirt)
+{
+    Scene s;
+    std::vector<double> clip;
+    s.right.whenPainted = [&] {
+        const UXDoubleRect* rect = s.control.config.getClip();
+        ASSERT_NE(rect, nullptr);
+        clip = {rect->x, rect->y, rect->width, rect->height};
+    };
+    s.right.addDirtyRect({1, 2, 3, 4});
+    s.diagram.repaintDirtyRect();
+    EXPECT_EQ(clip, std::vector<double>({51, 2, 3, 4}));
+    EXPECT_EQ(s.control.config.getClip(), nullptr);
+}
+
+TEST(UXDirtyRect, WaitsForControlsThatPaintLater)
+{
+    Scene s;
+    PaintingControl later;
+    later.paintsNow = false;
+    s.context.setActiveDiagram(&later, &s.diagram);
+    s.leaf.invalidate();
+    s.context.repaintDirtyRect(&s.diagram);
+    EXPECT_EQ(s.log, "left leaf ");
+    EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect(10, 10, 5, 5));
+    EXPECT_EQ(later.notified.back(), UXRect(10, 10, 5, 5));
+}
+
+TEST(UXDirtyRect, PaintSurvivesWhatItsObjectsDo)
+{
+    std::string log;
+    UXObject root;
+    root.setRect({0, 0, 100, 100});
+    auto* first = new Painted(log, "first", {0, 0, 100, 100});
+    auto* second = new Painted(log, "second", {0, 0, 100, 100});
+    root.addChild(first);
+    root.addChild(second);
+    first->whenPainted = [=] { delete second; };
+    root.paint(nullptr, {0, 0, 100, 100});
+    EXPECT_EQ(log, "first ");
+
+    auto* dying = new UXObject;
+    dying->setRect({0, 0, 100, 100});
+    auto* child = new Painted(log, "child", {0, 0, 100, 100});
+    dying->addChild(child);
+    child->whenPainted = [=] { delete dying; };
+    const UXObjectWatcher watcher(dying);
+    dying->paint(nullptr, {0, 0, 100, 100});
+    EXPECT_FALSE(watcher.isAlive());
+}

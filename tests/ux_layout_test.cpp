@@ -1,0 +1,280 @@
+#include "ux/ux_assert.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_object.h"
+#include "ux/ux_object_watcher.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+namespace {
+
+class Laid : public UXObject {
+public:
+    int layouts = 0;
+    int marks = 0;
+    std::function<void()> whenLaidOut;
+
+    void paintLater() { addDirtyRect({0, 0, 1, 1}); }
+
+protected:
+    void requireLayoutMarked() override { ++marks; }
+    void customLayout() override
+    {
+        ++layouts;
+        UXObject::customLayout();
+        if (const auto act = whenLaidOut)
+            act();
+    }
+};
+
+/** root > parent > child, all laid out. */
+struct Tree {
+    Laid root;
+    Laid* parent = new Laid;
+    Laid* child = new Laid;
+
+    Tree()
+    {
+        root.addChild(parent);
+        parent->addChild(child);
+        root.layout();
+        for (Laid* object : {&root, parent, child})
+            object->layouts = object->marks = 0;
+    }
+
+    std::string count()
+    {
+        return std::to_string(root.layouts) + std::to_string(parent->layouts) +
+               std::to_string(child->layouts);
+    }
+};
+
+} // namespace
+
+TEST(UXLayout, MarksAndPasses)
+{
+    struct Case {
+        const char* name;
+        void (*change)(Tree& t);
+        const char* expected; // passes of root, parent and child
+    };
+    const Case cases[] = {
+        {"nothing", [](Tree&) {}, "000"},
+        {"required", [](Tree& t) { t.child->requireLayout(); }, "001"},
+        {"verified", [](Tree& t) { t.parent->setRequireToVerifyLayout(true); }, "010"},
+        {"taken back", [](Tree& t) { t.child->requireLayout(), t.child->setRequireToVerifyLayout(false); },
+         "000"},
+        {"resized",
+         [](Tree& t) {
+             t.child->setRect({0, 0, 5, 5});
+         },
+         "111"},
+        {"moved",
+         [](Tree& t) {
+             t.child->setRect({5, 5, 0, 0});
+         },
+         "001"},
+        {"same rectangle", [](Tree& t) { t.child->setRect(t.child->getRect()); }, "000"},
+        {"padding",
+         [](Tree& t) {
+             t.parent->setPadding({1, 1, 1, 1});
+         },
+         "010"},
+        {"alignment", [](Tree& t) { t.child->setAlign(UXAlign::Client); }, "010"},
+        {"child added", [](Tree& t) { t.parent->addChild(new Laid); }, "010"},
+        {"child destroyed", [](Tree& t) { delete t.child, t.child = new Laid; }, "010"},
+        {"hidden", [](Tree& t) { t.parent->setVisible(false), t.child->requireLayout(); }, "000"},
+        {"hidden and shown",
+         [](Tree& t) {
+             t.parent->setVisible(false);
+             t.child->requireLayout();
+             t.root.layout();
+             t.parent->setVisible(true);
+         },
+         "001"},
+        {"marked before it was added",
+         [](Tree& t) {
+             t.parent->removeChild(t.child);
+             t.root.layout();
+             t.parent->layouts = 0;
+             t.child->requireLayout();
+             t.root.addChild(t.child);
+         },
+         "101"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Tree t;
+        c.change(t);
+        t.root.layout();
+        EXPECT_EQ(t.count(), c.expected);
+        t.root.layout();
+        EXPECT_EQ(t.count(), c.expected) << "a second pass finds nothing to do";
+        if (!t.child->getParent())
+            delete t.child;
+    }
+}
+
+TEST(UXLayout, RequireAnswersWhetherItWasNew)
+{
+    Tree t;
+    EXPECT_TRUE(t.child->requireLayout());
+    EXPECT_FALSE(t.child->requireLayout());
+    EXPECT_EQ(t.child->marks, 1);
+    EXPECT_TRUE(t.child->getRequireToVerifyLayout());
+    EXPECT_FALSE(t.parent->getRequireToVerifyLayout());
+    EXPECT_TRUE(UXObject().getRequireToVerifyLayout());
+}
+
+TEST(UXLayout, APassDoesNotAskForAnother)
+{
+    Tree t;
+    t.parent->whenLaidOut = [&] {
+        t.child->setRect({0, 0, t.child->getRect().width + 1, 3});
+        t.parent->requireLayout();
+        t.parent->layout();
+    };
+    t.parent->requireLayout();
+    t.root.layout();
+    EXPECT_EQ(t.count(), "011");
+    EXPECT_FALSE(t.parent->getRequireToVerifyLayout());
+    t.root.layout();
+    EXPECT_EQ(t.count(), "011");
+}
+
+TEST(UXLayout, CallbacksMayDestroyWhatIsLaidOut)
+{
+    {
+        Tree t;
+        t.child->whenLaidOut = [&] { delete t.parent; };
+        t.child->requireLayout();
+        t.root.layout();
+        EXPECT_EQ(t.root.getChildrenCount(), 0u);
+    }
+    {
+        auto* own = new Laid;
+        own->whenLaidOut = [&] { delete own; };
+        const UXObjectWatcher watcher(own);
+        own->layout();
+        EXPECT_FALSE(watcher.isAlive());
+    }
+}
+
+TEST(UXLayout, Batches)
+{
+    Tree t;
+    t.root.beginUpdate();
+    t.child->beginUpdate();
+    t.child->beginUpdate();
+    EXPECT_TRUE(t.parent->isUpdating());
+    t.child->requireLayout();
+    t.child->layout();
+    t.child->endUpdate();
+    t.child->endUpdate();
+    EXPECT_TRUE(t.child->isUpdating()) << "a parent's batch counts";
+    t.parent->layout();
+    EXPECT_EQ(t.count(), "000");
+    t.root.endUpdate();
+    EXPECT_FALSE(t.child->isUpdating());
+    EXPECT_EQ(t.count(), "001") << "done once, at the end";
+
+    t.root.beginUpdate();
+    t.parent->requireLayout();
+    t.root.endUpdate();
+    EXPECT_EQ(t.count(), "001") << "nobody asked for a pass";
+
+    int asserts = 0;
+    uxSetAssertHandler([&](std::source_location) { ++asserts; });
+    t.root.endUpdate();
+    uxSetAssertHandler({});
+    EXPECT_EQ(asserts, 1);
+    EXPECT_FALSE(t.root.isUpdating());
+}
+
+TEST(UXLayout, ABatchThatEndsInsideAnotherHandsItsWorkOn)
+{
+    Tree t;
+    t.child->beginUpdate();
+    t.child->requireLayout();
+    t.child->layout();
+    t.root.beginUpdate();
+    t.child->endUpdate();
+    EXPECT_EQ(t.count(), "000");
+    t.root.endUpdate();
+    EXPECT_EQ(t.count(), "001");
+}
+
+TEST(UXLayout, OneFrameAtATime)
+{
+    Tree t;
+    t.parent->beginLayoutWithFPSControl();
+    t.parent->beginLayoutWithFPSControl();
+    EXPECT_TRUE(t.parent->isLayoutingWithFPSControl());
+    int asked = 0;
+    // However fast the machine is, the first is done at once and the last not lost.
+    for (; asked < 50; ++asked) {
+        t.parent->requireLayout();
+        t.parent->layout();
+    }
+    EXPECT_GE(t.parent->layouts, 1);
+    t.parent->endLayoutWithFPSControl();
+    EXPECT_TRUE(t.parent->isLayoutingWithFPSControl());
+    t.parent->endLayoutWithFPSControl();
+    EXPECT_FALSE(t.parent->isLayoutingWithFPSControl());
+    EXPECT_FALSE(t.parent->getRequireToVerifyLayout());
+    EXPECT_LE(t.parent->layouts, asked);
+}
+
+TEST(UXLayout, Alignments)
+{
+    struct Case {
+        const char* name;
+        UXAlign align;
+        UXRect expected;
+    };
+    const Case cases[] = {
+        {"none", UXAlign::None, {1, 2, 20, 10}},        {"center", UXAlign::Center, {50, 44, 20, 10}},
+        {"client", UXAlign::Client, {10, 5, 100, 88}},  {"left", UXAlign::Left, {10, 5, 20, 88}},
+        {"top", UXAlign::Top, {10, 5, 100, 10}},        {"right", UXAlign::Right, {90, 5, 20, 88}},
+        {"bottom", UXAlign::Bottom, {10, 83, 100, 10}},
+    };
+    static_assert(static_cast<int>(UXAlign::Client) == 2);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        UXDiagram diagram;
+        UXObject child;
+        diagram.setRect({0, 0, 130, 100});
+        diagram.setPadding({10, 5, 20, 7});
+        diagram.addChild(&child);
+        child.setRect({1, 2, 20, 10});
+        child.setAlign(c.align);
+        diagram.layout();
+        EXPECT_EQ(child.getRect(), c.expected);
+    }
+}
+
+TEST(UXLayout, AutoResizeFitsVisibleChildren)
+{
+    UXObject object;
+    object.setRect({3, 4, 50, 50});
+    object.setPadding({1, 1, 5, 6});
+    object.setAutoResize(true);
+    object.layout();
+    EXPECT_EQ(object.getRect(), UXRect(3, 4, 50, 50));
+
+    auto* shown = new UXObject;
+    auto* hidden = new UXObject;
+    object.addChild(shown);
+    object.addChild(hidden);
+    shown->setRect({10, 10, 20, 30});
+    hidden->setRect({0, 0, 900, 900});
+    hidden->setVisible(false);
+    object.layout();
+    EXPECT_EQ(object.getRect(), UXRect(3, 4, 35, 46));
+    EXPECT_FALSE(object.getRequireToVerifyLayout());
+    shown->setRect({INT_MAX, 0, INT_MAX, 1});
+    object.layout();
+    EXPECT_EQ(object.getRect().width, INT_MAX);
+}

@@ -1,0 +1,302 @@
+#include "ux/ux_object.h"
+
+#include "ux/ux_assert.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_object_watcher.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+/** Counts failed checks instead of printing them. */
+class AssertCounter {
+public:
+    AssertCounter()
+    {
+        uxSetAssertHandler([this](std::source_location) { ++count; });
+    }
+    ~AssertCounter() { uxSetAssertHandler({}); }
+
+    int count = 0;
+};
+
+/** Writes its name into a log when it is destroyed. */
+class Mortal : public UXObject {
+public:
+    Mortal(const std::string& name, std::string& log) : m_log(log) { setName(name); }
+    ~Mortal() override { m_log += getName(); }
+
+private:
+    std::string& m_log;
+};
+
+UXObject* addNamed(UXObject& parent, const std::string& name)
+{
+    auto* child = new UXObject;
+    child->setName(name);
+    parent.addChild(child);
+    return child;
+}
+
+std::string namesOf(const UXObject& parent)
+{
+    std::string names;
+    for (const UXObject* child : parent.getChildren())
+        names += child->getName();
+    return names;
+}
+
+} // namespace
+
+TEST(UXObjectChildren, OrderOperations)
+{
+    struct Case {
+        const char* name;
+        void (*change)(UXObject& parent, std::vector<UXObject*>& children);
+        const char* expected;
+    };
+    using Children = std::vector<UXObject*>;
+    const Case cases[] = {
+        {"to front", [](UXObject& p, Children& c) { p.bringChildToFront(c[1]); }, "acdb"},
+        {"to back", [](UXObject& p, Children& c) { p.bringChildToBack(c[2]); }, "cabd"},
+        {"upper", [](UXObject& p, Children& c) { p.bringChildUpper(c[1]); }, "acbd"},
+        {"upper at the front stays", [](UXObject& p, Children& c) { p.bringChildUpper(c[3]); }, "abcd"},
+        {"lower", [](UXObject& p, Children& c) { p.bringChildLower(c[2]); }, "acbd"},
+        {"lower at the back stays", [](UXObject& p, Children& c) { p.bringChildLower(c[0]); }, "abcd"},
+        {"over one in front", [](UXObject& p, Children& c) { p.bringChildOverChild(c[0], c[2]); }, "bcad"},
+        {"over one behind", [](UXObject& p, Children& c) { p.bringChildOverChild(c[3], c[0]); }, "adbc"},
+        {"over its neighbour stays", [](UXObject& p, Children& c) { p.bringChildOverChild(c[1], c[0]); },
+         "abcd"},
+        {"under one in front", [](UXObject& p, Children& c) { p.bringChildUnderChild(c[0], c[3]); }, "bcad"},
+        {"under one behind", [](UXObject& p, Children& c) { p.bringChildUnderChild(c[3], c[1]); }, "adbc"},
+        {"over itself stays", [](UXObject& p, Children& c) { p.bringChildOverChild(c[1], c[1]); }, "abcd"},
+        {"asked of the child", [](UXObject&, Children& c) { c[0]->bringToFront(); }, "bcda"},
+        {"child to back", [](UXObject&, Children& c) { c[3]->bringToBack(); }, "dabc"},
+        {"child upper and lower", [](UXObject&, Children& c) { c[0]->bringUpper(), c[3]->bringLower(); },
+         "badc"},
+        {"added again", [](UXObject& p, Children& c) { p.addChild(c[0]); }, "bcda"},
+        {"added again at a place", [](UXObject& p, Children& c) { p.addChild(c[0], 2); }, "bcad"},
+        {"a place past the end", [](UXObject& p, Children& c) { p.addChild(c[0], 99); }, "bcda"},
+        {"a place before the start", [](UXObject& p, Children& c) { p.addChild(c[3], -5); }, "dabc"},
+        {"a stranger",
+         [](UXObject& p, Children&) {
+             UXObject other;
+             p.bringChildToFront(&other);
+         },
+         "abcd"},
+        {"no child", [](UXObject& p, Children&) { p.bringChildLower(nullptr); }, "abcd"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        UXObject parent;
+        Children children;
+        for (const char* name : {"a", "b", "c", "d"})
+            children.push_back(addNamed(parent, name));
+        c.change(parent, children);
+        EXPECT_EQ(namesOf(parent), c.expected);
+    }
+}
+
+TEST(UXObjectChildren, AddingElsewhereMoves)
+{
+    UXObject first, second;
+    UXObject* a = addNamed(first, "a");
+    UXObject* b = addNamed(first, "b");
+    second.addChild(a);
+    b->setParent(&second);
+    EXPECT_EQ(namesOf(first), "");
+    EXPECT_EQ(namesOf(second), "ab");
+    second.removeChildAndAddToParent(a, &first);
+    EXPECT_EQ(a->getParent(), &first);
+    EXPECT_TRUE(a->hasParent(&first));
+    EXPECT_FALSE(a->hasParent(&second));
+
+    b->setParent(nullptr);
+    const std::unique_ptr<UXObject> free(b);
+    EXPECT_EQ(b->getParent(), nullptr);
+    EXPECT_EQ(second.getChildrenCount(), 0u);
+    EXPECT_EQ(second.getChild(0), nullptr);
+    second.removeChild(std::uint64_t{7});
+}
+
+TEST(UXObjectChildren, RefusesWhatWouldBeACircle)
+{
+    AssertCounter asserts;
+    UXObject root;
+    UXObject* child = addNamed(root, "child");
+    UXObject* grandchild = addNamed(*child, "grandchild");
+    grandchild->addChild(&root);
+    grandchild->addChild(grandchild);
+    grandchild->addChild(child);
+    root.addChild(nullptr);
+    EXPECT_EQ(asserts.count, 4);
+    EXPECT_EQ(grandchild->getChildrenCount(), 0u);
+    EXPECT_TRUE(grandchild->hasParent(&root));
+}
+
+TEST(UXObjectChildren, Lifetimes)
+{
+    std::string log;
+    {
+        UXObject root;
+        auto* a = new Mortal("a", log);
+        root.addChild(a);
+        a->addChild(new Mortal("b", log));
+        root.addChild(new Mortal("c", log));
+        auto* kept = new Mortal("d", log);
+        root.addChild(kept);
+
+        delete root.getChild(1);
+        EXPECT_EQ(log, "c");
+        EXPECT_EQ(root.getChildrenCount(), 2u);
+
+        root.removeChild(kept);
+        root.clearChildren();
+        EXPECT_EQ(log, "cab");
+        EXPECT_EQ(root.getChildrenCount(), 0u);
+        root.addChild(kept);
+        root.removeChildren();
+        EXPECT_EQ(log, "cab");
+        root.addChild(kept);
+    }
+    EXPECT_EQ(log, "cabd");
+
+    UXObject onDiagram;
+    {
+        UXDiagram diagram;
+        diagram.addChild(&onDiagram);
+    }
+    EXPECT_EQ(onDiagram.getParent(), nullptr);
+}
+
+TEST(UXObjectWatcher, TurnsNullWithItsObject)
+{
+    auto object = std::make_unique<UXObject>();
+    UXObjectWatcher first(object.get()), second(object.get());
+    const UXObjectWatcher copy(first);
+    auto inScope = std::make_unique<UXObjectWatcher>(object.get());
+    second = UXObjectWatcher(nullptr);
+    inScope.reset();
+    EXPECT_FALSE(second.isAlive());
+    EXPECT_EQ(copy.getObject(), object.get());
+    second = first;
+    object.reset();
+    EXPECT_FALSE(first.isAlive());
+    EXPECT_EQ(copy.getObject(), nullptr);
+    EXPECT_EQ(second.getObject(), nullptr);
+}
+
+TEST(UXObjectGeometry, RectanglesAndPadding)
+{
+    UXObject object;
+    object.setRect({10, 20, 100, 50});
+    object.setPadding({1, 2, 3, 4});
+    EXPECT_EQ(object.getBoundingRect(), UXRect(0, 0, 100, 50));
+    EXPECT_EQ(object.getContentRect(), UXRect(1, 2, 96, 44));
+    EXPECT_EQ(object.getRectExcludePadding(), UXRect(11, 22, 96, 44));
+    EXPECT_TRUE(object.ptInRect({0, 0}));
+    EXPECT_FALSE(object.ptInRect({100, 0}));
+    EXPECT_TRUE(object.inRect({99, 49, 5, 5}));
+    EXPECT_FALSE(object.inRect({100, 0, 5, 5}));
+
+    object.setPadding({80, 0, 80, 60});
+    EXPECT_EQ(object.getContentRect(), UXRect(80, 0, 0, 0));
+    object.setPadding({INT_MAX, INT_MIN, INT_MAX, INT_MIN});
+    EXPECT_EQ(object.getContentRect(), UXRect(INT_MAX, INT_MIN, 0, INT_MAX));
+}
+
+TEST(UXObjectGeometry, BoundsOfVisibleDescendants)
+{
+    UXObject root;
+    root.setRect({500, 500, 10, 10});
+    UXObject* child = addNamed(root, "child");
+    child->setRect({-5, 2, 10, 10});
+    UXObject* grandchild = addNamed(*child, "grandchild");
+    grandchild->setRect({0, 20, 1, 1});
+    EXPECT_EQ(root.getBoundingRectIncludeChildren(), UXRect(-5, 0, 15, 23));
+    grandchild->setVisible(false);
+    EXPECT_EQ(root.getBoundingRectIncludeChildren(), UXRect(-5, 0, 15, 12));
+}
+
+TEST(UXObjectState, OnlyWhatIsAbleTakesAState)
+{
+    UXObject object;
+    object.setSelected(true);
+    object.setHighlighted(true);
+    EXPECT_FALSE(object.getSelected());
+    EXPECT_FALSE(object.getHighlighted());
+    object.setSelectable(true);
+    object.setHighlightable(true);
+    object.setSelected(true);
+    object.setHighlighted(true);
+    object.setSelectable(false);
+    object.setHighlightable(false);
+    EXPECT_TRUE(object.getSelected());
+    object.setSelected(false);
+    object.setHighlighted(false);
+    EXPECT_FALSE(object.getSelected());
+    EXPECT_FALSE(object.getHighlighted());
+}
+
+namespace {
+
+/** Refers to another object by name or by its place. */
+class Referring : public UXObject {
+public:
+    UXObject* part = nullptr;
+
+    void customSerialize() override { serializeObjectWeakRef("m_part", part); }
+    bool customDeserialize() override
+    {
+        return deserializeObjectWeakRef("m_part", [this](UXJsonObject* found) {
+            part = dynamic_cast<UXObject*>(found);
+            return true;
+        });
+    }
+};
+
+} // namespace
+
+TEST(UXObjectJson, RefersToObjectsInsideByTheirPlace)
+{
+    Referring root;
+    addNamed(root, "a");
+    UXObject* b = addNamed(root, "b");
+    UXObject* inner = addNamed(*b, "inner");
+    root.part = inner;
+    const std::string text = root.serialize();
+    EXPECT_NE(text.find("\"1/0\""), std::string::npos) << text;
+    root.part = nullptr;
+    EXPECT_TRUE(root.deserialize(text));
+    EXPECT_EQ(root.part, inner);
+    EXPECT_TRUE(root.deserialize("{\"m_part\": \"1\"}"));
+    EXPECT_EQ(root.part, b);
+
+    for (const char* wrong : {"", "/", "1/", "/1", "2", "1/0/0", "-1", "1x", "0x1", "99999999999999999999"}) {
+        SCOPED_TRACE(wrong);
+        EXPECT_FALSE(root.deserialize("{\"m_part\": \"" + std::string(wrong) + "\"}"));
+        EXPECT_EQ(root.part, b);
+    }
+
+    UXObject stranger;
+    root.part = &stranger;
+    const std::string lost = root.serialize();
+    root.part = b;
+    root.deserialize(lost);
+    EXPECT_NE(root.part, &stranger) << "what is not inside cannot be found again";
+}
+
+TEST(UXObjectJson, WritesNeitherChildrenNorRectangle)
+{
+    UXObject root, other;
+    addNamed(root, "a");
+    root.setName("root");
+    root.setRect({1, 2, 3, 4});
+    EXPECT_EQ(root.serialize(), other.serialize());
+    EXPECT_TRUE(root.deserialize(other.serialize()));
+    EXPECT_EQ(namesOf(root), "a");
+}
