@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -19,6 +20,7 @@ inline double read(clockid_t clock)
 }
 
 inline double now() { return read(CLOCK_MONOTONIC); }
+/** @return what all threads of the process have taken so far */
 inline double cpu() { return read(CLOCK_PROCESS_CPUTIME_ID); }
 
 /** @return the largest resident memory so far, in MiB */
@@ -35,13 +37,24 @@ inline double peakMemory()
     return peak;
 }
 
+/** @param values at least one */
+inline double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    const std::size_t half = values.size() / 2;
+    return values.size() % 2 ? values[half] : (values[half - 1] + values[half]) / 2;
+}
+
 /** What one step took: medians over its repeats. */
 struct Cost {
     double wall = 0, cpu = 0;
     int repeats = 0;
 };
 
-/** Repeats step, at least 5 times and then up to 30 times within 200 ms; a slow one stops after limit ms. */
+/**
+ * Repeats step, which gets the number of the repeat: at least 5 times and then up to 30 times within 200 ms;
+ * a slow one stops after limit ms.
+ */
 inline Cost measure(const std::function<void(int)>& step, double limit)
 {
     std::vector<double> walls, cpus;
@@ -55,11 +68,6 @@ inline Cost measure(const std::function<void(int)>& step, double limit)
         if ((after - begin > 200 && walls.size() >= 5) || after - begin > limit)
             break;
     }
-    const auto median = [](std::vector<double>& values) {
-        std::sort(values.begin(), values.end());
-        const std::size_t half = values.size() / 2;
-        return values.size() % 2 ? values[half] : (values[half - 1] + values[half]) / 2;
-    };
     return {median(walls), median(cpus), static_cast<int>(walls.size())};
 }
 

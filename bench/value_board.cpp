@@ -1,6 +1,8 @@
 #include "value_board.h"
 
 #include "kx_chart_label.h"
+#include "ux/ux_paint_config.h"
+#include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 
 namespace {
@@ -14,8 +16,8 @@ struct Line {
     UXColor color;
 };
 
-constexpr UXColor dark(51, 51, 51);
-constexpr Line lines[] = {
+const UXColor dark(51, 51, 51);
+const Line lines[] = {
     {"Revenue", 0.28, 24, false, dark},
     {"1,284,930", 0.46, 72, true, dark},
     {"+4.2 % vs last month", 0.62, 20, false, UXColor(59, 162, 114)},
@@ -27,10 +29,8 @@ constexpr Line lines[] = {
 ValueBoard::ValueBoard()
 {
     for (std::size_t i = 0; i < count; ++i) {
-        m_texts[i].text = lines[i].text;
         m_charts[i] = std::make_unique<KXValueChart>();
         KXValueChart& chart = *m_charts[i];
-        chart.setAlign(UXAlign::None);
         chart.setFontName("DejaVu Sans");
         chart.setFontSize(lines[i].size);
         chart.setFontColor(lines[i].color);
@@ -39,6 +39,7 @@ ValueBoard::ValueBoard()
         property.font.bold = lines[i].bold;
         chart.getValueLabel()->setTextProperty(property);
         chart.setDataProvider(&m_texts[i]);
+        chart.setAlign(UXAlign::None); // the board places the charts itself
         m_diagram.addChild(&chart);
     }
     reload();
@@ -46,10 +47,12 @@ ValueBoard::ValueBoard()
 
 void ValueBoard::reload()
 {
-    for (const std::unique_ptr<KXValueChart>& chart : m_charts) {
-        chart->prepareData();
-        chart->reloadData();
+    for (std::size_t i = 0; i < count; ++i) {
+        m_texts[i] = TextValue(lines[i].text);
+        m_charts[i]->prepareData();
+        m_charts[i]->reloadData();
     }
+    m_diagram.layout();
 }
 
 void ValueBoard::layout(int width, int height)
@@ -64,4 +67,14 @@ void ValueBoard::layout(int width, int height)
     m_diagram.layout();
 }
 
-void ValueBoard::paint(UXPaintConfig& config) { m_diagram.paint(&config, m_diagram.getBoundingRect()); }
+void ValueBoard::paint(UXPaintConfig& config)
+{
+    const UXRect area = m_diagram.getBoundingRect();
+    if (UXPainter* painter = uxCreatePainter(&config)) {
+        painter->setColor(UXColor(255, 255, 255));
+        painter->addRectanglePath(UXDoubleRect(area));
+        painter->fill();
+        uxDestroyPainter(painter);
+    }
+    m_diagram.paint(&config, area);
+}

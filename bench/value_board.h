@@ -1,12 +1,11 @@
 #pragma once
 
 #include "kx_value_chart.h"
-#include "kx_value_chart_data_provider.h"
+#include "text_value.h"
 #include "ux/ux_diagram.h"
 
 #include <array>
 #include <memory>
-#include <string>
 
 class UXPaintConfig;
 
@@ -21,24 +20,9 @@ public:
     void reload();
 
 private:
-    /** One text as a host would provide it. */
-    class Text : public KXValueChartDataProvider {
-    public:
-        std::string text;
-
-        void beginPrepareData(KXChartDataUser*) override {}
-        void endPrepareData(KXChartDataUser*) override {}
-        bool obtainDataIsEmpty(KXChartDataUser*) override { return false; }
-        std::uint64_t obtainValueCount(KXChartDataUser*) override { return 1; }
-        KXChartDataType obtainValueDataType(KXChartDataUser*, const KXIndexPath&) override
-        {
-            return KXChartDataType::String;
-        }
-        std::string obtainValueDataString(KXChartDataUser*, const KXIndexPath&) override { return text; }
-    };
-
     static constexpr std::size_t count = 4;
-    std::array<Text, count> m_texts;
-    UXDiagram m_diagram; // where the charts stand
+
+    std::array<TextValue, count> m_texts;
+    UXDiagram m_diagram; // does not own the charts, which leave it as they are destroyed
     std::array<std::unique_ptr<KXValueChart>, count> m_charts;
 };

@@ -1,0 +1,51 @@
+#include "frame_clock.h"
+#include "sample_value_chart.h"
+#include "ux/cairo/ux_cairo_image_paint_config.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_recording_paint_config.h"
+
+#include <benchmark/benchmark.h>
+
+// What painting a chart costs beside the drawing itself: the frame against the replay of what it drew, into
+// the same image with the same caches. They take turns, so that a busy machine slows both.
+
+namespace {
+
+constexpr int framesPerTurn = 10;
+
+double measureTurn(const auto& frame)
+{
+    const double before = frame_clock::cpu();
+    for (int i = 0; i < framesPerTurn; ++i)
+        frame();
+    return (frame_clock::cpu() - before) * 1e3 / framesPerTurn;
+}
+
+void paintValueChart(benchmark::State& state)
+{
+    SampleValueChart sample;
+    UXDiagram& diagram = sample.getDiagram();
+    const UXRect area = diagram.getBoundingRect();
+    UXCairoImagePaintConfig image{UXDoubleSize(area.width, area.height)};
+    UXRecordingPaintConfig recorder;
+    diagram.paint(&recorder, area);
+
+    const auto paint = [&] { diagram.paint(&image, area); };
+    const auto replay = [&] {
+        UXPainter* painter = uxCreatePainter(&image);
+        recorder.getRecording().replay(*painter);
+        uxDestroyPainter(painter);
+    };
+    std::vector<double> frames, replays;
+    for (auto _ : state) {
+        frames.push_back(measureTurn(paint));
+        replays.push_back(measureTurn(replay));
+    }
+    const double frame = frame_clock::median(frames), alone = frame_clock::median(replays);
+    state.counters["frame_us"] = frame;
+    state.counters["replay_us"] = alone;
+    state.counters["frame/replay"] = frame / alone;
+}
+BENCHMARK(paintValueChart)->Iterations(1000);
+
+} // namespace
