@@ -26,6 +26,11 @@ function(kx_add_library target folder include_folder)
     file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
     add_library(${target} SHARED ${sources} ${headers})
     kx_set_warnings(${target})
+    # Virtual tables point at functions of their own library: found while linking, and not once more by name whenever
+    # a program starts.
+    if(UNIX AND NOT APPLE)
+        target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
+    endif()
     set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
                                                LINKER_LANGUAGE CXX)
     target_include_directories(${target} PUBLIC
