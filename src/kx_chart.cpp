@@ -498,8 +498,10 @@ void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
 
 void KXChart::_paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect)
 {
+    if (!child->getVisible())
+        return;
     const UXRect rect = translateRectToChild(dirtyRect, child);
-    if (child->getVisible() && child->inRect(rect))
+    if (child->inRect(rect))
         child->paint(config, rect);
 }
 

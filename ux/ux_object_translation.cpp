@@ -150,6 +150,9 @@ UXTransform UXObject::_obtainTransformToNextParent() const
 /** Null stands for the root. Objects of two trees meet in their roots, which are taken for the same. */
 UXTransform UXObject::_obtainTransform(const UXObject* from, const UXObject* to) const
 {
+    // Painting asks for every child.
+    if (to && from && to->m_parent == from)
+        return to->_obtainTransformToNextParent().inverted();
     const UXObject* source = from ? from : _obtainRoot();
     const UXObject* target = to ? to : _obtainRoot();
     if (source == target)
