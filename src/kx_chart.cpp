@@ -490,11 +490,14 @@ void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
     // The toolbox lies over everything, wherever it stands among the children.
     const std::vector<UXObject*> children = getChildren();
     for (UXObject* child : children)
-        if (child != m_toolbox)
+        if (child != m_toolbox && _shouldPaintChild(child))
             _paintChild(child, config, dirtyRect);
-    _paintChild(m_toolbox, config, dirtyRect);
+    if (_shouldPaintChild(m_toolbox))
+        _paintChild(m_toolbox, config, dirtyRect);
     uxDestroyPainter(painter);
 }
+
+bool KXChart::_shouldPaintChild(const UXObject*) const { return true; }
 
 void KXChart::_paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect)
 {

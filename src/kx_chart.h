@@ -87,6 +87,12 @@ protected:
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
 
+    /** @return whether the base paints child. A chart that draws over its children says no to those that it
+     * paints itself, on top. */
+    virtual bool _shouldPaintChild(const UXObject* child) const;
+    /** Paints child if it is visible and meets dirtyRect, which is in the chart's own space. */
+    void _paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect);
+
 private:
     struct Division;
 
@@ -106,7 +112,6 @@ private:
     bool _shouldShowLegend(const Division& division);
     void _placeTitle(Division& division) const;
     void _placeLegend(Division& division) const;
-    void _paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect);
     void _showToolboxIfWanted(KXChartDataUser& user);
 
     std::unique_ptr<KXChartProperty> m_chartProperty;
