@@ -6,6 +6,7 @@
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_chart_toolbox.h"
+#include "kx_gauge_chart.h"
 #include "kx_legend.h"
 #include "kx_value_chart.h"
 #include "ux/ux_label.h"
@@ -59,7 +60,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXControlChartComboBoxScrollView),
     KX_TYPE_WITHOUT_CLASS(KXControlChartRow),
     KX_TYPE_WITHOUT_CLASS(KXDensityChart),
-    KX_TYPE_WITHOUT_CLASS(KXGaugeChart),
+    KX_TYPE(KXGaugeChart),
     KX_TYPE_WITHOUT_CLASS(KXHeatMapChart),
     KX_TYPE_WITHOUT_CLASS(KXHeatMapLabel),
     KX_TYPE_WITHOUT_CLASS(KXHeatMapLegend),

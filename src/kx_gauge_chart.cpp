@@ -1,0 +1,620 @@
+#include "kx_gauge_chart.h"
+
+#include "kx_chart_data_format.h"
+#include "kx_chart_label.h"
+#include "kx_chart_toolbox.h"
+#include "kx_gauge_chart_data_provider.h"
+#include "kx_gauge_layout.h"
+#include "kx_key_definitions.h"
+#include "ux/ux_event.h"
+#include "ux/ux_layout_helper.h"
+#include "ux/ux_localize.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_paint_config.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+#include "ux/ux_string.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace {
+
+constexpr int greatestPartitionCount = 8;
+constexpr double dialDegrees = 180;
+constexpr UXColor unnamedPartitionColor(24, 200, 140);
+
+// The measures of the host, by index
+enum Measure : std::uint64_t { value, target, minimum, maximum };
+
+bool isKnown(double number)
+{
+    using Limits = std::numeric_limits<double>;
+    return number > Limits::lowest() && number < (Limits::max)();
+}
+
+/** @return where number stands between low and high, 0 to 1; halves keep the greatest ranges finite */
+double obtainRatio(double number, double low, double high)
+{
+    if (number < low)
+        return 0;
+    return number > high ? 1 : (number / 2 - low / 2) / (high / 2 - low / 2);
+}
+
+UXColor mixColors(const UXColor& from, const UXColor& to, double share)
+{
+    const auto mix = [share](int a, int b) {
+        return uxSaturateToInt(std::floor((static_cast<double>(b) - a) * share) + a);
+    };
+    return {mix(from.red, to.red), mix(from.green, to.green), mix(from.blue, to.blue)};
+}
+
+UXRect toWholeRect(const UXDoubleRect& rect)
+{
+    return {uxSaturateToInt(std::round(rect.x)), uxSaturateToInt(std::round(rect.y)),
+            uxSaturateToInt(rect.width), uxSaturateToInt(rect.height)};
+}
+
+UXTextProperty makeTextProperty(const std::string& fontName, int fontSize, const UXColor& color)
+{
+    UXTextProperty property;
+    property.font.familyName = fontName;
+    property.font.size = fontSize;
+    property.align = UXTextAlign::Center;
+    property.textColor = color;
+    return property;
+}
+
+} // namespace
+
+std::string kxObtainGaugeTargetCaption() { return uxLocalizeString("Target") + ": "; }
+
+KXGaugeChart::KXGaugeChart()
+    : KXGaugeChartDataUser(this), UXPropertyAccessor(this), UXHintDelegate(this), KXChartDataAction(this),
+      m_mainLabel(new KXChartLabel), m_maxLabel(new KXChartLabel), m_minLabel(new KXChartLabel),
+      m_targetLabel(new KXChartLabel), m_dataFormat(std::make_unique<KXChartDataFormat>())
+{
+    for (KXChartLabel* label : {m_mainLabel, m_maxLabel, m_minLabel, m_targetLabel})
+        addChild(label);
+    m_dataFormat->setUpdatedEvent([this] { _layoutAnew(); });
+}
+
+KXGaugeChart::~KXGaugeChart() { m_dataFormat->setUpdatedEvent({}); }
+
+#define KX_GAUGE_CHART_DEFINE(Type, Name, member, initial)  \
+    Type KXGaugeChart::get##Name() const { return member; } \
+    void KXGaugeChart::set##Name(const Type& changed) { _setMember(member, changed); }
+KX_GAUGE_CHART_KEYS(KX_GAUGE_CHART_DEFINE)
+#undef KX_GAUGE_CHART_DEFINE
+
+KXChartDataFormat* KXGaugeChart::getDataFormat() const { return m_dataFormat.get(); }
+KXChartLabel* KXGaugeChart::getMainLabel() const { return m_mainLabel; }
+KXChartLabel* KXGaugeChart::getMaxLabel() const { return m_maxLabel; }
+KXChartLabel* KXGaugeChart::getMinLabel() const { return m_minLabel; }
+KXChartLabel* KXGaugeChart::getTargetLabel() const { return m_targetLabel; }
+const std::vector<KXChartLabel*>& KXGaugeChart::getPartitionLabelsPool() const
+{
+    return m_partitionLabelsPool;
+}
+
+void KXGaugeChart::_layoutAnew() { setRequireToVerifyLayout(true, true); }
+
+template <class T>
+void KXGaugeChart::_setMember(T& member, const T& changed)
+{
+    if (member == changed)
+        return;
+    member = changed;
+    if constexpr (std::is_same_v<T, UXColor>)
+        _colorLabels();
+    else if constexpr (!std::is_same_v<T, UXHintInfo>)
+        _layoutAnew();
+}
+
+/** A colour moves nothing. */
+void KXGaugeChart::_colorLabels()
+{
+    const auto color = [](KXChartLabel* label, const UXColor& textColor) {
+        UXTextProperty property = label->getTextProperty();
+        property.textColor = textColor;
+        label->setTextProperty(property);
+    };
+    color(m_mainLabel, m_fontColor);
+    color(m_maxLabel, m_maxMinFontColor);
+    color(m_minLabel, m_maxMinFontColor);
+    color(m_targetLabel, m_targetFontColor);
+    for (KXChartLabel* label : m_partitionLabelsPool)
+        color(label, m_partitionLabelFontColor);
+    invalidate();
+}
+
+void KXGaugeChart::setCustomPartitionColor(const std::vector<double>& boundaries,
+                                           const std::vector<UXColor>& colors)
+{
+    m_customParititonSegment = boundaries;
+    m_customPartitionColor = colors;
+    m_initPartition = true;
+    _layoutAnew();
+}
+
+double KXGaugeChart::obtainTargetValueData() const
+{
+    return m_customTargetValue ? m_targetValueCache : getTargetData();
+}
+
+double KXGaugeChart::obtainMaxValueData() const { return m_customMaxValue ? m_maxValueCache : getMaxData(); }
+double KXGaugeChart::obtainMinValueData() const { return m_customMinValue ? m_minValueCache : getMinData(); }
+
+void KXGaugeChart::initParam()
+{
+    const double number = getValueData(), wanted = obtainTargetValueData();
+    const double low = obtainMinValueData(), high = obtainMaxValueData();
+    m_valueRatio = m_targetRatio = noValue;
+    if (!isKnown(low) || !isKnown(high) || !isKnown(number) || high <= low)
+        return;
+    m_valueRatio = obtainRatio(number, low, high);
+    if (isKnown(wanted))
+        m_targetRatio = obtainRatio(wanted, low, high);
+}
+
+double KXGaugeChart::getValueRatio() const { return m_valueRatio; }
+double KXGaugeChart::getTargetRatio() const { return m_targetRatio; }
+UXRect KXGaugeChart::getPipeRect() const { return m_pipeRect; }
+
+int KXGaugeChart::obtainPipePartition() const
+{
+    return static_cast<int>(std::clamp<std::int64_t>(m_pipePartition, 1, greatestPartitionCount));
+}
+
+double KXGaugeChart::obtainPartitionAngle(int i) const
+{
+    switch (m_partitionStyle) {
+    case KXGaugeChartPartitionStyle::EvenlyDistributed:
+        return dialDegrees / obtainPipePartition() * (i + 1.0);
+    case KXGaugeChartPartitionStyle::Custom:
+        return obtainPartitionLabelPercentage(i + 1) / 100 * dialDegrees;
+    }
+    return 0;
+}
+
+double KXGaugeChart::obtainPartitionLabelPercentage(int i) const
+{
+    const int count = obtainPipePartition();
+    if (m_partitionStyle == KXGaugeChartPartitionStyle::EvenlyDistributed)
+        return i * 100.0 / count;
+    const bool isGiven = i >= 0 && i < count && std::cmp_less(i, m_customParititonSegment.size());
+    return isGiven ? std::min(100.0, m_customParititonSegment[static_cast<std::size_t>(i)]) : 100;
+}
+
+std::string KXGaugeChart::obtainPartitionLabelString(int i) const
+{
+    const double low = obtainMinValueData(), high = obtainMaxValueData();
+    const double range = high > low ? high - low : 0;
+    const double percentage = obtainPartitionLabelPercentage(i);
+    const double number = range > 0 ? percentage * range / 100 + low : noValue;
+    return obtainLabelDisplayString(number, percentage / 100, m_partitionLabelDisplay);
+}
+
+std::string KXGaugeChart::obtainLabelDisplayString(double number, double ratio,
+                                                   KXGaugeChartLabelDisplay display) const
+{
+    const std::string actual = isKnown(number) ? m_dataFormat->formatNumber(number) : "--";
+    const std::string comparison = (isKnown(ratio) ? uxDoubleToString(ratio * 100, 2) : "--") + "%";
+    switch (display) {
+    case KXGaugeChartLabelDisplay::None:
+        break;
+    case KXGaugeChartLabelDisplay::Actual:
+        return actual;
+    case KXGaugeChartLabelDisplay::Comparison:
+        return comparison;
+    case KXGaugeChartLabelDisplay::Both:
+        return actual + " (" + comparison + ")";
+    }
+    return "";
+}
+
+UXColor KXGaugeChart::_obtainPipePartitionColor(int i) const
+{
+    if (m_partitionStyle != KXGaugeChartPartitionStyle::Custom)
+        return _obtainPipePartitionColor_EventDistributed(obtainPipePartition(), i);
+    const bool isGiven = i >= 0 && std::cmp_less(i, m_customPartitionColor.size());
+    return isGiven ? m_customPartitionColor[static_cast<std::size_t>(i)] : unnamedPartitionColor;
+}
+
+UXColor KXGaugeChart::_obtainPipePartitionColor_EventDistributed(int n, int i) const
+{
+    const int half = n / 2;
+    if (i == 0)
+        return m_pipeValueMinColor;
+    if (i == n - 1)
+        return m_pipeValueMaxColor;
+    if (n % 2 == 1 && i == half)
+        return m_pipeValueMiddleColor;
+    const double share = static_cast<double>(i) / half;
+    return half >= i ? mixColors(m_pipeValueMinColor, m_pipeValueMiddleColor, share)
+                     : mixColors(m_pipeValueMiddleColor, m_pipeValueMaxColor, share - 1);
+}
+
+KXChartDataPath* KXGaugeChart::createDataPath() { return m_mainLabel->createDataPath(); }
+
+void KXGaugeChart::afterReloadData()
+{
+    KXChart::afterReloadData();
+    _registerActions(m_mainLabel, "MainLabel", value);
+    _registerActions(m_targetLabel, "TargetLabel", target);
+    _registerActions(m_minLabel, "MinLabel", minimum);
+    _registerActions(m_maxLabel, "MaxLabel", maximum);
+    registerRightClickMenu(this, KXTriggerCondition());
+}
+
+void KXGaugeChart::_registerActions(KXChartLabel* label, const std::string& identifier, std::uint64_t measure)
+{
+    label->setIdentifier(identifier);
+    KXChartDataPath* path = label->createDataPath();
+    path->valueIndexPath = {measure, 0};
+    label->registerLeftClickAction(this, path, KXTriggerCondition());
+}
+
+void KXGaugeChart::_customLayout(UXRect plotArea)
+{
+    initParam();
+    KXGaugeLayout layout;
+    layout.pipeShare = m_pipeWithPercentage;
+    layout.showsPointer = m_showPointer;
+    layout.showsTick = isKnown(m_targetRatio);
+    _customLayout_setText(layout);
+    _customLayout_setPartitionLabel(layout);
+    _customLayout_setTextProperty(layout);
+    _customLayout_setRect(layout, plotArea);
+}
+
+void KXGaugeChart::_customLayout_setText(KXGaugeLayout& layout)
+{
+    layout.main.text = obtainLabelDisplayString(getValueData(), m_valueRatio, m_mainDisplay);
+    layout.minimum.text = obtainLabelDisplayString(obtainMinValueData(), 0, m_maxMinDisplay);
+    layout.maximum.text = obtainLabelDisplayString(obtainMaxValueData(), 1, m_maxMinDisplay);
+
+    // The target's label marks a place on the dial; without the place there is nothing to label.
+    if (!isKnown(m_targetRatio) || m_targetDisplay == KXGaugeChartLabelDisplay::None)
+        return;
+    layout.target.text = m_targetCaption +
+                         obtainLabelDisplayString(obtainTargetValueData(), m_targetRatio, m_targetDisplay);
+    layout.target.degrees = m_targetRatio * dialDegrees;
+}
+
+void KXGaugeChart::_customLayout_setPartitionLabel(KXGaugeLayout& layout)
+{
+    if (m_partitionLabelDisplay == KXGaugeChartLabelDisplay::None)
+        return;
+
+    // A boundary that is no further than one before it divides nothing, and the ends need not be said twice.
+    const int count = obtainPipePartition();
+    double reached = -1;
+    for (int i = 0; i <= count; ++i) {
+        const double percentage = obtainPartitionLabelPercentage(i);
+        KXGaugeText& boundary = layout.boundaries.emplace_back();
+        if (!(percentage >= 0 && percentage > reached))
+            continue;
+        reached = percentage;
+        boundary.degrees = percentage / 100 * dialDegrees;
+        const std::string text = obtainPartitionLabelString(i);
+        const bool isRepeated = (percentage == 0 && text == layout.minimum.text) ||
+                                (percentage == 100 && text == layout.maximum.text);
+        if (!isRepeated)
+            boundary.text = text;
+    }
+    _growPartitionLabelsPool(layout.boundaries.size());
+}
+
+void KXGaugeChart::_growPartitionLabelsPool(std::size_t count)
+{
+    while (m_partitionLabelsPool.size() < count) {
+        m_partitionLabelsPool.push_back(new KXChartLabel);
+        addChild(m_partitionLabelsPool.back());
+    }
+}
+
+void KXGaugeChart::_customLayout_setTextProperty(KXGaugeLayout& layout) const
+{
+    layout.main.property = makeTextProperty(m_fontName, m_fontSize, m_fontColor);
+    layout.minimum.property = makeTextProperty(m_maxMinFontName, m_maxMinFontSize, m_maxMinFontColor);
+    layout.maximum.property = layout.minimum.property;
+    layout.target.property = makeTextProperty(m_targetFontName, m_targetFontSize, m_targetFontColor);
+    for (KXGaugeText& boundary : layout.boundaries)
+        boundary.property = makeTextProperty(m_partitionLabelFontName, m_partitionLabelFontSize,
+                                             m_partitionLabelFontColor);
+}
+
+void KXGaugeChart::_customLayout_setRect(KXGaugeLayout& layout, const UXRect& plotArea)
+{
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    layout.place(plotArea, *helper, [&](const KXGaugeLayout::Room& room) {
+        m_maxMinProperty = room.endProperty;
+        return _customLayout_setRect_pipeRadius(
+            room.showsEnds ? m_maxMinDisplay : KXGaugeChartLabelDisplay::None, helper.get(), room.rect,
+            room.endHeight, room.mainHeight, room.targetSize);
+    });
+    m_pipeRect = toWholeRect(layout.dial.obtainRect());
+    _takeText(m_mainLabel, layout.main);
+    _takeText(m_minLabel, layout.minimum);
+    _takeText(m_maxLabel, layout.maximum);
+    _takeText(m_targetLabel, layout.target);
+    layout.boundaries.resize(m_partitionLabelsPool.size());
+    for (std::size_t i = 0; i < m_partitionLabelsPool.size(); ++i)
+        _takeText(m_partitionLabelsPool[i], layout.boundaries[i]);
+}
+
+int KXGaugeChart::_customLayout_setRect_pipeRadius(KXGaugeChartLabelDisplay display, UXLayoutHelper* helper,
+                                                   UXRect rect, int h1, int h2, UXSize size)
+{
+    // 1. Minimum and maximum may stick out sideways by as much as the wider of them.
+    double widest = 0;
+    if (display != KXGaugeChartLabelDisplay::None)
+        for (const std::string& text : {obtainLabelDisplayString(obtainMaxValueData(), 1, display),
+                                        obtainLabelDisplayString(obtainMinValueData(), 0, display)})
+            widest = std::max(widest, helper->getTextSize(text, m_maxMinProperty).width);
+
+    // 2. What the width allows.
+    const double width = std::round(rect.width * 0.95);
+    const double pad = std::round(width * 0.06 + 2 * widest);
+    const double widthLimit = std::round((width - pad) / 2);
+
+    // 3. What the height allows, over the texts below the dial.
+    const double height = std::round(rect.height * 0.95);
+    const double mainGap = h2 > 0 ? std::round(height * 0.028) : 0;
+    const double endGap = h1 > 0 ? std::round(height * 0.035) : 0;
+    const double ends = endGap + h1;
+    const double below = m_showPointer ? std::max(h2 + std::round(height * 0.04) + mainGap, ends) : ends;
+    const int radius = uxSaturateToInt(std::min(widthLimit, height - below));
+
+    // 4. The target stands beside the dial.
+    if (m_targetLabel->getVisible())
+        m_targetLabel->setRect(_customLayout_getRect_targetLabel_core(
+            {uxSaturateToInt(rect.x + std::round(rect.width / 2.0)), uxMaxY(rect)}, radius, size));
+    return radius;
+}
+
+UXRect KXGaugeChart::_customLayout_getRect_targetLabel_core(UXPoint center, int radius, UXSize size) const
+{
+    const KXGaugeDial dial{center, std::max(radius, 0) + 0.0, 0};
+    return toWholeRect(dial.placeOutside({size.width + 0.0, size.height + 0.0}, m_targetRatio * dialDegrees,
+                                         dial.obtainTickEnd()));
+}
+
+void KXGaugeChart::_takeText(KXChartLabel* label, const KXGaugeText& text) const
+{
+    label->setVisible(text.shown);
+    if (!text.shown)
+        return;
+    label->setText(text.text);
+    label->setTextProperty(text.property);
+    label->setRect(toWholeRect(text.rect));
+}
+
+KXGaugeDial KXGaugeChart::_obtainDial() const
+{
+    return KXGaugeDial::fromRect(m_pipeRect, m_pipeWithPercentage);
+}
+
+bool KXGaugeChart::_hasValue() const { return isKnown(m_valueRatio); }
+
+bool KXGaugeChart::_shouldPaintChild(const UXObject* child) const
+{
+    return child != m_mainLabel && child != getToolbox();
+}
+
+void KXGaugeChart::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    KXChart::paint(config, dirtyRect);
+    if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
+        const KXGaugeDial dial = _obtainDial();
+        if (dial.radius > 0) {
+            _drawPipe(*painter, dial);
+            _drawTarget(*painter, dial);
+            if (m_showPointer)
+                _drawPointer(*painter, dial);
+        }
+        uxDestroyPainter(painter);
+    }
+    _paintChild(m_mainLabel, config, dirtyRect);
+    _paintChild(getToolbox(), config, dirtyRect);
+}
+
+bool KXGaugeChart::customMouseMove(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    const bool handled = KXChart::customMouseMove(event, stop);
+    if (!self.isAlive())
+        return handled;
+    const UXPoint point = translatePoint(event.getMousePoint(), nullptr, this);
+    if (const std::optional<std::uint64_t> measure = _findMeasure(point))
+        _showHint(*measure, point);
+    else
+        hideHint();
+    return handled;
+}
+
+bool KXGaugeChart::customMouseLeave(const UXEvent& event, bool& stop)
+{
+    hideHint();
+    return KXChart::customMouseLeave(event, stop);
+}
+
+std::optional<std::uint64_t> KXGaugeChart::_findMeasure(UXPoint point) const
+{
+    const std::pair<const KXChartLabel*, std::uint64_t> labels[] = {
+        {m_mainLabel, value}, {m_targetLabel, target}, {m_minLabel, minimum}, {m_maxLabel, maximum}};
+    for (const auto& [label, measure] : labels)
+        if (label->getVisible() && uxPointInRect(point, label->getRect()))
+            return measure;
+
+    // A tick is thin, so that what is near it counts as well.
+    const KXGaugeDial dial = _obtainDial();
+    if (isKnown(m_targetRatio)) {
+        const UXDoubleRect tick = dial.obtainTickBounds(m_targetRatio * dialDegrees);
+        const double reach = dial.obtainTickEnd();
+        if (uxPointInDoubleRect(point, uxInflateDoubleRect(tick, reach, reach)) && !dial.holdsPoint(point))
+            return target;
+    }
+    return dial.holdsPoint(point) ? std::optional<std::uint64_t>(value) : std::nullopt;
+}
+
+void KXGaugeChart::_showHint(std::uint64_t measure, UXPoint point)
+{
+    const UXObjectWatcher self(this);
+    auto* provider = dynamic_cast<KXGaugeChartDataProvider*>(beginUseDataProvider());
+    const KXChartDataProviderHintData data = provider && self.isAlive()
+                                                 ? provider->obtainHintData(this, {measure, 0})
+                                                 : KXChartDataProviderHintData();
+    if (!self.isAlive())
+        return;
+    endUseDataProvider();
+
+    UXHintInfo info = m_hintInfo;
+    info.title = data.title;
+    info.text = data.subtitle.empty() ? data.value : data.subtitle;
+    info.clearRows();
+    if (!data.subtitle.empty())
+        info.addRow("", data.value);
+    info.enabled = info.enabled && !(data.title.empty() && data.subtitle.empty() && data.value.empty());
+    showHint(point, nullptr, &info);
+}
+
+void KXGaugeChart::_drawPipe(UXPainter& painter, const KXGaugeDial& dial) const
+{
+    const double valueDegrees = _hasValue() ? m_valueRatio * dialDegrees : 0;
+    double covered = 0;
+    for (int i = 0; i < obtainPipePartition(); ++i) {
+        // Parts are whole degrees wide, so that their edges do not shimmer; the last one ends with the dial.
+        const double exact = obtainPartitionAngle(i) - covered;
+        const double sweep = std::trunc(covered + exact < dialDegrees ? exact + 0.5 : exact);
+        if (exact < 0 || sweep <= 0)
+            continue;
+        const double end = covered + sweep;
+        painter.setColor(m_showPointer ? _obtainPipePartitionColor(i) : m_pipeBackgroundColor);
+        dial.fillSegment(painter, covered, end);
+        if (!m_showPointer && valueDegrees > covered) {
+            painter.setColor(_obtainPipePartitionColor(i));
+            dial.fillSegment(painter, covered, std::min(end, valueDegrees));
+        }
+        covered = end;
+    }
+}
+
+void KXGaugeChart::_drawTarget(UXPainter& painter, const KXGaugeDial& dial) const
+{
+    if (!isKnown(m_targetRatio) || m_targetRatio < 0)
+        return;
+    painter.setColor(m_pipeTargetColor);
+    dial.strokeTick(painter, m_targetRatio * dialDegrees);
+}
+
+void KXGaugeChart::_drawPointer(UXPainter& painter, const KXGaugeDial& dial) const
+{
+    painter.setColor(m_pointerColor);
+    dial.fillHub(painter);
+    if (_hasValue())
+        dial.strokeNeedle(painter, m_valueRatio * dialDegrees);
+}
+
+void KXGaugeChart::_customResetProperties(KXChartResetType, KXChart* source, const KXKeys& groups)
+{
+    const auto* other = dynamic_cast<const KXGaugeChart*>(source);
+    if (!other)
+        return;
+    if (groups.count("DataFormat") != 0)
+        m_dataFormat->customResetProperties(KXChartResetType::All, other->m_dataFormat.get(), groups);
+    if (groups.count("Gauge") == 0)
+        return;
+#define KX_GAUGE_CHART_TAKE(Type, Name, member, initial) set##Name(other->member);
+    KX_GAUGE_CHART_KEYS(KX_GAUGE_CHART_TAKE)
+#undef KX_GAUGE_CHART_TAKE
+}
+
+const UXPropertyTable& KXGaugeChart::obtainPropertyTable()
+{
+#define KX_GAUGE_CHART_PROPERTY(Type, Name, member, initial)                  \
+    kxMakeKeyProperty<KXGaugeChart, Type>(                                    \
+        #member, [](const KXGaugeChart& chart) { return chart.get##Name(); }, \
+        [](KXGaugeChart& chart, const Type& changed) { chart.set##Name(changed); }),
+#define KX_GAUGE_CHART_OBJECT(member)     \
+    UXProperty::makeObject<KXGaugeChart>( \
+        #member, [](KXGaugeChart& chart) { return static_cast<UXJsonObject*>(&*chart.member); }),
+    static const UXPropertyTable table(
+        &KXChart::obtainPropertyTable(),
+        {KX_GAUGE_CHART_OBJECT(m_mainLabel) KX_GAUGE_CHART_OBJECT(m_maxLabel)
+             KX_GAUGE_CHART_OBJECT(m_minLabel) KX_GAUGE_CHART_OBJECT(m_targetLabel)
+                 UXProperty::make<KXGaugeChart, std::vector<KXChartLabel*>>(
+                     "m_partitionLabelsPool",
+                     [](const KXGaugeChart& chart) { return chart.m_partitionLabelsPool; }, nullptr),
+         KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_GAUGE_CHART_PROPERTY) KX_GAUGE_CHART_OBJECT(m_dataFormat)
+             KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_GAUGE_CHART_PROPERTY)});
+#undef KX_GAUGE_CHART_PROPERTY
+#undef KX_GAUGE_CHART_OBJECT
+    return table;
+}
+
+void KXGaugeChart::customSerialize()
+{
+    KXChart::customSerialize();
+    serializeObjectWeakRef("m_mainLabel", m_mainLabel);
+    serializeObjectWeakRef("m_maxLabel", m_maxLabel);
+    serializeObjectWeakRef("m_minLabel", m_minLabel);
+    serializeObjectWeakRef("m_targetLabel", m_targetLabel);
+    serializeObjectList("m_partitionLabelsPool",
+                        {m_partitionLabelsPool.begin(), m_partitionLabelsPool.end()});
+#define KX_GAUGE_CHART_WRITE(Type, Name, member, initial) KXKeyJson<Type>::write(this, #member, member);
+    KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_GAUGE_CHART_WRITE)
+    serializeObject("m_dataFormat", m_dataFormat.get());
+    KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_GAUGE_CHART_WRITE)
+#undef KX_GAUGE_CHART_WRITE
+}
+
+std::string KXGaugeChart::customSerializeTypeID() { return "KXGaugeChart"; }
+
+bool KXGaugeChart::customDeserialize()
+{
+    bool complete = KXChart::customDeserialize();
+    complete = _readLabel("m_mainLabel", m_mainLabel) && complete;
+    complete = _readLabel("m_maxLabel", m_maxLabel) && complete;
+    complete = _readLabel("m_minLabel", m_minLabel) && complete;
+    complete = _readLabel("m_targetLabel", m_targetLabel) && complete;
+    complete = _readPartitionLabelsPool() && complete;
+#define KX_GAUGE_CHART_READ(Type, Name, member, initial) \
+    complete = KXKeyJson<Type>::read(this, #member, member) && complete;
+    KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_GAUGE_CHART_READ)
+    complete = deserializeExistingObject("m_dataFormat", m_dataFormat.get()) && complete;
+    KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_GAUGE_CHART_READ)
+#undef KX_GAUGE_CHART_READ
+    _colorLabels();
+    _layoutAnew();
+    return complete;
+}
+
+/** The constructor made the labels; a document only confirms them. */
+bool KXGaugeChart::_readLabel(const std::string& key, KXChartLabel* label)
+{
+    return deserializeObjectWeakRef(key, [label](UXJsonObject* found) { return found == label; });
+}
+
+/** Makes as many labels as a document lists, up to what a dial can use. */
+bool KXGaugeChart::_readPartitionLabelsPool()
+{
+    std::uint64_t count = 0;
+    const bool isList = deserializeArrayBegin("m_partitionLabelsPool") && deserializePeekArray(count);
+    deserializeArrayEnd();
+    if (!isList)
+        return false;
+    const auto kept = static_cast<std::size_t>(std::min<std::uint64_t>(count, greatestPartitionCount + 1));
+    while (m_partitionLabelsPool.size() > kept) {
+        delete m_partitionLabelsPool.back();
+        m_partitionLabelsPool.pop_back();
+    }
+    _growPartitionLabelsPool(kept);
+    return deserializeExistingObjectList("m_partitionLabelsPool",
+                                         {m_partitionLabelsPool.begin(), m_partitionLabelsPool.end()}) &&
+           kept == count;
+}

@@ -1,0 +1,199 @@
+#pragma once
+
+#include "kx_chart.h"
+#include "kx_chart_data_action.h"
+#include "kx_gauge_chart_data_user.h"
+#include "kx_gauge_chart_options.h"
+#include "kx_key_table.h"
+#include "ux/ux_hint_delegate.h"
+#include "ux/ux_hint_info.h"
+#include "ux/ux_property_accessor.h"
+#include "ux/ux_text_property.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class KXChartDataFormat;
+class KXGaugeLayout;
+class UXLayoutHelper;
+class UXPainter;
+struct KXGaugeDial;
+struct KXGaugeText;
+
+// type, name, member and JSON key, default; the data format stands between the two lists
+#define KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KEY)                                                           \
+    KEY(bool, ShowPointer, m_showPointer, true)                                                          \
+    KEY(KXGaugeChartLabelDisplay, MainDisplay, m_mainDisplay, KXGaugeChartLabelDisplay::Actual)          \
+    KEY(UXColor, FontColor, m_fontColor, UXColor(64, 64, 64)) /* the main label's, as the next two */    \
+    KEY(std::string, FontName, m_fontName, UXTextProperty().font.familyName)                             \
+    KEY(int, FontSize, m_fontSize, 50)                                                                   \
+    KEY(KXGaugeChartLabelDisplay, TargetDisplay, m_targetDisplay, KXGaugeChartLabelDisplay::Actual)      \
+    KEY(UXColor, TargetFontColor, m_targetFontColor, UXColor(120, 120, 120))                             \
+    KEY(int, TargetFontSize, m_targetFontSize, 21)                                                       \
+    KEY(std::string, TargetFontName, m_targetFontName, UXTextProperty().font.familyName)                 \
+    KEY(std::string, TargetCaption, m_targetCaption, kxObtainGaugeTargetCaption()) /* before the text */ \
+    KEY(KXGaugeChartLabelDisplay, MaxMinDisplay, m_maxMinDisplay, KXGaugeChartLabelDisplay::Actual)      \
+    KEY(UXColor, MaxMinFontColor, m_maxMinFontColor, UXColor(120, 120, 120))                             \
+    KEY(std::string, MaxMinFontName, m_maxMinFontName, UXTextProperty().font.familyName)                 \
+    KEY(int, MaxMinFontSize, m_maxMinFontSize, 18)                                                       \
+    KEY(bool, CustomTargetValue, m_customTargetValue, false) /* the next instead of the host's target */ \
+    KEY(double, TargetValueCache, m_targetValueCache, 50)                                                \
+    KEY(bool, CustomMaxValue, m_customMaxValue, false)                                                   \
+    KEY(double, MaxValueCache, m_maxValueCache, 100)                                                     \
+    KEY(bool, CustomMinValue, m_customMinValue, false)                                                   \
+    KEY(double, MinValueCache, m_minValueCache, 0)
+
+#define KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KEY)                                                               \
+    KEY(std::int64_t, PipePartition, m_pipePartition, 1) /* how many; 1 to 8 count */                       \
+    KEY(UXColor, PipeBackgroundColor, m_pipeBackgroundColor, UXColor(239, 239, 244))                        \
+    KEY(UXColor, PipeTargetColor, m_pipeTargetColor, UXColor(135, 135, 135)) /* the tick's */               \
+    KEY(UXColor, PointerColor, m_pointerColor, UXColor(131, 131, 131))                                      \
+    KEY(KXGaugeChartPartitionStyle, PartitionStyle, m_partitionStyle,                                       \
+        KXGaugeChartPartitionStyle::EvenlyDistributed)                                                      \
+    KEY(UXColor, PipeValueMaxColor, m_pipeValueMaxColor, UXColor(255, 110, 110))                            \
+    KEY(UXColor, PipeValueMiddleColor, m_pipeValueMiddleColor, UXColor(252, 209, 84))                       \
+    KEY(UXColor, PipeValueMinColor, m_pipeValueMinColor, UXColor(24, 200, 140))                             \
+    KEY(bool, InitPartition, m_initPartition, false) /* the custom lists have been set */                   \
+    KEY(std::vector<double>, CustomPartitionSegment, m_customParititonSegment, std::vector<double>(8, 0.0)) \
+    KEY(std::vector<UXColor>, CustomPartitionColor, m_customPartitionColor,                                 \
+        std::vector<UXColor>(8, UXColor(24, 200, 140)))                                                     \
+    KEY(KXGaugeChartLabelDisplay, PartitionLabelDisplay, m_partitionLabelDisplay,                           \
+        KXGaugeChartLabelDisplay::None)                                                                     \
+    KEY(UXColor, PartitionLabelFontColor, m_partitionLabelFontColor, UXColor(120, 120, 120))                \
+    KEY(std::string, PartitionLabelFontName, m_partitionLabelFontName, UXTextProperty().font.familyName)    \
+    KEY(int, PartitionLabelFontSize, m_partitionLabelFontSize, 18)                                          \
+    KEY(double, PipeWithPercentage, m_pipeWithPercentage, 0.28) /* of the radius */                         \
+    KEY(UXHintInfo, HintSettings, m_hintInfo, UXHintInfo())     /* how hints look */
+
+#define KX_GAUGE_CHART_KEYS(KEY)           \
+    KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KEY) \
+    KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KEY)
+
+#define KX_GAUGE_CHART_ACCESSORS(Type, Name, member, initial) \
+    Type get##Name() const;                                   \
+    void set##Name(const Type& value);
+
+/** @return the caption that a new gauge has, in the host's language */
+KX_EXPORT std::string kxObtainGaugeTargetCaption();
+
+/** Shows one value on a half-circle dial, between a minimum and a maximum and beside a target. */
+class KX_EXPORT KXGaugeChart : public KXChart,
+                               public KXGaugeChartDataUser,
+                               public UXPropertyAccessor,
+                               public UXHintDelegate,
+                               public KXChartDataAction {
+public:
+    KXGaugeChart();
+    ~KXGaugeChart() override;
+
+    // Properties; each setter lays out or draws anew what it changes
+    KX_GAUGE_CHART_KEYS(KX_GAUGE_CHART_ACCESSORS)
+    /** @return how every number is written; made and destroyed by the chart, never null */
+    KXChartDataFormat* getDataFormat() const;
+    /** Takes the partitions of the custom style.
+     *  @param boundaries in percent of the range: the start, then where each partition but the last ends
+     *  @param colors one a partition */
+    void setCustomPartitionColor(const std::vector<double>& boundaries, const std::vector<UXColor>& colors);
+
+    // The labels: children, never null; the pool grows when more boundaries are shown
+    KXChartLabel* getMainLabel() const;
+    KXChartLabel* getMaxLabel() const;
+    KXChartLabel* getMinLabel() const;
+    KXChartLabel* getTargetLabel() const;
+    const std::vector<KXChartLabel*>& getPartitionLabelsPool() const;
+
+    // Queries; a number that is not known is the lowest finite double
+    double obtainTargetValueData() const;
+    double obtainMaxValueData() const;
+    double obtainMinValueData() const;
+    /** @return how many partitions there are, 1 to 8 */
+    int obtainPipePartition() const;
+    /** @return where partition i ends, in degrees from the dial's left end; 0 for a style that is none */
+    double obtainPartitionAngle(int i) const;
+    /** @param i 0 to the number of partitions */
+    double obtainPartitionLabelPercentage(int i) const;
+    std::string obtainPartitionLabelString(int i) const;
+    std::string obtainLabelDisplayString(double value, double ratio, KXGaugeChartLabelDisplay display) const;
+    /** @return where the value stands between minimum and maximum, 0 to 1; as of the last layout */
+    double getValueRatio() const;
+    double getTargetRatio() const;
+    /** @return the dial's rectangle, twice as wide as high, in the chart's own space */
+    UXRect getPipeRect() const;
+
+    /** The chart's properties by key, for UXPropertyAccessor. */
+    static const UXPropertyTable& obtainPropertyTable();
+
+    // From UXJsonObject, UXObject, KXChart and KXChartDataAction
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
+    void afterReloadData() override;
+    KXChartDataPath* createDataPath() override;
+
+protected:
+    void _customLayout(UXRect plotArea) override;
+    void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
+    bool _shouldPaintChild(const UXObject* child) const override;
+    bool customMouseMove(const UXEvent& event, bool& stop) override;
+    bool customMouseLeave(const UXEvent& event, bool& stop) override;
+
+    /** Derives both ratios from the data and the custom values. */
+    void initParam();
+    UXColor _obtainPipePartitionColor(int i) const;
+    /** @return the colour of partition i of n, from the minimum's over the middle to the maximum's */
+    UXColor _obtainPipePartitionColor_EventDistributed(int n, int i) const;
+
+    // Layout steps
+    void _customLayout_setText(KXGaugeLayout& layout);
+    void _customLayout_setPartitionLabel(KXGaugeLayout& layout);
+    void _customLayout_setTextProperty(KXGaugeLayout& layout) const;
+    void _customLayout_setRect(KXGaugeLayout& layout, const UXRect& plotArea);
+    /** @param h1 the height of the minimum and maximum labels below the dial's ends, 0 for none
+     *  @param h2 the height of the main label below the hub, 0 for none
+     *  @param size the target label's
+     *  @return the dial's radius */
+    int _customLayout_setRect_pipeRadius(KXGaugeChartLabelDisplay display, UXLayoutHelper* helper,
+                                         UXRect rect, int h1, int h2, UXSize size);
+    /** @return the target label's place beside a dial about center where nothing is in its way */
+    UXRect _customLayout_getRect_targetLabel_core(UXPoint center, int radius, UXSize size) const;
+
+private:
+    template <class T>
+    void _setMember(T& member, const T& value);
+    void _layoutAnew();
+    void _colorLabels();
+    void _growPartitionLabelsPool(std::size_t count);
+    void _takeText(KXChartLabel* label, const KXGaugeText& text) const;
+    KXGaugeDial _obtainDial() const;
+    bool _hasValue() const;
+    /** @return the measure that is shown at a point of the chart's own space; none for any other place */
+    std::optional<std::uint64_t> _findMeasure(UXPoint point) const;
+    void _showHint(std::uint64_t measure, UXPoint point);
+    void _drawPipe(UXPainter& painter, const KXGaugeDial& dial) const;
+    void _drawTarget(UXPainter& painter, const KXGaugeDial& dial) const;
+    void _drawPointer(UXPainter& painter, const KXGaugeDial& dial) const;
+    void _registerActions(KXChartLabel* label, const std::string& identifier, std::uint64_t measure);
+    bool _readLabel(const std::string& key, KXChartLabel* label);
+    bool _readPartitionLabelsPool();
+
+    // Children
+    KXChartLabel* m_mainLabel;
+    KXChartLabel* m_maxLabel;
+    KXChartLabel* m_minLabel;
+    KXChartLabel* m_targetLabel;
+    std::vector<KXChartLabel*> m_partitionLabelsPool;
+
+    std::unique_ptr<KXChartDataFormat> m_dataFormat;
+    KX_GAUGE_CHART_KEYS(KX_KEY_MEMBER)
+
+    // Derived by the layout
+    double m_valueRatio = noValue;
+    double m_targetRatio = noValue;
+    UXTextProperty m_maxMinProperty; // of the try that the layout makes
+    UXRect m_pipeRect;
+    UXPropertyTableBinding m_gaugePropertyBinding{*this, obtainPropertyTable()};
+};
