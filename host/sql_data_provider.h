@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data_binding.h"
+#include "kx_gauge_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "sql_data_set.h"
 
@@ -12,7 +13,7 @@ class SqlSession;
 /** Answers charts from a database table: a binding says which columns are dimensions and measures. Each
  * preparation asks the database once; all questions are answered from what it said then. Members of dates and
  * times have as number the seconds since 1970, or since midnight. */
-class SqlDataProvider : public KXValueChartDataProvider {
+class SqlDataProvider : public KXValueChartDataProvider, public KXGaugeChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);
