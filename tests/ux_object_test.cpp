@@ -133,7 +133,10 @@ TEST(UXObjectChildren, RefusesWhatWouldBeACircle)
     grandchild->addChild(grandchild);
     grandchild->addChild(child);
     root.addChild(nullptr);
-    EXPECT_EQ(asserts.count, 4);
+    UXDiagram diagram;
+    root.addChild(&diagram);
+    EXPECT_EQ(asserts.count, 5);
+    EXPECT_EQ(root.getChildrenCount(), 1u);
     EXPECT_EQ(grandchild->getChildrenCount(), 0u);
     EXPECT_TRUE(grandchild->hasParent(&root));
 }

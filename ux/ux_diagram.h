@@ -22,8 +22,7 @@ public:
     UXContext* getContext() const { return m_contextWatcher.isAlive() ? m_context : nullptr; }
 
     // From UXObject
-    /** Writes the children as a list under "m_objects", so that a document holds what stands on the diagram.
-     */
+    /** Writes the children under "m_objects", so that a document holds what stands on the diagram. */
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     /** Reads into the children that the diagram has, in order. */

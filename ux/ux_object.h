@@ -64,7 +64,7 @@ protected:
     virtual UXRect customDirtyRect();
     virtual void highlightChanged();
     virtual void selectionChanged();
-    /** @return whether an event that this object took goes on to what lies behind it; by default it does not
+    /** @return whether an event that this object took goes on to what lies behind it; not unless overridden
      */
     virtual bool shouldForwardEventToNeighbors(const UXEvent& event);
 
@@ -185,8 +185,8 @@ public:
     virtual std::uint64_t getChildrenCount() const;
     /** @return null past the end */
     virtual UXObject* getChild(std::uint64_t index) const;
-    /** Takes child, which leaves the parent that it has, to the end. This object and its parents are refused.
-     */
+    /** Takes child, which leaves the parent that it has, to the end. This object, its parents and diagrams,
+     *  which stand in nothing, are refused. */
     virtual void addChild(UXObject* child);
     /** @param position the index that child gets, moved into what is possible */
     virtual void addChild(UXObject* child, int position);
@@ -276,8 +276,7 @@ public:
     virtual void paint(UXPaintConfig* config, UXRect dirtyRect);
 
     // Event registry
-    /** Adds a handler that returns whether it handled the event; all of a type run, in the order registered.
-     */
+    /** Adds a handler that returns whether it handled the event; all of a type run, in their order. */
     virtual void registerEventHandler(UXEventType type, std::function<bool(const UXEvent&)> handler);
     /** Runs the handlers of the event's type.
      *  @return whether one of them handled it */
@@ -305,14 +304,14 @@ public:
     /** @param parent an object around this one; null for the root
      *  @return the exact map from the own space to that of parent */
     UXTransform obtainTransformToParent(const UXObject* parent) const;
+    /** @return the event's mouse point in the own space of object; null is this object */
+    UXPoint getTranslatedPointFromEvent(const UXEvent& event, UXObject* object = nullptr) const;
 
 protected:
     bool getMousePressing() const { return m_mousePressing; }
     bool getMouseOvering() const { return m_mouseOvering; }
     bool getMouseDragging() const { return m_mouseDragging; }
     bool getMouseDraggingOver() const { return m_mouseDraggingOver; }
-    /** @return the event's mouse point in the own space of object; null is this object */
-    UXPoint getTranslatedPointFromEvent(const UXEvent& event, UXObject* object = nullptr) const;
 
     /** Gives every child with an alignment its rectangle inside area, which is in the own space. */
     void layoutAlignedChildren(UXRect area);

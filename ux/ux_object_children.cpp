@@ -1,6 +1,7 @@
 #include "ux/ux_object.h"
 
 #include "ux/ux_assert.h"
+#include "ux/ux_diagram.h"
 #include "ux/ux_object_watcher.h"
 
 #include <algorithm>
@@ -138,7 +139,8 @@ std::size_t UXObject::_obtainChildIndex(const UXObject* child) const
 
 void UXObject::_takeChild(UXObject* child, std::uint64_t index)
 {
-    if (!uxAssert(child) || !uxAssert(child != this && !hasParent(child)))
+    if (!uxAssert(child) || !uxAssert(child != this && !hasParent(child)) ||
+        !uxAssert(!dynamic_cast<UXDiagram*>(child)))
         return;
     if (_hasChild(child)) {
         _moveChild(child, static_cast<std::size_t>(std::min<std::uint64_t>(index, m_children.size() - 1)));
