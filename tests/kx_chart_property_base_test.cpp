@@ -21,7 +21,7 @@ namespace {
     KEY(bool, ShowLabels, m_showLabels, false)                                         \
     KEY(double, StripWidth, m_stripWidth, 0.8)                                         \
     KEY(KXLineLabelPosition, LabelPosition, m_labelPosition, KXLineLabelPosition::Top) \
-    KEY(std::vector<UXColor>, Colors, m_colors, {UXColor(1, 2, 3, 0.5)})
+    KEY(std::vector<UXColor>, Colors, m_colors, std::vector<UXColor>(1, UXColor(1, 2, 3, 0.5)))
 
 class StripProperty : public KXChartPropertyBase {
     KX_DECLARE_KEYS(StripProperty, KXChartPropertyBase, STRIP_KEYS)
