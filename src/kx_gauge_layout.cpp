@@ -20,8 +20,9 @@ constexpr double wantedDialShare = 0.66;
 constexpr double leastDialShare = 0.5;
 /** Free room beside a text, to its neighbours. */
 constexpr double textGap = 4;
-/** Between the outermost part of the dial and the texts around it. */
-constexpr double outerGap = 3;
+/** Between the pipe, or the target's tick outside of it, and the texts around it. */
+constexpr double pipeGap = 6;
+constexpr double tickGap = 3;
 /** How far inside of the dial's outer edge the middle of an end's text stands at most, as a share of the
  * radius. */
 constexpr double greatestEndInset = 0.16;
@@ -205,6 +206,8 @@ void KXGaugeLayout::_placeAll(const UXRect& room)
     _placeMain(showsPointer ? std::round(usable * pointerShare) + std::round(usable * mainGapShare) : endGap);
     _placeBoundaries();
     _placeTarget();
+    if (m_stage == Stage::FewerBoundaries)
+        _keepBoundariesWithRoom();
 }
 
 void KXGaugeLayout::_placeEnds(double gap)
@@ -253,29 +256,24 @@ bool KXGaugeLayout::_shrinkMain()
 
 void KXGaugeLayout::_placeBoundaries()
 {
-    const double distance = outerGap + (showsTick ? dial.obtainTickEnd() : 0);
-    for (KXGaugeText& boundary : boundaries)
+    const double distance = showsTick ? dial.obtainTickEnd() + tickGap : pipeGap;
+    for (KXGaugeText& boundary : boundaries) {
         boundary.rect = dial.placeOutside({boundary.rect.width, boundary.rect.height}, boundary.degrees,
                                           distance);
-    if (m_stage != Stage::FewerBoundaries)
-        return;
-
-    // The ends say the most, so they are kept first; then from the left, what still has room.
-    for (KXGaugeText& boundary : boundaries)
-        boundary.shown = false;
-    const auto keep = [this](KXGaugeText& boundary) {
-        boundary.shown = !boundary.text.empty() &&
-                         std::none_of(boundaries.begin(), boundaries.end(), [&](const KXGaugeText& other) {
-                             return other.shown && isTooNear(other.rect, boundary.rect);
-                         });
-    };
-    if (!boundaries.empty()) {
-        keep(boundaries.front());
-        if (boundaries.size() > 1)
-            keep(boundaries.back());
-        for (std::size_t i = 1; i + 1 < boundaries.size(); ++i)
-            keep(boundaries[i]);
+        boundary.shown = boundary.shown && m_stage != Stage::FewerBoundaries;
     }
+}
+
+/** The ends say the most, so they are kept first; then from the left, what still has room. */
+void KXGaugeLayout::_keepBoundariesWithRoom()
+{
+    const auto keep = [this](KXGaugeText& boundary) {
+        boundary.shown = !boundary.text.empty() && !_collides(boundary);
+    };
+    keep(boundaries.front());
+    keep(boundaries.back());
+    for (std::size_t i = 1; i + 1 < boundaries.size(); ++i)
+        keep(boundaries[i]);
 }
 
 /** Where a boundary's text stands in its way, the target's moves outwards. */
@@ -284,7 +282,7 @@ void KXGaugeLayout::_placeTarget()
     if (!target.shown)
         return;
     const UXDoubleSize size(target.rect.width, target.rect.height);
-    double distance = outerGap + dial.obtainTickEnd();
+    double distance = dial.obtainTickEnd() + tickGap;
     target.rect = dial.placeOutside(size, target.degrees, distance);
     for (int i = 0; i < targetStepCount && _collides(target); ++i) {
         distance += targetStep;

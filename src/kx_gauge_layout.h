@@ -64,6 +64,7 @@ private:
     void _placeMain(double gap);
     void _placeBoundaries();
     void _placeTarget();
+    void _keepBoundariesWithRoom();
     bool _mainStandsInside() const;
     bool _mainFits() const;
     bool _shrinkMain();
