@@ -1,4 +1,5 @@
 #include "frame_clock.h"
+#include "gauge_board.h"
 #include "sample_value_chart.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/ux_painter.h"
@@ -21,10 +22,8 @@ double measureTurn(const auto& frame)
     return (frame_clock::cpu() - before) * 1e3 / framesPerTurn;
 }
 
-void paintValueChart(benchmark::State& state)
+void comparePainting(benchmark::State& state, UXDiagram& diagram)
 {
-    SampleValueChart sample;
-    UXDiagram& diagram = sample.getDiagram();
     const UXRect area = diagram.getBoundingRect();
     UXCairoImagePaintConfig image{UXDoubleSize(area.width, area.height)};
     UXRecordingPaintConfig recorder;
@@ -46,6 +45,21 @@ void paintValueChart(benchmark::State& state)
     state.counters["replay_us"] = alone;
     state.counters["frame/replay"] = frame / alone;
 }
+
+void paintValueChart(benchmark::State& state)
+{
+    SampleValueChart sample;
+    comparePainting(state, sample.getDiagram());
+}
 BENCHMARK(paintValueChart)->Iterations(1000);
+
+void paintGaugeChart(benchmark::State& state)
+{
+    uxCairoInstall();
+    GaugeBoard board;
+    board.layout(1000, 600);
+    comparePainting(state, board.getDiagram());
+}
+BENCHMARK(paintGaugeChart)->Iterations(100);
 
 } // namespace

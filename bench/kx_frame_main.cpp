@@ -1,4 +1,5 @@
 #include "frame_clock.h"
+#include "gauge_board.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "value_board.h"
@@ -31,7 +32,8 @@ Start readStart()
     return {begin ? frame_clock::now() - std::atof(begin) : 0, cpu};
 }
 
-/** The board with the image that it is painted on. */
+/** A board with the image that it is painted on. */
+template <class Board>
 class BoardFrame {
 public:
     void resize(const UXSize& size)
@@ -49,15 +51,16 @@ public:
     bool save(const std::string& path) const { return m_image->writePng(path); }
 
 private:
-    ValueBoard m_board;
+    Board m_board;
     std::optional<UXCairoImagePaintConfig> m_image;
 };
 
-int runValueBoard(const Start& start, const std::string& path)
+template <class Board>
+int runBoard(const Start& start, const std::string& item, const std::string& path)
 {
     const double before = frame_clock::now(), cpuBefore = frame_clock::cpu();
     uxCairoInstall();
-    const auto frame = std::make_unique<BoardFrame>();
+    const auto frame = std::make_unique<BoardFrame<Board>>();
     frame->resize({width, height});
     const double first = frame_clock::now() - before, firstCpu = frame_clock::cpu() - cpuBefore;
 
@@ -73,11 +76,11 @@ int runValueBoard(const Start& start, const std::string& path)
         std::fprintf(stderr, "%s: cannot be written\n", path.c_str());
         return 2;
     }
-    std::printf("{\"item\":\"kpi\",\"size\":0,\"start_ms\":%.3f,\"start_cpu_ms\":%.3f,\"first_ms\":%.3f,"
+    std::printf("{\"item\":\"%s\",\"size\":0,\"start_ms\":%.3f,\"start_cpu_ms\":%.3f,\"first_ms\":%.3f,"
                 "\"first_cpu_ms\":%.3f,\"warm_ms\":%.4f,\"warm_cpu_ms\":%.4f,\"reps\":%d,\"peak_mb\":%.1f,"
                 "\"update_ms\":%.4f,\"update_cpu_ms\":%.4f,\"resize_ms\":%.4f,\"resize_cpu_ms\":%.4f}\n",
-                start.wall, start.cpu, first, firstCpu, warm.wall, warm.cpu, warm.repeats, peak, update.wall,
-                update.cpu, resize.wall, resize.cpu);
+                item.c_str(), start.wall, start.cpu, first, firstCpu, warm.wall, warm.cpu, warm.repeats, peak,
+                update.wall, update.cpu, resize.wall, resize.cpu);
     return 0;
 }
 
@@ -90,9 +93,11 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: kx_frame ITEM SIZE OUT.png\n");
         return 2;
     }
-    if (std::string(argv[1]) != "kpi") {
-        std::printf("{\"skip\":\"no such chart\"}\n");
-        return 0;
-    }
-    return runValueBoard(start, argv[3]);
+    const std::string item = argv[1];
+    if (item == "kpi")
+        return runBoard<ValueBoard>(start, item, argv[3]);
+    if (item == "gauge")
+        return runBoard<GaugeBoard>(start, item, argv[3]);
+    std::printf("{\"skip\":\"no such chart\"}\n");
+    return 0;
 }
