@@ -4,8 +4,10 @@
 #include "kx_chart.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_pdf_paint_config.h"
+#include "ux/ux_diagram.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_svg_paint_config.h"
 #include "whole_file.h"
 
@@ -32,7 +34,14 @@ void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& co
         painter->fill();
         uxDestroyPainter(painter);
     }
-    chart.paint(&config, chart.getBoundingRect());
+    // The chart stands on a diagram, inside the margin, and leaves it again.
+    UXDiagram diagram;
+    diagram.setRect(UXRect(0, 0, setting.size.width, setting.size.height));
+    diagram.addChild(&chart);
+    chart.setAlign(UXAlign::None);
+    chart.setRect(uxInflateRect(diagram.getBoundingRect(), -setting.margin, -setting.margin));
+    diagram.layout();
+    diagram.paint(&config, diagram.getBoundingRect());
 }
 
 HostError makeWriteError(const std::string& path) { return {path, "", "cannot be written"}; }
@@ -85,8 +94,6 @@ PictureFormat obtainPictureFormat(const std::string& path)
 
 void writeChartPicture(KXChart& chart, const PictureSetting& setting, const std::string& path)
 {
-    chart.setRect(UXRect(0, 0, setting.size.width, setting.size.height));
-    chart.layout();
     switch (obtainPictureFormat(path)) {
     case PictureFormat::Png:
         writePng(chart, setting, path);

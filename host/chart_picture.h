@@ -13,6 +13,7 @@ enum class PictureFormat { Png, Svg, Pdf };
 /** How a chart becomes a picture. */
 struct PictureSetting {
     UXSize size{1000, 600};             // logical units
+    int margin = 12;                    // logical units of ground around the chart
     double scale = 1;                   // device pixels per logical unit
     UXColor ground{255, 255, 255, 1.0}; // what the chart stands on
 };

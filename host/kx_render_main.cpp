@@ -21,6 +21,7 @@ struct Options {
     std::string chart, data, binding, out;
     std::string size = "1000x600", ground = "#ffffff";
     double scale = 1;
+    int margin = 12;
 };
 
 void declareOptions(CLI::App& app, Options& options)
@@ -36,6 +37,8 @@ void declareOptions(CLI::App& app, Options& options)
         ->required();
     app.add_option("-s,--size", options.size, "Width x height in logical units")->capture_default_str();
     app.add_option("--scale", options.scale, "Pixels per logical unit in a PNG")->capture_default_str();
+    app.add_option("-m,--margin", options.margin, "Logical units of ground around the chart")
+        ->capture_default_str();
     app.add_option("-g,--ground", options.ground, "What the chart stands on: #rrggbb, #rrggbbaa or none")
         ->capture_default_str();
     app.footer(
@@ -48,8 +51,8 @@ void declareOptions(CLI::App& app, Options& options)
 
 void render(const Options& options)
 {
-    const PictureSetting setting = {readSizeOption(options.size), readScaleOption(options.scale),
-                                    readColorOption(options.ground)};
+    const PictureSetting setting = {readSizeOption(options.size), readMarginOption(options.margin),
+                                    readScaleOption(options.scale), readColorOption(options.ground)};
     obtainPictureFormat(options.out);
     uxCairoInstall();
     ChartDocument document(options.chart);

@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int greatestSide = 32767;
+constexpr int greatestMargin = 1000;
 constexpr double leastScale = 0.1, greatestScale = 16;
 
 /** @return whether all of text from begin to end is one number of the base, stored in number */
@@ -31,6 +32,13 @@ UXSize readSizeOption(const std::string& text)
         size.height > greatestSide)
         throw HostError("--size", text, "is no size such as 1000x600");
     return size;
+}
+
+int readMarginOption(int margin)
+{
+    if (margin < 0 || margin > greatestMargin)
+        throw HostError("--margin", "", "has to be between 0 and 1000");
+    return margin;
 }
 
 double readScaleOption(double scale)
