@@ -82,14 +82,14 @@ void KXGaugeLayout::place(const UXRect& area, UXLayoutHelper& helper, const Obta
 
     const double bareRadius = obtainRadius({area, false, 0, 0, {}, {}});
     for (const Stage stage : {Stage::All, Stage::FewerBoundaries, Stage::NoBoundaries, Stage::NoTarget,
-                              Stage::NoEnds, Stage::NoMain}) {
+                              Stage::NoEnds, Stage::OnlyMain, Stage::Nothing}) {
         if (!_enter(stage))
             continue;
         const double least = _obtainLeastScale();
         for (double scale = 1; scale > least; scale *= shrinkStep)
             if (_placeScaled(scale, wantedDialShare * bareRadius))
                 return;
-        if (_placeScaled(least, stage == Stage::NoMain ? 0 : leastDialShare * bareRadius))
+        if (_placeScaled(least, stage == Stage::Nothing ? 0 : leastDialShare * bareRadius))
             return;
     }
 }
@@ -98,25 +98,26 @@ void KXGaugeLayout::place(const UXRect& area, UXLayoutHelper& helper, const Obta
  *  @return whether these are others than in the stage before */
 bool KXGaugeLayout::_enter(Stage stage)
 {
-    const auto show = [&](KXGaugeText& text, Stage goneFrom) {
+    const auto show = [](KXGaugeText& text, bool wanted) {
         const bool before = text.shown;
-        text.shown = stage < goneFrom && !text.text.empty();
+        text.shown = wanted && !text.text.empty();
         return text.shown != before;
     };
     m_stage = stage;
+    const bool showsEnds = stage < Stage::OnlyMain && stage != Stage::NoEnds;
     bool changed = stage == Stage::All;
-    changed |= show(main, Stage::NoMain);
-    changed |= show(minimum, Stage::NoEnds);
-    changed |= show(maximum, Stage::NoEnds);
-    changed |= show(target, Stage::NoTarget);
+    changed |= show(main, stage < Stage::Nothing);
+    changed |= show(minimum, showsEnds);
+    changed |= show(maximum, showsEnds);
+    changed |= show(target, stage < Stage::OnlyMain && stage != Stage::NoTarget);
     for (KXGaugeText& text : boundaries)
-        changed |= show(text, Stage::NoBoundaries);
+        changed |= show(text, stage < Stage::NoBoundaries);
     return changed || (stage == Stage::FewerBoundaries && !boundaries.empty());
 }
 
 int KXGaugeLayout::_obtainLeastSize(const KXGaugeText& text) const
 {
-    return &text == &main && m_stage < Stage::NoEnds ? leastMainFontSize : leastFontSize;
+    return &text == &main && m_stage < Stage::OnlyMain ? leastMainFontSize : leastFontSize;
 }
 
 /** @return the scale at which no text that is shown can shrink any further */
@@ -166,7 +167,7 @@ bool KXGaugeLayout::_placeScaled(double scale, double leastRadius)
         extraWidth += std::max(std::ceil(bounds.width - width), 0.0);
         extraHeight += std::max(std::ceil(bounds.height - m_area.height), 0.0);
     }
-    return m_stage == Stage::NoMain;
+    return m_stage == Stage::Nothing;
 }
 
 void KXGaugeLayout::_measure(KXGaugeText& text, int size)

@@ -25,8 +25,8 @@ struct KXGaugeText {
  * and the boundaries stand outside of the pipe at their angles.
  *
  * No text touches another or the dial. Where room is short the texts shrink first, then the dial, and only
- * then texts go: the boundaries that collide, all boundaries, the target, minimum and maximum, last of all
- * the main text. The dial stays.
+ * then texts go: the boundaries that collide, all boundaries, the target, or minimum and maximum where it is
+ * these that take the room, then both, last of all the main text. The dial stays.
  */
 class KXGaugeLayout {
 public:
@@ -53,7 +53,7 @@ public:
     void place(const UXRect& area, UXLayoutHelper& helper, const ObtainRadius& obtainRadius);
 
 private:
-    enum class Stage { All, FewerBoundaries, NoBoundaries, NoTarget, NoEnds, NoMain };
+    enum class Stage { All, FewerBoundaries, NoBoundaries, NoTarget, NoEnds, OnlyMain, Nothing };
 
     bool _enter(Stage stage);
     int _obtainLeastSize(const KXGaugeText& text) const;
