@@ -31,6 +31,9 @@ function(kx_add_library target folder include_folder)
     if(UNIX AND NOT APPLE)
         target_link_options(${target} PRIVATE -Wl,-Bsymbolic-functions)
     endif()
+    if(WIN32)
+        set_target_properties(${target} PROPERTIES PREFIX "") # kxcharts.dll
+    endif()
     set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
                                                LINKER_LANGUAGE CXX)
     target_include_directories(${target} PUBLIC
