@@ -48,17 +48,28 @@ void clampToEmpty(UXRect& rect)
     rect.height = std::max(rect.height, 0);
 }
 
-/** Takes amount units and the gap away from the left of area. */
+/** Takes amount units and the gap away from the right of area. A text of an absurd font size is as large as
+ * an int can say, so sums with it saturate. */
+void cutRight(UXRect& area, int amount)
+{
+    area.width = uxSaturateToInt(std::int64_t{area.width} - amount - partGap);
+}
+
+void cutBottom(UXRect& area, int amount)
+{
+    area.height = uxSaturateToInt(std::int64_t{area.height} - amount - partGap);
+}
+
 void cutLeft(UXRect& area, int amount)
 {
-    area.x += amount + partGap;
-    area.width -= amount + partGap;
+    area.x = uxSaturateToInt(std::int64_t{area.x} + amount + partGap);
+    cutRight(area, amount);
 }
 
 void cutTop(UXRect& area, int amount)
 {
-    area.y += amount + partGap;
-    area.height -= amount + partGap;
+    area.y = uxSaturateToInt(std::int64_t{area.y} + amount + partGap);
+    cutBottom(area, amount);
 }
 
 /** @return the width of a title at the side: at most half of the content, less the gap; negative when there
@@ -67,10 +78,6 @@ int obtainSideTitleWidth(const UXRect& content, const UXRect& title)
 {
     return std::min(content.width / 2 - partGap, title.width);
 }
-
-void cutRight(UXRect& area, int amount) { area.width -= amount + partGap; }
-
-void cutBottom(UXRect& area, int amount) { area.height -= amount + partGap; }
 
 } // namespace
 
@@ -299,8 +306,11 @@ void KXChart::customResetProperties(KXChartResetType type, KXChart* source, cons
 {
     if (!source)
         return;
+    const UXObjectWatcher self(this);
+    const UXObjectWatcher sourceWatcher(source);
     m_chartProperty->customResetProperties(type, source->m_chartProperty.get(), groups);
-    _customResetProperties(type, source, groups);
+    if (self.isAlive() && sourceWatcher.isAlive())
+        _customResetProperties(type, source, groups);
 }
 
 void KXChart::beforePrepareData() {}
@@ -322,20 +332,22 @@ bool KXChart::shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t, const
 
 void KXChart::customLayout()
 {
+    // The concrete chart may ask its provider while it lays out, and the provider may destroy the chart.
+    const UXObjectWatcher self(this);
     init();
     beforeCustomLayout();
+    if (!self.isAlive())
+        return;
     Division division = _divideContent();
     m_title->setRect(division.title);
     m_legend->setRect(division.legend);
     _customLayout(division.plot);
+    if (!self.isAlive())
+        return;
+    // The children lay themselves out next: the framework goes on to them.
     const UXRect& content = division.content;
     m_toolbox->setRect(uxMakeRect(content.x + toolboxInset, content.y + toolboxInset,
                                   content.width - 2 * toolboxInset, toolboxHeight));
-    const UXObjectWatcher self(this);
-    const std::vector<UXObject*> children = getChildren();
-    for (UXObject* child : children)
-        if (child->getVisible())
-            child->layout();
 }
 
 KXChart::Division KXChart::_divideContent()
@@ -400,7 +412,7 @@ bool KXChart::_shouldShowLegend(const Division& division)
     const UXRect& content = division.content;
     if (isVertical(legendPosition)) {
         const bool sharesHeight = division.showsTitle && isVertical(titlePosition);
-        const int taken = sharesHeight ? division.title.height + partGap : 0;
+        const std::int64_t taken = sharesHeight ? std::int64_t{division.title.height} + partGap : 0;
         return content.height - taken >= leastHeightWithLegend;
     }
     if (isHorizontal(legendPosition)) {
@@ -484,15 +496,16 @@ void KXChart::_placeLegend(Division& division) const
 void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     UXPainter* painter = uxCreatePainterWithObject(config, this);
-    if (painter) {
+    if (painter)
         uxDrawGround(*painter, *this, 0);
-    }
     // The toolbox lies over everything, wherever it stands among the children.
-    const std::vector<UXObject*> children = getChildren();
-    for (UXObject* child : children)
+    const UXObjectWatcher self(this);
+    for (std::size_t i = 0; self.isAlive() && i < getChildren().size(); ++i) {
+        UXObject* child = getChildren()[i];
         if (child != m_toolbox && _shouldPaintChild(child))
             _paintChild(child, config, dirtyRect);
-    if (_shouldPaintChild(m_toolbox))
+    }
+    if (self.isAlive() && _shouldPaintChild(m_toolbox))
         _paintChild(m_toolbox, config, dirtyRect);
     uxDestroyPainter(painter);
 }

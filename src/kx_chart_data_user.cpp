@@ -63,20 +63,27 @@ void KXChartDataUser::reloadData()
 {
     if (!m_chart)
         return;
+    // A step that asks the provider may end with the chart, and with it this object, gone.
+    const UXObjectWatcher chart(m_chart);
     m_reloaded = false;
     m_chart->beforeReloadData();
-    customReloadData();
+    if (chart.isAlive())
+        customReloadData();
+    if (!chart.isAlive())
+        return;
     m_reloaded = true;
     m_chart->afterReloadData();
-    customReloadColors();
-    m_chart->reloadChartColors();
-    m_chart->setRequireToVerifyLayout(true, true);
+    if (chart.isAlive())
+        KXChartDataUser::reloadColors();
+    if (chart.isAlive())
+        m_chart->setRequireToVerifyLayout(true, true);
 }
 
 void KXChartDataUser::reloadColors()
 {
+    const UXObjectWatcher chart(m_chart);
     customReloadColors();
-    if (m_chart)
+    if (chart.isAlive())
         m_chart->reloadChartColors();
 }
 

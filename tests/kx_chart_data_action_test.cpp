@@ -178,6 +178,15 @@ TEST_F(KXChartDataActionTest, TheHostMayDestroyThePartOrTheChartWhileItAnswers)
         doomedChart->prepareData();
         EXPECT_EQ(doomedChart, nullptr) << moment;
     }
+
+    provider.onCall = {};
+    doomedChart = std::make_unique<KXValueChart>();
+    doomedChart->setDataProvider(&provider);
+    doomedChart->prepareData();
+    doomedChart->reloadData();
+    provider.onCall = [&](const std::string&) { doomedChart.reset(); };
+    doomedChart->layout();
+    EXPECT_EQ(doomedChart, nullptr) << "the layout asks whether the value has a menu";
 }
 
 } // namespace

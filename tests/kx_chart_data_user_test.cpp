@@ -94,6 +94,45 @@ TEST(KXChartDataUser, PreparesAndReloadsInOneFixedOrder)
     EXPECT_TRUE(chart.reloadedData()) << "a chart that was never prepared reloads its empty state";
 }
 
+TEST(KXChartDataUser, AStepOfReloadingMayDestroyTheChart)
+{
+    /** A chart that is gone after one of its steps. */
+    class DoomedChart : public KXChart, public KXChartDataUser {
+    public:
+        DoomedChart(std::vector<std::string>& calls, std::string lastStep)
+            : KXChartDataUser(this), m_calls(calls), m_lastStep(std::move(lastStep))
+        {
+        }
+        void beforeReloadData() override { _step("beforeReload"); }
+        void customPrepareData(KXChartDataProvider*, bool&) override {}
+        void customReloadData() override { _step("customReload"); }
+        void afterReloadData() override { _step("afterReload"); }
+        void customReloadColors() override { _step("colors"); }
+        void reloadChartColors() override { _step("chartColors"); }
+
+    protected:
+        void _customLayout(UXRect) override {}
+
+    private:
+        void _step(const std::string& step)
+        {
+            m_calls.push_back(step);
+            if (step == m_lastStep)
+                delete this;
+        }
+
+        std::vector<std::string>& m_calls;
+        std::string m_lastStep;
+    };
+    for (const char* lastStep : {"beforeReload", "customReload", "afterReload", "colors", "chartColors"}) {
+        Calls calls;
+        auto* chart = new DoomedChart(calls, lastStep);
+        chart->reloadData();
+        ASSERT_FALSE(calls.empty());
+        EXPECT_EQ(calls.back(), lastStep) << "nothing runs on what is gone";
+    }
+}
+
 TEST(KXChartDataProvider, AnswersWithItsDefaults)
 {
     class Least : public KXChartDataProvider {

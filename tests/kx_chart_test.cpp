@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <sstream>
 
 namespace {
@@ -110,6 +111,27 @@ TEST(KXChart, DividesItsContentBetweenTitleLegendAndPlot)
         EXPECT_EQ(write(chart.getTitle()->getRect()) + " | " + write(chart.getLegend()->getRect()) + " | " +
                       write(chart.plotArea),
                   c.parts);
+    }
+}
+
+TEST(KXChart, AnAbsurdTitleLeavesAnEmptyPlotArea)
+{
+    const UXFixedMeasurer measurer;
+    for (const UXPosition position :
+         {UXPosition::Top, UXPosition::Bottom, UXPosition::Left, UXPosition::Right}) {
+        PlainChart chart;
+        chart.labels = {"cell"}; // beside the title it takes 40 and the gap
+        KXChartProperty& property = *chart.getChartProperty();
+        UXTextProperty text = property.getTitleProperty();
+        text.font.size = (std::numeric_limits<int>::max)();
+        property.setTitleProperty(text);
+        property.setTitleValue("title");
+        property.setTitlePosition(position);
+        chart.setRect(uxMakeRect(0, 0, 402, 302));
+        chart.layout();
+        const bool beside = position == UXPosition::Left || position == UXPosition::Right;
+        EXPECT_EQ(uxMakeSize(chart.plotArea.width, chart.plotArea.height),
+                  beside ? uxMakeSize(200, 245) : uxMakeSize(400, 0));
     }
 }
 
