@@ -16,9 +16,9 @@ namespace {
 class Part : public UXObject, public KXChartDataAction {
 public:
     struct Path : KXChartDataPath {
-        explicit Path(int& count) : alive(count) { ++alive; }
-        ~Path() override { --alive; }
-        int& alive;
+        explicit Path(std::shared_ptr<int> count) : alive(std::move(count)) { ++*alive; }
+        ~Path() override { --*alive; }
+        std::shared_ptr<int> alive; // a path may outlive its part
     };
 
     Part() : KXChartDataAction(this) {}
@@ -37,7 +37,8 @@ public:
     }
 
     bool showsItem = true;
-    int made = 0, alive = 0;
+    int made = 0;
+    std::shared_ptr<int> alive = std::make_shared<int>(0);
 };
 
 class KXChartDataActionTest : public testing::Test {
@@ -85,15 +86,15 @@ TEST_F(KXChartDataActionTest, PathsAreDestroyedOnceAndRegisteredOnesKept)
     provider.leftClickAction = [] {};
     EXPECT_TRUE(part.click(&chart, false, event));
     EXPECT_EQ(part.made, 1);
-    EXPECT_EQ(part.alive, 0);
+    EXPECT_EQ(*part.alive, 0);
 
-    int registeredAlive = 0;
+    const auto registeredAlive = std::make_shared<int>(0);
     part.registerLeftClickAction(&chart, new Part::Path(registeredAlive), {});
     EXPECT_TRUE(part.click(&chart, false, event));
     EXPECT_EQ(part.made, 1) << "the registered path serves";
-    EXPECT_EQ(registeredAlive, 1);
+    EXPECT_EQ(*registeredAlive, 1);
     part.registerLeftClickAction(&chart, nullptr, {});
-    EXPECT_EQ(registeredAlive, 0);
+    EXPECT_EQ(*registeredAlive, 0);
 
     part.showsItem = false;
     provider.calls.clear();
@@ -106,10 +107,10 @@ TEST_F(KXChartDataActionTest, AnEmptyActionIsNotPostedAndCannotRun)
     EXPECT_TRUE(part.click(&chart, true, event));
     event.runPostedActions();
     EXPECT_THROW(part.click(&chart, false, event), std::bad_function_call);
-    EXPECT_EQ(part.alive, 0);
+    EXPECT_EQ(*part.alive, 0);
     provider.leftClickAction = [] { throw 1; };
     EXPECT_THROW(part.click(&chart, false, event), int);
-    EXPECT_EQ(part.alive, 0);
+    EXPECT_EQ(*part.alive, 0);
 }
 
 TEST_F(KXChartDataActionTest, AKeyPressRunsOnlyWhatTheHostWants)
@@ -121,7 +122,7 @@ TEST_F(KXChartDataActionTest, AKeyPressRunsOnlyWhatTheHostWants)
     provider.wantsLeftClick = true;
     part.triggerLeftClickAction(&chart);
     EXPECT_EQ(runs, 1);
-    EXPECT_EQ(part.alive, 0);
+    EXPECT_EQ(*part.alive, 0);
 }
 
 TEST_F(KXChartDataActionTest, ARightClickAsksForItsMenuOnlyWhereOneIsWanted)
