@@ -231,11 +231,13 @@ void KXChartDataAction::_triggerLinkedHighlight(KXChartDataUser* user, UXObject*
 {
     uxAssert(user);
     uxAssert(source);
-    if (!user || !source ||
-        !_isAllowed(&KXChartDataAction::m_linkedHighlight, user, m_linkedHighlight.condition))
+    if (!user || !source)
         return;
 
     const UXObjectWatcher chart(user->getChart());
+    const UXObjectWatcher sourceWatcher(source);
+    if (!_isAllowed(&KXChartDataAction::m_linkedHighlight, user, m_linkedHighlight.condition))
+        return;
     KXChartDataPath path;
     if (const Question question(*this, *user); question) {
         if (!question->obtainDataShouldLinkedHighlightAction(user, question.path()))
@@ -244,9 +246,10 @@ void KXChartDataAction::_triggerLinkedHighlight(KXChartDataUser* user, UXObject*
     } else {
         return;
     }
-    event.postAction([chart, source = UXObjectWatcher(source), user, path, event, step] {
+    event.postAction([chart, sourceWatcher, user, path, own = event.copyWithoutActions(), step] {
         if (chart.isAlive())
-            (user->getChart()->*step)(user, path, source.getObject(), event);
+            (user->getChart()->*step)(user, path, sourceWatcher.getObject(), own);
+        own.runPostedActions();
     });
 }
 

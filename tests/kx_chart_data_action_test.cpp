@@ -190,4 +190,35 @@ TEST_F(KXChartDataActionTest, TheHostMayDestroyThePartOrTheChartWhileItAnswers)
     EXPECT_EQ(doomedChart, nullptr) << "the layout asks whether the value has a menu";
 }
 
+TEST_F(KXChartDataActionTest, AHighlightIsAskedForWhenTheDispatchIsOver)
+{
+    /** A chart that notes for which source its linked charts are asked. */
+    class LinkedChart : public KXValueChart {
+    public:
+        void linkedHighlightRequested(KXChartDataUser*, const KXChartDataPath&, UXObject* source,
+                                      const UXEvent& event) override
+        {
+            sources.push_back(source);
+            event.postAction([this] { ++actionCount; });
+        }
+        std::vector<UXObject*> sources;
+        int actionCount = 0;
+    };
+    LinkedChart linked;
+    linked.setDataProvider(&provider);
+    provider.wantsHighlight = true;
+    part.triggerLinkedHighlightAction(&linked, &part, event);
+    EXPECT_TRUE(linked.sources.empty());
+    event.runPostedActions();
+    EXPECT_EQ(linked.sources, std::vector<UXObject*>{&part});
+    EXPECT_EQ(linked.actionCount, 1);
+
+    auto doomed = std::make_unique<UXObject>();
+    provider.onCall = [&](const std::string&) { doomed.reset(); };
+    part.triggerLinkedHighlightAction(&linked, doomed.get(), event);
+    event.runPostedActions();
+    EXPECT_EQ(linked.sources, (std::vector<UXObject*>{&part, nullptr})) << "the host destroyed the source";
+    part.triggerLinkedHighlightAction(&linked, &part, UXEvent()); // an event that nobody dispatches
+}
+
 } // namespace

@@ -29,6 +29,13 @@ void UXEvent::postAction(std::function<void()> action) const
         m_actions->actions.push_back(std::move(action));
 }
 
+UXEvent UXEvent::copyWithoutActions() const
+{
+    UXEvent copy = *this;
+    copy.m_actions = std::make_shared<ActionQueue>();
+    return copy;
+}
+
 void UXEvent::runPostedActions() const
 {
     // The queue outlives this event, which an action may destroy, and has let go of an action before it runs.

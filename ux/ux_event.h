@@ -74,6 +74,9 @@ public:
     /** Runs and forgets the posted actions in order, those included that they post themselves. An action may
      * destroy this very event. */
     void runPostedActions() const;
+    /** @return a copy with a queue of its own, for an action that is posted on this event and holds it: over
+     *  the shared queue the two would keep each other for good if the action never ran */
+    UXEvent copyWithoutActions() const;
 
 private:
     struct ActionQueue;
