@@ -188,6 +188,8 @@ void KXLegend::_measureCells()
             std::min(m_symbolWidth + m_labelIndent + labelWidth, m_maxCellWidth));
         m_cellObjectIDs.push_back(m_delegate->obtainLegendCellObjectID(index));
     }
+    // Until the shown cells are looked up again, those past a smaller count are skipped.
+    std::erase_if(m_cellIndexList, [this](int index) { return index >= m_cellCount; });
     m_dataUpdated = false;
 }
 

@@ -8,6 +8,7 @@
 #include "ux/ux_event.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_recording_paint_config.h"
+#include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 
 #include <gtest/gtest.h>
@@ -281,6 +282,27 @@ TEST(KXLegend, MeasuresCellsOncePerChange)
     KXLegend read;
     EXPECT_TRUE(read.deserialize(saved));
     EXPECT_EQ(read.serialize(), saved);
+}
+
+TEST(KXLegend, SkipsShownCellsThatAreNoMore)
+{
+    const UXFixedMeasurer measurer;
+    PlainChart chart;
+    chart.labels = {"a", "b", "c"};
+    chart.getChartProperty()->setLegendPosition(UXPosition::Right);
+    chart.setRect(uxMakeRect(0, 0, 402, 302));
+    chart.layout();
+    KXLegend& legend = *chart.getLegend();
+    const auto* view = dynamic_cast<const UXVirtualScrollView*>(legend.getChildren().front());
+    ASSERT_NE(view, nullptr);
+    EXPECT_EQ(view->getContentHeight(), 28 * 3 + 2 - 13);
+    chart.labels.resize(1);
+    legend.markDataUpdated();
+    legend.layout();
+    EXPECT_EQ(view->getContentHeight(), 28 + 2 - 13);
+    legend.setArrangement(UXArrangement::Row);
+    legend.layout();
+    EXPECT_EQ(view->getContentWidth(), 2 + 29);
 }
 
 TEST(KXChartLabel, ShowsItsDefaultTextWhileItsOwnIsEmpty)
