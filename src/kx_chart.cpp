@@ -270,7 +270,7 @@ bool KXChart::_readTitleKeys()
     UXTextProperty title = m_chartProperty->getTitleProperty();
     bool wrap = m_chartProperty->getTitleValueWrap();
     bool complete = deserializeBool("m_titleValueWrap", wrap);
-    if (complete)
+    if (wrap != m_chartProperty->getTitleValueWrap())
         title.lineMode = wrap ? 1 : 2;
     std::string defaultText = m_title->getDefaultText();
     complete = deserializeString("m_titleDefaultValue", defaultText) && complete;

@@ -161,15 +161,22 @@ UXDoubleSize KXValueChart::_fitFont(const std::string& text, UXTextProperty& pro
         property.font.size = size;
         return helper->getTextSize(text, property);
     };
+    const auto fits = [&plotArea](const UXDoubleSize& size) {
+        return plotArea.width > size.width && plotArea.height > size.height;
+    };
     const int greatest = uxSaturateToInt(std::int64_t{plotArea.height} * sizesPerHeight);
-    int fontSize = text.empty() ? m_fontSize : std::min(m_fontSize, std::max(greatest, leastFontSize));
-    UXDoubleSize size = measure(fontSize);
-    while (--fontSize >= leastFontSize) {
-        if (plotArea.width > size.width && plotArea.height > size.height)
-            break;
-        size = measure(fontSize);
+    int tooLarge = text.empty() ? m_fontSize : std::min(m_fontSize, std::max(greatest, leastFontSize));
+    const UXDoubleSize size = measure(tooLarge);
+    if (tooLarge <= leastFontSize || fits(size))
+        return size;
+
+    // A text grows with its font, so halving finds the largest size that fits, the least if none does.
+    int fontSize = leastFontSize;
+    while (tooLarge - fontSize > 1) {
+        const int middle = fontSize + (tooLarge - fontSize) / 2;
+        (fits(measure(middle)) ? fontSize : tooLarge) = middle;
     }
-    return size;
+    return measure(fontSize);
 }
 
 void KXValueChart::_customResetProperties(KXChartResetType, KXChart* source, const KXKeys& groups)

@@ -151,6 +151,14 @@ TEST_F(KXValueChartTest, ShrinksUntilTheTextIsSmallerThanThePlotArea)
         load();
         EXPECT_EQ(label().getTextProperty().font.size, c.expected);
     }
+
+    provider.text.clear();
+    chart.setFontSize(2147483647);
+    chart.setRect(uxMakeRect(0, 0, 2, 2)); // no plot area at all, in which not even an empty text fits
+    measurer.askedCount = 0;
+    load();
+    EXPECT_EQ(label().getTextProperty().font.size, 9);
+    EXPECT_LT(measurer.askedCount, 100);
 }
 
 TEST_F(KXValueChartTest, StandsWhereItIsAligned)
@@ -237,6 +245,13 @@ TEST_F(KXValueChartTest, SavesAndReadsBackTheSameBytes)
         ASSERT_NE(found, std::string::npos) << key << " is missing or out of order";
         place = found;
     }
+    UXTextProperty title = chart.getChartProperty()->getTitleProperty();
+    title.lineMode = 0; // as good as 2, and kept
+    chart.getChartProperty()->setTitleProperty(title);
+    KXValueChart unwrapped;
+    unwrapped.deserialize(chart.serialize());
+    EXPECT_EQ(unwrapped.serialize(), chart.serialize());
+
     EXPECT_FALSE(read.deserialize("{}"));
     EXPECT_EQ(read.serialize(), saved) << "what a document lacks stays";
 }
