@@ -1,6 +1,7 @@
 #include "chart_document.h"
 
 #include "host_error.h"
+#include "json_document.h"
 #include "kx_chart_data_user.h"
 #include "kx_json_object_factory.h"
 #include "text_file.h"
@@ -9,50 +10,13 @@
 
 namespace {
 
-/** Deeper documents are refused before a parser that recurses sees them. */
-constexpr int greatestDepth = 256;
-
-bool isTooDeep(const std::string& text)
-{
-    int depth = 0;
-    bool insideText = false;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char letter = text[i];
-        if (insideText && letter == '\\')
-            ++i;
-        else if (letter == '"')
-            insideText = !insideText;
-        else if (!insideText && (letter == '{' || letter == '['))
-            ++depth;
-        else if (!insideText && (letter == '}' || letter == ']'))
-            --depth;
-        if (depth > greatestDepth)
-            return true;
-    }
-    return false;
-}
-
-nlohmann::json parseObject(const std::string& path, const std::string& text)
-{
-    if (isTooDeep(text))
-        throw HostError(path, "", "nested deeper than " + std::to_string(greatestDepth) + " levels");
-    try {
-        nlohmann::json parsed = nlohmann::json::parse(text);
-        if (!parsed.is_object())
-            throw HostError(path, "", "holds no JSON object");
-        return parsed;
-    } catch (const nlohmann::json::parse_error& error) {
-        throw HostError(path, "byte " + std::to_string(error.byte), "is no JSON");
-    }
-}
-
 /** @return the first key of a document, or of an object nested in it, that is saved with another value than
  * was wanted; empty when there is none. Keys that either lacks are fine. */
 std::string findRefusedKey(const nlohmann::json& wanted, const nlohmann::json& saved)
 {
     for (const auto& [key, value] : saved.items()) {
         const auto found = wanted.find(key);
-        if (!key.starts_with("m_") || found == wanted.end())
+        if ((!key.starts_with("m_") && key != "type") || found == wanted.end())
             continue;
         const bool isNested = value.is_object() && value.contains("type") && found->is_object();
         const std::string refused = isNested ? findRefusedKey(*found, value) : std::string();
@@ -67,7 +31,9 @@ std::string findRefusedKey(const nlohmann::json& wanted, const nlohmann::json& s
 ChartDocument::ChartDocument(const std::string& path)
 {
     const std::string text = readTextFile(path);
-    const nlohmann::json parsed = parseObject(path, text);
+    const nlohmann::json parsed = parseJsonDocument(path, text);
+    if (!parsed.is_object())
+        throw HostError(path, "", "holds no JSON object");
     const auto type = parsed.find("type");
     if (type == parsed.end() || !type->is_string())
         throw HostError(path, "type", "does not name the kind of chart");

@@ -4,11 +4,10 @@
 
 #include "host_error.h"
 #include "json_cursor.h"
+#include "json_document.h"
 #include "text_file.h"
 
 namespace {
-
-constexpr int deepestNesting = 256;
 
 const std::vector<std::string> typeNames = {"text", "integer", "float", "date", "time", "datetime"};
 const std::vector<std::string> aggregateNames = {"sum", "average", "count", "distinct", "min", "max"};
@@ -28,25 +27,6 @@ std::string describeMeasure(const MeasureBinding& measure)
     return aggregateNames[static_cast<std::size_t>(measure.aggregate)] + " of " + measure.column;
 }
 
-/** @return the document; nesting is bounded while it is read, before anything deep is built */
-nlohmann::json parseDocument(const std::string& file, const std::string& text)
-{
-    const auto checkDepth = [&](int depth, nlohmann::json::parse_event_t, nlohmann::json&) {
-        if (depth > deepestNesting)
-            throw HostError(file, "", "is nested too deeply");
-        return true;
-    };
-    try {
-        return nlohmann::json::parse(text, checkDepth);
-    } catch (const nlohmann::json::exception& error) {
-        // The library's message begins with its own name and number.
-        const std::string message = error.what();
-        const std::size_t start = message.find("] ");
-        throw HostError(file, "",
-                        "is no JSON: " + (start == std::string::npos ? message : message.substr(start + 2)));
-    }
-}
-
 } // namespace
 
 DataBindingReader::DataBindingReader(std::string file) : m_file(std::move(file)) {}
@@ -55,7 +35,7 @@ DataBinding DataBindingReader::readFile() const { return readText(readTextFile(m
 
 DataBinding DataBindingReader::readText(const std::string& text) const
 {
-    const nlohmann::json document = parseDocument(m_file, text);
+    const nlohmann::json document = parseJsonDocument(m_file, text);
     const JsonCursor root(m_file, document);
     root.requireKeys({"table", "types", "dimensions", "measures", "filters", "nullText"});
 

@@ -6,6 +6,7 @@
 #include "gallery_page.h"
 #include "host_error.h"
 #include "json_cursor.h"
+#include "json_document.h"
 #include "kx_chart_property.h"
 #include "sql_data_provider.h"
 #include "text_file.h"
@@ -30,7 +31,7 @@ struct Sample {
 std::vector<Sample> readSamples(const std::filesystem::path& folder)
 {
     const std::string list = (folder / "gallery.json").string();
-    const nlohmann::json parsed = nlohmann::json::parse(readTextFile(list), nullptr, false);
+    const nlohmann::json parsed = parseJsonDocument(list, readTextFile(list));
     std::vector<Sample> samples;
     JsonCursor(list, parsed).visitList([&](const JsonCursor& entry) {
         entry.requireKeys({"chart", "binding", "data"});

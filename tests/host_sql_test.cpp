@@ -326,7 +326,7 @@ TEST(HostSql, BindingsThatDoNotFit)
     EXPECT_TRUE(
         ask(session, "{\"measures\": [").starts_with("b: is no JSON: parse error at line 1, column 15"));
     EXPECT_TRUE(ask(session, "{\"measures\": 1e999}").starts_with("b: is no JSON: "));
-    EXPECT_EQ(ask(session, std::string(100'000, '[')), "b: is nested too deeply");
+    EXPECT_EQ(ask(session, std::string(100'000, '[')), "b: is nested deeper than 256 levels");
 }
 
 TEST(HostSql, ConnectionsThatCannotBeOpened)
