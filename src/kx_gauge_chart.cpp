@@ -37,12 +37,15 @@ bool isKnown(double number)
     return number > Limits::lowest() && number < (Limits::max)();
 }
 
-/** @return where number stands between low and high, 0 to 1; halves keep the greatest ranges finite */
+/** @return where number stands between low and high, 0 to 1; of a range that no double holds, by halves */
 double obtainRatio(double number, double low, double high)
 {
     if (number < low)
         return 0;
-    return number > high ? 1 : (number / 2 - low / 2) / (high / 2 - low / 2);
+    if (number > high)
+        return 1;
+    const double range = high - low;
+    return std::isfinite(range) ? (number - low) / range : (number / 2 - low / 2) / (high / 2 - low / 2);
 }
 
 UXColor mixColors(const UXColor& from, const UXColor& to, double share)
@@ -193,9 +196,9 @@ double KXGaugeChart::obtainPartitionLabelPercentage(int i) const
 std::string KXGaugeChart::obtainPartitionLabelString(int i) const
 {
     const double low = obtainMinValueData(), high = obtainMaxValueData();
-    const double range = high > low ? high - low : 0;
     const double percentage = obtainPartitionLabelPercentage(i);
-    const double number = range > 0 ? percentage * range / 100 + low : noValue;
+    const bool isRange = isKnown(low) && isKnown(high) && high > low;
+    const double number = isRange ? percentage * (high - low) / 100 + low : noValue;
     return obtainLabelDisplayString(number, percentage / 100, m_partitionLabelDisplay);
 }
 
@@ -373,16 +376,23 @@ int KXGaugeChart::_customLayout_setRect_pipeRadius(KXGaugeChartLabelDisplay disp
 
     // 4. The target stands beside the dial.
     if (m_targetLabel->getVisible())
-        m_targetLabel->setRect(_customLayout_getRect_targetLabel_core(
-            {uxSaturateToInt(rect.x + std::round(rect.width / 2.0)), uxMaxY(rect)}, radius, size));
+        m_targetLabel->setRect(_customLayout_getRect_targetLabel(rect, radius, size));
     return radius;
+}
+
+UXRect KXGaugeChart::_customLayout_getRect_targetLabel(UXRect rect, int radius, UXSize size) const
+{
+    if (!isKnown(m_targetRatio))
+        return {};
+    const UXPoint center(uxSaturateToInt(rect.x + std::round(rect.width / 2.0)), uxMaxY(rect));
+    return _customLayout_getRect_targetLabel_core(center, radius, size);
 }
 
 UXRect KXGaugeChart::_customLayout_getRect_targetLabel_core(UXPoint center, int radius, UXSize size) const
 {
     const KXGaugeDial dial{center, std::max(radius, 0) + 0.0, 0};
     return toWholeRect(dial.placeOutside({size.width + 0.0, size.height + 0.0}, m_targetRatio * dialDegrees,
-                                         dial.obtainTickEnd()));
+                                         dial.obtainTickClearance()));
 }
 
 void KXGaugeChart::_takeText(KXChartLabel* label, const KXGaugeText& text) const

@@ -158,7 +158,9 @@ protected:
      *  @return the dial's radius */
     int _customLayout_setRect_pipeRadius(KXGaugeChartLabelDisplay display, UXLayoutHelper* helper,
                                          UXRect rect, int h1, int h2, UXSize size);
-    /** @return the target label's place beside a dial about center where nothing is in its way */
+    /** @return the target label's place beside a dial that stands on rect, where nothing is in its way */
+    UXRect _customLayout_getRect_targetLabel(UXRect rect, int radius, UXSize size) const;
+    /** The same beside a dial about center. */
     UXRect _customLayout_getRect_targetLabel_core(UXPoint center, int radius, UXSize size) const;
 
 private:

@@ -13,6 +13,8 @@ namespace {
 constexpr double leftEnd = 180;
 
 constexpr double tickGap = 4;
+/** Between the tick and a text beyond it. */
+constexpr double tickTextGap = 3;
 constexpr double tickLengthShare = 0.05;
 constexpr double tickWidthShare = 0.014;
 constexpr double hubShare = 0.04;
@@ -41,6 +43,8 @@ UXDoubleRect KXGaugeDial::obtainRect() const
 }
 
 double KXGaugeDial::obtainTickEnd() const { return tickGap + std::round(radius * tickLengthShare); }
+
+double KXGaugeDial::obtainTickClearance() const { return obtainTickEnd() + tickTextGap; }
 
 UXDoubleRect KXGaugeDial::obtainTickBounds(double degrees) const
 {

@@ -21,6 +21,8 @@ struct KXGaugeDial {
     UXDoubleRect obtainRect() const;
     /** @return how far outside of the pipe the target's tick ends */
     double obtainTickEnd() const;
+    /** @return how far outside of the pipe a text keeps clear of the tick */
+    double obtainTickClearance() const;
     UXDoubleRect obtainTickBounds(double degrees) const;
     double obtainHubRadius() const;
 

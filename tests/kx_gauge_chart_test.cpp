@@ -163,6 +163,7 @@ TEST_F(KXGaugeChartTest, RatiosStayInsideTheRangeOrHaveNoValue)
          noValue,
          noValue},
         {"a range wider than a double", {0, 1e308, -1e308, 1e308}, 0.5, 1},
+        {"the least range", {5e-324, 0, 0, 5e-324}, 1, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -289,6 +290,9 @@ TEST_F(KXGaugeChartTest, WritesNumbersAsTheDisplaySays)
     provider.measures = {5, 5, 5, 5};
     load();
     EXPECT_EQ(chart.obtainPartitionLabelString(1), "-- (25.00%)");
+    provider.measures = {5, 5, null, 5};
+    load();
+    EXPECT_EQ(chart.obtainPartitionLabelString(1), "-- (25.00%)") << "no minimum to count from";
 }
 
 TEST_F(KXGaugeChartTest, TheRadiusKeepsRoomForTheTexts)
