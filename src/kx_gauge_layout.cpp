@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -14,20 +15,23 @@ constexpr int leastFontSize = 9;
 constexpr int leastMainFontSize = 16;
 /** The share to which texts shrink from one try to the next. */
 constexpr double shrinkStep = 0.93;
+/** Lesser texts need not be smaller than this share of the main one. */
+constexpr double lesserShare = 1 / 3.0;
 /** The dial keeps this share of the radius that it would have without texts; only texts that cannot shrink
  * any further may press it to the second. */
 constexpr double wantedDialShare = 0.66;
 constexpr double leastDialShare = 0.5;
 /** Free room beside a text, to its neighbours. */
 constexpr double textGap = 4;
-/** Between the pipe, or the target's tick outside of it, and the texts around it. */
+/** Between the pipe and the texts around it. */
 constexpr double pipeGap = 6;
-constexpr double tickGap = 3;
 /** How far inside of the dial's outer edge the middle of an end's text stands at most, as a share of the
  * radius. */
 constexpr double greatestEndInset = 0.16;
 /** A hole below this share of the dial holds no main text. */
 constexpr double leastHoleShare = 0.5;
+/** Along the pipe the target's text moves no further from its tick than this, in heights of the text. */
+constexpr double greatestTargetShift = 1.8;
 constexpr double targetStep = 3;
 constexpr int targetStepCount = 120;
 constexpr int tryCount = 40;
@@ -87,11 +91,24 @@ void KXGaugeLayout::place(const UXRect& area, UXLayoutHelper& helper, const Obta
             continue;
         const double least = _obtainLeastScale();
         for (double scale = 1; scale > least; scale *= shrinkStep)
-            if (_placeScaled(scale, wantedDialShare * bareRadius))
+            if (_placeScaled(scale, scale, wantedDialShare * bareRadius))
                 return;
-        if (_placeScaled(least, stage == Stage::Nothing ? 0 : leastDialShare * bareRadius))
+        if (_placeScaled(least, least, stage == Stage::Nothing ? 0 : leastDialShare * bareRadius)) {
+            if (main.shown)
+                _growMain(least);
             return;
+        }
     }
+}
+
+/** The lesser texts stop shrinking before the main one does; it takes back the room that this leaves. */
+void KXGaugeLayout::_growMain(double scale)
+{
+    const KXGaugeLayout found = *this;
+    for (double larger = 1; larger > scale; larger *= shrinkStep)
+        if (_placeScaled(scale, larger, found.dial.radius))
+            return;
+    *this = found;
 }
 
 /** Chooses the texts of a stage.
@@ -133,12 +150,15 @@ double KXGaugeLayout::_obtainLeastScale() const
     return least;
 }
 
-bool KXGaugeLayout::_placeScaled(double scale, double leastRadius)
+bool KXGaugeLayout::_placeScaled(double scale, double mainScale, double leastRadius)
 {
-    // 1. All texts shrink alike, so that they keep their order of rank.
+    // 1. All texts shrink alike, so that they keep their order of rank, except beside a main text that is far
+    //    larger: that one gives way first.
+    const double lesserSize = main.shown ? m_wantedSizes.front() * scale * lesserShare : 0;
     auto wanted = m_wantedSizes.begin();
     _forEachText(*this, [&](KXGaugeText& text) {
-        const int scaled = std::max(uxSaturateToInt(std::round(*wanted * scale)), _obtainLeastSize(text));
+        const double size = &text == &main ? *wanted * mainScale : std::max(*wanted * scale, lesserSize);
+        const int scaled = std::max(uxSaturateToInt(std::round(size)), _obtainLeastSize(text));
         _measure(text, std::min(*wanted++, scaled));
     });
 
@@ -257,7 +277,7 @@ bool KXGaugeLayout::_shrinkMain()
 
 void KXGaugeLayout::_placeBoundaries()
 {
-    const double distance = showsTick ? dial.obtainTickEnd() + tickGap : pipeGap;
+    const double distance = showsTick ? dial.obtainTickClearance() : pipeGap;
     for (KXGaugeText& boundary : boundaries) {
         boundary.rect = dial.placeOutside({boundary.rect.width, boundary.rect.height}, boundary.degrees,
                                           distance);
@@ -277,18 +297,24 @@ void KXGaugeLayout::_keepBoundariesWithRoom()
         keep(boundaries[i]);
 }
 
-/** Where a boundary's text stands in its way, the target's moves outwards. */
+/** Where a boundary's text stands in its way, the target's moves along the pipe as far as it still stands by
+ * its tick, and else outwards. */
 void KXGaugeLayout::_placeTarget()
 {
     if (!target.shown)
         return;
     const UXDoubleSize size(target.rect.width, target.rect.height);
-    double distance = dial.obtainTickEnd() + tickGap;
-    target.rect = dial.placeOutside(size, target.degrees, distance);
-    for (int i = 0; i < targetStepCount && _collides(target); ++i) {
-        distance += targetStep;
-        target.rect = dial.placeOutside(size, target.degrees, distance);
-    }
+    const double clearance = dial.obtainTickClearance();
+    const auto fits = [&](double shift, double distance) {
+        const double degrees = std::clamp(target.degrees + shift, 0.0, 180.0);
+        target.rect = dial.placeOutside(size, degrees, distance);
+        return !_collides(target);
+    };
+    const double arc = greatestTargetShift * size.height / (dial.radius + clearance);
+    for (double shift = 0; shift <= arc * 180 / std::numbers::pi; ++shift)
+        if (fits(-shift, clearance) || fits(shift, clearance))
+            return;
+    for (int i = 1; i <= targetStepCount && !fits(0, clearance + i * targetStep); ++i) {}
 }
 
 UXDoubleRect KXGaugeLayout::_obtainBounds() const

@@ -58,7 +58,8 @@ private:
     bool _enter(Stage stage);
     int _obtainLeastSize(const KXGaugeText& text) const;
     double _obtainLeastScale() const;
-    bool _placeScaled(double scale, double leastRadius);
+    bool _placeScaled(double scale, double mainScale, double leastRadius);
+    void _growMain(double scale);
     void _placeAll(const UXRect& room);
     void _placeEnds(double gap);
     void _placeMain(double gap);
