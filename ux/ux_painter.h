@@ -67,7 +67,7 @@ public:
     virtual void setLineWidth(double width) = 0;
     virtual void setLineCap(UXLineCapStyle cap) = 0;
     virtual void setLineJoin(UXLineJoinStyle join) = 0;
-    /** Dashes in proportion to the line width that is set at this time. */
+    /** Dashes of a few logical units, whatever the line width is. */
     virtual void setLineDash(UXLineDashStyle dash);
     virtual void setLineDash(const std::vector<double>& lengths);
     /**

@@ -42,10 +42,7 @@ bool UXSymbol::customDeserialize()
 void UXSymbol::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
-        const UXColor color = getSelected()      ? getSelectedColor()
-                              : getHighlighted() ? getHighlightColor()
-                                                 : getColor();
-        uxDrawSymbol(*painter, m_symbolStyle, UXDoubleRect(getBoundingRect()), color);
+        uxDrawSymbol(*painter, m_symbolStyle, UXDoubleRect(getBoundingRect()), obtainStateColor());
         uxDestroyPainter(painter);
     }
     UXSelectableObject::paint(config, dirtyRect);
