@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -225,6 +227,22 @@ TEST(UXLayout, OneFrameAtATime)
     EXPECT_FALSE(t.parent->isLayoutingWithFPSControl());
     EXPECT_FALSE(t.parent->getRequireToVerifyLayout());
     EXPECT_LE(t.parent->layouts, asked);
+}
+
+TEST(UXLayout, PassesFromTheRootComeBackToWhatWaitsForItsFrame)
+{
+    Tree t;
+    t.parent->beginLayoutWithFPSControl();
+    for (int i = 0; i < 2; ++i) {
+        t.parent->requireLayout();
+        t.root.layout();
+    }
+    // A frame later, whether the second pass was held back or not.
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    t.root.layout();
+    EXPECT_EQ(t.parent->layouts, 2);
+    t.parent->endLayoutWithFPSControl();
+    EXPECT_EQ(t.parent->layouts, 2);
 }
 
 TEST(UXLayout, Alignments)

@@ -72,8 +72,13 @@ void UXObject::layout()
         batch->m_layoutWaits = true;
         return;
     }
-    if (m_layouting || (!m_requireToVerifyLayout && !m_descendantRequiresLayout) || _shouldWaitForNextFrame())
+    if (m_layouting || (!m_requireToVerifyLayout && !m_descendantRequiresLayout))
         return;
+    if (_shouldWaitForNextFrame()) {
+        // The pass from the root that came by too early is followed by others, which have to find the way.
+        _noteDescendantRequiresLayout();
+        return;
+    }
 
     UXObjectWatcher watcher(this);
     m_layouting = true;
