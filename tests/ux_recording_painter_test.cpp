@@ -330,6 +330,16 @@ TEST(UXRecordingPainter, NotesTheDeviceScaleAndTheEdgesThatItMoved)
                                       "drawRects -0.75,0,1,100 9.25,0,1,100"}));
 }
 
+TEST(UXRecordingPainter, WhatHasNoEffectLeavesTheSpaceAsItIs)
+{
+    UXRecordingPainter painter(2);
+    const UXTransform before = painter.getDeviceTransform();
+    painter.translate(NAN, 0);
+    painter.rotate(INFINITY);
+    painter.scale(0, 1);
+    EXPECT_EQ(painter.getDeviceTransform(), before);
+}
+
 TEST(UXRecordingPainter, StateGuardRestoresOnEveryWayOut)
 {
     UXRecordingPainter painter;

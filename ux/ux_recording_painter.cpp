@@ -105,20 +105,27 @@ void UXRecordingPainter::setCompositionMode(UXCompositionMode mode)
 
 void UXRecordingPainter::translate(double dx, double dy)
 {
-    m_transform = m_transform.translated(dx, dy);
+    _setTransform(m_transform.translated(dx, dy));
     m_recording.add([dx, dy](UXPainter& painter) { painter.translate(dx, dy); });
 }
 
 void UXRecordingPainter::rotate(double degrees)
 {
-    m_transform = m_transform.rotated(degrees);
+    _setTransform(m_transform.rotated(degrees));
     m_recording.add([degrees](UXPainter& painter) { painter.rotate(degrees); });
 }
 
 void UXRecordingPainter::scale(double sx, double sy)
 {
-    m_transform = m_transform.scaled(sx, sy);
+    _setTransform(m_transform.scaled(sx, sy));
     m_recording.add([sx, sy](UXPainter& painter) { painter.scale(sx, sy); });
+}
+
+/** A space without a way back is one that no painter goes into. */
+void UXRecordingPainter::_setTransform(const UXTransform& transform)
+{
+    if (transform.isInvertible())
+        m_transform = transform;
 }
 
 void UXRecordingPainter::translatePath(double dx, double dy)

@@ -100,6 +100,7 @@ public:
     void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
 
 private:
+    void _setTransform(const UXTransform& transform);
     std::shared_ptr<const UXRecording> _recordPicture(const UXPicture& picture,
                                                       const UXDoubleRect& rect) const;
     std::shared_ptr<const UXRecording> _recordLayer(const UXPaintFunction& action,
