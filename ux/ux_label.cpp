@@ -39,19 +39,17 @@ void UXLabel::setText(const std::string& text)
     if (m_text == text)
         return;
     m_text = text;
-    requireLayout();
-    invalidate();
+    setRequireToVerifyLayout(true, true);
 }
 
 const UXTextProperty& UXLabel::getTextProperty() const { return m_textProperty; }
 
 void UXLabel::setTextProperty(const UXTextProperty& property)
 {
-    if (!(m_textProperty != property))
+    if (m_textProperty == property)
         return;
     m_textProperty = property;
-    requireLayout();
-    invalidate();
+    setRequireToVerifyLayout(true, true);
 }
 
 double UXLabel::getRotation() const { return m_rotation; }
@@ -62,8 +60,7 @@ void UXLabel::setRotation(double degrees)
     if (m_rotation == degrees)
         return;
     m_rotation = degrees;
-    requireLayout();
-    invalidate();
+    setRequireToVerifyLayout(true, true);
 }
 
 void UXLabel::setRotateByTopLeft(bool byTopLeft)

@@ -85,9 +85,12 @@ void UXObject::setSpace(UXSpace* space)
 {
     if (space == getSpace())
         return;
-    _invalidateInParent();
+    const UXRect place = _obtainPaintedPlace();
     m_space = space ? space->m_self : nullptr;
-    invalidate();
+    UXObjectWatcher watcher(this);
+    _invalidateInParent(place);
+    if (watcher.isAlive())
+        invalidate();
 }
 
 UXObject* UXObject::getParent() const { return m_parent; }
@@ -107,10 +110,7 @@ void UXObject::setPadding(const UXPadding& padding)
     if (padding == m_padding)
         return;
     m_padding = padding;
-    UXObjectWatcher watcher(this);
-    requireLayout();
-    if (watcher.isAlive())
-        invalidate();
+    setRequireToVerifyLayout(true, true);
 }
 
 void UXObject::setAlign(UXAlign align)
@@ -138,11 +138,11 @@ void UXObject::setVisible(bool visible)
 {
     if (visible == m_visible)
         return;
-    if (!visible)
-        _invalidateInParent();
+    const UXRect place = _obtainPaintedPlace();
     m_visible = visible;
     if (!visible) {
         clearDirtyRect();
+        _invalidateInParent(place);
         return;
     }
     // A pass goes around what is hidden, so the marks in here have yet to be found by the next one.
@@ -191,11 +191,13 @@ void UXObject::setRect(UXRect rect)
     if (rect == m_rect)
         return;
     const bool sizeChanged = rect.width != m_rect.width || rect.height != m_rect.height;
-    _invalidateInParent();
+    const UXRect place = _obtainPaintedPlace();
     m_rect = rect;
 
     UXObjectWatcher watcher(this);
-    requireLayout();
+    _invalidateInParent(place);
+    if (watcher.isAlive())
+        requireLayout();
     if (watcher.isAlive() && sizeChanged)
         _requireLayoutOfParents();
     if (watcher.isAlive())

@@ -356,7 +356,8 @@ private:
     void _noteMouseWent(UXEventType type);
 
     // Repaint
-    void _invalidateInParent();
+    UXRect _obtainPaintedPlace();
+    void _invalidateInParent(const UXRect& place);
     template <class T>
     void _updateAndInvalidate(T& member, const T& value);
 

@@ -161,15 +161,19 @@ void UXObject::_takeChild(UXObject* child, std::uint64_t index)
     // What became dirty while nobody could be told is part of what is dirty now.
     child->clearDirtyRect();
     child->invalidate();
-    requireLayout();
+    if (self.isAlive())
+        requireLayout();
 }
 
 void UXObject::_releaseChild(UXObject* child)
 {
-    child->_invalidateInParent();
+    const UXRect place = child->_obtainPaintedPlace();
     m_children.erase(m_children.begin() + static_cast<std::ptrdiff_t>(_obtainChildIndex(child)));
     child->m_parent = nullptr;
-    requireLayout();
+    UXObjectWatcher watcher(this);
+    addDirtyRect(place);
+    if (watcher.isAlive())
+        requireLayout();
 }
 
 void UXObject::_moveChild(UXObject* child, std::size_t index)

@@ -71,10 +71,16 @@ void UXObject::paint(UXPaintConfig* config, UXRect dirtyRect)
     }
 }
 
-/** Has the place where the object is now painted anew. Used before it leaves, so it goes to the parent at
- * once: an open batch of the object would translate it from where the object is later. */
-void UXObject::_invalidateInParent()
+/** @return what the object paints on now, in the parent's space; empty where it paints nothing */
+UXRect UXObject::_obtainPaintedPlace()
 {
-    if (m_visible && m_parent)
-        m_parent->addDirtyRect(translateRectToParent(customDirtyRect(), m_parent));
+    return m_visible && m_parent ? translateRectToParent(customDirtyRect(), m_parent) : UXRect{};
+}
+
+/** Has a place that the object has left painted anew. It goes to the parent at once: an open batch of the
+ * object would translate it from where the object is later. */
+void UXObject::_invalidateInParent(const UXRect& place)
+{
+    if (m_parent)
+        m_parent->addDirtyRect(place);
 }
