@@ -14,6 +14,7 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 using Rects = std::vector<UXRect>;
@@ -317,6 +318,21 @@ TEST(UXDirtyRect, PaintersAreClippedToTheDirt)
     EXPECT_EQ(s.control.config.getClip(), nullptr);
 }
 
+TEST(UXDirtyRect, WhatPaintingMakesDirtyWaitsForTheNextPass)
+{
+    Scene s;
+    s.leaf.whenPainted = [&s] {
+        s.leaf.whenPainted = nullptr;
+        s.leaf.invalidate();
+    };
+    s.leaf.invalidate();
+    s.diagram.repaintDirtyRect();
+    EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect(10, 10, 5, 5));
+    s.diagram.repaintDirtyRect();
+    EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect());
+    EXPECT_EQ(s.log, "left leaf left leaf ");
+}
+
 TEST(UXDirtyRect, WaitsForControlsThatPaintLater)
 {
     Scene s;
@@ -351,4 +367,62 @@ TEST(UXDirtyRect, PaintSurvivesWhatItsObjectsDo)
     const UXObjectWatcher watcher(dying);
     dying->paint(nullptr, {0, 0, 100, 100});
     EXPECT_FALSE(watcher.isAlive());
+}
+
+TEST(UXDirtyRect, HostsMayDestroyWhatTellsThem)
+{
+    class DestroyingControl : public UXControl {
+    public:
+        UXObject* victim = nullptr;
+        void notifyDirtyRect(UXDiagram*) override { delete std::exchange(victim, nullptr); }
+    };
+    struct Case {
+        const char* name;
+        void (*change)(UXObject* object, UXSpace* space);
+    };
+    const Case cases[] = {
+        {"moved",
+         [](UXObject* object, UXSpace*) {
+             object->setRect({20, 20, 5, 5});
+         }},
+        {"hidden", [](UXObject* object, UXSpace*) { object->setVisible(false); }},
+        {"scaled", [](UXObject* object, UXSpace* space) { object->setSpace(space); }},
+        {"padded",
+         [](UXObject* object, UXSpace*) {
+             object->setPadding({1, 1, 1, 1});
+         }},
+        {"removed", [](UXObject* object, UXSpace*) { object->setParent(nullptr); }},
+        {"given a child",
+         [](UXObject* object, UXSpace*) {
+             auto* child = new UXObject;
+             child->setRect({0, 0, 5, 5});
+             object->addChild(child);
+         }},
+    };
+    for (const Case& c : cases) {
+        for (const bool isParent : {false, true}) {
+            SCOPED_TRACE(std::string(c.name) + (isParent ? ", its parent dies" : ", it dies itself"));
+            UXContext context;
+            DestroyingControl control;
+            UXDiagram diagram(&context);
+            UXSpace space;
+            space.setXScale(2);
+            auto* parent = new UXObject;
+            auto* object = new UXObject;
+            diagram.setRect({0, 0, 100, 100});
+            parent->setRect({0, 0, 50, 50});
+            object->setRect({10, 10, 5, 5});
+            diagram.addChild(parent);
+            parent->addChild(object);
+            context.setActiveDiagram(&control, &diagram);
+            context.clearDirtyRect(&diagram);
+
+            const UXObjectWatcher parentWatcher(parent), objectWatcher(object);
+            control.victim = isParent ? parent : object;
+            c.change(object, &space);
+            EXPECT_FALSE((isParent ? parentWatcher : objectWatcher).isAlive());
+            for (const UXObjectWatcher* left : {&objectWatcher, &parentWatcher})
+                delete left->getObject();
+        }
+    }
 }

@@ -203,9 +203,9 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
     if (!isAlive() || diagram->getDirtyRegion().isEmpty())
         return;
 
-    // 2. Paint on those that can now. Whoever paints later finds the areas where they were.
-    const UXDirtyRegion region = diagram->getDirtyRegion();
+    // 2. Ask each control for its configuration. Whoever paints later finds the areas where they were.
     const std::vector<UXControl*> controls = getControlsWithDiagram(diagram);
+    std::vector<std::pair<UXControl*, UXPaintConfig*>> painting;
     bool paintedAll = !controls.empty();
     for (UXControl* control : controls) {
         if (!isAlive())
@@ -213,20 +213,30 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
         if (getActiveDiagram(control) != diagram)
             continue;
         UXPaintConfig* config = control->obtainPaintConfig(diagram);
-        if (!config || !config->isPaintConfigValid()) {
+        if (config && config->isPaintConfigValid()) {
+            painting.emplace_back(control, config);
+        } else {
             paintedAll = false;
             control->notifyDirtyRect(diagram);
-            continue;
         }
+    }
+    if (!isAlive())
+        return;
+
+    // 3. Paint on those that can now. The areas are cleared first, so that what painting makes dirty stays.
+    const UXDirtyRegion region = diagram->getDirtyRegion();
+    if (paintedAll)
+        diagram->clearDirtyRect();
+    for (const auto& [control, config] : painting) {
         for (const UXRect& rect : region.getRects()) {
             if (!isAlive())
                 return;
+            if (getActiveDiagram(control) != diagram)
+                break;
             const UXPaintClip clip(*config, UXDoubleRect(rect));
             diagram->paint(config, rect);
         }
     }
-    if (isAlive() && paintedAll)
-        diagram->clearDirtyRect();
 }
 
 template <class Notify>
