@@ -48,10 +48,10 @@ std::string GalleryPage::obtainHtml() const
     for (const Sample& sample : m_samples) {
         html += "<section>\n<h2>" + sample.caption + "</h2>\n<p>" + sample.name + ", from " + sample.data +
                 " (<a href=\"" + sample.name + ".svg\">SVG</a>)</p>\n";
-        html += "<img src=\"" + sample.name + ".png\" width=\"1000\" height=\"600\" alt=\"" + sample.caption +
-                "\">\n";
-        html += "<img src=\"" + sample.name +
-                "-small.png\" width=\"240\" height=\"160\" alt=\"the same, small\">\n";
+        for (const GalleryPicture& picture : galleryPictures)
+            html += "<img src=\"" + sample.name + picture.suffix + ".png\" width=\"" +
+                    std::to_string(picture.size.width) + "\" height=\"" +
+                    std::to_string(picture.size.height) + "\" alt=\"" + sample.caption + "\">\n";
         html += "</section>\n";
     }
     return html;

@@ -21,8 +21,6 @@
 namespace {
 
 constexpr int badInput = 2;
-constexpr UXSize largeSize(1000, 600);
-constexpr UXSize smallSize(240, 160);
 
 struct Sample {
     std::string name, chart, binding, data;
@@ -67,11 +65,12 @@ void drawSample(const Sample& sample, const std::filesystem::path& out)
 
     const std::string base = (out / sample.name).string();
     PictureSetting setting;
-    setting.size = largeSize;
-    writeChartPicture(document.getChart(), setting, base + ".png");
+    for (const GalleryPicture& picture : galleryPictures) {
+        setting.size = picture.size;
+        writeChartPicture(document.getChart(), setting, base + picture.suffix + ".png");
+    }
+    setting.size = galleryPictures[0].size;
     writeChartPicture(document.getChart(), setting, base + ".svg");
-    setting.size = smallSize;
-    writeChartPicture(document.getChart(), setting, base + "-small.png");
 }
 
 void drawGallery(const std::filesystem::path& folder, const std::filesystem::path& out)
