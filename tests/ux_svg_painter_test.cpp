@@ -116,11 +116,27 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
          "<path d=\"M1 2H4.5V6H1Z\" fill=\"#ff0010\" fill-opacity=\"0.25\"/>\n"},
         {"clear colour",
          [](UXPainter& p) {
-             p.setColor({0, 0, 0, NAN});
+             p.setColor({0, 0, 0, 0});
              p.addRectanglePath(1, 2, 3, 4);
              p.fill();
          },
          ""},
+        {"what is not finite leaves things as they are",
+         [](UXPainter& p) {
+             p.setColor({1, 2, 3});
+             p.setColor({0, 0, 0, NAN});
+             p.setLineDash({1, 2}, 3);
+             p.setLineDash({NAN}, 0);
+             p.setLineDash({5}, INFINITY);
+             p.beginLinearGradientPattern(0, 0, INFINITY, 0, UXSourceOperator::Pad);
+             p.addGradientPatternColorStop({9, 9, 9}, 0);
+             p.endPattern();
+             p.usePattern();
+             p.addLinePath(0, 0, 1, 2);
+             p.stroke();
+         },
+         "<path d=\"M0 0L1 2\" fill=\"none\" stroke=\"#010203\" stroke-width=\"1\" stroke-dasharray=\"1 2\" "
+         "stroke-dashoffset=\"3\"/>\n"},
         {"the path is forgotten, or kept",
          [](UXPainter& p) {
              p.addLinePath(0, 0, 1.23456, 2);

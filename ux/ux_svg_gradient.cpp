@@ -30,8 +30,10 @@ std::string obtainSpread(UXSourceOperator beyond)
 
 void UXSvgGradient::addStop(const UXColor& color, double offset)
 {
+    if (std::isnan(offset) || std::isnan(color.alpha))
+        return;
     const double least = stops.empty() ? 0 : stops.back().offset;
-    stops.push_back({color, std::isnan(offset) ? least : std::clamp(offset, least, 1.0)});
+    stops.push_back({color, std::clamp(offset, least, 1.0)});
 }
 
 std::string uxFormatSvgColor(const UXColor& color)

@@ -21,6 +21,7 @@ struct UXSvgGradient {
     UXSourceOperator beyond = UXSourceOperator::Pad;
     std::vector<Stop> stops;
 
+    /** An offset or alpha that is not a number adds nothing. */
     void addStop(const UXColor& color, double offset);
 };
 

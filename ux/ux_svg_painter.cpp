@@ -119,6 +119,8 @@ void UXSvgPainter::restoreState()
 
 void UXSvgPainter::setColor(const UXColor& color)
 {
+    if (std::isnan(color.alpha))
+        return;
     m_state.color = color;
     m_state.gradient = nullptr;
 }
@@ -135,11 +137,13 @@ void UXSvgPainter::setLineJoin(UXLineJoinStyle join) { m_state.join = join; }
 
 void UXSvgPainter::setLineDash(const std::vector<double>& lengths, double offset)
 {
-    const bool isUsable = std::all_of(lengths.begin(), lengths.end(),
-                                      [](double length) { return length >= 0; });
     const double sum = std::accumulate(lengths.begin(), lengths.end(), 0.0);
-    m_state.dashes = isUsable && sum > 0 && std::isfinite(sum) ? lengths : std::vector<double>{};
-    m_state.dashOffset = std::isfinite(offset) ? offset : 0;
+    if (!std::isfinite(sum) || !std::isfinite(offset))
+        return;
+    const bool isDashed = sum > 0 && std::all_of(lengths.begin(), lengths.end(),
+                                                 [](double length) { return length >= 0; });
+    m_state.dashes = isDashed ? lengths : std::vector<double>{};
+    m_state.dashOffset = offset;
 }
 
 void UXSvgPainter::setFillRule(UXFillRule rule) { m_state.fillRule = rule; }
@@ -261,7 +265,9 @@ void UXSvgPainter::clipPreserve()
 void UXSvgPainter::beginLinearGradientPattern(double x1, double y1, double x2, double y2,
                                               UXSourceOperator beyond)
 {
-    m_begunGradient = std::make_unique<UXSvgGradient>(UXSvgGradient{{x1, y1}, {x2, y2}, beyond, {}});
+    m_begunGradient.reset();
+    if (std::isfinite(x1) && std::isfinite(y1) && std::isfinite(x2) && std::isfinite(y2))
+        m_begunGradient = std::make_unique<UXSvgGradient>(UXSvgGradient{{x1, y1}, {x2, y2}, beyond, {}});
 }
 
 void UXSvgPainter::addGradientPatternColorStop(const UXColor& color, double offset)
