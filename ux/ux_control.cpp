@@ -18,8 +18,6 @@ constexpr double zoomStep = 1.25;
 // What lies this close to a whole number is meant to be it: zooming in and out again leaves such traces.
 constexpr double roundingTrace = 1e-6;
 
-int roundToInt(double value) { return uxSaturateToInt(std::floor(value + 0.5)); }
-
 /** @return the smallest whole rectangle around an exact one */
 template <class Rect, class DoubleRect>
 Rect enclose(const DoubleRect& exact)
@@ -65,7 +63,7 @@ void UXControl::setControlRect(const UXControlRect& rect)
 
 UXControlRect UXControl::getControlRectWithoutScalingFactor() const
 {
-    const auto unscale = [this](int value) { return roundToInt(value / m_scalingFactor); };
+    const auto unscale = [this](int value) { return uxRoundToInt(value / m_scalingFactor); };
     return {unscale(m_controlRect.x), unscale(m_controlRect.y), unscale(m_controlRect.width),
             unscale(m_controlRect.height)};
 }
@@ -141,7 +139,7 @@ void UXControl::_setZoomRatioAround(double ratio, const UXDoubleControlPoint& fi
 UXPoint UXControl::getDiagramOrigin() const
 {
     const double zoom = getZoomRatioWithScalingFactor();
-    return {roundToInt(m_origin.x / zoom), roundToInt(m_origin.y / zoom)};
+    return {uxRoundToInt(m_origin.x / zoom), uxRoundToInt(m_origin.y / zoom)};
 }
 
 void UXControl::setDiagramOrigin(UXPoint origin)
@@ -152,7 +150,7 @@ void UXControl::setDiagramOrigin(UXPoint origin)
 
 UXControlPoint UXControl::getDiagramOriginInControlSpace() const
 {
-    return {roundToInt(m_origin.x), roundToInt(m_origin.y)};
+    return {uxRoundToInt(m_origin.x), uxRoundToInt(m_origin.y)};
 }
 
 void UXControl::setDiagramOriginInControlSpace(const UXControlPoint& origin)
@@ -194,7 +192,7 @@ UXPoint UXControl::controlSpaceToDiagramSpace(const UXControlPoint& point) const
 {
     const UXDoublePoint exact = controlSpaceToDiagramSpace(
         UXDoubleControlPoint{static_cast<double>(point.x), static_cast<double>(point.y)});
-    return {roundToInt(exact.x), roundToInt(exact.y)};
+    return {uxRoundToInt(exact.x), uxRoundToInt(exact.y)};
 }
 
 UXRect UXControl::controlSpaceToDiagramSpace(const UXControlRect& rect) const
@@ -225,7 +223,7 @@ double UXControl::controlSpaceToDiagramSpace(const UXControlDimension& dimension
 UXControlPoint UXControl::diagramSpaceToControlSpace(const UXPoint& point) const
 {
     const UXDoubleControlPoint exact = diagramSpaceToControlSpace(UXDoublePoint(point));
-    return {roundToInt(exact.x), roundToInt(exact.y)};
+    return {uxRoundToInt(exact.x), uxRoundToInt(exact.y)};
 }
 
 UXControlRect UXControl::diagramSpaceToControlSpace(const UXRect& rect) const

@@ -10,17 +10,15 @@ namespace {
 // What lies this close to a whole number is meant to be it: chains of scales leave such traces.
 constexpr double roundingTrace = 1e-6;
 
-int roundToInt(double value) { return uxSaturateToInt(std::floor(value + 0.5)); }
-
 UXPoint mapPoint(const UXTransform& transform, const UXPoint& point)
 {
     const UXDoublePoint mapped = transform.apply(point.x, point.y);
-    return {roundToInt(mapped.x), roundToInt(mapped.y)};
+    return {uxRoundToInt(mapped.x), uxRoundToInt(mapped.y)};
 }
 
 UXSize mapSize(const UXTransform& transform, const UXSize& size)
 {
-    return {roundToInt(transform.xx * size.width), roundToInt(transform.yy * size.height)};
+    return {uxRoundToInt(transform.xx * size.width), uxRoundToInt(transform.yy * size.height)};
 }
 
 struct Span {
@@ -32,7 +30,7 @@ Span mapSpan(double scale, double offset, int start, int length)
 {
     const double low = scale * start + offset, extent = scale * length;
     if (length <= 0)
-        return {roundToInt(low), roundToInt(extent)};
+        return {uxRoundToInt(low), uxRoundToInt(extent)};
     const int first = uxSaturateToInt(std::floor(low + roundingTrace));
     const int last = uxSaturateToInt(std::ceil(low + extent - roundingTrace));
     return {first, uxSaturateToInt(std::int64_t{last} - first)};

@@ -3,6 +3,7 @@
 #include "ux/ut.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -20,6 +21,12 @@ int shiftInto(int start, int length, int low, int room)
 }
 
 } // namespace
+
+bool uxIsFiniteDoubleRect(const UXDoubleRect& rect)
+{
+    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) &&
+           std::isfinite(rect.height);
+}
 
 UXRect uxUnionRect(const UXRect& a, const UXRect& b)
 {

@@ -66,6 +66,9 @@
 
 [[nodiscard]] constexpr bool uxIsEmptyRect(const UXRect& rect) { return rect.width <= 0 || rect.height <= 0; }
 
+/** @return whether no field is infinite or not a number */
+[[nodiscard]] UX_EXPORT bool uxIsFiniteDoubleRect(const UXDoubleRect& rect);
+
 /** @return the smallest rectangle around both; the other one where one is empty */
 [[nodiscard]] UX_EXPORT UXRect uxUnionRect(const UXRect& a, const UXRect& b);
 [[nodiscard]] UX_EXPORT UXDoubleRect uxUnionDoubleRect(const UXDoubleRect& a, const UXDoubleRect& b);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <concepts>
 #include <limits>
 #include <utility>
@@ -24,3 +25,6 @@ template <std::integral Integer>
         return (Limits::min)();
     return value >= (Limits::max)() ? (Limits::max)() : static_cast<int>(value);
 }
+
+/** @return the whole number nearest to value, the larger one of two, with the limits of uxSaturateToInt */
+[[nodiscard]] inline int uxRoundToInt(double value) { return uxSaturateToInt(std::floor(value + 0.5)); }

@@ -3,6 +3,7 @@
 #include "ux/ux_image.h"
 #include "ux/ux_picture.h"
 #include "ux/ux_pixel_snapping.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_svg_composition.h"
 #include "ux/ux_svg_document.h"
 #include "ux/ux_svg_gradient.h"
@@ -23,13 +24,10 @@ namespace {
 // serifs.
 constexpr double baselineShare = 0.79;
 
-bool isFinite(const UXDoubleRect& rect)
+bool hasArea(const UXDoubleRect& rect)
 {
-    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) &&
-           std::isfinite(rect.height);
+    return uxIsFiniteDoubleRect(rect) && rect.width > 0 && rect.height > 0;
 }
-
-bool hasArea(const UXDoubleRect& rect) { return isFinite(rect) && rect.width > 0 && rect.height > 0; }
 
 /** @return by how much the map enlarges a pen evenly in all directions, 0 where it does not */
 double obtainEvenScale(const UXTransform& map)
@@ -293,7 +291,7 @@ void UXSvgPainter::usePattern()
 void UXSvgPainter::drawText(const std::string& text, const UXDoubleRect& rect, const UXFont& font,
                             UXTextAlign align, UXTextOption option, int lineMode)
 {
-    if (text.empty() || font.size <= 0 || !isFinite(rect) || _drawsNothing())
+    if (text.empty() || font.size <= 0 || !uxIsFiniteDoubleRect(rect) || _drawsNothing())
         return;
     const double width = std::max(0.0, rect.width);
     const std::vector<std::string> lines = obtainDrawnLines(text, font, option, lineMode, width);

@@ -83,17 +83,11 @@ void drawAssistantLine(UXPainter& painter, const UXDoubleRect& bounds, UXLineDas
     strokeAcross(painter, bounds, Middle(bounds).y, std::min(assistantWidth, bounds.height));
 }
 
-bool isFinite(const UXDoubleRect& rect)
-{
-    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) &&
-           std::isfinite(rect.height);
-}
-
 } // namespace
 
 void uxDrawSymbol(UXPainter& painter, UXSymbolStyle style, const UXDoubleRect& bounds, const UXColor& color)
 {
-    if (!isFinite(bounds) || bounds.width <= 0 || bounds.height <= 0)
+    if (!uxIsFiniteDoubleRect(bounds) || bounds.width <= 0 || bounds.height <= 0)
         return;
     painter.setColor(color);
     switch (style) {
@@ -139,7 +133,7 @@ void uxDrawSymbol(UXPainter& painter, UXSymbolStyle style, const UXDoubleRect& b
 
 bool uxPointInSymbol(UXSymbolStyle style, const UXDoubleRect& bounds, const UXDoublePoint& point)
 {
-    if (!isFinite(bounds) || !uxPointInDoubleRect(point, bounds))
+    if (!uxIsFiniteDoubleRect(bounds) || !uxPointInDoubleRect(point, bounds))
         return false;
     const Middle middle(bounds);
     switch (style) {

@@ -4,12 +4,6 @@
 
 #include <cmath>
 
-namespace {
-
-int roundToInt(double value) { return uxSaturateToInt(std::floor(value + 0.5)); }
-
-} // namespace
-
 UXUseCaseDiagram::UXUseCaseDiagram(UXContext* context) : UXDiagram(context), m_sourceDiagram(nullptr) {}
 
 UXUseCaseDiagram::~UXUseCaseDiagram() = default;
@@ -54,14 +48,14 @@ UXPoint UXUseCaseDiagram::diagramSpaceToUseCaseDiagramSpace(UXPoint point) const
     const UXRect shown = obtainShownRect();
     const UXPoint origin = getUseCaseOrigin();
     const double zoom = getUseCaseZoomRatio();
-    return {roundToInt(origin.x + (static_cast<double>(point.x) - shown.x) * zoom),
-            roundToInt(origin.y + (static_cast<double>(point.y) - shown.y) * zoom)};
+    return {uxRoundToInt(origin.x + (static_cast<double>(point.x) - shown.x) * zoom),
+            uxRoundToInt(origin.y + (static_cast<double>(point.y) - shown.y) * zoom)};
 }
 
 UXSize UXUseCaseDiagram::diagramSpaceToUseCaseDiagramSpace(UXSize size) const
 {
     const double zoom = getUseCaseZoomRatio();
-    return {roundToInt(size.width * zoom), roundToInt(size.height * zoom)};
+    return {uxRoundToInt(size.width * zoom), uxRoundToInt(size.height * zoom)};
 }
 
 UXPoint UXUseCaseDiagram::useCaseDiagramSpaceToDiagramSpace(UXPoint point) const
@@ -69,14 +63,14 @@ UXPoint UXUseCaseDiagram::useCaseDiagramSpaceToDiagramSpace(UXPoint point) const
     const UXRect shown = obtainShownRect();
     const UXPoint origin = getUseCaseOrigin();
     const double zoom = getUseCaseZoomRatio();
-    return {roundToInt(shown.x + (static_cast<double>(point.x) - origin.x) / zoom),
-            roundToInt(shown.y + (static_cast<double>(point.y) - origin.y) / zoom)};
+    return {uxRoundToInt(shown.x + (static_cast<double>(point.x) - origin.x) / zoom),
+            uxRoundToInt(shown.y + (static_cast<double>(point.y) - origin.y) / zoom)};
 }
 
 UXSize UXUseCaseDiagram::useCaseDiagramSpaceToDiagramSpace(UXSize size) const
 {
     const double zoom = getUseCaseZoomRatio();
-    return {roundToInt(size.width / zoom), roundToInt(size.height / zoom)};
+    return {uxRoundToInt(size.width / zoom), uxRoundToInt(size.height / zoom)};
 }
 
 std::string UXUseCaseDiagram::customSerializeTypeID() { return "UXUseCaseDiagram"; }

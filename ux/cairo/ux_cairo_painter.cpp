@@ -6,6 +6,7 @@
 #include "ux/ux_image.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_picture.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_text_placement.h"
 
@@ -23,13 +24,10 @@ constexpr double kFarthestPixel = 4e6;
 constexpr double kShortestDashes = 0.1;
 constexpr double kSmallestScale = 1e-6, kLargestScale = 1e6;
 
-bool isFinite(const UXDoubleRect& rect)
+bool hasArea(const UXDoubleRect& rect)
 {
-    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.width) &&
-           std::isfinite(rect.height);
+    return uxIsFiniteDoubleRect(rect) && rect.width > 0 && rect.height > 0;
 }
-
-bool hasArea(const UXDoubleRect& rect) { return isFinite(rect) && rect.width > 0 && rect.height > 0; }
 
 bool isDrawable(const UXPicture* picture)
 {
@@ -459,7 +457,7 @@ UXDrawTextResult& UXCairoPainter::drawText(const std::string& text, const UXDoub
 void UXCairoPainter::_drawText(const std::string& text, const UXDoubleRect& rect, const UXFont& font,
                                UXTextAlign align, UXTextOption option, int lineMode, UXDrawTextResult* result)
 {
-    if (text.empty() || !isFinite(rect))
+    if (text.empty() || !uxIsFiniteDoubleRect(rect))
         return;
     const UXCairoTextLayout& layout = UXCairoTextCache::obtainShared().obtainLayout(
         text, font, option, lineMode, std::max(0.0, rect.width));
