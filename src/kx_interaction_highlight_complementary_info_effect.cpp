@@ -1,0 +1,5 @@
+#include "kx_interaction_highlight_complementary_info_effect.h"
+
+KXInteractionHighlightComplementaryInfoEffect::KXInteractionHighlightComplementaryInfoEffect() = default;
+
+KXInteractionHighlightComplementaryInfoEffect::~KXInteractionHighlightComplementaryInfoEffect() = default;
