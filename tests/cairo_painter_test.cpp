@@ -317,27 +317,6 @@ TEST(CairoPainter, RectanglesStandOnWholePixelsAtEveryScale)
     }
 }
 
-TEST(CairoPainter, LayersAreAsSharpAsTheirGround)
-{
-    for (const double scale : {1.0, 1.25, 2.0}) {
-        SCOPED_TRACE(scale);
-        const auto lines = [](UXPainter& painter) {
-            painter.setColor(red);
-            const double ys[] = {3, 7.3, 12};
-            painter.drawHorizontalLines(ys, 2, 16, 1);
-            painter.drawText("layer", {2, 8, 16, 7}, UXFont{"Default", 7, false, false, 0}, UXTextAlign::Left,
-                             UXTextOption::Default, 2);
-        };
-        CairoTestCanvas straight(20, 20, scale), layered(20, 20, scale);
-        straight.draw(lines);
-        layered.draw([&](UXPainter& painter) {
-            painter.drawComposited([&](UXPainter* layer) { lines(*layer); }, nullptr, {1, 1, 18, 18},
-                                   UXCompositionMode::Over);
-        });
-        EXPECT_EQ(straight.pixels(), layered.pixels());
-    }
-}
-
 TEST(CairoPainter, ReplayedRecordingDrawsTheSamePixels)
 {
     uxCairoInstall();
@@ -411,23 +390,4 @@ TEST(CairoPainter, SurvivesEveryNumber)
     // The surface still takes what is drawn on it.
     canvas.draw([](UXPainter& painter) { fillRect(painter, green, {0, 0, 20, 20}); });
     EXPECT_EQ(canvas.pixelAt(10, 10), kGreen);
-}
-
-TEST(CairoPainter, PointsFarAwayDrawWhatIsNear)
-{
-    // A content scrolled by a thousand million units stands where it belongs, and a side beyond all pixels is
-    // cut.
-    CairoTestCanvas canvas(20, 20);
-    canvas.draw([](UXPainter& painter) {
-        painter.saveState();
-        painter.translate(-1e9, 0);
-        fillRect(painter, red, {1e9 + 5, 5, 5, 5});
-        painter.restoreState();
-        fillRect(painter, blue, {-1e12, 12, 2e12, 1e12});
-    });
-    EXPECT_EQ(canvas.pixelAt(5, 5), kRed);
-    EXPECT_EQ(canvas.pixelAt(9, 9), kRed);
-    EXPECT_EQ(canvas.pixelAt(10, 9), kClear);
-    EXPECT_EQ(canvas.pixelAt(0, 12), kBlue);
-    EXPECT_EQ(canvas.pixelAt(19, 19), kBlue);
 }

@@ -67,20 +67,6 @@ TEST_F(CairoText, IsDrawnInsideWhatItMeasures)
     }
 }
 
-TEST_F(CairoText, OneUnitOfSizeIsOneUnitOfTheEm)
-{
-    // Ascent and descent of the family "Default" are 1900 and 500 of 2048 units of its em square.
-    EXPECT_NEAR(measure("x", makeProperty(2048)).height, 2400, 1);
-    EXPECT_NEAR(measure("x", makeProperty(12)).height, 12 * 2400.0 / 2048, 0.05);
-    EXPECT_NEAR(measure("1234567890", makeProperty(100)).width, 10 * measure("0", makeProperty(100)).width,
-                0.1);
-    EXPECT_NEAR(measure("Linear", makeProperty(10)).width * 10, measure("Linear", makeProperty(100)).width,
-                0.5);
-    UXTextProperty bold = makeProperty(20);
-    bold.font.bold = true;
-    EXPECT_GT(measure("Bold", bold).width, measure("Bold", makeProperty(20)).width);
-}
-
 TEST_F(CairoText, LinesAreAsHighAsTheFontThatWasAskedFor)
 {
     const double height = measure("Latin", makeProperty(13)).height;
@@ -170,53 +156,6 @@ TEST_F(CairoText, StandsWhereItsAlignmentSays)
     });
     EXPECT_TRUE(result.fits);
     EXPECT_EQ(result.textRect, UXDoubleRect());
-}
-
-TEST_F(CairoText, LettersKeepTheirDistanceBetweenThePixels)
-{
-    // Equal digits are equally far from each other: no gap is a whole pixel wider than another.
-    CairoTestCanvas canvas(200, 30);
-    canvas.draw([](UXPainter& painter) {
-        painter.drawText("||||||||||||", {4, 4, 190, 20}, makeProperty(13));
-    });
-    std::vector<double> centres;
-    double weight = 0, moment = 0;
-    for (int x = 0; x < 200; ++x) {
-        const double alpha = canvas.pixelAt(x, 14) >> 24;
-        weight += alpha, moment += alpha * x;
-        if (alpha == 0 && weight > 0) {
-            centres.push_back(moment / weight);
-            weight = moment = 0;
-        }
-    }
-    ASSERT_EQ(centres.size(), 12u);
-    const double pitch = (centres.back() - centres.front()) / 11;
-    for (std::size_t i = 1; i < centres.size(); ++i)
-        EXPECT_NEAR(centres[i] - centres[i - 1], pitch, 0.3);
-}
-
-TEST_F(CairoText, DrawsWithTheSourceAndLeavesPathAndSource)
-{
-    CairoTestCanvas canvas(60, 60);
-    canvas.draw([](UXPainter& painter) {
-        painter.setColor({255, 0, 0});
-        painter.addRectanglePath(0, 40, 10, 10);
-        UXTextProperty green = makeProperty(16);
-        green.textColor = {0, 255, 0};
-        painter.drawText("IIII", {20, 0, 40, 20}, green);
-        painter.drawText("IIII", {20, 20, 40, 20}, green.font, UXTextAlign::Left, UXTextOption::Default, 2);
-        painter.drawText("I", {0, 0, 400, 600}, makeProperty(400));
-        painter.fill();
-    });
-    EXPECT_EQ(canvas.pixelAt(5, 45), kRed);
-    int greens = 0, reds = 0;
-    for (int x = 20; x < 60; ++x) {
-        greens += (canvas.pixelAt(x, 10) & 0xFFFF00) == (canvas.pixelAt(x, 10) >> 16 & 0xFF00) &&
-                  canvas.pixelAt(x, 10);
-        reds += (canvas.pixelAt(x, 30) & 0x00FFFF) == 0 && canvas.pixelAt(x, 30);
-    }
-    EXPECT_GE(greens, 4);
-    EXPECT_GE(reds, 4);
 }
 
 TEST_F(CairoText, SurvivesAnyText)

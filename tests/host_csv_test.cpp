@@ -85,19 +85,6 @@ TEST(HostCsv, RowsWithTheirLines)
     }
 }
 
-TEST(HostCsv, BlocksAreNoBorders)
-{
-    // A field longer than a block and line ends that fall onto block borders change nothing.
-    std::string content = "a,b\r\n";
-    std::string expected;
-    for (int i = 0; i < 3; ++i) {
-        const std::string field(65'530 + static_cast<std::size_t>(i), 'x');
-        content += '"' + field + "\",1\r\n";
-        expected += std::to_string(i + 2) + '|' + field + "|1;";
-    }
-    EXPECT_EQ(readAll(content), expected);
-}
-
 TEST(HostCsv, FilesThatCannotBeRead)
 {
     for (const std::string& path : {std::string("/nowhere/none.csv"), testing::TempDir()}) {
@@ -108,40 +95,6 @@ TEST(HostCsv, FilesThatCannotBeRead)
             EXPECT_TRUE(std::string(error.what()).starts_with(path + ": ")) << error.what();
             EXPECT_EQ(std::string(error.what()).find('\n'), std::string::npos);
         }
-    }
-}
-
-TEST(HostCsv, TemporalTexts)
-{
-    struct Case {
-        const char *text, *date, *time, *dateTime;
-    };
-    const Case cases[] = {
-        {"2024-02-29", "2024-02-29", "", "2024-02-29 00:00:00"},
-        {"2023-02-29", "", "", ""},
-        {"2024/3/5", "2024-03-05", "", "2024-03-05 00:00:00"},
-        {"2024-3/5", "", "", ""},
-        {"0000-01-01", "", "", ""},
-        {"20240305", "", "", ""},
-        {"14:07", "", "14:07:00", ""},
-        {"9:07:05.250", "", "09:07:05.250", ""},
-        {"24:00:00", "", "", ""},
-        {"12:60", "", "", ""},
-        {"12:30:", "", "", ""},
-        {"12:30:15.", "", "", ""},
-        {"2010-01-01T01:00:00", "", "", "2010-01-01 01:00:00"},
-        {"2010-01-01  1:00", "", "", "2010-01-01 01:00:00"},
-        {"2010-01-01T01:00:00.5Z", "", "", "2010-01-01 01:00:00.5"},
-        {"2010-01-01T01:00:00+02:00", "", "", ""},
-        {"2010-01-01T", "", "", ""},
-        {"2010-01-01 ", "", "", ""},
-        {"", "", "", ""},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(obtainDateText(c.text).value_or(""), c.date);
-        EXPECT_EQ(obtainTimeText(c.text).value_or(""), c.time);
-        EXPECT_EQ(obtainDateTimeText(c.text).value_or(""), c.dateTime);
     }
 }
 
@@ -256,27 +209,4 @@ TEST(HostCsv, ASecondTableOfTheSameNameIsRefused)
     importer.importFile(file.getPath(), "data");
     EXPECT_THROW(importer.importFile(file.getPath(), "data"), HostError);
     EXPECT_EQ(readColumn(session, "a", "data"), "1");
-}
-
-TEST(HostCsv, ProgressGrowsToTheWhole)
-{
-    std::string content = "n,text\n";
-    for (int i = 0; i < 20'000; ++i)
-        content += std::to_string(i) + ",row " + std::to_string(i) + '\n';
-    const TemporaryFile file(content);
-    SqlSession session("sqlite://");
-    CsvImporter importer(session);
-    std::vector<std::uint64_t> steps;
-    importer.setProgressHandler([&](std::uint64_t done, std::uint64_t total) {
-        EXPECT_EQ(total, 2 * content.size());
-        steps.push_back(done);
-    });
-    importer.importFile(file.getPath(), "data");
-    EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
-    EXPECT_GT(steps.size(), 4U);
-    EXPECT_EQ(steps.back(), 2 * content.size());
-    const SqlTable rows = session.query(
-        {"SELECT COUNT(*), SUM(n) FROM data", {}, {2, SqlResultType::Number}});
-    EXPECT_EQ(rows.getNumber(0, 0), 20'000);
-    EXPECT_EQ(rows.getNumber(0, 1), 19'999.0 * 10'000);
 }

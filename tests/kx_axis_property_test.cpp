@@ -20,32 +20,6 @@ TEST(KXAxisProperty, EveryKey)
     KX_WALK_KEY_LISTS(KXAxisProperty, KX_AXIS_PROPERTY_KEYS, KX_AXIS_PROPERTY_ALL_KEYS);
 }
 
-TEST(KXAxisProperty, StartsAutomaticAndQuiet)
-{
-    KXAxisProperty property;
-    const std::string document = property.serialize();
-    for (const char* part :
-         {R"("m_autoAxisRange":true)", R"("m_autoAxisTicks":true)", R"("m_axisPossibleTickCount":5)",
-          R"("m_axisTickFormat":"%.10g")", R"("m_showAxis":true)", R"("m_showGridLine":false)",
-          R"("m_axisLength":-1)", R"("m_showTickLabels":true)", R"("m_tickLabelRotationType":"Auto")",
-          R"("m_tickLabelIntervalMode":"Auto")", R"("m_useFixedTickLabelIntervalForAutoIntervalMode":true)",
-          R"("m_tickLabelInterval":10.0)", R"("m_showTitle":true)", R"("m_showTitleAtEndOfAxis":false)"})
-        EXPECT_NE(document.find(part), std::string::npos) << part << " in " << document;
-    EXPECT_EQ(document.find("m_defaultTitleValue"), std::string::npos);
-    EXPECT_EQ(property.getAxisColor(), UXColor());
-    EXPECT_EQ(property.getAxisAndTickLabelColor(), UXColor(120, 120, 120, 1.0));
-    EXPECT_EQ(property.getScrollBarColor(), UXColor(239, 239, 244, 1.0));
-    EXPECT_EQ(property.getScrollBarSliderColor(), UXColor(209, 209, 214, 1.0));
-
-    UXTextProperty text = property.getTitleProperty();
-    EXPECT_EQ(text.font.size, 18);
-    EXPECT_EQ(text.align, UXTextAlign::Center);
-    EXPECT_EQ(text.lineMode, 2);
-    EXPECT_EQ(text.textColor, UXColor(120, 120, 120, 1.0));
-    text.font.size = 13;
-    EXPECT_EQ(property.getTickLabelProperty(), text);
-}
-
 TEST(KXAxisProperty, TheFontColorIsPartOfTheTickLabels)
 {
     KXAxisProperty property;

@@ -198,52 +198,6 @@ TEST(KXAxisScale, WhatTheUserSets)
     }
 }
 
-TEST(KXAxisScale, AnAutomaticRangeIsLeftInAnUnusableCustomPair)
-{
-    struct Case {
-        const char* name;
-        bool isAutomatic, isPercentage;
-        double min, max, expectedMin, expectedMax;
-    };
-    const Case cases[] = {
-        {"never set", true, false, 0, 0, -5, 96},       {"set by the user", true, false, 1, 2, 1, 2},
-        {"wrong way round", true, false, 3, 2, -5, 96}, {"custom range", false, false, 3, 2, 3, 2},
-        {"percentages", true, true, 3, 2, 3, 2},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        KXAxisProperty property;
-        property.registerUpdatedEvents([](const std::string& key) { ADD_FAILURE() << key; });
-        property.setAutoAxisRange(c.isAutomatic);
-        property.setIsStacked(true);
-        property.setIs100PercentStacked(c.isPercentage);
-        property.setCustomMinAxisValue(c.min);
-        property.setCustomMaxAxisValue(c.max);
-        KXAxisChartAxisCacheData cache = makeData(-5, 96);
-        cache.stackedMax = 300;
-        EXPECT_TRUE(kxUpdateAxisCacheData(&property, &cache, true));
-        EXPECT_EQ(property.getCustomMinAxisValue(), c.expectedMin);
-        EXPECT_EQ(property.getCustomMaxAxisValue(), c.expectedMax);
-        EXPECT_TRUE(property.getUpdatedKeys().empty());
-    }
-}
-
-TEST(KXAxisScale, OnlyAStaleRecordIsResolved)
-{
-    KXAxisProperty property;
-    KXAxisChartAxisCacheData cache = makeData(0, 10);
-    EXPECT_FALSE(kxUpdateAxisCacheData(nullptr, &cache, false));
-    EXPECT_FALSE(kxUpdateAxisCacheData(&property, nullptr, false));
-    EXPECT_TRUE(kxUpdateAxisCacheData(&property, &cache, false));
-    cache.dataMax = 20;
-    EXPECT_FALSE(kxUpdateAxisCacheData(&property, &cache, false));
-    EXPECT_EQ(cache.axisMax, 10);
-    kxSetAxisDimension(cache, KXChartDataType::Integer);
-    EXPECT_TRUE(cache.needsUpdate && cache.isSmallRange && cache.isNumberDimension);
-    kxSetAxisDimension(cache, KXChartDataType::DateTime);
-    EXPECT_TRUE(cache.isTemporalDimension && !cache.isSmallRange && !cache.isNumberDimension);
-}
-
 TEST(KXAxisScale, TicksOfAnyScale)
 {
     struct Case {

@@ -43,12 +43,6 @@ void setUp(KXAxis& axis, const Notation& notation, double min, double max)
     axis.setMaxValue(max);
 }
 
-/** @return how far the point lies from the end of the minimum, along the axis */
-double obtainDistance(const Notation& notation, const UXDoublePoint& point)
-{
-    return (point.x - notation.min.x) * notation.x - (point.y - notation.min.y) * notation.y;
-}
-
 class Listener : public KXAxisDelegate {
 public:
     void axisAxisLengthChanged(KXAxis* axis, double totalLength) override
@@ -195,27 +189,6 @@ TEST(KXAxis, ExtraLengthStandsBeyondTheMaximum)
     EXPECT_EQ(axis.obtainTotalExtraLength(), 0);
 }
 
-TEST(KXAxis, HalfASpacingPutsWholeValuesIntoTheMiddleOfSlots)
-{
-    for (const Notation& notation : notations) {
-        SCOPED_TRACE(notation.name);
-        KXAxis axis;
-        setUp(axis, notation, 0, 5);
-        const double spacing = axis.obtainCurrentValueSpacing();
-        axis.setShiftHalfValueSpacing(true);
-        EXPECT_EQ(axis.obtainShiftHalfValueSpacingOffset(), (notation.isReversed ? -0.5 : 0.5) * spacing);
-        EXPECT_EQ(axis.obtainActualOffset(7), 7 + axis.obtainShiftHalfValueSpacingOffset());
-        for (int value = 1; value <= 5; ++value)
-            EXPECT_DOUBLE_EQ(obtainDistance(notation, axis.obtainDoubleValuePositionInAxis(value)),
-                             (value - 0.5) * spacing);
-        EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(0.5, 5.5));
-    }
-    KXAxis odd;
-    setUp(odd, notations[0], 0, 8);
-    odd.setShiftHalfValueSpacing(true);
-    EXPECT_EQ(odd.obtainShiftHalfValueSpacingOffset(), 12) << "half of 25 in whole units";
-}
-
 TEST(KXAxis, TheVisibleValuesStandAtTheEndsOfTheAxis)
 {
     std::mt19937 random(7);
@@ -272,18 +245,6 @@ TEST(KXAxis, DegenerateScalesHaveOnePlace)
     EXPECT_EQ(flat.obtainValuePositionInAxis(9), UXPoint(10, 20));
 }
 
-TEST(KXAxis, FarPlacesStopAtAThousandLengths)
-{
-    KXAxis axis;
-    setUp(axis, notations[0], 0, 10);
-    for (const double value : {1e9, 1e308, inf}) {
-        EXPECT_EQ(axis.obtainDoubleValuePositionInAxis(value), UXDoublePoint(200000, 120)) << value;
-        EXPECT_EQ(axis.obtainDoubleValuePositionInAxis(-value), UXDoublePoint(-200000, 120)) << value;
-    }
-    axis.setOffset((std::numeric_limits<std::int64_t>::min)());
-    EXPECT_EQ(axis.obtainValuePositionInAxis(5), UXPoint(200000, 120));
-}
-
 TEST(KXAxis, HostileNumbersGiveFiniteAnswers)
 {
     const double odd[] = {0, -0.0, 1,      -1,     NAN,    inf,    -inf, 1e308,
@@ -313,25 +274,6 @@ TEST(KXAxis, HostileNumbersGiveFiniteAnswers)
             ASSERT_TRUE(std::isfinite(answer)) << round;
         axis.obtainValuePositionInAxis(pick());
         axis.isScrollable();
-    }
-}
-
-TEST(KXAxis, SmallDifferencesChangeNothing)
-{
-    using Set = void (KXAxis::*)(double);
-    for (const Set set : {&KXAxis::setMaxValue, &KXAxis::setMinValue, &KXAxis::setValueSpacing,
-                          &KXAxis::setMinValueSpacing, &KXAxis::setValueScale}) {
-        KXAxis axis;
-        (axis.*set)(5);
-        axis.setRequireToVerifyLayout(false);
-        for (const double same : {5.0, 5 + 5e-9, 5 - 5e-9, std::nan("")}) {
-            const std::string before = axis.serialize();
-            (axis.*set)(same);
-            EXPECT_EQ(axis.serialize(), before);
-            EXPECT_FALSE(axis.getRequireToVerifyLayout());
-        }
-        (axis.*set)(5 + 2e-8);
-        EXPECT_TRUE(axis.getRequireToVerifyLayout());
     }
 }
 
@@ -475,27 +417,4 @@ TEST(KXAxis, ADocumentHoldsTheSettings)
     EXPECT_EQ(read->serialize(), document);
     EXPECT_EQ(read->obtainAxisLength(), 200) << "reading makes the scale stale";
     EXPECT_EQ(read->obtainTotalLength(), 12.5 * 3 * 2 + 21.5);
-}
-
-TEST(KXAxis, APoorDocumentLeavesWhatItDoesNotHold)
-{
-    const char* const documents[] = {
-        R"({"m_maxValue":null})",
-        R"({"m_extraLengths_key":["a","b"],"m_extraLengths_value":[1]})",
-        R"({"m_extraLengths_key":["a"],"m_extraLengths_value":["1"]})",
-        R"({"m_extraLengths_key":7,"m_extraLengths_value":[1]})",
-        R"({"m_showAxis":1})",
-    };
-    for (const char* document : documents) {
-        KXAxis axis;
-        setUp(axis, notations[0], 0, 10);
-        axis.setExtraLength("kept", 3);
-        const std::string before = axis.serialize();
-        EXPECT_FALSE(axis.deserialize(document)) << document;
-        EXPECT_EQ(axis.serialize(), before) << document;
-    }
-    KXAxis axis;
-    axis.deserialize(R"({"m_xVectorNotation":2147483647,"m_yVectorNotation":-9})");
-    EXPECT_EQ(axis.getVectorNotationX(), 1);
-    EXPECT_EQ(axis.getVectorNotationY(), -1);
 }

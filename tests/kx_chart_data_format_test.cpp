@@ -148,20 +148,6 @@ TEST(KXChartDataFormat, SeparatorsMoveOutOfEachOthersWay)
     }
 }
 
-TEST(KXChartDataFormat, ADocumentsSeparatorsStayAsTheyAre)
-{
-    KXChartDataFormat format;
-    Calls calls(format);
-    const std::string document = format.serialize();
-    std::string both = document;
-    both.replace(both.find("\"Dot\""), 5, "\"Comma\"");
-    EXPECT_TRUE(format.deserialize(both));
-    EXPECT_EQ(format.getThousandsSeparator(), Thousands::Comma);
-    EXPECT_EQ(format.getDecimalSeparator(), Decimal::Comma);
-    EXPECT_TRUE(calls.take().empty());
-    EXPECT_EQ(format.formatNumber(1234.5), "1,234,50");
-}
-
 TEST(KXChartDataFormat, AnUpdateMarksTheCallersKeysInsteadOfItsOwn)
 {
     KXChartDataFormat format;
@@ -208,16 +194,6 @@ TEST(KXChartDataFormat, CopiesHoldEveryKey)
     EXPECT_EQ(changed.getPrefix(), "p");
     EXPECT_TRUE(changed.updateValue("m_prefix", "p2"));
     EXPECT_EQ(copyConstructed.getPrefix(), "mine");
-}
-
-TEST(KXChartDataFormat, UpdatedSeparatorsAreNotPassedOn)
-{
-    KXChartDataFormat source, target;
-    source.updateThousandsSeparator(Thousands::Space);
-    source.updateDecimals(4);
-    source.assignUpdatedPropertiesTo(&target, {}, true);
-    EXPECT_EQ(target.getThousandsSeparator(), Thousands::Comma);
-    EXPECT_EQ(target.getDecimals(), 4);
 }
 
 TEST(KXChartDataFormat, AResetTakesTheWholeFormat)

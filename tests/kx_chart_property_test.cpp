@@ -12,34 +12,6 @@ TEST(KXChartProperty, EveryKey)
     KX_WALK_KEY_LISTS(KXChartProperty, KX_CHART_PROPERTY_KEYS, KX_CHART_PROPERTY_ALL_KEYS);
 }
 
-TEST(KXChartProperty, StartsWithTheQuietLook)
-{
-    KXChartProperty property;
-    EXPECT_FALSE(property.getShowBorder());
-    EXPECT_EQ(property.getBorderColor(), UXColor(211, 211, 211, 1.0));
-    EXPECT_EQ(property.getBackgroundColor(), UXColor(255, 255, 255, 0.0));
-    EXPECT_EQ(property.getDefaultColor(), UXColor(51, 212, 217, 1.0));
-    EXPECT_TRUE(property.getShowTitle());
-    EXPECT_EQ(property.getTitleProperty().font.familyName, "Default");
-    EXPECT_EQ(property.getTitleProperty().font.size, 18);
-    EXPECT_EQ(property.getTitleProperty().textColor, UXColor(16, 16, 16, 1.0));
-    EXPECT_EQ(property.getTitleProperty().lineMode, 2);
-    EXPECT_EQ(property.getTitleProperty().align, UXTextProperty().align);
-    EXPECT_TRUE(property.getShowLegend());
-    EXPECT_EQ(property.getLegendLabelColor(), UXColor(120, 120, 120, 1.0));
-    EXPECT_FALSE(property.getShowOnlyTopX());
-    EXPECT_EQ(property.getTopXItemsToShow(), 10);
-    EXPECT_FALSE(property.getEnableTitleClick());
-    EXPECT_TRUE(property.getEnableInteraction());
-
-    const std::string document = property.serialize();
-    EXPECT_EQ(document.find("m_enableInteraction"), std::string::npos);
-    for (const char* part : {R"("m_titlePosition":"Top")", R"("m_titleHorizontalAlign":"Left")",
-                             R"("m_titleVerticalAlign":"Top")", R"("m_legendPosition":"Top")",
-                             R"("m_legendHorizontalAlign":"Left")", R"("m_legendVerticalAlign":"Top")"})
-        EXPECT_NE(document.find(part), std::string::npos) << part << " in " << document;
-}
-
 TEST(KXChartProperty, PartsOfTheTitlePropertyChangeItAsAWhole)
 {
     KXChartProperty property;
@@ -62,22 +34,6 @@ TEST(KXChartProperty, PartsOfTheTitlePropertyChangeItAsAWhole)
     EXPECT_EQ(calls, 2);
     text.textColor = UXColor(1, 2, 3, 1.0);
     EXPECT_EQ(property.getTitleProperty(), text);
-}
-
-TEST(KXChartProperty, WrappingIsTheTitlesLineMode)
-{
-    KXChartProperty property;
-    UXTextProperty expected = property.getTitleProperty();
-    EXPECT_FALSE(property.getTitleValueWrap());
-    property.updateTitleValueWrap(true);
-    EXPECT_TRUE(property.getTitleValueWrap());
-    expected.lineMode = 1;
-    EXPECT_EQ(property.getTitleProperty(), expected);
-    property.unmarkUpdatedProperties();
-    property.updateTitleValueWrap(true);
-    EXPECT_TRUE(property.getUpdatedKeys().empty());
-    property.updateTitleValueWrap(false);
-    EXPECT_EQ(property.getTitleProperty().lineMode, 2);
 }
 
 TEST(KXChartProperty, AResetTakesTheKeysOfItsGroups)
@@ -124,18 +80,4 @@ TEST(KXChartProperty, AResetTakesTheKeysOfItsGroups)
             EXPECT_TRUE(row.equal(property, c.taken.contains(row.key) ? source : KXChartProperty()))
                 << row.key;
     }
-}
-
-TEST(KXChartProperty, AResetGoesThroughItsGroupsInOrder)
-{
-    KXChartProperty property, source;
-    std::vector<std::string> called;
-    property.registerUpdatedEvents([&](const std::string& key) { called.push_back(key); });
-    property.customResetProperties(KXChartResetType::All, &source,
-                                   {"Border", "Background", "Title", "ColorSeries"});
-    EXPECT_EQ(called,
-              (std::vector<std::string>{"m_backgroundColor", "m_showBorder", "m_borderColor", "m_showTitle",
-                                        "m_titleValue", "m_titleProperty", "m_titlePosition",
-                                        "m_titleHorizontalAlign", "m_titleVerticalAlign",
-                                        "m_enableTitleClick", "m_defaultColor", "m_enableInteraction"}));
 }

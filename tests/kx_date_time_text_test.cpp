@@ -160,34 +160,6 @@ TEST(KXDateTimeText, ValuesBecomeText)
     }
 }
 
-TEST(KXDateTimeText, NamesOfMonthsAndWeekdays)
-{
-    const std::string months = "MMMMM|MMMM|MMMMC|MMMMJ|MMM|MM|M|MC|MJ";
-    const std::vector<std::string> monthTexts{"J|January|一月|1月|Jan|01|1|一|1",
-                                              "F|February|二月|2月|Feb|02|2|二|2",
-                                              "M|March|三月|3月|Mar|03|3|三|3",
-                                              "A|April|四月|4月|Apr|04|4|四|4",
-                                              "M|May|五月|5月|May|05|5|五|5",
-                                              "J|June|六月|6月|Jun|06|6|六|6",
-                                              "J|July|七月|7月|Jul|07|7|七|7",
-                                              "A|August|八月|8月|Aug|08|8|八|8",
-                                              "S|September|九月|9月|Sep|09|9|九|9",
-                                              "O|October|十月|10月|Oct|10|10|十|10",
-                                              "N|November|十一月|11月|Nov|11|11|十一|11",
-                                              "D|December|十二月|12月|Dec|12|12|十二|12"};
-    for (std::size_t i = 0; i < monthTexts.size(); ++i)
-        EXPECT_EQ(format(months, "2024-" + std::to_string(i + 1) + "-01", Type::Date, {}), monthTexts[i]);
-
-    const std::string weekdays = "WD|WDC|WDJ|Wd|wd|wdC|wdJ";
-    const std::vector<std::string> weekdayTexts{
-        "Sunday|星期日|日曜日|Sun|S|日|日",   "Monday|星期一|月曜日|Mon|M|一|月",
-        "Tuesday|星期二|火曜日|Tue|T|二|火",  "Wednesday|星期三|水曜日|Wed|W|三|水",
-        "Thursday|星期四|木曜日|Thu|T|四|木", "Friday|星期五|金曜日|Fri|F|五|金",
-        "Saturday|星期六|土曜日|Sat|S|六|土"};
-    for (std::size_t i = 0; i < weekdayTexts.size(); ++i)
-        EXPECT_EQ(format(weekdays, "2024-09-0" + std::to_string(i + 1), Type::Date, {}), weekdayTexts[i]);
-}
-
 TEST(KXDateTimeText, WeekdaysAndWeeksOfEveryDay)
 {
     static const char* const names[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};

@@ -35,39 +35,6 @@ using Controls = std::vector<UXControl*>;
 
 } // namespace
 
-TEST(UXContext, ControlsOfADiagram)
-{
-    UXContext context;
-    UXDiagram shown(&context), other(&context);
-    UXPreviewDiagram preview(&context);
-    preview.setSourceDiagram(&shown);
-    Host none, present({1}), interact({2}), both({1, 2}), elsewhere({1}), previewing({1});
-    for (Host* host : {&none, &present, &interact, &both})
-        context.setActiveDiagram(host, &shown);
-    context.setActiveDiagram(&elsewhere, &other);
-    context.setActiveDiagram(&previewing, &preview);
-
-    EXPECT_EQ(context.getControlsWithDiagram(&shown), Controls({&none, &present, &interact, &both}));
-    EXPECT_EQ(context.getControlsWithDiagram(&shown, 1), Controls({&present, &both}));
-    EXPECT_EQ(context.getControlsWithDiagramWithAnyUseCases(&shown, {1, 2}),
-              Controls({&present, &interact, &both}));
-    EXPECT_EQ(context.getControlsWithDiagramWithAnyUseCases(&shown, {}), Controls());
-    EXPECT_EQ(context.getControlsWithDiagramWithOnlyUseCases(&shown, {2}), Controls({&interact}));
-    EXPECT_EQ(context.getControlsWithDiagramWithOnlyUseCases(&shown, {2, 1, 7}),
-              Controls({&present, &interact, &both}));
-    EXPECT_EQ(context.getControlsWithDiagramAnyRelated(&shown),
-              Controls({&none, &present, &interact, &both, &previewing}));
-    EXPECT_EQ(context.getControlsWithDiagram(nullptr), Controls());
-
-    context.notifyCursorChange(&shown, 3);
-    context.notifyCursorChange(&elsewhere, 4);
-    EXPECT_EQ(present.log, "cursor3 ");
-    EXPECT_EQ(elsewhere.log, "cursor4 ");
-    Host stranger;
-    context.notifyCursorChange(&stranger, 5);
-    EXPECT_EQ(stranger.log, "");
-}
-
 TEST(UXContext, WhatIsDestroyedLeaves)
 {
     auto context = std::make_unique<UXContext>();
@@ -226,86 +193,6 @@ TEST(UXControl, ZoomKeepsItsPoint)
     control.zoomReset();
     EXPECT_EQ(control.getZoomRatio(), 1);
     EXPECT_EQ(control.getDiagramOrigin(), UXPoint(0, 0));
-}
-
-TEST(UXControl, AlignedDiagramsFollowItsSize)
-{
-    UXContext context;
-    UXDiagram diagram(&context);
-    Host control;
-    control.setScalingFactor(2);
-    control.setControlRect({5, 5, 301, 200});
-    EXPECT_EQ(control.getControlRectWithoutScalingFactor(), UXControlRect(3, 3, 151, 100));
-    context.setActiveDiagram(&control, &diagram);
-    EXPECT_EQ(diagram.getRect(), UXRect());
-    diagram.setAlign(UXAlign::Client);
-    EXPECT_EQ(diagram.getRect(), UXRect(0, 0, 150, 100));
-    EXPECT_FALSE(control.getCanScrollDiagram());
-    control.setControlRect({5, 5, 400, 200});
-    EXPECT_EQ(diagram.getRect(), UXRect(0, 0, 200, 100));
-    EXPECT_NE(control.log.find("size "), std::string::npos);
-    diagram.setAlign(UXAlign::None);
-    diagram.setRect({0, 0, 201, 100});
-    EXPECT_TRUE(control.getCanScrollDiagram());
-    diagram.setRect({0, 0, 50, 50});
-    context.notifyDiagramMove(&diagram, &control, {-1, 0});
-    EXPECT_TRUE(control.getCanScrollDiagram());
-    EXPECT_EQ(control.getDiagramOriginInControlSpace(), UXControlPoint(-2, 0));
-}
-
-TEST(UXTimer, RunsWithItsControl)
-{
-    auto control = std::make_unique<Host>();
-    std::string log;
-    UXTimer often([&] { log += "o"; });
-    UXTimer once([&] { log += "1"; });
-    std::unique_ptr<UXTimer> dying = std::make_unique<UXTimer>([&] { dying.reset(); });
-    UXTimer starter([&] { once.start(control.get(), 10, UXTimer::Mode::Once); });
-    often.start(control.get(), 10);
-    often.start(nullptr, 10);
-    EXPECT_FALSE(often.isRunning());
-    often.start(control.get(), -5);
-    often.start(control.get(), 10);
-    once.start(control.get(), 10, UXTimer::Mode::Once);
-    dying->start(control.get(), 10);
-    for (const std::int64_t now : {1000, 1009, 1010, 1011, 1100, 1050, 1111})
-        control->timer(now);
-    EXPECT_EQ(log, "o1oo") << "late calls run a timer once, and a clock that goes back runs none";
-    EXPECT_EQ(dying, nullptr);
-    EXPECT_FALSE(once.isRunning());
-
-    log.clear();
-    starter.start(control.get(), 1, UXTimer::Mode::Once);
-    for (const std::int64_t now : {1112, 1113, 1114, 1124})
-        control->timer(now);
-    EXPECT_EQ(log, "o1");
-
-    UXTimer ender([&] { control.reset(); });
-    ender.start(control.get(), 1);
-    often.stop();
-    control->timer(2000);
-    control->timer(INT64_MAX);
-    EXPECT_EQ(control, nullptr);
-    EXPECT_FALSE(ender.isRunning());
-}
-
-TEST(UXPreviewDiagram, FitsItsSource)
-{
-    UXDiagram source;
-    source.setRect({0, 0, 200, 100});
-    source.setPadding({20, 10, 80, 40});
-    UXPreviewDiagram preview;
-    EXPECT_EQ(preview.getUseCaseZoomRatio(), 1);
-    preview.setRect({0, 0, 100, 100});
-    preview.setSourceDiagram(&source);
-    EXPECT_EQ(preview.getUseCaseZoomRatio(), 0.5);
-    EXPECT_EQ(preview.getUseCaseOrigin(), UXPoint(0, 25));
-    EXPECT_EQ(preview.diagramSpaceToUseCaseDiagramSpace(UXPoint(200, 100)), UXPoint(100, 75));
-    EXPECT_EQ(preview.useCaseDiagramSpaceToDiagramSpace(UXPoint(100, 75)), UXPoint(200, 100));
-    EXPECT_EQ(preview.useCaseDiagramSpaceToDiagramSpace(UXSize(10, 20)), UXSize(20, 40));
-    preview.setUseContentRect(true);
-    EXPECT_EQ(preview.getUseCaseZoomRatio(), 1);
-    EXPECT_EQ(preview.diagramSpaceToUseCaseDiagramSpace(UXPoint(20, 10)), UXPoint(0, 25));
 }
 
 TEST(UXGlobalEventDiagram, RegistrationEndsWithEither)

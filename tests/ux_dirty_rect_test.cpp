@@ -50,34 +50,6 @@ TEST(UXDirtyRegion, MergesWhatTouchesOrWastesNothing)
     }
 }
 
-TEST(UXDirtyRegion, HoldsEverythingInFewDisjointRectangles)
-{
-    std::mt19937 random(20260517);
-    const auto below = [&](unsigned bound) { return static_cast<int>(random() % bound); };
-    for (int round = 0; round < 200; ++round) {
-        UXDirtyRegion region;
-        Rects added;
-        for (int i = 0; i < 40; ++i) {
-            added.push_back({below(500), below(500), below(30), below(30)});
-            const UXRect& rect = added.back();
-            const bool held = uxIsEmptyRect(rect) ||
-                              std::ranges::any_of(region.getRects(),
-                                                  [&](const UXRect& r) { return uxContainsRect(r, rect); });
-            EXPECT_EQ(region.add(rect), !held);
-        }
-        const Rects& rects = region.getRects();
-        ASSERT_LE(rects.size(), UXDirtyRegion::maxRectCount);
-        for (const UXRect& rect : added) {
-            EXPECT_TRUE(uxIsEmptyRect(rect) ||
-                        std::ranges::any_of(rects, [&](const UXRect& r) { return uxContainsRect(r, rect); }));
-        }
-        for (std::size_t i = 0; i < rects.size(); ++i) {
-            for (std::size_t j = 0; j < i; ++j)
-                EXPECT_FALSE(uxIntersectsRect(rects[i], rects[j]));
-        }
-    }
-}
-
 namespace {
 
 class Painted : public UXObject {
@@ -228,19 +200,6 @@ TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
     }
 }
 
-TEST(UXDirtyRect, GoesThroughSpaces)
-{
-    Scene s;
-    UXSpace space;
-    space.setRelativeOrigin({1, 2});
-    space.setXScale(2);
-    space.setYScale(0.5);
-    s.left.setSpace(&space);
-    s.clear();
-    s.leaf.addDirtyRect({0, 0, 5, 5});
-    EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect(21, 7, 10, 3));
-}
-
 TEST(UXDirtyRect, BatchesWait)
 {
     Scene s;
@@ -260,17 +219,6 @@ TEST(UXDirtyRect, BatchesWait)
     s.leaf.setRect({40, 40, 5, 5});
     s.leaf.endUpdate();
     EXPECT_EQ(s.diagram.getDirtyRegion().getRects(), Rects({{10, 10, 5, 5}, {40, 40, 5, 5}}));
-}
-
-TEST(UXDirtyRect, HostsHearOfGrowthOnly)
-{
-    Scene s;
-    s.left.invalidate();
-    s.leaf.invalidate();
-    s.leaf.setColor({9, 9, 9});
-    EXPECT_EQ(s.control.notified, Rects({{0, 0, 50, 100}}));
-    s.right.invalidate();
-    EXPECT_EQ(s.control.notified.back(), UXRect(0, 0, 100, 100));
 }
 
 TEST(UXDirtyRect, OnlyWhatMeetsTheDirtIsPainted)
@@ -331,19 +279,6 @@ TEST(UXDirtyRect, WhatPaintingMakesDirtyWaitsForTheNextPass)
     s.diagram.repaintDirtyRect();
     EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect());
     EXPECT_EQ(s.log, "left leaf left leaf ");
-}
-
-TEST(UXDirtyRect, WaitsForControlsThatPaintLater)
-{
-    Scene s;
-    PaintingControl later;
-    later.paintsNow = false;
-    s.context.setActiveDiagram(&later, &s.diagram);
-    s.leaf.invalidate();
-    s.context.repaintDirtyRect(&s.diagram);
-    EXPECT_EQ(s.log, "left leaf ");
-    EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect(10, 10, 5, 5));
-    EXPECT_EQ(later.notified.back(), UXRect(10, 10, 5, 5));
 }
 
 TEST(UXDirtyRect, PaintSurvivesWhatItsObjectsDo)

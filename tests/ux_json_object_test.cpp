@@ -337,18 +337,6 @@ TEST(UXJsonObject, NestingAndLengthHaveLimits)
     EXPECT_FALSE(object.deserialize(longText));
 }
 
-TEST(UXJsonObject, OfARepeatedKeyTheLastCounts)
-{
-    for (const int otherKeys : {0, 10, 100'000}) {
-        SCOPED_TRACE(otherKeys);
-        std::string text = R"({"m_key":1.5,)";
-        for (int i = 0; i < otherKeys; ++i)
-            text += "\"k" + std::to_string(i) + "\":0,";
-        text += R"("m_key":2.5})";
-        EXPECT_EQ(readOne(text, 0.0, &Scripted::deserializeDouble), 2.5);
-    }
-}
-
 TEST(UXJsonObject, MissingKeysKeepTheirMembers)
 {
     Scripted object;
@@ -436,21 +424,6 @@ Values makeValues()
     values.symbolStyle = UXSymbolStyle::AssistantLineWithDot;
     values.textAlign = UXTextAlign::Center;
     return values;
-}
-
-TEST(UXJsonObject, FrameworkValuesReadBack)
-{
-    Values values = makeValues();
-    const std::string text = values.serialize();
-    Values read;
-    EXPECT_TRUE(read.deserialize(text));
-    EXPECT_EQ(read.rect, values.rect);
-    EXPECT_EQ(read.color, values.color);
-    EXPECT_EQ(read.text, values.text);
-    EXPECT_EQ(read.hint, values.hint);
-    EXPECT_EQ(read.symbolStyle, values.symbolStyle);
-    EXPECT_EQ(read.serialize(), text);
-    EXPECT_EQ(values.serialize(), text);
 }
 
 TEST(UXJsonObject, AFrameworkValueIsReadWholeOrNotAtAll)
@@ -619,31 +592,6 @@ TEST(UXJsonObject, NestedObjectsCarryTypeVersionAndId)
     EXPECT_EQ(read.other, read.first.get());
 }
 
-TEST(UXJsonObject, NestedObjectsThatCannotBeMade)
-{
-    struct Case {
-        const char* name;
-        std::string value;
-        bool withFactory;
-    };
-    const Case cases[] = {
-        {"unknown type", R"({"type":"node"})", true},    {"no type", R"({"m_number":1})", true},
-        {"type of another kind", R"({"type":1})", true}, {"a text", R"("Node")", true},
-        {"a list", R"([{"type":"Node"}])", true},        {"no factory", R"({"type":"Node"})", false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        Scripted object;
-        bool wasPlaced = false;
-        object.onRead = [&](Scripted& self) {
-            return self.deserializeObject("m_key", [&](UXJsonObject*) { return wasPlaced = true; });
-        };
-        NodeFactory factory;
-        EXPECT_FALSE(object.deserialize("{\"m_key\":" + c.value + "}", c.withFactory ? &factory : nullptr));
-        EXPECT_FALSE(wasPlaced);
-    }
-}
-
 TEST(UXJsonObject, ReferencesToPartsAreTheirPlaces)
 {
     Node root, partA, partB, stranger;
@@ -733,157 +681,6 @@ TEST(UXJsonObject, ExistingObjectsAreReadInOrder)
     };
     EXPECT_FALSE(object.deserialize(text));
     EXPECT_EQ(readFirst.number, 3);
-}
-
-TEST(UXJsonObject, KnowsWhatItIsReadFrom)
-{
-    struct Case {
-        const char* name;
-        std::string members;
-        bool isCompatible;
-        std::string version;
-    };
-    const Case cases[] = {
-        {"the same", R"("type":"Scripted","version":"1.1")", true, "1.1"},
-        {"older", R"("type":"Scripted","version":"1.0")", true, "1.0"},
-        {"newer", R"("type":"Scripted","version":"1.2")", false, "1.2"},
-        {"another type", R"("type":"Other","version":"1.0")", false, "1.0"},
-        {"no head", R"("m_key":1)", true, "none"},
-        {"a version that is no number", R"("version":"new")", false, "new"},
-        {"a version that is no text", R"("version":1)", false, "none"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        Scripted object;
-        object.version = "1.1";
-        std::string version = "none";
-        object.onRead = [&](Scripted& self) {
-            EXPECT_EQ(self.getDeserializedObjectIsCompatible(), c.isCompatible);
-            self.deserializeObjectVersion(version);
-            return true;
-        };
-        EXPECT_TRUE(object.deserialize("{" + c.members + "}"));
-        EXPECT_EQ(object.getDeserializedObjectIsCompatible(), c.isCompatible);
-        EXPECT_EQ(version, c.version);
-    }
-}
-
-TEST(UXJsonObject, SettingsOfTheFactory)
-{
-    Node root;
-    root.first = std::make_unique<Node>();
-    NodeFactory factory;
-
-    factory.setSerializeRootLevelOnly(true);
-    EXPECT_EQ(root.serialize(&factory), R"({"type":"Node","version":"0","m_number":0,"m_other":null})");
-    factory.setSerializeRootLevelOnly(false);
-
-    factory.setGenerateUniqueLastObjectID(true);
-    const auto idOf = [](const std::string& text) { return text.substr(text.find("\"id\":") + 5, 1); };
-    const std::string firstID = idOf(root.serialize(&factory));
-    EXPECT_NE(idOf(root.serialize(&factory)), firstID);
-    factory.setGenerateUniqueLastObjectID(false);
-
-    factory.setUseCase(UXJsonObjectUseCase::Copy);
-    factory.setSerializeUsingTemplateKeys(true);
-    Scripted object;
-    int number = 0;
-    std::string type;
-    object.onWrite = [](Scripted& self) {
-        EXPECT_EQ(self.getSerializeUseCase(), UXJsonObjectUseCase::Copy);
-        EXPECT_NE(self.getSerializedJsonValue(), nullptr);
-        self.serializeInt64("m_number", 4);
-        self.serializeString("m_type", "own");
-    };
-    object.onRead = [&](Scripted& self) {
-        return self.deserializeInt64("m_number", number) && self.deserializeString("m_type", type);
-    };
-    const std::string text = object.serialize(&factory);
-    EXPECT_EQ(text, withHead(R"("number":4,"m_type":"own")"));
-    EXPECT_TRUE(object.deserialize(text, &factory));
-    EXPECT_EQ(number, 4);
-    EXPECT_EQ(type, "own");
-    EXPECT_FALSE(object.deserialize(text));
-    EXPECT_EQ(object.getSerializeUseCase(), UXJsonObjectUseCase{});
-    EXPECT_EQ(object.getSerializedJsonValue(), nullptr);
-}
-
-TEST(UXJsonObject, ADocumentWithinADocumentIsItsOwn)
-{
-    Scripted object;
-    std::string inner;
-    int number = 0;
-    object.onWrite = [&](Scripted& self) { self.serializeInt64("m_number", number); };
-    object.onRead = [&](Scripted& self) {
-        inner = self.serialize();
-        return self.deserializeInt64("m_number", number);
-    };
-    EXPECT_TRUE(object.deserialize(R"({"m_number":6})"));
-    EXPECT_EQ(inner, withHead(R"("m_number":0)"));
-    EXPECT_EQ(number, 6);
-}
-
-TEST(UXJsonObject, MistakesOfAClassHaveNoEffect)
-{
-    FailedChecks checks;
-    Scripted object;
-
-    // Outside of a document there is nothing to write to or read from.
-    int number = 3;
-    object.serializeInt64("m_number", 1);
-    EXPECT_FALSE(object.deserializeInt64("m_number", number));
-    EXPECT_FALSE(object.serializeCheckInit("m_list"));
-    EXPECT_EQ(number, 3);
-    EXPECT_EQ(checks.count, 3);
-
-    // An object inside itself would have no end.
-    object.onWrite = [](Scripted& self) {
-        self.serializeObject("m_self", &self);
-        EXPECT_EQ(self.serialize(), "");
-    };
-    EXPECT_EQ(object.serialize(), withHead(R"("m_self":null)"));
-    EXPECT_EQ(checks.count, 5);
-
-    // Steps without their counterparts.
-    object.onWrite = [](Scripted& self) {
-        self.serializeArrayEnd("m_list");
-        self.serializeInt64("", 1);
-        self.serializeArrayBegin();
-        self.serializeInt64("m_key", 2);
-    };
-    EXPECT_EQ(object.serialize(), withHead(""));
-    object.onRead = [](Scripted& self) {
-        UXJsonValue* element = nullptr;
-        std::uint64_t count = 0;
-        self.popJsonValue();
-        self.pushJsonValue(nullptr);
-        bool value = false;
-        EXPECT_FALSE(self.deserializeBool("m_key", value));
-        return self.deserializeArrayEnd() || self.deserializePeekArray(count) ||
-               self.deserializeArrayElement(0, element);
-    };
-    EXPECT_FALSE(object.deserialize(R"({"m_key":true})"));
-}
-
-TEST(UXJsonObject, WhatIsWrittenCanBeRead)
-{
-    // A chain deeper than a text may be is cut, with everything above the cut intact.
-    Node root;
-    Node* last = &root;
-    for (int i = 1; i < 400; ++i) {
-        last->first = std::make_unique<Node>();
-        last = last->first.get();
-        last->number = i;
-    }
-    FailedChecks checks;
-    NodeFactory factory;
-    Node read;
-    EXPECT_TRUE(read.deserialize(root.serialize(), &factory));
-    EXPECT_EQ(checks.count, 1);
-    int depth = 0;
-    for (const Node* node = read.first.get(); node; node = node->first.get())
-        EXPECT_EQ(node->number, ++depth);
-    EXPECT_GT(depth, 200);
 }
 
 } // namespace

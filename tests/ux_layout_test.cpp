@@ -119,17 +119,6 @@ TEST(UXLayout, MarksAndPasses)
     }
 }
 
-TEST(UXLayout, RequireAnswersWhetherItWasNew)
-{
-    Tree t;
-    EXPECT_TRUE(t.child->requireLayout());
-    EXPECT_FALSE(t.child->requireLayout());
-    EXPECT_EQ(t.child->marks, 1);
-    EXPECT_TRUE(t.child->getRequireToVerifyLayout());
-    EXPECT_FALSE(t.parent->getRequireToVerifyLayout());
-    EXPECT_TRUE(UXObject().getRequireToVerifyLayout());
-}
-
 TEST(UXLayout, APassDoesNotAskForAnother)
 {
     Tree t;
@@ -208,27 +197,6 @@ TEST(UXLayout, ABatchThatEndsInsideAnotherHandsItsWorkOn)
     EXPECT_EQ(t.count(), "001");
 }
 
-TEST(UXLayout, OneFrameAtATime)
-{
-    Tree t;
-    t.parent->beginLayoutWithFPSControl();
-    t.parent->beginLayoutWithFPSControl();
-    EXPECT_TRUE(t.parent->isLayoutingWithFPSControl());
-    int asked = 0;
-    // However fast the machine is, the first is done at once and the last not lost.
-    for (; asked < 50; ++asked) {
-        t.parent->requireLayout();
-        t.parent->layout();
-    }
-    EXPECT_GE(t.parent->layouts, 1);
-    t.parent->endLayoutWithFPSControl();
-    EXPECT_TRUE(t.parent->isLayoutingWithFPSControl());
-    t.parent->endLayoutWithFPSControl();
-    EXPECT_FALSE(t.parent->isLayoutingWithFPSControl());
-    EXPECT_FALSE(t.parent->getRequireToVerifyLayout());
-    EXPECT_LE(t.parent->layouts, asked);
-}
-
 TEST(UXLayout, PassesFromTheRootComeBackToWhatWaitsForItsFrame)
 {
     Tree t;
@@ -271,28 +239,4 @@ TEST(UXLayout, Alignments)
         diagram.layout();
         EXPECT_EQ(child.getRect(), c.expected);
     }
-}
-
-TEST(UXLayout, AutoResizeFitsVisibleChildren)
-{
-    UXObject object;
-    object.setRect({3, 4, 50, 50});
-    object.setPadding({1, 1, 5, 6});
-    object.setAutoResize(true);
-    object.layout();
-    EXPECT_EQ(object.getRect(), UXRect(3, 4, 50, 50));
-
-    auto* shown = new UXObject;
-    auto* hidden = new UXObject;
-    object.addChild(shown);
-    object.addChild(hidden);
-    shown->setRect({10, 10, 20, 30});
-    hidden->setRect({0, 0, 900, 900});
-    hidden->setVisible(false);
-    object.layout();
-    EXPECT_EQ(object.getRect(), UXRect(3, 4, 35, 46));
-    EXPECT_FALSE(object.getRequireToVerifyLayout());
-    shown->setRect({INT_MAX, 0, INT_MAX, 1});
-    object.layout();
-    EXPECT_EQ(object.getRect().width, INT_MAX);
 }

@@ -193,58 +193,6 @@ TEST(UXObjectWatcher, TurnsNullWithItsObject)
     EXPECT_EQ(second.getObject(), nullptr);
 }
 
-TEST(UXObjectGeometry, RectanglesAndPadding)
-{
-    UXObject object;
-    object.setRect({10, 20, 100, 50});
-    object.setPadding({1, 2, 3, 4});
-    EXPECT_EQ(object.getBoundingRect(), UXRect(0, 0, 100, 50));
-    EXPECT_EQ(object.getContentRect(), UXRect(1, 2, 96, 44));
-    EXPECT_EQ(object.getRectExcludePadding(), UXRect(11, 22, 96, 44));
-    EXPECT_TRUE(object.ptInRect({0, 0}));
-    EXPECT_FALSE(object.ptInRect({100, 0}));
-    EXPECT_TRUE(object.inRect({99, 49, 5, 5}));
-    EXPECT_FALSE(object.inRect({100, 0, 5, 5}));
-
-    object.setPadding({80, 0, 80, 60});
-    EXPECT_EQ(object.getContentRect(), UXRect(80, 0, 0, 0));
-    object.setPadding({INT_MAX, INT_MIN, INT_MAX, INT_MIN});
-    EXPECT_EQ(object.getContentRect(), UXRect(INT_MAX, INT_MIN, 0, INT_MAX));
-}
-
-TEST(UXObjectGeometry, BoundsOfVisibleDescendants)
-{
-    UXObject root;
-    root.setRect({500, 500, 10, 10});
-    UXObject* child = addNamed(root, "child");
-    child->setRect({-5, 2, 10, 10});
-    UXObject* grandchild = addNamed(*child, "grandchild");
-    grandchild->setRect({0, 20, 1, 1});
-    EXPECT_EQ(root.getBoundingRectIncludeChildren(), UXRect(-5, 0, 15, 23));
-    grandchild->setVisible(false);
-    EXPECT_EQ(root.getBoundingRectIncludeChildren(), UXRect(-5, 0, 15, 12));
-}
-
-TEST(UXObjectState, OnlyWhatIsAbleTakesAState)
-{
-    UXObject object;
-    object.setSelected(true);
-    object.setHighlighted(true);
-    EXPECT_FALSE(object.getSelected());
-    EXPECT_FALSE(object.getHighlighted());
-    object.setSelectable(true);
-    object.setHighlightable(true);
-    object.setSelected(true);
-    object.setHighlighted(true);
-    object.setSelectable(false);
-    object.setHighlightable(false);
-    EXPECT_TRUE(object.getSelected());
-    object.setSelected(false);
-    object.setHighlighted(false);
-    EXPECT_FALSE(object.getSelected());
-    EXPECT_FALSE(object.getHighlighted());
-}
-
 namespace {
 
 /** Refers to another object by name or by its place. */
@@ -291,15 +239,4 @@ TEST(UXObjectJson, RefersToObjectsInsideByTheirPlace)
     root.part = b;
     root.deserialize(lost);
     EXPECT_NE(root.part, &stranger) << "what is not inside cannot be found again";
-}
-
-TEST(UXObjectJson, WritesNeitherChildrenNorRectangle)
-{
-    UXObject root, other;
-    addNamed(root, "a");
-    root.setName("root");
-    root.setRect({1, 2, 3, 4});
-    EXPECT_EQ(root.serialize(), other.serialize());
-    EXPECT_TRUE(root.deserialize(other.serialize()));
-    EXPECT_EQ(namesOf(root), "a");
 }

@@ -236,55 +236,6 @@ TEST(UXRecordingPainter, KeepsNothingThatMayDie)
     EXPECT_EQ(painter.getLines().at(2), "  setColor 1,2,3,1");
 }
 
-TEST(UXRecordingPainter, ComposedOperationsUseWhatABackEndAnswers)
-{
-    struct Case {
-        const char* name;
-        std::function<void(UXPainter&)> draw;
-        Lines expected;
-    };
-    // The plain bodies of the base class, which the recorder overrides for shorter recordings.
-    const Case cases[] = {
-        {"rectangle",
-         [](UXPainter& p) { p.UXPainter::addRectanglePath(1, 2, 3, 4); },
-         {"setStartPoint 1,2", "addLinePath 4,2", "addLinePath 4,6", "addLinePath 1,6", "closePath"}},
-        {"line",
-         [](UXPainter& p) { p.UXPainter::addLinePath(1, 2, 3, 4); },
-         {"setStartPoint 1,2", "addLinePath 3,4"}},
-        {"dash style",
-         [](UXPainter& p) { p.UXPainter::setLineDash(UXLineDashStyle::None); },
-         {"setLineDash offset 0"}},
-        {"arc of no extent",
-         [](UXPainter& p) { p.UXPainter::joinCircleArcPath(5, 5, 0, 90, 90); },
-         {"addLinePath 5,5", "addCubicCurvePath 5,5,5,5,5,5"}},
-        {"negative radius", [](UXPainter& p) { p.UXPainter::addCircleArcPath(5, 5, -1, 0, 90); }, {}},
-        {"arc that is not finite",
-         [](UXPainter& p) { p.UXPainter::joinCircleArcPath(5, 5, INFINITY, 0, 90); },
-         {"addLinePath nan,nan"}},
-        {"line with a gap",
-         [](UXPainter& p) {
-             p.UXPainter::drawPolyline(std::vector<UXDoublePoint>{{0, 0}, {1, 1}, {NAN, 1}, {2, 2}, {3, 3}});
-         },
-         {"setStartPoint 0,0", "addLinePath 1,1", "setStartPoint 2,2", "addLinePath 3,3", "stroke"}},
-        {"rectangles one by one",
-         [](UXPainter& p) {
-             p.UXPainter::drawRects(
-                 std::vector<UXDoubleRect>{{0.2, 0, 0.1, 4}, {1, 1, -1, 1}, {1, NAN, 1, 1}});
-         },
-         {"addRectanglePath 0,0,1,4", "fill", "addRectanglePath 1,nan,1,1", "fill"}},
-        {"text in its own colour",
-         [](UXPainter& p) {
-             p.UXPainter::drawText("a", {0, 0, 9, 9}, UXTextProperty{});
-         },
-         {"saveState", "setColor 0,0,0,1",
-          "drawText 0,0,9,9 \"a\" font \"Default\" 12 align Left option Default lineMode 2", "restoreState"}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(record(c.draw), c.expected);
-    }
-}
-
 TEST(UXRecordingPainter, ArcsRunStraightFromStartToEndAngle)
 {
     struct Case {
@@ -310,74 +261,6 @@ TEST(UXRecordingPainter, ArcsRunStraightFromStartToEndAngle)
         EXPECT_EQ(lines.front(), c.first);
         EXPECT_TRUE(lines.back().ends_with(std::string(",") + c.lastPoint)) << lines.back();
     }
-}
-
-TEST(UXRecordingPainter, NotesTheDeviceScaleAndTheEdgesThatItMoved)
-{
-    const std::vector<UXDoubleRect> rects{{0, 0, 10.2, 10}};
-    const std::vector<double> positions{0, 10};
-    const auto draw = [&](UXPainter& painter) {
-        painter.translate(0.25, 0);
-        painter.drawRects(rects);
-        painter.drawHorizontalLines(positions, 0, 100, 0);
-        painter.drawVerticalLines(positions, 0, 100, 1);
-    };
-    EXPECT_EQ(record(draw),
-              (Lines{"translate 0.25,0", "drawRects -0.25,0,10,10", "drawRects -0.25,-1,100,1 -0.25,9,100,1",
-                     "drawRects -0.25,0,1,100 9.75,0,1,100"}));
-    EXPECT_EQ(record(draw, 2), (Lines{"deviceScale 2", "translate 0.25,0", "drawRects 0.25,0,10,10",
-                                      "drawRects 0.25,-0.5,100,0.5 0.25,9.5,100,0.5",
-                                      "drawRects -0.75,0,1,100 9.25,0,1,100"}));
-}
-
-TEST(UXRecordingPainter, WhatHasNoEffectLeavesTheSpaceAsItIs)
-{
-    UXRecordingPainter painter(2);
-    const UXTransform before = painter.getDeviceTransform();
-    painter.translate(NAN, 0);
-    painter.rotate(INFINITY);
-    painter.scale(0, 1);
-    EXPECT_EQ(painter.getDeviceTransform(), before);
-}
-
-TEST(UXRecordingPainter, StateGuardRestoresOnEveryWayOut)
-{
-    UXRecordingPainter painter;
-    const auto draw = [&painter](bool leaveEarly) {
-        const UXPainterState state(painter);
-        painter.translate(5, 5);
-        if (leaveEarly)
-            return;
-        painter.fill();
-    };
-    draw(true);
-    draw(false);
-    painter.restoreState();
-    EXPECT_EQ(painter.getLines(), (Lines{"saveState", "translate 5,5", "restoreState", "saveState",
-                                         "translate 5,5", "fill", "restoreState", "restoreState"}));
-    EXPECT_EQ(painter.getDeviceTransform(), UXTransform{});
-}
-
-TEST(UXRecordingPainter, TextResultSaysWhereTheLinesStand)
-{
-    UXRecordingPainter painter;
-    const UXTextProperty property;
-    const UXDoubleSize size = painter.getTextSize("Total", property);
-    ASSERT_GT(size.width, 0);
-
-    UXDrawTextResult result;
-    painter.drawText("Total", {10, 20, size.width + 10, size.height + 6}, property.font, UXTextAlign::Center,
-                     UXTextOption::Default, 2, result);
-    EXPECT_EQ(result.textRect, UXDoubleRect(15, 23, size.width, size.height));
-    EXPECT_TRUE(result.fits);
-
-    painter.drawText("Total", {10, 20, size.width - 4, size.height - 2}, property, result);
-    EXPECT_EQ(result.textRect, UXDoubleRect(10, 20, size.width, size.height));
-    EXPECT_FALSE(result.fits);
-
-    painter.drawText("", {10, 20, 1, 1}, property, result);
-    EXPECT_EQ(result.textRect, UXDoubleRect());
-    EXPECT_TRUE(result.fits);
 }
 
 TEST(UXRecordingPaintConfig, PaintersAreClippedToWhatIsCommonToAllPushedRectangles)

@@ -35,62 +35,6 @@ TEST(UXSaturate, StopsAtTheLimitsOfInt)
     EXPECT_EQ(uxSaturateToInt((std::numeric_limits<std::uint64_t>::max)()), highest);
 }
 
-TEST(UXPoint, SumsStopAtTheLimits)
-{
-    UXPoint point(highest, lowest);
-    point += UXPoint(1, -1);
-    EXPECT_EQ(point, UXPoint(highest, lowest));
-    EXPECT_EQ(UXPoint(lowest, highest) - UXPoint(1, -1), UXPoint(lowest, highest));
-    EXPECT_EQ(UXPoint(5, 7) - UXPoint(2, 9), UXPoint(3, -2));
-}
-
-TEST(UXRect, KeysASortedContainerByEveryField)
-{
-    const std::set<UXRect> rects = {{0, 0, 0, 1}, {0, 0, 1, 0}, {0, 1, 0, 0}, {1, 0, 0, 0}, {0, 0, 0, 1}};
-    EXPECT_EQ(rects.size(), 4U);
-    EXPECT_EQ(*rects.rbegin(), UXRect(1, 0, 0, 0));
-    const std::set<UXLine> lines = {{{0, 0}, {0, 1}}, {{0, 1}, {0, 0}}, {{0, 0}, {0, 1}}};
-    EXPECT_EQ(lines.size(), 2U);
-}
-
-TEST(UXRect, ItsFarCornerMovesWithoutItsOrigin)
-{
-    UXRect rect(10, 20, 30, 40);
-    EXPECT_EQ(rect.getBottomRight(), UXPoint(40, 60));
-    rect.setBottom(25);
-    EXPECT_EQ(rect, UXRect(10, 20, 30, 5));
-    rect.setBottomRight({5, 70});
-    EXPECT_EQ(rect, UXRect(10, 20, -5, 50));
-    rect = {highest, -10, 1, 1};
-    EXPECT_EQ(rect.getBottomRight(), UXPoint(highest, -9));
-    rect.setBottom(highest);
-    EXPECT_EQ(rect.height, highest);
-}
-
-TEST(UXRectFunctions, EdgesAndCentres)
-{
-    const UXRect rect(-3, 4, 5, 7);
-    EXPECT_EQ(uxMaxX(rect), 2);
-    EXPECT_EQ(uxMidX(rect), -1);
-    EXPECT_EQ(uxMaxY(rect), 11);
-    EXPECT_EQ(uxMidY(rect), 7);
-    EXPECT_EQ(uxMaxX({highest, 0, highest, 0}), highest);
-    EXPECT_EQ(uxMidY({0, highest, 0, 4}), highest);
-    EXPECT_DOUBLE_EQ(uxMidDoubleX({-3, 4, 5, 7}), -0.5);
-    EXPECT_DOUBLE_EQ(uxMaxDoubleY({-3, 4, 5, 7}), 11);
-}
-
-TEST(UXRectFunctions, InflatingGrowsEachSideByItsAmount)
-{
-    EXPECT_EQ(uxInflateRect({10, 10, 10, 10}, 1, 2), UXRect(9, 8, 12, 14));
-    EXPECT_EQ(uxInflateRect({10, 10, 10, 10}, 1, 2, 3, 4), UXRect(9, 8, 14, 16));
-    EXPECT_EQ(uxInflateRect({0, 0, 4, 4}, -3, -3), UXRect(3, 3, -2, -2));
-    EXPECT_EQ(uxInflateRect({lowest, 0, highest, 0}, highest, lowest),
-              UXRect(lowest, highest, highest, lowest));
-    EXPECT_EQ(uxInflateDoubleRect({0, 0, 1, 1}, 0.5, 0.25), UXDoubleRect(-0.5, -0.25, 2, 1.5));
-    EXPECT_EQ(uxInflateDoubleRect({0, 0, 1, 1}, 1, 2, 3, 4), UXDoubleRect(-1, -2, 5, 7));
-}
-
 TEST(UXRectFunctions, UnionAndIntersection)
 {
     struct Case {

@@ -23,28 +23,6 @@ TEST(UXSpace, RefusesWhatCannotBeUndone)
     EXPECT_TRUE(space.isInitialized());
 }
 
-TEST(UXSpace, ParentsFormNoCircleAndMayGo)
-{
-    UXSpace inner, middle;
-    auto outer = std::make_unique<UXSpace>();
-    inner.setParent(&middle);
-    middle.setParent(outer.get());
-    outer->setParent(&inner);
-    outer->setParent(outer.get());
-    EXPECT_EQ(outer->getParent(), nullptr);
-    EXPECT_EQ(inner.getParent(), &middle);
-    outer.reset();
-    EXPECT_EQ(middle.getParent(), nullptr);
-
-    UXObject object;
-    {
-        UXSpace gone;
-        object.setSpace(&gone);
-        EXPECT_EQ(object.getSpace(), &gone);
-    }
-    EXPECT_EQ(object.getSpace(), nullptr);
-}
-
 namespace {
 
 /** root (ignored rectangle) > a (10,20) with a space of origin (3,4), scales 2 and 3 > b (5,6) > c (1,1);

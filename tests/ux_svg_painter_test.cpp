@@ -255,49 +255,6 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
     }
 }
 
-TEST(UXSvgPainter, ClipsAreNestedAndNamedOnce)
-{
-    const std::string content = paintContent([](UXPainter& p) {
-        const auto mark = [&p] {
-            p.addLinePath(0, 0, 1, 0);
-            p.fill();
-        };
-        p.addRectanglePath(-1, 0, 200, 50); // holds the whole page
-        p.clip();
-        mark();
-        for (int i = 0; i < 2; ++i) {
-            const UXPainterState state(p);
-            p.addRectanglePath(0, 0, 10, 10);
-            p.clip();
-            mark();
-            mark();
-            p.clip();
-            mark();
-        }
-        mark();
-    });
-    EXPECT_EQ(content, "<defs>\n"
-                       "<clipPath id=\"d1\"><path d=\"M0 0H10V10H0Z\"/></clipPath>\n"
-                       "<clipPath id=\"d2\" clip-path=\"url(#d1)\"></clipPath>\n"
-                       "</defs>\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
-                       "<g clip-path=\"url(#d1)\">\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
-                       "</g>\n"
-                       "<g clip-path=\"url(#d2)\">\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
-                       "</g>\n"
-                       "<g clip-path=\"url(#d1)\">\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
-                       "</g>\n"
-                       "<g clip-path=\"url(#d2)\">\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"
-                       "</g>\n"
-                       "<path d=\"M0 0H1\" fill=\"#000000\"/>\n");
-}
-
 TEST(UXSvgPainter, GradientsStayInTheSpaceTheyWereUsedIn)
 {
     const std::string content = paintContent([](UXPainter& p) {
@@ -402,67 +359,6 @@ TEST(UXSvgPainter, TextLinesStandWhereTheMeasurerPutsThem)
 
     EXPECT_EQ(linesOf(draw("", {0, 0, 40, 12})), Lines{});
     EXPECT_EQ(linesOf(draw("a", {0, NAN, 40, 12})), Lines{});
-}
-
-TEST(UXSvgPainter, PicturesAreCutAndCombined)
-{
-    const UXPicture red = makePicture({255, 0, 0}, 9), blue = makePicture({0, 0, 255, 0.5}, 9);
-    EXPECT_EQ(paintContent([&](UXPainter& p) {
-                  p.drawPicture(&red, {10, 10, 8, 8}, 0.5);
-              }),
-              "<defs>\n<clipPath id=\"d1\"><path d=\"M10 10H18V18H10Z\"/></clipPath>\n</defs>\n"
-              "<g opacity=\"0.5\">\n<g clip-path=\"url(#d1)\">\n<path d=\"M10 10H28V46H10Z\" "
-              "fill=\"#ff0000\"/>\n</g>\n</g>\n");
-
-    for (int mode = 0; mode <= static_cast<int>(UXCompositionMode::Lighten); ++mode) {
-        const std::string svg = paint([&](UXPainter& p) {
-            p.drawCompositedPicture(&red, &blue, {10, 10, 8, 8}, static_cast<UXCompositionMode>(mode));
-        });
-        SCOPED_TRACE(svg);
-        EXPECT_EQ(findFault(svg), "");
-    }
-
-    const UXPicture empty;
-    EXPECT_EQ(paintContent([&](UXPainter& p) {
-                  p.drawPicture(nullptr, UXDoublePoint(), 1);
-                  p.drawPicture(&empty, UXDoubleRect(0, 0, 5, 5), 1);
-                  p.drawPicture(&red, UXDoubleRect(0, 0, 0, 5), 1);
-                  p.drawPicture(&red, UXDoubleRect(0, 0, 5, 5), 0);
-                  p.drawImage(nullptr, UXDoubleRect(0, 0, 5, 5), 1);
-                  p.drawMaskedPicture(&red, static_cast<const UXImage*>(nullptr), UXDoubleRect(0, 0, 5, 5));
-                  p.drawMasked({}, nullptr, {0, 0, 5, 5});
-              }),
-              "");
-}
-
-TEST(UXSvgPainter, PicturesBeginWithThePresentStateAndEndSomewhere)
-{
-    UXPicture endless;
-    int runs = 0;
-    endless.registerPaintAction(
-        [&](UXPainter* painter) {
-            ++runs;
-            painter->addLinePath(0, 0, 1, 0);
-            painter->fill();
-            painter->restoreState();
-            painter->drawPicture(&endless, UXDoublePoint(0, 0), 1);
-        },
-        {200, 100});
-    const Draw draw = [&](UXPainter& p) {
-        p.setColor({255, 0, 0});
-        p.setCompositionMode(UXCompositionMode::Multiply);
-        p.drawPicture(&endless, UXDoublePoint(0, 0), 1);
-    };
-    const std::string content = paintContent(draw);
-    EXPECT_EQ(runs, uxDeepestPictureNesting);
-    EXPECT_TRUE(content.starts_with(
-        "<g style=\"mix-blend-mode:multiply\">\n<path d=\"M0 0H1\" fill=\"#ff0000\"/>\n<g>"))
-        << content;
-
-    UXRecordingPainter recorder;
-    draw(recorder);
-    EXPECT_EQ(runs, 2 * uxDeepestPictureNesting);
-    EXPECT_EQ(paintContent([&](UXPainter& p) { recorder.replay(p); }), content);
 }
 
 TEST(UXSvgPainter, HostileNumbersDrawSomethingSane)

@@ -73,15 +73,4 @@ TEST(UXSymbol, TakesThePointerInsideItsShape)
     }
 }
 
-TEST(UXSymbol, SavesItsStyleByName)
-{
-    UXSymbol symbol;
-    symbol.setSymbolStyle(UXSymbolStyle::AreaRight);
-    const std::string saved = symbol.serialize();
-    EXPECT_NE(saved.find("\"AreaRight\""), std::string::npos);
-    UXSymbol read;
-    EXPECT_TRUE(read.deserialize(saved));
-    EXPECT_EQ(read.getSymbolStyle(), UXSymbolStyle::AreaRight);
-}
-
 } // namespace

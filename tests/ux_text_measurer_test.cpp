@@ -87,47 +87,6 @@ TEST(UXTextMeasurer, OddQuestionsAndAnswersAreMadePlain)
     EXPECT_EQ(measurer.m_calls, 2);
 }
 
-TEST(UXTextMeasurer, ANewMeasurerForgetsTheOldAnswers)
-{
-    CountingMeasurer measurer;
-    (void)measure("a");
-    measurer.m_answer = {1, 2};
-    uxSetTextMeasurer(&measurer);
-    EXPECT_EQ(measure("a"), UXDoubleSize(1, 2));
-
-    // Replaced while it answers: the late answer is not kept for its successor.
-    measurer.m_meanwhile = [] { uxSetTextMeasurer(nullptr); };
-    EXPECT_EQ(measure("b"), UXDoubleSize(1, 2));
-    EXPECT_NE(measure("b"), UXDoubleSize(1, 2));
-}
-
-TEST(UXTextMeasurer, TheLayoutHelperAsksTheSameOne)
-{
-    CountingMeasurer measurer;
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    UXTextProperty property;
-    property.lineMode = 1;
-    EXPECT_EQ(helper->getTextSize("a", property), UXDoubleSize(7, 9));
-    EXPECT_EQ(measurer.m_lastLimit, -1);
-    EXPECT_EQ(helper->getTextSize("a", property, 40), UXDoubleSize(7, 9));
-    EXPECT_EQ(measurer.m_lastLimit, 40);
-    (void)helper->getTextSize("a", property.font, property.option, 1);
-    (void)helper->getTextSize("a", property.font, property.option, 1, 40);
-    EXPECT_EQ(measurer.m_calls, 2);
-}
-
-TEST(UXApproximateTextMeasurer, WidthsFollowTheText)
-{
-    EXPECT_DOUBLE_EQ(approximate("1111").width, approximate("8888").width);
-    EXPECT_LT(approximate("ill").width, approximate("WWW").width);
-    EXPECT_LT(approximate("abc").width, approximate("abc", 2, -1, true).width);
-    EXPECT_DOUBLE_EQ(approximate("\xE6\xBC\xA2\xE5\xAD\x97").width, 20);
-    EXPECT_DOUBLE_EQ(approximate("e\xCC\x81").width, approximate("e").width);
-    EXPECT_DOUBLE_EQ(approximate("a\nabc\nab").width, approximate("abc").width);
-    EXPECT_DOUBLE_EQ(approximate("a\nb\nc").height, 3 * approximate("a").height);
-    EXPECT_GT(approximate("\xFF\xFE").width, 0);
-}
-
 TEST(UXApproximateTextMeasurer, WrapsInLineModeOneAlone)
 {
     const double limit = approximate("some words").width;
