@@ -99,23 +99,6 @@ TEST_F(CairoPaintConfig, IsValidForSizesThatCanBePainted)
     }
 }
 
-TEST_F(CairoPaintConfig, HostsSurfaceIsPaintedAtItsOwnScale)
-{
-    CairoTestCanvas host(20, 10, 2);
-    UXCairoPaintConfig config(host.config().getSurface(), 0.5);
-    UXPainter* painter = uxCreatePainter(&config);
-    ASSERT_NE(painter, nullptr);
-    EXPECT_EQ(painter->getDeviceScale(), 1);
-    EXPECT_EQ(painter->getDeviceTransform(), UXTransform());
-    drawMarks(*painter);
-    uxDestroyPainter(painter);
-    EXPECT_EQ(host.inkBounds(), UXRect(1, 1, 9, 2));
-
-    UXCairoPaintConfig none(nullptr);
-    EXPECT_FALSE(none.isPaintConfigValid());
-    EXPECT_EQ(uxCreatePainter(&none), nullptr);
-}
-
 TEST_F(CairoPaintConfig, PngIsWrittenWholeOrNotAtAll)
 {
     CairoTestCanvas canvas(12, 4);

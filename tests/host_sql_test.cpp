@@ -213,31 +213,6 @@ TEST(HostSql, PostgresqlAnswers)
     EXPECT_THROW(session.obtainColumns("pg_nothing"), HostError);
 }
 
-TEST(HostSql, GapsAreFilled)
-{
-    const auto gaps = [](const std::string& column, const std::string& level, const std::string& more = "") {
-        return R"({"dimensions": [{"column": ")" + column + R"(", "level": ")" + level +
-               R"(", "fillGaps": true)" + more + "}], " + countRows + '}';
-    };
-    const TemporaryFile file(
-        "day,at,moment\n2022-12-20,22:58,2022-12-31 22:00\n2023-01-10,23:01,2023-01-01 01:00\n,,\n");
-    SqlSession session("");
-    CsvImporter(session).importFile(file.getPath(), "data");
-    expectAnswers(
-        session,
-        {
-            {"weeks over the turn of a year", gaps("day", "week"),
-             "2022 W51 ~2022 W52 ~2023 W00 ~2023 W01 2023 W02 (null) ; 1 - - - 1 1"},
-            {"hours over the turn of a year", gaps("moment", "hour"),
-             "2022-12-31 22:00:00 ~2022-12-31 23:00:00 ~2023-01-01 00:00:00 2023-01-01 01:00:00 (null) ; "
-             "1 - - 1 1"},
-            {"backwards", gaps("at", "minute", R"(, "sort": {"descending": true})"),
-             "23:01:00 ~23:00:00 ~22:59:00 22:58:00 (null) ; 1 - - 1 1"},
-            {"too many", gaps("day", "second"),
-             "b: dimensions[0]: \"day\" holds dates without a time of day"},
-        });
-}
-
 TEST(HostSql, StepsOfTime)
 {
     struct Step {

@@ -215,36 +215,6 @@ TEST(KXAxis, TheVisibleValuesStandAtTheEndsOfTheAxis)
     }
 }
 
-TEST(KXAxis, DegenerateScalesHaveOnePlace)
-{
-    struct Case {
-        const char* name;
-        std::function<void(KXAxis&)> set;
-    };
-    const Case cases[] = {
-        {"no span", [](KXAxis& axis) { axis.setMinValue(10); }},
-        {"no room beside the extra length", [](KXAxis& axis) { axis.setExtraLength("labels", 500); }},
-    };
-    for (const Notation& notation : notations) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(std::string(notation.name) + ", " + c.name);
-            KXAxis axis;
-            setUp(axis, notation, 0, 10);
-            c.set(axis);
-            EXPECT_FALSE(axis.isValidAxis());
-            for (const double value : {0.0, 10.0, -1e300, inf, std::nan("")})
-                EXPECT_EQ(axis.obtainValuePositionInAxis(value), notation.min);
-            EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(axis.getMinValue(), axis.getMinValue()));
-        }
-    }
-    KXAxis flat;
-    setUp(flat, notations[2], 0, 10);
-    flat.setRect(UXRect(10, 20, 200, 0));
-    flat.setValueSpacing(5);
-    EXPECT_EQ(flat.obtainValuePositionInAxis(0), UXPoint(10, 20));
-    EXPECT_EQ(flat.obtainValuePositionInAxis(9), UXPoint(10, 20));
-}
-
 TEST(KXAxis, HostileNumbersGiveFiniteAnswers)
 {
     const double odd[] = {0, -0.0, 1,      -1,     NAN,    inf,    -inf, 1e308,

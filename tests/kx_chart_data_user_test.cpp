@@ -133,25 +133,4 @@ TEST(KXChartDataUser, AStepOfReloadingMayDestroyTheChart)
     }
 }
 
-TEST(KXChartDataProvider, AnswersWithItsDefaults)
-{
-    class Least : public KXChartDataProvider {
-        void beginPrepareData(KXChartDataUser*) override {}
-        void endPrepareData(KXChartDataUser*) override {}
-        bool obtainDataIsEmpty(KXChartDataUser*) override { return true; }
-        std::string obtainValueLabel(KXChartDataUser*, std::uint64_t index) override
-        {
-            return "value " + std::to_string(index);
-        }
-    } least;
-    KXChartDataProvider& provider = least;
-    EXPECT_EQ(provider.obtainValueID(nullptr, 3), "value 3");
-    EXPECT_EQ(provider.obtainValueDataType(nullptr, {0}), KXChartDataType::Float);
-    EXPECT_EQ(static_cast<int>(provider.obtainValueAggregateType(nullptr, {0})), 6);
-    EXPECT_EQ(provider.obtainNextValidDimensionIndex(nullptr, {0, 0}), -1);
-    EXPECT_TRUE(provider.shouldFormatDimenionData(nullptr, {0, 0}));
-    EXPECT_TRUE(provider.validateValueData(nullptr, {0, 0}));
-    EXPECT_EQ(provider.obtainDimensionSetting(nullptr, 0).secondNumber, 100);
-}
-
 } // namespace

@@ -175,23 +175,6 @@ TEST(KXChartPropertyBase, AListLeavesOutWhatItCannotRead)
     }
 }
 
-TEST(KXChartPropertyBase, ACopyKeepsMarksCallbacksAndAccess)
-{
-    int calls = 0;
-    StripProperty first;
-    first.registerUpdatedEvents([&](const std::string&) { ++calls; });
-    first.updateStripWidth(0.1);
-    StripProperty second(first), third;
-    third = first;
-    for (StripProperty* object : {&second, &third}) {
-        EXPECT_EQ(object->getUpdatedKeys(), KXKeys{"m_stripWidth"});
-        UXPropertyAccessor accessor(object);
-        EXPECT_TRUE(accessor.updateValue("m_showLabels", true));
-    }
-    EXPECT_EQ(calls, 3);
-    EXPECT_FALSE(first.getShowLabels());
-}
-
 TEST(KXChartPropertyBase, ACallbackMayDestroyTheObjectThatCallsIt)
 {
     const auto make = [](std::unique_ptr<RoundStripProperty>& owner) {
@@ -216,27 +199,4 @@ TEST(KXChartPropertyBase, ACallbackMayDestroyTheObjectThatCallsIt)
     other.registerUpdatedEvents([&](const std::string&) { object.reset(); });
     object->assignTo(&other, {}, true);
     EXPECT_FALSE(object) << "the source may go as well";
-}
-
-TEST(KXChartPropertyBase, ACallbackMayUnregisterItself)
-{
-    StripProperty object;
-    std::string text(100, 'x');
-    object.registerUpdatedEvents([&object, text](const std::string& key) {
-        object.unregisterAllUpdatedEvents();
-        EXPECT_EQ(text.size() + key.size(), 100 + std::string("m_stripWidth").size());
-    });
-    object.updateStripWidth(1);
-    object.updateStripWidth(2);
-    EXPECT_EQ(object.getUpdatedKeys().size(), 1u);
-}
-
-TEST(KXChartPropertyBase, NumbersThatAreNoneAreWrittenAsNull)
-{
-    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
-        StripProperty object, read;
-        object.updateStripWidth(value);
-        EXPECT_FALSE(read.deserialize(object.serialize()));
-        EXPECT_EQ(read.getStripWidth(), 0.8);
-    }
 }

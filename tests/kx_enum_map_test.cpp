@@ -147,15 +147,3 @@ TEST(KXEnumMap, WritesTheNameOrNothing)
     }
     EXPECT_FALSE(object.deserialize(object.serialize()));
 }
-
-TEST(KXEnumMap, AllThreadsShareOneMap)
-{
-    std::vector<const void*> maps(8);
-    std::vector<std::thread> threads;
-    for (const void*& map : maps)
-        threads.emplace_back([&map] { map = kxObtainEnumMap<KXTablePanelType>(); });
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(std::set<const void*>(maps.begin(), maps.end()).size(), 1u);
-    EXPECT_EQ(maps.front(), kxObtainEnumMap<KXTablePanelType>());
-}
