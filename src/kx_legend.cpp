@@ -1,8 +1,13 @@
 #include "kx_legend.h"
 
+#include "kx_chart_data_user.h"
 #include "kx_key_json.h"
+#include "kx_legend_cell.h"
 #include "kx_legend_delegate.h"
+#include "ux/ux_event.h"
 #include "ux/ux_layout_helper.h"
+#include "ux/ux_paint_clip.h"
+#include "ux/ux_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_virtual_scroll_view.h"
@@ -47,16 +52,26 @@ KXLegend::KXLegend() : KXInteraction(this), m_scrollView(new UXVirtualScrollView
 {
     m_textProperty.font.size = 13;
     m_textProperty.textColor = UXColor(120, 120, 120, 1.0);
+    m_scrollView->setDelegate(this);
     addChild(m_scrollView);
 }
 
-KXLegend::~KXLegend() = default;
+KXLegend::~KXLegend()
+{
+    // What goes with the legend must not call it any more.
+    const std::vector<UXObject*>& children = getChildren();
+    if (std::find(children.begin(), children.end(), m_scrollView) != children.end())
+        m_scrollView->setDelegate(nullptr);
+}
 
 void KXLegend::setDelegate(KXLegendDelegate* delegate)
 {
     if (m_delegate == delegate)
         return;
     m_delegate = delegate;
+    // The cells ask the data user of the delegate before.
+    for (KXLegendCell* cell : _obtainCells())
+        delete cell;
     markDataUpdated();
     markCellVisibleUpdated();
 }
@@ -213,20 +228,32 @@ void KXLegend::customLayout()
 {
     if (!m_delegate)
         return;
+    const UXObjectWatcher self(this);
     _updateCellCache();
+    // On the way the view's sizes do not belong together yet: cells are placed once, at the end.
+    m_arranging = true;
+    const bool isRow = m_arrangement == UXArrangement::Row;
+    m_scrollView->setEnableHorizontalScrollBar(isRow, false);
+    m_scrollView->setEnableVerticalScrollBar(!isRow, false);
     const UXRect area = getContentRect();
-    m_scrollView->setRect(m_arrangement == UXArrangement::Row ? _arrangeRow(area) : _arrangeColumn(area));
+    m_scrollView->setRect(isRow ? _arrangeRow(area) : _arrangeColumn(area));
+    m_arranging = false;
     for (UXObject* child : getChildren())
         child->layout();
+    if (self.isAlive())
+        _placeCells(true);
 }
 
 UXRect KXLegend::_arrangeRow(UXRect area)
 {
     double rowWidth = 2 * m_margin;
-    for (const int index : m_cellIndexList)
-        rowWidth += m_calculatedCellWidths[static_cast<std::size_t>(index)];
+    m_cellLefts.clear();
+    for (const int index : m_cellIndexList) {
+        m_cellLefts.push_back(rowWidth - m_margin);
+        rowWidth += m_calculatedCellWidths[static_cast<std::size_t>(index)] + m_columnSpacing;
+    }
     if (!m_cellIndexList.empty())
-        rowWidth += m_columnSpacing * static_cast<double>(m_cellIndexList.size() - 1);
+        rowWidth -= m_columnSpacing;
 
     const double room = area.width - rowWidth;
     const int width = uxSaturateToInt(std::floor(rowWidth));
@@ -265,6 +292,184 @@ UXRect KXLegend::_arrangeColumn(UXRect area)
     m_scrollView->setContentWidth(area.width);
     m_scrollView->setContentHeight(height);
     return area;
+}
+
+bool KXLegend::shouldClipInScrollArea(UXVirtualScrollView*, UXObject* object)
+{
+    return dynamic_cast<KXLegendCell*>(object) != nullptr;
+}
+
+void KXLegend::virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, const UXEvent&)
+{
+    // What is marked is placed by the layout to come; until then the cells' indexes may be those of old data.
+    if (view == m_scrollView && !m_arranging && !m_dataUpdated && !m_cellVisibleUpdated)
+        _placeCells(false);
+}
+
+/** @param contentChanged off: only cells that come into view ask for their label */
+void KXLegend::_placeCells(bool contentChanged)
+{
+    if (!m_delegate)
+        return;
+    const auto [first, end] = _obtainVisiblePlaces();
+    std::vector<KXLegendCell*> cells;
+    _takeCells(first, end, cells);
+    for (std::size_t place = first; place < end; ++place) {
+        KXLegendCell* cell = cells[place - first];
+        const auto index = static_cast<std::uint64_t>(m_cellIndexList[place]);
+        const bool isNew = !cell;
+        if (isNew)
+            cell = new KXLegendCell(this);
+        if (isNew || contentChanged || cell->getIndex() != index)
+            cell->showCell(index, m_delegate->obtainLegendLabel(index),
+                           m_delegate->obtainLegendSymbolStyle(index));
+        if (isNew)
+            updateCellInteraction(cell, index);
+        _placeCell(cell, _obtainCellRect(place));
+    }
+    if (contentChanged)
+        m_scrollView->invalidate();
+}
+
+/** A child that changes its size has the whole chart laid out; cells change theirs outside of the tree, so
+ * that scrolling lays out nothing. */
+void KXLegend::_placeCell(KXLegendCell* cell, const UXRect& rect)
+{
+    const UXRect old = cell->getRect();
+    const bool isMoved = old.width == rect.width && old.height == rect.height;
+    if (cell->getParent() && !isMoved)
+        m_scrollView->removeChild(cell);
+    cell->setRect(rect);
+    if (!cell->getParent())
+        m_scrollView->addChild(cell);
+}
+
+/** Fills cells, one entry a place: a cell that stays in view stays the same object, those that have left
+ * serve for others, and what nobody needs goes. An entry without an object is null. */
+void KXLegend::_takeCells(std::size_t first, std::size_t end, std::vector<KXLegendCell*>& cells)
+{
+    cells.assign(end - first, nullptr);
+    std::vector<KXLegendCell*> free;
+    const auto shownFirst = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto shownEnd = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(end);
+    for (KXLegendCell* cell : _obtainCells()) {
+        const int index = uxSaturateToInt(cell->getIndex());
+        const auto found = std::lower_bound(shownFirst, shownEnd, index);
+        KXLegendCell** entry = found != shownEnd && *found == index
+                                   ? &cells[static_cast<std::size_t>(found - shownFirst)]
+                                   : nullptr;
+        if (entry && !*entry)
+            *entry = cell;
+        else
+            free.push_back(cell);
+    }
+    for (KXLegendCell*& cell : cells) {
+        if (cell || free.empty())
+            continue;
+        cell = free.back();
+        free.pop_back();
+    }
+    for (KXLegendCell* cell : free)
+        delete cell;
+}
+
+/** Clicks on a cell ask the delegate's provider about what the cell stands for at that time. */
+void KXLegend::updateCellInteraction(KXLegendCell* cell, std::uint64_t)
+{
+    KXChartDataUser* user = m_delegate->obtainLegendDataUser();
+    if (!user)
+        return;
+    cell->registerInteraction(user, {KXInteractionEventType::LeftClick, KXInteractionEventType::RightClick},
+                              [this, cell](const UXEvent&) {
+                                  const std::uint64_t index = cell->getIndex();
+                                  return index < m_cellObjectIDs.size() ? m_cellObjectIDs[index]
+                                                                        : std::vector<KXObjectID>();
+                              });
+}
+
+std::vector<KXLegendCell*> KXLegend::_obtainCells() const
+{
+    std::vector<KXLegendCell*> cells;
+    for (UXObject* child : m_scrollView->getChildren())
+        if (auto* cell = dynamic_cast<KXLegendCell*>(child))
+            cells.push_back(cell);
+    return cells;
+}
+
+/** @return the first place among the shown cells that the view's visible part meets, and the one after the
+ * last */
+std::pair<std::size_t, std::size_t> KXLegend::_obtainVisiblePlaces() const
+{
+    const UXSize area = m_scrollView->obtainDisplayArea();
+    const std::size_t count = m_cellIndexList.size();
+    if (area.width <= 0 || area.height <= 0 || count == 0)
+        return {0, 0};
+    if (m_arrangement == UXArrangement::Row) {
+        const auto left = static_cast<double>(m_scrollView->getContentOffsetX());
+        const auto end = std::lower_bound(m_cellLefts.cbegin(), m_cellLefts.cend(), left + area.width);
+        // The last cell that begins at the left edge or before it may reach into view.
+        auto first = std::upper_bound(m_cellLefts.cbegin(), end, left);
+        if (first != m_cellLefts.cbegin())
+            --first;
+        const auto bound = [this, count](auto place) {
+            return std::min(count, static_cast<std::size_t>(place - m_cellLefts.cbegin()));
+        };
+        return {bound(first), bound(end)};
+    }
+    const std::int64_t pitch = std::max(_obtainRowPitch(), 1);
+    const std::int64_t top = m_scrollView->getContentOffsetY() - m_margin;
+    const auto bound = [count](std::int64_t place) {
+        return std::min(count, static_cast<std::size_t>(std::max<std::int64_t>(place, 0)));
+    };
+    return {bound(top / pitch), bound((top + area.height + pitch - 1) / pitch)};
+}
+
+UXRect KXLegend::_obtainCellRect(std::size_t place) const
+{
+    const UXRect area = m_scrollView->obtainScrollContentRect();
+    const double width = m_calculatedCellWidths[static_cast<std::size_t>(m_cellIndexList[place])];
+    // Rounded up, so that a label that was measured to fit is not cut.
+    const int wholeWidth = uxSaturateToInt(std::ceil(width));
+    const int height = uxSaturateToInt(std::ceil(m_calculatedCellHeight));
+    if (m_arrangement == UXArrangement::Row) {
+        const double left = m_cellLefts[place] - static_cast<double>(m_scrollView->getContentOffsetX());
+        return {uxSaturateToInt(area.x + std::floor(left)), area.y + (area.height - height) / 2, wholeWidth,
+                height};
+    }
+    const std::int64_t top = m_margin + static_cast<std::int64_t>(place) * std::max(_obtainRowPitch(), 1) -
+                             m_scrollView->getContentOffsetY();
+    return {area.x + m_margin, uxSaturateToInt(area.y + top),
+            std::clamp(area.width - 2 * m_margin, 0, wholeWidth), height};
+}
+
+UXDoubleRect KXLegend::obtainSymbolRect() const
+{
+    return {0, m_calculatedSymbolTop, m_symbolWidth, m_symbolHeight};
+}
+
+UXDoubleRect KXLegend::obtainLabelRect(int cellWidth) const
+{
+    const double left = m_symbolWidth + m_labelIndent;
+    return {left, 0, std::max(cellWidth - left, 0.0), std::max(m_symbolHeight, m_calculatedTextHeight)};
+}
+
+bool KXLegend::isLabelCut(const std::string& label, int cellWidth) const
+{
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    return helper->getTextSize(label, m_textProperty).width > obtainLabelRect(cellWidth).width;
+}
+
+bool KXLegend::obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const
+{
+    return m_delegate && m_delegate->shouldShowPointingHandWhenMouseOverLegendCell(index, event);
+}
+
+void KXLegend::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    if (!config)
+        return;
+    const UXPaintClip clip(*config, UXDoubleRect(translateRectToParent(getBoundingRect(), nullptr)));
+    UXObject::paint(config, dirtyRect);
 }
 
 void KXLegend::customSerialize()

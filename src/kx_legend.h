@@ -4,6 +4,7 @@
 #include "kx_interaction.h"
 #include "ux/ux_arrangement.h"
 #include "ux/ux_color.h"
+#include "ux/ux_double_rect.h"
 #include "ux/ux_object.h"
 #include "ux/ux_position.h"
 #include "ux/ux_symbol_style.h"
@@ -11,8 +12,11 @@
 #include "ux/ux_virtual_scroll_view_delegate.h"
 
 #include <cstdint>
+#include <string>
+#include <utility>
 #include <vector>
 
+class KXLegendCell;
 class KXLegendDelegate;
 class UXVirtualScrollView;
 
@@ -37,8 +41,10 @@ public:
     void setLabelColor(const UXColor& color);
     void setShowHint(bool show);
     bool getShowHint() const;
+    /** Cells take the press of a button for themselves, so that it goes on to nothing behind them. */
     void enableCellClick();
     void disableCellClick();
+    bool isCellClickEnabled() const { return m_cellClickEnabled; }
 
     /** The delegate's cells or labels changed: everything is measured again. */
     void markDataUpdated();
@@ -54,10 +60,26 @@ public:
     /** @return the symbol's colour: the delegate's, else the series', else the framework's default */
     UXColor obtainLegendCellColor(std::uint64_t index) const;
 
+    // What a cell asks, in its own space
+    UXDoubleRect obtainSymbolRect() const;
+    /** @param cellWidth in logical units @return the label's place, without width where there is no room */
+    UXDoubleRect obtainLabelRect(int cellWidth) const;
+    /** @return whether a cell of that width shows less than all of the label */
+    bool isLabelCut(const std::string& label, int cellWidth) const;
+    bool obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const;
+
     // From UXJsonObject
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
+
+    // From UXObject and UXVirtualScrollViewDelegate
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
+    using UXVirtualScrollViewDelegate::virtualScrollViewContentOffsetChanged;
+    bool shouldClipInScrollArea(UXVirtualScrollView* view, UXObject* object) override;
+    /** Gives every shown cell inside the view's visible part an object at its place, and no other cell one.
+     */
+    void virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, const UXEvent& event) override;
 
 protected:
     void customLayout() override;
@@ -67,6 +89,13 @@ private:
     void _measureCells();
     void _measureCellHeight();
     void _collectShownCells();
+    void _placeCells(bool contentChanged);
+    void _takeCells(std::size_t first, std::size_t end, std::vector<KXLegendCell*>& cells);
+    void _placeCell(KXLegendCell* cell, const UXRect& rect);
+    void updateCellInteraction(KXLegendCell* cell, std::uint64_t index);
+    std::vector<KXLegendCell*> _obtainCells() const;
+    UXRect _obtainCellRect(std::size_t place) const;
+    std::pair<std::size_t, std::size_t> _obtainVisiblePlaces() const;
     int _obtainRowPitch() const;
     UXRect _arrangeRow(UXRect area);
     UXRect _arrangeColumn(UXRect area);
@@ -100,4 +129,6 @@ private:
     bool m_dataUpdated = true;
     bool m_cellVisibleUpdated = true;
     std::vector<std::vector<KXObjectID>> m_cellObjectIDs; // by cell index
+    std::vector<double> m_cellLefts;                      // by place in the row, in the content
+    bool m_arranging = false;
 };

@@ -69,6 +69,7 @@
 #include "kx_keys.h"
 #include "kx_kpi_chart_main_display.h"
 #include "kx_legend.h"
+#include "kx_legend_cell.h"
 #include "kx_legend_delegate.h"
 #include "kx_line_chart_object_id_types.h"
 #include "kx_line_label_position.h"

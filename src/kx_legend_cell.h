@@ -1,0 +1,51 @@
+#pragma once
+
+#include "kx_export.h"
+#include "kx_interaction.h"
+#include "ux/ux_hint_delegate.h"
+#include "ux/ux_object.h"
+#include "ux/ux_symbol_style.h"
+
+#include <cstdint>
+#include <string>
+
+class KXLegend;
+
+/** Draws one cell of a legend, a symbol and the label beside it, and explains a label that is cut. A legend
+ * has as many of these as show just now; while it scrolls they stand for other cells in turn. */
+class KX_EXPORT KXLegendCell : public UXObject, public KXInteraction, public UXHintDelegate {
+public:
+    /** @param legend the one that shows the cell, not null, not owned; it outlives the cell */
+    explicit KXLegendCell(KXLegend* legend);
+    ~KXLegendCell() override;
+
+    std::uint64_t getIndex() const { return m_index; }
+    const std::string& getLabel() const { return m_label; }
+    /** Stands for the cell of that index from now on. */
+    void showCell(std::uint64_t index, const std::string& label, UXSymbolStyle style);
+
+    /** @return whether the pointer is over the cell and is to be a pointing hand there */
+    bool getShowPointingHand() const { return m_showPointingHand; }
+    /** @return whether the pointer is over the cell */
+    bool isHovered() const { return m_hovered; }
+
+    // From UXJsonObject and UXObject
+    std::string customSerializeTypeID() override;
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
+
+protected:
+    bool customMouseDown(const UXEvent& event, bool& stop) override;
+    bool customMouseUp(const UXEvent& event, bool& stop) override;
+    bool customMouseMove(const UXEvent& event, bool& stop) override;
+    bool customMouseLeave(const UXEvent& event, bool& stop) override;
+
+private:
+    void _endHover();
+
+    KXLegend* m_legend; // the parent's parent
+    std::uint64_t m_index = 0;
+    std::string m_label;
+    UXSymbolStyle m_symbolStyle = UXSymbolStyle::Rectangle;
+    bool m_hovered = false;
+    bool m_showPointingHand = false;
+};
