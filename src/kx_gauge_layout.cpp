@@ -17,6 +17,8 @@ constexpr int leastMainFontSize = 16;
 constexpr double shrinkStep = 0.93;
 /** Lesser texts need not be smaller than this share of the main one. */
 constexpr double lesserShare = 1 / 3.0;
+/** However short the room is, the main text stays this much larger than the lesser ones. */
+constexpr double standOutShare = 4 / 3.0;
 /** The dial keeps this share of the radius that it would have without texts; only texts that cannot shrink
  * any further may press it to the second. */
 constexpr double wantedDialShare = 0.66;
@@ -229,6 +231,8 @@ void KXGaugeLayout::_placeAll(const UXRect& room)
     _placeTarget();
     if (m_stage == Stage::FewerBoundaries)
         _keepBoundariesWithRoom();
+    if (main.shown && !_mainStandsInside() && _collides(main))
+        _dropMain();
 }
 
 void KXGaugeLayout::_placeEnds(double gap)
@@ -248,6 +252,15 @@ void KXGaugeLayout::_placeMain(double gap)
     main.rect.y = _mainStandsInside() ? dial.center.y - main.rect.height : dial.center.y + gap;
 }
 
+/** Where minimum and maximum stand in its way, the main text moves below them if there is the height. */
+void KXGaugeLayout::_dropMain()
+{
+    const double beside = main.rect.y;
+    main.rect.y = std::max(obtainBottom(minimum.rect), obtainBottom(maximum.rect));
+    if (_obtainBounds().height > m_area.height)
+        main.rect.y = beside;
+}
+
 bool KXGaugeLayout::_mainStandsInside() const
 {
     return !showsPointer && dial.innerRadius >= leastHoleShare * dial.radius;
@@ -260,13 +273,13 @@ bool KXGaugeLayout::_mainFits() const
     return _mainStandsInside() ? dial.holdsInside(main.rect) : !_collides(main);
 }
 
-/** The main text may shrink on its own, as long as it stays as large as the lesser texts. */
+/** The main text may shrink on its own, as long as it stands out beside the lesser texts. */
 bool KXGaugeLayout::_shrinkMain()
 {
     int least = leastFontSize;
     for (const KXGaugeText* other : {&minimum, &maximum, &target})
         if (other->shown)
-            least = std::max(least, other->property.font.size);
+            least = std::max(least, uxSaturateToInt(other->property.font.size * standOutShare));
     const int size = main.property.font.size;
     const int smaller = std::max(uxSaturateToInt(size * shrinkStep), least);
     if (smaller >= size)

@@ -21,8 +21,9 @@ struct KXGaugeText {
 
 /**
  * Finds room for a gauge's dial and its texts. Below the dial stand the minimum, the maximum and, with a
- * pointer, the main text; without one that stands in the dial's hole, if there is any to speak of. The target
- * and the boundaries stand outside of the pipe at their angles.
+ * pointer, the main text: between them, or deeper where it is too wide and there is the height. Without a
+ * pointer it stands in the dial's hole, if there is any to speak of. The target and the boundaries stand
+ * outside of the pipe at their angles.
  *
  * No text touches another or the dial. Where room is short the texts shrink first, then the dial, and only
  * then texts go: the boundaries that collide, all boundaries, the target, or minimum and maximum where it is
@@ -63,6 +64,7 @@ private:
     void _placeAll(const UXRect& room);
     void _placeEnds(double gap);
     void _placeMain(double gap);
+    void _dropMain();
     void _placeBoundaries();
     void _placeTarget();
     void _keepBoundariesWithRoom();

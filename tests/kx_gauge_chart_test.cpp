@@ -403,6 +403,15 @@ TEST_F(KXGaugeChartTest, AFarLargerMainTextShrinksFirst)
     EXPECT_EQ(chart.getMinLabel()->getTextProperty().font.size, 18);
 }
 
+TEST_F(KXGaugeChartTest, AWideMainTextStandsBelowTheEndsWhereThereIsHeight)
+{
+    chart.setRect(uxMakeRect(0, 0, 480, 320));
+    setDisplays(Display::Both);
+    load({1234567.5, null, 0, 98765432});
+    EXPECT_EQ(chart.getMainLabel()->getRect().y, chart.getMinLabel()->getRect().getBottom());
+    expectTextsStandFree();
+}
+
 TEST_F(KXGaugeChartTest, TextsLeaveInTheStatedOrder)
 {
     chart.setPartitionLabelDisplay(Display::Actual);
