@@ -141,6 +141,10 @@ void KXChart::init()
     m_initialized = true;
     _applyAll();
     registerChartPropertyUpdatedEvents();
+    if (KXChartDataUser* user = obtainLegendDataUser()) {
+        m_title->setIdentifier("Title");
+        m_title->registerLeftClickAction(user, [this] { return m_chartProperty->getEnableTitleClick(); });
+    }
 }
 
 void KXChart::_applyAll()

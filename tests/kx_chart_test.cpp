@@ -167,6 +167,24 @@ TEST(KXChart, APropertyChangeReachesThePartThatShowsIt)
     EXPECT_EQ(chart.plotArea, UXRect(1, 1, 400, 300));
 }
 
+TEST(KXChart, TheTitleTakesClicksOnlyWhereTheyAreEnabled)
+{
+    PlainChart chart;
+    KXTestProvider provider;
+    int clicks = 0;
+    provider.leftClickAction = [&] { ++clicks; };
+    chart.setDataProvider(&provider);
+    chart.init();
+    const UXEvent event(UXEventType::LeftClick);
+    EXPECT_FALSE(chart.getTitle()->triggerEventHandler(event));
+    EXPECT_TRUE(provider.calls.empty());
+    chart.getChartProperty()->updateEnableTitleClick(true);
+    EXPECT_TRUE(chart.getTitle()->triggerEventHandler(event));
+    event.runPostedActions();
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(provider.paths.back().identifier, "Title");
+}
+
 TEST(KXChart, TheToolboxShowsOnlyUnderThePointerOfAHostThatWantsIt)
 {
     PlainChart chart;
