@@ -44,14 +44,13 @@ std::ptrdiff_t countLines(const std::vector<std::string>& lines, const std::stri
 class GaugeProvider : public KXGaugeChartDataProvider {
 public:
     Measures measures{30, 80, 0, 100};
-    bool empty = false;
     int askedCount = 0;
     std::function<void()> onHint;
     std::vector<KXChartDataPath> clicked;
 
     void beginPrepareData(KXChartDataUser*) override {}
     void endPrepareData(KXChartDataUser*) override {}
-    bool obtainDataIsEmpty(KXChartDataUser*) override { return empty; }
+    bool obtainDataIsEmpty(KXChartDataUser*) override { return measures.empty(); }
     std::uint64_t obtainValueCount(KXChartDataUser*) override { return measures.size(); }
     bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path) override
     {
@@ -201,7 +200,6 @@ TEST_F(KXGaugeChartTest, ValuesOfItsOwnReplaceTheHosts)
     EXPECT_EQ(chart.getMinLabel()->getText(), "-20");
     EXPECT_EQ(provider.askedCount, 0) << "a property needs no data";
 
-    provider.empty = true;
     load({});
     EXPECT_FALSE(chart.preparedData());
     EXPECT_EQ(chart.getMainLabel()->getText(), "--");
@@ -249,13 +247,10 @@ TEST_F(KXGaugeChartTest, PartitionsEndWhereTheStyleSays)
 TEST_F(KXGaugeChartTest, ColoursRunFromTheMinimumsOverTheMiddle)
 {
     const UXColor low(24, 200, 140), middle(252, 209, 84), high(255, 110, 110);
-    const std::vector<UXColor> cases[] = {
-        {low},
-        {low, middle, high},
-        {low, {138, 204, 112}, middle, high},
-        {low, {138, 204, 112}, middle, {253, 159, 97}, high},
-    };
-    for (const std::vector<UXColor>& expected : cases) {
+    const UXColor lowMiddle(138, 204, 112), middleHigh(253, 159, 97);
+    for (const std::vector<UXColor>& expected :
+         {std::vector{low}, std::vector{low, middle, high}, std::vector{low, lowMiddle, middle, high},
+          std::vector{low, lowMiddle, middle, middleHigh, high}}) {
         chart.setPipePartition(std::ssize(expected));
         for (std::size_t i = 0; i < expected.size(); ++i)
             EXPECT_EQ(chart._obtainPipePartitionColor(static_cast<int>(i)), expected[i]);
@@ -277,8 +272,7 @@ TEST_F(KXGaugeChartTest, WritesNumbersAsTheDisplaySays)
         {Display::Comparison, 5, noValue, "--%"},
         {Display::Both, 5, 0.5, "5 (50.00%)"},
         {Display::Both, infinite, noValue, "-- (--%)"},
-        {static_cast<Display>(9), 5, 0.5, ""},
-    };
+        {static_cast<Display>(9), 5, 0.5, ""}};
     for (const auto& [display, value, ratio, expected] : cases)
         EXPECT_EQ(chart.obtainLabelDisplayString(value, ratio, display), expected);
 
@@ -384,31 +378,26 @@ TEST_F(KXGaugeChartTest, NoTwoTextsMeetAndNoneMeetsTheDial)
             }
 }
 
-TEST_F(KXGaugeChartTest, TheTargetStaysByItsTickBesideABoundary)
-{
-    chart.setPartitionLabelDisplay(Display::Comparison);
-    chart.setPipePartition(4);
-    load({30, 0, 0, 100});
-    const UXRect target = chart.getTargetLabel()->getRect();
-    const UXRect boundary = chart.getPartitionLabelsPool()[0]->getRect();
-    EXPECT_LE(target.getBottom(), boundary.y) << "above, not beyond the boundary's text";
-    EXPECT_NEAR(uxMaxX(target), uxMaxX(boundary), 5);
-}
-
-TEST_F(KXGaugeChartTest, AFarLargerMainTextShrinksFirst)
+TEST_F(KXGaugeChartTest, TextsGiveWayToEachOther)
 {
     chart.setFontSize(300);
     chart.layout();
     EXPECT_LT(chart.getMainLabel()->getTextProperty().font.size, 300);
-    EXPECT_EQ(chart.getMinLabel()->getTextProperty().font.size, 18);
-}
+    EXPECT_EQ(chart.getMinLabel()->getTextProperty().font.size, 18) << "a far larger main text shrinks first";
 
-TEST_F(KXGaugeChartTest, AWideMainTextStandsBelowTheEndsWhereThereIsHeight)
-{
+    chart.setPartitionLabelDisplay(Display::Comparison);
+    load({30, 0, 0, 100});
+    const UXRect target = chart.getTargetLabel()->getRect();
+    const UXRect boundary = chart.getPartitionLabelsPool()[0]->getRect();
+    EXPECT_LE(target.getBottom(), boundary.y) << "the target stands by its tick, not beyond the boundary";
+    EXPECT_NEAR(uxMaxX(target), uxMaxX(boundary), 5);
+
+    chart.setFontSize(50);
     chart.setRect(uxMakeRect(0, 0, 480, 320));
     setDisplays(Display::Both);
     load({1234567.5, null, 0, 98765432});
-    EXPECT_EQ(chart.getMainLabel()->getRect().y, chart.getMinLabel()->getRect().getBottom());
+    EXPECT_EQ(chart.getMainLabel()->getRect().y, chart.getMinLabel()->getRect().getBottom())
+        << "a wide main text moves below the ends";
     expectTextsStandFree();
 }
 
