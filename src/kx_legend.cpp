@@ -1,6 +1,7 @@
 #include "kx_legend.h"
 
 #include "kx_chart_data_user.h"
+#include "kx_interaction_provider.h"
 #include "kx_key_json.h"
 #include "kx_legend_cell.h"
 #include "kx_legend_delegate.h"
@@ -457,6 +458,22 @@ bool KXLegend::isLabelCut(const std::string& label, int cellWidth) const
 {
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     return helper->getTextSize(label, m_textProperty).width > obtainLabelRect(cellWidth).width;
+}
+
+std::vector<KXInteractionEffect*> KXLegend::obtainCellEffects(std::uint64_t index) const
+{
+    KXChartDataUser* user = m_delegate ? m_delegate->obtainLegendDataUser() : nullptr;
+    if (!user || index >= m_cellObjectIDs.size() || m_cellObjectIDs[index].empty())
+        return {};
+    // The provider may destroy the chart and this with it.
+    const UXObjectWatcher self(m_scrollView);
+    const std::vector<KXObjectID> objectIDs = m_cellObjectIDs[index];
+    std::vector<KXInteractionEffect*> effects;
+    if (KXInteractionProvider* provider = user->beginUseInteractionProvider())
+        effects = provider->obtainInteractionEffects(objectIDs);
+    if (self.isAlive())
+        user->endUseInteractionProvider();
+    return effects;
 }
 
 bool KXLegend::obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const

@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+class KXInteractionEffect;
 class KXLegendCell;
 class KXLegendDelegate;
 class UXVirtualScrollView;
@@ -66,6 +67,8 @@ public:
     UXDoubleRect obtainLabelRect(int cellWidth) const;
     /** @return whether a cell of that width shows less than all of the label */
     bool isLabelCut(const std::string& label, int cellWidth) const;
+    /** @return what the provider answers for the cell now, the caller's to delete */
+    std::vector<KXInteractionEffect*> obtainCellEffects(std::uint64_t index) const;
     bool obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const;
 
     // From UXJsonObject

@@ -1,10 +1,17 @@
 #include "kx_legend_cell.h"
 
+#include "kx_interaction_effect_functions.h"
+#include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_legend.h"
 #include "ux/ux_event.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
 #include "ux/ux_symbol_shape.h"
+
+#include <algorithm>
+#include <cmath>
 
 KXLegendCell::KXLegendCell(KXLegend* legend) : KXInteraction(this), UXHintDelegate(this), m_legend(legend) {}
 
@@ -27,12 +34,16 @@ std::string KXLegendCell::customSerializeTypeID() { return "KXLegendCell"; }
 void KXLegendCell::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
-        const UXColor color = m_legend->obtainLegendCellColor(m_index);
-        uxDrawSymbol(*painter, m_symbolStyle, m_legend->obtainSymbolRect(), color);
+        const UXColor color = kxApplyEffectsToColor(getInteractionEffects(),
+                                                    m_legend->obtainLegendCellColor(m_index),
+                                                    KXInteractionEffectTarget::Filled);
+        uxDrawSymbol(*painter, m_symbolStyle, _obtainDrawnSymbolRect(), color);
         const UXDoubleRect labelRect = m_legend->obtainLabelRect(getRect().width);
         if (labelRect.width > 0 && !m_label.empty()) {
             UXTextProperty property = m_legend->getTextProperty();
             property.option = UXTextOption::EllipsisEnd;
+            property.textColor = kxApplyEffectsToColor(getInteractionEffects(), property.textColor,
+                                                       KXInteractionEffectTarget::NonFilled);
             painter->drawText(m_label, labelRect, property);
         }
         uxDestroyPainter(painter);
@@ -57,8 +68,15 @@ bool KXLegendCell::customMouseMove(const UXEvent& event, bool& stop)
     if (!self.isAlive())
         return false;
     m_showPointingHand = showPointingHand;
-    m_hovered = true;
-    if (m_legend->getShowHint() && m_legend->isLabelCut(m_label, getRect().width)) {
+    if (!m_hovered)
+        _beginHover();
+    if (!self.isAlive())
+        return false;
+    const auto& effects = getInteractionEffects();
+    const bool wantsInfo = std::any_of(effects.begin(), effects.end(), [](const auto& effect) {
+        return dynamic_cast<KXInteractionHighlightComplementaryInfoEffect*>(effect.get()) != nullptr;
+    });
+    if (m_legend->getShowHint() && (wantsInfo || m_legend->isLabelCut(m_label, getRect().width))) {
         UXHintInfo info;
         info.title = m_label;
         UXEvent hintEvent = event;
@@ -75,9 +93,51 @@ bool KXLegendCell::customMouseLeave(const UXEvent& event, bool& stop)
     return UXObject::customMouseLeave(event, stop);
 }
 
+/** The provider says how a piece under the pointer looks different. */
+void KXLegendCell::_beginHover()
+{
+    m_hovered = true;
+    const UXObjectWatcher self(this);
+    const std::vector<KXInteractionEffect*> effects = m_legend->obtainCellEffects(m_index);
+    // Meanwhile the cell may have gone, or stand for another one.
+    if (self.isAlive() && m_hovered) {
+        updateInteractionEffects(effects);
+        return;
+    }
+    for (KXInteractionEffect* effect : effects)
+        delete effect;
+}
+
 void KXLegendCell::_endHover()
 {
     m_hovered = false;
     m_showPointingHand = false;
+    updateInteractionEffects({});
     hideHint();
+}
+
+void KXLegendCell::updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects)
+{
+    if (effects.empty() && getInteractionEffects().empty())
+        return;
+    // Before as well: a larger symbol reaches over what the next one leaves free.
+    invalidate();
+    KXInteractionChartObject::updateInteractionEffects(effects);
+    invalidate();
+}
+
+UXRect KXLegendCell::customDirtyRect()
+{
+    const UXDoubleRect symbol = m_legend->obtainSymbolRect(), drawn = _obtainDrawnSymbolRect();
+    const int more = uxSaturateToInt(
+        std::ceil(std::max({drawn.width - symbol.width, drawn.height - symbol.height, 0.0}) / 2));
+    return uxInflateRect(getBoundingRect(), more, more);
+}
+
+UXDoubleRect KXLegendCell::_obtainDrawnSymbolRect() const
+{
+    const UXDoubleRect rect = m_legend->obtainSymbolRect();
+    const double ratio = kxObtainEffectSizeRatio(getInteractionEffects());
+    return {rect.x + rect.width * (1 - ratio) / 2, rect.y + rect.height * (1 - ratio) / 2, rect.width * ratio,
+            rect.height * ratio};
 }

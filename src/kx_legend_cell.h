@@ -2,18 +2,24 @@
 
 #include "kx_export.h"
 #include "kx_interaction.h"
+#include "kx_interaction_chart_object.h"
+#include "ux/ux_double_rect.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_object.h"
 #include "ux/ux_symbol_style.h"
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 class KXLegend;
 
 /** Draws one cell of a legend, a symbol and the label beside it, and explains a label that is cut. A legend
  * has as many of these as show just now; while it scrolls they stand for other cells in turn. */
-class KX_EXPORT KXLegendCell : public UXObject, public KXInteraction, public UXHintDelegate {
+class KX_EXPORT KXLegendCell : public UXObject,
+                               public KXInteraction,
+                               public KXInteractionChartObject,
+                               public UXHintDelegate {
 public:
     /** @param legend the one that shows the cell, not null, not owned; it outlives the cell */
     explicit KXLegendCell(KXLegend* legend);
@@ -29,18 +35,22 @@ public:
     /** @return whether the pointer is over the cell */
     bool isHovered() const { return m_hovered; }
 
-    // From UXJsonObject and UXObject
+    // From KXInteractionChartObject, UXJsonObject and UXObject
+    void updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects) override;
     std::string customSerializeTypeID() override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
 protected:
+    UXRect customDirtyRect() override;
     bool customMouseDown(const UXEvent& event, bool& stop) override;
     bool customMouseUp(const UXEvent& event, bool& stop) override;
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
 
 private:
+    void _beginHover();
     void _endHover();
+    UXDoubleRect _obtainDrawnSymbolRect() const;
 
     KXLegend* m_legend; // the parent's parent
     std::uint64_t m_index = 0;

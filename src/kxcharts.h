@@ -53,6 +53,7 @@
 #include "kx_interaction_color_effect.h"
 #include "kx_interaction_context_menu_default_effect.h"
 #include "kx_interaction_effect.h"
+#include "kx_interaction_effect_functions.h"
 #include "kx_interaction_event_info.h"
 #include "kx_interaction_event_type.h"
 #include "kx_interaction_highlight_brightness_effect.h"

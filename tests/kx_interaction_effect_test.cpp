@@ -1,5 +1,6 @@
 #include "kx_interaction_chart_object.h"
 #include "kx_interaction_color_effect.h"
+#include "kx_interaction_effect_functions.h"
 #include "kx_interaction_highlight_brightness_effect.h"
 #include "kx_interaction_highlight_color_pattern_effect.h"
 #include "kx_interaction_highlight_size_effect.h"
@@ -91,4 +92,21 @@ TEST(KXInteractionChartObject, TakesEffectsOverAndLetsGoOfThoseBefore)
         EXPECT_EQ(object.getExtraOIDs().size(), 2u);
     }
     EXPECT_EQ(alive, 0);
+}
+
+TEST(KXInteractionEffect, EffectsApplyOneAfterTheOtherToWhatTheyAreFor)
+{
+    std::vector<std::unique_ptr<KXInteractionEffect>> effects;
+    effects.push_back(std::make_unique<KXInteractionColorEffect>(UXColor(100, 0, 0)));
+    effects.push_back(std::make_unique<KXInteractionHighlightColorPatternEffect>(
+        std::make_unique<KXInteractionHighlightBrightnessEffect>(0.5), nullptr));
+    using enum KXInteractionEffectTarget;
+    EXPECT_EQ(kxApplyEffectsToColor(effects, {1, 2, 3}, Filled), UXColor(177, 127, 127));
+    EXPECT_EQ(kxApplyEffectsToColor(effects, {1, 2, 3}, NonFilled), UXColor(100, 0, 0));
+    for (const double ratio : {1.5, 2.0, -1.0, static_cast<double>(NAN), static_cast<double>(INFINITY)}) {
+        auto size = std::make_unique<KXInteractionHighlightSizeEffect>();
+        size->setSizeRatio(ratio);
+        effects.push_back(std::move(size));
+    }
+    EXPECT_EQ(kxObtainEffectSizeRatio(effects), 3);
 }

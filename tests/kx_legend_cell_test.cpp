@@ -1,6 +1,7 @@
 #include "kx_chart.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_property.h"
+#include "kx_interaction_color_effect.h"
 #include "kx_interaction_provider.h"
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
@@ -84,7 +85,16 @@ public:
         asked.push_back(objectIDs.size());
         return {};
     }
+    std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>&) override
+    {
+        ++effectsAsked;
+        if (onEffects)
+            onEffects();
+        return {new KXInteractionColorEffect({7, 8, 9})};
+    }
     std::vector<std::size_t> asked;
+    int effectsAsked = 0;
+    std::function<void()> onEffects;
 };
 
 UXEvent makeEvent(UXEventType type) { return UXEvent(type); }
@@ -273,4 +283,32 @@ TEST(KXLegendCell, AsksTheProviderForTheCellThatItStandsForNow)
     EXPECT_TRUE(cell.mouseDown(makeEvent(UXEventType::MouseDown)));
     legend.disableCellClick();
     EXPECT_FALSE(cell.mouseUp(makeEvent(UXEventType::MouseUp)));
+}
+
+TEST(KXLegendCell, LooksUnderThePointerAsTheProviderSays)
+{
+    const UXFixedMeasurer measurer;
+    AskedProvider provider;
+    auto chart = std::make_unique<LegendChart>();
+    chart->setInteractionProvider(&provider);
+    chart->cellCount = 2;
+    chart->layoutAt(UXPosition::Right);
+    const auto isDrawnSo = [&chart] {
+        UXRecordingPaintConfig config;
+        chart->paint(&config, chart->getBoundingRect());
+        return config.getRecording().getText().find("setColor 7,8,9") != std::string::npos;
+    };
+    const UXEvent move(UXEventType::MouseMove);
+    chart->cells()[0]->mouseMove(move);
+    EXPECT_EQ(provider.effectsAsked, 0) << "the cell stands for nothing";
+    KXLegendCell* cell = chart->cells()[1];
+    cell->mouseMove(move);
+    cell->mouseMove(move);
+    EXPECT_EQ(provider.effectsAsked, 1);
+    EXPECT_TRUE(isDrawnSo());
+    cell->mouseLeave(UXEvent(UXEventType::MouseLeave));
+    EXPECT_FALSE(isDrawnSo());
+
+    provider.onEffects = [&chart] { chart.reset(); };
+    EXPECT_FALSE(cell->mouseMove(move)) << "the provider may destroy the chart";
 }
