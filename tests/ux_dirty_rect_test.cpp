@@ -137,30 +137,19 @@ TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
         void (*change)(Scene& s);
         Rects expected;
     };
+    const UXRect leaf(10, 10, 5, 5);
     const Case cases[] = {
-        {"nothing",
-         [](Scene& s) {
-             s.leaf.addDirtyRect({0, 0, 0, 5});
-         },
-         {}},
-        {"own area", [](Scene& s) { s.leaf.invalidate(); }, {{10, 10, 5, 5}}},
-        {"a part",
-         [](Scene& s) {
-             s.right.addDirtyRect({1, 2, 3, 4});
-         },
-         {{51, 2, 3, 4}}},
-        {"moved",
-         [](Scene& s) {
-             s.leaf.setRect({30, 30, 5, 5});
-         },
-         {{10, 10, 5, 5}, {30, 30, 5, 5}}},
-        {"hidden", [](Scene& s) { s.leaf.setVisible(false); }, {{10, 10, 5, 5}}},
+        {"nothing", [](Scene& s) { s.leaf.addDirtyRect(UXRect(0, 0, 0, 5)); }, {}},
+        {"own area", [](Scene& s) { s.leaf.invalidate(); }, {leaf}},
+        {"a part", [](Scene& s) { s.right.addDirtyRect(UXRect(1, 2, 3, 4)); }, {{51, 2, 3, 4}}},
+        {"moved", [](Scene& s) { s.leaf.setRect(UXRect(30, 30, 5, 5)); }, {leaf, {30, 30, 5, 5}}},
+        {"hidden", [](Scene& s) { s.leaf.setVisible(false); }, {leaf}},
         {"changed while hidden",
          [](Scene& s) {
              s.leaf.setVisible(false);
              s.diagram.clearDirtyRect();
-             s.leaf.setColor({1, 2, 3});
-             s.leaf.setRect({1, 1, 1, 1});
+             s.leaf.setColor(UXColor(1, 2, 3));
+             s.leaf.setRect(UXRect(1, 1, 1, 1));
          },
          {}},
         {"inside what is hidden",
@@ -170,19 +159,13 @@ TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
              s.leaf.invalidate();
          },
          {}},
-        {"taken out", [](Scene& s) { s.left.removeChild(&s.leaf); }, {{10, 10, 5, 5}}},
-        {"put elsewhere", [](Scene& s) { s.right.addChild(&s.leaf); }, {{10, 10, 5, 5}, {60, 10, 5, 5}}},
+        {"taken out", [](Scene& s) { s.left.removeChild(&s.leaf); }, {leaf}},
+        {"put elsewhere", [](Scene& s) { s.right.addChild(&s.leaf); }, {leaf, {60, 10, 5, 5}}},
         {"brought to the front", [](Scene& s) { s.left.bringToFront(); }, {{0, 0, 50, 100}}},
         {"the same colour", [](Scene& s) { s.leaf.setColor(s.leaf.getColor()); }, {}},
-        {"another colour",
-         [](Scene& s) {
-             s.leaf.setBackgroundColor({1, 2, 3});
-         },
-         {{10, 10, 5, 5}}},
+        {"another colour", [](Scene& s) { s.leaf.setBackgroundColor(UXColor(1, 2, 3)); }, {leaf}},
         {"children", [](Scene& s) { s.diagram.invalidateChildren(); }, {{0, 0, 100, 100}}},
-        {"layout and repaint",
-         [](Scene& s) { s.leaf.setRequireToVerifyLayout(true, true); },
-         {{10, 10, 5, 5}}},
+        {"layout and repaint", [](Scene& s) { s.leaf.setRequireToVerifyLayout(true, true); }, {leaf}},
         {"layout alone", [](Scene& s) { s.leaf.setRequireToVerifyLayout(true, false); }, {}},
         {"set by the context",
          [](Scene& s) {
@@ -316,22 +299,16 @@ TEST(UXDirtyRect, HostsMayDestroyWhatTellsThem)
         void (*change)(UXObject* object, UXSpace* space);
     };
     const Case cases[] = {
-        {"moved",
-         [](UXObject* object, UXSpace*) {
-             object->setRect({20, 20, 5, 5});
-         }},
-        {"hidden", [](UXObject* object, UXSpace*) { object->setVisible(false); }},
-        {"scaled", [](UXObject* object, UXSpace* space) { object->setSpace(space); }},
-        {"padded",
-         [](UXObject* object, UXSpace*) {
-             object->setPadding({1, 1, 1, 1});
-         }},
-        {"removed", [](UXObject* object, UXSpace*) { object->setParent(nullptr); }},
+        {"moved", [](UXObject* o, UXSpace*) { o->setRect(UXRect(20, 20, 5, 5)); }},
+        {"hidden", [](UXObject* o, UXSpace*) { o->setVisible(false); }},
+        {"scaled", [](UXObject* o, UXSpace* space) { o->setSpace(space); }},
+        {"padded", [](UXObject* o, UXSpace*) { o->setPadding(UXPadding(1, 1, 1, 1)); }},
+        {"removed", [](UXObject* o, UXSpace*) { o->setParent(nullptr); }},
         {"given a child",
-         [](UXObject* object, UXSpace*) {
+         [](UXObject* o, UXSpace*) {
              auto* child = new UXObject;
              child->setRect({0, 0, 5, 5});
-             object->addChild(child);
+             o->addChild(child);
          }},
     };
     for (const Case& c : cases) {

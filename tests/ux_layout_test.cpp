@@ -68,22 +68,10 @@ TEST(UXLayout, MarksAndPasses)
         {"verified", [](Tree& t) { t.parent->setRequireToVerifyLayout(true); }, "010"},
         {"taken back", [](Tree& t) { t.child->requireLayout(), t.child->setRequireToVerifyLayout(false); },
          "000"},
-        {"resized",
-         [](Tree& t) {
-             t.child->setRect({0, 0, 5, 5});
-         },
-         "111"},
-        {"moved",
-         [](Tree& t) {
-             t.child->setRect({5, 5, 0, 0});
-         },
-         "001"},
+        {"resized", [](Tree& t) { t.child->setRect(UXRect(0, 0, 5, 5)); }, "111"},
+        {"moved", [](Tree& t) { t.child->setRect(UXRect(5, 5, 0, 0)); }, "001"},
         {"same rectangle", [](Tree& t) { t.child->setRect(t.child->getRect()); }, "000"},
-        {"padding",
-         [](Tree& t) {
-             t.parent->setPadding({1, 1, 1, 1});
-         },
-         "010"},
+        {"padding", [](Tree& t) { t.parent->setPadding(UXPadding(1, 1, 1, 1)); }, "010"},
         {"alignment", [](Tree& t) { t.child->setAlign(UXAlign::Client); }, "010"},
         {"child added", [](Tree& t) { t.parent->addChild(new Laid); }, "010"},
         {"child destroyed", [](Tree& t) { delete t.child, t.child = new Laid; }, "010"},
@@ -226,7 +214,6 @@ TEST(UXLayout, Alignments)
         {"top", UXAlign::Top, {10, 5, 100, 10}},        {"right", UXAlign::Right, {90, 5, 20, 88}},
         {"bottom", UXAlign::Bottom, {10, 83, 100, 10}},
     };
-    static_assert(static_cast<int>(UXAlign::Client) == 2);
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         UXDiagram diagram;

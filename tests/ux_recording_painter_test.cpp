@@ -108,100 +108,36 @@ void drawEverything(UXPainter& painter)
 
 TEST(UXRecordingPainter, EveryOperationIsOneReadableLine)
 {
-    const Lines expected{
-        "saveState",
-        "setColor 1,2,3,0.25",
-        "setLineWidth 1.5",
-        "setLineCap Round",
-        "setLineJoin Bevel",
-        "setLineDash DashDot",
-        "setLineDash 1 2.5 offset 0",
-        "setLineDash 3 offset -1",
-        "setFillRule EvenOdd",
-        "setAntialias None",
-        "setCompositionMode Multiply",
-        "translate 10,20",
-        "rotate 90",
-        "rotate -90",
-        "scale 2,0.5",
-        "setStartPoint 0,0",
-        "addLinePath 10,20",
-        "addLinePath 1,2,3,4",
-        "addRelativeLinePath 5,6",
-        "addRectanglePath 1,2,3,4",
-        "addRectanglePath 5,6,7,8",
-        "addCircleArcPath 0,0,5,0,90",
-        "joinCircleArcPath 0,0,5,90,0",
-        "addCubicCurvePath 1,2,3,4,5,6",
-        "startNewSubPath",
-        "closePath",
-        "translatePath 1,2",
-        "rotatePath 30",
-        "scalePath 2,3",
-        "fillPreserve",
-        "strokePreserve",
-        "clipPreserve",
-        "stroke",
-        "clip",
-        "fill",
-        "beginLinearGradientPattern 0,0,0,100 Reflect",
-        "addGradientPatternColorStop 255,255,255,1 at 0.1",
-        "endPattern",
-        "usePattern",
+    const std::string expected =
+        "saveState\nsetColor 1,2,3,0.25\nsetLineWidth 1.5\nsetLineCap Round\nsetLineJoin Bevel\n"
+        "setLineDash DashDot\nsetLineDash 1 2.5 offset 0\nsetLineDash 3 offset -1\n"
+        "setFillRule EvenOdd\nsetAntialias None\nsetCompositionMode Multiply\ntranslate 10,20\n"
+        "rotate 90\nrotate -90\nscale 2,0.5\nsetStartPoint 0,0\naddLinePath 10,20\n"
+        "addLinePath 1,2,3,4\naddRelativeLinePath 5,6\naddRectanglePath 1,2,3,4\n"
+        "addRectanglePath 5,6,7,8\naddCircleArcPath 0,0,5,0,90\njoinCircleArcPath 0,0,5,90,0\n"
+        "addCubicCurvePath 1,2,3,4,5,6\nstartNewSubPath\nclosePath\ntranslatePath 1,2\nrotatePath 30\n"
+        "scalePath 2,3\nfillPreserve\nstrokePreserve\nclipPreserve\nstroke\nclip\nfill\n"
+        "beginLinearGradientPattern 0,0,0,100 Reflect\n"
+        "addGradientPatternColorStop 255,255,255,1 at 0.1\nendPattern\nusePattern\n"
         "drawText 0,0,100,16 \"a \\\"b\\\"\\n\\x01\" font \"Default\" 12 align Left option Default lineMode "
-        "2 "
-        "color 0,0,0,1",
-        "drawText 0,0,100,16 \"\xc3\xa9\" font \"Default\" 12 align Right option EllipsisEnd lineMode 1",
-        "drawImage 0,0,10,10 opacity 0.5 image 1x1",
-        "drawImage 7,8,1,1 opacity 1 image 1x1",
-        "drawPicture 0,0,10,10 opacity 0.5 size 4,2 {",
-        "  setColor 255,0,0,1",
-        "  addRectanglePath 0,0,4,2",
-        "  fill",
-        "}",
-        "drawPicture 7,8,4,2 opacity 1 size 4,2 {",
-        "  setColor 255,0,0,1",
-        "  addRectanglePath 0,0,4,2",
-        "  fill",
-        "}",
-        "drawMaskedPicture 0,0,10,10 size 4,2 {",
-        "  setColor 255,0,0,1",
-        "  addRectanglePath 0,0,4,2",
-        "  fill",
-        "}",
-        "mask image 1x1",
-        "drawMaskedPicture 7,8,4,2 size 4,2 {",
-        "  setColor 255,0,0,1",
-        "  addRectanglePath 0,0,4,2",
-        "  fill",
-        "}",
-        "mask size 4,2 {",
-        "  setColor 0,0,0,0.5",
-        "  addRectanglePath 0,0,4,2",
-        "  fill",
-        "}",
-        "drawMasked 0,0,10,10 {",
-        "  drawRects 0.5,0,2,2",
-        "}",
-        "drawCompositedPicture 0,0,10,10 Xor size 4,2 {",
-        "  setColor 255,0,0,1",
-        "  addRectanglePath 0,0,4,2",
-        "  fill",
-        "}",
-        "lower size 4,2 {",
-        "  setColor 0,0,0,0.5",
-        "  addRectanglePath 0,0,4,2",
-        "  fill",
-        "}",
-        "drawComposited 0,0,10,10 Screen {",
-        "  drawRects 0.5,0,2,2",
-        "}",
-        "drawRects 0,0,10,10 20,0,10,10",
-        "drawPolyline 0,0 nan,0 3,4.5",
-        "drawMarks radius 3 0,0 nan,0 3,4.5",
-        "restoreState",
-    };
-    EXPECT_EQ(record(drawEverything), expected);
+        "2 color 0,0,0,1\n"
+        "drawText 0,0,100,16 \"\xc3\xa9\" font \"Default\" 12 align Right option EllipsisEnd lineMode 1\n"
+        "drawImage 0,0,10,10 opacity 0.5 image 1x1\ndrawImage 7,8,1,1 opacity 1 image 1x1\n"
+        "drawPicture 0,0,10,10 opacity 0.5 size 4,2 {\n  setColor 255,0,0,1\n"
+        "  addRectanglePath 0,0,4,2\n  fill\n}\ndrawPicture 7,8,4,2 opacity 1 size 4,2 {\n"
+        "  setColor 255,0,0,1\n  addRectanglePath 0,0,4,2\n  fill\n}\n"
+        "drawMaskedPicture 0,0,10,10 size 4,2 {\n  setColor 255,0,0,1\n  addRectanglePath 0,0,4,2\n"
+        "  fill\n}\nmask image 1x1\ndrawMaskedPicture 7,8,4,2 size 4,2 {\n  setColor 255,0,0,1\n"
+        "  addRectanglePath 0,0,4,2\n  fill\n}\nmask size 4,2 {\n  setColor 0,0,0,0.5\n"
+        "  addRectanglePath 0,0,4,2\n  fill\n}\ndrawMasked 0,0,10,10 {\n  drawRects 0.5,0,2,2\n}\n"
+        "drawCompositedPicture 0,0,10,10 Xor size 4,2 {\n  setColor 255,0,0,1\n"
+        "  addRectanglePath 0,0,4,2\n  fill\n}\nlower size 4,2 {\n  setColor 0,0,0,0.5\n"
+        "  addRectanglePath 0,0,4,2\n  fill\n}\ndrawComposited 0,0,10,10 Screen {\n"
+        "  drawRects 0.5,0,2,2\n}\ndrawRects 0,0,10,10 20,0,10,10\ndrawPolyline 0,0 nan,0 3,4.5\n"
+        "drawMarks radius 3 0,0 nan,0 3,4.5\nrestoreState\n";
+    UXRecordingPainter painter;
+    drawEverything(painter);
+    EXPECT_EQ(painter.getText(), expected);
 }
 
 TEST(UXRecordingPainter, PlayingIntoARecorderGivesTheSameRecording)

@@ -8,12 +8,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <limits>
 #include <locale>
-#include <regex>
 #include <set>
 #include <sstream>
+#include <string_view>
 
 namespace {
 
@@ -47,40 +49,59 @@ std::string findFault(const std::string& xml)
             c == 0xFFFE || c == 0xFFFF)
             return "character at " + std::to_string(start);
     }
-    const std::regex tag(R"(<(/?)([A-Za-z]+)((?: [A-Za-z0-9:-]+="[^"<]*")*)(/?)>|<\?xml[^>]*\?>)");
-    const std::regex entity("&(amp|lt|gt|quot);"), name(" id=\"([^\"]*)\""), use("#([a-z0-9]+)[)\"]");
     std::vector<std::string> open;
     std::set<std::string> names;
-    std::size_t end = 0;
-    for (std::sregex_iterator found(xml.begin(), xml.end(), tag), last; found != last; ++found) {
-        const std::smatch& match = *found;
-        const auto position = static_cast<std::size_t>(match.position());
-        if (xml.substr(end, position - end).find_first_of("<>") != std::string::npos)
-            return "text before " + match.str();
-        end = position + match.str().size();
-        std::smatch id;
-        const std::string attributes = match[3].str();
-        if (std::regex_search(attributes, id, name) && !names.insert(id[1]).second)
-            return "name twice: " + id.str();
-        if (match[2].length() == 0 || match[4].length() > 0)
-            continue;
-        if (match[1].length() == 0)
-            open.push_back(match[2]);
-        else if (open.empty() || open.back() != match[2])
-            return "end of " + match.str();
-        else
+    for (std::size_t start = 0, end = 0; (start = xml.find_first_of("<>", end)) < xml.size();) {
+        const std::size_t close = xml.find('>', start);
+        if (xml[start] == '>' || close == std::string::npos)
+            return "bracket at " + std::to_string(start);
+        end = close + 1;
+        const std::string tag = xml.substr(start + 1, close - start - 1);
+        if (tag.find('<') != std::string::npos || std::count(tag.begin(), tag.end(), '"') % 2 != 0)
+            return "tag " + tag;
+        const std::size_t id = tag.find(" id=\"");
+        if (id != std::string::npos &&
+            !names.insert(tag.substr(id + 5, tag.find('"', id + 5) - id - 5)).second)
+            return "name twice: " + tag;
+        if (tag.starts_with('/')) {
+            if (open.empty() || open.back() != tag.substr(1))
+                return "end " + tag;
             open.pop_back();
+        } else if (!tag.starts_with('?') && !tag.ends_with('/')) {
+            open.push_back(tag.substr(0, tag.find(' ')));
+        }
     }
-    if (!open.empty() || xml.substr(end).find_first_of("<>") != std::string::npos)
+    if (!open.empty())
         return "end of the document";
-    const std::string withoutEntities = std::regex_replace(xml, entity, "");
-    if (withoutEntities.find('&') != std::string::npos)
-        return "entity";
-    for (std::sregex_iterator found(xml.begin(), xml.end(), use), last; found != last; ++found) {
-        if ((*found)[0].str().back() == ')' && !names.contains((*found)[1]))
-            return "unknown name " + (*found)[1].str();
+    const auto follows = [&xml](std::size_t at, const char* text) {
+        return std::string_view(xml).substr(at).starts_with(text);
+    };
+    for (std::size_t at = 0; (at = xml.find('&', at)) < xml.size(); ++at) {
+        if (!follows(at, "&amp;") && !follows(at, "&lt;") && !follows(at, "&gt;") && !follows(at, "&quot;"))
+            return "entity at " + std::to_string(at);
+    }
+    for (std::size_t at = 0; (at = xml.find("url(#", at)) < xml.size();) {
+        at += 5;
+        if (!names.contains(xml.substr(at, xml.find(')', at) - at)))
+            return "unknown name at " + std::to_string(at);
     }
     return "";
+}
+
+/** @return whether the document holds what is no number, an exponent of three digits or a number of twelve */
+bool hasWildNumber(const std::string& xml)
+{
+    const auto isDigit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };
+    std::size_t digits = 0;
+    for (std::size_t i = 0; i + 1 < xml.size(); ++i) {
+        const std::string power = xml.substr(i + 1, 4);
+        if (digits > 0 && xml[i] == 'e' && power.find_first_of("+-") == 0 && isDigit(power.back()))
+            return true;
+        digits = isDigit(xml[i]) ? digits + 1 : 0;
+        if (digits == 12)
+            return true;
+    }
+    return xml.find("nan") != std::string::npos || xml.find("inf") != std::string::npos;
 }
 
 UXPicture makePicture(const UXColor& color, double value = 1)
@@ -106,7 +127,6 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
         std::string expected;
     };
     const Case cases[] = {
-        {"nothing", [](UXPainter&) {}, ""},
         {"filled rectangle, translucent",
          [](UXPainter& p) {
              p.setColor({300, -5, 16, 0.25});
@@ -132,6 +152,9 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
              p.addGradientPatternColorStop({9, 9, 9}, 0);
              p.endPattern();
              p.usePattern();
+             p.addRectanglePath(0, 0, 5, 5);
+             p.addLinePath(NAN, 1);
+             p.fill();
              p.addLinePath(0, 0, 1, 2);
              p.stroke();
          },
@@ -182,6 +205,15 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
              p.stroke();
          },
          "<path d=\"M0 0L1 2\" fill=\"none\" stroke=\"#000000\" stroke-width=\"1\"/>\n"},
+        {"turned path",
+         [](UXPainter& p) {
+             p.translate(10, 10);
+             p.addLinePath(1, 0, 2, 0);
+             p.rotatePath(90);
+             p.scalePath(1, 3);
+             p.fill();
+         },
+         "<path d=\"M10 13V16\" fill=\"#000000\"/>\n"},
         {"moved, relative and broken-off parts",
          [](UXPainter& p) {
              p.addRelativeLinePath(9, 9);
@@ -198,15 +230,6 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
              p.fill();
          },
          "<path d=\"M3 1L5 5M22 20C4 4 8 8 12 12ZL0 0\" fill=\"#000000\"/>\n"},
-        {"turned path",
-         [](UXPainter& p) {
-             p.translate(10, 10);
-             p.addLinePath(1, 0, 2, 0);
-             p.rotatePath(90);
-             p.scalePath(1, 3);
-             p.fill();
-         },
-         "<path d=\"M10 13V16\" fill=\"#000000\"/>\n"},
         {"state saved and restored, once too often",
          [](UXPainter& p) {
              {
@@ -230,16 +253,6 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
          "<path d=\"M0 0H2V2H0ZM1 1H2V2H1Z\" fill=\"#000000\"/>\n"
          "<path d=\"M0 0H2V2H0Z\" fill=\"#000000\" fill-opacity=\"0.5\"/>\n"
          "<path d=\"M1 1H2V2H1Z\" fill=\"#000000\" fill-opacity=\"0.5\"/>\n"},
-        {"a path that is not finite",
-         [](UXPainter& p) {
-             p.addRectanglePath(0, 0, 5, 5);
-             p.addLinePath(NAN, 1);
-             p.fillPreserve();
-             p.stroke();
-             p.addLinePath(0, 0, 1, 0);
-             p.fill();
-         },
-         "<path d=\"M0 0H1\" fill=\"#000000\"/>\n"},
         {"a mode that erases",
          [](UXPainter& p) {
              p.setCompositionMode(UXCompositionMode::DestinationOut);
@@ -326,10 +339,14 @@ TEST(UXSvgPainter, TextLinesStandWhereTheMeasurerPutsThem)
 {
     const auto linesOf = [](const Draw& draw) {
         const std::string svg = paint(draw);
-        const std::regex line("<text([^>]*) font-family=\"[^\"]*\" font-size=\"10\"([^>]*)>([^<]*)</text>");
+        const std::string size = " font-size=\"10\"";
         std::vector<std::string> lines;
-        for (std::sregex_iterator found(svg.begin(), svg.end(), line), last; found != last; ++found)
-            lines.push_back((*found)[1].str() + (*found)[2].str() + ' ' + (*found)[3].str());
+        for (std::size_t at = 0; (at = svg.find("<text", at)) < svg.size();) {
+            at += 5;
+            std::string line = svg.substr(at, svg.find("</text>", at) - at);
+            const std::size_t family = line.find(" font-family"), behind = line.find(size) + size.size();
+            lines.push_back(line.erase(family, behind - family));
+        }
         return lines;
     };
     UXTextProperty property;
@@ -340,14 +357,14 @@ TEST(UXSvgPainter, TextLinesStandWhereTheMeasurerPutsThem)
     using Lines = std::vector<std::string>;
 
     EXPECT_EQ(linesOf(draw("one\ntwo", {10, 20, 80, 43.4})),
-              (Lines{" x=\"10\" y=\"39.243\" fill=\"#000000\" one",
-                     " x=\"10\" y=\"50.943\" fill=\"#000000\" two"}));
+              (Lines{" x=\"10\" y=\"39.243\" fill=\"#000000\">one",
+                     " x=\"10\" y=\"50.943\" fill=\"#000000\">two"}));
 
     property.align = UXTextAlign::Right;
     property.lineMode = 1;
     const Lines wrapped = linesOf(draw("alpha beta", {10, 20, 30, 5}));
     ASSERT_EQ(wrapped.size(), 2U);
-    EXPECT_EQ(wrapped[0], " x=\"40\" y=\"29.243\" text-anchor=\"end\" fill=\"#000000\" alpha");
+    EXPECT_EQ(wrapped[0], " x=\"40\" y=\"29.243\" text-anchor=\"end\" fill=\"#000000\">alpha");
 
     property.align = UXTextAlign::Center;
     property.lineMode = 2;
@@ -413,7 +430,7 @@ TEST(UXSvgPainter, HostileNumbersDrawSomethingSane)
             SCOPED_TRACE(testing::Message() << v << " " << other);
             const std::string svg = paint(draw);
             EXPECT_EQ(findFault(svg), "");
-            EXPECT_FALSE(std::regex_search(svg, std::regex("nan|inf|[0-9]e[+-]?[0-9]{3}|[0-9]{12}")));
+            EXPECT_FALSE(hasWildNumber(svg));
 
             UXRecordingPainter first, second;
             draw(first);
