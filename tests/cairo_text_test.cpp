@@ -77,17 +77,6 @@ TEST_F(CairoText, LinesAreAsHighAsTheFontThatWasAskedFor)
     EXPECT_DOUBLE_EQ(measure("a\n", makeProperty(13)).height, 2 * height);
 }
 
-TEST_F(CairoText, FamiliesThatAreNotThereFallBackToTheDefault)
-{
-    UXTextProperty unknown = makeProperty(16), dejavu = makeProperty(16);
-    unknown.font.familyName = "No Such Family";
-    dejavu.font.familyName = "DejaVu Sans";
-    EXPECT_EQ(measure("Default", unknown), measure("Default", makeProperty(16)));
-    EXPECT_GT(measure("Default", dejavu).width, measure("Default", makeProperty(16)).width);
-    dejavu.font.familyName = "\xFF\xFE broken";
-    EXPECT_EQ(measure("Default", dejavu), measure("Default", makeProperty(16)));
-}
-
 TEST_F(CairoText, WrapsAndCutsAtItsLimit)
 {
     const std::string text = "several words in a row";
@@ -125,37 +114,6 @@ TEST_F(CairoText, WrapsAndCutsAtItsLimit)
     // A word longer than the limit is broken, and a limit of nothing still ends.
     EXPECT_GT(measure("Donaudampfschiff", wrapped, 40).height, natural.height * 1.5);
     EXPECT_GT(measure(text, wrapped, 0).height, natural.height * 5);
-}
-
-TEST_F(CairoText, StandsWhereItsAlignmentSays)
-{
-    struct Case {
-        UXTextAlign align;
-        double left; // of "1", in a rectangle from 10 to 90
-    };
-    const double width = measure("1", makeProperty(20)).width;
-    const Case cases[] = {
-        {UXTextAlign::Left, 10}, {UXTextAlign::Center, 50 - width / 2}, {UXTextAlign::Right, 90 - width}};
-    for (const Case& c : cases) {
-        CairoTestCanvas canvas(100, 60);
-        UXDrawTextResult result;
-        canvas.draw([&](UXPainter& painter) {
-            painter.drawText("1", {10, 0, 80, 60}, makeProperty(20, c.align), result);
-        });
-        EXPECT_NEAR(result.textRect.x, c.left, 1e-9);
-        EXPECT_NEAR(result.textRect.y, (60 - measure("1", makeProperty(20)).height) / 2, 1e-9);
-        EXPECT_NEAR(canvas.inkBounds().x, c.left, 5);
-    }
-    // Higher than its rectangle it begins at the top, and says that it does not fit.
-    UXDrawTextResult result;
-    CairoTestCanvas(50, 50).draw([&](UXPainter& painter) {
-        painter.drawText("1\n2", {0, 7, 40, 10}, makeProperty(20), result);
-        EXPECT_EQ(result.textRect.y, 7);
-        EXPECT_FALSE(result.fits);
-        painter.drawText("", {0, 7, 40, 10}, makeProperty(20), result);
-    });
-    EXPECT_TRUE(result.fits);
-    EXPECT_EQ(result.textRect, UXDoubleRect());
 }
 
 TEST_F(CairoText, SurvivesAnyText)

@@ -98,40 +98,6 @@ TEST(HostCsv, FilesThatCannotBeRead)
     }
 }
 
-TEST(HostCsv, GuessedTypes)
-{
-    struct Case {
-        const char* name;
-        std::vector<std::string> texts;
-        Type expected;
-    };
-    const Case cases[] = {
-        {"nothing", {}, Type::String},
-        {"only empty", {"", ""}, Type::String},
-        {"whole", {"1", "", "-20", "+3", "0"}, Type::Integer},
-        {"one fraction", {"1", "2.5", "-1e3"}, Type::Float},
-        {"beyond 64 bits", {"1", "9223372036854775808"}, Type::Float},
-        {"beyond doubles", {"1", "1e999"}, Type::String},
-        {"infinite", {"inf"}, Type::String},
-        {"postal codes", {"98101", "01234"}, Type::String},
-        {"zero point", {"0.5", "-0.25"}, Type::Float},
-        {"hexadecimal", {"0x10"}, Type::String},
-        {"blank inside", {"1 000"}, Type::String},
-        {"dates", {"2024-01-01", "2024-12-31"}, Type::Date},
-        {"dates and moments", {"2024-01-01", "2024-12-31T10:00:00"}, Type::DateTime},
-        {"times", {"10:00", "23:59:59"}, Type::Time},
-        {"times and dates", {"10:00", "2024-01-01"}, Type::String},
-        {"numbers and dates", {"2024", "2024-01-01"}, Type::String},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        ColumnTypeGuess guess;
-        for (const std::string& text : c.texts)
-            guess.addText(text);
-        EXPECT_EQ(guess.obtainType(), c.expected);
-    }
-}
-
 TEST(HostCsv, ImportsTypedColumns)
 {
     const TemporaryFile file("n,x,day,at,moment,\"say \"\"it's\"\" :p0 #1 ?\",\n"

@@ -148,42 +148,6 @@ TEST(HostSqlDataProvider, MembersAndCells)
     }
 }
 
-TEST(HostSqlDataProvider, NumbersOfTimes)
-{
-    PreparedProvider prepared(visits,
-                              R"({"dimensions": [{"column": "day"}], "measures": [{"aggregate": "count"}]})");
-    SqlDataProvider& provider = prepared.get();
-    const double day = 86'400;
-    const double first = provider.obtainDimensionDataAsNumber(nullptr, {0, 0});
-    EXPECT_EQ(provider.obtainDimensionDataAsDateTime(nullptr, first), "2024-03-01 00:00:00");
-    EXPECT_EQ(provider.obtainDimensionDataAsDateTime(nullptr, -0.5), "1969-12-31 23:59:59");
-    EXPECT_EQ(provider.obtainDimensionDataAsRangeDifference(nullptr, {0, 0}), 3 * day);
-    EXPECT_EQ(provider.obtainDimensionDataAsRangeDifference(nullptr, {0, 2}), 0); // a null follows
-    EXPECT_EQ(provider.obtainDimensionDataAsIndexRange(nullptr, first + 1, first + 4 * day),
-              (std::vector<std::uint64_t>{1, 2}));
-    for (const double odd : {std::numeric_limits<double>::quiet_NaN(),
-                             std::numeric_limits<double>::infinity(), -(std::numeric_limits<double>::max)()})
-        EXPECT_EQ(provider.obtainDimensionDataAsDateTime(nullptr, odd), "");
-}
-
-TEST(HostSqlDataProvider, EachPreparationAsksAgain)
-{
-    PreparedProvider prepared("n\n1\n", R"({"measures": [{"column": "n", "aggregate": "sum"}]})");
-    SqlDataProvider& provider = prepared.get();
-    prepared.getSession().execute("INSERT INTO data VALUES (41)");
-    EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), 1);
-    prepared.prepare();
-    EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), 42);
-
-    // A query that fails leaves no old answers behind.
-    prepared.getSession().execute("DROP TABLE data");
-    prepared.prepare();
-    EXPECT_EQ(provider.getError(), "sqlite: table \"data\": no such table");
-    EXPECT_TRUE(provider.obtainDataIsEmpty(nullptr));
-    EXPECT_EQ(provider.obtainValueCount(nullptr), 0U);
-    EXPECT_EQ(provider.obtainDimensionData(nullptr, {0, 0}), "");
-}
-
 TEST(HostSqlDataProvider, NoRowsAreNoData)
 {
     PreparedProvider prepared("n\n",

@@ -213,45 +213,6 @@ TEST(HostSql, PostgresqlAnswers)
     EXPECT_THROW(session.obtainColumns("pg_nothing"), HostError);
 }
 
-TEST(HostSql, StepsOfTime)
-{
-    struct Step {
-        DateLevel level;
-        const char *text, *next;
-        double seconds;
-    };
-    const Step steps[] = {
-        {DateLevel::Year, "2023-01-01", "2024-01-01", 1672531200},
-        {DateLevel::Quarter, "2023 Q4", "2024 Q1", 1696118400},
-        {DateLevel::Month, "2023-12-01", "2024-01-01", 1701388800},
-        {DateLevel::Week, "2023 W52", "2024 W01", 1703462400},
-        {DateLevel::Week, "2022 W52", "2023 W00", 1672012800},
-        {DateLevel::Week, "2023 W00", "2023 W01", 1672531200},
-        {DateLevel::Day, "2024-02-28", "2024-02-29", 1709078400},
-        {DateLevel::Day, "9999-12-31", "", 253402214400},
-        {DateLevel::DayOfWeek, "2001-01-06", "2001-01-07", 978739200},
-        {DateLevel::DayOfWeek, "2001-01-07", "", 978825600},
-        {DateLevel::Hour, "2023-12-31 23:00:00", "2024-01-01 00:00:00", 1704063600},
-        {DateLevel::Second, "12:59:59", "13:00:00", 46799},
-        {DateLevel::Minute, "23:59:00", "", 86340},
-        {DateLevel::Day, "1969-12-31", "1970-01-01", -86400},
-    };
-    for (const Step& step : steps) {
-        SCOPED_TRACE(step.text);
-        const std::optional<TimeStep> parsed = TimeStep::parse(step.text, step.level);
-        ASSERT_TRUE(parsed);
-        EXPECT_EQ(parsed->obtainText(), step.text);
-        EXPECT_EQ(parsed->obtainSeconds(), step.seconds);
-        const std::optional<TimeStep> next = parsed->obtainNext();
-        EXPECT_EQ(next ? next->obtainText() : "", step.next);
-    }
-    for (const char* text : {"", "2024 Q5", "2024 Q", "0000 Q1", "-024 Q1", "2024Q1", "2024 W1", "x"}) {
-        EXPECT_FALSE(TimeStep::parse(text, DateLevel::Quarter)) << text;
-        EXPECT_FALSE(TimeStep::parse(text, DateLevel::Week)) << text;
-        EXPECT_FALSE(TimeStep::parse(text, DateLevel::Day)) << text;
-    }
-}
-
 TEST(HostSql, BindingsThatDoNotFit)
 {
     const TemporaryFile file(moments);

@@ -96,36 +96,6 @@ TEST(KXAxisScale, SuitableRange)
     }
 }
 
-TEST(KXAxisScale, AnAutomaticRangeWithRoundedBounds)
-{
-    struct Case {
-        const char* name;
-        double min, max;
-        Scale expected;
-    };
-    const Case cases[] = {
-        {"into the top of the last interval", 0, 96, {0, 120, 20, 7}},
-        {"up to the bound of few intervals", 0, 60, {0, 60, 20, 4}},
-        {"below the top", 0, 90, {0, 100, 20, 6}},
-        {"equal ends", 0, 0, {0, 0, 1, 0}},
-        {"equal ends away from zero", 7, 7, {6, 8, 1, 3}},
-        {"a negative minimum gets no extra interval", -96, 0, {-100, 0, 20, 6}},
-        {"a negative maximum near its bound", -96, -20, {-100, 0, 20, 6}},
-        {"a positive minimum near its bound", 99, 180, {60, 200, 20, 8}},
-        {"a positive minimum off its bound", 119, 180, {80, 200, 20, 7}},
-        {"tenths without noise", 0.6, 0.7, {0.58, 0.72, 0.02, 8}},
-        {"the ends of double", -1e308, 1e308, {-1e308, 1e308, 5e307, 5}},
-        {"ends the wrong way round", 5, 1, {4, 1, 1, 0}},
-        {"denormals", 0, denormal, {0, 1, 1, 2}},
-        {"no numbers", NAN, NAN, {0, 0, 1, 0}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        KXAxisProperty property;
-        EXPECT_EQ(resolve(property, makeData(c.min, c.max), true), c.expected);
-    }
-}
-
 TEST(KXAxisScale, WhatTheUserSets)
 {
     struct Case {

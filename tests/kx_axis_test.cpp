@@ -88,43 +88,6 @@ TEST(KXAxis, ValuesFillTheRectangleInEachDirection)
     EXPECT_EQ(axis.getVectorNotationX(), 1);
 }
 
-TEST(KXAxis, TheSpacing)
-{
-    struct Case {
-        const char* name;
-        double min, max, fixed, least, scale, extra, spacing, total;
-    };
-    const Case cases[] = {
-        {"fills the rectangle", 0, 10, -1, -1, 1, 0, 20, 200},
-        {"leaves extra length", 0, 10, -1, -1, 1, 40, 16, 200},
-        {"without room for extra length", 0, 10, -1, -1, 1, 300, 0, 0},
-        {"at least", 0, 10, -1, 30, 1, 0, 30, 300},
-        {"at least, with extra length", 0, 10, -1, 30, 1, 40, 30, 340},
-        {"already more than at least", 0, 10, -1, 5, 1, 0, 20, 200},
-        {"fixed", 0, 10, 7, 30, 1, 0, 7, 70},
-        {"the scale enters twice", 0, 10, -1, -1, 2, 0, 40, 800},
-        {"negative scale", 0, 10, -1, -1, -1, 0, 0, 0},
-        {"scale of zero", 0, 10, -1, -1, 0, 0, 0, 0},
-        {"no span", 4, 4, -1, 30, 1, 0, 0, 0},
-        {"maximum below minimum", 4, 3, -1, -1, 1, 0, 0, 0},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        KXAxis axis;
-        setUp(axis, notations[0], c.min, c.max);
-        axis.setValueSpacing(c.fixed);
-        axis.setMinValueSpacing(c.least);
-        axis.setValueScale(c.scale);
-        axis.setExtraLength("labels", c.extra);
-        EXPECT_DOUBLE_EQ(axis.obtainCurrentValueSpacing(), c.spacing);
-        EXPECT_DOUBLE_EQ(axis.obtainTotalLength(), c.total);
-        EXPECT_EQ(axis.obtainAxisLength(), 200);
-        EXPECT_EQ(axis.isScrollable(), c.total > 201);
-        EXPECT_EQ(axis.isValidAxis(), c.max > c.min && c.total > c.extra);
-        EXPECT_EQ(axis.getMaxValue(), (std::max)(c.min, c.max));
-    }
-}
-
 TEST(KXAxis, Scrolling)
 {
     struct Case {
@@ -247,40 +210,6 @@ TEST(KXAxis, HostileNumbersGiveFiniteAnswers)
     }
 }
 
-TEST(KXAxis, TheDelegateHearsOfChangesOnce)
-{
-    Listener listener;
-    KXAxis axis;
-    axis.setDelegate(&listener);
-    setUp(axis, notations[0], 0, 10);
-    EXPECT_TRUE(listener.lengths.empty()) << "the scale is worked out when it is asked for";
-    axis.obtainValuePositionInAxis(3);
-    axis.obtainAxisLength();
-    EXPECT_EQ(listener.lengths, std::vector<double>{200});
-    EXPECT_EQ(listener.visibleCalls, 0);
-    axis.update();
-    axis.update();
-    EXPECT_EQ(listener.visibleCalls, 1) << "a spacing that a query worked out is news to the update";
-
-    axis.setOffset(5);
-    axis.setOffset(5);
-    axis.update();
-    EXPECT_EQ(listener.visibleCalls, 2);
-    axis.reloadData();
-    EXPECT_EQ(listener.visibleCalls, 2);
-    EXPECT_EQ(listener.lengths.size(), 1u) << "neither scrolling nor reloading changes a length";
-
-    axis.setRect(rect);
-    axis.setRect(UXRect(10, 20, 100, 100));
-    axis.update();
-    EXPECT_EQ(listener.lengths, (std::vector<double>{200, 100}));
-    EXPECT_EQ(listener.visibleCalls, 3);
-    axis.setDelegate(nullptr);
-    axis.setRect(rect);
-    axis.update();
-    EXPECT_EQ(listener.lengths.size(), 2u);
-}
-
 TEST(KXAxis, ADelegateMayChangeTheAxisOrDestroyIt)
 {
     Listener listener;
@@ -352,39 +281,4 @@ TEST(KXAxis, PaintsItsLineOnWholePixelsInsideTheRectangle)
         axis.paint(&hidden, axis.getBoundingRect());
         EXPECT_EQ(hidden.getRecording().getText().find("drawRects"), std::string::npos);
     }
-}
-
-TEST(KXAxis, ADocumentHoldsTheSettings)
-{
-    KXAxis axis;
-    EXPECT_EQ(axis.getColor(), UXColor(239, 239, 244, 1.0));
-    setUp(axis, notations[1], -2.5, 10);
-    axis.setValueSpacing(3);
-    axis.setMinValueSpacing(4);
-    axis.setValueScale(2);
-    axis.setOffset(-12345678901);
-    axis.setShiftHalfValueSpacing(true);
-    axis.setExtraLength("marks", 1.5);
-    axis.setExtraLength("labels", 20);
-    axis.setApplyExtralengthToTheEnd(false);
-    axis.setShowAxis(false);
-    const std::string document = axis.serialize();
-    EXPECT_NE(document.find(R"("m_xVectorNotation":-1,"m_yVectorNotation":0,"m_maxValue":10.0,)"
-                            R"("m_minValue":-2.5,"m_valueSpacing":3.0,"m_minValueSpacing":4.0,)"
-                            R"("m_valueScale":2.0,"m_offset":-12345678901,"m_shiftHalfValueSpacing":true,)"
-                            R"("m_extraLengths_key":["labels","marks"],"m_extraLengths_value":[20.0,1.5],)"
-                            R"("m_applyExtralengthToTheEnd":false,"m_showAxis":false)"),
-              std::string::npos)
-        << document;
-
-    KXJsonObjectFactory factory;
-    const std::unique_ptr<UXJsonObject> made(factory.customCreate("KXAxis"));
-    auto* read = dynamic_cast<KXAxis*>(made.get());
-    ASSERT_NE(read, nullptr);
-    read->setRect(rect);
-    read->obtainAxisLength();
-    EXPECT_TRUE(read->deserialize(document));
-    EXPECT_EQ(read->serialize(), document);
-    EXPECT_EQ(read->obtainAxisLength(), 200) << "reading makes the scale stale";
-    EXPECT_EQ(read->obtainTotalLength(), 12.5 * 3 * 2 + 21.5);
 }

@@ -148,24 +148,6 @@ TEST(KXChartDataFormat, SeparatorsMoveOutOfEachOthersWay)
     }
 }
 
-TEST(KXChartDataFormat, AnUpdateMarksTheCallersKeysInsteadOfItsOwn)
-{
-    KXChartDataFormat format;
-    Calls calls(format);
-    KXKeys keys;
-    format.updatePrefix("", keys);
-    EXPECT_TRUE(keys.empty() && calls.take().empty());
-    format.updatePrefix("$", keys);
-    format.updateThousandsSeparator(Thousands::Dot, keys);
-    format.updateDecimalSeparator(Decimal::Comma, keys);
-    EXPECT_EQ(keys, (KXKeys{"m_prefix", "m_thousandsSeparator"}));
-    EXPECT_TRUE(format.getUpdatedKeys().empty());
-    EXPECT_EQ(calls.take(), (Keys{"m_prefix", "", "m_thousandsSeparator", "m_decimalSeparator", ""}));
-    format.updateSuffix("K");
-    EXPECT_EQ(format.getUpdatedKeys(), KXKeys{"m_suffix"});
-    EXPECT_EQ(calls.take(), (Keys{"m_suffix", ""}));
-}
-
 TEST(KXChartDataFormat, CopiesHoldEveryKey)
 {
     KXChartDataFormat changed = makeChanged();
@@ -194,22 +176,6 @@ TEST(KXChartDataFormat, CopiesHoldEveryKey)
     EXPECT_EQ(changed.getPrefix(), "p");
     EXPECT_TRUE(changed.updateValue("m_prefix", "p2"));
     EXPECT_EQ(copyConstructed.getPrefix(), "mine");
-}
-
-TEST(KXChartDataFormat, AResetTakesTheWholeFormat)
-{
-    for (const auto type : {KXChartResetType::All, KXChartResetType::Style}) {
-        KXChartDataFormat format = makeChanged(), source;
-        Calls calls(format);
-        format.customResetProperties(type, &source, {});
-        EXPECT_EQ(format.serialize(), source.serialize());
-        // Each key with the event behind, also for equal values; the decimal separator once more, as it
-        // makes way for the other before it is taken itself.
-        EXPECT_EQ(calls.take().size(), 25u);
-        EXPECT_EQ(format.getUpdatedKeys().size(), 10u);
-        format.customResetProperties(type, nullptr, {});
-        EXPECT_TRUE(calls.take().empty());
-    }
 }
 
 TEST(KXChartDataFormat, CallbacksMayDestroyTheFormat)

@@ -117,25 +117,6 @@ TEST(KXChartPropertyBase, UpdatedKeysAreFilteredOnEveryLevel)
     EXPECT_EQ(source.getUpdatedKeys(), (KXKeys{"m_stripWidth", "m_cornerRadius"}));
 }
 
-TEST(KXChartPropertyBase, ASubclassReactsToOneKey)
-{
-    RoundStripProperty object, source;
-    source.setStripWidth(2);
-    object.updateStripWidth(source.getStripWidth(), {"m_stripWidth"}, false);
-    EXPECT_EQ(object.getCornerRadius(), 0);
-    UXPropertyAccessor accessor(&object);
-    EXPECT_TRUE(object.getUpdatedKeys().contains("m_cornerRadius"));
-    object.updateCornerRadius(3);
-    EXPECT_TRUE(accessor.updateValue("m_stripWidth", 5.0))
-        << "a key of the parent, with the subclass's reaction";
-    EXPECT_EQ(object.getCornerRadius(), 0);
-    EXPECT_FALSE(accessor.updateValue("m_stripWidth", 5));
-    EXPECT_FALSE(accessor.updateValue("m_unknown", 5.0));
-    EXPECT_TRUE(accessor.updateEnumString("m_labelPosition", "Bottom"));
-    EXPECT_FALSE(accessor.updateEnumString("m_labelPosition", "bottom"));
-    EXPECT_EQ(object.getLabelPosition(), KXLineLabelPosition::Bottom);
-}
-
 TEST(KXChartPropertyBase, ResettingForcesTheKeysItTakes)
 {
     StripProperty object, source;

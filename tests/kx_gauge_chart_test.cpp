@@ -185,32 +185,6 @@ TEST_F(KXGaugeChartTest, RatiosStayInsideTheRangeOrHaveNoValue)
     }
 }
 
-TEST_F(KXGaugeChartTest, ValuesOfItsOwnReplaceTheHosts)
-{
-    chart.setCustomTargetValue(true);
-    chart.setTargetValueCache(-10);
-    chart.setCustomMinValue(true);
-    chart.setMinValueCache(-20);
-    chart.setCustomMaxValue(true);
-    chart.setMaxValueCache(80);
-    provider.askedCount = 0;
-    chart.layout();
-    EXPECT_EQ(chart.getValueRatio(), 0.5);
-    EXPECT_EQ(chart.getTargetRatio(), 0.1);
-    EXPECT_EQ(chart.getMinLabel()->getText(), "-20");
-    EXPECT_EQ(provider.askedCount, 0) << "a property needs no data";
-
-    load({});
-    EXPECT_FALSE(chart.preparedData());
-    EXPECT_EQ(chart.getMainLabel()->getText(), "--");
-    EXPECT_EQ(chart.getMaxLabel()->getText(), "80");
-
-    EXPECT_EQ(KXGaugeChart().getTargetCaption(), "Target: ");
-    uxSetLocalizer([](const std::string& text) { return text + " (de)"; });
-    EXPECT_EQ(KXGaugeChart().getTargetCaption(), "Target (de): ");
-    uxSetLocalizer({});
-}
-
 TEST_F(KXGaugeChartTest, PartitionsEndWhereTheStyleSays)
 {
     // How many are wanted, the boundaries of the custom style (none for even parts), where the parts end
