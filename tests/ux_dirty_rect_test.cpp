@@ -153,11 +153,7 @@ TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
          },
          {}},
         {"inside what is hidden",
-         [](Scene& s) {
-             s.left.setVisible(false);
-             s.diagram.clearDirtyRect();
-             s.leaf.invalidate();
-         },
+         [](Scene& s) { s.left.setVisible(false), s.diagram.clearDirtyRect(), s.leaf.invalidate(); },
          {}},
         {"taken out", [](Scene& s) { s.left.removeChild(&s.leaf); }, {leaf}},
         {"put elsewhere", [](Scene& s) { s.right.addChild(&s.leaf); }, {leaf, {60, 10, 5, 5}}},

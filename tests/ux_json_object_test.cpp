@@ -92,16 +92,12 @@ public:
     std::string customSerializeTypeID() override { return "Node"; }
     bool customDeserialize() override
     {
-        bool complete = deserializeInt64("m_number", number);
-        complete = deserializeObject("m_first", [this](UXJsonObject* o) { return own(first, o); }) &&
-                   complete;
-        complete = deserializeObjectWeakRef("m_other",
-                                            [this](UXJsonObject* o) {
-                                                other = dynamic_cast<Node*>(o);
-                                                return true;
-                                            }) &&
-                   complete;
-        return deserializeObject("m_second", [this](UXJsonObject* o) { return own(second, o); }) && complete;
+        const auto refer = [this](UXJsonObject* o) { return other = dynamic_cast<Node*>(o), true; };
+        int read = deserializeInt64("m_number", number);
+        read += deserializeObject("m_first", [this](UXJsonObject* o) { return own(first, o); });
+        read += deserializeObjectWeakRef("m_other", refer);
+        read += deserializeObject("m_second", [this](UXJsonObject* o) { return own(second, o); });
+        return read == 4;
     }
 
     int number = 0;
