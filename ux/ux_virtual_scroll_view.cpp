@@ -1,25 +1,55 @@
 #include "ux/ux_virtual_scroll_view.h"
 
-#include "ux/ux_object_watcher.h"
+#include "ux/ux_key_code.h"
+#include "ux/ux_paint_clip.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view_delegate.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace {
 
-/** @return offset moved by distance, rounded; at 0 or int64's limit where that does not fit, not moved by NaN
- */
-std::int64_t moveOffset(std::int64_t offset, double distance)
+constexpr double wheelStep = 48; // logical units to a notch of the wheel
+constexpr double keyStep = 40;
+/** The share of the shown extent that a page moves on; the rest stays, so that the eye finds its place. */
+constexpr double pageShare = 0.9;
+
+/** How far a key scrolls, in logical units, or all the way for infinity. */
+struct KeyScroll {
+    bool horizontal = false;
+    double distance = 0;
+};
+
+KeyScroll obtainKeyScroll(const UXEvent& event, const UXSize& shown, bool pagesHorizontally)
 {
-    using Limits = std::numeric_limits<std::int64_t>;
-    if (std::isnan(distance))
-        return offset;
-    const double rounded = std::round(distance);
-    if (rounded >= static_cast<double>((Limits::max)() - offset))
-        return (Limits::max)();
-    return rounded <= -static_cast<double>(offset) ? 0 : offset + static_cast<std::int64_t>(rounded);
+    constexpr double allTheWay = std::numeric_limits<double>::infinity();
+    const double page = std::max(pageShare * (pagesHorizontally ? shown.width : shown.height), 1.0);
+    switch (static_cast<UXKeyCode>(event.getKeyCode())) {
+    case UXKeyCode::Left:
+        return {true, -keyStep};
+    case UXKeyCode::Right:
+        return {true, keyStep};
+    case UXKeyCode::Up:
+        return {false, -keyStep};
+    case UXKeyCode::Down:
+        return {false, keyStep};
+    case UXKeyCode::PageUp:
+        return {pagesHorizontally, -page};
+    case UXKeyCode::PageDown:
+        return {pagesHorizontally, page};
+    case UXKeyCode::Space:
+        return {pagesHorizontally, event.containsEventKey(UXEventKey::Shift) ? -page : page};
+    case UXKeyCode::Home:
+        return {pagesHorizontally, -allTheWay};
+    case UXKeyCode::End:
+        return {pagesHorizontally, allTheWay};
+    default:
+        return {};
+    }
 }
 
 } // namespace
@@ -32,9 +62,15 @@ void UXVirtualScrollView::setContentWidth(std::int64_t width) { _setExtent(m_hor
 
 void UXVirtualScrollView::setContentHeight(std::int64_t height) { _setExtent(m_vertical, height); }
 
-void UXVirtualScrollView::setContentOffsetX(std::int64_t x) { _setOffsets(x, m_vertical.offset); }
+void UXVirtualScrollView::setContentOffsetX(std::int64_t x)
+{
+    _setOffsets(x, m_vertical.offset, UXEvent(), nullptr);
+}
 
-void UXVirtualScrollView::setContentOffsetY(std::int64_t y) { _setOffsets(m_horizontal.offset, y); }
+void UXVirtualScrollView::setContentOffsetY(std::int64_t y)
+{
+    _setOffsets(m_horizontal.offset, y, UXEvent(), nullptr);
+}
 
 void UXVirtualScrollView::setEnableHorizontalScrollBar(bool enable, bool repaint)
 {
@@ -91,12 +127,25 @@ UXRect UXVirtualScrollView::obtainScrollContentRect() const
     return area;
 }
 
+UXScrollBar* UXVirtualScrollView::getHorizontalScrollBar() const
+{
+    auto* bar = static_cast<UXScrollBar*>(m_horizontal.bar.getObject());
+    return bar && bar->getVisible() ? bar : nullptr;
+}
+
+UXScrollBar* UXVirtualScrollView::getVerticalScrollBar() const
+{
+    auto* bar = static_cast<UXScrollBar*>(m_vertical.bar.getObject());
+    return bar && bar->getVisible() ? bar : nullptr;
+}
+
 void UXVirtualScrollView::linkedScroll(double distance, bool horizontal)
 {
+    const std::int64_t offset = uxMoveScrollOffset(_obtainRange(horizontal), distance);
     if (horizontal)
-        _setOffsets(moveOffset(m_horizontal.offset, distance), m_vertical.offset);
+        setContentOffsetX(offset);
     else
-        _setOffsets(m_horizontal.offset, moveOffset(m_vertical.offset, distance));
+        setContentOffsetY(offset);
 }
 
 std::string UXVirtualScrollView::customSerializeTypeID() { return "UXVirtualScrollView"; }
@@ -117,6 +166,89 @@ void UXVirtualScrollView::setPadding(const UXPadding& padding)
         _areaChanged();
 }
 
+void UXVirtualScrollView::addChild(UXObject* child)
+{
+    UXObjectWatcher watcher(this);
+    UXObject::addChild(child);
+    if (watcher.isAlive())
+        _bringBarsToFront();
+}
+
+void UXVirtualScrollView::addChild(UXObject* child, int position)
+{
+    UXObjectWatcher watcher(this);
+    UXObject::addChild(child, position);
+    if (watcher.isAlive())
+        _bringBarsToFront();
+}
+
+void UXVirtualScrollView::removeChildren()
+{
+    UXObjectWatcher watcher(this);
+    while (UXObject* child = watcher.isAlive() ? _obtainLastContentChild() : nullptr)
+        removeChild(child);
+}
+
+void UXVirtualScrollView::clearChildren()
+{
+    UXObjectWatcher watcher(this);
+    while (UXObject* child = watcher.isAlive() ? _obtainLastContentChild() : nullptr)
+        delete child;
+}
+
+void UXVirtualScrollView::bringChildToFront(UXObject* child)
+{
+    UXObjectWatcher watcher(this);
+    UXObject::bringChildToFront(child);
+    if (watcher.isAlive())
+        _bringBarsToFront();
+}
+
+void UXVirtualScrollView::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    if (!config)
+        return;
+    const UXRect content = obtainScrollContentRect();
+    const UXDoubleRect contentInRoot(translateRectToParent(content, nullptr));
+    UXObjectWatcher watcher(this);
+    for (std::size_t i = 0; watcher.isAlive() && i < getChildren().size(); ++i) {
+        UXObject* child = getChildren()[i];
+        if (!child->getVisible())
+            continue;
+        const UXObjectWatcher childWatcher(child);
+        const bool clips = !_isBar(child) && (!m_delegate || m_delegate->shouldClipInScrollArea(this, child));
+        if (!watcher.isAlive() || !childWatcher.isAlive())
+            return;
+        const UXRect visible = clips ? uxIntersectionRect(dirtyRect, content) : dirtyRect;
+        const UXRect childRect = translateRectToChild(visible, child);
+        if (uxIsEmptyRect(visible) || !child->inRect(childRect))
+            continue;
+        std::optional<UXPaintClip> clip;
+        if (clips)
+            clip.emplace(*config, contentInRoot);
+        child->paint(config, childRect);
+    }
+}
+
+bool UXVirtualScrollView::customMouseWheel(const UXEvent& event, bool&)
+{
+    // An upright wheel scrolls sideways with Shift, and where there is nothing else to scroll.
+    UXDoublePoint delta = event.getWheelDelta();
+    const bool onlyHorizontal = uxObtainScrollLimit(_obtainRange(false)) == 0;
+    if (delta.x == 0 && (onlyHorizontal || event.containsEventKey(UXEventKey::Shift)))
+        delta = {delta.y, 0};
+    UXObjectWatcher watcher(this);
+    const bool handledX = _scrollBy(true, delta.x * wheelStep, event);
+    return (watcher.isAlive() && _scrollBy(false, delta.y * wheelStep, event)) || handledX;
+}
+
+bool UXVirtualScrollView::customKeyDown(const UXEvent& event, bool&)
+{
+    const bool pagesHorizontally = uxObtainScrollLimit(_obtainRange(false)) == 0;
+    const KeyScroll scroll = obtainKeyScroll(event, obtainDisplayArea(), pagesHorizontally);
+    return _scrollBy(scroll.horizontal, scroll.distance, event);
+}
+
 void UXVirtualScrollView::contentOffsetChanged(const UXEvent& event, UXScrollBar*)
 {
     const std::int64_t movedX = m_movedX, movedY = m_movedY;
@@ -128,6 +260,10 @@ void UXVirtualScrollView::contentOffsetChanged(const UXEvent& event, UXScrollBar
     if (watcher.isAlive() && m_delegate)
         m_delegate->virtualScrollViewContentOffsetChanged(this, movedX, movedY, event);
 }
+
+void UXVirtualScrollView::userScrollingWillStart(const UXEvent&) {}
+
+void UXVirtualScrollView::userScrollingDidEnd(const UXEvent&) {}
 
 /** @return the area that content and scroll bars share */
 UXRect UXVirtualScrollView::_obtainAreaWithBars() const
@@ -165,14 +301,17 @@ void UXVirtualScrollView::_setExtent(Direction& direction, std::int64_t extent)
     _areaChanged();
 }
 
-void UXVirtualScrollView::_setOffsets(std::int64_t x, std::int64_t y)
+UXScrollRange UXVirtualScrollView::_obtainRange(bool horizontal) const
 {
     const UXSize shown = obtainDisplayArea();
-    const auto bound = [](std::int64_t offset, std::int64_t content, int extent) {
-        return std::clamp<std::int64_t>(offset, 0, std::max<std::int64_t>(content - extent, 0));
-    };
-    x = bound(x, m_horizontal.contentExtent, shown.width);
-    y = bound(y, m_vertical.contentExtent, shown.height);
+    return horizontal ? UXScrollRange{m_horizontal.contentExtent, shown.width, m_horizontal.offset}
+                      : UXScrollRange{m_vertical.contentExtent, shown.height, m_vertical.offset};
+}
+
+void UXVirtualScrollView::_setOffsets(std::int64_t x, std::int64_t y, const UXEvent& event, UXScrollBar* bar)
+{
+    x = std::clamp<std::int64_t>(x, 0, uxObtainScrollLimit(_obtainRange(true)));
+    y = std::clamp<std::int64_t>(y, 0, uxObtainScrollLimit(_obtainRange(false)));
     m_movedX = x - m_horizontal.offset;
     m_movedY = y - m_vertical.offset;
     if (m_movedX == 0 && m_movedY == 0)
@@ -181,10 +320,134 @@ void UXVirtualScrollView::_setOffsets(std::int64_t x, std::int64_t y)
     m_vertical.offset = y;
 
     UXObjectWatcher watcher(this);
-    contentOffsetChanged(UXEvent(), nullptr);
+    _updateBars();
+    if (watcher.isAlive())
+        contentOffsetChanged(event, bar);
     if (watcher.isAlive())
         invalidate();
 }
 
 /** Another area can show another part of the content: an offset beyond its end moves back. */
-void UXVirtualScrollView::_areaChanged() { _setOffsets(m_horizontal.offset, m_vertical.offset); }
+void UXVirtualScrollView::_areaChanged()
+{
+    UXObjectWatcher watcher(this);
+    _updateBars();
+    if (watcher.isAlive())
+        _setOffsets(m_horizontal.offset, m_vertical.offset, UXEvent(), nullptr);
+}
+
+void UXVirtualScrollView::_updateBars()
+{
+    const UXRect area = _obtainAreaWithBars(), content = obtainScrollContentRect();
+    const ShownBars shown = _obtainShownBars();
+    const int width = std::min(extraExtent, area.width), height = std::min(extraExtent, area.height);
+    UXObjectWatcher watcher(this);
+    _updateBar(true, shown.horizontal, {content.x, uxMaxY(area) - height, content.width, height});
+    if (watcher.isAlive())
+        _updateBar(false, shown.vertical, {uxMaxX(area) - width, content.y, width, content.height});
+}
+
+void UXVirtualScrollView::_updateBar(bool horizontal, bool shown, const UXRect& rect)
+{
+    auto* bar = static_cast<UXScrollBar*>(_obtainDirection(horizontal).bar.getObject());
+    if (!bar && shown)
+        bar = _makeBar(horizontal);
+    if (!bar)
+        return;
+    UXObjectWatcher watcher(bar);
+    bar->setVisible(shown);
+    if (watcher.isAlive() && shown)
+        bar->setRect(rect);
+    if (watcher.isAlive() && shown)
+        bar->setRange(_obtainRange(horizontal));
+}
+
+UXScrollBar* UXVirtualScrollView::_makeBar(bool horizontal)
+{
+    auto* bar = new UXScrollBar(horizontal ? UXArrangement::Row : UXArrangement::Column);
+    _obtainDirection(horizontal).bar = UXObjectWatcher(bar);
+    bar->setHandlers({[this](const UXEvent& event) { userScrollingWillStart(event); },
+                      [this, horizontal, bar](std::int64_t offset, const UXEvent& event) {
+                          UXObjectWatcher watcher(this);
+                          if (_shouldTriggerScroll(horizontal) && watcher.isAlive())
+                              _scrollTo(horizontal, offset, event, bar);
+                      },
+                      [this](const UXEvent& event) { userScrollingDidEnd(event); }});
+    UXObject::addChild(bar);
+    return bar;
+}
+
+void UXVirtualScrollView::_bringBarsToFront()
+{
+    for (const bool horizontal : {true, false})
+        UXObject::bringChildToFront(_obtainDirection(horizontal).bar.getObject());
+}
+
+bool UXVirtualScrollView::_isBar(const UXObject* object) const
+{
+    return object && (object == m_horizontal.bar.getObject() || object == m_vertical.bar.getObject());
+}
+
+UXObject* UXVirtualScrollView::_obtainLastContentChild() const
+{
+    const auto& children = getChildren();
+    const auto found = std::find_if(children.rbegin(), children.rend(),
+                                    [this](const UXObject* child) { return !_isBar(child); });
+    return found == children.rend() ? nullptr : *found;
+}
+
+bool UXVirtualScrollView::_shouldTriggerScroll(bool horizontal)
+{
+    return !m_delegate || m_delegate->virtualScrollViewShouldTriggerScroll(this, horizontal);
+}
+
+/** @return whether the user's wish ends here: it does unless there is nothing to scroll at all, or the end is
+ * reached and the view lets go of it there */
+bool UXVirtualScrollView::_scrollBy(bool horizontal, double distance, const UXEvent& event)
+{
+    UXObjectWatcher watcher(this);
+    UXScrollRange range = _obtainRange(horizontal);
+    if (distance == 0 || std::isnan(distance) || uxObtainScrollLimit(range) == 0 ||
+        !_shouldTriggerScroll(horizontal) || !watcher.isAlive())
+        return false;
+
+    range = _obtainRange(horizontal);
+    double& rest = _obtainDirection(horizontal).wheelRest;
+    if (range.offset == (distance > 0 ? uxObtainScrollLimit(range) : 0)) {
+        rest = 0;
+        return !m_autoJumpOut;
+    }
+    const double wanted = distance + rest;
+    rest = std::isfinite(wanted) ? wanted - std::round(wanted) : 0;
+    return _scrollOneStep(horizontal, uxMoveScrollOffset(range, wanted), event);
+}
+
+bool UXVirtualScrollView::_scrollOneStep(bool horizontal, std::int64_t offset, const UXEvent& event)
+{
+    UXObjectWatcher watcher(this);
+    userScrollingWillStart(event);
+    if (watcher.isAlive())
+        _scrollTo(horizontal, offset, event, nullptr);
+    if (watcher.isAlive())
+        userScrollingDidEnd(event);
+    return true;
+}
+
+void UXVirtualScrollView::_scrollTo(bool horizontal, std::int64_t offset, const UXEvent& event,
+                                    UXScrollBar* bar)
+{
+    const std::int64_t before = _obtainDirection(horizontal).offset;
+    UXObjectWatcher watcher(this);
+    if (horizontal)
+        _setOffsets(offset, m_vertical.offset, event, bar);
+    else
+        _setOffsets(m_horizontal.offset, offset, event, bar);
+    if (!watcher.isAlive())
+        return;
+
+    const std::int64_t moved = _obtainDirection(horizontal).offset - before;
+    if (moved == 0 || !m_delegate || !m_delegate->shouldLinkScrolling(this) || !watcher.isAlive())
+        return;
+    if (m_delegate)
+        m_delegate->linkedScrollingRequested(this, static_cast<double>(moved), event, horizontal);
+}

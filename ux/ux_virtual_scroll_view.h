@@ -1,10 +1,12 @@
 #pragma once
 
 #include "ux/ux_object.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_scroll_bar.h"
+#include "ux/ux_scroll_range.h"
 
 #include <cstdint>
 
-class UXScrollBar;
 class UXVirtualScrollViewDelegate;
 
 /**
@@ -15,7 +17,7 @@ class UXVirtualScrollViewDelegate;
 class UX_EXPORT UXVirtualScrollView : public UXObject {
 public:
     /** The thickness of a scroll bar, which whoever sizes a view adds to what the content needs. */
-    static constexpr int extraExtent = 12;
+    static constexpr int extraExtent = UXScrollBar::thickness;
 
     UXVirtualScrollView();
     ~UXVirtualScrollView() override;
@@ -47,6 +49,10 @@ public:
     bool hasHorizontalScrollBar() const;
     bool hasVerticalScrollBar() const;
 
+    /** @return the bar, a child; null while it does not show */
+    UXScrollBar* getHorizontalScrollBar() const;
+    UXScrollBar* getVerticalScrollBar() const;
+
     /** @return whether scrolling on at an end goes to what lies around the view; off unless set */
     bool getAutoJumpOut() const { return m_autoJumpOut; }
     void setAutoJumpOut(bool autoJumpOut) { m_autoJumpOut = autoJumpOut; }
@@ -65,16 +71,32 @@ public:
     std::string customSerializeTypeID() override;
     void setRect(UXRect rect) override;
     void setPadding(const UXPadding& padding) override;
+    void addChild(UXObject* child) override;
+    void addChild(UXObject* child, int position) override;
+    /** Hands back all children but the bars, which may be in the user's hand just now. */
+    void removeChildren() override;
+    /** Destroys all children but the bars. */
+    void clearChildren() override;
+    void bringChildToFront(UXObject* child) override;
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
 protected:
+    bool customMouseWheel(const UXEvent& event, bool& stop) override;
+    bool customKeyDown(const UXEvent& event, bool& stop) override;
+
     /** Tells the delegate that the offset has changed.
      *  @param scrollBar the one that the user moved, null for none */
     virtual void contentOffsetChanged(const UXEvent& event, UXScrollBar* scrollBar);
+    /** Called before and after the user scrolls: around a drag of a slider, else around a single step. */
+    virtual void userScrollingWillStart(const UXEvent& event);
+    virtual void userScrollingDidEnd(const UXEvent& event);
 
 private:
     struct Direction {
         std::int64_t contentExtent = 0;
         std::int64_t offset = 0;
+        double wheelRest = 0; // what wheel turns have not yet moved, below one unit
+        UXObjectWatcher bar{nullptr};
         bool barEnabled = true;
     };
     struct ShownBars {
@@ -84,9 +106,25 @@ private:
     UXRect _obtainAreaWithBars() const;
     ShownBars _obtainShownBars() const;
     bool _shouldShowBar(const Direction& direction, std::int64_t extent) const;
+    Direction& _obtainDirection(bool horizontal) { return horizontal ? m_horizontal : m_vertical; }
+    UXScrollRange _obtainRange(bool horizontal) const;
     void _setExtent(Direction& direction, std::int64_t extent);
-    void _setOffsets(std::int64_t x, std::int64_t y);
+    void _setOffsets(std::int64_t x, std::int64_t y, const UXEvent& event, UXScrollBar* bar);
     void _areaChanged();
+
+    // Bars
+    void _updateBars();
+    void _updateBar(bool horizontal, bool shown, const UXRect& rect);
+    UXScrollBar* _makeBar(bool horizontal);
+    UXObject* _obtainLastContentChild() const;
+    void _bringBarsToFront();
+    bool _isBar(const UXObject* object) const;
+
+    // The user
+    bool _shouldTriggerScroll(bool horizontal);
+    bool _scrollBy(bool horizontal, double distance, const UXEvent& event);
+    bool _scrollOneStep(bool horizontal, std::int64_t offset, const UXEvent& event);
+    void _scrollTo(bool horizontal, std::int64_t offset, const UXEvent& event, UXScrollBar* bar);
 
     UXVirtualScrollViewDelegate* m_delegate = nullptr;
     Direction m_horizontal;

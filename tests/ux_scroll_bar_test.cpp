@@ -1,0 +1,260 @@
+#include "ux/ux_scroll_bar.h"
+
+#include "ux/ux_key_code.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux/ux_scroll_bar_slider.h"
+#include "ux/ux_virtual_scroll_view.h"
+#include "ux/ux_virtual_scroll_view_delegate.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+UXEvent at(int x, int y)
+{
+    UXEvent event;
+    event.setMousePoint({x, y});
+    event.addEventKey(UXEventKey::LeftButton);
+    return event;
+}
+
+/** Follows what the user does, as a view with rows or a second view beside it would. */
+class ScrollingDelegate : public UXVirtualScrollViewDelegate {
+public:
+    bool allows = true;
+    bool links = false;
+    bool rebuilds = false;
+    UXVirtualScrollView* destroyed = nullptr;
+    std::vector<double> linked;
+    UXObject* unclipped = nullptr;
+
+    bool shouldClipInScrollArea(UXVirtualScrollView*, UXObject* object) override
+    {
+        return object != unclipped;
+    }
+    bool virtualScrollViewShouldTriggerScroll(UXVirtualScrollView*, bool) override { return allows; }
+    void virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view) override
+    {
+        if (rebuilds) {
+            view->clearChildren();
+            view->addChild(new UXObject);
+        }
+        delete std::exchange(destroyed, nullptr);
+    }
+    bool shouldLinkScrolling(UXVirtualScrollView*) override { return links; }
+    void linkedScrollingRequested(UXVirtualScrollView*, double distance, const UXEvent&, bool) override
+    {
+        linked.push_back(distance);
+    }
+};
+
+class ScrolledView : public UXVirtualScrollView {
+public:
+    ScrollingDelegate delegate;
+    std::string log;
+
+    ScrolledView()
+    {
+        setDelegate(&delegate);
+        setRect({0, 0, 112, 112});
+        setContentWidth(100);
+        setContentHeight(1000);
+    }
+
+protected:
+    void contentOffsetChanged(const UXEvent& event, UXScrollBar* bar) override
+    {
+        log += bar ? "b" : "c";
+        UXVirtualScrollView::contentOffsetChanged(event, bar);
+    }
+    void userScrollingWillStart(const UXEvent&) override { log += "<"; }
+    void userScrollingDidEnd(const UXEvent&) override { log += ">"; }
+};
+
+} // namespace
+
+TEST(UXScrollBar, BarsStandBesideTheContent)
+{
+    ScrolledView view;
+    ASSERT_NE(view.getVerticalScrollBar(), nullptr);
+    EXPECT_EQ(view.getHorizontalScrollBar(), nullptr);
+    EXPECT_EQ(view.getVerticalScrollBar()->getRect(), UXRect(100, 0, 12, 112));
+    EXPECT_EQ(view.getVerticalScrollBar()->getSlider()->getRect(), UXRect(0, 0, 12, 24));
+    view.setContentWidth(200);
+    EXPECT_EQ(view.getVerticalScrollBar()->getRect(), UXRect(100, 0, 12, 100));
+    EXPECT_EQ(view.getHorizontalScrollBar()->getRect(), UXRect(0, 100, 100, 12));
+    view.setContentOffsetX(100);
+    EXPECT_EQ(view.getHorizontalScrollBar()->obtainSliderRect(), UXRect(50, 0, 50, 12));
+
+    auto* row = new UXObject;
+    view.addChild(row);
+    view.bringChildToFront(row);
+    EXPECT_EQ(view.getChild(0), row) << "bars stay in front";
+    view.clearChildren();
+    EXPECT_EQ(view.getChildrenCount(), 2u);
+    view.setContentWidth(0);
+    view.setContentHeight(0);
+    EXPECT_FALSE(view.hasScrollBars());
+    EXPECT_EQ(view.getVerticalScrollBar(), nullptr);
+}
+
+TEST(UXScrollBar, SlidersAreDragged)
+{
+    ScrolledView view;
+    view.delegate.links = true;
+    view.delegate.rebuilds = true;
+    UXScrollBarSlider* slider = view.getVerticalScrollBar()->getSlider();
+    slider->mouseDragging(at(105, 60));
+    EXPECT_EQ(view.getContentOffsetY(), 0) << "not pressed";
+    slider->mouseDown(at(105, 10));
+    slider->mouseDragging(at(105, 54));
+    EXPECT_EQ(view.getContentOffsetY(), 444) << "44 of the free 88 move 444 of 888";
+    slider->mouseDragging(at(500, 10));
+    EXPECT_EQ(view.getContentOffsetY(), 0);
+    slider->mouseDragging(at(105, 100000));
+    EXPECT_EQ(view.getContentOffsetY(), 888);
+    slider->mouseUp(at(105, 100000));
+    slider->mouseDragging(at(105, 10));
+    EXPECT_EQ(view.getContentOffsetY(), 888) << "released";
+    EXPECT_EQ(view.log, "<bbb>");
+    EXPECT_EQ(view.delegate.linked, (std::vector<double>{444, -444, 888}));
+}
+
+TEST(UXScrollBar, ClicksBesideTheSliderMoveAPage)
+{
+    ScrolledView view;
+    UXScrollBar* bar = view.getVerticalScrollBar();
+    bar->mouseDown(at(105, 90));
+    EXPECT_EQ(view.getContentOffsetY(), 101) << "nine tenths of 112";
+    bar->mouseDown(at(105, 90));
+    bar->mouseDown(at(105, 2));
+    EXPECT_EQ(view.getContentOffsetY(), 101);
+    bar->mouseDown(at(105, 2));
+    EXPECT_EQ(view.getContentOffsetY(), 0);
+    EXPECT_EQ(view.log, "<b><b><b><b>");
+    view.delegate.allows = false;
+    bar->mouseDown(at(105, 90));
+    EXPECT_EQ(view.getContentOffsetY(), 0);
+}
+
+TEST(UXVirtualScrollView, WheelAndKeysScroll)
+{
+    struct Case {
+        const char* name;
+        UXDoublePoint wheel;
+        UXKeyCode key;
+        bool shift;
+        std::int64_t contentWidth, contentHeight, offset;
+        UXPoint expected;
+        bool handled;
+    };
+    const UXKeyCode none{};
+    const std::int64_t most = (std::numeric_limits<std::int64_t>::max)();
+    const Case cases[] = {
+        {"wheel down", {0, 1}, none, false, 50, 1000, 0, {0, 48}, true},
+        {"wheel up at the start", {0, -1}, none, false, 50, 1000, 0, {0, 0}, true},
+        {"sideways", {2, 0}, none, false, 500, 1000, 0, {96, 0}, true},
+        {"with Shift", {0, 1}, none, true, 500, 1000, 0, {48, 0}, true},
+        {"only sideways to go", {0, 1}, none, false, 500, 50, 0, {48, 0}, true},
+        {"nothing to scroll", {0, 1}, none, false, 50, 50, 0, {0, 0}, false},
+        {"no number", {NAN, NAN}, none, false, 500, 1000, 0, {0, 0}, false},
+        {"Down", {}, UXKeyCode::Down, false, 50, 1000, 0, {0, 40}, true},
+        {"Right", {}, UXKeyCode::Right, false, 500, 1000, 0, {40, 0}, true},
+        {"Left at the start", {}, UXKeyCode::Left, false, 500, 1000, 0, {0, 0}, true},
+        {"Page Down", {}, UXKeyCode::PageDown, false, 50, 1000, 0, {0, 101}, true},
+        {"Shift and Space", {}, UXKeyCode::Space, true, 50, 1000, 500, {0, 399}, true},
+        {"End", {}, UXKeyCode::End, false, 50, 1000, 0, {0, 888}, true},
+        {"End sideways", {}, UXKeyCode::End, false, 500, 50, 0, {388, 0}, true},
+        {"Home of the largest", {}, UXKeyCode::Home, false, 50, most, most, {0, 0}, true},
+        {"Escape is not for it", {}, UXKeyCode::Escape, false, 50, 1000, 0, {0, 0}, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        ScrolledView view;
+        view.setContentWidth(c.contentWidth);
+        view.setContentHeight(c.contentHeight);
+        view.setContentOffsetY(c.offset);
+        UXEvent event;
+        event.setWheelDelta(c.wheel);
+        event.setKeyCode(static_cast<int>(c.key));
+        if (c.shift)
+            event.addEventKey(UXEventKey::Shift);
+        EXPECT_EQ(c.key == none ? view.mouseWheel(event) : view.keyDown(event), c.handled);
+        EXPECT_EQ(view.getContentOffsetX(), c.expected.x);
+        EXPECT_EQ(view.getContentOffsetY(), c.expected.y);
+    }
+}
+
+TEST(UXVirtualScrollView, SmallWheelTurnsAddUpAndEndsLetGo)
+{
+    ScrolledView view;
+    UXEvent event;
+    event.setWheelDelta({0, 0.005}); // 0.24 units
+    for (int i = 0; i < 25; ++i)
+        EXPECT_TRUE(view.mouseWheel(event));
+    EXPECT_EQ(view.getContentOffsetY(), 6);
+
+    view.setAutoJumpOut(true);
+    event.setWheelDelta({0, -1});
+    EXPECT_TRUE(view.mouseWheel(event)) << "it still moved";
+    EXPECT_FALSE(view.mouseWheel(event)) << "the end passes it on to what lies around";
+}
+
+TEST(UXVirtualScrollView, ScrollingDelegatesMayDestroyIt)
+{
+    for (const int way : {0, 1, 2, 3}) {
+        SCOPED_TRACE(way);
+        ScrollingDelegate delegate;
+        auto* view = new UXVirtualScrollView;
+        view->setRect({0, 0, 112, 112});
+        view->setContentHeight(1000);
+        view->setDelegate(&delegate);
+        UXScrollBar* bar = view->getVerticalScrollBar();
+        UXObjectWatcher watcher(view);
+        delegate.destroyed = view;
+        UXEvent event = at(105, 90);
+        event.setWheelDelta({0, 1});
+        event.setKeyCode(static_cast<int>(UXKeyCode::End));
+        if (way == 0) {
+            view->mouseWheel(event);
+        } else if (way == 1) {
+            view->keyDown(event);
+        } else if (way == 2) {
+            bar->mouseDown(event);
+        } else {
+            bar->getSlider()->mouseDown(at(105, 5));
+            bar->getSlider()->mouseDragging(event);
+        }
+        EXPECT_FALSE(watcher.isAlive());
+    }
+}
+
+TEST(UXVirtualScrollView, ContentIsPaintedInsideItsArea)
+{
+    class Row : public UXObject {
+    public:
+        std::vector<UXRect> painted;
+        void paint(UXPaintConfig*, UXRect dirtyRect) override { painted.push_back(dirtyRect); }
+    };
+    ScrolledView view;
+    auto *inside = new Row, *outside = new Row, *header = new Row;
+    inside->setRect({0, 90, 112, 40});
+    outside->setRect({0, 400, 112, 40});
+    header->setRect({50, 0, 62, 20});
+    for (Row* row : {inside, outside, header})
+        view.addChild(row);
+    view.delegate.unclipped = header;
+    UXRecordingPaintConfig config;
+    view.paint(&config, view.getBoundingRect());
+    EXPECT_EQ(inside->painted, std::vector<UXRect>{UXRect(0, -90, 100, 112)});
+    EXPECT_TRUE(outside->painted.empty());
+    EXPECT_EQ(header->painted, std::vector<UXRect>{UXRect(-50, 0, 112, 112)});
+    EXPECT_EQ(config.getClip(), nullptr);
+}
