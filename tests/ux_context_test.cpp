@@ -98,34 +98,6 @@ TEST(UXContext, PostedActionsRunAfterTheEvent)
     EXPECT_EQ(log, "kept event posted again ");
 }
 
-TEST(UXContext, DocumentsKeepWhatStandsOnTheDiagrams)
-{
-    const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "ux_context_test";
-    std::filesystem::create_directories(folder);
-    const std::string name = (folder / std::filesystem::path(u8"\u00fcbersicht.json")).string();
-
-    UXContext context;
-    UXDiagram diagram(&context);
-    context.addDiagram(&diagram);
-    UXSelectableObject object;
-    diagram.addChild(&object);
-    object.setSelectedColor({1, 2, 3});
-    ASSERT_EQ(context.save(name), UXContext::Done);
-    object.setSelectedColor({7, 7, 7});
-    EXPECT_EQ(context.load(name), UXContext::Done);
-    EXPECT_EQ(object.getSelectedColor(), UXColor(1, 2, 3));
-
-    EXPECT_EQ(context.load(folder.string()), UXContext::FileFailed);
-    EXPECT_EQ(context.load((folder / "missing").string()), UXContext::FileFailed);
-    EXPECT_EQ(context.load("\xff\xfe"), UXContext::FileFailed);
-    EXPECT_EQ(context.load(""), UXContext::FileFailed);
-    EXPECT_EQ(context.save((folder / "missing" / "x").string()), UXContext::FileFailed);
-    std::ofstream(name) << "{ broken";
-    EXPECT_EQ(context.load(name), UXContext::DocumentFailed);
-    EXPECT_EQ(object.getSelectedColor(), UXColor(1, 2, 3));
-    std::filesystem::remove_all(folder);
-}
-
 TEST(UXControl, Conversions)
 {
     Host control;
@@ -165,35 +137,6 @@ public:
 };
 
 } // namespace
-
-TEST(UXControl, ZoomKeepsItsPoint)
-{
-    UXContext context;
-    ZoomedDiagram diagram(&context);
-    Host control;
-    control.setControlRect({0, 0, 200, 100});
-    context.setActiveDiagram(&control, &diagram);
-    UXEvent event;
-    event.setMousePoint({40, 20});
-    control.zoomIn(true, event);
-    EXPECT_EQ(control.getZoomRatio(), 1.25);
-    EXPECT_EQ(control.diagramSpaceToControlSpace(UXPoint(40, 20)), UXControlPoint(40, 20));
-    EXPECT_EQ(diagram.log, "will did origin ");
-    control.zoomOut(true, event);
-    EXPECT_NEAR(control.getDiagramDoubleOriginInControlSpace().x, 0, 1e-9);
-    control.zoomIn(false, event);
-    EXPECT_EQ(control.diagramSpaceToControlSpace(UXPoint(100, 50)), UXControlPoint(100, 50));
-
-    for (int i = 0; i < 100; ++i)
-        control.zoomIn(false, event);
-    EXPECT_EQ(control.getZoomRatio(), UXControl::maxZoomRatio);
-    diagram.log.clear();
-    control.zoomIn(false, event);
-    EXPECT_EQ(diagram.log, "") << "at the limit nothing changes";
-    control.zoomReset();
-    EXPECT_EQ(control.getZoomRatio(), 1);
-    EXPECT_EQ(control.getDiagramOrigin(), UXPoint(0, 0));
-}
 
 TEST(UXGlobalEventDiagram, RegistrationEndsWithEither)
 {

@@ -172,19 +172,6 @@ TEST(UXLayout, Batches)
     EXPECT_FALSE(t.root.isUpdating());
 }
 
-TEST(UXLayout, ABatchThatEndsInsideAnotherHandsItsWorkOn)
-{
-    Tree t;
-    t.child->beginUpdate();
-    t.child->requireLayout();
-    t.child->layout();
-    t.root.beginUpdate();
-    t.child->endUpdate();
-    EXPECT_EQ(t.count(), "000");
-    t.root.endUpdate();
-    EXPECT_EQ(t.count(), "001");
-}
-
 TEST(UXLayout, PassesFromTheRootComeBackToWhatWaitsForItsFrame)
 {
     Tree t;

@@ -176,21 +176,6 @@ TEST(UXPropertyAccessor, UnknownKeysAndOtherTypesChangeNothing)
     EXPECT_TRUE(panel.updatedKeys.empty());
 }
 
-TEST(UXPropertyAccessor, ASubclassHasItsParentsKeysToo)
-{
-    ColoredPanel panel;
-    UXPropertyAccessor accessor(&panel);
-    EXPECT_TRUE(accessor.updateValue("m_shadow", UXColor(1, 1, 1)));
-    EXPECT_TRUE(accessor.updateValue("m_ratio", 2.0));
-    int width = 0;
-    EXPECT_TRUE(accessor.obtainValue("m_width", width));
-    EXPECT_EQ(width, 99);
-
-    const std::vector<std::string> keys = ColoredPanel::obtainPropertyTable().obtainKeys();
-    EXPECT_EQ(keys.size(), Panel::obtainPropertyTable().obtainKeys().size() + 1);
-    EXPECT_EQ(keys.back(), "m_shadow");
-}
-
 TEST(UXPropertyAccessor, ExtraTargetsReceiveWhatTheTargetTook)
 {
     Panel panel, extra;
@@ -244,22 +229,6 @@ TEST(UXPropertyAccessor, AnUpdateMayDestroyEverything)
     EXPECT_TRUE(raw->updateValue("m_title", "a title too long to be kept in the string itself"));
     EXPECT_FALSE(accessor);
     EXPECT_FALSE(extra);
-}
-
-TEST(UXPropertyAccessor, NoticesWhatChangedSinceTheMark)
-{
-    Panel panel;
-    UXPropertyAccessor accessor(&panel);
-    EXPECT_FALSE(accessor.propertyChanged(false)) << "nothing was marked";
-    accessor.markOldProperty();
-    EXPECT_FALSE(accessor.propertyChanged(false));
-    accessor.updateValue("m_width", 9);
-    EXPECT_TRUE(accessor.propertyChanged(false));
-    EXPECT_TRUE(accessor.propertyChanged(true));
-    EXPECT_FALSE(accessor.propertyChanged(false));
-    accessor.updateValue("m_width", 8);
-    accessor.updateValue("m_width", 9);
-    EXPECT_FALSE(accessor.propertyChanged(false)) << "what was changed back is not changed";
 }
 
 } // namespace

@@ -152,26 +152,6 @@ TEST(UXRecordingPainter, PlayingIntoARecorderGivesTheSameRecording)
     }
 }
 
-TEST(UXRecordingPainter, KeepsNothingThatMayDie)
-{
-    UXRecordingPainter painter;
-    {
-        std::string text(100, 'x');
-        auto color = std::make_unique<UXColor>(1, 2, 3);
-        UXPicture picture;
-        picture.registerPaintAction([&color](UXPainter* on) { on->setColor(*color); }, {1, 1});
-        const auto image = std::make_unique<UXImage>(1, 1, std::vector<std::uint32_t>{0xffffffffu});
-        painter.drawText(text, {}, UXTextProperty{});
-        painter.drawPicture(&picture, UXDoubleRect(0, 0, 1, 1), 1);
-        painter.drawMasked([&color](UXPainter* on) { on->setColor(*color); }, nullptr, {0, 0, 1, 1});
-        painter.drawImage(image.get(), UXDoubleRect(0, 0, 1, 1), 1);
-    }
-    UXRecordingPainter second;
-    painter.replay(second);
-    EXPECT_EQ(painter.getText(), second.getText());
-    EXPECT_EQ(painter.getLines().at(2), "  setColor 1,2,3,1");
-}
-
 TEST(UXRecordingPainter, ArcsRunStraightFromStartToEndAngle)
 {
     struct Case {

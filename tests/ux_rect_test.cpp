@@ -61,20 +61,6 @@ TEST(UXRectFunctions, UnionAndIntersection)
     }
 }
 
-TEST(UXRectFunctions, DoubleUnionAndIntersectionTakeNoPartInNaN)
-{
-    const UXDoubleRect rect(0, 0, 10, 10), odd(1, 1, std::nan(""), 5);
-    EXPECT_EQ(uxUnionDoubleRect(rect, odd), rect);
-    EXPECT_EQ(uxUnionDoubleRect(odd, rect), rect);
-    EXPECT_EQ(uxIntersectionDoubleRect(rect, odd), UXDoubleRect());
-    EXPECT_EQ(uxIntersectionDoubleRect(odd, rect), UXDoubleRect());
-    EXPECT_EQ(uxUnionDoubleRect(rect, {9.5, 0, 1, 1}), UXDoubleRect(0, 0, 10.5, 10));
-    EXPECT_EQ(uxIntersectionDoubleRect(rect, {9.5, 0, 1, 1}), UXDoubleRect(9.5, 0, 0.5, 1));
-    EXPECT_EQ(uxIntersectionDoubleRect(rect, {0, 0, infinity, 1}), UXDoubleRect(0, 0, 10, 1));
-    EXPECT_TRUE(uxEqualDoubleRects(rect, {1e-9, 0, 10, 10 - 1e-9}));
-    EXPECT_FALSE(uxEqualDoubleRects(rect, {0, 0, 10, 10.0001}));
-}
-
 TEST(UXRectFunctions, HalfOpenContainment)
 {
     const UXRect rect(0, 0, 10, 10);

@@ -74,19 +74,6 @@ TEST(UXTextMeasurer, AsksOncePerQuestion)
     EXPECT_EQ(measurer.m_calls, expected + 4);
 }
 
-TEST(UXTextMeasurer, OddQuestionsAndAnswersAreMadePlain)
-{
-    CountingMeasurer measurer;
-    EXPECT_EQ(measure(""), UXDoubleSize());
-    EXPECT_EQ(measurer.m_calls, 0);
-    EXPECT_EQ(measure("odd"), UXDoubleSize());
-    (void)measure("a", std::nan(""));
-    EXPECT_EQ(measurer.m_lastLimit, -1);
-    (void)measure("a", std::numeric_limits<double>::infinity());
-    (void)measure("a", -7);
-    EXPECT_EQ(measurer.m_calls, 2);
-}
-
 TEST(UXApproximateTextMeasurer, WrapsInLineModeOneAlone)
 {
     const double limit = approximate("some words").width;
