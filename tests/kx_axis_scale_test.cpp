@@ -259,22 +259,3 @@ TEST(KXAxisScale, HostileNumbersGiveFewFiniteDistinctTicks)
             ASSERT_TRUE(std::isfinite(ticks[i]) && (i == 0 || ticks[i] > ticks[i - 1])) << round;
     }
 }
-
-TEST(KXAxisScale, TickTexts)
-{
-    struct Case {
-        double value;
-        const char* percentage;
-    };
-    const Case cases[] = {{0, "0%"},           {100, "100%"},       {33.333, "33.3%"},
-                          {0.12345, "0.123%"}, {1234, "1.23e+03%"}, {-5, "-5%"}};
-    KXAxisProperty property;
-    KXChartDataFormat format;
-    EXPECT_EQ(kxFormatAxisTick(property, format, 1234), "1,234");
-    property.setIsStacked(true);
-    property.setIs100PercentStacked(true);
-    for (const Case& c : cases) {
-        EXPECT_EQ(kxFormatPercentage(c.value), c.percentage);
-        EXPECT_EQ(kxFormatAxisTick(property, format, c.value), c.percentage);
-    }
-}

@@ -256,29 +256,3 @@ TEST(KXAxis, ADelegateMayChangeTheAxisOrDestroyIt)
         }
     }
 }
-
-TEST(KXAxis, PaintsItsLineOnWholePixelsInsideTheRectangle)
-{
-    struct Case {
-        Notation notation;
-        std::string line;
-    };
-    const Case cases[] = {{notations[0], "drawRects 0,99,200,1"},
-                          {notations[1], "drawRects 0,99,200,1"},
-                          {notations[2], "drawRects 0,0,1,100"},
-                          {notations[3], "drawRects 0,0,1,100"}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.notation.name);
-        KXAxis axis;
-        setUp(axis, c.notation, 0, 10);
-        axis.setColor(UXColor(200, 200, 205, 1.0));
-        UXRecordingPaintConfig shown, hidden;
-        axis.paint(&shown, axis.getBoundingRect());
-        const std::string text = shown.getRecording().getText();
-        EXPECT_NE(text.find(c.line), std::string::npos) << text;
-        EXPECT_NE(text.find("200,200,205"), std::string::npos) << text;
-        axis.setShowAxis(false);
-        axis.paint(&hidden, axis.getBoundingRect());
-        EXPECT_EQ(hidden.getRecording().getText().find("drawRects"), std::string::npos);
-    }
-}

@@ -181,41 +181,6 @@ TEST(KXDateTimeText, WeekdaysAndWeeksOfEveryDay)
     }
 }
 
-TEST(KXDateTimeText, PresetsMakeThePattern)
-{
-    struct Case {
-        const char* name;
-        const char* date;
-        const char* time;
-        Type type;
-        const char* expected;
-    };
-    const Case cases[] = {
-        {"both", "YYYY-MM-DD", "HH:mm:SS", Type::DateTime, "2024-03-05 14:07:09"},
-        {"date of both", "YYYY", "", Type::DateTime, "2024"},
-        {"time of both", "", "HH", Type::DateTime, "14"},
-        {"date", "D.M.YY", "HH", Type::Date, "5.3.24"},
-        {"time", "D", "H", Type::Time, "14"},
-        {"no date", "", "HH", Type::Date, ""},
-        {"no time", "D", "", Type::Time, ""},
-        {"neither", "", "", Type::DateTime, "2024-03-05 14:07:09"},
-        {"a text", "YYYY", "HH", Type::String, "2024-03-05 14:07:09"},
-        {"a number", "YYYY", "HH", Type::Float, "2024-03-05 14:07:09"},
-        {"no type at all", "YYYY", "HH", Type{99}, "2024-03-05 14:07:09"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        KXChartDataFormat made;
-        made.setDatePresetFormat(c.date);
-        made.setTimePresetFormat(c.time);
-        EXPECT_EQ(made.formatDateTime("2024-03-05 14:07:09", c.type, {}), c.expected);
-    }
-    EXPECT_EQ(KXChartDataFormat().formatDateTime("2024-03-05 14:07:09", Type::DateTime, {}),
-              "2024-03-05 14:07:09");
-    EXPECT_EQ(format("", "2024-03-05", Type::Date, {}), "");
-    EXPECT_EQ(format("", "some text", Type::String, {}), "some text");
-}
-
 TEST(KXDateTimeText, ReplacesTokenAfterToken)
 {
     const Value values[] = {

@@ -69,49 +69,6 @@ public:
 
 } // namespace
 
-TEST(KXEnumMap, DocumentsKeepTheirNames)
-{
-    expectNames<UXSymbolStyle>(
-        "Rectangle, Circle, Line, LineLeft, LineRight, Area, AreaLeft, AreaRight, ThreeVerticalDots, "
-        "AssistantLine, AssistantLineWithDash, AssistantLineWithDot");
-    expectNames<UXPosition>("Top, Bottom, Left, Right, Center, TopRight, BottomRight");
-    expectNames<UXHintPosition>("AboveValue, Top");
-    expectNames<KXAxisChartLabelDisplayOption>("ValueOnly, PercentageOnly, ValueAndPercentage, Title");
-    expectNames<KXAxisChartValueOption>(
-        "All, LineEnds, MinOnly, MaxOnly, MinMax, PositiveOnly, NegativeOnly, TurningPoint");
-    expectNames<KXChartDataStyle>("Discrete, Continuous");
-    expectNames<KXChartDataDensity>("Loose, Medium, Compact");
-    expectNames<KXChartLineStyle>("None, Dot, Dash");
-    expectNames<KXChartLineCapStyle>("Butt, Round, Square");
-    expectNames<KXChartLineJoinStyle>("Miter, Round, Bevel");
-    expectNames<KXLineLabelPosition>("Left, Right, Top, Bottom");
-    expectNames<KXAxisTickLabelRotationType>("Auto, Horizontal, Vertical, Degrees45");
-    expectNames<KXAxisTickLabelIntervalMode>("Auto, All, Custom");
-    expectNames<KXBarLabelPosition>("InsideBase, InsideCenter, InsideEnd, Outside");
-    expectNames<KXBarLabelOverflow>("Visible, Hidden");
-    expectNames<KXChartDataFormatThousandsSeparator>("None, Comma, Dot, Space");
-    expectNames<KXChartDataFormatDecimalSeparator>("Dot, Comma");
-    expectNames<KXChartDataFormatNegative>("Dash, RoundBrackets");
-    expectNames<KXChartDataFormatDateTimeMode>("Preset, Custom");
-    expectNames<KXControlChartStyle>("Default, List, Range, Combo");
-    expectNames<KXGaugeChartLabelDisplay>("None, Actual, Comparison, Both");
-    expectNames<KXGaugeChartPartitionStyle>("EvenlyDistributed, Custom");
-    expectNames<KXKpiChartMainDisplay>("Actual, Comparison, Both");
-    expectNames<KXAxisChartType>("Unknown, Bar, Line, SecondaryLine, Area, SecondaryArea, Scatter");
-    expectNames<KXAxisChartOrientation>("Vertical, Horizontal");
-    expectNames<KXPieChartSliceStyle>("Default, NumOfSliceDisplay, GroupValueLessThan");
-    expectNames<KXChartSliderType>("Val, Min, Max, Range");
-    expectNames<KXChartDataType>("String, Integer, Float, Date, Time, DateTime");
-    expectNames<KXTablePanelType>(
-        "Background, LeftTop, Top, RightTop, Left, Content, Right, LeftBottom, Bottom, RightBottom");
-    expectNames<KXTableColumnHeaderInfoType>("Normal, ValueHeader, SubTotal, SubTotalValueHeader");
-    expectNames<KXTableDatabarStyle>("None, LeftToRight, RightToLeft");
-    expectNames<KXTornadoChartStackStyle>("StackedBar, Difference");
-    expectNames<KXTreeMapChartTileStyle>("Default, GroupValueLessThan");
-    expectNames<KXTrendChartDiffDisplay>("Value, Percentage");
-    expectNames<KXWaterfallChartGroupValueSortOrder>("None, IncreaseToDecrease, DecreaseToIncrease,");
-}
-
 TEST(KXEnumMap, ReadsExactNamesOnly)
 {
     struct Case {

@@ -259,29 +259,6 @@ TEST_F(KXGaugeChartTest, WritesNumbersAsTheDisplaySays)
     }
 }
 
-TEST_F(KXGaugeChartTest, TheRadiusKeepsRoomForTheTexts)
-{
-    // 1000 x 400: W 950, H 380; the width alone would allow (950 - 57) / 2 = 447 (446.5 rounded up). "100" is
-    // the wider text of 0 and 100: 27 at size 18; the pad is 57 + 54, the limit 419.5 rounded up.
-    // Pointer, what the ends show, the height, h1, h2, the radius
-    const std::tuple<const char*, bool, Display, int, int, int, int> cases[] = {
-        {"width", false, Display::None, 4000, 0, 0, 447},
-        {"width with ends", false, Display::Actual, 4000, 0, 0, 420},
-        {"height", false, Display::None, 400, 0, 0, 380},
-        {"height with ends", false, Display::None, 400, 20, 0, 380 - 13 - 20},
-        {"pointer", true, Display::None, 400, 0, 0, 380 - 15},
-        {"pointer and main text", true, Display::None, 400, 20, 50, 380 - 50 - 15 - 11},
-        {"ends higher than the main text", true, Display::None, 400, 60, 10, 380 - 60 - 13},
-    };
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    for (const auto& [name, pointer, ends, height, h1, h2, expected] : cases) {
-        SCOPED_TRACE(name);
-        chart.setShowPointer(pointer);
-        const UXRect rect(0, 0, 1000, height);
-        EXPECT_EQ(chart._customLayout_setRect_pipeRadius(ends, helper.get(), rect, h1, h2, {}), expected);
-    }
-}
-
 TEST_F(KXGaugeChartTest, PaintsTheDialUnderTheMainText)
 {
     chart.setMaxMinDisplay(Display::None);
@@ -456,27 +433,6 @@ TEST_F(KXGaugeChartTest, SavesAndReadsBackTheSameBytes)
     EXPECT_EQ(read.serialize(), saved) << "what a document lacks stays";
     EXPECT_FALSE(read.deserialize(R"({"m_fontSize": "big", "m_customParititonSegment": [1, "x"]})"));
     EXPECT_EQ(read.getFontSize(), 50);
-}
-
-TEST_F(KXGaugeChartTest, TheHostReachesEveryPropertyByItsKey)
-{
-    UXPropertyAccessor& accessor = chart;
-    EXPECT_TRUE(accessor.updateVectorValue("m_customParititonSegment", 1, 20.0));
-    EXPECT_EQ(chart.getCustomPartitionSegment(), (std::vector<double>{0, 20, 0, 0, 0, 0, 0, 0}));
-    EXPECT_TRUE(accessor.updateVectorValue("m_customPartitionColor", 0, UXColor(9, 8, 7)));
-    EXPECT_TRUE(accessor.updateEnum("m_partitionStyle", KXGaugeChartPartitionStyle::Custom));
-    EXPECT_EQ(chart._obtainPipePartitionColor(0), UXColor(9, 8, 7));
-    EXPECT_TRUE(accessor.updateEnumString("m_mainDisplay", "Both"));
-    EXPECT_TRUE(accessor.updateValue("m_pipePartition", std::int64_t{3}));
-    EXPECT_TRUE(accessor.updateValue("m_titleValue", std::string("T")));
-    EXPECT_FALSE(accessor.updateValue("m_pipeWithPercentage", std::string("thick")));
-    chart.layout();
-    EXPECT_EQ(chart.getMainLabel()->getText(), "30 (30.00%)");
-    measurer.askedCount = 0;
-    EXPECT_TRUE(accessor.updateValue("m_fontColor", UXColor(4, 5, 6)));
-    chart.layout();
-    EXPECT_EQ(chart.getMainLabel()->getTextProperty().textColor, UXColor(4, 5, 6));
-    EXPECT_EQ(measurer.askedCount, 0) << "a colour needs no measuring";
 }
 
 TEST_F(KXGaugeChartTest, HostileSettingsNeitherCrashNorLeaveTheChart)

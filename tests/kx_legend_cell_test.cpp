@@ -183,22 +183,6 @@ TEST(KXLegendCell, ExistsOnlyWhereItIsSeenAmongTenThousand)
     }
 }
 
-TEST(KXLegendCell, FollowsItsData)
-{
-    const UXFixedMeasurer measurer;
-    LegendChart chart;
-    chart.cellCount = 5;
-    KXLegend& legend = chart.layoutAt(UXPosition::Right);
-    chart.cellCount = 2;
-    chart.label = [](std::uint64_t) { return "other"; };
-    chart.afterReloadData();
-    chart.layout();
-    ASSERT_EQ(chart.cells().size(), 2u);
-    EXPECT_EQ(chart.cells()[0]->getLabel(), "other");
-    legend.setDelegate(nullptr);
-    EXPECT_TRUE(chart.cells().empty());
-}
-
 TEST(KXLegendCell, PaintsItsSymbolAndItsLabelWithAnEllipsis)
 {
     const UXFixedMeasurer measurer;
@@ -240,23 +224,6 @@ TEST(KXLegendCell, ExplainsALabelThatIsCut)
         cell.mouseLeave(makeEvent(UXEventType::MouseLeave));
         EXPECT_FALSE(cell.getHintVisible());
     }
-}
-
-TEST(KXLegendCell, PointsWhereTheDelegateSaysSo)
-{
-    const UXFixedMeasurer measurer;
-    LegendChart chart;
-    chart.cellCount = 1;
-    chart.layoutAt(UXPosition::Right);
-    KXLegendCell& cell = *chart.cells()[0];
-    UXEvent event(UXEventType::MouseMove);
-    cell.mouseMove(event);
-    EXPECT_TRUE(cell.getShowPointingHand());
-    cell.mouseLeave(event);
-    EXPECT_FALSE(cell.getShowPointingHand());
-    event.addUseCase(1);
-    cell.mouseMove(event);
-    EXPECT_FALSE(cell.getShowPointingHand());
 }
 
 TEST(KXLegendCell, AsksTheProviderForTheCellThatItStandsForNow)

@@ -179,27 +179,6 @@ TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
     }
 }
 
-TEST(UXDirtyRect, BatchesWait)
-{
-    Scene s;
-    s.left.beginUpdate();
-    s.leaf.invalidate();
-    s.leaf.repaint();
-    EXPECT_TRUE(s.control.notified.empty());
-    EXPECT_EQ(s.left.getDirtyRegion().getRects(), Rects({{10, 10, 5, 5}}));
-    EXPECT_EQ(s.log, "");
-    s.left.endUpdate();
-    EXPECT_EQ(s.control.notified.size(), 1u);
-    EXPECT_EQ(s.log, "left leaf ") << "the repaint that waited";
-
-    // Where a moving object was is dirty at once: later nobody could tell.
-    s.clear();
-    s.leaf.beginUpdate();
-    s.leaf.setRect({40, 40, 5, 5});
-    s.leaf.endUpdate();
-    EXPECT_EQ(s.diagram.getDirtyRegion().getRects(), Rects({{10, 10, 5, 5}, {40, 40, 5, 5}}));
-}
-
 TEST(UXDirtyRect, OnlyWhatMeetsTheDirtIsPainted)
 {
     Scene s;

@@ -187,30 +187,3 @@ TEST(UXLayout, PassesFromTheRootComeBackToWhatWaitsForItsFrame)
     t.parent->endLayoutWithFPSControl();
     EXPECT_EQ(t.parent->layouts, 2);
 }
-
-TEST(UXLayout, Alignments)
-{
-    struct Case {
-        const char* name;
-        UXAlign align;
-        UXRect expected;
-    };
-    const Case cases[] = {
-        {"none", UXAlign::None, {1, 2, 20, 10}},        {"center", UXAlign::Center, {50, 44, 20, 10}},
-        {"client", UXAlign::Client, {10, 5, 100, 88}},  {"left", UXAlign::Left, {10, 5, 20, 88}},
-        {"top", UXAlign::Top, {10, 5, 100, 10}},        {"right", UXAlign::Right, {90, 5, 20, 88}},
-        {"bottom", UXAlign::Bottom, {10, 83, 100, 10}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        UXDiagram diagram;
-        UXObject child;
-        diagram.setRect({0, 0, 130, 100});
-        diagram.setPadding({10, 5, 20, 7});
-        diagram.addChild(&child);
-        child.setRect({1, 2, 20, 10});
-        child.setAlign(c.align);
-        diagram.layout();
-        EXPECT_EQ(child.getRect(), c.expected);
-    }
-}

@@ -75,24 +75,6 @@ TEST(UXPixelSnapping, LinesAreAWholeNumberOfPixelsThick)
     }
 }
 
-TEST(UXPixelSnapping, WhatHasNoPixelEdgesStaysAsItIs)
-{
-    const UXDoubleRect rect{0.3, 0.4, 10.2, 0.1};
-    const UXTransform cases[] = {
-        UXTransform{}.rotated(30),
-        {0, 0, 0, 1, 0, 0},
-        {1, 0, 0, 1, INFINITY, 0},
-        {NAN, 0, 0, 1, 0, 0},
-    };
-    for (const UXTransform& toDevice : cases)
-        EXPECT_EQ(uxSnapRect(rect, toDevice), rect);
-    EXPECT_EQ(uxSnapHorizontalLine(5, 0, 10, 0, UXTransform{}.rotated(30).scaled(2, 2)).height, 0.5);
-
-    const UXDoubleRect hostile = uxSnapRect({1e308, 0, 1e308, 1}, {});
-    EXPECT_EQ(hostile.x, 1e308);
-    EXPECT_TRUE(std::isnan(uxSnapRect({NAN, 0, 1, 1}, {}).x));
-}
-
 TEST(UXTransform, MapsBackAndAppliesTheInnerMapFirst)
 {
     const UXTransform map = UXTransform{}.translated(10, 20).rotated(90).scaled(2, 3);

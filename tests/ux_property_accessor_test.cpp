@@ -176,27 +176,6 @@ TEST(UXPropertyAccessor, UnknownKeysAndOtherTypesChangeNothing)
     EXPECT_TRUE(panel.updatedKeys.empty());
 }
 
-TEST(UXPropertyAccessor, ExtraTargetsReceiveWhatTheTargetTook)
-{
-    Panel panel, extra;
-    ColoredPanel colored;
-    auto gone = std::make_unique<Panel>();
-    UXPropertyAccessor accessor(&panel);
-    accessor.setExtraTargetJsonObjectsForUpdate({&panel, &extra, &colored, gone.get()});
-    gone.reset();
-    EXPECT_EQ(accessor.getExtraTargetJsonObjectsForUpdate(),
-              (std::set<UXJsonObject*>{&panel, &extra, &colored}));
-
-    EXPECT_TRUE(accessor.updateValue("m_ratio", 2.0));
-    EXPECT_TRUE(accessor.updateValue("m_width", 6)) << "an extra target may refuse";
-    EXPECT_FALSE(accessor.updateValue("m_ratio", 1));
-    const std::vector<std::string> both = {"m_ratio", "m_width"};
-    EXPECT_EQ(panel.updatedKeys, both);
-    EXPECT_EQ(extra.updatedKeys, both);
-    EXPECT_EQ(colored.updatedKeys, std::vector<std::string>{"m_ratio"});
-    EXPECT_EQ(extra.width, 6);
-}
-
 TEST(UXPropertyAccessor, TargetsMayBeMissingOrGo)
 {
     UXPropertyAccessor accessor(nullptr);

@@ -192,21 +192,6 @@ TEST(UXVirtualScrollView, WheelAndKeysScroll)
     }
 }
 
-TEST(UXVirtualScrollView, SmallWheelTurnsAddUpAndEndsLetGo)
-{
-    ScrolledView view;
-    UXEvent event;
-    event.setWheelDelta({0, 0.005}); // 0.24 units
-    for (int i = 0; i < 25; ++i)
-        EXPECT_TRUE(view.mouseWheel(event));
-    EXPECT_EQ(view.getContentOffsetY(), 6);
-
-    view.setAutoJumpOut(true);
-    event.setWheelDelta({0, -1});
-    EXPECT_TRUE(view.mouseWheel(event)) << "it still moved";
-    EXPECT_FALSE(view.mouseWheel(event)) << "the end passes it on to what lies around";
-}
-
 TEST(UXVirtualScrollView, ScrollingDelegatesMayDestroyIt)
 {
     for (const int way : {0, 1, 2, 3}) {

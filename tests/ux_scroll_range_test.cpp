@@ -76,27 +76,3 @@ TEST(UXScrollRange, DragsReachBothEndsAndComeBack)
         EXPECT_LE(std::abs(static_cast<double>(got - c.expected)), static_cast<double>(c.expected) * 1e-15);
     }
 }
-
-TEST(UXScrollRange, MovedOffsetsStayInside)
-{
-    struct Case {
-        const char* name;
-        UXScrollRange range;
-        double distance;
-        std::int64_t expected;
-    };
-    const Case cases[] = {
-        {"forward", {1000, 100, 5}, 10.4, 15},
-        {"rounds away from the middle", {1000, 100, 5}, 0.5, 6},
-        {"too far", {1000, 100, 5}, 1e300, 900},
-        {"too far back", {1000, 100, 5}, -INFINITY, 0},
-        {"no number", {1000, 100, 5}, NAN, 5},
-        {"near int64's limit", {most, 0, most - 3}, 2, most - 1},
-        {"at int64's limit", {most, 0, most - 3}, 1e18, most},
-        {"an offset outside comes in", {100, 100, 7}, 0, 0},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(uxMoveScrollOffset(c.range, c.distance), c.expected);
-    }
-}

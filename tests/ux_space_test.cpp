@@ -106,44 +106,6 @@ TEST(UXObjectTranslation, SizesRectanglesAndDimensions)
     EXPECT_EQ(t.root.translateDimension(10, t.c, t.d), 20);
 }
 
-TEST(UXObjectTranslation, WholeNumbersSurviveScaleChains)
-{
-    // 0.1 and its inverse leave traces in the last bits, which must not become a pixel.
-    UXObject root;
-    auto* child = new UXObject;
-    root.addChild(child);
-    UXSpace space;
-    space.setXScale(0.1);
-    space.setYScale(0.1);
-    child->setSpace(&space);
-    for (int i = 0; i < 1000; i += 7) {
-        const UXRect rect{i, -i, 30, 70};
-        EXPECT_EQ(root.translateRectToChild(rect, child), UXRect(10 * i, -10 * i, 300, 700));
-        EXPECT_EQ(child->translateRectToParent({10 * i, -10 * i, 300, 700}, &root), rect);
-    }
-}
-
-TEST(UXObjectTranslation, SpacesInsideSpaces)
-{
-    Tree t;
-    // A space that stands in one of no object's brings that one along.
-    UXSpace zoom, inner;
-    zoom.setXScale(10);
-    zoom.setYScale(10);
-    inner.setRelativeOrigin({1, 0});
-    inner.setParent(&zoom);
-    t.d->setSpace(&inner);
-    EXPECT_EQ(t.d->translatePointToParent({1, 1}, &t.root), UXPoint(-7 + 20, 8 + 10));
-
-    // One that stands in the space of an outer object does not apply that twice.
-    UXSpace nested;
-    nested.setXScale(5);
-    nested.setParent(&t.space);
-    t.b->setSpace(&nested);
-    EXPECT_EQ(t.b->translatePointToParent({1, 0}, t.a), UXPoint(5 + 5, 6));
-    EXPECT_EQ(t.b->translatePointToParent({1, 0}, &t.root), UXPoint(10 + 3 + 2 * 10, 20 + 4 + 3 * 6));
-}
-
 TEST(UXObjectTranslation, ExtremeScalesStayInRange)
 {
     Tree t;
