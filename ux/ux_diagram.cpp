@@ -2,6 +2,7 @@
 
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
+#include "ux/ux_event_dispatcher.h"
 #include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_object_watcher.h"
 
@@ -18,7 +19,10 @@ bool hasResponder(const std::vector<UXObject*>& objects, UXEventResponderType ty
 
 } // namespace
 
-UXDiagram::UXDiagram(UXContext* context) : m_context(context), m_contextWatcher(context) {}
+UXDiagram::UXDiagram(UXContext* context)
+    : m_context(context), m_contextWatcher(context), m_dispatcher(std::make_shared<UXEventDispatcher>(this))
+{
+}
 
 UXDiagram::~UXDiagram()
 {

@@ -5,6 +5,7 @@
 
 class UXContext;
 class UXControl;
+class UXEventDispatcher;
 class UXGlobalControlSpaceEventDiagram;
 class UXGlobalEventDiagram;
 
@@ -37,6 +38,26 @@ public:
     /** @return whether the diagram or anything on it has a responder of the type */
     bool getShouldResponse(UXEventResponderType type) const override;
 
+    // The host's input. The registered global diagrams see it first and may keep it; then it goes down the
+    // tree. Hovering, dragging and clicks are made from the moves, presses and releases.
+    bool mouseDown(const UXEvent& event) override;
+    bool mouseMove(const UXEvent& event) override;
+    bool mouseUp(const UXEvent& event) override;
+    bool mouseEnter(const UXEvent& event) override;
+    bool mouseLeave(const UXEvent& event) override;
+    bool mouseWheel(const UXEvent& event) override;
+    bool mouseDoubleClick(const UXEvent& event) override;
+    bool mouseDragging(const UXEvent& event) override;
+    bool mouseDragLeave(const UXEvent& event) override;
+    bool keyDown(const UXEvent& event) override;
+    bool keyUp(const UXEvent& event) override;
+    bool externalDragging(const UXEvent& event) override;
+    bool externalDrop(const UXEvent& event) override;
+
+    /** @return what receives keys: what was pressed or set last, null for none */
+    UXObject* getFocusedObject() const;
+    void setFocusedObject(UXObject* object);
+
 private:
     virtual void afterEvent(const UXEvent& event, bool handled);
 
@@ -60,9 +81,17 @@ public:
 private:
     friend class UXContext;
 
+    using Entry = bool (UXObject::*)(const UXEvent&);
+
     void _setContext(UXContext* context);
+    /** Sends event to the global diagrams by entry, then through the tree by act. */
+    bool _dispatch(UXEventType type, const UXEvent& event, Entry entry,
+                   const std::function<bool(UXEventDispatcher&, const UXEvent&)>& act);
+    bool _offerToGlobalEventDiagrams(const UXEvent& event, Entry entry);
 
     UXContext* m_context = nullptr;
     UXJsonObjectWatcher m_contextWatcher;
     std::vector<UXGlobalEventDiagram*> m_globalEventDiagrams;
+    // Shared with the dispatches that run, in which the diagram may be destroyed.
+    std::shared_ptr<UXEventDispatcher> m_dispatcher;
 };

@@ -325,6 +325,7 @@ protected:
     bool deliverEvent(UXEventType type, const UXEvent& event, bool& stop);
 
 private:
+    friend class UXEventDispatcher;
     friend class UXObjectWatcher;
     struct EventRegistry;
 

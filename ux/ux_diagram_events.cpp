@@ -1,0 +1,135 @@
+#include "ux/ux_diagram.h"
+
+#include "ux/ux_event_dispatch_scope.h"
+#include "ux/ux_event_dispatcher.h"
+#include "ux/ux_global_event_diagram.h"
+
+#include <algorithm>
+
+bool UXDiagram::mouseDown(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDown, event, &UXObject::mouseDown,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.press(own); });
+}
+
+bool UXDiagram::mouseMove(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseMove, event, &UXObject::mouseMove,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.move(own); });
+}
+
+bool UXDiagram::mouseUp(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseUp, event, &UXObject::mouseUp,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.release(own); });
+}
+
+bool UXDiagram::mouseEnter(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseEnter, event, &UXObject::mouseEnter,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.move(own); });
+}
+
+bool UXDiagram::mouseLeave(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseLeave, event, &UXObject::mouseLeave,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.leave(own); });
+}
+
+bool UXDiagram::mouseWheel(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseWheel, event, &UXObject::mouseWheel,
+                     [](UXEventDispatcher& to, const UXEvent& own) {
+                         return to.sendToPoint(UXEventType::MouseWheel, own);
+                     });
+}
+
+bool UXDiagram::mouseDoubleClick(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDoubleClick, event, &UXObject::mouseDoubleClick,
+                     [](UXEventDispatcher& to, const UXEvent& own) {
+                         return to.sendToPoint(UXEventType::MouseDoubleClick, own);
+                     });
+}
+
+bool UXDiagram::mouseDragging(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDragging, event, &UXObject::mouseDragging,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.move(own); });
+}
+
+bool UXDiagram::mouseDragLeave(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDragLeave, event, &UXObject::mouseDragLeave,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.leave(own); });
+}
+
+bool UXDiagram::keyDown(const UXEvent& event)
+{
+    return _dispatch(
+        UXEventType::KeyDown, event, &UXObject::keyDown,
+        [](UXEventDispatcher& to, const UXEvent& own) { return to.sendKey(UXEventType::KeyDown, own); });
+}
+
+bool UXDiagram::keyUp(const UXEvent& event)
+{
+    return _dispatch(
+        UXEventType::KeyUp, event, &UXObject::keyUp,
+        [](UXEventDispatcher& to, const UXEvent& own) { return to.sendKey(UXEventType::KeyUp, own); });
+}
+
+bool UXDiagram::externalDragging(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDragOver, event, &UXObject::externalDragging,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dragExternal(own); });
+}
+
+bool UXDiagram::externalDrop(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDrop, event, &UXObject::externalDrop,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dropExternal(own); });
+}
+
+UXObject* UXDiagram::getFocusedObject() const { return m_dispatcher->getFocusedObject(); }
+
+void UXDiagram::setFocusedObject(UXObject* object) { m_dispatcher->setFocusedObject(object); }
+
+bool UXDiagram::_dispatch(UXEventType type, const UXEvent& event, Entry entry,
+                          const std::function<bool(UXEventDispatcher&, const UXEvent&)>& act)
+{
+    UXEvent own = event;
+    own.setEventType(type);
+    UXEventDispatchScope scope(own);
+    UXObjectWatcher watcher(this);
+    const std::shared_ptr<UXEventDispatcher> dispatcher = m_dispatcher;
+    // A pointer that the tree has captured is released there even when a global diagram keeps the event.
+    const bool releases = type == UXEventType::MouseUp && dispatcher->isPressing();
+
+    bool handled = _offerToGlobalEventDiagrams(own, entry);
+    if (watcher.isAlive() && (!handled || releases))
+        handled = act(*dispatcher, own) || handled;
+    if (watcher.isAlive())
+        afterEvent(own, handled);
+    scope.finish();
+    return handled;
+}
+
+bool UXDiagram::_offerToGlobalEventDiagrams(const UXEvent& event, Entry entry)
+{
+    UXObjectWatcher watcher(this);
+    const std::vector<UXObjectWatcher> offered(m_globalEventDiagrams.begin(), m_globalEventDiagrams.end());
+    for (const UXObjectWatcher& candidate : offered) {
+        if (!watcher.isAlive())
+            return false;
+        // One that a callback has unregistered or destroyed is not among them any more.
+        const auto registered = std::ranges::find_if(
+            m_globalEventDiagrams,
+            [&](UXGlobalEventDiagram* diagram) { return diagram == candidate.getObject(); });
+        if (registered == m_globalEventDiagrams.end())
+            continue;
+        (*registered)->setActiveDiagram(this);
+        if (candidate.isAlive() && (candidate.getObject()->*entry)(event))
+            return true;
+    }
+    return false;
+}

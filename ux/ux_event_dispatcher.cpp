@@ -1,0 +1,253 @@
+#include "ux/ux_event_dispatcher.h"
+
+#include "ux/ux_object.h"
+
+#include <algorithm>
+#include <utility>
+
+bool UXEventDispatcher::press(const UXEvent& event)
+{
+    _endPress();
+    _exchange(m_hoverPath, _hit(event.getMousePoint()), UXEventType::MouseLeave, UXEventType::MouseEnter,
+              event);
+    const Path path = _hit(event.getMousePoint());
+    if (path.empty())
+        return false;
+    m_pressPath = path;
+    m_focus = path.back();
+    m_pressedButton = event.containsEventKey(UXEventKey::RightButton) ? UXEventKey::RightButton
+                                                                      : UXEventKey::LeftButton;
+    Journey journey{UXEventType::MouseDown, event, {}};
+    const bool handled = _send(journey, path);
+    m_pressedObjects.insert(m_pressedObjects.end(), journey.delivered.begin(), journey.delivered.end());
+    return handled;
+}
+
+bool UXEventDispatcher::move(const UXEvent& event)
+{
+    if (isPressing())
+        return _drag(event);
+    _exchange(m_hoverPath, _hit(event.getMousePoint()), UXEventType::MouseLeave, UXEventType::MouseEnter,
+              event);
+    return sendToPoint(UXEventType::MouseMove, event);
+}
+
+bool UXEventDispatcher::release(const UXEvent& event)
+{
+    const bool captured = isPressing();
+    const bool dragged = std::exchange(m_dragged, false);
+    const Path pressPath = std::exchange(m_pressPath, {});
+    const Path pressedObjects = std::exchange(m_pressedObjects, {});
+    const UXEventKey button = m_pressedButton;
+
+    const Path path = captured ? pressPath : _hit(event.getMousePoint());
+    bool handled = _send(UXEventType::MouseUp, event, path);
+    for (const UXObjectWatcher& pressed : pressedObjects) {
+        if (UXObject* object = pressed.getObject())
+            object->_noteMouseWent(UXEventType::MouseUp);
+    }
+
+    if (dragged) {
+        UXEvent drop = event;
+        drop.setSourceObject(pressPath.back().getObject());
+        handled = _send(UXEventType::MouseDrop, drop, Path(m_dragPath)) || handled;
+        _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, drop);
+    }
+    if (captured && pressPath.back().isAlive()) {
+        const Path under = _hit(event.getMousePoint());
+        if (!under.empty() && under.back().getObject() == pressPath.back().getObject()) {
+            UXEvent click = event;
+            click.addEventKey(button);
+            handled = _send(button == UXEventKey::RightButton ? UXEventType::RightClick
+                                                              : UXEventType::LeftClick,
+                            click, under) ||
+                      handled;
+        }
+    }
+    if (!isPressing()) {
+        _exchange(m_hoverPath, _hit(event.getMousePoint()), UXEventType::MouseLeave, UXEventType::MouseEnter,
+                  event);
+    }
+    return handled;
+}
+
+bool UXEventDispatcher::leave(const UXEvent& event)
+{
+    _exchange(m_hoverPath, {}, UXEventType::MouseLeave, UXEventType::MouseEnter, event);
+    _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event);
+    return false;
+}
+
+bool UXEventDispatcher::sendToPoint(UXEventType type, const UXEvent& event)
+{
+    return _send(type, event, _hit(event.getMousePoint()));
+}
+
+bool UXEventDispatcher::sendKey(UXEventType type, const UXEvent& event)
+{
+    UXObject* focus = m_focus.getObject();
+    return _send(type, event, _obtainPathTo(focus && _isOnDiagram(focus) ? focus : m_root.getObject()));
+}
+
+bool UXEventDispatcher::dragExternal(const UXEvent& event)
+{
+    _exchange(m_dragPath, _hit(event.getMousePoint()), UXEventType::MouseDragLeave,
+              UXEventType::MouseDragEnter, event);
+    return sendToPoint(UXEventType::MouseDragOver, event);
+}
+
+bool UXEventDispatcher::dropExternal(const UXEvent& event)
+{
+    const bool handled = sendToPoint(UXEventType::MouseDrop, event);
+    _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event);
+    return handled;
+}
+
+bool UXEventDispatcher::_isOnDiagram(const UXObject* object) const
+{
+    UXObject* root = m_root.getObject();
+    return root && (object == root || object->hasParent(root));
+}
+
+bool UXEventDispatcher::_contains(const Path& path, const UXObject* object)
+{
+    return std::ranges::any_of(
+        path, [object](const UXObjectWatcher& watcher) { return watcher.getObject() == object; });
+}
+
+void UXEventDispatcher::_appendHit(Path& path, UXObject* object, UXPoint point, const UXObject* skipped)
+{
+    for (UXObject* hit = object; hit;) {
+        path.emplace_back(hit);
+        const std::vector<UXObject*>& children = hit->getChildren();
+        const auto found = std::find_if(children.rbegin(), children.rend(), [&](UXObject* child) {
+            return child != skipped && child->getVisible() &&
+                   child->ptInRect(hit->translatePoint(point, nullptr, child));
+        });
+        hit = found == children.rend() ? nullptr : *found;
+    }
+}
+
+UXEventDispatcher::Path UXEventDispatcher::_hit(UXPoint point, const UXObject* skipped) const
+{
+    Path path;
+    UXObject* root = m_root.getObject();
+    if (root && root->getVisible())
+        _appendHit(path, root, point, skipped);
+    return path;
+}
+
+UXEventDispatcher::Path UXEventDispatcher::_obtainPathTo(UXObject* object) const
+{
+    Path path;
+    for (UXObject* step = object; step; step = step->getParent())
+        path.emplace_back(step);
+    std::ranges::reverse(path);
+    return path;
+}
+
+bool UXEventDispatcher::_deliver(Journey& journey, const UXObjectWatcher& target)
+{
+    UXObject* object = target.getObject();
+    if (!object || !_isOnDiagram(object) || _contains(journey.delivered, object))
+        return false;
+    journey.delivered.push_back(target);
+    return object->deliverEvent(journey.type, journey.event, journey.stop);
+}
+
+bool UXEventDispatcher::_send(Journey& journey, const Path& path, std::size_t begin)
+{
+    bool handled = false;
+    for (std::size_t i = path.size(); i > begin && !handled && !journey.stop; --i) {
+        const UXObjectWatcher target = path[i - 1];
+        handled = _deliver(journey, target);
+        if (!journey.stop)
+            handled = _forward(journey, target) || handled;
+    }
+    return handled;
+}
+
+bool UXEventDispatcher::_send(UXEventType type, const UXEvent& event, const Path& path)
+{
+    Journey journey{type, event, {}};
+    return _send(journey, path);
+}
+
+/** The next object behind, which in turn may forward to the one behind itself. */
+bool UXEventDispatcher::_forward(Journey& journey, const UXObjectWatcher& from)
+{
+    UXObject* object = from.getObject();
+    if (!object || !_isOnDiagram(object) || !object->shouldForwardEventToNeighbors(journey.event))
+        return false;
+    object = from.getObject();
+    UXObject* parent = object && _isOnDiagram(object) ? object->getParent() : nullptr;
+    if (!parent)
+        return false;
+
+    const std::vector<UXObject*>& siblings = parent->getChildren();
+    const auto own = std::find(siblings.rbegin(), siblings.rend(), object);
+    const UXPoint point = journey.event.getMousePoint();
+    const auto behind = std::find_if(
+        own == siblings.rend() ? own : own + 1, siblings.rend(), [&](UXObject* sibling) {
+            return sibling->getVisible() &&
+                   sibling->ptInRect(sibling->translatePoint(point, nullptr, sibling));
+        });
+    if (behind == siblings.rend())
+        return false;
+    Path path;
+    _appendHit(path, *behind, point, nullptr);
+    return _send(journey, path);
+}
+
+void UXEventDispatcher::_exchange(Path& current, const Path& next, UXEventType left, UXEventType entered,
+                                  const UXEvent& event)
+{
+    // Stored first: a callback may send another event, which then starts from here.
+    const Path old = std::exchange(current, next);
+    const auto tell = [&](UXEventType type, const UXObjectWatcher& target) {
+        Journey journey{type, event, {}};
+        _deliver(journey, target);
+    };
+    for (auto watcher = old.rbegin(); watcher != old.rend(); ++watcher) {
+        UXObject* object = watcher->getObject();
+        if (!object || _contains(next, object))
+            continue;
+        tell(left, *watcher);
+        // What has been taken off the diagram is told nothing, but is not under the pointer any more.
+        if (watcher->isAlive())
+            watcher->getObject()->_noteMouseWent(left);
+    }
+    for (const UXObjectWatcher& watcher : next) {
+        // One that an event inside a callback has left meanwhile is not entered late.
+        if (watcher.isAlive() && !_contains(old, watcher.getObject()) &&
+            _contains(current, watcher.getObject()))
+            tell(entered, watcher);
+    }
+}
+
+bool UXEventDispatcher::_drag(const UXEvent& event)
+{
+    const UXObjectWatcher source = m_pressPath.back();
+    m_dragged = true;
+    UXEvent drag = event;
+    drag.setSourceObject(source.getObject());
+    bool handled = _send(UXEventType::MouseDragging, drag, Path(m_pressPath));
+    if (!isPressing())
+        return handled;
+    // What is dragged usually lies under the pointer itself: the target is what lies behind it.
+    drag.setSourceObject(source.getObject());
+    const Path target = _hit(event.getMousePoint(), source.getObject());
+    _exchange(m_dragPath, target, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, drag);
+    drag.setSourceObject(source.getObject());
+    return _send(UXEventType::MouseDragOver, drag, target) || handled;
+}
+
+void UXEventDispatcher::_endPress()
+{
+    m_pressPath.clear();
+    m_dragged = false;
+    for (const UXObjectWatcher& pressed : std::exchange(m_pressedObjects, {})) {
+        if (UXObject* object = pressed.getObject())
+            object->_noteMouseWent(UXEventType::MouseUp);
+    }
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "ux/ux_event.h"
+#include "ux/ux_event_type.h"
+#include "ux/ux_object_watcher.h"
+
+#include <vector>
+
+class UXObject;
+
+/**
+ * Finds who receives an event on one diagram, and remembers between events who is hovered, pressed, dragged
+ * over and focused.
+ *
+ * An event goes to the deepest visible object under the point and from there up to the diagram, until one
+ * handles it. A press captures the pointer: until the release its object receives what the pointer does.
+ * Whoever is remembered is watched, and is left out once it is gone or no longer on the diagram.
+ */
+class UXEventDispatcher {
+public:
+    /** @param root the diagram, which may go at any time */
+    explicit UXEventDispatcher(UXObject* root) : m_root(root) {}
+
+    // Each returns whether the event was handled.
+    bool press(const UXEvent& event);
+    /** Moves the pointer: hovers, or drags while something is pressed. */
+    bool move(const UXEvent& event);
+    bool release(const UXEvent& event);
+    /** The pointer left the diagram: nothing is hovered or dragged over any more. */
+    bool leave(const UXEvent& event);
+    /** Sends an event that changes no state to what lies under its point. */
+    bool sendToPoint(UXEventType type, const UXEvent& event);
+    /** Sends a key to the focused object, or to the diagram without one. */
+    bool sendKey(UXEventType type, const UXEvent& event);
+    bool dragExternal(const UXEvent& event);
+    bool dropExternal(const UXEvent& event);
+
+    bool isPressing() const { return !m_pressPath.empty(); }
+    UXObject* getFocusedObject() const { return m_focus.getObject(); }
+    void setFocusedObject(UXObject* object) { m_focus = UXObjectWatcher(object); }
+
+private:
+    /** From the diagram to the deepest object. */
+    using Path = std::vector<UXObjectWatcher>;
+    /** One event on its way: who has received it, and whether one of them ended it. */
+    struct Journey {
+        UXEventType type;
+        UXEvent event;
+        Path delivered;
+        bool stop = false;
+    };
+
+    bool _isOnDiagram(const UXObject* object) const;
+    static bool _contains(const Path& path, const UXObject* object);
+    /** Appends object and what lies deepest in it under point, which is in the diagram's space. */
+    static void _appendHit(Path& path, UXObject* object, UXPoint point, const UXObject* skipped);
+    Path _hit(UXPoint point, const UXObject* skipped = nullptr) const;
+    Path _obtainPathTo(UXObject* object) const;
+    bool _deliver(Journey& journey, const UXObjectWatcher& target);
+    bool _send(Journey& journey, const Path& path, std::size_t begin = 0);
+    bool _send(UXEventType type, const UXEvent& event, const Path& path);
+    bool _forward(Journey& journey, const UXObjectWatcher& from);
+    /** Tells who is in one of the two paths only that the pointer left or entered it. */
+    void _exchange(Path& current, const Path& next, UXEventType left, UXEventType entered,
+                   const UXEvent& event);
+    bool _drag(const UXEvent& event);
+    void _endPress();
+
+    UXObjectWatcher m_root;
+    UXObjectWatcher m_focus{nullptr};
+    Path m_hoverPath;
+    Path m_pressPath;
+    Path m_pressedObjects;
+    Path m_dragPath;
+    UXEventKey m_pressedButton = UXEventKey::LeftButton;
+    bool m_dragged = false;
+};
