@@ -148,36 +148,6 @@ TEST(KXChartDataFormat, SeparatorsMoveOutOfEachOthersWay)
     }
 }
 
-TEST(KXChartDataFormat, CopiesHoldEveryKey)
-{
-    KXChartDataFormat changed = makeChanged();
-    KXChartDataFormat copyConstructed(changed), assigned, taken, target;
-    assigned = changed;
-    Calls calls(taken);
-    taken.copyFrom(&changed);
-    taken.copyFrom(&taken);
-    taken.copyFrom(nullptr);
-    EXPECT_TRUE(calls.take().empty() && taken.getUpdatedKeys().empty());
-    changed.assignTo(&target, {}, true);
-    const std::unique_ptr<KXChartDataFormat> copied(changed.copy({}, true));
-    for (KXChartDataFormat* copy : {&copyConstructed, &assigned, &taken, &target, copied.get()})
-        EXPECT_EQ(copy->serialize(), changed.serialize());
-
-    const std::unique_ptr<KXChartDataFormat> part(changed.copy({"m_decimalSeparator", "m_prefix"}, false));
-    EXPECT_EQ(part->getPrefix(), "p");
-    EXPECT_EQ(part->getSuffix(), "");
-    EXPECT_EQ(part->getDecimalSeparator(), Decimal::Comma);
-    EXPECT_EQ(part->getThousandsSeparator(), Thousands::Dot) << "moved out of the way";
-
-    EXPECT_TRUE(copyConstructed.updateValue("m_prefix", "mine"));
-    EXPECT_TRUE(copyConstructed.updateEnumString("m_thousandsSeparator", "None"));
-    EXPECT_EQ(copyConstructed.getPrefix(), "mine");
-    EXPECT_EQ(copyConstructed.getThousandsSeparator(), Thousands::None);
-    EXPECT_EQ(changed.getPrefix(), "p");
-    EXPECT_TRUE(changed.updateValue("m_prefix", "p2"));
-    EXPECT_EQ(copyConstructed.getPrefix(), "mine");
-}
-
 TEST(KXChartDataFormat, CallbacksMayDestroyTheFormat)
 {
     const std::vector<std::string> keys{"m_thousandsSeparator", "m_decimalSeparator", "m_prefix", ""};

@@ -36,22 +36,6 @@ void expectAscending(const std::vector<T>& values)
 
 } // namespace
 
-TEST(KXObjectID, AnswersTheIndexOfEachPath)
-{
-    const KXObjectID id = KXObjectID::instance().path(bar(0)).index(2).path(line(0)).index(5).property(
-        color("fill"));
-    EXPECT_EQ(id.path(bar(0)).index(), 2u);
-    EXPECT_TRUE(id.path(line(0)).hasIndex(5));
-    EXPECT_FALSE(id.path(line(0)).hasIndex(2));
-    EXPECT_EQ(id.path(bar(1)).index(), noIndex);
-    EXPECT_FALSE(id.path(bar(1)).hasIndex(noIndex));
-    EXPECT_TRUE(id.hasPathType(line(0)));
-    EXPECT_FALSE(id.hasPathType(text("0")));
-    EXPECT_TRUE(id.hasProperty(color("fill")));
-    EXPECT_FALSE(id.hasProperty(color("stroke")));
-    EXPECT_EQ(id.property(), color("fill"));
-}
-
 TEST(KXObjectID, IndexFillsTheSelectedPathAndEndsTheSelection)
 {
     const KXObjectID empty = KXObjectID::instance();

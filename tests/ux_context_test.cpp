@@ -137,23 +137,3 @@ public:
 };
 
 } // namespace
-
-TEST(UXGlobalEventDiagram, RegistrationEndsWithEither)
-{
-    UXDiagram diagram;
-    auto second = std::make_unique<UXDiagram>();
-    UXGlobalEventDiagram first;
-    auto inControlSpace = std::make_unique<UXGlobalControlSpaceEventDiagram>();
-    EXPECT_EQ(diagram.getGlobalControlSpaceEventDiagram(), nullptr);
-    diagram.registerGlobalEventDiagram(&first);
-    diagram.registerGlobalEventDiagram(&first);
-    diagram.registerGlobalEventDiagram(inControlSpace.get());
-    second->registerGlobalEventDiagram(&first);
-    EXPECT_EQ(diagram.getGlobalEventDiagrams().size(), 2u);
-    EXPECT_EQ(diagram.getGlobalControlSpaceEventDiagram(), inControlSpace.get());
-    inControlSpace.reset();
-    EXPECT_EQ(diagram.getGlobalControlSpaceEventDiagram(), nullptr);
-    second.reset();
-    diagram.unregisterGlobalEventDiagram(&first);
-    EXPECT_TRUE(diagram.getGlobalEventDiagrams().empty());
-}

@@ -209,21 +209,6 @@ TEST(UXDirtyRect, OnlyWhatMeetsTheDirtIsPainted)
     EXPECT_EQ(s.log, "right ");
 }
 
-TEST(UXDirtyRect, PaintersAreClippedToTheDirt)
-{
-    Scene s;
-    std::vector<double> clip;
-    s.right.whenPainted = [&] {
-        const UXDoubleRect* rect = s.control.config.getClip();
-        ASSERT_NE(rect, nullptr);
-        clip = {rect->x, rect->y, rect->width, rect->height};
-    };
-    s.right.addDirtyRect({1, 2, 3, 4});
-    s.diagram.repaintDirtyRect();
-    EXPECT_EQ(clip, std::vector<double>({51, 2, 3, 4}));
-    EXPECT_EQ(s.control.config.getClip(), nullptr);
-}
-
 TEST(UXDirtyRect, WhatPaintingMakesDirtyWaitsForTheNextPass)
 {
     Scene s;

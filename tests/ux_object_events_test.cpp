@@ -111,29 +111,6 @@ TEST(UXObjectEvents, HandlersWithoutFiltersAndHooks)
     EXPECT_EQ(clicks, 1);
 }
 
-TEST(UXObjectEvents, StatesOfThePointer)
-{
-    Listener object;
-    object.accepts = false;
-    object.mouseDown(UXEvent());
-    EXPECT_FALSE(object.isPressed());
-    object.accepts = true;
-    object.mouseDown(UXEvent());
-    object.mouseEnter(UXEvent());
-    object.mouseDragging(UXEvent());
-    object.mouseDragEnter(UXEvent());
-    EXPECT_TRUE(object.isPressed() && object.isHovered() && object.isDragged() && object.isDraggedOver());
-    object.log.clear();
-    object.mouseUp(UXEvent());
-    EXPECT_EQ(object.log, "pressed 2 ");
-    EXPECT_FALSE(object.isPressed());
-    EXPECT_FALSE(object.isDragged());
-    object.mouseDrop(UXEvent());
-    object.mouseLeave(UXEvent());
-    EXPECT_FALSE(object.isDraggedOver());
-    EXPECT_FALSE(object.isHovered());
-}
-
 TEST(UXObjectEvents, CallbacksMayDestroyTheirObject)
 {
     // Nothing here may touch the object once it is gone; a sanitizer build tells.
@@ -218,48 +195,6 @@ TEST(UXObjectEvents, PostedActionsMayDestroyEventAndObject)
     });
     EXPECT_TRUE(object->mouseDown(*event));
     EXPECT_TRUE(ran);
-}
-
-TEST(UXObjectEvents, RespondersNeedTheirKeys)
-{
-    UXObject object;
-    EXPECT_FALSE(object.getShouldResponse(UXEventResponderType::Scroll));
-    int asked = 0;
-    object.registerEventResponder(UXEventResponderType::Scroll, {UXEventKey::Ctrl, UXEventKey::Shift},
-                                  [&](const UXEvent&) { return ++asked > 0; });
-    UXEvent event;
-    event.addEventKey(UXEventKey::Ctrl);
-    EXPECT_FALSE(object.triggerEventResponder(UXEventResponderType::Scroll, event));
-    event.addEventKey(UXEventKey::Shift);
-    EXPECT_FALSE(object.triggerEventResponder(UXEventResponderType::Zoom, event));
-    EXPECT_TRUE(object.triggerEventResponder(UXEventResponderType::Scroll, event));
-    EXPECT_EQ(asked, 1);
-
-    UXDiagram diagram;
-    UXObject middle;
-    diagram.addChild(&middle);
-    middle.addChild(&object);
-    EXPECT_TRUE(object.getShouldResponse(UXEventResponderType::Scroll));
-    EXPECT_FALSE(middle.getShouldResponse(UXEventResponderType::Scroll));
-    EXPECT_TRUE(diagram.getShouldResponse(UXEventResponderType::Scroll));
-    EXPECT_FALSE(diagram.getShouldResponse(UXEventResponderType::Zoom));
-    middle.removeChild(&object);
-}
-
-TEST(UXObjectEvents, PointInOwnSpace)
-{
-    UXDiagram diagram;
-    diagram.setRect({7, 7, 200, 200});
-    UXObject middle;
-    Listener inner;
-    diagram.addChild(&middle);
-    middle.addChild(&inner);
-    middle.setRect({10, 20, 100, 100});
-    inner.setRect({5, 5, 50, 50});
-    UXEvent event;
-    event.setMousePoint({20, 40});
-    EXPECT_EQ(inner.obtainPoint(event), UXPoint(5, 15));
-    middle.removeChild(&inner);
 }
 
 namespace {
