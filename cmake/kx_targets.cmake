@@ -30,6 +30,7 @@ function(kx_add_library target folder include_folder)
     file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
     add_library(${target} SHARED ${sources} ${headers})
     kx_set_warnings(${target})
+    target_compile_features(${target} PUBLIC cxx_std_20) # its headers ask the same of a host
     # Virtual tables point at functions of their own library: found while linking, and not once more by name whenever
     # a program starts.
     if(UNIX AND NOT APPLE)
