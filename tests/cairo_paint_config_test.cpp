@@ -176,3 +176,53 @@ TEST_F(CairoPaintConfig, PdfHasItsPagesAndEndsOnce)
         EXPECT_FALSE(empty.writePdf(pathOf("refused.pdf")));
     }
 }
+
+TEST_F(CairoPaintConfig, ImagesAreReadFromPngAlone)
+{
+    CairoTestCanvas canvas(6, 6);
+    canvas.drawWhiteGround();
+    ASSERT_TRUE(canvas.config().writePng(pathOf("image.png")));
+    const std::string png = readFile(pathOf("image.png"));
+
+    std::string huge = png, cut = png.substr(0, png.size() / 2), other = "GIF89a" + png;
+    huge[16] = '\x7F';
+    struct Case {
+        const char* name;
+        std::string bytes;
+        bool isRead;
+    };
+    const Case cases[] = {{"whole", png, true},
+                          {"a size beyond all memory", huge, false},
+                          {"cut short", cut, false},
+                          {"another format", other, false},
+                          {"empty", "", false},
+                          {"the signature alone", png.substr(0, 8), false},
+                          {"header alone", png.substr(0, 33), false}};
+    UXCairoImageHelper helper;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::unique_ptr<UXImage> image(
+            helper.imageFromBuffer(reinterpret_cast<const unsigned char*>(c.bytes.data()), c.bytes.size()));
+        EXPECT_EQ(image != nullptr, c.isRead);
+        if (image) {
+            EXPECT_EQ(image->getPixels()[0], kWhite);
+        }
+    }
+    EXPECT_EQ(helper.imageFromBuffer(nullptr, 100), nullptr);
+    EXPECT_EQ(helper.imageFromFile(pathOf("missing.png")), nullptr);
+
+    struct Provider : UXImageResourceProvider {
+        bool obtainImageResource(const std::string& name, std::vector<unsigned char>& bytes) override
+        {
+            bytes.assign(png.begin(), png.end());
+            return name == "white";
+        }
+        std::string png;
+    } provider;
+    provider.png = png;
+    const std::unique_ptr<UXImage> white(helper.imageFromResource(&provider, "white"));
+    ASSERT_TRUE(white);
+    EXPECT_EQ(white->getSize(), UXSize(6, 6));
+    EXPECT_EQ(helper.imageFromResource(&provider, "black"), nullptr);
+    EXPECT_EQ(helper.imageFromResource(nullptr, "white"), nullptr);
+}

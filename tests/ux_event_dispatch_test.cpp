@@ -185,7 +185,7 @@ TEST_F(UXEventDispatch, PostedActionsRunAfterTheOutermost)
 /** Trees that change in every callback: what is reached stands on the diagram, once for each event. */
 class UXEventDispatchRandom : public testing::TestWithParam<unsigned> {};
 
-TEST_P(UXEventDispatchRandom, NothingDanglesAndNothingComesTwice)
+TEST_P(UXEventDispatchRandom, ReceiversLiveAndStandOnTheDiagram)
 {
     std::mt19937 random(GetParam());
     const auto below = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
