@@ -1,15 +1,17 @@
 #pragma once
 
-/** The step to which a date or time is cut down for grouping. The numbers are the grouping levels that the
- * charts' formatting knows; year, month and day of week are read there as plain dates. */
+#include "kx_chart_aggregate_type.h"
+
+/** The step to which a date or time is cut down for grouping, numbered as the charts' formatting numbers its
+ * levels; year, month and day of week are of the host alone and read there as plain dates. */
 enum class DateLevel {
     Year = 11,
-    Quarter = 12,
+    Quarter = static_cast<int>(KXChartAggregateType::Quarter),
     Month = 13,
-    Week = 14,
-    Day = 15,
-    Hour = 16,
-    Minute = 17,
-    Second = 18,
+    Week = static_cast<int>(KXChartAggregateType::Week),
+    Day = static_cast<int>(KXChartAggregateType::Day),
+    Hour = static_cast<int>(KXChartAggregateType::Hour),
+    Minute = static_cast<int>(KXChartAggregateType::Minute),
+    Second = static_cast<int>(KXChartAggregateType::Second),
     DayOfWeek = 24
 };

@@ -264,8 +264,10 @@ bool KXChart::customDeserialize()
     KX_CHART_PROPERTY_ALL_KEYS(KX_CHART_READ)
 #undef KX_CHART_READ
     complete = _readTitleKeys() && complete;
-    init();
-    _applyAll();
+    if (isInitialized())
+        _applyAll();
+    else
+        init();
     return complete;
 }
 
