@@ -234,6 +234,8 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
             if (getActiveDiagram(control) != diagram)
                 break;
             const UXPaintClip clip(*config, UXDoubleRect(rect));
+            if (!control->hasDefaultBackground())
+                diagram->paintBackground(config);
             diagram->paint(config, rect);
         }
     }

@@ -54,9 +54,12 @@ void UXControl::setControlRect(const UXControlRect& rect)
 {
     if (rect == m_controlRect)
         return;
+    const bool resized = rect.width != m_controlRect.width || rect.height != m_controlRect.height;
     m_controlRect = rect;
     const std::weak_ptr<const bool> life = m_life;
     resizeDiagramAlignClient();
+    if (!life.expired() && resized)
+        _send(&UXObject::controlSize, UXEvent());
     if (!life.expired())
         notifyResetScroller();
 }
@@ -248,6 +251,93 @@ UXControlDimension UXControl::diagramSpaceToControlSpace(double dimension) const
     return UXControlDimension(dimension * getZoomRatioWithScalingFactor());
 }
 
+bool UXControl::mouseDown(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::mouseDown, point, event);
+}
+
+bool UXControl::mouseMove(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::mouseMove, point, event);
+}
+
+bool UXControl::mouseUp(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::mouseUp, point, event);
+}
+
+bool UXControl::mouseEnter(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::mouseEnter, point, event);
+}
+
+bool UXControl::mouseLeave(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::mouseLeave, point, event);
+}
+
+bool UXControl::mouseWheel(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::mouseWheel, point, event);
+}
+
+bool UXControl::mouseDoubleClick(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::mouseDoubleClick, point, event);
+}
+
+bool UXControl::externalDragging(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::externalDragging, point, event);
+}
+
+bool UXControl::externalDrop(const UXControlPoint& point, const UXEvent& event)
+{
+    return _sendAt(&UXObject::externalDrop, point, event);
+}
+
+bool UXControl::keyDown(const UXEvent& event) { return _send(&UXObject::keyDown, event); }
+
+bool UXControl::keyUp(const UXEvent& event) { return _send(&UXObject::keyUp, event); }
+
+bool UXControl::_sendAt(Entry entry, const UXControlPoint& point, const UXEvent& event)
+{
+    // The middle of the pixel: what ends at a pixel's edge does not take the pixel beyond it.
+    const UXDoublePoint exact = controlSpaceToDiagramSpace(
+        UXDoubleControlPoint{point.x + 0.5, point.y + 0.5});
+    UXEvent own = event;
+    own.setControlPoint(point);
+    own.setMousePoint({uxSaturateToInt(std::floor(exact.x)), uxSaturateToInt(std::floor(exact.y))});
+    return _send(entry, own);
+}
+
+bool UXControl::_send(Entry entry, const UXEvent& event)
+{
+    if (!m_activeDiagram)
+        return false;
+    UXEvent own = event;
+    own.setControl(this);
+    for (const int useCase : m_useCases)
+        own.addUseCase(useCase);
+    const std::weak_ptr<const bool> life = m_life;
+    const bool handled = (m_activeDiagram->*entry)(own);
+    if (!life.expired())
+        _updateCursor();
+    if (!life.expired())
+        customEvent();
+    return handled;
+}
+
+void UXControl::_updateCursor()
+{
+    const UXCursor wanted = m_activeDiagram ? m_activeDiagram->obtainCursor() : UXCursor::Arrow;
+    const UXCursor cursor = wanted == UXCursor::AsParent ? UXCursor::Arrow : wanted;
+    if (cursor == m_cursor)
+        return;
+    m_cursor = cursor;
+    notifyCursorChange(static_cast<int>(cursor));
+}
+
 void UXControl::timer(std::int64_t nowMilliseconds)
 {
     const std::weak_ptr<const bool> life = m_life;
@@ -301,6 +391,8 @@ UXPaintConfig* UXControl::obtainPaintConfig(UXDiagram*) { return nullptr; }
 void UXControl::customEvent() {}
 
 bool UXControl::hasDefaultBackground() const { return false; }
+
+bool UXControl::shouldReduceMotion() const { return false; }
 
 void UXControl::notifyDirtyRect(UXDiagram*) {}
 

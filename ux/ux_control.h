@@ -4,6 +4,7 @@
 #include "ux/ux_control_point.h"
 #include "ux/ux_control_rect.h"
 #include "ux/ux_control_size.h"
+#include "ux/ux_cursor.h"
 #include "ux/ux_double_control_point.h"
 #include "ux/ux_double_control_rect.h"
 #include "ux/ux_double_control_size.h"
@@ -55,7 +56,7 @@ public:
 
     // Place, in the screen's pixels
     virtual UXControlRect getControlRect() const;
-    /** A changed size is given on to a diagram that is aligned to the control. */
+    /** A changed size is given on to a diagram that is aligned to the control, and told to all on it. */
     virtual void setControlRect(const UXControlRect& rect);
     /** @return the rectangle as it would be on a screen with the scaling factor 1 */
     virtual UXControlRect getControlRectWithoutScalingFactor() const;
@@ -101,6 +102,26 @@ public:
     UXDoubleControlRect diagramSpaceToControlSpace(const UXDoubleRect& rect) const;
     UXControlDimension diagramSpaceToControlSpace(double dimension) const;
 
+    // Input, for the host to call. Each sends a copy of event to the active diagram, with point in both
+    // spaces, this control and its use cases. When the dispatch is over, the cursor follows what lies under
+    // the pointer, and customEvent is called. Each returns whether the diagram handled the event; a callback
+    // may have destroyed the control by then.
+    bool mouseDown(const UXControlPoint& point, const UXEvent& event);
+    bool mouseMove(const UXControlPoint& point, const UXEvent& event);
+    bool mouseUp(const UXControlPoint& point, const UXEvent& event);
+    bool mouseEnter(const UXControlPoint& point, const UXEvent& event);
+    /** The pointer left the control. */
+    bool mouseLeave(const UXControlPoint& point, const UXEvent& event);
+    bool mouseWheel(const UXControlPoint& point, const UXEvent& event);
+    bool mouseDoubleClick(const UXControlPoint& point, const UXEvent& event);
+    /** Something from outside of the diagram is dragged over the control, or dropped on it. */
+    bool externalDragging(const UXControlPoint& point, const UXEvent& event);
+    bool externalDrop(const UXControlPoint& point, const UXEvent& event);
+    bool keyDown(const UXEvent& event);
+    bool keyUp(const UXEvent& event);
+    /** @return the cursor that the host was told last */
+    UXCursor getCursor() const { return m_cursor; }
+
     // What the host calls
     /** Runs the timers that are due and the actions posted so far.
      *  @param nowMilliseconds on a clock of the host's that does not go back */
@@ -118,8 +139,11 @@ public:
     virtual UXPaintConfig* obtainPaintConfig(UXDiagram* diagram);
     /** Called after an event has been dispatched through this control. */
     virtual void customEvent();
-    /** @return whether the control paints a background of its own behind the diagram */
+    /** @return whether the control paints a background of its own behind the diagram, whose own is then left
+     * out */
     virtual bool hasDefaultBackground() const;
+    /** @return whether the user wants no motion: what would glide jumps then */
+    virtual bool shouldReduceMotion() const;
     virtual void notifyDirtyRect(UXDiagram* diagram);
     virtual void notifyFullScreenDirtyRect(UXDiagram* diagram);
     virtual void notifyCursorChange(int cursor);
@@ -141,6 +165,11 @@ private:
     friend class UXDiagram;
     friend class UXTimer;
 
+    using Entry = bool (UXObject::*)(const UXEvent&);
+
+    bool _sendAt(Entry entry, const UXControlPoint& point, const UXEvent& event);
+    bool _send(Entry entry, const UXEvent& event);
+    void _updateCursor();
     void _zoomStep(double factor, bool keepMousePoint, const UXEvent& event);
     void _setZoomRatioAround(double ratio, const UXDoubleControlPoint& fixedPoint);
     void _originChanged();
@@ -154,6 +183,7 @@ private:
     double m_scalingFactor = 1;
     double m_zoomRatio = 1;
     UXDoubleControlPoint m_origin;
+    UXCursor m_cursor = UXCursor::Arrow;
     std::vector<UXTimer*> m_timers;
     std::deque<std::function<void()>> m_postedActions;
 };

@@ -2,9 +2,12 @@
 
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
+#include "ux/ux_event_dispatch_scope.h"
 #include "ux/ux_event_dispatcher.h"
 #include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_ground.h"
 #include "ux/ux_object_watcher.h"
+#include "ux/ux_paint_config.h"
 
 #include <algorithm>
 
@@ -70,6 +73,34 @@ void UXDiagram::setRect(UXRect rect)
         context->notifyDiagramSizeChanged(this);
 }
 
+void UXDiagram::layout()
+{
+    UXObjectWatcher watcher(this);
+    UXObject::layout();
+    if (watcher.isAlive())
+        _forEachGlobalEventDiagram([](UXGlobalEventDiagram& diagram) { diagram.layout(); });
+}
+
+void UXDiagram::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    UXObjectWatcher watcher(this);
+    UXObject::paint(config, dirtyRect);
+    if (!watcher.isAlive())
+        return;
+    _forEachGlobalEventDiagram([&](UXGlobalEventDiagram& diagram) {
+        if (diagram.getVisible() && diagram.isInDiagramSpace())
+            diagram.paint(config, dirtyRect);
+    });
+}
+
+void UXDiagram::paintBackground(UXPaintConfig* config)
+{
+    UXPainter* painter = uxCreatePainterWithObject(config, this);
+    if (painter)
+        uxDrawGround(*painter, *this, 0);
+    uxDestroyPainter(painter);
+}
+
 void UXDiagram::flushDirtyRect()
 {
     UXContext* context = getContext();
@@ -90,6 +121,35 @@ void UXDiagram::repaintDirtyRect()
 bool UXDiagram::getShouldResponse(UXEventResponderType type) const
 {
     return UXObject::getShouldResponse(type) || hasResponder(getChildren(), type);
+}
+
+bool UXDiagram::controlSize(const UXEvent& event)
+{
+    UXEventDispatchScope scope(event);
+    UXObjectWatcher watcher(this);
+    bool handled = UXObject::controlSize(event);
+    if (watcher.isAlive()) {
+        _forEachGlobalEventDiagram(
+            [&](UXGlobalEventDiagram& diagram) { handled = diagram.controlSize(event) || handled; });
+    }
+    scope.finish();
+    return handled;
+}
+
+void UXDiagram::_forEachGlobalEventDiagram(const std::function<void(UXGlobalEventDiagram&)>& act)
+{
+    UXObjectWatcher watcher(this);
+    const std::vector<UXObjectWatcher> candidates(m_globalEventDiagrams.begin(), m_globalEventDiagrams.end());
+    for (const UXObjectWatcher& candidate : candidates) {
+        if (!watcher.isAlive())
+            return;
+        // One that a callback has unregistered or destroyed is not among them any more.
+        const auto registered = std::ranges::find_if(
+            m_globalEventDiagrams,
+            [&](const UXGlobalEventDiagram* diagram) { return diagram == candidate.getObject(); });
+        if (registered != m_globalEventDiagrams.end())
+            act(**registered);
+    }
 }
 
 void UXDiagram::afterEvent(const UXEvent& event, bool) { customAfterEvent(event); }

@@ -33,10 +33,17 @@ public:
     /** Client makes the diagram as large as its control. */
     void setAlign(UXAlign align) override;
     void setRect(UXRect rect) override;
+    /** Lays out what stands on the diagram, then the global diagrams that see its events. */
+    void layout() override;
     void flushDirtyRect() override;
     void repaintDirtyRect() override;
+    /** Paints what stands on the diagram, and over it the global diagrams that are in its space. */
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
     /** @return whether the diagram or anything on it has a responder of the type */
     bool getShouldResponse(UXEventResponderType type) const override;
+    /** Asks the responders of all that lies under the event's point, the deepest first. */
+    bool triggerEventResponder(UXEventResponderType type, const UXEvent& event) override;
+    bool controlSize(const UXEvent& event) override;
 
     // The host's input. The registered global diagrams see it first and may keep it; then it goes down the
     // tree. Hovering, dragging and clicks are made from the moves, presses and releases.
@@ -57,6 +64,13 @@ public:
     /** @return what receives keys: what was pressed or set last, null for none */
     UXObject* getFocusedObject() const;
     void setFocusedObject(UXObject* object);
+    /** @return the cursor of what is pressed or hovered, AsParent where that has none */
+    UXCursor obtainCursor() const;
+    /** Ends a press without a drop and without a click, for whoever makes something else of it. */
+    void cancelPress();
+    /** Fills the diagram with its background colour; a control without a background of its own has it done
+     * before it paints the diagram. */
+    void paintBackground(UXPaintConfig* config);
 
 private:
     virtual void afterEvent(const UXEvent& event, bool handled);
@@ -88,6 +102,8 @@ private:
     bool _dispatch(UXEventType type, const UXEvent& event, Entry entry,
                    const std::function<bool(UXEventDispatcher&, const UXEvent&)>& act);
     bool _offerToGlobalEventDiagrams(const UXEvent& event, Entry entry);
+    /** Calls act with each global diagram that is still registered when its turn comes. */
+    void _forEachGlobalEventDiagram(const std::function<void(UXGlobalEventDiagram&)>& act);
 
     UXContext* m_context = nullptr;
     UXJsonObjectWatcher m_contextWatcher;

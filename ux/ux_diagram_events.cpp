@@ -4,8 +4,6 @@
 #include "ux/ux_event_dispatcher.h"
 #include "ux/ux_global_event_diagram.h"
 
-#include <algorithm>
-
 bool UXDiagram::mouseDown(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDown, event, &UXObject::mouseDown,
@@ -94,6 +92,30 @@ UXObject* UXDiagram::getFocusedObject() const { return m_dispatcher->getFocusedO
 
 void UXDiagram::setFocusedObject(UXObject* object) { m_dispatcher->setFocusedObject(object); }
 
+UXCursor UXDiagram::obtainCursor() const
+{
+    for (const UXGlobalEventDiagram* diagram : m_globalEventDiagrams) {
+        const UXCursor cursor = diagram->obtainCursor();
+        if (cursor != UXCursor::AsParent)
+            return cursor;
+    }
+    return m_dispatcher->obtainCursor();
+}
+
+void UXDiagram::cancelPress() { m_dispatcher->cancelPress(); }
+
+bool UXDiagram::triggerEventResponder(UXEventResponderType type, const UXEvent& event)
+{
+    const std::shared_ptr<UXEventDispatcher> dispatcher = m_dispatcher;
+    for (const UXObjectWatcher& asked : dispatcher->obtainObjectsUnder(event.getMousePoint())) {
+        UXObject* object = asked.getObject();
+        if (object == this ? UXObject::triggerEventResponder(type, event)
+                           : object && object->triggerEventResponder(type, event))
+            return true;
+    }
+    return false;
+}
+
 bool UXDiagram::_dispatch(UXEventType type, const UXEvent& event, Entry entry,
                           const std::function<bool(UXEventDispatcher&, const UXEvent&)>& act)
 {
@@ -108,6 +130,8 @@ bool UXDiagram::_dispatch(UXEventType type, const UXEvent& event, Entry entry,
     bool handled = _offerToGlobalEventDiagrams(own, entry);
     if (watcher.isAlive() && (!handled || releases))
         handled = act(*dispatcher, own) || handled;
+    else if (watcher.isAlive() && type == UXEventType::MouseMove && !dispatcher->isPressing())
+        dispatcher->leave(own);
     if (watcher.isAlive())
         afterEvent(own, handled);
     scope.finish();
@@ -116,20 +140,26 @@ bool UXDiagram::_dispatch(UXEventType type, const UXEvent& event, Entry entry,
 
 bool UXDiagram::_offerToGlobalEventDiagrams(const UXEvent& event, Entry entry)
 {
-    UXObjectWatcher watcher(this);
-    const std::vector<UXObjectWatcher> offered(m_globalEventDiagrams.begin(), m_globalEventDiagrams.end());
-    for (const UXObjectWatcher& candidate : offered) {
+    bool handled = false;
+    _forEachGlobalEventDiagram([&](UXGlobalEventDiagram& diagram) {
+        const bool moves = event.getEventType() == UXEventType::MouseMove;
+        if (handled && !moves)
+            return;
+        UXObjectWatcher watcher(&diagram);
+        diagram.setActiveDiagram(this);
         if (!watcher.isAlive())
-            return false;
-        // One that a callback has unregistered or destroyed is not among them any more.
-        const auto registered = std::ranges::find_if(
-            m_globalEventDiagrams,
-            [&](UXGlobalEventDiagram* diagram) { return diagram == candidate.getObject(); });
-        if (registered == m_globalEventDiagrams.end())
-            continue;
-        (*registered)->setActiveDiagram(this);
-        if (candidate.isAlive() && (candidate.getObject()->*entry)(event))
-            return true;
-    }
-    return false;
+            return;
+        UXEvent translated = event;
+        // A control's own pixel is finer than what it became in the diagram's space.
+        const bool keepsPixel = !diagram.isInDiagramSpace() && event.getControl();
+        translated.setMousePoint(
+            keepsPixel ? UXPoint(event.getControlPoint().x, event.getControlPoint().y)
+                       : diagram.diagramSpaceToGlobalDiagramSpace(event.getMousePoint(), event.getControl()));
+        // The pointer is over one thing only: what lies behind is not hovered any more.
+        if (handled)
+            diagram.mouseLeave(translated);
+        else
+            handled = (diagram.*entry)(translated);
+    });
+    return handled;
 }

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+class UXControl;
 class UXObject;
 
 /**
@@ -43,6 +44,10 @@ public:
     /** @return how often the button went down in quick succession, 0 for an event without a button */
     int getClickCount() const { return m_clickCount; }
     void setClickCount(int count) { m_clickCount = count; }
+
+    /** @return the control that received the event, null for none; only its dispatch knows that it lives */
+    UXControl* getControl() const { return m_control; }
+    void setControl(UXControl* control) { m_control = control; }
 
     // Keys and buttons
     bool containsEventKey(UXEventKey key) const { return (m_eventKeys & static_cast<int>(key)) != 0; }
@@ -84,6 +89,7 @@ private:
     UXEventType m_eventType = UXEventType::MouseMove;
     UXPoint m_mousePoint;
     UXControlPoint m_controlPoint;
+    UXControl* m_control = nullptr;
     UXDoublePoint m_wheelDelta;
     int m_clickCount = 0;
     int m_eventKeys = 0;

@@ -1,6 +1,8 @@
 #include "ux/ux_event_dispatcher.h"
 
 #include "ux/ux_object.h"
+#include "ux/ux_saturate.h"
+#include "ux/ux_transform.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,8 +29,13 @@ bool UXEventDispatcher::move(const UXEvent& event)
 {
     if (isPressing())
         return _drag(event);
-    _exchange(m_hoverPath, _hit(event.getMousePoint()), UXEventType::MouseLeave, UXEventType::MouseEnter,
-              event);
+    const Path path = _hit(event.getMousePoint());
+    const bool stayed = std::ranges::equal(path, m_hoverPath, {}, &UXObjectWatcher::getObject,
+                                           &UXObjectWatcher::getObject);
+    if (stayed)
+        return _send(UXEventType::MouseMove, event, path);
+    // Whoever is told may change the tree.
+    _exchange(m_hoverPath, path, UXEventType::MouseLeave, UXEventType::MouseEnter, event);
     return sendToPoint(UXEventType::MouseMove, event);
 }
 
@@ -103,6 +110,31 @@ bool UXEventDispatcher::dropExternal(const UXEvent& event)
     return handled;
 }
 
+std::vector<UXObjectWatcher> UXEventDispatcher::obtainObjectsUnder(UXPoint point) const
+{
+    Path path = _hit(point);
+    std::ranges::reverse(path);
+    return path;
+}
+
+UXCursor UXEventDispatcher::obtainCursor() const
+{
+    const Path& path = isPressing() ? m_pressPath : m_hoverPath;
+    for (auto watcher = path.rbegin(); watcher != path.rend(); ++watcher) {
+        const UXObject* object = watcher->getObject();
+        if (object && object->getCursor() != UXCursor::AsParent)
+            return object->getCursor();
+    }
+    return UXCursor::AsParent;
+}
+
+void UXEventDispatcher::cancelPress()
+{
+    UXEvent event;
+    _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event);
+    _endPress();
+}
+
 bool UXEventDispatcher::_isOnDiagram(const UXObject* object) const
 {
     UXObject* root = m_root.getObject();
@@ -117,14 +149,21 @@ bool UXEventDispatcher::_contains(const Path& path, const UXObject* object)
 
 void UXEventDispatcher::_appendHit(Path& path, UXObject* object, UXPoint point, const UXObject* skipped)
 {
+    // Step by step: each object is asked with the map of its parent at hand, however deep it stands.
+    UXTransform fromRoot = object->obtainTransformToParent(nullptr).inverted();
     for (UXObject* hit = object; hit;) {
         path.emplace_back(hit);
         const std::vector<UXObject*>& children = hit->getChildren();
-        const auto found = std::find_if(children.rbegin(), children.rend(), [&](UXObject* child) {
-            return child != skipped && child->getVisible() &&
-                   child->ptInRect(hit->translatePoint(point, nullptr, child));
+        UXTransform toChild;
+        const auto found = std::find_if(children.rbegin(), children.rend(), [&](const UXObject* child) {
+            if (child == skipped || !child->getVisible())
+                return false;
+            toChild = child->_obtainTransformToNextParent().inverted().combined(fromRoot);
+            const UXDoublePoint own = toChild.apply(point.x, point.y);
+            return child->ptInRect({uxRoundToInt(own.x), uxRoundToInt(own.y)});
         });
         hit = found == children.rend() ? nullptr : *found;
+        fromRoot = toChild;
     }
 }
 

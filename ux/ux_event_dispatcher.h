@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/ux_cursor.h"
 #include "ux/ux_event.h"
 #include "ux/ux_event_type.h"
 #include "ux/ux_object_watcher.h"
@@ -34,6 +35,13 @@ public:
     bool sendKey(UXEventType type, const UXEvent& event);
     bool dragExternal(const UXEvent& event);
     bool dropExternal(const UXEvent& event);
+
+    /** @return the visible objects under point, which is in the diagram's space; the deepest first */
+    std::vector<UXObjectWatcher> obtainObjectsUnder(UXPoint point) const;
+    /** @return the cursor of what is pressed, or else hovered; AsParent where that has none */
+    UXCursor obtainCursor() const;
+    /** Forgets the press: neither a drop nor a click comes of it. */
+    void cancelPress();
 
     bool isPressing() const { return !m_pressPath.empty(); }
     UXObject* getFocusedObject() const { return m_focus.getObject(); }

@@ -8,6 +8,12 @@ public:
     explicit UXGlobalControlSpaceEventDiagram(UXContext* context = nullptr);
     ~UXGlobalControlSpaceEventDiagram() override;
 
+    // From UXGlobalEventDiagram
+    /** @return point itself without a control */
+    UXPoint diagramSpaceToGlobalDiagramSpace(UXPoint point, UXControl* control) const override;
+    UXPoint globalDiagramSpaceToDiagramSpace(const UXEvent& event) const override;
+    bool isInDiagramSpace() const override;
+
     // From UXObject
     std::string customSerializeTypeID() override;
 };

@@ -12,6 +12,49 @@ UXGlobalEventDiagram::~UXGlobalEventDiagram()
 
 void UXGlobalEventDiagram::endActions() {}
 
+UXPoint UXGlobalEventDiagram::diagramSpaceToGlobalDiagramSpace(UXPoint point, UXControl*) const
+{
+    return point;
+}
+
+UXPoint UXGlobalEventDiagram::globalDiagramSpaceToDiagramSpace(const UXEvent& event) const
+{
+    return event.getMousePoint();
+}
+
+bool UXGlobalEventDiagram::isInDiagramSpace() const { return true; }
+
+void UXGlobalEventDiagram::flushDirtyRect()
+{
+    if (isUpdating() || getDirtyRegion().isEmpty())
+        return;
+    const UXDirtyRegion region = getDirtyRegion();
+    clearDirtyRect();
+    for (const UXObjectWatcher& served : _watchServedDiagrams()) {
+        for (const UXRect& rect : region.getRects()) {
+            if (served.isAlive())
+                served.getObject()->addDirtyRect(rect);
+        }
+    }
+}
+
+void UXGlobalEventDiagram::repaintDirtyRect()
+{
+    if (isUpdating()) {
+        UXObject::repaintDirtyRect();
+        return;
+    }
+    for (const UXObjectWatcher& served : _watchServedDiagrams()) {
+        if (served.isAlive())
+            served.getObject()->repaintDirtyRect();
+    }
+}
+
+std::vector<UXObjectWatcher> UXGlobalEventDiagram::_watchServedDiagrams() const
+{
+    return {m_servedDiagrams.begin(), m_servedDiagrams.end()};
+}
+
 std::string UXGlobalEventDiagram::customSerializeTypeID() { return "UXGlobalEventDiagram"; }
 
 void UXGlobalEventDiagram::setActiveDiagram(UXDiagram* diagram)

@@ -2,6 +2,7 @@
 
 #include "ux/ux_align.h"
 #include "ux/ux_color.h"
+#include "ux/ux_cursor.h"
 #include "ux/ux_dirty_region.h"
 #include "ux/ux_event.h"
 #include "ux/ux_event_key.h"
@@ -251,7 +252,7 @@ public:
     virtual bool mouseDrop(const UXEvent& event);
     virtual bool keyDown(const UXEvent& event);
     virtual bool keyUp(const UXEvent& event);
-    /** The host's control changed its size. The base has nothing to do. */
+    /** The host's control changed its size. The base tells its visible children. */
     virtual bool controlSize(const UXEvent& event);
     /** Something from outside of the diagram is dragged over the object, or dropped on it. */
     virtual bool externalDragging(const UXEvent& event);
@@ -297,6 +298,10 @@ public:
     UXSpace* getSpace() const { return m_space.lock().get(); }
     const UXPadding& getPadding() const { return m_padding; }
     UXAlign getAlign() const { return m_align; }
+    /** @return what the pointer looks like over the object */
+    UXCursor getCursor() const { return m_cursor; }
+    /** A control takes it up with the next event. */
+    void setCursor(UXCursor cursor) { m_cursor = cursor; }
     /** @return from back to front */
     const std::vector<UXObject*>& getChildren() const { return m_children; }
     /** @return the areas that wait here, in the own space */
@@ -379,6 +384,7 @@ private:
     int m_fpsControlDepth = 0;
     std::chrono::steady_clock::time_point m_lastFrame;
     UXAlign m_align = UXAlign::None;
+    UXCursor m_cursor = UXCursor::AsParent;
     bool m_showBorder = false;
     bool m_requireToVerifyLayout = true;
     bool m_descendantRequiresLayout = false;

@@ -125,7 +125,16 @@ bool UXObject::keyDown(const UXEvent& event) { return _dispatchEvent(UXEventType
 
 bool UXObject::keyUp(const UXEvent& event) { return _dispatchEvent(UXEventType::KeyUp, event); }
 
-bool UXObject::controlSize(const UXEvent&) { return false; }
+bool UXObject::controlSize(const UXEvent& event)
+{
+    bool handled = false;
+    UXObjectWatcher watcher(this);
+    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
+        if (m_children[i]->getVisible())
+            handled = m_children[i]->controlSize(event) || handled;
+    }
+    return handled;
+}
 
 bool UXObject::externalDragging(const UXEvent& event)
 {
