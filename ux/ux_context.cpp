@@ -155,6 +155,23 @@ std::vector<UXControl*> UXContext::getControlsWithDiagramWithOnlyUseCases(
     return found;
 }
 
+UXCoordinateMap UXContext::getCoordinateMap(UXControl* control, UXDiagram* diagram) const
+{
+    const UXDiagram* active = getActiveDiagram(control);
+    const auto* made = dynamic_cast<const UXUseCaseDiagram*>(active);
+    const bool related = made && made->getSourceDiagram() == diagram;
+    if (!diagram || (active != diagram && !related))
+        return {};
+    const UXCoordinateMap map{control->getDiagramDoubleOriginInControlSpace(),
+                              control->getZoomRatioWithScalingFactor()};
+    if (active == diagram)
+        return map;
+    const UXPoint origin = made->getUseCaseOrigin();
+    const UXRect shown = made->obtainShownRect();
+    const double zoom = made->getUseCaseZoomRatio();
+    return {map.toControlSpace({origin.x - shown.x * zoom, origin.y - shown.y * zoom}), map.zoomRatio * zoom};
+}
+
 void UXContext::setDirtyRect(UXDiagram* diagram, UXRect rect)
 {
     if (!_hasDiagram(diagram))

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/ux_coordinate_map.h"
 #include "ux/ux_export.h"
 #include "ux/ux_json_object.h"
 #include "ux/ux_point.h"
@@ -67,6 +68,10 @@ public:
     /** @return the controls that show diagram and have a use case, but none beside the given ones */
     std::vector<UXControl*> getControlsWithDiagramWithOnlyUseCases(UXDiagram* diagram,
                                                                    const std::vector<int>& useCases) const;
+
+    /** @return how diagram lies in control, which shows it or a use-case diagram made of it; the map that
+     * changes nothing where it does not */
+    UXCoordinateMap getCoordinateMap(UXControl* control, UXDiagram* diagram) const;
 
     // Dirty areas and painting
     /** Replaces the dirty areas of diagram by one; an empty one leaves none. */

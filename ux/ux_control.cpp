@@ -4,6 +4,7 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
 #include "ux/ux_event_dispatch_scope.h"
+#include "ux/ux_message_right_click_param.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_timer.h"
@@ -108,6 +109,10 @@ void UXControl::zoomReset()
 
 void UXControl::_zoomStep(double factor, bool keepMousePoint, const UXEvent& event)
 {
+    const std::weak_ptr<const bool> life = m_life;
+    if ((m_activeDiagram && m_activeDiagram->triggerEventResponder(UXEventResponderType::Zoom, event)) ||
+        life.expired())
+        return;
     const UXDoubleControlPoint middle{m_controlRect.width / 2.0, m_controlRect.height / 2.0};
     const UXDoubleControlPoint mouse = diagramSpaceToControlSpace(UXDoublePoint(event.getMousePoint()));
     _setZoomRatioAround(m_zoomRatio * factor, keepMousePoint ? mouse : middle);
@@ -263,7 +268,17 @@ bool UXControl::mouseMove(const UXControlPoint& point, const UXEvent& event)
 
 bool UXControl::mouseUp(const UXControlPoint& point, const UXEvent& event)
 {
-    return _sendAt(&UXObject::mouseUp, point, event);
+    const std::weak_ptr<const bool> life = m_life;
+    const bool handled = _sendAt(&UXObject::mouseUp, point, event);
+    if (handled || life.expired() || !m_activeDiagram || !event.containsEventKey(UXEventKey::RightButton))
+        return handled;
+    UXEvent asked = _locate(point, event);
+    const bool responds = m_activeDiagram->triggerEventResponder(UXEventResponderType::ContextMenu, asked);
+    if (responds && !life.expired()) {
+        UXMessageRightClickParam param(&asked, nullptr);
+        notifyRightClickMenu(&param, asked.getMousePoint());
+    }
+    return responds;
 }
 
 bool UXControl::mouseEnter(const UXControlPoint& point, const UXEvent& event)
@@ -302,13 +317,27 @@ bool UXControl::keyUp(const UXEvent& event) { return _send(&UXObject::keyUp, eve
 
 bool UXControl::_sendAt(Entry entry, const UXControlPoint& point, const UXEvent& event)
 {
+    return _send(entry, _locate(point, event));
+}
+
+/** @return event with point in both spaces and what the control adds to its events */
+UXEvent UXControl::_locate(const UXControlPoint& point, const UXEvent& event)
+{
     // The middle of the pixel: what ends at a pixel's edge does not take the pixel beyond it.
     const UXDoublePoint exact = controlSpaceToDiagramSpace(
         UXDoubleControlPoint{point.x + 0.5, point.y + 0.5});
     UXEvent own = event;
     own.setControlPoint(point);
     own.setMousePoint({uxSaturateToInt(std::floor(exact.x)), uxSaturateToInt(std::floor(exact.y))});
-    return _send(entry, own);
+    _addOwn(own);
+    return own;
+}
+
+void UXControl::_addOwn(UXEvent& event)
+{
+    event.setControl(this);
+    for (const int useCase : m_useCases)
+        event.addUseCase(useCase);
 }
 
 bool UXControl::_send(Entry entry, const UXEvent& event)
@@ -316,9 +345,7 @@ bool UXControl::_send(Entry entry, const UXEvent& event)
     if (!m_activeDiagram)
         return false;
     UXEvent own = event;
-    own.setControl(this);
-    for (const int useCase : m_useCases)
-        own.addUseCase(useCase);
+    _addOwn(own);
     const std::weak_ptr<const bool> life = m_life;
     const bool handled = (m_activeDiagram->*entry)(own);
     if (!life.expired())

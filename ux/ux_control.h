@@ -70,7 +70,8 @@ public:
     virtual double getZoomRatioWithScalingFactor() const;
     /** The diagram's origin stays where it is on the screen. */
     virtual void setZoomRatio(double ratio);
-    /** One step, a quarter of the ratio.
+    /** One step, a quarter of the ratio, unless something under the event's point has a responder that takes
+     * the zoom for itself.
      *  @param keepMousePoint on: what lies under the event's point stays there; off: the middle of the
      * control does */
     virtual void zoomIn(bool keepMousePoint, const UXEvent& event);
@@ -108,6 +109,8 @@ public:
     // may have destroyed the control by then.
     bool mouseDown(const UXControlPoint& point, const UXEvent& event);
     bool mouseMove(const UXControlPoint& point, const UXEvent& event);
+    /** The right button let go over something that handles nothing, but responds to a context menu, asks the
+     * host for it. */
     bool mouseUp(const UXControlPoint& point, const UXEvent& event);
     bool mouseEnter(const UXControlPoint& point, const UXEvent& event);
     /** The pointer left the control. */
@@ -168,7 +171,9 @@ private:
     using Entry = bool (UXObject::*)(const UXEvent&);
 
     bool _sendAt(Entry entry, const UXControlPoint& point, const UXEvent& event);
+    UXEvent _locate(const UXControlPoint& point, const UXEvent& event);
     bool _send(Entry entry, const UXEvent& event);
+    void _addOwn(UXEvent& event);
     void _updateCursor();
     void _zoomStep(double factor, bool keepMousePoint, const UXEvent& event);
     void _setZoomRatioAround(double ratio, const UXDoubleControlPoint& fixedPoint);

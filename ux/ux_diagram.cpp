@@ -8,6 +8,7 @@
 #include "ux/ux_ground.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_config.h"
+#include "ux/ux_use_case_diagram.h"
 
 #include <algorithm>
 
@@ -99,6 +100,19 @@ void UXDiagram::paintBackground(UXPaintConfig* config)
     if (painter)
         uxDrawGround(*painter, *this, 0);
     uxDestroyPainter(painter);
+}
+
+void UXDiagram::addDirtyRect(UXRect rect)
+{
+    UXObjectWatcher watcher(this);
+    UXObject::addDirtyRect(rect);
+    if (!watcher.isAlive())
+        return;
+    const std::vector<UXObjectWatcher> shownBy(m_useCaseDiagrams.begin(), m_useCaseDiagrams.end());
+    for (const UXObjectWatcher& made : shownBy) {
+        if (made.isAlive())
+            made.getObject()->invalidate();
+    }
 }
 
 void UXDiagram::flushDirtyRect()

@@ -8,6 +8,7 @@ class UXControl;
 class UXEventDispatcher;
 class UXGlobalControlSpaceEventDiagram;
 class UXGlobalEventDiagram;
+class UXUseCaseDiagram;
 
 /**
  * The root of a tree that a host's control shows. A diagram destroys none of its children: what is on it when
@@ -35,6 +36,8 @@ public:
     void setRect(UXRect rect) override;
     /** Lays out what stands on the diagram, then the global diagrams that see its events. */
     void layout() override;
+    /** What becomes dirty here is so on the use-case diagrams that show this one, too. */
+    void addDirtyRect(UXRect rect) override;
     void flushDirtyRect() override;
     void repaintDirtyRect() override;
     /** Paints what stands on the diagram, and over it the global diagrams that are in its space. */
@@ -94,6 +97,7 @@ public:
 
 private:
     friend class UXContext;
+    friend class UXUseCaseDiagram;
 
     using Entry = bool (UXObject::*)(const UXEvent&);
 
@@ -108,6 +112,7 @@ private:
     UXContext* m_context = nullptr;
     UXJsonObjectWatcher m_contextWatcher;
     std::vector<UXGlobalEventDiagram*> m_globalEventDiagrams;
+    std::vector<UXUseCaseDiagram*> m_useCaseDiagrams; // those that show this one
     // Shared with the dispatches that run, in which the diagram may be destroyed.
     std::shared_ptr<UXEventDispatcher> m_dispatcher;
 };

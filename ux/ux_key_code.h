@@ -3,6 +3,7 @@
 /** The codes of the keys that the framework itself answers, as an event carries them. A host translates its
  * system's codes into these and is free in all others. */
 enum class UXKeyCode : int {
+    Backspace = 8,
     Tab = 9,
     Enter = 13,
     Escape = 27,
@@ -14,5 +15,6 @@ enum class UXKeyCode : int {
     Left = 37,
     Up = 38,
     Right = 39,
-    Down = 40
+    Down = 40,
+    Delete = 46
 };

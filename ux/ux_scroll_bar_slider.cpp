@@ -20,7 +20,10 @@ constexpr double activeInset = 2;
 
 } // namespace
 
-UXScrollBarSlider::UXScrollBarSlider() = default;
+UXScrollBarSlider::UXScrollBarSlider()
+{
+    registerEventResponder(UXEventResponderType::Drag, [](const UXEvent&) { return true; });
+}
 
 UXScrollBarSlider::~UXScrollBarSlider() = default;
 

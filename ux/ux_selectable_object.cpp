@@ -106,10 +106,13 @@ void UXSelectableObject::selectionChanged() { invalidate(); }
 
 bool UXSelectableObject::customMouseDown(const UXEvent&, bool&) { return getSelectable(); }
 
-bool UXSelectableObject::customMouseUp(const UXEvent&, bool&)
+bool UXSelectableObject::customMouseUp(const UXEvent& event, bool&)
 {
     if (!getSelectable() || !getMousePressing())
         return false;
+    UXObjectWatcher watcher(this);
+    if (triggerEventResponder(UXEventResponderType::Select, event) || !watcher.isAlive())
+        return true;
     setSelected(!getSelected());
     return true;
 }

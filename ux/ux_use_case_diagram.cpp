@@ -1,12 +1,15 @@
 #include "ux/ux_use_case_diagram.h"
 
+#include "ux/ux_paint_config.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_recording_paint_config.h"
 #include "ux/ux_saturate.h"
 
 #include <cmath>
 
 UXUseCaseDiagram::UXUseCaseDiagram(UXContext* context) : UXDiagram(context), m_sourceDiagram(nullptr) {}
 
-UXUseCaseDiagram::~UXUseCaseDiagram() = default;
+UXUseCaseDiagram::~UXUseCaseDiagram() { _leaveSource(); }
 
 UXDiagram* UXUseCaseDiagram::getSourceDiagram() const
 {
@@ -15,7 +18,16 @@ UXDiagram* UXUseCaseDiagram::getSourceDiagram() const
 
 void UXUseCaseDiagram::setSourceDiagram(UXDiagram* diagram)
 {
+    for (const UXDiagram* shown = diagram; shown;) {
+        if (shown == this)
+            return;
+        const auto* made = dynamic_cast<const UXUseCaseDiagram*>(shown);
+        shown = made ? made->getSourceDiagram() : nullptr;
+    }
+    _leaveSource();
     m_sourceDiagram = UXObjectWatcher(diagram);
+    if (diagram)
+        diagram->m_useCaseDiagrams.push_back(this);
     invalidate();
 }
 
@@ -74,6 +86,51 @@ UXSize UXUseCaseDiagram::useCaseDiagramSpaceToDiagramSpace(UXSize size) const
 }
 
 std::string UXUseCaseDiagram::customSerializeTypeID() { return "UXUseCaseDiagram"; }
+
+void UXUseCaseDiagram::layout()
+{
+    UXObjectWatcher watcher(this);
+    if (UXDiagram* source = getSourceDiagram())
+        source->layout();
+    if (watcher.isAlive())
+        UXDiagram::layout();
+}
+
+void UXUseCaseDiagram::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    UXObjectWatcher watcher(this);
+    if (UXDiagram* source = getSourceDiagram())
+        _paintSource(*source, config);
+    if (watcher.isAlive())
+        UXDiagram::paint(config, dirtyRect);
+}
+
+void UXUseCaseDiagram::_leaveSource()
+{
+    if (UXDiagram* source = getSourceDiagram())
+        std::erase(source->m_useCaseDiagrams, this);
+}
+
+/** The source's objects know their places in the source only: they are recorded there and played here. */
+void UXUseCaseDiagram::_paintSource(UXDiagram& source, UXPaintConfig* config)
+{
+    const UXRect shown = obtainShownRect();
+    UXPainter* painter = uxCreatePainterWithObject(config, this);
+    if (!painter)
+        return;
+    const double zoom = getUseCaseZoomRatio();
+    UXRecordingPaintConfig recording(painter->getDeviceScale() * zoom);
+    source.paintBackground(&recording);
+    source.paint(&recording, shown);
+    const UXPoint origin = getUseCaseOrigin();
+    painter->translate(origin.x, origin.y);
+    painter->scale(zoom, zoom);
+    painter->translate(-shown.x, -shown.y);
+    painter->addRectanglePath(UXDoubleRect(shown));
+    painter->clip();
+    recording.getRecording().replay(*painter);
+    uxDestroyPainter(painter);
+}
 
 UXRect UXUseCaseDiagram::obtainShownRect() const
 {

@@ -11,7 +11,7 @@ public:
 
     /** @return null for none, and once it is gone */
     UXDiagram* getSourceDiagram() const;
-    /** @param diagram stays its owner's */
+    /** @param diagram stays its owner's; one that shows this one, in however many steps, is refused */
     void setSourceDiagram(UXDiagram* diagram);
     /** @return whether the source's content rectangle is shown and not all of it; off unless set */
     bool getUseContentRect() const { return m_useContentRect; }
@@ -30,14 +30,20 @@ public:
     UXPoint useCaseDiagramSpaceToDiagramSpace(UXPoint point) const;
     UXSize useCaseDiagramSpaceToDiagramSpace(UXSize size) const;
 
-    // From UXObject
-    std::string customSerializeTypeID() override;
-
-protected:
     /** @return what is shown of the source, in its space; empty without a source */
     UXRect obtainShownRect() const;
 
+    // From UXObject
+    std::string customSerializeTypeID() override;
+    /** Lays out the source, then this diagram. */
+    void layout() override;
+    /** Paints the source, then what stands on this diagram itself. */
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
+
 private:
+    void _leaveSource();
+    void _paintSource(UXDiagram& source, UXPaintConfig* config);
+
     UXObjectWatcher m_sourceDiagram;
     UXPoint m_useCaseOrigin;
     double m_useCaseZoomRatio = 1;

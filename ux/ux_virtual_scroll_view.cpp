@@ -54,7 +54,11 @@ KeyScroll obtainKeyScroll(const UXEvent& event, const UXSize& shown, bool pagesH
 
 } // namespace
 
-UXVirtualScrollView::UXVirtualScrollView() = default;
+UXVirtualScrollView::UXVirtualScrollView()
+{
+    registerEventResponder(UXEventResponderType::Scroll,
+                           [this](const UXEvent& event) { return _wantsWheel(event); });
+}
 
 UXVirtualScrollView::~UXVirtualScrollView() = default;
 
@@ -232,11 +236,7 @@ void UXVirtualScrollView::paint(UXPaintConfig* config, UXRect dirtyRect)
 
 bool UXVirtualScrollView::customMouseWheel(const UXEvent& event, bool&)
 {
-    // An upright wheel scrolls sideways with Shift, and where there is nothing else to scroll.
-    UXDoublePoint delta = event.getWheelDelta();
-    const bool onlyHorizontal = uxObtainScrollLimit(_obtainRange(false)) == 0;
-    if (delta.x == 0 && (onlyHorizontal || event.containsEventKey(UXEventKey::Shift)))
-        delta = {delta.y, 0};
+    const UXDoublePoint delta = _obtainWheelDelta(event);
     UXObjectWatcher watcher(this);
     const bool handledX = _scrollBy(true, delta.x * wheelStep, event);
     return (watcher.isAlive() && _scrollBy(false, delta.y * wheelStep, event)) || handledX;
@@ -394,6 +394,28 @@ UXObject* UXVirtualScrollView::_obtainLastContentChild() const
     const auto found = std::find_if(children.rbegin(), children.rend(),
                                     [this](const UXObject* child) { return !_isBar(child); });
     return found == children.rend() ? nullptr : *found;
+}
+
+/** An upright wheel scrolls sideways with Shift, and where there is nothing else to scroll. */
+UXDoublePoint UXVirtualScrollView::_obtainWheelDelta(const UXEvent& event) const
+{
+    const UXDoublePoint delta = event.getWheelDelta();
+    const bool onlyHorizontal = uxObtainScrollLimit(_obtainRange(false)) == 0;
+    if (delta.x == 0 && (onlyHorizontal || event.containsEventKey(UXEventKey::Shift)))
+        return {delta.y, 0};
+    return delta;
+}
+
+/** @return whether a turn of the wheel is for this view, and not for what scrolls around it */
+bool UXVirtualScrollView::_wantsWheel(const UXEvent& event) const
+{
+    const auto wants = [this](bool horizontal, double delta) {
+        const UXScrollRange range = _obtainRange(horizontal);
+        const std::int64_t limit = uxObtainScrollLimit(range);
+        return delta != 0 && limit > 0 && (!m_autoJumpOut || range.offset != (delta > 0 ? limit : 0));
+    };
+    const UXDoublePoint delta = _obtainWheelDelta(event);
+    return wants(true, delta.x) || wants(false, delta.y);
 }
 
 bool UXVirtualScrollView::_shouldTriggerScroll(bool horizontal)

@@ -121,6 +121,8 @@ private:
     bool _isBar(const UXObject* object) const;
 
     // The user
+    UXDoublePoint _obtainWheelDelta(const UXEvent& event) const;
+    bool _wantsWheel(const UXEvent& event) const;
     bool _shouldTriggerScroll(bool horizontal);
     bool _scrollBy(bool horizontal, double distance, const UXEvent& event);
     bool _scrollOneStep(bool horizontal, std::int64_t offset, const UXEvent& event);

@@ -1,0 +1,242 @@
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
+#include "ux/ux_event.h"
+#include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_global_smooth_scrolling_event_diagram.h"
+#include "ux/ux_message_right_click_param.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux/ux_recording_painter.h"
+#include "ux/ux_scroll_view.h"
+#include "ux/ux_use_case_diagram.h"
+#include "ux/ux_virtual_scroll_view.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace {
+
+class Control : public UXControl {
+public:
+    std::string log;
+    bool reduceMotion = false;
+
+    void customEvent() override { log += "event "; }
+    void notifyCursorChange(int cursor) override { log += "cursor" + std::to_string(cursor) + " "; }
+    void notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint point) override
+    {
+        log += "menu" + std::to_string(point.x) + (param->event->containUseCase(2) ? "" : "!") + " ";
+    }
+    bool shouldReduceMotion() const override { return reduceMotion; }
+};
+
+/** A control of 200 x 100 pixels that shows a diagram of 400 x 100 units. */
+class UXControlInput : public testing::Test {
+protected:
+    UXControlInput()
+    {
+        context.addDiagram(&diagram);
+        context.setActiveDiagram(&control, &diagram);
+        control.setUseCases({2});
+        control.setControlRect({0, 0, 200, 100});
+        diagram.setRect({0, 0, 400, 100});
+        diagram.addChild(object);
+        object->setRect({10, 10, 20, 20});
+        control.log.clear();
+    }
+
+    UXEvent makeEvent(UXDoublePoint wheel = {}) const
+    {
+        UXEvent event;
+        event.setWheelDelta(wheel);
+        return event;
+    }
+    void runFrames(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            control.timer(now += 16);
+    }
+    int originX() const { return control.getDiagramOriginInControlSpace().x; }
+
+    UXContext context;
+    UXDiagram diagram{&context};
+    Control control;
+    std::unique_ptr<UXObject> owned = std::make_unique<UXObject>();
+    UXObject* object = owned.get();
+    std::int64_t now = 0;
+};
+
+} // namespace
+
+TEST_F(UXControlInput, AnEventReachesTheDiagramInBothSpaces)
+{
+    control.setScalingFactor(2);
+    control.setZoomRatio(2);
+    control.setDiagramOriginInControlSpace({8, 4});
+    std::string seen;
+    object->registerEventHandler(UXEventType::MouseDown, [&](const UXEvent& event) {
+        seen = std::to_string(event.getMousePoint().x) + "," + std::to_string(event.getMousePoint().y) + "@" +
+               std::to_string(event.getControlPoint().x) + (event.containUseCase(2) ? " 2" : "") +
+               (event.getControl() == &control ? " own" : "");
+        return true;
+    });
+    // The object's last pixel is its own, the one behind it is not.
+    EXPECT_TRUE(control.mouseDown({8 + 29 * 4 + 3, 4 + 10 * 4}, makeEvent()));
+    EXPECT_EQ(seen, "29,10@127 2 own");
+    EXPECT_FALSE(control.mouseDown({8 + 30 * 4, 4 + 10 * 4}, makeEvent()));
+    const UXCoordinateMap map = context.getCoordinateMap(&control, &diagram);
+    EXPECT_EQ(map.toControlSpace({10, 0}).x, 48);
+    EXPECT_EQ(map.toDiagramSpace({48, 4}).x, 10);
+}
+
+TEST_F(UXControlInput, TheCursorFollowsThePointerAndPresses)
+{
+    object->setCursor(UXCursor::PointingHand);
+    control.mouseMove({15, 15}, makeEvent());
+    control.mouseMove({16, 15}, makeEvent());
+    control.mouseDown({16, 15}, makeEvent());
+    control.mouseMove({90, 15}, makeEvent());
+    control.mouseUp({90, 15}, makeEvent());
+    EXPECT_EQ(control.log, "cursor1 event event event event cursor0 event ");
+}
+
+TEST_F(UXControlInput, ARespondingObjectAsksForAMenuOrKeepsTheZoom)
+{
+    object->registerEventResponder(UXEventResponderType::ContextMenu, [](const UXEvent&) { return true; });
+    object->registerEventResponder(UXEventResponderType::Zoom, {UXEventKey::Ctrl},
+                                   [](const UXEvent&) { return true; });
+    UXEvent right = makeEvent();
+    right.addEventKey(UXEventKey::RightButton);
+    for (const int x : {15, 90}) {
+        control.mouseDown({x, 15}, right);
+        control.mouseUp({x, 15}, right);
+    }
+    EXPECT_EQ(control.log, "event event menu15 event event ");
+
+    UXEvent zoom = makeEvent();
+    zoom.setMousePoint({15, 15});
+    zoom.addEventKey(UXEventKey::Ctrl);
+    control.zoomIn(true, zoom);
+    EXPECT_EQ(control.getZoomRatio(), 1);
+    zoom.setMousePoint({90, 15});
+    control.zoomIn(true, zoom);
+    EXPECT_GT(control.getZoomRatio(), 1);
+}
+
+TEST_F(UXControlInput, AGlobalDiagramThatKeepsAMoveTakesTheHoverAndIsPaintedAbove)
+{
+    UXGlobalEventDiagram above;
+    diagram.registerGlobalEventDiagram(&above);
+    UXObject* cover = new UXObject;
+    above.addChild(cover);
+    cover->setRect({0, 0, 20, 20});
+    cover->registerEventHandler(UXEventType::MouseMove, [](const UXEvent&) { return true; });
+    std::string log;
+    object->registerEventHandler(UXEventType::MouseEnter,
+                                 [&](const UXEvent&) { return log += "in ", false; });
+    object->registerEventHandler(UXEventType::MouseLeave,
+                                 [&](const UXEvent&) { return log += "out ", false; });
+    control.mouseMove({25, 25}, makeEvent());
+    control.mouseMove({15, 15}, makeEvent());
+    EXPECT_EQ(log, "in out ");
+
+    diagram.layout();
+    diagram.clearDirtyRect();
+    cover->invalidate();
+    EXPECT_EQ(context.getDirtyRect(&diagram), UXRect(0, 0, 20, 20));
+    delete cover;
+}
+
+TEST_F(UXControlInput, TheWheelGlidesToItsPlaceAndADragGlidesOnUntilAPress)
+{
+    UXGlobalSmoothScrollingEventDiagram scrolling;
+    diagram.registerGlobalEventDiagram(&scrolling);
+    runFrames(1);
+    EXPECT_TRUE(control.mouseWheel({50, 50}, makeEvent({1, 0})));
+    runFrames(3);
+    EXPECT_LT(originX(), 0);
+    EXPECT_GT(originX(), -48);
+    runFrames(40);
+    EXPECT_EQ(originX(), -48);
+    EXPECT_FALSE(scrolling.isGliding());
+    control.mouseWheel({50, 50}, makeEvent({100, 0}));
+    runFrames(80);
+    EXPECT_EQ(originX(), -200); // the content's end
+
+    control.mouseDown({10, 50}, makeEvent());
+    for (int x = 13; x <= 61; x += 12) {
+        control.mouseMove({x, 50}, makeEvent());
+        runFrames(1);
+    }
+    EXPECT_EQ(originX(), -149);
+    control.mouseUp({61, 50}, makeEvent());
+    runFrames(2);
+    const int gliding = originX();
+    EXPECT_GT(gliding, -149);
+    EXPECT_TRUE(control.mouseDown({10, 50}, makeEvent()));
+    runFrames(5);
+    EXPECT_EQ(originX(), gliding);
+    control.mouseUp({10, 50}, makeEvent());
+
+    control.reduceMotion = true;
+    control.setDiagramOriginInControlSpace({0, 0});
+    control.mouseWheel({50, 50}, makeEvent({1, 0}));
+    EXPECT_EQ(originX(), -48);
+}
+
+TEST_F(UXControlInput, WhatStandsOnTheDiagramKeepsItsWheelItsDragAndItsClick)
+{
+    UXGlobalSmoothScrollingEventDiagram scrolling;
+    diagram.registerGlobalEventDiagram(&scrolling);
+    auto* view = new UXVirtualScrollView;
+    diagram.addChild(view);
+    view->setRect({100, 0, 60, 60});
+    view->setContentHeight(1000);
+    int clicks = 0;
+    object->registerEventHandler(UXEventType::LeftClick, [&](const UXEvent&) { return ++clicks > 0; });
+    object->registerEventResponder(UXEventResponderType::Drag, [&](const UXEvent&) { return clicks == 1; });
+
+    control.mouseWheel({110, 10}, makeEvent({0, 1}));
+    EXPECT_EQ(view->getContentOffsetY(), 48);
+    const auto drag = [&] {
+        control.mouseDown({15, 15}, makeEvent());
+        control.mouseMove({12, 15}, makeEvent());
+        control.mouseMove({25, 15}, makeEvent());
+        control.mouseUp({25, 15}, makeEvent());
+    };
+    control.setDiagramOriginInControlSpace({-10, 0});
+    object->setRect({10, 10, 60, 20});
+    drag(); // moves the diagram and is no click
+    EXPECT_EQ(originX(), 0);
+    EXPECT_EQ(clicks, 0);
+    control.mouseDown({15, 15}, makeEvent());
+    control.mouseUp({15, 15}, makeEvent());
+    EXPECT_EQ(clicks, 1);
+    control.setDiagramOriginInControlSpace({-10, 0});
+    drag(); // the object takes this one itself
+    EXPECT_EQ(originX(), -10);
+    delete view;
+}
+
+TEST_F(UXControlInput, AUseCaseDiagramPaintsItsSourceAndFollowsIt)
+{
+    diagram.setBackgroundColor({255, 0, 0});
+    UXUseCaseDiagram made(&context);
+    context.addDiagram(&made);
+    made.setRect({0, 0, 200, 100});
+    made.setSourceDiagram(&diagram);
+    made.setUseCaseZoomRatio(0.5);
+    made.setUseCaseOrigin({7, 0});
+    UXRecordingPaintConfig recording;
+    made.paint(&recording, made.getBoundingRect());
+    const std::string text = recording.getRecording().getText();
+    EXPECT_NE(text.find("scale 0.5,0.5"), std::string::npos) << text;
+    EXPECT_NE(text.find("255,0,0"), std::string::npos) << text;
+
+    made.clearDirtyRect();
+    object->invalidate();
+    EXPECT_FALSE(made.getDirtyRegion().isEmpty());
+    context.setActiveDiagram(&control, &made);
+    EXPECT_EQ(context.getCoordinateMap(&control, &diagram).toControlSpace({10, 0}).x, 12);
+}
