@@ -3,6 +3,7 @@
 #include "kx_enum_map.h"
 #include "ux/ux_color.h"
 #include "ux/ux_font.h"
+#include "ux/ux_hint_info.h"
 #include "ux/ux_point.h"
 #include "ux/ux_rect.h"
 #include "ux/ux_size.h"
@@ -54,6 +55,12 @@ inline UXTextProperty kxMakeOtherValue(UXTextProperty value)
 {
     value.font = kxMakeOtherValue(value.font);
     value.textColor = kxMakeOtherValue(value.textColor);
+    return value;
+}
+
+inline UXHintInfo kxMakeOtherValue(UXHintInfo value)
+{
+    value.distance += 1;
     return value;
 }
 

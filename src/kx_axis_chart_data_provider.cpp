@@ -1,0 +1,121 @@
+#include "kx_axis_chart_data_provider.h"
+
+#include "kx_chart.h"
+#include "kx_chart_data_user.h"
+#include "ux/ux_object_watcher.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+
+/** Which measure a series is, and which member of the dimension that divides it. */
+struct SeriesPlace {
+    std::uint64_t measure = 0;
+    std::uint64_t member = 0;
+    bool isDivided = false;
+};
+
+SeriesPlace obtainPlace(KXAxisChartDataProvider& provider, KXChartDataUser* user, std::uint64_t series)
+{
+    const std::uint64_t members = provider.obtainDimensionDataCount(user, provider.seriesDimension);
+    return members == 0 ? SeriesPlace{series, 0, false}
+                        : SeriesPlace{series / members, series % members, true};
+}
+
+} // namespace
+
+KXAxisChartDataProvider::~KXAxisChartDataProvider() = default;
+
+std::uint64_t KXAxisChartDataProvider::obtainSeriesCount(KXChartDataUser* user)
+{
+    const UXObjectWatcher chart(user->getChart());
+    const std::uint64_t measures = obtainValueCount(user);
+    if (measures == 0 || !chart.isAlive())
+        return 0;
+    const std::uint64_t members = std::max<std::uint64_t>(obtainDimensionDataCount(user, seriesDimension), 1);
+    return measures > (std::numeric_limits<std::uint64_t>::max)() / members
+               ? (std::numeric_limits<std::uint64_t>::max)()
+               : measures * members;
+}
+
+std::string KXAxisChartDataProvider::obtainSeriesLabel(KXChartDataUser* user, std::uint64_t series)
+{
+    const UXObjectWatcher chart(user->getChart());
+    const SeriesPlace place = obtainPlace(*this, user, series);
+    if (!chart.isAlive())
+        return {};
+    if (!place.isDivided)
+        return obtainValueLabel(user, place.measure);
+    const std::string member = obtainDimensionData(user, {seriesDimension, place.member});
+    if (!chart.isAlive() || obtainValueCount(user) < 2 || !chart.isAlive())
+        return member;
+    return member + " - " + obtainValueLabel(user, place.measure);
+}
+
+std::string KXAxisChartDataProvider::obtainSeriesID(KXChartDataUser* user, std::uint64_t series)
+{
+    const UXObjectWatcher chart(user->getChart());
+    const SeriesPlace place = obtainPlace(*this, user, series);
+    if (!chart.isAlive())
+        return {};
+    const std::string measure = obtainValueID(user, place.measure);
+    if (!place.isDivided || !chart.isAlive())
+        return measure;
+    return measure + "/" + obtainDimensionData(user, {seriesDimension, place.member});
+}
+
+KXIndexPath KXAxisChartDataProvider::obtainSeriesValuePath(KXChartDataUser* user, std::uint64_t series,
+                                                           std::uint64_t category)
+{
+    const SeriesPlace place = obtainPlace(*this, user, series);
+    return place.isDivided ? KXIndexPath{place.measure, category, place.member}
+                           : KXIndexPath{place.measure, category};
+}
+
+std::optional<double> KXAxisChartDataProvider::obtainSeriesValue(KXChartDataUser* user, std::uint64_t series,
+                                                                 std::uint64_t category)
+{
+    double value = noNumber;
+    obtainSeriesValues(user, series, category, {&value, 1});
+    return value == value ? std::optional<double>(value) : std::nullopt;
+}
+
+void KXAxisChartDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t series,
+                                                 std::uint64_t firstCategory, std::span<double> values)
+{
+    std::ranges::fill(values, noNumber);
+    const UXObjectWatcher chart(user->getChart());
+    KXIndexPath path = obtainSeriesValuePath(user, series, firstCategory);
+    if (path.size() < 2)
+        return;
+    for (double& value : values) {
+        const bool isNull = !chart.isAlive() || obtainValueDataIsNull(user, path);
+        if (!chart.isAlive())
+            return;
+        if (!isNull)
+            value = obtainValueData(user, path);
+        ++path[1];
+    }
+}
+
+void KXAxisChartDataProvider::obtainCategoryNumbers(KXChartDataUser* user, std::uint64_t firstCategory,
+                                                    std::span<double> numbers)
+{
+    std::ranges::fill(numbers, noNumber);
+    const UXObjectWatcher chart(user->getChart());
+    KXIndexPath path{categoryDimension, firstCategory};
+    for (double& number : numbers) {
+        if (!chart.isAlive())
+            return;
+        number = obtainDimensionDataAsNumber(user, path);
+        ++path[1];
+    }
+}
+
+KXChartDataProviderHintData KXAxisChartDataProvider::obtainHintData(KXChartDataUser*, const KXIndexPath&)
+{
+    return {};
+}

@@ -1,0 +1,219 @@
+#include "kx_axis_chart_data_user.h"
+
+#include "kx_axis_chart_data_provider.h"
+#include "kx_chart.h"
+#include "ux/ux_object_watcher.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+/** Texts of more categories than anyone can see at once are not kept. */
+constexpr std::size_t greatestTextCount = 4096;
+
+const std::string noText;
+const std::vector<double> noValues;
+
+} // namespace
+
+/** The provider's answers, gathered aside: it may destroy the chart, and this with it, in any of them. */
+struct KXAxisChartDataUser::Pulled {
+    explicit Pulled(KXChart* pulling) : chart(pulling) {}
+
+    UXObjectWatcher chart;
+    std::vector<Series> series;
+    std::uint64_t seriesCount = 0;
+    std::uint64_t categoryCount = 0;
+    std::string categoryDimensionLabel;
+    std::string measureLabel;
+    KXChartDataType categoryDataType = KXChartDataType::String;
+    KXChartAggregateType categoryAggregateType{};
+    KXChartDataProviderDimensionSetting categorySetting;
+    bool hasNumber = false;
+};
+
+KXAxisChartDataUser::KXAxisChartDataUser(KXChart* chart) : KXChartDataUser(chart) {}
+
+KXAxisChartDataUser::~KXAxisChartDataUser() = default;
+
+const std::string& KXAxisChartDataUser::getSeriesLabel(std::uint64_t series) const
+{
+    return series < m_series.size() ? m_series[series].label : noText;
+}
+
+const std::string& KXAxisChartDataUser::getSeriesID(std::uint64_t series) const
+{
+    return series < m_series.size() ? m_series[series].id : noText;
+}
+
+const std::vector<double>& KXAxisChartDataUser::getSeriesValues(std::uint64_t series) const
+{
+    return series < m_series.size() ? m_series[series].values : noValues;
+}
+
+double KXAxisChartDataUser::getValue(std::uint64_t series, std::uint64_t category) const
+{
+    const std::vector<double>& values = getSeriesValues(series);
+    return category < values.size() ? values[category] : noNumber;
+}
+
+void KXAxisChartDataUser::resetData()
+{
+    KXChartDataUser::resetData();
+    m_series.clear();
+    m_categoryCount = 0;
+    m_categoryDimensionLabel.clear();
+    m_measureLabel.clear();
+    m_categoryDataType = KXChartDataType::String;
+    m_categoryAggregateType = KXChartAggregateType{};
+    m_categorySetting = {};
+    m_categoryNumbers.clear();
+    m_categoryNumbersPulled = false;
+    m_categoryTexts.clear();
+}
+
+void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
+{
+    auto* axisProvider = dynamic_cast<KXAxisChartDataProvider*>(provider);
+    Pulled pulled(getChart());
+    if (!axisProvider || axisProvider->obtainDataIsEmpty(this) || !pulled.chart.isAlive())
+        return;
+    if (!_pullDimension(*axisProvider, pulled) || !_pullSeries(*axisProvider, pulled))
+        return;
+    m_series = std::move(pulled.series);
+    m_categoryCount = pulled.categoryCount;
+    m_categoryDimensionLabel = std::move(pulled.categoryDimensionLabel);
+    m_measureLabel = std::move(pulled.measureLabel);
+    m_categoryDataType = pulled.categoryDataType;
+    m_categoryAggregateType = pulled.categoryAggregateType;
+    m_categorySetting = std::move(pulled.categorySetting);
+    prepared = pulled.hasNumber;
+}
+
+/** @return false once the chart is gone; the same for the next */
+bool KXAxisChartDataUser::_pullDimension(KXAxisChartDataProvider& provider, Pulled& pulled)
+{
+    constexpr std::uint64_t dimension = KXAxisChartDataProvider::categoryDimension;
+    pulled.categorySetting = provider.obtainDimensionSetting(this, dimension);
+    if (pulled.chart.isAlive())
+        pulled.categoryDataType = provider.obtainDimensionDataType(this, dimension);
+    if (pulled.chart.isAlive())
+        pulled.categoryAggregateType = provider.obtainDimensionAggregateType(this, dimension);
+    if (pulled.chart.isAlive())
+        pulled.categoryDimensionLabel = provider.obtainDimensionLabel(this, dimension);
+    if (pulled.chart.isAlive())
+        pulled.categoryCount = provider.obtainDimensionDataCount(this, dimension);
+    if (pulled.chart.isAlive())
+        pulled.seriesCount = std::min(provider.obtainSeriesCount(this), greatestSeriesCount);
+    if (pulled.chart.isAlive() && provider.obtainValueCount(this) == 1 && pulled.chart.isAlive())
+        pulled.measureLabel = provider.obtainValueLabel(this, 0);
+    const std::uint64_t most = greatestValueCount / std::max<std::uint64_t>(pulled.seriesCount, 1);
+    pulled.categoryCount = std::min(pulled.categoryCount, most);
+    return pulled.chart.isAlive();
+}
+
+bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled)
+{
+    for (std::uint64_t i = 0; i < pulled.seriesCount; ++i) {
+        Series& series = pulled.series.emplace_back();
+        series.values.resize(pulled.categoryCount, noNumber);
+        series.label = provider.obtainSeriesLabel(this, i);
+        if (pulled.chart.isAlive())
+            series.id = provider.obtainSeriesID(this, i);
+        if (pulled.chart.isAlive())
+            provider.obtainSeriesValues(this, i, 0, series.values);
+        if (!pulled.chart.isAlive())
+            return false;
+        for (double& value : series.values) {
+            if (std::isfinite(value))
+                pulled.hasNumber = true;
+            else
+                value = noNumber;
+        }
+    }
+    return true;
+}
+
+std::string KXAxisChartDataUser::obtainCategoryText(std::uint64_t category)
+{
+    return _obtainText(category).text;
+}
+
+bool KXAxisChartDataUser::obtainShouldFormatCategoryText(std::uint64_t category)
+{
+    return _obtainText(category).shouldFormat;
+}
+
+const KXAxisChartDataUser::CategoryText& KXAxisChartDataUser::_obtainText(std::uint64_t category)
+{
+    static const CategoryText none;
+    const auto found = m_categoryTexts.find(category);
+    if (found != m_categoryTexts.end())
+        return found->second;
+    if (category >= m_categoryCount)
+        return none;
+
+    const UXObjectWatcher chart(getChart());
+    const KXIndexPath path{KXAxisChartDataProvider::categoryDimension, category};
+    CategoryText pulled;
+    if (KXChartDataProvider* provider = beginUseDataProvider()) {
+        pulled.text = provider->obtainDimensionData(this, path);
+        if (chart.isAlive())
+            pulled.shouldFormat = provider->shouldFormatDimenionData(this, path);
+    }
+    if (!chart.isAlive())
+        return none;
+    endUseDataProvider();
+    if (m_categoryTexts.size() >= greatestTextCount)
+        m_categoryTexts.clear();
+    return m_categoryTexts[category] = std::move(pulled);
+}
+
+const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()
+{
+    if (m_categoryNumbersPulled || m_categoryDataType == KXChartDataType::String)
+        return m_categoryNumbers;
+    m_categoryNumbersPulled = true;
+    const UXObjectWatcher chart(getChart());
+    std::vector<double> numbers(m_categoryCount, noNumber);
+    if (auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider()))
+        provider->obtainCategoryNumbers(this, 0, numbers);
+    if (!chart.isAlive())
+        return noValues;
+    endUseDataProvider();
+    if (std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); }))
+        m_categoryNumbers = std::move(numbers);
+    return m_categoryNumbers;
+}
+
+KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<std::uint64_t>& series,
+                                                            std::uint64_t categoryCount) const
+{
+    constexpr double largest = (std::numeric_limits<double>::max)();
+    const auto count = static_cast<std::size_t>(std::min(categoryCount, m_categoryCount));
+    double min = largest, max = -largest, stackedMin = 0, stackedMax = 0;
+    std::vector<const double*> lists;
+    for (const std::uint64_t index : series)
+        if (index < m_series.size())
+            lists.push_back(m_series[index].values.data());
+    for (std::size_t category = 0; category < count; ++category) {
+        double up = 0, down = 0;
+        for (const double* values : lists) {
+            const double value = values[category];
+            if (std::isnan(value))
+                continue;
+            min = std::min(min, value);
+            max = std::max(max, value);
+            (value < 0 ? down : up) += value;
+        }
+        stackedMin = std::min(stackedMin, down);
+        stackedMax = std::max(stackedMax, up);
+    }
+    if (min > max)
+        return {};
+    return {min, max, std::max(stackedMin, -largest), std::min(stackedMax, largest)};
+}

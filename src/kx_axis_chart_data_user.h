@@ -1,0 +1,99 @@
+#pragma once
+
+#include "kx_chart_aggregate_type.h"
+#include "kx_chart_data_provider_dimension_setting.h"
+#include "kx_chart_data_type.h"
+#include "kx_chart_data_user.h"
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class KXAxisChartDataProvider;
+
+/** The range of some series, and of their sums: each category's positive values stack up from zero, its
+ * negative ones down. Zero without any number. */
+struct KXAxisChartValueRange {
+    double min = 0, max = 0;
+    double stackedMin = 0, stackedMax = 0;
+
+    friend bool operator==(const KXAxisChartValueRange&, const KXAxisChartValueRange&) = default;
+};
+
+/**
+ * Pulls the data of an axis chart: the values once, as one dense list per series, and the texts of categories
+ * when they are asked for. Beyond the texts of a few thousand categories it keeps 8 bytes per value, and 8
+ * per category of a continuous axis.
+ */
+class KX_EXPORT KXAxisChartDataUser : public KXChartDataUser {
+public:
+    /** Not more series and values than these are pulled, whatever the provider has. */
+    static constexpr std::uint64_t greatestSeriesCount = 10'000;
+    static constexpr std::uint64_t greatestValueCount = std::uint64_t{1} << 27;
+
+    explicit KXAxisChartDataUser(KXChart* chart);
+    ~KXAxisChartDataUser() override;
+
+    // What was pulled, empty until then. A series or category past the count has neither text nor value.
+    std::uint64_t getSeriesCount() const { return m_series.size(); }
+    std::uint64_t getCategoryCount() const { return m_categoryCount; }
+    const std::string& getSeriesLabel(std::uint64_t series) const;
+    const std::string& getSeriesID(std::uint64_t series) const;
+    /** @return one value per category, NaN where there is none; every other number is finite */
+    const std::vector<double>& getSeriesValues(std::uint64_t series) const;
+    double getValue(std::uint64_t series, std::uint64_t category) const;
+    /** @return what the categories are together: "Month" */
+    const std::string& getCategoryDimensionLabel() const { return m_categoryDimensionLabel; }
+    /** @return what the values are: the measure's label; empty where there are several measures */
+    const std::string& getMeasureLabel() const { return m_measureLabel; }
+    KXChartDataType getCategoryDataType() const { return m_categoryDataType; }
+    KXChartAggregateType getCategoryAggregateType() const { return m_categoryAggregateType; }
+    /** @return the host's settings of the categories. The first flag proposes a continuous axis. */
+    const KXChartDataProviderDimensionSetting& getCategorySetting() const { return m_categorySetting; }
+
+    // Asked of the provider at the first call for the prepared data. The provider may destroy the chart.
+    /** @return the host's text of a category; empty past the count */
+    std::string obtainCategoryText(std::uint64_t category);
+    /** @return whether the host wants that text formatted as the date or time that it is */
+    bool obtainShouldFormatCategoryText(std::uint64_t category);
+    /** @return where the categories stand on a continuous axis, one finite number each; empty where the
+     * categories are no numbers, or one of them has none */
+    const std::vector<double>& obtainCategoryNumbers();
+
+    /** @param series those that count
+     *  @param categoryCount only the first categories count */
+    KXAxisChartValueRange obtainValueRange(const std::vector<std::uint64_t>& series,
+                                           std::uint64_t categoryCount) const;
+
+    // From KXChartDataUser
+    void customPrepareData(KXChartDataProvider* provider, bool& prepared) override;
+    void resetData() override;
+
+private:
+    struct Series {
+        std::string label;
+        std::string id;
+        std::vector<double> values;
+    };
+    struct CategoryText {
+        std::string text;
+        bool shouldFormat = true;
+    };
+    struct Pulled;
+
+    bool _pullDimension(KXAxisChartDataProvider& provider, Pulled& pulled);
+    bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
+    const CategoryText& _obtainText(std::uint64_t category);
+
+    std::vector<Series> m_series;
+    std::uint64_t m_categoryCount = 0;
+    std::string m_categoryDimensionLabel;
+    std::string m_measureLabel;
+    KXChartDataType m_categoryDataType = KXChartDataType::String;
+    KXChartAggregateType m_categoryAggregateType{};
+    KXChartDataProviderDimensionSetting m_categorySetting;
+    std::vector<double> m_categoryNumbers;
+    bool m_categoryNumbersPulled = false;
+    std::unordered_map<std::uint64_t, CategoryText> m_categoryTexts;
+};

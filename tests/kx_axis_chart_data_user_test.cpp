@@ -1,0 +1,152 @@
+#include "kx_axis_chart_data_user.h"
+
+#include "kx_axis_chart_property.h"
+#include "kx_axis_chart_test_provider.h"
+#include "kx_chart.h"
+#include "kx_key_walk.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr double null = KXAxisChartTestProvider::null;
+constexpr double infinite = std::numeric_limits<double>::infinity();
+
+class DataChart : public KXChart, public KXAxisChartDataUser {
+public:
+    DataChart() : KXAxisChartDataUser(this) {}
+    void customReloadData() override {}
+
+protected:
+    void _customLayout(UXRect) override {}
+};
+
+/** Two measures, three categories, two members that divide each measure. */
+class DividedProvider : public KXAxisChartTestProvider {
+public:
+    std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override
+    {
+        return dimension == seriesDimension ? 2 : 3;
+    }
+    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return static_cast<double>(100 * path.at(0) + 10 * path.at(2) + path.at(1));
+    }
+    bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath&) override { return false; }
+};
+
+} // namespace
+
+TEST(KXAxisChartProperty, EveryKey) { KX_WALK_KEYS(KXAxisChartProperty, KX_AXIS_CHART_PROPERTY_KEYS); }
+
+TEST(KXAxisChartDataUser, PullsEachValueOnceAndTextsOnDemand)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, null, -3}, {infinite, 5, 6}};
+    provider.categoryType = KXChartDataType::Integer;
+    DataChart chart;
+    chart.setDataProvider(&provider);
+    chart.prepareData();
+    chart.reloadData();
+    EXPECT_TRUE(chart.preparedAndReloadedData());
+    EXPECT_EQ(provider.asked["isNull"], 6);
+    EXPECT_EQ(provider.asked["value"], 5);
+    EXPECT_TRUE(provider.askedTexts.empty());
+    EXPECT_EQ(provider.asked["number"], 0);
+    EXPECT_EQ(chart.getSeriesCount(), 2);
+    EXPECT_EQ(chart.getSeriesLabel(1), "s1");
+    EXPECT_EQ(chart.getValue(0, 2), -3);
+    EXPECT_EQ(chart.getMeasureLabel(), "");
+    for (const auto& [series, category] : {std::pair{0, 1}, {1, 0}, {0, 3}, {2, 0}})
+        EXPECT_TRUE(std::isnan(
+            chart.getValue(static_cast<std::uint64_t>(series), static_cast<std::uint64_t>(category))));
+
+    for (const std::uint64_t category : {2, 2, 0, 2, 3})
+        EXPECT_EQ(chart.obtainCategoryText(category), category < 3 ? "c" + std::to_string(category) : "");
+    EXPECT_EQ(provider.askedTexts, (std::vector<std::uint64_t>{2, 0}));
+    EXPECT_EQ(chart.obtainCategoryNumbers(), (std::vector<double>{0, 1, 2}));
+    EXPECT_EQ(chart.obtainCategoryNumbers().size(), 3);
+    EXPECT_EQ(provider.asked["number"], 3);
+    provider.categoryNumber = [](std::uint64_t category) { return category == 1 ? null : 0; };
+    chart.prepareData();
+    EXPECT_TRUE(chart.obtainCategoryNumbers().empty()) << "a category without a number";
+}
+
+TEST(KXAxisChartDataUser, SeriesAreMeasuresDividedByTheMembersOfTheSecondDimension)
+{
+    DividedProvider provider;
+    provider.values = {{}, {}};
+    DataChart chart;
+    chart.setDataProvider(&provider);
+    chart.prepareData();
+    ASSERT_EQ(chart.getSeriesCount(), 4);
+    EXPECT_EQ(chart.getSeriesValues(3), (std::vector<double>{110, 111, 112}));
+    EXPECT_EQ(chart.getSeriesLabel(3), "c1 - s1");
+    EXPECT_EQ(chart.getSeriesID(2), "s1/c0");
+    EXPECT_EQ(provider.obtainSeriesValuePath(&chart, 3, 2), (KXIndexPath{1, 2, 1}));
+    EXPECT_EQ(provider.obtainSeriesValue(&chart, 1, 2), 12);
+}
+
+TEST(KXAxisChartDataUser, Ranges)
+{
+    constexpr double largest = (std::numeric_limits<double>::max)();
+    using Values = std::vector<std::vector<double>>;
+    struct Case {
+        const char* name;
+        Values values;
+        std::vector<std::uint64_t> series;
+        std::uint64_t count;
+        KXAxisChartValueRange expected;
+    };
+    const Case cases[] = {
+        {"signs stack apart", {{1, -2, 3}, {4, -5, null}}, {0, 1}, 9, {-5, 4, -7, 5}},
+        {"one series", {{1, -2, 3}, {4, -5, null}}, {0}, 9, {-2, 3, -2, 3}},
+        {"the first categories", {{1, -2, 3}}, {0}, 1, {1, 1, 0, 1}},
+        {"no number", {{null, null, null}}, {0}, 9, {}},
+        {"no such series", {{1, 2, 3}}, {7}, 9, {}},
+        {"sums beyond a double",
+         {{largest, -largest, 0}, {largest, -largest, 0}},
+         {0, 1},
+         3,
+         {-largest, largest, -largest, largest}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXAxisChartTestProvider provider;
+        provider.values = c.values;
+        DataChart chart;
+        chart.setDataProvider(&provider);
+        chart.prepareData();
+        EXPECT_EQ(chart.obtainValueRange(c.series, c.count), c.expected);
+    }
+}
+
+TEST(KXAxisChartDataUser, TheProviderMayDestroyTheChartInAnyAnswer)
+{
+    KXAxisChartTestProvider provider;
+    provider.categoryType = KXChartDataType::Float;
+    DataChart whole;
+    whole.setDataProvider(&provider);
+    whole.prepareData();
+    whole.obtainCategoryText(0);
+    whole.obtainCategoryNumbers();
+    for (const auto& [call, count] : std::map<std::string, int>(provider.asked)) {
+        SCOPED_TRACE(call);
+        auto chart = std::make_unique<DataChart>();
+        provider.onCall = [&, name = call](const std::string& asked) {
+            if (asked == name)
+                chart.reset();
+        };
+        DataChart* asking = chart.get();
+        asking->setDataProvider(&provider);
+        asking->prepareData();
+        if (chart)
+            asking->obtainCategoryText(0);
+        if (chart)
+            asking->obtainCategoryNumbers();
+        EXPECT_FALSE(chart);
+    }
+}

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "kx_axis_chart_data_provider.h"
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+/** A provider of a small table that a test sets: one list of values per series, NaN for a null. It counts its
+ * questions by name, and notes every category whose text is asked for. */
+class KXAxisChartTestProvider : public KXAxisChartDataProvider {
+public:
+    static constexpr double null = std::numeric_limits<double>::quiet_NaN();
+
+    std::vector<std::vector<double>> values{{1, 2, 3}};
+    std::uint64_t categoryCount = 3;
+    KXChartDataType categoryType = KXChartDataType::String;
+    KXChartDataProviderDimensionSetting setting;
+    std::map<std::string, int> asked;
+    std::vector<std::uint64_t> askedTexts;
+    std::vector<KXChartDataPath> paths; // copies of those that came with clicks and highlights
+    bool wantsHighlight = false;
+    KXChartDataProviderHintData hint;
+    std::function<std::string(std::uint64_t)> categoryText;
+    std::function<double(std::uint64_t)> categoryNumber;
+    std::function<void(const std::string&)> onCall;
+
+    void beginPrepareData(KXChartDataUser*) override { _note("begin"); }
+    void endPrepareData(KXChartDataUser*) override { _note("end"); }
+    bool obtainDataIsEmpty(KXChartDataUser*) override { return _answer("isEmpty", values.empty()); }
+    KXChartDataProviderDimensionSetting obtainDimensionSetting(KXChartDataUser*, std::uint64_t) override
+    {
+        return _answer("setting", setting);
+    }
+    std::string obtainDimensionLabel(KXChartDataUser*, std::uint64_t) override
+    {
+        return _answer("dimensionLabel", std::string("Categories"));
+    }
+    KXChartDataType obtainDimensionDataType(KXChartDataUser*, std::uint64_t) override
+    {
+        return _answer("dimensionType", categoryType);
+    }
+    std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override
+    {
+        return dimension == 0 ? _answer("categoryCount", categoryCount) : 0;
+    }
+    std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        askedTexts.push_back(path.at(1));
+        const std::string text = categoryText ? categoryText(path[1]) : "c" + std::to_string(path[1]);
+        return _answer("text", text);
+    }
+    double obtainDimensionDataAsNumber(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("number",
+                       categoryNumber ? categoryNumber(path.at(1)) : static_cast<double>(path.at(1)));
+    }
+    std::uint64_t obtainValueCount(KXChartDataUser*) override
+    {
+        return _answer("valueCount", std::uint64_t{values.size()});
+    }
+    std::string obtainValueLabel(KXChartDataUser*, std::uint64_t value) override
+    {
+        return _answer("valueLabel", "s" + std::to_string(value));
+    }
+    bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("isNull", std::isnan(_value(path)));
+    }
+    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return _answer("value", _value(path));
+    }
+    bool obtainDataShouldLeftClickAction(KXChartDataUser*, KXChartDataPath*) override { return true; }
+    std::function<void()> obtainDataLeftClickAction(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        paths.push_back(*path);
+        return _answer("leftClickAction", std::function<void()>());
+    }
+    bool obtainDataShouldRightClickAction(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        paths.push_back(*path);
+        return _answer("shouldRightClick", true);
+    }
+    bool obtainDataShouldLinkedHighlightAction(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        paths.push_back(*path);
+        return _answer("shouldHighlight", wantsHighlight);
+    }
+    KXChartDataProviderHintData obtainHintData(KXChartDataUser*, const KXIndexPath&) override
+    {
+        return _answer("hint", hint);
+    }
+
+private:
+    double _value(const KXIndexPath& path) const
+    {
+        const std::vector<double>& list = values.at(path.at(0));
+        return path.at(1) < list.size() ? list[path[1]] : null;
+    }
+    void _note(const std::string& call)
+    {
+        ++asked[call];
+        if (onCall)
+            onCall(call);
+    }
+    template <class T>
+    T _answer(const std::string& call, T answer)
+    {
+        _note(call); // may destroy the chart; the answer is the one from before
+        return answer;
+    }
+};
