@@ -12,7 +12,8 @@ bool isConnection(const std::string& data) { return data.find("://") != std::str
 } // namespace
 
 ChartDataSource::ChartDataSource(const std::string& data, const std::string& binding,
-                                 const CsvReader::ProgressHandler& progress)
+                                 const CsvReader::ProgressHandler& progress,
+                                 const ProviderMaker& makeProvider)
 {
     const DataBinding bound = DataBindingReader(binding).readFile();
     m_session = std::make_unique<SqlSession>(isConnection(data) ? data : std::string());
@@ -23,7 +24,8 @@ ChartDataSource::ChartDataSource(const std::string& data, const std::string& bin
         importer.setProgressHandler(progress);
         importer.importFile(data, bound.table);
     }
-    m_provider = std::make_unique<SqlDataProvider>(*m_session, bound);
+    m_provider = makeProvider ? makeProvider(*m_session, bound)
+                              : std::make_unique<SqlDataProvider>(*m_session, bound);
 }
 
 ChartDataSource::~ChartDataSource() = default;

@@ -3,49 +3,25 @@
 #include "chart_data_source.h"
 #include "chart_document.h"
 #include "chart_picture.h"
+#include "chart_sample.h"
 #include "gallery_page.h"
 #include "host_error.h"
-#include "json_cursor.h"
-#include "json_document.h"
 #include "kx_chart_property.h"
 #include "sql_data_provider.h"
-#include "text_file.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "whole_file.h"
 
 #include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 
 namespace {
 
 constexpr int badInput = 2;
 
-struct Sample {
-    std::string name, chart, binding, data;
-};
-
-std::vector<Sample> readSamples(const std::filesystem::path& folder)
-{
-    const std::string list = (folder / "gallery.json").string();
-    const nlohmann::json parsed = parseJsonDocument(list, readTextFile(list));
-    std::vector<Sample> samples;
-    JsonCursor(list, parsed).visitList([&](const JsonCursor& entry) {
-        entry.requireKeys({"chart", "binding", "data"});
-        Sample sample;
-        sample.chart = (folder / entry.getValue("chart").readText()).string();
-        sample.binding = (folder / entry.getValue("binding").readText()).string();
-        sample.data = (folder / entry.getValue("data").readText()).string();
-        const std::string file = std::filesystem::path(sample.chart).filename().string();
-        sample.name = file.substr(0, file.find('.'));
-        samples.push_back(sample);
-    });
-    return samples;
-}
-
 /** A saved chart that is read and saved again has to be the same document. */
-void requireSavesAlike(const Sample& sample, const ChartDocument& document, const std::filesystem::path& out)
+void requireSavesAlike(const ChartSample& sample, const ChartDocument& document,
+                       const std::filesystem::path& out)
 {
     const std::string saved = document.save();
     const std::string path = (out / (sample.name + ".json")).string();
@@ -54,7 +30,7 @@ void requireSavesAlike(const Sample& sample, const ChartDocument& document, cons
         throw HostError(sample.chart, "", "changes when it is saved, read and saved again");
 }
 
-void drawSample(const Sample& sample, const std::filesystem::path& out)
+void drawSample(const ChartSample& sample, const std::filesystem::path& out)
 {
     ChartDocument document(sample.chart);
     requireSavesAlike(sample, document, out);
@@ -81,8 +57,8 @@ void drawGallery(const std::filesystem::path& folder, const std::filesystem::pat
         throw HostError(out.string(), "", "cannot be made: " + error.message());
     uxCairoInstall();
     GalleryPage page;
-    const std::vector<Sample> samples = readSamples(folder);
-    for (const Sample& sample : samples) {
+    const std::vector<ChartSample> samples = readChartSamples(folder.string());
+    for (const ChartSample& sample : samples) {
         drawSample(sample, out);
         page.addSample(sample.name, ChartDocument(sample.chart).getChart().getChartProperty()->getRemarks(),
                        std::filesystem::path(sample.data).filename().string());

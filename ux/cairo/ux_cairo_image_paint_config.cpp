@@ -46,17 +46,30 @@ UXSize UXCairoImagePaintConfig::getPixelSize() const
     return {cairo_image_surface_get_width(getSurface()), cairo_image_surface_get_height(getSurface())};
 }
 
+const std::uint32_t* UXCairoImagePaintConfig::getPixels() const
+{
+    if (!isPaintConfigValid())
+        return nullptr;
+    cairo_surface_flush(getSurface());
+    return reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(getSurface()));
+}
+
+int UXCairoImagePaintConfig::getRowLength() const
+{
+    return isPaintConfigValid()
+               ? cairo_image_surface_get_stride(getSurface()) / static_cast<int>(sizeof(std::uint32_t))
+               : 0;
+}
+
 UXImage UXCairoImagePaintConfig::obtainImage() const
 {
     const UXSize size = getPixelSize();
     if (size.width < 1)
         return {};
-    cairo_surface_flush(getSurface());
-    const unsigned char* row = cairo_image_surface_get_data(getSurface());
-    const int stride = cairo_image_surface_get_stride(getSurface());
+    const std::uint32_t* row = getPixels();
     const std::size_t width = static_cast<std::size_t>(size.width);
     std::vector<std::uint32_t> pixels(width * static_cast<std::size_t>(size.height));
-    for (int y = 0; y < size.height; ++y, row += stride)
+    for (int y = 0; y < size.height; ++y, row += getRowLength())
         std::memcpy(&pixels[width * static_cast<std::size_t>(y)], row, width * sizeof pixels[0]);
     return {size.width, size.height, std::move(pixels)};
 }

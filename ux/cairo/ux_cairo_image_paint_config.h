@@ -5,6 +5,7 @@
 #include "ux/ux_image.h"
 #include "ux/ux_size.h"
 
+#include <cstdint>
 #include <string>
 
 /** Paints into memory, on a ground that is clear at first, to be had as pixels or as a PNG file. */
@@ -19,6 +20,11 @@ public:
 
     /** @return width and height in pixels, 0 x 0 for an invalid configuration */
     UXSize getPixelSize() const;
+
+    /** @return what has been painted so far, lent: rows from the top, getRowLength() values each, as UXImage
+     * has them; null for an invalid configuration */
+    const std::uint32_t* getPixels() const;
+    int getRowLength() const;
 
     /** @return a copy of what has been painted so far, without pixels for an invalid configuration */
     UXImage obtainImage() const;

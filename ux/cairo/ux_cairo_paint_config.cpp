@@ -5,8 +5,8 @@
 #include <cairo.h>
 #include <cmath>
 
-UXCairoPaintConfig::UXCairoPaintConfig(UXCairoSurface* surface, double scale)
-    : m_surface(surface ? cairo_surface_reference(surface) : nullptr), m_scale(scale)
+UXCairoPaintConfig::UXCairoPaintConfig(UXCairoSurface* surface, double scale, const UXDoublePoint& origin)
+    : m_surface(surface ? cairo_surface_reference(surface) : nullptr), m_scale(scale), m_origin(origin)
 {
 }
 
@@ -18,11 +18,11 @@ UXCairoPaintConfig::~UXCairoPaintConfig()
 
 UXPainter* UXCairoPaintConfig::createPainter(UXObject*)
 {
-    return isPaintConfigValid() ? new UXCairoPainter(m_surface, m_scale) : nullptr;
+    return isPaintConfigValid() ? new UXCairoPainter(m_surface, m_scale, m_origin) : nullptr;
 }
 
 bool UXCairoPaintConfig::isPaintConfigValid() const
 {
     return m_surface && cairo_surface_status(m_surface) == CAIRO_STATUS_SUCCESS && m_scale > 1e-3 &&
-           m_scale < 1e3;
+           m_scale < 1e3 && std::isfinite(m_origin.x) && std::isfinite(m_origin.y);
 }

@@ -149,7 +149,8 @@ private:
     int m_lowestDepth = 0; // of the scope around this one
 };
 
-UXCairoPainter::UXCairoPainter(UXCairoSurface* surface, double scale) : m_context(cairo_create(surface))
+UXCairoPainter::UXCairoPainter(UXCairoSurface* surface, double scale, const UXDoublePoint& origin)
+    : m_context(cairo_create(surface))
 {
     double sx = 1, sy = 1, dx = 0, dy = 0;
     cairo_surface_get_device_scale(surface, &sx, &sy);
@@ -158,8 +159,8 @@ UXCairoPainter::UXCairoPainter(UXCairoSurface* surface, double scale) : m_contex
     m_toDevice = m_ground;
     m_deviceScale = sx * scale;
     cairo_set_line_width(m_context, 1);
-    if (scale != 1)
-        _transform(UXTransform{}.scaled(scale, scale));
+    if (scale != 1 || origin.x != 0 || origin.y != 0)
+        _transform(UXTransform{}.translated(origin.x, origin.y).scaled(scale, scale));
 }
 
 UXCairoPainter::~UXCairoPainter() { cairo_destroy(m_context); }

@@ -13,8 +13,9 @@ public:
     /**
      * @param surface kept alive as long as the painter
      * @param scale units of the surface per logical unit, beside the surface's device scale
+     * @param origin of the logical units, in units of the surface
      */
-    UXCairoPainter(UXCairoSurface* surface, double scale);
+    UXCairoPainter(UXCairoSurface* surface, double scale, const UXDoublePoint& origin);
     ~UXCairoPainter() override;
 
     // From UXPainter: set-up

@@ -1,0 +1,85 @@
+#include "view_board.h"
+
+#include "chart_data_source.h"
+#include "chart_document.h"
+#include "kx_chart.h"
+#include "kx_chart_data_action.h"
+#include "kx_chart_data_provider.h"
+#include "kx_chart_data_user.h"
+#include "ux/ux_hint_delegate.h"
+#include "view_grid.h"
+
+#include <algorithm>
+#include <utility>
+
+ViewBoard::ViewBoard() = default;
+
+ViewBoard::~ViewBoard() = default;
+
+void ViewBoard::addDocument(std::unique_ptr<ChartDocument> document, std::unique_ptr<ChartDataSource> source)
+{
+    m_sources.push_back(std::move(source));
+    m_documents.push_back(std::move(document));
+    addChart(m_documents.back()->getChart());
+}
+
+void ViewBoard::addChart(KXChart& chart)
+{
+    m_cards.push_back(std::make_unique<ViewCard>(chart));
+    m_diagram.addChild(m_cards.back().get());
+}
+
+void ViewBoard::arrange(const UXSize& room)
+{
+    const ViewGrid grid = arrangeViewGrid(m_cards.size(), room);
+    m_diagram.setRect(UXRect(0, 0, grid.size.width, grid.size.height));
+    for (std::size_t i = 0; i < grid.cells.size(); ++i)
+        m_cards[i]->setRect(grid.cells[i]);
+}
+
+ViewCard* ViewBoard::getFocusedCard() const
+{
+    const UXObject* focused = m_diagram.getFocusedObject();
+    const auto found = std::ranges::find_if(m_cards, [focused](const std::unique_ptr<ViewCard>& card) {
+        return focused && (focused == card.get() || focused->hasParent(card.get()));
+    });
+    return found == m_cards.end() ? nullptr : found->get();
+}
+
+void ViewBoard::moveFocus(bool forwards)
+{
+    if (m_cards.empty())
+        return;
+    const auto present = std::ranges::find(m_cards, getFocusedCard(), &std::unique_ptr<ViewCard>::get);
+    const std::size_t count = m_cards.size();
+    const auto index = static_cast<std::size_t>(present - m_cards.begin());
+    std::size_t next = forwards ? 0 : count - 1;
+    if (index < count)
+        next = (index + (forwards ? 1 : count - 1)) % count;
+    hideFocusRing();
+    m_diagram.setFocusedObject(&m_cards[next]->getChart());
+    m_cards[next]->setShowRing(true);
+}
+
+void ViewBoard::hideFocusRing()
+{
+    for (const std::unique_ptr<ViewCard>& card : m_cards)
+        card->setShowRing(false);
+}
+
+void ViewBoard::activateFocusedChart()
+{
+    const ViewCard* card = getFocusedCard();
+    KXChartDataUser* user = card ? card->getChart().obtainLegendDataUser() : nullptr;
+    auto* action = card ? dynamic_cast<KXChartDataAction*>(&card->getChart()) : nullptr;
+    if (user && action)
+        action->triggerLeftClickAction(user);
+}
+
+void ViewBoard::hideHints()
+{
+    for (const std::unique_ptr<ViewCard>& card : m_cards) {
+        if (auto* hint = dynamic_cast<UXHintDelegate*>(&card->getChart()))
+            hint->hideHint();
+    }
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "ux/ux_context.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_size.h"
+#include "view_card.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+class ChartDataSource;
+class ChartDocument;
+class KXChart;
+
+/** Charts on one diagram, each on a card: what a window shows. A board of another kind derives from this and
+ * arranges its cards otherwise. */
+class ViewBoard {
+public:
+    ViewBoard();
+    virtual ~ViewBoard();
+    ViewBoard(const ViewBoard&) = delete;
+    ViewBoard& operator=(const ViewBoard&) = delete;
+
+    UXContext& getContext() { return m_context; }
+    UXDiagram& getDiagram() { return m_diagram; }
+
+    // Charts
+    /** Takes a document and the source that its chart has its data from. */
+    void addDocument(std::unique_ptr<ChartDocument> document, std::unique_ptr<ChartDataSource> source);
+    /** @param chart its owner's; it goes before the board does */
+    void addChart(KXChart& chart);
+    std::size_t getChartCount() const { return m_cards.size(); }
+    KXChart& getChart(std::size_t index) const { return m_cards[index]->getChart(); }
+
+    /** Gives every card its place, and the diagram the size that they need.
+     *  @param room what a window shows without scrolling, logical units */
+    virtual void arrange(const UXSize& room);
+
+    // Keyboard
+    /** @return the card whose chart, or a part of it, receives keys; null for none */
+    ViewCard* getFocusedCard() const;
+    /** Hands the keys on to the next card, or the one before, and shows where they are. */
+    void moveFocus(bool forwards);
+    /** Hides the ring until the keyboard is used again. */
+    void hideFocusRing();
+    /** Does what a left click on the focused chart does. */
+    void activateFocusedChart();
+    void hideHints();
+
+protected:
+    const std::vector<std::unique_ptr<ViewCard>>& getCards() const { return m_cards; }
+
+private:
+    // Charts leave their cards first, and cards their diagram; what charts ask goes last.
+    std::vector<std::unique_ptr<ChartDataSource>> m_sources;
+    UXContext m_context;
+    UXDiagram m_diagram{&m_context};
+    std::vector<std::unique_ptr<ViewCard>> m_cards;
+    std::vector<std::unique_ptr<ChartDocument>> m_documents;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "sql_data_provider.h"
+#include "view_menu_entry.h"
+
+#include <functional>
+#include <string>
+
+/** What a window does when its user turns to an item of a chart. Empty handlers do nothing. */
+struct ViewItemHandlers {
+    std::function<void(const std::string& text)> itemClicked;   // the item, as one line
+    std::function<void(const std::string& text)> copyRequested; // what goes to the clipboard
+};
+
+/** Answers charts from a table, and lets their user click items: a left click names the item, a right click
+ * offers to copy it. */
+class ViewDataProvider : public SqlDataProvider {
+public:
+    /** @param session, handlers outlive this object; handlers are looked at when something is clicked */
+    ViewDataProvider(SqlSession& session, DataBinding binding, const ViewItemHandlers& handlers);
+
+    // From KXChartDataProvider
+    bool obtainDataShouldRightClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
+    /** @return ViewMenuEntries, this object's until the next question */
+    void* obtainDataRightClickContext(KXChartDataUser* user, KXChartDataPath* path) override;
+    bool obtainDataShouldLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
+    std::function<void()> obtainDataLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
+
+private:
+    /** What an item is called, and what it says. */
+    struct Item {
+        std::string label, value;
+
+        std::string obtainLine() const { return label.empty() ? value : label + ": " + value; }
+    };
+
+    Item _obtainItem(KXChartDataUser* user, const KXChartDataPath* path);
+    std::function<void()> _makeCopyAction(const std::string& text) const;
+
+    const ViewItemHandlers& m_handlers;
+    ViewMenuEntries m_menu;
+};
