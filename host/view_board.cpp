@@ -70,8 +70,11 @@ void ViewBoard::hideFocusRing()
 void ViewBoard::activateFocusedChart()
 {
     const ViewCard* card = getFocusedCard();
-    KXChartDataUser* user = card ? card->getChart().obtainLegendDataUser() : nullptr;
-    auto* action = card ? dynamic_cast<KXChartDataAction*>(&card->getChart()) : nullptr;
+    // What stands on the chart and has the keys for itself, such as a text, is no click on the chart.
+    if (!card || m_diagram.getFocusedObject() != &card->getChart())
+        return;
+    KXChartDataUser* user = card->getChart().obtainLegendDataUser();
+    auto* action = dynamic_cast<KXChartDataAction*>(&card->getChart());
     if (user && action)
         action->triggerLeftClickAction(user);
 }

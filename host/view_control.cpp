@@ -16,7 +16,7 @@ namespace {
 
 constexpr UXColor groundColor(243, 244, 246);
 constexpr int presentUseCase = 1, interactiveUseCase = 2;
-/** One notch of the wheel, or one press of an arrow key, in logical units. */
+/** One press of an arrow key, in logical units. */
 constexpr double scrollStep = 48;
 /** A page keeps a bit of what was shown, so that the eye finds its place. */
 constexpr double pageShare = 0.9;
@@ -44,12 +44,15 @@ double obtainScrollInto(double begin, double end, double room)
 
 } // namespace
 
-ViewControl::ViewControl(ViewBoard& board) : m_board(board)
+ViewControl::ViewControl(ViewBoard& board)
+    : m_board(board), m_scrollBars([this](double dx, double dy) { _scroll(dx, dy); })
 {
     setUseCases({presentUseCase, interactiveUseCase});
     UXDiagram& diagram = board.getDiagram();
     diagram.registerGlobalEventDiagram(&m_hints);
     diagram.registerGlobalEventDiagram(&m_menu);
+    diagram.registerGlobalEventDiagram(&m_scrollBars);
+    diagram.registerGlobalEventDiagram(&m_scroller);
     board.getContext().setActiveDiagram(this, &diagram);
     resize({1, 1}, 1);
 }
@@ -129,17 +132,14 @@ void ViewControl::press(const UXControlPoint& point, const UXEvent& event)
 
 void ViewControl::turnWheel(const UXControlPoint& point, const UXEvent& event)
 {
-    const UXDoublePoint turned = event.getWheelDelta();
     if (!event.containsEventKey(UXEventKey::Ctrl)) {
-        const double step = scrollStep * getScalingFactor();
-        if (!mouseWheel(point, event))
-            _scroll(turned.x * step, turned.y * step);
+        mouseWheel(point, event);
         return;
     }
     // A touch pad turns by parts of a notch.
     UXEvent own = event;
     own.setMousePoint(controlSpaceToDiagramSpace(point));
-    m_wheelTurn += turned.y;
+    m_wheelTurn += event.getWheelDelta().y;
     for (; m_wheelTurn <= -1; ++m_wheelTurn)
         zoomIn(true, own);
     for (; m_wheelTurn >= 1; --m_wheelTurn)
@@ -256,6 +256,7 @@ void ViewControl::_openFocusedMenu()
     event.setControlPoint(diagramSpaceToControlSpace(middle));
     event.setControl(this);
     card->getChart().triggerEventHandler(event);
+    m_menu.lightFirstEntry();
 }
 
 void ViewControl::setDiagramDoubleOriginInControlSpace(const UXDoubleControlPoint& origin)
@@ -288,4 +289,6 @@ void ViewControl::notifyResetScroller()
 {
     // Zoom and size move the origin by themselves.
     setDiagramDoubleOriginInControlSpace(getDiagramDoubleOriginInControlSpace());
+    m_scrollBars.update(diagramSpaceToControlSpace(m_board.getDiagram().getBoundingRect()), getControlRect(),
+                        getScalingFactor());
 }

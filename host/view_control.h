@@ -3,8 +3,10 @@
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/ux_control.h"
 #include "ux/ux_dirty_region.h"
+#include "ux/ux_global_smooth_scrolling_event_diagram.h"
 #include "view_menu.h"
 #include "view_overlay.h"
+#include "view_scroll_bars.h"
 
 #include <memory>
 #include <vector>
@@ -39,7 +41,7 @@ public:
 
     // Input whose meaning the board's charts leave to the view; the other kinds go to UXControl's own
     void press(const UXControlPoint& point, const UXEvent& event);
-    /** Scrolls what lies under the pointer, or else the board; with Ctrl it zooms. */
+    /** With Ctrl it zooms; otherwise the board, or what lies under the pointer, scrolls. */
     void turnWheel(const UXControlPoint& point, const UXEvent& event);
     void pressKey(const UXEvent& event);
 
@@ -70,6 +72,8 @@ private:
     ViewBoard& m_board;
     ViewOverlay m_hints;
     ViewMenu m_menu;
+    ViewScrollBars m_scrollBars;
+    UXGlobalSmoothScrollingEventDiagram m_scroller;
     std::unique_ptr<UXCairoImagePaintConfig> m_picture;
     bool m_allDirty = true;
     double m_wheelTurn = 0; // towards the next step of the zoom, in notches

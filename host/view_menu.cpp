@@ -59,6 +59,12 @@ void ViewMenu::close()
     m_menuRect = {};
 }
 
+void ViewMenu::lightFirstEntry()
+{
+    if (isOpen())
+        _light(0);
+}
+
 void ViewMenu::_markDirty()
 {
     const int reach = toPixels(shadowReach, m_scale);

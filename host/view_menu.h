@@ -17,6 +17,8 @@ public:
      *  @param scale pixels per logical unit */
     void open(const ViewMenuEntries& entries, UXPoint point, const UXSize& room, double scale);
     void close();
+    /** Begins with the first entry, as for someone who opened the menu by a key. */
+    void lightFirstEntry();
     bool isOpen() const { return !m_entries.empty(); }
     /** @return the menu's place in the control's pixels, empty while it is closed */
     UXRect getMenuRect() const { return m_menuRect; }

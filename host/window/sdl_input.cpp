@@ -10,6 +10,7 @@ int obtainKeyCode(SDL_Keycode key)
         SDL_Keycode key;
         int code;
     } codes[] = {
+        {SDLK_BACKSPACE, static_cast<int>(UXKeyCode::Backspace)},
         {SDLK_TAB, static_cast<int>(UXKeyCode::Tab)},
         {SDLK_RETURN, static_cast<int>(UXKeyCode::Enter)},
         {SDLK_KP_ENTER, static_cast<int>(UXKeyCode::Enter)},
@@ -23,6 +24,7 @@ int obtainKeyCode(SDL_Keycode key)
         {SDLK_UP, static_cast<int>(UXKeyCode::Up)},
         {SDLK_RIGHT, static_cast<int>(UXKeyCode::Right)},
         {SDLK_DOWN, static_cast<int>(UXKeyCode::Down)},
+        {SDLK_DELETE, static_cast<int>(UXKeyCode::Delete)},
         {SDLK_0, static_cast<int>(ViewKeyCode::Digit0)},
         {SDLK_KP_0, static_cast<int>(ViewKeyCode::Digit0)},
         {SDLK_q, static_cast<int>(ViewKeyCode::Q)},

@@ -121,6 +121,12 @@ void ViewWindow::_handle(const SDL_Event& event)
     case SDL_KEYUP:
         _handleKey(event.key);
         break;
+    case SDL_TEXTINPUT: {
+        UXEvent typed(UXEventType::KeyDown);
+        typed.setKeyText(event.text.text);
+        m_control.keyDown(typed);
+        break;
+    }
     default:
         break;
     }
@@ -167,10 +173,7 @@ void ViewWindow::_handleWheel(const SDL_MouseWheelEvent& wheel)
 {
     UXEvent event = makeInputEvent(UXEventType::MouseWheel, SDL_GetModState(), 0);
     const double sign = wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
-    UXDoublePoint delta(wheel.preciseX * sign, -wheel.preciseY * sign);
-    if (event.containsEventKey(UXEventKey::Shift) && delta.x == 0)
-        std::swap(delta.x, delta.y);
-    event.setWheelDelta(delta);
+    event.setWheelDelta({wheel.preciseX * sign, -wheel.preciseY * sign});
     m_control.turnWheel(m_pointer, event);
 }
 
