@@ -3,6 +3,7 @@
 #include "kx_chart_data_provider.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_label.h"
+#include "kx_chart_linked_action_diagram.h"
 #include "kx_chart_property.h"
 #include "kx_chart_toolbox.h"
 #include "kx_key_definitions.h"
@@ -115,6 +116,8 @@ KXChart::~KXChart()
 {
     m_chartProperty->unregisterAllUpdatedEvents();
     m_legend->setDelegate(nullptr);
+    if (auto* linked = KXChartLinkedActionDiagram::find(this))
+        linked->forgetChart(this);
 }
 
 const UXPropertyTable& KXChart::obtainPropertyTable()
@@ -174,6 +177,7 @@ void KXChart::registerChartPropertyUpdatedEvents()
                   &KXChart::_applyLegend);
     registerGroup({"m_legendLabelColor"}, &KXChart::_applyLegendLabelColor);
     registerGroup({"m_showOnlyTopX", "m_topXItemsToShow"}, &KXChart::_applyTopX);
+    registerGroup({"m_enableInteraction"}, &KXChart::_applyEnableInteraction);
 }
 
 void KXChart::_layoutAnew() { setRequireToVerifyLayout(true, true); }
@@ -238,6 +242,19 @@ void KXChart::_applyTopX()
         user->reloadData();
 }
 
+void KXChart::_applyEnableInteraction()
+{
+    const UXObjectWatcher self(this);
+    if (auto* linked = KXChartLinkedActionDiagram::find(this))
+        linked->forgetChart(this);
+    if (self.isAlive() && !m_chartProperty->getEnableInteraction())
+        _interactionDisabled();
+    if (self.isAlive())
+        _layoutAnew(); // switched on again, the chart joins the present highlight
+}
+
+void KXChart::_interactionDisabled() { m_legend->endCellHover(); }
+
 void KXChart::customSerialize()
 {
     UXObject::customSerialize();
@@ -299,6 +316,22 @@ void KXChart::hideLinkedHighlightHint(UXHintInfo*, UXControl*)
         hint->hideHint();
 }
 
+void KXChart::linkedHighlightRequested(KXChartDataUser* user, const KXChartDataPath& path, UXObject* source,
+                                       const UXEvent& event)
+{
+    if (auto* linked = KXChartLinkedActionDiagram::find(this))
+        linked->requestHighlight(this, user, path, source, event);
+}
+
+void KXChart::linkedHighlightCleared(KXChartDataUser*, const KXChartDataPath&, UXObject* source,
+                                     const UXEvent&)
+{
+    if (auto* linked = KXChartLinkedActionDiagram::find(this))
+        linked->clearHighlight(source);
+}
+
+void KXChart::hideLinkedHighlight(UXControl* control) { hideLinkedHighlightHint(nullptr, control); }
+
 void KXChart::beforeCustomLayout() {}
 void KXChart::_customResetProperties(KXChartResetType, KXChart*, const KXKeys&) {}
 void KXChart::updateLegendColor() { m_legend->updateLegendColor(); }
@@ -327,6 +360,9 @@ void KXChart::afterReloadData()
 {
     m_legend->markDataUpdated();
     m_legend->markCellVisibleUpdated();
+    // What is highlighted may be another item now; the layout finds out which.
+    if (auto* linked = KXChartLinkedActionDiagram::find(this))
+        linked->leaveHighlight(this);
 }
 
 KXChartDataUser* KXChart::obtainLegendDataUser() { return dynamic_cast<KXChartDataUser*>(this); }
@@ -354,6 +390,8 @@ void KXChart::customLayout()
     const UXRect& content = division.content;
     m_toolbox->setRect(uxMakeRect(content.x + toolboxInset, content.y + toolboxInset,
                                   content.width - 2 * toolboxInset, toolboxHeight));
+    if (auto* linked = KXChartLinkedActionDiagram::find(this))
+        linked->joinHighlight(this);
 }
 
 KXChart::Division KXChart::_divideContent()

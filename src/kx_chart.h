@@ -74,12 +74,17 @@ public:
     virtual void afterReloadData();
     virtual void reloadChartColors();
 
-    // From UXJsonObject, KXLegendDelegate and UXObject
+    // From UXJsonObject, KXLegendDelegate, KXChartLinkedAction and UXObject
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
     KXChartDataUser* obtainLegendDataUser() override;
     bool shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t index, const UXEvent& event) override;
+    void linkedHighlightRequested(KXChartDataUser* user, const KXChartDataPath& path, UXObject* source,
+                                  const UXEvent& event) override;
+    void linkedHighlightCleared(KXChartDataUser* user, const KXChartDataPath& path, UXObject* source,
+                                const UXEvent& event) override;
+    void hideLinkedHighlight(UXControl* control) override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
 protected:
@@ -87,6 +92,8 @@ protected:
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
 
+    /** Interaction was switched off: what the pointer made look different is as usual again. */
+    virtual void _interactionDisabled();
     /** @return whether the base paints child. A chart that draws over its children says no to those that it
      * paints itself, on top. */
     virtual bool _shouldPaintChild(const UXObject* child) const;
@@ -106,6 +113,7 @@ private:
     void _applyLegend();
     void _applyLegendLabelColor();
     void _applyTopX();
+    void _applyEnableInteraction();
     Division _divideContent();
     UXRect _measureTitle(const UXRect& content);
     bool _shouldShowTitle(const UXRect& title) const;

@@ -86,7 +86,7 @@ void KXChartDataAction::registerRightClickMenu(KXChartDataUser* user, KXTriggerC
 {
     uxAssert(user);
     uxAssert(m_owner);
-    m_rightClick.user = user;
+    m_dataUser = m_rightClick.user = user;
     m_rightClick.condition = std::move(condition);
     m_rightClick.enabled = false;
     if (!user || !m_owner)
@@ -135,7 +135,7 @@ void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXChartDa
 
 void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTriggerCondition condition)
 {
-    m_leftClick.user = user;
+    m_dataUser = m_leftClick.user = user;
     m_leftClick.condition = std::move(condition);
     m_leftClick.enabled = true;
     _installHandler(m_leftClick, UXEventType::LeftClick, [this](const UXEvent& event) {
@@ -194,7 +194,7 @@ void KXChartDataAction::registerLinkedHighlightAction(KXChartDataUser* user, KXC
 
 void KXChartDataAction::registerLinkedHighlightAction(KXChartDataUser* user, KXTriggerCondition condition)
 {
-    m_linkedHighlight.user = user;
+    m_dataUser = m_linkedHighlight.user = user;
     m_linkedHighlight.condition = std::move(condition);
     m_linkedHighlight.enabled = true;
     const bool installed = m_linkedHighlight.handlerInstalled;
@@ -231,7 +231,7 @@ void KXChartDataAction::_triggerLinkedHighlight(KXChartDataUser* user, UXObject*
 {
     uxAssert(user);
     uxAssert(source);
-    if (!user || !source)
+    if (!user || !source || !user->isInteractionEnabled())
         return;
 
     const UXObjectWatcher chart(user->getChart());

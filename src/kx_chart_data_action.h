@@ -52,6 +52,8 @@ public:
                                                    const UXEvent& event);
 
 protected:
+    /** @return the user of the last registration, null without any */
+    KXChartDataUser* getDataUser() const { return m_dataUser; }
     /** Asks the provider for the click's action and posts it, or runs it at once.
      *  @return whether the click was allowed, had an item and a provider to ask
      *  @throws std::bad_function_call when an empty action must run at once */
@@ -81,6 +83,7 @@ private:
     void _triggerLinkedHighlight(KXChartDataUser* user, UXObject* source, const UXEvent& event,
                                  LinkedHighlightStep step);
 
+    KXChartDataUser* m_dataUser = nullptr;             // the chart's
     UXObject* m_owner;                                 // what is clicked; this is a base of it
     std::shared_ptr<KXChartDataPath> m_registeredPath; // null: createDataPath() makes one for each question
     Trigger m_rightClick;

@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_property.h"
 #include "ux/ux_assert.h"
 #include "ux/ux_object_watcher.h"
 
@@ -94,4 +95,25 @@ bool KXChartDataUser::obtainSortedIndexPathsByColorOrder(std::vector<KXIndexPath
 bool KXChartDataUser::obtainFormattedDataWithSortedIndexPath(const KXIndexPath&, std::string&)
 {
     return false;
+}
+
+bool KXChartDataUser::isInteractionEnabled() const
+{
+    return m_chart && m_chart->getChartProperty()->getEnableInteraction();
+}
+
+std::vector<KXInteractionEffect*> KXChartDataUser::obtainInteractionEffects(
+    const std::vector<KXObjectID>& objectIDs)
+{
+    if (objectIDs.empty() || !isInteractionEnabled())
+        return {};
+    // The provider may destroy the chart, and with it whoever lent the identifiers.
+    const UXObjectWatcher chart(m_chart);
+    const std::vector<KXObjectID> asked = objectIDs;
+    std::vector<KXInteractionEffect*> effects;
+    if (KXInteractionProvider* provider = beginUseInteractionProvider())
+        effects = provider->obtainInteractionEffects(asked);
+    if (chart.isAlive())
+        endUseInteractionProvider();
+    return effects;
 }

@@ -9,6 +9,8 @@
 
 class KXChart;
 class KXChartDataProvider;
+class KXInteractionEffect;
+class KXObjectID;
 
 /** The side of a chart that pulls data from the provider. prepareData() asks the provider and caches its
  * answers; reloadData() makes what the chart draws of them. */
@@ -46,6 +48,12 @@ public:
 
     /** @return the chart that this serves */
     KXChart* getChart() const { return m_chart; }
+    /** @return whether the chart's pieces answer the pointer */
+    bool isInteractionEnabled() const;
+    /** Asks the provider how what the identifiers name looks while it stands out. Nothing is asked without
+     *  identifiers and while interaction is off.
+     *  @return the caller's to delete */
+    std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>& objectIDs);
 
 private:
     KXChart* m_chart;

@@ -1,6 +1,23 @@
 #include "kx_chart_label.h"
 
-KXChartLabel::KXChartLabel() : KXChartDataAction(this) {}
+#include "ux/ux_event.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_round_rectangle.h"
+#include "ux/ux_saturate.h"
+
+#include <cmath>
+
+namespace {
+
+// The glow behind a label that stands out: a soft ground in the text's own colour, in logical units.
+constexpr double glowInset = 4;
+constexpr double glowRadius = 4;
+constexpr double glowAlpha = 0.12;
+
+} // namespace
+
+KXChartLabel::KXChartLabel() : KXChartDataAction(this), KXInteraction(this) {}
 
 KXChartLabel::~KXChartLabel() = default;
 
@@ -34,4 +51,99 @@ std::string KXChartLabel::obtainText()
 {
     const std::string text = UXLabel::obtainText();
     return text.empty() ? m_defaultText : text;
+}
+
+void KXChartLabel::setSelectable(bool selectable)
+{
+    UXLabel::setSelectable(selectable);
+    if (!selectable || m_togglesSelection)
+        return;
+    m_togglesSelection = true;
+    registerEventHandler(UXEventType::LeftClick, [this](const UXEvent&) {
+        if (getSelectable())
+            setSelected(!getSelected());
+        return false;
+    });
+}
+
+void KXChartLabel::selectionChanged()
+{
+    UXLabel::selectionChanged();
+    KXChartDataUser* user = getDataUser();
+    if (!user)
+        return;
+    const UXEvent event(UXEventType::LeftClick);
+    if (getSelected())
+        triggerLinkedHighlightAction(user, this, event);
+    else
+        triggerLinkedHighlightClearAction(user, this, event);
+    event.runPostedActions();
+}
+
+void KXChartLabel::updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects)
+{
+    if (effects.empty() && getInteractionEffects().empty())
+        return;
+    // Before as well: what is drawn larger reaches over what the next look leaves free.
+    invalidate();
+    KXInteractionChartObject::updateInteractionEffects(effects);
+    invalidate();
+}
+
+void KXChartLabel::updateHighlightState(KXHighlightState state)
+{
+    if (state == getHighlightState())
+        return;
+    invalidate();
+    KXInteractionChartObject::updateHighlightState(state);
+    invalidate();
+}
+
+bool KXChartLabel::_showsGlow() const
+{
+    return needsDefaultHighlight() || (getSelected() && getInteractionEffects().empty());
+}
+
+/** @return where the text is drawn, larger or smaller about its middle, in the own space */
+UXDoubleRect KXChartLabel::_obtainDrawnRect() const
+{
+    const UXDoubleRect bounds(getBoundingRect());
+    const double ratio = obtainDrawnSizeRatio();
+    return {bounds.x + bounds.width * (1 - ratio) / 2, bounds.y + bounds.height * (1 - ratio) / 2,
+            bounds.width * ratio, bounds.height * ratio};
+}
+
+UXRect KXChartLabel::_obtainPaintedRect() const
+{
+    const UXDoubleRect drawn = _obtainDrawnRect();
+    const double glow = _showsGlow() || getSelected() ? glowInset : 0;
+    const UXRect rect(uxSaturateToInt(std::floor(drawn.x - glow)),
+                      uxSaturateToInt(std::floor(drawn.y - glow)),
+                      uxSaturateToInt(std::ceil(drawn.width + 2 * glow)) + 1,
+                      uxSaturateToInt(std::ceil(drawn.height + 2 * glow)) + 1);
+    return uxUnionRect(rect, getBoundingRect());
+}
+
+bool KXChartLabel::inRect(UXRect rect) const
+{
+    const bool isPlain = obtainDrawnSizeRatio() == 1 && !_showsGlow();
+    return isPlain ? UXLabel::inRect(rect) : !uxIsEmptyRect(uxIntersectionRect(rect, _obtainPaintedRect()));
+}
+
+UXRect KXChartLabel::customDirtyRect() { return _obtainPaintedRect(); }
+
+void KXChartLabel::drawLabel(UXPainter& painter, const UXDoubleRect&, const UXTextProperty& property)
+{
+    const UXDoubleRect rect = _obtainDrawnRect();
+    UXTextProperty drawn = property;
+    drawn.textColor = obtainDrawnColor(property.textColor, KXInteractionEffectTarget::NonFilled);
+    drawn.font.size = uxSaturateToInt(std::round(property.font.size * obtainDrawnSizeRatio()));
+    if (_showsGlow()) {
+        UXColor glow = drawn.textColor;
+        glow.alpha *= glowAlpha;
+        painter.setColor(glow);
+        uxAddRoundRectanglePath(painter, uxInflateDoubleRect(rect, glowInset, glowInset), glowRadius);
+        painter.fill();
+    }
+    UXLabel::drawLabel(painter, rect, drawn);
 }

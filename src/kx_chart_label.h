@@ -2,13 +2,19 @@
 
 #include "kx_chart_data_action.h"
 #include "kx_export.h"
+#include "kx_interaction.h"
+#include "kx_interaction_chart_object.h"
 #include "ux/ux_label.h"
 
 #include <string>
 
-/** A label of a chart: it shows a default text while its own is empty, and it can be clicked as a piece of
- * data. */
-class KX_EXPORT KXChartLabel : public UXLabel, public KXChartDataAction {
+/** A label of a chart: it shows a default text while its own is empty, and as a piece of data it can be
+ * clicked, look different and stand out. Where it is selectable, a click selects it or no longer; what is
+ * selected highlights its matches in the linked charts for as long. */
+class KX_EXPORT KXChartLabel : public UXLabel,
+                               public KXChartDataAction,
+                               public KXInteraction,
+                               public KXInteractionChartObject {
 public:
     KXChartLabel();
     ~KXChartLabel() override;
@@ -20,14 +26,28 @@ public:
     std::string getIdentifier() const;
     void setIdentifier(const std::string& identifier);
 
-    // From UXJsonObject, UXLabel and KXChartDataAction
+    // From UXJsonObject, UXObject, UXLabel and KXChartDataAction
     std::string customSerializeTypeID() override;
+    void setSelectable(bool selectable) override;
+    bool inRect(UXRect rect) const override;
     KXChartDataPath* createDataPath() override;
+
+    // From KXInteractionChartObject
+    void updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects) override;
+    void updateHighlightState(KXHighlightState state) override;
 
 protected:
     std::string obtainText() override;
+    void selectionChanged() override;
+    UXRect customDirtyRect() override;
+    void drawLabel(UXPainter& painter, const UXDoubleRect& textRect, const UXTextProperty& property) override;
 
 private:
+    bool _showsGlow() const;
+    UXDoubleRect _obtainDrawnRect() const;
+    UXRect _obtainPaintedRect() const;
+
     std::string m_defaultText;
     std::string m_identifier;
+    bool m_togglesSelection = false; // the handler is installed
 };

@@ -11,3 +11,10 @@ void KXChartLinkedAction::linkedHighlightCleared(KXChartDataUser*, const KXChart
                                                  const UXEvent&)
 {
 }
+
+KXHighlightResult KXChartLinkedAction::showLinkedHighlight(const KXChartDataPath&, UXControl*)
+{
+    return KXHighlightResult::TakesNoPart;
+}
+
+void KXChartLinkedAction::hideLinkedHighlight(UXControl*) {}

@@ -5,6 +5,7 @@
 #include "kx_chart_toolbox.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_gauge_layout.h"
+#include "kx_hint_text.h"
 #include "kx_key_definitions.h"
 #include "ux/ux_event.h"
 #include "ux/ux_layout_helper.h"
@@ -246,7 +247,12 @@ KXChartDataPath* KXGaugeChart::createDataPath() { return m_mainLabel->createData
 
 void KXGaugeChart::afterReloadData()
 {
+    const UXObjectWatcher self(this);
     KXChart::afterReloadData();
+    if (!self.isAlive())
+        return;
+    m_highlighter.clear();
+    m_pointedMeasure.reset();
     _registerActions(m_mainLabel, "MainLabel", value);
     _registerActions(m_targetLabel, "TargetLabel", target);
     _registerActions(m_minLabel, "MinLabel", minimum);
@@ -260,6 +266,78 @@ void KXGaugeChart::_registerActions(KXChartLabel* label, const std::string& iden
     KXChartDataPath* path = label->createDataPath();
     path->valueIndexPath = {measure, 0};
     label->registerLeftClickAction(this, path, KXTriggerCondition());
+    const KXObjectID id =
+        KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(measure);
+    label->updateExtraOIDs({id});
+    label->registerInteraction(this, {KXInteractionEventType::LeftClick}, id);
+}
+
+KXChartLabel* KXGaugeChart::_obtainLabel(std::uint64_t measure) const
+{
+    switch (measure) {
+    case value:
+        return m_mainLabel;
+    case target:
+        return m_targetLabel;
+    case minimum:
+        return m_minLabel;
+    default:
+        return m_maxLabel;
+    }
+}
+
+/** @return the measure that path names, where the gauge shows it */
+std::optional<std::uint64_t> KXGaugeChart::_findHighlightMeasure(const KXChartDataPath& path) const
+{
+    for (const std::uint64_t measure : {value, target, minimum, maximum}) {
+        const KXChartLabel* label = _obtainLabel(measure);
+        const bool isNamed = path.valueIndexPath.empty() ? path.identifier == label->getIdentifier()
+                                                         : path.valueIndexPath.front() == measure;
+        const bool isOnDial = (measure == value && _hasValue()) ||
+                              (measure == target && isKnown(m_targetRatio));
+        if (isNamed && (label->getVisible() || isOnDial))
+            return measure;
+    }
+    return std::nullopt;
+}
+
+KXHighlightResult KXGaugeChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
+{
+    const std::optional<std::uint64_t> measure = _findHighlightMeasure(path);
+    if (!measure)
+        return KXHighlightResult::NotFound;
+    KXChartLabel* lit = _obtainLabel(*measure);
+    std::vector<KXInteractionChartObject*> others(m_partitionLabelsPool.begin(), m_partitionLabelsPool.end());
+    for (const std::uint64_t other : {value, target, minimum, maximum})
+        if (other != *measure)
+            others.push_back(_obtainLabel(other));
+
+    const UXObjectWatcher self(this);
+    m_highlighter.light(lit, others);
+    UXHintInfo info = self.isAlive() ? _obtainHintInfo(*measure) : UXHintInfo(false);
+    if (!self.isAlive())
+        return KXHighlightResult::Highlighted;
+    invalidate();
+    const UXRect place = lit->getVisible() ? lit->getRect() : m_pipeRect;
+    if (info.enabled)
+        showLinkedHighlightHint(&info, this, UXPoint(place.x + place.width / 2, place.y), control);
+    return KXHighlightResult::Highlighted;
+}
+
+void KXGaugeChart::hideLinkedHighlight(UXControl* control)
+{
+    m_highlighter.endLight();
+    invalidate();
+    KXChart::hideLinkedHighlight(control);
+}
+
+void KXGaugeChart::_interactionDisabled()
+{
+    KXChart::_interactionDisabled();
+    m_highlighter.clear();
+    m_pointedMeasure.reset();
+    invalidate();
+    hideHint();
 }
 
 void KXGaugeChart::_customLayout(UXRect plotArea)
@@ -441,15 +519,41 @@ bool KXGaugeChart::customMouseMove(const UXEvent& event, bool& stop)
     if (!self.isAlive())
         return handled;
     const UXPoint point = translatePoint(event.getMousePoint(), nullptr, this);
-    if (const std::optional<std::uint64_t> measure = _findMeasure(point))
+    const std::optional<std::uint64_t> measure = _findMeasure(point);
+    _pointAt(measure, event);
+    if (!self.isAlive())
+        return handled;
+    if (measure)
         _showHint(*measure, point);
     else
         hideHint();
     return handled;
 }
 
+void KXGaugeChart::_pointAt(const std::optional<std::uint64_t>& measure, const UXEvent& event)
+{
+    if (m_pointedMeasure == measure)
+        return;
+    const UXObjectWatcher self(this);
+    KXChartLabel* left = m_pointedMeasure ? _obtainLabel(*m_pointedMeasure) : nullptr;
+    KXChartLabel* entered = measure ? _obtainLabel(*measure) : nullptr;
+    m_pointedMeasure = measure;
+    if (left)
+        left->triggerLinkedHighlightClearAction(this, left, event);
+    if (self.isAlive() && entered)
+        entered->triggerLinkedHighlightAction(this, entered, event);
+    if (self.isAlive())
+        m_highlighter.pointAt(entered);
+    if (self.isAlive())
+        invalidate();
+}
+
 bool KXGaugeChart::customMouseLeave(const UXEvent& event, bool& stop)
 {
+    const UXObjectWatcher self(this);
+    _pointAt(std::nullopt, event);
+    if (!self.isAlive())
+        return false;
     hideHint();
     return KXChart::customMouseLeave(event, stop);
 }
@@ -473,7 +577,8 @@ std::optional<std::uint64_t> KXGaugeChart::_findMeasure(UXPoint point) const
     return dial.holdsPoint(point) ? std::optional<std::uint64_t>(value) : std::nullopt;
 }
 
-void KXGaugeChart::_showHint(std::uint64_t measure, UXPoint point)
+/** @return what the provider says about a measure; not enabled where it says nothing */
+UXHintInfo KXGaugeChart::_obtainHintInfo(std::uint64_t measure)
 {
     const UXObjectWatcher self(this);
     auto* provider = dynamic_cast<KXGaugeChartDataProvider*>(beginUseDataProvider());
@@ -481,17 +586,17 @@ void KXGaugeChart::_showHint(std::uint64_t measure, UXPoint point)
                                                  ? provider->obtainHintData(this, {measure, 0})
                                                  : KXChartDataProviderHintData();
     if (!self.isAlive())
-        return;
+        return UXHintInfo(false);
     endUseDataProvider();
+    return kxMakeHintInfo(data, m_hintInfo);
+}
 
-    UXHintInfo info = m_hintInfo;
-    info.title = data.title;
-    info.text = data.subtitle.empty() ? data.value : data.subtitle;
-    info.clearRows();
-    if (!data.subtitle.empty())
-        info.addRow("", data.value);
-    info.enabled = info.enabled && !(data.title.empty() && data.subtitle.empty() && data.value.empty());
-    showHint(point, nullptr, &info);
+void KXGaugeChart::_showHint(std::uint64_t measure, UXPoint point)
+{
+    const UXObjectWatcher self(this);
+    UXHintInfo info = _obtainHintInfo(measure);
+    if (self.isAlive())
+        showHint(point, nullptr, &info);
 }
 
 void KXGaugeChart::_drawPipe(UXPainter& painter, const KXGaugeDial& dial) const
@@ -507,28 +612,42 @@ void KXGaugeChart::_drawPipe(UXPainter& painter, const KXGaugeDial& dial) const
         const double end = covered + sweep;
         painter.setColor(m_showPointer ? _obtainPipePartitionColor(i) : m_pipeBackgroundColor);
         dial.fillSegment(painter, covered, end);
-        if (!m_showPointer && valueDegrees > covered) {
-            painter.setColor(_obtainPipePartitionColor(i));
-            dial.fillSegment(painter, covered, std::min(end, valueDegrees));
-        }
+        if (!m_showPointer && valueDegrees > covered)
+            _drawPipeValue(painter, dial, i, covered, std::min(end, valueDegrees));
         covered = end;
     }
+}
+
+/** The value's share of a partition; effects make it thicker on both sides. */
+void KXGaugeChart::_drawPipeValue(UXPainter& painter, const KXGaugeDial& dial, int partition, double from,
+                                  double to) const
+{
+    KXGaugeDial drawn = dial;
+    const double more = (dial.radius - dial.innerRadius) * (m_mainLabel->obtainDrawnSizeRatio() - 1) / 2;
+    drawn.radius += more;
+    drawn.innerRadius = std::max(dial.innerRadius - more, 0.0);
+    painter.setColor(m_mainLabel->obtainDrawnColor(_obtainPipePartitionColor(partition),
+                                                   KXInteractionEffectTarget::Filled));
+    drawn.fillSegment(painter, from, to);
 }
 
 void KXGaugeChart::_drawTarget(UXPainter& painter, const KXGaugeDial& dial) const
 {
     if (!isKnown(m_targetRatio) || m_targetRatio < 0)
         return;
-    painter.setColor(m_pipeTargetColor);
-    dial.strokeTick(painter, m_targetRatio * dialDegrees);
+    painter.setColor(
+        m_targetLabel->obtainDrawnColor(m_pipeTargetColor, KXInteractionEffectTarget::NonFilled));
+    dial.strokeTick(painter, m_targetRatio * dialDegrees, m_targetLabel->obtainDrawnSizeRatio());
 }
 
 void KXGaugeChart::_drawPointer(UXPainter& painter, const KXGaugeDial& dial) const
 {
-    painter.setColor(m_pointerColor);
+    painter.setColor(m_mainLabel->obtainDrawnColor(m_pointerColor, KXInteractionEffectTarget::Filled));
     dial.fillHub(painter);
-    if (_hasValue())
-        dial.strokeNeedle(painter, m_valueRatio * dialDegrees);
+    if (!_hasValue())
+        return;
+    painter.setColor(m_mainLabel->obtainDrawnColor(m_pointerColor, KXInteractionEffectTarget::NonFilled));
+    dial.strokeNeedle(painter, m_valueRatio * dialDegrees, m_mainLabel->obtainDrawnSizeRatio());
 }
 
 void KXGaugeChart::_customResetProperties(KXChartResetType, KXChart* source, const KXKeys& groups)
@@ -620,6 +739,7 @@ bool KXGaugeChart::_readPartitionLabelsPool()
     if (!isList)
         return false;
     const auto kept = static_cast<std::size_t>(std::min<std::uint64_t>(count, greatestPartitionCount + 1));
+    m_highlighter.endLight(); // which dims the labels that go
     while (m_partitionLabelsPool.size() > kept) {
         delete m_partitionLabelsPool.back();
         m_partitionLabelsPool.pop_back();

@@ -5,6 +5,7 @@
 #include "kx_gauge_chart_data_user.h"
 #include "kx_gauge_chart_options.h"
 #include "kx_key_table.h"
+#include "kx_part_highlighter.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_property_accessor.h"
@@ -132,6 +133,8 @@ public:
     bool customDeserialize() override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
     void afterReloadData() override;
+    KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
+    void hideLinkedHighlight(UXControl* control) override;
     KXChartDataPath* createDataPath() override;
 
 protected:
@@ -140,6 +143,7 @@ protected:
     bool _shouldPaintChild(const UXObject* child) const override;
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
+    void _interactionDisabled() override;
 
     /** Derives both ratios from the data and the custom values. */
     void initParam();
@@ -174,8 +178,15 @@ private:
     bool _hasValue() const;
     /** @return the measure that is shown at a point of the chart's own space; none for any other place */
     std::optional<std::uint64_t> _findMeasure(UXPoint point) const;
+    KXChartLabel* _obtainLabel(std::uint64_t measure) const;
+    std::optional<std::uint64_t> _findHighlightMeasure(const KXChartDataPath& path) const;
+    /** Takes up which measure the pointer is on, none for any other place. */
+    void _pointAt(const std::optional<std::uint64_t>& measure, const UXEvent& event);
+    UXHintInfo _obtainHintInfo(std::uint64_t measure);
     void _showHint(std::uint64_t measure, UXPoint point);
     void _drawPipe(UXPainter& painter, const KXGaugeDial& dial) const;
+    void _drawPipeValue(UXPainter& painter, const KXGaugeDial& dial, int partition, double from,
+                        double to) const;
     void _drawTarget(UXPainter& painter, const KXGaugeDial& dial) const;
     void _drawPointer(UXPainter& painter, const KXGaugeDial& dial) const;
     void _registerActions(KXChartLabel* label, const std::string& identifier, std::uint64_t measure);
@@ -197,5 +208,9 @@ private:
     double m_targetRatio = noValue;
     UXTextProperty m_maxMinProperty; // of the try that the layout makes
     UXRect m_pipeRect;
+
+    // A measure's label keeps how its piece of the dial looks as well
+    std::optional<std::uint64_t> m_pointedMeasure;
+    KXPartHighlighter m_highlighter{this};
     UXPropertyTableBinding m_gaugePropertyBinding{*this, obtainPropertyTable()};
 };

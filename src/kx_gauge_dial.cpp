@@ -108,12 +108,12 @@ void KXGaugeDial::fillSegment(UXPainter& painter, double fromDegrees, double toD
     painter.fill();
 }
 
-void KXGaugeDial::strokeTick(UXPainter& painter, double degrees) const
+void KXGaugeDial::strokeTick(UXPainter& painter, double degrees, double widthRatio) const
 {
     const UXPainterState state(painter);
     painter.translate(center.x, center.y);
     painter.rotate(leftEnd + degrees);
-    painter.setLineWidth(radius * tickWidthShare);
+    painter.setLineWidth(radius * tickWidthShare * widthRatio);
     painter.addLinePath(radius + tickGap, 0, radius + obtainTickEnd(), 0);
     painter.stroke();
 }
@@ -124,12 +124,12 @@ void KXGaugeDial::fillHub(UXPainter& painter) const
     painter.fill();
 }
 
-void KXGaugeDial::strokeNeedle(UXPainter& painter, double degrees) const
+void KXGaugeDial::strokeNeedle(UXPainter& painter, double degrees, double widthRatio) const
 {
     const UXPainterState state(painter);
     painter.translate(center.x, center.y);
     painter.rotate(leftEnd + degrees);
-    painter.setLineWidth(std::round(radius * needleWidthShare));
+    painter.setLineWidth(std::round(radius * needleWidthShare) * widthRatio);
     painter.setLineCap(UXLineCapStyle::Round);
     painter.addLinePath(0, 0, std::round(radius * needleLengthShare), 0);
     painter.stroke();

@@ -35,7 +35,8 @@ struct KXGaugeDial {
 
     /** Fills the part of the pipe between two angles with the painter's source. */
     void fillSegment(UXPainter& painter, double fromDegrees, double toDegrees) const;
-    void strokeTick(UXPainter& painter, double degrees) const;
+    // A width ratio of 1 is the usual width
+    void strokeTick(UXPainter& painter, double degrees, double widthRatio) const;
     void fillHub(UXPainter& painter) const;
-    void strokeNeedle(UXPainter& painter, double degrees) const;
+    void strokeNeedle(UXPainter& painter, double degrees, double widthRatio) const;
 };

@@ -1,5 +1,6 @@
 #include "kx_interaction.h"
 
+#include "kx_chart_data_user.h"
 #include "kx_context_menu.h"
 #include "kx_interaction_provider.h"
 #include "kx_interaction_user.h"
@@ -150,7 +151,9 @@ bool KXInteraction::_triggerRegisteredInteraction(KXInteractionUser* user, bool 
                                                   const KXInteractionCondition& condition)
 {
     uxAssert(user);
-    if (!user || objectIDs.empty() || !_isAllowed(user, event, type, condition))
+    const auto* dataUser = dynamic_cast<const KXChartDataUser*>(user);
+    const bool isOff = dataUser && !dataUser->isInteractionEnabled();
+    if (!user || isOff || objectIDs.empty() || !_isAllowed(user, event, type, condition))
         return true;
 
     const UXObjectWatcher owner(m_owner);

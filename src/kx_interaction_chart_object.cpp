@@ -1,6 +1,15 @@
 #include "kx_interaction_chart_object.h"
 
+#include "kx_interaction_highlight_complementary_info_effect.h"
+
 #include <algorithm>
+
+namespace {
+
+/** A piece that gives way keeps this share of its opacity: it can still be read, but draws no eye. */
+constexpr double dimmedShare = 0.35;
+
+} // namespace
 
 KXInteractionChartObject::KXInteractionChartObject() = default;
 
@@ -24,4 +33,32 @@ void KXInteractionChartObject::updateInteractionEffects(const std::vector<KXInte
             taken.emplace_back(effect);
     }
     m_interactionEffects = std::move(taken);
+}
+
+void KXInteractionChartObject::updateHighlightState(KXHighlightState state) { m_highlightState = state; }
+
+UXColor KXInteractionChartObject::obtainDrawnColor(const UXColor& color,
+                                                   KXInteractionEffectTarget target) const
+{
+    UXColor drawn = kxApplyEffectsToColor(m_interactionEffects, color, target);
+    if (m_highlightState == KXHighlightState::Dimmed)
+        drawn.alpha *= dimmedShare;
+    return drawn;
+}
+
+double KXInteractionChartObject::obtainDrawnSizeRatio() const
+{
+    return kxObtainEffectSizeRatio(m_interactionEffects);
+}
+
+bool KXInteractionChartObject::showsComplementaryInfo() const
+{
+    return std::any_of(m_interactionEffects.begin(), m_interactionEffects.end(), [](const auto& effect) {
+        return dynamic_cast<const KXInteractionHighlightComplementaryInfoEffect*>(effect.get()) != nullptr;
+    });
+}
+
+bool KXInteractionChartObject::needsDefaultHighlight() const
+{
+    return m_highlightState == KXHighlightState::Lit && m_interactionEffects.empty();
 }

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "kx_export.h"
+#include "kx_highlight_state.h"
 #include "kx_interaction_effect.h"
+#include "kx_interaction_effect_functions.h"
 #include "kx_object_id.h"
 
 #include <memory>
 #include <vector>
 
-/** What a piece of a chart keeps of itself for interactions: what more it stands for, and how it looks
- * different just now. */
+/** What a piece of a chart keeps of itself for interactions: what it stands for, and how it looks different
+ * just now. */
 class KX_EXPORT KXInteractionChartObject {
 public:
     KXInteractionChartObject();
@@ -28,7 +30,19 @@ public:
      *  Nulls are left out, and one that is here already stays. */
     virtual void updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects);
 
+    KXHighlightState getHighlightState() const { return m_highlightState; }
+    virtual void updateHighlightState(KXHighlightState state);
+
+    // How the piece is drawn, all effects and the highlight together
+    [[nodiscard]] UXColor obtainDrawnColor(const UXColor& color, KXInteractionEffectTarget target) const;
+    [[nodiscard]] double obtainDrawnSizeRatio() const;
+    /** @return whether the piece shows what more it knows */
+    bool showsComplementaryInfo() const;
+    /** @return whether the piece stands out by itself: it is lit, and the host says nothing about its look */
+    bool needsDefaultHighlight() const;
+
 private:
     std::vector<KXObjectID> m_extraOIDs;
     std::vector<std::unique_ptr<KXInteractionEffect>> m_interactionEffects;
+    KXHighlightState m_highlightState = KXHighlightState::None;
 };

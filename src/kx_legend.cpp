@@ -1,7 +1,6 @@
 #include "kx_legend.h"
 
 #include "kx_chart_data_user.h"
-#include "kx_interaction_provider.h"
 #include "kx_key_json.h"
 #include "kx_legend_cell.h"
 #include "kx_legend_delegate.h"
@@ -149,6 +148,12 @@ void KXLegend::markCellVisibleUpdated()
 }
 
 void KXLegend::updateLegendColor() { invalidate(); }
+
+void KXLegend::endCellHover()
+{
+    for (KXLegendCell* cell : _obtainCells())
+        cell->endHover();
+}
 
 double KXLegend::obtainLegendHeight()
 {
@@ -463,17 +468,9 @@ bool KXLegend::isLabelCut(const std::string& label, int cellWidth) const
 std::vector<KXInteractionEffect*> KXLegend::obtainCellEffects(std::uint64_t index) const
 {
     KXChartDataUser* user = m_delegate ? m_delegate->obtainLegendDataUser() : nullptr;
-    if (!user || index >= m_cellObjectIDs.size() || m_cellObjectIDs[index].empty())
+    if (!user || index >= m_cellObjectIDs.size())
         return {};
-    // The provider may destroy the chart and this with it.
-    const UXObjectWatcher self(m_scrollView);
-    const std::vector<KXObjectID> objectIDs = m_cellObjectIDs[index];
-    std::vector<KXInteractionEffect*> effects;
-    if (KXInteractionProvider* provider = user->beginUseInteractionProvider())
-        effects = provider->obtainInteractionEffects(objectIDs);
-    if (self.isAlive())
-        user->endUseInteractionProvider();
-    return effects;
+    return user->obtainInteractionEffects(m_cellObjectIDs[index]);
 }
 
 bool KXLegend::obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const

@@ -52,6 +52,8 @@ public:
     /** The delegate shows other cells. */
     void markCellVisibleUpdated();
     void updateLegendColor();
+    /** No cell looks any more as if the pointer were on it. */
+    void endCellHover();
 
     // Queries
     /** @return the height of one row of cells with the scroll bar's room, in logical units */

@@ -1,7 +1,5 @@
 #include "kx_legend_cell.h"
 
-#include "kx_interaction_effect_functions.h"
-#include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_legend.h"
 #include "ux/ux_event.h"
 #include "ux/ux_paint_config.h"
@@ -25,7 +23,7 @@ void KXLegendCell::showCell(std::uint64_t index, const std::string& label, UXSym
     m_label = label;
     m_symbolStyle = style;
     // The pointer was over another cell; its next move tells what it is over now.
-    _endHover();
+    endHover();
     invalidate();
 }
 
@@ -34,16 +32,14 @@ std::string KXLegendCell::customSerializeTypeID() { return "KXLegendCell"; }
 void KXLegendCell::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
-        const UXColor color = kxApplyEffectsToColor(getInteractionEffects(),
-                                                    m_legend->obtainLegendCellColor(m_index),
-                                                    KXInteractionEffectTarget::Filled);
+        const UXColor color = obtainDrawnColor(m_legend->obtainLegendCellColor(m_index),
+                                               KXInteractionEffectTarget::Filled);
         uxDrawSymbol(*painter, m_symbolStyle, _obtainDrawnSymbolRect(), color);
         const UXDoubleRect labelRect = m_legend->obtainLabelRect(getRect().width);
         if (labelRect.width > 0 && !m_label.empty()) {
             UXTextProperty property = m_legend->getTextProperty();
             property.option = UXTextOption::EllipsisEnd;
-            property.textColor = kxApplyEffectsToColor(getInteractionEffects(), property.textColor,
-                                                       KXInteractionEffectTarget::NonFilled);
+            property.textColor = obtainDrawnColor(property.textColor, KXInteractionEffectTarget::NonFilled);
             painter->drawText(m_label, labelRect, property);
         }
         uxDestroyPainter(painter);
@@ -72,11 +68,8 @@ bool KXLegendCell::customMouseMove(const UXEvent& event, bool& stop)
         _beginHover();
     if (!self.isAlive())
         return false;
-    const auto& effects = getInteractionEffects();
-    const bool wantsInfo = std::any_of(effects.begin(), effects.end(), [](const auto& effect) {
-        return dynamic_cast<KXInteractionHighlightComplementaryInfoEffect*>(effect.get()) != nullptr;
-    });
-    if (m_legend->getShowHint() && (wantsInfo || m_legend->isLabelCut(m_label, getRect().width))) {
+    if (m_legend->getShowHint() &&
+        (showsComplementaryInfo() || m_legend->isLabelCut(m_label, getRect().width))) {
         UXHintInfo info;
         info.title = m_label;
         UXEvent hintEvent = event;
@@ -89,7 +82,7 @@ bool KXLegendCell::customMouseMove(const UXEvent& event, bool& stop)
 
 bool KXLegendCell::customMouseLeave(const UXEvent& event, bool& stop)
 {
-    _endHover();
+    endHover();
     return UXObject::customMouseLeave(event, stop);
 }
 
@@ -108,7 +101,7 @@ void KXLegendCell::_beginHover()
         delete effect;
 }
 
-void KXLegendCell::_endHover()
+void KXLegendCell::endHover()
 {
     m_hovered = false;
     m_showPointingHand = false;
@@ -137,7 +130,7 @@ UXRect KXLegendCell::customDirtyRect()
 UXDoubleRect KXLegendCell::_obtainDrawnSymbolRect() const
 {
     const UXDoubleRect rect = m_legend->obtainSymbolRect();
-    const double ratio = kxObtainEffectSizeRatio(getInteractionEffects());
+    const double ratio = obtainDrawnSizeRatio();
     return {rect.x + rect.width * (1 - ratio) / 2, rect.y + rect.height * (1 - ratio) / 2, rect.width * ratio,
             rect.height * ratio};
 }

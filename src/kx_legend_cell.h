@@ -34,6 +34,8 @@ public:
     bool getShowPointingHand() const { return m_showPointingHand; }
     /** @return whether the pointer is over the cell */
     bool isHovered() const { return m_hovered; }
+    /** Looks as without the pointer, until it moves again. */
+    void endHover();
 
     // From KXInteractionChartObject, UXJsonObject and UXObject
     void updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects) override;
@@ -49,7 +51,6 @@ protected:
 
 private:
     void _beginHover();
-    void _endHover();
     UXDoubleRect _obtainDrawnSymbolRect() const;
 
     KXLegend* m_legend; // the parent's parent

@@ -3,8 +3,12 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_hint_text.h"
 #include "kx_key_definitions.h"
+#include "kx_value_chart_data_provider.h"
+#include "ux/ux_event.h"
 #include "ux/ux_layout_helper.h"
+#include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 
@@ -86,9 +90,85 @@ KXChartDataPath* KXValueChart::createDataPath() { return m_valueLabel->createDat
 
 void KXValueChart::afterReloadData()
 {
+    const UXObjectWatcher self(this);
     KXChart::afterReloadData();
+    if (!self.isAlive())
+        return;
+    m_highlighter.clear();
+    const KXObjectID value = KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(0);
     m_valueLabel->setIdentifier("ValueLabel");
+    m_valueLabel->updateExtraOIDs({value});
     m_valueLabel->registerLeftClickAction(this, KXTriggerCondition());
+    m_valueLabel->registerLinkedHighlightAction(this, KXTriggerCondition());
+    m_valueLabel->registerInteraction(this, {KXInteractionEventType::LeftClick}, value);
+}
+
+KXHighlightResult KXValueChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
+{
+    const bool namesValue = path.valueIndexPath.empty() ? path.identifier == m_valueLabel->getIdentifier()
+                                                        : path.valueIndexPath.front() == 0;
+    if (!namesValue || !m_valueLabel->getVisible())
+        return KXHighlightResult::NotFound;
+    const UXObjectWatcher self(this);
+    m_highlighter.light(m_valueLabel, {});
+    UXHintInfo info = self.isAlive() ? _obtainHintInfo() : UXHintInfo(false);
+    if (self.isAlive() && info.enabled)
+        showLinkedHighlightHint(&info, m_valueLabel, UXPoint(m_valueLabel->getRect().width / 2, 0), control);
+    return KXHighlightResult::Highlighted;
+}
+
+void KXValueChart::hideLinkedHighlight(UXControl* control)
+{
+    m_highlighter.endLight();
+    KXChart::hideLinkedHighlight(control);
+}
+
+/** @return what the provider says about the value; not enabled where it says nothing */
+UXHintInfo KXValueChart::_obtainHintInfo()
+{
+    const UXObjectWatcher self(this);
+    auto* provider = dynamic_cast<KXValueChartDataProvider*>(beginUseDataProvider());
+    KXChartDataProviderHintData data;
+    if (provider && self.isAlive())
+        data = provider->obtainHintData(this, {0, 0});
+    if (self.isAlive())
+        endUseDataProvider();
+    return kxMakeHintInfo(data, UXHintInfo());
+}
+
+bool KXValueChart::customMouseMove(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    const bool handled = KXChart::customMouseMove(event, stop);
+    if (!self.isAlive())
+        return handled;
+    const UXPoint point = getTranslatedPointFromEvent(event);
+    const bool isOnValue = m_valueLabel->getVisible() && uxPointInRect(point, m_valueLabel->getRect());
+    m_highlighter.pointAt(isOnValue ? m_valueLabel : nullptr);
+    if (!self.isAlive())
+        return handled;
+    if (isOnValue && m_valueLabel->showsComplementaryInfo()) {
+        UXHintInfo info = _obtainHintInfo();
+        if (self.isAlive())
+            showHint(point, nullptr, &info);
+    } else {
+        hideHint();
+    }
+    return handled;
+}
+
+bool KXValueChart::customMouseLeave(const UXEvent& event, bool& stop)
+{
+    m_highlighter.pointAt(nullptr);
+    hideHint();
+    return KXChart::customMouseLeave(event, stop);
+}
+
+void KXValueChart::_interactionDisabled()
+{
+    KXChart::_interactionDisabled();
+    m_highlighter.clear();
+    hideHint();
 }
 
 void KXValueChart::_customLayout(UXRect plotArea)

@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_action.h"
+#include "kx_part_highlighter.h"
 #include "kx_value_chart_data_user.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_hint_delegate.h"
@@ -51,9 +52,14 @@ public:
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
     void afterReloadData() override;
+    KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
+    void hideLinkedHighlight(UXControl* control) override;
     KXChartDataPath* createDataPath() override;
 
 protected:
+    bool customMouseMove(const UXEvent& event, bool& stop) override;
+    bool customMouseLeave(const UXEvent& event, bool& stop) override;
+    void _interactionDisabled() override;
     void _customLayout(UXRect plotArea) override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
@@ -64,6 +70,7 @@ private:
     std::string _obtainValueText() const;
     bool _isNegativeNumber() const;
     void _colorValueLabel();
+    UXHintInfo _obtainHintInfo();
     template <class T>
     void _setMember(T& member, const T& value);
     UXDoubleSize _fitFont(const std::string& text, UXTextProperty& property, const UXRect& plotArea) const;
@@ -75,5 +82,6 @@ private:
     int m_fontSize = 36;
     UXTextAlign m_mainLabelAlign = UXTextAlign::Left;
     UXColor m_negativeFontColor{255, 110, 110, 1.0};
+    KXPartHighlighter m_highlighter{this};
     UXPropertyTableBinding m_valuePropertyBinding{*this, obtainPropertyTable()};
 };

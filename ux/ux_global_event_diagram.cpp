@@ -68,4 +68,7 @@ void UXGlobalEventDiagram::_forgetServedDiagram(UXDiagram* diagram)
     std::erase(m_servedDiagrams, diagram);
     if (m_activeDiagram == diagram)
         m_activeDiagram = nullptr;
+    servedDiagramLeft();
 }
+
+void UXGlobalEventDiagram::servedDiagramLeft() {}

@@ -39,6 +39,8 @@ protected:
     const std::vector<UXDiagram*>& getServedDiagrams() const { return m_servedDiagrams; }
     /** A diagram that this one is not registered on is refused; null is none. */
     virtual void setActiveDiagram(UXDiagram* diagram);
+    /** Called when one of the served diagrams is none any more. */
+    virtual void servedDiagramLeft();
 
 private:
     friend class UXDiagram;

@@ -83,12 +83,11 @@ std::string UXLabel::customSerializeTypeID() { return "UXLabel"; }
 
 std::string UXLabel::obtainText() { return m_text; }
 
-UXDoubleSize UXLabel::_measureText(const std::string& text) const
+UXDoubleSize UXLabel::_measureText(const std::string& text, const UXTextProperty& property) const
 {
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    return m_textProperty.lineMode == wrapLineMode
-               ? helper->getTextSize(text, m_textProperty, getRect().width)
-               : helper->getTextSize(text, m_textProperty);
+    return property.lineMode == wrapLineMode ? helper->getTextSize(text, property, getRect().width)
+                                             : helper->getTextSize(text, property);
 }
 
 void UXLabel::autoResize()
@@ -97,7 +96,7 @@ void UXLabel::autoResize()
     UXRect rect = getRect();
     UXDoubleSize size;
     if (!text.empty())
-        size = obtainTurnedSize(_measureText(text), m_rotation);
+        size = obtainTurnedSize(_measureText(text, m_textProperty), m_rotation);
     rect.width = uxSaturateToInt(std::ceil(size.width));
     rect.height = uxSaturateToInt(std::ceil(size.height));
     setRect(rect);
@@ -106,34 +105,34 @@ void UXLabel::autoResize()
 void UXLabel::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
-        uxDrawGround(*painter, *this, m_drawRoundRect ? cornerRadius : 0);
-        _paintText(*painter);
+        drawLabel(*painter, UXDoubleRect(getBoundingRect()), m_textProperty);
         uxDestroyPainter(painter);
     }
     UXObject::paint(config, dirtyRect);
 }
 
-void UXLabel::_paintText(UXPainter& painter)
+void UXLabel::drawLabel(UXPainter& painter, const UXDoubleRect& textRect, const UXTextProperty& property)
 {
+    uxDrawGround(painter, *this, m_drawRoundRect ? cornerRadius : 0);
     const std::string text = obtainText();
     if (text.empty())
         return;
-    const UXDoubleRect bounds(getBoundingRect());
     if (m_rotation == 0) {
-        painter.drawText(text, bounds, m_textProperty);
+        painter.drawText(text, textRect, property);
         return;
     }
 
     // Turned text is drawn upright in a space that is turned, in a rectangle of its own measure.
-    const UXDoubleSize size = _measureText(text);
+    const UXDoubleSize size = _measureText(text, property);
     const UXPainterState state(painter);
     if (m_rotateByTopLeft) {
+        painter.translate(textRect.x, textRect.y);
         painter.rotate(m_rotation);
-        painter.drawText(text, UXDoubleRect(0, 0, size.width, size.height), m_textProperty);
+        painter.drawText(text, UXDoubleRect(0, 0, size.width, size.height), property);
     } else {
-        painter.translate(bounds.width / 2, bounds.height / 2);
+        painter.translate(textRect.x + textRect.width / 2, textRect.y + textRect.height / 2);
         painter.rotate(m_rotation);
         painter.drawText(text, UXDoubleRect(-size.width / 2, -size.height / 2, size.width, size.height),
-                         m_textProperty);
+                         property);
     }
 }

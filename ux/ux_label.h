@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/ux_double_rect.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_export.h"
 #include "ux/ux_object.h"
@@ -40,10 +41,12 @@ public:
 protected:
     /** @return the text to show; what a subclass returns must not change between layout and paint */
     virtual std::string obtainText();
+    /** Draws the ground and the text. A subclass that draws its text otherwise calls this with what it wants.
+     *  @param textRect in the own space; the label's bounding rectangle when the label paints itself */
+    virtual void drawLabel(UXPainter& painter, const UXDoubleRect& textRect, const UXTextProperty& property);
 
 private:
-    UXDoubleSize _measureText(const std::string& text) const;
-    void _paintText(UXPainter& painter);
+    UXDoubleSize _measureText(const std::string& text, const UXTextProperty& property) const;
 
     std::string m_text;
     UXTextProperty m_textProperty;

@@ -1,0 +1,309 @@
+#include "kx_chart_linked_action_diagram.h"
+
+#include "kx_chart_label.h"
+#include "kx_chart_property.h"
+#include "kx_gauge_chart.h"
+#include "kx_interaction_color_effect.h"
+#include "kx_test_provider.h"
+#include "kx_value_chart.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_event.h"
+#include "ux/ux_key_code.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <random>
+
+namespace {
+
+/** A provider whose items answer to those of the others as a test says. */
+class LinkedProvider : public KXTestProvider {
+public:
+    LinkedProvider()
+    {
+        wantsHighlight = true;
+        number = 50;
+        valueCount = 4;
+    }
+    KXChartDataPath* obtainDataLinkedHighlightTargetPath(KXChartDataUser*, KXChartDataPath* path,
+                                                         KXChartDataProvider* target) override
+    {
+        EXPECT_EQ(target, this);
+        paths.push_back(*path);
+        if (onTarget)
+            onTarget();
+        auto* answer = matches ? new KXChartDataPath : nullptr;
+        if (answer)
+            answer->valueIndexPath = {matches.value_or(0), 0};
+        return answer;
+    }
+    std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>& ids) override
+    {
+        effectsAsked += ids.size();
+        return effect ? std::vector<KXInteractionEffect*>{new KXInteractionColorEffect(*effect)}
+                      : std::vector<KXInteractionEffect*>();
+    }
+    KXChartDataProviderHintData obtainHintData(KXChartDataUser*, const KXIndexPath&) override
+    {
+        return {"matching", "item"};
+    }
+
+    std::optional<std::uint64_t> matches = 0;
+    std::optional<UXColor> effect;
+    std::size_t effectsAsked = 0;
+    std::function<void()> onTarget;
+};
+
+/** Three value charts side by side and a gauge, linked. */
+class KXChartLinkedActionDiagramTest : public testing::Test {
+protected:
+    KXChartLinkedActionDiagramTest()
+    {
+        diagram.registerGlobalEventDiagram(linked.get());
+        diagram.setRect(uxMakeRect(0, 0, 1000, 200));
+        for (int i = 0; i < 3; ++i) {
+            providers[i].valueCount = 1;
+            charts[i] = std::make_unique<KXValueChart>();
+            load(*charts[i], *charts[i], providers[i], 200 * i);
+        }
+        gauge = std::make_unique<KXGaugeChart>();
+        gauge->setCustomMinValue(true);
+        gauge->setCustomMaxValue(true);
+        load(*gauge, *gauge, providers[3], 600);
+        diagram.layout();
+    }
+    void load(KXChart& chart, KXChartDataUser& user, LinkedProvider& provider, int left)
+    {
+        chart.getChartProperty()->setShowTitle(false);
+        chart.setAlign(UXAlign::None);
+        diagram.addChild(&chart);
+        chart.setRect(uxMakeRect(left, 0, 200, 200));
+        user.setDataProvider(&provider);
+        user.prepareData();
+        user.reloadData();
+    }
+    void send(bool (UXObject::*entry)(const UXEvent&), UXPoint point, int keyCode = 0)
+    {
+        UXEvent event;
+        event.setMousePoint(point);
+        event.setKeyCode(keyCode);
+        (diagram.*entry)(event);
+    }
+    static UXPoint valueOf(int chart) { return {200 * chart + 5, 5}; }
+    void hover(int chart) { send(&UXObject::mouseMove, valueOf(chart)); }
+    void click(int chart)
+    {
+        send(&UXObject::mouseDown, valueOf(chart));
+        send(&UXObject::mouseUp, valueOf(chart));
+    }
+    /** @return a letter for each value chart and each measure of the gauge: Lit, Dimmed or - */
+    std::string states() const
+    {
+        std::string text;
+        const auto write = [&text](const KXChartLabel* label) {
+            text += "-LD"[static_cast<int>(label->getHighlightState())];
+        };
+        for (const auto& chart : charts)
+            if (chart)
+                write(chart->getValueLabel());
+        if (gauge) {
+            text += " ";
+            for (const KXChartLabel* label :
+                 {gauge->getMainLabel(), gauge->getTargetLabel(), gauge->getMinLabel(), gauge->getMaxLabel()})
+                write(label);
+        }
+        return text;
+    }
+
+    const UXFixedMeasurer measurer;
+    LinkedProvider providers[4];
+    UXDiagram diagram;
+    std::unique_ptr<KXChartLinkedActionDiagram> linked = std::make_unique<KXChartLinkedActionDiagram>();
+    std::unique_ptr<KXValueChart> charts[3];
+    std::unique_ptr<KXGaugeChart> gauge;
+};
+
+TEST_F(KXChartLinkedActionDiagramTest, WhatOneChartPointsAtStandsOutInTheOthers)
+{
+    using enum KXHighlightResult;
+    struct Case {
+        const char* name;
+        std::function<void()> change;
+        std::string expected;
+        KXHighlightResult ofSecond, ofGauge;
+    };
+    const Case cases[] = {
+        {"every match", [] {}, "-LL LDDD", Highlighted, Highlighted},
+        {"another measure", [this] { providers[3].matches = 2; }, "-LL DDLD", Highlighted, Highlighted},
+        {"no such measure", [this] { providers[3].matches = 9; }, "-LL ----", Highlighted, NotFound},
+        {"no match", [this] { providers[1].matches.reset(); }, "--L ----", NotFound, NotFound},
+        {"a chart that answers no pointer",
+         [this] { charts[2]->getChartProperty()->updateEnableInteraction(false); }, "--- ----", NotFound,
+         NotFound},
+        {"the host wants none", [this] { providers[0].wantsHighlight = false; }, "--- ----", TakesNoPart,
+         TakesNoPart},
+        {"the chart answers no pointer",
+         [this] {
+             providers[0].wantsHighlight = true;
+             charts[0]->getChartProperty()->updateEnableInteraction(false);
+         },
+         "--- ----", TakesNoPart, TakesNoPart},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.change();
+        diagram.layout();
+        hover(0);
+        EXPECT_EQ(states(), c.expected);
+        EXPECT_EQ(linked->obtainHighlightResult(charts[1].get()), c.ofSecond);
+        EXPECT_EQ(linked->obtainHighlightResult(gauge.get()), c.ofGauge);
+        EXPECT_EQ(charts[1]->getHintVisible(), c.ofSecond == Highlighted);
+        send(&UXObject::mouseMove, {5, 190});
+        EXPECT_EQ(states(), "--- ----");
+        EXPECT_EQ(linked->getHighlightSource(), nullptr);
+        EXPECT_FALSE(charts[1]->getHintVisible());
+    }
+    EXPECT_EQ(providers[1].paths.front().identifier, "ValueLabel") << "the source's path is what is matched";
+}
+
+TEST_F(KXChartLinkedActionDiagramTest, TheDialAsksForItsValueAndLooksAsTheHostSays)
+{
+    const auto paint = [this](KXChart& chart) {
+        UXRecordingPaintConfig config;
+        chart.paint(&config, chart.getBoundingRect());
+        return config.getRecording().getText();
+    };
+    const std::string usual = paint(*charts[0]);
+    const UXRect pipe = gauge->getPipeRect();
+    send(&UXObject::mouseMove, {600 + pipe.x + 3, pipe.getBottom() - 1});
+    EXPECT_EQ(states(), "LLL ----");
+    EXPECT_EQ(linked->getHighlightSource(), gauge->getMainLabel());
+    EXPECT_NE(paint(*charts[0]), usual) << "a match stands out also where the host says nothing";
+    send(&UXObject::mouseMove, {605, 195});
+    EXPECT_EQ(paint(*charts[0]), usual);
+
+    providers[0].effect = UXColor(9, 8, 7);
+    providers[3].effect = UXColor(6, 5, 4);
+    hover(1);
+    EXPECT_NE(paint(*charts[0]).find("9,8,7"), std::string::npos);
+    EXPECT_NE(paint(*gauge).find("setColor 6,5,4"), std::string::npos) << "the needle belongs to the value";
+    send(&UXObject::mouseLeave, {});
+    EXPECT_EQ(paint(*charts[0]), usual);
+}
+
+TEST_F(KXChartLinkedActionDiagramTest, ASelectedItemAsksUntilItIsSelectedNoLonger)
+{
+    charts[0]->getValueLabel()->setSelectable(true);
+    click(0);
+    send(&UXObject::mouseMove, {5, 190});
+    EXPECT_EQ(states(), "-LL LDDD") << "the pointer has gone, the selection stays";
+    hover(1);
+    EXPECT_EQ(states(), "L-L LDDD");
+    send(&UXObject::mouseMove, {205, 190});
+    EXPECT_EQ(states(), "-LL LDDD") << "the selection shows again";
+    click(0);
+    send(&UXObject::mouseMove, {5, 190});
+    EXPECT_EQ(states(), "--- ----");
+
+    charts[0]->getValueLabel()->setSelected(true);
+    EXPECT_EQ(states(), "-LL LDDD") << "selected by the host";
+    send(&UXObject::keyDown, {}, static_cast<int>(UXKeyCode::Escape));
+    EXPECT_EQ(states(), "--- ----");
+    EXPECT_FALSE(charts[0]->getValueLabel()->getSelected());
+}
+
+TEST_F(KXChartLinkedActionDiagramTest, ChartsComeAndGoWhileAHighlightStands)
+{
+    hover(0);
+    charts[1].reset();
+    EXPECT_EQ(states(), "-L LDDD");
+    charts[1] = std::make_unique<KXValueChart>();
+    load(*charts[1], *charts[1], providers[1], 200);
+    diagram.layout();
+    EXPECT_EQ(states(), "-LL LDDD") << "a new chart joins in";
+    providers[3].matches = 2;
+    gauge->reloadData();
+    diagram.layout();
+    EXPECT_EQ(states(), "-LL DDLD") << "so does one with new data";
+    diagram.removeChild(charts[2].get());
+    charts[0].reset();
+    EXPECT_EQ(states(), "-- ----") << "the highlight goes with the chart that asked for it, everywhere";
+
+    hover(1);
+    EXPECT_EQ(linked->getHighlightSource(), charts[1]->getValueLabel());
+    diagram.unregisterGlobalEventDiagram(linked.get());
+    EXPECT_EQ(states(), "-- ----");
+    diagram.registerGlobalEventDiagram(linked.get());
+    charts[1]->getValueLabel()->setSelectable(true);
+    charts[1]->getValueLabel()->setSelected(true);
+    EXPECT_EQ(states(), "-- DDLD");
+    linked.reset();
+    EXPECT_EQ(states(), "-- ----");
+}
+
+TEST_F(KXChartLinkedActionDiagramTest, AnyChartMayGoWhileAProviderAnswers)
+{
+    for (int doomed = 0; doomed < 4; ++doomed) {
+        for (LinkedProvider& provider : providers)
+            provider.onTarget = [this, doomed] {
+                if (doomed < 3)
+                    charts[doomed].reset();
+                else
+                    linked.reset();
+            };
+        hover(0);
+        if (doomed == 3)
+            break;
+        EXPECT_EQ(charts[doomed], nullptr);
+        for (LinkedProvider& provider : providers)
+            provider.onTarget = {};
+        charts[doomed] = std::make_unique<KXValueChart>();
+        load(*charts[doomed], *charts[doomed], providers[doomed], 200 * doomed);
+        diagram.layout();
+        send(&UXObject::mouseMove, {5, 190});
+    }
+    EXPECT_EQ(states(), "--- ----");
+}
+
+/** Whatever happens in whatever order, nothing stays lit once the pointer and every selection have gone. */
+TEST_F(KXChartLinkedActionDiagramTest, NothingStaysLitAfterARandomWalk)
+{
+    std::mt19937 random(7);
+    const auto pick = [&random](int count) { return static_cast<int>(random() % unsigned(count)); };
+    for (int step = 0; step < 3000; ++step) {
+        const int place = pick(3);
+        switch (pick(7)) {
+        case 0:
+            charts[place].reset();
+            break;
+        case 1:
+            if (!charts[place])
+                charts[place] = std::make_unique<KXValueChart>();
+            charts[place]->getValueLabel()->setSelectable(pick(2) == 0);
+            load(*charts[place], *charts[place], providers[place], 200 * place);
+            break;
+        case 2:
+            click(place);
+            break;
+        case 3:
+            providers[pick(4)].wantsHighlight = pick(3) != 0;
+            break;
+        case 4:
+            diagram.layout();
+            break;
+        default:
+            send(&UXObject::mouseMove, {pick(1000), pick(200)});
+            break;
+        }
+    }
+    send(&UXObject::mouseLeave, {});
+    send(&UXObject::keyDown, {}, static_cast<int>(UXKeyCode::Escape));
+    diagram.layout();
+    EXPECT_EQ(states().find_first_of("LD"), std::string::npos) << states();
+}
+
+} // namespace
