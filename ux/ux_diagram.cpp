@@ -34,6 +34,7 @@ UXDiagram::~UXDiagram()
         unregisterGlobalEventDiagram(m_globalEventDiagrams.back());
     if (UXContext* context = getContext())
         context->_forgetDiagram(this);
+    m_dispatcher->abandon();
     detachChildren();
 }
 

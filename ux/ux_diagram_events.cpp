@@ -143,7 +143,9 @@ bool UXDiagram::_offerToGlobalEventDiagrams(const UXEvent& event, Entry entry)
     bool handled = false;
     _forEachGlobalEventDiagram([&](UXGlobalEventDiagram& diagram) {
         const bool moves = event.getEventType() == UXEventType::MouseMove;
-        if (handled && !moves)
+        const bool releases = event.getEventType() == UXEventType::MouseUp &&
+                              diagram.m_dispatcher->isPressing();
+        if (handled && !moves && !releases)
             return;
         UXObjectWatcher watcher(&diagram);
         diagram.setActiveDiagram(this);
@@ -156,10 +158,10 @@ bool UXDiagram::_offerToGlobalEventDiagrams(const UXEvent& event, Entry entry)
             keepsPixel ? UXPoint(event.getControlPoint().x, event.getControlPoint().y)
                        : diagram.diagramSpaceToGlobalDiagramSpace(event.getMousePoint(), event.getControl()));
         // The pointer is over one thing only: what lies behind is not hovered any more.
-        if (handled)
+        if (handled && moves)
             diagram.mouseLeave(translated);
         else
-            handled = (diagram.*entry)(translated);
+            handled = (diagram.*entry)(translated) || handled;
     });
     return handled;
 }

@@ -21,8 +21,17 @@ bool UXEventDispatcher::press(const UXEvent& event)
                                                                       : UXEventKey::LeftButton;
     Journey journey{UXEventType::MouseDown, event, {}};
     const bool handled = _send(journey, path);
-    m_pressedObjects.insert(m_pressedObjects.end(), journey.delivered.begin(), journey.delivered.end());
+    _rememberPressed(journey);
     return handled;
+}
+
+/** Whoever the press or a drag has reached is told of its end. */
+void UXEventDispatcher::_rememberPressed(const Journey& journey)
+{
+    for (const UXObjectWatcher& reached : journey.delivered) {
+        if (reached.isAlive() && !_contains(m_pressedObjects, reached.getObject()))
+            m_pressedObjects.push_back(reached);
+    }
 }
 
 bool UXEventDispatcher::move(const UXEvent& event)
@@ -126,6 +135,19 @@ UXCursor UXEventDispatcher::obtainCursor() const
             return object->getCursor();
     }
     return UXCursor::AsParent;
+}
+
+void UXEventDispatcher::abandon()
+{
+    _endPress();
+    for (Path* path : {&m_hoverPath, &m_dragPath}) {
+        for (const UXObjectWatcher& watcher : std::exchange(*path, {})) {
+            if (UXObject* object = watcher.getObject()) {
+                object->_noteMouseWent(UXEventType::MouseLeave);
+                object->_noteMouseWent(UXEventType::MouseDragLeave);
+            }
+        }
+    }
 }
 
 void UXEventDispatcher::cancelPress()
@@ -270,7 +292,9 @@ bool UXEventDispatcher::_drag(const UXEvent& event)
     m_dragged = true;
     UXEvent drag = event;
     drag.setSourceObject(source.getObject());
-    bool handled = _send(UXEventType::MouseDragging, drag, Path(m_pressPath));
+    Journey dragging{UXEventType::MouseDragging, drag, {}};
+    bool handled = _send(dragging, Path(m_pressPath));
+    _rememberPressed(dragging);
     if (!isPressing())
         return handled;
     // What is dragged usually lies under the pointer itself: the target is what lies behind it.

@@ -43,6 +43,9 @@ public:
     /** Forgets the press: neither a drop nor a click comes of it. */
     void cancelPress();
 
+    /** The diagram goes: nothing on it is hovered, pressed or dragged over any more, and nothing is told. */
+    void abandon();
+
     bool isPressing() const { return !m_pressPath.empty(); }
     UXObject* getFocusedObject() const { return m_focus.getObject(); }
     void setFocusedObject(UXObject* object) { m_focus = UXObjectWatcher(object); }
@@ -71,6 +74,7 @@ private:
     /** Tells who is in one of the two paths only that the pointer left or entered it. */
     void _exchange(Path& current, const Path& next, UXEventType left, UXEventType entered,
                    const UXEvent& event);
+    void _rememberPressed(const Journey& journey);
     bool _drag(const UXEvent& event);
     void _endPress();
 

@@ -300,8 +300,7 @@ void UXObject::_noteMouseCame(UXEventType type)
     m_mousePressing = m_mousePressing || type == UXEventType::MouseDown;
     m_mouseOvering = m_mouseOvering || type == UXEventType::MouseEnter;
     m_mouseDragging = m_mouseDragging || type == UXEventType::MouseDragging;
-    m_mouseDraggingOver = m_mouseDraggingOver || type == UXEventType::MouseDragEnter ||
-                          type == UXEventType::MouseDragOver;
+    m_mouseDraggingOver = m_mouseDraggingOver || type == UXEventType::MouseDragEnter;
 }
 
 /** What has ended has ended, whether or not the object takes the event that says so. */
