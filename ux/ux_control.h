@@ -166,6 +166,7 @@ public:
 private:
     friend class UXContext;
     friend class UXDiagram;
+    friend class UXEvent;
     friend class UXTimer;
 
     using Entry = bool (UXObject::*)(const UXEvent&);

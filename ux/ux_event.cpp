@@ -1,5 +1,7 @@
 #include "ux/ux_event.h"
 
+#include "ux/ux_control.h"
+
 #include <algorithm>
 #include <deque>
 #include <utility>
@@ -15,6 +17,12 @@ UXEvent::UXEvent(UXEventType type) : UXEvent() { m_eventType = type; }
 bool UXEvent::containUseCase(int useCase) const
 {
     return std::find(m_useCases.begin(), m_useCases.end(), useCase) != m_useCases.end();
+}
+
+void UXEvent::setControl(UXControl* control)
+{
+    m_control = control;
+    m_controlLife = control ? control->m_life : nullptr;
 }
 
 void UXEvent::addUseCase(int useCase)

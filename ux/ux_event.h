@@ -45,9 +45,9 @@ public:
     int getClickCount() const { return m_clickCount; }
     void setClickCount(int count) { m_clickCount = count; }
 
-    /** @return the control that received the event, null for none; only its dispatch knows that it lives */
-    UXControl* getControl() const { return m_control; }
-    void setControl(UXControl* control) { m_control = control; }
+    /** @return the control that received the event; null for none, and once it is gone */
+    UXControl* getControl() const { return m_controlLife.expired() ? nullptr : m_control; }
+    void setControl(UXControl* control);
 
     // Keys and buttons
     bool containsEventKey(UXEventKey key) const { return (m_eventKeys & static_cast<int>(key)) != 0; }
@@ -90,6 +90,7 @@ private:
     UXPoint m_mousePoint;
     UXControlPoint m_controlPoint;
     UXControl* m_control = nullptr;
+    std::weak_ptr<const bool> m_controlLife;
     UXDoublePoint m_wheelDelta;
     int m_clickCount = 0;
     int m_eventKeys = 0;

@@ -32,6 +32,9 @@ void UXEventDispatcher::_rememberPressed(const Journey& journey)
         if (reached.isAlive() && !_contains(m_pressedObjects, reached.getObject()))
             m_pressedObjects.push_back(reached);
     }
+    // A callback has ended the press already.
+    if (!isPressing())
+        _endPress();
 }
 
 bool UXEventDispatcher::move(const UXEvent& event)
