@@ -1,11 +1,7 @@
 // kx_view: chart documents over their data, in a window.
 
-#include "chart_data_source.h"
-#include "chart_document.h"
 #include "chart_sample.h"
-#include "host_error.h"
 #include "picture_option.h"
-#include "progress_line.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "view_board.h"
 #include "view_data_provider.h"
@@ -66,25 +62,6 @@ ViewWindowSetting readSetting(const Options& options)
     return setting;
 }
 
-void addChart(ViewBoard& board, const std::string& chart, const Options& options,
-              const ViewItemHandlers& handlers)
-{
-    auto document = std::make_unique<ChartDocument>(chart);
-    const ChartSample sample = options.data.empty() ? findChartSample(chart)
-                                                    : ChartSample{"", chart, options.binding, options.data};
-    ProgressLine progress("reading " + sample.data);
-    auto source = std::make_unique<ChartDataSource>(
-        sample.data, sample.binding,
-        [&](std::uint64_t done, std::uint64_t total) { progress.show(done, total); },
-        [&](SqlSession& session, const DataBinding& binding) {
-            return std::make_unique<ViewDataProvider>(session, binding, handlers);
-        });
-    document->loadData(&source->getProvider());
-    if (!source->getProvider().getError().empty())
-        throw std::runtime_error(source->getProvider().getError());
-    board.addDocument(std::move(document), std::move(source));
-}
-
 void logAction(const Options& options, const char* what, const std::string& text)
 {
     if (!options.logsActions)
@@ -100,7 +77,9 @@ void view(const Options& options)
     ViewItemHandlers handlers;
     ViewBoard board;
     for (const std::string& chart : options.charts)
-        addChart(board, chart, options, handlers);
+        board.openSample(options.data.empty() ? findChartSample(chart)
+                                              : ChartSample{"", chart, options.binding, options.data},
+                         handlers);
 
     ViewWindow window(board, setting);
     handlers.itemClicked = [&](const std::string& text) {

@@ -2,11 +2,15 @@
 
 #include "chart_data_source.h"
 #include "chart_document.h"
+#include "chart_sample.h"
+#include "host_error.h"
 #include "kx_chart.h"
 #include "kx_chart_data_action.h"
 #include "kx_chart_data_provider.h"
 #include "kx_chart_data_user.h"
+#include "progress_line.h"
 #include "ux/ux_hint_delegate.h"
+#include "view_data_provider.h"
 #include "view_grid.h"
 
 #include <algorithm>
@@ -16,8 +20,19 @@ ViewBoard::ViewBoard() = default;
 
 ViewBoard::~ViewBoard() = default;
 
-void ViewBoard::addDocument(std::unique_ptr<ChartDocument> document, std::unique_ptr<ChartDataSource> source)
+void ViewBoard::openSample(const ChartSample& sample, const ViewItemHandlers& handlers)
 {
+    auto document = std::make_unique<ChartDocument>(sample.chart);
+    ProgressLine progress("reading " + sample.data);
+    auto source = std::make_unique<ChartDataSource>(
+        sample.data, sample.binding,
+        [&](std::uint64_t done, std::uint64_t total) { progress.show(done, total); },
+        [&](SqlSession& session, const DataBinding& binding) {
+            return std::make_unique<ViewDataProvider>(session, binding, handlers);
+        });
+    document->loadData(&source->getProvider());
+    if (!source->getProvider().getError().empty())
+        throw HostError(source->getProvider().getError(), "", "");
     m_sources.push_back(std::move(source));
     m_documents.push_back(std::move(document));
     addChart(m_documents.back()->getChart());

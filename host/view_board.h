@@ -12,6 +12,8 @@
 class ChartDataSource;
 class ChartDocument;
 class KXChart;
+struct ChartSample;
+struct ViewItemHandlers;
 
 /** Charts on one diagram, each on a card: what a window shows. A board of another kind derives from this and
  * arranges its cards otherwise. */
@@ -26,8 +28,9 @@ public:
     UXDiagram& getDiagram() { return m_diagram; }
 
     // Charts
-    /** Takes a document and the source that its chart has its data from. */
-    void addDocument(std::unique_ptr<ChartDocument> document, std::unique_ptr<ChartDataSource> source);
+    /** Opens a document over its data. Throws HostError for what cannot be read or understood.
+     *  @param handlers what clicks on the chart's items do; outlives this object */
+    void openSample(const ChartSample& sample, const ViewItemHandlers& handlers);
     /** @param chart its owner's; it goes before the board does */
     void addChart(KXChart& chart);
     std::size_t getChartCount() const { return m_cards.size(); }

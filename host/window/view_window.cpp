@@ -71,6 +71,9 @@ void ViewWindow::run()
         if (std::exchange(dumpRequested, 0) != 0)
             _dump();
     }
+    // SDL wakes itself by messages to the window. Those under way have to arrive before the window goes.
+    SDL_HideWindow(m_window.get());
+    for (SDL_Event rest; SDL_WaitEventTimeout(&rest, tickMilliseconds) != 0;) {}
 }
 
 double ViewWindow::_obtainPixelRatio() const
