@@ -2,6 +2,7 @@
 
 #include "kx_axis.h"
 #include "kx_axis_chart_base_layer.h"
+#include "kx_axis_chart_layer.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
@@ -43,7 +44,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXAssistantLineProperty),
     KX_TYPE(KXAxis),
     KX_TYPE(KXAxisChartBaseLayer),
-    KX_TYPE_WITHOUT_CLASS(KXAxisChartLayer),
+    KX_TYPE(KXAxisChartLayer),
     KX_TYPE_WITHOUT_CLASS(KXAxisTickLabelView),
     KX_TYPE_WITHOUT_CLASS(KXBarChart),
     KX_TYPE_WITHOUT_CLASS(KXBarChartDataView),

@@ -473,6 +473,18 @@ std::vector<KXInteractionEffect*> KXLegend::obtainCellEffects(std::uint64_t inde
     return user->obtainInteractionEffects(m_cellObjectIDs[index]);
 }
 
+void KXLegend::cellClicked(std::uint64_t index, const UXEvent& event)
+{
+    if (m_delegate && m_cellClickEnabled)
+        m_delegate->legendCellClicked(index, event);
+}
+
+void KXLegend::cellHovered(std::uint64_t index, bool hovered)
+{
+    if (m_delegate)
+        m_delegate->legendCellHovered(index, hovered);
+}
+
 bool KXLegend::obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const
 {
     return m_delegate && m_delegate->shouldShowPointingHandWhenMouseOverLegendCell(index, event);

@@ -73,6 +73,10 @@ public:
     std::vector<KXInteractionEffect*> obtainCellEffects(std::uint64_t index) const;
     bool obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const;
 
+    // What a cell tells, for the delegate
+    void cellClicked(std::uint64_t index, const UXEvent& event);
+    void cellHovered(std::uint64_t index, bool hovered);
+
     // From UXJsonObject
     void customSerialize() override;
     std::string customSerializeTypeID() override;

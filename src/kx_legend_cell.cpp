@@ -10,8 +10,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
-KXLegendCell::KXLegendCell(KXLegend* legend) : KXInteraction(this), UXHintDelegate(this), m_legend(legend) {}
+KXLegendCell::KXLegendCell(KXLegend* legend) : KXInteraction(this), UXHintDelegate(this), m_legend(legend)
+{
+    registerEventHandler(UXEventType::LeftClick, [this](const UXEvent& event) {
+        m_legend->cellClicked(m_index, event);
+        return false;
+    });
+}
 
 KXLegendCell::~KXLegendCell() = default;
 
@@ -19,11 +26,11 @@ void KXLegendCell::showCell(std::uint64_t index, const std::string& label, UXSym
 {
     if (m_index == index && m_label == label && m_symbolStyle == style)
         return;
+    // The pointer was over another cell; its next move tells what it is over now.
+    endHover();
     m_index = index;
     m_label = label;
     m_symbolStyle = style;
-    // The pointer was over another cell; its next move tells what it is over now.
-    endHover();
     invalidate();
 }
 
@@ -91,6 +98,9 @@ void KXLegendCell::_beginHover()
 {
     m_hovered = true;
     const UXObjectWatcher self(this);
+    m_legend->cellHovered(m_index, true);
+    if (!self.isAlive())
+        return;
     const std::vector<KXInteractionEffect*> effects = m_legend->obtainCellEffects(m_index);
     // Meanwhile the cell may have gone, or stand for another one.
     if (self.isAlive() && m_hovered) {
@@ -103,7 +113,8 @@ void KXLegendCell::_beginHover()
 
 void KXLegendCell::endHover()
 {
-    m_hovered = false;
+    if (std::exchange(m_hovered, false))
+        m_legend->cellHovered(m_index, false);
     m_showPointingHand = false;
     updateInteractionEffects({});
     hideHint();

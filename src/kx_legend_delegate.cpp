@@ -8,3 +8,5 @@ UXSymbolStyle KXLegendDelegate::obtainLegendSymbolStyle(std::uint64_t) { return 
 bool KXLegendDelegate::obtainLegendSymbolColor(std::uint64_t, UXColor&) { return false; }
 bool KXLegendDelegate::obtainLegendShouldShowCell(std::uint64_t) { return true; }
 std::vector<KXObjectID> KXLegendDelegate::obtainLegendCellObjectID(std::uint64_t) { return {}; }
+void KXLegendDelegate::legendCellClicked(std::uint64_t, const UXEvent&) {}
+void KXLegendDelegate::legendCellHovered(std::uint64_t, bool) {}

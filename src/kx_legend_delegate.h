@@ -27,6 +27,10 @@ public:
     /** @return what the cell stands for, for interactions */
     virtual std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index);
     virtual bool shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t index, const UXEvent& event) = 0;
+    /** The user clicked a cell of a legend that takes clicks. By default nothing happens; the same below. */
+    virtual void legendCellClicked(std::uint64_t index, const UXEvent& event);
+    /** @param hovered whether the pointer came over the cell, otherwise it left */
+    virtual void legendCellHovered(std::uint64_t index, bool hovered);
 
 protected:
     ~KXLegendDelegate() = default;

@@ -1,0 +1,162 @@
+#pragma once
+
+#include "kx_axis_chart_base.h"
+#include "kx_axis_chart_data_user.h"
+#include "kx_axis_chart_mark.h"
+#include "kx_chart_data_action.h"
+#include "kx_interaction_chart_object.h"
+#include "ux/ux_hint_delegate.h"
+#include "ux/ux_property_accessor.h"
+
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+class UXLabel;
+
+/**
+ * What charts of series against axes share: the series with their colours, legend and visibility; and what
+ * becomes of the pointer, once a chart type says which mark lies under it: hint, highlight, click, menu,
+ * linked highlight.
+ *
+ * A chart type derives from KXXYAxisChart and answers, of KXAxisChartBase: _layoutMarks, _paintMarks,
+ * _paintMarkLabels, _obtainMinCategorySpacing; and of this class: _customReloadMarks, _hitMark. Each mark is
+ * drawn in obtainMarkColor, which dims what is beside a highlight.
+ */
+class KX_EXPORT KXAxisChart : public KXAxisChartBase,
+                              public KXAxisChartDataUser,
+                              public UXPropertyAccessor,
+                              public UXHintDelegate,
+                              public KXChartDataAction {
+public:
+    KXAxisChart();
+    ~KXAxisChart() override;
+
+    // Series
+    /** @return the colour of a series: the host's, else the user's, else the chart's */
+    UXColor obtainSeriesColor(std::uint64_t series) const;
+    /** @return the series that are drawn, in their order */
+    const std::vector<std::uint64_t>& getShownSeries() const { return m_shownSeries; }
+    bool isSeriesShown(std::uint64_t series) const;
+    /** Draws a series or leaves it out; the ranges of the axes follow. A series is known by its identifier,
+     * so that it stays hidden when the data are replaced. */
+    void setSeriesShown(std::uint64_t series, bool shown);
+    /** @return how many categories are drawn: all, or the first ones where the user wants no more */
+    std::uint64_t obtainShownCategoryCount() const;
+
+    // Texts
+    /** @return the category's text, formatted as the date or time that it is */
+    std::string obtainCategoryLabel(std::uint64_t category);
+    /** @return a value of the series as it stands in hints and labels; empty for NaN */
+    virtual std::string obtainValueText(std::uint64_t series, double value) const = 0;
+    std::string formatPercentage(double value) const;
+
+    // Highlight
+    /** @return what the pointer is over */
+    const std::optional<KXAxisChartMark>& getHoveredMark() const { return m_hoveredMark; }
+    /** Highlights a whole series, as its legend cell does under the pointer; nothing ends it. */
+    void setHighlightedSeries(std::optional<std::uint64_t> series);
+    /** Highlights marks because a linked chart wants so; an empty list ends it. */
+    void setLinkedMarks(const std::vector<KXAxisChartMark>& marks);
+    /** @return whether some marks are highlighted, so that the others are dimmed */
+    bool isHighlighting() const;
+    bool isMarkHighlighted(const KXAxisChartMark& mark) const;
+    /** @return color as the mark is drawn in it just now */
+    UXColor obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const;
+
+    // Paths
+    /** @return the path that names the mark for the provider, owned by the caller */
+    KXChartDataPath* createMarkPath(const KXAxisChartMark& mark);
+    /** @return what a path names of this chart: the mark of its value, else every shown mark of its category
+     */
+    std::vector<KXAxisChartMark> findMarks(const KXChartDataPath& path);
+
+    /** The chart's properties by key, for UXPropertyAccessor. */
+    static const UXPropertyTable& obtainPropertyTable();
+
+    // From KXLegendDelegate: one cell per series where there are several
+    std::uint64_t obtainLegendCellSize() override;
+    std::string obtainLegendLabel(std::uint64_t index) override;
+    bool obtainLegendSymbolColor(std::uint64_t index, UXColor& color) override;
+    std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
+    void legendCellClicked(std::uint64_t index, const UXEvent& event) override;
+    void legendCellHovered(std::uint64_t index, bool hovered) override;
+
+    // From KXChart, KXChartDataUser and KXChartDataAction
+    void afterReloadData() override;
+    void reloadChartColors() override;
+    void customReloadData() override;
+    void customReloadColors() override;
+    void resetData() override;
+    KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
+    void hideLinkedHighlight(UXControl* control) override;
+    /** @return the path of the mark under the pointer, null where there is none */
+    KXChartDataPath* createDataPath() override;
+
+protected:
+    // What a chart type answers
+    /** Drops what was made of the data: they changed, or other series are shown. A layout follows. */
+    virtual void _customReloadMarks();
+    /** @return the mark at a point of the plot's space, the front one of several. Not to grow with the
+     * categories. */
+    virtual std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
+    /** @return the place of the plot's space at which the hint of a linked mark stands */
+    virtual UXPoint _obtainHintPoint(const KXAxisChartMark& mark);
+    /** @return the category in whose slot the point lies, of the plot's space */
+    virtual std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const = 0;
+    /** Brings the data's ranges into the axes: the data changed, or other series are shown. */
+    virtual void _updateDataRanges() = 0;
+    /** @return the series' identifiers for interactions with one mark */
+    virtual std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const;
+    /** Fills in the rows: every shown series of the category that has a value, the hovered one first. */
+    virtual void _fillHint(UXHintInfo& info, std::uint64_t category,
+                           const std::optional<KXAxisChartMark>& hovered);
+
+    void _axisChartPropertyUpdated(const std::string& key) override;
+    void _visibleCategoriesChanged() override;
+    void _interactionDisabled() override;
+    void _customLayout(UXRect plotArea) override;
+    bool customMouseDown(const UXEvent& event, bool& stop) override;
+    bool customMouseMove(const UXEvent& event, bool& stop) override;
+    bool customMouseLeave(const UXEvent& event, bool& stop) override;
+
+private:
+    struct Target {
+        std::optional<std::uint64_t> category;
+        std::optional<KXAxisChartMark> mark;
+
+        friend bool operator==(const Target&, const Target&) = default;
+    };
+
+    void _updateShownSeries();
+    void _shownSeriesChanged();
+    void _restoreFirstCategory();
+    void _placeNoDataLabel();
+    UXPoint _obtainPlotPoint(const UXEvent& event) const;
+    Target _obtainTarget(UXPoint point) const;
+    void _setHoveredMark(const std::optional<KXAxisChartMark>& mark, const UXEvent& event);
+    void _loadHoverEffects();
+    void _forgetHover();
+    bool _hasData();
+    void _showHint(const Target& target, UXPoint plotPoint);
+    UXHintInfo _makeHint(const Target& target);
+
+    std::vector<std::uint64_t> m_shownSeries;
+    std::set<std::string> m_hiddenSeriesIDs;
+    std::vector<UXColor> m_seriesColors;
+    UXLabel* m_noDataLabel; // a child of the plot
+
+    // What the pointer is over, and what is highlighted
+    Target m_hintTarget;
+    std::optional<KXAxisChartMark> m_hoveredMark;
+    std::optional<KXAxisChartMark> m_actionMark; // the one that clicks and highlights are about
+    KXInteractionChartObject m_hoveredObject;
+    std::optional<std::uint64_t> m_highlightedSeries;
+    std::vector<KXAxisChartMark> m_linkedMarks; // sorted
+
+    // What stood first, to be found again among other data
+    std::string m_firstCategoryText;
+    UXPropertyTableBinding m_axisChartPropertyBinding{*this, obtainPropertyTable()};
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "kx_axis_chart_axis_cache_data.h"
+#include "kx_export.h"
+#include "ux/ux_position.h"
+
+#include <memory>
+#include <string>
+
+class KXAxis;
+class KXAxisProperty;
+class KXChartDataFormat;
+class UXLabel;
+
+/** One axis of a chart: what the user set about it, its range, and the objects that show it, which are
+ * children of the chart's plot. */
+struct KX_EXPORT KXAxisChartAxis {
+    KXAxisChartAxis();
+    ~KXAxisChartAxis();
+
+    /** @return whether it lies along x */
+    bool isHorizontal() const { return position == UXPosition::Bottom || position == UXPosition::Top; }
+    /** @return the title to show: the user's, else the chart's */
+    std::string obtainTitleText() const;
+
+    std::unique_ptr<KXAxisProperty> property;
+    std::unique_ptr<KXChartDataFormat> dataFormat;
+    KXAxisChartAxisCacheData cache;
+    UXPosition position = UXPosition::Bottom; /**< the side of the marks at which it stands */
+    bool isUsed = true;                       /**< off: nothing of it is shown, and it takes no room */
+    KXAxis* axis = nullptr;
+    UXLabel* title = nullptr;
+};

@@ -1,0 +1,186 @@
+#include "kx_axis_chart_base.h"
+
+#include "kx_axis.h"
+#include "kx_axis_chart_grid_layer.h"
+#include "kx_axis_chart_layer.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_property.h"
+#include "kx_chart_data_format.h"
+#include "ux/ux_label.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_virtual_scroll_view.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+/** The least room of a category, in logical units: enough to see and to hit its marks. */
+double obtainLeastCategoryRoom(KXChartDataDensity density)
+{
+    switch (density) {
+    case KXChartDataDensity::Loose:
+        return 32;
+    case KXChartDataDensity::Medium:
+        break;
+    case KXChartDataDensity::Compact:
+        return 8;
+    }
+    return 16;
+}
+
+} // namespace
+
+KXAxisChartBase::KXAxisChartBase()
+    : m_axisChartProperty(std::make_unique<KXAxisChartProperty>()), m_plot(new UXVirtualScrollView),
+      m_gridLayer(new KXAxisChartGridLayer), m_marksLayer(new KXAxisChartLayer),
+      m_markLabelsLayer(new KXAxisChartLayer)
+{
+    addChild(m_plot);
+    m_plot->setDelegate(this);
+    m_plot->setAutoJumpOut(true);
+    for (KXAxisChartBaseLayer* layer :
+         std::initializer_list<KXAxisChartBaseLayer*>{m_gridLayer, m_marksLayer, m_markLabelsLayer})
+        m_plot->addChild(layer);
+    m_marksLayer->setPaintFunction([this](UXPainter* painter) { _paintMarks(*painter); });
+    m_markLabelsLayer->setPaintFunction([this](UXPainter* painter) { _paintMarkLabels(*painter); });
+    m_axisChartProperty->registerUpdatedEvents(
+        [this](const std::string& key) { _axisChartPropertyUpdated(key); });
+}
+
+KXAxisChartBase::~KXAxisChartBase()
+{
+    m_plot->setDelegate(nullptr);
+    m_axisChartProperty->unregisterAllUpdatedEvents();
+    for (const auto& axis : m_axes) {
+        axis->axis->setDelegate(nullptr);
+        axis->property->unregisterAllUpdatedEvents();
+        axis->dataFormat->setUpdatedEvent({});
+    }
+}
+
+KXAxisChartProperty* KXAxisChartBase::getAxisChartProperty() const { return m_axisChartProperty.get(); }
+UXVirtualScrollView* KXAxisChartBase::getPlot() const { return m_plot; }
+KXAxisChartGridLayer* KXAxisChartBase::getGridLayer() const { return m_gridLayer; }
+KXAxisChartLayer* KXAxisChartBase::getMarksLayer() const { return m_marksLayer; }
+KXAxisChartLayer* KXAxisChartBase::getMarkLabelsLayer() const { return m_markLabelsLayer; }
+
+bool KXAxisChartBase::isVertical() const
+{
+    return m_axisChartProperty->getOrientation() == KXAxisChartOrientation::Vertical;
+}
+
+double KXAxisChartBase::_obtainMinCategorySpacing() const
+{
+    return obtainLeastCategoryRoom(m_axisChartProperty->getDataDensity());
+}
+
+void KXAxisChartBase::_layoutMarks() {}
+void KXAxisChartBase::_paintMarks(UXPainter&) {}
+void KXAxisChartBase::_paintMarkLabels(UXPainter&) {}
+void KXAxisChartBase::_visibleCategoriesChanged() {}
+
+KXAxisChartAxis& KXAxisChartBase::_addAxis()
+{
+    KXAxisChartAxis& added = *m_axes.emplace_back(std::make_unique<KXAxisChartAxis>());
+    added.axis = new KXAxis;
+    added.axis->setDelegate(this);
+    m_plot->addChild(added.axis);
+    added.title = new UXLabel;
+    m_plot->addChild(added.title);
+    added.property->registerUpdatedEvents(
+        [this, &added](const std::string& key) { _axisPropertyUpdated(added, key); });
+    added.dataFormat->setUpdatedEvent([this] { _layoutAnew(); });
+    return added;
+}
+
+KXAxisChartAxis* KXAxisChartBase::_findAxis(const KXAxis* axis) const
+{
+    const auto found = std::ranges::find_if(m_axes, [axis](const auto& own) { return own->axis == axis; });
+    return found == m_axes.end() ? nullptr : found->get();
+}
+
+void KXAxisChartBase::_layoutAnew() { setRequireToVerifyLayout(true, true); }
+
+void KXAxisChartBase::_repaintMarks()
+{
+    m_marksLayer->invalidate();
+    m_markLabelsLayer->invalidate();
+}
+
+void KXAxisChartBase::_setFirstCategory(double category)
+{
+    m_firstCategory = std::isfinite(category) ? std::max(category, 0.0) : 0;
+    _layoutAnew();
+}
+
+void KXAxisChartBase::_axisChartPropertyUpdated(const std::string& key)
+{
+    if (key == "m_dimmedOpacity" || key == "m_seriesColors")
+        _repaintMarks();
+    else if (key != "m_hintInfo")
+        _layoutAnew();
+}
+
+void KXAxisChartBase::_axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key)
+{
+    axis.cache.needsUpdate = true;
+    if (key == "m_axisAndTickLabelColor") {
+        // One wish for both; each of them can still be set apart afterwards.
+        const UXColor color = axis.property->getAxisAndTickLabelColor();
+        const UXObjectWatcher self(this);
+        axis.property->updateAxisColor(color);
+        if (self.isAlive())
+            axis.property->updateTickLabelFontColor(color);
+    } else {
+        _layoutAnew();
+    }
+}
+
+void KXAxisChartBase::axisAxisLengthChanged(KXAxis*, double)
+{
+    if (!m_layingOut)
+        _layoutAnew();
+}
+
+void KXAxisChartBase::axisVisibleValuesChanged(KXAxis*) {}
+
+bool KXAxisChartBase::shouldClipInScrollArea(UXVirtualScrollView*, UXObject*)
+{
+    // Labels stand beside what scrolls; the layers clip themselves.
+    return false;
+}
+
+void KXAxisChartBase::virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, const UXEvent&)
+{
+    KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    if (view != m_plot || m_layingOut || !scrolled)
+        return;
+    const UXObjectWatcher self(this);
+    const std::int64_t offset = scrolled->isHorizontal() ? m_plot->getContentOffsetX()
+                                                         : m_plot->getContentOffsetY();
+    scrolled->axis->setOffset(offset);
+    scrolled->axis->update();
+    if (!self.isAlive())
+        return;
+    const double spacing = scrolled->axis->obtainCurrentValueSpacing();
+    m_firstCategory = spacing > 0 ? static_cast<double>(offset) / spacing : 0;
+    _layoutContent();
+    if (self.isAlive())
+        m_plot->invalidate();
+}
+
+void KXAxisChartBase::customSerialize()
+{
+    KXChart::customSerialize();
+    serializeObject("m_axisChartProperty", m_axisChartProperty.get());
+}
+
+bool KXAxisChartBase::customDeserialize()
+{
+    bool complete = KXChart::customDeserialize();
+    complete = deserializeExistingObject("m_axisChartProperty", m_axisChartProperty.get()) && complete;
+    _layoutAnew();
+    return complete;
+}

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "kx_axis_chart_axis.h"
+#include "kx_axis_delegate.h"
+#include "kx_chart.h"
+#include "ux/ux_padding.h"
+#include "ux/ux_virtual_scroll_view_delegate.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class KXAxisChartGridLayer;
+class KXAxisChartLayer;
+class KXAxisChartProperty;
+class UXPainter;
+class UXVirtualScrollView;
+
+/**
+ * The frame of every chart whose marks stand against axes. It holds the axes and the layers, divides the plot
+ * area between labels, titles, scroll bar and marks, and scrolls along the category axis.
+ *
+ * Everything lies in one object, the plot, in its space: the layers cover it, and positions of axes, marks
+ * and hits are in it. Its children in paint order are the grid, the marks, their labels, the tick labels, the
+ * axes and the titles; a chart that adds a layer moves it over or under one of these.
+ *
+ * Scrolling and a new size keep what is seen: the first visible category is remembered, not an offset. Work
+ * for a frame depends on what is visible alone.
+ */
+class KX_EXPORT KXAxisChartBase : public KXChart, public KXAxisDelegate, public UXVirtualScrollViewDelegate {
+public:
+    KXAxisChartBase();
+    ~KXAxisChartBase() override;
+
+    // Parts: made and destroyed by the chart, never null
+    KXAxisChartProperty* getAxisChartProperty() const;
+    UXVirtualScrollView* getPlot() const;
+    KXAxisChartGridLayer* getGridLayer() const;
+    KXAxisChartLayer* getMarksLayer() const;
+    KXAxisChartLayer* getMarkLabelsLayer() const;
+
+    // Queries
+    /** @return whether values grow upwards and categories to the right; otherwise values grow to the right
+     * and categories downwards */
+    bool isVertical() const;
+    /** @return the part of the plot in which marks are drawn, in its space; as of the last layout */
+    const UXRect& getMarksArea() const { return m_marksArea; }
+
+    // From UXJsonObject, KXAxisDelegate and UXVirtualScrollViewDelegate
+    void customSerialize() override;
+    bool customDeserialize() override;
+    void axisAxisLengthChanged(KXAxis* axis, double totalLength) override;
+    void axisVisibleValuesChanged(KXAxis* axis) override;
+    bool shouldClipInScrollArea(UXVirtualScrollView* view, UXObject* object) override;
+    using UXVirtualScrollViewDelegate::virtualScrollViewContentOffsetChanged;
+    void virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, const UXEvent& event) override;
+
+protected:
+    // What a chart type answers
+    /** Brings the ranges of the axes up to date and gives them to the KXAxis objects. */
+    virtual void _customUpdateAxes() = 0;
+    /** @return the axis along which the chart scrolls, the one of the categories; null for none */
+    virtual KXAxisChartAxis* _obtainScrolledAxis() = 0;
+    /** @return the least room of a category along its axis, in logical units; with less the chart scrolls. By
+     * default it follows the density of the chart's property. */
+    virtual double _obtainMinCategorySpacing() const;
+    /**
+     * Makes the records of the visible marks: rectangles or points in the plot's space, which painting, hits
+     * and hints read. Called when the axes are in place, after each layout and each scroll; look only at the
+     * categories that are visible.
+     */
+    virtual void _layoutMarks();
+    /** Draws the marks in the plot's space, which is clipped to the marks' area. Reads records only. */
+    virtual void _paintMarks(UXPainter& painter);
+    /** Draws the labels of the marks, over all of them, clipped to the marks' area too. */
+    virtual void _paintMarkLabels(UXPainter& painter);
+    /** A key of an axis's property changed. */
+    virtual void _axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key);
+    virtual void _axisChartPropertyUpdated(const std::string& key);
+    /** Other categories became visible, or the first layout of some showed them. */
+    virtual void _visibleCategoriesChanged();
+    void _customLayout(UXRect plotArea) override;
+
+    // What a chart type calls
+    /** @return a new axis with its objects, which the chart keeps */
+    KXAxisChartAxis& _addAxis();
+    const std::vector<std::unique_ptr<KXAxisChartAxis>>& _getAxes() const { return m_axes; }
+    KXAxisChartAxis* _findAxis(const KXAxis* axis) const;
+    void _layoutAnew();
+    /** Has the marks and their labels painted anew. */
+    void _repaintMarks();
+    /** @return the first visible category and what of it is scrolled out: 2.5 shows half of category 2 */
+    double _getFirstCategory() const { return m_firstCategory; }
+    /** Scrolls there with the next layout. */
+    void _setFirstCategory(double category);
+
+private:
+    /** What stands beside the marks on one side, in logical units. */
+    struct Band {
+        int labels = 0;
+        int title = 0;
+        int endTitle = 0; // of an axis that ends at this side
+
+        int obtainExtent() const { return labels + title + endTitle; }
+    };
+    struct Bands {
+        Band left, top, right, bottom;
+
+        Band& at(UXPosition side);
+    };
+    enum class Detail : int { None, Labels, All };
+
+    void _makeLayers();
+    void _registerPropertyEvents();
+    void _layoutAxes();
+    void _layoutAxes(Detail detail);
+    Bands _measureBands(Detail detail);
+    UXRect _obtainArea(const Bands& bands, bool scrolls) const;
+    void _placeAxes(const UXRect& area);
+    void _placeTitles(const Bands& bands, Detail detail, bool scrolls);
+    void _placeScroll(const Bands& bands, bool scrolls);
+    void _placeLayers();
+    void _layoutContent();
+    void _layoutGrid();
+
+    std::unique_ptr<KXAxisChartProperty> m_axisChartProperty;
+    UXVirtualScrollView* m_plot;       // a child
+    KXAxisChartGridLayer* m_gridLayer; // children of the plot
+    KXAxisChartLayer* m_marksLayer;
+    KXAxisChartLayer* m_markLabelsLayer;
+    std::vector<std::unique_ptr<KXAxisChartAxis>> m_axes;
+    UXRect m_marksArea;
+    double m_firstCategory = 0;
+    bool m_layingOut = false;
+};

@@ -1,0 +1,320 @@
+#include "kx_axis_chart_base.h"
+
+#include "kx_axis.h"
+#include "kx_axis_chart_grid_layer.h"
+#include "kx_axis_chart_layer.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_property.h"
+#include "kx_axis_scale.h"
+#include "ux/ux_label.h"
+#include "ux/ux_layout_helper.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+#include "ux/ux_text_shortening.h"
+#include "ux/ux_virtual_scroll_view.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr int titleGap = 4; // between an axis's title and what stands beside it, logical units
+constexpr int barExtent = UXVirtualScrollView::extraExtent;
+/** Titles, then labels, give way where the marks would get less room than this. */
+constexpr UXSize leastAreaBesideTitles{120, 80};
+constexpr UXSize leastAreaBesideLabels{48, 32};
+/** Lines closer together than this are a shade and no grid. */
+constexpr double leastGridPitch = 4;
+/** A title at the end of an axis takes no more of the plot than this part. */
+constexpr int endTitleDivider = 4;
+
+bool isTooSmall(const UXRect& area, const UXSize& least)
+{
+    return area.width < least.width || area.height < least.height;
+}
+
+UXSize measureTitle(const KXAxisChartAxis& axis)
+{
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    const UXDoubleSize size = helper->getTextSize(axis.obtainTitleText(), axis.property->getTitleProperty());
+    return {uxSaturateToInt(std::ceil(size.width)), uxSaturateToInt(std::ceil(size.height))};
+}
+
+std::string shortenTitle(const KXAxisChartAxis& axis, int limit)
+{
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    const auto widthOf = [&](std::string_view piece) {
+        return helper->getTextSize(std::string(piece), axis.property->getTitleProperty()).width;
+    };
+    return uxShortenText(axis.obtainTitleText(), UXTextOption::EllipsisEnd, limit, widthOf);
+}
+
+bool hasTitle(const KXAxisChartAxis& axis)
+{
+    return axis.isUsed && axis.property->getShowTitle() && !axis.obtainTitleText().empty();
+}
+
+/** @return the side of the marks at which a title at the end of the axis stands */
+UXPosition obtainEndSide(const KXAxisChartAxis& axis)
+{
+    return axis.isHorizontal() ? UXPosition::Right : UXPosition::Top;
+}
+
+/** @return the rectangle of the axis's line, at its side of the marks */
+UXRect obtainAxisRect(const KXAxisChartAxis& axis, const UXRect& area)
+{
+    if (axis.position == UXPosition::Top)
+        return {area.x, area.y, area.width, std::min(area.height, 1)};
+    if (axis.position == UXPosition::Right)
+        return {uxMaxX(area) - std::min(area.width, 1), area.y, std::min(area.width, 1), area.height};
+    return area;
+}
+
+} // namespace
+
+KXAxisChartBase::Band& KXAxisChartBase::Bands::at(UXPosition side)
+{
+    switch (side) {
+    case UXPosition::Left:
+        return left;
+    case UXPosition::Right:
+        return right;
+    case UXPosition::Top:
+        return top;
+    default:
+        return bottom;
+    }
+}
+
+void KXAxisChartBase::_customLayout(UXRect plotArea)
+{
+    const UXObjectWatcher self(this);
+    m_layingOut = true;
+    m_plot->setRect(plotArea);
+    _customUpdateAxes();
+    if (self.isAlive())
+        _layoutAxes();
+    if (!self.isAlive())
+        return;
+    m_layingOut = false;
+    _layoutContent();
+}
+
+void KXAxisChartBase::_layoutAxes()
+{
+    const UXObjectWatcher self(this);
+    _layoutAxes(Detail::All);
+    if (self.isAlive() && isTooSmall(m_marksArea, leastAreaBesideTitles))
+        _layoutAxes(Detail::Labels);
+    if (self.isAlive() && isTooSmall(m_marksArea, leastAreaBesideLabels))
+        _layoutAxes(Detail::None);
+}
+
+/** Labels take room from the axes, and what labels need depends on the axes' room: the second round settles
+ * it but for labels that turn in the first, which a third one follows. */
+void KXAxisChartBase::_layoutAxes(Detail detail)
+{
+    constexpr int rounds = 3;
+    const UXObjectWatcher self(this);
+    KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    Bands bands;
+    bool scrolls = false;
+    for (int round = 0; round < rounds; ++round) {
+        _placeAxes(_obtainArea(bands, scrolls));
+        bands = _measureBands(detail);
+        if (!self.isAlive())
+            return;
+        scrolls = scrolled && scrolled->axis->isScrollable();
+    }
+    _placeAxes(_obtainArea(bands, scrolls));
+    _placeScroll(bands, scrolls);
+    _placeTitles(bands, detail, scrolls);
+    _placeLayers();
+}
+
+KXAxisChartBase::Bands KXAxisChartBase::_measureBands(Detail detail)
+{
+    Bands bands;
+    for (const auto& axis : m_axes) {
+        if (detail != Detail::All || !hasTitle(*axis))
+            continue;
+        const UXSize title = measureTitle(*axis);
+        if (!axis->property->getShowTitleAtEndOfAxis()) {
+            bands.at(axis->position).title = title.height + titleGap;
+            continue;
+        }
+        const int most = m_plot->getRect().width / endTitleDivider;
+        int& end = bands.at(obtainEndSide(*axis)).endTitle;
+        end = std::max(end, titleGap + (axis->isHorizontal() ? std::min(title.width, most) : title.height));
+    }
+    return bands;
+}
+
+/** @return what the bands leave of the plot, no longer than an axis that is given a length */
+UXRect KXAxisChartBase::_obtainArea(const Bands& bands, bool scrolls) const
+{
+    const KXAxisChartAxis* scrolled = const_cast<KXAxisChartBase*>(this)->_obtainScrolledAxis();
+    const bool barLies = scrolled && scrolled->isHorizontal();
+    const int below = bands.bottom.obtainExtent() + (scrolls && barLies ? barExtent : 0);
+    const int beside = bands.right.obtainExtent() + (scrolls && !barLies ? barExtent : 0);
+    const UXRect plot = m_plot->getBoundingRect();
+    const int left = bands.left.obtainExtent(), top = bands.top.obtainExtent();
+    UXRect area(left, top, std::max(plot.width - left - beside, 0), std::max(plot.height - top - below, 0));
+    for (const auto& axis : m_axes) {
+        const int length = axis->property->getAxisLength();
+        if (!axis->isUsed || length < 0)
+            continue;
+        if (axis->isHorizontal()) {
+            area.width = std::min(area.width, length);
+        } else {
+            const int cut = area.height - std::min(area.height, length);
+            area = {area.x, area.y + cut, area.width, area.height - cut};
+        }
+    }
+    return area;
+}
+
+void KXAxisChartBase::_placeAxes(const UXRect& area)
+{
+    m_marksArea = area;
+    const KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    for (const auto& own : m_axes) {
+        KXAxis& axis = *own->axis;
+        axis.setVisible(own->isUsed);
+        axis.setShowAxis(own->property->getShowAxis());
+        axis.setColor(own->property->getAxisColor());
+        if (own->isHorizontal())
+            axis.setVectorNotation(1, 0);
+        else
+            axis.setVectorNotation(0, own.get() == scrolled ? -1 : 1);
+        const bool scrolls = own.get() == scrolled && m_axisChartProperty->getEnableScroll();
+        axis.setMinValueSpacing(scrolls ? _obtainMinCategorySpacing() : -1);
+        axis.setRect(obtainAxisRect(*own, area));
+        axis.updateCache();
+    }
+}
+
+void KXAxisChartBase::_placeTitles(const Bands& bands, Detail detail, bool scrolls)
+{
+    const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
+    for (const auto& axis : m_axes) {
+        UXLabel& label = *axis->title;
+        label.setVisible(detail == Detail::All && hasTitle(*axis));
+        if (!label.getVisible())
+            continue;
+        const UXSize size = measureTitle(*axis);
+        const bool atEnd = axis->property->getShowTitleAtEndOfAxis();
+        const Bands all = bands;
+        const int labels = Bands(all).at(axis->position).labels;
+        const int bar = scrolls && axis->position == UXPosition::Bottom && axis.get() == _obtainScrolledAxis()
+                            ? barExtent
+                            : 0;
+        const int most = !atEnd                 ? (axis->isHorizontal() ? area.width : area.height)
+                         : axis->isHorizontal() ? plot.width / endTitleDivider
+                                                : plot.width;
+        const int width = std::min(size.width, most);
+        UXRect rect;
+        if (atEnd && axis->isHorizontal())
+            rect = {uxMaxX(area) + titleGap,
+                    (axis->position == UXPosition::Top ? area.y : uxMaxY(area)) - size.height / 2, width,
+                    size.height};
+        else if (atEnd)
+            rect = {axis->position == UXPosition::Left ? 0 : uxMaxX(plot) - width,
+                    area.y - titleGap - size.height, width, size.height};
+        else if (axis->position == UXPosition::Bottom)
+            rect = {area.x, uxMaxY(area) + labels + bar + titleGap, area.width, size.height};
+        else if (axis->position == UXPosition::Top)
+            rect = {area.x, area.y - labels - titleGap - size.height, area.width, size.height};
+        else if (axis->position == UXPosition::Left)
+            rect = {area.x - labels - titleGap - size.height, area.y, size.height, area.height};
+        else
+            rect = {uxMaxX(area) + labels + titleGap, area.y, size.height, area.height};
+        UXTextProperty property = axis->property->getTitleProperty();
+        label.setText(shortenTitle(*axis, most));
+        label.setTextProperty(property);
+        label.setRotation(atEnd || axis->isHorizontal() ? 0 : 270);
+        label.setRect(rect);
+    }
+}
+
+/** The bar stands beside the marks, or under the labels of the categories, and the title beyond it. */
+void KXAxisChartBase::_placeScroll(const Bands& bands, bool scrolls)
+{
+    KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
+    const bool lies = scrolled && scrolled->isHorizontal();
+    UXPadding padding(area.x, area.y, plot.width - uxMaxX(area), plot.height - uxMaxY(area));
+    if (scrolls && lies)
+        padding.bottom -= bands.bottom.labels + barExtent;
+    else if (scrolls)
+        padding.right -= barExtent;
+    m_plot->setScrollPadding(padding);
+    m_plot->setEnableHorizontalScrollBar(scrolls && lies, false);
+    m_plot->setEnableVerticalScrollBar(scrolls && !lies, false);
+    const double total = scrolls ? scrolled->axis->obtainTotalLength() : 0;
+    const auto extent = static_cast<std::int64_t>(std::ceil(std::min(total, 1e15)));
+    m_plot->setContentWidth(lies ? extent : 0);
+    m_plot->setContentHeight(lies ? 0 : extent);
+    if (!scrolled)
+        return;
+
+    // The same category stands first as before, whatever the spacing is now.
+    const double first = m_firstCategory * scrolled->axis->obtainCurrentValueSpacing();
+    const auto offset = static_cast<std::int64_t>(std::round(std::clamp(first, 0.0, 1e15)));
+    m_plot->setContentOffsetX(lies ? offset : 0);
+    m_plot->setContentOffsetY(lies ? 0 : offset);
+    scrolled->axis->setOffset(lies ? m_plot->getContentOffsetX() : m_plot->getContentOffsetY());
+    scrolled->axis->update();
+}
+
+void KXAxisChartBase::_placeLayers()
+{
+    const UXRect whole = m_plot->getBoundingRect();
+    m_gridLayer->setRect(whole);
+    for (KXAxisChartLayer* layer : {m_marksLayer, m_markLabelsLayer}) {
+        layer->setRect(whole);
+        layer->setDrawingRect(m_marksArea);
+    }
+}
+
+void KXAxisChartBase::_layoutContent()
+{
+    const UXObjectWatcher self(this);
+    _layoutGrid();
+    _layoutMarks();
+    if (!self.isAlive())
+        return;
+    _repaintMarks();
+    _visibleCategoriesChanged();
+}
+
+void KXAxisChartBase::_layoutGrid()
+{
+    std::vector<KXAxisChartGridLines> grid, zeros;
+    for (const auto& own : m_axes) {
+        KXAxis& axis = *own->axis;
+        if (!own->isUsed || !axis.isValidAxis())
+            continue;
+        const bool alongX = own->isHorizontal();
+        const auto placeOf = [&](double value) {
+            const UXDoublePoint point = axis.obtainDoubleValuePositionInAxis(value);
+            return alongX ? point.x : point.y;
+        };
+        if (own->property->getShowGridLine()) {
+            const auto limit = static_cast<std::size_t>(
+                std::max(axis.obtainAxisLength() / leastGridPitch, 1.0));
+            const auto [first, last] = axis.obtainCurrentFirstLastValues();
+            KXAxisChartGridLines& lines = grid.emplace_back(!alongX, std::vector<double>(),
+                                                            own->property->getGridLineColor());
+            for (const double tick : kxObtainAxisTicks(own->cache, first, last, limit))
+                lines.places.push_back(placeOf(tick));
+        }
+        const bool hasZero = own->cache.isValueAxis && axis.getMinValue() < 0 && axis.getMaxValue() > 0;
+        if (hasZero && own.get() != _obtainScrolledAxis() && m_axisChartProperty->getShowZeroLine())
+            zeros.push_back({!alongX, {placeOf(0)}, own->property->getAxisColor()});
+    }
+    grid.insert(grid.end(), zeros.begin(), zeros.end());
+    m_gridLayer->setLines(grid, m_marksArea);
+}

@@ -1,0 +1,358 @@
+#include "kx_xy_axis_chart.h"
+
+#include "kx_axis.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_property.h"
+#include "kx_axis_scale.h"
+#include "kx_chart_data_format.h"
+#include "kx_key_definitions.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+/** Indexes are found from places; this much of a category is the noise of that. */
+constexpr double placeNoise = 1e-6;
+
+/** @return where the values of an axis lie along it */
+KXAxisChartValueMap makeMap(const KXAxisChartAxis& own)
+{
+    KXAxis& axis = *own.axis;
+    const double low = axis.getMinValue(), high = axis.getMaxValue();
+    const UXDoublePoint start = axis.obtainDoubleValuePositionInAxis(low);
+    const UXDoublePoint end = axis.obtainDoubleValuePositionInAxis(high);
+    const double from = own.isHorizontal() ? start.x : start.y, to = own.isHorizontal() ? end.x : end.y;
+    const double span = high - low;
+    return {low, from, span > 0 && std::isfinite(span) ? (to - from) / span : 0};
+}
+
+std::uint64_t toIndex(double number, std::uint64_t count)
+{
+    return number > 0 ? static_cast<std::uint64_t>(std::min(number, static_cast<double>(count))) : 0;
+}
+
+} // namespace
+
+KXXYAxisChart::KXXYAxisChart() : m_x(_addAxis()), m_y(_addAxis()), m_secondaryY(_addAxis())
+{
+    m_secondaryY.isUsed = false;
+    m_y.property->setShowGridLine(true);
+}
+
+KXXYAxisChart::~KXXYAxisChart() = default;
+
+KXAxisProperty* KXXYAxisChart::getXAxisProperty() const { return m_x.property.get(); }
+KXAxisProperty* KXXYAxisChart::getYAxisProperty() const { return m_y.property.get(); }
+KXAxisProperty* KXXYAxisChart::getSecondaryYAxisProperty() const { return m_secondaryY.property.get(); }
+KXChartDataFormat* KXXYAxisChart::getXDataFormat() const { return m_x.dataFormat.get(); }
+KXChartDataFormat* KXXYAxisChart::getYDataFormat() const { return m_y.dataFormat.get(); }
+KXChartDataFormat* KXXYAxisChart::getSecondaryYDataFormat() const { return m_secondaryY.dataFormat.get(); }
+KXAxis* KXXYAxisChart::getXAxis() const { return m_x.axis; }
+KXAxis* KXXYAxisChart::getYAxis() const { return m_y.axis; }
+KXAxis* KXXYAxisChart::getSecondaryYAxis() const { return m_secondaryY.axis; }
+
+bool KXXYAxisChart::isSeriesOnSecondaryAxis(std::uint64_t) const { return false; }
+bool KXXYAxisChart::shouldIncludeZero(const KXAxisProperty*) const { return false; }
+bool KXXYAxisChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty*) { return false; }
+
+bool KXXYAxisChart::updateAxisCacheData(KXAxisProperty* property, KXAxisChartAxisCacheData* cache)
+{
+    return kxUpdateAxisCacheData(property, cache, calculateSuitableMinMaxIfNumberData(property));
+}
+
+const KXAxisChartAxisCacheData* KXXYAxisChart::obtainAxisCacheData(const KXAxisProperty* property) const
+{
+    for (const KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})
+        if (axis->property.get() == property)
+            return &axis->cache;
+    return nullptr;
+}
+
+double KXXYAxisChart::_calculateSuitableRange(double amount, bool forTicks) const
+{
+    return kxCalculateSuitableRange(amount, forTicks);
+}
+
+KXAxisChartAxis* KXXYAxisChart::_obtainScrolledAxis() { return &m_x; }
+
+KXAxisChartAxis& KXXYAxisChart::_obtainValueAxis(std::uint64_t series) const
+{
+    return isSeriesOnSecondaryAxis(series) ? m_secondaryY : m_y;
+}
+
+std::string KXXYAxisChart::obtainValueText(std::uint64_t series, double value) const
+{
+    return std::isnan(value) ? std::string() : _obtainValueAxis(series).dataFormat->formatNumber(value);
+}
+
+double KXXYAxisChart::_obtainMinCategorySpacing() const
+{
+    return m_isContinuous ? -1 : KXAxisChart::_obtainMinCategorySpacing();
+}
+
+bool KXXYAxisChart::_wantsContinuous() const
+{
+    if (getCategoryDataType() == KXChartDataType::String)
+        return false;
+    return m_x.property->getIsCustomizedIsContinuous() || m_x.property->getIsContinuous()
+               ? m_x.property->getIsContinuous()
+               : getCategorySetting().firstFlag;
+}
+
+void KXXYAxisChart::_updateDataRanges()
+{
+    const UXObjectWatcher self(this);
+    const std::vector<double> numbers = _wantsContinuous() ? obtainCategoryNumbers() : std::vector<double>();
+    if (!self.isAlive())
+        return;
+    m_categoryNumbers = numbers;
+    m_categoryNumbers.resize(std::min<std::size_t>(numbers.size(), obtainShownCategoryCount()));
+    _updateCategoryRange();
+
+    std::vector<std::uint64_t> primary, secondary;
+    for (const std::uint64_t series : getShownSeries())
+        (isSeriesOnSecondaryAxis(series) ? secondary : primary).push_back(series);
+    _updateValueRange(m_y, primary);
+    _updateValueRange(m_secondaryY, secondary);
+    m_secondaryY.isUsed = !secondary.empty();
+    _updateDefaultTitles();
+}
+
+void KXXYAxisChart::_updateCategoryRange()
+{
+    KXAxisChartAxisCacheData& cache = m_x.cache;
+    kxSetAxisDimension(cache, getCategoryDataType());
+    m_isContinuous = !m_categoryNumbers.empty();
+    m_categoriesGrow = std::ranges::is_sorted(m_categoryNumbers);
+    m_categoryDistance = 1;
+    cache.isValueAxis = m_isContinuous;
+    cache.categoryCount = obtainShownCategoryCount();
+    if (!m_isContinuous)
+        return;
+    const auto [least, greatest] = std::ranges::minmax_element(m_categoryNumbers);
+    cache.dataMin = *least;
+    cache.dataMax = *greatest;
+    double distance = std::numeric_limits<double>::infinity();
+    for (std::size_t i = 1; m_categoriesGrow && i < m_categoryNumbers.size(); ++i)
+        if (m_categoryNumbers[i] > m_categoryNumbers[i - 1])
+            distance = std::min(distance, m_categoryNumbers[i] - m_categoryNumbers[i - 1]);
+    if (std::isfinite(distance))
+        m_categoryDistance = distance;
+}
+
+void KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis, const std::vector<std::uint64_t>& series)
+{
+    KXAxisChartValueRange range = obtainValueRange(series, obtainShownCategoryCount());
+    if (shouldIncludeZero(axis.property.get())) {
+        range.min = std::min(range.min, 0.0);
+        range.max = std::max(range.max, 0.0);
+    }
+    axis.cache.dataMin = range.min;
+    axis.cache.dataMax = range.max;
+    axis.cache.stackedMin = range.stackedMin;
+    axis.cache.stackedMax = range.stackedMax;
+    axis.cache.needsUpdate = true;
+}
+
+void KXXYAxisChart::_updateDefaultTitles()
+{
+    m_x.property->setDefaultTitleValue(getCategoryDimensionLabel());
+    m_y.property->setDefaultTitleValue(getMeasureLabel());
+}
+
+void KXXYAxisChart::_axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key)
+{
+    const UXObjectWatcher self(this);
+    const bool changesMarks = key == "m_isStacked" || key == "m_is100PercentStacked" ||
+                              key == "m_isContinuous" || key == "m_isCustomizedIsContinuous";
+    if (changesMarks && preparedAndReloadedData())
+        reloadData();
+    if (self.isAlive())
+        KXAxisChart::_axisPropertyUpdated(axis, key);
+}
+
+void KXXYAxisChart::_customUpdateAxes()
+{
+    _placeSides();
+    for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})
+        updateAxisCacheData(axis->property.get(), &axis->cache);
+    _setCategoryScale();
+    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY}) {
+        axis->axis->setMinValue(axis->cache.axisMin);
+        axis->axis->setMaxValue(axis->cache.axisMax);
+    }
+}
+
+/** The one place that knows the orientation: everything else follows the sides at which the axes stand. */
+void KXXYAxisChart::_placeSides()
+{
+    const bool hasData = preparedAndReloadedData() && obtainShownCategoryCount() > 0;
+    m_x.position = isVertical() ? UXPosition::Bottom : UXPosition::Left;
+    m_y.position = isVertical() ? UXPosition::Left : UXPosition::Bottom;
+    m_secondaryY.position = isVertical() ? UXPosition::Right : UXPosition::Top;
+    m_x.isUsed = m_y.isUsed = hasData;
+    if (!hasData)
+        m_secondaryY.isUsed = false;
+}
+
+void KXXYAxisChart::_setCategoryScale()
+{
+    KXAxis& axis = *m_x.axis;
+    const KXAxisChartAxisCacheData& cache = m_x.cache;
+    const int length = m_x.property->getAxisLength();
+    axis.setShiftHalfValueSpacing(!m_isContinuous);
+    if (m_isContinuous) {
+        // Half a category's room on both sides, so that marks at the ends are whole.
+        axis.setMinValue(cache.axisMin - m_categoryDistance / 2);
+        axis.setMaxValue(cache.axisMax + m_categoryDistance / 2);
+        axis.setValueSpacing(-1);
+        return;
+    }
+    const auto count = static_cast<double>(cache.categoryCount);
+    axis.setMinValue(-1);
+    axis.setMaxValue(count - 1);
+    axis.setValueSpacing(length > 0 && count > 0 ? length / count : -1);
+}
+
+double KXXYAxisChart::obtainCategoryValue(std::uint64_t category)
+{
+    return category < m_categoryNumbers.size() ? m_categoryNumbers[category] : static_cast<double>(category);
+}
+
+KXAxisChartValueMap KXXYAxisChart::obtainCategoryMap() const
+{
+    KXAxisChartValueMap map = makeMap(m_x);
+    // The axis moves its values by whole units; slots begin exactly where the axis does.
+    if (!m_isContinuous)
+        map.position -= map.spacing / 2 - std::floor(map.spacing / 2);
+    return map;
+}
+
+double KXXYAxisChart::obtainCategorySpacing() const { return makeMap(m_x).spacing * m_categoryDistance; }
+
+KXAxisChartValueMap KXXYAxisChart::obtainValueMap(std::uint64_t series) const
+{
+    return makeMap(_obtainValueAxis(series));
+}
+
+std::pair<std::uint64_t, std::uint64_t> KXXYAxisChart::obtainVisibleCategories()
+{
+    const std::uint64_t count = obtainShownCategoryCount();
+    const KXAxisChartValueMap map = obtainCategoryMap();
+    const UXRect& area = getMarksArea();
+    if (uxIsEmptyRect(area) || map.spacing == 0 || !preparedAndReloadedData())
+        return {0, 0};
+    const double first = map.obtainValue(m_x.isHorizontal() ? area.x : area.y);
+    const double last = map.obtainValue(m_x.isHorizontal() ? uxMaxX(area) : uxMaxY(area));
+    if (!m_isContinuous)
+        return {toIndex(std::floor(first + 0.5 + placeNoise), count),
+                toIndex(std::ceil(last + 0.5 - placeNoise), count)};
+    if (!m_categoriesGrow)
+        return {0, m_categoryNumbers.size()};
+    const auto begin = m_categoryNumbers.begin();
+    const auto from = std::lower_bound(begin, m_categoryNumbers.end(), first - m_categoryDistance / 2);
+    const auto to = std::upper_bound(begin, m_categoryNumbers.end(), last + m_categoryDistance / 2);
+    return {static_cast<std::uint64_t>(from - begin), static_cast<std::uint64_t>(to - begin)};
+}
+
+std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryAt(UXPoint point) const
+{
+    const std::uint64_t count = obtainShownCategoryCount();
+    const KXAxisChartValueMap map = obtainCategoryMap();
+    if (map.spacing == 0 || count == 0)
+        return std::nullopt;
+    // The middle of the pixel that the pointer is on.
+    const double value = map.obtainValue((m_x.isHorizontal() ? point.x : point.y) + 0.5);
+    if (!m_isContinuous) {
+        const double category = std::floor(value + 0.5);
+        return category >= 0 && category < static_cast<double>(count)
+                   ? std::optional<std::uint64_t>(static_cast<std::uint64_t>(category))
+                   : std::nullopt;
+    }
+    if (!m_categoriesGrow || m_categoryNumbers.empty())
+        return std::nullopt;
+    const auto begin = m_categoryNumbers.begin(), end = m_categoryNumbers.end();
+    auto nearest = std::lower_bound(begin, end, value);
+    if (nearest == end || (nearest != begin && value - *(nearest - 1) < *nearest - value))
+        --nearest;
+    return static_cast<std::uint64_t>(nearest - begin);
+}
+
+/** In the middle of the category, at the middle of its mark where that has a value. */
+UXPoint KXXYAxisChart::_obtainHintPoint(const KXAxisChartMark& mark)
+{
+    const double across = obtainCategoryMap().obtainPosition(obtainCategoryValue(mark.category));
+    const double value = getValue(mark.series, mark.category);
+    const KXAxisChartValueMap map = obtainValueMap(mark.series);
+    const UXRect& area = getMarksArea();
+    const int low = m_x.isHorizontal() ? area.y : area.x;
+    const int high = (m_x.isHorizontal() ? uxMaxY(area) : uxMaxX(area)) - 1;
+    const int along = std::clamp(uxSaturateToInt(std::floor(map.obtainPosition(value))), low,
+                                 std::max(low, high));
+    const int place = uxSaturateToInt(std::floor(across));
+    return m_x.isHorizontal() ? UXPoint(place, along) : UXPoint(along, place);
+}
+
+UXDoubleRect KXXYAxisChart::obtainPlotRect(double category1, double category2, double value1,
+                                           double value2) const
+{
+    const double category = std::min(category1, category2), value = std::min(value1, value2);
+    const double across = std::abs(category2 - category1), along = std::abs(value2 - value1);
+    return m_x.isHorizontal() ? UXDoubleRect(category, value, across, along)
+                              : UXDoubleRect(value, category, along, across);
+}
+
+const UXPropertyTable& KXXYAxisChart::obtainPropertyTable()
+{
+#define KX_XY_AXIS_CHART_OBJECT(Name, key) \
+    UXProperty::makeObject<KXXYAxisChart>( \
+        key, [](KXXYAxisChart& chart) { return static_cast<UXJsonObject*>(chart.get##Name()); })
+    static const UXPropertyTable table(
+        &KXAxisChart::obtainPropertyTable(),
+        {KX_XY_AXIS_CHART_OBJECT(XAxisProperty, "m_xAxisProperty"),
+         KX_XY_AXIS_CHART_OBJECT(YAxisProperty, "m_yAxisProperty"),
+         KX_XY_AXIS_CHART_OBJECT(SecondaryYAxisProperty, "m_secondaryYAxisProperty"),
+         KX_XY_AXIS_CHART_OBJECT(XDataFormat, "m_xDataFormat"),
+         KX_XY_AXIS_CHART_OBJECT(YDataFormat, "m_yDataFormat"),
+         KX_XY_AXIS_CHART_OBJECT(SecondaryYDataFormat, "m_secondaryYDataFormat")});
+#undef KX_XY_AXIS_CHART_OBJECT
+    return table;
+}
+
+void KXXYAxisChart::customSerialize()
+{
+    KXAxisChart::customSerialize();
+    serializeObject("m_xAxisProperty", m_x.property.get());
+    serializeObject("m_yAxisProperty", m_y.property.get());
+    serializeObject("m_secondaryYAxisProperty", m_secondaryY.property.get());
+    serializeObject("m_xDataFormat", m_x.dataFormat.get());
+    serializeObject("m_yDataFormat", m_y.dataFormat.get());
+    serializeObject("m_secondaryYDataFormat", m_secondaryY.dataFormat.get());
+}
+
+std::string KXXYAxisChart::customSerializeTypeID() { return "KXXYAxisChart"; }
+
+bool KXXYAxisChart::customDeserialize()
+{
+    bool complete = KXAxisChart::customDeserialize();
+    complete = deserializeExistingObject("m_xAxisProperty", m_x.property.get()) && complete;
+    complete = deserializeExistingObject("m_yAxisProperty", m_y.property.get()) && complete;
+    complete = deserializeExistingObject("m_secondaryYAxisProperty", m_secondaryY.property.get()) && complete;
+    complete = deserializeExistingObject("m_xDataFormat", m_x.dataFormat.get()) && complete;
+    complete = deserializeExistingObject("m_yDataFormat", m_y.dataFormat.get()) && complete;
+    complete = deserializeExistingObject("m_secondaryYDataFormat", m_secondaryY.dataFormat.get()) && complete;
+    const UXObjectWatcher self(this);
+    if (preparedAndReloadedData())
+        reloadData();
+    if (!self.isAlive())
+        return complete;
+    for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})
+        axis->cache.needsUpdate = true;
+    _layoutAnew();
+    return complete;
+}

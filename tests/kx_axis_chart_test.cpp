@@ -1,0 +1,491 @@
+#include "kx_xy_axis_chart.h"
+
+#include "kx_axis.h"
+#include "kx_axis_chart_grid_layer.h"
+#include "kx_axis_chart_layer.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_chart_test_provider.h"
+#include "kx_axis_property.h"
+#include "kx_chart_property.h"
+#include "ux/ux_event.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_virtual_scroll_view.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+
+namespace {
+
+constexpr double null = KXAxisChartTestProvider::null;
+using Mark = KXAxisChartMark;
+
+/** Draws a bar per series and category, all of a category's over one another, the first in front. */
+class BarsChart : public KXXYAxisChart {
+public:
+    struct Bar {
+        Mark mark;
+        UXDoubleRect rect;
+    };
+
+    explicit BarsChart(KXAxisChartTestProvider& provider, UXRect rect = {0, 0, 302, 202})
+    {
+        for (KXAxisProperty* axis : {getXAxisProperty(), getYAxisProperty()})
+            axis->setShowTitle(false);
+        setDataProvider(&provider);
+        setRect(rect);
+    }
+    /** Brings data and layout up to date; stops where the chart has gone. */
+    void load()
+    {
+        const UXObjectWatcher self(this);
+        prepareData();
+        if (self.isAlive())
+            reloadData();
+        if (self.isAlive())
+            layout();
+    }
+    void resize(int width, int height)
+    {
+        setRect({0, 0, width, height});
+        layout();
+    }
+    /** @return the middle of a mark in the space of the chart's root */
+    UXPoint obtainMiddle(const Mark& mark) const
+    {
+        for (const Bar& bar : bars)
+            if (bar.mark == mark)
+                return translatePoint(
+                    UXPoint(uxSaturateToInt(uxMidDoubleX(bar.rect)), uxSaturateToInt(uxMidDoubleY(bar.rect))),
+                    getPlot(), nullptr);
+        return {-1, -1};
+    }
+    std::string paintToText(UXObject* object)
+    {
+        UXRecordingPaintConfig config;
+        object->paint(&config, object->getBoundingRect());
+        std::string text;
+        for (const std::string& line : config.getRecording().getLines())
+            text += line + "\n";
+        return text;
+    }
+    bool shouldIncludeZero(const KXAxisProperty*) const override { return true; }
+
+    std::vector<Bar> bars;
+    int reloads = 0;
+
+protected:
+    void _customReloadMarks() override { ++reloads; }
+    void _layoutMarks() override
+    {
+        bars.clear();
+        const KXAxisChartValueMap across = obtainCategoryMap();
+        const double half = obtainCategorySpacing() / 2;
+        const auto [first, end] = obtainVisibleCategories();
+        for (const std::uint64_t series : getShownSeries()) {
+            const KXAxisChartValueMap along = obtainValueMap(series);
+            for (std::uint64_t category = first; category < end; ++category) {
+                const double middle = across.obtainPosition(obtainCategoryValue(category));
+                bars.push_back({{series, category},
+                                obtainPlotRect(middle - half, middle + half, along.obtainPosition(0),
+                                               along.obtainPosition(getValue(series, category)))});
+            }
+        }
+    }
+    void _paintMarks(UXPainter& painter) override
+    {
+        for (const Bar& bar : bars) {
+            painter.setColor(obtainMarkColor(bar.mark, obtainSeriesColor(bar.mark.series)));
+            painter.drawRects({&bar.rect, 1});
+        }
+    }
+    std::optional<Mark> _hitMark(UXPoint point) const override
+    {
+        for (const Bar& bar : bars)
+            if (uxPointInDoubleRect(UXDoublePoint(point.x + 0.5, point.y + 0.5), bar.rect))
+                return bar.mark;
+        return std::nullopt;
+    }
+};
+
+UXEvent makeEvent(UXEventType type, const UXPoint& point)
+{
+    UXEvent event(type);
+    event.setMousePoint(point);
+    return event;
+}
+
+void press(KXAxisChart& chart, const UXPoint& point, UXEventKey button)
+{
+    UXEvent event = makeEvent(UXEventType::MouseDown, point);
+    event.addEventKey(button);
+    chart.mouseDown(event);
+}
+
+} // namespace
+
+TEST(KXAxisChart, OneLayoutServesBothOrientations)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, -3}};
+    BarsChart upright(provider), lying(provider, {0, 0, 202, 302});
+    lying.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
+    upright.getXAxisProperty()->updateShowGridLine(true);
+    upright.load();
+    lying.load();
+    EXPECT_EQ(upright.getMarksArea(), UXRect(0, 0, 300, 200));
+    EXPECT_EQ(lying.getMarksArea(), UXRect(0, 0, 200, 300));
+    ASSERT_EQ(upright.bars.size(), 3);
+    ASSERT_EQ(lying.bars.size(), 3);
+    const UXDoubleRect expected[] = {{0, 80, 100, 40}, {100, 40, 100, 80}, {200, 120, 100, 120}};
+    // Data -3..2 on 200 units: 40 a value, and zero 80 below the top.
+    for (std::size_t i = 0; i < 3; ++i) {
+        const UXDoubleRect bar = upright.bars[i].rect, turned = lying.bars[i].rect;
+        const double height = std::min(expected[i].height, 120.0);
+        EXPECT_TRUE(uxEqualDoubleRects(bar, {expected[i].x, i == 2 ? 80 : 80 - height, 100, height})) << i;
+        EXPECT_TRUE(uxEqualDoubleRects(turned, {200 - bar.y - bar.height, bar.x, bar.height, bar.width}))
+            << i;
+    }
+    const auto& lines = upright.getGridLayer()->getLines();
+    ASSERT_EQ(lines.size(), 3) << "categories, values, zero";
+    EXPECT_EQ(lines[0].places, (std::vector<double>{50, 150, 250}));
+    EXPECT_FALSE(lines[0].isHorizontal);
+    EXPECT_EQ(lines[2].places, std::vector<double>{80});
+    EXPECT_TRUE(lines[2].isHorizontal);
+}
+
+TEST(KXAxisChart, TitlesTakeRoomBesideTheMarksUnlessThatIsScarce)
+{
+    const UXFixedMeasurer measurer;
+    struct Case {
+        const char* name;
+        bool atEnd;
+        int width, height;
+        UXRect area;
+        bool shown;
+    };
+    const Case cases[] = {
+        {"at the sides", false, 300, 200, {17, 0, 283, 183}, true},
+        {"at the ends", true, 300, 200, {0, 17, 231, 183}, true},
+        {"too small", false, 130, 100, {0, 0, 130, 100}, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXAxisChartTestProvider provider;
+        BarsChart chart(provider, {0, 0, c.width + 2, c.height + 2});
+        for (KXAxisProperty* axis : {chart.getXAxisProperty(), chart.getYAxisProperty()}) {
+            axis->updateShowTitle(true);
+            axis->updateShowTitleAtEndOfAxis(c.atEnd);
+        }
+        chart.load();
+        EXPECT_EQ(chart.getMarksArea(), c.area);
+        const std::string painted = chart.paintToText(&chart);
+        for (const char* title : {"\"Categories\"", "\"s0\""})
+            EXPECT_EQ(painted.find(title) != std::string::npos, c.shown) << title << painted;
+    }
+}
+
+TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
+{
+    KXAxisChartTestProvider provider;
+    provider.categoryCount = 1'000'000;
+    provider.values = {{1, 2, 3}};
+    BarsChart chart(provider);
+    chart.load();
+    provider.asked.clear();
+    UXVirtualScrollView& plot = *chart.getPlot();
+    EXPECT_EQ(plot.getContentWidth(), 16'000'000);
+    EXPECT_EQ(chart.getMarksArea(), UXRect(0, 0, 300, 188)) << "above the scroll bar";
+    EXPECT_EQ(chart.bars.size(), 19);
+
+    UXEvent wheel = makeEvent(UXEventType::MouseWheel, {100, 100});
+    wheel.setWheelDelta({0, 100});
+    plot.mouseWheel(wheel);
+    EXPECT_EQ(plot.getContentOffsetX(), 4800);
+    EXPECT_EQ(chart.bars.front().mark.category, 300);
+    EXPECT_EQ(chart.bars.size(), 19);
+    EXPECT_EQ(provider.asked["value"] + provider.asked["isNull"], 0);
+    EXPECT_LE(provider.askedTexts.size(), 1) << "the first visible one is remembered by its text";
+
+    // The data stay where they are, whatever the size and the spacing.
+    chart.resize(502, 202);
+    EXPECT_EQ(chart.bars.front().mark.category, 300);
+    chart.getAxisChartProperty()->updateDataDensity(KXChartDataDensity::Loose);
+    chart.layout();
+    EXPECT_EQ(plot.getContentOffsetX(), 9600);
+    chart.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
+    chart.layout();
+    EXPECT_EQ(plot.getContentOffsetY(), 9600);
+    EXPECT_EQ(plot.getContentOffsetX(), 0);
+    EXPECT_EQ(chart.bars.front().mark.category, 300);
+    EXPECT_EQ(chart.getMarksArea(), UXRect(0, 0, 488, 200));
+
+    // Ten categories come in front: the same one stands first.
+    provider.categoryText = [](std::uint64_t i) { return i < 10 ? "new" : "c" + std::to_string(i - 10); };
+    chart.load();
+    EXPECT_EQ(chart.bars.front().mark.category, 310);
+    provider.categoryCount = 5;
+    chart.load();
+    EXPECT_EQ(chart.bars.size(), 5);
+    EXPECT_EQ(plot.getContentOffsetY(), 0);
+    chart.getAxisChartProperty()->updateEnableScroll(false);
+    provider.categoryCount = 1000;
+    chart.load();
+    EXPECT_EQ(chart.bars.size(), 1000);
+    EXPECT_FALSE(plot.hasScrollBars());
+}
+
+TEST(KXAxisChart, ContinuousCategoriesLieAtTheirNumbers)
+{
+    KXAxisChartTestProvider provider;
+    provider.categoryType = KXChartDataType::Integer;
+    provider.categoryNumber = [](std::uint64_t i) { return i == 2 ? 9.0 : static_cast<double>(i); };
+    BarsChart chart(provider);
+    chart.getXAxisProperty()->updateIsContinuous(true);
+    chart.load();
+    ASSERT_TRUE(chart.isContinuous());
+    ASSERT_EQ(chart.bars.size(), 3);
+    // From half a unit before 0 to half a unit after 9: ten units of 30.
+    EXPECT_NEAR(uxMidDoubleX(chart.bars[1].rect), 45, 1e-6);
+    EXPECT_NEAR(uxMidDoubleX(chart.bars[2].rect), 285, 1e-6);
+    EXPECT_NEAR(chart.bars[2].rect.width, 30, 1e-6);
+    chart.mouseMove(makeEvent(UXEventType::MouseMove, {200, 10}));
+    EXPECT_EQ(chart.getHintInfo().title, "c2") << "the nearest category";
+
+    provider.categoryNumber = [](std::uint64_t i) { return 5.0 - static_cast<double>(i); };
+    chart.load();
+    EXPECT_EQ(chart.obtainVisibleCategories().second, 3) << "also where they do not grow";
+    provider.categoryNumber = [](std::uint64_t) { return null; };
+    chart.load();
+    EXPECT_FALSE(chart.isContinuous());
+}
+
+TEST(KXAxisChart, HiddenSeriesLeaveRangesAndStayHidden)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {100, 50, 20}};
+    BarsChart chart(provider);
+    chart.load();
+    EXPECT_EQ(chart.getYAxis()->getMaxValue(), 100);
+    EXPECT_EQ(chart.obtainLegendCellSize(), 2);
+    chart.legendCellClicked(1, UXEvent());
+    chart.layout();
+    EXPECT_EQ(chart.getYAxis()->getMaxValue(), 3);
+    EXPECT_EQ(chart.bars.size(), 3);
+    UXColor color;
+    EXPECT_TRUE(chart.obtainLegendSymbolColor(1, color));
+    EXPECT_NE(color, chart.obtainSeriesColor(1));
+    chart.load();
+    EXPECT_EQ(chart.getShownSeries(), std::vector<std::uint64_t>{0});
+    chart.legendCellClicked(1, UXEvent());
+    chart.getChartProperty()->updateTopXItemsToShow(2);
+    chart.getChartProperty()->updateShowOnlyTopX(true);
+    chart.layout();
+    EXPECT_EQ(chart.bars.size(), 4) << "two series of the first two categories";
+    chart.getChartProperty()->updateEnableInteraction(false);
+    chart.legendCellClicked(1, UXEvent());
+    EXPECT_TRUE(chart.isSeriesShown(1));
+    chart.setSeriesShown(7, false);
+    EXPECT_EQ(provider.asked["begin"], 2);
+}
+
+TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {3, 3, null}, {4, 4, 3.5}};
+    provider.wantsHighlight = true;
+    BarsChart chart(provider);
+    chart.getChartProperty()->setShowLegend(false);
+    chart.load();
+    const auto moveTo = [&](const Mark& mark) {
+        chart.mouseMove(makeEvent(UXEventType::MouseMove, chart.obtainMiddle(mark)));
+    };
+    moveTo({2, 2});
+    EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 2})) << "the one in front";
+    moveTo({2, 1});
+    EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 1}));
+    moveTo({1, 0});
+    ASSERT_EQ(chart.getHoveredMark(), (Mark{1, 0}));
+    const UXHintInfo& hint = chart.getHintInfo();
+    EXPECT_TRUE(chart.getHintVisible());
+    EXPECT_EQ(hint.title, "c0");
+    ASSERT_EQ(hint.rows.size(), 3);
+    EXPECT_EQ(hint.rows[0].label, "s1");
+    EXPECT_EQ(hint.rows[1].label + hint.rows[1].value, "s01");
+    EXPECT_EQ(hint.rows[0].color, chart.obtainSeriesColor(1));
+    EXPECT_EQ(provider.paths.back().valueIndexPath, (KXIndexPath{1, 0}));
+    EXPECT_EQ(provider.paths.back().dimensionIndexPath, (KXIndexPath{0, 0}));
+
+    const UXColor red(255, 0, 0);
+    EXPECT_EQ(chart.obtainMarkColor({1, 0}, red), red);
+    EXPECT_DOUBLE_EQ(chart.obtainMarkColor({1, 1}, red).alpha, 0.3);
+    const auto asked = provider.asked["shouldHighlight"];
+    moveTo({1, 0});
+    EXPECT_EQ(provider.asked["shouldHighlight"], asked) << "only what is new is told";
+    chart.mouseMove(makeEvent(UXEventType::MouseMove, {250, 3}));
+    EXPECT_FALSE(chart.getHoveredMark());
+    EXPECT_EQ(chart.getHintInfo().rows.size(), 2) << "beside the marks, without the null";
+    EXPECT_EQ(chart.obtainMarkColor({1, 1}, red), red);
+    chart.mouseMove(makeEvent(UXEventType::MouseMove, {-5, 3}));
+    EXPECT_FALSE(chart.getHintVisible());
+
+    provider.hint = {"told", "by the host"};
+    moveTo({0, 2});
+    EXPECT_EQ(chart.getHintInfo().title, "told");
+    chart.legendCellHovered(2, true);
+    EXPECT_EQ(chart.obtainMarkColor({2, 1}, red), red);
+    chart.mouseLeave(makeEvent(UXEventType::MouseLeave, {}));
+    EXPECT_NE(chart.obtainMarkColor({0, 2}, red), red);
+    chart.legendCellHovered(2, false);
+    EXPECT_FALSE(chart.isHighlighting());
+}
+
+TEST(KXAxisChart, ClicksMenusAndLinksNameTheMark)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {4, 4, 4}};
+    BarsChart chart(provider);
+    chart.getChartProperty()->setShowLegend(false);
+    chart.load();
+    const UXPoint on = chart.obtainMiddle({0, 1}), beside{250, -50};
+    const auto click = [&](const UXPoint& down, const UXPoint& up) {
+        press(chart, down, UXEventKey::LeftButton);
+        return chart.triggerEventHandler(makeEvent(UXEventType::LeftClick, up));
+    };
+    EXPECT_TRUE(click(on, on));
+    ASSERT_EQ(provider.paths.size(), 1);
+    EXPECT_EQ(provider.paths[0].valueIndexPath, (KXIndexPath{0, 1}));
+    EXPECT_FALSE(click(on, beside));
+    EXPECT_FALSE(click(beside, beside));
+    press(chart, beside, UXEventKey::RightButton);
+    EXPECT_EQ(provider.paths.size(), 1);
+    press(chart, on, UXEventKey::RightButton);
+    EXPECT_EQ(provider.asked["shouldRightClick"], 1);
+
+    struct Case {
+        const char* name;
+        KXIndexPath value, dimension;
+        std::vector<Mark> marks;
+    };
+    const Case cases[] = {
+        {"a value", {1, 2}, {0, 1}, {{1, 2}}}, {"a category", {}, {0, 1}, {{0, 1}, {1, 1}}},
+        {"another dimension", {}, {1, 1}, {}}, {"no such category", {0, 3}, {}, {}},
+        {"no such series", {2, 0}, {}, {}},    {"nothing", {}, {}, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXChartDataPath path;
+        path.valueIndexPath = c.value;
+        path.dimensionIndexPath = c.dimension;
+        EXPECT_EQ(chart.findMarks(path), c.marks);
+        const KXHighlightResult result = chart.showLinkedHighlight(path, nullptr);
+        EXPECT_EQ(result == KXHighlightResult::Highlighted, !c.marks.empty());
+        EXPECT_EQ(chart.isHighlighting(), !c.marks.empty());
+        chart.hideLinkedHighlight(nullptr);
+        EXPECT_FALSE(chart.isHighlighting() || chart.getHintVisible());
+    }
+}
+
+TEST(KXAxisChart, ChangesReachTheStepThatTheyTouch)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {1, 2, 3}};
+    BarsChart chart(provider);
+    chart.load();
+    const int pulled = provider.asked["value"], reloads = chart.reloads;
+    chart.getYAxisProperty()->updateIsStacked(true);
+    chart.layout();
+    EXPECT_EQ(chart.getYAxis()->getMaxValue(), 6);
+    EXPECT_EQ(chart.reloads, reloads + 1);
+    chart.getYAxisProperty()->updateAxisAndTickLabelColor(UXColor(1, 2, 3));
+    chart.layout();
+    EXPECT_EQ(chart.getYAxis()->getColor(), UXColor(1, 2, 3));
+    EXPECT_EQ(chart.getYAxisProperty()->getTickLabelFontColor(), UXColor(1, 2, 3));
+    chart.getAxisChartProperty()->updateSeriesColors({UXColor(9, 9, 9)});
+    EXPECT_FALSE(chart.getRequireToVerifyLayout());
+    EXPECT_EQ(chart.obtainSeriesColor(1), UXColor(9, 9, 9));
+    chart.getYAxisProperty()->updateAxisLength(50);
+    chart.layout();
+    EXPECT_EQ(chart.getMarksArea().height, 50);
+    EXPECT_EQ(provider.asked["value"], pulled);
+
+    BarsChart copy(provider);
+    EXPECT_TRUE(copy.deserialize(chart.serialize()));
+    EXPECT_EQ(copy.serialize(), chart.serialize());
+    EXPECT_TRUE(copy.getYAxisProperty()->getIsStacked());
+}
+
+TEST(KXAxisChart, DataThatSayNothingShowWords)
+{
+    using Values = std::vector<std::vector<double>>;
+    const Values none;
+    for (const Values& values : {none, Values{{null, null, null}}}) {
+        KXAxisChartTestProvider provider;
+        provider.values = values;
+        BarsChart chart(provider);
+        chart.load();
+        EXPECT_NE(chart.paintToText(&chart).find("\"No data\""), std::string::npos);
+        chart.mouseMove(makeEvent(UXEventType::MouseMove, {100, 100}));
+        EXPECT_FALSE(chart.getHintVisible());
+        provider.values = {{1, 2, 3}};
+        chart.load();
+        EXPECT_EQ(chart.paintToText(&chart).find("\"No data\""), std::string::npos);
+    }
+}
+
+TEST(KXAxisChart, TheProviderMayDestroyTheChartInAnyAnswer)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {3, 2, 1}};
+    provider.categoryCount = 500;
+    provider.categoryType = KXChartDataType::Date;
+    provider.wantsHighlight = true;
+    const auto use = [&](std::unique_ptr<BarsChart>& chart) {
+        UXEvent wheel = makeEvent(UXEventType::MouseWheel, {100, 100});
+        wheel.setWheelDelta({0, 1});
+        KXChartDataPath path;
+        path.valueIndexPath = {0, 3};
+        const std::function<void()> steps[] = {
+            [&] { chart->load(); },
+            [&] { chart->getPlot()->mouseWheel(wheel); },
+            [&] { chart->load(); },
+            [&] { chart->getPlot()->setContentOffsetX(0); },
+            [&] {
+                chart->mouseMove(makeEvent(UXEventType::MouseMove, chart->obtainMiddle({0, 1})));
+            },
+            [&] {
+                press(*chart, chart->obtainMiddle({0, 1}), UXEventKey::RightButton);
+            },
+            [&] {
+                chart->triggerEventHandler(makeEvent(UXEventType::LeftClick, chart->obtainMiddle({0, 1})));
+            },
+            [&] { chart->mouseLeave(makeEvent(UXEventType::MouseLeave, {})); },
+            [&] { chart->showLinkedHighlight(path, nullptr); },
+            [&] { chart->getXAxisProperty()->updateIsContinuous(true); },
+            [&] { chart->layout(); },
+        };
+        for (const auto& step : steps)
+            if (chart)
+                step();
+    };
+    auto whole = std::make_unique<BarsChart>(provider);
+    use(whole);
+    EXPECT_TRUE(whole->isContinuous());
+    for (const auto& [call, count] : std::map<std::string, int>(provider.asked)) {
+        for (int nth = 1; nth <= std::min(count, 9); ++nth) {
+            auto chart = std::make_unique<BarsChart>(provider);
+            int left = nth;
+            provider.onCall = [&, name = call](const std::string& asked) {
+                if (asked == name && --left == 0)
+                    chart.reset();
+            };
+            use(chart);
+            EXPECT_FALSE(chart) << call << nth;
+        }
+    }
+}
