@@ -3,6 +3,7 @@
 #include "kx_axis.h"
 #include "kx_axis_chart_base_layer.h"
 #include "kx_axis_chart_layer.h"
+#include "kx_axis_tick_label_view.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
@@ -45,7 +46,7 @@ constexpr Type types[] = {
     KX_TYPE(KXAxis),
     KX_TYPE(KXAxisChartBaseLayer),
     KX_TYPE(KXAxisChartLayer),
-    KX_TYPE_WITHOUT_CLASS(KXAxisTickLabelView),
+    KX_TYPE(KXAxisTickLabelView),
     KX_TYPE_WITHOUT_CLASS(KXBarChart),
     KX_TYPE_WITHOUT_CLASS(KXBarChartDataView),
     KX_TYPE_WITHOUT_CLASS(KXBarChartProperty),

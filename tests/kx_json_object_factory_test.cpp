@@ -11,8 +11,8 @@ TEST(KXJsonObjectFactory, MakesTheClassThatTheNameSays)
 {
     KXJsonObjectFactory factory;
     for (const std::string name :
-         {"KXAxis", "KXAxisChartBaseLayer", "KXAxisChartLayer", "KXChartDataFormat", "KXChartLabel",
-          "KXChartProperty", "KXChartToolbox", "KXLegend", "KXValueChart", "UXLabel"}) {
+         {"KXAxis", "KXAxisChartBaseLayer", "KXAxisChartLayer", "KXAxisTickLabelView", "KXChartDataFormat",
+          "KXChartLabel", "KXChartProperty", "KXChartToolbox", "KXLegend", "KXValueChart", "UXLabel"}) {
         const std::unique_ptr<UXJsonObject> made(factory.create(name));
         ASSERT_TRUE(made) << name;
         EXPECT_EQ(made->customSerializeTypeID(), name);

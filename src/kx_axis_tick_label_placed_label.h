@@ -1,0 +1,20 @@
+#pragma once
+
+#include "kx_axis_tick_label_layout.h"
+#include "kx_axis_tick_label_view.h"
+#include "ux/ux_rect.h"
+#include "ux/ux_text_property.h"
+
+#include <string>
+
+/** One label that shows. Painting, hits and hints go by it. */
+struct KXAxisTickLabelView::PlacedLabel {
+    int index = 0;              /**< of its tick */
+    std::string wholeText;      /**< as the delegate gave it */
+    std::string text;           /**< as it is drawn */
+    UXTextProperty property;    /**< of this label alone */
+    KXAxisTickLabelPlace place; /**< in the view's own space */
+    UXRect rect;                /**< around the turned text */
+
+    bool isCut() const { return text != wholeText; }
+};

@@ -1,0 +1,290 @@
+#include "kx_axis_tick_label_view.h"
+
+#include "kx_axis.h"
+#include "kx_axis_tick_label_layout.h"
+#include "kx_axis_tick_label_placed_label.h"
+#include "kx_axis_tick_label_view_delegate.h"
+#include "ux/ux_event.h"
+#include "ux/ux_label.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_text_measurer.h"
+#include "ux/ux_text_shortening.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+namespace {
+
+constexpr std::string_view ellipsis = "\xE2\x80\xA6";
+constexpr double noise = 1e-6;
+constexpr int noWrapLineMode = 2;
+/** How near to a hidden label's tick the pointer asks for it, where ticks are far apart. */
+constexpr double hintReach = 8;
+
+UXPoint add(const UXPoint& point, std::int64_t x, std::int64_t y)
+{
+    return {uxSaturateToInt(point.x + x), uxSaturateToInt(point.y + y)};
+}
+
+} // namespace
+
+double KXAxisTickLabelView::_obtainRotateDegree(KXAxisTickLabelRotationType type) const
+{
+    return kxObtainTickLabelDegrees(m_position, type);
+}
+
+KXAxisTickLabelLayout KXAxisTickLabelView::_obtainLayout() const { return {m_position, m_resolvedRotation}; }
+
+UXDoubleSize KXAxisTickLabelView::_measureText(const std::string& text, const UXTextProperty& property) const
+{
+    return uxMeasureText(text, property.font, UXTextOption::Default, noWrapLineMode);
+}
+
+/** @return the place of a tick in the own space, across the axis at the edge of the area that faces it */
+UXPoint KXAxisTickLabelView::_obtainTickPoint(const UXPoint& positionInAxis) const
+{
+    UXPoint point = add(positionInAxis, -std::int64_t{m_scale.origin.x}, -std::int64_t{m_scale.origin.y});
+    const UXRect& area = m_scale.area;
+    if (_obtainLayout().isAlongX())
+        point.y = std::clamp(point.y, area.y, (std::max)(uxMaxY(area), area.y));
+    else
+        point.x = std::clamp(point.x, area.x, (std::max)(uxMaxX(area), area.x));
+    return point;
+}
+
+/** @return what the band may be long at most, nothing where it may be of any length */
+std::optional<double> KXAxisTickLabelView::_obtainLengthLimit() const
+{
+    if (m_customLabelLength > 0)
+        return m_customLabelLength;
+    if (getVisible() && m_maxLabelLength > 0)
+        return m_maxLabelLength;
+    return std::nullopt;
+}
+
+void KXAxisTickLabelView::customLayout()
+{
+    if (m_updating)
+        return;
+    const UXObjectWatcher self(this);
+    KXAxisChartBaseLayer::customLayout();
+    if (!self.isAlive())
+        return;
+    bool isDone = _bringUpToDate(Step::Cache);
+    if (!self.isAlive())
+        return;
+    m_updating = true;
+    isDone = isDone && _placeLabels();
+    if (!self.isAlive())
+        return;
+    m_updating = false;
+    // Without a delegate or an axis, what was shown stands for nothing.
+    if (!isDone)
+        m_placedLabels.clear();
+    _showLabels();
+}
+
+bool KXAxisTickLabelView::_placeLabels()
+{
+    std::vector<PlacedLabel> placed;
+    const KXAxisTickLabelLayout layout = _obtainLayout();
+    const bool keepsApart = m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Auto;
+    const std::size_t count = m_showTickLabels && m_scale.isValid ? m_visibleTicks.size() : 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        Tick& tick = m_visibleTicks[m_scale.isReversed ? count - 1 - i : i];
+        if (!_isShown(tick))
+            continue;
+        PlacedLabel label;
+        bool isPlaced = false;
+        if (!_placeLabel(tick, label, isPlaced))
+            return false;
+        // The interval goes by one label; another may be longer.
+        if (isPlaced &&
+            !(keepsApart && !placed.empty() && layout.isOverlapping(placed.back().place, label.place)))
+            placed.push_back(std::move(label));
+    }
+    m_placedLabels = std::move(placed);
+    return true;
+}
+
+bool KXAxisTickLabelView::_placeLabel(Tick& tick, PlacedLabel& label, bool& isPlaced)
+{
+    // 1. A tick outside the area has no label, however far its label would reach.
+    UXPoint point;
+    if (!_measureTick(tick) ||
+        !_askAxis([&](KXAxis& axis) { point = axis.obtainValuePositionInAxis(tick.value); }))
+        return false;
+    point = _obtainTickPoint(point);
+    const UXRect reach = uxInflateRect(m_scale.area, 1, 1);
+    if (uxIsEmptyRect(m_scale.area) || !uxPointInRect(point, reach))
+        return true;
+
+    // 2. A marked label is printed bold, and wider.
+    label.index = tick.index;
+    label.wholeText = label.text = *tick.text;
+    label.property = m_textProperty;
+    bool isDifferent = false, isMarked = false;
+    UXColor color = m_textProperty.textColor;
+    if (!_askDelegate([&](KXAxisTickLabelViewDelegate& delegate) {
+            isDifferent = delegate.axisTickLabelViewObtainTickLabelVisuals(this, tick.value, color, isMarked);
+        }))
+        return false;
+    if (isDifferent) {
+        label.property.textColor = color;
+        label.property.font.bold = label.property.font.bold || isMarked;
+    }
+    isPlaced = !label.text.empty() && _fitLabel(label, point);
+    return true;
+}
+
+/** @return whether anything is left of the label */
+bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick) const
+{
+    // 1. A text can be shortened, but not be made flatter.
+    const KXAxisTickLabelLayout layout = _obtainLayout();
+    const auto measure = [&](const std::string& text) { return _measureText(text, label.property); };
+    UXDoubleSize size = measure(label.text);
+    UXRect area = m_scale.area;
+    if (!layout.hasRoomForHeight(size.height, tick, area))
+        return false;
+
+    // 2. The band's limit counts where the text runs across the axis.
+    if (const std::optional<double> limit = _obtainLengthLimit())
+        area = layout.obtainBand(tick, area, *limit);
+    const double limit = layout.obtainWidthLimit(size, tick, area, m_showLabelInBound);
+    if (size.width > limit + noise) {
+        label.text = uxShortenText(label.wholeText, UXTextOption::EllipsisEnd, limit,
+                                   [&](std::string_view piece) { return measure(std::string(piece)).width; });
+        if (label.text == ellipsis)
+            return false;
+        size = measure(label.text);
+    }
+
+    // 3. What still sticks out is half the height of a line.
+    label.place = layout.obtainPlace(size, tick);
+    const UXRect rect = layout.obtainRect(label.place);
+    label.rect = updateLabelRectToShowInBoundary(rect);
+    label.place.center.x += label.rect.x - rect.x;
+    label.place.center.y += label.rect.y - rect.y;
+    return true;
+}
+
+void KXAxisTickLabelView::_showLabels()
+{
+    _growLabels(m_placedLabels.size());
+    const UXObjectWatcher self(this);
+    const double degrees = _obtainRotateDegree(m_resolvedRotation);
+    for (std::size_t i = 0; self.isAlive() && i < m_uxLabels.size(); ++i) {
+        auto* label = static_cast<UXLabel*>(m_uxLabels[i].getObject());
+        if (!label)
+            continue;
+        if (i >= m_placedLabels.size()) {
+            label->setVisible(false);
+            continue;
+        }
+        const PlacedLabel& placed = m_placedLabels[i];
+        UXTextProperty property = placed.property;
+        property.align = _obtainLayout().obtainAlign();
+        property.option = UXTextOption::Default;
+        property.lineMode = noWrapLineMode;
+        label->setTextProperty(property);
+        label->setText(placed.text);
+        label->setRotation(degrees);
+        label->setRect(placed.rect);
+        label->setVisible(true);
+    }
+}
+
+/** Makes labels where there are fewer, in place of those that someone destroyed as well. */
+void KXAxisTickLabelView::_growLabels(std::size_t count)
+{
+    std::erase_if(m_uxLabels, [](const UXObjectWatcher& label) { return !label.isAlive(); });
+    while (m_uxLabels.size() < count) {
+        auto* label = new UXLabel;
+        label->setVisible(false);
+        addChild(label);
+        m_uxLabels.emplace_back(label);
+    }
+}
+
+bool KXAxisTickLabelView::customMouseMove(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    const bool isHandled = KXAxisChartBaseLayer::customMouseMove(event, stop);
+    if (!self.isAlive())
+        return isHandled;
+    const UXPoint point = translatePoint(event.getMousePoint(), nullptr, this);
+    std::string text;
+    if (!_obtainHiddenText(point, text))
+        return isHandled;
+    if (text.empty()) {
+        hideHint();
+        return isHandled;
+    }
+    UXHintInfo info;
+    info.title = text;
+    UXEvent hintEvent = event;
+    showHint(point, &hintEvent, &info);
+    return isHandled;
+}
+
+bool KXAxisTickLabelView::customMouseLeave(const UXEvent& event, bool& stop)
+{
+    hideHint();
+    return KXAxisChartBaseLayer::customMouseLeave(event, stop);
+}
+
+/** @param text receives the label at a point that cannot be read there, nothing where there is none
+ *  @return false once the view has gone */
+bool KXAxisTickLabelView::_obtainHiddenText(const UXPoint& point, std::string& text)
+{
+    const KXAxisTickLabelLayout layout = _obtainLayout();
+    for (const PlacedLabel& label : m_placedLabels) {
+        if (!layout.holdsPoint(label.place, point))
+            continue;
+        if (label.isCut())
+            text = label.wholeText;
+        return true;
+    }
+    if (!m_showTickLabels || !m_scale.isValid || m_updating)
+        return true;
+    const UXObjectWatcher self(this);
+    Tick tick;
+    bool isFound = false;
+    if (!_findTickAt(point, tick, isFound))
+        return self.isAlive();
+    const auto shown = std::find_if(m_placedLabels.begin(), m_placedLabels.end(),
+                                    [&](const PlacedLabel& label) { return label.index == tick.index; });
+    if (isFound && (shown == m_placedLabels.end() || shown->isCut()))
+        text = *tick.text;
+    return true;
+}
+
+/** Finds the tick that a point lies beside. */
+bool KXAxisTickLabelView::_findTickAt(const UXPoint& point, Tick& tick, bool& isFound)
+{
+    const double x = static_cast<double>(point.x) + m_scale.origin.x - m_scale.start.x;
+    const double y = static_cast<double>(point.y) + m_scale.origin.y - m_scale.start.y;
+    const double along = x * m_scale.xNotation - (m_scale.xNotation == 0 ? y * m_scale.yNotation : 0);
+    const double value = m_scale.first + along / m_scale.spacing;
+    const std::optional<int> next = _findTick(value);
+    if (!next)
+        return false;
+    double nearest = (std::max)(hintReach, m_tickDistance * m_scale.spacing / 2) + noise;
+    int found = -1;
+    for (const int index : {*next - 1, *next}) {
+        double candidate = 0;
+        if (index < 0 || index >= m_tickCount)
+            continue;
+        if (!_obtainTick(index, candidate))
+            return false;
+        const double distance = std::abs(candidate - value) * m_scale.spacing;
+        if (distance < nearest) {
+            nearest = distance;
+            found = index;
+        }
+    }
+    isFound = found >= 0;
+    return !isFound || _takeTick(found, tick);
+}
