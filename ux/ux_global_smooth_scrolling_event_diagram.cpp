@@ -108,7 +108,7 @@ bool UXGlobalSmoothScrollingEventDiagram::customMouseWheel(const UXEvent& event,
     UXControl* control = event.getControl();
     if (!control || !diagram || event.containsEventKey(UXEventKey::Ctrl) || !control->getCanScrollDiagram() ||
         diagram->triggerEventResponder(UXEventResponderType::Scroll, _obtainActiveDiagramEvent(event)) ||
-        !watcher.isAlive())
+        !watcher.isAlive() || !event.getControl())
         return false;
 
     UXDoublePoint distance = scaled(event.getWheelDelta(), -wheelStep * control->getScalingFactor());
@@ -153,7 +153,7 @@ bool UXGlobalSmoothScrollingEventDiagram::_pan(const UXEvent& event)
         UXObjectWatcher watcher(this);
         if (UXDiagram* diagram = getActiveDiagram())
             diagram->cancelPress();
-        if (!watcher.isAlive())
+        if (!watcher.isAlive() || !event.getControl())
             return true;
         _start(State::Panning, control);
     }
