@@ -94,8 +94,9 @@ bool UXGlobalSmoothScrollingEventDiagram::customMouseDragging(const UXEvent& eve
 bool UXGlobalSmoothScrollingEventDiagram::customMouseUp(const UXEvent& event, bool&)
 {
     const bool panned = m_state == State::Panning;
-    if (panned && m_control && !m_control->shouldReduceMotion() && length(m_velocity) >= slowest)
-        _start(State::Gliding, m_control);
+    UXControl* control = m_timer.isRunning() ? m_control : nullptr;
+    if (panned && control && !control->shouldReduceMotion() && length(m_velocity) >= slowest)
+        _start(State::Gliding, control);
     else if (panned || m_state == State::Pressed)
         endActions();
     return panned && event.getControl();
