@@ -1,6 +1,6 @@
-#include "frame_clock.h"
 #include "gauge_board.h"
 #include "sample_value_chart.h"
+#include "turns.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_recording_paint_config.h"
@@ -11,16 +11,6 @@
 // the same image with the same caches. They take turns, so that a busy machine slows both.
 
 namespace {
-
-constexpr int framesPerTurn = 10;
-
-double measureTurn(const auto& frame)
-{
-    const double before = frame_clock::cpu();
-    for (int i = 0; i < framesPerTurn; ++i)
-        frame();
-    return (frame_clock::cpu() - before) * 1e3 / framesPerTurn;
-}
 
 void comparePainting(benchmark::State& state, UXDiagram& diagram)
 {
@@ -35,12 +25,10 @@ void comparePainting(benchmark::State& state, UXDiagram& diagram)
         recorder.getRecording().replay(*painter);
         uxDestroyPainter(painter);
     };
-    std::vector<double> frames, replays;
-    for (auto _ : state) {
-        frames.push_back(measureTurn(paint));
-        replays.push_back(measureTurn(replay));
-    }
-    const double frame = frame_clock::median(frames), alone = frame_clock::median(replays);
+    Turns turns(10);
+    for (auto _ : state)
+        turns.take(paint, replay);
+    const double frame = turns.getFirst(), alone = turns.getSecond();
     state.counters["frame_us"] = frame;
     state.counters["replay_us"] = alone;
     state.counters["frame/replay"] = frame / alone;

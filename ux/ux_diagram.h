@@ -2,6 +2,7 @@
 
 #include "ux/ux_json_object_watcher.h"
 #include "ux/ux_object.h"
+#include "ux/ux_object_watcher.h"
 
 class UXContext;
 class UXControl;
@@ -67,6 +68,8 @@ public:
     /** @return what receives keys: what was pressed or set last, null for none */
     UXObject* getFocusedObject() const;
     void setFocusedObject(UXObject* object);
+    /** @return the visible objects under point, this diagram's space; the deepest first, the diagram last */
+    std::vector<UXObjectWatcher> obtainObjectsUnder(UXPoint point) const;
     /** @return the cursor of what is pressed or hovered, AsParent where that has none */
     UXCursor obtainCursor() const;
     /** Ends a press without a drop and without a click, for whoever makes something else of it. */

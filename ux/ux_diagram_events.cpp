@@ -92,6 +92,11 @@ UXObject* UXDiagram::getFocusedObject() const { return m_dispatcher->getFocusedO
 
 void UXDiagram::setFocusedObject(UXObject* object) { m_dispatcher->setFocusedObject(object); }
 
+std::vector<UXObjectWatcher> UXDiagram::obtainObjectsUnder(UXPoint point) const
+{
+    return m_dispatcher->obtainObjectsUnder(point);
+}
+
 UXCursor UXDiagram::obtainCursor() const
 {
     for (const UXGlobalEventDiagram* diagram : m_globalEventDiagrams) {
