@@ -21,7 +21,7 @@ struct Options {
     std::string data, binding;
     std::string size = "1000x640";
     double scale = 0; // 0 for the display's own
-    bool logsPaints = false, logsActions = false;
+    bool reducesMotion = false, logsPaints = false, logsActions = false;
     std::string dump;
 };
 
@@ -37,6 +37,7 @@ void declareOptions(CLI::App& app, Options& options)
     app.add_option("-s,--size", options.size, "Width x height of the window in logical units")
         ->capture_default_str();
     app.add_option("--scale", options.scale, "Pixels per logical unit, instead of the display's own");
+    app.add_flag("--reduce-motion", options.reducesMotion, "Jump where the board would glide");
     app.add_flag("--log-paints", options.logsPaints, "Print each painted area, in pixels");
     app.add_flag("--log-actions", options.logsActions, "Print what is clicked and copied");
     app.add_option("--dump", options.dump, "The PNG file that F12 and SIGUSR1 write the picture to");
@@ -57,6 +58,7 @@ ViewWindowSetting readSetting(const Options& options)
     setting.size = readSizeOption(options.size);
     if (options.scale != 0)
         setting.scale = readScaleOption(options.scale);
+    setting.reducesMotion = options.reducesMotion;
     setting.logsPaints = options.logsPaints;
     setting.dump = options.dump;
     return setting;

@@ -8,6 +8,7 @@
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "view_board.h"
+#include "view_grid.h"
 
 #include <algorithm>
 #include <cmath>
@@ -240,7 +241,8 @@ void ViewControl::_showFocusedCard()
     const ViewCard* card = m_board.getFocusedCard();
     if (!card)
         return;
-    const UXControlRect shown = diagramSpaceToControlSpace(card->getRect()), room = getControlRect();
+    const UXRect wanted = uxInflateRect(card->getRect(), ViewGrid::gap, ViewGrid::gap);
+    const UXControlRect shown = diagramSpaceToControlSpace(wanted), room = getControlRect();
     _scroll(obtainScrollInto(shown.x, shown.x + shown.width, room.width),
             obtainScrollInto(shown.y, shown.y + shown.height, room.height));
 }
@@ -270,6 +272,8 @@ void ViewControl::setDiagramDoubleOriginInControlSpace(const UXDoubleControlPoin
 }
 
 bool ViewControl::hasDefaultBackground() const { return true; }
+
+bool ViewControl::shouldReduceMotion() const { return m_reduceMotion; }
 
 void ViewControl::notifyFullScreenDirtyRect(UXDiagram*) { m_allDirty = true; }
 

@@ -45,6 +45,8 @@ public:
     void turnWheel(const UXControlPoint& point, const UXEvent& event);
     void pressKey(const UXEvent& event);
 
+    /** On: the board jumps where it would glide. */
+    void setReduceMotion(bool reduceMotion) { m_reduceMotion = reduceMotion; }
     ViewMenu& getMenu() { return m_menu; }
     /** @return the number of the cursor that was asked for last, a UXCursor or the host's own */
     int getShownCursor() const { return m_shownCursor; }
@@ -54,6 +56,7 @@ public:
      * larger; it lies on whole pixels. */
     void setDiagramDoubleOriginInControlSpace(const UXDoubleControlPoint& origin) override;
     bool hasDefaultBackground() const override;
+    bool shouldReduceMotion() const override;
     void notifyFullScreenDirtyRect(UXDiagram* diagram) override;
     void notifyCursorChange(int cursor) override;
     void notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint point) override;
@@ -76,6 +79,7 @@ private:
     UXGlobalSmoothScrollingEventDiagram m_scroller;
     std::unique_ptr<UXCairoImagePaintConfig> m_picture;
     bool m_allDirty = true;
+    bool m_reduceMotion = false;
     double m_wheelTurn = 0; // towards the next step of the zoom, in notches
     int m_shownCursor = 0;
 };

@@ -28,6 +28,12 @@ ViewWindow::Library::Library()
 {
     if (SDL_Init(SDL_INIT_VIDEO) != 0)
         throw makeError("display");
+    // Without a display SDL draws where nobody sees it, which is for those only who ask for it.
+    const std::string driver = SDL_GetCurrentVideoDriver();
+    if ((driver == "offscreen" || driver == "dummy") && !SDL_getenv("SDL_VIDEODRIVER")) {
+        SDL_Quit();
+        throw HostError("the window", "display", "there is none");
+    }
     SDL_EnableScreenSaver();
 }
 
@@ -44,6 +50,7 @@ ViewWindow::ViewWindow(ViewBoard& board, const ViewWindowSetting& setting)
     if (!m_window)
         throw makeError("window");
     SDL_SetWindowMinimumSize(m_window.get(), toWindow(leastSize.width), toWindow(leastSize.height));
+    m_control.setReduceMotion(setting.reducesMotion);
     _takeSize();
 }
 

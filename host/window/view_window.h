@@ -13,6 +13,7 @@ struct ViewWindowSetting {
     std::string title;
     UXSize size{1000, 640};      // logical units
     std::optional<double> scale; // pixels per logical unit; without it what the display asks for
+    bool reducesMotion = false;  // what would glide jumps
     bool logsPaints = false;     // a line for each painted area, in pixels
     std::string dump;            // the PNG file that F12 and SIGUSR1 write the picture to; empty for none
 };
