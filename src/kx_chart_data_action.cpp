@@ -138,9 +138,33 @@ void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTrigger
     m_dataUser = m_leftClick.user = user;
     m_leftClick.condition = std::move(condition);
     m_leftClick.enabled = true;
+    if (!m_leftClick.handlerInstalled && m_owner)
+        m_owner->registerEventHandler(UXEventType::MouseEnter, [this](const UXEvent&) {
+            _showWhetherClickable();
+            return false;
+        });
     _installHandler(m_leftClick, UXEventType::LeftClick, [this](const UXEvent& event) {
         return _triggerRegisteredLeftClickAction(m_leftClick.user, true, event, m_leftClick.condition);
     });
+}
+
+/** A hand shows over what can be clicked just now. */
+void KXChartDataAction::_showWhetherClickable()
+{
+    const UXObjectWatcher owner(m_owner);
+    KXChartDataUser* user = m_leftClick.user;
+    bool clickable = m_leftClick.enabled && user &&
+                     _isAllowed(&KXChartDataAction::m_leftClick, user, m_leftClick.condition);
+    if (clickable) {
+        const Question question(*this, *user);
+        clickable = question && question->obtainDataShouldLeftClickAction(user, question.path());
+    }
+    if (!owner.isAlive())
+        return;
+    if (clickable)
+        m_owner->setCursor(UXCursor::PointingHand);
+    else if (m_owner->getCursor() == UXCursor::PointingHand)
+        m_owner->setCursor(UXCursor::AsParent);
 }
 
 void KXChartDataAction::registerLeftClickActionTriggerCondition(KXTriggerCondition condition)

@@ -80,6 +80,7 @@ private:
                     const KXTriggerCondition& condition) const;
     void _installHandler(Trigger& trigger, UXEventType type, std::function<bool(const UXEvent&)> handler);
     bool _showRightClickMenu(const UXEvent& event);
+    void _showWhetherClickable();
     void _triggerLinkedHighlight(KXChartDataUser* user, UXObject* source, const UXEvent& event,
                                  LinkedHighlightStep step);
 

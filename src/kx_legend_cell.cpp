@@ -71,6 +71,7 @@ bool KXLegendCell::customMouseMove(const UXEvent& event, bool& stop)
     if (!self.isAlive())
         return false;
     m_showPointingHand = showPointingHand;
+    setCursor(showPointingHand ? UXCursor::PointingHand : UXCursor::AsParent);
     if (!m_hovered)
         _beginHover();
     if (!self.isAlive())
@@ -116,6 +117,7 @@ void KXLegendCell::endHover()
     if (std::exchange(m_hovered, false))
         m_legend->cellHovered(m_index, false);
     m_showPointingHand = false;
+    setCursor(UXCursor::AsParent);
     updateInteractionEffects({});
     hideHint();
 }

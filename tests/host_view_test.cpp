@@ -138,6 +138,10 @@ TEST(HostView, ItemsAnswerTheMouseAndTheKeyboard)
 {
     ViewModel model({700, 300}, 1);
     const UXControlPoint value = model.obtainMiddle(0, ValueLabel);
+    model.control.mouseMove(value, UXEvent());
+    EXPECT_EQ(model.control.getShownCursor(), static_cast<int>(UXCursor::PointingHand));
+    model.control.mouseMove({2, 2}, UXEvent());
+    EXPECT_EQ(model.control.getShownCursor(), static_cast<int>(UXCursor::Arrow));
     click(model, value, UXEventKey::LeftButton);
     EXPECT_EQ(model.log, "click Nonfarm jobs: 143093; ");
 

@@ -28,9 +28,9 @@ public:
         m_folder = mkdtemp(pattern.data());
         const std::string screen = std::to_string(size.width) + "x" + std::to_string(size.height) + "x24";
         // However this test ends, the display ends some time.
-        m_server = std::make_unique<ChildProcess>(
-            std::vector<std::string>{"timeout", "250", "Xvfb", "-displayfd", "1", "-screen", "0", screen,
-                                     "-fbdir", m_folder.string(), "-nolisten", "tcp", "-noreset"});
+        m_server = std::make_unique<ChildProcess>(std::vector<std::string>{
+            "timeout", "250", "Xvfb", "-displayfd", "1", "-screen", "0", screen, "-fbdir", m_folder.string(),
+            "-nolisten", "tcp", "-noreset", "-nocursor"});
         const std::vector<std::string> lines = m_server->readTo("");
         if (lines.empty())
             m_problem = "display";
