@@ -11,6 +11,8 @@ namespace {
 
 /** Less than anyone sees; what the sums of lengths may be wrong by. */
 constexpr double noise = 1e-6;
+/** The part of a line's height above and below its letters, where lines may meet. */
+constexpr double blankHeight = 1;
 constexpr double sqrt2 = std::numbers::sqrt2;
 
 UXPosition obtainSide(UXPosition position)
@@ -85,7 +87,7 @@ double KXAxisTickLabelLayout::obtainLengthAlong(const UXDoubleSize& text) const
     if (!isAlongX())
         return text.height;
     // Turned texts lie beside each other like the lines of a page.
-    return m_degrees == 0 ? text.width : text.height / std::abs(m_sin);
+    return m_degrees == 0 ? text.width : (std::max)(text.height - blankHeight, 0.0) / std::abs(m_sin);
 }
 
 KXAxisTickLabelPlace KXAxisTickLabelLayout::obtainPlace(const UXDoubleSize& text, const UXPoint& tick) const
@@ -167,8 +169,7 @@ UXRect KXAxisTickLabelLayout::obtainBand(const UXPoint& tick, const UXRect& area
 
 bool KXAxisTickLabelLayout::hasRoomForHeight(double textHeight, const UXPoint& tick, const UXRect& area) const
 {
-    // A unit more or less is blank above and below the letters.
-    const double needed = textHeight - 1;
+    const double needed = textHeight - blankHeight;
     if (!isAlongX())
         return needed <= area.height;
     if (m_degrees == 0)
@@ -186,7 +187,7 @@ bool KXAxisTickLabelLayout::isOverlapping(const KXAxisTickLabelPlace& a, const K
 {
     const UXDoublePoint apart = _turnBack(b.center.x - a.center.x, b.center.y - a.center.y);
     return std::abs(apart.x) < (a.size.width + b.size.width) / 2 - noise &&
-           std::abs(apart.y) < (a.size.height + b.size.height) / 2 - noise;
+           std::abs(apart.y) < (a.size.height + b.size.height) / 2 - blankHeight - noise;
 }
 
 bool KXAxisTickLabelLayout::holdsPoint(const KXAxisTickLabelPlace& place, const UXPoint& point) const

@@ -213,6 +213,7 @@ private:
     bool _findCollision(double spacing, bool& found);
     bool _calcTickLabelInterval(double spacing);
     std::int64_t _obtainShownInterval() const;
+    double _obtainWidthBetweenNeighbors(const Tick& tick);
     bool _decideTickLabels();
     bool _shouldShowTickLabelsForAutoMode(Tick& tick, const Tick* neighbor);
     double _estimateLabelSize(const Tick& tick) const;
@@ -231,7 +232,7 @@ private:
     UXDoubleSize _measureText(const std::string& text, const UXTextProperty& property) const;
     bool _placeLabels();
     bool _placeLabel(Tick& tick, PlacedLabel& label, bool& isPlaced);
-    bool _fitLabel(PlacedLabel& label, const UXPoint& tick) const;
+    bool _fitLabel(PlacedLabel& label, const UXPoint& tick, double widthLimit) const;
     void _showLabels();
     void _growLabels(std::size_t count);
     bool _readLabels();

@@ -27,6 +27,18 @@ UXPoint add(const UXPoint& point, std::int64_t x, std::int64_t y)
     return {uxSaturateToInt(point.x + x), uxSaturateToInt(point.y + y)};
 }
 
+/** @return the text with an ellipsis directly after its last word or letter that fits */
+std::string shorten(const std::string& text, double limit, const UXTextWidthFunction& widthOf)
+{
+    std::string shortened = uxShortenText(text, UXTextOption::EllipsisEnd, limit, widthOf);
+    if (!shortened.ends_with(ellipsis))
+        return shortened;
+    const std::size_t end = shortened.size() - ellipsis.size();
+    const std::size_t last = shortened.find_last_not_of(' ', end == 0 ? 0 : end - 1);
+    const std::size_t kept = end == 0 || last == std::string::npos ? 0 : last + 1;
+    return shortened.erase(kept, end - kept);
+}
+
 } // namespace
 
 double KXAxisTickLabelView::_obtainRotateDegree(KXAxisTickLabelRotationType type) const
@@ -134,12 +146,13 @@ bool KXAxisTickLabelView::_placeLabel(Tick& tick, PlacedLabel& label, bool& isPl
         label.property.textColor = color;
         label.property.font.bold = label.property.font.bold || isMarked;
     }
-    isPlaced = !label.text.empty() && _fitLabel(label, point);
+    isPlaced = !label.text.empty() && _fitLabel(label, point, _obtainWidthBetweenNeighbors(tick));
     return true;
 }
 
-/** @return whether anything is left of the label */
-bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick) const
+/** @param widthLimit of the text, beside what the area allows
+ *  @return whether anything is left of the label */
+bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick, double widthLimit) const
 {
     // 1. A text can be shortened, but not be made flatter.
     const KXAxisTickLabelLayout layout = _obtainLayout();
@@ -152,10 +165,10 @@ bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick) con
     // 2. The band's limit counts where the text runs across the axis.
     if (const std::optional<double> limit = _obtainLengthLimit())
         area = layout.obtainBand(tick, area, *limit);
-    const double limit = layout.obtainWidthLimit(size, tick, area, m_showLabelInBound);
-    if (size.width > limit + noise) {
-        label.text = uxShortenText(label.wholeText, UXTextOption::EllipsisEnd, limit,
-                                   [&](std::string_view piece) { return measure(std::string(piece)).width; });
+    widthLimit = (std::min)(widthLimit, layout.obtainWidthLimit(size, tick, area, m_showLabelInBound));
+    if (size.width > widthLimit + noise) {
+        label.text = shorten(label.wholeText, widthLimit,
+                             [&](std::string_view piece) { return measure(std::string(piece)).width; });
         if (label.text == ellipsis)
             return false;
         size = measure(label.text);

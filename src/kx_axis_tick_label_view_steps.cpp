@@ -18,7 +18,7 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double noise = 1e-9;
-/** Between upright labels side by side, and between those that are decided one by one. */
+/** Between upright labels in even steps, and between labels that are decided one by one. */
 constexpr double collisionGap = 4, decisionGap = 2;
 /** The most room that a long label asks for at its end. */
 constexpr double largestGap = 100;
@@ -363,17 +363,40 @@ bool KXAxisTickLabelView::_calcTickLabelInterval(double spacing)
     return true;
 }
 
-/** Turned labels lie as close as lines of a page at most, and labels stand at ticks that are visible. */
+/** Labels stand at ticks that are visible, and those of equal size keep apart: turned ones lie no closer than
+ *  the lines of a page, upright ones do not run into each other. */
 std::int64_t KXAxisTickLabelView::_obtainShownInterval() const
 {
     std::int64_t interval = obtainWholeInterval(m_calculatedInterval);
-    const bool isAuto = m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Auto;
-    if (isAuto && m_resolvedRotation != KXAxisTickLabelRotationType::Horizontal) {
-        const double needed = _obtainLayout().obtainLengthAlong(*m_visibleTicks.front().size);
-        const double distance = static_cast<double>(interval) * m_tickDistance * m_scale.spacing;
-        interval *= obtainWholeInterval(kxObtainTickLabelInterval(needed, 0, distance));
+    if (m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Auto && _canTurnLabels()) {
+        const UXDoubleSize& size = *m_visibleTicks.front().size;
+        const bool isUpright = m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
+        double needed = _obtainLayout().obtainLengthAlong(size);
+        if (isUpright)
+            needed = needed > 2 * largestGap ? 0 : needed + collisionGap;
+        interval = (std::max)(interval, obtainWholeInterval(kxObtainTickLabelInterval(
+                                            needed, 0, m_tickDistance * m_scale.spacing)));
     }
     return roundUpToMultiple(interval, m_visibleStep);
+}
+
+/** Upright labels in even steps share the room between their ticks: a longer one is cut rather than left out,
+ *  and has what shorter neighbours leave.
+ *  @return the most width that the label may have */
+double KXAxisTickLabelView::_obtainWidthBetweenNeighbors(const Tick& tick)
+{
+    double limit = infinity;
+    if (m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto || _isEachDecided() ||
+        !_canTurnLabels() || m_resolvedRotation != KXAxisTickLabelRotationType::Horizontal)
+        return limit;
+    for (const std::int64_t index : {tick.index - m_shownInterval, tick.index + m_shownInterval}) {
+        const Tick* neighbor = _findVisibleTick(uxSaturateToInt(index));
+        if (!neighbor || !neighbor->size)
+            continue;
+        const double distance = std::abs(neighbor->value - tick.value) * m_scale.spacing - collisionGap;
+        limit = (std::min)(limit, 2 * distance - (std::min)(neighbor->size->width, distance));
+    }
+    return limit;
 }
 
 /** Decides for each visible tick by itself, from the end of the axis where a neighbour comes first. */
