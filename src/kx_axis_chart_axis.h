@@ -9,6 +9,7 @@
 
 class KXAxis;
 class KXAxisProperty;
+class KXAxisTickLabelView;
 class KXChartDataFormat;
 class UXLabel;
 
@@ -28,6 +29,8 @@ struct KX_EXPORT KXAxisChartAxis {
     KXAxisChartAxisCacheData cache;
     UXPosition position = UXPosition::Bottom; /**< the side of the marks at which it stands */
     bool isUsed = true;                       /**< off: nothing of it is shown, and it takes no room */
+    bool ticksChanged = true;                 /**< since the labels were told of them */
     KXAxis* axis = nullptr;
+    KXAxisTickLabelView* labels = nullptr;
     UXLabel* title = nullptr;
 };

@@ -5,6 +5,7 @@
 #include "kx_axis_chart_layer.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
+#include "kx_axis_tick_label_view.h"
 #include "kx_chart_data_format.h"
 #include "ux/ux_label.h"
 #include "ux/ux_object_watcher.h"
@@ -55,6 +56,7 @@ KXAxisChartBase::~KXAxisChartBase()
     m_axisChartProperty->unregisterAllUpdatedEvents();
     for (const auto& axis : m_axes) {
         axis->axis->setDelegate(nullptr);
+        axis->labels->setDelegate(nullptr);
         axis->property->unregisterAllUpdatedEvents();
         axis->dataFormat->setUpdatedEvent({});
     }
@@ -87,17 +89,32 @@ KXAxisChartAxis& KXAxisChartBase::_addAxis()
     added.axis = new KXAxis;
     added.axis->setDelegate(this);
     m_plot->addChild(added.axis);
+    added.labels = new KXAxisTickLabelView;
+    added.labels->setAxis(added.axis);
+    added.labels->setDelegate(this);
+    m_plot->addChild(added.labels);
+    m_plot->bringChildOverChild(added.labels, m_markLabelsLayer);
     added.title = new UXLabel;
     m_plot->addChild(added.title);
     added.property->registerUpdatedEvents(
         [this, &added](const std::string& key) { _axisPropertyUpdated(added, key); });
-    added.dataFormat->setUpdatedEvent([this] { _layoutAnew(); });
+    added.dataFormat->setUpdatedEvent([this, &added] {
+        added.ticksChanged = true;
+        _layoutAnew();
+    });
     return added;
 }
 
 KXAxisChartAxis* KXAxisChartBase::_findAxis(const KXAxis* axis) const
 {
     const auto found = std::ranges::find_if(m_axes, [axis](const auto& own) { return own->axis == axis; });
+    return found == m_axes.end() ? nullptr : found->get();
+}
+
+KXAxisChartAxis* KXAxisChartBase::_findAxis(const KXAxisTickLabelView* labels) const
+{
+    const auto found = std::ranges::find_if(m_axes,
+                                            [labels](const auto& own) { return own->labels == labels; });
     return found == m_axes.end() ? nullptr : found->get();
 }
 
@@ -144,7 +161,18 @@ void KXAxisChartBase::axisAxisLengthChanged(KXAxis*, double)
         _layoutAnew();
 }
 
-void KXAxisChartBase::axisVisibleValuesChanged(KXAxis*) {}
+void KXAxisChartBase::axisVisibleValuesChanged(KXAxis* axis)
+{
+    KXAxisChartAxis* own = _findAxis(axis);
+    if (own && own->labels->getVisible())
+        own->labels->update(false);
+}
+
+void KXAxisChartBase::axisTickLabelViewRequestExtraLengthAtTheEnd(KXAxisTickLabelView* view, double length)
+{
+    if (const KXAxisChartAxis* own = _findAxis(view))
+        own->axis->setExtraLength(view->getExtraLengthKey(), length);
+}
 
 bool KXAxisChartBase::shouldClipInScrollArea(UXVirtualScrollView*, UXObject*)
 {
@@ -166,6 +194,13 @@ void KXAxisChartBase::virtualScrollViewContentOffsetChanged(UXVirtualScrollView*
         return;
     const double spacing = scrolled->axis->obtainCurrentValueSpacing();
     m_firstCategory = spacing > 0 ? static_cast<double>(offset) / spacing : 0;
+    // A longer label than those before needs more room than the layout has given.
+    const bool needsRoom = scrolled->labels->getVisible() &&
+                           scrolled->labels->obtainLabelLength() > m_scrolledLabelLength;
+    if (!self.isAlive())
+        return;
+    if (needsRoom)
+        _layoutAnew();
     _layoutContent();
     if (self.isAlive())
         m_plot->invalidate();

@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_axis.h"
 #include "kx_axis_delegate.h"
+#include "kx_axis_tick_label_view_delegate.h"
 #include "kx_chart.h"
 #include "ux/ux_padding.h"
 #include "ux/ux_virtual_scroll_view_delegate.h"
@@ -27,7 +28,10 @@ class UXVirtualScrollView;
  * Scrolling and a new size keep what is seen: the first visible category is remembered, not an offset. Work
  * for a frame depends on what is visible alone.
  */
-class KX_EXPORT KXAxisChartBase : public KXChart, public KXAxisDelegate, public UXVirtualScrollViewDelegate {
+class KX_EXPORT KXAxisChartBase : public KXChart,
+                                  public KXAxisDelegate,
+                                  public KXAxisTickLabelViewDelegate,
+                                  public UXVirtualScrollViewDelegate {
 public:
     KXAxisChartBase();
     ~KXAxisChartBase() override;
@@ -46,11 +50,12 @@ public:
     /** @return the part of the plot in which marks are drawn, in its space; as of the last layout */
     const UXRect& getMarksArea() const { return m_marksArea; }
 
-    // From UXJsonObject, KXAxisDelegate and UXVirtualScrollViewDelegate
+    // From UXJsonObject, KXAxisDelegate, KXAxisTickLabelViewDelegate and UXVirtualScrollViewDelegate
     void customSerialize() override;
     bool customDeserialize() override;
     void axisAxisLengthChanged(KXAxis* axis, double totalLength) override;
     void axisVisibleValuesChanged(KXAxis* axis) override;
+    void axisTickLabelViewRequestExtraLengthAtTheEnd(KXAxisTickLabelView* view, double length) override;
     bool shouldClipInScrollArea(UXVirtualScrollView* view, UXObject* object) override;
     using UXVirtualScrollViewDelegate::virtualScrollViewContentOffsetChanged;
     void virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, const UXEvent& event) override;
@@ -85,7 +90,9 @@ protected:
     /** @return a new axis with its objects, which the chart keeps */
     KXAxisChartAxis& _addAxis();
     const std::vector<std::unique_ptr<KXAxisChartAxis>>& _getAxes() const { return m_axes; }
+    /** @return the axis of an object of it; null for one of no axis */
     KXAxisChartAxis* _findAxis(const KXAxis* axis) const;
+    KXAxisChartAxis* _findAxis(const KXAxisTickLabelView* labels) const;
     void _layoutAnew();
     /** Has the marks and their labels painted anew. */
     void _repaintMarks();
@@ -110,13 +117,14 @@ private:
     };
     enum class Detail : int { None, Labels, All };
 
-    void _makeLayers();
-    void _registerPropertyEvents();
     void _layoutAxes();
     void _layoutAxes(Detail detail);
+    void _updateLabels(Detail detail);
     Bands _measureBands(Detail detail);
+    void _measureLabels(Bands& bands);
     UXRect _obtainArea(const Bands& bands, bool scrolls) const;
     void _placeAxes(const UXRect& area);
+    void _placeLabels(const Bands& bands);
     void _placeTitles(const Bands& bands, Detail detail, bool scrolls);
     void _placeScroll(const Bands& bands, bool scrolls);
     void _placeLayers();
@@ -130,6 +138,7 @@ private:
     KXAxisChartLayer* m_markLabelsLayer;
     std::vector<std::unique_ptr<KXAxisChartAxis>> m_axes;
     UXRect m_marksArea;
+    int m_scrolledLabelLength = 0; // what the layout has reserved
     double m_firstCategory = 0;
     bool m_layingOut = false;
 };

@@ -6,6 +6,7 @@
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
+#include "kx_axis_tick_label_view.h"
 #include "ux/ux_label.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_object_watcher.h"
@@ -20,7 +21,9 @@
 
 namespace {
 
-constexpr int titleGap = 4; // between an axis's title and what stands beside it, logical units
+// Between an axis, its labels and its title, logical units
+constexpr int labelGap = 5;
+constexpr int titleGap = 4;
 constexpr int barExtent = UXVirtualScrollView::extraExtent;
 /** Titles, then labels, give way where the marks would get less room than this. */
 constexpr UXSize leastAreaBesideTitles{120, 80};
@@ -29,6 +32,8 @@ constexpr UXSize leastAreaBesideLabels{48, 32};
 constexpr double leastGridPitch = 4;
 /** A title at the end of an axis takes no more of the plot than this part. */
 constexpr int endTitleDivider = 4;
+/** Labels neither, across their axis. */
+constexpr int labelDivider = 3;
 
 bool isTooSmall(const UXRect& area, const UXSize& least)
 {
@@ -119,24 +124,79 @@ void KXAxisChartBase::_layoutAxes(Detail detail)
     constexpr int rounds = 3;
     const UXObjectWatcher self(this);
     KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    _updateLabels(detail);
+    if (!self.isAlive())
+        return;
     Bands bands;
     bool scrolls = false;
     for (int round = 0; round < rounds; ++round) {
         _placeAxes(_obtainArea(bands, scrolls));
+        _placeLabels(bands);
         bands = _measureBands(detail);
         if (!self.isAlive())
             return;
         scrolls = scrolled && scrolled->axis->isScrollable();
     }
     _placeAxes(_obtainArea(bands, scrolls));
+    _placeLabels(bands);
     _placeScroll(bands, scrolls);
+    if (!self.isAlive())
+        return;
     _placeTitles(bands, detail, scrolls);
     _placeLayers();
 }
 
+/** Gives the labels what their axes' properties say, and has them forget ticks that are others now. */
+void KXAxisChartBase::_updateLabels(Detail detail)
+{
+    const UXObjectWatcher self(this);
+    const UXRect plot = m_plot->getBoundingRect();
+    for (std::size_t i = 0; self.isAlive() && i < m_axes.size(); ++i) {
+        KXAxisChartAxis& axis = *m_axes[i];
+        const KXAxisProperty& property = *axis.property;
+        KXAxisTickLabelView& labels = *axis.labels;
+        labels.setVisible(detail != Detail::None && axis.isUsed && property.getShowTickLabels());
+        labels.setPosition(axis.position);
+        labels.setTickInterval(axis.cache.tickInterval);
+        labels.setTextProperty(property.getTickLabelProperty());
+        labels.setTickLabelRotationType(property.getTickLabelRotationType());
+        labels.setAutoRotateLabels(&axis == _obtainScrolledAxis()); // numbers are thinned out instead
+        labels.setTickLabelIntervalMode(property.getTickLabelIntervalMode());
+        labels.setUseFixedTickLabelIntervalForAutoIntervalMode(
+            property.getUseFixedTickLabelIntervalForAutoIntervalMode());
+        labels.setTickLabelInterval(property.getTickLabelInterval());
+        labels.setMaxLabelLength(
+            std::max((axis.isHorizontal() ? plot.height : plot.width) / labelDivider, 1));
+        if (!labels.getVisible())
+            axis.axis->setExtraLength(labels.getExtraLengthKey(), 0);
+        else if (std::exchange(axis.ticksChanged, false))
+            labels.reloadData();
+    }
+}
+
+/** Asking for the labels' length may ask the provider for texts, which may destroy the chart. */
+void KXAxisChartBase::_measureLabels(Bands& bands)
+{
+    const UXObjectWatcher self(this);
+    for (std::size_t i = 0; i < m_axes.size(); ++i) {
+        KXAxisChartAxis& axis = *m_axes[i];
+        const int length = axis.labels->getVisible() ? axis.labels->obtainLabelLength() : 0;
+        if (!self.isAlive())
+            return;
+        if (length > 0)
+            bands.at(axis.position).labels = length + labelGap;
+        if (&axis == _obtainScrolledAxis())
+            m_scrolledLabelLength = length;
+    }
+}
+
 KXAxisChartBase::Bands KXAxisChartBase::_measureBands(Detail detail)
 {
+    const UXObjectWatcher self(this);
     Bands bands;
+    _measureLabels(bands);
+    if (!self.isAlive())
+        return bands;
     for (const auto& axis : m_axes) {
         if (detail != Detail::All || !hasTitle(*axis))
             continue;
@@ -193,6 +253,26 @@ void KXAxisChartBase::_placeAxes(const UXRect& area)
         axis.setMinValueSpacing(scrolls ? _obtainMinCategorySpacing() : -1);
         axis.setRect(obtainAxisRect(*own, area));
         axis.updateCache();
+    }
+}
+
+/** Labels stand beside the marks; along their axis they have all of the plot, so that the outer ones may
+ * reach over its ends. */
+void KXAxisChartBase::_placeLabels(const Bands& bands)
+{
+    const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
+    for (const auto& axis : m_axes) {
+        const int length = std::max(Bands(bands).at(axis->position).labels - labelGap, 0);
+        UXRect rect;
+        if (axis->position == UXPosition::Bottom)
+            rect = {0, uxMaxY(area) + labelGap, plot.width, length};
+        else if (axis->position == UXPosition::Top)
+            rect = {0, area.y - labelGap - length, plot.width, length};
+        else if (axis->position == UXPosition::Left)
+            rect = {area.x - labelGap - length, 0, length, plot.height};
+        else
+            rect = {uxMaxX(area) + labelGap, 0, length, plot.height};
+        axis->labels->setRect(rect);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_data_provider.h"
 #include "kx_key_definitions.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
@@ -180,7 +181,8 @@ void KXXYAxisChart::_customUpdateAxes()
 {
     _placeSides();
     for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})
-        updateAxisCacheData(axis->property.get(), &axis->cache);
+        if (updateAxisCacheData(axis->property.get(), &axis->cache))
+            axis->ticksChanged = true;
     _setCategoryScale();
     for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY}) {
         axis->axis->setMinValue(axis->cache.axisMin);
@@ -217,6 +219,58 @@ void KXXYAxisChart::_setCategoryScale()
     axis.setMinValue(-1);
     axis.setMaxValue(count - 1);
     axis.setValueSpacing(length > 0 && count > 0 ? length / count : -1);
+}
+
+KXAxisProperty* KXXYAxisChart::obtainAxisPropertyOfTickLabelView(KXAxisTickLabelView* view)
+{
+    const KXAxisChartAxis* axis = _findAxis(view);
+    return axis ? axis->property.get() : nullptr;
+}
+
+KXAxisChartAxisCacheData* KXXYAxisChart::obtainAxisCacheDataOfTickLabelView(KXAxisTickLabelView* view)
+{
+    KXAxisChartAxis* axis = _findAxis(view);
+    return axis ? &axis->cache : nullptr;
+}
+
+int KXXYAxisChart::axisTickLabelViewObtainTickLabelCount(KXAxisTickLabelView* view)
+{
+    const KXAxisChartAxisCacheData* cache = obtainAxisCacheDataOfTickLabelView(view);
+    return cache ? kxObtainAxisTickCount(*cache) : 0;
+}
+
+double KXXYAxisChart::axisTickLabelViewObtainTick(KXAxisTickLabelView* view, int index)
+{
+    const KXAxisChartAxisCacheData* cache = obtainAxisCacheDataOfTickLabelView(view);
+    return cache ? kxObtainAxisTick(*cache, index) : 0;
+}
+
+void KXXYAxisChart::axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, double value,
+                                                     std::string& text)
+{
+    const KXAxisChartAxis* axis = _findAxis(view);
+    if (axis == &m_x)
+        text = _obtainCategoryTickText(value);
+    else if (axis)
+        text = kxFormatAxisTick(*axis->property, *axis->dataFormat, value);
+}
+
+/** On a continuous axis ticks are values between the categories, which the host words where they are times.
+ */
+std::string KXXYAxisChart::_obtainCategoryTickText(double value)
+{
+    if (!m_isContinuous)
+        return value >= 0 ? obtainCategoryLabel(toIndex(value, getCategoryCount())) : std::string();
+    if (!m_x.cache.isTemporalDimension)
+        return m_x.dataFormat->formatNumber(value);
+    const UXObjectWatcher self(this);
+    std::string text;
+    if (KXChartDataProvider* provider = beginUseDataProvider())
+        text = provider->obtainDimensionDataAsDateTime(this, value);
+    if (!self.isAlive())
+        return {};
+    endUseDataProvider();
+    return m_x.dataFormat->formatDateTime(text, getCategoryDataType(), getCategoryAggregateType());
 }
 
 double KXXYAxisChart::obtainCategoryValue(std::uint64_t category)

@@ -59,6 +59,11 @@ public:
     /** @return the ranges of an axis, as of the last layout; null for a property of no axis */
     const KXAxisChartAxisCacheData* obtainAxisCacheData(const KXAxisProperty* property) const;
 
+    // Tick labels
+    /** @return the property of the axis that the view labels; null for a view of no axis */
+    virtual KXAxisProperty* obtainAxisPropertyOfTickLabelView(KXAxisTickLabelView* view);
+    virtual KXAxisChartAxisCacheData* obtainAxisCacheDataOfTickLabelView(KXAxisTickLabelView* view);
+
     // Places, as of the last layout; in the plot's space
     /** @return whether the categories lie at their numbers instead of in slots */
     bool isContinuous() const { return m_isContinuous; }
@@ -78,10 +83,14 @@ public:
     /** The chart's properties by key, for UXPropertyAccessor. */
     static const UXPropertyTable& obtainPropertyTable();
 
-    // From UXJsonObject and KXAxisChart
+    // From UXJsonObject, KXAxisTickLabelViewDelegate and KXAxisChart
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
+    int axisTickLabelViewObtainTickLabelCount(KXAxisTickLabelView* view) override;
+    double axisTickLabelViewObtainTick(KXAxisTickLabelView* view, int index) override;
+    void axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, double value,
+                                          std::string& text) override;
     std::string obtainValueText(std::uint64_t series, double value) const override;
 
 protected:
@@ -104,6 +113,7 @@ private:
     void _updateDefaultTitles();
     void _placeSides();
     void _setCategoryScale();
+    std::string _obtainCategoryTickText(double value);
 
     KXAxisChartAxis& m_x; // the chart's axes
     KXAxisChartAxis& m_y;

@@ -64,7 +64,7 @@ TEST(KXAxisChartDataUser, PullsEachValueOnceAndTextsOnDemand)
         EXPECT_TRUE(std::isnan(
             chart.getValue(static_cast<std::uint64_t>(series), static_cast<std::uint64_t>(category))));
 
-    for (const std::uint64_t category : {2, 2, 0, 2, 3})
+    for (const std::uint64_t category : std::vector<std::uint64_t>{2, 2, 0, 2, 3})
         EXPECT_EQ(chart.obtainCategoryText(category), category < 3 ? "c" + std::to_string(category) : "");
     EXPECT_EQ(provider.askedTexts, (std::vector<std::uint64_t>{2, 0}));
     EXPECT_EQ(chart.obtainCategoryNumbers(), (std::vector<double>{0, 1, 2}));

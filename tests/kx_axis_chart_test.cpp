@@ -6,6 +6,7 @@
 #include "kx_axis_chart_property.h"
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
+#include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
 #include "ux/ux_event.h"
 #include "ux/ux_painter.h"
@@ -35,8 +36,10 @@ public:
 
     explicit BarsChart(KXAxisChartTestProvider& provider, UXRect rect = {0, 0, 302, 202})
     {
-        for (KXAxisProperty* axis : {getXAxisProperty(), getYAxisProperty()})
+        for (KXAxisProperty* axis : {getXAxisProperty(), getYAxisProperty()}) {
             axis->setShowTitle(false);
+            axis->setShowTickLabels(false);
+        }
         setDataProvider(&provider);
         setRect(rect);
     }
@@ -188,6 +191,57 @@ TEST(KXAxisChart, TitlesTakeRoomBesideTheMarksUnlessThatIsScarce)
         for (const char* title : {"\"Categories\"", "\"s0\""})
             EXPECT_EQ(painted.find(title) != std::string::npos, c.shown) << title << painted;
     }
+}
+
+TEST(KXAxisChart, LabelsTakeTheirRoomFromTheMarks)
+{
+    const UXFixedMeasurer measurer; // a byte is 6.5 wide and a line 13 high
+    KXAxisChartTestProvider provider;
+    provider.values = {{10, 20, 30}};
+    BarsChart upright(provider), lying(provider);
+    lying.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
+    for (BarsChart* chart : {&upright, &lying}) {
+        chart->getXAxisProperty()->setShowTickLabels(true);
+        chart->getYAxisProperty()->setShowTickLabels(true);
+        chart->load();
+        EXPECT_FALSE(chart->getRequireToVerifyLayout()) << "settled in one pass";
+        const std::string painted = chart->paintToText(chart);
+        for (const char* text : {"\"c0\"", "\"c2\"", "\"10\"", "\"30\""})
+            EXPECT_NE(painted.find(text), std::string::npos) << text;
+    }
+    EXPECT_EQ(upright.getMarksArea(), UXRect(18, 0, 282, 182));
+    EXPECT_EQ(lying.getMarksArea(), UXRect(18, 0, 282, 182));
+    EXPECT_EQ(provider.askedTexts.size(), 6) << "each category once for each chart";
+
+    // Half of the upper label has its room at the axis's end, above the highest bar.
+    EXPECT_NEAR(upright.bars[2].rect.y, 6.5, 1);
+    EXPECT_NEAR(uxMaxDoubleX(lying.bars[2].rect), 300 - 6.5, 1);
+    upright.getYDataFormat()->updateSuffix(" EUR");
+    upright.layout();
+    EXPECT_EQ(upright.getMarksArea().x, 44);
+    EXPECT_EQ(upright.obtainValueText(0, 10), "10 EUR");
+    upright.resize(50, 40);
+    EXPECT_EQ(upright.getMarksArea(), UXRect(0, 0, 48, 38)) << "no room for labels";
+}
+
+TEST(KXAxisChart, LabelsAreAskedForWhereTheyAreSeen)
+{
+    const UXFixedMeasurer measurer;
+    KXAxisChartTestProvider provider;
+    provider.categoryCount = 100'000;
+    BarsChart chart(provider);
+    chart.getXAxisProperty()->setShowTickLabels(true);
+    chart.load();
+    const std::size_t visible = chart.bars.size();
+    EXPECT_LE(provider.askedTexts.size(), visible + 2);
+    provider.askedTexts.clear();
+    chart.getPlot()->setContentOffsetX(800'000);
+    chart.layout();
+    EXPECT_LE(provider.askedTexts.size(), visible + 2);
+    EXPECT_TRUE(std::ranges::all_of(provider.askedTexts, [](std::uint64_t c) { return c > 49'000; }));
+    provider.askedTexts.clear();
+    chart.resize(402, 202);
+    EXPECT_LE(provider.askedTexts.size(), 10) << "only those that came into view";
 }
 
 TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
@@ -451,6 +505,7 @@ TEST(KXAxisChart, TheProviderMayDestroyTheChartInAnyAnswer)
         KXChartDataPath path;
         path.valueIndexPath = {0, 3};
         const std::function<void()> steps[] = {
+            [&] { chart->getXAxisProperty()->setShowTickLabels(true); },
             [&] { chart->load(); },
             [&] { chart->getPlot()->mouseWheel(wheel); },
             [&] { chart->load(); },
