@@ -11,6 +11,8 @@
 #include "kx_gauge_chart.h"
 #include "kx_legend.h"
 #include "kx_value_chart.h"
+#include "ux/ux_hint.h"
+#include "ux/ux_hint_frame.h"
 #include "ux/ux_label.h"
 #include "ux/ux_string.h"
 
@@ -69,8 +71,8 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXChartHeatMapColumnHeaderPanel),
     KX_TYPE_WITHOUT_CLASS(KXHeatMapContentPanel),
     KX_TYPE_WITHOUT_CLASS(KXHeatMapPanel),
-    KX_TYPE_WITHOUT_CLASS(UXHint),
-    KX_TYPE_WITHOUT_CLASS(UXHintFrame),
+    KX_TYPE(UXHint),
+    KX_TYPE(UXHintFrame),
     KX_TYPE_WITHOUT_CLASS(KXHorizontalBar),
     KX_TYPE_WITHOUT_CLASS(KXKpiChart),
     KX_TYPE_WITHOUT_CLASS(KXChartKpiPanel),

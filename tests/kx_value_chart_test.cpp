@@ -3,7 +3,14 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_test_provider.h"
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
+#include "ux/ux_event.h"
+#include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_hint.h"
+#include "ux/ux_hint_frame.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
 
@@ -268,3 +275,42 @@ TEST_F(KXValueChartTest, TheHostReachesEveryPropertyByItsKey)
 }
 
 } // namespace
+
+namespace {
+
+class TellingProvider : public KXTestProvider {
+public:
+    KXChartDataProviderHintData obtainHintData(KXChartDataUser*, const KXIndexPath&) override
+    {
+        return {"Sales", "1,234"};
+    }
+    std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>&) override
+    {
+        return {new KXInteractionHighlightComplementaryInfoEffect};
+    }
+};
+
+} // namespace
+
+TEST_F(KXValueChartTest, TheHoveredValueTellsMoreOnTheControl)
+{
+    TellingProvider telling;
+    chart.setDataProvider(&telling);
+    UXContext context;
+    UXDiagram diagram(&context);
+    UXGlobalControlSpaceEventDiagram screen;
+    UXControl control;
+    diagram.registerGlobalEventDiagram(&screen);
+    diagram.setRect(uxMakeRect(0, 0, 400, 300));
+    diagram.addChild(&chart);
+    chart.setRect(uxMakeRect(0, 100, 200, 120));
+    context.setActiveDiagram(&control, &diagram);
+    control.setControlRect({0, 0, 400, 300});
+    load();
+    const UXRect value = label().translateRectToParent(label().getBoundingRect(), &diagram);
+    control.mouseMove({value.x + 2, value.y + 2}, UXEvent());
+    ASSERT_EQ(screen.getVisibleHints().size(), 1U);
+    EXPECT_EQ(screen.getVisibleHints()[0]->getFrame()->getHintInfo().title, "Sales");
+    control.mouseMove({300, 20}, UXEvent());
+    EXPECT_TRUE(screen.getVisibleHints().empty());
+}

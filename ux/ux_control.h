@@ -48,6 +48,8 @@ public:
     UXContext* getContext() const { return m_context; }
     /** @return the diagram that the control shows, null for none */
     UXDiagram* getActiveDiagram() const { return m_activeDiagram; }
+    /** @return what expires with the control, for whoever keeps its address */
+    std::weak_ptr<const bool> getLife() const { return m_life; }
 
     // Use cases, such as 1 to present and 2 to interact
     const std::vector<int>& getUseCases() const { return m_useCases; }
@@ -137,8 +139,9 @@ public:
     void runPostedActions();
 
     // What the host overrides
-    /** @return what diagram is painted on now, with the control's zoom and origin applied, the host's; null
-     * when the control paints later, when its system asks it to */
+    /** @return what diagram is painted on now, the host's: with the control's zoom and origin applied, or
+     * without them for a global diagram in the control's own space; null when the control paints later, when
+     * its system asks it to */
     virtual UXPaintConfig* obtainPaintConfig(UXDiagram* diagram);
     /** Called after an event has been dispatched through this control. */
     virtual void customEvent();

@@ -1,8 +1,12 @@
 #include "ux/ux_hint_delegate.h"
 
+#include "ux/ux_diagram.h"
+#include "ux/ux_diagram_lookup.h"
+#include "ux/ux_global_control_space_event_diagram.h"
+
 UXHintDelegate::UXHintDelegate(UXObject* owner) : m_owner(owner) {}
 
-UXHintDelegate::~UXHintDelegate() = default;
+UXHintDelegate::~UXHintDelegate() { _hideOnScreen(); }
 
 void UXHintDelegate::setShowHint(bool showHint)
 {
@@ -28,8 +32,34 @@ void UXHintDelegate::setHintVisible(UXPoint point, UXEvent*, UXHintInfo* info)
     m_hintPoint = point;
     m_hintInfo = *info;
     m_hintVisible = true;
+    _showOnScreen();
 }
 
 void UXHintDelegate::hideHint() { setHintHidden(); }
 
-void UXHintDelegate::setHintHidden() { m_hintVisible = false; }
+void UXHintDelegate::setHintHidden()
+{
+    m_hintVisible = false;
+    _hideOnScreen();
+}
+
+UXRect UXHintDelegate::obtainHintArea(UXPoint) { return {}; }
+
+void UXHintDelegate::_showOnScreen()
+{
+    const UXDiagram* diagram = uxObtainDiagram(m_owner.getObject());
+    UXGlobalControlSpaceEventDiagram* screen = diagram ? diagram->getGlobalControlSpaceEventDiagram()
+                                                       : nullptr;
+    if (m_screen.getObject() != screen)
+        _hideOnScreen();
+    m_screen = UXObjectWatcher(screen);
+    if (screen)
+        screen->showHint(&m_hintInfo, m_owner.getObject(), m_hintPoint, nullptr, obtainHintArea(m_hintPoint));
+}
+
+void UXHintDelegate::_hideOnScreen()
+{
+    if (auto* screen = static_cast<UXGlobalControlSpaceEventDiagram*>(m_screen.getObject()))
+        screen->hideHint(&m_hintInfo, nullptr);
+    m_screen = UXObjectWatcher(nullptr);
+}

@@ -4,12 +4,16 @@
 #include "ux/ux_hint_info.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_point.h"
+#include "ux/ux_rect.h"
 
 class UXEvent;
 class UXObject;
 
-/** Mixed into objects that explain themselves: keeps what the object's hint says and whether it is to be
- * seen. */
+/**
+ * Mixed into objects that explain themselves: keeps what the object's hint says, and has it shown on all
+ * controls that show the object's diagram, by the first global diagram of that one which works in the
+ * control's space. The hint goes with this object and with the owner.
+ */
 class UX_EXPORT UXHintDelegate {
 public:
     /** @param owner the object that is explained, usually the one that this is a part of */
@@ -33,14 +37,23 @@ public:
     virtual void setHintVisible(UXPoint point, UXEvent* event, UXHintInfo* info);
     virtual void hideHint();
     virtual void setHintHidden();
+    /** @param point as it was given to showHint
+     *  @return all of what lies there and is explained, which the hint leaves free where it can, in the
+     * owner's space; empty, as by default, for the point alone */
+    virtual UXRect obtainHintArea(UXPoint point);
 
+    /** @return whether the hint is to be seen; one that was dismissed by the user still is */
     bool getHintVisible() const { return m_hintVisible; }
     /** @return the place and the content of the hint that shows, or showed last */
     const UXPoint& getHintPoint() const { return m_hintPoint; }
     const UXHintInfo& getHintInfo() const { return m_hintInfo; }
 
 private:
+    void _showOnScreen();
+    void _hideOnScreen();
+
     UXObjectWatcher m_owner;
+    UXObjectWatcher m_screen{nullptr}; // the diagram that the hint stands on
     UXHintInfo m_hintInfo;
     UXPoint m_hintPoint;
     bool m_showHint = true;

@@ -8,7 +8,8 @@
 #include <deque>
 #include <string>
 
-/** What a hint says, and where it stands. A returned row stays valid until the rows are cleared. */
+/** What a hint says, and where it stands. A text property that is left as it was made leaves the look of its
+ * text to the hint. A returned row stays valid until the rows are cleared. */
 struct UX_EXPORT UXHintInfo {
     std::string title;
     UXTextProperty titleProperty;
@@ -17,10 +18,11 @@ struct UX_EXPORT UXHintInfo {
     std::deque<UXHintRowInfo> rows;
     std::deque<UXHintRowInfo> footerRows;
     UXHintPosition position = UXHintPosition::AboveValue;
-    int distance = 0;    /**< free room between the hint and what it explains, in logical units */
-    int maxWidth = 0;    /**< in logical units; 0 for no limit */
-    bool enabled = true; /**< whether the hint is shown at all */
-    bool followMouse = false;
+    int distance = 0;         /**< free room between the hint and what it explains, in logical units; 0 leaves
+                                   it to the hint */
+    int maxWidth = 0;         /**< of the frame, in logical units; 0 leaves it to the hint */
+    bool enabled = true;      /**< whether the hint is shown at all */
+    bool followMouse = false; /**< whether the hint stands at the pointer, where there is one */
 
     UXHintInfo() = default;
     explicit UXHintInfo(bool isEnabled) : enabled(isEnabled) {}

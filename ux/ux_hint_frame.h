@@ -1,0 +1,54 @@
+#pragma once
+
+#include "ux/ux_export.h"
+#include "ux/ux_hint_info.h"
+#include "ux/ux_hint_layout.h"
+#include "ux/ux_object.h"
+
+#include <vector>
+
+class UXHintRow;
+class UXPainter;
+
+/** The box of a hint with its lines: a quiet frame with round corners and a soft shadow, in the background
+ * colour, white unless set. */
+class UX_EXPORT UXHintFrame : public UXObject {
+public:
+    UXHintFrame();
+    ~UXHintFrame() override;
+
+    const UXHintInfo& getHintInfo() const { return m_hintInfo; }
+    /** Shows nothing of it before showLayout. */
+    void setHintInfo(const UXHintInfo& info);
+
+    /** @return how the lines would stand in a frame that has room for limit, in logical units */
+    const UXHintLayout& obtainLayout(const UXSize& limit);
+    /** Takes the layout's size and gives every line an object, those that are there already first. Only what
+     * looks different is painted anew. */
+    void showLayout(const UXHintLayout& layout);
+
+    /** @return the rectangle that the frame paints, shadow included, in its own space */
+    UXRect obtainPaintedRect() const;
+
+    // From UXObject
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
+    bool inRect(UXRect rect) const override;
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
+
+protected:
+    UXRect customDirtyRect() override;
+
+private:
+    UXHintRow* _obtainRow(std::size_t index, bool isDetails);
+    void _drawGround(UXPainter& painter) const;
+    void _drawSeparator(UXPainter& painter) const;
+
+    UXHintInfo m_hintInfo;
+    UXHintLayout m_layout; // for m_limit
+    UXSize m_limit;
+    bool m_layoutIsValid = false;
+    std::vector<UXHintRow*> m_rows; // children
+    int m_separatorY = -1;
+};
