@@ -2,6 +2,7 @@
 
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
+#include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_text_file.h"
@@ -9,6 +10,49 @@
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+/** @return the visible diagrams over diagram that are in the space of its controls */
+std::vector<UXGlobalControlSpaceEventDiagram*> obtainDiagramsOver(const UXDiagram& diagram)
+{
+    std::vector<UXGlobalControlSpaceEventDiagram*> found;
+    for (UXGlobalEventDiagram* global : diagram.getGlobalEventDiagrams()) {
+        auto* over = dynamic_cast<UXGlobalControlSpaceEventDiagram*>(global);
+        if (over && over->getVisible())
+            found.push_back(over);
+    }
+    return found;
+}
+
+bool isDirty(const UXDiagram& diagram)
+{
+    return !diagram.getDirtyRegion().isEmpty() ||
+           std::ranges::any_of(obtainDiagramsOver(diagram), [](const UXGlobalControlSpaceEventDiagram* over) {
+               return !over->getDirtyRegion().isEmpty();
+           });
+}
+
+/** @return what is dirty on diagram, and over it on control, in the diagram's space */
+UXDirtyRegion obtainDirtyRegion(const UXDiagram& diagram, const UXControl& control)
+{
+    UXDirtyRegion region = diagram.getDirtyRegion();
+    for (const UXGlobalControlSpaceEventDiagram* over : obtainDiagramsOver(diagram)) {
+        for (const UXRect& rect : over->getDirtyRegion().getRects())
+            region.add(
+                control.controlSpaceToDiagramSpace(UXControlRect(rect.x, rect.y, rect.width, rect.height)));
+    }
+    return region;
+}
+
+void clearDirtyRegion(UXDiagram& diagram)
+{
+    diagram.clearDirtyRect();
+    for (UXGlobalControlSpaceEventDiagram* over : obtainDiagramsOver(diagram))
+        over->clearDirtyRect();
+}
+
+} // namespace
 
 UXContext::UXContext() = default;
 
@@ -217,12 +261,12 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
     const UXObjectWatcher shown(diagram);
     diagram->layout();
     const auto isAlive = [&] { return self.isAlive() && shown.isAlive(); };
-    if (!isAlive() || diagram->getDirtyRegion().isEmpty())
+    if (!isAlive() || !isDirty(*diagram))
         return;
 
     // 2. Ask each control for its configuration. Whoever paints later finds the areas where they were.
     const std::vector<UXControl*> controls = getControlsWithDiagram(diagram);
-    std::vector<std::pair<UXControl*, UXPaintConfig*>> painting;
+    std::vector<Painting> paintings;
     bool paintedAll = !controls.empty();
     for (UXControl* control : controls) {
         if (!isAlive())
@@ -231,7 +275,7 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
             continue;
         UXPaintConfig* config = control->obtainPaintConfig(diagram);
         if (config && config->isPaintConfigValid()) {
-            painting.emplace_back(control, config);
+            paintings.push_back({control, config, obtainDirtyRegion(*diagram, *control)});
         } else {
             paintedAll = false;
             control->notifyDirtyRect(diagram);
@@ -241,20 +285,47 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
         return;
 
     // 3. Paint on those that can now. The areas are cleared first, so that what painting makes dirty stays.
-    const UXDirtyRegion region = diagram->getDirtyRegion();
     if (paintedAll)
-        diagram->clearDirtyRect();
-    for (const auto& [control, config] : painting) {
-        for (const UXRect& rect : region.getRects()) {
+        clearDirtyRegion(*diagram);
+    for (const Painting& painting : paintings) {
+        for (const UXRect& rect : painting.region.getRects()) {
             if (!isAlive())
                 return;
-            if (getActiveDiagram(control) != diagram)
+            if (getActiveDiagram(painting.control) != diagram)
                 break;
-            const UXPaintClip clip(*config, UXDoubleRect(rect));
-            if (!control->hasDefaultBackground())
-                diagram->paintBackground(config);
-            diagram->paint(config, rect);
+            _paint(painting, diagram, rect);
         }
+    }
+}
+
+/** Paints an area of diagram on a control, and over it what is in the control's own space. */
+void UXContext::_paint(const Painting& painting, UXDiagram* diagram, const UXRect& rect)
+{
+    UXControl* control = painting.control;
+    const UXJsonObjectWatcher self(this);
+    const UXObjectWatcher shown(diagram);
+    {
+        const UXPaintClip clip(*painting.config, UXDoubleRect(rect));
+        if (!control->hasDefaultBackground())
+            diagram->paintBackground(painting.config);
+        diagram->paint(painting.config, rect);
+    }
+    const auto isShown = [&] {
+        return self.isAlive() && shown.isAlive() && getActiveDiagram(control) == diagram;
+    };
+    if (!isShown())
+        return;
+    const std::vector<UXGlobalControlSpaceEventDiagram*> all = obtainDiagramsOver(*diagram);
+    const std::vector<UXObjectWatcher> diagramsOver(all.begin(), all.end());
+    for (const UXObjectWatcher& watcher : diagramsOver) {
+        auto* over = static_cast<UXGlobalControlSpaceEventDiagram*>(watcher.getObject());
+        UXPaintConfig* config = over && isShown() ? control->obtainPaintConfig(over) : nullptr;
+        if (!config || !config->isPaintConfigValid() || !watcher.isAlive())
+            continue;
+        const UXDoubleControlRect exact = control->diagramSpaceToControlSpace(UXDoubleRect(rect));
+        const UXControlRect pixels = control->diagramSpaceToControlSpace(rect);
+        const UXPaintClip clip(*config, UXDoubleRect(exact.x, exact.y, exact.width, exact.height));
+        over->paintOver(control, config, UXRect(pixels.x, pixels.y, pixels.width, pixels.height));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ux/ux_coordinate_map.h"
+#include "ux/ux_dirty_region.h"
 #include "ux/ux_export.h"
 #include "ux/ux_json_object.h"
 #include "ux/ux_point.h"
@@ -15,6 +16,7 @@ class UXControl;
 class UXDiagram;
 class UXEvent;
 class UXObject;
+class UXPaintConfig;
 struct UXMessageRightClickParam;
 
 /**
@@ -82,8 +84,9 @@ public:
     /** Lays out and paints every diagram as a whole. */
     void repaint();
     void repaint(UXDiagram* diagram);
-    /** Lays out diagram, paints its dirty areas on each control that shows it, and clears them. A control
-     * that paints when its system asks it to is notified instead, and the areas wait for it. */
+    /** Lays out diagram, paints its dirty areas, and those of what lies over it, on each control that shows
+     * it, and clears them. A control that paints when its system asks it to is notified instead, and the
+     * areas wait for it. */
     void repaintDirtyRect(UXDiagram* diagram);
 
     // News for the host: forwarded to all controls, to one, or to those that show a diagram
@@ -124,6 +127,14 @@ private:
     friend class UXControl;
     friend class UXDiagram;
 
+    /** What is to be painted on one control. */
+    struct Painting {
+        UXControl* control;
+        UXPaintConfig* config;
+        UXDirtyRegion region; // in the diagram's space
+    };
+
+    void _paint(const Painting& painting, UXDiagram* diagram, const UXRect& rect);
     bool _hasControl(const UXControl* control) const;
     bool _hasDiagram(const UXDiagram* diagram) const;
     void _forgetDiagram(UXDiagram* diagram);
