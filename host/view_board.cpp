@@ -9,7 +9,6 @@
 #include "kx_chart_data_provider.h"
 #include "kx_chart_data_user.h"
 #include "progress_line.h"
-#include "ux/ux_hint_delegate.h"
 #include "view_data_provider.h"
 #include "view_grid.h"
 
@@ -92,12 +91,4 @@ void ViewBoard::activateFocusedChart()
     auto* action = dynamic_cast<KXChartDataAction*>(&card->getChart());
     if (user && action)
         action->triggerLeftClickAction(user);
-}
-
-void ViewBoard::hideHints()
-{
-    for (const std::unique_ptr<ViewCard>& card : m_cards) {
-        if (auto* hint = dynamic_cast<UXHintDelegate*>(&card->getChart()))
-            hint->hideHint();
-    }
 }

@@ -49,7 +49,6 @@ public:
     void hideFocusRing();
     /** Does what a left click on the focused chart does. */
     void activateFocusedChart();
-    void hideHints();
 
 protected:
     const std::vector<std::unique_ptr<ViewCard>>& getCards() const { return m_cards; }

@@ -50,6 +50,7 @@ ViewControl::ViewControl(ViewBoard& board)
 {
     setUseCases({presentUseCase, interactiveUseCase});
     UXDiagram& diagram = board.getDiagram();
+    // The first to see an event is the one in front, and hints are shown by the first that there is.
     diagram.registerGlobalEventDiagram(&m_hints);
     diagram.registerGlobalEventDiagram(&m_menu);
     diagram.registerGlobalEventDiagram(&m_scrollBars);
@@ -83,6 +84,17 @@ std::vector<UXRect> ViewControl::paintDirtyAreas()
     return region.getRects();
 }
 
+/** @return what lies over the board in the control's pixels, from back to front */
+std::vector<UXGlobalControlSpaceEventDiagram*> ViewControl::_obtainOverlays() const
+{
+    std::vector<UXGlobalControlSpaceEventDiagram*> overlays;
+    for (UXGlobalEventDiagram* diagram : m_board.getDiagram().getGlobalEventDiagrams()) {
+        if (auto* overlay = dynamic_cast<UXGlobalControlSpaceEventDiagram*>(diagram))
+            overlays.insert(overlays.begin(), overlay);
+    }
+    return overlays;
+}
+
 UXDirtyRegion ViewControl::_takeDirtyPixels()
 {
     UXDiagram& diagram = m_board.getDiagram();
@@ -93,7 +105,7 @@ UXDirtyRegion ViewControl::_takeDirtyPixels()
     for (const UXRect& rect : diagram.getDirtyRegion().getRects())
         region.add(uxIntersectionRect(toPixels(diagramSpaceToControlSpace(rect)), bounds));
     diagram.clearDirtyRect();
-    for (UXGlobalEventDiagram* overlay : diagram.getGlobalEventDiagrams()) {
+    for (UXGlobalControlSpaceEventDiagram* overlay : _obtainOverlays()) {
         for (const UXRect& rect : overlay->getDirtyRegion().getRects())
             region.add(uxIntersectionRect(rect, bounds));
         overlay->clearDirtyRect();
@@ -119,9 +131,9 @@ void ViewControl::_paintArea(const UXRect& pixels)
     const UXPaintClip boardClip(
         board, controlSpaceToDiagramSpace(UXDoubleControlRect(area.x, area.y, area.width, area.height)));
     diagram.paint(&board, controlSpaceToDiagramSpace(area));
-    for (UXGlobalEventDiagram* overlay : diagram.getGlobalEventDiagrams()) {
-        if (overlay->getVisible() && !overlay->isInDiagramSpace())
-            overlay->paint(m_picture.get(), pixels);
+    for (UXGlobalControlSpaceEventDiagram* overlay : _obtainOverlays()) {
+        if (overlay->getVisible())
+            overlay->paintOver(this, m_picture.get(), pixels);
     }
 }
 
@@ -156,9 +168,6 @@ void ViewControl::pressKey(const UXEvent& event)
     case static_cast<int>(UXKeyCode::Tab):
         m_board.moveFocus(!isShift);
         _showFocusedCard();
-        break;
-    case static_cast<int>(UXKeyCode::Escape):
-        m_board.hideHints();
         break;
     case static_cast<int>(UXKeyCode::Enter):
     case static_cast<int>(UXKeyCode::Space):

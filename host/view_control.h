@@ -5,7 +5,6 @@
 #include "ux/ux_dirty_region.h"
 #include "ux/ux_global_smooth_scrolling_event_diagram.h"
 #include "view_menu.h"
-#include "view_overlay.h"
 #include "view_scroll_bars.h"
 
 #include <memory>
@@ -64,6 +63,7 @@ public:
 
 private:
     UXRect _obtainBounds() const;
+    std::vector<UXGlobalControlSpaceEventDiagram*> _obtainOverlays() const;
     UXDirtyRegion _takeDirtyPixels();
     void _paintArea(const UXRect& pixels);
     void _scroll(double dx, double dy);
@@ -73,7 +73,7 @@ private:
     void _openFocusedMenu();
 
     ViewBoard& m_board;
-    ViewOverlay m_hints;
+    UXGlobalControlSpaceEventDiagram m_hints;
     ViewMenu m_menu;
     ViewScrollBars m_scrollBars;
     UXGlobalSmoothScrollingEventDiagram m_scroller;

@@ -1,6 +1,7 @@
 #include "view_data_provider.h"
 
 #include "kx_chart_data_path.h"
+#include "kx_interaction_highlight_complementary_info_effect.h"
 
 #include <utility>
 
@@ -36,6 +37,11 @@ std::function<void()> ViewDataProvider::obtainDataLeftClickAction(KXChartDataUse
         if (handlers.itemClicked)
             handlers.itemClicked(line);
     };
+}
+
+std::vector<KXInteractionEffect*> ViewDataProvider::obtainInteractionEffects(const std::vector<KXObjectID>&)
+{
+    return {new KXInteractionHighlightComplementaryInfoEffect};
 }
 
 std::function<void()> ViewDataProvider::_makeCopyAction(const std::string& text) const

@@ -12,19 +12,21 @@ struct ViewItemHandlers {
     std::function<void(const std::string& text)> copyRequested; // what goes to the clipboard
 };
 
-/** Answers charts from a table, and lets their user click items: a left click names the item, a right click
- * offers to copy it. */
+/** Answers charts from a table, and lets their user turn to items: pointing explains the item, a left click
+ * names it, a right click offers to copy it. */
 class ViewDataProvider : public SqlDataProvider {
 public:
     /** @param session, handlers outlive this object; handlers are looked at when something is clicked */
     ViewDataProvider(SqlSession& session, DataBinding binding, const ViewItemHandlers& handlers);
 
-    // From KXChartDataProvider
+    // From KXChartDataProvider and KXInteractionProvider
     bool obtainDataShouldRightClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
     /** @return ViewMenuEntries, this object's until the next question */
     void* obtainDataRightClickContext(KXChartDataUser* user, KXChartDataPath* path) override;
     bool obtainDataShouldLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
     std::function<void()> obtainDataLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
+    std::vector<KXInteractionEffect*> obtainInteractionEffects(
+        const std::vector<KXObjectID>& objectIDs) override;
 
 private:
     /** What an item is called, and what it says. */

@@ -161,7 +161,7 @@ bool ViewMenu::keyDown(const UXEvent& event)
 bool ViewMenu::controlSize(const UXEvent& event)
 {
     close();
-    return ViewOverlay::controlSize(event);
+    return UXGlobalControlSpaceEventDiagram::controlSize(event);
 }
 
 void ViewMenu::paint(UXPaintConfig* config, UXRect)

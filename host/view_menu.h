@@ -1,15 +1,15 @@
 #pragma once
 
 #include "ux/ux_double_rect.h"
+#include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_size.h"
 #include "view_menu_entry.h"
-#include "view_overlay.h"
 
 class UXPainter;
 
 /** A context menu that stands over the board until something is chosen or clicked elsewhere. While it is open
  * it receives all events. */
-class ViewMenu : public ViewOverlay {
+class ViewMenu : public UXGlobalControlSpaceEventDiagram {
 public:
     /** Opens the menu, closing the one before. Without entries nothing opens.
      *  @param point where it hangs from, in the control's pixels

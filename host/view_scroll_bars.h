@@ -1,14 +1,14 @@
 #pragma once
 
 #include "ux/ux_control_rect.h"
+#include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_scroll_bar.h"
 #include "ux/ux_space.h"
-#include "view_overlay.h"
 
 #include <functional>
 
 /** The bars at the edges of a view whose board is larger than itself. */
-class ViewScrollBars : public ViewOverlay {
+class ViewScrollBars : public UXGlobalControlSpaceEventDiagram {
 public:
     /** @param scroll moves what the view shows by a distance in pixels, positive to the right and down */
     explicit ViewScrollBars(std::function<void(double dx, double dy)> scroll);

@@ -70,7 +70,7 @@ TEST(HostView, WhatIsPaintedInPartsIsThePictureAsAWhole)
     const Step steps[] = {
         {"hover", 0.5,
          [](ViewModel& m) { m.control.mouseMove(m.obtainMiddle(1, GaugeMainLabel), UXEvent()); }},
-        {"menu", 0.6, [](ViewModel& m) { click(m, m.obtainMiddle(0, ValueLabel), UXEventKey::RightButton); }},
+        {"menu", 0.7, [](ViewModel& m) { click(m, m.obtainMiddle(0, ValueLabel), UXEventKey::RightButton); }},
         {"entry", 0.2, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Down)); }},
         {"closed", 0.5, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Escape)); }},
         {"ring", 1, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Tab)); }},

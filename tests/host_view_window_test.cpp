@@ -107,10 +107,11 @@ TEST_F(HostViewWindow, AnswersAPersonAtTheMouse)
     const UXControlPoint value = model.obtainMiddle(0, ValueLabel);
     const Pixels first = look();
 
-    // The menu opens at the pointer and does what its first entry says.
+    // The menu opens at the pointer, in the place of the hint, and does what its first entry says.
     moveTo(value);
-    EXPECT_TRUE(look() == first);
+    const Pixels hint = look();
     act({"click", "3"});
+    EXPECT_TRUE(differsWherePainted(hint, look()));
     EXPECT_TRUE(differsWherePainted(first, look()));
     act({"mousemove_relative", "20", "15"});
     act({"click", "1"});
@@ -119,7 +120,7 @@ TEST_F(HostViewWindow, AnswersAPersonAtTheMouse)
 
     moveTo(value);
     act({"click", "1"});
-    EXPECT_EQ(told, std::vector<std::string>{"click Nonfarm jobs: 143093"});
+    EXPECT_EQ(told.back(), "click Nonfarm jobs: 143093");
 
     // Sizes and zooms come back to the same picture.
     act({"keydown", "ctrl", "click", "4", "click", "4", "keyup", "ctrl"});
@@ -137,6 +138,21 @@ TEST_F(HostViewWindow, AnswersAPersonAtTheMouse)
     }
     act({});
     EXPECT_TRUE(look() == first);
+}
+
+TEST_F(HostViewWindow, HintsComeAndGo)
+{
+    SKIP_WITHOUT_DISPLAY();
+    open();
+    ViewModel model(size, 1);
+    const Pixels first = look();
+    for (const UXControlPoint& item :
+         {model.obtainMiddle(0, ValueLabel), model.obtainMiddle(1, GaugeMainLabel)}) {
+        moveTo(item);
+        EXPECT_TRUE(differsWherePainted(first, look()));
+        act({"key", "Escape"});
+        EXPECT_TRUE(look() == first);
+    }
 }
 
 TEST_F(HostViewWindow, AnswersAPersonAtTheKeyboard)
