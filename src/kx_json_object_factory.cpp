@@ -4,6 +4,8 @@
 #include "kx_axis_chart_base_layer.h"
 #include "kx_axis_chart_layer.h"
 #include "kx_axis_tick_label_view.h"
+#include "kx_bar_chart.h"
+#include "kx_bar_chart_property.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
@@ -49,9 +51,9 @@ constexpr Type types[] = {
     KX_TYPE(KXAxisChartBaseLayer),
     KX_TYPE(KXAxisChartLayer),
     KX_TYPE(KXAxisTickLabelView),
-    KX_TYPE_WITHOUT_CLASS(KXBarChart),
+    KX_TYPE(KXBarChart),
     KX_TYPE_WITHOUT_CLASS(KXBarChartDataView),
-    KX_TYPE_WITHOUT_CLASS(KXBarChartProperty),
+    KX_TYPE(KXBarChartProperty),
     KX_TYPE(KXChartDataFormat),
     KX_TYPE(KXChartLabel),
     KX_TYPE(KXChartProperty),

@@ -11,9 +11,9 @@ TEST(KXJsonObjectFactory, MakesTheClassThatTheNameSays)
 {
     KXJsonObjectFactory factory;
     for (const std::string name :
-         {"KXAxis", "KXAxisChartBaseLayer", "KXAxisChartLayer", "KXAxisTickLabelView", "KXChartDataFormat",
-          "KXChartLabel", "KXChartProperty", "KXChartToolbox", "KXLegend", "KXValueChart", "UXHint",
-          "UXHintFrame", "UXLabel"}) {
+         {"KXAxis", "KXAxisChartBaseLayer", "KXAxisChartLayer", "KXAxisTickLabelView", "KXBarChart",
+          "KXBarChartProperty", "KXChartDataFormat", "KXChartLabel", "KXChartProperty", "KXChartToolbox",
+          "KXLegend", "KXValueChart", "UXHint", "UXHintFrame", "UXLabel"}) {
         const std::unique_ptr<UXJsonObject> made(factory.create(name));
         ASSERT_TRUE(made) << name;
         EXPECT_EQ(made->customSerializeTypeID(), name);

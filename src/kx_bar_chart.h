@@ -1,0 +1,96 @@
+#pragma once
+
+#include "kx_bar_chart_data_view.h"
+#include "kx_bar_label_choice.h"
+#include "kx_bar_labels.h"
+#include "kx_bar_source.h"
+#include "kx_xy_axis_chart.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class KXBarChartProperty;
+
+/**
+ * Draws each value as a bar from zero on: the series of a category side by side, or stacked, where the value
+ * axis's property says so. A null leaves its place in a group empty; a hidden series takes no room. Where
+ * categories are closer together than pixels are, bars are merged without a visible difference, and have no
+ * labels.
+ */
+class KX_EXPORT KXBarChart : public KXXYAxisChart {
+public:
+    KXBarChart();
+    ~KXBarChart() override;
+
+    // Properties
+    /** @return the property object that the chart made and destroys, never null */
+    KXBarChartProperty* getBarChartProperty() const;
+    /** Has the value axis stack the series, or not. */
+    void updateBarForm(KXBarForm form);
+
+    // Queries
+    KXBarForm obtainBarForm() const;
+    /** @return the bars that can be seen, as of the last layout */
+    const KXBarChartDataView& getDataView() const { return m_dataView; }
+    const std::vector<KXBarLabel>& getLabels() const { return m_labels; }
+    /** @return the colour of a bar, the host's own one apart: its series', or its category's */
+    UXColor obtainBarColor(const KXAxisChartMark& mark) const;
+
+    // Policy
+    bool shouldIncludeZero(const KXAxisProperty* property) const override;
+    bool calculateSuitableMinMaxIfNumberData(KXAxisProperty* property) override;
+
+    /** The chart's properties by key, for UXPropertyAccessor. */
+    static const UXPropertyTable& obtainPropertyTable();
+
+    // From UXJsonObject
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
+
+protected:
+    // From KXChart, KXAxisChartBase and KXAxisChart
+    void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
+    void _customUpdateAxes() override;
+    double _obtainMinCategorySpacing() const override;
+    void _layoutMarks() override;
+    void _paintMarks(UXPainter& painter) override;
+    void _paintMarkLabels(UXPainter& painter) override;
+    void _customReloadMarks() override;
+    std::optional<KXAxisChartMark> _hitMark(UXPoint point) const override;
+    std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;
+    void _fillHint(UXHintInfo& info, std::uint64_t category,
+                   const std::optional<KXAxisChartMark>& hovered) override;
+
+private:
+    double _obtainShare() const;
+    KXBarSource _makeSource();
+    KXBarPlane _makePlane() const;
+    bool _takePixels(const UXPainter& painter);
+    void _colorBars();
+    void _takeHostColors();
+
+    // Labels
+    double _obtainLabelRoom() const;
+    void _layoutLabels();
+    void _layoutTotals(const KXBarSource& source, KXBarLabelPlacer& placer);
+    bool _layoutBarLabels(const KXBarSource& source, KXBarLabelPlacer& placer, bool extremes);
+    bool _placeBarLabel(const KXBarSource& source, std::size_t bar, std::size_t position,
+                        KXBarLabelPlacer& placer, bool isExtreme);
+    const KXBarSeriesFacts& _obtainFacts(const KXBarSource& source, std::size_t position);
+    std::string _obtainLabelText(const KXBarSource& source, const KXBar& bar, std::size_t position);
+    double _obtainPercentage(const KXBarSource& source, const KXBar& bar, std::size_t position);
+
+    std::unique_ptr<KXBarChartProperty> m_barChartProperty;
+    std::vector<KXBarSeriesFacts> m_facts; // of the shown series, made when they are needed
+
+    // Made by the layout
+    KXBarChartDataView m_dataView;
+    std::vector<UXColor> m_barColors; // one a bar
+    std::vector<KXBarLabel> m_labels;
+    double m_pixelScale = 1, m_pixelOffset = 0; // of the device that was painted on last
+    UXPropertyTableBinding m_barPropertyBinding{*this, obtainPropertyTable()};
+};

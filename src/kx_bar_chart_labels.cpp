@@ -1,0 +1,180 @@
+#include "kx_bar_chart.h"
+
+#include "kx_axis.h"
+#include "kx_axis_chart_data_provider.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_property.h"
+#include "kx_bar_chart_property.h"
+#include "ux/ux_layout_helper.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_virtual_scroll_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double whole = 100;
+/** Between a bar's end and the end of the area, beside the label, in logical units. */
+constexpr double labelMargin = 6;
+/** Labels and titles leave the axis at least about this part of the plot. */
+constexpr double leastAxisShare = 0.75;
+
+} // namespace
+
+void KXBarChart::_customUpdateAxes()
+{
+    const UXObjectWatcher self(this);
+    KXXYAxisChart::_customUpdateAxes();
+    if (self.isAlive())
+        getYAxis()->setExtraLength("barLabels", _obtainLabelRoom());
+}
+
+/** @return what the label beyond the longest bar needs in addition to the room that the axis leaves there */
+double KXBarChart::_obtainLabelRoom() const
+{
+    const KXBarForm form = obtainBarForm();
+    const bool hasLabels = form == KXBarForm::Grouped && m_barChartProperty->getShowLabels() &&
+                           m_barChartProperty->getLabelPosition() == KXBarLabelPosition::Outside;
+    const bool hasTotals = form == KXBarForm::Stacked && m_barChartProperty->getShowTotals();
+    const KXAxisChartAxisCacheData* axis = obtainAxisCacheData(getYAxisProperty());
+    if ((!hasLabels && !hasTotals) || !axis || getShownSeries().empty() ||
+        !getYAxisProperty()->getAutoAxisRange())
+        return 0;
+    const double highest = hasTotals ? axis->stackedMax : axis->dataMax;
+    const double span = axis->axisMax - axis->axisMin;
+    if (!(highest > 0) || !(span > 0) || !std::isfinite(span))
+        return 0;
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    const UXDoubleSize text = helper->getTextSize(obtainValueText(getShownSeries().front(), highest),
+                                                  hasTotals ? m_barChartProperty->getTotalProperty()
+                                                            : m_barChartProperty->getLabelProperty());
+    const UXRect plot = getPlot()->getRect();
+    const double length = leastAxisShare * (isVertical() ? plot.height : plot.width);
+    const double wanted = labelMargin + std::ceil(isVertical() ? text.height : text.width);
+    return std::clamp(wanted - length * ((axis->axisMax - highest) / span), 0.0, length / 2);
+}
+
+/** Totals have the first choice, then the extremes of each series, then all others from the start on. */
+void KXBarChart::_layoutLabels()
+{
+    const KXBarChartProperty& property = *m_barChartProperty;
+    if (!property.getShowLabels() && !property.getShowTotals())
+        return;
+    const UXObjectWatcher self(this);
+    const KXBarSource source = _makeSource();
+    KXBarLabelPlacer placer(
+        m_dataView, {property.getLabelPosition(), property.getLabelOverflow(), property.getAutoLabelColor()});
+    if (property.getShowTotals() && source.form == KXBarForm::Stacked)
+        _layoutTotals(source, placer);
+    if (property.getShowLabels())
+        for (const bool extremes : {true, false})
+            if (!_layoutBarLabels(source, placer, extremes) || !self.isAlive())
+                return;
+    m_labels = placer.takeLabels();
+}
+
+void KXBarChart::_layoutTotals(const KXBarSource& source, KXBarLabelPlacer& placer)
+{
+    const UXTextProperty property = m_barChartProperty->getTotalProperty();
+    for (const KXBarSlot& slot : m_dataView.getSlots()) {
+        const double total = source.obtainTotal(slot.category);
+        placer.placeTotal(slot, total, obtainValueText(source.series.front().index, total), property);
+    }
+}
+
+/** @return false where the host destroyed the chart or had it laid out anew */
+bool KXBarChart::_layoutBarLabels(const KXBarSource& source, KXBarLabelPlacer& placer, bool extremes)
+{
+    const KXAxisChartValueOption option = m_barChartProperty->getLabelValueOption();
+    for (std::size_t i = 0; i < m_dataView.getBars().size(); ++i) {
+        const KXAxisChartMark mark = m_dataView.getBars()[i].mark;
+        const auto found = std::ranges::find(source.series, mark.series, &KXBarSource::Series::index);
+        const auto position = static_cast<std::size_t>(found - source.series.begin());
+        const KXBarSeriesFacts& facts = _obtainFacts(source, position);
+        const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
+        if (isExtreme != extremes || !kxIsBarLabelled(option, facts, found->values, mark.category))
+            continue;
+        if (!_placeBarLabel(source, i, position, placer, isExtreme))
+            return false;
+    }
+    return true;
+}
+
+bool KXBarChart::_placeBarLabel(const KXBarSource& source, std::size_t index, std::size_t position,
+                                KXBarLabelPlacer& placer, bool isExtreme)
+{
+    const UXObjectWatcher self(this);
+    const KXBar bar = m_dataView.getBars()[index];
+    KXBarLabelPlacer::Wish wish;
+    wish.text = _obtainLabelText(source, bar, position);
+    if (!self.isAlive())
+        return false;
+    wish.property = m_barChartProperty->getLabelProperty();
+    wish.barColor = m_barColors[index];
+    wish.isExtreme = isExtreme;
+    wish.canStandOutside = source.form == KXBarForm::Grouped || source.series.size() == 1;
+    const UXColor usualColor = wish.property.textColor;
+    if (auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider())) {
+        const KXIndexPath path = provider->obtainSeriesValuePath(this, bar.mark.series, bar.mark.category);
+        if (self.isAlive())
+            provider->customizeValueDataLabel(this, path, wish.text, wish.property);
+    }
+    if (!self.isAlive())
+        return false;
+    endUseDataProvider();
+    if (index >= m_dataView.getBars().size() || m_dataView.getBars()[index].mark != bar.mark)
+        return false;
+    wish.hasOwnColor = wish.property.textColor != usualColor;
+    placer.place(m_dataView.getBars()[index], wish);
+    return true;
+}
+
+const KXBarSeriesFacts& KXBarChart::_obtainFacts(const KXBarSource& source, std::size_t position)
+{
+    if (m_facts.size() != source.series.size()) {
+        m_facts.clear();
+        for (const KXBarSource::Series& series : source.series) {
+            const std::size_t count = std::min<std::size_t>(series.values.size(), obtainShownCategoryCount());
+            m_facts.push_back(kxObtainBarSeriesFacts(series.values.first(count)));
+        }
+    }
+    return m_facts[position];
+}
+
+/** @return the part that a bar has of its stack, or of all values of its series where it stands alone */
+double KXBarChart::_obtainPercentage(const KXBarSource& source, const KXBar& bar, std::size_t position)
+{
+    const double all = source.form == KXBarForm::Grouped ? _obtainFacts(source, position).magnitude
+                                                         : source.obtainMagnitude(bar.mark.category);
+    return all > 0 ? whole * (std::abs(bar.value) / all) : 0;
+}
+
+std::string KXBarChart::_obtainLabelText(const KXBarSource& source, const KXBar& bar, std::size_t position)
+{
+    switch (m_barChartProperty->getLabelDisplayOption()) {
+    case KXAxisChartLabelDisplayOption::ValueOnly:
+        break;
+    case KXAxisChartLabelDisplayOption::PercentageOnly:
+        return formatPercentage(_obtainPercentage(source, bar, position));
+    case KXAxisChartLabelDisplayOption::ValueAndPercentage:
+        return obtainValueText(bar.mark.series, bar.value) + " (" +
+               formatPercentage(_obtainPercentage(source, bar, position)) + ")";
+    case KXAxisChartLabelDisplayOption::Title:
+        return getSeriesCount() > 1 ? getSeriesLabel(bar.mark.series)
+                                    : obtainCategoryLabel(bar.mark.category);
+    }
+    return obtainValueText(bar.mark.series, bar.value);
+}
+
+void KXBarChart::_paintMarkLabels(UXPainter& painter)
+{
+    const double dimmed = std::clamp(getAxisChartProperty()->getDimmedOpacity(), 0.0, 1.0);
+    for (const KXBarLabel& label : m_labels) {
+        UXTextProperty property = label.property;
+        if (isHighlighting() && (!label.mark || !isMarkHighlighted(*label.mark)))
+            property.textColor.alpha *= dimmed;
+        painter.drawText(label.text, label.rect, property);
+    }
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "kx_axis_chart_mark.h"
+#include "kx_bar_chart_data_view.h"
+#include "kx_bar_label_options.h"
+#include "kx_export.h"
+#include "ux/ux_color.h"
+#include "ux/ux_double_rect.h"
+#include "ux/ux_double_size.h"
+#include "ux/ux_text_property.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+class UXLayoutHelper;
+
+/** A text that has found a place beside or on its bar. */
+struct KXBarLabel {
+    std::optional<KXAxisChartMark> mark; /**< none for a total */
+    std::string text;
+    UXDoubleRect rect; /**< in the plot's space */
+    UXTextProperty property;
+};
+
+/** How the labels of bars are to look and to stand. */
+struct KXBarLabelStyle {
+    KXBarLabelPosition position = KXBarLabelPosition::Outside;
+    KXBarLabelOverflow overflow = KXBarLabelOverflow::Hidden;
+    bool isReadableOnBars = true; /**< labels on bars are dark or white, as the bar's colour wants it */
+};
+
+/**
+ * Finds places for the labels of bars, one after the other: earlier ones have the choice. No label touches
+ * another one or a bar that is not its own, or leaves the area. A label outside that has no room beyond its
+ * bar's end stands inside of it. One that its bar cannot hold is left out, or, where it may overflow, stands
+ * outside or over the bar's edges.
+ */
+class KX_EXPORT KXBarLabelPlacer {
+public:
+    /** @param view lent for the life of this */
+    KXBarLabelPlacer(const KXBarChartDataView& view, const KXBarLabelStyle& style);
+    ~KXBarLabelPlacer();
+
+    /** A label that wants to be read on a bar. */
+    struct Wish {
+        std::string text;
+        UXTextProperty property;
+        UXColor barColor;
+        bool isExtreme = false;      /**< stays also where most labels have no room */
+        bool canStandOutside = true; /**< off where another bar follows beyond the end of this one */
+        bool hasOwnColor = false;    /**< keeps the colour of property also on the bar */
+    };
+
+    /** A label as long as two categories are wide tells nobody whose it is, so only extremes get such a one.
+     *  @return whether the label has a place */
+    bool place(const KXBar& bar, const Wish& wish);
+    /** Places a total beyond the bars of a slot. @param value on which side of zero it stands */
+    bool placeTotal(const KXBarSlot& slot, double value, const std::string& text,
+                    const UXTextProperty& property);
+
+    std::vector<KXBarLabel> takeLabels() { return std::move(m_labels); }
+
+private:
+    UXDoubleSize _measure(const std::string& text, const UXTextProperty& property) const;
+    UXDoubleRect _makeRect(const KXBarStretch& across, const KXBarStretch& along, KXBarLabelPosition position,
+                           bool growsForwards, const UXDoubleSize& size) const;
+    bool _add(const UXDoubleRect& rect, const KXBar* own, const std::string& text,
+              const UXTextProperty& property);
+    bool _isFree(const UXDoubleRect& rect, const KXBar* own) const;
+    std::pair<std::size_t, std::size_t> _obtainCells(const UXDoubleRect& rect) const;
+
+    const KXBarChartDataView& m_view;
+    const KXBarPlane& m_plane;
+    KXBarLabelStyle m_style;
+    std::unique_ptr<UXLayoutHelper> m_helper;
+    std::vector<KXBarLabel> m_labels;
+    std::vector<std::vector<std::size_t>> m_cells; // the labels that touch each stretch across of one length
+};
+
+/** @return black or white, whichever can be read better on background */
+[[nodiscard]] KX_EXPORT UXColor kxObtainReadableColor(const UXColor& background);

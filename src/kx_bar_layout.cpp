@@ -1,0 +1,87 @@
+#include "kx_bar_layout.h"
+
+#include "kx_dense_bars.h"
+#include "ux/ux_rect_functions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+/** With fewer device pixels a category has no room for a bar and a gap that look alike everywhere. */
+constexpr double leastPixelsPerCategory = 2;
+/** Between the bars of a group, as a part of their width, and at most, in logical units. */
+constexpr double gapShare = 0.1;
+constexpr double greatestGap = 4;
+constexpr double leastWidthBesideGap = 3; // device pixels
+
+/** On a continuous axis categories may come in any order. */
+void sortSlots(std::vector<KXBarSlot>& slots)
+{
+    const auto placeOf = [](const KXBarSlot& slot) { return std::pair(slot.start, slot.category); };
+    if (!std::ranges::is_sorted(slots, {}, placeOf))
+        std::ranges::sort(slots, {}, placeOf);
+}
+
+KXBarLayout layoutEachCategory(const KXBarSource& source, const KXBarPlane& plane, const KXBarWidths& widths)
+{
+    KXBarLayout layout;
+    std::vector<KXBarPiece> pieces;
+    for (std::uint64_t category = source.first; category < source.end; ++category) {
+        source.obtainPieces(category, pieces);
+        const double centre = plane.categories.obtainPosition(source.obtainCategoryValue(category));
+        const double left = std::round(plane.toPixel(centre) - widths.total / 2);
+        KXBarSlot slot{centre - plane.spacing / 2, centre + plane.spacing / 2, category, layout.bars.size(),
+                       0};
+        for (const KXBarPiece& piece : pieces) {
+            const std::optional<KXBarStretch> along = plane.placeAlong(piece.from, piece.to);
+            if (!along)
+                continue;
+            const double start = left + static_cast<double>(piece.position) * widths.pitch;
+            const KXBarStretch across{plane.fromPixel(start), plane.fromPixel(start + widths.width)};
+            layout.bars.push_back({{source.series[piece.position].index, category},
+                                   piece.value,
+                                   piece.from,
+                                   piece.to,
+                                   plane.makeRect(across, *along)});
+        }
+        slot.endBar = layout.bars.size();
+        layout.slots.push_back(slot);
+    }
+    sortSlots(layout.slots);
+    return layout;
+}
+
+} // namespace
+
+KXBarWidths kxObtainBarWidths(const KXBarPlane& plane, std::size_t count)
+{
+    const double room = plane.spacing * plane.pixelScale;
+    const auto bars = static_cast<double>(std::max<std::size_t>(count, 1));
+    const double most = std::max(std::floor(KXBarPlane::greatestWidth * plane.pixelScale), 1.0);
+    const double taken = std::max(std::floor(room * plane.share), 1.0);
+    if (!(room >= leastPixelsPerCategory) || taken < bars)
+        return {};
+
+    // Bars of one or two pixels touch each other: a gap would take a third of the room from them.
+    const double wanted = std::min(std::round(gapShare * taken / bars), greatestGap * plane.pixelScale);
+    const bool hasGap = bars > 1 && (taken - (bars - 1) * wanted) / bars >= leastWidthBesideGap;
+    const double gap = hasGap ? std::floor(wanted) : 0;
+    const double width = std::min(std::floor((taken - (bars - 1) * gap) / bars), most);
+    return {width, width + gap, bars * width + (bars - 1) * gap};
+}
+
+KXBarLayout kxLayoutBars(const KXBarSource& source, const KXBarPlane& plane)
+{
+    if (uxIsEmptyRect(plane.area) || source.series.empty() || source.first >= source.end ||
+        !(plane.pixelScale > 0) || !(plane.spacing >= 0))
+        return {};
+    const bool isGrouped = source.form == KXBarForm::Grouped;
+    const KXBarWidths widths = kxObtainBarWidths(plane, isGrouped ? source.series.size() : 1);
+    if (widths.width == 0)
+        return kxLayoutDenseBars(source, plane);
+    if (isGrouped)
+        return layoutEachCategory(source, plane, widths);
+    return layoutEachCategory(source, plane, {widths.width, 0, widths.total});
+}

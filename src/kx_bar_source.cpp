@@ -1,0 +1,87 @@
+#include "kx_bar_source.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr double greatest = (std::numeric_limits<double>::max)();
+constexpr double whole = 100;
+
+double add(double a, double b) { return std::clamp(a + b, -greatest, greatest); }
+
+void stack(std::vector<KXBarPiece>& pieces)
+{
+    double above = 0, below = 0;
+    for (KXBarPiece& piece : pieces) {
+        double& reached = piece.value < 0 ? below : above;
+        piece.from = reached;
+        piece.to = reached = add(reached, piece.value);
+    }
+}
+
+void divideWhole(std::vector<KXBarPiece>& pieces)
+{
+    // Divided by the largest first, no sum of magnitudes is beyond a double.
+    double largest = 0, sum = 0, reached = 0;
+    for (const KXBarPiece& piece : pieces)
+        largest = std::max(largest, std::abs(piece.value));
+    if (largest == 0) {
+        for (KXBarPiece& piece : pieces)
+            piece.from = piece.to = 0;
+        return;
+    }
+    for (const KXBarPiece& piece : pieces)
+        sum += std::abs(piece.value) / largest;
+    for (KXBarPiece& piece : pieces) {
+        piece.from = whole * (reached / sum);
+        reached += std::abs(piece.value) / largest;
+        piece.to = whole * (reached / sum);
+    }
+}
+
+} // namespace
+
+double KXBarSource::obtainCategoryValue(std::uint64_t category) const
+{
+    return category < categoryNumbers.size() ? categoryNumbers[category] : static_cast<double>(category);
+}
+
+double KXBarSource::obtainValue(std::size_t position, std::uint64_t category) const
+{
+    const std::span<const double> values = series[position].values;
+    return category < values.size() ? values[category] : std::numeric_limits<double>::quiet_NaN();
+}
+
+void KXBarSource::obtainPieces(std::uint64_t category, std::vector<KXBarPiece>& pieces) const
+{
+    pieces.clear();
+    for (std::size_t position = 0; position < series.size(); ++position) {
+        const double value = obtainValue(position, category);
+        if (!std::isnan(value))
+            pieces.push_back({position, value, 0, value});
+    }
+    if (form == KXBarForm::Stacked)
+        stack(pieces);
+    else if (form == KXBarForm::Percentage)
+        divideWhole(pieces);
+}
+
+double KXBarSource::obtainTotal(std::uint64_t category) const
+{
+    double total = 0;
+    for (std::size_t position = 0; position < series.size(); ++position)
+        if (const double value = obtainValue(position, category); !std::isnan(value))
+            total = add(total, value);
+    return total;
+}
+
+double KXBarSource::obtainMagnitude(std::uint64_t category) const
+{
+    double magnitude = 0;
+    for (std::size_t position = 0; position < series.size(); ++position)
+        if (const double value = obtainValue(position, category); !std::isnan(value))
+            magnitude = add(magnitude, std::abs(value));
+    return magnitude;
+}

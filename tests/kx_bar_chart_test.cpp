@@ -1,0 +1,282 @@
+#include "kx_bar_chart.h"
+
+#include "kx_axis_chart_property.h"
+#include "kx_axis_chart_test_provider.h"
+#include "kx_axis_property.h"
+#include "kx_bar_chart_property.h"
+#include "kx_json_object_factory.h"
+#include "kx_key_walk.h"
+#include "ux/ux_event.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_virtual_scroll_view.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <random>
+
+namespace {
+
+constexpr double null = KXAxisChartTestProvider::null;
+
+class Provider : public KXAxisChartTestProvider {
+public:
+    bool obtainValueDataColor(KXChartDataUser*, const KXIndexPath& path, UXColor& color) override
+    {
+        if (onColor)
+            onColor();
+        if (path != redPath)
+            return false;
+        color = UXColor(255, 0, 0);
+        return true;
+    }
+    void customizeValueDataLabel(KXChartDataUser*, const KXIndexPath& path, std::string& text,
+                                 UXTextProperty&) override
+    {
+        if (path == redPath)
+            text = "red";
+    }
+
+    KXIndexPath redPath;
+    std::function<void()> onColor;
+};
+
+void load(KXBarChart& chart, KXChartDataProvider& provider, UXRect rect = {0, 0, 600, 300})
+{
+    for (KXAxisProperty* axis : {chart.getXAxisProperty(), chart.getYAxisProperty()})
+        axis->setShowTitle(false);
+    chart.setDataProvider(&provider);
+    chart.setRect(rect);
+    const UXObjectWatcher watcher(&chart);
+    chart.prepareData();
+    chart.reloadData();
+    if (watcher.isAlive())
+        chart.layout();
+}
+
+std::string paint(KXBarChart& chart, double scale = 1)
+{
+    UXRecordingPaintConfig config(scale);
+    chart.paint(&config, chart.getBoundingRect());
+    std::string text;
+    for (const std::string& line : config.getRecording().getLines())
+        text += line + "\n";
+    return text;
+}
+
+bool intersects(const UXDoubleRect& a, const UXDoubleRect& b)
+{
+    const UXDoubleRect common = uxIntersectionDoubleRect(a, b);
+    return common.width > 0 && common.height > 0;
+}
+
+std::vector<std::string> obtainTexts(const KXBarChart& chart)
+{
+    std::vector<std::string> texts;
+    for (const KXBarLabel& label : chart.getLabels())
+        texts.push_back(label.text);
+    std::ranges::sort(texts);
+    return texts;
+}
+
+} // namespace
+
+TEST(KXBarChartProperty, EveryKey) { KX_WALK_KEYS(KXBarChartProperty, KX_BAR_CHART_PROPERTY_KEYS); }
+
+TEST(KXBarChart, Labels)
+{
+    struct Case {
+        const char* name;
+        KXBarForm form;
+        KXAxisChartLabelDisplayOption display;
+        KXAxisChartValueOption option;
+        bool totals;
+        std::vector<std::string> expected;
+        KXIndexPath redPath = {};
+    };
+    using Display = KXAxisChartLabelDisplayOption;
+    using Option = KXAxisChartValueOption;
+    const Case cases[] = {
+        {"values",
+         KXBarForm::Grouped,
+         Display::ValueOnly,
+         Option::All,
+         true,
+         {"-10", "20", "30", "60", "red"},
+         {1, 0}},
+        {"parts of a series",
+         KXBarForm::Grouped,
+         Display::PercentageOnly,
+         Option::MaxOnly,
+         false,
+         {"50%", "66.7%"}},
+        {"parts of a stack",
+         KXBarForm::Stacked,
+         Display::PercentageOnly,
+         Option::MaxOnly,
+         false,
+         {"100%", "85.7%"}},
+        {"both",
+         KXBarForm::Grouped,
+         Display::ValueAndPercentage,
+         Option::NegativeOnly,
+         false,
+         {"-10 (16.7%)"}},
+        {"titles", KXBarForm::Grouped, Display::Title, Option::MinOnly, false, {"s0", "s1"}},
+        {"totals",
+         KXBarForm::Stacked,
+         Display::ValueOnly,
+         Option::MinOnly,
+         true,
+         {"-10", "30", "30", "50", "50"}},
+    };
+    UXFixedMeasurer measurer;
+    Provider provider;
+    provider.values = {{20, 30, -10}, {30, null, 60}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        provider.redPath = c.redPath;
+        KXBarChart chart;
+        chart.updateBarForm(c.form);
+        KXBarChartProperty& property = *chart.getBarChartProperty();
+        property.updateShowLabels(true);
+        property.updateShowTotals(c.totals);
+        property.updateLabelDisplayOption(c.display);
+        property.updateLabelValueOption(c.option);
+        load(chart, provider);
+        EXPECT_EQ(obtainTexts(chart), c.expected);
+    }
+}
+
+TEST(KXBarChart, LabelsTouchNothing)
+{
+    UXFixedMeasurer measurer;
+    std::mt19937 random(5);
+    std::size_t placed = 0;
+    for (int round = 0; round < 80; ++round) {
+        SCOPED_TRACE(round);
+        Provider provider;
+        provider.categoryCount = 1 + random() % 30;
+        provider.values.assign(1 + random() % 4, {});
+        for (std::vector<double>& values : provider.values)
+            for (std::uint64_t i = 0; i < provider.categoryCount; ++i)
+                values.push_back(random() % 9 ? std::round(static_cast<double>(random() % 20'000) - 7'000)
+                                              : null);
+        KXBarChart chart;
+        chart.updateBarForm(static_cast<KXBarForm>(random() % 3));
+        chart.getAxisChartProperty()->updateOrientation(static_cast<KXAxisChartOrientation>(random() % 2));
+        KXBarChartProperty& property = *chart.getBarChartProperty();
+        property.updateShowLabels(true);
+        property.updateShowTotals(true);
+        property.updateLabelPosition(static_cast<KXBarLabelPosition>(random() % 4));
+        property.updateLabelOverflow(static_cast<KXBarLabelOverflow>(random() % 2));
+        const int width = 100 + static_cast<int>(random() % 900);
+        load(chart, provider, {0, 0, width, 60 + static_cast<int>(random() % 500)});
+        const std::vector<KXBarLabel>& labels = chart.getLabels();
+        for (std::size_t i = 0; i < labels.size(); ++i) {
+            const UXDoubleRect rect = labels[i].rect;
+            EXPECT_EQ(uxUnionDoubleRect(UXDoubleRect(chart.getMarksArea()), rect),
+                      UXDoubleRect(chart.getMarksArea()));
+            for (std::size_t j = 0; j < i; ++j)
+                EXPECT_FALSE(intersects(rect, labels[j].rect));
+            for (const KXBar& bar : chart.getDataView().getBars())
+                EXPECT_TRUE(labels[i].mark == bar.mark || !intersects(rect, bar.rect));
+        }
+        placed += labels.size();
+    }
+    EXPECT_GT(placed, 500);
+}
+
+TEST(KXBarChart, ColorsComeFromHostItemOrSeries)
+{
+    UXFixedMeasurer measurer;
+    Provider provider;
+    provider.values = {{20, 30, -10}};
+    provider.redPath = {0, 1};
+    KXBarChart chart;
+    chart.getBarChartProperty()->updateColorByItem(true);
+    chart.getBarChartProperty()->updateItemColors({UXColor(1, 1, 1), UXColor(2, 2, 2)});
+    load(chart, provider);
+    std::string text = paint(chart);
+    EXPECT_NE(text.find("1,1,1"), std::string::npos) << text;
+    EXPECT_NE(text.find("255,0,0"), std::string::npos);
+    EXPECT_EQ(text.find("2,2,2"), std::string::npos) << "the host's colour holds";
+    EXPECT_NE(paint(chart, 1.5).find("255,0,0"), std::string::npos) << "also for other pixels";
+}
+
+TEST(KXBarChart, HiddenSeriesTakeNoRoomAndFormsNoData)
+{
+    UXFixedMeasurer measurer;
+    Provider provider;
+    provider.values = {{20, 30, 10}, {5, 5, 5}};
+    KXBarChart chart;
+    load(chart, provider, {0, 0, 200, 200});
+    const double width = chart.getDataView().getBars().front().rect.width;
+    chart.setSeriesShown(1, false);
+    chart.layout();
+    EXPECT_GT(chart.getDataView().getBars().front().rect.width, width);
+    EXPECT_EQ(chart.getDataView().getBars().size(), 3);
+    const int asked = provider.asked["value"];
+    chart.updateBarForm(KXBarForm::Percentage);
+    chart.layout();
+    EXPECT_EQ(chart.obtainBarForm(), KXBarForm::Percentage);
+    EXPECT_EQ(chart.getDataView().getBars().front().to, 100);
+    EXPECT_EQ(provider.asked["value"], asked);
+}
+
+TEST(KXBarChart, HintTellsPartsAndTotals)
+{
+    UXFixedMeasurer measurer;
+    Provider provider;
+    provider.values = {{20, 30, 10}, {60, null, 5}};
+    KXBarChart chart;
+    const auto hoverFirst = [&](KXBarForm form) {
+        chart.updateBarForm(form);
+        chart.layout();
+        const UXDoubleRect rect = chart.getDataView().getBars()[1].rect;
+        UXEvent event(UXEventType::MouseMove);
+        event.setMousePoint(chart.translatePoint(
+            UXPoint(static_cast<int>(rect.x + 2), static_cast<int>(rect.y + 2)), chart.getPlot(), nullptr));
+        chart.mouseMove(event);
+        return chart.getHintInfo();
+    };
+    load(chart, provider);
+    UXHintInfo info = hoverFirst(KXBarForm::Stacked);
+    ASSERT_EQ(info.rows.size(), 2);
+    EXPECT_EQ(info.rows[0].value, "60");
+    ASSERT_EQ(info.footerRows.size(), 1);
+    EXPECT_EQ(info.footerRows[0].value, "80");
+    info = hoverFirst(KXBarForm::Percentage);
+    ASSERT_EQ(info.rows.size(), 2);
+    EXPECT_EQ(info.rows[1].value, "20 (25%)");
+    EXPECT_TRUE(info.footerRows.empty());
+}
+
+TEST(KXBarChart, KeepsItsPropertiesInADocument)
+{
+    KXBarChart chart, read;
+    chart.updateBarForm(KXBarForm::Stacked);
+    chart.getBarChartProperty()->setShowTotals(true);
+    KXJsonObjectFactory factory;
+    EXPECT_TRUE(read.deserialize(chart.serialize(), &factory));
+    EXPECT_EQ(read.serialize(), chart.serialize());
+    EXPECT_EQ(read.obtainBarForm(), KXBarForm::Stacked);
+    EXPECT_TRUE(read.getBarChartProperty()->getShowTotals());
+}
+
+TEST(KXBarChart, HostMayDestroyItWhileItAsksForColors)
+{
+    UXFixedMeasurer measurer;
+    Provider provider;
+    auto* chart = new KXBarChart;
+    const UXObjectWatcher watcher(chart);
+    provider.onColor = [&] {
+        if (watcher.isAlive())
+            delete chart;
+    };
+    load(*chart, provider);
+    EXPECT_FALSE(watcher.isAlive());
+}

@@ -1,0 +1,294 @@
+#include "kx_bar_chart_data_view.h"
+#include "kx_bar_label_choice.h"
+#include "kx_bar_layout.h"
+#include "kx_dense_bars.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <random>
+#include <set>
+
+namespace {
+
+constexpr double null = std::numeric_limits<double>::quiet_NaN();
+constexpr double greatest = (std::numeric_limits<double>::max)();
+using Lists = std::vector<std::vector<double>>;
+
+KXBarSource makeSource(const Lists& lists, KXBarForm form)
+{
+    KXBarSource source;
+    source.form = form;
+    for (const std::vector<double>& values : lists) {
+        source.series.push_back({source.series.size(), values});
+        source.end = std::max<std::uint64_t>(source.end, values.size());
+    }
+    return source;
+}
+
+/** Categories from x 0 on, values upwards from y 50, one a unit. */
+KXBarPlane makePlane(double width, double spacing)
+{
+    KXBarPlane plane;
+    plane.area = {0, 0, static_cast<int>(width), 100};
+    plane.categories = {0, spacing / 2, spacing};
+    plane.values = {0, 50, -1};
+    plane.spacing = spacing;
+    return plane;
+}
+
+} // namespace
+
+TEST(KXBarSource, Pieces)
+{
+    struct Case {
+        const char* name;
+        KXBarForm form;
+        std::vector<double> values;
+        std::vector<std::pair<double, double>> expected;
+        double total, magnitude;
+    };
+    const Case cases[] = {
+        {"side by side", KXBarForm::Grouped, {3, null, -4}, {{0, 3}, {0, -4}}, -1, 7},
+        {"away from zero",
+         KXBarForm::Stacked,
+         {3, -4, 5, null, -1, 0},
+         {{0, 3}, {0, -4}, {3, 8}, {-4, -5}, {8, 8}},
+         3,
+         13},
+        {"beyond a double",
+         KXBarForm::Stacked,
+         {greatest, greatest},
+         {{0, greatest}, {greatest, greatest}},
+         greatest,
+         greatest},
+        {"parts of the magnitudes", KXBarForm::Percentage, {1, -1, 2}, {{0, 25}, {25, 50}, {50, 100}}, 2, 4},
+        {"parts beyond a double",
+         KXBarForm::Percentage,
+         {greatest, greatest},
+         {{0, 50}, {50, 100}},
+         greatest,
+         greatest},
+        {"parts of nothing", KXBarForm::Percentage, {0, 0}, {{0, 0}, {0, 0}}, 0, 0},
+        {"only nulls", KXBarForm::Percentage, {null}, {}, 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Lists lists;
+        for (const double value : c.values)
+            lists.push_back({value});
+        const KXBarSource source = makeSource(lists, c.form);
+        std::vector<KXBarPiece> pieces;
+        source.obtainPieces(0, pieces);
+        std::vector<std::pair<double, double>> ends;
+        for (const KXBarPiece& piece : pieces)
+            ends.emplace_back(piece.from, piece.to);
+        EXPECT_EQ(ends, c.expected);
+        EXPECT_EQ(source.obtainTotal(0), c.total);
+        EXPECT_EQ(source.obtainMagnitude(0), c.magnitude);
+        source.obtainPieces(1, pieces);
+        EXPECT_TRUE(pieces.empty()) << "past the data";
+    }
+}
+
+TEST(KXBarLayout, Widths)
+{
+    struct Case {
+        const char* name;
+        double spacing, share, scale;
+        std::size_t count;
+        double width, pitch, total;
+    };
+    const Case cases[] = {
+        {"a share of the room", 50, 0.6, 1, 1, 30, 30, 30},
+        {"no wider than the limit", 1000, 0.8, 1, 1, 64, 64, 64},
+        {"limit in device pixels", 1000, 0.8, 1.5, 1, 96, 96, 96},
+        {"two with a gap", 50, 0.8, 1, 2, 19, 21, 40},
+        {"thin ones touch", 10, 0.7, 1, 3, 2, 2, 6},
+        {"never below a pixel", 2, 0.6, 1, 1, 1, 1, 1},
+        {"a finer device has room for more", 2, 0.8, 2, 3, 1, 1, 3},
+        {"too many for the pixels", 2, 0.8, 1, 3, 0, 0, 0},
+        {"less than two pixels", 1.9, 0.8, 1, 1, 0, 0, 0},
+        {"no room", 0, 0.8, 1, 1, 0, 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXBarPlane plane;
+        plane.spacing = c.spacing;
+        plane.share = c.share;
+        plane.pixelScale = c.scale;
+        const KXBarWidths widths = kxObtainBarWidths(plane, c.count);
+        EXPECT_EQ(widths.width, c.width);
+        EXPECT_EQ(widths.pitch, c.pitch);
+        EXPECT_EQ(widths.total, c.total);
+    }
+}
+
+TEST(KXBarLayout, PlacesBarsOnWholePixelsInBothOrientations)
+{
+    const Lists lists{{20, null, -70}, {-10, 30, 0}};
+    for (const bool isVertical : {true, false}) {
+        SCOPED_TRACE(isVertical);
+        KXBarPlane plane = makePlane(30, 10);
+        plane.share = 0.6;
+        plane.isVertical = isVertical;
+        if (!isVertical)
+            plane.area = {0, 0, 100, 30};
+        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXBarForm::Grouped), plane);
+        const auto rect = [&](double across, double along, double wide, double length) {
+            return isVertical ? UXDoubleRect(across, along, wide, length)
+                              : UXDoubleRect(along, across, length, wide);
+        };
+        std::vector<UXDoubleRect> rects;
+        for (const KXBar& bar : layout.bars)
+            rects.push_back(bar.rect);
+        // The null leaves its place empty, what is beyond the area is cut, and a zero keeps a place to be
+        // hit.
+        EXPECT_EQ(rects,
+                  (std::vector<UXDoubleRect>{rect(2, 30, 3, 20), rect(5, 50, 3, 10), rect(15, 20, 3, 30),
+                                             rect(22, 50, 3, 50), rect(25, 50, 3, 0)}));
+    }
+    KXBarPlane beside = makePlane(30, 10);
+    beside.values = {1000, 100, -1};
+    EXPECT_TRUE(kxLayoutBars(makeSource({{3}}, KXBarForm::Grouped), beside).bars.empty());
+    EXPECT_TRUE(kxLayoutBars(makeSource({}, KXBarForm::Grouped), makePlane(30, 10)).bars.empty());
+}
+
+/** Painted one by one, each on the columns that its snapped rectangle fills, bars show the same. */
+TEST(KXDenseBars, ShowWhatAllBarsWouldShow)
+{
+    std::mt19937 random(20);
+    for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
+        const int width = 40, count = 20 + static_cast<int>(random() % 400);
+        const std::size_t seriesCount = 1 + random() % 3;
+        Lists lists(seriesCount);
+        for (std::vector<double>& values : lists)
+            for (int i = 0; i < count; ++i)
+                values.push_back(random() % 9 == 0 ? null : static_cast<double>(random() % 81) - 40);
+        KXBarPlane plane = makePlane(width, static_cast<double>(width) / count);
+        plane.pixelScale = 1 + static_cast<double>(random() % 3) / 2;
+        if (plane.spacing * plane.pixelScale >= 2)
+            continue;
+        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXBarForm::Grouped), plane);
+        ASSERT_TRUE(layout.isDense);
+
+        using Ends = std::map<std::pair<int, std::uint64_t>, std::pair<double, double>>;
+        Ends expected, found; // by column and series: the lowest and the highest end
+        for (std::uint64_t s = 0; s < seriesCount; ++s) {
+            for (int i = 0; i < count; ++i) {
+                const double value = lists[s][static_cast<std::size_t>(i)];
+                const double scaled = plane.spacing * plane.pixelScale;
+                int low = static_cast<int>(std::floor(i * scaled + 0.5 + 1e-9));
+                int high = static_cast<int>(std::floor((i + 1) * scaled + 0.5 + 1e-9));
+                if (high <= low) {
+                    low = static_cast<int>(std::floor((i + 0.5) * scaled + 1e-9));
+                    high = low + 1;
+                }
+                for (int x = low; x < high && x < width * plane.pixelScale && (value > 0 || value < 0); ++x) {
+                    auto& [least, most] = expected[{x, s}];
+                    least = std::min(least, value);
+                    most = std::max(most, value);
+                }
+            }
+        }
+        std::map<std::pair<int, bool>, double> filled; // of a column, above zero or below
+        for (const KXBar& bar : layout.bars) {
+            EXPECT_EQ(lists[bar.mark.series][bar.mark.category], bar.value);
+            EXPECT_EQ(bar.to, bar.value);
+            for (int x = static_cast<int>(std::round(bar.rect.x * plane.pixelScale));
+                 x < std::round((bar.rect.x + bar.rect.width) * plane.pixelScale); ++x) {
+                auto& [least, most] = found[{x, bar.mark.series}];
+                least = std::min(least, bar.to);
+                most = std::max(most, bar.to);
+                EXPECT_EQ(std::exchange(filled[{x, bar.to > 0}], bar.to), bar.from) << "pieces touch";
+            }
+        }
+        for (const auto& [key, ends] : expected)
+            for (const double end : {ends.first, ends.second})
+                EXPECT_TRUE(end == 0 || found[key].first == end || found[key].second == end ||
+                            std::ranges::any_of(found,
+                                                [&](const auto& other) {
+                                                    return other.first.first == key.first &&
+                                                           (other.second.first == end ||
+                                                            other.second.second == end);
+                                                }))
+                    << "only a bar just as long hides another's end";
+    }
+}
+
+TEST(KXDenseBars, ShowTheFurthestStackOfAColumn)
+{
+    // Two columns of four categories each.
+    const Lists lists{{1, 5, 2, -1, 1, 1, 1, 1}, {1, 4, 2, -6, null, 3, 2, 1}};
+    for (const KXBarForm form : {KXBarForm::Stacked, KXBarForm::Percentage}) {
+        KXBarPlane plane = makePlane(2, 0.25);
+        plane.values.spacing = -0.4;
+        const KXBarLayout layout = kxLayoutBars(makeSource(lists, form), plane);
+        std::vector<std::uint64_t> shown;
+        for (const KXBar& bar : layout.bars)
+            shown.push_back(bar.mark.category);
+        const bool isStacked = form == KXBarForm::Stacked;
+        EXPECT_EQ(shown, isStacked ? (std::vector<std::uint64_t>{1, 1, 3, 3, 5, 5})
+                                   : (std::vector<std::uint64_t>{1, 1, 5, 5}));
+        ASSERT_EQ(layout.slots.size(), 2);
+        EXPECT_EQ(layout.slots[0].category, 1);
+        EXPECT_EQ(layout.bars[1].to, isStacked ? 9 : 100);
+    }
+}
+
+TEST(KXBarChartDataView, Hits)
+{
+    KXBarChartDataView view;
+    const Lists lists{{20, null, 1}, {-10, 30, 0}};
+    const auto hit = [&view](int x, int y) {
+        const KXBar* bar = view.hitBar({x, y});
+        return bar ? std::optional(bar->mark) : std::nullopt;
+    };
+    using Mark = KXAxisChartMark;
+    view.layout(makeSource(lists, KXBarForm::Grouped), makePlane(90, 30));
+    EXPECT_EQ(hit(10, 40), (Mark{0, 0}));
+    EXPECT_EQ(hit(20, 55), (Mark{1, 0}));
+    EXPECT_EQ(hit(10, 20), std::nullopt) << "beyond its end";
+    EXPECT_EQ(hit(38, 40), std::nullopt) << "a null";
+    EXPECT_EQ(hit(68, 47), (Mark{0, 2})) << "a short bar, a little beside it";
+    EXPECT_EQ(hit(80, 50), (Mark{1, 2})) << "a zero";
+    EXPECT_EQ(hit(-5, 40), std::nullopt);
+
+    std::vector<double> many(100'000, 1.0);
+    many[50'050] = 40;
+    view.layout(makeSource({many}, KXBarForm::Grouped), makePlane(1000, 0.01));
+    EXPECT_EQ(hit(500, 20), (Mark{0, 50'050}));
+    EXPECT_EQ(view.findSlot({500, 0})->category, 50'050);
+    EXPECT_EQ(view.getBars().size(), 1000);
+    view.clear();
+    EXPECT_EQ(hit(500, 20), std::nullopt);
+}
+
+TEST(KXBarLabelChoice, Options)
+{
+    const std::vector<double> values{null, 2, 5, 5, -3, null, 4, 1};
+    const KXBarSeriesFacts facts = kxObtainBarSeriesFacts(values);
+    EXPECT_EQ(facts.magnitude, 20);
+    using Option = KXAxisChartValueOption;
+    const std::pair<Option, std::set<std::uint64_t>> cases[] = {
+        {Option::All, {1, 2, 3, 4, 6, 7}},
+        {Option::LineEnds, {1, 7}},
+        {Option::MinOnly, {4}},
+        {Option::MaxOnly, {2}},
+        {Option::MinMax, {2, 4}},
+        {Option::PositiveOnly, {1, 2, 3, 6, 7}},
+        {Option::NegativeOnly, {4}},
+        {Option::TurningPoint, {2}},
+    };
+    for (const auto& [option, expected] : cases) {
+        std::set<std::uint64_t> labelled;
+        for (std::uint64_t i = 0; i < 10; ++i)
+            if (kxIsBarLabelled(option, facts, values, i))
+                labelled.insert(i);
+        EXPECT_EQ(labelled, expected) << static_cast<int>(option);
+    }
+}
