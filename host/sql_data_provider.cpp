@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "host_error.h"
+#include "kx_axis_chart_data_user.h"
 #include "sql_session.h"
 #include "time_step.h"
 
@@ -232,6 +233,8 @@ std::string SqlDataProvider::obtainValueDataString(KXChartDataUser*, const KXInd
 
 KXChartDataProviderHintData SqlDataProvider::obtainHintData(KXChartDataUser* user, const KXIndexPath& path)
 {
+    if (dynamic_cast<const KXAxisChartDataUser*>(user))
+        return {};
     const std::uint64_t value = path.empty() ? 0 : path[0];
     return {obtainValueLabel(user, value), obtainValueDataString(user, path)};
 }

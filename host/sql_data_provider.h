@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data_binding.h"
+#include "kx_axis_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "sql_data_set.h"
@@ -13,7 +14,9 @@ class SqlSession;
 /** Answers charts from a database table: a binding says which columns are dimensions and measures. Each
  * preparation asks the database once; all questions are answered from what it said then. Members of dates and
  * times have as number the seconds since 1970, or since midnight. */
-class SqlDataProvider : public KXValueChartDataProvider, public KXGaugeChartDataProvider {
+class SqlDataProvider : public KXValueChartDataProvider,
+                        public KXGaugeChartDataProvider,
+                        public KXAxisChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);
@@ -65,7 +68,8 @@ public:
     double obtainValueData(KXChartDataUser* user, const KXIndexPath& path) override;
     std::string obtainValueDataString(KXChartDataUser* user, const KXIndexPath& path) override;
 
-    // From KXValueChartDataProvider
+    // From KXValueChartDataProvider and KXAxisChartDataProvider
+    /** @return nothing for an axis chart, whose own hint lists every series */
     KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path) override;
 
 private:

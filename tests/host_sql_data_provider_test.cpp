@@ -5,6 +5,7 @@
 #include "data_binding_reader.h"
 #include "host_error.h"
 #include "host_temporary_file.h"
+#include "kx_xy_axis_chart.h"
 #include "sql_data_provider.h"
 #include "sql_session.h"
 
@@ -146,6 +147,20 @@ TEST(HostSqlDataProvider, MembersAndCells)
         EXPECT_EQ(provider.obtainValueDataIsGenerated(nullptr, c.path), c.isGenerated);
         EXPECT_EQ(provider.obtainValueData(nullptr, c.path), c.number);
     }
+}
+
+TEST(HostSqlDataProvider, SeriesOfAnAxisChart)
+{
+    PreparedProvider provider(visits,
+                              R"({"dimensions": [{"column": "place"}, {"column": "day", "level": "day"}],
+                    "measures": [{"column": "score", "aggregate": "sum"}]})");
+    KXXYAxisChart chart;
+    KXChartDataUser* user = chart.obtainLegendDataUser();
+    SqlDataProvider& answers = provider.get();
+    EXPECT_EQ(answers.obtainSeriesCount(user), 4U);
+    EXPECT_EQ(answers.obtainSeriesLabel(user, 1), "2024-03-04");
+    EXPECT_EQ(answers.obtainSeriesValue(user, 1, 2), -2);
+    EXPECT_EQ(answers.obtainSeriesValue(user, 0, 1), std::nullopt);
 }
 
 TEST(HostSqlDataProvider, NoRowsAreNoData)
