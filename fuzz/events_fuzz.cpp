@@ -1,0 +1,25 @@
+// What users do with a view of several charts, and hosts meanwhile.
+
+#include "fuzz_scene.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    FuzzInput input(bytes, size);
+    FuzzScene scene(input);
+    for (int i = 0; i < 3; ++i)
+        scene.addChart();
+    scene.paint();
+    scene.makeHostAct();
+    while (!input.isEmpty()) {
+        const int choice = input.takeBelow(16);
+        if (choice == 15)
+            scene.addChart();
+        else if (choice == 14)
+            scene.changeChart();
+        else if (choice == 13)
+            scene.paint();
+        else
+            scene.sendEvent();
+    }
+    return 0;
+}

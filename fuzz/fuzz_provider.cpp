@@ -1,0 +1,145 @@
+#include "fuzz_provider.h"
+
+#include "kx_axis_chart_data_user.h"
+#include "kx_interaction_color_effect.h"
+#include "kx_interaction_highlight_brightness_effect.h"
+#include "kx_interaction_highlight_color_pattern_effect.h"
+#include "kx_interaction_highlight_size_effect.h"
+#include "ux/ux_text_property.h"
+
+#include <limits>
+
+FuzzInput& FuzzProvider::_ask()
+{
+    if (whenAsked)
+        whenAsked();
+    return m_input;
+}
+
+KXChartDataType FuzzProvider::_takeType() { return static_cast<KXChartDataType>(_ask().takeBelow(8) - 1); }
+
+KXChartDataProviderDimensionSetting FuzzProvider::obtainDimensionSetting(KXChartDataUser*, std::uint64_t)
+{
+    KXChartDataProviderDimensionSetting setting;
+    setting.firstFlag = _ask().takeBool();
+    return setting;
+}
+
+KXChartAggregateType FuzzProvider::obtainDimensionAggregateType(KXChartDataUser*, std::uint64_t)
+{
+    return KXChartAggregateType{_ask().takeInt()};
+}
+
+std::uint64_t FuzzProvider::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t)
+{
+    // What is believed is pulled, so the lies stay small enough for many cases a second.
+    const int choice = _ask().takeBelow(16);
+    return choice == 15 ? 3000 : choice > 10 ? m_input.takeByte() : static_cast<std::uint64_t>(choice % 5);
+}
+
+double FuzzProvider::obtainDimensionDataAsNumber(KXChartDataUser*, const KXIndexPath&)
+{
+    return _ask().takeNumber();
+}
+
+std::uint64_t FuzzProvider::obtainValueCount(KXChartDataUser* user)
+{
+    const int choice = _ask().takeBelow(8);
+    if (choice == 7 && !dynamic_cast<KXAxisChartDataUser*>(user))
+        return (std::numeric_limits<std::uint64_t>::max)();
+    return static_cast<std::uint64_t>(choice);
+}
+
+KXChartAggregateType FuzzProvider::obtainValueAggregateType(KXChartDataUser*, const KXIndexPath&)
+{
+    return KXChartAggregateType{_ask().takeInt()};
+}
+
+bool FuzzProvider::obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath&)
+{
+    return _ask().takeBelow(4) == 3;
+}
+
+std::string FuzzProvider::obtainValueDataString(KXChartDataUser*, const KXIndexPath&)
+{
+    return _ask().takeText();
+}
+
+bool FuzzProvider::obtainValueDataColor(KXChartDataUser*, const KXIndexPath&, UXColor& color)
+{
+    color = UXColor(_ask().takeInt(), m_input.takeInt(), m_input.takeInt(), m_input.takeNumber());
+    return m_input.takeBool();
+}
+
+void FuzzProvider::customizeValueDataLabel(KXChartDataUser*, const KXIndexPath&, std::string& text,
+                                           UXTextProperty& style)
+{
+    if (_ask().takeBelow(4) != 0)
+        return;
+    text = m_input.takeText();
+    style.font.size = m_input.takeInt();
+}
+
+KXChartDataProviderHintData FuzzProvider::obtainHintData(KXChartDataUser*, const KXIndexPath&)
+{
+    std::string title = _ask().takeText();
+    return {std::move(title), m_input.takeText()};
+}
+
+bool FuzzProvider::obtainDataShouldRightClickAction(KXChartDataUser*, KXChartDataPath*)
+{
+    return _ask().takeBool();
+}
+
+bool FuzzProvider::obtainDataShouldLeftClickAction(KXChartDataUser*, KXChartDataPath*)
+{
+    return _ask().takeBool();
+}
+
+std::function<void()> FuzzProvider::obtainDataLeftClickAction(KXChartDataUser*, KXChartDataPath*)
+{
+    if (_ask().takeBelow(4) == 3)
+        return {};
+    return [this] { _ask(); };
+}
+
+bool FuzzProvider::obtainDataShouldLinkedHighlightAction(KXChartDataUser*, KXChartDataPath*)
+{
+    return _ask().takeBool();
+}
+
+KXChartDataPath* FuzzProvider::obtainDataLinkedHighlightTargetPath(KXChartDataUser*, KXChartDataPath* path,
+                                                                   KXChartDataProvider*)
+{
+    return _ask().takeBool() && path ? new KXChartDataPath(*path) : nullptr;
+}
+
+KXInteractionOperation FuzzProvider::obtainInteractionOperation(const std::vector<KXObjectID>&,
+                                                                const KXInteractionEventInfo&)
+{
+    KXInteractionOperation operation;
+    if (_ask().takeBool())
+        operation.action = [this] { _ask(); };
+    return operation;
+}
+
+std::vector<KXInteractionEffect*> FuzzProvider::obtainInteractionEffects(const std::vector<KXObjectID>&)
+{
+    std::vector<KXInteractionEffect*> effects;
+    for (int count = _ask().takeBelow(4); count > 0; --count) {
+        switch (m_input.takeBelow(4)) {
+        case 0:
+            effects.push_back(nullptr);
+            break;
+        case 1:
+            effects.push_back(new KXInteractionColorEffect);
+            break;
+        case 2:
+            effects.push_back(new KXInteractionHighlightBrightnessEffect);
+            break;
+        default:
+            effects.push_back(new KXInteractionHighlightSizeEffect);
+        }
+    }
+    return effects;
+}

@@ -1,0 +1,16 @@
+// What a host answers, while it changes the very charts that ask.
+
+#include "fuzz_scene.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    FuzzInput input(bytes, size);
+    FuzzScene scene(input);
+    scene.makeHostAct();
+    scene.addChart();
+    while (!input.isEmpty()) {
+        scene.changeChart();
+        scene.paint();
+    }
+    return 0;
+}
