@@ -539,9 +539,10 @@ void KXChart::_placeLegend(Division& division) const
 
 void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
-    UXPainter* painter = uxCreatePainterWithObject(config, this);
-    if (painter)
+    if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
         uxDrawGround(*painter, *this, 0);
+        uxDestroyPainter(painter);
+    }
     // The toolbox lies over everything, wherever it stands among the children.
     const UXObjectWatcher self(this);
     for (std::size_t i = 0; self.isAlive() && i < getChildren().size(); ++i) {
@@ -551,7 +552,6 @@ void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
     }
     if (self.isAlive() && _shouldPaintChild(m_toolbox))
         _paintChild(m_toolbox, config, dirtyRect);
-    uxDestroyPainter(painter);
 }
 
 bool KXChart::_shouldPaintChild(const UXObject*) const { return true; }
