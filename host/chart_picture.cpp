@@ -1,5 +1,6 @@
 #include "chart_picture.h"
 
+#include "drawing_check.h"
 #include "host_error.h"
 #include "kx_chart.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
@@ -7,6 +8,7 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_svg_paint_config.h"
 #include "whole_file.h"
@@ -105,4 +107,11 @@ void writeChartPicture(KXChart& chart, const PictureSetting& setting, const std:
         writePdf(chart, setting, path);
         break;
     }
+}
+
+std::vector<std::string> checkChartPicture(KXChart& chart, const PictureSetting& setting)
+{
+    UXRecordingPaintConfig config(setting.scale);
+    paintChart(chart, setting, config);
+    return checkDrawing(config.getRecording(), UXDoubleRect(0, 0, setting.size.width, setting.size.height));
 }

@@ -4,6 +4,7 @@
 #include "ux/ux_size.h"
 
 #include <string>
+#include <vector>
 
 class KXChart;
 
@@ -24,3 +25,7 @@ PictureFormat obtainPictureFormat(const std::string& path);
 /** Lays the chart out at the setting's size and writes its picture. Throws HostError where the file cannot be
  * written; a file of that name is then as it was. */
 void writeChartPicture(KXChart& chart, const PictureSetting& setting, const std::string& path);
+
+/** Lays the chart out at the setting's size and draws it without writing anything.
+ *  @return a sentence for each fault that a reader would see, as checkDrawing finds them */
+std::vector<std::string> checkChartPicture(KXChart& chart, const PictureSetting& setting);

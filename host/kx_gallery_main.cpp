@@ -44,6 +44,8 @@ void drawSample(const ChartSample& sample, const std::filesystem::path& out)
     for (const GalleryPicture& picture : galleryPictures) {
         setting.size = picture.size;
         writeChartPicture(document.getChart(), setting, base + picture.suffix + ".png");
+        for (const std::string& fault : checkChartPicture(document.getChart(), setting))
+            std::printf("%s%s: %s\n", sample.name.c_str(), picture.suffix, fault.c_str());
     }
     setting.size = galleryPictures[0].size;
     writeChartPicture(document.getChart(), setting, base + ".svg");

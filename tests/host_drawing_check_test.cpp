@@ -1,0 +1,140 @@
+#include "drawing_check.h"
+
+#include "chart_data_source.h"
+#include "chart_document.h"
+#include "chart_picture.h"
+#include "sql_data_provider.h"
+#include "ux/ux_painter_state.h"
+#include "ux/ux_recording_painter.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+/** Draws ten letters, 50 wide and 10 high, from a point on. */
+void drawLetters(UXPainter& painter, double x, double y, const UXColor& color = {})
+{
+    UXTextProperty property;
+    property.font.size = 10;
+    property.textColor = color;
+    painter.drawText("ten lettrs", {x, y, 100, 10}, property);
+}
+
+} // namespace
+
+TEST(DrawingCheck, FindsWhatAReaderWouldCallAFault)
+{
+    const UXFixedMeasurer measurer;
+    struct Case {
+        const char* name;
+        double scale;
+        std::function<void(UXPainter&)> draw;
+        const char* expected; // a part of the only fault; empty for none
+    };
+    const auto drawTwo = [](double dx, double dy) {
+        return [=](UXPainter& painter) {
+            drawLetters(painter, 20, 50);
+            drawLetters(painter, 20 + dx, 50 + dy);
+        };
+    };
+    const auto drawSloping = [](double dx) {
+        return [=](UXPainter& painter) {
+            for (const double x : {20.0, 20 + dx}) {
+                const UXPainterState state(painter);
+                painter.translate(x, 80);
+                painter.rotate(-45);
+                drawLetters(painter, 0, 0);
+            }
+        };
+    };
+    const Case cases[] = {
+        {"texts side by side", 1, drawTwo(50, 0), ""},
+        {"texts into each other", 1, drawTwo(48, 0), "meets"},
+        {"lines of text", 1, drawTwo(0, 10), ""},
+        {"lines too close", 1, drawTwo(3, 8), "meets"},
+        {"sloping texts, whose bounds meet", 1, drawSloping(15), ""},
+        {"sloping texts too close", 1, drawSloping(11), "meets"},
+        {"a text that reaches out", 1, [](UXPainter& painter) { drawLetters(painter, 160, 50); }, "out of"},
+        {"a text without colour", 1,
+         [](UXPainter& p) {
+             drawLetters(p, 160, 50, {0, 0, 0, 0});
+         },
+         ""},
+        {"a clipped text", 1,
+         [](UXPainter& painter) {
+             painter.addRectanglePath(0, 0, 200, 100);
+             painter.clip();
+             drawLetters(painter, 160, 50);
+         },
+         ""},
+        {"a text in a layer", 1,
+         [](UXPainter& painter) {
+             painter.drawComposited([](UXPainter* layer) { drawLetters(*layer, -10, 50); }, nullptr,
+                                    {-50, 0, 100, 100}, UXCompositionMode::Over);
+         },
+         "out of"},
+        {"a disc", 1,
+         [](UXPainter& painter) {
+             painter.addCircleArcPath(50, 50, 50, 17, 377);
+             painter.fill();
+         },
+         ""},
+        {"a disc that reaches out", 1,
+         [](UXPainter& painter) {
+             painter.addCircleArcPath(50, 50, 51, 17, 377);
+             painter.fill();
+         },
+         "out of"},
+        {"a line along the edge", 1,
+         [](UXPainter& painter) {
+             painter.setLineWidth(3);
+             painter.addLinePath(0, 0, 200, 0);
+             painter.stroke();
+         },
+         "out of"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        UXRecordingPainter painter(c.scale);
+        c.draw(painter);
+        const std::vector<std::string> faults = checkDrawing(painter.getRecording(), {0, 0, 200, 100});
+        ASSERT_EQ(faults.size(), *c.expected ? 1u : 0u) << (faults.empty() ? "" : faults[0]);
+        if (*c.expected) {
+            EXPECT_NE(faults[0].find(c.expected), std::string::npos) << faults[0];
+        }
+    }
+}
+
+TEST(DrawingCheck, RectanglesLieOnWholePixels)
+{
+    struct Case {
+        double scale, left;
+        std::size_t expected;
+    };
+    // What the recorder snapped is whole at its own scale; what nobody snapped is not.
+    for (const Case& c :
+         {Case{1, 10, 0}, {1, 10.5, 1}, {2, 10.5, 0}, {2, 10.25, 1}, {1.5, 10, 0}, {1.5, 11, 1}}) {
+        SCOPED_TRACE(c.left);
+        UXRecording recording(c.scale);
+        const UXDoubleRect rect(c.left, 20, 10, 10);
+        recording.add([rect](UXPainter& painter) { painter.drawRects(std::span(&rect, 1)); });
+        EXPECT_EQ(checkDrawing(recording, {0, 0, 200, 100}).size(), c.expected);
+        UXRecordingPainter snapping(c.scale);
+        snapping.drawRects(std::span(&rect, 1));
+        EXPECT_TRUE(checkDrawing(snapping.getRecording(), {0, 0, 200, 100}).empty());
+    }
+}
+
+TEST(DrawingCheck, AChartInsideItsMarginHasNoFault)
+{
+    const std::string samples = std::string(KX_SOURCE_DIR) + "/samples/";
+    ChartDocument document(samples + "gauge-jobs.chart.json");
+    ChartDataSource source(samples + "data/us-employment.csv", samples + "gauge-jobs.binding.json", {});
+    document.loadData(&source.getProvider());
+    PictureSetting setting;
+    setting.size = {480, 320};
+    EXPECT_EQ(checkChartPicture(document.getChart(), setting), std::vector<std::string>());
+}
