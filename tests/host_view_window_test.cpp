@@ -120,7 +120,7 @@ TEST_F(HostViewWindow, AnswersAPersonAtTheMouse)
 
     moveTo(value);
     act({"click", "1"});
-    EXPECT_EQ(told.back(), "click Nonfarm jobs: 143093");
+    EXPECT_EQ(std::ranges::count(told, "click Nonfarm jobs: 143093"), 1) << "among the paints of a hint";
 
     // Sizes and zooms come back to the same picture.
     act({"keydown", "ctrl", "click", "4", "click", "4", "keyup", "ctrl"});
