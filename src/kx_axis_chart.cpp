@@ -220,6 +220,8 @@ std::vector<KXObjectID> KXAxisChart::obtainLegendCellObjectID(std::uint64_t inde
     return {makeSeriesID(index)};
 }
 
+bool KXAxisChart::obtainLegendCellIsOn(std::uint64_t index) { return isSeriesShown(index); }
+
 void KXAxisChart::legendCellClicked(std::uint64_t index, const UXEvent&)
 {
     if (getChartProperty()->getEnableInteraction())

@@ -81,6 +81,7 @@ public:
     std::string obtainLegendLabel(std::uint64_t index) override;
     bool obtainLegendSymbolColor(std::uint64_t index, UXColor& color) override;
     std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
+    bool obtainLegendCellIsOn(std::uint64_t index) override;
     void legendCellClicked(std::uint64_t index, const UXEvent& event) override;
     void legendCellHovered(std::uint64_t index, bool hovered) override;
 

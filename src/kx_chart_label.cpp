@@ -115,12 +115,13 @@ UXDoubleRect KXChartLabel::_obtainDrawnRect() const
 
 UXRect KXChartLabel::_obtainPaintedRect() const
 {
-    const UXDoubleRect drawn = _obtainDrawnRect();
     const double glow = _showsGlow() || getSelected() ? glowInset : 0;
-    const UXRect rect(uxSaturateToInt(std::floor(drawn.x - glow)),
-                      uxSaturateToInt(std::floor(drawn.y - glow)),
-                      uxSaturateToInt(std::ceil(drawn.width + 2 * glow)) + 1,
-                      uxSaturateToInt(std::ceil(drawn.height + 2 * glow)) + 1);
+    if (glow == 0 && obtainDrawnSizeRatio() == 1)
+        return getBoundingRect();
+    const UXDoubleRect drawn = uxInflateDoubleRect(_obtainDrawnRect(), glow, glow);
+    const UXRect rect(uxSaturateToInt(std::floor(drawn.x)), uxSaturateToInt(std::floor(drawn.y)),
+                      uxSaturateToInt(std::ceil(drawn.width) + 1),
+                      uxSaturateToInt(std::ceil(drawn.height) + 1));
     return uxUnionRect(rect, getBoundingRect());
 }
 

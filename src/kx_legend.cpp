@@ -4,7 +4,10 @@
 #include "kx_key_json.h"
 #include "kx_legend_cell.h"
 #include "kx_legend_delegate.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
+#include "ux/ux_key_code.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_paint_config.h"
@@ -54,6 +57,7 @@ KXLegend::KXLegend() : KXInteraction(this), m_scrollView(new UXVirtualScrollView
     m_textProperty.textColor = UXColor(120, 120, 120, 1.0);
     m_scrollView->setDelegate(this);
     addChild(m_scrollView);
+    setShowsFocus(true);
 }
 
 KXLegend::~KXLegend()
@@ -130,6 +134,8 @@ void KXLegend::setLabelColor(const UXColor& color)
     invalidate();
 }
 
+void KXLegend::setScrollBarColor(const UXColor& color) { m_scrollView->setScrollBarColor(color); }
+void KXLegend::setScrollBarSliderColor(const UXColor& color) { m_scrollView->setScrollBarSliderColor(color); }
 void KXLegend::setShowHint(bool show) { m_showHint = show; }
 bool KXLegend::getShowHint() const { return m_showHint; }
 void KXLegend::enableCellClick() { m_cellClickEnabled = true; }
@@ -393,6 +399,148 @@ void KXLegend::updateCellInteraction(KXLegendCell* cell, std::uint64_t)
                               });
 }
 
+bool KXLegend::customMouseDown(const UXEvent& event, bool& stop)
+{
+    takeFocus(std::nullopt);
+    return UXObject::customMouseDown(event, stop);
+}
+
+bool KXLegend::customKeyDown(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    return walk(event) || (self.isAlive() && UXObject::customKeyDown(event, stop));
+}
+
+void KXLegend::takeFocus(const std::optional<std::uint64_t>& index)
+{
+    if (index)
+        m_walkedCell = index;
+    m_showsWalk = false;
+    if (UXDiagram* diagram = uxObtainDiagram(this))
+        diagram->setFocusedObject(this);
+}
+
+std::optional<std::uint64_t> KXLegend::getWalkedCell() const
+{
+    const std::optional<std::size_t> place = _obtainWalkedPlace();
+    return place ? m_walkedCell : std::nullopt;
+}
+
+bool KXLegend::isWalkedTo(std::uint64_t index) const
+{
+    if (!m_showsWalk || m_walkedCell != index)
+        return false;
+    const UXDiagram* diagram = uxObtainDiagram(m_scrollView);
+    return !diagram || diagram->getFocusedObject() == this;
+}
+
+/** @return where the walked cell stands among the shown ones; none when it is not shown any more */
+std::optional<std::size_t> KXLegend::_obtainWalkedPlace() const
+{
+    const auto found = m_walkedCell ? std::lower_bound(m_cellIndexList.begin(), m_cellIndexList.end(),
+                                                       uxSaturateToInt(*m_walkedCell))
+                                    : m_cellIndexList.end();
+    if (found == m_cellIndexList.end() || !std::cmp_equal(*found, *m_walkedCell))
+        return std::nullopt;
+    return static_cast<std::size_t>(found - m_cellIndexList.begin());
+}
+
+bool KXLegend::walk(const UXEvent& event)
+{
+    if (!m_delegate || m_cellIndexList.empty() || m_dataUpdated || m_cellVisibleUpdated)
+        return false;
+    const auto last = static_cast<std::ptrdiff_t>(m_cellIndexList.size()) - 1;
+    const std::optional<std::size_t> walked = _obtainWalkedPlace();
+    const auto place = walked ? static_cast<std::ptrdiff_t>(*walked) : -1;
+    const auto [first, end] = _obtainVisiblePlaces();
+    // A page keeps one cell, so that the eye finds its place.
+    const auto page = std::max<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(end - first) - 2, 1);
+    const auto walkTo = [&](std::ptrdiff_t wanted) {
+        _walkTo(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(wanted, 0, last)));
+        return true;
+    };
+    switch (static_cast<UXKeyCode>(event.getKeyCode())) {
+    case UXKeyCode::Left:
+    case UXKeyCode::Up:
+        return walkTo(place - 1);
+    case UXKeyCode::Right:
+    case UXKeyCode::Down:
+        return walkTo(place + 1);
+    case UXKeyCode::PageUp:
+        return walkTo(place - page);
+    case UXKeyCode::PageDown:
+        return walkTo(place + page);
+    case UXKeyCode::Home:
+        return walkTo(0);
+    case UXKeyCode::End:
+        return walkTo(last);
+    case UXKeyCode::Enter:
+        if (walked)
+            _clickCell(_findCell(*m_walkedCell), event);
+        return walked.has_value();
+    case UXKeyCode::Space:
+        if (walked)
+            cellClicked(*m_walkedCell, event);
+        return walked.has_value();
+    default:
+        return false;
+    }
+}
+
+void KXLegend::_walkTo(std::size_t place)
+{
+    if (KXLegendCell* left = m_walkedCell ? _findCell(*m_walkedCell) : nullptr)
+        left->hideHint();
+    m_walkedCell = static_cast<std::uint64_t>(m_cellIndexList[place]);
+    m_showsWalk = true;
+    const UXObjectWatcher self(this);
+    _showPlace(place);
+    if (!self.isAlive())
+        return;
+    m_scrollView->invalidate();
+    if (KXLegendCell* cell = _findCell(*m_walkedCell))
+        cell->explain(UXPoint(0, cell->getRect().height), nullptr);
+}
+
+/** Scrolls as little as brings all of a cell into view. */
+void KXLegend::_showPlace(std::size_t place)
+{
+    const UXSize area = m_scrollView->obtainDisplayArea();
+    const auto reach = [](std::int64_t offset, std::int64_t shown, std::int64_t start, std::int64_t extent) {
+        return std::min(std::max(offset, start + extent - shown), start);
+    };
+    if (m_arrangement == UXArrangement::Row) {
+        const double width = m_calculatedCellWidths[static_cast<std::size_t>(m_cellIndexList[place])];
+        const auto left = static_cast<std::int64_t>(std::floor(m_cellLefts[place])) - m_margin;
+        const auto extent = static_cast<std::int64_t>(std::ceil(width)) + 2 * m_margin;
+        m_scrollView->setContentOffsetX(reach(m_scrollView->getContentOffsetX(), area.width, left, extent));
+        return;
+    }
+    const std::int64_t top = static_cast<std::int64_t>(place) * std::max(_obtainRowPitch(), 1);
+    const std::int64_t extent = uxSaturateToInt(std::ceil(m_calculatedCellHeight)) + 2 * m_margin;
+    m_scrollView->setContentOffsetY(reach(m_scrollView->getContentOffsetY(), area.height, top, extent));
+}
+
+void KXLegend::_clickCell(KXLegendCell* cell, const UXEvent& event)
+{
+    if (!cell)
+        return;
+    UXEvent click = event;
+    click.setEventType(UXEventType::LeftClick);
+    click.addEventKey(UXEventKey::LeftButton);
+    const UXRect rect = cell->getRect();
+    click.setMousePoint(cell->translatePointToParent(UXPoint(rect.width / 2, rect.height / 2), nullptr));
+    cell->triggerEventHandler(click);
+}
+
+KXLegendCell* KXLegend::_findCell(std::uint64_t index) const
+{
+    for (KXLegendCell* cell : _obtainCells())
+        if (cell->getIndex() == index)
+            return cell;
+    return nullptr;
+}
+
 std::vector<KXLegendCell*> KXLegend::_obtainCells() const
 {
     std::vector<KXLegendCell*> cells;
@@ -473,9 +621,15 @@ std::vector<KXInteractionEffect*> KXLegend::obtainCellEffects(std::uint64_t inde
     return user->obtainInteractionEffects(m_cellObjectIDs[index]);
 }
 
+bool KXLegend::isCellOn(std::uint64_t index) const
+{
+    return !m_delegate || m_delegate->obtainLegendCellIsOn(index);
+}
+
 void KXLegend::cellClicked(std::uint64_t index, const UXEvent& event)
 {
-    if (m_delegate && m_cellClickEnabled)
+    const KXChartDataUser* user = m_delegate ? m_delegate->obtainLegendDataUser() : nullptr;
+    if (m_delegate && m_cellClickEnabled && (!user || user->isInteractionEnabled()))
         m_delegate->legendCellClicked(index, event);
 }
 

@@ -12,6 +12,7 @@
 #include "ux/ux_virtual_scroll_view_delegate.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -40,6 +41,9 @@ public:
     void setTextProperty(const UXTextProperty& property);
     UXTextProperty getTextProperty() const;
     void setLabelColor(const UXColor& color);
+    /** Without a call the scroll bar shows colours of its own. */
+    void setScrollBarColor(const UXColor& color);
+    void setScrollBarSliderColor(const UXColor& color);
     void setShowHint(bool show);
     bool getShowHint() const;
     /** Cells take the press of a button for themselves, so that it goes on to nothing behind them. */
@@ -63,6 +67,18 @@ public:
     /** @return the symbol's colour: the delegate's, else the series', else the framework's default */
     UXColor obtainLegendCellColor(std::uint64_t index) const;
 
+    // The keyboard: arrows, Home, End and the page keys walk from cell to cell, Enter clicks one as the
+    // pointer does, and Space tells the chart alone, which switches the series off and on where it takes
+    // clicks. A press on the legend gives it the focus.
+    /** Acts on a key. @return whether it is one of the legend's */
+    bool walk(const UXEvent& event);
+    /** @return the cell that the walk has come to, none before it began */
+    std::optional<std::uint64_t> getWalkedCell() const;
+    /** @return whether the walk shows that it has come to the cell: with the focus, and not after a press */
+    bool isWalkedTo(std::uint64_t index) const;
+    /** The pointer pressed a cell, none for the legend beside them: keys go on from there. */
+    void takeFocus(const std::optional<std::uint64_t>& index);
+
     // What a cell asks, in its own space
     UXDoubleRect obtainSymbolRect() const;
     /** @param cellWidth in logical units @return the label's place, without width where there is no room */
@@ -74,6 +90,7 @@ public:
     bool obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const;
 
     // What a cell tells, for the delegate
+    bool isCellOn(std::uint64_t index) const;
     void cellClicked(std::uint64_t index, const UXEvent& event);
     void cellHovered(std::uint64_t index, bool hovered);
 
@@ -92,6 +109,8 @@ public:
 
 protected:
     void customLayout() override;
+    bool customMouseDown(const UXEvent& event, bool& stop) override;
+    bool customKeyDown(const UXEvent& event, bool& stop) override;
 
 private:
     void _updateCellCache();
@@ -102,6 +121,11 @@ private:
     void _takeCells(std::size_t first, std::size_t end, std::vector<KXLegendCell*>& cells);
     void _placeCell(KXLegendCell* cell, const UXRect& rect);
     void updateCellInteraction(KXLegendCell* cell, std::uint64_t index);
+    std::optional<std::size_t> _obtainWalkedPlace() const;
+    void _walkTo(std::size_t place);
+    void _showPlace(std::size_t place);
+    void _clickCell(KXLegendCell* cell, const UXEvent& event);
+    KXLegendCell* _findCell(std::uint64_t index) const;
     std::vector<KXLegendCell*> _obtainCells() const;
     UXRect _obtainCellRect(std::size_t place) const;
     std::pair<std::size_t, std::size_t> _obtainVisiblePlaces() const;
@@ -140,4 +164,6 @@ private:
     std::vector<std::vector<KXObjectID>> m_cellObjectIDs; // by cell index
     std::vector<double> m_cellLefts;                      // by place in the row, in the content
     bool m_arranging = false;
+    std::optional<std::uint64_t> m_walkedCell;
+    bool m_showsWalk = false;
 };

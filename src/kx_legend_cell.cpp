@@ -5,12 +5,21 @@
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_round_rectangle.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_symbol_shape.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
+
+namespace {
+
+/** The label of a cell that is switched off keeps this share of its opacity. */
+constexpr double offShare = 0.5;
+constexpr double walkMarkRadius = 3; // logical units
+
+} // namespace
 
 KXLegendCell::KXLegendCell(KXLegend* legend) : KXInteraction(this), UXHintDelegate(this), m_legend(legend)
 {
@@ -47,15 +56,36 @@ void KXLegendCell::paint(UXPaintConfig* config, UXRect dirtyRect)
             UXTextProperty property = m_legend->getTextProperty();
             property.option = UXTextOption::EllipsisEnd;
             property.textColor = obtainDrawnColor(property.textColor, KXInteractionEffectTarget::NonFilled);
+            if (!m_legend->isCellOn(m_index))
+                property.textColor.alpha *= offShare;
             painter->drawText(m_label, labelRect, property);
         }
+        if (m_legend->isWalkedTo(m_index))
+            _drawWalkMark(*painter);
         uxDestroyPainter(painter);
     }
     UXObject::paint(config, dirtyRect);
 }
 
+/** A line around the cell, in the margin that every cell has, where the keyboard is. */
+void KXLegendCell::_drawWalkMark(UXPainter& painter) const
+{
+    painter.setColor(m_legend->getTextProperty().textColor);
+    painter.setLineWidth(1);
+    uxAddRoundRectanglePath(painter, uxInflateDoubleRect(UXDoubleRect(getBoundingRect()), 0.5, 0.5),
+                            walkMarkRadius);
+    painter.stroke();
+}
+
+bool KXLegendCell::customKeyDown(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    return m_legend->walk(event) || (self.isAlive() && UXObject::customKeyDown(event, stop));
+}
+
 bool KXLegendCell::customMouseDown(const UXEvent& event, bool& stop)
 {
+    m_legend->takeFocus(m_index);
     return UXObject::customMouseDown(event, stop) || m_legend->isCellClickEnabled();
 }
 
@@ -76,16 +106,21 @@ bool KXLegendCell::customMouseMove(const UXEvent& event, bool& stop)
         _beginHover();
     if (!self.isAlive())
         return false;
+    UXEvent hintEvent = event;
+    explain(getTranslatedPointFromEvent(event, this), &hintEvent);
+    return self.isAlive() && UXObject::customMouseMove(event, stop);
+}
+
+void KXLegendCell::explain(UXPoint point, UXEvent* event)
+{
     if (m_legend->getShowHint() &&
         (showsComplementaryInfo() || m_legend->isLabelCut(m_label, getRect().width))) {
         UXHintInfo info;
         info.title = m_label;
-        UXEvent hintEvent = event;
-        showHint(getTranslatedPointFromEvent(event, this), &hintEvent, &info);
+        showHint(point, event, &info);
     } else {
         hideHint();
     }
-    return self.isAlive() && UXObject::customMouseMove(event, stop);
 }
 
 bool KXLegendCell::customMouseLeave(const UXEvent& event, bool& stop)

@@ -13,6 +13,7 @@
 #include <vector>
 
 class KXLegend;
+class UXPainter;
 
 /** Draws one cell of a legend, a symbol and the label beside it, and explains a label that is cut. A legend
  * has as many of these as show just now; while it scrolls they stand for other cells in turn. */
@@ -36,6 +37,10 @@ public:
     bool isHovered() const { return m_hovered; }
     /** Looks as without the pointer, until it moves again. */
     void endHover();
+    /** Shows the whole label as a hint where the cell cuts it or the host wants it shown.
+     *  @param point in the own space
+     *  @param event the one that led here, may be null */
+    void explain(UXPoint point, UXEvent* event);
 
     // From KXInteractionChartObject, UXJsonObject and UXObject
     void updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects) override;
@@ -44,6 +49,7 @@ public:
 
 protected:
     UXRect customDirtyRect() override;
+    bool customKeyDown(const UXEvent& event, bool& stop) override;
     bool customMouseDown(const UXEvent& event, bool& stop) override;
     bool customMouseUp(const UXEvent& event, bool& stop) override;
     bool customMouseMove(const UXEvent& event, bool& stop) override;
@@ -52,6 +58,7 @@ protected:
 private:
     void _beginHover();
     UXDoubleRect _obtainDrawnSymbolRect() const;
+    void _drawWalkMark(UXPainter& painter) const;
 
     KXLegend* m_legend; // the parent's parent
     std::uint64_t m_index = 0;

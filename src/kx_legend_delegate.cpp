@@ -10,3 +10,4 @@ bool KXLegendDelegate::obtainLegendShouldShowCell(std::uint64_t) { return true; 
 std::vector<KXObjectID> KXLegendDelegate::obtainLegendCellObjectID(std::uint64_t) { return {}; }
 void KXLegendDelegate::legendCellClicked(std::uint64_t, const UXEvent&) {}
 void KXLegendDelegate::legendCellHovered(std::uint64_t, bool) {}
+bool KXLegendDelegate::obtainLegendCellIsOn(std::uint64_t) { return true; }

@@ -31,6 +31,9 @@ public:
     virtual void legendCellClicked(std::uint64_t index, const UXEvent& event);
     /** @param hovered whether the pointer came over the cell, otherwise it left */
     virtual void legendCellHovered(std::uint64_t index, bool hovered);
+    /** @return whether what the cell stands for is switched on; the label of one that is off is faint. Clicks
+     *  are what switches where the chart takes them so. */
+    virtual bool obtainLegendCellIsOn(std::uint64_t index);
 
 protected:
     ~KXLegendDelegate() = default;

@@ -6,7 +6,9 @@
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
 #include "kx_object_id.h"
+#include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
+#include "ux/ux_key_code.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
@@ -34,6 +36,13 @@ public:
     std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override
     {
         return std::vector<KXObjectID>(index < 100 ? index : 0);
+    }
+
+    bool obtainLegendCellIsOn(std::uint64_t index) override { return !switchedOff.contains(index); }
+    void legendCellClicked(std::uint64_t index, const UXEvent&) override
+    {
+        if (switchedOff.erase(index) == 0)
+            switchedOff.insert(index);
     }
 
     KXLegend& layoutAt(UXPosition position)
@@ -68,7 +77,7 @@ public:
     }
 
     std::uint64_t cellCount = 0;
-    std::set<std::uint64_t> hidden;
+    std::set<std::uint64_t> hidden, switchedOff;
     std::function<std::string(std::uint64_t)> label;
     std::vector<std::uint64_t> askedLabels;
 
@@ -278,4 +287,115 @@ TEST(KXLegendCell, LooksUnderThePointerAsTheProviderSays)
 
     provider.onEffects = [&chart] { chart.reset(); };
     EXPECT_FALSE(cell->mouseMove(move)) << "the provider may destroy the chart";
+}
+
+TEST(KXLegendCell, TheKeyboardWalksClicksAndSwitches)
+{
+    const UXFixedMeasurer measurer;
+    AskedProvider provider;
+    UXDiagram diagram;
+    LegendChart chart;
+    diagram.addChild(&chart);
+    chart.setInteractionProvider(&provider);
+    chart.cellCount = 50;
+    chart.hidden = {1};
+    KXLegend& legend = chart.layoutAt(UXPosition::Right);
+    const auto press = [&diagram](UXKeyCode key) {
+        UXEvent event;
+        event.setKeyCode(static_cast<int>(key));
+        return diagram.keyDown(event);
+    };
+    const auto mouse = [&](bool (UXObject::*entry)(const UXEvent&), std::size_t place) {
+        UXEvent event;
+        event.setMousePoint(chart.cells()[place]->translatePointToParent({2, 2}, nullptr));
+        return (diagram.*entry)(event);
+    };
+    EXPECT_FALSE(press(UXKeyCode::Down)) << "without the focus";
+    diagram.setFocusedObject(&legend);
+    EXPECT_FALSE(press(UXKeyCode::Enter)) << "there is no cell yet";
+
+    using enum UXKeyCode;
+    struct Case {
+        UXKeyCode key;
+        std::uint64_t expected;
+    };
+    // Ten cells of 28 and the top of one more show in 300.
+    const Case cases[] = {{Down, 0},  {Right, 2}, {Up, 0},        {Left, 0},   {End, 49},
+                          {Down, 49}, {Home, 0},  {PageDown, 10}, {PageUp, 0}, {Down, 2}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(static_cast<int>(c.key));
+        EXPECT_TRUE(press(c.key));
+        ASSERT_EQ(legend.getWalkedCell(), c.expected);
+        EXPECT_TRUE(legend.isWalkedTo(c.expected));
+        const std::vector<KXLegendCell*> cells = chart.cells();
+        const auto found = std::find_if(cells.begin(), cells.end(), [&](const KXLegendCell* cell) {
+            return cell->getIndex() == c.expected;
+        });
+        ASSERT_NE(found, cells.end()) << "it is in view";
+        const UXRect rect = (*found)->getRect(), area = chart.view().obtainScrollContentRect();
+        EXPECT_TRUE(rect.y >= area.y && rect.getBottom() <= area.getBottom());
+    }
+
+    EXPECT_TRUE(press(Enter));
+    EXPECT_EQ(provider.asked, std::vector<std::size_t>{2}) << "as a click";
+    EXPECT_TRUE(press(Space));
+    EXPECT_TRUE(chart.switchedOff.empty()) << "the legend takes no clicks";
+    legend.enableCellClick();
+    press(Down);
+    press(Space);
+    EXPECT_TRUE(chart.switchedOff.contains(3));
+    mouse(&UXObject::mouseDown, 2);
+    EXPECT_EQ(diagram.getFocusedObject(), &legend);
+    EXPECT_FALSE(legend.isWalkedTo(3)) << "a press shows no mark";
+    mouse(&UXObject::mouseUp, 2);
+    EXPECT_TRUE(chart.switchedOff.empty());
+    EXPECT_EQ(provider.asked.back(), 3u);
+
+    chart.getChartProperty()->setEnableInteraction(false);
+    const std::size_t asked = provider.asked.size();
+    press(Enter);
+    press(Space);
+    const int effectsAsked = provider.effectsAsked;
+    mouse(&UXObject::mouseMove, 4);
+    EXPECT_TRUE(chart.switchedOff.empty());
+    EXPECT_EQ(provider.asked.size(), asked);
+    EXPECT_EQ(provider.effectsAsked, effectsAsked);
+}
+
+TEST(KXLegendCell, ShowsWhereTheKeyboardIsAndWhatIsOff)
+{
+    const UXFixedMeasurer measurer;
+    UXDiagram diagram;
+    LegendChart chart;
+    diagram.addChild(&chart);
+    chart.cellCount = 40;
+    chart.switchedOff = {0};
+    KXLegend& legend = chart.layoutAt(UXPosition::Right);
+    legend.setColorSeries({UXColor(1, 2, 3)});
+    legend.setScrollBarColor(UXColor(4, 5, 6));
+    legend.setScrollBarSliderColor(UXColor(7, 8, 9));
+    const auto paint = [&chart] {
+        UXRecordingPaintConfig config;
+        chart.paint(&config, chart.getBoundingRect());
+        return config.getRecording().getText();
+    };
+    const std::string usual = paint();
+    for (const char* color : {"120,120,120,0.5", "setColor 4,5,6", "setColor 7,8,9"})
+        EXPECT_NE(usual.find(color), std::string::npos) << color << usual;
+    diagram.setFocusedObject(&legend);
+    UXEvent key;
+    key.setKeyCode(static_cast<int>(UXKeyCode::Home));
+    diagram.keyDown(key);
+    EXPECT_NE(paint(), usual);
+    diagram.setFocusedObject(nullptr);
+    EXPECT_EQ(paint(), usual) << "the mark goes with the focus";
+
+    // The hand shows where the chart is edited, and not where it is presented.
+    KXLegendCell& cell = *chart.cells()[1];
+    UXEvent move(UXEventType::MouseMove);
+    cell.mouseMove(move);
+    EXPECT_EQ(cell.getCursor(), UXCursor::PointingHand);
+    move.addUseCase(1);
+    cell.mouseMove(move);
+    EXPECT_EQ(cell.getCursor(), UXCursor::AsParent);
 }

@@ -16,7 +16,7 @@ bool UXEventDispatcher::press(const UXEvent& event)
     if (path.empty())
         return false;
     m_pressPath = path;
-    m_focus = path.back();
+    setFocusedObject(path.back().getObject());
     m_pressedButton = event.containsEventKey(UXEventKey::RightButton) ? UXEventKey::RightButton
                                                                       : UXEventKey::LeftButton;
     Journey journey{UXEventType::MouseDown, event, {}};
@@ -158,6 +158,17 @@ void UXEventDispatcher::cancelPress()
     UXEvent event;
     _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event);
     _endPress();
+}
+
+void UXEventDispatcher::setFocusedObject(UXObject* object)
+{
+    const UXObjectWatcher old = m_focus;
+    if (old.getObject() == object)
+        return;
+    m_focus = UXObjectWatcher(object);
+    for (UXObject* changed : {old.getObject(), m_focus.getObject()})
+        if (changed && changed->getShowsFocus())
+            changed->invalidate();
 }
 
 bool UXEventDispatcher::_isOnDiagram(const UXObject* object) const

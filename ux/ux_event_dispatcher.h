@@ -48,7 +48,7 @@ public:
 
     bool isPressing() const { return !m_pressPath.empty(); }
     UXObject* getFocusedObject() const { return m_focus.getObject(); }
-    void setFocusedObject(UXObject* object) { m_focus = UXObjectWatcher(object); }
+    void setFocusedObject(UXObject* object);
 
 private:
     /** From the diagram to the deepest object. */

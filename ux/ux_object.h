@@ -302,6 +302,9 @@ public:
     UXCursor getCursor() const { return m_cursor; }
     /** A control takes it up with the next event. */
     void setCursor(UXCursor cursor) { m_cursor = cursor; }
+    /** @return whether the object shows that keys come to it; it is then painted anew when that changes */
+    bool getShowsFocus() const { return m_showsFocus; }
+    void setShowsFocus(bool showsFocus) { m_showsFocus = showsFocus; }
     /** @return from back to front */
     const std::vector<UXObject*>& getChildren() const { return m_children; }
     /** @return the areas that wait here, in the own space */
@@ -398,6 +401,7 @@ private:
     bool m_highlighted = false;
     bool m_selectable = false;
     bool m_selected = false;
+    bool m_showsFocus = false;
     bool m_mousePressing = false;
     bool m_mouseOvering = false;
     bool m_mouseDragging = false;

@@ -107,12 +107,24 @@ void UXScrollBar::setVisible(bool visible)
     UXObject::setVisible(visible);
 }
 
+void UXScrollBar::setTrackColor(const std::optional<UXColor>& color)
+{
+    m_trackColor = color;
+    invalidate();
+}
+
+void UXScrollBar::setSliderColor(const std::optional<UXColor>& color)
+{
+    m_sliderColor = color;
+    invalidate();
+}
+
 void UXScrollBar::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
-    const bool active = getMouseOvering() || m_dragging;
-    if (UXPainter* painter = active ? uxCreatePainterWithObject(config, this) : nullptr) {
+    const bool showsTrack = getMouseOvering() || m_dragging || m_trackColor;
+    if (UXPainter* painter = showsTrack ? uxCreatePainterWithObject(config, this) : nullptr) {
         const UXDoubleRect track = uxInflateDoubleRect(UXDoubleRect(getBoundingRect()), -1.0, -1.0);
-        painter->setColor(trackColor);
+        painter->setColor(m_trackColor.value_or(trackColor));
         uxAddRoundRectanglePath(*painter, track, std::min(track.width, track.height) / 2);
         painter->fill();
         uxDestroyPainter(painter);

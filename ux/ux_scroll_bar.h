@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 class UXScrollBarSlider;
@@ -34,6 +35,13 @@ public:
     const UXScrollRange& getRange() const { return m_range; }
     void setRange(const UXScrollRange& range);
     void setHandlers(const Handlers& handlers) { m_handlers = handlers; }
+
+    /** @return the colour that was set; none where the bar shows its own, and only under the pointer */
+    const std::optional<UXColor>& getTrackColor() const { return m_trackColor; }
+    void setTrackColor(const std::optional<UXColor>& color);
+    /** @return the resting slider's; under the pointer it is darker */
+    const std::optional<UXColor>& getSliderColor() const { return m_sliderColor; }
+    void setSliderColor(const std::optional<UXColor>& color);
 
     /** @return the slider's rectangle in the own space; empty where there is nothing to scroll */
     UXRect obtainSliderRect() const;
@@ -66,6 +74,8 @@ private:
     UXScrollRange m_range;
     Handlers m_handlers;
     UXObjectWatcher m_slider;
+    std::optional<UXColor> m_trackColor;
+    std::optional<UXColor> m_sliderColor;
     UXScrollRange m_grabbedRange;
     UXSliderSpan m_grabbedSpan;
     int m_grabbedAlong = 0;

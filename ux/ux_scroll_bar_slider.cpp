@@ -5,6 +5,7 @@
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_round_rectangle.h"
+#include "ux/ux_saturate.h"
 #include "ux/ux_scroll_bar.h"
 
 #include <algorithm>
@@ -14,6 +15,16 @@ namespace {
 constexpr UXColor restingColor{196, 199, 207};
 constexpr UXColor hoveredColor{164, 168, 178};
 constexpr UXColor draggedColor{132, 137, 149};
+
+// A colour that was set keeps this share of its brightness.
+constexpr double hoveredShare = 0.84;
+constexpr double draggedShare = 0.68;
+
+UXColor darken(const UXColor& color, double share)
+{
+    const auto part = [share](int channel) { return uxSaturateToInt(channel * share); };
+    return {part(color.red), part(color.green), part(color.blue), color.alpha};
+}
 
 constexpr double restingInset = 3; // logical units, on every side
 constexpr double activeInset = 2;
@@ -88,7 +99,10 @@ UXScrollBar* UXScrollBarSlider::_obtainBar() const { return dynamic_cast<UXScrol
 UXColor UXScrollBarSlider::_obtainSliderColor() const
 {
     const UXScrollBar* bar = _obtainBar();
+    const std::optional<UXColor> own = bar ? bar->getSliderColor() : std::nullopt;
     if (bar && bar->isDragging())
-        return draggedColor;
-    return getMouseOvering() ? hoveredColor : restingColor;
+        return own ? darken(*own, draggedShare) : draggedColor;
+    if (getMouseOvering())
+        return own ? darken(*own, hoveredShare) : hoveredColor;
+    return own.value_or(restingColor);
 }

@@ -110,6 +110,18 @@ bool UXVirtualScrollView::hasHorizontalScrollBar() const { return _obtainShownBa
 
 bool UXVirtualScrollView::hasVerticalScrollBar() const { return _obtainShownBars().vertical; }
 
+void UXVirtualScrollView::setScrollBarColor(const std::optional<UXColor>& color)
+{
+    m_barColor = color;
+    _colorBars();
+}
+
+void UXVirtualScrollView::setScrollBarSliderColor(const std::optional<UXColor>& color)
+{
+    m_barSliderColor = color;
+    _colorBars();
+}
+
 void UXVirtualScrollView::setScrollPadding(const UXPadding& padding)
 {
     m_scrollPadding = padding;
@@ -336,6 +348,15 @@ void UXVirtualScrollView::_areaChanged()
         _setOffsets(m_horizontal.offset, m_vertical.offset, UXEvent(), nullptr);
 }
 
+void UXVirtualScrollView::_colorBars()
+{
+    for (const bool horizontal : {true, false})
+        if (auto* bar = static_cast<UXScrollBar*>(_obtainDirection(horizontal).bar.getObject())) {
+            bar->setTrackColor(m_barColor);
+            bar->setSliderColor(m_barSliderColor);
+        }
+}
+
 void UXVirtualScrollView::_updateBars()
 {
     const UXRect area = _obtainAreaWithBars(), content = obtainScrollContentRect();
@@ -374,6 +395,7 @@ UXScrollBar* UXVirtualScrollView::_makeBar(bool horizontal)
                       },
                       [this](const UXEvent& event) { userScrollingDidEnd(event); }});
     UXObject::addChild(bar);
+    _colorBars();
     return bar;
 }
 

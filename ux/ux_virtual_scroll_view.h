@@ -6,6 +6,7 @@
 #include "ux/ux_scroll_range.h"
 
 #include <cstdint>
+#include <optional>
 
 class UXVirtualScrollViewDelegate;
 
@@ -49,6 +50,10 @@ public:
     bool hasHorizontalScrollBar() const;
     bool hasVerticalScrollBar() const;
 
+    /** Sets the colours of both bars, those included that do not show yet; without one a bar shows its own.
+     */
+    void setScrollBarColor(const std::optional<UXColor>& color);
+    void setScrollBarSliderColor(const std::optional<UXColor>& color);
     /** @return the bar, a child; null while it does not show */
     UXScrollBar* getHorizontalScrollBar() const;
     UXScrollBar* getVerticalScrollBar() const;
@@ -113,6 +118,7 @@ private:
     void _areaChanged();
 
     // Bars
+    void _colorBars();
     void _updateBars();
     void _updateBar(bool horizontal, bool shown, const UXRect& rect);
     UXScrollBar* _makeBar(bool horizontal);
@@ -132,6 +138,8 @@ private:
     Direction m_horizontal;
     Direction m_vertical;
     UXPadding m_scrollPadding;
+    std::optional<UXColor> m_barColor;
+    std::optional<UXColor> m_barSliderColor;
     std::int64_t m_movedX = 0;
     std::int64_t m_movedY = 0;
     bool m_alwaysShowScrollBar = false;
