@@ -4,41 +4,48 @@
 #include "ux/ux_key_code.h"
 #include "view_control.h"
 
+namespace {
+
+struct KeyCode {
+    SDL_Keycode key;
+    int code;
+};
+
+constexpr KeyCode keyCodes[] = {
+    {SDLK_BACKSPACE, static_cast<int>(UXKeyCode::Backspace)},
+    {SDLK_TAB, static_cast<int>(UXKeyCode::Tab)},
+    {SDLK_RETURN, static_cast<int>(UXKeyCode::Enter)},
+    {SDLK_KP_ENTER, static_cast<int>(UXKeyCode::Enter)},
+    {SDLK_ESCAPE, static_cast<int>(UXKeyCode::Escape)},
+    {SDLK_SPACE, static_cast<int>(UXKeyCode::Space)},
+    {SDLK_PAGEUP, static_cast<int>(UXKeyCode::PageUp)},
+    {SDLK_PAGEDOWN, static_cast<int>(UXKeyCode::PageDown)},
+    {SDLK_END, static_cast<int>(UXKeyCode::End)},
+    {SDLK_HOME, static_cast<int>(UXKeyCode::Home)},
+    {SDLK_LEFT, static_cast<int>(UXKeyCode::Left)},
+    {SDLK_UP, static_cast<int>(UXKeyCode::Up)},
+    {SDLK_RIGHT, static_cast<int>(UXKeyCode::Right)},
+    {SDLK_DOWN, static_cast<int>(UXKeyCode::Down)},
+    {SDLK_DELETE, static_cast<int>(UXKeyCode::Delete)},
+    {SDLK_0, static_cast<int>(ViewKeyCode::Digit0)},
+    {SDLK_KP_0, static_cast<int>(ViewKeyCode::Digit0)},
+    {SDLK_q, static_cast<int>(ViewKeyCode::Q)},
+    {SDLK_APPLICATION, static_cast<int>(ViewKeyCode::ContextMenu)},
+    {SDLK_MENU, static_cast<int>(ViewKeyCode::ContextMenu)},
+    {SDLK_F10, static_cast<int>(ViewKeyCode::F10)},
+    {SDLK_F12, static_cast<int>(ViewKeyCode::F12)},
+    {SDLK_PLUS, static_cast<int>(ViewKeyCode::Plus)},
+    {SDLK_EQUALS, static_cast<int>(ViewKeyCode::Plus)},
+    {SDLK_KP_PLUS, static_cast<int>(ViewKeyCode::Plus)},
+    {SDLK_MINUS, static_cast<int>(ViewKeyCode::Minus)},
+    {SDLK_KP_MINUS, static_cast<int>(ViewKeyCode::Minus)},
+};
+
+} // namespace
+
 int obtainKeyCode(SDL_Keycode key)
 {
-    static constexpr struct {
-        SDL_Keycode key;
-        int code;
-    } codes[] = {
-        {SDLK_BACKSPACE, static_cast<int>(UXKeyCode::Backspace)},
-        {SDLK_TAB, static_cast<int>(UXKeyCode::Tab)},
-        {SDLK_RETURN, static_cast<int>(UXKeyCode::Enter)},
-        {SDLK_KP_ENTER, static_cast<int>(UXKeyCode::Enter)},
-        {SDLK_ESCAPE, static_cast<int>(UXKeyCode::Escape)},
-        {SDLK_SPACE, static_cast<int>(UXKeyCode::Space)},
-        {SDLK_PAGEUP, static_cast<int>(UXKeyCode::PageUp)},
-        {SDLK_PAGEDOWN, static_cast<int>(UXKeyCode::PageDown)},
-        {SDLK_END, static_cast<int>(UXKeyCode::End)},
-        {SDLK_HOME, static_cast<int>(UXKeyCode::Home)},
-        {SDLK_LEFT, static_cast<int>(UXKeyCode::Left)},
-        {SDLK_UP, static_cast<int>(UXKeyCode::Up)},
-        {SDLK_RIGHT, static_cast<int>(UXKeyCode::Right)},
-        {SDLK_DOWN, static_cast<int>(UXKeyCode::Down)},
-        {SDLK_DELETE, static_cast<int>(UXKeyCode::Delete)},
-        {SDLK_0, static_cast<int>(ViewKeyCode::Digit0)},
-        {SDLK_KP_0, static_cast<int>(ViewKeyCode::Digit0)},
-        {SDLK_q, static_cast<int>(ViewKeyCode::Q)},
-        {SDLK_APPLICATION, static_cast<int>(ViewKeyCode::ContextMenu)},
-        {SDLK_MENU, static_cast<int>(ViewKeyCode::ContextMenu)},
-        {SDLK_F10, static_cast<int>(ViewKeyCode::F10)},
-        {SDLK_F12, static_cast<int>(ViewKeyCode::F12)},
-        {SDLK_PLUS, static_cast<int>(ViewKeyCode::Plus)},
-        {SDLK_EQUALS, static_cast<int>(ViewKeyCode::Plus)},
-        {SDLK_KP_PLUS, static_cast<int>(ViewKeyCode::Plus)},
-        {SDLK_MINUS, static_cast<int>(ViewKeyCode::Minus)},
-        {SDLK_KP_MINUS, static_cast<int>(ViewKeyCode::Minus)},
-    };
-    for (const auto& [known, code] : codes) {
+    for (const auto& [known, code] : keyCodes) {
         if (known == key)
             return code;
     }

@@ -223,6 +223,8 @@ void ViewWindow::_copyToScreen(std::vector<UXRect> areas)
 {
     const UXCairoImagePaintConfig& picture = m_control.getPicture();
     const UXSize size = picture.getPixelSize();
+    if (!picture.isPaintConfigValid())
+        return;
     SDL_Surface* screen = SDL_GetWindowSurface(m_window.get());
     // SDL only reads from the pixels, though it cannot say so.
     const std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)> pixels(
