@@ -24,7 +24,8 @@ constexpr UXColor strongColor(17, 24, 39), quietColor(75, 85, 99);
 // Of a line that is too narrow for both, a value takes this much before its label is given any.
 constexpr int valueShare = 3, ofShares = 5;
 
-enum class Role { Title, LoneTitle, Text, Label, Value };
+/** The last text is one that no rows follow: it says what the others lead to. */
+enum class Role { Title, LoneTitle, Text, LastText, Label, Value };
 
 /** How much of a hint is given up, so that the rest fits. */
 enum class Level { Whole, OneLineHead, TitleAndRows };
@@ -34,7 +35,7 @@ UXTextProperty obtainOwnLook(Role role)
     UXTextProperty look;
     look.font.size = role == Role::Title ? titleSize : textSize;
     look.font.bold = role == Role::Title;
-    look.lineMode = role == Role::Title || role == Role::LoneTitle || role == Role::Text ? wrapLineMode : 2;
+    look.lineMode = role == Role::Label || role == Role::Value ? 2 : wrapLineMode;
     look.textColor = role == Role::Text || role == Role::Label ? quietColor : strongColor;
     return look;
 }
@@ -140,7 +141,7 @@ void Builder::_collect()
     const bool isAlone = m_info.text.empty() && m_info.rows.empty() && m_info.footerRows.empty();
     _addHead(m_info.title, m_info.titleProperty, isAlone ? Role::LoneTitle : Role::Title);
     if (m_level != Level::TitleAndRows)
-        _addHead(m_info.text, m_info.textProperty, Role::Text);
+        _addHead(m_info.text, m_info.textProperty, m_info.rows.empty() ? Role::LastText : Role::Text);
 
     // No more rows are measured than could fit if all were one unit high.
     const int most = std::max(m_limit.height, 0) / (rowGap + 1) + 1;
