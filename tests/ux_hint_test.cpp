@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -150,6 +151,7 @@ namespace {
 class Control : public UXControl {
 public:
     int notified = 0;
+    std::function<void()> onNotify;
     UXRecordingPaintConfig* config = nullptr;
 
     explicit Control(UXContext& context, UXDiagram& diagram)
@@ -157,7 +159,12 @@ public:
         context.setActiveDiagram(this, &diagram);
         setControlRect({0, 0, 400, 300});
     }
-    void notifyDirtyRect(UXDiagram*) override { ++notified; }
+    void notifyDirtyRect(UXDiagram*) override
+    {
+        ++notified;
+        if (onNotify)
+            onNotify();
+    }
     UXPaintConfig* obtainPaintConfig(UXDiagram*) override { return config; }
 };
 
@@ -320,6 +327,20 @@ TEST_F(UXHintScreen, EndsWithWhatItStandsFor)
     context.setActiveDiagram(&control, other.get());
     delegates[1]->showHint({5, 5}, nullptr, &infos[1]);
     EXPECT_FALSE(hint());
+}
+
+TEST_F(UXHintScreen, AControlThatIsToldOfItMayDestroyIt)
+{
+    auto doomed = std::make_unique<UXGlobalControlSpaceEventDiagram>();
+    diagram.unregisterGlobalEventDiagram(&screen);
+    diagram.registerGlobalEventDiagram(doomed.get());
+    move(150, 150);
+    ASSERT_EQ(doomed->getVisibleHints().size(), 1U);
+    control.onNotify = [&] { doomed.reset(); };
+    EXPECT_FALSE(doomed->mouseDown(UXEvent()));
+    EXPECT_FALSE(doomed);
+    control.onNotify = {};
+    move(160, 150);
 }
 
 TEST_F(UXHintScreen, StandsOnEveryControlInItsOwnSize)

@@ -175,27 +175,31 @@ void UXGlobalControlSpaceEventDiagram::flushDirtyRect()
 
 bool UXGlobalControlSpaceEventDiagram::mouseDown(const UXEvent& event)
 {
+    const UXObjectWatcher watcher(this);
     hideHint(nullptr, event.getControl());
-    return UXGlobalEventDiagram::mouseDown(event);
+    return watcher.isAlive() && UXGlobalEventDiagram::mouseDown(event);
 }
 
 bool UXGlobalControlSpaceEventDiagram::mouseMove(const UXEvent& event)
 {
+    const UXObjectWatcher watcher(this);
     _notePointer(event);
-    return UXGlobalEventDiagram::mouseMove(event);
+    return watcher.isAlive() && UXGlobalEventDiagram::mouseMove(event);
 }
 
 bool UXGlobalControlSpaceEventDiagram::mouseEnter(const UXEvent& event)
 {
+    const UXObjectWatcher watcher(this);
     _notePointer(event);
-    return UXGlobalEventDiagram::mouseEnter(event);
+    return watcher.isAlive() && UXGlobalEventDiagram::mouseEnter(event);
 }
 
 bool UXGlobalControlSpaceEventDiagram::mouseLeave(const UXEvent& event)
 {
+    const UXObjectWatcher watcher(this);
     _forgetPointer(event.getControl());
     hideHint(nullptr, event.getControl());
-    return UXGlobalEventDiagram::mouseLeave(event);
+    return watcher.isAlive() && UXGlobalEventDiagram::mouseLeave(event);
 }
 
 bool UXGlobalControlSpaceEventDiagram::keyDown(const UXEvent& event)
@@ -211,8 +215,9 @@ bool UXGlobalControlSpaceEventDiagram::keyDown(const UXEvent& event)
 
 bool UXGlobalControlSpaceEventDiagram::controlSize(const UXEvent& event)
 {
+    const UXObjectWatcher watcher(this);
     hideHint(nullptr, event.getControl());
-    return UXGlobalEventDiagram::controlSize(event);
+    return watcher.isAlive() && UXGlobalEventDiagram::controlSize(event);
 }
 
 void UXGlobalControlSpaceEventDiagram::servedDiagramLeft() { _requireUpdate(); }
