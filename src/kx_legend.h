@@ -87,10 +87,10 @@ public:
     bool isLabelCut(const std::string& label, int cellWidth) const;
     /** @return what the provider answers for the cell now, the caller's to delete */
     std::vector<KXInteractionEffect*> obtainCellEffects(std::uint64_t index) const;
+    bool isCellOn(std::uint64_t index) const;
     bool obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const;
 
     // What a cell tells, for the delegate
-    bool isCellOn(std::uint64_t index) const;
     void cellClicked(std::uint64_t index, const UXEvent& event);
     void cellHovered(std::uint64_t index, bool hovered);
 

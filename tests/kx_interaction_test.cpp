@@ -1,0 +1,281 @@
+#include "kx_interaction.h"
+
+#include "kx_chart_label.h"
+#include "kx_chart_property.h"
+#include "kx_interaction_color_effect.h"
+#include "kx_interaction_highlight_brightness_effect.h"
+#include "kx_interaction_highlight_color_pattern_effect.h"
+#include "kx_interaction_highlight_complementary_info_effect.h"
+#include "kx_interaction_highlight_size_effect.h"
+#include "kx_test_provider.h"
+#include "kx_value_chart.h"
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_event.h"
+#include "ux/ux_message_right_click_param.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+/** Answers with what a test sets, and notes what it is asked. */
+class OperationProvider : public KXInteractionProvider {
+public:
+    KXInteractionOperation obtainInteractionOperation(const std::vector<KXObjectID>& objectIDs,
+                                                      const KXInteractionEventInfo& info) override
+    {
+        asked.push_back(objectIDs);
+        lastInfo = info;
+        if (onAsked)
+            onAsked();
+        return operation;
+    }
+    KXInteractionOperation operation;
+    std::vector<std::vector<KXObjectID>> asked;
+    KXInteractionEventInfo lastInfo;
+    std::function<void()> onAsked;
+};
+
+/** A user that counts its uses of the provider, and can itself have conditions.
+ */
+class InteractiveUser : public UXObject, public KXInteraction, public KXInteractionUser {
+public:
+    InteractiveUser() : KXInteraction(this) {}
+    std::string customSerializeTypeID() override { return "InteractiveUser"; }
+    void endUseInteractionProvider() override { ++ended; }
+    int ended = 0;
+};
+
+/** A chart's part that opens its dispatch. */
+class Part : public UXObject, public KXInteraction {
+public:
+    Part() : KXInteraction(this) {}
+    std::string customSerializeTypeID() override { return "Part"; }
+    bool dispatch(KXInteractionUser& user, bool post, const UXEvent& event, KXInteractionEventType type,
+                  const std::vector<KXObjectID>& ids, const KXInteractionCondition& condition = {})
+    {
+        return _triggerRegisteredInteraction(&user, post, event, type, ids, condition);
+    }
+};
+
+KXObjectID makeID(std::uint64_t index)
+{
+    return KXObjectID::instance().path(kxCreateObjectIDPath(std::string("part"))).index(index);
+}
+
+class KXInteractionTest : public testing::Test {
+protected:
+    KXInteractionTest() { user.setInteractionProvider(&provider); }
+
+    using Type = KXInteractionEventType;
+    OperationProvider provider;
+    InteractiveUser user;
+    Part part;
+    UXEvent event;
+};
+
+TEST_F(KXInteractionTest, TellsTheProviderTheButtonAndTheModifiers)
+{
+    struct Case {
+        const char* name;
+        std::vector<UXEventKey> keys;
+        int button;
+        bool first, second, third;
+    };
+    using enum UXEventKey;
+    const Case cases[] = {
+        {"none", {}, 0, false, false, false},
+        {"left", {LeftButton, Shift}, 1, true, false, false},
+        {"right", {RightButton, Ctrl}, 3, false, true, false},
+        {"left before right", {RightButton, LeftButton, Alt}, 1, false, false, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        UXEvent click;
+        for (const UXEventKey key : c.keys)
+            click.addEventKey(key);
+        EXPECT_TRUE(part.dispatch(user, true, click, Type::LeftClick, {makeID(1)}));
+        const KXInteractionEventInfo& info = provider.lastInfo;
+        EXPECT_EQ(std::tie(info.buttonCode, info.firstModifier, info.secondModifier, info.thirdModifier),
+                  std::tie(c.button, c.first, c.second, c.third));
+    }
+}
+
+TEST_F(KXInteractionTest, EveryConditionHasItsSayForItsTypeOfEvent)
+{
+    enum class Says { Nothing, Yes, No };
+    struct Case {
+        const char* name;
+        Says call, own, ofUser;
+        Type conditionsFor;
+        bool empty, asked;
+    };
+    using enum Says;
+    const Case cases[] = {
+        {"none", Nothing, Nothing, Nothing, Type::MouseEnter, false, true},
+        {"no identifiers", Nothing, Nothing, Nothing, Type::MouseEnter, true, false},
+        {"the call's refuses", No, Yes, Yes, Type::MouseEnter, false, false},
+        {"the call's goes before the part's own", Yes, No, Nothing, Type::MouseEnter, false, true},
+        {"the part's own refuses", Nothing, No, Yes, Type::MouseEnter, false, false},
+        {"the user's refuses beside the call's", Yes, Nothing, No, Type::MouseEnter, false, false},
+        {"the user's refuses beside the part's", Nothing, Yes, No, Type::MouseEnter, false, false},
+        {"all agree", Yes, Yes, Yes, Type::MouseEnter, false, true},
+        {"those of another type have none", Nothing, No, No, Type::LeftClick, false, true},
+    };
+    const auto condition = [](Says says) {
+        return says == Nothing ? KXInteractionCondition()
+                               : [says](Type, const UXEvent&) { return says == Yes; };
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Part fresh;
+        InteractiveUser freshUser;
+        freshUser.setInteractionProvider(&provider);
+        fresh.registerInteractionTriggerCondition(c.conditionsFor, condition(c.own));
+        freshUser.registerInteractionTriggerCondition(c.conditionsFor, condition(c.ofUser));
+        provider.asked.clear();
+        const std::vector<KXObjectID> ids(c.empty ? 0 : 1, makeID(1));
+        EXPECT_TRUE(fresh.dispatch(freshUser, true, event, Type::MouseEnter, ids, condition(c.call)))
+            << "handled, whatever came of it";
+        EXPECT_EQ(provider.asked.size(), c.asked ? 1u : 0u);
+        EXPECT_EQ(freshUser.ended, c.asked ? 1 : 0) << "every use is ended";
+    }
+}
+
+TEST_F(KXInteractionTest, EveryRegistrationSaysWhatIsPointedAt)
+{
+    const std::vector<KXObjectID> two{makeID(1), makeID(2)};
+    const KXInteractionObjectIDs perEvent = [](const UXEvent& e) {
+        return std::vector<KXObjectID>{makeID(static_cast<std::uint64_t>(e.getMousePoint().x))};
+    };
+    const KXInteractionCondition yes = [](Type, const UXEvent&) { return true; };
+    const KXInteractionCondition no = [](Type, const UXEvent&) { return false; };
+    const std::set<Type> types{Type::LeftClick, Type::RightClick};
+    struct Case {
+        const char* name;
+        std::function<void()> registerIt;
+        std::vector<std::vector<KXObjectID>> expected;
+    };
+    const Case cases[] = {
+        {"one", [&] { part.registerInteraction(&user, types, makeID(3)); }, {{makeID(3)}}},
+        {"one on a condition", [&] { part.registerInteraction(&user, types, makeID(4), no); }, {}},
+        {"a list", [&] { part.registerInteraction(&user, types, two); }, {two}},
+        {"a list on a condition", [&] { part.registerInteraction(&user, types, two, yes); }, {two}},
+        {"by event", [&] { part.registerInteraction(&user, types, perEvent); }, {{makeID(7)}}},
+        {"by event on a condition", [&] { part.registerInteraction(&user, types, perEvent, no); }, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.registerIt();
+        for (const UXEventType type : {UXEventType::LeftClick, UXEventType::RightClick}) {
+            provider.asked.clear();
+            UXEvent click(type);
+            click.setMousePoint({7, 0});
+            EXPECT_TRUE(part.triggerEventHandler(click));
+            EXPECT_EQ(provider.asked, c.expected) << "once: a registration replaces the one before";
+        }
+    }
+    EXPECT_FALSE(part.triggerEventHandler(UXEvent(UXEventType::MouseEnter))) << "nobody cares";
+}
+
+TEST_F(KXInteractionTest, DoesWhatTheProviderSays)
+{
+    class MenuControl : public UXControl {
+    public:
+        void notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint) override { menu = param->data; }
+        void* menu = nullptr;
+    };
+    UXContext context;
+    UXDiagram diagram(&context);
+    MenuControl control;
+    context.setActiveDiagram(&control, &diagram);
+    diagram.addChild(&part);
+
+    int runs = 0, menu = 0;
+    provider.operation.action = [&runs] { ++runs; };
+    provider.operation.contextMenu = &menu;
+    part.dispatch(user, true, event, Type::RightClick, {makeID(1)});
+    EXPECT_EQ(runs, 0) << "the action waits for the end of the dispatch";
+    EXPECT_EQ(control.menu, &menu);
+    event.runPostedActions();
+    EXPECT_EQ(runs, 1);
+    part.triggerInteraction(&user, Type::LeftClick, makeID(1));
+    part.triggerInteraction(&user, Type::LeftClick, std::vector<KXObjectID>{makeID(1)});
+    EXPECT_EQ(runs, 3) << "without an event it runs at once";
+
+    user.setInteractionProvider(nullptr);
+    EXPECT_TRUE(part.dispatch(user, true, event, Type::LeftClick, {makeID(1)}));
+    KXValueChart chart;
+    chart.setInteractionProvider(&provider);
+    chart.getChartProperty()->setEnableInteraction(false);
+    provider.asked.clear();
+    EXPECT_TRUE(part.dispatch(chart, true, event, Type::LeftClick, {makeID(1)}));
+    EXPECT_TRUE(provider.asked.empty()) << "the chart answers no pointer";
+
+    auto* doomed = new Part;
+    user.setInteractionProvider(&provider);
+    provider.onAsked = [doomed] { delete doomed; };
+    EXPECT_TRUE(doomed->dispatch(user, true, event, Type::LeftClick, {makeID(1)}));
+}
+
+TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
+{
+    const UXFixedMeasurer measurer;
+    const auto makeSize = [](double ratio) {
+        auto effect = std::make_unique<KXInteractionHighlightSizeEffect>();
+        effect->setSizeRatio(ratio);
+        return effect;
+    };
+    const auto makePattern = [](std::unique_ptr<KXInteractionEffect> lines) {
+        return std::make_unique<KXInteractionHighlightColorPatternEffect>(
+            std::make_unique<KXInteractionColorEffect>(UXColor(9, 9, 9)), std::move(lines));
+    };
+    struct Case {
+        const char* name;
+        std::unique_ptr<KXInteractionEffect> effect;
+        KXHighlightState state;
+        std::string look;
+        bool glows;
+    };
+    using enum KXHighlightState;
+    Case cases[] = {
+        {"usual", nullptr, None, "100,0,0", false},
+        {"colour", std::make_unique<KXInteractionColorEffect>(UXColor(1, 2, 3)), None, "1,2,3", false},
+        {"brightness", std::make_unique<KXInteractionHighlightBrightnessEffect>(0.5), None, "177,127,127",
+         false},
+        {"pattern", makePattern(std::make_unique<KXInteractionColorEffect>(UXColor(4, 5, 6))), None, "4,5,6",
+         false},
+        {"pattern of fills alone", makePattern(nullptr), None, "100,0,0", false},
+        {"size", makeSize(1.5), None, "30", false},
+        {"dimmed", nullptr, Dimmed, "100,0,0,0.35", false},
+        {"lit", nullptr, Lit, "100,0,0,0.12", true},
+        {"lit as the host says", std::make_unique<KXInteractionColorEffect>(UXColor(7, 8, 9)), Lit, "7,8,9",
+         false},
+    };
+    for (Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXChartLabel label;
+        UXTextProperty property;
+        property.font.size = 20;
+        property.textColor = UXColor(100, 0, 0);
+        label.setTextProperty(property);
+        label.setText("text");
+        label.setRect({10, 20, 40, 20});
+        label.updateInteractionEffects({c.effect.release()});
+        label.updateHighlightState(c.state);
+        UXRecordingPaintConfig config;
+        label.paint(&config, label.getBoundingRect());
+        const std::string drawn = config.getRecording().getText();
+        EXPECT_NE(drawn.find(c.look), std::string::npos) << drawn;
+        EXPECT_EQ(drawn.find("fill") != std::string::npos, c.glows) << drawn;
+        EXPECT_EQ(label.inRect({-3, 0, 1, 1}), c.glows || label.obtainDrawnSizeRatio() > 1)
+            << "what reaches over the edge is painted with it";
+    }
+}
+
+} // namespace
