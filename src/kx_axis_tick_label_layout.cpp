@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 namespace {
@@ -175,6 +176,15 @@ bool KXAxisTickLabelLayout::hasRoomForHeight(double textHeight, const UXPoint& t
     if (m_degrees == 0)
         return needed <= _obtainRoomAcross(tick, area);
     return needed <= area.width;
+}
+
+UXPoint KXAxisTickLabelLayout::obtainFoot(const UXPoint& point, double textHeight, const UXPoint& tick) const
+{
+    if (m_degrees != -45)
+        return point;
+    // The middle of a line lies beside its tick, so that its corner touches the edge.
+    const int beside = uxRoundToInt(textHeight / 2 * m_cos) * (m_side == UXPosition::Top ? -1 : 1);
+    return {uxSaturateToInt(std::int64_t{point.x} + point.y - tick.y - beside), tick.y};
 }
 
 /** @return a distance in the directions of the text: along its line, and down from line to line */

@@ -59,6 +59,10 @@ public:
     /** @return whether the area is high enough, across the direction of the text, for the text's height */
     bool hasRoomForHeight(double textHeight, const UXPoint& tick, const UXRect& area) const;
 
+    /** @param tick any, whose y is where labels begin
+     *  @return where along the axis the tick of a label through the point would be; otherwise the point */
+    UXPoint obtainFoot(const UXPoint& point, double textHeight, const UXPoint& tick) const;
+
     bool isOverlapping(const KXAxisTickLabelPlace& a, const KXAxisTickLabelPlace& b) const;
     bool holdsPoint(const KXAxisTickLabelPlace& place, const UXPoint& point) const;
 

@@ -147,7 +147,9 @@ public:
     bool isNextToScrollBar() const;
     UXRect obtainContentRectWithoutScrollBar() const;
 
-    // From UXJsonObject
+    // From UXHintDelegate and UXJsonObject
+    /** @return the label at a point, empty where none is drawn */
+    UXRect obtainHintArea(UXPoint point) override;
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
@@ -236,6 +238,7 @@ private:
     void _showLabels();
     void _growLabels(std::size_t count);
     bool _readLabels();
+    const PlacedLabel* _findLabelAt(const UXPoint& point) const;
     bool _obtainHiddenText(const UXPoint& point, std::string& text);
     bool _findTickAt(const UXPoint& point, Tick& tick, bool& isFound);
 

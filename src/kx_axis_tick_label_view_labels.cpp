@@ -248,16 +248,28 @@ bool KXAxisTickLabelView::customMouseLeave(const UXEvent& event, bool& stop)
     return KXAxisChartBaseLayer::customMouseLeave(event, stop);
 }
 
+UXRect KXAxisTickLabelView::obtainHintArea(UXPoint point)
+{
+    const PlacedLabel* label = _findLabelAt(point);
+    return label ? label->rect : UXRect();
+}
+
+const KXAxisTickLabelView::PlacedLabel* KXAxisTickLabelView::_findLabelAt(const UXPoint& point) const
+{
+    const KXAxisTickLabelLayout layout = _obtainLayout();
+    const auto found = std::find_if(
+        m_placedLabels.begin(), m_placedLabels.end(),
+        [&](const PlacedLabel& label) { return layout.holdsPoint(label.place, point); });
+    return found == m_placedLabels.end() ? nullptr : &*found;
+}
+
 /** @param text receives the label at a point that cannot be read there, nothing where there is none
  *  @return false once the view has gone */
 bool KXAxisTickLabelView::_obtainHiddenText(const UXPoint& point, std::string& text)
 {
-    const KXAxisTickLabelLayout layout = _obtainLayout();
-    for (const PlacedLabel& label : m_placedLabels) {
-        if (!layout.holdsPoint(label.place, point))
-            continue;
-        if (label.isCut())
-            text = label.wholeText;
+    if (const PlacedLabel* label = _findLabelAt(point)) {
+        if (label->isCut())
+            text = label->wholeText;
         return true;
     }
     if (!m_showTickLabels || !m_scale.isValid || m_updating)
@@ -274,11 +286,13 @@ bool KXAxisTickLabelView::_obtainHiddenText(const UXPoint& point, std::string& t
     return true;
 }
 
-/** Finds the tick that a point lies beside. */
+/** Finds the tick whose label would lie at a point. */
 bool KXAxisTickLabelView::_findTickAt(const UXPoint& point, Tick& tick, bool& isFound)
 {
-    const double x = static_cast<double>(point.x) + m_scale.origin.x - m_scale.start.x;
-    const double y = static_cast<double>(point.y) + m_scale.origin.y - m_scale.start.y;
+    const double height = m_placedLabels.empty() ? 0 : m_placedLabels.front().place.size.height;
+    const UXPoint foot = _obtainLayout().obtainFoot(point, height, _obtainTickPoint(m_scale.start));
+    const double x = static_cast<double>(foot.x) + m_scale.origin.x - m_scale.start.x;
+    const double y = static_cast<double>(foot.y) + m_scale.origin.y - m_scale.start.y;
     const double along = x * m_scale.xNotation - (m_scale.xNotation == 0 ? y * m_scale.yNotation : 0);
     const double value = m_scale.first + along / m_scale.spacing;
     const std::optional<int> next = _findTick(value);

@@ -447,12 +447,13 @@ bool KXAxisTickLabelView::_calcLongestTickLabelLength()
 {
     if (!m_showTickLabels)
         return true;
+    const KXAxisTickLabelLayout layout = _obtainLayout();
     for (Tick& tick : m_visibleTicks) {
         if (!_isShown(tick))
             continue;
         if (!_measureTick(tick))
             return false;
-        const double length = _obtainLayout().obtainBandLength(*tick.size);
+        const double length = layout.obtainBandLength(*tick.size);
         m_longestLabelLength = (std::max)(m_longestLabelLength, uxSaturateToInt(std::ceil(length - noise)));
     }
     return true;

@@ -492,7 +492,10 @@ TEST(KXAxisTickLabelView, LabelsThatAreLeftOutAreToldByAHint)
     EXPECT_EQ(labels.hintAt({140, 40}), labels.text(1));
     EXPECT_EQ(labels.hintAt({200, 5}), "") << "it can be read";
     EXPECT_EQ(labels.hintAt({210, 40}), "");
-    labels.hintAt({100, 40});
+    labels.view->setTickLabelRotationType(Rotation::Degrees45);
+    labels.setTicks(100, 10, 8);
+    EXPECT_EQ(labels.values()[1], 4);
+    EXPECT_EQ(labels.hintAt({284, 10}), labels.text(29)) << "where the sloping label would be";
     labels.view->mouseLeave(UXEvent(UXEventType::MouseLeave));
     EXPECT_FALSE(labels.view->getHintVisible());
 }
