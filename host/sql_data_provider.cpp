@@ -1,6 +1,7 @@
 #include "sql_data_provider.h"
 
 #include <cmath>
+#include <limits>
 
 #include "host_error.h"
 #include "kx_axis_chart_data_user.h"
@@ -229,6 +230,17 @@ std::string SqlDataProvider::obtainValueDataString(KXChartDataUser*, const KXInd
 {
     const SqlValue value = _findValue(path);
     return value.isNull ? m_binding.nullText : value.text;
+}
+
+void SqlDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t series,
+                                         std::uint64_t firstCategory, std::span<double> values)
+{
+    KXIndexPath path = obtainSeriesValuePath(user, series, firstCategory);
+    for (double& value : values) {
+        const SqlValue found = _findValue(path);
+        value = found.isNull ? std::numeric_limits<double>::quiet_NaN() : found.number;
+        ++path[1];
+    }
 }
 
 KXChartDataProviderHintData SqlDataProvider::obtainHintData(KXChartDataUser* user, const KXIndexPath& path)

@@ -68,8 +68,12 @@ public:
     double obtainValueData(KXChartDataUser* user, const KXIndexPath& path) override;
     std::string obtainValueDataString(KXChartDataUser* user, const KXIndexPath& path) override;
 
-    // From KXValueChartDataProvider and KXAxisChartDataProvider
-    /** @return nothing for an axis chart, whose own hint lists every series */
+    // From KXAxisChartDataProvider
+    void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
+                            std::span<double> values) override;
+
+    // From the providers of each kind of chart
+    /** @return nothing for an axis chart, which lists its series by itself */
     KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path) override;
 
 private:

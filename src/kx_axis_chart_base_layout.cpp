@@ -339,6 +339,8 @@ void KXAxisChartBase::_placeScroll(const Bands& bands, bool scrolls)
     m_plot->setContentHeight(lies ? 0 : extent);
     if (!scrolled)
         return;
+    m_plot->setScrollBarColor(scrolled->property->getScrollBarColor());
+    m_plot->setScrollBarSliderColor(scrolled->property->getScrollBarSliderColor());
 
     // The same category stands first as before, whatever the spacing is now.
     const double first = m_firstCategory * scrolled->axis->obtainCurrentValueSpacing();

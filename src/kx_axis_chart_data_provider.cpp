@@ -11,6 +11,20 @@ namespace {
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
+/** Tells whether the chart that asks still stands, which the provider's own answers may change. A question
+ * that no chart asks goes on. */
+class Asker {
+public:
+    explicit Asker(const KXChartDataUser* user) : m_hasChart(user), m_chart(user ? user->getChart() : nullptr)
+    {
+    }
+    bool isAlive() const { return !m_hasChart || m_chart.isAlive(); }
+
+private:
+    bool m_hasChart;
+    UXObjectWatcher m_chart;
+};
+
 /** Which measure a series is, and which member of the dimension that divides it. */
 struct SeriesPlace {
     std::uint64_t measure = 0;
@@ -31,7 +45,7 @@ KXAxisChartDataProvider::~KXAxisChartDataProvider() = default;
 
 std::uint64_t KXAxisChartDataProvider::obtainSeriesCount(KXChartDataUser* user)
 {
-    const UXObjectWatcher chart(user->getChart());
+    const Asker chart(user);
     const std::uint64_t measures = obtainValueCount(user);
     if (measures == 0 || !chart.isAlive())
         return 0;
@@ -43,7 +57,7 @@ std::uint64_t KXAxisChartDataProvider::obtainSeriesCount(KXChartDataUser* user)
 
 std::string KXAxisChartDataProvider::obtainSeriesLabel(KXChartDataUser* user, std::uint64_t series)
 {
-    const UXObjectWatcher chart(user->getChart());
+    const Asker chart(user);
     const SeriesPlace place = obtainPlace(*this, user, series);
     if (!chart.isAlive())
         return {};
@@ -57,7 +71,7 @@ std::string KXAxisChartDataProvider::obtainSeriesLabel(KXChartDataUser* user, st
 
 std::string KXAxisChartDataProvider::obtainSeriesID(KXChartDataUser* user, std::uint64_t series)
 {
-    const UXObjectWatcher chart(user->getChart());
+    const Asker chart(user);
     const SeriesPlace place = obtainPlace(*this, user, series);
     if (!chart.isAlive())
         return {};
@@ -87,7 +101,7 @@ void KXAxisChartDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uin
                                                  std::uint64_t firstCategory, std::span<double> values)
 {
     std::ranges::fill(values, noNumber);
-    const UXObjectWatcher chart(user->getChart());
+    const Asker chart(user);
     KXIndexPath path = obtainSeriesValuePath(user, series, firstCategory);
     if (path.size() < 2)
         return;
@@ -105,7 +119,7 @@ void KXAxisChartDataProvider::obtainCategoryNumbers(KXChartDataUser* user, std::
                                                     std::span<double> numbers)
 {
     std::ranges::fill(numbers, noNumber);
-    const UXObjectWatcher chart(user->getChart());
+    const Asker chart(user);
     KXIndexPath path{categoryDimension, firstCategory};
     for (double& number : numbers) {
         if (!chart.isAlive())

@@ -124,7 +124,8 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
         series.label = provider.obtainSeriesLabel(this, i);
         if (pulled.chart.isAlive())
             series.id = provider.obtainSeriesID(this, i);
-        if (pulled.chart.isAlive())
+        const bool hasNumbers = pulled.chart.isAlive() && _hasNumbers(provider, i, pulled);
+        if (hasNumbers)
             provider.obtainSeriesValues(this, i, 0, series.values);
         if (!pulled.chart.isAlive())
             return false;
@@ -136,6 +137,17 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
         }
     }
     return true;
+}
+
+bool KXAxisChartDataUser::_hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series,
+                                      const Pulled& pulled)
+{
+    const KXIndexPath path = provider.obtainSeriesValuePath(this, series, 0);
+    if (path.empty() || !pulled.chart.isAlive())
+        return false;
+    const KXChartDataType type = provider.obtainValueDataType(this, {path[0]});
+    const bool isNumber = type == KXChartDataType::Integer || type == KXChartDataType::Float;
+    return isNumber && pulled.chart.isAlive();
 }
 
 std::string KXAxisChartDataUser::obtainCategoryText(std::uint64_t category)

@@ -84,6 +84,7 @@ private:
 
     bool _pullDimension(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
+    bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, const Pulled& pulled);
     const CategoryText& _obtainText(std::uint64_t category);
 
     std::vector<Series> m_series;

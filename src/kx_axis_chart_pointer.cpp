@@ -81,7 +81,8 @@ void KXAxisChart::_setHoveredMark(const std::optional<KXAxisChartMark>& mark, co
     m_hoveredMark = m_actionMark = mark;
     m_hoveredObject.updateInteractionEffects({});
     _repaintMarks();
-    if (!mark)
+    _showWhetherClickable();
+    if (!self.isAlive() || !mark || m_hoveredMark != mark)
         return;
     triggerLinkedHighlightAction(this, this, event);
     if (self.isAlive() && m_hoveredMark == mark)

@@ -148,7 +148,6 @@ void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTrigger
     });
 }
 
-/** A hand shows over what can be clicked just now. */
 void KXChartDataAction::_showWhetherClickable()
 {
     const UXObjectWatcher owner(m_owner);

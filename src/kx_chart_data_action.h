@@ -52,6 +52,8 @@ public:
                                                    const UXEvent& event);
 
 protected:
+    /** Shows a hand over the owner where its item can be clicked just now. */
+    void _showWhetherClickable();
     /** @return the user of the last registration, null without any */
     KXChartDataUser* getDataUser() const { return m_dataUser; }
     /** Asks the provider for the click's action and posts it, or runs it at once.
@@ -80,7 +82,6 @@ private:
                     const KXTriggerCondition& condition) const;
     void _installHandler(Trigger& trigger, UXEventType type, std::function<bool(const UXEvent&)> handler);
     bool _showRightClickMenu(const UXEvent& event);
-    void _showWhetherClickable();
     void _triggerLinkedHighlight(KXChartDataUser* user, UXObject* source, const UXEvent& event,
                                  LinkedHighlightStep step);
 

@@ -73,6 +73,9 @@ TEST(KXAxisChartDataUser, PullsEachValueOnceAndTextsOnDemand)
     provider.categoryNumber = [](std::uint64_t category) { return category == 1 ? null : 0; };
     chart.prepareData();
     EXPECT_TRUE(chart.obtainCategoryNumbers().empty()) << "a category without a number";
+    provider.valueType = KXChartDataType::Date;
+    chart.prepareData();
+    EXPECT_FALSE(chart.preparedData()) << "a measure without numbers";
 }
 
 TEST(KXAxisChartDataUser, SeriesAreMeasuresDividedByTheMembersOfTheSecondDimension)

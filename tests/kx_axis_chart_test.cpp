@@ -12,6 +12,7 @@
 #include "ux/ux_painter.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_scroll_bar.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 
@@ -256,6 +257,7 @@ TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
     EXPECT_EQ(plot.getContentWidth(), 16'000'000);
     EXPECT_EQ(chart.getMarksArea(), UXRect(0, 0, 300, 188)) << "above the scroll bar";
     EXPECT_EQ(chart.bars.size(), 19);
+    EXPECT_EQ(plot.getHorizontalScrollBar()->getSliderColor(), UXColor(209, 209, 214));
 
     UXEvent wheel = makeEvent(UXEventType::MouseWheel, {100, 100});
     wheel.setWheelDelta({0, 100});
@@ -376,6 +378,7 @@ TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
     EXPECT_EQ(provider.paths.back().dimensionIndexPath, (KXIndexPath{0, 0}));
 
     const UXColor red(255, 0, 0);
+    EXPECT_EQ(chart.getCursor(), UXCursor::PointingHand);
     EXPECT_EQ(chart.obtainMarkColor({1, 0}, red), red);
     EXPECT_DOUBLE_EQ(chart.obtainMarkColor({1, 1}, red).alpha, 0.3);
     const auto asked = provider.asked["shouldHighlight"];
@@ -383,6 +386,7 @@ TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
     EXPECT_EQ(provider.asked["shouldHighlight"], asked) << "only what is new is told";
     chart.mouseMove(makeEvent(UXEventType::MouseMove, {250, 3}));
     EXPECT_FALSE(chart.getHoveredMark());
+    EXPECT_EQ(chart.getCursor(), UXCursor::AsParent);
     EXPECT_EQ(chart.getHintInfo().rows.size(), 2) << "beside the marks, without the null";
     EXPECT_EQ(chart.obtainMarkColor({1, 1}, red), red);
     chart.mouseMove(makeEvent(UXEventType::MouseMove, {-5, 3}));

@@ -18,6 +18,7 @@ public:
     std::vector<std::vector<double>> values{{1, 2, 3}};
     std::uint64_t categoryCount = 3;
     KXChartDataType categoryType = KXChartDataType::String;
+    KXChartDataType valueType = KXChartDataType::Float;
     KXChartDataProviderDimensionSetting setting;
     std::map<std::string, int> asked;
     std::vector<std::uint64_t> askedTexts;
@@ -65,6 +66,10 @@ public:
     std::string obtainValueLabel(KXChartDataUser*, std::uint64_t value) override
     {
         return _answer("valueLabel", "s" + std::to_string(value));
+    }
+    KXChartDataType obtainValueDataType(KXChartDataUser*, const KXIndexPath&) override
+    {
+        return _answer("valueType", valueType);
     }
     bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path) override
     {
