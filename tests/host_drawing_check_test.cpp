@@ -3,6 +3,7 @@
 #include "chart_data_source.h"
 #include "chart_document.h"
 #include "chart_picture.h"
+#include "chart_sample.h"
 #include "sql_data_provider.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_recording_painter.h"
@@ -128,13 +129,20 @@ TEST(DrawingCheck, RectanglesLieOnWholePixels)
     }
 }
 
-TEST(DrawingCheck, AChartInsideItsMarginHasNoFault)
+TEST(DrawingCheck, TheGalleryHasNoFault)
 {
-    const std::string samples = std::string(KX_SOURCE_DIR) + "/samples/";
-    ChartDocument document(samples + "gauge-jobs.chart.json");
-    ChartDataSource source(samples + "data/us-employment.csv", samples + "gauge-jobs.binding.json", {});
-    document.loadData(&source.getProvider());
-    PictureSetting setting;
-    setting.size = {480, 320};
-    EXPECT_EQ(checkChartPicture(document.getChart(), setting), std::vector<std::string>());
+    for (const ChartSample& sample : readChartSamples(std::string(KX_SOURCE_DIR) + "/samples")) {
+        ChartDocument document(sample.chart);
+        ChartDataSource source(sample.data, sample.binding, {});
+        document.loadData(&source.getProvider());
+        PictureSetting setting;
+        for (const UXSize& size : {UXSize(1000, 600), UXSize(480, 320), UXSize(240, 160)}) {
+            for (const double scale : {1.0, 1.5, 2.0}) {
+                setting.size = size;
+                setting.scale = scale;
+                EXPECT_EQ(checkChartPicture(document.getChart(), setting), std::vector<std::string>())
+                    << sample.name << " " << size.width << " at " << scale;
+            }
+        }
+    }
 }
