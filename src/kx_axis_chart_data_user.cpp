@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <utility>
 
 namespace {
@@ -17,6 +18,51 @@ constexpr std::size_t greatestTextCount = 4096;
 
 const std::string noText;
 const std::vector<double> noValues;
+
+constexpr double largest = (std::numeric_limits<double>::max)();
+
+struct Extremes {
+    double min = largest, max = -largest;
+
+    /** A null compares false. */
+    void take(double value)
+    {
+        min = value < min ? value : min;
+        max = value > max ? value : max;
+    }
+    void take(const Extremes& other)
+    {
+        min = std::min(min, other.min);
+        max = std::max(max, other.max);
+    }
+};
+
+/** @return a minimum above the maximum where there are only nulls */
+Extremes findExtremes(std::span<const double> values)
+{
+    Extremes extremes;
+    for (const double value : values)
+        extremes.take(value);
+    return extremes;
+}
+
+Extremes findStackedExtremes(const std::vector<std::span<const double>>& lists, std::size_t count)
+{
+    Extremes sums;
+    for (std::size_t category = 0; category < count; ++category) {
+        double up = 0, down = 0;
+        for (const std::span<const double>& values : lists) {
+            const double value = values[category];
+            if (value > 0)
+                up += value;
+            else if (value < 0)
+                down += value;
+        }
+        sums.min = std::min(sums.min, down);
+        sums.max = std::max(sums.max, up);
+    }
+    return sums;
+}
 
 } // namespace
 
@@ -205,27 +251,17 @@ const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()
 KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<std::uint64_t>& series,
                                                             std::uint64_t categoryCount) const
 {
-    constexpr double largest = (std::numeric_limits<double>::max)();
     const auto count = static_cast<std::size_t>(std::min(categoryCount, m_categoryCount));
-    double min = largest, max = -largest, stackedMin = 0, stackedMax = 0;
-    std::vector<const double*> lists;
-    for (const std::uint64_t index : series)
-        if (index < m_series.size())
-            lists.push_back(m_series[index].values.data());
-    for (std::size_t category = 0; category < count; ++category) {
-        double up = 0, down = 0;
-        for (const double* values : lists) {
-            const double value = values[category];
-            if (std::isnan(value))
-                continue;
-            min = std::min(min, value);
-            max = std::max(max, value);
-            (value < 0 ? down : up) += value;
-        }
-        stackedMin = std::min(stackedMin, down);
-        stackedMax = std::max(stackedMax, up);
+    std::vector<std::span<const double>> lists;
+    Extremes all;
+    for (const std::uint64_t index : series) {
+        if (index >= m_series.size())
+            continue;
+        lists.push_back(std::span(m_series[index].values).first(count));
+        all.take(findExtremes(lists.back()));
     }
-    if (min > max)
+    if (all.min > all.max)
         return {};
-    return {min, max, std::max(stackedMin, -largest), std::min(stackedMax, largest)};
+    const Extremes stacked = lists.size() == 1 ? all : findStackedExtremes(lists, count);
+    return {all.min, all.max, std::clamp(stacked.min, -largest, 0.0), std::clamp(stacked.max, 0.0, largest)};
 }

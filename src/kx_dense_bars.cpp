@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -30,6 +31,18 @@ struct Extreme {
     friend bool operator==(const Extreme&, const Extreme&) = default;
 };
 
+/** Categories that follow each other and fill the same columns. */
+struct Run {
+    std::uint64_t firstCategory = 0, endCategory = 0;
+    std::size_t firstColumn = 0, endColumn = 0;
+
+    bool hasColumns() const { return firstColumn < endColumn; }
+    bool hasSameColumns(const Run& other) const
+    {
+        return firstColumn == other.firstColumn && endColumn == other.endColumn;
+    }
+};
+
 /** The extremes of each pixel column: side by side two a series, of stacks two altogether; first the one
  * above zero, then the one below. */
 class Columns {
@@ -42,9 +55,12 @@ public:
 private:
     bool _isGrouped() const { return m_source.form == KXBarForm::Grouped; }
     Extreme* _at(std::size_t column) { return m_extremes.data() + column * m_extremesPerColumn; }
-    bool _findColumns(std::uint64_t category, std::size_t& first, std::size_t& end) const;
-    void _collectSeries(std::size_t position);
-    void _collectStacks();
+    Run _findColumns(std::uint64_t category) const;
+    std::uint64_t _findRunEnd(const Run& run, std::uint64_t guess) const;
+    void _findRuns();
+    void _collectSeries(std::size_t position, const Run& run);
+    void _collectStacks(const Run& run);
+    void _take(const Run& run, std::size_t index, const Extreme& above, const Extreme& below);
     void _addSlot(std::size_t first, std::size_t end);
     void _addGroup(const Extreme* extremes, const KXBarStretch& across);
     void _addStack(const Extreme& extreme, bool above, const KXBarStretch& across);
@@ -57,7 +73,9 @@ private:
     double m_halfWidth = 0; // of a category's bars, in pixels
     std::size_t m_columnCount = 0;
     std::size_t m_extremesPerColumn;
+    std::vector<Run> m_runs;
     std::vector<Extreme> m_extremes;
+    std::vector<std::size_t> m_order; // positions of the series, in which they are drawn
     std::vector<KXBarPiece> m_pieces;
     KXBarLayout m_layout;
 };
@@ -74,11 +92,15 @@ Columns::Columns(const KXBarSource& source, const KXBarPlane& plane)
     m_halfWidth = std::min(room * (room < leastPixelsForGap ? 1 : plane.share),
                            KXBarPlane::greatestWidth * plane.pixelScale) /
                   2;
+    m_order.resize(source.series.size());
+    std::iota(m_order.begin(), m_order.end(), std::size_t{0});
     m_layout.isDense = true;
+    m_layout.slots.reserve(m_columnCount);
+    m_layout.bars.reserve(m_columnCount);
 }
 
-/** @return whether some of the columns that the category's bars fill are there; a bar fills at least one */
-bool Columns::_findColumns(std::uint64_t category, std::size_t& first, std::size_t& end) const
+/** @return the columns that the bars of one category fill, at least one where it lies in the area */
+Run Columns::_findColumns(std::uint64_t category) const
 {
     const double place = m_plane.categories.obtainPosition(m_source.obtainCategoryValue(category));
     const double centre = m_plane.toPixel(place) - m_firstPixel;
@@ -89,58 +111,107 @@ bool Columns::_findColumns(std::uint64_t category, std::size_t& first, std::size
         high = low + 1;
     }
     const auto count = static_cast<double>(m_columnCount);
-    low = std::max(low, 0.0);
-    high = std::min(high, count);
-    if (!(low < high))
-        return false;
-    first = static_cast<std::size_t>(low);
-    end = static_cast<std::size_t>(high);
-    return true;
+    return {category, category + 1, static_cast<std::size_t>(std::clamp(low, 0.0, count)),
+            static_cast<std::size_t>(std::clamp(high, 0.0, count))};
+}
+
+/** Where places never go back, all categories between two with the same columns have these too: the end is
+ * found in leaps that double, then halve.
+ * @param guess how many categories more there may be */
+std::uint64_t Columns::_findRunEnd(const Run& run, std::uint64_t guess) const
+{
+    const auto isInside = [&](std::uint64_t category) {
+        return category < m_source.end && _findColumns(category).hasSameColumns(run);
+    };
+    std::uint64_t last = run.firstCategory, leap = 1;
+    if (isInside(last + guess))
+        last += guess;
+    for (; isInside(last + leap); leap *= 2)
+        last += leap;
+    for (; leap > 0; leap /= 2)
+        if (isInside(last + leap))
+            last += leap;
+    return last + 1;
+}
+
+void Columns::_findRuns()
+{
+    const auto numberOf = [this](std::uint64_t category) { return m_source.obtainCategoryValue(category); };
+    bool isSorted = true;
+    if (!m_source.categoryNumbers.empty())
+        for (std::uint64_t category = m_source.first + 1; isSorted && category < m_source.end; ++category)
+            isSorted = numberOf(category - 1) <= numberOf(category);
+    std::uint64_t guess = 0;
+    for (std::uint64_t category = m_source.first; category < m_source.end;) {
+        Run run = _findColumns(category);
+        if (isSorted)
+            run.endCategory = _findRunEnd(run, guess);
+        // The next one is about as long.
+        guess = std::max<std::uint64_t>(run.endCategory - category, 2) - 2;
+        category = run.endCategory;
+        if (run.hasColumns())
+            m_runs.push_back(run);
+    }
 }
 
 void Columns::collect()
 {
-    if (!_isGrouped()) {
-        _collectStacks();
-        return;
+    _findRuns();
+    for (const Run& run : m_runs) {
+        if (!_isGrouped())
+            _collectStacks(run);
+        for (std::size_t position = 0; _isGrouped() && position < m_source.series.size(); ++position)
+            _collectSeries(position, run);
     }
-    for (std::size_t position = 0; position < m_source.series.size(); ++position)
-        _collectSeries(position);
 }
 
-void Columns::_collectSeries(std::size_t position)
+void Columns::_collectSeries(std::size_t position, const Run& run)
 {
-    const std::uint64_t end = std::min<std::uint64_t>(m_source.end, m_source.series[position].values.size());
-    for (std::uint64_t category = m_source.first; category < end; ++category) {
-        const double value = m_source.series[position].values[category];
-        std::size_t column = 0, endColumn = 0;
-        // A null compares false.
-        if (!(value < 0 || value > 0) || !_findColumns(category, column, endColumn))
-            continue;
-        for (; column < endColumn; ++column)
-            _at(column)[2 * position + (value < 0)].take(value, category);
+    const std::span<const double> values = m_source.series[position].values;
+    const std::uint64_t end = std::min<std::uint64_t>(run.endCategory, values.size());
+    if (run.firstCategory >= end)
+        return;
+    // A null compares false. Whose the extremes are is looked up once they are known.
+    const std::span<const double> inside = values.subspan(run.firstCategory, end - run.firstCategory);
+    double least = 0, greatest = 0;
+    for (const double value : inside) {
+        least = value < least ? value : least;
+        greatest = value > greatest ? value : greatest;
     }
+    const auto makeExtreme = [&](double value) {
+        const auto found = value == 0 ? inside.end() : std::ranges::find(inside, value);
+        return found == inside.end()
+                   ? Extreme()
+                   : Extreme{value, run.firstCategory + static_cast<std::uint64_t>(found - inside.begin())};
+    };
+    const Extreme above = makeExtreme(greatest), below = makeExtreme(least);
+    _take(run, 2 * position, above, below);
 }
 
-void Columns::_collectStacks()
+void Columns::_collectStacks(const Run& run)
 {
     const bool isWhole = m_source.form == KXBarForm::Percentage;
-    for (std::uint64_t category = m_source.first; category < m_source.end; ++category) {
-        double above = 0, below = 0;
+    Extreme above, below;
+    for (std::uint64_t category = run.firstCategory; category < run.endCategory; ++category) {
+        double up = 0, down = 0;
         for (std::size_t position = 0; position < m_source.series.size(); ++position) {
             const double value = m_source.obtainValue(position, category);
             if (value > 0 || (value < 0 && isWhole))
-                above += std::abs(value);
+                up += std::abs(value);
             else if (value < 0)
-                below += value;
+                down += value;
         }
-        std::size_t column = 0, endColumn = 0;
-        if ((above == 0 && below == 0) || !_findColumns(category, column, endColumn))
-            continue;
-        for (; column < endColumn; ++column) {
-            _at(column)[0].take(above, category);
-            _at(column)[1].take(below, category);
-        }
+        above.take(up, category);
+        below.take(down, category);
+    }
+    _take(run, 0, above, below);
+}
+
+void Columns::_take(const Run& run, std::size_t index, const Extreme& above, const Extreme& below)
+{
+    for (std::size_t column = run.firstColumn; column < run.endColumn; ++column) {
+        _at(column)[index].take(above.value, above.category);
+        _at(column)[index + 1].take(below.value, below.category);
     }
 }
 
@@ -181,16 +252,13 @@ void Columns::_addSlot(std::size_t first, std::size_t end)
 /** On each side of zero the shortest bar is seen whole, and of each longer one what it is longer by. */
 void Columns::_addGroup(const Extreme* extremes, const KXBarStretch& across)
 {
-    std::vector<std::size_t> order(m_source.series.size());
     for (const std::size_t side : {0U, 1U}) {
         const auto lengthOf = [&](std::size_t position) {
             return std::pair(std::abs(extremes[2 * position + side].value), position);
         };
-        for (std::size_t i = 0; i < order.size(); ++i)
-            order[i] = i;
-        std::ranges::sort(order, {}, lengthOf);
+        std::ranges::sort(m_order, {}, lengthOf);
         double reached = 0;
-        for (const std::size_t position : order) {
+        for (const std::size_t position : m_order) {
             const Extreme& extreme = extremes[2 * position + side];
             if (extreme.value == reached)
                 continue;

@@ -351,3 +351,28 @@ TEST(CairoPainter, SurvivesEveryNumber)
     canvas.draw([](UXPainter& painter) { fillRect(painter, green, {0, 0, 20, 20}); });
     EXPECT_EQ(canvas.pixelAt(10, 10), kGreen);
 }
+
+TEST(CairoPainter, WritesManyRectanglesAsItFillsThemOneByOne)
+{
+    const std::vector<UXDoubleRect> rects{{1.2, 1, 7.4, 9}, {9, 3, 0.2, 40}, {-5, 12, 1e6, 3.3}, {4, 4, 6, 6},
+                                          {2, 20, 0, 5},    {12, 5, 3, 30},  {NAN, 0, 4, 4}};
+    const auto draw = [&](bool together, const UXColor& color, double scale, const UXDoubleRect& clip) {
+        CairoTestCanvas canvas(24, 18, scale);
+        canvas.drawWhiteGround().draw([&](UXPainter& painter) {
+            painter.addRectanglePath(clip), painter.clip();
+            painter.translate(0.25, 1);
+            painter.setColor(color);
+            if (together)
+                painter.drawRects(rects);
+            for (const UXDoubleRect& rect : rects)
+                if (!together)
+                    painter.drawRects({&rect, 1});
+        });
+        return canvas.pixels();
+    };
+    for (const UXColor& color : {red, UXColor(200, 100, 50, 0.3)})
+        for (const double scale : {1.0, 1.5, 2.0})
+            for (const UXDoubleRect& clip : {UXDoubleRect(0, 0, 24, 18), UXDoubleRect(2, 2, 14, 12),
+                                             UXDoubleRect(2.3, 2.7, 9, 9), UXDoubleRect(30, 2, 4, 4)})
+                EXPECT_EQ(draw(true, color, scale, clip), draw(false, color, scale, clip)) << scale << clip.x;
+}

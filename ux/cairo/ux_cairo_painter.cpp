@@ -1,11 +1,13 @@
 #include "ux/cairo/ux_cairo_painter.h"
 
 #include "ux/cairo/ux_cairo_path_keeper.h"
+#include "ux/cairo/ux_cairo_pixel_filler.h"
 #include "ux/cairo/ux_cairo_text_cache.h"
 #include "ux/ux_draw_text_result.h"
 #include "ux/ux_image.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_picture.h"
+#include "ux/ux_pixel_snapping.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_text_placement.h"
@@ -22,6 +24,8 @@ namespace {
 constexpr double kFarthestPixel = 4e6;
 // Dashes of less than this many pixels in all look like a thin line and would be counted one by one.
 constexpr double kShortestDashes = 0.1;
+// With fewer it is not worth while to look whether they can be written.
+constexpr std::size_t kFewestWrittenRects = 4;
 constexpr double kSmallestScale = 1e-6, kLargestScale = 1e6;
 
 bool hasArea(const UXDoubleRect& rect)
@@ -375,6 +379,21 @@ void UXCairoPainter::fillPreserve()
 {
     if (_isPathDrawable())
         cairo_fill_preserve(m_context);
+}
+
+void UXCairoPainter::drawRects(std::span<const UXDoubleRect> rects)
+{
+    if (rects.size() >= kFewestWrittenRects) {
+        UXCairoPixelFiller filler(m_context, m_toDevice);
+        if (filler.isUsable()) {
+            _forgetPath();
+            for (const UXDoubleRect& rect : rects)
+                if (rect.width > 0 && rect.height > 0)
+                    filler.fill(uxSnapRect(rect, m_toDevice));
+            return;
+        }
+    }
+    UXPainter::drawRects(rects);
 }
 
 void UXCairoPainter::stroke()

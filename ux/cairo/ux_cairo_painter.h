@@ -91,6 +91,9 @@ public:
     void drawComposited(const UXPaintFunction& action, UXPaintConfig* config, const UXDoubleRect& rect,
                         UXCompositionMode mode) override;
 
+    // Many at once
+    void drawRects(std::span<const UXDoubleRect> rects) override;
+
     // The device behind
     double getDeviceScale() const override { return m_deviceScale; }
     UXTransform getDeviceTransform() const override { return m_toDevice; }
