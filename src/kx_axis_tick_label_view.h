@@ -214,7 +214,9 @@ private:
     bool _updateRequireRotateCache(double spacing);
     bool _findCollision(double spacing, bool& found);
     bool _calcTickLabelInterval(double spacing);
-    std::int64_t _obtainShownInterval() const;
+    bool _updateShownInterval();
+    bool _spaceUprightLabels();
+    void _widenShownInterval(double length);
     double _obtainWidthBetweenNeighbors(const Tick& tick);
     bool _decideTickLabels();
     bool _shouldShowTickLabelsForAutoMode(Tick& tick, const Tick* neighbor);

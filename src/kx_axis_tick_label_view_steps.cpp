@@ -359,25 +359,51 @@ bool KXAxisTickLabelView::_calcTickLabelInterval(double spacing)
         m_calculatedInterval = kxObtainTickLabelInterval(extent, gap, m_tickDistance * spacing);
         break;
     }
-    m_shownInterval = _obtainShownInterval();
+    return _updateShownInterval();
+}
+
+/** Labels stand at ticks that are visible, and where the mode is automatic they keep apart: turned ones lie
+ * no closer than the lines of a page, upright ones do not run into each other. */
+bool KXAxisTickLabelView::_updateShownInterval()
+{
+    m_shownInterval = roundUpToMultiple(obtainWholeInterval(m_calculatedInterval), m_visibleStep);
+    if (m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto || !_canTurnLabels())
+        return true;
+    const bool isUpright = m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
+    if (isUpright)
+        return _spaceUprightLabels();
+    _widenShownInterval(_obtainLayout().obtainLengthAlong(*m_visibleTicks.front().size));
     return true;
 }
 
-/** Labels stand at ticks that are visible, and those of equal size keep apart: turned ones lie no closer than
- *  the lines of a page, upright ones do not run into each other. */
-std::int64_t KXAxisTickLabelView::_obtainShownInterval() const
+/** The first label may be the shortest, as 0 is among numbers. The widest one that shows counts, as far as
+ *  labels of that length are still read whole; what is longer is cut. */
+bool KXAxisTickLabelView::_spaceUprightLabels()
 {
-    std::int64_t interval = obtainWholeInterval(m_calculatedInterval);
-    if (m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Auto && _canTurnLabels()) {
-        const UXDoubleSize& size = *m_visibleTicks.front().size;
-        const bool isUpright = m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
-        double needed = _obtainLayout().obtainLengthAlong(size);
-        if (isUpright)
-            needed = needed > 2 * largestGap ? 0 : needed + collisionGap;
-        interval = (std::max)(interval, obtainWholeInterval(kxObtainTickLabelInterval(
-                                            needed, 0, m_tickDistance * m_scale.spacing)));
+    const double first = m_visibleTicks.front().size->width;
+    const double most = first > 2 * largestGap ? 0 : (std::max)(first, largestGap);
+    std::int64_t interval = 0;
+    while (interval != m_shownInterval) {
+        interval = m_shownInterval;
+        double widest = first;
+        for (Tick& tick : m_visibleTicks) {
+            if (tick.index % interval != 0)
+                continue;
+            if (!_measureTick(tick))
+                return false;
+            widest = (std::max)(widest, tick.size->width);
+        }
+        _widenShownInterval((std::min)(widest, most) + collisionGap);
     }
-    return roundUpToMultiple(interval, m_visibleStep);
+    return true;
+}
+
+/** @param length that each label has along the axis */
+void KXAxisTickLabelView::_widenShownInterval(double length)
+{
+    const double interval = kxObtainTickLabelInterval(length, 0, m_tickDistance * m_scale.spacing);
+    m_shownInterval = (std::max)(m_shownInterval,
+                                 roundUpToMultiple(obtainWholeInterval(interval), m_visibleStep));
 }
 
 /** Upright labels in even steps share the room between their ticks: a longer one is cut rather than left out,

@@ -255,13 +255,17 @@ TEST(KXAxisTickLabelView, ShownLabels)
         EXPECT_TRUE(labels.shown().empty());
         EXPECT_EQ(labels.view->obtainLabelLength(), 0);
     }
-    Labels labels;
-    labels.widenView().setTicks(5, 60, 2).setMode(Mode::Auto).text = [](double value) {
-        return std::to_string(static_cast<int>(value)) + std::string(value == 2 ? 30 : 1, 'x');
-    };
-    labels.view->setTickLabelRotationType(Horizontal);
-    EXPECT_EQ(labels.values(), (std::vector<int>{0, 1, 2, 3, 4}));
-    EXPECT_EQ(labels.shown()[2]->getRect().width, 100) << "what its neighbours leave";
+
+    // A longer label widens the steps up to 100 units, and is then cut at what its neighbours leave.
+    for (const std::size_t letters : {std::size_t{16}, std::size_t{40}}) {
+        Labels labels;
+        labels.widenView().setTicks(8, 30, 2).setMode(Mode::Auto).text = [letters](double value) {
+            return std::to_string(static_cast<int>(value)) + std::string(value == 4 ? letters : 1, 'x');
+        };
+        labels.view->setTickLabelRotationType(Horizontal);
+        const bool isCut = letters == 40;
+        EXPECT_EQ(labels.values(), isCut ? std::vector<int>({0, 4}) : std::vector<int>({0, 3, 6}));
+    }
 }
 
 TEST(KXAxisTickLabelView, BandLength)
