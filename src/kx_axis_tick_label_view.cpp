@@ -199,6 +199,13 @@ int KXAxisTickLabelView::obtainLabelLength()
     return getVisible() && m_maxLabelLength > 0 ? (std::min)(longest, m_maxLabelLength) : longest;
 }
 
+int KXAxisTickLabelView::obtainStartOverhang()
+{
+    const UXObjectWatcher self(this);
+    _bringUpToDate(Step::Cache);
+    return self.isAlive() ? (std::max)(m_startOverhang, 0) : 0;
+}
+
 std::vector<double> KXAxisTickLabelView::obtainVisibleTicks()
 {
     const UXObjectWatcher self(this);

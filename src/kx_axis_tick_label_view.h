@@ -120,6 +120,9 @@ public:
     // Queries; they do the steps that are stale first
     /** @return the room across the axis that the labels need */
     int obtainLabelLength();
+    /** @return how far the first labels reach out before the axis's start while it is not scrolled, as
+     * sloping ones do; a chart that keeps this much room beside the axis shows them whole */
+    int obtainStartOverhang();
     std::vector<double> obtainVisibleTicks();
     /** @return Horizontal, Vertical or Degrees45 */
     KXAxisTickLabelRotationType obtainResolvedRotation();
@@ -174,7 +177,7 @@ private:
     /** What the axis and the rectangles were like at the last step. */
     struct Scale {
         bool isValid = false, isReversed = false;
-        double first = 0, last = 0, spacing = 0, length = 0, maxValue = 0;
+        double first = 0, last = 0, spacing = 0, length = 0, minValue = 0, maxValue = 0;
         double shift = 0;       /**< of a value towards the minimum, in values */
         double freeSpacing = 0; /**< what the spacing is without this view's extra length */
         UXPoint start, origin;  /**< in the axis's space: its minimum's end, and this view's corner */
@@ -225,7 +228,8 @@ private:
     bool _calcLongestTickLabelLength();
     bool _requestExtraLength();
     bool _calcExtraLengthRequired(double& length);
-    double _obtainOverhang(const UXDoubleSize& text) const;
+    bool _calcStartOverhang();
+    double _obtainOverhang(const UXDoubleSize& text, int direction) const;
     double _obtainExtraLength(double overhang, double valuesAfter) const;
 
     // Labels
@@ -280,5 +284,6 @@ private:
     double m_calculatedInterval = -1;
     std::int64_t m_shownInterval = 1; // that one, whole and among the visible ticks
     int m_longestLabelLength = -1;
+    int m_startOverhang = -1;
     std::vector<PlacedLabel> m_placedLabels;
 };

@@ -119,7 +119,7 @@ bool KXAxisTickLabelView::_takeTick(int index, Tick& tick)
 void KXAxisTickLabelView::_forgetMeasures()
 {
     m_turnedAtSpacing = -1;
-    m_longestLabelLength = -1;
+    m_longestLabelLength = m_startOverhang = -1;
 }
 
 bool KXAxisTickLabelView::_bringUpToDate(Step step)
@@ -185,6 +185,7 @@ bool KXAxisTickLabelView::_readScale(Scale& scale)
                std::tie(scale.first, scale.last) = asked.obtainCurrentFirstLastValues();
            }) &&
            _askAxis([&](KXAxis& asked) {
+               scale.minValue = asked.getMinValue();
                scale.maxValue = asked.getMaxValue();
                const double shift = std::abs(asked.obtainShiftHalfValueSpacingOffset());
                scale.shift = scale.spacing > 0 ? shift / scale.spacing : 0;
@@ -281,7 +282,8 @@ bool KXAxisTickLabelView::_updateCache()
         for (Tick& tick : m_visibleTicks)
             tick.size.reset();
     return _updateRequireRotateCache(m_scale.spacing) && _calcTickLabelInterval(m_scale.spacing) &&
-           _decideTickLabels() && _calcLongestTickLabelLength() && _requestExtraLength();
+           _decideTickLabels() && _calcLongestTickLabelLength() && _calcStartOverhang() &&
+           _requestExtraLength();
 }
 
 /** Labels that were turned automatically stay so until ticks or spacing change: neither scrolling nor the
@@ -302,7 +304,7 @@ bool KXAxisTickLabelView::_updateRequireRotateCache(double spacing)
         resolved = isTurned ? Degrees45 : Horizontal;
     }
     if (resolved != m_resolvedRotation)
-        m_longestLabelLength = -1;
+        m_longestLabelLength = m_startOverhang = -1;
     m_resolvedRotation = resolved;
     return true;
 }
@@ -520,18 +522,38 @@ bool KXAxisTickLabelView::_calcExtraLengthRequired(double& length)
     if (!_takeTick(static_cast<int>((m_tickCount - 1) / interval * interval), last))
         return false;
     const double valuesAfter = (std::max)(m_scale.maxValue - last.value, 0.0) + m_scale.shift;
-    length = _obtainExtraLength(_obtainOverhang(*last.size), valuesAfter);
+    length = _obtainExtraLength(_obtainOverhang(*last.size, 1), valuesAfter);
     return true;
 }
 
-/** @return how far a label reaches beyond its tick in the direction of the axis */
-double KXAxisTickLabelView::_obtainOverhang(const UXDoubleSize& text) const
+/** Known until ticks, spacing or rotation change: where the axis is scrolled to makes no difference. */
+bool KXAxisTickLabelView::_calcStartOverhang()
+{
+    constexpr int mostLabels = 8;
+    if (m_startOverhang >= 0 || !m_showTickLabels || !m_scale.isValid)
+        return true;
+    double overhang = 0;
+    for (int i = 0; i < mostLabels && i * m_shownInterval < m_tickCount; ++i) {
+        Tick tick;
+        if (!_takeTick(static_cast<int>(i * m_shownInterval), tick))
+            return false;
+        const double distance = (tick.value - m_scale.minValue - m_scale.shift) * m_scale.spacing;
+        overhang = (std::max)(overhang, _obtainOverhang(*tick.size, -1) - distance);
+    }
+    m_startOverhang = uxSaturateToInt(std::ceil(overhang - noise));
+    return true;
+}
+
+/** @param direction 1 towards the end of the axis, -1 towards its start
+ *  @return how far a label reaches beyond its tick in that direction */
+double KXAxisTickLabelView::_obtainOverhang(const UXDoubleSize& text, int direction) const
 {
     const KXAxisTickLabelLayout layout = _obtainLayout();
     const UXDoublePoint center = layout.obtainPlace(text, {0, 0}).center;
     const UXDoubleSize size = layout.obtainTurnedSize(text);
-    const double overhang = m_scale.xNotation != 0 ? size.width / 2 + center.x * m_scale.xNotation
-                                                   : size.height / 2 - center.y * m_scale.yNotation;
+    const double overhang = m_scale.xNotation != 0
+                                ? size.width / 2 + center.x * m_scale.xNotation * direction
+                                : size.height / 2 - center.y * m_scale.yNotation * direction;
     // A sloping label is as wide as it is high, and cut at the band's length.
     const bool isSloping = m_resolvedRotation == KXAxisTickLabelRotationType::Degrees45;
     return isSloping ? (std::min)(overhang, _obtainLengthLimit().value_or(infinity)) : overhang;

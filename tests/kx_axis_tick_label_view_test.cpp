@@ -425,6 +425,7 @@ TEST(KXAxisTickLabelView, TheLastLabelGetsItsRoomAtTheEnd)
     labels.axis->setMaxValue(4);
     EXPECT_EQ(labels.view->obtainResolvedRotation(), Rotation::Degrees45);
     EXPECT_EQ(labels.requests.back(), 4);
+    EXPECT_EQ(labels.view->obtainStartOverhang(), 39) << "60 times the root of a half, less the corner's 4";
     const std::size_t requested = labels.requests.size();
     labels.view->layout();
     EXPECT_EQ(labels.requests.size(), requested) << "and stay turned";
