@@ -8,6 +8,7 @@
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_saturate.h"
 
 #include <algorithm>
 #include <cmath>
@@ -226,6 +227,18 @@ std::optional<std::uint64_t> KXBarChart::_obtainCategoryAt(UXPoint point) const
         return KXXYAxisChart::_obtainCategoryAt(point);
     const KXBar* bar = m_dataView.hitBar(point);
     return bar ? bar->mark.category : slot->category;
+}
+
+/** The end of the bar, wherever its stack has it. */
+UXPoint KXBarChart::_obtainHintPoint(const KXAxisChartMark& mark)
+{
+    const auto found = std::ranges::find(m_dataView.getBars(), mark, &KXBar::mark);
+    if (found == m_dataView.getBars().end())
+        return KXXYAxisChart::_obtainHintPoint(mark);
+    const UXDoubleRect& rect = found->rect;
+    const UXDoublePoint end = isVertical() ? UXDoublePoint(rect.x + rect.width / 2, rect.y)
+                                           : UXDoublePoint(rect.x + rect.width, rect.y + rect.height / 2);
+    return {uxSaturateToInt(end.x), uxSaturateToInt(end.y)};
 }
 
 void KXBarChart::_fillHint(UXHintInfo& info, std::uint64_t category,

@@ -20,6 +20,8 @@ constexpr double whole = 100;
 constexpr double labelMargin = 6;
 /** Labels and titles leave the axis at least about this part of the plot. */
 constexpr double leastAxisShare = 0.75;
+/** Labels that need a larger part of the axis are worth less than the bars that they shorten. */
+constexpr double greatestRoomShare = 0.15;
 
 } // namespace
 
@@ -31,7 +33,8 @@ void KXBarChart::_customUpdateAxes()
         getYAxis()->setExtraLength("barLabels", _obtainLabelRoom());
 }
 
-/** @return what the label beyond the longest bar needs in addition to the room that the axis leaves there */
+/** @return what the label beyond the longest bar needs in addition to the room that the axis leaves there, 0
+ * where that is too much */
 double KXBarChart::_obtainLabelRoom() const
 {
     const KXBarForm form = obtainBarForm();
@@ -53,7 +56,8 @@ double KXBarChart::_obtainLabelRoom() const
     const UXRect plot = getPlot()->getRect();
     const double length = leastAxisShare * (isVertical() ? plot.height : plot.width);
     const double wanted = labelMargin + std::ceil(isVertical() ? text.height : text.width);
-    return std::clamp(wanted - length * ((axis->axisMax - highest) / span), 0.0, length / 2);
+    const double missing = std::max(wanted - length * ((axis->axisMax - highest) / span), 0.0);
+    return missing <= greatestRoomShare * length ? missing : 0;
 }
 
 /** Totals have the first choice, then the extremes of each series, then all others from the start on. */

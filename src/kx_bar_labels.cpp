@@ -97,7 +97,7 @@ bool KXBarLabelPlacer::place(const KXBar& bar, const Wish& wish)
     UXTextProperty property = wish.property;
     property.align = UXTextAlign::Center;
     const UXDoubleSize size = _measure(wish.text, property);
-    if (!wish.isExtreme && (m_plane.isVertical ? size.width : size.height) > greatestSpan * m_plane.spacing)
+    if (!wish.isExtreme && _isTooLong(size))
         return false;
     const KXBarStretch across = m_plane.obtainAcross(bar.rect), along = m_plane.obtainAlong(bar.rect);
     const bool growsForwards = m_plane.growsForwards() == (bar.to >= bar.from);
@@ -127,27 +127,39 @@ bool KXBarLabelPlacer::place(const KXBar& bar, const Wish& wish)
     return placeAt(inside);
 }
 
-bool KXBarLabelPlacer::placeTotal(const KXBarSlot& slot, double value, const std::string& text,
-                                  const UXTextProperty& property)
+const KXBar* KXBarLabelPlacer::_findOutermost(const KXBarSlot& slot, bool isBelow) const
 {
     const KXBar* outermost = nullptr;
     for (std::size_t i = slot.firstBar; i < slot.endBar; ++i) {
         const KXBar& bar = m_view.getBars()[i];
-        const bool isOnSide = (bar.value < 0) == (value < 0);
-        if (isOnSide && (!outermost || std::abs(bar.to) >= std::abs(outermost->to)))
+        if ((bar.value < 0) == isBelow && (!outermost || std::abs(bar.to) >= std::abs(outermost->to)))
             outermost = &bar;
     }
-    if (text.empty() || !outermost)
-        return false;
+    return outermost;
+}
+
+bool KXBarLabelPlacer::placeTotal(const KXBarSlot& slot, double value, const std::string& text,
+                                  const UXTextProperty& property)
+{
     UXTextProperty centred = property;
     centred.align = UXTextAlign::Center;
-    const UXDoubleRect rect = _makeRect(m_plane.obtainAcross(outermost->rect),
-                                        m_plane.obtainAlong(outermost->rect), KXBarLabelPosition::Outside,
-                                        m_plane.growsForwards() == (value >= 0), _measure(text, centred));
-    if (!_add(rect, nullptr, text, centred))
+    const UXDoubleSize size = _measure(text, centred);
+    if (text.empty() || _isTooLong(size))
         return false;
-    m_labels.back().mark.reset();
-    return true;
+    for (const bool isBelow : {value < 0, value >= 0}) {
+        const KXBar* outermost = _findOutermost(slot, isBelow);
+        if (outermost &&
+            _add(_makeRect(m_plane.obtainAcross(outermost->rect), m_plane.obtainAlong(outermost->rect),
+                           KXBarLabelPosition::Outside, m_plane.growsForwards() != isBelow, size),
+                 nullptr, text, centred))
+            return true;
+    }
+    return false;
+}
+
+bool KXBarLabelPlacer::_isTooLong(const UXDoubleSize& size) const
+{
+    return (m_plane.isVertical ? size.width : size.height) > greatestSpan * m_plane.spacing;
 }
 
 bool KXBarLabelPlacer::_add(const UXDoubleRect& rect, const KXBar* own, const std::string& text,

@@ -58,7 +58,7 @@ public:
     /** A label as long as two categories are wide tells nobody whose it is, so only extremes get such a one.
      *  @return whether the label has a place */
     bool place(const KXBar& bar, const Wish& wish);
-    /** Places a total beyond the bars of a slot. @param value on which side of zero it stands */
+    /** Places a total beyond the bars of a slot, on the side of zero where value is, or else on the other. */
     bool placeTotal(const KXBarSlot& slot, double value, const std::string& text,
                     const UXTextProperty& property);
 
@@ -68,6 +68,9 @@ private:
     UXDoubleSize _measure(const std::string& text, const UXTextProperty& property) const;
     UXDoubleRect _makeRect(const KXBarStretch& across, const KXBarStretch& along, KXBarLabelPosition position,
                            bool growsForwards, const UXDoubleSize& size) const;
+    /** @return the bar that reaches furthest to one side of zero, null for none */
+    const KXBar* _findOutermost(const KXBarSlot& slot, bool isBelow) const;
+    bool _isTooLong(const UXDoubleSize& size) const;
     bool _add(const UXDoubleRect& rect, const KXBar* own, const std::string& text,
               const UXTextProperty& property);
     bool _isFree(const UXDoubleRect& rect, const KXBar* own) const;

@@ -9,10 +9,15 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_chart_stacked_bar_segment.h"
 #include "kx_chart_toolbox.h"
 #include "kx_gauge_chart.h"
+#include "kx_horizontal_bar.h"
 #include "kx_legend.h"
+#include "kx_rectangle.h"
+#include "kx_stacked_bar.h"
 #include "kx_value_chart.h"
+#include "kx_vertical_bar.h"
 #include "ux/ux_hint.h"
 #include "ux/ux_hint_frame.h"
 #include "ux/ux_label.h"
@@ -75,7 +80,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXHeatMapPanel),
     KX_TYPE(UXHint),
     KX_TYPE(UXHintFrame),
-    KX_TYPE_WITHOUT_CLASS(KXHorizontalBar),
+    KX_TYPE(KXHorizontalBar),
     KX_TYPE_WITHOUT_CLASS(KXKpiChart),
     KX_TYPE_WITHOUT_CLASS(KXChartKpiPanel),
     KX_TYPE(UXLabel),
@@ -93,7 +98,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXPieChart),
     KX_TYPE_WITHOUT_CLASS(KXPieSegmentInfo),
     KX_TYPE_WITHOUT_CLASS(KXPie),
-    KX_TYPE_WITHOUT_CLASS(KXRectangle),
+    KX_TYPE(KXRectangle),
     KX_TYPE_WITHOUT_CLASS(KXScatterChart),
     KX_TYPE_WITHOUT_CLASS(KXScatterChartDataView),
     KX_TYPE_WITHOUT_CLASS(KXScatterPlotArea),
@@ -101,8 +106,8 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXScatterPoint),
     KX_TYPE_WITHOUT_CLASS(KXScatterChartProperty),
     KX_TYPE_WITHOUT_CLASS(KXScrollableValueList),
-    KX_TYPE_WITHOUT_CLASS(KXStackedBar),
-    KX_TYPE_WITHOUT_CLASS(KXChartStackedBarSegment),
+    KX_TYPE(KXStackedBar),
+    KX_TYPE(KXChartStackedBarSegment),
     KX_TYPE_WITHOUT_CLASS(KXTableChart),
     KX_TYPE_WITHOUT_CLASS(KXTableDatabarInfo),
     KX_TYPE_WITHOUT_CLASS(KXTablePanel),
@@ -118,7 +123,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXValueList),
     KX_TYPE_WITHOUT_CLASS(KXValueListBaseItem),
     KX_TYPE_WITHOUT_CLASS(KXValueListChart),
-    KX_TYPE_WITHOUT_CLASS(KXVerticalBar),
+    KX_TYPE(KXVerticalBar),
     KX_TYPE_WITHOUT_CLASS(KXWaterfallChart),
     KX_TYPE_WITHOUT_CLASS(KXWaterfallChartDataView),
 };

@@ -255,6 +255,49 @@ TEST(KXBarChart, HintTellsPartsAndTotals)
     EXPECT_TRUE(info.footerRows.empty());
 }
 
+TEST(KXBarChart, LabelsBeyondTheLongestBarHaveRoomOrNone)
+{
+    UXFixedMeasurer measurer;
+    Provider provider;
+    provider.values = {{99, 100, 3}};
+    for (const int height : {300, 60}) {
+        KXBarChart chart;
+        load(chart, provider, {0, 0, 300, height});
+        const double without = chart.getDataView().getBars()[1].rect.height;
+        chart.getBarChartProperty()->updateShowLabels(true);
+        chart.layout();
+        const KXBar& longest = chart.getDataView().getBars()[1];
+        if (height == 300)
+            EXPECT_EQ(chart.getLabels().front().rect.y + 12 + 3, longest.rect.y) << "beyond its end";
+        else
+            EXPECT_EQ(longest.rect.height, without);
+    }
+}
+
+TEST(KXBarChart, TotalsStandOnTheirSideOrElseOnTheOther)
+{
+    UXFixedMeasurer measurer;
+    Provider provider;
+    provider.categoryCount = 2;
+    provider.values = {{50, 50}, {-20, -100}};
+    KXBarChart chart;
+    chart.updateBarForm(KXBarForm::Stacked);
+    chart.getBarChartProperty()->updateShowTotals(true);
+    chart.getYAxisProperty()->setAutoAxisRange(false);
+    chart.getYAxisProperty()->setCustomMaxAxisValue(100);
+    const auto isAboveZero = [&](double min) {
+        chart.getYAxisProperty()->updateCustomMinAxisValue(min);
+        load(chart, provider);
+        std::vector<bool> above;
+        const KXBarPlane& plane = chart.getDataView().getPlane();
+        for (const KXBarLabel& label : chart.getLabels())
+            above.push_back(label.rect.y < plane.values.obtainPosition(0));
+        return above;
+    };
+    EXPECT_EQ(isAboveZero(-200), (std::vector<bool>{true, false}));
+    EXPECT_EQ(isAboveZero(-100), (std::vector<bool>{true, true})) << "no room below";
+}
+
 TEST(KXBarChart, KeepsItsPropertiesInADocument)
 {
     KXBarChart chart, read;

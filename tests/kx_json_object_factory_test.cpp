@@ -10,10 +10,26 @@
 TEST(KXJsonObjectFactory, MakesTheClassThatTheNameSays)
 {
     KXJsonObjectFactory factory;
-    for (const std::string name :
-         {"KXAxis", "KXAxisChartBaseLayer", "KXAxisChartLayer", "KXAxisTickLabelView", "KXBarChart",
-          "KXBarChartProperty", "KXChartDataFormat", "KXChartLabel", "KXChartProperty", "KXChartToolbox",
-          "KXLegend", "KXValueChart", "UXHint", "UXHintFrame", "UXLabel"}) {
+    for (const std::string name : {"KXAxis",
+                                   "KXAxisChartBaseLayer",
+                                   "KXAxisChartLayer",
+                                   "KXAxisTickLabelView",
+                                   "KXBarChart",
+                                   "KXBarChartProperty",
+                                   "KXChartDataFormat",
+                                   "KXChartLabel",
+                                   "KXChartProperty",
+                                   "KXChartStackedBarSegment",
+                                   "KXChartToolbox",
+                                   "KXHorizontalBar",
+                                   "KXLegend",
+                                   "KXRectangle",
+                                   "KXStackedBar",
+                                   "KXValueChart",
+                                   "KXVerticalBar",
+                                   "UXHint",
+                                   "UXHintFrame",
+                                   "UXLabel"}) {
         const std::unique_ptr<UXJsonObject> made(factory.create(name));
         ASSERT_TRUE(made) << name;
         EXPECT_EQ(made->customSerializeTypeID(), name);

@@ -1,0 +1,53 @@
+#include "kx_value_bar.h"
+
+#include "kx_bar_plane.h"
+
+#include <cmath>
+
+void KXValueBar::setValue(double value)
+{
+    if (value == m_value)
+        return;
+    m_value = value;
+    invalidate();
+}
+
+void KXValueBar::setRange(double min, double max)
+{
+    if (min == m_minValue && max == m_maxValue)
+        return;
+    m_minValue = min;
+    m_maxValue = max;
+    invalidate();
+}
+
+UXDoubleRect KXValueBar::obtainFilledRect() const
+{
+    KXBarPlane plane;
+    plane.isVertical = isVertical();
+    plane.area = getBoundingRect();
+    const double span = m_maxValue - m_minValue;
+    if (!std::isfinite(m_value) || !std::isfinite(span) || !(span > 0))
+        return {};
+    const double length = plane.obtainAlong().obtainLength();
+    plane.values = isVertical() ? KXAxisChartValueMap{m_minValue, length, -length / span}
+                                : KXAxisChartValueMap{m_minValue, 0, length / span};
+    const std::optional<KXBarStretch> along = plane.placeAlong(0, m_value);
+    return along ? plane.makeRect(plane.obtainAcross(), *along) : UXDoubleRect();
+}
+
+void KXValueBar::customSerialize()
+{
+    KXRectangle::customSerialize();
+    serializeDouble("m_value", m_value);
+    serializeDouble("m_minValue", m_minValue);
+    serializeDouble("m_maxValue", m_maxValue);
+}
+
+bool KXValueBar::customDeserialize()
+{
+    bool complete = KXRectangle::customDeserialize();
+    complete = deserializeDouble("m_value", m_value) && complete;
+    complete = deserializeDouble("m_minValue", m_minValue) && complete;
+    return deserializeDouble("m_maxValue", m_maxValue) && complete;
+}
