@@ -22,13 +22,13 @@ double obtainLeastCategoryRoom(KXChartDataDensity density)
 {
     switch (density) {
     case KXChartDataDensity::Loose:
-        return 32;
+        return 24;
     case KXChartDataDensity::Medium:
         break;
     case KXChartDataDensity::Compact:
-        return 8;
+        return 6;
     }
-    return 16;
+    return 14;
 }
 
 } // namespace

@@ -114,18 +114,25 @@ private:
         Band left, top, right, bottom;
 
         Band& at(UXPosition side);
+        const Band& at(UXPosition side) const { return const_cast<Bands*>(this)->at(side); }
     };
-    enum class Detail : int { None, Labels, All };
+    /** What there is room for beside the marks. */
+    struct Detail {
+        bool titles = true;
+        bool lyingLabels = true, standingLabels = true; // of axes along x and along y
+    };
 
     void _layoutAxes();
-    void _layoutAxes(Detail detail);
-    void _updateLabels(Detail detail);
-    Bands _measureBands(Detail detail);
+    void _layoutAxes(const Detail& detail);
+    void _updateLabels(const Detail& detail);
+    Bands _measureBands(const Detail& detail);
     void _measureLabels(Bands& bands);
     UXRect _obtainArea(const Bands& bands, bool scrolls) const;
     void _placeAxes(const UXRect& area);
     void _placeLabels(const Bands& bands);
-    void _placeTitles(const Bands& bands, Detail detail, bool scrolls);
+    void _placeTitles(const Bands& bands, const Detail& detail, bool scrolls);
+    UXRect _obtainTitleRect(const KXAxisChartAxis& axis, const Bands& bands, int bar) const;
+    UXRect _obtainEndTitleRect(const KXAxisChartAxis& axis) const;
     void _placeScroll(const Bands& bands, bool scrolls);
     void _placeLayers();
     void _layoutContent();

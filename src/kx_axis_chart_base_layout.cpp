@@ -25,7 +25,7 @@ namespace {
 constexpr int labelGap = 5;
 constexpr int titleGap = 4;
 constexpr int barExtent = UXVirtualScrollView::extraExtent;
-/** Titles, then labels, give way where the marks would get less room than this. */
+/** Titles, then the labels that take too much, give way where the marks would get less room than this. */
 constexpr UXSize leastAreaBesideTitles{120, 80};
 constexpr UXSize leastAreaBesideLabels{48, 32};
 /** Lines closer together than this are a shade and no grid. */
@@ -34,11 +34,6 @@ constexpr double leastGridPitch = 4;
 constexpr int endTitleDivider = 4;
 /** Labels neither, across their axis. */
 constexpr int labelDivider = 3;
-
-bool isTooSmall(const UXRect& area, const UXSize& least)
-{
-    return area.width < least.width || area.height < least.height;
-}
 
 UXSize measureTitle(const KXAxisChartAxis& axis)
 {
@@ -110,16 +105,26 @@ void KXAxisChartBase::_customLayout(UXRect plotArea)
 void KXAxisChartBase::_layoutAxes()
 {
     const UXObjectWatcher self(this);
-    _layoutAxes(Detail::All);
-    if (self.isAlive() && isTooSmall(m_marksArea, leastAreaBesideTitles))
-        _layoutAxes(Detail::Labels);
-    if (self.isAlive() && isTooSmall(m_marksArea, leastAreaBesideLabels))
-        _layoutAxes(Detail::None);
+    Detail detail;
+    _layoutAxes(detail);
+    if (!self.isAlive())
+        return;
+    if (m_marksArea.width < leastAreaBesideTitles.width ||
+        m_marksArea.height < leastAreaBesideTitles.height) {
+        detail.titles = false;
+        _layoutAxes(detail);
+    }
+    if (!self.isAlive())
+        return;
+    detail.standingLabels = m_marksArea.width >= leastAreaBesideLabels.width;
+    detail.lyingLabels = m_marksArea.height >= leastAreaBesideLabels.height;
+    if (!detail.standingLabels || !detail.lyingLabels)
+        _layoutAxes(detail);
 }
 
 /** Labels take room from the axes, and what labels need depends on the axes' room: the second round settles
  * it but for labels that turn in the first, which a third one follows. */
-void KXAxisChartBase::_layoutAxes(Detail detail)
+void KXAxisChartBase::_layoutAxes(const Detail& detail)
 {
     constexpr int rounds = 3;
     const UXObjectWatcher self(this);
@@ -147,7 +152,7 @@ void KXAxisChartBase::_layoutAxes(Detail detail)
 }
 
 /** Gives the labels what their axes' properties say, and has them forget ticks that are others now. */
-void KXAxisChartBase::_updateLabels(Detail detail)
+void KXAxisChartBase::_updateLabels(const Detail& detail)
 {
     const UXObjectWatcher self(this);
     const UXRect plot = m_plot->getBoundingRect();
@@ -155,7 +160,8 @@ void KXAxisChartBase::_updateLabels(Detail detail)
         KXAxisChartAxis& axis = *m_axes[i];
         const KXAxisProperty& property = *axis.property;
         KXAxisTickLabelView& labels = *axis.labels;
-        labels.setVisible(detail != Detail::None && axis.isUsed && property.getShowTickLabels());
+        const bool hasRoom = axis.isHorizontal() ? detail.lyingLabels : detail.standingLabels;
+        labels.setVisible(hasRoom && axis.isUsed && property.getShowTickLabels());
         labels.setPosition(axis.position);
         labels.setTickInterval(axis.cache.tickInterval);
         labels.setTextProperty(property.getTickLabelProperty());
@@ -190,7 +196,7 @@ void KXAxisChartBase::_measureLabels(Bands& bands)
     }
 }
 
-KXAxisChartBase::Bands KXAxisChartBase::_measureBands(Detail detail)
+KXAxisChartBase::Bands KXAxisChartBase::_measureBands(const Detail& detail)
 {
     const UXObjectWatcher self(this);
     Bands bands;
@@ -198,7 +204,7 @@ KXAxisChartBase::Bands KXAxisChartBase::_measureBands(Detail detail)
     if (!self.isAlive())
         return bands;
     for (const auto& axis : m_axes) {
-        if (detail != Detail::All || !hasTitle(*axis))
+        if (!detail.titles || !hasTitle(*axis))
             continue;
         const UXSize title = measureTitle(*axis);
         if (!axis->property->getShowTitleAtEndOfAxis()) {
@@ -262,7 +268,7 @@ void KXAxisChartBase::_placeLabels(const Bands& bands)
 {
     const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
     for (const auto& axis : m_axes) {
-        const int length = std::max(Bands(bands).at(axis->position).labels - labelGap, 0);
+        const int length = std::max(bands.at(axis->position).labels - labelGap, 0);
         UXRect rect;
         if (axis->position == UXPosition::Bottom)
             rect = {0, uxMaxY(area) + labelGap, plot.width, length};
@@ -276,47 +282,56 @@ void KXAxisChartBase::_placeLabels(const Bands& bands)
     }
 }
 
-void KXAxisChartBase::_placeTitles(const Bands& bands, Detail detail, bool scrolls)
+void KXAxisChartBase::_placeTitles(const Bands& bands, const Detail& detail, bool scrolls)
 {
-    const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
     for (const auto& axis : m_axes) {
         UXLabel& label = *axis->title;
-        label.setVisible(detail == Detail::All && hasTitle(*axis));
+        label.setVisible(detail.titles && hasTitle(*axis));
         if (!label.getVisible())
             continue;
-        const UXSize size = measureTitle(*axis);
         const bool atEnd = axis->property->getShowTitleAtEndOfAxis();
-        const Bands all = bands;
-        const int labels = Bands(all).at(axis->position).labels;
-        const int bar = scrolls && axis->position == UXPosition::Bottom && axis.get() == _obtainScrolledAxis()
-                            ? barExtent
-                            : 0;
-        const int most = !atEnd                 ? (axis->isHorizontal() ? area.width : area.height)
-                         : axis->isHorizontal() ? plot.width / endTitleDivider
-                                                : plot.width;
-        const int width = std::min(size.width, most);
-        UXRect rect;
-        if (atEnd && axis->isHorizontal())
-            rect = {uxMaxX(area) + titleGap,
-                    (axis->position == UXPosition::Top ? area.y : uxMaxY(area)) - size.height / 2, width,
-                    size.height};
-        else if (atEnd)
-            rect = {axis->position == UXPosition::Left ? 0 : uxMaxX(plot) - width,
-                    area.y - titleGap - size.height, width, size.height};
-        else if (axis->position == UXPosition::Bottom)
-            rect = {area.x, uxMaxY(area) + labels + bar + titleGap, area.width, size.height};
-        else if (axis->position == UXPosition::Top)
-            rect = {area.x, area.y - labels - titleGap - size.height, area.width, size.height};
-        else if (axis->position == UXPosition::Left)
-            rect = {area.x - labels - titleGap - size.height, area.y, size.height, area.height};
-        else
-            rect = {uxMaxX(area) + labels + titleGap, area.y, size.height, area.height};
-        UXTextProperty property = axis->property->getTitleProperty();
-        label.setText(shortenTitle(*axis, most));
-        label.setTextProperty(property);
-        label.setRotation(atEnd || axis->isHorizontal() ? 0 : 270);
+        const bool hasBar = scrolls && axis.get() == _obtainScrolledAxis() && axis->isHorizontal();
+        const UXRect rect = atEnd ? _obtainEndTitleRect(*axis)
+                                  : _obtainTitleRect(*axis, bands, hasBar ? barExtent : 0);
+        const bool isTurned = !atEnd && !axis->isHorizontal();
+        label.setText(shortenTitle(*axis, isTurned ? rect.height : rect.width));
+        label.setTextProperty(axis->property->getTitleProperty());
+        label.setRotation(isTurned ? 270 : 0);
         label.setRect(rect);
     }
+}
+
+/** @return the place of a title beside its axis's labels and the scroll bar */
+UXRect KXAxisChartBase::_obtainTitleRect(const KXAxisChartAxis& axis, const Bands& bands, int bar) const
+{
+    const UXRect area = m_marksArea;
+    const int height = measureTitle(axis).height;
+    const int distance = bands.at(axis.position).labels + titleGap;
+    switch (axis.position) {
+    case UXPosition::Top:
+        return {area.x, area.y - distance - height, area.width, height};
+    case UXPosition::Left:
+        return {area.x - distance - height, area.y, height, area.height};
+    case UXPosition::Right:
+        return {uxMaxX(area) + distance, area.y, height, area.height};
+    default:
+        return {area.x, uxMaxY(area) + distance + bar, area.width, height};
+    }
+}
+
+/** @return the place of a title beyond the end of its axis */
+UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis) const
+{
+    const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
+    const UXSize size = measureTitle(axis);
+    if (axis.isHorizontal()) {
+        const int y = axis.position == UXPosition::Top ? area.y : uxMaxY(area);
+        return {uxMaxX(area) + titleGap, y - size.height / 2,
+                std::min(size.width, plot.width / endTitleDivider), size.height};
+    }
+    const int width = std::min(size.width, plot.width);
+    const int x = axis.position == UXPosition::Left ? 0 : uxMaxX(plot) - width;
+    return {x, area.y - titleGap - size.height, width, size.height};
 }
 
 /** The bar stands beside the marks, or under the labels of the categories, and the title beyond it. */
