@@ -89,7 +89,7 @@ void UXDiagram::paint(UXPaintConfig* config, UXRect dirtyRect)
     UXObject::paint(config, dirtyRect);
     if (!watcher.isAlive())
         return;
-    _forEachGlobalEventDiagram([&](UXGlobalEventDiagram& diagram) {
+    _forEachGlobalEventDiagramFromBack([&](UXGlobalEventDiagram& diagram) {
         if (diagram.getVisible() && diagram.isInDiagramSpace())
             diagram.paint(config, dirtyRect);
     });
@@ -153,8 +153,18 @@ bool UXDiagram::controlSize(const UXEvent& event)
 
 void UXDiagram::_forEachGlobalEventDiagram(const std::function<void(UXGlobalEventDiagram&)>& act)
 {
+    _forEach({m_globalEventDiagrams.begin(), m_globalEventDiagrams.end()}, act);
+}
+
+void UXDiagram::_forEachGlobalEventDiagramFromBack(const std::function<void(UXGlobalEventDiagram&)>& act)
+{
+    _forEach({m_globalEventDiagrams.rbegin(), m_globalEventDiagrams.rend()}, act);
+}
+
+void UXDiagram::_forEach(const std::vector<UXObjectWatcher>& candidates,
+                         const std::function<void(UXGlobalEventDiagram&)>& act)
+{
     UXObjectWatcher watcher(this);
-    const std::vector<UXObjectWatcher> candidates(m_globalEventDiagrams.begin(), m_globalEventDiagrams.end());
     for (const UXObjectWatcher& candidate : candidates) {
         if (!watcher.isAlive())
             return;
@@ -189,6 +199,13 @@ void UXDiagram::unregisterGlobalEventDiagram(UXGlobalEventDiagram* diagram)
 {
     if (std::erase(m_globalEventDiagrams, diagram) > 0)
         diagram->_forgetServedDiagram(this);
+}
+
+void UXDiagram::bringGlobalEventDiagramToFront(UXGlobalEventDiagram* diagram)
+{
+    const auto found = std::ranges::find(m_globalEventDiagrams, diagram);
+    if (found != m_globalEventDiagrams.end())
+        std::rotate(m_globalEventDiagrams.begin(), found, found + 1);
 }
 
 UXGlobalControlSpaceEventDiagram* UXDiagram::getGlobalControlSpaceEventDiagram() const

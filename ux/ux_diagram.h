@@ -41,7 +41,8 @@ public:
     void addDirtyRect(UXRect rect) override;
     void flushDirtyRect() override;
     void repaintDirtyRect() override;
-    /** Paints what stands on the diagram, and over it the global diagrams that are in its space. */
+    /** Paints what stands on the diagram, and over it the global diagrams that are in its space; the one that
+     * sees the events first is in front. */
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
     /** @return whether the diagram or anything on it has a responder of the type */
     bool getShouldResponse(UXEventResponderType type) const override;
@@ -93,7 +94,9 @@ public:
     /** @param diagram stays its owner's; it leaves by itself when it is destroyed */
     void registerGlobalEventDiagram(UXGlobalEventDiagram* diagram);
     void unregisterGlobalEventDiagram(UXGlobalEventDiagram* diagram);
-    /** @return in the order registered */
+    /** Lets a registered one see the events before the others, and lie over them. */
+    void bringGlobalEventDiagramToFront(UXGlobalEventDiagram* diagram);
+    /** @return from front to back: in the order registered, but for those brought to the front */
     const std::vector<UXGlobalEventDiagram*>& getGlobalEventDiagrams() const { return m_globalEventDiagrams; }
     /** @return the first registered one that works in the control's space; null without any */
     UXGlobalControlSpaceEventDiagram* getGlobalControlSpaceEventDiagram() const;
@@ -109,8 +112,13 @@ private:
     bool _dispatch(UXEventType type, const UXEvent& event, Entry entry,
                    const std::function<bool(UXEventDispatcher&, const UXEvent&)>& act);
     bool _offerToGlobalEventDiagrams(const UXEvent& event, Entry entry);
-    /** Calls act with each global diagram that is still registered when its turn comes. */
+    /** Calls act with each global diagram that is still registered when its turn comes, from front to back.
+     */
     void _forEachGlobalEventDiagram(const std::function<void(UXGlobalEventDiagram&)>& act);
+    /** The same from back to front. */
+    void _forEachGlobalEventDiagramFromBack(const std::function<void(UXGlobalEventDiagram&)>& act);
+    void _forEach(const std::vector<UXObjectWatcher>& candidates,
+                  const std::function<void(UXGlobalEventDiagram&)>& act);
 
     UXContext* m_context = nullptr;
     UXJsonObjectWatcher m_contextWatcher;
