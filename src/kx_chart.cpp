@@ -595,9 +595,8 @@ void KXChart::_showToolboxIfWanted(KXChartDataUser& user)
 
 bool KXChart::customMouseLeave(const UXEvent& event, bool& stop)
 {
-    if (obtainLegendDataUser() && !m_toolbox->getMenuOpen()) {
-        m_toolbox->setVisible(false);
-        m_toolbox->refresh();
-    }
-    return UXObject::customMouseLeave(event, stop);
+    const UXObjectWatcher self(this);
+    if (obtainLegendDataUser())
+        m_toolbox->pointerLeft();
+    return self.isAlive() && UXObject::customMouseLeave(event, stop);
 }

@@ -1,12 +1,26 @@
 #pragma once
 
 #include "kx_export.h"
+#include "kx_menu_entry.h"
 #include "ux/ux_object.h"
+#include "ux/ux_object_watcher.h"
 
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class KXChartDataProvider;
 class KXChartDataUser;
+class KXChartToolboxItem;
+class KXMenuEventDiagram;
 struct KXChartToolboxMenuContext;
 
-/** The strip along a chart's top edge that shows while the pointer is over a chart whose host wants it. */
+/**
+ * The strip of buttons along a chart's top edge that shows while the pointer is over a chart whose host wants
+ * it. The buttons stand at its right end and alone take events; those without room are in a menu of the last
+ * one. With the focus, Left, Right, Home and End go from button to button, and Enter, Space and Down press.
+ */
 class KX_EXPORT KXChartToolbox : public UXObject {
 public:
     KXChartToolbox();
@@ -14,21 +28,59 @@ public:
 
     /** @param user the chart's; may be null */
     void setDataUser(KXChartDataUser* user);
+    /** @return null once its chart is gone */
     KXChartDataUser* getDataUser() const;
-    /** @return what the host wants in the strip, its own; null before prepare() and when it wants nothing */
-    KXChartToolboxMenuContext* getContext() const;
-    bool getMenuOpen() const;
 
+    // Contents
     /** Asks the provider what the strip holds. */
     void prepare();
+    /** @return what the host wants in the strip; none before prepare() */
+    const std::vector<KXMenuEntry>& getEntries() const { return m_entries; }
+    /** @return the buttons from left to right, children */
+    std::vector<KXChartToolboxItem*> getItems() const;
     /** Draws the strip's place anew, shown or hidden. */
     void refresh();
+    /** The pointer is over the chart no more: the strip hides, after its menu if one is open. */
+    void pointerLeft();
 
-    // From UXJsonObject
+    // Menus
+    bool getMenuOpen() const;
+    /** @return what shows the strip's menus, its own; null before the first one */
+    KXMenuEventDiagram* getMenuDiagram() const { return m_menuDiagram.get(); }
+    /** Does what a click on a button does. The entry's action is posted on event; a button that has neither
+     * action nor entries asks the provider for a menu. One that is not enabled does nothing.
+     *  @return whether it is one of the buttons */
+    bool activateItem(KXChartToolboxItem* item, const UXEvent& event);
+
+    // From UXJsonObject and UXObject
     std::string customSerializeTypeID() override;
+    void setVisible(bool visible) override;
+    bool ptInRect(UXPoint point) const override;
+    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
+
+protected:
+    void customLayout() override;
+    bool customMouseDown(const UXEvent& event, bool& stop) override;
+    bool customMouseUp(const UXEvent& event, bool& stop) override;
+    bool customKeyDown(const UXEvent& event, bool& stop) override;
 
 private:
-    KXChartDataUser* m_dataUser = nullptr;          // the chart's
-    KXChartToolboxMenuContext* m_context = nullptr; // the host's
-    bool m_menuOpen = false;
+    using Question = std::function<KXChartToolboxMenuContext*(KXChartDataProvider&, KXChartDataUser*)>;
+
+    std::vector<KXMenuEntry> _obtainEntries(const Question& ask);
+    std::vector<KXMenuEntry> _obtainShownEntries() const;
+    UXRect _obtainButtonsRect() const;
+    void _placeItems();
+    void _focusItem(int index);
+    int _obtainFocusedIndex() const;
+    void _openDropDownMenu(const std::string& identifier, const UXRect& anchor, UXObject* item);
+    void _openMenu(const std::vector<KXMenuEntry>& entries, const UXRect& anchor, UXObject* item);
+    void _menuClosed();
+    void _prepareAfter(const UXEvent& event);
+
+    KXChartDataUser* m_dataUser = nullptr; // the chart's, for as long as that lives
+    UXObjectWatcher m_dataUserChart{nullptr};
+    std::vector<KXMenuEntry> m_entries;
+    std::unique_ptr<KXMenuEventDiagram> m_menuDiagram;
+    bool m_hidesAfterMenu = false;
 };

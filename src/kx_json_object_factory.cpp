@@ -11,9 +11,12 @@
 #include "kx_chart_property.h"
 #include "kx_chart_stacked_bar_segment.h"
 #include "kx_chart_toolbox.h"
+#include "kx_chart_toolbox_item.h"
 #include "kx_gauge_chart.h"
 #include "kx_horizontal_bar.h"
 #include "kx_legend.h"
+#include "kx_menu.h"
+#include "kx_menu_item.h"
 #include "kx_rectangle.h"
 #include "kx_stacked_bar.h"
 #include "kx_value_chart.h"
@@ -93,8 +96,8 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXLineSegment),
     KX_TYPE_WITHOUT_CLASS(KXLineChartDataView),
     KX_TYPE_WITHOUT_CLASS(KXLineChartProperty),
-    KX_TYPE_WITHOUT_CLASS(KXMenu),
-    KX_TYPE_WITHOUT_CLASS(KXMenuItem),
+    KX_TYPE(KXMenu),
+    KX_TYPE(KXMenuItem),
     KX_TYPE_WITHOUT_CLASS(KXPieChart),
     KX_TYPE_WITHOUT_CLASS(KXPieSegmentInfo),
     KX_TYPE_WITHOUT_CLASS(KXPie),
@@ -112,7 +115,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXTableDatabarInfo),
     KX_TYPE_WITHOUT_CLASS(KXTablePanel),
     KX_TYPE_WITHOUT_CLASS(KXTile),
-    KX_TYPE_WITHOUT_CLASS(KXChartToolboxItem),
+    KX_TYPE(KXChartToolboxItem),
     KX_TYPE_WITHOUT_CLASS(KXTornadoChart),
     KX_TYPE_WITHOUT_CLASS(KXTornadoChartDataView),
     KX_TYPE_WITHOUT_CLASS(KXTornadoChartProperty),

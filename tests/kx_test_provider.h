@@ -22,6 +22,9 @@ public:
     bool wantsLeftClick = false;
     bool wantsHighlight = false;
     bool wantsToolbox = false;
+    bool wantsDropDown = false;
+    KXChartToolboxMenuContext* toolboxContext = nullptr;
+    KXChartToolboxMenuContext* dropDownContext = nullptr;
     std::function<void()> leftClickAction;
     void* rightClickContext = nullptr;
     std::vector<KXChartDataPath> paths; // copies of those that came with clicks
@@ -77,7 +80,15 @@ public:
     }
     KXChartToolboxMenuContext* obtainDataToolboxContext(KXChartDataUser*, KXChartDataPath*) override
     {
-        return _answer("toolboxContext", static_cast<KXChartToolboxMenuContext*>(nullptr));
+        return _answer("toolboxContext", toolboxContext);
+    }
+    bool obtainDataShouldDropDownMenu(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer("shouldDropDown " + path->identifier, wantsDropDown, path);
+    }
+    KXChartToolboxMenuContext* obtainDataDropDownMenuContext(KXChartDataUser*, KXChartDataPath* path) override
+    {
+        return _answer("dropDownContext " + path->identifier, dropDownContext, path);
     }
 
 private:

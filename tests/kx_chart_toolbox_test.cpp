@@ -1,0 +1,226 @@
+#include "kx_chart_toolbox.h"
+
+#include "kx_chart_toolbox_item.h"
+#include "kx_chart_toolbox_menu_context.h"
+#include "kx_menu.h"
+#include "kx_menu_event_diagram.h"
+#include "kx_menu_item.h"
+#include "kx_test_input.h"
+#include "kx_test_provider.h"
+#include "kx_value_chart.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+/** A chart of 200 x 120 on a diagram of 400 x 300, whose host wants four buttons: one that acts, one with a
+ * menu, one that is disabled and one that asks. */
+class KXChartToolboxTest : public testing::Test {
+protected:
+    KXChartToolboxTest()
+    {
+        diagram.setRect(uxMakeRect(0, 0, 400, 300));
+        KXMenuEntry disabled = makeEntry("Disabled", [this] { log += "disabled "; });
+        disabled.enabled = false;
+        KXMenuEntry asking = makeEntry("Ask");
+        asking.identifier = "ask";
+        const std::vector<KXMenuEntry> rows{makeEntry("Row", [this] { log += "row "; }), makeEntry("Other")};
+        strip.entries = {makeEntry("Act", [this] { log += "act "; }), makeEntry("Menu", {}, rows), disabled,
+                         asking};
+        menu.entries = {makeEntry("Answer", [this] { log += "answer "; })};
+        provider.wantsToolbox = true;
+        provider.toolboxContext = &strip;
+        provider.dropDownContext = &menu;
+        make();
+    }
+    void make()
+    {
+        chart = std::make_unique<KXValueChart>();
+        chart->setAlign(UXAlign::None);
+        chart->setRect(uxMakeRect(0, 0, 200, 120));
+        chart->setDataProvider(&provider);
+        diagram.addChild(chart.get());
+        diagram.layout();
+        provider.calls.clear();
+    }
+    KXChartToolbox& toolbox() const { return *chart->getToolbox(); }
+    UXPoint button(std::size_t index) const { return middleOf(*toolbox().getItems().at(index)); }
+    void hover() { input.move({100, 60}); }
+
+    UXFixedMeasurer measurer;
+    UXDiagram diagram;
+    KXTestInput input{diagram};
+    KXChartToolboxMenuContext strip, menu;
+    KXTestProvider provider;
+    std::unique_ptr<KXValueChart> chart;
+    std::string log;
+};
+
+} // namespace
+
+TEST_F(KXChartToolboxTest, ShowsUnderThePointerAndTakesEventsOnItsButtonsOnly)
+{
+    EXPECT_FALSE(toolbox().getVisible());
+    hover();
+    EXPECT_TRUE(toolbox().getVisible());
+    ASSERT_EQ(toolbox().getItems().size(), 4u);
+    EXPECT_EQ(toolbox().getItems()[3]->getRect(), UXRect(196 - 24, 0, 24, 24));
+    EXPECT_EQ(diagram.obtainObjectsUnder(button(3))[0].getObject(), toolbox().getItems()[3]);
+    EXPECT_EQ(diagram.obtainObjectsUnder({20, 15})[0].getObject(), chart.get());
+    input.move(button(0));
+    EXPECT_TRUE(toolbox().getItems()[0]->getHintVisible());
+    input.move({300, 200});
+    EXPECT_FALSE(toolbox().getVisible());
+}
+
+TEST_F(KXChartToolboxTest, AClickActsAfterTheEventAndAsksAnew)
+{
+    hover();
+    provider.calls.clear();
+    input.press(button(0));
+    UXEvent release = KXTestInput::at(button(0));
+    release.postAction([this] { strip.entries.pop_back(); });
+    diagram.mouseUp(release);
+    EXPECT_EQ(log, "act ");
+    EXPECT_EQ(provider.calls, Calls{"toolboxContext"});
+    EXPECT_EQ(toolbox().getItems().size(), 3u) << "what changed meanwhile shows";
+}
+
+TEST_F(KXChartToolboxTest, AnOpenMenuKeepsTheStrip)
+{
+    hover();
+    input.click(button(1));
+    ASSERT_TRUE(toolbox().getMenuOpen());
+    EXPECT_TRUE(toolbox().getItems()[1]->getMenuOpen());
+    const KXMenu& open = *toolbox().getMenuDiagram()->getMenus()[0];
+    EXPECT_EQ(open.getFrameRect(), UXRect(124, 26, 120, 60));
+    diagram.mouseLeave(UXEvent());
+    EXPECT_TRUE(toolbox().getVisible());
+    input.click(middleOf(*open.getItem(0)));
+    EXPECT_EQ(log, "row ");
+    EXPECT_FALSE(toolbox().getMenuOpen() || toolbox().getVisible()) << "the pointer had left";
+
+    hover();
+    input.click(button(1));
+    input.press(button(1));
+    input.release(button(1));
+    EXPECT_FALSE(toolbox().getMenuOpen()) << "the button closes what it opened";
+    EXPECT_FALSE(toolbox().getItems()[1]->getMenuOpen());
+}
+
+TEST_F(KXChartToolboxTest, AsksForADropDownMenuOnlyWhereOneMayBe)
+{
+    struct Case {
+        const char* name;
+        std::size_t button;
+        bool wanted;
+        KXChartToolboxMenuContext* context;
+        Calls calls;
+        bool opens;
+    };
+    const Case cases[] = {
+        {"refused", 3, false, &menu, {"shouldDropDown ask"}, false},
+        {"wanted", 3, true, &menu, {"shouldDropDown ask", "dropDownContext ask"}, true},
+        {"nothing in it", 3, true, nullptr, {"shouldDropDown ask", "dropDownContext ask"}, false},
+        {"disabled", 2, true, &menu, {}, false},
+        {"has its own", 1, true, &menu, {}, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        hover();
+        input.move(button(c.button));
+        provider.calls.clear();
+        provider.wantsDropDown = c.wanted;
+        provider.dropDownContext = c.context;
+        input.press(button(c.button));
+        input.release(button(c.button));
+        EXPECT_EQ(provider.calls, c.calls);
+        EXPECT_EQ(toolbox().getMenuOpen(), c.opens);
+        EXPECT_EQ(log, "");
+        input.type(UXKeyCode::Escape);
+    }
+}
+
+TEST_F(KXChartToolboxTest, WorksByKeys)
+{
+    using enum UXKeyCode;
+    hover();
+    diagram.setFocusedObject(&toolbox());
+    provider.wantsDropDown = true;
+    for (const UXKeyCode key : {Right, Enter, Right, Down, Down, Up, Enter})
+        EXPECT_TRUE(input.type(key));
+    EXPECT_EQ(log, "act row ");
+    EXPECT_TRUE(toolbox().getItems()[1]->getFocused());
+    for (const UXKeyCode key : {End, Space, Enter, Home, Left, Left, Enter})
+        EXPECT_TRUE(input.type(key));
+    EXPECT_EQ(log, "act row answer ") << "the disabled button does nothing";
+    input.click(button(0));
+    EXPECT_FALSE(toolbox().getItems()[2]->getFocused());
+    input.move({300, 200});
+    EXPECT_FALSE(input.type(Enter)) << "a hidden strip takes no keys";
+}
+
+TEST_F(KXChartToolboxTest, WhatHasNoRoomIsInAMenu)
+{
+    provider.wantsDropDown = true;
+    chart->setRect(uxMakeRect(0, 0, 60, 120));
+    diagram.layout();
+    input.move({30, 60});
+    ASSERT_EQ(toolbox().getItems().size(), 2u);
+    input.click(button(1));
+    const KXMenu* more = toolbox().getMenuDiagram()->getMenus().at(0);
+    ASSERT_EQ(more->getItemCount(), 3);
+    input.click(middleOf(*more->getItem(2)));
+    ASSERT_TRUE(toolbox().getMenuOpen()) << "the last one asked";
+    EXPECT_EQ(toolbox().getMenuDiagram()->getMenus().at(0)->getItem(0)->getEntry().text, "Answer");
+    input.type(UXKeyCode::Escape);
+
+    chart->setRect(uxMakeRect(0, 0, 10, 120));
+    diagram.layout();
+    input.move({300, 200});
+    input.move({5, 60});
+    EXPECT_TRUE(toolbox().getItems().empty());
+}
+
+TEST_F(KXChartToolboxTest, AnyAnswerMayDestroyTheChart)
+{
+    provider.wantsDropDown = true;
+    for (const char* call :
+         {"shouldShowToolbox", "toolboxContext", "shouldDropDown ask", "dropDownContext ask"}) {
+        SCOPED_TRACE(call);
+        provider.onCall = [&](const std::string& asked) {
+            if (asked == call)
+                chart.reset();
+        };
+        hover();
+        if (chart)
+            input.click(button(3));
+        EXPECT_FALSE(chart);
+        provider.onCall = {};
+        make();
+    }
+    strip.entries[1].entries[0].action = [this] { chart.reset(); };
+    hover();
+    input.click(button(1));
+    input.type(UXKeyCode::Down);
+    input.type(UXKeyCode::Enter);
+    EXPECT_FALSE(chart);
+
+    make();
+    hover();
+    input.click(button(1));
+    chart.reset();
+    EXPECT_TRUE(diagram.getGlobalEventDiagrams().empty());
+
+    make();
+    hover();
+    input.click(button(1));
+    diagram.removeChild(chart.get());
+    input.move({300, 200});
+    EXPECT_FALSE(toolbox().getMenuOpen()) << "a chart that was taken away has no menu";
+}

@@ -1,0 +1,265 @@
+#include "kx_menu.h"
+
+#include "kx_menu_event_diagram.h"
+#include "kx_menu_item.h"
+#include "kx_test_input.h"
+#include "ux/ux_rect_functions.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+/** Counts what reaches the diagram under the menu. */
+class Below : public UXObject {
+public:
+    Below() { setRect(uxMakeRect(0, 0, 400, 300)); }
+    int reached = 0;
+
+protected:
+    bool customMouseDown(const UXEvent&, bool&) override { return ++reached > 0; }
+    bool customMouseUp(const UXEvent&, bool&) override { return ++reached > 0; }
+    bool customMouseMove(const UXEvent&, bool&) override { return ++reached > 0; }
+    bool customMouseWheel(const UXEvent&, bool&) override { return ++reached > 0; }
+    bool customKeyDown(const UXEvent&, bool&) override { return ++reached > 0; }
+};
+
+/** A diagram of 400 x 300. Rows are 26 high, separators 9; letters are 6.5 wide. */
+class KXMenuTest : public testing::Test {
+protected:
+    KXMenuTest()
+    {
+        diagram->setRect(uxMakeRect(0, 0, 400, 300));
+        diagram->addChild(&below);
+        KXMenuEntry disabled = makeEntry("Beta", [this] { log += "Beta "; });
+        disabled.enabled = false;
+        KXMenuEntry separator;
+        separator.separator = true;
+        const std::vector<KXMenuEntry> deepest{makeEntry("Deep", [this] { log += "Deep "; })};
+        const std::vector<KXMenuEntry> deeper{makeEntry("One", [this] { log += "One "; }),
+                                              makeEntry("Two", {}, deepest)};
+        entries = {makeEntry("Alpha", [this] { log += "Alpha "; }), separator, disabled,
+                   makeEntry("Gamma", {}, deeper), makeEntry("apple", [this] { log += "apple "; })};
+        menus->setClosedHandler([this] { log += "closed "; });
+    }
+    ~KXMenuTest() override
+    {
+        if (diagram)
+            diagram->removeChildren();
+    }
+
+    void open(const UXRect& anchor = {10, 10, 24, 24})
+    {
+        menus->openMenu(diagram.get(), entries, anchor);
+        log.clear();
+        below.reached = 0;
+    }
+    KXTestInput input() const { return {*diagram}; }
+    UXPoint rowAt(std::size_t depth, int index) const
+    {
+        return middleOf(*menus->getMenus().at(depth)->getItem(index));
+    }
+    /** @return the current rows of the open menus, such as "3/0" */
+    std::string state() const
+    {
+        std::string text;
+        for (const KXMenu* menu : menus ? menus->getMenus() : std::vector<KXMenu*>())
+            text += (text.empty() ? "" : "/") + std::to_string(menu->getCurrentIndex());
+        return text;
+    }
+
+    UXFixedMeasurer measurer;
+    Below below;
+    std::string log;
+    std::vector<KXMenuEntry> entries;
+    std::unique_ptr<UXDiagram> diagram = std::make_unique<UXDiagram>();
+    std::unique_ptr<KXMenuEventDiagram> menus = std::make_unique<KXMenuEventDiagram>();
+};
+
+} // namespace
+
+TEST_F(KXMenuTest, StandsInsideTheDiagramWhereverItOpens)
+{
+    struct Case {
+        const char* name;
+        int rows;
+        std::size_t letters;
+        UXRect anchor, expected;
+    };
+    const Case cases[] = {
+        {"below", 3, 4, {10, 10, 24, 24}, {10, 34, 120, 86}},
+        {"as wide as its text", 3, 20, {10, 10, 24, 24}, {10, 34, 154, 86}},
+        {"no wider than menus may be", 3, 400, {10, 10, 24, 24}, {10, 34, 320, 86}},
+        {"ends where its anchor ends", 3, 4, {370, 10, 24, 24}, {274, 34, 120, 86}},
+        {"above", 3, 4, {10, 270, 24, 24}, {10, 184, 120, 86}},
+        {"in the corner", 3, 4, {400, 300, 0, 0}, {280, 214, 120, 86}},
+        {"shifted over its anchor", 9, 4, {10, 150, 24, 24}, {10, 58, 120, 242}},
+        {"cut to the diagram", 20, 4, {10, 10, 24, 24}, {10, 0, 120, 300}},
+        {"far outside", 3, 4, {INT_MIN, INT_MAX, 0, 0}, {0, 214, 120, 86}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        entries.assign(static_cast<std::size_t>(c.rows), makeEntry(std::string(c.letters, 'x')));
+        open(c.anchor);
+        ASSERT_EQ(menus->getMenus().size(), 1u);
+        const KXMenu& menu = *menus->getMenus()[0];
+        EXPECT_EQ(menu.getFrameRect(), c.expected);
+        // Whatever the height, keys show the row that they lead to.
+        input().type(UXKeyCode::Up);
+        const UXRect last = menu.getItem(c.rows - 1)->getRect();
+        EXPECT_TRUE(uxContainsRect(menu.getContentRect(), last));
+    }
+    entries.clear();
+    open();
+    EXPECT_FALSE(menus->isOpen());
+}
+
+TEST_F(KXMenuTest, AnswersKeys)
+{
+    using enum UXKeyCode;
+    struct Case {
+        const char* name;
+        std::vector<UXKeyCode> keys;
+        std::string text, state, log;
+    };
+    const Case cases[] = {
+        {"opens without a row", {}, "", "-1", ""},
+        {"down", {Down}, "", "0", ""},
+        {"over what cannot be chosen", {Down, Down}, "", "3", ""},
+        {"around the end", {Down, Down, Down, Down}, "", "0", ""},
+        {"up from none", {Up}, "", "4", ""},
+        {"home and end", {End, Home}, "", "0", ""},
+        {"into a sub-menu", {Down, Down, Right}, "", "3/0", ""},
+        {"and deeper", {Down, Down, Enter, Down, Space}, "", "3/1/0", ""},
+        {"back by left", {Down, Down, Right, Left}, "", "3", ""},
+        {"left closes no first menu", {Down, Left}, "", "0", ""},
+        {"right opens only sub-menus", {Down, Right}, "", "0", ""},
+        {"escape closes one", {Down, Down, Right, Escape}, "", "3", ""},
+        {"escape closes the last", {Down, Escape}, "", "", "closed "},
+        {"tab closes all", {Down, Down, Right, Tab}, "", "", "closed "},
+        {"first letter in either case", {}, "A", "0", ""},
+        {"the next one of that letter", {Down}, "a", "4", ""},
+        {"not one that is disabled", {Down}, "b", "0", ""},
+        {"enter chooses", {Down, Enter}, "", "", "closed Alpha "},
+        {"space too", {Up, Space}, "", "", "closed apple "},
+        {"in a sub-menu", {Down, Down, Right, Enter}, "", "", "closed One "},
+        {"enter without a row", {Enter}, "", "-1", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        open();
+        for (const UXKeyCode key : c.keys)
+            EXPECT_TRUE(input().type(key));
+        if (!c.text.empty())
+            input().type(c.text);
+        EXPECT_EQ(state(), c.state);
+        EXPECT_EQ(log, c.log);
+        EXPECT_EQ(below.reached, 0);
+    }
+}
+
+TEST_F(KXMenuTest, FollowsThePointerAndPostsWhatItChooses)
+{
+    open();
+    input().move(rowAt(0, 3));
+    EXPECT_EQ(state(), "3/-1") << "a row under the pointer opens its sub-menu";
+    const UXRect frame = menus->getMenus()[1]->getFrameRect();
+    EXPECT_EQ(frame.x, 10 + 120 - 4);
+    input().move(rowAt(0, 3) + UXPoint(30, 14));
+    EXPECT_EQ(state(), "3/-1") << "on the way to the sub-menu other rows are crossed";
+    input().move(rowAt(1, 1));
+    EXPECT_EQ(state(), "3/1/-1");
+    input().move(rowAt(0, 0));
+    EXPECT_EQ(state(), "0");
+    input().move({300, 250});
+    EXPECT_EQ(state(), "-1");
+
+    input().click(rowAt(0, 2));
+    input().click(rowAt(0, 1));
+    EXPECT_EQ(state() + log, "-1") << "neither disabled rows nor separators can be chosen";
+    input().press(rowAt(0, 3));
+    input().move(rowAt(1, 0));
+    UXEvent release = KXTestInput::at(rowAt(1, 0));
+    release.postAction([this] { log += "posted "; });
+    diagram->mouseUp(release);
+    EXPECT_EQ(log, "closed posted One ") << "dragged onto, and after all that was posted before";
+    EXPECT_EQ(below.reached, 0);
+
+    open();
+    input().release(rowAt(0, 0));
+    EXPECT_EQ(state(), "-1") << "the release of the press that opened the menu chooses nothing";
+}
+
+TEST_F(KXMenuTest, FlipsASubMenuWhereThereIsNoRoom)
+{
+    open({390, 290, 0, 0});
+    input().move(rowAt(0, 3));
+    const UXRect parent = menus->getMenus()[0]->getFrameRect(), child = menus->getMenus()[1]->getFrameRect();
+    EXPECT_EQ(uxMaxX(child), parent.x + 4);
+    EXPECT_TRUE(uxContainsRect(diagram->getBoundingRect(), child));
+    input().move(rowAt(0, 3) + UXPoint(-30, 10));
+    EXPECT_EQ(state(), "3/-1");
+}
+
+TEST_F(KXMenuTest, HasAllEventsUntilItCloses)
+{
+    open();
+    UXEvent wheel;
+    wheel.setMousePoint({300, 200});
+    EXPECT_TRUE(input().move({300, 200}) && diagram->mouseWheel(wheel) && input().type("x"));
+    EXPECT_TRUE(input().press({300, 200}));
+    EXPECT_EQ(log, "closed ");
+    EXPECT_TRUE(input().move({310, 200}) && input().release({300, 200}));
+    EXPECT_EQ(below.reached, 0) << "the press elsewhere only closes";
+    input().click({300, 200});
+    EXPECT_EQ(below.reached, 3);
+
+    const std::function<void()> closings[] = {
+        [this] { menus->endActions(); },
+        [this] {
+            diagram->setRect(uxMakeRect(0, 0, 200, 300));
+            input().move({1, 1});
+        },
+        [this] { diagram->controlSize(UXEvent()); },
+        [this] { diagram->unregisterGlobalEventDiagram(menus.get()); },
+    };
+    for (const auto& close : closings) {
+        open();
+        close();
+        EXPECT_FALSE(menus->isOpen());
+        EXPECT_EQ(log, "closed ");
+    }
+    menus->openMenu(diagram.get(), entries, {}, &below);
+    diagram->removeChild(&below);
+    input().move({1, 1});
+    EXPECT_FALSE(menus->isOpen()) << "nobody's any more";
+}
+
+TEST_F(KXMenuTest, OutlivesWhatCallbacksDestroy)
+{
+    entries[0].action = [this] { menus.reset(); };
+    open();
+    input().click(rowAt(0, 0));
+    EXPECT_FALSE(menus);
+
+    menus = std::make_unique<KXMenuEventDiagram>();
+    menus->setClosedHandler([this] { menus.reset(); });
+    open();
+    input().press({300, 200});
+    EXPECT_FALSE(menus);
+
+    menus = std::make_unique<KXMenuEventDiagram>();
+    open();
+    input().move(rowAt(0, 3));
+    delete menus->getMenus()[0]->getItem(3);
+    delete menus->getMenus()[1];
+    input().type(UXKeyCode::Down);
+    input().click(rowAt(0, 0) + UXPoint(0, 26));
+    menus->setClosedHandler([this] { log += "closed "; });
+    open();
+    diagram->removeChildren();
+    diagram.reset();
+    EXPECT_EQ(log, "closed ");
+}
