@@ -37,6 +37,8 @@ void KXChartToolboxItem::_set(bool& member, bool value)
     invalidate();
 }
 
+UXRect KXChartToolboxItem::obtainHintArea(UXPoint) { return getBoundingRect(); }
+
 std::string KXChartToolboxItem::customSerializeTypeID() { return "KXChartToolboxItem"; }
 
 void KXChartToolboxItem::paint(UXPaintConfig* config, UXRect dirtyRect)

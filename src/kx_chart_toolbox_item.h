@@ -26,7 +26,9 @@ public:
     bool getFocused() const { return m_focused; }
     void setFocused(bool focused);
 
-    // From UXJsonObject and UXObject
+    // From UXHintDelegate, UXJsonObject and UXObject
+    /** @return the button as a whole */
+    UXRect obtainHintArea(UXPoint point) override;
     std::string customSerializeTypeID() override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
