@@ -85,7 +85,7 @@ public:
     void legendCellClicked(std::uint64_t index, const UXEvent& event) override;
     void legendCellHovered(std::uint64_t index, bool hovered) override;
 
-    // From KXChart, KXChartDataUser and KXChartDataAction
+    // From KXChart, KXChartDataUser, UXHintDelegate and KXChartDataAction
     void afterReloadData() override;
     void reloadChartColors() override;
     void customReloadData() override;
@@ -93,6 +93,7 @@ public:
     void resetData() override;
     KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
     void hideLinkedHighlight(UXControl* control) override;
+    UXRect obtainHintArea(UXPoint point) override;
     /** @return the path of the mark under the pointer, null where there is none */
     KXChartDataPath* createDataPath() override;
 
@@ -105,6 +106,9 @@ protected:
     virtual std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
     /** @return the place of the plot's space at which the hint of a linked mark stands */
     virtual UXPoint _obtainHintPoint(const KXAxisChartMark& mark);
+    /** @return the whole mark at a point of the plot's space, which hints leave free; empty for none, and
+     * where a type has nothing to leave free */
+    virtual UXRect _obtainMarkArea(UXPoint point) const;
     /** @return the category in whose slot the point lies, of the plot's space */
     virtual std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const = 0;
     /** Brings the data's ranges into the axes: the data changed, or other series are shown. */

@@ -181,6 +181,15 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
     info.enabled = info.enabled && !info.rows.empty();
 }
 
+UXRect KXAxisChart::obtainHintArea(UXPoint point)
+{
+    const UXRect area = uxIntersectionRect(_obtainMarkArea(translatePoint(point, this, getPlot())),
+                                           getMarksArea());
+    return uxIsEmptyRect(area) ? UXRect() : translateRect(area, getPlot(), this);
+}
+
+UXRect KXAxisChart::_obtainMarkArea(UXPoint) const { return {}; }
+
 KXHighlightResult KXAxisChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
 {
     const UXObjectWatcher self(this);

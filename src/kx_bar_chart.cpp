@@ -8,8 +8,8 @@
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
-
 #include <algorithm>
 #include <cmath>
 #include <tuple>
@@ -212,6 +212,16 @@ void KXBarChart::_paintMarks(UXPainter& painter)
     m_dataView.paint(painter, [this](std::size_t bar) {
         return obtainMarkColor(m_dataView.getBars()[bar].mark, m_barColors[bar]);
     });
+}
+
+UXRect KXBarChart::_obtainMarkArea(UXPoint point) const
+{
+    const KXBar* bar = m_dataView.hitBar(point);
+    if (!bar)
+        return {};
+    const int left = uxSaturateToInt(std::floor(bar->rect.x)), top = uxSaturateToInt(std::floor(bar->rect.y));
+    return {left, top, uxSaturateToInt(std::ceil(uxMaxDoubleX(bar->rect) - left)),
+            uxSaturateToInt(std::ceil(uxMaxDoubleY(bar->rect) - top))};
 }
 
 std::optional<KXAxisChartMark> KXBarChart::_hitMark(UXPoint point) const

@@ -61,6 +61,7 @@ protected:
     void _paintMarkLabels(UXPainter& painter) override;
     void _customReloadMarks() override;
     std::optional<KXAxisChartMark> _hitMark(UXPoint point) const override;
+    UXRect _obtainMarkArea(UXPoint point) const override;
     std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;
     UXPoint _obtainHintPoint(const KXAxisChartMark& mark) override;
     void _fillHint(UXHintInfo& info, std::uint64_t category,

@@ -108,6 +108,7 @@ protected:
             painter.drawRects({&bar.rect, 1});
         }
     }
+    UXRect _obtainMarkArea(UXPoint) const override { return {100, -50, 100, 150}; }
     std::optional<Mark> _hitMark(UXPoint point) const override
     {
         for (const Bar& bar : bars)
@@ -371,6 +372,7 @@ TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
     ASSERT_EQ(chart.getHoveredMark(), (Mark{1, 0}));
     const UXHintInfo& hint = chart.getHintInfo();
     EXPECT_TRUE(chart.getHintVisible());
+    EXPECT_EQ(chart.obtainHintArea(chart.getHintPoint()), UXRect(101, 1, 100, 100)) << "as far as it is seen";
     EXPECT_EQ(hint.title, "c0");
     ASSERT_EQ(hint.rows.size(), 3);
     EXPECT_EQ(hint.rows[0].label, "s1");
