@@ -107,14 +107,17 @@ private:
         int labels = 0;
         int title = 0;
         int endTitle = 0; // of an axis that ends at this side
+        int overhang = 0; // of the labels at a side around the corner
 
-        int obtainExtent() const { return labels + title + endTitle; }
+        int obtainExtent() const { return (std::max)(labels + title + endTitle, overhang); }
     };
     struct Bands {
         Band left, top, right, bottom;
 
         Band& at(UXPosition side);
         const Band& at(UXPosition side) const { return const_cast<Bands*>(this)->at(side); }
+        /** @return the room between the marks and the labels at a side */
+        int obtainLabelGap(UXPosition side) const;
     };
     /** What there is room for beside the marks. */
     struct Detail {
@@ -127,6 +130,7 @@ private:
     void _updateLabels(const Detail& detail);
     Bands _measureBands(const Detail& detail);
     void _measureLabels(Bands& bands);
+    void _measureOverhang(const KXAxisChartAxis& axis, Bands& bands);
     UXRect _obtainArea(const Bands& bands, bool scrolls) const;
     void _placeAxes(const UXRect& area);
     void _placeLabels(const Bands& bands);

@@ -23,6 +23,10 @@ namespace {
 
 // Between an axis, its labels and its title, logical units
 constexpr int labelGap = 5;
+/** Labels that would be cut at less than this are thinned out instead of turned. */
+constexpr int leastTurnedLength = 48;
+/** The first labels keep no more of the plot free beside the marks than one part of so many. */
+constexpr int overhangDivider = 6;
 constexpr int titleGap = 4;
 constexpr int barExtent = UXVirtualScrollView::extraExtent;
 /** Titles, then the labels that take too much, give way where the marks would get less room than this. */
@@ -62,6 +66,14 @@ UXPosition obtainEndSide(const KXAxisChartAxis& axis)
     return axis.isHorizontal() ? UXPosition::Right : UXPosition::Top;
 }
 
+/** @return by how much a label beside an axis along y reaches over its tick */
+int obtainHalfLine(const KXAxisChartAxis& axis)
+{
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    return uxSaturateToInt(
+        std::ceil(helper->getTextSize("0", axis.property->getTickLabelProperty()).height / 2));
+}
+
 /** @return the rectangle of the axis's line, at its side of the marks */
 UXRect obtainAxisRect(const KXAxisChartAxis& axis, const UXRect& area)
 {
@@ -86,6 +98,13 @@ KXAxisChartBase::Band& KXAxisChartBase::Bands::at(UXPosition side)
     default:
         return bottom;
     }
+}
+
+/** Labels below the marks stand clear of half the line by which those beside reach down to them. */
+int KXAxisChartBase::Bands::obtainLabelGap(UXPosition side) const
+{
+    const bool lies = side == UXPosition::Top || side == UXPosition::Bottom;
+    return lies ? std::max(labelGap, at(side).overhang - 1) : labelGap;
 }
 
 void KXAxisChartBase::_customLayout(UXRect plotArea)
@@ -166,7 +185,10 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         labels.setTickInterval(axis.cache.tickInterval);
         labels.setTextProperty(property.getTickLabelProperty());
         labels.setTickLabelRotationType(property.getTickLabelRotationType());
-        labels.setAutoRotateLabels(&axis == _obtainScrolledAxis()); // numbers are thinned out instead
+        // Numbers are thinned out instead of turned, and stay below their lines of the grid.
+        const bool isCategories = &axis == _obtainScrolledAxis();
+        labels.setAutoRotateLabels(isCategories && plot.height / labelDivider >= leastTurnedLength);
+        labels.setShowLabelInBound(isCategories && axis.isHorizontal());
         labels.setTickLabelIntervalMode(property.getTickLabelIntervalMode());
         labels.setUseFixedTickLabelIntervalForAutoIntervalMode(
             property.getUseFixedTickLabelIntervalForAutoIntervalMode());
@@ -180,6 +202,19 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
     }
 }
 
+/** The first label below the marks may begin before their left edge, and one beside them may reach down. */
+void KXAxisChartBase::_measureOverhang(const KXAxisChartAxis& axis, Bands& bands)
+{
+    const UXObjectWatcher self(this);
+    const int most = m_plot->getRect().width / overhangDivider;
+    const int overhang = axis.isHorizontal() ? std::min(axis.labels->obtainStartOverhang(), most)
+                                             : obtainHalfLine(axis);
+    if (!self.isAlive())
+        return;
+    int& room = axis.isHorizontal() ? bands.left.overhang : bands.bottom.overhang;
+    room = std::max(room, overhang);
+}
+
 /** Asking for the labels' length may ask the provider for texts, which may destroy the chart. */
 void KXAxisChartBase::_measureLabels(Bands& bands)
 {
@@ -189,11 +224,17 @@ void KXAxisChartBase::_measureLabels(Bands& bands)
         const int length = axis.labels->getVisible() ? axis.labels->obtainLabelLength() : 0;
         if (!self.isAlive())
             return;
+        bands.at(axis.position).labels = std::max(bands.at(axis.position).labels, length);
         if (length > 0)
-            bands.at(axis.position).labels = length + labelGap;
+            _measureOverhang(axis, bands);
+        if (!self.isAlive())
+            return;
         if (&axis == _obtainScrolledAxis())
             m_scrolledLabelLength = length;
     }
+    for (const UXPosition side : {UXPosition::Left, UXPosition::Top, UXPosition::Right, UXPosition::Bottom})
+        if (bands.at(side).labels > 0)
+            bands.at(side).labels += bands.obtainLabelGap(side);
 }
 
 KXAxisChartBase::Bands KXAxisChartBase::_measureBands(const Detail& detail)
@@ -268,16 +309,17 @@ void KXAxisChartBase::_placeLabels(const Bands& bands)
 {
     const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
     for (const auto& axis : m_axes) {
-        const int length = std::max(bands.at(axis->position).labels - labelGap, 0);
+        const int gap = bands.obtainLabelGap(axis->position);
+        const int length = std::max(bands.at(axis->position).labels - gap, 0);
         UXRect rect;
         if (axis->position == UXPosition::Bottom)
-            rect = {0, uxMaxY(area) + labelGap, plot.width, length};
+            rect = {0, uxMaxY(area) + gap, plot.width, length};
         else if (axis->position == UXPosition::Top)
-            rect = {0, area.y - labelGap - length, plot.width, length};
+            rect = {0, area.y - gap - length, plot.width, length};
         else if (axis->position == UXPosition::Left)
-            rect = {area.x - labelGap - length, 0, length, plot.height};
+            rect = {area.x - gap - length, 0, length, plot.height};
         else
-            rect = {uxMaxX(area) + labelGap, 0, length, plot.height};
+            rect = {uxMaxX(area) + gap, 0, length, plot.height};
         axis->labels->setRect(rect);
     }
 }

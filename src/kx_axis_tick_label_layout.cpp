@@ -193,10 +193,11 @@ UXDoublePoint KXAxisTickLabelLayout::_turnBack(double dx, double dy) const
     return {dx * m_cos + dy * m_sin, dy * m_cos - dx * m_sin};
 }
 
-bool KXAxisTickLabelLayout::isOverlapping(const KXAxisTickLabelPlace& a, const KXAxisTickLabelPlace& b) const
+bool KXAxisTickLabelLayout::isOverlapping(const KXAxisTickLabelPlace& a, const KXAxisTickLabelPlace& b,
+                                          double gap) const
 {
     const UXDoublePoint apart = _turnBack(b.center.x - a.center.x, b.center.y - a.center.y);
-    return std::abs(apart.x) < (a.size.width + b.size.width) / 2 - noise &&
+    return std::abs(apart.x) < (a.size.width + b.size.width) / 2 + gap - noise &&
            std::abs(apart.y) < (a.size.height + b.size.height) / 2 - blankHeight - noise;
 }
 

@@ -63,7 +63,8 @@ public:
      *  @return where along the axis the tick of a label through the point would be; otherwise the point */
     UXPoint obtainFoot(const UXPoint& point, double textHeight, const UXPoint& tick) const;
 
-    bool isOverlapping(const KXAxisTickLabelPlace& a, const KXAxisTickLabelPlace& b) const;
+    /** @param gap to be kept between the end of one text and the beginning of the other */
+    bool isOverlapping(const KXAxisTickLabelPlace& a, const KXAxisTickLabelPlace& b, double gap) const;
     bool holdsPoint(const KXAxisTickLabelPlace& place, const UXPoint& point) const;
 
 private:

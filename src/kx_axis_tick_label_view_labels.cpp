@@ -21,6 +21,9 @@ constexpr double noise = 1e-6;
 constexpr int noWrapLineMode = 2;
 /** How near to a hidden label's tick the pointer asks for it, where ticks are far apart. */
 constexpr double hintReach = 8;
+/** Between labels in even steps, and between those that are decided one by one: what was kept between them,
+ *  less the unit by which their ticks' places are rounded. */
+constexpr double leastEvenGap = 3, leastDecidedGap = 1;
 
 UXPoint add(const UXPoint& point, std::int64_t x, std::int64_t y)
 {
@@ -101,6 +104,7 @@ bool KXAxisTickLabelView::_placeLabels()
 {
     std::vector<PlacedLabel> placed;
     const KXAxisTickLabelLayout layout = _obtainLayout();
+    const double gap = _isEachDecided() ? leastDecidedGap : leastEvenGap;
     const bool keepsApart = m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Auto;
     const std::size_t count = m_showTickLabels && m_scale.isValid ? m_visibleTicks.size() : 0;
     for (std::size_t i = 0; i < count; ++i) {
@@ -111,9 +115,10 @@ bool KXAxisTickLabelView::_placeLabels()
         bool isPlaced = false;
         if (!_placeLabel(tick, label, isPlaced))
             return false;
-        // The interval goes by one label; another may be longer.
-        if (isPlaced &&
-            !(keepsApart && !placed.empty() && layout.isOverlapping(placed.back().place, label.place)))
+        // What moved inside may have come too close to the one before, and so has what is marked.
+        const bool isTooClose = keepsApart && !placed.empty() &&
+                                layout.isOverlapping(placed.back().place, label.place, gap);
+        if (isPlaced && !isTooClose)
             placed.push_back(std::move(label));
     }
     m_placedLabels = std::move(placed);
