@@ -3,9 +3,7 @@
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_interaction_color_effect.h"
-#include "kx_interaction_highlight_brightness_effect.h"
 #include "kx_interaction_highlight_color_pattern_effect.h"
-#include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_interaction_highlight_size_effect.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
@@ -81,28 +79,21 @@ protected:
 
 TEST_F(KXInteractionTest, TellsTheProviderTheButtonAndTheModifiers)
 {
-    struct Case {
-        const char* name;
-        std::vector<UXEventKey> keys;
-        int button;
-        bool first, second, third;
-    };
     using enum UXEventKey;
-    const Case cases[] = {
-        {"none", {}, 0, false, false, false},
-        {"left", {LeftButton, Shift}, 1, true, false, false},
-        {"right", {RightButton, Ctrl}, 3, false, true, false},
-        {"left before right", {RightButton, LeftButton, Alt}, 1, false, false, true},
+    const std::tuple<std::vector<UXEventKey>, int, bool, bool, bool> cases[] = {
+        {{}, 0, false, false, false},
+        {{LeftButton, Shift}, 1, true, false, false},
+        {{RightButton, Ctrl}, 3, false, true, false},
+        {{RightButton, LeftButton, Alt}, 1, false, false, true},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [keys, button, first, second, third] : cases) {
         UXEvent click;
-        for (const UXEventKey key : c.keys)
+        for (const UXEventKey key : keys)
             click.addEventKey(key);
         EXPECT_TRUE(part.dispatch(user, true, click, Type::LeftClick, {makeID(1)}));
         const KXInteractionEventInfo& info = provider.lastInfo;
         EXPECT_EQ(std::tie(info.buttonCode, info.firstModifier, info.secondModifier, info.thirdModifier),
-                  std::tie(c.button, c.first, c.second, c.third));
+                  std::tie(button, first, second, third));
     }
 }
 
@@ -149,35 +140,30 @@ TEST_F(KXInteractionTest, EveryConditionHasItsSayForItsTypeOfEvent)
 
 TEST_F(KXInteractionTest, EveryRegistrationSaysWhatIsPointedAt)
 {
-    const std::vector<KXObjectID> two{makeID(1), makeID(2)};
+    const std::vector<KXObjectID> one{makeID(7)}, two{makeID(1), makeID(2)};
     const KXInteractionObjectIDs perEvent = [](const UXEvent& e) {
         return std::vector<KXObjectID>{makeID(static_cast<std::uint64_t>(e.getMousePoint().x))};
     };
     const KXInteractionCondition yes = [](Type, const UXEvent&) { return true; };
     const KXInteractionCondition no = [](Type, const UXEvent&) { return false; };
     const std::set<Type> types{Type::LeftClick, Type::RightClick};
-    struct Case {
-        const char* name;
-        std::function<void()> registerIt;
-        std::vector<std::vector<KXObjectID>> expected;
+    using Asked = std::vector<std::vector<KXObjectID>>;
+    const std::pair<std::function<void()>, Asked> cases[] = {
+        {[&] { part.registerInteraction(&user, types, makeID(7)); }, {one}},
+        {[&] { part.registerInteraction(&user, types, makeID(4), no); }, {}},
+        {[&] { part.registerInteraction(&user, types, two); }, {two}},
+        {[&] { part.registerInteraction(&user, types, two, yes); }, {two}},
+        {[&] { part.registerInteraction(&user, types, perEvent); }, {one}},
+        {[&] { part.registerInteraction(&user, types, perEvent, no); }, {}},
     };
-    const Case cases[] = {
-        {"one", [&] { part.registerInteraction(&user, types, makeID(3)); }, {{makeID(3)}}},
-        {"one on a condition", [&] { part.registerInteraction(&user, types, makeID(4), no); }, {}},
-        {"a list", [&] { part.registerInteraction(&user, types, two); }, {two}},
-        {"a list on a condition", [&] { part.registerInteraction(&user, types, two, yes); }, {two}},
-        {"by event", [&] { part.registerInteraction(&user, types, perEvent); }, {{makeID(7)}}},
-        {"by event on a condition", [&] { part.registerInteraction(&user, types, perEvent, no); }, {}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        c.registerIt();
+    for (const auto& [registerAnew, expected] : cases) {
+        registerAnew();
         for (const UXEventType type : {UXEventType::LeftClick, UXEventType::RightClick}) {
             provider.asked.clear();
             UXEvent click(type);
             click.setMousePoint({7, 0});
             EXPECT_TRUE(part.triggerEventHandler(click));
-            EXPECT_EQ(provider.asked, c.expected) << "once: a registration replaces the one before";
+            EXPECT_EQ(provider.asked, expected) << "once: a registration replaces the one before";
         }
     }
     EXPECT_FALSE(part.triggerEventHandler(UXEvent(UXEventType::MouseEnter))) << "nobody cares";
@@ -226,18 +212,15 @@ TEST_F(KXInteractionTest, DoesWhatTheProviderSays)
 TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
 {
     const UXFixedMeasurer measurer;
-    const auto makeSize = [](double ratio) {
-        auto effect = std::make_unique<KXInteractionHighlightSizeEffect>();
-        effect->setSizeRatio(ratio);
-        return effect;
+    using Effect = std::unique_ptr<KXInteractionEffect>;
+    const auto makeColor = [](int red) {
+        return std::make_unique<KXInteractionColorEffect>(UXColor(red, 2, 3));
     };
-    const auto makePattern = [](std::unique_ptr<KXInteractionEffect> lines) {
-        return std::make_unique<KXInteractionHighlightColorPatternEffect>(
-            std::make_unique<KXInteractionColorEffect>(UXColor(9, 9, 9)), std::move(lines));
-    };
+    auto larger = std::make_unique<KXInteractionHighlightSizeEffect>();
+    larger->setSizeRatio(1.5);
     struct Case {
         const char* name;
-        std::unique_ptr<KXInteractionEffect> effect;
+        Effect effect;
         KXHighlightState state;
         std::string look;
         bool glows;
@@ -245,17 +228,17 @@ TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
     using enum KXHighlightState;
     Case cases[] = {
         {"usual", nullptr, None, "100,0,0", false},
-        {"colour", std::make_unique<KXInteractionColorEffect>(UXColor(1, 2, 3)), None, "1,2,3", false},
-        {"brightness", std::make_unique<KXInteractionHighlightBrightnessEffect>(0.5), None, "177,127,127",
+        {"colour", makeColor(1), None, "1,2,3", false},
+        {"a pattern's lines",
+         std::make_unique<KXInteractionHighlightColorPatternEffect>(makeColor(9), makeColor(4)), None,
+         "4,2,3", false},
+        {"a pattern of fills alone",
+         std::make_unique<KXInteractionHighlightColorPatternEffect>(makeColor(9), nullptr), None, "100,0,0",
          false},
-        {"pattern", makePattern(std::make_unique<KXInteractionColorEffect>(UXColor(4, 5, 6))), None, "4,5,6",
-         false},
-        {"pattern of fills alone", makePattern(nullptr), None, "100,0,0", false},
-        {"size", makeSize(1.5), None, "30", false},
+        {"size", std::move(larger), None, "30", false},
         {"dimmed", nullptr, Dimmed, "100,0,0,0.35", false},
         {"lit", nullptr, Lit, "100,0,0,0.12", true},
-        {"lit as the host says", std::make_unique<KXInteractionColorEffect>(UXColor(7, 8, 9)), Lit, "7,8,9",
-         false},
+        {"lit as the host says", makeColor(7), Lit, "7,2,3", false},
     };
     for (Case& c : cases) {
         SCOPED_TRACE(c.name);
