@@ -55,6 +55,7 @@ ViewControl::ViewControl(ViewBoard& board)
     diagram.registerGlobalEventDiagram(&m_menu);
     diagram.registerGlobalEventDiagram(&m_scrollBars);
     diagram.registerGlobalEventDiagram(&m_scroller);
+    diagram.registerGlobalEventDiagram(&m_linked);
     board.getContext().setActiveDiagram(this, &diagram);
     resize({1, 1}, 1);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_chart_linked_action_diagram.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/ux_control.h"
 #include "ux/ux_dirty_region.h"
@@ -77,6 +78,7 @@ private:
     ViewMenu m_menu;
     ViewScrollBars m_scrollBars;
     UXGlobalSmoothScrollingEventDiagram m_scroller;
+    KXChartLinkedActionDiagram m_linked;
     std::unique_ptr<UXCairoImagePaintConfig> m_picture;
     bool m_allDirty = true;
     bool m_reduceMotion = false;

@@ -4,6 +4,8 @@
 #include "view_menu_entry.h"
 
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 
 /** What a window does when its user turns to an item of a chart. Empty handlers do nothing. */
@@ -13,7 +15,7 @@ struct ViewItemHandlers {
 };
 
 /** Answers charts from a table, and lets their user turn to items: pointing explains the item, a left click
- * names it, a right click offers to copy it. */
+ * names it, a right click offers to copy it, and in charts that are linked to it its matches stand out. */
 class ViewDataProvider : public SqlDataProvider {
 public:
     /** @param session, handlers outlive this object; handlers are looked at when something is clicked */
@@ -25,6 +27,11 @@ public:
     void* obtainDataRightClickContext(KXChartDataUser* user, KXChartDataPath* path) override;
     bool obtainDataShouldLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
     std::function<void()> obtainDataLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
+    bool obtainDataShouldLinkedHighlightAction(KXChartDataUser* user, KXChartDataPath* path) override;
+    /** Items match where they have a member of a column in common, or the measure where neither has any.
+     *  @return the cell, or else all cells of the member, the caller's; null where nothing matches */
+    KXChartDataPath* obtainDataLinkedHighlightTargetPath(KXChartDataUser* user, KXChartDataPath* path,
+                                                         KXChartDataProvider* target) override;
     std::vector<KXInteractionEffect*> obtainInteractionEffects(
         const std::vector<KXObjectID>& objectIDs) override;
 
@@ -36,6 +43,12 @@ private:
         std::string obtainLine() const { return label.empty() ? value : label + ": " + value; }
     };
 
+    /** The members that make up an item: the text by the column. */
+    using Members = std::map<std::string, std::string>;
+
+    Members _obtainMembers(const KXChartDataPath& path);
+    std::optional<std::uint64_t> _findMember(std::uint64_t dimension, const Members& members);
+    std::optional<std::uint64_t> _findMeasure(const std::string& label);
     Item _obtainItem(KXChartDataUser* user, const KXChartDataPath* path);
     std::function<void()> _makeCopyAction(const std::string& text) const;
 

@@ -101,7 +101,7 @@ void KXChartLabel::updateHighlightState(KXHighlightState state)
 
 bool KXChartLabel::_showsGlow() const
 {
-    return needsDefaultHighlight() || (getSelected() && getInteractionEffects().empty());
+    return needsDefaultHighlight() || (getSelected() && !hasLookEffects());
 }
 
 /** @return where the text is drawn, larger or smaller about its middle, in the own space */

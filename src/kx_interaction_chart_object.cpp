@@ -1,5 +1,6 @@
 #include "kx_interaction_chart_object.h"
 
+#include "kx_interaction_context_menu_default_effect.h"
 #include "kx_interaction_highlight_complementary_info_effect.h"
 
 #include <algorithm>
@@ -60,5 +61,13 @@ bool KXInteractionChartObject::showsComplementaryInfo() const
 
 bool KXInteractionChartObject::needsDefaultHighlight() const
 {
-    return m_highlightState == KXHighlightState::Lit && m_interactionEffects.empty();
+    return m_highlightState == KXHighlightState::Lit && !hasLookEffects();
+}
+
+bool KXInteractionChartObject::hasLookEffects() const
+{
+    return std::any_of(m_interactionEffects.begin(), m_interactionEffects.end(), [](const auto& effect) {
+        return !dynamic_cast<const KXInteractionHighlightComplementaryInfoEffect*>(effect.get()) &&
+               !dynamic_cast<const KXInteractionContextMenuDefaultEffect*>(effect.get());
+    });
 }

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] double obtainDrawnSizeRatio() const;
     /** @return whether the piece shows what more it knows */
     bool showsComplementaryInfo() const;
+    /** @return whether the host says that the piece looks different, and not only that it tells more */
+    bool hasLookEffects() const;
     /** @return whether the piece stands out by itself: it is lit, and the host says nothing about its look */
     bool needsDefaultHighlight() const;
 

@@ -4,6 +4,7 @@
 #include "kx_chart_property.h"
 #include "kx_interaction_color_effect.h"
 #include "kx_interaction_highlight_color_pattern_effect.h"
+#include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_interaction_highlight_size_effect.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
@@ -238,6 +239,8 @@ TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
         {"size", std::move(larger), None, "30", false},
         {"dimmed", nullptr, Dimmed, "100,0,0,0.35", false},
         {"lit", nullptr, Lit, "100,0,0,0.12", true},
+        {"lit, and the host says nothing about the look",
+         std::make_unique<KXInteractionHighlightComplementaryInfoEffect>(), Lit, "100,0,0,0.12", true},
         {"lit as the host says", makeColor(7), Lit, "7,2,3", false},
     };
     for (Case& c : cases) {
