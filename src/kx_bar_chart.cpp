@@ -120,6 +120,15 @@ KXBarSource KXBarChart::_makeSource()
     return source;
 }
 
+/** @return whether the values of source are still there: a host that is asked may replace them */
+bool KXBarChart::_isLent(const KXBarSource& source) const
+{
+    return std::ranges::all_of(source.series, [this](const KXBarSource::Series& series) {
+        const std::vector<double>& values = getSeriesValues(series.index);
+        return values.data() == series.values.data() && values.size() == series.values.size();
+    });
+}
+
 KXBarPlane KXBarChart::_makePlane() const
 {
     KXBarPlane plane;
@@ -151,7 +160,8 @@ void KXBarChart::_layoutMarks()
     if (m_dataView.isDense())
         return;
     _takeHostColors();
-    if (self.isAlive())
+    // The host may have begun to replace the data; what it reloads is laid out anew.
+    if (self.isAlive() && preparedAndReloadedData())
         _layoutLabels();
 }
 

@@ -70,6 +70,7 @@ protected:
 private:
     double _obtainShare() const;
     KXBarSource _makeSource();
+    bool _isLent(const KXBarSource& source) const;
     KXBarPlane _makePlane() const;
     bool _takePixels(const UXPainter& painter);
     void _colorBars();

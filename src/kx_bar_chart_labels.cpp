@@ -68,6 +68,8 @@ void KXBarChart::_layoutLabels()
         return;
     const UXObjectWatcher self(this);
     const KXBarSource source = _makeSource();
+    if (source.series.empty())
+        return;
     KXBarLabelPlacer placer(
         m_dataView, {property.getLabelPosition(), property.getLabelOverflow(), property.getAutoLabelColor()});
     if (property.getShowTotals() && source.form == KXBarForm::Stacked)
@@ -88,13 +90,15 @@ void KXBarChart::_layoutTotals(const KXBarSource& source, KXBarLabelPlacer& plac
     }
 }
 
-/** @return false where the host destroyed the chart or had it laid out anew */
+/** @return false where the host destroyed the chart, replaced its data or had it laid out anew */
 bool KXBarChart::_layoutBarLabels(const KXBarSource& source, KXBarLabelPlacer& placer, bool extremes)
 {
     const KXAxisChartValueOption option = m_barChartProperty->getLabelValueOption();
     for (std::size_t i = 0; i < m_dataView.getBars().size(); ++i) {
         const KXAxisChartMark mark = m_dataView.getBars()[i].mark;
         const auto found = std::ranges::find(source.series, mark.series, &KXBarSource::Series::index);
+        if (found == source.series.end())
+            return false;
         const auto position = static_cast<std::size_t>(found - source.series.begin());
         const KXBarSeriesFacts& facts = _obtainFacts(source, position);
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
@@ -128,7 +132,8 @@ bool KXBarChart::_placeBarLabel(const KXBarSource& source, std::size_t index, st
     if (!self.isAlive())
         return false;
     endUseDataProvider();
-    if (index >= m_dataView.getBars().size() || m_dataView.getBars()[index].mark != bar.mark)
+    if (!_isLent(source) || index >= m_dataView.getBars().size() ||
+        m_dataView.getBars()[index].mark != bar.mark)
         return false;
     wish.hasOwnColor = wish.property.textColor != usualColor;
     placer.place(m_dataView.getBars()[index], wish);

@@ -15,7 +15,7 @@ constexpr double endGap = 3;
 constexpr double sideGap = 2;
 constexpr double labelGap = 3;
 /** A label across more categories than these is about none of them. */
-constexpr double greatestSpan = 2;
+constexpr double greatestSpan = 1.5;
 /** The length of a cell, about that of a label. */
 constexpr double cellLength = 48;
 

@@ -55,7 +55,8 @@ public:
         bool hasOwnColor = false;    /**< keeps the colour of property also on the bar */
     };
 
-    /** A label as long as two categories are wide tells nobody whose it is, so only extremes get such a one.
+    /** A label that is longer than one and a half categories are wide tells nobody whose it is, so only
+     * extremes get such a one.
      *  @return whether the label has a place */
     bool place(const KXBar& bar, const Wish& wish);
     /** Places a total beyond the bars of a slot, on the side of zero where value is, or else on the other. */

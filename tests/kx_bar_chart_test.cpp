@@ -36,12 +36,14 @@ public:
     void customizeValueDataLabel(KXChartDataUser*, const KXIndexPath& path, std::string& text,
                                  UXTextProperty&) override
     {
+        if (onLabel)
+            onLabel();
         if (path == redPath)
             text = "red";
     }
 
     KXIndexPath redPath;
-    std::function<void()> onColor;
+    std::function<void()> onColor, onLabel;
 };
 
 void load(KXBarChart& chart, KXChartDataProvider& provider, UXRect rect = {0, 0, 600, 300})
@@ -310,16 +312,35 @@ TEST(KXBarChart, KeepsItsPropertiesInADocument)
     EXPECT_TRUE(read.getBarChartProperty()->getShowTotals());
 }
 
-TEST(KXBarChart, HostMayDestroyItWhileItAsksForColors)
+TEST(KXBarChart, HostMayDoAnythingWhileItIsAsked)
 {
     UXFixedMeasurer measurer;
-    Provider provider;
-    auto* chart = new KXBarChart;
-    const UXObjectWatcher watcher(chart);
-    provider.onColor = [&] {
-        if (watcher.isAlive())
-            delete chart;
-    };
-    load(*chart, provider);
-    EXPECT_FALSE(watcher.isAlive());
+    for (const bool atLabels : {false, true}) {
+        for (const bool destroys : {false, true}) {
+            SCOPED_TRACE(testing::Message() << atLabels << destroys);
+            Provider provider;
+            provider.values = {{20, 30, 10}, {60, null, 5}};
+            auto* chart = new KXBarChart;
+            const UXObjectWatcher watcher(chart);
+            chart->getBarChartProperty()->updateShowLabels(true);
+            (atLabels ? provider.onLabel : provider.onColor) = [&] {
+                if (!watcher.isAlive())
+                    return;
+                if (destroys)
+                    delete chart;
+                else
+                    chart->prepareData(); // takes the values away from under the labels
+            };
+            load(*chart, provider);
+            EXPECT_EQ(watcher.isAlive(), !destroys);
+            if (watcher.isAlive()) {
+                provider.onLabel = provider.onColor = {};
+                chart->prepareData();
+                chart->reloadData();
+                chart->layout();
+                EXPECT_FALSE(chart->getLabels().empty());
+                delete chart;
+            }
+        }
+    }
 }
