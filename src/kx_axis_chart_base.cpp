@@ -206,6 +206,26 @@ void KXAxisChartBase::virtualScrollViewContentOffsetChanged(UXVirtualScrollView*
         m_plot->invalidate();
 }
 
+/** Takes what the user set about the chart and about each axis of the same place; their handlers may call
+ * out. */
+void KXAxisChartBase::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
+{
+    const UXObjectWatcher self(this), sourceWatcher(source);
+    const auto* other = dynamic_cast<const KXAxisChartBase*>(source);
+    if (!other)
+        return;
+    m_axisChartProperty->customResetProperties(type, other->m_axisChartProperty.get(), groups);
+    for (std::size_t i = 0; self.isAlive() && sourceWatcher.isAlive(); ++i) {
+        if (i >= m_axes.size() || i >= other->m_axes.size())
+            return;
+        const KXAxisChartAxis& axis = *other->m_axes[i];
+        m_axes[i]->property->customResetProperties(type, axis.property.get(), groups);
+        if (groups.contains("DataFormat") && self.isAlive() && sourceWatcher.isAlive())
+            m_axes[i]->dataFormat->customResetProperties(KXChartResetType::All, axis.dataFormat.get(),
+                                                         groups);
+    }
+}
+
 void KXAxisChartBase::customSerialize()
 {
     KXChart::customSerialize();

@@ -65,7 +65,7 @@ protected:
     /** Brings the ranges of the axes up to date and gives them to the KXAxis objects. */
     virtual void _customUpdateAxes() = 0;
     /** @return the axis along which the chart scrolls, the one of the categories; null for none */
-    virtual KXAxisChartAxis* _obtainScrolledAxis() = 0;
+    virtual KXAxisChartAxis* _obtainScrolledAxis() const = 0;
     /** @return the least room of a category along its axis, in logical units; with less the chart scrolls. By
      * default it follows the density of the chart's property. */
     virtual double _obtainMinCategorySpacing() const;
@@ -85,6 +85,7 @@ protected:
     /** Other categories became visible, or the first layout of some showed them. */
     virtual void _visibleCategoriesChanged();
     void _customLayout(UXRect plotArea) override;
+    void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
     // What a chart type calls
     /** @return a new axis with its objects, which the chart keeps */

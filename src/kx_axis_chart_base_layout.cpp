@@ -262,7 +262,7 @@ KXAxisChartBase::Bands KXAxisChartBase::_measureBands(const Detail& detail)
 /** @return what the bands leave of the plot, no longer than an axis that is given a length */
 UXRect KXAxisChartBase::_obtainArea(const Bands& bands, bool scrolls) const
 {
-    const KXAxisChartAxis* scrolled = const_cast<KXAxisChartBase*>(this)->_obtainScrolledAxis();
+    const KXAxisChartAxis* scrolled = _obtainScrolledAxis();
     const bool barLies = scrolled && scrolled->isHorizontal();
     const int below = bands.bottom.obtainExtent() + (scrolls && barLies ? barExtent : 0);
     const int beside = bands.right.obtainExtent() + (scrolls && !barLies ? barExtent : 0);

@@ -10,6 +10,7 @@
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
+
 #include <algorithm>
 #include <cmath>
 #include <tuple>

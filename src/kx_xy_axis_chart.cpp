@@ -79,7 +79,7 @@ double KXXYAxisChart::_calculateSuitableRange(double amount, bool forTicks) cons
     return kxCalculateSuitableRange(amount, forTicks);
 }
 
-KXAxisChartAxis* KXXYAxisChart::_obtainScrolledAxis() { return &m_x; }
+KXAxisChartAxis* KXXYAxisChart::_obtainScrolledAxis() const { return &m_x; }
 
 KXAxisChartAxis& KXXYAxisChart::_obtainValueAxis(std::uint64_t series) const
 {

@@ -98,7 +98,7 @@ protected:
 
     // From KXAxisChartBase and KXAxisChart
     void _customUpdateAxes() override;
-    KXAxisChartAxis* _obtainScrolledAxis() override;
+    KXAxisChartAxis* _obtainScrolledAxis() const override;
     double _obtainMinCategorySpacing() const override;
     void _axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key) override;
     std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;

@@ -480,6 +480,15 @@ TEST(KXAxisChart, ChangesReachTheStepThatTheyTouch)
     EXPECT_TRUE(copy.deserialize(chart.serialize()));
     EXPECT_EQ(copy.serialize(), chart.serialize());
     EXPECT_TRUE(copy.getYAxisProperty()->getIsStacked());
+
+    BarsChart reset(provider);
+    chart.getYDataFormat()->updatePrefix("about ");
+    reset.customResetProperties(KXChartResetType::Style, &chart,
+                                {"Axis", "Stack", "ColorSeries", "DataFormat"});
+    EXPECT_EQ(reset.getYAxisProperty()->getAxisColor(), UXColor(1, 2, 3));
+    EXPECT_FALSE(reset.getYAxisProperty()->getIsStacked());
+    EXPECT_EQ(reset.obtainValueText(0, 1), "about 1");
+    EXPECT_EQ(reset.getAxisChartProperty()->getSeriesColors().size(), 1);
 }
 
 TEST(KXAxisChart, DataThatSayNothingShowWords)
