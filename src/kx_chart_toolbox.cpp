@@ -114,7 +114,7 @@ bool KXChartToolbox::activateItem(KXChartToolboxItem* item, const UXEvent& event
         return true;
     const UXRect anchor = item->translateRectToParent(item->getBoundingRect(), nullptr);
     if (!entry.entries.empty()) {
-        _openMenu(entry.entries, anchor, item);
+        _openOwnMenu(item);
     } else if (entry.action) {
         event.postAction(entry.action);
         _prepareAfter(event);
@@ -122,6 +122,17 @@ bool KXChartToolbox::activateItem(KXChartToolboxItem* item, const UXEvent& event
         _openDropDownMenu(entry.identifier, anchor, item);
     }
     return true;
+}
+
+/** Opens a button's entries as the host wants them now: what was chosen before may have changed them. */
+void KXChartToolbox::_openOwnMenu(KXChartToolboxItem* item)
+{
+    const UXObjectWatcher self(this), button(item);
+    prepare();
+    if (!self.isAlive() || !button.isAlive() || item->getParent() != this || !item->getEntry().enabled)
+        return;
+    const std::vector<KXMenuEntry> entries = item->getEntry().entries;
+    _openMenu(entries, item->translateRectToParent(item->getBoundingRect(), nullptr), item);
 }
 
 /** What an action changed shows on the buttons that stay. */

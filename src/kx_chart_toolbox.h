@@ -73,6 +73,7 @@ private:
     void _placeItems();
     void _focusItem(int index);
     int _obtainFocusedIndex() const;
+    void _openOwnMenu(KXChartToolboxItem* item);
     void _openDropDownMenu(const std::string& identifier, const UXRect& anchor, UXObject* item);
     void _openMenu(const std::vector<KXMenuEntry>& entries, const UXRect& anchor, UXObject* item);
     void _menuClosed();

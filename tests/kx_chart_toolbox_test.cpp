@@ -94,10 +94,12 @@ TEST_F(KXChartToolboxTest, AClickActsAfterTheEventAndAsksAnew)
 TEST_F(KXChartToolboxTest, AnOpenMenuKeepsTheStrip)
 {
     hover();
+    strip.entries[1].entries[0].checked = true;
     input.click(button(1));
     ASSERT_TRUE(toolbox().getMenuOpen());
     EXPECT_TRUE(toolbox().getItems()[1]->getMenuOpen());
     const KXMenu& open = *toolbox().getMenuDiagram()->getMenus()[0];
+    EXPECT_TRUE(open.getItem(0)->getEntry().checked) << "as the host wants it now";
     EXPECT_EQ(open.getFrameRect(), UXRect(124, 26, 120, 60));
     diagram.mouseLeave(UXEvent());
     EXPECT_TRUE(toolbox().getVisible());
@@ -115,35 +117,21 @@ TEST_F(KXChartToolboxTest, AnOpenMenuKeepsTheStrip)
 
 TEST_F(KXChartToolboxTest, AsksForADropDownMenuOnlyWhereOneMayBe)
 {
-    struct Case {
-        const char* name;
-        std::size_t button;
-        bool wanted;
-        KXChartToolboxMenuContext* context;
-        Calls calls;
-        bool opens;
-    };
-    const Case cases[] = {
-        {"refused", 3, false, &menu, {"shouldDropDown ask"}, false},
-        {"wanted", 3, true, &menu, {"shouldDropDown ask", "dropDownContext ask"}, true},
-        {"nothing in it", 3, true, nullptr, {"shouldDropDown ask", "dropDownContext ask"}, false},
-        {"disabled", 2, true, &menu, {}, false},
-        {"has its own", 1, true, &menu, {}, true},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    const auto askAt = [this](std::size_t index, bool wanted) {
         hover();
-        input.move(button(c.button));
+        input.move(button(index));
         provider.calls.clear();
-        provider.wantsDropDown = c.wanted;
-        provider.dropDownContext = c.context;
-        input.press(button(c.button));
-        input.release(button(c.button));
-        EXPECT_EQ(provider.calls, c.calls);
-        EXPECT_EQ(toolbox().getMenuOpen(), c.opens);
-        EXPECT_EQ(log, "");
-        input.type(UXKeyCode::Escape);
-    }
+        provider.wantsDropDown = wanted;
+        input.press(button(index));
+        input.release(button(index));
+        return toolbox().getMenuOpen();
+    };
+    EXPECT_FALSE(askAt(3, false));
+    EXPECT_EQ(provider.calls, Calls{"shouldDropDown ask"});
+    EXPECT_FALSE(askAt(2, true)) << "disabled";
+    EXPECT_EQ(provider.calls, Calls());
+    EXPECT_TRUE(askAt(3, true));
+    EXPECT_EQ(provider.calls, (Calls{"shouldDropDown ask", "dropDownContext ask"}));
 }
 
 TEST_F(KXChartToolboxTest, WorksByKeys)
@@ -156,11 +144,9 @@ TEST_F(KXChartToolboxTest, WorksByKeys)
         EXPECT_TRUE(input.type(key));
     EXPECT_EQ(log, "act row ");
     EXPECT_TRUE(toolbox().getItems()[1]->getFocused());
-    for (const UXKeyCode key : {End, Space, Enter, Home, Left, Left, Enter})
+    for (const UXKeyCode key : {End, Space, Enter, Left, Enter})
         EXPECT_TRUE(input.type(key));
     EXPECT_EQ(log, "act row answer ") << "the disabled button does nothing";
-    input.click(button(0));
-    EXPECT_FALSE(toolbox().getItems()[2]->getFocused());
     input.move({300, 200});
     EXPECT_FALSE(input.type(Enter)) << "a hidden strip takes no keys";
 }
@@ -178,13 +164,6 @@ TEST_F(KXChartToolboxTest, WhatHasNoRoomIsInAMenu)
     input.click(middleOf(*more->getItem(2)));
     ASSERT_TRUE(toolbox().getMenuOpen()) << "the last one asked";
     EXPECT_EQ(toolbox().getMenuDiagram()->getMenus().at(0)->getItem(0)->getEntry().text, "Answer");
-    input.type(UXKeyCode::Escape);
-
-    chart->setRect(uxMakeRect(0, 0, 10, 120));
-    diagram.layout();
-    input.move({300, 200});
-    input.move({5, 60});
-    EXPECT_TRUE(toolbox().getItems().empty());
 }
 
 TEST_F(KXChartToolboxTest, AnyAnswerMayDestroyTheChart)
@@ -210,12 +189,6 @@ TEST_F(KXChartToolboxTest, AnyAnswerMayDestroyTheChart)
     input.type(UXKeyCode::Down);
     input.type(UXKeyCode::Enter);
     EXPECT_FALSE(chart);
-
-    make();
-    hover();
-    input.click(button(1));
-    chart.reset();
-    EXPECT_TRUE(diagram.getGlobalEventDiagrams().empty());
 
     make();
     hover();
