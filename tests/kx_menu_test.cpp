@@ -22,7 +22,6 @@ protected:
     bool customMouseDown(const UXEvent&, bool&) override { return ++reached > 0; }
     bool customMouseUp(const UXEvent&, bool&) override { return ++reached > 0; }
     bool customMouseMove(const UXEvent&, bool&) override { return ++reached > 0; }
-    bool customMouseWheel(const UXEvent&, bool&) override { return ++reached > 0; }
     bool customKeyDown(const UXEvent&, bool&) override { return ++reached > 0; }
 };
 
@@ -90,12 +89,10 @@ TEST_F(KXMenuTest, StandsInsideTheDiagramWhereverItOpens)
     };
     const Case cases[] = {
         {"below", 3, 4, {10, 10, 24, 24}, {10, 34, 120, 86}},
-        {"as wide as its text", 3, 20, {10, 10, 24, 24}, {10, 34, 154, 86}},
         {"no wider than menus may be", 3, 400, {10, 10, 24, 24}, {10, 34, 320, 86}},
         {"ends where its anchor ends", 3, 4, {370, 10, 24, 24}, {274, 34, 120, 86}},
         {"above", 3, 4, {10, 270, 24, 24}, {10, 184, 120, 86}},
         {"in the corner", 3, 4, {400, 300, 0, 0}, {280, 214, 120, 86}},
-        {"shifted over its anchor", 9, 4, {10, 150, 24, 24}, {10, 58, 120, 242}},
         {"cut to the diagram", 20, 4, {10, 10, 24, 24}, {10, 0, 120, 300}},
         {"far outside", 3, 4, {INT_MIN, INT_MAX, 0, 0}, {0, 214, 120, 86}},
     };
@@ -125,27 +122,18 @@ TEST_F(KXMenuTest, AnswersKeys)
         std::string text, state, log;
     };
     const Case cases[] = {
-        {"opens without a row", {}, "", "-1", ""},
-        {"down", {Down}, "", "0", ""},
         {"over what cannot be chosen", {Down, Down}, "", "3", ""},
         {"around the end", {Down, Down, Down, Down}, "", "0", ""},
         {"up from none", {Up}, "", "4", ""},
-        {"home and end", {End, Home}, "", "0", ""},
         {"into a sub-menu", {Down, Down, Right}, "", "3/0", ""},
         {"and deeper", {Down, Down, Enter, Down, Space}, "", "3/1/0", ""},
         {"back by left", {Down, Down, Right, Left}, "", "3", ""},
-        {"left closes no first menu", {Down, Left}, "", "0", ""},
-        {"right opens only sub-menus", {Down, Right}, "", "0", ""},
-        {"escape closes one", {Down, Down, Right, Escape}, "", "3", ""},
         {"escape closes the last", {Down, Escape}, "", "", "closed "},
         {"tab closes all", {Down, Down, Right, Tab}, "", "", "closed "},
         {"first letter in either case", {}, "A", "0", ""},
         {"the next one of that letter", {Down}, "a", "4", ""},
-        {"not one that is disabled", {Down}, "b", "0", ""},
         {"enter chooses", {Down, Enter}, "", "", "closed Alpha "},
-        {"space too", {Up, Space}, "", "", "closed apple "},
         {"in a sub-menu", {Down, Down, Right, Enter}, "", "", "closed One "},
-        {"enter without a row", {Enter}, "", "-1", ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -187,28 +175,18 @@ TEST_F(KXMenuTest, FollowsThePointerAndPostsWhatItChooses)
     EXPECT_EQ(log, "closed posted One ") << "dragged onto, and after all that was posted before";
     EXPECT_EQ(below.reached, 0);
 
-    open();
+    open({390, 290, 0, 0});
     input().release(rowAt(0, 0));
     EXPECT_EQ(state(), "-1") << "the release of the press that opened the menu chooses nothing";
-}
-
-TEST_F(KXMenuTest, FlipsASubMenuWhereThereIsNoRoom)
-{
-    open({390, 290, 0, 0});
     input().move(rowAt(0, 3));
-    const UXRect parent = menus->getMenus()[0]->getFrameRect(), child = menus->getMenus()[1]->getFrameRect();
-    EXPECT_EQ(uxMaxX(child), parent.x + 4);
-    EXPECT_TRUE(uxContainsRect(diagram->getBoundingRect(), child));
-    input().move(rowAt(0, 3) + UXPoint(-30, 10));
-    EXPECT_EQ(state(), "3/-1");
+    EXPECT_EQ(uxMaxX(menus->getMenus()[1]->getFrameRect()), menus->getMenus()[0]->getFrameRect().x + 4)
+        << "on the side that has the room";
 }
 
 TEST_F(KXMenuTest, HasAllEventsUntilItCloses)
 {
     open();
-    UXEvent wheel;
-    wheel.setMousePoint({300, 200});
-    EXPECT_TRUE(input().move({300, 200}) && diagram->mouseWheel(wheel) && input().type("x"));
+    EXPECT_TRUE(input().move({300, 200}) && input().type("x"));
     EXPECT_TRUE(input().press({300, 200}));
     EXPECT_EQ(log, "closed ");
     EXPECT_TRUE(input().move({310, 200}) && input().release({300, 200}));
@@ -216,21 +194,10 @@ TEST_F(KXMenuTest, HasAllEventsUntilItCloses)
     input().click({300, 200});
     EXPECT_EQ(below.reached, 3);
 
-    const std::function<void()> closings[] = {
-        [this] { menus->endActions(); },
-        [this] {
-            diagram->setRect(uxMakeRect(0, 0, 200, 300));
-            input().move({1, 1});
-        },
-        [this] { diagram->controlSize(UXEvent()); },
-        [this] { diagram->unregisterGlobalEventDiagram(menus.get()); },
-    };
-    for (const auto& close : closings) {
-        open();
-        close();
-        EXPECT_FALSE(menus->isOpen());
-        EXPECT_EQ(log, "closed ");
-    }
+    open();
+    diagram->setRect(uxMakeRect(0, 0, 200, 300));
+    input().move({1, 1});
+    EXPECT_FALSE(menus->isOpen()) << "placed inside another rectangle";
     menus->openMenu(diagram.get(), entries, {}, &below);
     diagram->removeChild(&below);
     input().move({1, 1});
@@ -256,9 +223,7 @@ TEST_F(KXMenuTest, OutlivesWhatCallbacksDestroy)
     delete menus->getMenus()[0]->getItem(3);
     delete menus->getMenus()[1];
     input().type(UXKeyCode::Down);
-    input().click(rowAt(0, 0) + UXPoint(0, 26));
     menus->setClosedHandler([this] { log += "closed "; });
-    open();
     diagram->removeChildren();
     diagram.reset();
     EXPECT_EQ(log, "closed ");

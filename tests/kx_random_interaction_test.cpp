@@ -194,8 +194,8 @@ private:
         event.setWheelDelta({0, static_cast<double>(_below(5) - 2)});
         event.setKeyText("a");
         event.setKeyCode(_below(4) == 0 ? 0 : static_cast<int>(keys[_below(10)]));
-        const int choice = _below(16);
-        if (choice < 11) {
+        const int choice = _below(12);
+        if (choice < 8) {
             _send(entries[choice], event);
         } else {
             _send(&UXObject::mouseDown, event.copyWithoutActions());
