@@ -52,6 +52,14 @@ double kxObtainTickLabelInterval(double extent, double gap, double distance)
     return (std::max)(1.0, std::ceil((extent + gap) / distance - 1e-9));
 }
 
+bool kxIsNumberLabel(std::string_view text)
+{
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    return std::any_of(text.begin(), text.end(), isDigit) &&
+           std::count_if(text.begin(), text.end(), isLetter) <= 1;
+}
+
 KXAxisTickLabelLayout::KXAxisTickLabelLayout(UXPosition position, KXAxisTickLabelRotationType rotation)
     : m_side(obtainSide(position)), m_degrees(kxObtainTickLabelDegrees(position, rotation)),
       m_cos(m_degrees == 270 ? 0 : std::cos(m_degrees * std::numbers::pi / 180)),

@@ -8,6 +8,8 @@
 #include "ux/ux_rect.h"
 #include "ux/ux_text_align.h"
 
+#include <string_view>
+
 /** @return by how much labels at a side of an axis are turned: those above and below it alone can be.
  *          Degrees, growing clockwise */
 [[nodiscard]] double kxObtainTickLabelDegrees(UXPosition position, KXAxisTickLabelRotationType rotation);
@@ -19,6 +21,10 @@
  * @return every how many ticks a label fits, at least 1
  */
 [[nodiscard]] double kxObtainTickLabelInterval(double extent, double gap, double distance);
+
+/** @return whether a label would say something else if it were cut: a number or a date, with one letter at
+ *          most */
+[[nodiscard]] bool kxIsNumberLabel(std::string_view text);
 
 /** Where a text is drawn. */
 struct KXAxisTickLabelPlace {

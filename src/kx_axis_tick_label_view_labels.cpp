@@ -159,7 +159,7 @@ bool KXAxisTickLabelView::_placeLabel(Tick& tick, PlacedLabel& label, bool& isPl
  *  @return whether anything is left of the label */
 bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick, double widthLimit) const
 {
-    // 1. A text can be shortened, but not be made flatter.
+    // 1. A text can be shortened, a number not, and nothing be made flatter.
     const KXAxisTickLabelLayout layout = _obtainLayout();
     const auto measure = [&](const std::string& text) { return _measureText(text, label.property); };
     UXDoubleSize size = measure(label.text);
@@ -172,6 +172,8 @@ bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick, dou
         area = layout.obtainBand(tick, area, *limit);
     widthLimit = (std::min)(widthLimit, layout.obtainWidthLimit(size, tick, area, m_showLabelInBound));
     if (size.width > widthLimit + noise) {
+        if (kxIsNumberLabel(label.wholeText))
+            return false;
         label.text = shorten(label.wholeText, widthLimit,
                              [&](std::string_view piece) { return measure(std::string(piece)).width; });
         if (label.text == ellipsis)

@@ -476,12 +476,15 @@ bool KXAxisTickLabelView::_calcLongestTickLabelLength()
     if (!m_showTickLabels)
         return true;
     const KXAxisTickLabelLayout layout = _obtainLayout();
+    const double limit = _obtainLengthLimit().value_or(infinity);
     for (Tick& tick : m_visibleTicks) {
         if (!_isShown(tick))
             continue;
         if (!_measureTick(tick))
             return false;
         const double length = layout.obtainBandLength(*tick.size);
+        if (length > limit && kxIsNumberLabel(*tick.text))
+            continue; // it is left out, not cut
         m_longestLabelLength = (std::max)(m_longestLabelLength, uxSaturateToInt(std::ceil(length - noise)));
     }
     return true;

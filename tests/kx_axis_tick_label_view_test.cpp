@@ -505,6 +505,16 @@ TEST(KXAxisTickLabelView, LabelsThatAreLeftOutAreToldByAHint)
     EXPECT_FALSE(labels.view->getHintVisible());
 }
 
+TEST(KXAxisTickLabelView, ANumberIsLeftOutRatherThanCut)
+{
+    Labels labels(UXPosition::Left);
+    labels.setTicks(2, 300, 1).text = [](double value) { return value < 1 ? "0" : "-1,234,567.8M"; };
+    labels.view->setMaxLabelLength(64);
+    EXPECT_EQ(labels.view->obtainLabelLength(), 5);
+    EXPECT_EQ(labels.values(), std::vector<int>{0});
+    EXPECT_EQ(labels.hintAt({40, 300}), "-1,234,567.8M");
+}
+
 TEST(KXAxisTickLabelView, AMarkedLabelDiffers)
 {
     Labels labels;
