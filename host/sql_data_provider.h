@@ -21,6 +21,7 @@ public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);
 
+    const DataBinding& getBinding() const { return m_binding; }
     /** @return why the last preparation got no data, one line; empty when it did or found no rows */
     const std::string& getError() const { return m_error; }
 

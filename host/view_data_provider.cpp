@@ -56,48 +56,45 @@ KXChartDataPath* ViewDataProvider::obtainDataLinkedHighlightTargetPath(KXChartDa
         user->endUseDataProvider();
     if (!source || !path)
         return nullptr;
-    const Members members = source->_obtainMembers(*path);
-    const std::optional<std::uint64_t> measure =
-        path->valueIndexPath.empty() ? std::nullopt
-                                     : _findMeasure(source->obtainValueLabel(user, path->valueIndexPath[0]));
+    const bool namesMeasure = !path->valueIndexPath.empty();
+    return _makeTargetPath(collectItemFacts(*source, user, *path),
+                           namesMeasure ? source->obtainValueLabel(user, path->valueIndexPath[0]) : "")
+        .release();
+}
 
-    std::uint64_t dimensions = 0;
+/** @return the path of the item of which the facts are true, and its value where it has the measure; null
+ * where there is none */
+std::unique_ptr<KXChartDataPath> ViewDataProvider::_makeTargetPath(const ItemFacts& facts,
+                                                                   const std::string& measureLabel)
+{
+    const std::vector<DimensionBinding>& dimensions = getBinding().dimensions;
+    const std::optional<std::uint64_t> measure = _findMeasure(measureLabel);
+    ItemFacts own = collectFilterFacts(*this);
     KXIndexPath cell{measure.value_or(0)};
-    for (; !obtainDimensionName(user, dimensions).empty(); ++dimensions)
-        if (const std::optional<std::uint64_t> member = _findMember(dimensions, members))
+    for (std::size_t i = 0; i < dimensions.size() && cell.size() == i + 1; ++i) {
+        if (const std::optional<std::uint64_t> member = _findMember(i, facts)) {
+            own[dimensions[i].column] = facts.at(dimensions[i].column);
             cell.push_back(*member);
-    const bool isCell = measure && cell.size() == dimensions + 1 && (dimensions > 0 || members.empty());
-    const std::optional<std::uint64_t> member = dimensions > 0 ? _findMember(0, members) : std::nullopt;
-    if (!isCell && !member)
+        }
+    }
+    const bool isTotal = dimensions.empty();
+    const bool isSame = isTotal && facts.empty() && own.empty() && measure;
+    if ((!doFactsAgree(facts, own) && !isSame) || (!isTotal && cell.size() == 1))
         return nullptr;
     auto match = std::make_unique<KXChartDataPath>();
-    if (member)
-        match->dimensionIndexPath = {0, *member};
-    if (isCell)
-        match->valueIndexPath = dimensions > 0 ? cell : KXIndexPath{*measure, 0};
-    return match.release();
+    if (isTotal)
+        match->valueIndexPath = {measure.value_or(0), 0};
+    else
+        match->dimensionIndexPath = {0, cell[1]};
+    if (!isTotal && measure && cell.size() == dimensions.size() + 1)
+        match->valueIndexPath = cell;
+    return match;
 }
 
-ViewDataProvider::Members ViewDataProvider::_obtainMembers(const KXChartDataPath& path)
+std::optional<std::uint64_t> ViewDataProvider::_findMember(std::uint64_t dimension, const ItemFacts& facts)
 {
-    Members members;
-    const auto add = [&](std::uint64_t dimension, std::uint64_t member) {
-        const std::string column = obtainDimensionName(nullptr, dimension);
-        const std::string text = obtainDimensionData(nullptr, {dimension, member});
-        if (!column.empty() && !text.empty())
-            members[column] = text;
-    };
-    if (path.dimensionIndexPath.size() > 1)
-        add(path.dimensionIndexPath[0], path.dimensionIndexPath[1]);
-    for (std::uint64_t i = 0; i + 1 < path.valueIndexPath.size(); ++i)
-        add(i, path.valueIndexPath[i + 1]);
-    return members;
-}
-
-std::optional<std::uint64_t> ViewDataProvider::_findMember(std::uint64_t dimension, const Members& members)
-{
-    const auto wanted = members.find(obtainDimensionName(nullptr, dimension));
-    const std::uint64_t count = wanted == members.end() ? 0 : obtainDimensionDataCount(nullptr, dimension);
+    const auto wanted = facts.find(obtainDimensionName(nullptr, dimension));
+    const std::uint64_t count = wanted == facts.end() ? 0 : obtainDimensionDataCount(nullptr, dimension);
     for (std::uint64_t i = 0; i < count; ++i)
         if (obtainDimensionData(nullptr, {dimension, i}) == wanted->second)
             return i;

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "item_facts.h"
 #include "sql_data_provider.h"
 #include "view_menu_entry.h"
 
 #include <functional>
-#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -28,7 +29,8 @@ public:
     bool obtainDataShouldLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
     std::function<void()> obtainDataLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
     bool obtainDataShouldLinkedHighlightAction(KXChartDataUser* user, KXChartDataPath* path) override;
-    /** Items match where they have a member of a column in common, or the measure where neither has any.
+    /** Items match where they have a member of a column in common and of no column another one, or the
+     * measure where neither has any. A filter counts as the member that it leaves.
      *  @return the cell, or else all cells of the member, the caller's; null where nothing matches */
     KXChartDataPath* obtainDataLinkedHighlightTargetPath(KXChartDataUser* user, KXChartDataPath* path,
                                                          KXChartDataProvider* target) override;
@@ -43,11 +45,8 @@ private:
         std::string obtainLine() const { return label.empty() ? value : label + ": " + value; }
     };
 
-    /** The members that make up an item: the text by the column. */
-    using Members = std::map<std::string, std::string>;
-
-    Members _obtainMembers(const KXChartDataPath& path);
-    std::optional<std::uint64_t> _findMember(std::uint64_t dimension, const Members& members);
+    std::unique_ptr<KXChartDataPath> _makeTargetPath(const ItemFacts& facts, const std::string& measureLabel);
+    std::optional<std::uint64_t> _findMember(std::uint64_t dimension, const ItemFacts& facts);
     std::optional<std::uint64_t> _findMeasure(const std::string& label);
     Item _obtainItem(KXChartDataUser* user, const KXChartDataPath* path);
     std::function<void()> _makeCopyAction(const std::string& text) const;
