@@ -4,8 +4,10 @@
 #include "kx_chart_data_user.h"
 #include "kx_interaction_highlight_complementary_info_effect.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
+#include <vector>
 
 ViewDataProvider::ViewDataProvider(SqlSession& session, DataBinding binding, const ViewItemHandlers& handlers)
     : SqlDataProvider(session, std::move(binding)), m_handlers(handlers)
@@ -39,6 +41,67 @@ std::function<void()> ViewDataProvider::obtainDataLeftClickAction(KXChartDataUse
         if (handlers.itemClicked)
             handlers.itemClicked(line);
     };
+}
+
+bool ViewDataProvider::obtainDataShouldShowToolbox(KXChartDataUser*, KXChartDataPath* path)
+{
+    return !path && getError().empty();
+}
+
+KXChartToolboxMenuContext* ViewDataProvider::obtainDataToolboxContext(KXChartDataUser*, KXChartDataPath*)
+{
+    const auto makeEntry = [](const char* text, const std::function<void()>& action) {
+        KXMenuEntry entry;
+        entry.text = text;
+        entry.action = action;
+        return entry;
+    };
+    // The table is made when it is wanted.
+    const auto makeCopy = [this](bool withNames) -> std::function<void()> {
+        return [this, withNames] { _makeCopyAction(_obtainTable(withNames))(); };
+    };
+    KXMenuEntry copy = makeEntry("Copy table", {});
+    copy.icon = KXMenuIcon::Table;
+    copy.entries = {makeEntry("With names", makeCopy(true)), makeEntry("Values only", makeCopy(false))};
+    KXMenuEntry line;
+    line.separator = true;
+    KXMenuEntry source = makeEntry(("From " + getBinding().name).c_str(), {});
+    source.enabled = false;
+
+    KXMenuEntry menu = makeEntry("Menu", {});
+    menu.icon = KXMenuIcon::Menu;
+    menu.entries = {copy, line, source};
+    m_toolbox.entries = {menu};
+    return &m_toolbox;
+}
+
+/** @return a line for each cell: its members, if withNames, and its values, between tabs */
+std::string ViewDataProvider::_obtainTable(bool withNames)
+{
+    const std::size_t dimensions = getBinding().dimensions.size();
+    std::vector<std::uint64_t> counts;
+    for (std::size_t i = 0; i < dimensions; ++i)
+        counts.push_back(obtainDimensionDataCount(nullptr, i));
+    std::string text;
+    KXIndexPath members(dimensions, 0);
+    for (bool more = std::ranges::find(counts, 0U) == counts.end(); more;) {
+        std::string row;
+        for (std::size_t i = 0; i < dimensions && withNames; ++i)
+            row += obtainDimensionData(nullptr, {i, members[i]}) + "\t";
+        for (std::uint64_t value = 0; value < obtainValueCount(nullptr); ++value) {
+            KXIndexPath path{value};
+            path.insert(path.end(), members.begin(), members.end());
+            row += (value > 0 ? "\t" : "") + obtainValueDataString(nullptr, path);
+        }
+        text += row + "\n";
+        more = false;
+        for (std::size_t i = dimensions; i > 0 && !more; --i) {
+            more = ++members[i - 1] < counts[i - 1];
+            if (!more)
+                members[i - 1] = 0;
+        }
+    }
+    return text;
 }
 
 bool ViewDataProvider::obtainDataShouldLinkedHighlightAction(KXChartDataUser* user, KXChartDataPath* path)

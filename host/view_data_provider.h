@@ -1,6 +1,7 @@
 #pragma once
 
 #include "item_facts.h"
+#include "kx_chart_toolbox_menu_context.h"
 #include "sql_data_provider.h"
 #include "view_menu_entry.h"
 
@@ -28,6 +29,10 @@ public:
     void* obtainDataRightClickContext(KXChartDataUser* user, KXChartDataPath* path) override;
     bool obtainDataShouldLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
     std::function<void()> obtainDataLeftClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
+    bool obtainDataShouldShowToolbox(KXChartDataUser* user, KXChartDataPath* path) override;
+    /** @return a button with a menu, this object's until the next question */
+    KXChartToolboxMenuContext* obtainDataToolboxContext(KXChartDataUser* user,
+                                                        KXChartDataPath* path) override;
     bool obtainDataShouldLinkedHighlightAction(KXChartDataUser* user, KXChartDataPath* path) override;
     /** Items match where they have a member of a column in common and of no column another one, or the
      * measure where neither has any. A filter counts as the member that it leaves.
@@ -47,10 +52,12 @@ private:
 
     std::unique_ptr<KXChartDataPath> _makeTargetPath(const ItemFacts& facts, const std::string& measureLabel);
     std::optional<std::uint64_t> _findMember(std::uint64_t dimension, const ItemFacts& facts);
+    std::string _obtainTable(bool withNames);
     std::optional<std::uint64_t> _findMeasure(const std::string& label);
     Item _obtainItem(KXChartDataUser* user, const KXChartDataPath* path);
     std::function<void()> _makeCopyAction(const std::string& text) const;
 
     const ViewItemHandlers& m_handlers;
     ViewMenuEntries m_menu;
+    KXChartToolboxMenuContext m_toolbox;
 };

@@ -68,15 +68,16 @@ TEST(HostView, WhatIsPaintedInPartsIsThePictureAsAWhole)
         std::function<void(ViewModel&)> act;
     };
     const Step steps[] = {
-        {"hover", 0.5,
+        {"hover", 0.75,
          [](ViewModel& m) { m.control.mouseMove(m.obtainMiddle(1, GaugeMainLabel), UXEvent()); }},
-        {"menu", 0.7, [](ViewModel& m) { click(m, m.obtainMiddle(0, ValueLabel), UXEventKey::RightButton); }},
+        {"menu", 0.95,
+         [](ViewModel& m) { click(m, m.obtainMiddle(0, ValueLabel), UXEventKey::RightButton); }},
         {"entry", 0.2, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Down)); }},
-        {"closed", 0.5, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Escape)); }},
+        {"closed", 0.6, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Escape)); }},
         {"ring", 1, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Tab)); }},
         {"next", 1, [](ViewModel& m) { m.control.pressKey(makeKey(UXKeyCode::Tab)); }},
         {"label", 0.6, [](ViewModel& m) { m.board.getChart(0).getChild(ValueLabel)->invalidate(); }},
-        {"pointer gone", 0.5,
+        {"pointer gone", 0.75,
          [](ViewModel& m) {
              m.control.mouseLeave({0, 0}, UXEvent());
          }},
