@@ -28,24 +28,6 @@ std::string obtainEnding(const std::string& path)
     return ending;
 }
 
-void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& config)
-{
-    if (UXPainter* painter = uxCreatePainter(&config)) {
-        painter->setColor(setting.ground);
-        painter->addRectanglePath(0, 0, setting.size.width, setting.size.height);
-        painter->fill();
-        uxDestroyPainter(painter);
-    }
-    // The chart stands on a diagram, inside the margin, and leaves it again.
-    UXDiagram diagram;
-    diagram.setRect(UXRect(0, 0, setting.size.width, setting.size.height));
-    diagram.addChild(&chart);
-    chart.setAlign(UXAlign::None);
-    chart.setRect(uxInflateRect(diagram.getBoundingRect(), -setting.margin, -setting.margin));
-    diagram.layout();
-    diagram.paint(&config, diagram.getBoundingRect());
-}
-
 HostError makeWriteError(const std::string& path) { return {path, "", "cannot be written"}; }
 
 void requireDrawable(const UXPaintConfig& config, const std::string& path)
@@ -81,6 +63,24 @@ void writeSvg(KXChart& chart, const PictureSetting& setting, const std::string& 
 }
 
 } // namespace
+
+void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& config)
+{
+    if (UXPainter* painter = uxCreatePainter(&config)) {
+        painter->setColor(setting.ground);
+        painter->addRectanglePath(0, 0, setting.size.width, setting.size.height);
+        painter->fill();
+        uxDestroyPainter(painter);
+    }
+    // The chart stands on a diagram, inside the margin, and leaves it again.
+    UXDiagram diagram;
+    diagram.setRect(UXRect(0, 0, setting.size.width, setting.size.height));
+    diagram.addChild(&chart);
+    chart.setAlign(UXAlign::None);
+    chart.setRect(uxInflateRect(diagram.getBoundingRect(), -setting.margin, -setting.margin));
+    diagram.layout();
+    diagram.paint(&config, diagram.getBoundingRect());
+}
 
 PictureFormat obtainPictureFormat(const std::string& path)
 {

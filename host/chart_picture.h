@@ -7,6 +7,7 @@
 #include <vector>
 
 class KXChart;
+class UXPaintConfig;
 
 /** The file formats that a chart can be drawn into. */
 enum class PictureFormat { Png, Svg, Pdf };
@@ -21,6 +22,10 @@ struct PictureSetting {
 
 /** @return the format that the file's ending names; throws HostError for another ending */
 PictureFormat obtainPictureFormat(const std::string& path);
+
+/** Lays the chart out at the setting's size, on a diagram that it leaves again, and paints ground and chart.
+ */
+void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& config);
 
 /** Lays the chart out at the setting's size and writes its picture. Throws HostError where the file cannot be
  * written; a file of that name is then as it was. */

@@ -1,5 +1,7 @@
-// kx_gallery: every sample document becomes pictures and an entry of an index page.
+// kx_gallery: every sample document becomes pictures and an entry of an index page. What the pictures show
+// can be accepted: tests then hold later ones against it.
 
+#include "chart_baseline.h"
 #include "chart_data_source.h"
 #include "chart_document.h"
 #include "chart_picture.h"
@@ -12,6 +14,7 @@
 #include "whole_file.h"
 
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <filesystem>
 
@@ -69,16 +72,26 @@ void drawGallery(const std::filesystem::path& folder, const std::filesystem::pat
     std::printf("%zu samples drawn, see %s\n", samples.size(), (out / "index.html").string().c_str());
 }
 
+void acceptGallery(const std::string& folder)
+{
+    for (const ChartSample& sample : readChartSamples(folder))
+        ChartBaseline::draw(sample).write(sample);
+    ChartBaseline::writeVersions(folder);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: kx_gallery SAMPLES OUT\n");
+    const bool accepts = argc == 4 && std::strcmp(argv[3], "--accept") == 0;
+    if (argc != 3 && !accepts) {
+        std::fprintf(stderr, "usage: kx_gallery SAMPLES OUT [--accept]\n");
         return badInput;
     }
     try {
         drawGallery(argv[1], argv[2]);
+        if (accepts)
+            acceptGallery(argv[1]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "kx_gallery: %s\n", error.what());
         return badInput;

@@ -8,3 +8,4 @@
 #include "ux/cairo/ux_cairo_paint_config.h"
 #include "ux/cairo/ux_cairo_pdf_paint_config.h"
 #include "ux/cairo/ux_cairo_text_measurer.h"
+#include "ux/cairo/ux_cairo_versions.h"
