@@ -31,7 +31,7 @@ void compareWithTheCLibrary(double value, int decimals)
     format.setThousandsSeparator(KXChartDataFormatThousandsSeparator::None);
     format.setDecimals(decimals);
     char digits[512];
-    std::snprintf(digits, sizeof digits, "%.*f", decimals, value);
+    std::snprintf(digits, sizeof digits, "%s%.*f", value < 0 ? "-" : "", decimals, std::fabs(value));
     const std::string text = format.formatNumber(value);
     require(!std::isfinite(value) || text == digits, "a number has the digits of its exact value");
 }

@@ -162,7 +162,7 @@ void FuzzScene::_updateByKey(UXPropertyAccessor& accessor, const std::string& do
         accessor.updateEnumString(key, text))
         return;
     if (!accessor.updateValue(key, text))
-        accessor.updateValue(key, UXColor(whole, flag, -whole, number));
+        accessor.updateValue(key, UXColor(whole, flag, 255, number));
 }
 
 void FuzzScene::sendEvent()

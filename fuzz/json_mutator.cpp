@@ -60,8 +60,10 @@ private:
             "KXGaugeChart", 255,  8,  "Right",  "Percent", 1000};
         if (node.is_number() && below(2) == 0)
             node = node.get<double>() * (below(9) - 4) + below(3);
-        else if (node.is_array() && !node.empty() && below(2) == 0)
-            below(2) == 0 ? node.erase(node.begin()) : void(node.push_back(Json(node.back())));
+        else if (node.is_array() && !node.empty() && below(4) == 0)
+            node.erase(node.begin());
+        else if (node.is_array() && !node.empty() && below(3) != 0)
+            node.push_back(Json(node.back()));
         else if (node.is_object() && !node.empty() && below(4) != 0)
             node.erase(std::next(node.begin(), below(static_cast<int>(node.size()))));
         else
