@@ -22,6 +22,7 @@ struct KXBarPiece {
 
 /** The values that bars are made of, lent by whoever has them. */
 struct KX_EXPORT KXBarSource {
+    /** One series of values, lent. */
     struct Series {
         std::uint64_t index = 0;        /**< by which the chart knows it */
         std::span<const double> values; /**< one a category, finite; NaN, or none, for a null */

@@ -12,6 +12,7 @@ class UXSvgDocument;
 
 /** Colours that pass into one another along a line. */
 struct UXSvgGradient {
+    /** Where the line has a colour of its own. */
     struct Stop {
         UXColor color;
         double offset; /**< 0 to 1, no smaller than that of the stop before */
