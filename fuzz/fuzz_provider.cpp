@@ -44,8 +44,9 @@ double FuzzProvider::obtainDimensionDataAsNumber(KXChartDataUser*, const KXIndex
 
 std::uint64_t FuzzProvider::obtainValueCount(KXChartDataUser* user)
 {
-    const int choice = _ask().takeBelow(8);
-    if (choice == 7 && !dynamic_cast<KXAxisChartDataUser*>(user))
+    const bool pullsThatMany = dynamic_cast<KXAxisChartDataUser*>(user) != nullptr;
+    const int choice = _ask().takeBelow(8); // the user may be gone now
+    if (choice == 7 && !pullsThatMany)
         return (std::numeric_limits<std::uint64_t>::max)();
     return static_cast<std::uint64_t>(choice);
 }
