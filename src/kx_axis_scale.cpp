@@ -133,6 +133,16 @@ double obtainIntervals(const KXAxisChartAxisCacheData& cache, double value)
                              : distance / cache.tickInterval);
 }
 
+/** @return the double next to 10 to the exponent, 0 to 308; pow is a little off in some C libraries */
+double obtainPowerOfTen(int exponent)
+{
+    char text[16] = "1e";
+    char* const end = std::to_chars(text + 2, text + sizeof text, exponent).ptr;
+    double power = 1;
+    std::from_chars(text, end, power);
+    return power;
+}
+
 } // namespace
 
 double kxCalculateSuitableRange(double amount, bool forTicks)
@@ -145,7 +155,7 @@ double kxCalculateSuitableRange(double amount, bool forTicks)
 
     // 2. Scale by whole powers of ten only: 5 / 100000 prints as 0.00005 and 5 * 0.00001 does not.
     const double exponent = std::floor(std::log10(amount));
-    const double power = std::pow(10.0, std::abs(exponent));
+    const double power = obtainPowerOfTen(static_cast<int>(std::abs(exponent)));
     const double factor = roundShare(exponent < 0 ? amount * power : amount / power, forTicks);
     return (std::min)(exponent < 0 ? factor / power : factor * power, largest);
 }
