@@ -310,6 +310,26 @@ TEST_F(UXHintScreen, GoesAwayWhenItHasTo)
     }
 }
 
+TEST_F(UXHintScreen, AnOwnerMayExplainItselfAndAHostPaintAtOnce)
+{
+    bool explains = true;
+    owners[0]->registerEventResponder(UXEventResponderType::Hint, {UXEventKey::Shift},
+                                      [&](const UXEvent&) { return explains; });
+    UXEvent event;
+    event.addEventKey(UXEventKey::Shift);
+    for (const bool hides : {false, true}) {
+        explains = hides;
+        delegates[0]->showHint({5, 5}, &event, &infos[0]);
+        EXPECT_EQ(hint() == nullptr, hides);
+    }
+    UXRecordingPaintConfig config;
+    control.config = &config;
+    control.onNotify = [&] { context.repaintDirtyRect(&diagram); };
+    delegates[1]->showHint({5, 5}, nullptr, &infos[1]);
+    EXPECT_TRUE(hint() && uxIsEmptyRect(dirty()));
+    control.onNotify = {};
+}
+
 TEST_F(UXHintScreen, EndsWithWhatItStandsFor)
 {
     delegates[0]->showHint({5, 5}, nullptr, &infos[0]);

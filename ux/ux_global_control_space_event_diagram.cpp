@@ -105,6 +105,11 @@ void UXGlobalControlSpaceEventDiagram::_requireUpdate()
 void UXGlobalControlSpaceEventDiagram::_updateHints()
 {
     m_updatePosted = false;
+    // A control that paints as soon as it is told lays out, which leads back here.
+    if (m_updating)
+        return;
+    m_updating = true;
+    const UXObjectWatcher watcher(this);
     // The batch tells the controls once, when all is done.
     beginUpdate();
     for (const std::unique_ptr<UXHint>& hint : m_hints) {
@@ -113,6 +118,8 @@ void UXGlobalControlSpaceEventDiagram::_updateHints()
         hint->update(_obtainPointer(hint->getControl()));
     }
     endUpdate();
+    if (watcher.isAlive())
+        m_updating = false;
 }
 
 void UXGlobalControlSpaceEventDiagram::paintOver(const UXControl* control, UXPaintConfig* config,

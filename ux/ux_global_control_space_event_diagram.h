@@ -86,4 +86,5 @@ private:
     std::vector<std::unique_ptr<UXHint>> m_hints; // children; those that are over are used again
     std::vector<Pointer> m_pointers;              // of the controls that have the pointer
     bool m_updatePosted = false;
+    bool m_updating = false;
 };

@@ -17,7 +17,14 @@ void UXHintDelegate::setShowHint(bool showHint)
 
 void UXHintDelegate::showHint(UXPoint point, UXEvent* event, UXHintInfo* info)
 {
-    if (m_showHint)
+    const UXObjectWatcher owner = m_owner;
+    bool explainsItself = false;
+    if (m_showHint && event && info && info->enabled && owner.isAlive()) {
+        explainsItself = owner.getObject()->triggerEventResponder(UXEventResponderType::Hint, *event);
+        if (!owner.isAlive())
+            return;
+    }
+    if (m_showHint && !explainsItself)
         setHintVisible(point, event, info);
     else
         hideHint();
@@ -47,19 +54,24 @@ UXRect UXHintDelegate::obtainHintArea(UXPoint) { return {}; }
 
 void UXHintDelegate::_showOnScreen()
 {
-    const UXDiagram* diagram = uxObtainDiagram(m_owner.getObject());
-    UXGlobalControlSpaceEventDiagram* screen = diagram ? diagram->getGlobalControlSpaceEventDiagram()
-                                                       : nullptr;
-    if (m_screen.getObject() != screen)
+    const UXObjectWatcher owner = m_owner;
+    const UXDiagram* diagram = uxObtainDiagram(owner.getObject());
+    const UXObjectWatcher next(diagram ? diagram->getGlobalControlSpaceEventDiagram() : nullptr);
+    if (m_screen.isAlive() && m_screen.getObject() != next.getObject()) {
         _hideOnScreen();
-    m_screen = UXObjectWatcher(screen);
-    if (screen)
-        screen->showHint(&m_hintInfo, m_owner.getObject(), m_hintPoint, nullptr, obtainHintArea(m_hintPoint));
+        if (!owner.isAlive())
+            return;
+    }
+    m_screen = next;
+    if (auto* screen = static_cast<UXGlobalControlSpaceEventDiagram*>(next.getObject()))
+        screen->showHint(&m_hintInfo, owner.getObject(), m_hintPoint, nullptr, obtainHintArea(m_hintPoint));
 }
 
 void UXHintDelegate::_hideOnScreen()
 {
-    if (auto* screen = static_cast<UXGlobalControlSpaceEventDiagram*>(m_screen.getObject()))
-        screen->hideHint(&m_hintInfo, nullptr);
+    // The host may destroy this delegate when it hears of the change.
+    auto* screen = static_cast<UXGlobalControlSpaceEventDiagram*>(m_screen.getObject());
     m_screen = UXObjectWatcher(nullptr);
+    if (screen)
+        screen->hideHint(&m_hintInfo, nullptr);
 }

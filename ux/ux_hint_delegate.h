@@ -30,7 +30,8 @@ public:
 
     /** Shows the hint, if hints are on and info is enabled; otherwise hides it.
      *  @param point what is explained, in the owner's space
-     *  @param event the event that led here, may be null
+     *  @param event the event that led here, may be null. An owner with a responder of the type Hint that
+     * takes it explains itself: no hint shows then.
      *  @param info copied; null hides */
     virtual void showHint(UXPoint point, UXEvent* event, UXHintInfo* info);
     /** The same whether or not hints are on. */
