@@ -166,6 +166,19 @@ TEST_F(UXEventDispatch, PressCapturesAndDropsOnWhatLiesThere)
     EXPECT_TRUE(inner->isIdle() && back->isIdle() && front->isIdle());
     diagram.keyDown(UXEvent());
     EXPECT_EQ(takeLog(), "inner.key ") << "the press gave the focus";
+    diagram.mouseDragOver(at(50, 60));
+    diagram.mouseDrop(at(50, 60));
+    EXPECT_EQ(takeLog(), "front.denter front.drop front.dleave ");
+
+    diagram.mouseDown(at(10, 10));
+    diagram.mouseMove(at(50, 60));
+    UXObject* source = inner;
+    front->whenReached = [&](const UXEvent& event) {
+        delete std::exchange(inner, nullptr);
+        source = event.getEventType() == UXEventType::MouseDragLeave ? event.getSourceObject() : source;
+    };
+    diagram.mouseUp(at(50, 60));
+    EXPECT_EQ(source, nullptr) << "what was dragged is gone";
 }
 
 TEST_F(UXEventDispatch, PostedActionsRunAfterTheOutermost)

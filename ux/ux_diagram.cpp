@@ -21,6 +21,14 @@ bool hasResponder(const std::vector<UXObject*>& objects, UXEventResponderType ty
     });
 }
 
+/** @return whether global is registered on diagram, or on one of those that are, and so on */
+bool seesEventsOf(const UXDiagram& diagram, const UXDiagram* global)
+{
+    return std::ranges::any_of(diagram.getGlobalEventDiagrams(), [global](const UXGlobalEventDiagram* above) {
+        return above == global || seesEventsOf(*above, global);
+    });
+}
+
 } // namespace
 
 UXDiagram::UXDiagram(UXContext* context)
@@ -189,7 +197,8 @@ void UXDiagram::zoomRatioDidChange(double) {}
 
 void UXDiagram::registerGlobalEventDiagram(UXGlobalEventDiagram* diagram)
 {
-    if (!diagram || diagram == this || std::ranges::count(m_globalEventDiagrams, diagram) > 0)
+    if (!diagram || diagram == this || seesEventsOf(*diagram, this) ||
+        std::ranges::count(m_globalEventDiagrams, diagram) > 0)
         return;
     m_globalEventDiagrams.push_back(diagram);
     diagram->m_servedDiagrams.push_back(this);

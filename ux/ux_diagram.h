@@ -60,7 +60,10 @@ public:
     bool mouseWheel(const UXEvent& event) override;
     bool mouseDoubleClick(const UXEvent& event) override;
     bool mouseDragging(const UXEvent& event) override;
+    bool mouseDragEnter(const UXEvent& event) override;
+    bool mouseDragOver(const UXEvent& event) override;
     bool mouseDragLeave(const UXEvent& event) override;
+    bool mouseDrop(const UXEvent& event) override;
     bool keyDown(const UXEvent& event) override;
     bool keyUp(const UXEvent& event) override;
     bool externalDragging(const UXEvent& event) override;
@@ -91,7 +94,8 @@ public:
     virtual void zoomRatioDidChange(double zoomRatio);
 
     // Diagrams that see this one's events before it does
-    /** @param diagram stays its owner's; it leaves by itself when it is destroyed */
+    /** @param diagram stays its owner's; it leaves by itself when it is destroyed. One whose events this one
+     * sees itself is refused. */
     void registerGlobalEventDiagram(UXGlobalEventDiagram* diagram);
     void unregisterGlobalEventDiagram(UXGlobalEventDiagram* diagram);
     /** Lets a registered one see the events before the others, and lie over them. */

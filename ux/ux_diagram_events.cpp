@@ -56,10 +56,28 @@ bool UXDiagram::mouseDragging(const UXEvent& event)
                      [](UXEventDispatcher& to, const UXEvent& own) { return to.move(own); });
 }
 
+bool UXDiagram::mouseDragEnter(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDragEnter, event, &UXObject::mouseDragEnter,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dragExternal(own); });
+}
+
+bool UXDiagram::mouseDragOver(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDragOver, event, &UXObject::mouseDragOver,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dragExternal(own); });
+}
+
 bool UXDiagram::mouseDragLeave(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDragLeave, event, &UXObject::mouseDragLeave,
                      [](UXEventDispatcher& to, const UXEvent& own) { return to.leave(own); });
+}
+
+bool UXDiagram::mouseDrop(const UXEvent& event)
+{
+    return _dispatch(UXEventType::MouseDrop, event, &UXObject::mouseDrop,
+                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dropExternal(own); });
 }
 
 bool UXDiagram::keyDown(const UXEvent& event)
@@ -107,7 +125,12 @@ UXCursor UXDiagram::obtainCursor() const
     return m_dispatcher->obtainCursor();
 }
 
-void UXDiagram::cancelPress() { m_dispatcher->cancelPress(); }
+void UXDiagram::cancelPress()
+{
+    // What hears that a drag has left may destroy the diagram.
+    const std::shared_ptr<UXEventDispatcher> dispatcher = m_dispatcher;
+    dispatcher->cancelPress();
+}
 
 bool UXDiagram::triggerEventResponder(UXEventResponderType type, const UXEvent& event)
 {

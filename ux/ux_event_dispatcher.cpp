@@ -67,10 +67,10 @@ bool UXEventDispatcher::release(const UXEvent& event)
     }
 
     if (dragged) {
-        UXEvent drop = event;
-        drop.setSourceObject(pressPath.back().getObject());
-        handled = _send(UXEventType::MouseDrop, drop, Path(m_dragPath)) || handled;
-        _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, drop);
+        Journey drop{UXEventType::MouseDrop, event, {}, false, pressPath.back()};
+        handled = _send(drop, Path(m_dragPath)) || handled;
+        _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event,
+                  pressPath.back());
     }
     if (captured && pressPath.back().isAlive()) {
         const Path under = _hit(event.getMousePoint());
@@ -166,9 +166,9 @@ void UXEventDispatcher::setFocusedObject(UXObject* object)
     if (old.getObject() == object)
         return;
     m_focus = UXObjectWatcher(object);
-    for (UXObject* changed : {old.getObject(), m_focus.getObject()})
-        if (changed && changed->getShowsFocus())
-            changed->invalidate();
+    for (const UXObjectWatcher& changed : {old, UXObjectWatcher(m_focus)})
+        if (changed.isAlive() && changed.getObject()->getShowsFocus())
+            changed.getObject()->invalidate();
 }
 
 bool UXEventDispatcher::_isOnDiagram(const UXObject* object) const
@@ -227,6 +227,7 @@ bool UXEventDispatcher::_deliver(Journey& journey, const UXObjectWatcher& target
     if (!object || !_isOnDiagram(object) || _contains(journey.delivered, object))
         return false;
     journey.delivered.push_back(target);
+    journey.followSource();
     return object->deliverEvent(journey.type, journey.event, journey.stop);
 }
 
@@ -251,6 +252,7 @@ bool UXEventDispatcher::_send(UXEventType type, const UXEvent& event, const Path
 /** The next object behind, which in turn may forward to the one behind itself. */
 bool UXEventDispatcher::_forward(Journey& journey, const UXObjectWatcher& from)
 {
+    journey.followSource();
     UXObject* object = from.getObject();
     if (!object || !_isOnDiagram(object) || !object->shouldForwardEventToNeighbors(journey.event))
         return false;
@@ -275,12 +277,12 @@ bool UXEventDispatcher::_forward(Journey& journey, const UXObjectWatcher& from)
 }
 
 void UXEventDispatcher::_exchange(Path& current, const Path& next, UXEventType left, UXEventType entered,
-                                  const UXEvent& event)
+                                  const UXEvent& event, const std::optional<UXObjectWatcher>& source)
 {
     // Stored first: a callback may send another event, which then starts from here.
     const Path old = std::exchange(current, next);
     const auto tell = [&](UXEventType type, const UXObjectWatcher& target) {
-        Journey journey{type, event, {}};
+        Journey journey{type, event, {}, false, source};
         _deliver(journey, target);
     };
     for (auto watcher = old.rbegin(); watcher != old.rend(); ++watcher) {
@@ -304,19 +306,16 @@ bool UXEventDispatcher::_drag(const UXEvent& event)
 {
     const UXObjectWatcher source = m_pressPath.back();
     m_dragged = true;
-    UXEvent drag = event;
-    drag.setSourceObject(source.getObject());
-    Journey dragging{UXEventType::MouseDragging, drag, {}};
+    Journey dragging{UXEventType::MouseDragging, event, {}, false, source};
     bool handled = _send(dragging, Path(m_pressPath));
     _rememberPressed(dragging);
     if (!isPressing())
         return handled;
     // What is dragged usually lies under the pointer itself: the target is what lies behind it.
-    drag.setSourceObject(source.getObject());
     const Path target = _hit(event.getMousePoint(), source.getObject());
-    _exchange(m_dragPath, target, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, drag);
-    drag.setSourceObject(source.getObject());
-    return _send(UXEventType::MouseDragOver, drag, target) || handled;
+    _exchange(m_dragPath, target, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event, source);
+    Journey over{UXEventType::MouseDragOver, event, {}, false, source};
+    return _send(over, target) || handled;
 }
 
 void UXEventDispatcher::_endPress()

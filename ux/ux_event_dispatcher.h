@@ -5,6 +5,7 @@
 #include "ux/ux_event_type.h"
 #include "ux/ux_object_watcher.h"
 
+#include <optional>
 #include <vector>
 
 class UXObject;
@@ -59,6 +60,14 @@ private:
         UXEvent event;
         Path delivered;
         bool stop = false;
+        std::optional<UXObjectWatcher> source = std::nullopt; // what is dragged, if the drag began here
+
+        /** Takes what is dragged out of the event once a handler has destroyed it. */
+        void followSource()
+        {
+            if (source)
+                event.setSourceObject(source->getObject());
+        }
     };
 
     bool _isOnDiagram(const UXObject* object) const;
@@ -73,7 +82,7 @@ private:
     bool _forward(Journey& journey, const UXObjectWatcher& from);
     /** Tells who is in one of the two paths only that the pointer left or entered it. */
     void _exchange(Path& current, const Path& next, UXEventType left, UXEventType entered,
-                   const UXEvent& event);
+                   const UXEvent& event, const std::optional<UXObjectWatcher>& source = {});
     void _rememberPressed(const Journey& journey);
     bool _drag(const UXEvent& event);
     void _endPress();
