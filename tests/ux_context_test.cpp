@@ -67,7 +67,7 @@ TEST(UXContext, WhatIsDestroyedLeaves)
 TEST(UXContext, PostedActionsRunAfterTheEvent)
 {
     UXContext context;
-    UXDiagram diagram(&context);
+    UXDiagram diagram(&context), unseen(&context);
     auto host = std::make_unique<Host>();
     context.setActiveDiagram(host.get(), &diagram);
     std::string log;
@@ -80,6 +80,7 @@ TEST(UXContext, PostedActionsRunAfterTheEvent)
 
     UXObject object;
     object.registerEventHandler(UXEventType::MouseDown, [&](const UXEvent&) {
+        context.postAction(&unseen, [&] { log += "unseen "; });
         context.postAction(&diagram, [&] {
             log += "posted ";
             context.postAction(&diagram, [&] { log += "again "; });
@@ -88,14 +89,14 @@ TEST(UXContext, PostedActionsRunAfterTheEvent)
         return true;
     });
     object.mouseDown(UXEvent());
-    EXPECT_EQ(log, "kept event posted again ");
+    EXPECT_EQ(log, "kept event unseen posted again ");
 
     // An action may destroy the control; those after it are gone with it.
     host->postAction([&] { host.reset(); });
     host->postAction([&] { log += "wrong "; });
     host->runPostedActions();
     EXPECT_EQ(host, nullptr);
-    EXPECT_EQ(log, "kept event posted again ");
+    EXPECT_EQ(log, "kept event unseen posted again ");
 }
 
 TEST(UXControl, Conversions)

@@ -99,11 +99,23 @@ TEST_F(UXControlInput, TheCursorFollowsThePointerAndPresses)
     control.mouseMove({90, 15}, makeEvent());
     control.mouseUp({90, 15}, makeEvent());
     EXPECT_EQ(control.log, "cursor1 event event event event cursor0 event ");
+
+    // The press ends with the diagram that it began on.
+    UXDiagram other(&context);
+    control.mouseDown({16, 15}, makeEvent());
+    context.setActiveDiagram(&control, &other);
+    context.setActiveDiagram(&control, &diagram);
+    control.log.clear();
+    control.mouseMove({90, 15}, makeEvent());
+    EXPECT_EQ(control.log, "cursor0 event ");
 }
 
 TEST_F(UXControlInput, ARespondingObjectAsksForAMenuOrKeepsTheZoom)
 {
-    object->registerEventResponder(UXEventResponderType::ContextMenu, [](const UXEvent&) { return true; });
+    object->registerEventResponder(UXEventResponderType::ContextMenu, [this](const UXEvent& event) {
+        event.postAction([this] { control.log += "posted "; });
+        return true;
+    });
     object->registerEventResponder(UXEventResponderType::Zoom, {UXEventKey::Ctrl},
                                    [](const UXEvent&) { return true; });
     UXEvent right = makeEvent();
@@ -112,7 +124,7 @@ TEST_F(UXControlInput, ARespondingObjectAsksForAMenuOrKeepsTheZoom)
         control.mouseDown({x, 15}, right);
         control.mouseUp({x, 15}, right);
     }
-    EXPECT_EQ(control.log, "event event menu15 event event ");
+    EXPECT_EQ(control.log, "event event menu15 posted event event ");
 
     UXEvent zoom = makeEvent();
     zoom.setMousePoint({15, 15});
@@ -128,6 +140,10 @@ TEST_F(UXControlInput, AGlobalDiagramThatKeepsAMoveTakesTheHoverAndIsPaintedAbov
 {
     UXGlobalEventDiagram above;
     diagram.registerGlobalEventDiagram(&above);
+    UXGlobalEventDiagram top;
+    above.registerGlobalEventDiagram(&top);
+    top.registerGlobalEventDiagram(&above); // would never end
+    EXPECT_TRUE(top.getGlobalEventDiagrams().empty());
     UXObject* cover = new UXObject;
     above.addChild(cover);
     cover->setRect({0, 0, 20, 20});
@@ -178,6 +194,16 @@ TEST_F(UXControlInput, TheWheelGlidesToItsPlaceAndADragGlidesOnUntilAPress)
     runFrames(5);
     EXPECT_EQ(originX(), gliding);
     control.mouseUp({10, 50}, makeEvent());
+
+    // A glide goes with the control that it moves.
+    control.mouseWheel({50, 50}, makeEvent({1, 0}));
+    auto other = std::make_unique<Control>();
+    context.setActiveDiagram(other.get(), &diagram);
+    other->setControlRect({0, 0, 200, 100});
+    other->mouseWheel({50, 50}, makeEvent({1, 0}));
+    other.reset();
+    runFrames(2);
+    EXPECT_EQ(originX(), gliding);
 
     control.reduceMotion = true;
     control.setDiagramOriginInControlSpace({0, 0});

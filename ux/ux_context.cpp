@@ -2,6 +2,7 @@
 
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
+#include "ux/ux_event_dispatch_scope.h"
 #include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
@@ -139,11 +140,18 @@ void UXContext::setActiveDiagram(UXControl* control, UXDiagram* diagram)
         addDiagram(diagram);
     if (control->m_activeDiagram == diagram)
         return;
+    UXDiagram* left = control->m_activeDiagram;
     control->m_activeDiagram = diagram;
 
+    // The release of a press goes elsewhere now: nothing may wait for it there.
+    const UXJsonObjectWatcher self(this);
     const UXObjectWatcher watcher(diagram);
+    if (left && getControlsWithDiagram(left).empty())
+        left->cancelPress();
+    if (!self.isAlive())
+        return;
     _notify({control}, [](UXControl* shown) { shown->resizeDiagramAlignClient(); });
-    if (watcher.isAlive())
+    if (self.isAlive() && watcher.isAlive())
         _notify({control}, [diagram](UXControl* shown) { shown->notifyFullScreenDirtyRect(diagram); });
 }
 
@@ -274,6 +282,10 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
         if (getActiveDiagram(control) != diagram)
             continue;
         UXPaintConfig* config = control->obtainPaintConfig(diagram);
+        if (!isAlive())
+            return;
+        if (getActiveDiagram(control) != diagram)
+            continue;
         if (config && config->isPaintConfigValid()) {
             paintings.push_back({control, config, obtainDirtyRegion(*diagram, *control)});
         } else {
@@ -432,9 +444,12 @@ void UXContext::postAction(UXControl* control, const std::function<void()>& acti
 
 void UXContext::postAction(UXDiagram* diagram, const std::function<void()>& action)
 {
-    const std::vector<UXControl*> controls = getControlsWithDiagram(diagram);
+    const std::vector<UXControl*> controls = getControlsWithDiagramAnyRelated(diagram);
+    const auto direct = std::ranges::find(controls, diagram, &UXControl::getActiveDiagram);
     if (!controls.empty())
-        controls.front()->postAction(action);
+        (direct != controls.end() ? *direct : controls.front())->postAction(action);
+    else if (UXEventDispatchScope::isDispatching())
+        UXEventDispatchScope::postAction(action);
 }
 
 int UXContext::load(const std::string& fileName)

@@ -113,7 +113,8 @@ public:
     /** Hands action to control, which runs it after the present event; a control that is not here runs
      * nothing. */
     void postAction(UXControl* control, const std::function<void()>& action);
-    /** The same with the first control that shows diagram. */
+    /** The same with the first control that shows diagram, or a use-case diagram made of it. Without one the
+     * dispatch that runs takes the action, and outside of any it is dropped. */
     void postAction(UXDiagram* diagram, const std::function<void()>& action);
 
     // Documents

@@ -110,11 +110,14 @@ void UXControl::zoomReset()
 void UXControl::_zoomStep(double factor, bool keepMousePoint, const UXEvent& event)
 {
     const std::weak_ptr<const bool> life = m_life;
-    if ((m_activeDiagram && m_activeDiagram->triggerEventResponder(UXEventResponderType::Zoom, event)) ||
-        life.expired())
+    const UXEvent asked = event;
+    const bool responds = m_activeDiagram &&
+                          m_activeDiagram->triggerEventResponder(UXEventResponderType::Zoom, asked);
+    UXEventDispatchScope(asked).finish();
+    if (responds || life.expired())
         return;
     const UXDoubleControlPoint middle{m_controlRect.width / 2.0, m_controlRect.height / 2.0};
-    const UXDoubleControlPoint mouse = diagramSpaceToControlSpace(UXDoublePoint(event.getMousePoint()));
+    const UXDoubleControlPoint mouse = diagramSpaceToControlSpace(UXDoublePoint(asked.getMousePoint()));
     _setZoomRatioAround(m_zoomRatio * factor, keepMousePoint ? mouse : middle);
 }
 
@@ -278,6 +281,7 @@ bool UXControl::mouseUp(const UXControlPoint& point, const UXEvent& event)
         UXMessageRightClickParam param(&asked, nullptr);
         notifyRightClickMenu(&param, asked.getMousePoint());
     }
+    UXEventDispatchScope(asked).finish();
     return responds;
 }
 

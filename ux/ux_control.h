@@ -150,15 +150,26 @@ public:
     virtual bool hasDefaultBackground() const;
     /** @return whether the user wants no motion: what would glide jumps then */
     virtual bool shouldReduceMotion() const;
+    /** Areas of diagram wait to be painted: the control asks its system for a paint, once for all that come
+     * until then, and calls the diagram's repaintDirtyRect in it. */
     virtual void notifyDirtyRect(UXDiagram* diagram);
+    /** All that the control shows has moved or is new. The diagram has no dirty areas for it: the control
+     * paints anew as a whole. */
     virtual void notifyFullScreenDirtyRect(UXDiagram* diagram);
+    /** @param cursor the number of a UXCursor, never AsParent, or one of the host's own */
     virtual void notifyCursorChange(int cursor);
     virtual void notifyDiagramAlignChanged(UXDiagram* diagram);
     virtual void notifyDiagramSizeChanged(UXDiagram* diagram);
     /** Moves what the control shows of diagram by distance, in the diagram's space. */
     virtual void notifyDiagramMove(UXDiagram* diagram, UXPoint distance);
+    /** Someone on the diagram hands an event on to the host. */
     virtual void notifyEvent(const UXEvent& event);
+    /** @param object what the event is about
+     *  @param point where, as the sender and the host agree */
     virtual void notifyEvent(const UXEvent& event, UXObject* object, UXPoint point);
+    /** The user asks for a context menu.
+     *  @param param valid during the call
+     *  @param point in the diagram's space */
     virtual void notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint point);
     /** The origin, the zoom or an extent changed, and with it what scroll bars show. */
     virtual void notifyResetScroller();

@@ -120,7 +120,8 @@ bool UXGlobalSmoothScrollingEventDiagram::customMouseWheel(const UXEvent& event,
         _move(*control, distance);
         return true;
     }
-    const UXDoublePoint rest = m_state == State::Approaching ? m_wheelRest : UXDoublePoint{};
+    const bool goesOn = m_state == State::Approaching && m_timer.isRunning() && m_control == control;
+    const UXDoublePoint rest = goesOn ? m_wheelRest : UXDoublePoint{};
     _start(State::Approaching, control);
     m_wheelRest = rest + distance;
     return true;
@@ -168,10 +169,11 @@ bool UXGlobalSmoothScrollingEventDiagram::_pan(const UXEvent& event)
 
 void UXGlobalSmoothScrollingEventDiagram::_start(State state, UXControl* control)
 {
+    // The timer runs on the control that moves, whose end then stops it.
+    if (!m_timer.isRunning() || m_control != control)
+        m_timer.start(control, frameMilliseconds);
     m_state = state;
     m_control = control;
-    if (!m_timer.isRunning())
-        m_timer.start(control, frameMilliseconds);
 }
 
 void UXGlobalSmoothScrollingEventDiagram::_frame()
