@@ -65,9 +65,14 @@ TEST(UXInputDelegate, EditsWholeCharactersWhileItsOwnerHasTheKeys)
     field.log.clear();
     diagram.keyDown(makeKey(UXKeyCode::Enter));
     diagram.keyDown(makeKey(UXKeyCode::Escape));
+    UXEvent altGr = makeTyped("@");
+    altGr.addEventKey(UXEventKey::Ctrl);
+    EXPECT_FALSE(diagram.keyDown(altGr));
+    altGr.addEventKey(UXEventKey::Alt);
+    EXPECT_TRUE(diagram.keyDown(altGr));
     field.endInput();
     diagram.keyDown(makeKey(UXKeyCode::Enter));
-    EXPECT_EQ(field.log, "finished cancelled ");
+    EXPECT_EQ(field.log, "finished cancelled @\xC3\xA9|1 ");
 }
 
 TEST(UXTextImageDiagram, ImageAndTextShareTheMiddle)

@@ -12,11 +12,14 @@ namespace {
 
 bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
+/** Ctrl or Alt alone make a command of a key; both together are AltGr, which types. */
 bool isTyped(const UXEvent& event)
 {
+    const bool isCommand = event.containsEventKey(UXEventKey::Ctrl) !=
+                           event.containsEventKey(UXEventKey::Alt);
     const std::string& text = event.getKeyText();
     return !text.empty() && static_cast<unsigned char>(text.front()) >= ' ' && text.front() != 0x7F &&
-           !event.containsEventKey(UXEventKey::Ctrl) && !event.containsEventKey(UXEventKey::Alt);
+           !isCommand;
 }
 
 } // namespace
