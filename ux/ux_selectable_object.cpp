@@ -54,8 +54,10 @@ bool UXSelectableObject::customDeserialize()
 
 void UXSelectableObject::setColor(const UXColor& color)
 {
+    UXObjectWatcher watcher(this);
     UXObject::setColor(color);
-    _followColor();
+    if (watcher.isAlive())
+        _followColor();
 }
 
 void UXSelectableObject::setSelected(bool selected) { setSelected(selected, true); }

@@ -120,9 +120,12 @@ void UXUseCaseDiagram::_paintSource(UXDiagram& source, UXPaintConfig* config)
         return;
     const double zoom = getUseCaseZoomRatio();
     UXRecordingPaintConfig recording(painter->getDeviceScale() * zoom);
-    source.paintBackground(&recording);
-    source.paint(&recording, shown);
+    // What is painted may destroy this diagram, which is not looked at any more from here on.
     const UXPoint origin = getUseCaseOrigin();
+    const UXObjectWatcher watcher(&source);
+    source.paintBackground(&recording);
+    if (watcher.isAlive())
+        source.paint(&recording, shown);
     painter->translate(origin.x, origin.y);
     painter->scale(zoom, zoom);
     painter->translate(-shown.x, -shown.y);

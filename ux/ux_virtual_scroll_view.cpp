@@ -350,11 +350,16 @@ void UXVirtualScrollView::_areaChanged()
 
 void UXVirtualScrollView::_colorBars()
 {
-    for (const bool horizontal : {true, false})
-        if (auto* bar = static_cast<UXScrollBar*>(_obtainDirection(horizontal).bar.getObject())) {
+    const UXObjectWatcher self(this);
+    for (const bool horizontal : {true, false}) {
+        const UXObjectWatcher watcher(self.isAlive() ? _obtainDirection(horizontal).bar.getObject()
+                                                     : nullptr);
+        auto* bar = static_cast<UXScrollBar*>(watcher.getObject());
+        if (bar)
             bar->setTrackColor(m_barColor);
+        if (self.isAlive() && watcher.isAlive())
             bar->setSliderColor(m_barSliderColor);
-        }
+    }
 }
 
 void UXVirtualScrollView::_updateBars()
@@ -371,18 +376,24 @@ void UXVirtualScrollView::_updateBars()
 void UXVirtualScrollView::_updateBar(bool horizontal, bool shown, const UXRect& rect)
 {
     auto* bar = static_cast<UXScrollBar*>(_obtainDirection(horizontal).bar.getObject());
-    if (!bar && shown)
+    const bool isNew = !bar && shown;
+    if (isNew)
         bar = _makeBar(horizontal);
     if (!bar)
         return;
-    UXObjectWatcher watcher(bar);
-    bar->setVisible(shown);
-    if (watcher.isAlive() && shown)
+    const UXObjectWatcher self(this), watcher(bar);
+    const auto isAlive = [&] { return self.isAlive() && watcher.isAlive(); };
+    if (isNew)
+        UXObject::addChild(bar);
+    if (isAlive())
+        bar->setVisible(shown);
+    if (isAlive() && shown)
         bar->setRect(rect);
-    if (watcher.isAlive() && shown)
+    if (isAlive() && shown)
         bar->setRange(_obtainRange(horizontal));
 }
 
+/** @return a bar that is not on the view yet */
 UXScrollBar* UXVirtualScrollView::_makeBar(bool horizontal)
 {
     auto* bar = new UXScrollBar(horizontal ? UXArrangement::Row : UXArrangement::Column);
@@ -394,15 +405,18 @@ UXScrollBar* UXVirtualScrollView::_makeBar(bool horizontal)
                               _scrollTo(horizontal, offset, event, bar);
                       },
                       [this](const UXEvent& event) { userScrollingDidEnd(event); }});
-    UXObject::addChild(bar);
-    _colorBars();
+    bar->setTrackColor(m_barColor);
+    bar->setSliderColor(m_barSliderColor);
     return bar;
 }
 
 void UXVirtualScrollView::_bringBarsToFront()
 {
-    for (const bool horizontal : {true, false})
-        UXObject::bringChildToFront(_obtainDirection(horizontal).bar.getObject());
+    const UXObjectWatcher self(this);
+    for (const bool horizontal : {true, false}) {
+        if (self.isAlive())
+            UXObject::bringChildToFront(_obtainDirection(horizontal).bar.getObject());
+    }
 }
 
 bool UXVirtualScrollView::_isBar(const UXObject* object) const
