@@ -289,7 +289,7 @@ int KXLegend::_obtainRowPitch() const
 UXRect KXLegend::_arrangeColumn(UXRect area)
 {
     const auto shown = static_cast<std::int64_t>(m_cellIndexList.size());
-    std::int64_t height = _obtainRowPitch() * shown + 2 * m_margin;
+    std::int64_t height = _obtainRowPitch() * shown + std::int64_t{2} * m_margin;
     if (shown > 0)
         height -= uxSaturateToInt(std::floor(m_rowSpacing));
 
@@ -512,7 +512,7 @@ void KXLegend::_showPlace(std::size_t place)
     if (m_arrangement == UXArrangement::Row) {
         const double width = m_calculatedCellWidths[static_cast<std::size_t>(m_cellIndexList[place])];
         const auto left = static_cast<std::int64_t>(std::floor(m_cellLefts[place])) - m_margin;
-        const auto extent = static_cast<std::int64_t>(std::ceil(width)) + 2 * m_margin;
+        const auto extent = static_cast<std::int64_t>(std::ceil(width)) + std::int64_t{2} * m_margin;
         m_scrollView->setContentOffsetX(reach(m_scrollView->getContentOffsetX(), area.width, left, extent));
         return;
     }

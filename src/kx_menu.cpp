@@ -43,7 +43,7 @@ void KXMenu::setEntries(const std::vector<KXMenuEntry>& entries)
         columns.subMenus = columns.subMenus || (!entry.entries.empty() && !entry.separator);
     }
     int width = leastWidth;
-    std::int64_t height = 2 * framePadding;
+    std::int64_t height = std::int64_t{2} * framePadding;
     for (const KXMenuEntry& entry : entries) {
         if (!self.isAlive())
             return;

@@ -17,7 +17,7 @@ std::string UXObjectPathResolver::obtainPath(UXJsonObject* object, UXJsonObject*
             return {};
         const auto& children = parent->getChildren();
         const auto index = std::ranges::find(children, inner) - children.begin();
-        path = std::to_string(index) + (path.empty() ? "" : "/") + path;
+        path.insert(0, std::to_string(index) + (path.empty() ? "" : "/"));
     }
     return path;
 }
