@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_data_provider.h"
 #include "kx_chart.h"
+#include "kx_value_extremes.h"
 #include "ux/ux_object_watcher.h"
 
 #include <algorithm>
@@ -21,34 +22,9 @@ const std::vector<double> noValues;
 
 constexpr double largest = (std::numeric_limits<double>::max)();
 
-struct Extremes {
-    double min = largest, max = -largest;
-
-    /** A null compares false. */
-    void take(double value)
-    {
-        min = value < min ? value : min;
-        max = value > max ? value : max;
-    }
-    void take(const Extremes& other)
-    {
-        min = std::min(min, other.min);
-        max = std::max(max, other.max);
-    }
-};
-
-/** @return a minimum above the maximum where there are only nulls */
-Extremes findExtremes(std::span<const double> values)
+KXValueExtremes findStackedExtremes(const std::vector<std::span<const double>>& lists, std::size_t count)
 {
-    Extremes extremes;
-    for (const double value : values)
-        extremes.take(value);
-    return extremes;
-}
-
-Extremes findStackedExtremes(const std::vector<std::span<const double>>& lists, std::size_t count)
-{
-    Extremes sums;
+    KXValueExtremes sums;
     for (std::size_t category = 0; category < count; ++category) {
         double up = 0, down = 0;
         for (const std::span<const double>& values : lists) {
@@ -253,15 +229,15 @@ KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<st
 {
     const auto count = static_cast<std::size_t>(std::min(categoryCount, m_categoryCount));
     std::vector<std::span<const double>> lists;
-    Extremes all;
+    KXValueExtremes all;
     for (const std::uint64_t index : series) {
         if (index >= m_series.size())
             continue;
         lists.push_back(std::span(m_series[index].values).first(count));
-        all.take(findExtremes(lists.back()));
+        all.take(kxFindValueExtremes(lists.back()));
     }
-    if (all.min > all.max)
+    if (all.isEmpty())
         return {};
-    const Extremes stacked = lists.size() == 1 ? all : findStackedExtremes(lists, count);
+    const KXValueExtremes stacked = lists.size() == 1 ? all : findStackedExtremes(lists, count);
     return {all.min, all.max, std::clamp(stacked.min, -largest, 0.0), std::clamp(stacked.max, 0.0, largest)};
 }

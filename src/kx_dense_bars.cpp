@@ -1,5 +1,7 @@
 #include "kx_dense_bars.h"
 
+#include "kx_value_extremes.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -173,11 +175,8 @@ void Columns::_collectSeries(std::size_t position, const Run& run)
         return;
     // A null compares false. Whose the extremes are is looked up once they are known.
     const std::span<const double> inside = values.subspan(run.firstCategory, end - run.firstCategory);
-    double least = 0, greatest = 0;
-    for (const double value : inside) {
-        least = value < least ? value : least;
-        greatest = value > greatest ? value : greatest;
-    }
+    const KXValueExtremes extremes = kxFindValueExtremes(inside);
+    const double least = std::min(extremes.min, 0.0), greatest = std::max(extremes.max, 0.0);
     const auto makeExtreme = [&](double value) {
         const auto found = value == 0 ? inside.end() : std::ranges::find(inside, value);
         return found == inside.end()
