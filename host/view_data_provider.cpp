@@ -80,6 +80,7 @@ std::string ViewDataProvider::_obtainTable(bool withNames)
 {
     const std::size_t dimensions = getBinding().dimensions.size();
     std::vector<std::uint64_t> counts;
+    counts.reserve(dimensions);
     for (std::size_t i = 0; i < dimensions; ++i)
         counts.push_back(obtainDimensionDataCount(nullptr, i));
     std::string text;
