@@ -9,6 +9,7 @@
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_layout_helper.h"
+#include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_rect_functions.h"
@@ -157,8 +158,11 @@ void KXLegend::updateLegendColor() { invalidate(); }
 
 void KXLegend::endCellHover()
 {
-    for (KXLegendCell* cell : _obtainCells())
-        cell->endHover();
+    // The chart hears of it, and cells may go meanwhile.
+    const std::vector<KXLegendCell*> cells = _obtainCells();
+    for (const UXObjectWatcher& watcher : std::vector<UXObjectWatcher>(cells.begin(), cells.end()))
+        if (auto* cell = dynamic_cast<KXLegendCell*>(watcher.getObject()))
+            cell->endHover();
 }
 
 double KXLegend::obtainLegendHeight()
@@ -171,7 +175,10 @@ double KXLegend::obtainLegendHeight()
 
 double KXLegend::obtainLegendWidth()
 {
+    const UXObjectWatcher self(this);
     _updateCellCache();
+    if (!self.isAlive())
+        return 0;
     return m_calculatedMaxCellWidth + UXVirtualScrollView::extraExtent + 2 * m_margin;
 }
 
@@ -189,15 +196,22 @@ void KXLegend::_updateCellCache()
         m_calculatedMaxCellWidth = 0;
         return;
     }
+    const UXObjectWatcher self(this);
     if (m_dataUpdated)
         _measureCells();
-    if (m_cellVisibleUpdated)
+    if (self.isAlive() && m_delegate && m_cellVisibleUpdated)
         _collectShownCells();
 }
 
 void KXLegend::_measureCells()
 {
-    m_cellCount = uxSaturateToInt(m_delegate->obtainLegendCellSize());
+    // The delegate may destroy the chart, and this with it, or part from it in any of its answers.
+    const UXObjectWatcher self(this);
+    KXLegendDelegate* const delegate = m_delegate;
+    const std::uint64_t cellCount = delegate->obtainLegendCellSize();
+    if (!self.isAlive() || m_delegate != delegate)
+        return;
+    m_cellCount = uxSaturateToInt(cellCount);
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     m_calculatedTextHeight = helper->getTextSize(heightSample, m_textProperty).height;
     m_calculatedCellHeight = std::max(m_symbolHeight, lineSpread * m_calculatedTextHeight);
@@ -209,11 +223,16 @@ void KXLegend::_measureCells()
     m_cellObjectIDs.clear();
     for (int i = 0; i < m_cellCount; ++i) {
         const auto index = static_cast<std::uint64_t>(i);
-        const double labelWidth =
-            helper->getTextSize(m_delegate->obtainLegendLabel(index), m_textProperty).width;
+        const std::string label = delegate->obtainLegendLabel(index);
+        if (!self.isAlive() || m_delegate != delegate)
+            return;
+        const double labelWidth = helper->getTextSize(label, m_textProperty).width;
         m_calculatedCellWidths.push_back(
             std::min(m_symbolWidth + m_labelIndent + labelWidth, m_maxCellWidth));
-        m_cellObjectIDs.push_back(m_delegate->obtainLegendCellObjectID(index));
+        std::vector<KXObjectID> objectIDs = delegate->obtainLegendCellObjectID(index);
+        if (!self.isAlive() || m_delegate != delegate)
+            return;
+        m_cellObjectIDs.push_back(std::move(objectIDs));
     }
     // Until the shown cells are looked up again, those past a smaller count are skipped.
     std::erase_if(m_cellIndexList, [this](int index) { return index >= m_cellCount; });
@@ -222,12 +241,17 @@ void KXLegend::_measureCells()
 
 void KXLegend::_collectShownCells()
 {
+    const UXObjectWatcher self(this);
+    KXLegendDelegate* const delegate = m_delegate;
     m_calculatedMaxCellWidth = 0;
     m_cellVisibles.clear();
     m_cellIndexList.clear();
     for (int i = 0; i < m_cellCount; ++i) {
         const auto index = static_cast<std::size_t>(i);
-        m_cellVisibles.push_back(m_delegate->obtainLegendShouldShowCell(index));
+        const bool isShown = delegate->obtainLegendShouldShowCell(index);
+        if (!self.isAlive() || m_delegate != delegate)
+            return;
+        m_cellVisibles.push_back(isShown);
         if (!m_cellVisibles.back() || index >= m_calculatedCellWidths.size())
             continue;
         m_cellIndexList.push_back(i);
@@ -242,6 +266,8 @@ void KXLegend::customLayout()
         return;
     const UXObjectWatcher self(this);
     _updateCellCache();
+    if (!self.isAlive())
+        return;
     // On the way the view's sizes do not belong together yet: cells are placed once, at the end.
     m_arranging = true;
     const bool isRow = m_arrangement == UXArrangement::Row;
@@ -321,7 +347,8 @@ void KXLegend::virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, 
 /** @param contentChanged off: only cells that come into view ask for their label */
 void KXLegend::_placeCells(bool contentChanged)
 {
-    if (!m_delegate)
+    const UXObjectWatcher self(this);
+    if (!m_delegate || !_endLostHover() || !m_delegate)
         return;
     const auto [first, end] = _obtainVisiblePlaces();
     std::vector<KXLegendCell*> cells;
@@ -341,6 +368,24 @@ void KXLegend::_placeCells(bool contentChanged)
     }
     if (contentChanged)
         m_scrollView->invalidate();
+}
+
+/** A cell under the pointer that is not seen any more serves for another one or goes, and its chart must not
+ * take it for pointed at. @return whether this is still here */
+bool KXLegend::_endLostHover()
+{
+    const UXObjectWatcher self(this);
+    const auto [first, end] = _obtainVisiblePlaces();
+    const auto shownFirst = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(first);
+    const auto shownEnd = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(end);
+    std::vector<UXObjectWatcher> lost;
+    for (KXLegendCell* cell : _obtainCells())
+        if (cell->isHovered() && !std::binary_search(shownFirst, shownEnd, uxSaturateToInt(cell->getIndex())))
+            lost.emplace_back(cell);
+    for (const UXObjectWatcher& watcher : lost)
+        if (auto* cell = dynamic_cast<KXLegendCell*>(watcher.getObject()))
+            cell->endHover();
+    return self.isAlive();
 }
 
 /** A child that changes its size has the whole chart laid out; cells change theirs outside of the tree, so

@@ -118,6 +118,7 @@ private:
     void _measureCellHeight();
     void _collectShownCells();
     void _placeCells(bool contentChanged);
+    bool _endLostHover();
     void _takeCells(std::size_t first, std::size_t end, std::vector<KXLegendCell*>& cells);
     void _placeCell(KXLegendCell* cell, const UXRect& rect);
     void updateCellInteraction(KXLegendCell* cell, std::uint64_t index);

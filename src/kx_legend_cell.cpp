@@ -36,7 +36,10 @@ void KXLegendCell::showCell(std::uint64_t index, const std::string& label, UXSym
     if (m_index == index && m_label == label && m_symbolStyle == style)
         return;
     // The pointer was over another cell; its next move tells what it is over now.
+    const UXObjectWatcher self(this);
     endHover();
+    if (!self.isAlive())
+        return;
     m_index = index;
     m_label = label;
     m_symbolStyle = style;
@@ -85,7 +88,10 @@ bool KXLegendCell::customKeyDown(const UXEvent& event, bool& stop)
 
 bool KXLegendCell::customMouseDown(const UXEvent& event, bool& stop)
 {
+    const UXObjectWatcher self(this);
     m_legend->takeFocus(m_index);
+    if (!self.isAlive())
+        return true;
     return UXObject::customMouseDown(event, stop) || m_legend->isCellClickEnabled();
 }
 
@@ -125,8 +131,9 @@ void KXLegendCell::explain(UXPoint point, UXEvent* event)
 
 bool KXLegendCell::customMouseLeave(const UXEvent& event, bool& stop)
 {
+    const UXObjectWatcher self(this);
     endHover();
-    return UXObject::customMouseLeave(event, stop);
+    return self.isAlive() && UXObject::customMouseLeave(event, stop);
 }
 
 /** The provider says how a piece under the pointer looks different. */
@@ -149,8 +156,11 @@ void KXLegendCell::_beginHover()
 
 void KXLegendCell::endHover()
 {
+    const UXObjectWatcher self(this);
     if (std::exchange(m_hovered, false))
         m_legend->cellHovered(m_index, false);
+    if (!self.isAlive())
+        return;
     m_showPointingHand = false;
     setCursor(UXCursor::AsParent);
     updateInteractionEffects({});

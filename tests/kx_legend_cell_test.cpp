@@ -44,6 +44,11 @@ public:
         if (switchedOff.erase(index) == 0)
             switchedOff.insert(index);
     }
+    void legendCellHovered(std::uint64_t, bool hovered) override
+    {
+        if (!hovered && onLeft)
+            onLeft();
+    }
 
     KXLegend& layoutAt(UXPosition position)
     {
@@ -80,6 +85,7 @@ public:
     std::set<std::uint64_t> hidden, switchedOff;
     std::function<std::string(std::uint64_t)> label;
     std::vector<std::uint64_t> askedLabels;
+    std::function<void()> onLeft;
 
 protected:
     void _customLayout(UXRect) override {}
@@ -285,8 +291,27 @@ TEST(KXLegendCell, LooksUnderThePointerAsTheProviderSays)
     cell->mouseLeave(UXEvent(UXEventType::MouseLeave));
     EXPECT_FALSE(isDrawnSo());
 
+    int left = 0;
+    chart->onLeft = [&left] { ++left; };
+    cell->mouseMove(move);
+    chart->hidden = {1};
+    chart->getLegend()->markCellVisibleUpdated();
+    chart->layout();
+    EXPECT_EQ(left, 1) << "a cell that goes is pointed at no more";
+
+    cell = chart->cells()[0];
+    provider.onEffects = {};
+    cell->mouseMove(move);
+    chart->onLeft = [&chart] { chart.reset(); };
+    EXPECT_FALSE(cell->mouseLeave(UXEvent(UXEventType::MouseLeave)))
+        << "who hears of it may destroy the chart";
+
+    chart = std::make_unique<LegendChart>();
+    chart->setInteractionProvider(&provider);
+    chart->cellCount = 2;
+    chart->layoutAt(UXPosition::Right);
     provider.onEffects = [&chart] { chart.reset(); };
-    EXPECT_FALSE(cell->mouseMove(move)) << "the provider may destroy the chart";
+    EXPECT_FALSE(chart->cells()[1]->mouseMove(move)) << "the provider may destroy the chart";
 }
 
 TEST(KXLegendCell, TheKeyboardWalksClicksAndSwitches)
