@@ -1,5 +1,6 @@
 #include "kx_interaction.h"
 
+#include "kx_chart.h"
 #include "kx_chart_data_user.h"
 #include "kx_context_menu.h"
 #include "kx_interaction_provider.h"
@@ -156,14 +157,17 @@ bool KXInteraction::_triggerRegisteredInteraction(KXInteractionUser* user, bool 
     if (!user || isOff || objectIDs.empty() || !_isAllowed(user, event, type, condition))
         return true;
 
-    const UXObjectWatcher owner(m_owner);
+    // The answer may destroy this part and leave the chart, whose use has an end all the same.
+    const UXObjectWatcher owner(m_owner),
+        asker(dataUser ? static_cast<UXObject*>(dataUser->getChart()) : m_owner);
     KXInteractionProvider* provider = user->beginUseInteractionProvider();
     KXInteractionOperation operation;
     if (provider)
         operation = provider->obtainInteractionOperation(objectIDs, KXInteractionEventInfo(event));
+    if (asker.isAlive())
+        user->endUseInteractionProvider();
     if (!owner.isAlive())
         return true;
-    user->endUseInteractionProvider();
 
     if (operation.action && post)
         event.postAction(operation.action);

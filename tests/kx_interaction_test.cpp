@@ -208,6 +208,16 @@ TEST_F(KXInteractionTest, DoesWhatTheProviderSays)
     user.setInteractionProvider(&provider);
     provider.onAsked = [doomed] { delete doomed; };
     EXPECT_TRUE(doomed->dispatch(user, true, event, Type::LeftClick, {makeID(1)}));
+
+    struct CountingChart : KXValueChart {
+        void endUseInteractionProvider() override { ++ended; }
+        int ended = 0;
+    } counting;
+    counting.setInteractionProvider(&provider);
+    doomed = new Part;
+    provider.onAsked = [doomed] { delete doomed; };
+    EXPECT_TRUE(doomed->dispatch(counting, true, event, Type::LeftClick, {makeID(1)}));
+    EXPECT_EQ(counting.ended, 1) << "the part has gone, its chart's use ends all the same";
 }
 
 TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
