@@ -257,7 +257,7 @@ void KXGaugeChart::afterReloadData()
     _registerActions(m_targetLabel, "TargetLabel", target);
     _registerActions(m_minLabel, "MinLabel", minimum);
     _registerActions(m_maxLabel, "MaxLabel", maximum);
-    registerRightClickMenu(this, KXTriggerCondition());
+    registerRightClickMenu(this, [this] { return isInteractionEnabled(); });
 }
 
 void KXGaugeChart::_registerActions(KXChartLabel* label, const std::string& identifier, std::uint64_t measure)
@@ -265,7 +265,7 @@ void KXGaugeChart::_registerActions(KXChartLabel* label, const std::string& iden
     label->setIdentifier(identifier);
     KXChartDataPath* path = label->createDataPath();
     path->valueIndexPath = {measure, 0};
-    label->registerLeftClickAction(this, path, KXTriggerCondition());
+    label->registerLeftClickAction(this, path, [this] { return isInteractionEnabled(); });
     const KXObjectID id =
         KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(measure);
     label->updateExtraOIDs({id});

@@ -98,7 +98,7 @@ void KXValueChart::afterReloadData()
     const KXObjectID value = KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(0);
     m_valueLabel->setIdentifier("ValueLabel");
     m_valueLabel->updateExtraOIDs({value});
-    m_valueLabel->registerLeftClickAction(this, KXTriggerCondition());
+    m_valueLabel->registerLeftClickAction(this, [this] { return isInteractionEnabled(); });
     m_valueLabel->registerLinkedHighlightAction(this, KXTriggerCondition());
     m_valueLabel->registerInteraction(this, {KXInteractionEventType::LeftClick}, value);
 }
@@ -194,7 +194,7 @@ void KXValueChart::_customLayout(UXRect plotArea)
     else if (m_mainLabelAlign != UXTextAlign::Left)
         left += (plotArea.width - width) / 2;
     m_valueLabel->setRect(uxMakeRect(left, plotArea.y, width, height));
-    registerRightClickMenu(this, KXTriggerCondition());
+    registerRightClickMenu(this, [this] { return isInteractionEnabled(); });
 }
 
 std::string KXValueChart::_obtainValueText() const

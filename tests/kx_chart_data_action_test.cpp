@@ -1,7 +1,6 @@
 #include "kx_chart_data_action.h"
 
 #include "kx_chart_label.h"
-#include "kx_chart_property.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
 #include "ux/ux_assert.h"
@@ -80,8 +79,6 @@ TEST_F(KXChartDataActionTest, EveryConditionHasItsSay)
         EXPECT_EQ(part.click(&chart, true, event, condition(c.call)), c.clicked);
         EXPECT_EQ(provider.calls.size(), c.clicked ? 1u : 0u) << "a refused click asks nothing";
     }
-    chart.getChartProperty()->setEnableInteraction(false);
-    EXPECT_FALSE(part.click(&chart, true, event)) << "the chart answers no pointer";
 }
 
 TEST_F(KXChartDataActionTest, PathsAreDestroyedOnceAndRegisteredOnesKept)

@@ -221,6 +221,11 @@ TEST_F(KXValueChartTest, AClickOnTheValueRunsTheHostsAction)
     label().triggerEventHandler(second);
     second.runPostedActions();
     EXPECT_EQ(clicks, 2);
+
+    chart.getChartProperty()->setEnableInteraction(false);
+    const std::size_t asked = provider.calls.size();
+    label().triggerEventHandler(UXEvent(UXEventType::LeftClick));
+    EXPECT_EQ(provider.calls.size(), asked) << "a chart without interaction asks nothing";
 }
 
 TEST_F(KXValueChartTest, SavesAndReadsBackTheSameBytes)
