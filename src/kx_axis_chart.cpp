@@ -184,11 +184,12 @@ std::vector<KXAxisChartMark> KXAxisChart::findMarks(const KXChartDataPath& path)
     auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
     std::vector<KXAxisChartMark> marks;
     for (const std::uint64_t series : shown) {
-        if (namesValue && (!provider || provider->obtainSeriesValuePath(this, series, indexes[1]) != indexes))
-            continue;
+        const bool isNamed =
+            !namesValue || (provider && provider->obtainSeriesValuePath(this, series, indexes[1]) == indexes);
         if (!self.isAlive())
             return {};
-        marks.push_back({series, indexes[1]});
+        if (isNamed)
+            marks.push_back({series, indexes[1]});
     }
     if (self.isAlive())
         endUseDataProvider();

@@ -520,7 +520,7 @@ TEST(KXAxisChart, TheProviderMayDestroyTheChartInAnyAnswer)
         UXEvent wheel = makeEvent(UXEventType::MouseWheel, {100, 100});
         wheel.setWheelDelta({0, 1});
         KXChartDataPath path;
-        path.valueIndexPath = {0, 3};
+        path.valueIndexPath = {1, 3};
         const std::function<void()> steps[] = {
             [&] { chart->getXAxisProperty()->setShowTickLabels(true); },
             [&] { chart->load(); },

@@ -46,7 +46,8 @@ public:
     }
     std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override
     {
-        return dimension == 0 ? _answer("categoryCount", categoryCount) : 0;
+        return dimension == 0 ? _answer("categoryCount", categoryCount)
+                              : _answer("memberCount", std::uint64_t{0});
     }
     std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override
     {
