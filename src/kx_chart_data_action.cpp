@@ -16,10 +16,14 @@
  * chart while it answers; then there is no use left to end. */
 class KXChartDataAction::Question {
 public:
-    Question(KXChartDataAction& action, KXChartDataUser& user)
-        : m_user(user), m_chart(user.getChart()), m_path(action.getDataPath()),
-          m_provider(m_path ? user.beginUseDataProvider() : nullptr), m_begun(m_path != nullptr)
+    Question(KXChartDataAction& action, KXChartDataUser& user) : m_user(user), m_chart(user.getChart())
     {
+        // Whoever makes the path may ask the provider for it.
+        const bool hasChart = user.getChart() != nullptr;
+        m_path = action.getDataPath();
+        m_begun = m_path && (!hasChart || m_chart.isAlive());
+        if (m_begun)
+            m_provider = m_user.beginUseDataProvider();
     }
     Question(const Question&) = delete;
     Question& operator=(const Question&) = delete;
@@ -38,8 +42,8 @@ private:
     KXChartDataUser& m_user;
     UXObjectWatcher m_chart;
     std::shared_ptr<KXChartDataPath> m_path;
-    KXChartDataProvider* m_provider;
-    bool m_begun;
+    KXChartDataProvider* m_provider = nullptr;
+    bool m_begun = false;
 };
 
 KXChartDataAction::KXChartDataAction(UXObject* owner) : m_owner(owner) { uxAssert(owner); }

@@ -549,7 +549,8 @@ TEST(KXAxisChart, TheProviderMayDestroyTheChartInAnyAnswer)
     use(whole);
     EXPECT_TRUE(whole->isContinuous());
     for (const auto& [call, count] : std::map<std::string, int>(provider.asked)) {
-        for (int nth = 1; nth <= std::min(count, 9); ++nth) {
+        const int most = call == "memberCount" ? 99 : 9; // what names a mark asks for it, and comes late
+        for (int nth = 1; nth <= std::min(count, most); ++nth) {
             auto chart = std::make_unique<BarsChart>(provider);
             int left = nth;
             provider.onCall = [&, name = call](const std::string& asked) {
