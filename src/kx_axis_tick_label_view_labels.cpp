@@ -284,7 +284,12 @@ bool KXAxisTickLabelView::_obtainHiddenText(const UXPoint& point, std::string& t
     const UXObjectWatcher self(this);
     Tick tick;
     bool isFound = false;
-    if (!_findTickAt(point, tick, isFound))
+    // The delegate may ask for a step meanwhile, which would take the ticks away from under this.
+    m_updating = true;
+    const bool isDone = _findTickAt(point, tick, isFound);
+    if (self.isAlive())
+        m_updating = false;
+    if (!isDone)
         return self.isAlive();
     const auto shown = std::find_if(m_placedLabels.begin(), m_placedLabels.end(),
                                     [&](const PlacedLabel& label) { return label.index == tick.index; });
