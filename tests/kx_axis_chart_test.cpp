@@ -521,21 +521,16 @@ TEST(KXAxisChart, TheProviderMayDestroyTheChartInAnyAnswer)
         wheel.setWheelDelta({0, 1});
         KXChartDataPath path;
         path.valueIndexPath = {1, 3};
+        const Mark mark{0, 1};
         const std::function<void()> steps[] = {
             [&] { chart->getXAxisProperty()->setShowTickLabels(true); },
             [&] { chart->load(); },
             [&] { chart->getPlot()->mouseWheel(wheel); },
             [&] { chart->load(); },
             [&] { chart->getPlot()->setContentOffsetX(0); },
-            [&] {
-                chart->mouseMove(makeEvent(UXEventType::MouseMove, chart->obtainMiddle({0, 1})));
-            },
-            [&] {
-                press(*chart, chart->obtainMiddle({0, 1}), UXEventKey::RightButton);
-            },
-            [&] {
-                chart->triggerEventHandler(makeEvent(UXEventType::LeftClick, chart->obtainMiddle({0, 1})));
-            },
+            [&] { chart->mouseMove(makeEvent(UXEventType::MouseMove, chart->obtainMiddle(mark))); },
+            [&] { press(*chart, chart->obtainMiddle(mark), UXEventKey::RightButton); },
+            [&] { chart->triggerEventHandler(makeEvent(UXEventType::LeftClick, chart->obtainMiddle(mark))); },
             [&] { chart->mouseLeave(makeEvent(UXEventType::MouseLeave, {})); },
             [&] { chart->showLinkedHighlight(path, nullptr); },
             [&] { chart->getXAxisProperty()->updateIsContinuous(true); },

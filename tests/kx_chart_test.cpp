@@ -266,15 +266,6 @@ TEST(KXChart, PaintsGroundAndBorderThenItsChildrenAndTheToolboxLast)
     EXPECT_EQ(text.find("setLineWidth 13"), std::string::npos);
 }
 
-TEST(KXChart, LegendCellsPointOnlyWhereTheChartIsEdited)
-{
-    PlainChart chart;
-    UXEvent event;
-    EXPECT_TRUE(chart.shouldShowPointingHandWhenMouseOverLegendCell(0, event));
-    event.addUseCase(2);
-    EXPECT_FALSE(chart.shouldShowPointingHandWhenMouseOverLegendCell(0, event));
-}
-
 TEST(KXLegend, MeasuresCellsOncePerChange)
 {
     UXFixedMeasurer measurer;

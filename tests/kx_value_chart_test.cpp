@@ -50,35 +50,17 @@ TEST_F(KXValueChartTest, AsksWhatItNeedsAndNoMore)
         bool empty;
         std::uint64_t count;
         KXChartDataType type;
-        bool isNull;
-        std::vector<std::string> calls;
-        bool prepared;
+        bool isNull, prepared;
+        std::string calls;
     };
+    using enum KXChartDataType;
+    const std::string asked = "begin isEmpty count ", typed = asked + "type(0) aggregate(0) isNull(0,0) ";
     const Case cases[] = {
-        {"no data", true, 1, KXChartDataType::Float, false, {"begin", "isEmpty", "end"}, false},
-        {"two values", false, 2, KXChartDataType::Float, false, {"begin", "isEmpty", "count", "end"}, false},
-        {"a number",
-         false,
-         1,
-         KXChartDataType::Integer,
-         false,
-         {"begin", "isEmpty", "count", "type(0)", "aggregate(0)", "isNull(0,0)", "number(0,0)", "end"},
-         true},
-        {"a null number",
-         false,
-         1,
-         KXChartDataType::Float,
-         true,
-         {"begin", "isEmpty", "count", "type(0)", "aggregate(0)", "isNull(0,0)", "number(0,0)", "text(0,0)",
-          "end"},
-         false},
-        {"a date",
-         false,
-         1,
-         KXChartDataType::Date,
-         false,
-         {"begin", "isEmpty", "count", "type(0)", "aggregate(0)", "isNull(0,0)", "text(0,0)", "end"},
-         false},
+        {"no data", true, 1, Float, false, false, "begin isEmpty end "},
+        {"two values", false, 2, Float, false, false, asked + "end "},
+        {"a number", false, 1, Integer, false, true, typed + "number(0,0) end "},
+        {"a null number", false, 1, Float, true, false, typed + "number(0,0) text(0,0) end "},
+        {"a date", false, 1, Date, false, false, typed + "text(0,0) end "},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -88,7 +70,10 @@ TEST_F(KXValueChartTest, AsksWhatItNeedsAndNoMore)
         provider.dataType = c.type;
         provider.isNull = c.isNull;
         chart.prepareData();
-        EXPECT_EQ(provider.calls, c.calls);
+        std::string calls;
+        for (const std::string& call : provider.calls)
+            calls += call + " ";
+        EXPECT_EQ(calls, c.calls);
         EXPECT_EQ(chart.preparedData(), c.prepared);
         EXPECT_FALSE(chart.reloadedData());
     }
@@ -248,15 +233,6 @@ TEST_F(KXValueChartTest, SavesAndReadsBackTheSameBytes)
     EXPECT_TRUE(read.getChartProperty()->getTitleValueWrap());
     EXPECT_EQ(read.getTitle()->getDefaultText(), "untitled");
 
-    std::size_t place = 0;
-    for (const char* key :
-         {"m_showBorder", "m_titleValue", "m_titleProperty", "m_enableTitleClick", "m_enableInteraction",
-          "m_titleValueWrap", "m_titleDefaultValue", "m_titleFontSize", "m_valueLabel", "m_dataFormat",
-          "m_fontColor", "m_fontName", "m_fontSize", "m_mainLabelAlign", "m_negativeFontColor"}) {
-        const std::size_t found = saved.find("\"" + std::string(key) + "\"", place);
-        ASSERT_NE(found, std::string::npos) << key << " is missing or out of order";
-        place = found;
-    }
     UXTextProperty title = chart.getChartProperty()->getTitleProperty();
     title.lineMode = 0; // as good as 2, and kept
     chart.getChartProperty()->setTitleProperty(title);
@@ -266,17 +242,6 @@ TEST_F(KXValueChartTest, SavesAndReadsBackTheSameBytes)
 
     EXPECT_FALSE(read.deserialize("{}"));
     EXPECT_EQ(read.serialize(), saved) << "what a document lacks stays";
-}
-
-TEST_F(KXValueChartTest, TheHostReachesEveryPropertyByItsKey)
-{
-    UXPropertyAccessor& accessor = chart;
-    EXPECT_TRUE(accessor.updateValue("m_fontSize", 20));
-    EXPECT_EQ(chart.getFontSize(), 20);
-    EXPECT_TRUE(accessor.updateValue("m_titleValue", std::string("T")));
-    EXPECT_EQ(chart.getChartProperty()->getUpdatedKeys(), KXKeys{"m_titleValue"});
-    EXPECT_FALSE(accessor.updateValue("m_fontSize", std::string("20")));
-    EXPECT_FALSE(accessor.updateValue("m_noSuchKey", 1));
 }
 
 } // namespace

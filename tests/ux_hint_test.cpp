@@ -272,22 +272,12 @@ TEST_F(UXHintScreen, GoesAwayWhenItHasTo)
         std::function<void()> act;
         bool staysAway; // when the pointer moves on
     };
+    const UXControlPoint at{150, 150};
+    const UXControlRect narrow{0, 0, 390, 300};
     const Case cases[] = {
-        {"press",
-         [&] {
-             control.mouseDown({150, 150}, UXEvent()), control.mouseUp({150, 150}, UXEvent());
-         },
-         false},
-        {"leave",
-         [&] {
-             control.mouseLeave({150, 150}, UXEvent());
-         },
-         false},
-        {"resize",
-         [&] {
-             control.setControlRect({0, 0, 390, 300});
-         },
-         false},
+        {"press", [&] { control.mouseDown(at, UXEvent()), control.mouseUp(at, UXEvent()); }, false},
+        {"leave", [&] { control.mouseLeave(at, UXEvent()); }, false},
+        {"resize", [&] { control.setControlRect(narrow); }, false},
         {"Escape", [&] { EXPECT_TRUE(press(UXKeyCode::Escape) && !press(UXKeyCode::Escape)); }, true},
         {"another key leaves it", [&] { press(UXKeyCode::Left), delegates[0]->hideHint(); }, false},
         {"hidden owner", [&] { owners[0]->setVisible(false), diagram.layout(); }, true},
