@@ -19,6 +19,7 @@
 #include "ux/ux_round_rectangle.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace {
@@ -169,6 +170,9 @@ void KXChartToolbox::_openMenu(const std::vector<KXMenuEntry>& entries, const UX
         m_menuDiagram->setClosedHandler([this] { _menuClosed(); });
     }
     const UXObjectWatcher self(this), button(item);
+    // A row may open this menu after the pointer has left: the strip stays for it, too.
+    m_hidesAfterMenu = m_hidesAfterMenu || !getVisible();
+    setVisible(true);
     m_menuDiagram->openMenu(diagram, entries, anchor, this);
     if (self.isAlive() && getMenuOpen() && button.isAlive())
         static_cast<KXChartToolboxItem*>(button.getObject())->setMenuOpen(true);
@@ -226,7 +230,9 @@ UXRect KXChartToolbox::_obtainButtonsRect() const
 /** @return as many entries as have room; the last one leads to those that have none */
 std::vector<KXMenuEntry> KXChartToolbox::_obtainShownEntries() const
 {
-    const auto room = static_cast<std::size_t>(std::max(getRect().width / itemPitch, 0));
+    // The last button has no gap after it.
+    const std::int64_t width = std::int64_t{getRect().width} + itemGap;
+    const auto room = static_cast<std::size_t>(std::max<std::int64_t>(width / itemPitch, 0));
     if (m_entries.size() <= room)
         return m_entries;
     if (room == 0)

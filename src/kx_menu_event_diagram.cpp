@@ -7,6 +7,7 @@
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -121,9 +122,11 @@ void KXMenuEventDiagram::closeMenu()
     if (!self.isAlive())
         return;
     setVisible(false);
+    if (!self.isAlive())
+        return;
     // A copy, because the handler may destroy this diagram and with it the handler.
     const std::function<void()> handler = m_closedHandler;
-    if (self.isAlive() && handler)
+    if (handler)
         handler();
 }
 
@@ -252,10 +255,14 @@ void KXMenuEventDiagram::_choose(KXMenu* menu, int index, const UXEvent& event)
         return;
     const UXObjectWatcher self(this), target(menu);
     if (item->hasSubMenu()) {
+        // One that the pointer was on its way to gives way; the row's own stays.
         const std::vector<KXMenu*> menus = getMenus();
-        if (menus.back() == menu)
+        const bool opens = menus.back() == menu || index != menu->getCurrentIndex();
+        if (opens)
+            _closeDeeperThan(static_cast<std::size_t>(std::ranges::find(menus, menu) - menus.begin()) + 1);
+        if (opens && self.isAlive() && target.isAlive())
             menu->setCurrentIndex(index);
-        if (self.isAlive() && target.isAlive() && menus.back() == menu)
+        if (opens && self.isAlive() && target.isAlive())
             _openSubMenu(menu, index);
         return;
     }

@@ -154,7 +154,7 @@ TEST_F(KXChartToolboxTest, WorksByKeys)
 TEST_F(KXChartToolboxTest, WhatHasNoRoomIsInAMenu)
 {
     provider.wantsDropDown = true;
-    chart->setRect(uxMakeRect(0, 0, 60, 120));
+    chart->setRect(uxMakeRect(0, 0, 53, 120)); // just enough for two
     diagram.layout();
     input.move({30, 60});
     ASSERT_EQ(toolbox().getItems().size(), 2u);
@@ -164,6 +164,9 @@ TEST_F(KXChartToolboxTest, WhatHasNoRoomIsInAMenu)
     input.click(middleOf(*more->getItem(2)));
     ASSERT_TRUE(toolbox().getMenuOpen()) << "the last one asked";
     EXPECT_EQ(toolbox().getMenuDiagram()->getMenus().at(0)->getItem(0)->getEntry().text, "Answer");
+    input.click(middleOf(*toolbox().getMenuDiagram()->getMenus()[0]->getItem(0)));
+    EXPECT_EQ(log, "answer ") << "the strip had stayed for it";
+    EXPECT_FALSE(toolbox().getVisible());
 }
 
 TEST_F(KXChartToolboxTest, AnyAnswerMayDestroyTheChart)

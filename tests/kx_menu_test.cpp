@@ -181,6 +181,12 @@ TEST_F(KXMenuTest, FollowsThePointerAndPostsWhatItChooses)
     input().move(rowAt(0, 3));
     EXPECT_EQ(uxMaxX(menus->getMenus()[1]->getFrameRect()), menus->getMenus()[0]->getFrameRect().x + 4)
         << "on the side that has the room";
+
+    entries[4].entries = entries[3].entries;
+    open();
+    input().move(rowAt(0, 3));
+    input().click(rowAt(0, 3) + UXPoint(30, 14));
+    EXPECT_EQ(state(), "4/-1") << "a click has the say over where the pointer was going";
 }
 
 TEST_F(KXMenuTest, HasAllEventsUntilItCloses)
