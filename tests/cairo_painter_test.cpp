@@ -4,6 +4,7 @@
 #include "ux/ux_picture.h"
 #include "ux/ux_recording_painter.h"
 #include "ux/ux_rect_functions.h"
+#include "ux_hostile_drawing.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -318,35 +319,10 @@ TEST(CairoPainter, SurvivesEveryNumber)
 {
     const double inf = std::numeric_limits<double>::infinity(), most = (std::numeric_limits<double>::max)();
     const double values[] = {0, -1, 1e-300, 1e9, -1e9, 1e18, most, -most, inf, -inf, NAN};
-    const UXPicture dot = makePicture({2, 2}, [](UXPainter* p) { fillRect(*p, red, {0, 0, 2, 2}); });
-    const UXImage image(1, 1, {kBlue});
     CairoTestCanvas canvas(20, 20);
-    for (const double a : values) {
-        for (const double b : values) {
-            canvas.draw([&](UXPainter& p) {
-                p.setLineWidth(a), p.setLineDash({a, b}, b), p.setColor({1, 2, 3, a});
-                p.saveState(), p.translate(a, b), p.addRectanglePath(0, 0, b, a), p.fill(), p.restoreState();
-                p.saveState(), p.scale(a, b), p.addRectanglePath(1, 1, 5, 5), p.stroke();
-                p.drawText("text", {0, 0, 9, 9}, UXTextProperty{}), p.restoreState();
-                p.saveState(), p.rotate(a), p.setStartPoint(a, b), p.addRelativeLinePath(b, a);
-                p.addCircleArcPath(a, b, b, a, b), p.joinCircleArcPath(1, 1, a, b, a);
-                p.addCubicCurvePath(a, b, b, a, 1, 1), p.translatePath(a, b), p.rotatePath(b),
-                    p.scalePath(a, b);
-                p.closePath(), p.strokePreserve(), p.clip(), p.restoreState();
-                p.beginLinearGradientPattern(a, b, b, a, UXSourceOperator::Repeat);
-                p.addGradientPatternColorStop(red, a), p.addGradientPatternColorStop(blue, b), p.endPattern();
-                p.saveState(), p.usePattern(), p.addRectanglePath(a, a, b, b), p.fill(), p.restoreState();
-                const UXDoubleRect rect(a, b, b, a);
-                p.drawText("text", rect, UXTextProperty{}), p.drawImage(&image, rect, a);
-                p.drawPicture(&dot, rect, b), p.drawMaskedPicture(&dot, &image, rect);
-                p.drawMasked([](UXPainter* q) { fillRect(*q, red, {0, 0, 2, 2}); }, nullptr, rect);
-                p.drawCompositedPicture(&dot, &dot, rect, UXCompositionMode::Xor);
-                p.drawRects(std::span(&rect, 1)), p.drawHorizontalLines(std::span(&a, 1), b, a, b);
-                const UXDoublePoint points[] = {{a, b}, {b, a}, {1, 1}};
-                p.drawPolyline(points), p.drawMarks(points, a);
-            });
-        }
-    }
+    for (const double a : values)
+        for (const double b : values)
+            canvas.draw([&](UXPainter& p) { uxDrawWithNumbers(p, a, b); });
     // The surface still takes what is drawn on it.
     canvas.draw([](UXPainter& painter) { fillRect(painter, green, {0, 0, 20, 20}); });
     EXPECT_EQ(canvas.pixelAt(10, 10), kGreen);

@@ -100,9 +100,10 @@ TEST(KXAxisScale, WhatTheUserSets)
 {
     struct Case {
         const char* name;
-        std::function<void(KXAxisProperty&, KXAxisChartAxisCacheData&)> set;
         bool roundsRange;
-        Scale expected;
+        double min, max, interval;
+        int ticks;
+        std::function<void(KXAxisProperty&, KXAxisChartAxisCacheData&)> set;
     };
     using P = KXAxisProperty;
     using C = KXAxisChartAxisCacheData;
@@ -116,6 +117,8 @@ TEST(KXAxisScale, WhatTheUserSets)
         p.setCustomAxisTickInterval(30);
         c.stackedMax = 1000;
     };
+    const auto percentBy25 = [&](P& p, C& c) { percent(p, c), p.setAutoAxisTicks(false); };
+    const auto everySeven = [](P& p, C&) { p.setAutoAxisTicks(false), p.setCustomAxisTickInterval(7); };
     const auto custom = [](double min, double max) {
         return [=](P& p, C&) {
             p.setAutoAxisRange(false);
@@ -123,48 +126,33 @@ TEST(KXAxisScale, WhatTheUserSets)
         };
     };
     const Case cases[] = {
-        {"bounds as they are", [](P&, C&) {}, false, {0, 96, 20, 5}},
-        {"stacked", stack, false, {-10, 290, 100, 4}},
-        {"percentages", percent, true, {0, 100, 20, 6}},
-        {"percentages by a custom interval",
-         [&](P& p, C& c) { percent(p, c), p.setAutoAxisTicks(false); },
-         true,
-         {0, 100, 25, 5}},
-        {"percentages without stacking",
-         [](P& p, C&) { p.setIs100PercentStacked(true); },
-         false,
-         {0, 96, 20, 5}},
-        {"custom range", custom(-3, 9), true, {-3, 9, 2, 7}},
-        {"custom range without extent", custom(4, 4), true, {0, 96, 20, 5}},
-        {"custom range without an end", custom(0, inf), true, {0, 96, 20, 5}},
-        {"custom range of no numbers", custom(NAN, NAN), true, {0, 96, 20, 5}},
-        {"custom interval",
-         [](P& p, C&) { p.setAutoAxisTicks(false), p.setCustomAxisTickInterval(7); },
-         true,
-         {0, 120, 7, 18}},
-        {"custom interval of zero", [](P& p, C&) { p.setAutoAxisTicks(false); }, true, {0, 120, 20, 7}},
-        {"custom interval not in use",
-         [](P& p, C&) { p.setCustomAxisTickInterval(7); },
-         true,
-         {0, 120, 20, 7}},
-        {"preset interval", [](P&, C& c) { c.presetTickInterval = 30; }, true, {0, 120, 30, 5}},
-        {"preset interval too small", [](P&, C& c) { c.presetTickInterval = 1e-9; }, false, {0, 96, 1, 97}},
-        {"one tick", [](P& p, C&) { p.setAxisPossibleTickCount(1); }, false, {0, 96, 96, 2}},
-        {"ticks below one", [](P& p, C&) { p.setAxisPossibleTickCount(-5); }, false, {0, 96, 96, 2}},
-        {"small range", [](P&, C& c) { c.isSmallRange = true, c.dataMax = 4; }, false, {0, 4, 4, 2}},
-        {"small range with as many ticks",
-         [](P&, C& c) { c.isSmallRange = true, c.dataMax = 5; },
-         false,
-         {0, 5, 1, 6}},
-        {"categories", [](P&, C& c) { c.isValueAxis = false, c.categoryCount = 12; }, true, {0, 12, 1, 12}},
-        {"no categories", [](P&, C& c) { c.isValueAxis = false; }, true, {0, 0, 1, 0}},
+        {"bounds as they are", false, 0, 96, 20, 5, [](P&, C&) {}},
+        {"stacked", false, -10, 290, 100, 4, stack},
+        {"percentages", true, 0, 100, 20, 6, percent},
+        {"percentages by a custom interval", true, 0, 100, 25, 5, percentBy25},
+        {"no stacking", false, 0, 96, 20, 5, [](P& p, C&) { p.setIs100PercentStacked(true); }},
+        {"custom range", true, -3, 9, 2, 7, custom(-3, 9)},
+        {"custom range without extent", true, 0, 96, 20, 5, custom(4, 4)},
+        {"custom range without an end", true, 0, 96, 20, 5, custom(0, inf)},
+        {"custom range of no numbers", true, 0, 96, 20, 5, custom(NAN, NAN)},
+        {"custom interval", true, 0, 120, 7, 18, everySeven},
+        {"custom interval of zero", true, 0, 120, 20, 7, [](P& p, C&) { p.setAutoAxisTicks(false); }},
+        {"not in use", true, 0, 120, 20, 7, [](P& p, C&) { p.setCustomAxisTickInterval(7); }},
+        {"preset interval", true, 0, 120, 30, 5, [](P&, C& c) { c.presetTickInterval = 30; }},
+        {"preset too small", false, 0, 96, 1, 97, [](P&, C& c) { c.presetTickInterval = 1e-9; }},
+        {"one tick", false, 0, 96, 96, 2, [](P& p, C&) { p.setAxisPossibleTickCount(1); }},
+        {"ticks below one", false, 0, 96, 96, 2, [](P& p, C&) { p.setAxisPossibleTickCount(-5); }},
+        {"small range", false, 0, 4, 4, 2, [](P&, C& c) { c.isSmallRange = true, c.dataMax = 4; }},
+        {"as many ticks", false, 0, 5, 1, 6, [](P&, C& c) { c.isSmallRange = true, c.dataMax = 5; }},
+        {"categories", true, 0, 12, 1, 12, [](P&, C& c) { c.isValueAxis = false, c.categoryCount = 12; }},
+        {"no categories", true, 0, 0, 1, 0, [](P&, C& c) { c.isValueAxis = false; }},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         KXAxisProperty property;
         KXAxisChartAxisCacheData cache = makeData(0, 96);
         c.set(property, cache);
-        EXPECT_EQ(resolve(property, cache, c.roundsRange), c.expected);
+        EXPECT_EQ(resolve(property, cache, c.roundsRange), (Scale{c.min, c.max, c.interval, c.ticks}));
     }
 }
 

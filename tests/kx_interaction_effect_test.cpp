@@ -53,15 +53,6 @@ TEST(KXInteractionEffect, BrightnessRaisesEveryChannel)
     EXPECT_EQ(KXInteractionHighlightBrightnessEffect().applyEffectToColor({9, 8, 7}), UXColor(9, 8, 7));
 }
 
-TEST(KXInteractionEffect, NewEffectsChangeNothing)
-{
-    EXPECT_EQ(KXInteractionColorEffect().getColor(), UXColor());
-    EXPECT_EQ(KXInteractionColorEffect({1, 2, 3}).getColor(), UXColor(1, 2, 3));
-    EXPECT_EQ(KXInteractionHighlightSizeEffect().getSizeRatio(), 1.0);
-    EXPECT_EQ(KXInteractionHighlightColorPatternEffect().getFilledEffect(), nullptr);
-    EXPECT_EQ(KXInteractionHighlightColorPatternEffect().getNonFilledEffect(), nullptr);
-}
-
 TEST(KXInteractionEffect, APatternOwnsItsTwoEffects)
 {
     int alive = 0;

@@ -1,10 +1,9 @@
-#include "ux/ux_image.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
-#include "ux/ux_picture.h"
 #include "ux/ux_recording_painter.h"
 #include "ux/ux_svg_paint_config.h"
 #include "ux/ux_utf8.h"
+#include "ux_hostile_drawing.h"
 
 #include <gtest/gtest.h>
 
@@ -102,19 +101,6 @@ bool hasWildNumber(const std::string& xml)
             return true;
     }
     return xml.find("nan") != std::string::npos || xml.find("inf") != std::string::npos;
-}
-
-UXPicture makePicture(const UXColor& color, double value = 1)
-{
-    UXPicture picture;
-    picture.registerPaintAction(
-        [color, value](UXPainter* painter) {
-            painter->setColor(color);
-            painter->addRectanglePath(0, 0, value, value);
-            painter->fill();
-        },
-        {4, 2});
-    return picture;
 }
 
 } // namespace
@@ -264,51 +250,9 @@ TEST(UXSvgPainter, HostileNumbersDrawSomethingSane)
 {
     constexpr double limit = std::numeric_limits<double>::max();
     const double values[] = {NAN, INFINITY, -INFINITY, limit, -limit, 0, -1, 5e-324, 1e300};
-    const UXImage image(1, 1, {0x80402010U});
     for (const double v : values) {
         for (const double other : {1.0, v}) {
-            const UXPicture picture = makePicture({1 << 30, -(1 << 30), 7, v}, v);
-            const auto draw = [&](UXPainter& p) {
-                p.setColor({1, 2, 3, 0.5});
-                for (const bool isMoved : {false, true}) {
-                    const UXPainterState state(p);
-                    if (isMoved) {
-                        p.translate(v, other);
-                        p.rotate(v);
-                        p.scale(other, v);
-                    }
-                    p.setLineWidth(v);
-                    p.setLineDash({other, v}, v);
-                    p.addCircleArcPath(other, 0, v, other, v);
-                    p.joinCircleArcPath(0, 0, other, v, other);
-                    p.addRelativeLinePath(v, 0);
-                    p.addRectanglePath(0, v, v, other);
-                    p.translatePath(v, other);
-                    p.rotatePath(v);
-                    p.scalePath(v, other);
-                    p.strokePreserve();
-                    p.fillPreserve();
-                    p.clip();
-                    p.drawRects(std::vector<UXDoubleRect>{{v, 0, other, 1}, {0, 0, v, v}});
-                    p.drawHorizontalLines(std::vector<double>{v, 1}, other, v, v);
-                    p.drawPolyline(std::vector<UXDoublePoint>{{v, 0}, {0, other}, {other, v}});
-                    p.drawMarks(std::vector<UXDoublePoint>{{v, 0}, {0, other}}, v);
-                    p.beginLinearGradientPattern(v, other, 0, v, UXSourceOperator::None);
-                    p.addGradientPatternColorStop({1, 2, 3, v}, v);
-                    p.endPattern();
-                    p.usePattern();
-                    p.drawText("text", {v, 0, other, 20}, UXTextProperty{});
-                    p.drawText("a long text", {0, other, v, 20}, UXFont{}, UXTextAlign::Right,
-                               UXTextOption::EllipsisEnd, 1);
-                    p.drawImage(&image, {v, 0, other, 1}, other);
-                    p.drawPicture(&picture, {0, v, other, other}, v);
-                    p.drawMaskedPicture(&picture, &image, {other, v, 5, other});
-                    p.drawCompositedPicture(&picture, &picture, {other, other, other, v},
-                                            UXCompositionMode::Xor);
-                    p.drawMasked([&](UXPainter* on) { on->drawPicture(&picture, UXDoublePoint(v, 0), 1); },
-                                 nullptr, {0, 0, v, other});
-                }
-            };
+            const Draw draw = [v, other](UXPainter& p) { uxDrawWithNumbers(p, v, other); };
             SCOPED_TRACE(testing::Message() << v << " " << other);
             const std::string svg = paint(draw);
             EXPECT_EQ(findFault(svg), "");
