@@ -10,11 +10,11 @@
 #include "kx_chart_property.h"
 #include "ux/ux_event.h"
 #include "ux/ux_painter.h"
-#include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_scroll_bar.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -68,15 +68,6 @@ public:
                     UXPoint(uxSaturateToInt(uxMidDoubleX(bar.rect)), uxSaturateToInt(uxMidDoubleY(bar.rect))),
                     getPlot(), nullptr);
         return {-1, -1};
-    }
-    std::string paintToText(UXObject* object)
-    {
-        UXRecordingPaintConfig config;
-        object->paint(&config, object->getBoundingRect());
-        std::string text;
-        for (const std::string& line : config.getRecording().getLines())
-            text += line + "\n";
-        return text;
     }
     bool shouldIncludeZero(const KXAxisProperty*) const override { return true; }
 
@@ -189,7 +180,7 @@ TEST(KXAxisChart, TitlesTakeRoomBesideTheMarksUnlessThatIsScarce)
         }
         chart.load();
         EXPECT_EQ(chart.getMarksArea(), c.area);
-        const std::string painted = chart.paintToText(&chart);
+        const std::string painted = uxPaintToText(chart);
         for (const char* title : {"\"Categories\"", "\"s0\""})
             EXPECT_EQ(painted.find(title) != std::string::npos, c.shown) << title << painted;
     }
@@ -207,7 +198,7 @@ TEST(KXAxisChart, LabelsTakeTheirRoomFromTheMarks)
         chart->getYAxisProperty()->setShowTickLabels(true);
         chart->load();
         EXPECT_FALSE(chart->getRequireToVerifyLayout()) << "settled in one pass";
-        const std::string painted = chart->paintToText(chart);
+        const std::string painted = uxPaintToText(*chart);
         for (const char* text : {"\"c0\"", "\"c2\"", "\"10\"", "\"30\""})
             EXPECT_NE(painted.find(text), std::string::npos) << text;
     }
@@ -500,12 +491,12 @@ TEST(KXAxisChart, DataThatSayNothingShowWords)
         provider.values = values;
         BarsChart chart(provider);
         chart.load();
-        EXPECT_NE(chart.paintToText(&chart).find("\"No data\""), std::string::npos);
+        EXPECT_NE(uxPaintToText(chart).find("\"No data\""), std::string::npos);
         chart.mouseMove(makeEvent(UXEventType::MouseMove, {100, 100}));
         EXPECT_FALSE(chart.getHintVisible());
         provider.values = {{1, 2, 3}};
         chart.load();
-        EXPECT_EQ(chart.paintToText(&chart).find("\"No data\""), std::string::npos);
+        EXPECT_EQ(uxPaintToText(chart).find("\"No data\""), std::string::npos);
     }
 }
 

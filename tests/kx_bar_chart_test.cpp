@@ -7,10 +7,10 @@
 #include "kx_key_walk.h"
 #include "ux/ux_event.h"
 #include "ux/ux_object_watcher.h"
-#include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -59,16 +59,6 @@ void load(KXBarChart& chart, KXChartDataProvider& provider, UXRect rect = {0, 0,
     chart.reloadData();
     if (watcher.isAlive())
         chart.layout();
-}
-
-std::string paint(KXBarChart& chart, double scale = 1)
-{
-    UXRecordingPaintConfig config(scale);
-    chart.paint(&config, chart.getBoundingRect());
-    std::string text;
-    for (const std::string& line : config.getRecording().getLines())
-        text += line + "\n";
-    return text;
 }
 
 bool intersects(const UXDoubleRect& a, const UXDoubleRect& b)
@@ -178,11 +168,11 @@ TEST(KXBarChart, ColorsComeFromHostItemOrSeries)
     chart.getBarChartProperty()->updateColorByItem(true);
     chart.getBarChartProperty()->updateItemColors({UXColor(1, 1, 1), UXColor(2, 2, 2)});
     load(chart, provider);
-    std::string text = paint(chart);
+    std::string text = uxPaintToText(chart);
     EXPECT_NE(text.find("1,1,1"), std::string::npos) << text;
     EXPECT_NE(text.find("255,0,0"), std::string::npos);
     EXPECT_EQ(text.find("2,2,2"), std::string::npos) << "the host's colour holds";
-    EXPECT_NE(paint(chart, 1.5).find("255,0,0"), std::string::npos) << "also for other pixels";
+    EXPECT_NE(uxPaintToText(chart, 1.5).find("255,0,0"), std::string::npos) << "also for other pixels";
 }
 
 TEST(KXBarChart, HiddenSeriesTakeNoRoomAndFormsNoData)

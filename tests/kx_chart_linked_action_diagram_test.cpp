@@ -9,8 +9,8 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
-#include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -170,27 +170,23 @@ TEST_F(KXChartLinkedActionDiagramTest, WhatOneChartPointsAtStandsOutInTheOthers)
 
 TEST_F(KXChartLinkedActionDiagramTest, TheDialAsksForItsValueAndLooksAsTheHostSays)
 {
-    const auto paint = [](KXChart& chart) {
-        UXRecordingPaintConfig config;
-        chart.paint(&config, chart.getBoundingRect());
-        return config.getRecording().getText();
-    };
-    const std::string usual = paint(*charts[0]);
+    const std::string usual = uxPaintToText(*charts[0]);
     const UXRect pipe = gauge->getPipeRect();
     send(&UXObject::mouseMove, {600 + pipe.x + 3, pipe.getBottom() - 1});
     EXPECT_EQ(states(), "LLL ----");
     EXPECT_EQ(linked->getHighlightSource(), gauge->getMainLabel());
-    EXPECT_NE(paint(*charts[0]), usual) << "a match stands out also where the host says nothing";
+    EXPECT_NE(uxPaintToText(*charts[0]), usual) << "a match stands out also where the host says nothing";
     send(&UXObject::mouseMove, {605, 195});
-    EXPECT_EQ(paint(*charts[0]), usual);
+    EXPECT_EQ(uxPaintToText(*charts[0]), usual);
 
     providers[0].effect = UXColor(9, 8, 7);
     providers[3].effect = UXColor(6, 5, 4);
     hover(1);
-    EXPECT_NE(paint(*charts[0]).find("9,8,7"), std::string::npos);
-    EXPECT_NE(paint(*gauge).find("setColor 6,5,4"), std::string::npos) << "the needle belongs to the value";
+    EXPECT_NE(uxPaintToText(*charts[0]).find("9,8,7"), std::string::npos);
+    EXPECT_NE(uxPaintToText(*gauge).find("setColor 6,5,4"), std::string::npos)
+        << "the needle belongs to the value";
     send(&UXObject::mouseLeave, {});
-    EXPECT_EQ(paint(*charts[0]), usual);
+    EXPECT_EQ(uxPaintToText(*charts[0]), usual);
 }
 
 TEST_F(KXChartLinkedActionDiagramTest, ASelectedItemAsksUntilItIsSelectedNoLonger)

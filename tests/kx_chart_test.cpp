@@ -7,9 +7,9 @@
 #include "kx_test_provider.h"
 #include "ux/ux_event.h"
 #include "ux/ux_painter.h"
-#include "ux/ux_recording_paint_config.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -245,17 +245,12 @@ TEST(KXChart, PaintsGroundAndBorderThenItsChildrenAndTheToolboxLast)
     chart.getToolbox()->addChild(inToolbox);
     chart.getToolbox()->setVisible(true);
 
-    const auto record = [&chart] {
-        UXRecordingPaintConfig config;
-        chart.paint(&config, chart.getBoundingRect());
-        return config.getRecording().getText();
-    };
-    std::string text = record();
+    std::string text = uxPaintToText(chart);
     EXPECT_EQ(text.find("fill"), std::string::npos) << "a clear ground is not filled";
     EXPECT_EQ(text.find("stroke"), std::string::npos);
     chart.setBackgroundColor(UXColor(255, 255, 255, 0.5));
     chart.setShowBorder(true);
-    text = record();
+    text = uxPaintToText(chart);
     const std::size_t ground = text.find("fill"), border = text.find("stroke"),
                       child = text.find("setLineWidth 11"), toolbox = text.find("setLineWidth 14");
     ASSERT_NE(toolbox, std::string::npos) << text;

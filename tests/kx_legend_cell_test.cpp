@@ -9,9 +9,9 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
-#include "ux/ux_recording_paint_config.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <algorithm>
 #include <functional>
@@ -206,9 +206,7 @@ TEST(KXLegendCell, PaintsItsSymbolAndItsLabelWithAnEllipsis)
     chart.label = [](std::uint64_t index) { return index == 0 ? "short" : std::string(60, 'x'); };
     KXLegend& legend = chart.layoutAt(UXPosition::Right);
     legend.setColorSeries({UXColor(1, 2, 3), UXColor(4, 5, 6)});
-    UXRecordingPaintConfig config;
-    chart.paint(&config, chart.getBoundingRect());
-    const std::string text = config.getRecording().getText();
+    const std::string text = uxPaintToText(chart);
     for (const char* part : {"setColor 1,2,3", "setColor 4,5,6", "short", "EllipsisEnd"})
         EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
 }
@@ -276,9 +274,7 @@ TEST(KXLegendCell, LooksUnderThePointerAsTheProviderSays)
     chart->cellCount = 2;
     chart->layoutAt(UXPosition::Right);
     const auto isDrawnSo = [&chart] {
-        UXRecordingPaintConfig config;
-        chart->paint(&config, chart->getBoundingRect());
-        return config.getRecording().getText().find("setColor 7,8,9") != std::string::npos;
+        return uxPaintToText(*chart).find("setColor 7,8,9") != std::string::npos;
     };
     const UXEvent move(UXEventType::MouseMove);
     chart->cells()[0]->mouseMove(move);
@@ -399,21 +395,16 @@ TEST(KXLegendCell, ShowsWhereTheKeyboardIsAndWhatIsOff)
     legend.setColorSeries({UXColor(1, 2, 3)});
     legend.setScrollBarColor(UXColor(4, 5, 6));
     legend.setScrollBarSliderColor(UXColor(7, 8, 9));
-    const auto paint = [&chart] {
-        UXRecordingPaintConfig config;
-        chart.paint(&config, chart.getBoundingRect());
-        return config.getRecording().getText();
-    };
-    const std::string usual = paint();
+    const std::string usual = uxPaintToText(chart);
     for (const char* color : {"120,120,120,0.5", "setColor 4,5,6", "setColor 7,8,9"})
         EXPECT_NE(usual.find(color), std::string::npos) << color << usual;
     diagram.setFocusedObject(&legend);
     UXEvent key;
     key.setKeyCode(static_cast<int>(UXKeyCode::Home));
     diagram.keyDown(key);
-    EXPECT_NE(paint(), usual);
+    EXPECT_NE(uxPaintToText(chart), usual);
     diagram.setFocusedObject(nullptr);
-    EXPECT_EQ(paint(), usual) << "the mark goes with the focus";
+    EXPECT_EQ(uxPaintToText(chart), usual) << "the mark goes with the focus";
 
     // The hand shows where the chart is edited, and not where it is presented.
     KXLegendCell& cell = *chart.cells()[1];

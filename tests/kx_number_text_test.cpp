@@ -84,6 +84,12 @@ TEST(KXNumberText, ValuesBecomeText)
         f.setSuffix("K");
         f.setDivider(1000);
     };
+    const auto blanks = [](F& f) { f.setThousandsSeparator(Thousands::Space), f.setDecimals(1); };
+    const auto ungrouped = [](F& f) { f.setThousandsSeparator(Thousands::None), f.setDecimals(2); };
+    const auto decimalComma = [](F& f) {
+        f.setThousandsSeparator(Thousands::None), f.setDecimalSeparator(Decimal::Comma);
+    };
+    const auto bracketedUnit = [&](F& f) { unit(f), f.setNegative(Negative::RoundBrackets); };
     const Case cases[] = {
         {"whole", defaults, 1234567, "1,234,567"},
         {"automatic decimals", defaults, 1234.5, "1,234.50"},
@@ -98,30 +104,10 @@ TEST(KXNumberText, ValuesBecomeText)
         {"infinity", defaults, infinity, "inf"},
         {"minus infinity", defaults, -infinity, "-inf"},
         {"points as grouping", [](F& f) { f.setThousandsSeparator(Thousands::Dot); }, 1234.5, "1.234,50"},
-        {"blanks as grouping",
-         [](F& f) {
-             f.setThousandsSeparator(Thousands::Space);
-             f.setDecimals(1);
-         },
-         9876543.21, "9 876 543.2"},
-        {"no grouping",
-         [](F& f) {
-             f.setThousandsSeparator(Thousands::None);
-             f.setDecimals(2);
-         },
-         1234.5, "1234.50"},
-        {"no grouping, decimal comma",
-         [](F& f) {
-             f.setThousandsSeparator(Thousands::None);
-             f.setDecimalSeparator(Decimal::Comma);
-         },
-         1234.5, "1234,50"},
-        {"unit in brackets",
-         [&](F& f) {
-             unit(f);
-             f.setNegative(Negative::RoundBrackets);
-         },
-         -15300, "($15.30K)"},
+        {"blanks as grouping", blanks, 9876543.21, "9 876 543.2"},
+        {"no grouping", ungrouped, 1234.5, "1234.50"},
+        {"no grouping, decimal comma", decimalComma, 1234.5, "1234,50"},
+        {"unit in brackets", bracketedUnit, -15300, "($15.30K)"},
         {"dash before the prefix", unit, -1234000, "-$1,234K"},
         {"brackets need a negative", [](F& f) { f.setNegative(Negative::RoundBrackets); }, 5, "5"},
         {"decimals after the division", unit, 1500, "$1.50K"},
