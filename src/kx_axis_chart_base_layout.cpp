@@ -21,6 +21,8 @@
 
 namespace {
 
+/** In logical units; no chart that is seen comes near to it. */
+constexpr int greatestExtent = 1 << 24;
 // Between an axis, its labels and its title, logical units
 constexpr int labelGap = 5;
 /** Labels that would be cut at less than this are thinned out instead of turned. */
@@ -39,11 +41,15 @@ constexpr int endTitleDivider = 4;
 /** Labels neither, across their axis. */
 constexpr int labelDivider = 3;
 
+/** @return extent so that sums of several stay far inside int */
+int boundExtent(int extent) { return std::clamp(extent, 0, greatestExtent); }
+
 UXSize measureTitle(const KXAxisChartAxis& axis)
 {
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     const UXDoubleSize size = helper->getTextSize(axis.obtainTitleText(), axis.property->getTitleProperty());
-    return {uxSaturateToInt(std::ceil(size.width)), uxSaturateToInt(std::ceil(size.height))};
+    return {boundExtent(uxSaturateToInt(std::ceil(size.width))),
+            boundExtent(uxSaturateToInt(std::ceil(size.height)))};
 }
 
 std::string shortenTitle(const KXAxisChartAxis& axis, int limit)
@@ -111,7 +117,7 @@ void KXAxisChartBase::_customLayout(UXRect plotArea)
 {
     const UXObjectWatcher self(this);
     m_layingOut = true;
-    m_plot->setRect(plotArea);
+    m_plot->setRect({plotArea.x, plotArea.y, boundExtent(plotArea.width), boundExtent(plotArea.height)});
     _customUpdateAxes();
     if (self.isAlive())
         _layoutAxes();
@@ -212,7 +218,7 @@ void KXAxisChartBase::_measureOverhang(const KXAxisChartAxis& axis, Bands& bands
     if (!self.isAlive())
         return;
     int& room = axis.isHorizontal() ? bands.left.overhang : bands.bottom.overhang;
-    room = std::max(room, overhang);
+    room = std::max(room, boundExtent(overhang));
 }
 
 /** Asking for the labels' length may ask the provider for texts, which may destroy the chart. */
@@ -221,7 +227,7 @@ void KXAxisChartBase::_measureLabels(Bands& bands)
     const UXObjectWatcher self(this);
     for (std::size_t i = 0; i < m_axes.size(); ++i) {
         KXAxisChartAxis& axis = *m_axes[i];
-        const int length = axis.labels->getVisible() ? axis.labels->obtainLabelLength() : 0;
+        const int length = axis.labels->getVisible() ? boundExtent(axis.labels->obtainLabelLength()) : 0;
         if (!self.isAlive())
             return;
         bands.at(axis.position).labels = std::max(bands.at(axis.position).labels, length);
