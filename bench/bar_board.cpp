@@ -2,8 +2,6 @@
 
 #include "kx_axis_chart_property.h"
 #include "kx_chart_property.h"
-#include "ux/ux_paint_config.h"
-#include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 
 #include <algorithm>
@@ -37,6 +35,7 @@ void BarBoard::Table::obtainSeriesValues(KXChartDataUser*, std::uint64_t series,
 
 BarBoard::BarBoard(const std::vector<double>& values, std::size_t seriesCount)
 {
+    m_diagram.setBackgroundColor(UXColor(255, 255, 255));
     m_table.numbers = values;
     m_table.seriesCount = seriesCount;
     m_chart.getChartProperty()->updateTitleValue("Bars");
@@ -63,12 +62,6 @@ void BarBoard::layout(int width, int height)
 
 void BarBoard::paint(UXPaintConfig& config)
 {
-    const UXRect area = m_diagram.getBoundingRect();
-    if (UXPainter* painter = uxCreatePainter(&config)) {
-        painter->setColor(UXColor(255, 255, 255));
-        painter->addRectanglePath(UXDoubleRect(area));
-        painter->fill();
-        uxDestroyPainter(painter);
-    }
-    m_diagram.paint(&config, area);
+    m_diagram.paintBackground(&config);
+    m_diagram.paint(&config, m_diagram.getBoundingRect());
 }

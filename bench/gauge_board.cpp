@@ -2,12 +2,11 @@
 
 #include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
-#include "ux/ux_paint_config.h"
-#include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 
 GaugeBoard::GaugeBoard()
 {
+    m_diagram.setBackgroundColor(UXColor(255, 255, 255));
     m_chart.getChartProperty()->updateTitleValue("Score");
     m_chart.getDataFormat()->updateSuffix(" %");
     m_chart.getDataFormat()->updateDecimals(1);
@@ -38,12 +37,6 @@ void GaugeBoard::layout(int width, int height)
 
 void GaugeBoard::paint(UXPaintConfig& config)
 {
-    const UXRect area = m_diagram.getBoundingRect();
-    if (UXPainter* painter = uxCreatePainter(&config)) {
-        painter->setColor(UXColor(255, 255, 255));
-        painter->addRectanglePath(UXDoubleRect(area));
-        painter->fill();
-        uxDestroyPainter(painter);
-    }
-    m_diagram.paint(&config, area);
+    m_diagram.paintBackground(&config);
+    m_diagram.paint(&config, m_diagram.getBoundingRect());
 }

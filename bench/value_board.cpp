@@ -1,8 +1,6 @@
 #include "value_board.h"
 
 #include "kx_chart_label.h"
-#include "ux/ux_paint_config.h"
-#include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 
 namespace {
@@ -28,6 +26,7 @@ const Line lines[] = {
 
 ValueBoard::ValueBoard()
 {
+    m_diagram.setBackgroundColor(UXColor(255, 255, 255));
     for (std::size_t i = 0; i < count; ++i) {
         m_charts[i] = std::make_unique<KXValueChart>();
         KXValueChart& chart = *m_charts[i];
@@ -69,12 +68,6 @@ void ValueBoard::layout(int width, int height)
 
 void ValueBoard::paint(UXPaintConfig& config)
 {
-    const UXRect area = m_diagram.getBoundingRect();
-    if (UXPainter* painter = uxCreatePainter(&config)) {
-        painter->setColor(UXColor(255, 255, 255));
-        painter->addRectanglePath(UXDoubleRect(area));
-        painter->fill();
-        uxDestroyPainter(painter);
-    }
-    m_diagram.paint(&config, area);
+    m_diagram.paintBackground(&config);
+    m_diagram.paint(&config, m_diagram.getBoundingRect());
 }
