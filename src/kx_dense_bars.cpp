@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <numeric>
 #include <utility>
@@ -17,6 +18,14 @@ constexpr double leastPixelsForGap = 2;
 /** No screen has more columns. */
 constexpr double greatestColumnCount = 65536;
 constexpr std::uint64_t none = (std::numeric_limits<std::uint64_t>::max)();
+
+/** @param place of a pixel, far inside 64 bits. std::floor is a call where the processor may be an old one.
+ */
+double floorPlace(double place)
+{
+    const auto whole = static_cast<double>(static_cast<std::int64_t>(place));
+    return whole > place ? whole - 1 : whole;
+}
 
 /** The furthest value on one side of zero, and whose it is. */
 struct Extreme {
@@ -106,10 +115,10 @@ Run Columns::_findColumns(std::uint64_t category) const
 {
     const double place = m_plane.categories.obtainPosition(m_source.obtainCategoryValue(category));
     const double centre = m_plane.toPixel(place) - m_firstPixel;
-    double low = std::floor(centre - m_halfWidth + 0.5 + noise);
-    double high = std::floor(centre + m_halfWidth + 0.5 + noise);
+    double low = floorPlace(centre - m_halfWidth + 0.5 + noise);
+    double high = floorPlace(centre + m_halfWidth + 0.5 + noise);
     if (high <= low) {
-        low = std::floor(centre + noise);
+        low = floorPlace(centre + noise);
         high = low + 1;
     }
     const auto count = static_cast<double>(m_columnCount);
