@@ -115,8 +115,7 @@ KXBarSource KXBarChart::_makeSource()
     for (const std::uint64_t series : getShownSeries())
         source.series.push_back({series, getSeriesValues(series)});
     source.form = obtainBarForm();
-    if (isContinuous())
-        source.categoryNumbers = obtainCategoryNumbers();
+    source.categoryNumbers = _getCategoryNumbers();
     std::tie(source.first, source.end) = obtainVisibleCategories();
     return source;
 }
@@ -124,6 +123,9 @@ KXBarSource KXBarChart::_makeSource()
 /** @return whether the values of source are still there: a host that is asked may replace them */
 bool KXBarChart::_isLent(const KXBarSource& source) const
 {
+    const std::vector<double>& numbers = _getCategoryNumbers();
+    if (source.categoryNumbers.data() != numbers.data() || source.categoryNumbers.size() != numbers.size())
+        return false;
     return std::ranges::all_of(source.series, [this](const KXBarSource::Series& series) {
         const std::vector<double>& values = getSeriesValues(series.index);
         return values.data() == series.values.data() && values.size() == series.values.size();

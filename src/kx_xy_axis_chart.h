@@ -94,6 +94,8 @@ public:
     std::string obtainValueText(std::uint64_t series, double value) const override;
 
 protected:
+    /** @return where the categories lie on a continuous axis, as of the last layout; empty for slots */
+    const std::vector<double>& _getCategoryNumbers() const { return m_categoryNumbers; }
     double _calculateSuitableRange(double amount, bool forTicks) const;
 
     // From KXAxisChartBase and KXAxisChart
