@@ -151,12 +151,13 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
             provider.obtainSeriesValues(this, i, 0, series.values);
         if (!pulled.chart.isAlive())
             return false;
-        for (double& value : series.values) {
-            if (std::isfinite(value))
-                pulled.hasNumber = true;
-            else
-                value = noNumber;
+        series.extremes = kxFindValueExtremes(series.values);
+        if (series.extremes.min < -largest || series.extremes.max > largest) {
+            std::ranges::replace_if(
+                series.values, [](double value) { return std::isinf(value); }, noNumber);
+            series.extremes = kxFindValueExtremes(series.values);
         }
+        pulled.hasNumber = pulled.hasNumber || !series.extremes.isEmpty();
     }
     return true;
 }
@@ -233,8 +234,9 @@ KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<st
     for (const std::uint64_t index : series) {
         if (index >= m_series.size())
             continue;
-        lists.push_back(std::span(m_series[index].values).first(count));
-        all.take(kxFindValueExtremes(lists.back()));
+        const Series& own = m_series[index];
+        lists.push_back(std::span(own.values).first(count));
+        all.take(count == own.values.size() ? own.extremes : kxFindValueExtremes(lists.back()));
     }
     if (all.isEmpty())
         return {};

@@ -4,6 +4,7 @@
 #include "kx_chart_data_provider_dimension_setting.h"
 #include "kx_chart_data_type.h"
 #include "kx_chart_data_user.h"
+#include "kx_value_extremes.h"
 
 #include <cstdint>
 #include <string>
@@ -75,6 +76,7 @@ private:
         std::string label;
         std::string id;
         std::vector<double> values;
+        KXValueExtremes extremes; // of all values
     };
     struct CategoryText {
         std::string text;
