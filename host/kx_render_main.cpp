@@ -3,19 +3,16 @@
 #include "chart_data_source.h"
 #include "chart_document.h"
 #include "chart_picture.h"
+#include "command_line.h"
 #include "host_error.h"
 #include "picture_option.h"
 #include "progress_line.h"
 #include "sql_data_provider.h"
 #include "ux/cairo/ux_cairo_install.h"
 
-#include <CLI/CLI.hpp>
 #include <cstdio>
-#include <exception>
 
 namespace {
-
-constexpr int badInput = 2;
 
 struct Options {
     std::string chart, data, binding, out;
@@ -72,19 +69,5 @@ int main(int argc, char** argv)
     CLI::App app("Renders a chart document over data to a picture.", "kx_render");
     Options options;
     declareOptions(app, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) // the help was asked for
-            return app.exit(error);
-        std::fprintf(stderr, "kx_render: %s\n", error.what());
-        return badInput;
-    }
-    try {
-        render(options);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "kx_render: %s\n", error.what());
-        return badInput;
-    }
-    return 0;
+    return runCommandLine(app, argc, argv, [&] { render(options); });
 }

@@ -1,20 +1,17 @@
 // kx_view: chart documents over their data, in a window.
 
 #include "chart_sample.h"
+#include "command_line.h"
 #include "picture_option.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "view_board.h"
 #include "view_data_provider.h"
 #include "window/view_window.h"
 
-#include <CLI/CLI.hpp>
 #include <cstdio>
-#include <exception>
 #include <filesystem>
 
 namespace {
-
-constexpr int badInput = 2;
 
 struct Options {
     std::vector<std::string> charts;
@@ -102,19 +99,5 @@ int main(int argc, char** argv)
     CLI::App app("Shows chart documents over their data in a window.", "kx_view");
     Options options;
     declareOptions(app, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) // the help was asked for
-            return app.exit(error);
-        std::fprintf(stderr, "kx_view: %s\n", error.what());
-        return badInput;
-    }
-    try {
-        view(options);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "kx_view: %s\n", error.what());
-        return badInput;
-    }
-    return 0;
+    return runCommandLine(app, argc, argv, [&] { view(options); });
 }
