@@ -12,8 +12,9 @@ std::optional<Number> readWhole(std::string_view text)
     if (text.size() > 1 && text[0] == '+' && text[1] != '-')
         text.remove_prefix(1);
     Number number{};
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    const char* begin = text.data();
+    const char* end = begin + text.size();
+    const auto [stop, error] = std::from_chars(begin, end, number);
     return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 

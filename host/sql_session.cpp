@@ -110,6 +110,7 @@ std::vector<SqlColumn> SqlSession::obtainColumns(const std::string& table)
     if (found.getRowCount() == 0)
         throw HostError(m_name, "table \"" + table + "\"", "no such table");
     std::vector<SqlColumn> columns;
+    columns.reserve(found.getRowCount());
     for (std::size_t row = 0; row < found.getRowCount(); ++row)
         columns.push_back({found.getText(row, 0), m_dialect->obtainDataType(found.getText(row, 1))});
     return columns;

@@ -48,9 +48,9 @@ void KXInteraction::registerInteraction(KXInteractionUser* user,
 
 void KXInteraction::registerInteraction(KXInteractionUser* user,
                                         const std::set<KXInteractionEventType>& types,
-                                        const KXObjectID& objectID, KXInteractionCondition condition)
+                                        const KXObjectID& objectID, const KXInteractionCondition& condition)
 {
-    registerInteraction(user, types, std::vector{objectID}, std::move(condition));
+    registerInteraction(user, types, std::vector{objectID}, condition);
 }
 
 void KXInteraction::registerInteraction(KXInteractionUser* user,
@@ -63,22 +63,23 @@ void KXInteraction::registerInteraction(KXInteractionUser* user,
 void KXInteraction::registerInteraction(KXInteractionUser* user,
                                         const std::set<KXInteractionEventType>& types,
                                         const std::vector<KXObjectID>& objectIDs,
-                                        KXInteractionCondition condition)
+                                        const KXInteractionCondition& condition)
 {
     registerInteraction(
-        user, types, [objectIDs](const UXEvent&) { return objectIDs; }, std::move(condition));
+        user, types, [objectIDs](const UXEvent&) { return objectIDs; }, condition);
 }
 
 void KXInteraction::registerInteraction(KXInteractionUser* user,
                                         const std::set<KXInteractionEventType>& types,
-                                        KXInteractionObjectIDs objectIDs)
+                                        const KXInteractionObjectIDs& objectIDs)
 {
-    registerInteraction(user, types, std::move(objectIDs), KXInteractionCondition());
+    registerInteraction(user, types, objectIDs, KXInteractionCondition());
 }
 
 void KXInteraction::registerInteraction(KXInteractionUser* user,
                                         const std::set<KXInteractionEventType>& types,
-                                        KXInteractionObjectIDs objectIDs, KXInteractionCondition condition)
+                                        const KXInteractionObjectIDs& objectIDs,
+                                        const KXInteractionCondition& condition)
 {
     uxAssert(user);
     if (!user || !m_owner)
@@ -96,9 +97,9 @@ void KXInteraction::registerInteraction(KXInteractionUser* user,
 }
 
 void KXInteraction::registerInteractionTriggerCondition(KXInteractionEventType type,
-                                                        KXInteractionCondition condition)
+                                                        const KXInteractionCondition& condition)
 {
-    m_triggerConditions[type] = std::move(condition);
+    m_triggerConditions[type] = condition;
 }
 
 void KXInteraction::triggerInteraction(KXInteractionUser* user, KXInteractionEventType type,

@@ -33,16 +33,19 @@ public:
     void registerInteraction(KXInteractionUser* user, const std::set<KXInteractionEventType>& types,
                              const KXObjectID& objectID);
     void registerInteraction(KXInteractionUser* user, const std::set<KXInteractionEventType>& types,
-                             const KXObjectID& objectID, KXInteractionCondition condition);
+                             const KXObjectID& objectID, const KXInteractionCondition& condition);
     void registerInteraction(KXInteractionUser* user, const std::set<KXInteractionEventType>& types,
                              const std::vector<KXObjectID>& objectIDs);
     void registerInteraction(KXInteractionUser* user, const std::set<KXInteractionEventType>& types,
-                             const std::vector<KXObjectID>& objectIDs, KXInteractionCondition condition);
+                             const std::vector<KXObjectID>& objectIDs,
+                             const KXInteractionCondition& condition);
     void registerInteraction(KXInteractionUser* user, const std::set<KXInteractionEventType>& types,
-                             KXInteractionObjectIDs objectIDs);
+                             const KXInteractionObjectIDs& objectIDs);
     void registerInteraction(KXInteractionUser* user, const std::set<KXInteractionEventType>& types,
-                             KXInteractionObjectIDs objectIDs, KXInteractionCondition condition);
-    void registerInteractionTriggerCondition(KXInteractionEventType type, KXInteractionCondition condition);
+                             const KXInteractionObjectIDs& objectIDs,
+                             const KXInteractionCondition& condition);
+    void registerInteractionTriggerCondition(KXInteractionEventType type,
+                                             const KXInteractionCondition& condition);
 
     /** Acts at once, without an event of the pointer. */
     void triggerInteraction(KXInteractionUser* user, KXInteractionEventType type, const KXObjectID& objectID);

@@ -79,6 +79,8 @@ KXMenuEventDiagram::~KXMenuEventDiagram()
     clearChildren();
 }
 
+// Keeps its own entries: what hears that an open menu closes may end the caller's.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void KXMenuEventDiagram::openMenu(UXDiagram* diagram, std::vector<KXMenuEntry> entries, const UXRect& anchor,
                                   UXObject* owner)
 {

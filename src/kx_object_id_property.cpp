@@ -2,7 +2,9 @@
 
 #include "kx_object_id_key_maker.h"
 
+// Takes a copy, so that a literal becomes a pointer.
 template <class T>
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 KXObjectIDProperty kxCreateObjectIDProperty(T value)
 {
     return {kxMakeObjectIDKey(value)};

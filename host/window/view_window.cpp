@@ -216,10 +216,10 @@ void ViewWindow::_paint()
         areas = {UXRect(0, 0, size.width, size.height)};
     }
     if (!areas.empty())
-        _copyToScreen(std::move(areas));
+        _copyToScreen(areas);
 }
 
-void ViewWindow::_copyToScreen(std::vector<UXRect> areas)
+void ViewWindow::_copyToScreen(const std::vector<UXRect>& areas)
 {
     const UXCairoImagePaintConfig& picture = m_control.getPicture();
     const UXSize size = picture.getPixelSize();

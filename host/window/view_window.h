@@ -55,7 +55,7 @@ private:
 
     // Output
     void _paint();
-    void _copyToScreen(std::vector<UXRect> areas);
+    void _copyToScreen(const std::vector<UXRect>& areas);
     void _showCursor();
     void _dump() const;
 
