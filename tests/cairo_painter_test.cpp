@@ -28,6 +28,16 @@ UXPicture makePicture(const UXDoubleSize& size, UXPaintFunction action)
     return picture;
 }
 
+/** Fills with a gradient from red at x = 5 + 10 firstStop to last at x = 15. */
+void useGradient(UXPainter& painter, UXSourceOperator beyond, double firstStop, const UXColor& last)
+{
+    painter.beginLinearGradientPattern(5, 0, 15, 0, beyond);
+    painter.addGradientPatternColorStop(red, firstStop);
+    painter.addGradientPatternColorStop(last, 1);
+    painter.endPattern();
+    painter.usePattern();
+}
+
 } // namespace
 
 TEST(CairoPainter, DrawsWhatTheOperationsSay)
@@ -41,54 +51,53 @@ TEST(CairoPainter, DrawsWhatTheOperationsSay)
         std::function<void(UXPainter&)> action;
         std::vector<Probe> probes;
     };
+    const UXDoubleRect all(0, 0, 20, 20);
     const UXPicture redPicture = makePicture({2, 2}, [](UXPainter* p) { fillRect(*p, red, {0, 0, 9, 9}); });
     const UXPicture leftHalf = makePicture({4, 4}, [](UXPainter* p) { fillRect(*p, blue, {0, 0, 2, 4}); });
-    const UXImage twoPixels(2, 1, {kRed, kBlue});
+    const UXPicture twice = makePicture({8, 8}, [](UXPainter* p) {
+        fillRect(*p, red, {0, 0, 8, 8}), fillRect(*p, red, {0, 0, 4, 8});
+    });
+    const UXImage twoPixels(2, 1, {kRed, kBlue}), rightMask(2, 1, {kClear, kWhite}), noPixels;
     const std::vector<Case> cases = {
         {"fill forgets the path and fillPreserve keeps it",
          [](UXPainter& p) {
-             p.setColor(red), p.addRectanglePath(0, 0, 4, 4), p.fill();
-             p.addRectanglePath(8, 8, 4, 4), p.fillPreserve();
-             p.setColor(blue), p.fill();
+             fillRect(p, red, {0, 0, 4, 4});
+             p.addRectanglePath(8, 8, 4, 4), p.fillPreserve(), p.setColor(blue), p.fill();
          },
          {{1, 1, kRed}, {9, 9, kBlue}}},
-        {"even-odd does not",
+        {"even-odd leaves the inner one out",
          [](UXPainter& p) {
-             p.setFillRule(UXFillRule::EvenOdd);
-             p.addRectanglePath(0, 0, 12, 12), p.addRectanglePath(4, 4, 4, 4), p.fill();
+             p.setFillRule(UXFillRule::EvenOdd), p.addRectanglePath(4, 4, 4, 4),
+                 fillRect(p, red, {0, 0, 12, 12});
          },
-         {{1, 1, kBlack}, {5, 5, kClear}}},
+         {{1, 1, kRed}, {5, 5, kClear}}},
         {"a clip holds until the state is restored",
-         [](UXPainter& p) {
-             p.saveState(), p.addRectanglePath(4, 4, 4, 4), p.clip();
-             fillRect(p, red, {0, 0, 20, 20}), p.restoreState();
+         [&](UXPainter& p) {
+             p.saveState(), p.addRectanglePath(4, 4, 4, 4), p.clip(), fillRect(p, red, all), p.restoreState();
              fillRect(p, blue, {12, 0, 4, 4});
          },
          {{4, 4, kRed}, {7, 7, kRed}, {8, 7, kClear}, {3, 4, kClear}, {13, 1, kBlue}}},
         {"clipping to an empty path leaves nothing",
-         [](UXPainter& p) {
-             p.clip(), fillRect(p, red, {0, 0, 20, 20});
-         },
+         [&](UXPainter& p) { p.clip(), fillRect(p, red, all); },
          {{9, 9, kClear}}},
         {"a path with a point that is not finite draws nothing, the next one does",
          [](UXPainter& p) {
              p.setStartPoint(0, 0), p.addLinePath(20, 0), p.addLinePath(INFINITY, 20), p.closePath(),
                  p.fill();
-             p.addRectanglePath(8, 8, 4, 4), p.fill();
+             fillRect(p, red, {8, 8, 4, 4});
          },
-         {{5, 1, kClear}, {9, 9, kBlack}}},
+         {{5, 1, kClear}, {9, 9, kRed}}},
         {"translate, scale and rotate about the origin",
          [](UXPainter& p) {
-             p.translate(10, 10), p.rotate(90), p.scale(2, 4);
-             p.addRectanglePath(0, 0, 1, 1), p.fill();
+             p.translate(10, 10), p.rotate(90), p.scale(2, 4), fillRect(p, red, {0, 0, 1, 1});
          },
-         {{9, 10, kBlack}, {6, 11, kBlack}, {10, 10, kClear}, {9, 12, kClear}, {5, 10, kClear}}},
+         {{9, 10, kRed}, {6, 11, kRed}, {10, 10, kClear}, {9, 12, kClear}, {5, 10, kClear}}},
         {"the path-only forms move what is there",
          [](UXPainter& p) {
              p.addRectanglePath(0, 0, 2, 2), p.scalePath(2, 2), p.translatePath(4, 8), p.rotatePath(0);
-             p.addRectanglePath(0, 0, 2, 2), p.fill();
+             fillRect(p, red, {0, 0, 2, 2});
          },
-         {{4, 8, kBlack}, {7, 11, kBlack}, {8, 11, kClear}, {1, 1, kBlack}, {3, 3, kClear}}},
+         {{4, 8, kRed}, {7, 11, kRed}, {8, 11, kClear}, {1, 1, kRed}, {3, 3, kClear}}},
         {"arcs grow clockwise, joined ones make a slice",
          [](UXPainter& p) {
              p.setStartPoint(10, 10), p.joinCircleArcPath(10, 10, 9, 0, 90), p.closePath(), p.fill();
@@ -105,10 +114,9 @@ TEST(CairoPainter, DrawsWhatTheOperationsSay)
          {{4, 4, kBlack}, {13, 4, kBlack}, {4, 14, kClear}, {13, 14, kClear}}},
         {"joins fill or cut the corner",
          [](UXPainter& p) {
-             p.setLineWidth(4);
-             p.setStartPoint(0, 4), p.addLinePath(8, 4), p.addLinePath(8, 20), p.stroke();
-             p.setLineJoin(UXLineJoinStyle::Bevel);
-             p.setStartPoint(10, 4), p.addLinePath(16, 4), p.addLinePath(16, 20), p.stroke();
+             p.setLineWidth(4), p.addLinePath(0, 4, 8, 4), p.addLinePath(8, 20), p.stroke();
+             p.setLineJoin(UXLineJoinStyle::Bevel), p.addLinePath(10, 4, 16, 4), p.addLinePath(16, 20),
+                 p.stroke();
          },
          {{9, 2, kBlack}, {17, 2, kClear}}},
         {"dashes begin at their offset",
@@ -124,77 +132,58 @@ TEST(CairoPainter, DrawsWhatTheOperationsSay)
          {{2, 2, kClear}, {3, 3, kRed}, {6, 6, kRed}, {7, 7, kClear}}},
         {"a gradient has its colours at its ends and beyond them",
          [](UXPainter& p) {
-             p.beginLinearGradientPattern(5, 0, 15, 0, UXSourceOperator::Pad);
-             p.addGradientPatternColorStop(red, -3), p.addGradientPatternColorStop(blue, 1), p.endPattern();
-             p.usePattern(), p.addRectanglePath(0, 0, 20, 10), p.fill();
+             useGradient(p, UXSourceOperator::Pad, -3, blue), p.addRectanglePath(0, 0, 20, 10), p.fill();
          },
          {{0, 5, kRed}, {4, 5, kRed}, {16, 5, kBlue}, {5, 15, kClear}}},
         {"a gradient may stop at its ends, and the colour takes its place",
          [](UXPainter& p) {
-             p.beginLinearGradientPattern(5, 0, 15, 0, UXSourceOperator::None);
-             p.addGradientPatternColorStop(red, 0), p.addGradientPatternColorStop(red, 1), p.endPattern();
-             p.usePattern(), p.addRectanglePath(0, 0, 20, 10), p.fill();
+             useGradient(p, UXSourceOperator::None, 0, red), p.addRectanglePath(0, 0, 20, 10), p.fill();
              fillRect(p, green, {0, 15, 20, 5});
          },
          {{2, 5, kClear}, {10, 5, kRed}, {18, 5, kClear}, {9, 16, kGreen}}},
         {"an image is stretched",
-         [&](UXPainter& p) { p.drawImage(&twoPixels, UXDoubleRect(0, 0, 20, 20), 1); },
+         [&](UXPainter& p) { p.drawImage(&twoPixels, all, 1); },
          {{0, 0, kRed}, {3, 19, kRed}, {16, 0, kBlue}, {19, 19, kBlue}}},
         {"an image stands in its own size at a point",
          [&](UXPainter& p) { p.drawImage(&twoPixels, UXDoublePoint(4, 4), 1); },
          {{4, 4, kRed}, {5, 4, kBlue}, {6, 4, kClear}, {4, 5, kClear}}},
         {"an opacity holds for the whole image",
-         [&](UXPainter& p) { p.drawImage(&twoPixels, UXDoubleRect(0, 0, 20, 20), 0.5); },
+         [&](UXPainter& p) { p.drawImage(&twoPixels, all, 0.5); },
          {{0, 0, 0x80800000}}},
         {"a picture is stretched and cut at its size",
          [&](UXPainter& p) { p.drawPicture(&redPicture, UXDoubleRect(4, 4, 8, 4), 1); },
          {{4, 4, kRed}, {11, 7, kRed}, {12, 7, kClear}, {11, 8, kClear}}},
         {"overlapping parts of a picture share its opacity",
-         [&](UXPainter& p) {
-             const UXPicture twice = makePicture({8, 8}, [](UXPainter* q) {
-                 fillRect(*q, red, {0, 0, 8, 8}), fillRect(*q, red, {0, 0, 4, 8});
-             });
-             p.drawPicture(&twice, UXDoublePoint(0, 0), 0.5);
-         },
+         [&](UXPainter& p) { p.drawPicture(&twice, UXDoublePoint(0, 0), 0.5); },
          {{1, 1, 0x80800000}, {6, 1, 0x80800000}}},
         {"a mask lets through what it covers",
-         [&](UXPainter& p) { p.drawMaskedPicture(&redPicture, &leftHalf, UXDoubleRect(0, 0, 20, 20)); },
+         [&](UXPainter& p) { p.drawMaskedPicture(&redPicture, &leftHalf, all); },
          {{1, 1, kRed}, {9, 19, kRed}, {11, 1, kClear}}},
         {"an image masks by its alpha",
-         [&](UXPainter& p) {
-             const UXImage mask(2, 1, {kClear, kWhite});
-             p.drawMaskedPicture(&redPicture, &mask, UXDoubleRect(0, 0, 20, 20));
-         },
+         [&](UXPainter& p) { p.drawMaskedPicture(&redPicture, &rightMask, all); },
          {{1, 1, kClear}, {18, 18, kRed}}},
         {"the source shows through a mask that is drawn",
          [](UXPainter& p) {
-             p.setColor(green);
-             p.drawMasked(
-                 [](UXPainter* mask) {
-                     fillRect(*mask, red, {4, 4, 4, 4});
-                 },
-                 nullptr, {0, 0, 6, 20});
+             const auto mask = [](UXPainter* on) { fillRect(*on, red, {4, 4, 4, 4}); };
+             p.setColor(green), p.drawMasked(mask, nullptr, {0, 0, 6, 20});
          },
          {{4, 4, kGreen}, {5, 7, kGreen}, {6, 5, kClear}, {1, 1, kClear}}},
         {"two pictures are combined before they are drawn",
          [&](UXPainter& p) {
-             fillRect(p, green, {0, 0, 20, 20});
+             fillRect(p, green, all);
              p.drawCompositedPicture(&redPicture, &leftHalf, {0, 0, 16, 16}, UXCompositionMode::In);
          },
          {{1, 1, kRed}, {12, 12, kGreen}, {18, 18, kGreen}}},
         {"a layer is combined inside its rectangle only",
-         [](UXPainter& p) {
-             fillRect(p, red, {0, 0, 20, 20});
-             p.drawComposited(
-                 [](UXPainter* layer) {
-                     fillRect(*layer, blue, {0, 0, 4, 4});
-                 },
-                 nullptr, {0, 0, 8, 8}, UXCompositionMode::DestinationIn);
+         [&](UXPainter& p) {
+             const auto layer = [](UXPainter* on) { fillRect(*on, blue, {0, 0, 4, 4}); };
+             fillRect(p, red, all);
+             p.drawComposited(layer, nullptr, {0, 0, 8, 8}, UXCompositionMode::DestinationIn);
          },
          {{1, 1, kRed}, {6, 6, kClear}, {10, 10, kRed}}},
         {"modes of composition",
-         [](UXPainter& p) {
-             fillRect(p, red, {0, 0, 20, 20});
+         [&](UXPainter& p) {
+             fillRect(p, red, all);
              p.setCompositionMode(UXCompositionMode::Add), fillRect(p, blue, {0, 0, 4, 4});
              p.setCompositionMode(UXCompositionMode::Clear), fillRect(p, blue, {4, 0, 4, 4});
              p.setCompositionMode(UXCompositionMode::DestinationOver), fillRect(p, blue, {4, 0, 8, 4});
@@ -202,40 +191,32 @@ TEST(CairoPainter, DrawsWhatTheOperationsSay)
          },
          {{1, 1, 0xFFFF00FF}, {5, 1, kBlue}, {9, 1, kRed}, {13, 1, kBlack}}},
         {"what a layer does to the state ends with it",
-         [](UXPainter& p) {
+         [&](UXPainter& p) {
+             const auto layer = [](UXPainter* on) {
+                 on->restoreState(), on->restoreState(), on->saveState(), on->translate(5, 5);
+                 on->setColor(blue), on->setLineWidth(9), on->addRectanglePath(0, 0, 1, 1);
+             };
              p.setColor(red), p.addRectanglePath(0, 0, 9, 9);
-             p.drawComposited(
-                 [](UXPainter* layer) {
-                     layer->restoreState(), layer->restoreState(), layer->saveState(), layer->translate(5, 5);
-                     layer->setColor(blue), layer->setLineWidth(9), layer->addRectanglePath(0, 0, 1, 1);
-                 },
-                 nullptr, {0, 0, 20, 20}, UXCompositionMode::Over);
+             p.drawComposited(layer, nullptr, all, UXCompositionMode::Over);
              p.fill(), p.addRectanglePath(10, 10, 5, 5), p.fill();
          },
          {{12, 12, kRed}, {1, 1, kClear}, {6, 6, kClear}}},
         {"a picture that draws itself ends",
          [](UXPainter& p) {
              UXPicture endless;
-             endless.registerPaintAction(
-                 [&endless](UXPainter* q) {
-                     fillRect(*q, red, {0, 0, 9, 9});
-                     q->drawPicture(&endless, UXDoubleRect(0, 0, 9, 9), 0.99);
-                 },
-                 {9, 9});
+             const auto drawAgain = [&endless](UXPainter* on) {
+                 fillRect(*on, red, {0, 0, 9, 9}), on->drawPicture(&endless, UXDoubleRect(0, 0, 9, 9), 0.99);
+             };
+             endless.registerPaintAction(drawAgain, {9, 9});
              p.drawPicture(&endless, UXDoublePoint(0, 0), 1);
          },
          {{4, 4, kRed}}},
         {"nothing is drawn by nothing",
-         [](UXPainter& p) {
-             const UXImage noPixels;
-             const UXPicture noSize = makePicture({0, 5}, [](UXPainter* q) {
-                 fillRect(*q, red, {0, 0, 9, 9});
-             });
-             p.drawImage(nullptr, UXDoubleRect(0, 0, 9, 9), 1),
-                 p.drawImage(&noPixels, UXDoubleRect(0, 0, 9, 9), 1);
-             p.drawPicture(nullptr, UXDoubleRect(0, 0, 9, 9), 1),
-                 p.drawPicture(&noSize, UXDoubleRect(0, 0, 9, 9), 1);
-             p.drawMasked({}, nullptr, {0, 0, 9, 9}), p.drawComposited({}, nullptr, {0, 0, 9, 9}, {});
+         [&](UXPainter& p) {
+             const UXPicture noSize = makePicture({0, 5}, [&](UXPainter* on) { fillRect(*on, red, all); });
+             p.drawImage(nullptr, all, 1), p.drawImage(&noPixels, all, 1);
+             p.drawPicture(nullptr, all, 1), p.drawPicture(&noSize, all, 1);
+             p.drawMasked({}, nullptr, all), p.drawComposited({}, nullptr, all, {});
              p.endPattern(), p.usePattern(), p.restoreState(), p.setCompositionMode(UXCompositionMode::In),
                  p.fill();
          },
@@ -281,29 +262,7 @@ TEST(CairoPainter, RectanglesStandOnWholePixelsAtEveryScale)
 TEST(CairoPainter, ReplayedRecordingDrawsTheSamePixels)
 {
     uxCairoInstall();
-    const auto drawing = [](UXPainter& painter) {
-        const UXPicture dot = makePicture({10, 10}, [](UXPainter* p) {
-            p->setColor(green), p->addCircleArcPath(5, 5, 4, 0, 360), p->fill();
-        });
-        painter.beginLinearGradientPattern(0, 0, 100, 0, UXSourceOperator::Reflect);
-        painter.addGradientPatternColorStop(red, 0), painter.addGradientPatternColorStop(blue, 0.7);
-        painter.endPattern(), painter.usePattern();
-        painter.addCircleArcPath(50, 40, 30, -135, 135), painter.setLineWidth(6);
-        painter.setLineDash(UXLineDashStyle::Dash), painter.stroke();
-        painter.saveState(), painter.rotate(12), painter.scale(1.3, 0.9);
-        painter.drawText("Turned 42 %", {20, 60, 80, 20}, UXTextProperty{});
-        painter.restoreState();
-        UXTextProperty wrapped;
-        wrapped.lineMode = 1, wrapped.align = UXTextAlign::Center;
-        painter.drawText("a text of several lines", {60, 60, 50, 40}, wrapped);
-        painter.drawPicture(&dot, UXDoubleRect(80, 5, 30, 20), 0.4);
-        painter.drawMasked([&](UXPainter* p) { p->drawPicture(&dot, UXDoubleRect(5, 60, 30, 30), 1); },
-                           nullptr, {10, 60, 30, 30});
-        const UXDoubleRect rects[] = {{3.3, 3.3, 10.1, 4}, {20.5, 3, 4.7, 9}};
-        painter.drawRects(rects);
-        const UXDoublePoint points[] = {{5, 50}, {30, 20}, {NAN, 0}, {60, 50}, {90, 45}};
-        painter.drawPolyline(points);
-    };
+    const auto drawing = [](UXPainter& painter) { uxDrawWithNumbers(painter, 1.5, 20); };
     for (const double scale : {1.0, 1.5}) {
         UXRecordingPainter recorder(scale);
         drawing(recorder);

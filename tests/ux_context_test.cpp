@@ -3,45 +3,22 @@
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
-#include "ux/ux_global_control_space_event_diagram.h"
-#include "ux/ux_preview_diagram.h"
-#include "ux/ux_selectable_object.h"
-#include "ux/ux_timer.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
-
-namespace {
-
-class Host : public UXControl {
-public:
-    std::string log;
-
-    explicit Host(const std::vector<int>& useCases = {}) { setUseCases(useCases); }
-
-    void notifyCursorChange(int cursor) override { log += "cursor" + std::to_string(cursor) + " "; }
-    void notifyDiagramSizeChanged(UXDiagram*) override { log += "size "; }
-    void notifyResetScroller() override { log += "scroller "; }
-};
-
-using Controls = std::vector<UXControl*>;
-
-} // namespace
 
 TEST(UXContext, WhatIsDestroyedLeaves)
 {
     auto context = std::make_unique<UXContext>();
     auto first = std::make_unique<UXDiagram>(context.get());
     UXDiagram second, late(context.get());
-    auto host = std::make_unique<Host>();
-    Host kept;
+    auto host = std::make_unique<UXControl>();
+    UXControl kept;
     context->setActiveDiagram(host.get(), first.get());
     context->setActiveDiagram(&kept, first.get());
     context->addDiagram(&second, 0);
@@ -52,7 +29,7 @@ TEST(UXContext, WhatIsDestroyedLeaves)
     first.reset();
     EXPECT_EQ(kept.getActiveDiagram(), nullptr);
     host.reset();
-    EXPECT_EQ(context->getControls(), Controls({&kept}));
+    EXPECT_EQ(context->getControls(), std::vector<UXControl*>({&kept}));
     UXContext other;
     other.setActiveDiagram(&kept, &second);
     EXPECT_TRUE(context->getControls().empty());
@@ -68,7 +45,7 @@ TEST(UXContext, PostedActionsRunAfterTheEvent)
 {
     UXContext context;
     UXDiagram diagram(&context), unseen(&context);
-    auto host = std::make_unique<Host>();
+    auto host = std::make_unique<UXControl>();
     context.setActiveDiagram(host.get(), &diagram);
     std::string log;
 
@@ -101,7 +78,7 @@ TEST(UXContext, PostedActionsRunAfterTheEvent)
 
 TEST(UXControl, Conversions)
 {
-    Host control;
+    UXControl control;
     control.setScalingFactor(2);
     control.setZoomRatio(1.5);
     control.setDiagramDoubleOriginInControlSpace({10, -20.5});
@@ -124,17 +101,3 @@ TEST(UXControl, Conversions)
     EXPECT_EQ(control.getDiagramDoubleOriginInControlSpace(), UXDoubleControlPoint(10, -20.5));
     EXPECT_EQ(control.getZoomRatioWithScalingFactor(), 3);
 }
-
-namespace {
-
-class ZoomedDiagram : public UXDiagram {
-public:
-    using UXDiagram::UXDiagram;
-    std::string log;
-
-    void zoomRatioWillChange(double) override { log += "will "; }
-    void zoomRatioDidChange(double) override { log += "did "; }
-    void originDidChange() override { log += "origin "; }
-};
-
-} // namespace

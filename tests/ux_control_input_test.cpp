@@ -1,14 +1,11 @@
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
 #include "ux/ux_event.h"
-#include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_global_smooth_scrolling_event_diagram.h"
 #include "ux/ux_message_right_click_param.h"
-#include "ux/ux_recording_paint_config.h"
-#include "ux/ux_recording_painter.h"
-#include "ux/ux_scroll_view.h"
 #include "ux/ux_use_case_diagram.h"
 #include "ux/ux_virtual_scroll_view.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -46,16 +43,21 @@ protected:
         control.log.clear();
     }
 
-    UXEvent makeEvent(UXDoublePoint wheel = {}) const
+    static UXEvent makeWheel(const UXDoublePoint& delta)
     {
         UXEvent event;
-        event.setWheelDelta(wheel);
+        event.setWheelDelta(delta);
         return event;
     }
     void runFrames(int count)
     {
         for (int i = 0; i < count; ++i)
             control.timer(now += 16);
+    }
+    void click(int x, const UXEvent& event)
+    {
+        control.mouseDown({x, 15}, event);
+        control.mouseUp({x, 15}, event);
     }
     int originX() const { return control.getDiagramOriginInControlSpace().x; }
 
@@ -82,9 +84,9 @@ TEST_F(UXControlInput, AnEventReachesTheDiagramInBothSpaces)
         return true;
     });
     // The object's last pixel is its own, the one behind it is not.
-    EXPECT_TRUE(control.mouseDown({8 + 29 * 4 + 3, 4 + 10 * 4}, makeEvent()));
+    EXPECT_TRUE(control.mouseDown({8 + 29 * 4 + 3, 4 + 10 * 4}, UXEvent()));
     EXPECT_EQ(seen, "29,10@127 2 own");
-    EXPECT_FALSE(control.mouseDown({8 + 30 * 4, 4 + 10 * 4}, makeEvent()));
+    EXPECT_FALSE(control.mouseDown({8 + 30 * 4, 4 + 10 * 4}, UXEvent()));
     const UXCoordinateMap map = context.getCoordinateMap(&control, &diagram);
     EXPECT_EQ(map.toControlSpace({10, 0}).x, 48);
     EXPECT_EQ(map.toDiagramSpace({48, 4}).x, 10);
@@ -93,20 +95,20 @@ TEST_F(UXControlInput, AnEventReachesTheDiagramInBothSpaces)
 TEST_F(UXControlInput, TheCursorFollowsThePointerAndPresses)
 {
     object->setCursor(UXCursor::PointingHand);
-    control.mouseMove({15, 15}, makeEvent());
-    control.mouseMove({16, 15}, makeEvent());
-    control.mouseDown({16, 15}, makeEvent());
-    control.mouseMove({90, 15}, makeEvent());
-    control.mouseUp({90, 15}, makeEvent());
+    control.mouseMove({15, 15}, UXEvent());
+    control.mouseMove({16, 15}, UXEvent());
+    control.mouseDown({16, 15}, UXEvent());
+    control.mouseMove({90, 15}, UXEvent());
+    control.mouseUp({90, 15}, UXEvent());
     EXPECT_EQ(control.log, "cursor1 event event event event cursor0 event ");
 
     // The press ends with the diagram that it began on.
     UXDiagram other(&context);
-    control.mouseDown({16, 15}, makeEvent());
+    control.mouseDown({16, 15}, UXEvent());
     context.setActiveDiagram(&control, &other);
     context.setActiveDiagram(&control, &diagram);
     control.log.clear();
-    control.mouseMove({90, 15}, makeEvent());
+    control.mouseMove({90, 15}, UXEvent());
     EXPECT_EQ(control.log, "cursor0 event ");
 }
 
@@ -118,15 +120,13 @@ TEST_F(UXControlInput, ARespondingObjectAsksForAMenuOrKeepsTheZoom)
     });
     object->registerEventResponder(UXEventResponderType::Zoom, {UXEventKey::Ctrl},
                                    [](const UXEvent&) { return true; });
-    UXEvent right = makeEvent();
+    UXEvent right = UXEvent();
     right.addEventKey(UXEventKey::RightButton);
-    for (const int x : {15, 90}) {
-        control.mouseDown({x, 15}, right);
-        control.mouseUp({x, 15}, right);
-    }
+    click(15, right);
+    click(90, right);
     EXPECT_EQ(control.log, "event event menu15 posted event event ");
 
-    UXEvent zoom = makeEvent();
+    UXEvent zoom = UXEvent();
     zoom.setMousePoint({15, 15});
     zoom.addEventKey(UXEventKey::Ctrl);
     control.zoomIn(true, zoom);
@@ -149,12 +149,13 @@ TEST_F(UXControlInput, AGlobalDiagramThatKeepsAMoveTakesTheHoverAndIsPaintedAbov
     cover->setRect({0, 0, 20, 20});
     cover->registerEventHandler(UXEventType::MouseMove, [](const UXEvent&) { return true; });
     std::string log;
-    object->registerEventHandler(UXEventType::MouseEnter,
-                                 [&](const UXEvent&) { return log += "in ", false; });
-    object->registerEventHandler(UXEventType::MouseLeave,
-                                 [&](const UXEvent&) { return log += "out ", false; });
-    control.mouseMove({25, 25}, makeEvent());
-    control.mouseMove({15, 15}, makeEvent());
+    const auto note = [&](const char* text) {
+        return [&log, text](const UXEvent&) { return log += text, false; };
+    };
+    object->registerEventHandler(UXEventType::MouseEnter, note("in "));
+    object->registerEventHandler(UXEventType::MouseLeave, note("out "));
+    control.mouseMove({25, 25}, UXEvent());
+    control.mouseMove({15, 15}, UXEvent());
     EXPECT_EQ(log, "in out ");
 
     diagram.layout();
@@ -169,45 +170,45 @@ TEST_F(UXControlInput, TheWheelGlidesToItsPlaceAndADragGlidesOnUntilAPress)
     UXGlobalSmoothScrollingEventDiagram scrolling;
     diagram.registerGlobalEventDiagram(&scrolling);
     runFrames(1);
-    EXPECT_TRUE(control.mouseWheel({50, 50}, makeEvent({1, 0})));
+    EXPECT_TRUE(control.mouseWheel({50, 50}, makeWheel({1, 0})));
     runFrames(3);
     EXPECT_LT(originX(), 0);
     EXPECT_GT(originX(), -48);
     runFrames(40);
     EXPECT_EQ(originX(), -48);
     EXPECT_FALSE(scrolling.isGliding());
-    control.mouseWheel({50, 50}, makeEvent({100, 0}));
+    control.mouseWheel({50, 50}, makeWheel({100, 0}));
     runFrames(80);
     EXPECT_EQ(originX(), -200); // the content's end
 
-    control.mouseDown({10, 50}, makeEvent());
+    control.mouseDown({10, 50}, UXEvent());
     for (int x = 13; x <= 61; x += 12) {
-        control.mouseMove({x, 50}, makeEvent());
+        control.mouseMove({x, 50}, UXEvent());
         runFrames(1);
     }
     EXPECT_EQ(originX(), -149);
-    control.mouseUp({61, 50}, makeEvent());
+    control.mouseUp({61, 50}, UXEvent());
     runFrames(2);
     const int gliding = originX();
     EXPECT_GT(gliding, -149);
-    EXPECT_TRUE(control.mouseDown({10, 50}, makeEvent()));
+    EXPECT_TRUE(control.mouseDown({10, 50}, UXEvent()));
     runFrames(5);
     EXPECT_EQ(originX(), gliding);
-    control.mouseUp({10, 50}, makeEvent());
+    control.mouseUp({10, 50}, UXEvent());
 
     // A glide goes with the control that it moves.
-    control.mouseWheel({50, 50}, makeEvent({1, 0}));
+    control.mouseWheel({50, 50}, makeWheel({1, 0}));
     auto other = std::make_unique<Control>();
     context.setActiveDiagram(other.get(), &diagram);
     other->setControlRect({0, 0, 200, 100});
-    other->mouseWheel({50, 50}, makeEvent({1, 0}));
+    other->mouseWheel({50, 50}, makeWheel({1, 0}));
     other.reset();
     runFrames(2);
     EXPECT_EQ(originX(), gliding);
 
     control.reduceMotion = true;
     control.setDiagramOriginInControlSpace({0, 0});
-    control.mouseWheel({50, 50}, makeEvent({1, 0}));
+    control.mouseWheel({50, 50}, makeWheel({1, 0}));
     EXPECT_EQ(originX(), -48);
 }
 
@@ -223,21 +224,20 @@ TEST_F(UXControlInput, WhatStandsOnTheDiagramKeepsItsWheelItsDragAndItsClick)
     object->registerEventHandler(UXEventType::LeftClick, [&](const UXEvent&) { return ++clicks > 0; });
     object->registerEventResponder(UXEventResponderType::Drag, [&](const UXEvent&) { return clicks == 1; });
 
-    control.mouseWheel({110, 10}, makeEvent({0, 1}));
+    control.mouseWheel({110, 10}, makeWheel({0, 1}));
     EXPECT_EQ(view->getContentOffsetY(), 48);
     const auto drag = [&] {
-        control.mouseDown({15, 15}, makeEvent());
-        control.mouseMove({12, 15}, makeEvent());
-        control.mouseMove({25, 15}, makeEvent());
-        control.mouseUp({25, 15}, makeEvent());
+        control.mouseDown({15, 15}, UXEvent());
+        control.mouseMove({12, 15}, UXEvent());
+        control.mouseMove({25, 15}, UXEvent());
+        control.mouseUp({25, 15}, UXEvent());
     };
     control.setDiagramOriginInControlSpace({-10, 0});
     object->setRect({10, 10, 60, 20});
     drag(); // moves the diagram and is no click
     EXPECT_EQ(originX(), 0);
     EXPECT_EQ(clicks, 0);
-    control.mouseDown({15, 15}, makeEvent());
-    control.mouseUp({15, 15}, makeEvent());
+    click(15, UXEvent());
     EXPECT_EQ(clicks, 1);
     control.setDiagramOriginInControlSpace({-10, 0});
     drag(); // the object takes this one itself
@@ -254,9 +254,7 @@ TEST_F(UXControlInput, AUseCaseDiagramPaintsItsSourceAndFollowsIt)
     made.setSourceDiagram(&diagram);
     made.setUseCaseZoomRatio(0.5);
     made.setUseCaseOrigin({7, 0});
-    UXRecordingPaintConfig recording;
-    made.paint(&recording, made.getBoundingRect());
-    const std::string text = recording.getRecording().getText();
+    const std::string text = uxPaintToText(made);
     EXPECT_NE(text.find("scale 0.5,0.5"), std::string::npos) << text;
     EXPECT_NE(text.find("255,0,0"), std::string::npos) << text;
 

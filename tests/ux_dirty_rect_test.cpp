@@ -3,16 +3,13 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_dirty_region.h"
 #include "ux/ux_object_watcher.h"
-#include "ux/ux_paint_config.h"
-#include "ux/ux_rect_functions.h"
+#include "ux/ux_recording_paint_config.h"
 #include "ux/ux_space.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <climits>
 #include <functional>
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -74,23 +71,10 @@ private:
     std::string& m_log;
 };
 
-/** Paints nothing; the objects write down that they were asked to. */
-class NoPaintConfig : public UXPaintConfig {
-public:
-    UXPainter* createPainter(UXObject*) override { return nullptr; }
-};
-
 class PaintingControl : public UXControl {
 public:
-    NoPaintConfig config;
-    bool paintsNow = true;
-    Rects notified;
-
-    UXPaintConfig* obtainPaintConfig(UXDiagram*) override { return paintsNow ? &config : nullptr; }
-    void notifyDirtyRect(UXDiagram* diagram) override
-    {
-        notified.push_back(getContext()->getDirtyRect(diagram));
-    }
+    UXRecordingPaintConfig config;
+    UXPaintConfig* obtainPaintConfig(UXDiagram*) override { return &config; }
 };
 
 /** diagram > left (0,0,50,100) > leaf (10,10,5,5); diagram > right (50,0,50,100) */
@@ -123,7 +107,6 @@ struct Scene {
     void clear()
     {
         context.clearDirtyRect(&diagram);
-        control.notified.clear();
         log.clear();
     }
 };
@@ -226,25 +209,21 @@ TEST(UXDirtyRect, WhatPaintingMakesDirtyWaitsForTheNextPass)
 
 TEST(UXDirtyRect, PaintSurvivesWhatItsObjectsDo)
 {
+    const UXRect all(0, 0, 100, 100);
     std::string log;
-    UXObject root;
-    root.setRect({0, 0, 100, 100});
-    auto* first = new Painted(log, "first", {0, 0, 100, 100});
-    auto* second = new Painted(log, "second", {0, 0, 100, 100});
-    root.addChild(first);
-    root.addChild(second);
-    first->whenPainted = [=] { delete second; };
-    root.paint(nullptr, {0, 0, 100, 100});
-    EXPECT_EQ(log, "first ");
-
-    auto* dying = new UXObject;
-    dying->setRect({0, 0, 100, 100});
-    auto* child = new Painted(log, "child", {0, 0, 100, 100});
-    dying->addChild(child);
-    child->whenPainted = [=] { delete dying; };
-    const UXObjectWatcher watcher(dying);
-    dying->paint(nullptr, {0, 0, 100, 100});
-    EXPECT_FALSE(watcher.isAlive());
+    for (const bool parentDies : {false, true}) {
+        auto* parent = new Painted(log, "parent", all);
+        auto* first = new Painted(log, "first", all);
+        UXObject* second = new Painted(log, "second", all);
+        parent->addChild(first);
+        parent->addChild(second);
+        first->whenPainted = [=] { delete (parentDies ? parent : second); };
+        const UXObjectWatcher watcher(parent);
+        parent->paint(nullptr, all);
+        EXPECT_EQ(watcher.isAlive(), !parentDies);
+        delete watcher.getObject();
+    }
+    EXPECT_EQ(log, "parent first parent first ");
 }
 
 TEST(UXDirtyRect, HostsMayDestroyWhatTellsThem)
@@ -254,47 +233,43 @@ TEST(UXDirtyRect, HostsMayDestroyWhatTellsThem)
         UXObject* victim = nullptr;
         void notifyDirtyRect(UXDiagram*) override { delete std::exchange(victim, nullptr); }
     };
-    struct Case {
-        const char* name;
-        void (*change)(UXObject* object, UXSpace* space);
+    const auto add = [](UXObject* parent, const UXRect& rect) {
+        auto* made = new UXObject;
+        made->setRect(rect);
+        parent->addChild(made);
+        return made;
     };
-    const Case cases[] = {
-        {"moved", [](UXObject* o, UXSpace*) { o->setRect(UXRect(20, 20, 5, 5)); }},
-        {"hidden", [](UXObject* o, UXSpace*) { o->setVisible(false); }},
-        {"scaled", [](UXObject* o, UXSpace* space) { o->setSpace(space); }},
-        {"padded", [](UXObject* o, UXSpace*) { o->setPadding(UXPadding(1, 1, 1, 1)); }},
-        {"removed", [](UXObject* o, UXSpace*) { o->setParent(nullptr); }},
+    UXSpace space;
+    space.setXScale(2);
+    const std::pair<const char*, std::function<void(UXObject*)>> cases[] = {
+        {"moved", [](UXObject* o) { o->setRect(UXRect(20, 20, 5, 5)); }},
+        {"hidden", [](UXObject* o) { o->setVisible(false); }},
+        {"scaled", [&](UXObject* o) { o->setSpace(&space); }},
+        {"padded", [](UXObject* o) { o->setPadding(UXPadding(1, 1, 1, 1)); }},
+        {"removed", [](UXObject* o) { o->setParent(nullptr); }},
         {"given a child",
-         [](UXObject* o, UXSpace*) {
-             auto* child = new UXObject;
-             child->setRect({0, 0, 5, 5});
-             o->addChild(child);
+         [&](UXObject* o) {
+             add(o, {0, 0, 5, 5});
          }},
     };
-    for (const Case& c : cases) {
+    for (const auto& [name, change] : cases) {
         for (const bool isParent : {false, true}) {
-            SCOPED_TRACE(std::string(c.name) + (isParent ? ", its parent dies" : ", it dies itself"));
+            SCOPED_TRACE(std::string(name) + (isParent ? ", its parent dies" : ", it dies itself"));
             UXContext context;
             DestroyingControl control;
             UXDiagram diagram(&context);
-            UXSpace space;
-            space.setXScale(2);
-            auto* parent = new UXObject;
-            auto* object = new UXObject;
             diagram.setRect({0, 0, 100, 100});
-            parent->setRect({0, 0, 50, 50});
-            object->setRect({10, 10, 5, 5});
-            diagram.addChild(parent);
-            parent->addChild(object);
+            UXObject* parent = add(&diagram, {0, 0, 50, 50});
+            UXObject* object = add(parent, {10, 10, 5, 5});
             context.setActiveDiagram(&control, &diagram);
             context.clearDirtyRect(&diagram);
 
             const UXObjectWatcher parentWatcher(parent), objectWatcher(object);
             control.victim = isParent ? parent : object;
-            c.change(object, &space);
+            change(object);
             EXPECT_FALSE((isParent ? parentWatcher : objectWatcher).isAlive());
-            for (const UXObjectWatcher* left : {&objectWatcher, &parentWatcher})
-                delete left->getObject();
+            delete objectWatcher.getObject();
+            delete parentWatcher.getObject();
         }
     }
 }

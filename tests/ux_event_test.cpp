@@ -53,21 +53,3 @@ TEST(UXEvent, AnActionThatThrowsIsGoneAndTheOthersStay)
     event.runPostedActions();
     EXPECT_EQ(runs, 1);
 }
-
-TEST(UXEvent, CarriesKeysAndUseCases)
-{
-    UXEvent event(UXEventType::MouseDown);
-    event.addEventKey(UXEventKey::Shift);
-    event.addEventKey(UXEventKey::RightButton);
-    event.addUseCase(2);
-    const UXEvent copy = event;
-    event.removeEventKey(UXEventKey::Shift);
-
-    EXPECT_EQ(copy.getEventType(), UXEventType::MouseDown);
-    EXPECT_TRUE(copy.containsEventKey(UXEventKey::Shift));
-    EXPECT_FALSE(event.containsEventKey(UXEventKey::Shift));
-    EXPECT_TRUE(event.containsEventKey(UXEventKey::RightButton));
-    EXPECT_FALSE(event.containsEventKey(UXEventKey::Ctrl));
-    EXPECT_TRUE(copy.containUseCase(2));
-    EXPECT_FALSE(copy.containUseCase(1));
-}

@@ -87,7 +87,6 @@ TEST(UXHintLayout, GivesUpWhatDoesNotFit)
     (void)whole.addFooterRow({}, UXSymbolStyle::Line, "sum", "1");
     for (int i = 0; i < 9; ++i)
         blanks.addRow(20);
-    UXHintInfo loud = makeInfo(std::string(100, 'x') + "\n\n\n\n", 0);
     struct Case {
         const char* name;
         const UXHintInfo& info;
@@ -146,6 +145,26 @@ TEST(UXHintLayout, ColumnsAreAlignedAndTextsReadable)
     EXPECT_LT(layout.separatorY, layout.lines[3].rect.y);
 }
 
+TEST(UXHintDelegate, KeepsWhatShows)
+{
+    UXObject owner;
+    UXHintDelegate hint(&owner);
+    UXHintInfo info = makeInfo("Total", 0), disabled(false);
+    const auto show = [&](UXHintInfo* shown) {
+        return hint.showHint({3, 4}, nullptr, shown), hint.getHintVisible();
+    };
+    EXPECT_TRUE(show(&info));
+    EXPECT_EQ(hint.getHintPoint(), UXPoint(3, 4));
+    EXPECT_EQ(hint.getHintInfo(), info);
+    EXPECT_FALSE(show(&disabled));
+    hint.setShowHint(false);
+    EXPECT_FALSE(show(&info));
+    hint.setHintVisible({3, 4}, nullptr, &info);
+    EXPECT_TRUE(hint.getHintVisible());
+    hint.setHintVisible({3, 4}, nullptr, nullptr);
+    EXPECT_FALSE(hint.getHintVisible());
+}
+
 namespace {
 
 class Control : public UXControl {
@@ -181,13 +200,10 @@ protected:
             owners[i]->setRect({100 + 100 * i, 100, 100, 100});
             delegates[i] = std::make_unique<UXHintDelegate>(owners[i].get());
             owners[i]->registerEventHandler(UXEventType::MouseMove, [this, i](const UXEvent& event) {
-                const UXPoint point = owners[i]->getTranslatedPointFromEvent(event);
-                delegates[i]->showHint(point, nullptr, &infos[i]);
-                return true;
+                return show(i, owners[i]->getTranslatedPointFromEvent(event)), true;
             });
             owners[i]->registerEventHandler(UXEventType::MouseLeave, [this, i](const UXEvent&) {
-                delegates[i]->hideHint();
-                return true;
+                return delegates[i]->hideHint(), true;
             });
         }
         clear();
@@ -199,6 +215,7 @@ protected:
         screen.clearDirtyRect();
         control.notified = 0;
     }
+    void show(int i, UXPoint point) { delegates[i]->showHint(point, nullptr, &infos[i]); }
     void move(int x, int y) { control.mouseMove({x, y}, UXEvent()); }
     bool press(UXKeyCode key)
     {
@@ -236,14 +253,14 @@ TEST_F(UXHintScreen, AnUnchangedHintIsNotPaintedAgain)
 
     clear();
     move(152, 151);
-    delegates[0]->showHint({52, 51}, nullptr, &infos[0]);
+    show(0, {52, 51});
     EXPECT_EQ(hint()->getRect(), place);
     EXPECT_TRUE(uxIsEmptyRect(dirty()));
     EXPECT_EQ(control.notified, 0);
 
     // One changed value is all that is painted anew.
     infos[0].rows[1].value = "7";
-    delegates[0]->showHint({50, 50}, nullptr, &infos[0]);
+    show(0, {50, 50});
     EXPECT_EQ(hint()->getRect(), place);
     EXPECT_LT(dirty().height, 20);
     EXPECT_FALSE(uxIsEmptyRect(dirty()));
@@ -315,27 +332,27 @@ TEST_F(UXHintScreen, AnOwnerMayExplainItselfAndAHostPaintAtOnce)
     UXRecordingPaintConfig config;
     control.config = &config;
     control.onNotify = [&] { context.repaintDirtyRect(&diagram); };
-    delegates[1]->showHint({5, 5}, nullptr, &infos[1]);
+    show(1, {5, 5});
     EXPECT_TRUE(hint() && uxIsEmptyRect(dirty()));
     control.onNotify = {};
 }
 
 TEST_F(UXHintScreen, EndsWithWhatItStandsFor)
 {
-    delegates[0]->showHint({5, 5}, nullptr, &infos[0]);
-    delegates[1]->showHint({5, 5}, nullptr, &infos[1]);
+    show(0, {5, 5});
+    show(1, {5, 5});
     EXPECT_EQ(screen.getVisibleHints().size(), 2U);
     delegates[0].reset();
     ASSERT_TRUE(hint());
     EXPECT_EQ(hint()->getTarget(), owners[1].get());
     diagram.unregisterGlobalEventDiagram(&screen);
     EXPECT_FALSE(hint());
-    delegates[1]->showHint({5, 5}, nullptr, &infos[1]);
+    show(1, {5, 5});
     EXPECT_FALSE(hint());
     diagram.registerGlobalEventDiagram(&screen);
     auto other = std::make_unique<UXDiagram>(&context);
     context.setActiveDiagram(&control, other.get());
-    delegates[1]->showHint({5, 5}, nullptr, &infos[1]);
+    show(1, {5, 5});
     EXPECT_FALSE(hint());
 }
 
@@ -359,14 +376,14 @@ TEST_F(UXHintScreen, StandsOnEveryControlInItsOwnSize)
     second.setScalingFactor(2);
     second.setControlRect({0, 0, 800, 600});
     control.setZoomRatio(1.3);
-    delegates[0]->showHint({50, 50}, nullptr, &infos[0]);
+    show(0, {50, 50});
     ASSERT_TRUE(hint() && hint(&second));
-    const UXSize size(hint()->getFrame()->getRect().width, hint()->getFrame()->getRect().height);
-    EXPECT_EQ(UXSize(hint()->getRect().width, hint()->getRect().height), size);
-    EXPECT_EQ(UXSize(hint(&second)->getRect().width, hint(&second)->getRect().height),
-              UXSize(2 * size.width, 2 * size.height));
-    EXPECT_EQ(uxMidX(hint()->getRect()), 195);
-    EXPECT_EQ(uxMidX(hint(&second)->getRect()), 300);
+    const UXRect frame = hint()->getFrame()->getRect(), own = hint()->getRect(),
+                 large = hint(&second)->getRect();
+    EXPECT_EQ(UXSize(own.width, own.height), UXSize(frame.width, frame.height));
+    EXPECT_EQ(UXSize(large.width, large.height), UXSize(2 * frame.width, 2 * frame.height));
+    EXPECT_EQ(uxMidX(own), 195);
+    EXPECT_EQ(uxMidX(large), 300);
 
     const auto record = [&](const UXControl* painted) {
         UXRecordingPaintConfig config;

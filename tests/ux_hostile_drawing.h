@@ -5,57 +5,84 @@
 #include "ux/ux_painter_state.h"
 #include "ux/ux_picture.h"
 
+#include <cmath>
 #include <vector>
 
-/** Draws with all that takes numbers, upright and then turned, moved and scaled by them as well. */
-inline void uxDrawWithNumbers(UXPainter& p, double v, double other)
+/** Draws with every operation of a painter; a and b stand where one takes numbers. */
+inline void uxDrawEverything(UXPainter& p, double a, double b)
 {
     const UXImage image(1, 1, {0x80402010U});
     UXPicture picture;
-    const auto paintPicture = [v](UXPainter* on) {
-        on->setColor({1 << 30, -(1 << 30), 7, v});
-        on->addRectanglePath(0, 0, v, v);
+    const auto paintPicture = [a](UXPainter* on) {
+        on->setColor({1 << 30, -(1 << 30), 7, a});
+        on->addRectanglePath(0, 0, a, a);
         on->fill();
     };
     picture.registerPaintAction(paintPicture, {4, 2});
-    p.setColor({1, 2, 3, 0.5});
-    for (const bool isMoved : {false, true}) {
-        const UXPainterState state(p);
-        if (isMoved) {
-            p.translate(v, other);
-            p.rotate(v);
-            p.scale(other, v);
-        }
-        p.setColor({1, 2, 3, v});
-        p.setLineWidth(v);
-        p.setLineDash({other, v}, v);
-        p.addCircleArcPath(other, 0, v, other, v);
-        p.joinCircleArcPath(0, 0, other, v, other);
-        p.addCubicCurvePath(v, other, other, v, 1, 1);
-        p.addRelativeLinePath(v, 0);
-        p.addRectanglePath(0, v, v, other);
-        p.translatePath(v, other);
-        p.rotatePath(v);
-        p.scalePath(v, other);
-        p.strokePreserve();
-        p.fillPreserve();
-        p.clip();
-        p.drawRects(std::vector<UXDoubleRect>{{v, 0, other, 1}, {0, 0, v, v}});
-        p.drawHorizontalLines(std::vector<double>{v, 1}, other, v, v);
-        p.drawPolyline(std::vector<UXDoublePoint>{{v, 0}, {0, other}, {other, v}});
-        p.drawMarks(std::vector<UXDoublePoint>{{v, 0}, {0, other}}, v);
-        p.beginLinearGradientPattern(v, other, 0, v, UXSourceOperator::None);
-        p.addGradientPatternColorStop({1, 2, 3, v}, v);
-        p.endPattern();
-        p.usePattern();
-        p.drawText("text", {v, 0, other, 20}, UXTextProperty{});
-        p.drawText("a long text", {0, other, v, 20}, UXFont{}, UXTextAlign::Right, UXTextOption::EllipsisEnd,
-                   1);
-        p.drawImage(&image, {v, 0, other, 1}, other);
-        p.drawPicture(&picture, {0, v, other, other}, v);
-        p.drawMaskedPicture(&picture, &image, {other, v, 5, other});
-        p.drawCompositedPicture(&picture, &picture, {other, other, other, v}, UXCompositionMode::Xor);
-        p.drawMasked([&](UXPainter* on) { on->drawPicture(&picture, UXDoublePoint(v, 0), 1); }, nullptr,
-                     {0, 0, v, other});
-    }
+    const std::vector<UXDoublePoint> points{{a, 0}, {NAN, 0}, {0, b}, {b, a}};
+    const auto layer = [&](UXPainter* on) { on->drawMarks(points, a); };
+
+    const UXPainterState state(p);
+    p.setColor({1, 2, 3, a});
+    p.setLineWidth(a);
+    p.setLineCap(UXLineCapStyle::Round);
+    p.setLineJoin(UXLineJoinStyle::Bevel);
+    p.setLineDash(UXLineDashStyle::DashDot);
+    p.setLineDash({1, b});
+    p.setLineDash({b, a}, a);
+    p.setFillRule(UXFillRule::EvenOdd);
+    p.setAntialias(UXAntialiasStyle::None);
+    p.setCompositionMode(UXCompositionMode::Multiply);
+    p.setStartPoint(0, -0.0);
+    p.addLinePath(a, b);
+    p.addLinePath(a, 2, b, 4);
+    p.addRelativeLinePath(a, 0);
+    p.addRectanglePath(0, a, a, b);
+    p.addRectanglePath({5, a, b, 8});
+    p.addCircleArcPath(b, 0, a, b, a);
+    p.joinCircleArcPath(0, 0, b, a, b);
+    p.addCubicCurvePath(a, b, b, a, 1, 1);
+    p.startNewSubPath();
+    p.closePath();
+    p.translatePath(a, b);
+    p.rotatePath(a);
+    p.scalePath(a, b);
+    p.strokePreserve();
+    p.fillPreserve();
+    p.stroke();
+    p.drawRects(std::vector<UXDoubleRect>{{a, 0, b, 1}, {0, 0, 0, 10}, {0, 0, a, a}});
+    p.drawHorizontalLines(std::vector<double>{a, 1}, b, a, a);
+    p.drawPolyline(points);
+    p.drawMarks(points, a);
+    p.beginLinearGradientPattern(a, b, 0, a, UXSourceOperator::None);
+    p.addGradientPatternColorStop({1, 2, 3, a}, a);
+    p.endPattern();
+    p.usePattern();
+    p.fill();
+    p.drawText("a \"b\"\n\x01", {a, 0, b, 20}, UXTextProperty{});
+    p.drawText("a long \xc3\xa9", {0, b, a, 20}, UXFont{}, UXTextAlign::Right, UXTextOption::EllipsisEnd, 1);
+    p.drawImage(&image, {a, 0, b, 1}, b);
+    p.drawImage(&image, UXDoublePoint(a, b), 1);
+    p.drawPicture(&picture, {0, a, b, b}, a);
+    p.drawPicture(&picture, UXDoublePoint(a, b), 1);
+    p.drawMaskedPicture(&picture, &image, {b, a, 5, b});
+    p.drawMaskedPicture(&picture, &picture, UXDoublePoint(a, b));
+    p.drawMasked(layer, nullptr, {0, 0, a, b});
+    p.drawCompositedPicture(&picture, &picture, {b, b, b, a}, UXCompositionMode::Xor);
+    p.drawComposited(layer, nullptr, {0, 0, b, a}, UXCompositionMode::Screen);
+    p.addRectanglePath(0, 0, a, b);
+    p.clipPreserve();
+    p.clip();
+    p.drawRects(std::vector<UXDoubleRect>{{0, 0, a, b}});
+}
+
+/** Draws everything, and once more turned, moved and scaled by the numbers. */
+inline void uxDrawWithNumbers(UXPainter& p, double a, double b)
+{
+    uxDrawEverything(p, a, b);
+    const UXPainterState state(p);
+    p.translate(a, b);
+    p.rotate(a);
+    p.scale(b, a);
+    uxDrawEverything(p, a, b);
 }

@@ -25,20 +25,15 @@ public:
     }
 };
 
-UXEvent makeKey(UXKeyCode code)
+UXEvent makeKey(UXKeyCode code, const std::string& text = "")
 {
     UXEvent event;
     event.setKeyCode(static_cast<int>(code));
-    return event;
-}
-
-UXEvent makeTyped(const std::string& text)
-{
-    UXEvent event;
-    event.setKeyCode(1000);
     event.setKeyText(text);
     return event;
 }
+
+UXEvent makeTyped(const std::string& text) { return makeKey(static_cast<UXKeyCode>(1000), text); }
 
 } // namespace
 

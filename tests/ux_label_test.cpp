@@ -1,23 +1,14 @@
 #include "ux/ux_label.h"
 
-#include "ux/ux_paint_config.h"
 #include "ux/ux_panel.h"
-#include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace {
-
-std::string record(UXObject& object)
-{
-    UXRecordingPaintConfig config;
-    object.paint(&config, object.getBoundingRect());
-    return config.getRecording().getText();
-}
 
 TEST(UXLabel, TakesTheSizeOfItsText)
 {
@@ -34,7 +25,7 @@ TEST(UXLabel, TakesTheSizeOfItsText)
         {"upright again", "abc", 180, {17, 12}},
         {"on its side", "abcd", 90, {12, 22}},
         {"half way", "abcd", 45, {24, 24}},
-        {"no angle at all", "abc", std::numeric_limits<double>::quiet_NaN(), {17, 11}},
+        {"no angle at all", "abc", NAN, {17, 11}},
     };
     const UXFixedMeasurer measurer;
     for (const Case& c : cases) {
@@ -74,15 +65,15 @@ TEST(UXLabel, PaintsGroundBorderAndText)
     const UXFixedMeasurer measurer;
     UXLabel label;
     label.setRect(UXRect(10, 10, 60, 20));
-    EXPECT_EQ(record(label).find("drawText"), std::string::npos) << "an empty label draws no text";
+    EXPECT_EQ(uxPaintToText(label).find("drawText"), std::string::npos) << "an empty label draws no text";
     label.setText("text");
-    EXPECT_NE(record(label).find("drawText"), std::string::npos);
-    EXPECT_EQ(record(label).find("fill"), std::string::npos);
+    EXPECT_NE(uxPaintToText(label).find("drawText"), std::string::npos);
+    EXPECT_EQ(uxPaintToText(label).find("fill"), std::string::npos);
     label.setBackgroundColor(UXColor(1, 2, 3));
     label.setShowBorder(true);
     label.setDrawRoundRect(true);
     label.setRotation(30);
-    const std::string text = record(label);
+    const std::string text = uxPaintToText(label);
     EXPECT_LT(text.find("fill"), text.find("stroke"));
     EXPECT_LT(text.find("stroke"), text.find("rotate 30"));
     EXPECT_LT(text.find("rotate 30"), text.find("drawText"));
@@ -100,7 +91,7 @@ TEST(UXPanel, PlacesAndClipsItsChildrenInsideItsPadding)
     panel.setRect(UXRect(0, 0, 100, 50));
     panel.layout();
     EXPECT_EQ(child->getRect(), UXRect(5, 6, 88, 36));
-    EXPECT_NE(record(panel).find("drawText"), std::string::npos);
+    EXPECT_NE(uxPaintToText(panel).find("drawText"), std::string::npos);
     UXRecordingPaintConfig config;
     panel.paint(&config, UXRect(0, 0, 100, 6));
     EXPECT_EQ(config.getRecording().getText().find("drawText"), std::string::npos)

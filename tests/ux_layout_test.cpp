@@ -1,5 +1,4 @@
 #include "ux/ux_assert.h"
-#include "ux/ux_diagram.h"
 #include "ux/ux_object.h"
 #include "ux/ux_object_watcher.h"
 
@@ -17,8 +16,6 @@ public:
     int layouts = 0;
     int marks = 0;
     std::function<void()> whenLaidOut;
-
-    void paintLater() { addDirtyRect({0, 0, 1, 1}); }
 
 protected:
     void requireLayoutMarked() override { ++marks; }

@@ -201,10 +201,8 @@ public:
     void customSerialize() override { serializeObjectWeakRef("m_part", part); }
     bool customDeserialize() override
     {
-        return deserializeObjectWeakRef("m_part", [this](UXJsonObject* found) {
-            part = dynamic_cast<UXObject*>(found);
-            return true;
-        });
+        return deserializeObjectWeakRef(
+            "m_part", [this](UXJsonObject* found) { return part = dynamic_cast<UXObject*>(found), true; });
     }
 };
 
@@ -234,7 +232,11 @@ TEST(UXObjectJson, RefersToObjectsInsideByTheirPlace)
     UXObject stranger;
     root.part = &stranger;
     const std::string lost = root.serialize();
+    root.part = nullptr;
+    const std::string none = root.serialize();
     root.part = b;
-    root.deserialize(lost);
-    EXPECT_NE(root.part, &stranger) << "what is not inside cannot be found again";
+    EXPECT_FALSE(root.deserialize(lost));
+    EXPECT_EQ(root.part, b) << "what is not inside cannot be found again";
+    EXPECT_TRUE(root.deserialize(none));
+    EXPECT_EQ(root.part, nullptr);
 }

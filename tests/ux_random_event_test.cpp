@@ -5,6 +5,7 @@
 #include "ux/ux_global_event_diagram.h"
 #include "ux/ux_global_smooth_scrolling_event_diagram.h"
 #include "ux/ux_virtual_scroll_view.h"
+#include "ux_event_probe.h"
 
 #include <gtest/gtest.h>
 
@@ -13,53 +14,11 @@
 #include <memory>
 #include <random>
 #include <set>
+#include <string>
 #include <tuple>
 #include <vector>
 
 namespace {
-
-class RandomTree;
-
-/** Lets its tree act whenever an event reaches it. */
-class RandomObject : public UXObject {
-public:
-    RandomObject(RandomTree& tree, int serial) : m_tree(&tree), m_serial(serial) {}
-
-    bool handles = false, stops = false, accepts = true, forwards = false;
-
-    int getSerial() const { return m_serial; }
-    bool hasPointerState() const
-    {
-        return getMousePressing() || getMouseOvering() || getMouseDragging() || getMouseDraggingOver();
-    }
-    bool shouldForwardEventToNeighbors(const UXEvent&) override { return forwards; }
-    bool shouldTriggerMouseDown(const UXEvent&) override { return accepts; }
-    bool shouldTriggerMouseEnter(const UXEvent&) override { return accepts; }
-
-#define RANDOM_HANDLER(Name) \
-    bool custom##Name(const UXEvent& event, bool& stop) override { return reach(event, stop); }
-    RANDOM_HANDLER(MouseDown)
-    RANDOM_HANDLER(MouseMove)
-    RANDOM_HANDLER(MouseUp)
-    RANDOM_HANDLER(MouseEnter)
-    RANDOM_HANDLER(MouseLeave)
-    RANDOM_HANDLER(MouseWheel)
-    RANDOM_HANDLER(MouseDoubleClick)
-    RANDOM_HANDLER(MouseDragging)
-    RANDOM_HANDLER(MouseDrop)
-    RANDOM_HANDLER(MouseDragEnter)
-    RANDOM_HANDLER(MouseDragOver)
-    RANDOM_HANDLER(MouseDragLeave)
-    RANDOM_HANDLER(KeyDown)
-    RANDOM_HANDLER(KeyUp)
-#undef RANDOM_HANDLER
-
-private:
-    bool reach(const UXEvent& event, bool& stop);
-
-    RandomTree* m_tree;
-    int m_serial;
-};
 
 /** Two controls, a diagram and its global diagrams, all of which may go and come back in any callback. */
 class RandomTree {
@@ -97,23 +56,23 @@ public:
         m_controls[0]->mouseLeave({-500, -500}, leaving);
         m_acting = true;
         for (const UXObjectWatcher& watcher : m_objects) {
-            const auto* object = dynamic_cast<RandomObject*>(watcher.getObject());
+            const auto* object = dynamic_cast<UXEventProbe*>(watcher.getObject());
             if (object && object->hasPointerState())
                 return false;
         }
         return true;
     }
 
-    void reach(RandomObject& object, const UXEvent& event)
+private:
+    void reach(UXEventProbe& object, const UXEvent& event)
     {
         ++m_reached;
         ++m_types[event.getEventType()];
-        const bool inTree = (m_diagram && object.hasParent(m_diagram.get())) ||
-                            (m_above && object.hasParent(m_above.get()));
+        const bool inTree = (m_diagram && object.hasParent(m_diagram.get())) || isAbove(object);
         EXPECT_TRUE(inTree || !m_acting);
         // The leaves of a cancelled press belong to no event that was sent.
         EXPECT_TRUE(!event.getDragData() ||
-                    m_delivered.emplace(event.getDragData(), event.getEventType(), object.getSerial()).second)
+                    m_delivered.emplace(event.getDragData(), event.getEventType(), object.getName()).second)
             << "the same event twice, type " << static_cast<int>(event.getEventType());
         if (!m_acting)
             return;
@@ -123,7 +82,8 @@ public:
             mutate();
     }
 
-private:
+    bool isAbove(const UXObject& object) const { return m_above && object.hasParent(m_above.get()); }
+
     void replaceWhatIsGone()
     {
         if (!m_context)
@@ -149,10 +109,8 @@ private:
 
     UXObject* pick()
     {
-        return m_objects.empty()
-                   ? nullptr
-                   : m_objects[static_cast<std::size_t>(below(static_cast<int>(m_objects.size())))]
-                         .getObject();
+        const int count = static_cast<int>(m_objects.size());
+        return count == 0 ? nullptr : m_objects[static_cast<std::size_t>(below(count))].getObject();
     }
 
     void send()
@@ -190,14 +148,13 @@ private:
     void post(const UXEvent& event)
     {
         const auto action = [this] { mutate(); };
-        switch (below(3)) {
-        case 0:
-            return event.postAction(action);
-        case 1:
-            return m_controls[0] ? m_controls[0]->postAction(action) : void();
-        default:
-            return m_context && m_diagram ? m_context->postAction(m_diagram.get(), action) : void();
-        }
+        const int choice = below(3);
+        if (choice == 0)
+            event.postAction(action);
+        else if (choice == 1 && m_controls[0])
+            m_controls[0]->postAction(action);
+        else if (m_context && m_diagram)
+            m_context->postAction(m_diagram.get(), action);
     }
 
     void add()
@@ -213,7 +170,8 @@ private:
             view->setContentHeight(below(1000));
             made = view;
         } else {
-            auto* object = new RandomObject(*this, ++m_serial);
+            auto* object = new UXEventProbe(std::to_string(++m_serial));
+            object->whenReached = [this, object](const UXEvent& event) { reach(*object, event); };
             object->handles = below(4) == 0;
             object->stops = below(16) == 0;
             object->accepts = below(8) != 0;
@@ -231,33 +189,27 @@ private:
         UXObject* object = pick();
         if (!object || (m_objects.size() < 24 && below(4) == 0))
             return add();
-        switch (below(11)) {
-        case 0:
-        case 1:
+        const int choice = below(11);
+        if (choice < 2) {
             delete object;
-            return;
-        case 2:
+        } else if (choice == 2 && m_diagram && !isAbove(*object)) {
             // What moves down from a global diagram may see an event there and here.
-            return m_diagram && !(m_above && object->hasParent(m_above.get())) ? m_diagram->addChild(object)
-                                                                               : void();
-        case 3:
-            return object->setVisible(below(4) != 0);
-        case 4:
-            return object->bringToFront();
-        case 5:
-            return object->setRect({below(60), below(60), below(90), below(90)});
-        case 6:
-            return m_diagram ? m_diagram->layout() : void();
-        case 7:
-            return m_diagram ? m_diagram->cancelPress() : void();
-        case 8:
-            return destroyOneOfTheRoots();
-        case 9:
-            return object->setParent(nullptr);
-        default:
-            break;
-        }
-        if (m_depth < 3) {
+            m_diagram->addChild(object);
+        } else if (choice == 3) {
+            object->setVisible(below(4) != 0);
+        } else if (choice == 4) {
+            object->bringToFront();
+        } else if (choice == 5) {
+            object->setRect({below(60), below(60), below(90), below(90)});
+        } else if (choice == 6 && m_diagram) {
+            m_diagram->layout();
+        } else if (choice == 7 && m_diagram) {
+            m_diagram->cancelPress();
+        } else if (choice == 8) {
+            destroyOneOfTheRoots();
+        } else if (choice == 9) {
+            object->setParent(nullptr);
+        } else if (m_depth < 3) {
             ++m_depth;
             send();
             --m_depth;
@@ -266,20 +218,17 @@ private:
 
     void destroyOneOfTheRoots()
     {
-        switch (below(40)) {
-        case 0:
-            return m_diagram.reset();
-        case 1:
-            return m_context.reset();
-        case 2:
-            return m_above.reset();
-        case 3:
-            return m_scrolling.reset();
-        case 4:
-            return m_controls[below(2)].reset();
-        default:
-            return;
-        }
+        const int choice = below(40);
+        if (choice == 0)
+            m_diagram.reset();
+        else if (choice == 1)
+            m_context.reset();
+        else if (choice == 2)
+            m_above.reset();
+        else if (choice == 3)
+            m_scrolling.reset();
+        else if (choice == 4)
+            m_controls[below(2)].reset();
     }
 
     std::mt19937 m_random;
@@ -289,7 +238,7 @@ private:
     std::unique_ptr<UXDiagram> m_diagram;
     std::unique_ptr<UXControl> m_controls[2];
     std::vector<UXObjectWatcher> m_objects;
-    std::set<std::tuple<void*, UXEventType, int>> m_delivered;
+    std::set<std::tuple<void*, UXEventType, std::string>> m_delivered;
     std::map<UXEventType, int> m_types;
     std::intptr_t m_eventNumber = 0;
     std::int64_t m_now = 0;
@@ -297,15 +246,6 @@ private:
     int m_serial = 0, m_depth = 0;
     bool m_acting = true;
 };
-
-bool RandomObject::reach(const UXEvent& event, bool& stop)
-{
-    // The tree may destroy this object.
-    stop = stops;
-    const bool handled = handles;
-    m_tree->reach(*this, event);
-    return handled;
-}
 
 class UXRandomEvents : public testing::TestWithParam<unsigned> {};
 

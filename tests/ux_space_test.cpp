@@ -29,27 +29,25 @@ namespace {
  * root > d */
 struct Tree {
     UXObject root;
-    UXObject* a = new UXObject;
-    UXObject* b = new UXObject;
-    UXObject* c = new UXObject;
-    UXObject* d = new UXObject;
+    UXObject *a = add(root, {10, 20, 100, 100}), *b = add(*a, {5, 6, 50, 50}), *c = add(*b, {1, 1, 10, 10}),
+             *d = add(root, {-7, 8, 10, 10});
     UXSpace space;
 
     Tree()
     {
-        root.addChild(a);
-        a->addChild(b);
-        b->addChild(c);
-        root.addChild(d);
         root.setRect({1000, 1000, 500, 500});
-        a->setRect({10, 20, 100, 100});
-        b->setRect({5, 6, 50, 50});
-        c->setRect({1, 1, 10, 10});
-        d->setRect({-7, 8, 10, 10});
         space.setRelativeOrigin({3, 4});
         space.setXScale(2);
         space.setYScale(3);
         a->setSpace(&space);
+    }
+
+    static UXObject* add(UXObject& parent, const UXRect& rect)
+    {
+        auto* made = new UXObject;
+        parent.addChild(made);
+        made->setRect(rect);
+        return made;
     }
 };
 

@@ -1,9 +1,9 @@
 #include "ux/ux_painter.h"
-#include "ux/ux_painter_state.h"
 #include "ux/ux_recording_painter.h"
 #include "ux/ux_svg_paint_config.h"
 #include "ux/ux_utf8.h"
 #include "ux_hostile_drawing.h"
+#include "ux_odd_locale.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,6 @@
 #include <cctype>
 #include <cmath>
 #include <limits>
-#include <locale>
 #include <set>
 #include <sstream>
 #include <string_view>
@@ -115,91 +114,56 @@ TEST(UXSvgPainter, WritesWhatIsDrawn)
     const Case cases[] = {
         {"filled rectangle, translucent",
          [](UXPainter& p) {
-             p.setColor({300, -5, 16, 0.25});
-             p.addRectanglePath(1, 2, 3.5, 4);
-             p.fill();
+             p.setColor({300, -5, 16, 0.25}), p.addRectanglePath(1, 2, 3.5, 4), p.fill();
          },
          "<path d=\"M1 2H4.5V6H1Z\" fill=\"#ff0010\" fill-opacity=\"0.25\"/>\n"},
         {"what is not finite leaves things as they are",
          [](UXPainter& p) {
-             p.setColor({1, 2, 3});
-             p.setColor({0, 0, 0, NAN});
-             p.setLineDash({1, 2}, 3);
-             p.setLineDash({NAN}, 0);
-             p.setLineDash({5}, INFINITY);
+             p.setColor({1, 2, 3}), p.setColor({0, 0, 0, NAN});
+             p.setLineDash({1, 2}, 3), p.setLineDash({NAN}, 0), p.setLineDash({5}, INFINITY);
              p.beginLinearGradientPattern(0, 0, INFINITY, 0, UXSourceOperator::Pad);
-             p.addGradientPatternColorStop({9, 9, 9}, 0);
-             p.endPattern();
-             p.usePattern();
-             p.addRectanglePath(0, 0, 5, 5);
-             p.addLinePath(NAN, 1);
-             p.fill();
-             p.addLinePath(0, 0, 1, 2);
-             p.stroke();
+             p.addGradientPatternColorStop({9, 9, 9}, 0), p.endPattern(), p.usePattern();
+             p.addRectanglePath(0, 0, 5, 5), p.addLinePath(NAN, 1), p.fill();
+             p.addLinePath(0, 0, 1, 2), p.stroke();
          },
          "<path d=\"M0 0L1 2\" fill=\"none\" stroke=\"#010203\" stroke-width=\"1\" stroke-dasharray=\"1 2\" "
          "stroke-dashoffset=\"3\"/>\n"},
         {"the path is forgotten, or kept",
          [](UXPainter& p) {
-             p.addLinePath(0, 0, 1.23456, 2);
-             p.strokePreserve();
-             p.setFillRule(UXFillRule::EvenOdd);
-             p.fill();
-             p.fill();
+             p.addLinePath(0, 0, 1.23456, 2), p.strokePreserve();
+             p.setFillRule(UXFillRule::EvenOdd), p.fill(), p.fill();
          },
          "<path d=\"M0 0L1.235 2\" fill=\"none\" stroke=\"#000000\" stroke-width=\"1\"/>\n"
          "<path d=\"M0 0L1.235 2\" fill=\"#000000\" fill-rule=\"evenodd\"/>\n"},
         {"pen",
          [](UXPainter& p) {
-             p.scale(2, 2);
-             p.setLineWidth(1.5);
-             p.setLineCap(UXLineCapStyle::Round);
-             p.setLineJoin(UXLineJoinStyle::Bevel);
-             p.setLineDash({1, 2}, 3);
-             p.setAntialias(UXAntialiasStyle::None);
-             p.setCompositionMode(UXCompositionMode::Multiply);
-             p.addLinePath(0, 0, 1, 2);
-             p.stroke();
+             p.scale(2, 2), p.setLineWidth(1.5), p.setLineDash({1, 2}, 3);
+             p.setLineCap(UXLineCapStyle::Round), p.setLineJoin(UXLineJoinStyle::Bevel);
+             p.setAntialias(UXAntialiasStyle::None), p.setCompositionMode(UXCompositionMode::Multiply);
+             p.addLinePath(0, 0, 1, 2), p.stroke();
          },
          "<path d=\"M0 0L2 4\" fill=\"none\" stroke=\"#000000\" stroke-width=\"3\" stroke-linecap=\"round\" "
          "stroke-linejoin=\"bevel\" stroke-dasharray=\"2 4\" stroke-dashoffset=\"6\" "
-         "shape-rendering=\"crispEdges\" "
-         "style=\"mix-blend-mode:multiply\"/>\n"},
+         "shape-rendering=\"crispEdges\" style=\"mix-blend-mode:multiply\"/>\n"},
         {"moved, relative and broken-off parts",
          [](UXPainter& p) {
-             p.addRelativeLinePath(9, 9);
-             p.setStartPoint(1, 1);
-             p.scale(2, 2);
-             p.addRelativeLinePath(1, 2);
-             p.startNewSubPath();
-             p.addRelativeLinePath(9, 9);
-             p.addLinePath(10, 10);
-             p.addCubicCurvePath(1, 2, 3, 4, 5, 6);
-             p.closePath();
-             p.translatePath(1, 0);
-             p.addLinePath(0, 0);
-             p.fill();
+             p.addRelativeLinePath(9, 9), p.setStartPoint(1, 1), p.scale(2, 2), p.addRelativeLinePath(1, 2);
+             p.startNewSubPath(), p.addRelativeLinePath(9, 9), p.addLinePath(10, 10);
+             p.addCubicCurvePath(1, 2, 3, 4, 5, 6), p.closePath(), p.translatePath(1, 0);
+             p.addLinePath(0, 0), p.fill();
          },
          "<path d=\"M3 1L5 5M22 20C4 4 8 8 12 12ZL0 0\" fill=\"#000000\"/>\n"},
         {"state saved and restored, once too often",
          [](UXPainter& p) {
-             {
-                 const UXPainterState state(p);
-                 p.setColor({255, 0, 0});
-                 p.translate(5, 5);
-             }
-             p.restoreState();
-             p.restoreState();
-             p.addLinePath(1, 1, 2, 1);
-             p.fill();
+             p.saveState(), p.setColor({255, 0, 0}), p.translate(5, 5);
+             p.restoreState(), p.restoreState(), p.restoreState();
+             p.addLinePath(1, 1, 2, 1), p.fill();
          },
          "<path d=\"M1 1H2\" fill=\"#000000\"/>\n"},
         {"rectangles share a path unless they show through",
          [](UXPainter& p) {
              const std::vector<UXDoubleRect> rects{{0.2, 0, 2, 2}, {1, 1, 0, 2}, {1, 1, 0.1, 0.1}};
-             p.drawRects(rects);
-             p.setColor({0, 0, 0, 0.5});
-             p.drawRects(rects);
+             p.drawRects(rects), p.setColor({0, 0, 0, 0.5}), p.drawRects(rects);
          },
          "<path d=\"M0 0H2V2H0ZM1 1H2V2H1Z\" fill=\"#000000\"/>\n"
          "<path d=\"M0 0H2V2H0Z\" fill=\"#000000\" fill-opacity=\"0.5\"/>\n"
@@ -268,14 +232,8 @@ TEST(UXSvgPainter, HostileNumbersDrawSomethingSane)
 
 TEST(UXSvgPaintConfig, SameDrawingSameBytesInAnyLocale)
 {
-    struct Grouping : std::numpunct<char> {
-        char do_decimal_point() const override { return ','; }
-        char do_thousands_sep() const override { return '.'; }
-        std::string do_grouping() const override { return "\1"; }
-    };
     const Draw draw = [](UXPainter& p) {
-        p.addRectanglePath(1234.5, 0, 10000, 10);
-        p.fill();
+        p.addRectanglePath(1234.5, 0, 10000, 10), p.fill();
         p.drawText("a", {0, 0, 50, 20}, UXTextProperty{});
     };
     UXSvgPaintConfig config({1000, 500});
@@ -285,7 +243,8 @@ TEST(UXSvgPaintConfig, SameDrawingSameBytesInAnyLocale)
 
     const std::string svg = config.getSvg();
     std::ostringstream out;
-    out.imbue(std::locale(std::locale::classic(), new Grouping));
+    const UXOddLocale locale;
+    out.imbue(UXOddLocale::make());
     EXPECT_TRUE(config.write(out));
     EXPECT_EQ(out.str(), svg);
     EXPECT_EQ(paint(draw, {1000, 500}), svg);
