@@ -14,12 +14,9 @@ namespace {
 UXTextProperty makeProperty(int size, UXTextAlign align = UXTextAlign::Left,
                             UXTextOption option = UXTextOption::Default, int lineMode = 2)
 {
-    UXTextProperty property;
-    property.font.size = size;
-    property.align = align;
-    property.option = option;
-    property.lineMode = lineMode;
-    return property;
+    UXFont font;
+    font.size = size;
+    return {font, align, option, lineMode, UXColor()};
 }
 
 UXDoubleSize measure(const std::string& text, const UXTextProperty& property, double widthLimit = -1)

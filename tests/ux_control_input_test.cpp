@@ -120,13 +120,12 @@ TEST_F(UXControlInput, ARespondingObjectAsksForAMenuOrKeepsTheZoom)
     });
     object->registerEventResponder(UXEventResponderType::Zoom, {UXEventKey::Ctrl},
                                    [](const UXEvent&) { return true; });
-    UXEvent right = UXEvent();
+    UXEvent right, zoom;
     right.addEventKey(UXEventKey::RightButton);
     click(15, right);
     click(90, right);
     EXPECT_EQ(control.log, "event event menu15 posted event event ");
 
-    UXEvent zoom = UXEvent();
     zoom.setMousePoint({15, 15});
     zoom.addEventKey(UXEventKey::Ctrl);
     control.zoomIn(true, zoom);
@@ -149,11 +148,10 @@ TEST_F(UXControlInput, AGlobalDiagramThatKeepsAMoveTakesTheHoverAndIsPaintedAbov
     cover->setRect({0, 0, 20, 20});
     cover->registerEventHandler(UXEventType::MouseMove, [](const UXEvent&) { return true; });
     std::string log;
-    const auto note = [&](const char* text) {
-        return [&log, text](const UXEvent&) { return log += text, false; };
-    };
-    object->registerEventHandler(UXEventType::MouseEnter, note("in "));
-    object->registerEventHandler(UXEventType::MouseLeave, note("out "));
+    for (const UXEventType type : {UXEventType::MouseEnter, UXEventType::MouseLeave})
+        object->registerEventHandler(type, [&log, type](const UXEvent&) {
+            return log += type == UXEventType::MouseEnter ? "in " : "out ", false;
+        });
     control.mouseMove({25, 25}, UXEvent());
     control.mouseMove({15, 15}, UXEvent());
     EXPECT_EQ(log, "in out ");
@@ -255,8 +253,7 @@ TEST_F(UXControlInput, AUseCaseDiagramPaintsItsSourceAndFollowsIt)
     made.setUseCaseZoomRatio(0.5);
     made.setUseCaseOrigin({7, 0});
     const std::string text = uxPaintToText(made);
-    EXPECT_NE(text.find("scale 0.5,0.5"), std::string::npos) << text;
-    EXPECT_NE(text.find("255,0,0"), std::string::npos) << text;
+    EXPECT_EQ(uxFindMissing(text, {"scale 0.5,0.5", "255,0,0"}), "") << text;
 
     made.clearDirtyRect();
     object->invalidate();

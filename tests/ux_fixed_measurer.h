@@ -2,8 +2,6 @@
 
 #include "ux/ux_text_measurer.h"
 
-#include <cstdint>
-
 /** While it stands, every byte of a text is half its font size wide and every line as high as the font size,
  * so that a test can say what a layout has to be. It counts how often it is asked. */
 class UXFixedMeasurer : public UXTextMeasurer {

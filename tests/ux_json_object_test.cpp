@@ -18,9 +18,11 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cfloat>
+#include <climits>
 #include <cmath>
+#include <cstdint>
 #include <functional>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <random>
@@ -29,8 +31,6 @@
 #include <vector>
 
 namespace {
-
-constexpr double c_max = (std::numeric_limits<double>::max)();
 
 /** Writes and reads whatever a test wants. */
 class Scripted : public UXJsonObject {
@@ -122,19 +122,16 @@ TEST(UXJsonObject, ReadersTakeTheirOwnTypeOnly)
         std::optional<double> asDouble;
         std::optional<std::string> asString;
     };
-    constexpr int c_intMax = (std::numeric_limits<int>::max)(), c_intMin = (std::numeric_limits<int>::min)();
-    constexpr std::int64_t c_longMax = (std::numeric_limits<std::int64_t>::max)();
-    constexpr std::int64_t c_longMin = (std::numeric_limits<std::int64_t>::min)();
     const Case cases[] = {
         {"truth", "true", true, {}, {}, {}, {}},
         {"integer", "-12", {}, -12, -12, -12.0, {}},
         {"an integer is no truth", "1", {}, 1, 1, 1.0, {}},
-        {"beyond 32 bits", "5000000000", {}, c_intMax, 5000000000, 5e9, {}},
-        {"below 32 bits", "-5000000000", {}, c_intMin, -5000000000, -5e9, {}},
-        {"64 bits", "9223372036854775807", {}, c_intMax, c_longMax, 9223372036854775807.0, {}},
-        {"unsigned 64 bits", "18446744073709551615", {}, c_intMax, c_longMax, 18446744073709551615.0, {}},
-        {"beyond 64 bits", "100000000000000000000000", {}, c_intMax, c_longMax, 1e23, {}},
-        {"below 64 bits", "-100000000000000000000000", {}, c_intMin, c_longMin, -1e23, {}},
+        {"beyond 32 bits", "5000000000", {}, INT_MAX, 5000000000, 5e9, {}},
+        {"below 32 bits", "-5000000000", {}, INT_MIN, -5000000000, -5e9, {}},
+        {"64 bits", "9223372036854775807", {}, INT_MAX, INT64_MAX, 9223372036854775807.0, {}},
+        {"unsigned 64 bits", "18446744073709551615", {}, INT_MAX, INT64_MAX, 18446744073709551615.0, {}},
+        {"beyond 64 bits", "100000000000000000000000", {}, INT_MAX, INT64_MAX, 1e23, {}},
+        {"below 64 bits", "-100000000000000000000000", {}, INT_MIN, INT64_MIN, -1e23, {}},
         {"fraction", "1.5", {}, {}, {}, 1.5, {}},
         {"a whole fraction is no integer", "1.0", {}, {}, {}, 1.0, {}},
         {"an exponent is no integer", "1e2", {}, {}, {}, 100.0, {}},
@@ -161,7 +158,8 @@ TEST(UXJsonObject, ReadersTakeTheirOwnTypeOnly)
 TEST(UXJsonObject, DoublesReadBackBitForBitInAnyLocale)
 {
     const UXOddLocale locale;
-    std::vector<double> values{-0.0, 0.1, 1e22, 123456789, 9007199254740992, 2.5e-310, 5e-324, c_max, -c_max};
+    std::vector<double> values{-0.0,     0.1,    1e22,    123456789, 9007199254740992,
+                               2.5e-310, 5e-324, DBL_MAX, -DBL_MAX};
     std::mt19937_64 random(20260);
     while (values.size() < 3000) {
         const double value = std::bit_cast<double>(random());
@@ -182,7 +180,7 @@ TEST(UXJsonObject, WritesKeysInOrderAndValuesThatJsonCanSay)
         self.serializeString("m_z", "quote \" tab \t");
         self.serializeBool("m_a", true);
         self.serializeInt64("m_m", -5);
-        self.serializeInt64("m_l", (std::numeric_limits<std::int64_t>::min)());
+        self.serializeInt64("m_l", INT64_MIN);
         self.serializeDouble("m_whole", 2);
         self.serializeDouble("m_nan", NAN);
         self.serializeDouble("m_inf", -INFINITY);

@@ -74,9 +74,7 @@ TEST(UXLabel, PaintsGroundBorderAndText)
     label.setDrawRoundRect(true);
     label.setRotation(30);
     const std::string text = uxPaintToText(label);
-    EXPECT_LT(text.find("fill"), text.find("stroke"));
-    EXPECT_LT(text.find("stroke"), text.find("rotate 30"));
-    EXPECT_LT(text.find("rotate 30"), text.find("drawText"));
+    EXPECT_EQ(uxFindMissing(text, {"fill", "stroke", "rotate 30", "drawText"}), "") << text;
 }
 
 TEST(UXPanel, PlacesAndClipsItsChildrenInsideItsPadding)

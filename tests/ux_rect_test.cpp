@@ -1,20 +1,10 @@
 #include "ux/ux_rect_functions.h"
 
-#include "ux/ux_line.h"
-
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
-#include <limits>
-#include <set>
-
-namespace {
-
-constexpr int lowest = (std::numeric_limits<int>::min)();
-constexpr int highest = (std::numeric_limits<int>::max)();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
-} // namespace
+#include <cstdint>
 
 void PrintTo(const UXRect& rect, std::ostream* out)
 {
@@ -23,16 +13,16 @@ void PrintTo(const UXRect& rect, std::ostream* out)
 
 TEST(UXSaturate, StopsAtTheLimitsOfInt)
 {
-    EXPECT_EQ(uxSaturateToInt(2147483647.9), highest);
-    EXPECT_EQ(uxSaturateToInt(2147483646.9), highest - 1);
-    EXPECT_EQ(uxSaturateToInt(-2147483648.9), lowest);
-    EXPECT_EQ(uxSaturateToInt(1e300), highest);
-    EXPECT_EQ(uxSaturateToInt(-infinity), lowest);
-    EXPECT_EQ(uxSaturateToInt(std::nan("")), 0);
+    EXPECT_EQ(uxSaturateToInt(2147483647.9), INT_MAX);
+    EXPECT_EQ(uxSaturateToInt(2147483646.9), INT_MAX - 1);
+    EXPECT_EQ(uxSaturateToInt(-2147483648.9), INT_MIN);
+    EXPECT_EQ(uxSaturateToInt(1e300), INT_MAX);
+    EXPECT_EQ(uxSaturateToInt(-INFINITY), INT_MIN);
+    EXPECT_EQ(uxSaturateToInt(NAN), 0);
     EXPECT_EQ(uxSaturateToInt(-1.9), -1);
-    EXPECT_EQ(uxSaturateToInt(std::int64_t{highest} + 1), highest);
-    EXPECT_EQ(uxSaturateToInt(std::int64_t{lowest} - 1), lowest);
-    EXPECT_EQ(uxSaturateToInt((std::numeric_limits<std::uint64_t>::max)()), highest);
+    EXPECT_EQ(uxSaturateToInt(std::int64_t{INT_MAX} + 1), INT_MAX);
+    EXPECT_EQ(uxSaturateToInt(std::int64_t{INT_MIN} - 1), INT_MIN);
+    EXPECT_EQ(uxSaturateToInt(UINT64_MAX), INT_MAX);
 }
 
 TEST(UXRectFunctions, UnionAndIntersection)
@@ -49,8 +39,8 @@ TEST(UXRectFunctions, UnionAndIntersection)
         {"one empty, inside", {0, 0, 10, 10}, {5, 5, 0, 3}, {0, 0, 10, 10}, {}},
         {"one of negative width", {0, 0, 10, 10}, {5, 5, -3, 3}, {0, 0, 10, 10}, {}},
         {"both empty", {1, 1, 0, 0}, {2, 2, -1, 5}, {2, 2, -1, 5}, {}},
-        {"at both ends", {lowest, 0, 1, 1}, {highest - 1, 0, 1, 1}, {lowest, 0, highest, 1}, {}},
-        {"beyond the end", {5, 5, highest, highest}, {0, 0, 10, 10}, {0, 0, highest, highest}, {5, 5, 5, 5}},
+        {"at both ends", {INT_MIN, 0, 1, 1}, {INT_MAX - 1, 0, 1, 1}, {INT_MIN, 0, INT_MAX, 1}, {}},
+        {"beyond the end", {5, 5, INT_MAX, INT_MAX}, {0, 0, 10, 10}, {0, 0, INT_MAX, INT_MAX}, {5, 5, 5, 5}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -70,7 +60,7 @@ TEST(UXRectFunctions, HalfOpenContainment)
     EXPECT_FALSE(uxPointInRect({5, 10}, rect));
     EXPECT_FALSE(uxPointInRect({5, 5}, {10, 10, -10, -10}));
     EXPECT_TRUE(uxPointInDoubleRect({9.999, 0}, rect));
-    EXPECT_FALSE(uxPointInDoubleRect({std::nan(""), 0}, rect));
+    EXPECT_FALSE(uxPointInDoubleRect({NAN, 0}, rect));
 
     EXPECT_TRUE(uxContainsRect(rect, rect));
     EXPECT_FALSE(uxContainsRect(rect, {5, 5, 6, 1}));
@@ -90,8 +80,8 @@ TEST(UXRectFunctions, ShiftingKeepsTheSizeThatFits)
         {"too wide", {5, 5, 30, 3}, {1, 1, 10, 10}, {1, 5, 10, 3}},
         {"too large both ways", {5, 5, 30, 30}, {1, 2, 10, 10}, {1, 2, 10, 10}},
         {"empty bound", {5, 5, 30, 30}, {1, 2, -4, 0}, {1, 2, 0, 0}},
-        {"far away", {lowest, highest, 3, 3}, {0, 0, 10, 10}, {0, 7, 3, 3}},
-        {"bound at the end", {0, 0, 3, 3}, {highest - 2, 0, highest, 9}, {highest - 2, 0, 3, 3}},
+        {"far away", {INT_MIN, INT_MAX, 3, 3}, {0, 0, 10, 10}, {0, 7, 3, 3}},
+        {"bound at the end", {0, 0, 3, 3}, {INT_MAX - 2, 0, INT_MAX, 9}, {INT_MAX - 2, 0, 3, 3}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);

@@ -6,7 +6,6 @@
 
 #include <climits>
 #include <cmath>
-#include <memory>
 
 TEST(UXSpace, RefusesWhatCannotBeUndone)
 {

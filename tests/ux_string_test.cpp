@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cfloat>
+#include <climits>
 #include <cmath>
-#include <limits>
 
 TEST(UXString, NumbersInPlainDigits)
 {
@@ -12,7 +13,6 @@ TEST(UXString, NumbersInPlainDigits)
         int decimals;
         const char* expected;
     };
-    const double infinity = std::numeric_limits<double>::infinity();
     const Case cases[] = {
         {1234567.891, 2, "1234567.89"},
         {0.5, 0, "0"},
@@ -21,15 +21,15 @@ TEST(UXString, NumbersInPlainDigits)
         {-0.0, 0, "0"},
         {-0.006, 2, "-0.01"},
         {1, -3, "1"},
-        {std::nan(""), 2, "nan"},
-        {-infinity, 2, "-inf"},
+        {NAN, 2, "nan"},
+        {-INFINITY, 2, "-inf"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.expected);
         EXPECT_EQ(uxDoubleToString(c.value, c.decimals), c.expected);
     }
-    EXPECT_EQ(uxDoubleToString(-std::numeric_limits<double>::max(), 5000).size(), 1U + 309 + 1 + 100);
-    EXPECT_EQ(uxToString(std::numeric_limits<int>::min()), "-2147483648");
+    EXPECT_EQ(uxDoubleToString(-DBL_MAX, 5000).size(), 1U + 309 + 1 + 100);
+    EXPECT_EQ(uxToString(INT_MIN), "-2147483648");
     EXPECT_EQ(uxToString(static_cast<const char*>(nullptr)), "");
 }
 

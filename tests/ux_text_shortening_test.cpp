@@ -23,17 +23,12 @@ TEST(UXTextShortening, CutsBetweenCharactersAndKeepsAllThatFits)
     const Case cases[] = {
         {"fits exactly", "abcdef", UXTextOption::EllipsisEnd, 6, "abcdef"},
         {"does not cut", "abcdef", UXTextOption::Default, 2, "abcdef"},
-        {"end", "abcdef", UXTextOption::EllipsisEnd, 4, "abc\xE2\x80\xA6"},
-        {"start", "abcdef", UXTextOption::EllipsisStart, 4,
-         "\xE2\x80\xA6"
-         "def"},
-        {"middle", "abcdef", UXTextOption::EllipsisMiddle, 4,
-         "ab\xE2\x80\xA6"
-         "f"},
-        {"characters stay whole", "\xE9\x94\x80\xE5\x94\xAE\xE9\xA2\x9D", UXTextOption::EllipsisEnd, 2,
-         "\xE9\x94\x80\xE2\x80\xA6"},
-        {"no room", "abc", UXTextOption::EllipsisMiddle, 0, "\xE2\x80\xA6"},
-        {"invalid bytes", "\xff\xff\xff", UXTextOption::EllipsisEnd, 2, "\xff\xE2\x80\xA6"},
+        {"end", "abcdef", UXTextOption::EllipsisEnd, 4, "abc…"},
+        {"start", "abcdef", UXTextOption::EllipsisStart, 4, "…def"},
+        {"middle", "abcdef", UXTextOption::EllipsisMiddle, 4, "ab…f"},
+        {"characters stay whole", "销售额", UXTextOption::EllipsisEnd, 2, "销…"},
+        {"no room", "abc", UXTextOption::EllipsisMiddle, 0, "…"},
+        {"invalid bytes", "\xff\xff\xff", UXTextOption::EllipsisEnd, 2, "\xff…"},
         {"empty", "", UXTextOption::EllipsisEnd, 0, ""},
     };
     for (const Case& c : cases) {
