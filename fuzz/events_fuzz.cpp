@@ -8,11 +8,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     FuzzScene scene(input);
     for (int i = 0; i < 3; ++i)
         scene.addChart();
+    scene.addBoard();
     scene.paint();
     scene.makeHostAct();
     while (!input.isEmpty()) {
-        const int choice = input.takeBelow(16);
-        if (choice == 15)
+        const int choice = input.takeBelow(18);
+        if (choice == 17)
+            scene.drawSteps();
+        else if (choice == 16)
+            scene.changeBoard();
+        else if (choice == 15)
             scene.addChart();
         else if (choice == 14)
             scene.changeChart();
@@ -21,5 +26,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         else
             scene.sendEvent();
     }
+    scene.paintEverywhere();
     return 0;
 }

@@ -2,8 +2,10 @@
 
 #include "kx_axis_chart_data_user.h"
 #include "kx_interaction_color_effect.h"
+#include "kx_interaction_context_menu_default_effect.h"
 #include "kx_interaction_highlight_brightness_effect.h"
 #include "kx_interaction_highlight_color_pattern_effect.h"
+#include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_interaction_highlight_size_effect.h"
 #include "ux/ux_text_property.h"
 
@@ -68,7 +70,8 @@ std::string FuzzProvider::obtainValueDataString(KXChartDataUser*, const KXIndexP
 
 bool FuzzProvider::obtainValueDataColor(KXChartDataUser*, const KXIndexPath&, UXColor& color)
 {
-    color = UXColor(_ask().takeInt(), m_input.takeInt(), m_input.takeInt(), m_input.takeNumber());
+    // In braces, so that every compiler takes them in this order.
+    color = UXColor{_ask().takeInt(), m_input.takeInt(), m_input.takeInt(), m_input.takeNumber()};
     return m_input.takeBool();
 }
 
@@ -119,16 +122,79 @@ KXInteractionOperation FuzzProvider::obtainInteractionOperation(const std::vecto
                                                                 const KXInteractionEventInfo&)
 {
     KXInteractionOperation operation;
-    if (_ask().takeBool())
+    const int choice = _ask().takeByte();
+    if (choice % 2 != 0)
         operation.action = [this] { _ask(); };
+    if (choice >= 192) {
+        m_contextMenu = _takeEntries(2);
+        operation.contextMenu = &m_contextMenu;
+    }
     return operation;
+}
+
+std::vector<KXMenuEntry> FuzzProvider::_askForEntries(int depth)
+{
+    _ask();
+    return _takeEntries(depth);
+}
+
+KXMenuEntry FuzzProvider::_takeEntry(int depth)
+{
+    KXMenuEntry entry;
+    const int choice = m_input.takeByte();
+    entry.text = m_input.takeBool() ? m_input.takeText() : std::string("entry");
+    entry.icon = static_cast<KXMenuIcon>(choice % 16);
+    entry.enabled = choice % 5 != 0;
+    entry.checked = choice % 7 == 0;
+    entry.separator = choice % 11 == 0;
+    if (choice >= 160 && depth > 0)
+        entry.entries = _takeEntries(depth - 1);
+    else if (choice >= 64)
+        entry.action = [this] { _ask(); };
+    return entry;
+}
+
+std::vector<KXMenuEntry> FuzzProvider::_takeEntries(int depth)
+{
+    std::vector<KXMenuEntry> entries;
+    const int choice = m_input.takeBelow(16);
+    for (int count = choice == 15 ? 40 : choice % 8; count > 0; --count)
+        entries.push_back(_takeEntry(depth));
+    return entries;
+}
+
+KXChartToolboxMenuContext* FuzzProvider::obtainDataToolboxContext(KXChartDataUser*, KXChartDataPath*)
+{
+    m_strip.entries = _askForEntries(2);
+    return m_input.takeBelow(8) != 7 ? &m_strip : nullptr;
+}
+
+KXChartToolboxMenuContext* FuzzProvider::obtainDataDropDownMenuContext(KXChartDataUser*, KXChartDataPath*)
+{
+    m_dropDown.entries = _askForEntries(1);
+    return m_input.takeBelow(8) != 7 ? &m_dropDown : nullptr;
+}
+
+void* FuzzProvider::obtainDataRightClickContext(KXChartDataUser*, KXChartDataPath*)
+{
+    m_contextMenu = _askForEntries(2);
+    return m_input.takeBelow(8) != 7 ? &m_contextMenu : nullptr;
 }
 
 std::vector<KXInteractionEffect*> FuzzProvider::obtainInteractionEffects(const std::vector<KXObjectID>&)
 {
     std::vector<KXInteractionEffect*> effects;
     for (int count = _ask().takeBelow(4); count > 0; --count) {
-        switch (m_input.takeBelow(4)) {
+        switch (m_input.takeBelow(8)) {
+        case 4:
+            effects.push_back(new KXInteractionHighlightColorPatternEffect);
+            break;
+        case 5:
+            effects.push_back(new KXInteractionHighlightComplementaryInfoEffect);
+            break;
+        case 6:
+            effects.push_back(new KXInteractionContextMenuDefaultEffect);
+            break;
         case 0:
             effects.push_back(nullptr);
             break;

@@ -2,10 +2,12 @@
 
 #include "fuzz_input.h"
 #include "kx_axis_chart_data_provider.h"
+#include "kx_chart_toolbox_menu_context.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 
 #include <functional>
+#include <vector>
 
 /** A host that answers every question with the next bytes of a case: with lies, with something else each
  * time, and after having done anything to the charts. */
@@ -59,6 +61,14 @@ public:
     {
         return _ask().takeBool();
     }
+    // Menus: the context of a strip or of a drop-down menu, and the entries of a context menu
+    KXChartToolboxMenuContext* obtainDataToolboxContext(KXChartDataUser*, KXChartDataPath*) override;
+    bool obtainDataShouldDropDownMenu(KXChartDataUser*, KXChartDataPath*) override
+    {
+        return _ask().takeBelow(4) != 0;
+    }
+    KXChartToolboxMenuContext* obtainDataDropDownMenuContext(KXChartDataUser*, KXChartDataPath*) override;
+    void* obtainDataRightClickContext(KXChartDataUser*, KXChartDataPath*) override;
     KXInteractionOperation obtainInteractionOperation(const std::vector<KXObjectID>&,
                                                       const KXInteractionEventInfo&) override;
     std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>&) override;
@@ -66,6 +76,11 @@ public:
 private:
     FuzzInput& _ask();
     KXChartDataType _takeType();
+    std::vector<KXMenuEntry> _askForEntries(int depth);
+    std::vector<KXMenuEntry> _takeEntries(int depth);
+    KXMenuEntry _takeEntry(int depth);
 
     FuzzInput& m_input;
+    KXChartToolboxMenuContext m_strip, m_dropDown;
+    std::vector<KXMenuEntry> m_contextMenu;
 };

@@ -1,36 +1,30 @@
 #include "fuzz_scene.h"
 
+#include "fuzz_drawing.h"
+#include "fuzz_picture.h"
 #include "kx_chart.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_property.h"
 #include "kx_json_object_factory.h"
-#include "ux/ux_event.h"
-#include "ux/ux_recording_paint_config.h"
+#include "svg_check.h"
+#include "ux/ux_recording_painter.h"
+#include "ux/ux_svg_paint_config.h"
 
+#include <iterator>
 #include <memory>
 
 namespace {
 
-// Names that the library has no class for yet give no chart; more names go to the end, as cases count them.
-constexpr const char* chartTypes[] = {
-    "KXValueChart",   "KXGaugeChart",   "KXBarChart",       "KXLineChart",  "KXAreaChart",
-    "KXLineBarChart", "KXScatterChart", "KXPieChart",       "KXTableChart", "KXWaterfallChart",
-    "KXTornadoChart", "KXHeatMapChart", "KXValueListChart", "KXTrendChart", "KXTreeMapChart",
-    "KXKpiChart",     "KXDensityChart", "KXControlChart"};
+// More names go to the end. A case counts them without those that follow, so that it goes on meaning the
+// same.
+constexpr const char* chartTypes[] = {"KXValueChart", "KXGaugeChart", "KXBarChart"};
+constexpr int typeCount = 18;
 
-/** @return whether a recorded step that is no text names a number that is not finite. The parts of a colour
- * are the host's own, which painters bound. */
-bool holdsOddNumber(const std::string& line)
-{
-    if (line.find("setColor") != std::string::npos || line.find("addGradient") != std::string::npos)
-        return false;
-    const std::string numbers = line.substr(0, line.find('"'));
-    return numbers.find("nan") != std::string::npos || numbers.find("inf") != std::string::npos;
-}
+constexpr double deviceScales[] = {1, 1.25, 1.5, 2};
 
 } // namespace
 
-FuzzScene::FuzzScene(FuzzInput& input) : m_input(input), m_provider(input)
+FuzzScene::FuzzScene(FuzzInput& input) : m_input(input), m_provider(input), m_settings(input), m_user(input)
 {
     m_context.addDiagram(&m_diagram);
     m_context.setActiveDiagram(&m_control, &m_diagram);
@@ -42,28 +36,44 @@ FuzzScene::FuzzScene(FuzzInput& input) : m_input(input), m_provider(input)
 FuzzScene::~FuzzScene()
 {
     m_provider.whenAsked = {};
+    m_depth = 3;
     for (const UXObjectWatcher& chart : m_charts)
         delete chart.getObject();
 }
 
+void FuzzScene::_act()
+{
+    if (m_depth >= 3 || m_input.takeBelow(16) != 15)
+        return;
+    ++m_depth;
+    changeChart();
+    --m_depth;
+}
+
 void FuzzScene::makeHostAct()
 {
-    m_provider.whenAsked = [this] {
-        if (m_depth >= 3 || m_input.takeBelow(16) != 15)
-            return;
-        ++m_depth;
-        changeChart();
-        --m_depth;
-    };
+    m_provider.whenAsked = [this] { _act(); };
+}
+
+void FuzzScene::addBoard()
+{
+    m_board.emplace(m_input, m_context, m_diagram, [this] { _act(); });
+}
+
+void FuzzScene::changeBoard()
+{
+    if (m_board)
+        m_board->change();
 }
 
 void FuzzScene::addChart()
 {
-    const char* type = chartTypes[m_input.takeBelow(static_cast<int>(std::size(chartTypes)))];
-    std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(type));
-    auto* chart = dynamic_cast<KXChart*>(made.get());
-    if (!chart || m_charts.size() >= 4)
+    const int choice = m_input.takeBelow(typeCount) % static_cast<int>(std::size(chartTypes));
+    if (m_charts.size() >= 4)
         return;
+    std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(chartTypes[choice]));
+    auto* chart = dynamic_cast<KXChart*>(made.get());
+    require(chart != nullptr, "the factory makes every chart");
     made.release();
     m_charts.emplace_back(chart);
     const int place = static_cast<int>(m_charts.size()) - 1;
@@ -110,7 +120,7 @@ void FuzzScene::changeChart()
         break;
     case 5:
     case 6:
-        _changeProperty(*chart);
+        _changeSettings(*chart);
         break;
     default:
         if (KXChartDataUser* user = chart->obtainLegendDataUser())
@@ -134,93 +144,66 @@ void FuzzScene::_changeData(KXChartDataUser& user)
     }
 }
 
-void FuzzScene::_changeProperty(KXChart& chart)
+void FuzzScene::_changeSettings(KXChart& chart)
 {
-    if (m_input.takeBool()) {
-        UXPropertyAccessor accessor(chart.getChartProperty());
-        _updateByKey(accessor, chart.getChartProperty()->serialize());
-    } else if (auto* accessor = dynamic_cast<UXPropertyAccessor*>(&chart)) {
-        _updateByKey(*accessor, chart.serialize());
-    }
+    const int choice = m_input.takeByte();
+    if (choice >= 192)
+        _exchangeSettings(chart);
+    else if (choice % 2 != 0)
+        m_settings.update(*chart.getChartProperty());
+    else
+        m_settings.update(chart);
 }
 
-std::string FuzzScene::_pickQuoted(const std::string& document)
+void FuzzScene::_exchangeSettings(KXChart& chart)
 {
-    const std::size_t from = document.size() * m_input.takeByte() / 256;
-    const std::size_t begin = document.find('"', from);
-    const std::size_t end = begin == std::string::npos ? begin : document.find('"', begin + 1);
-    return end == std::string::npos ? std::string() : document.substr(begin + 1, end - begin - 1);
-}
-
-void FuzzScene::_updateByKey(UXPropertyAccessor& accessor, const std::string& document)
-{
-    const std::string key = _pickQuoted(document);
-    const bool flag = m_input.takeBool();
-    const double number = m_input.takeNumber();
-    const int whole = m_input.takeInt();
-    const std::string text = m_input.takeBool() ? m_input.takeText() : _pickQuoted(document);
-    // One of them is of the key's type.
-    if (accessor.updateValue(key, flag) || accessor.updateValue(key, number) ||
-        accessor.updateValue(key, whole) || accessor.updateValue(key, std::int64_t{whole}) ||
-        accessor.updateEnumString(key, text))
+    KXChart* other = _pickChart();
+    if (!other)
         return;
-    if (!accessor.updateValue(key, text))
-        accessor.updateValue(key, UXColor(whole, flag, 255, number));
+    switch (m_input.takeBelow(4)) {
+    case 0:
+        return m_settings.reload(*other, chart);
+    case 1: {
+        const auto type = static_cast<KXChartResetType>(m_input.takeBelow(2));
+        return chart.customResetProperties(type, other, m_settings.takeGroups());
+    }
+    default:
+        return m_settings.exchange(*other->getChartProperty(), *chart.getChartProperty(), [this] { _act(); });
+    }
 }
 
 void FuzzScene::sendEvent()
 {
-    using Entry = bool (UXControl::*)(const UXControlPoint&, const UXEvent&);
-    static constexpr Entry entries[] = {
-        &UXControl::mouseMove,        &UXControl::mouseMove,  &UXControl::mouseMove,
-        &UXControl::mouseDown,        &UXControl::mouseUp,    &UXControl::mouseDown,
-        &UXControl::mouseUp,          &UXControl::mouseEnter, &UXControl::mouseLeave,
-        &UXControl::mouseDoubleClick, &UXControl::mouseWheel, &UXControl::externalDragging,
-        &UXControl::externalDrop};
-    UXEvent event;
-    const int choice = m_input.takeBelow(20);
-    const int keys = m_input.takeByte();
-    for (const UXEventKey key : {UXEventKey::Shift, UXEventKey::Ctrl, UXEventKey::Alt, UXEventKey::LeftButton,
-                                 UXEventKey::RightButton}) {
-        if ((keys & static_cast<int>(key)) != 0)
-            event.addEventKey(key);
-    }
-    if (choice < static_cast<int>(std::size(entries))) {
-        const UXControlPoint point(m_input.takeByte(), m_input.takeByte());
-        event.setWheelDelta({(keys % 5) - 2.0, (keys % 7) - 3.0});
-        (m_control.*entries[choice])(point, event);
-        return;
-    }
-    switch (choice) {
-    case 13:
-        event.setKeyCode(m_input.takeByte());
-        m_control.keyDown(event);
-        break;
-    case 14:
-        m_control.keyUp(event);
-        break;
-    case 15:
-        m_control.timer(m_now += keys);
-        break;
-    case 16:
-        m_control.setZoomRatio(m_input.takeNumber());
-        break;
-    case 17:
-        m_control.setControlRect({0, 0, m_input.takeInt(), m_input.takeInt()});
-        break;
-    case 18:
-        m_control.runPostedActions();
-        break;
-    default:
-        m_context.repaint();
-    }
+    const bool usesPreview = m_board && m_input.takeBelow(16) == 15;
+    m_control.forgetPictures();
+    m_user.act(usesPreview ? m_board->getPreviewControl() : m_control);
 }
 
 void FuzzScene::paint()
 {
     m_diagram.layout();
-    UXRecordingPaintConfig config;
-    m_diagram.paint(&config, m_diagram.getBoundingRect());
-    for (const std::string& line : config.getRecording().getLines())
-        require(!holdsOddNumber(line), "every coordinate is finite");
+    drawRecorded(m_diagram, 1);
+}
+
+void FuzzScene::paintEverywhere()
+{
+    const double scale = deviceScales[m_input.takeBelow(static_cast<int>(std::size(deviceScales)))];
+    m_diagram.layout();
+    drawEverywhere(m_diagram, scale);
+    if (m_board)
+        drawRecorded(m_board->getPreview(), scale);
+}
+
+void FuzzScene::drawSteps()
+{
+    UXRecordingPainter recorded;
+    drawAnything(recorded, m_input);
+    UXRecordingPainter second;
+    recorded.replay(second);
+    require(second.getLines() == recorded.getLines(), "a recording that is played is recorded alike");
+    UXSvgPaintConfig page({256, 256});
+    UXPainter* painter = uxCreatePainter(&page);
+    recorded.replay(*painter);
+    uxDestroyPainter(painter);
+    require(isWellFormed(page.getSvg()), "a page is well-formed");
 }

@@ -1,14 +1,15 @@
 #pragma once
 
+#include "fuzz_board.h"
+#include "fuzz_control.h"
 #include "fuzz_provider.h"
+#include "fuzz_settings.h"
+#include "fuzz_user.h"
 #include "ux/ux_context.h"
-#include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_object_watcher.h"
-#include "ux/ux_property_accessor.h"
 
-#include <cstdint>
-#include <string>
+#include <optional>
 #include <vector>
 
 class KXChart;
@@ -23,27 +24,36 @@ public:
 
     /** Puts one more chart on the view, of the kind that the case chooses. */
     void addChart();
-    /** Does the next thing to the data, the size or the life of a chart. */
+    /** Does the next thing to the data, the size, the settings or the life of a chart. */
     void changeChart();
-    /** Sends the next event to the view. */
+    /** Puts all that a host can have beside its charts on the view. */
+    void addBoard();
+    void changeBoard();
+    /** Lets the user do the next thing on one of the controls. */
     void sendEvent();
     void paint();
+    /** Paints the view in every way, by a device scale that the case chooses. */
+    void paintEverywhere();
+    /** Draws the next steps of the case straight with the painters. */
+    void drawSteps();
     /** From now on a question to the host makes it change charts now and then. */
     void makeHostAct();
 
 private:
+    void _act();
     KXChart* _pickChart();
     void _changeData(KXChartDataUser& user);
-    void _changeProperty(KXChart& chart);
-    void _updateByKey(UXPropertyAccessor& accessor, const std::string& document);
-    std::string _pickQuoted(const std::string& document);
+    void _changeSettings(KXChart& chart);
+    void _exchangeSettings(KXChart& chart);
 
     FuzzInput& m_input;
     FuzzProvider m_provider;
+    FuzzSettings m_settings;
+    FuzzUser m_user;
     UXContext m_context;
-    UXControl m_control;
+    FuzzControl m_control;
     UXDiagram m_diagram{&m_context};
+    std::optional<FuzzBoard> m_board;
     std::vector<UXObjectWatcher> m_charts;
-    std::int64_t m_now = 0;
     int m_depth = 0;
 };

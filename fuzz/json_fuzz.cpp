@@ -1,10 +1,12 @@
-// A document for every class that the library makes by name: read, saved, read again, laid out and painted.
+// A document for every class that the library makes by name: read, saved, read again, laid out, painted, and
+// changed by key.
 
 #include "fuzz_input.h"
+#include "fuzz_picture.h"
+#include "fuzz_settings.h"
 #include "kx_chart_property_base.h"
 #include "kx_json_object_factory.h"
 #include "ux/ux_object.h"
-#include "ux/ux_recording_paint_config.h"
 
 #include <memory>
 
@@ -40,9 +42,26 @@ void draw(UXObject& object)
     for (const UXRect& rect : {UXRect(0, 0, 320, 200), UXRect(0, 0, 17, 9), UXRect()}) {
         object.setRect(rect);
         object.layout();
-        UXRecordingPaintConfig config;
-        object.paint(&config, object.getBoundingRect());
+        drawEverywhere(object, 1.25);
     }
+}
+
+/** What users do to settings that were read; the document's own bytes say what. */
+void change(UXJsonObject& object, const std::string& type, FuzzInput input)
+{
+    FuzzSettings settings(input);
+    const std::unique_ptr<UXJsonObject> other(KXJsonObjectFactory().create(type));
+    auto* to = dynamic_cast<KXChartPropertyBase*>(&object);
+    auto* from = dynamic_cast<KXChartPropertyBase*>(other.get());
+    for (int count = 0; count < 6; ++count) {
+        if (to && count % 2 != 0)
+            settings.exchange(*from, *to, [] {});
+        else
+            settings.update(object);
+    }
+    // A number that is not finite is not saved, so that only what was read once has to stay.
+    const std::string saved = read(type, object.serialize())->serialize();
+    requireAlike(saved, read(type, saved)->serialize(), "what was changed is saved alike once it was read");
 }
 
 } // namespace
@@ -56,6 +75,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         return 0;
     const std::string saved = object->serialize();
     requireAlike(saved, read(type, saved)->serialize(), "what was saved is saved alike once it was read");
+    KXJsonObjectFactory factory;
+    require(object->deserialize(saved, &factory), "what was saved is understood");
+    requireAlike(saved, object->serialize(), "reading what is there already changes nothing");
     if (auto* property = dynamic_cast<KXChartPropertyBase*>(object.get()))
         requireAlike(saved, std::unique_ptr<KXChartPropertyBase>(property->copy({}, true))->serialize(),
                      "a copy of all keys is saved alike");
@@ -64,5 +86,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         const std::string drawn = object->serialize();
         requireAlike(drawn, read(type, drawn)->serialize(), "so is what was drawn");
     }
+    change(*object, type, FuzzInput(bytes, size));
+    if (auto* view = dynamic_cast<UXObject*>(object.get()))
+        draw(*view);
     return 0;
 }

@@ -12,5 +12,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         scene.changeChart();
         scene.paint();
     }
+    scene.paintEverywhere();
     return 0;
 }
