@@ -4,6 +4,20 @@
 #include <bit>
 #include <limits>
 
+FuzzInput FuzzInput::makeEndless(const std::uint8_t* bytes, std::size_t size)
+{
+    FuzzInput input(bytes, size);
+    input.m_begin = bytes;
+    return input;
+}
+
+std::uint8_t FuzzInput::takeByte()
+{
+    if (isEmpty() && m_begin)
+        m_next = m_begin;
+    return isEmpty() ? std::uint8_t{0} : *m_next++;
+}
+
 std::uint64_t FuzzInput::takeBits()
 {
     std::uint64_t bits = 0;

@@ -15,13 +15,15 @@ inline void require(bool kept, const char* promise)
     std::abort();
 }
 
-/** The bytes of one case as a row of choices. Used up, it answers zeros. */
+/** The bytes of one case as a row of choices. Used up, it answers zeros, or begins again if it repeats. */
 class FuzzInput {
 public:
     FuzzInput(const std::uint8_t* bytes, std::size_t size) : m_next(bytes), m_end(bytes + size) {}
+    /** @return the same bytes again and again */
+    static FuzzInput makeEndless(const std::uint8_t* bytes, std::size_t size);
 
     bool isEmpty() const { return m_next == m_end; }
-    std::uint8_t takeByte() { return isEmpty() ? std::uint8_t{0} : *m_next++; }
+    std::uint8_t takeByte();
     /** @return 0 to count - 1, count at most 256 */
     int takeBelow(int count) { return takeByte() % count; }
     bool takeBool() { return takeByte() % 2 != 0; }
@@ -35,4 +37,5 @@ public:
 private:
     const std::uint8_t* m_next;
     const std::uint8_t* m_end;
+    const std::uint8_t* m_begin = nullptr; // of one that repeats
 };

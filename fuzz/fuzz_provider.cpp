@@ -158,7 +158,7 @@ std::vector<KXMenuEntry> FuzzProvider::_takeEntries(int depth)
 {
     std::vector<KXMenuEntry> entries;
     const int choice = m_input.takeBelow(16);
-    for (int count = choice == 15 ? 40 : choice % 8; count > 0; --count)
+    for (int count = choice == 15 && depth == 2 ? 40 : choice % 5; count > 0; --count)
         entries.push_back(_takeEntry(depth));
     return entries;
 }

@@ -1,5 +1,6 @@
 #include "fuzz_scene.h"
 
+#include "fuzz_documents.h"
 #include "fuzz_drawing.h"
 #include "fuzz_picture.h"
 #include "kx_chart.h"
@@ -15,16 +16,17 @@
 
 namespace {
 
-// More names go to the end. A case counts them without those that follow, so that it goes on meaning the
-// same.
+// More names go to the end.
 constexpr const char* chartTypes[] = {"KXValueChart", "KXGaugeChart", "KXBarChart"};
-constexpr int typeCount = 18;
+constexpr int typeCount = static_cast<int>(std::size(chartTypes));
+constexpr int chartCount = typeCount * static_cast<int>(std::size(fuzzDocuments));
 
 constexpr double deviceScales[] = {1, 1.25, 1.5, 2};
 
 } // namespace
 
-FuzzScene::FuzzScene(FuzzInput& input) : m_input(input), m_provider(input), m_settings(input), m_user(input)
+FuzzScene::FuzzScene(FuzzInput& input, FuzzInput& answers)
+    : m_input(input), m_answers(answers), m_provider(answers), m_settings(input), m_user(input)
 {
     m_context.addDiagram(&m_diagram);
     m_context.setActiveDiagram(&m_control, &m_diagram);
@@ -41,9 +43,9 @@ FuzzScene::~FuzzScene()
         delete chart.getObject();
 }
 
-void FuzzScene::_act()
+void FuzzScene::_act(FuzzInput& choices)
 {
-    if (m_depth >= 3 || m_input.takeBelow(16) != 15)
+    if (m_depth >= 3 || m_input.isEmpty() || choices.takeBelow(16) != 15)
         return;
     ++m_depth;
     changeChart();
@@ -52,12 +54,12 @@ void FuzzScene::_act()
 
 void FuzzScene::makeHostAct()
 {
-    m_provider.whenAsked = [this] { _act(); };
+    m_provider.whenAsked = [this] { _act(m_answers); };
 }
 
 void FuzzScene::addBoard()
 {
-    m_board.emplace(m_input, m_context, m_diagram, [this] { _act(); });
+    m_board.emplace(m_input, m_context, m_diagram, [this] { _act(m_input); });
 }
 
 void FuzzScene::changeBoard()
@@ -68,13 +70,15 @@ void FuzzScene::changeBoard()
 
 void FuzzScene::addChart()
 {
-    const int choice = m_input.takeBelow(typeCount) % static_cast<int>(std::size(chartTypes));
+    const int choice = m_input.takeBelow(chartCount);
     if (m_charts.size() >= 4)
         return;
-    std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(chartTypes[choice]));
+    std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(chartTypes[choice % typeCount]));
     auto* chart = dynamic_cast<KXChart*>(made.get());
     require(chart != nullptr, "the factory makes every chart");
     made.release();
+    KXJsonObjectFactory factory;
+    chart->deserialize(fuzzDocuments[choice / typeCount], &factory);
     m_charts.emplace_back(chart);
     const int place = static_cast<int>(m_charts.size()) - 1;
     chart->setRect({place % 2 * 128, place / 2 * 128, 128, 128});
@@ -168,7 +172,8 @@ void FuzzScene::_exchangeSettings(KXChart& chart)
         return chart.customResetProperties(type, other, m_settings.takeGroups());
     }
     default:
-        return m_settings.exchange(*other->getChartProperty(), *chart.getChartProperty(), [this] { _act(); });
+        return m_settings.exchange(*other->getChartProperty(), *chart.getChartProperty(),
+                                   [this] { _act(m_input); });
     }
 }
 
@@ -183,6 +188,8 @@ void FuzzScene::paint()
 {
     m_diagram.layout();
     drawRecorded(m_diagram, 1);
+    if (m_board)
+        m_context.repaint();
 }
 
 void FuzzScene::paintEverywhere()

@@ -19,7 +19,8 @@ class KXChartDataUser;
  *  charts are in the middle of another one, and may destroy them. */
 class FuzzScene {
 public:
-    explicit FuzzScene(FuzzInput& input);
+    /** @param answers what the host answers from; may be input as well */
+    FuzzScene(FuzzInput& input, FuzzInput& answers);
     ~FuzzScene();
 
     /** Puts one more chart on the view, of the kind that the case chooses. */
@@ -40,13 +41,15 @@ public:
     void makeHostAct();
 
 private:
-    void _act();
+    /** @param choices say whether the host acts now */
+    void _act(FuzzInput& choices);
     KXChart* _pickChart();
     void _changeData(KXChartDataUser& user);
     void _changeSettings(KXChart& chart);
     void _exchangeSettings(KXChart& chart);
 
     FuzzInput& m_input;
+    FuzzInput& m_answers;
     FuzzProvider m_provider;
     FuzzSettings m_settings;
     FuzzUser m_user;

@@ -115,10 +115,10 @@ void FuzzUser::_useKeyboard(UXControl& control)
         UXKeyCode::Up,        UXKeyCode::Right,    UXKeyCode::Down,  UXKeyCode::Delete, UXKeyCode::Down};
     UXEvent event = _takeEvent();
     const int code = m_input.takeByte();
-    if (code < 240)
+    if (code < 224)
         event.setKeyCode(static_cast<int>(keys[code % 15]));
     else
-        event.setKeyText(m_input.takeText());
+        event.setKeyText(code < 240 ? "e" : m_input.takeText());
     control.keyDown(event.copyWithoutActions());
     if (code % 2 == 0)
         control.keyUp(event);
