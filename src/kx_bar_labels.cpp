@@ -1,5 +1,6 @@
 #include "kx_bar_labels.h"
 
+#include "ux/ux_color_contrast.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_rect_functions.h"
 
@@ -22,16 +23,6 @@ constexpr double cellLength = 48;
 constexpr UXColor darkTextColor(38, 38, 38);
 constexpr UXColor lightTextColor(255, 255, 255);
 
-/** The relative luminance of the web content accessibility guidelines, 0 to 1. */
-double obtainLuminance(const UXColor& color)
-{
-    const auto toLinear = [](int part) {
-        const double share = std::clamp(part, 0, 255) / 255.0;
-        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * toLinear(color.red) + 0.7152 * toLinear(color.green) + 0.0722 * toLinear(color.blue);
-}
-
 bool intersects(const UXDoubleRect& a, const UXDoubleRect& b, double gap)
 {
     return a.x < b.x + b.width + gap && b.x < a.x + a.width + gap && a.y < b.y + b.height &&
@@ -47,14 +38,9 @@ bool holds(const UXDoubleRect& bar, const UXDoubleSize& text)
 
 UXColor kxObtainReadableColor(const UXColor& background)
 {
-    // What is seen through a translucent colour is taken to be white.
-    const auto overWhite = [&](int part) {
-        return static_cast<int>(255 + (part - 255) * std::clamp(background.alpha, 0.0, 1.0));
-    };
-    const UXColor seen(overWhite(background.red), overWhite(background.green), overWhite(background.blue));
-    const double luminance = obtainLuminance(seen) + 0.05;
-    const double onDark = (obtainLuminance(lightTextColor) + 0.05) / luminance;
-    const double onLight = luminance / (obtainLuminance(darkTextColor) + 0.05);
+    // What is seen through a translucent colour is taken to be white, as the light text is.
+    const double onDark = uxObtainContrast(background, lightTextColor);
+    const double onLight = uxObtainContrast(darkTextColor, lightTextColor) / onDark;
     return onLight >= onDark ? darkTextColor : lightTextColor;
 }
 
