@@ -8,6 +8,7 @@
 #include <hb.h>
 #include <pango/pango.h>
 #include <pango/pangofc-font.h>
+#include <pixman.h>
 #include FT_FREETYPE_H
 
 namespace {
@@ -49,8 +50,9 @@ std::string obtainFontVersion(const char* name)
 
 std::string uxCairoObtainVersions()
 {
-    std::string line = std::string("cairo ") + cairo_version_string() + ", pango " + pango_version_string() +
-                       ", harfbuzz " + hb_version_string() + ", freetype " + obtainFreeTypeVersion();
+    std::string line = std::string("cairo ") + cairo_version_string() + ", pixman " +
+                       pixman_version_string() + ", pango " + pango_version_string() + ", harfbuzz " +
+                       hb_version_string() + ", freetype " + obtainFreeTypeVersion();
     for (const char* family : {"Roboto", "DejaVu Sans", "WenQuanYi Micro Hei"})
         line += ", " + obtainFontVersion(family);
     return line;
