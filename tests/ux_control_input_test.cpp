@@ -6,6 +6,7 @@
 #include "ux/ux_use_case_diagram.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_paint_to_text.h"
+#include "ux_test_event.h"
 
 #include <gtest/gtest.h>
 
@@ -43,12 +44,6 @@ protected:
         control.log.clear();
     }
 
-    static UXEvent makeWheel(const UXDoublePoint& delta)
-    {
-        UXEvent event;
-        event.setWheelDelta(delta);
-        return event;
-    }
     void runFrames(int count)
     {
         for (int i = 0; i < count; ++i)
@@ -120,18 +115,14 @@ TEST_F(UXControlInput, ARespondingObjectAsksForAMenuOrKeepsTheZoom)
     });
     object->registerEventResponder(UXEventResponderType::Zoom, {UXEventKey::Ctrl},
                                    [](const UXEvent&) { return true; });
-    UXEvent right, zoom;
-    right.addEventKey(UXEventKey::RightButton);
+    const UXEvent right = uxMakeEventAt(0, 0, UXEventKey::RightButton);
     click(15, right);
     click(90, right);
     EXPECT_EQ(control.log, "event event menu15 posted event event ");
 
-    zoom.setMousePoint({15, 15});
-    zoom.addEventKey(UXEventKey::Ctrl);
-    control.zoomIn(true, zoom);
+    control.zoomIn(true, uxMakeEventAt(15, 15, UXEventKey::Ctrl));
     EXPECT_EQ(control.getZoomRatio(), 1);
-    zoom.setMousePoint({90, 15});
-    control.zoomIn(true, zoom);
+    control.zoomIn(true, uxMakeEventAt(90, 15, UXEventKey::Ctrl));
     EXPECT_GT(control.getZoomRatio(), 1);
 }
 
@@ -168,14 +159,14 @@ TEST_F(UXControlInput, TheWheelGlidesToItsPlaceAndADragGlidesOnUntilAPress)
     UXGlobalSmoothScrollingEventDiagram scrolling;
     diagram.registerGlobalEventDiagram(&scrolling);
     runFrames(1);
-    EXPECT_TRUE(control.mouseWheel({50, 50}, makeWheel({1, 0})));
+    EXPECT_TRUE(control.mouseWheel({50, 50}, uxMakeWheelEvent(1, 0)));
     runFrames(3);
     EXPECT_LT(originX(), 0);
     EXPECT_GT(originX(), -48);
     runFrames(40);
     EXPECT_EQ(originX(), -48);
     EXPECT_FALSE(scrolling.isGliding());
-    control.mouseWheel({50, 50}, makeWheel({100, 0}));
+    control.mouseWheel({50, 50}, uxMakeWheelEvent(100, 0));
     runFrames(80);
     EXPECT_EQ(originX(), -200); // the content's end
 
@@ -195,18 +186,18 @@ TEST_F(UXControlInput, TheWheelGlidesToItsPlaceAndADragGlidesOnUntilAPress)
     control.mouseUp({10, 50}, UXEvent());
 
     // A glide goes with the control that it moves.
-    control.mouseWheel({50, 50}, makeWheel({1, 0}));
+    control.mouseWheel({50, 50}, uxMakeWheelEvent(1, 0));
     auto other = std::make_unique<Control>();
     context.setActiveDiagram(other.get(), &diagram);
     other->setControlRect({0, 0, 200, 100});
-    other->mouseWheel({50, 50}, makeWheel({1, 0}));
+    other->mouseWheel({50, 50}, uxMakeWheelEvent(1, 0));
     other.reset();
     runFrames(2);
     EXPECT_EQ(originX(), gliding);
 
     control.reduceMotion = true;
     control.setDiagramOriginInControlSpace({0, 0});
-    control.mouseWheel({50, 50}, makeWheel({1, 0}));
+    control.mouseWheel({50, 50}, uxMakeWheelEvent(1, 0));
     EXPECT_EQ(originX(), -48);
 }
 
@@ -222,7 +213,7 @@ TEST_F(UXControlInput, WhatStandsOnTheDiagramKeepsItsWheelItsDragAndItsClick)
     object->registerEventHandler(UXEventType::LeftClick, [&](const UXEvent&) { return ++clicks > 0; });
     object->registerEventResponder(UXEventResponderType::Drag, [&](const UXEvent&) { return clicks == 1; });
 
-    control.mouseWheel({110, 10}, makeWheel({0, 1}));
+    control.mouseWheel({110, 10}, uxMakeWheelEvent(0, 1));
     EXPECT_EQ(view->getContentOffsetY(), 48);
     const auto drag = [&] {
         control.mouseDown({15, 15}, UXEvent());

@@ -129,10 +129,8 @@ TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
         {"hidden", [](Scene& s) { s.leaf.setVisible(false); }, {leaf}},
         {"changed while hidden",
          [](Scene& s) {
-             s.leaf.setVisible(false);
-             s.diagram.clearDirtyRect();
-             s.leaf.setColor(UXColor(1, 2, 3));
-             s.leaf.setRect(UXRect(1, 1, 1, 1));
+             s.leaf.setVisible(false), s.diagram.clearDirtyRect();
+             s.leaf.setColor(UXColor(1, 2, 3)), s.leaf.setRect(UXRect(1, 1, 1, 1));
          },
          {}},
         {"inside what is hidden",
@@ -147,10 +145,7 @@ TEST(UXDirtyRect, ReachesTheDiagramInItsSpace)
         {"layout and repaint", [](Scene& s) { s.leaf.setRequireToVerifyLayout(true, true); }, {leaf}},
         {"layout alone", [](Scene& s) { s.leaf.setRequireToVerifyLayout(true, false); }, {}},
         {"set by the context",
-         [](Scene& s) {
-             s.leaf.invalidate();
-             s.context.setDirtyRect(&s.diagram, {1, 1, 2, 2});
-         },
+         [](Scene& s) { s.leaf.invalidate(), s.context.setDirtyRect(&s.diagram, UXRect(1, 1, 2, 2)); },
          {{1, 1, 2, 2}}},
     };
     for (const Case& c : cases) {

@@ -1,5 +1,6 @@
 #include "ux/ux_diagram.h"
 #include "ux_event_probe.h"
+#include "ux_test_event.h"
 
 #include <gtest/gtest.h>
 
@@ -24,13 +25,6 @@ protected:
     }
     ~UXEventDispatch() override { diagram.clearChildren(); }
 
-    static UXEvent at(int x, int y, UXEventKey key = UXEventKey::LeftButton)
-    {
-        UXEvent event;
-        event.setMousePoint({x, y});
-        event.addEventKey(key);
-        return event;
-    }
     std::string takeLog() { return std::exchange(log, {}); }
 
     std::string log;
@@ -63,24 +57,24 @@ TEST_F(UXEventDispatch, DeepestFirstUntilHandled)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         c.prepare();
-        diagram.mouseLeave(at(0, 0));
-        diagram.mouseMove(at(c.x, 10));
+        diagram.mouseLeave(uxMakeEventAt(0, 0));
+        diagram.mouseMove(uxMakeEventAt(c.x, 10));
         takeLog();
-        diagram.mouseDown(at(c.x, 10));
+        diagram.mouseDown(uxMakeEventAt(c.x, 10));
         EXPECT_EQ(takeLog(), c.log);
-        diagram.mouseUp(at(c.x, 10));
+        diagram.mouseUp(uxMakeEventAt(c.x, 10));
     }
 }
 
 TEST_F(UXEventDispatch, HoverEntersAndLeavesOnce)
 {
-    diagram.mouseMove(at(10, 10));
+    diagram.mouseMove(uxMakeEventAt(10, 10));
     EXPECT_EQ(takeLog(), "back.enter inner.enter inner.move back.move ");
-    diagram.mouseMove(at(10, 60));
+    diagram.mouseMove(uxMakeEventAt(10, 60));
     EXPECT_EQ(takeLog(), "inner.leave back.move ");
-    diagram.mouseMove(at(50, 60));
+    diagram.mouseMove(uxMakeEventAt(50, 60));
     EXPECT_EQ(takeLog(), "back.leave front.enter front.move ");
-    diagram.mouseLeave(at(50, 60));
+    diagram.mouseLeave(uxMakeEventAt(50, 60));
     EXPECT_EQ(takeLog(), "front.leave ");
 }
 
@@ -92,42 +86,42 @@ TEST_F(UXEventDispatch, ClickIsDownAndUpOnOneObject)
             log += event.getEventType() == UXEventType::LeftClick ? "left " : "right ";
             return true;
         });
-    diagram.mouseMove(at(10, 10));
+    diagram.mouseMove(uxMakeEventAt(10, 10));
     takeLog();
-    diagram.mouseDown(at(10, 10, UXEventKey::RightButton));
-    diagram.mouseUp(at(12, 10, UXEventKey::RightButton));
+    diagram.mouseDown(uxMakeEventAt(10, 10, UXEventKey::RightButton));
+    diagram.mouseUp(uxMakeEventAt(12, 10, UXEventKey::RightButton));
     EXPECT_EQ(takeLog(), "inner.down inner.up right ");
-    diagram.mouseDown(at(10, 10));
+    diagram.mouseDown(uxMakeEventAt(10, 10));
     inner->whenReached = [&](const UXEvent&) { delete std::exchange(inner, nullptr); };
-    diagram.mouseUp(at(10, 10));
+    diagram.mouseUp(uxMakeEventAt(10, 10));
     EXPECT_EQ(takeLog(), "inner.down inner.up ") << "gone before the click";
 }
 
 TEST_F(UXEventDispatch, PressCapturesAndDropsOnWhatLiesThere)
 {
     inner->handles = true;
-    diagram.mouseMove(at(10, 10));
-    diagram.mouseDown(at(10, 10));
+    diagram.mouseMove(uxMakeEventAt(10, 10));
+    diagram.mouseDown(uxMakeEventAt(10, 10));
     takeLog();
-    diagram.mouseMove(at(50, 60));
+    diagram.mouseMove(uxMakeEventAt(50, 60));
     EXPECT_EQ(takeLog(), "inner.drag front.denter front.dover ");
-    diagram.mouseUp(at(50, 60));
+    diagram.mouseUp(uxMakeEventAt(50, 60));
     EXPECT_EQ(takeLog(), "inner.up front.drop front.dleave inner.leave back.leave front.enter ");
     EXPECT_FALSE(inner->hasPointerState() || back->hasPointerState());
     diagram.keyDown(UXEvent());
     EXPECT_EQ(takeLog(), "inner.key ") << "the press gave the focus";
-    diagram.mouseDragOver(at(50, 60));
-    diagram.mouseDrop(at(50, 60));
+    diagram.mouseDragOver(uxMakeEventAt(50, 60));
+    diagram.mouseDrop(uxMakeEventAt(50, 60));
     EXPECT_EQ(takeLog(), "front.denter front.dover front.drop front.dleave ");
 
-    diagram.mouseDown(at(10, 10));
-    diagram.mouseMove(at(50, 60));
+    diagram.mouseDown(uxMakeEventAt(10, 10));
+    diagram.mouseMove(uxMakeEventAt(50, 60));
     UXObject* source = inner;
     front->whenReached = [&](const UXEvent& event) {
         delete std::exchange(inner, nullptr);
         source = event.getEventType() == UXEventType::MouseDragLeave ? event.getSourceObject() : source;
     };
-    diagram.mouseUp(at(50, 60));
+    diagram.mouseUp(uxMakeEventAt(50, 60));
     EXPECT_EQ(source, nullptr) << "what was dragged is gone";
 }
 

@@ -1,18 +1,17 @@
 #include "ux/ux_color_contrast.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
-#include "ux/ux_event.h"
 #include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_hint.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_hint_frame.h"
 #include "ux/ux_hint_layout.h"
 #include "ux/ux_hint_placement.h"
-#include "ux/ux_key_code.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_rect_functions.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
+#include "ux_test_event.h"
 
 #include <gtest/gtest.h>
 
@@ -217,12 +216,7 @@ protected:
     }
     void show(int i, UXPoint point) { delegates[i]->showHint(point, nullptr, &infos[i]); }
     void move(int x, int y) { control.mouseMove({x, y}, UXEvent()); }
-    bool press(UXKeyCode key)
-    {
-        UXEvent event;
-        event.setKeyCode(static_cast<int>(key));
-        return control.keyDown(event);
-    }
+    bool press(UXKeyCode key) { return control.keyDown(uxMakeKeyEvent(key)); }
     UXHint* hint(const UXControl* on = nullptr) const
     {
         const std::vector<UXHint*> hints = screen.getVisibleHints(on ? on : &control);

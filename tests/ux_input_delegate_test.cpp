@@ -1,8 +1,7 @@
 #include "ux/ux_diagram.h"
-#include "ux/ux_event.h"
 #include "ux/ux_input_delegate.h"
-#include "ux/ux_key_code.h"
 #include "ux/ux_text_image_diagram.h"
+#include "ux_test_event.h"
 
 #include <gtest/gtest.h>
 
@@ -25,15 +24,7 @@ public:
     }
 };
 
-UXEvent makeKey(UXKeyCode code, const std::string& text = "")
-{
-    UXEvent event;
-    event.setKeyCode(static_cast<int>(code));
-    event.setKeyText(text);
-    return event;
-}
-
-UXEvent makeTyped(const std::string& text) { return makeKey(static_cast<UXKeyCode>(1000), text); }
+UXEvent makeTyped(const std::string& text) { return uxMakeKeyEvent(static_cast<UXKeyCode>(1000), text); }
 
 } // namespace
 
@@ -50,22 +41,22 @@ TEST(UXInputDelegate, EditsWholeCharactersWhileItsOwnerHasTheKeys)
         diagram.keyDown(makeTyped(text));
     for (const UXKeyCode code : {UXKeyCode::Left, UXKeyCode::Backspace, UXKeyCode::Home, UXKeyCode::Delete,
                                  UXKeyCode::Delete, UXKeyCode::Delete, UXKeyCode::Backspace})
-        diagram.keyDown(makeKey(code));
+        diagram.keyDown(uxMakeKeyEvent(code));
     EXPECT_EQ(field.log, "a|1 aé|3 aéb|4 ab|1 b|0 |0 ");
     EXPECT_FALSE(field.insertInputText("too long"));
     field.setInputText("é");
     field.setCaretPosition(1); // inside the character
     EXPECT_EQ(field.getCaretPosition(), 0U);
     field.log.clear();
-    diagram.keyDown(makeKey(UXKeyCode::Enter));
-    diagram.keyDown(makeKey(UXKeyCode::Escape));
+    diagram.keyDown(uxMakeKeyEvent(UXKeyCode::Enter));
+    diagram.keyDown(uxMakeKeyEvent(UXKeyCode::Escape));
     UXEvent altGr = makeTyped("@");
     altGr.addEventKey(UXEventKey::Ctrl);
     EXPECT_FALSE(diagram.keyDown(altGr));
     altGr.addEventKey(UXEventKey::Alt);
     EXPECT_TRUE(diagram.keyDown(altGr));
     field.endInput();
-    diagram.keyDown(makeKey(UXKeyCode::Enter));
+    diagram.keyDown(uxMakeKeyEvent(UXKeyCode::Enter));
     EXPECT_EQ(field.log, "finished cancelled @é|1 ");
 }
 

@@ -75,19 +75,14 @@ TEST(UXLayout, MarksAndPasses)
         {"hidden", [](Tree& t) { t.parent->setVisible(false), t.child->requireLayout(); }, "000"},
         {"hidden and shown",
          [](Tree& t) {
-             t.parent->setVisible(false);
-             t.child->requireLayout();
-             t.root.layout();
+             t.parent->setVisible(false), t.child->requireLayout(), t.root.layout();
              t.parent->setVisible(true);
          },
          "001"},
         {"marked before it was added",
          [](Tree& t) {
-             t.parent->removeChild(t.child);
-             t.root.layout();
-             t.parent->layouts = 0;
-             t.child->requireLayout();
-             t.root.addChild(t.child);
+             t.parent->removeChild(t.child), t.root.layout(), t.parent->layouts = 0;
+             t.child->requireLayout(), t.root.addChild(t.child);
          },
          "101"},
     };
@@ -122,20 +117,17 @@ TEST(UXLayout, APassDoesNotAskForAnother)
 
 TEST(UXLayout, CallbacksMayDestroyWhatIsLaidOut)
 {
-    {
-        Tree t;
-        t.child->whenLaidOut = [&] { delete t.parent; };
-        t.child->requireLayout();
-        t.root.layout();
-        EXPECT_EQ(t.root.getChildrenCount(), 0u);
-    }
-    {
-        auto* own = new Laid;
-        own->whenLaidOut = [&] { delete own; };
-        const UXObjectWatcher watcher(own);
-        own->layout();
-        EXPECT_FALSE(watcher.isAlive());
-    }
+    Tree t;
+    t.child->whenLaidOut = [&] { delete t.parent; };
+    t.child->requireLayout();
+    t.root.layout();
+    EXPECT_EQ(t.root.getChildrenCount(), 0u);
+
+    auto* own = new Laid;
+    own->whenLaidOut = [&] { delete own; };
+    const UXObjectWatcher watcher(own);
+    own->layout();
+    EXPECT_FALSE(watcher.isAlive());
 }
 
 TEST(UXLayout, Batches)

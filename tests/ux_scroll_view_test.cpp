@@ -3,6 +3,7 @@
 #include "ux/ux_scroll_content_view.h"
 #include "ux/ux_scroll_view_delegate.h"
 #include "ux/ux_virtual_scroll_view.h"
+#include "ux_test_event.h"
 
 #include <gtest/gtest.h>
 
@@ -38,9 +39,7 @@ TEST(UXScrollView, ContentMovesWithTheWheelUntilADelegateDestroysIt)
     view.setContentSize({80, 500});
     EXPECT_EQ(view.getScroller()->getRect(), UXRect(5, 5, 100, 50));
     EXPECT_EQ(view.getContentView()->getRect(), UXRect(0, 0, 80, 500));
-    UXEvent event;
-    event.setWheelDelta({0, 1});
-    view.getScroller()->mouseWheel(event);
+    view.getScroller()->mouseWheel(uxMakeWheelEvent(0, 1));
     EXPECT_EQ(view.getContentView()->getRect(), UXRect(0, -48, 80, 500));
     EXPECT_EQ(listener.log, "<0,48>");
     view.setContentSize({80, -1});
@@ -50,6 +49,6 @@ TEST(UXScrollView, ContentMovesWithTheWheelUntilADelegateDestroysIt)
     view.setContentSize({80, 500});
     listener.log.clear();
     listener.destroyed = made;
-    view.getScroller()->mouseWheel(event);
+    view.getScroller()->mouseWheel(uxMakeWheelEvent(0, 1));
     EXPECT_EQ(listener.log, "<0,48");
 }

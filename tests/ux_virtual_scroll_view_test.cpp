@@ -1,10 +1,10 @@
 #include "ux/ux_virtual_scroll_view.h"
 
-#include "ux/ux_key_code.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_scroll_bar.h"
 #include "ux/ux_scroll_bar_slider.h"
 #include "ux/ux_virtual_scroll_view_delegate.h"
+#include "ux_test_event.h"
 
 #include <gtest/gtest.h>
 
@@ -15,14 +15,6 @@
 #include <vector>
 
 namespace {
-
-UXEvent at(int x, int y)
-{
-    UXEvent event;
-    event.setMousePoint({x, y});
-    event.addEventKey(UXEventKey::LeftButton);
-    return event;
-}
 
 /** Follows what the user does, as a view with rows or a second view beside it would. */
 class ScrollingDelegate : public UXVirtualScrollViewDelegate {
@@ -193,17 +185,17 @@ TEST(UXScrollBar, SlidersAreDragged)
     view.delegate.links = true;
     view.delegate.rebuilds = true;
     UXScrollBarSlider* slider = view.getVerticalScrollBar()->getSlider();
-    slider->mouseDragging(at(105, 60));
+    slider->mouseDragging(uxMakeEventAt(105, 60));
     EXPECT_EQ(view.getContentOffsetY(), 0) << "not pressed";
-    slider->mouseDown(at(105, 10));
-    slider->mouseDragging(at(105, 54));
+    slider->mouseDown(uxMakeEventAt(105, 10));
+    slider->mouseDragging(uxMakeEventAt(105, 54));
     EXPECT_EQ(view.getContentOffsetY(), 444) << "44 of the free 88 move 444 of 888";
-    slider->mouseDragging(at(500, 10));
+    slider->mouseDragging(uxMakeEventAt(500, 10));
     EXPECT_EQ(view.getContentOffsetY(), 0);
-    slider->mouseDragging(at(105, 100000));
+    slider->mouseDragging(uxMakeEventAt(105, 100000));
     EXPECT_EQ(view.getContentOffsetY(), 888);
-    slider->mouseUp(at(105, 100000));
-    slider->mouseDragging(at(105, 10));
+    slider->mouseUp(uxMakeEventAt(105, 100000));
+    slider->mouseDragging(uxMakeEventAt(105, 10));
     EXPECT_EQ(view.getContentOffsetY(), 888) << "released";
     EXPECT_EQ(view.log, "<bbb>");
     EXPECT_EQ(view.delegate.linked, (std::vector<double>{444, -444, 888}));
@@ -213,16 +205,16 @@ TEST(UXScrollBar, ClicksBesideTheSliderMoveAPage)
 {
     ScrolledView view;
     UXScrollBar* bar = view.getVerticalScrollBar();
-    bar->mouseDown(at(105, 90));
+    bar->mouseDown(uxMakeEventAt(105, 90));
     EXPECT_EQ(view.getContentOffsetY(), 101) << "nine tenths of 112";
-    bar->mouseDown(at(105, 90));
-    bar->mouseDown(at(105, 2));
+    bar->mouseDown(uxMakeEventAt(105, 90));
+    bar->mouseDown(uxMakeEventAt(105, 2));
     EXPECT_EQ(view.getContentOffsetY(), 101);
-    bar->mouseDown(at(105, 2));
+    bar->mouseDown(uxMakeEventAt(105, 2));
     EXPECT_EQ(view.getContentOffsetY(), 0);
     EXPECT_EQ(view.log, "<b><b><b><b>");
     view.delegate.allows = false;
-    bar->mouseDown(at(105, 90));
+    bar->mouseDown(uxMakeEventAt(105, 90));
     EXPECT_EQ(view.getContentOffsetY(), 0);
 }
 
@@ -262,9 +254,8 @@ TEST(UXVirtualScrollView, WheelAndKeysScroll)
         view.setContentWidth(c.contentWidth);
         view.setContentHeight(c.contentHeight);
         view.setContentOffsetY(c.offset);
-        UXEvent event;
+        UXEvent event = uxMakeKeyEvent(c.key);
         event.setWheelDelta(c.wheel);
-        event.setKeyCode(static_cast<int>(c.key));
         if (c.shift)
             event.addEventKey(UXEventKey::Shift);
         EXPECT_EQ(c.key == none ? view.mouseWheel(event) : view.keyDown(event), c.handled);
@@ -285,7 +276,7 @@ TEST(UXVirtualScrollView, DelegatesMayDestroyIt)
         UXScrollBar* bar = view->getVerticalScrollBar();
         const UXObjectWatcher watcher(view);
         delegate.destroyed = view;
-        UXEvent event = at(105, 90);
+        UXEvent event = uxMakeEventAt(105, 90);
         event.setWheelDelta({0, 1});
         event.setKeyCode(static_cast<int>(UXKeyCode::End));
         if (*way == 'w')
@@ -295,7 +286,7 @@ TEST(UXVirtualScrollView, DelegatesMayDestroyIt)
         else if (*way == 'b')
             bar->mouseDown(event);
         else if (*way == 's')
-            bar->getSlider()->mouseDown(at(105, 5)), bar->getSlider()->mouseDragging(event);
+            bar->getSlider()->mouseDown(uxMakeEventAt(105, 5)), bar->getSlider()->mouseDragging(event);
         else
             view->setContentOffsetY(10);
         EXPECT_FALSE(watcher.isAlive());
