@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <utility>
 
 namespace {
@@ -22,20 +21,6 @@ public:
 
 protected:
     void _customLayout(UXRect) override {}
-};
-
-/** Two measures, three categories, two members that divide each measure. */
-class DividedProvider : public KXAxisChartTestProvider {
-public:
-    std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override
-    {
-        return dimension == seriesDimension ? 2 : 3;
-    }
-    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
-    {
-        return static_cast<double>(100 * path.at(0) + 10 * path.at(2) + path.at(1));
-    }
-    bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath&) override { return false; }
 };
 
 } // namespace
@@ -80,8 +65,9 @@ TEST(KXAxisChartDataUser, PullsEachValueOnceAndTextsOnDemand)
 
 TEST(KXAxisChartDataUser, SeriesAreMeasuresDividedByTheMembersOfTheSecondDimension)
 {
-    DividedProvider provider;
-    provider.values = {{}, {}};
+    KXAxisChartTestProvider provider;
+    provider.memberCount = 2;
+    provider.values = {{0, 10, 1, 11, 2, 12}, {100, 110, 101, 111, 102, 112}};
     DataChart chart;
     chart.setDataProvider(&provider);
     chart.prepareData();
@@ -124,32 +110,5 @@ TEST(KXAxisChartDataUser, Ranges)
         chart.setDataProvider(&provider);
         chart.prepareData();
         EXPECT_EQ(chart.obtainValueRange(c.series, c.count), c.expected);
-    }
-}
-
-TEST(KXAxisChartDataUser, TheProviderMayDestroyTheChartInAnyAnswer)
-{
-    KXAxisChartTestProvider provider;
-    provider.categoryType = KXChartDataType::Float;
-    DataChart whole;
-    whole.setDataProvider(&provider);
-    whole.prepareData();
-    whole.obtainCategoryText(0);
-    whole.obtainCategoryNumbers();
-    for (const auto& [call, count] : std::map<std::string, int>(provider.asked)) {
-        SCOPED_TRACE(call);
-        auto chart = std::make_unique<DataChart>();
-        provider.onCall = [&, name = call](const std::string& asked) {
-            if (asked == name)
-                chart.reset();
-        };
-        DataChart* asking = chart.get();
-        asking->setDataProvider(&provider);
-        asking->prepareData();
-        if (chart)
-            asking->obtainCategoryText(0);
-        if (chart)
-            asking->obtainCategoryNumbers();
-        EXPECT_FALSE(chart);
     }
 }

@@ -8,7 +8,8 @@
 #include "kx_axis_property.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
-#include "ux/ux_event.h"
+#include "kx_load_chart.h"
+#include "kx_test_input.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_scroll_bar.h"
@@ -20,7 +21,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <sstream>
 
 namespace {
 
@@ -37,22 +37,13 @@ public:
 
     explicit BarsChart(KXAxisChartTestProvider& provider, UXRect rect = {0, 0, 302, 202})
     {
+        getChartProperty()->setShowLegend(false);
         for (KXAxisProperty* axis : {getXAxisProperty(), getYAxisProperty()}) {
             axis->setShowTitle(false);
             axis->setShowTickLabels(false);
         }
         setDataProvider(&provider);
         setRect(rect);
-    }
-    /** Brings data and layout up to date; stops where the chart has gone. */
-    void load()
-    {
-        const UXObjectWatcher self(this);
-        prepareData();
-        if (self.isAlive())
-            reloadData();
-        if (self.isAlive())
-            layout();
     }
     void resize(int width, int height)
     {
@@ -109,20 +100,6 @@ protected:
     }
 };
 
-UXEvent makeEvent(UXEventType type, const UXPoint& point)
-{
-    UXEvent event(type);
-    event.setMousePoint(point);
-    return event;
-}
-
-void press(KXAxisChart& chart, const UXPoint& point, UXEventKey button)
-{
-    UXEvent event = makeEvent(UXEventType::MouseDown, point);
-    event.addEventKey(button);
-    chart.mouseDown(event);
-}
-
 } // namespace
 
 TEST(KXAxisChart, OneLayoutServesBothOrientations)
@@ -132,8 +109,8 @@ TEST(KXAxisChart, OneLayoutServesBothOrientations)
     BarsChart upright(provider), lying(provider, {0, 0, 202, 302});
     lying.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
     upright.getXAxisProperty()->updateShowGridLine(true);
-    upright.load();
-    lying.load();
+    kxLoad(upright);
+    kxLoad(lying);
     EXPECT_EQ(upright.getMarksArea(), UXRect(0, 0, 300, 200));
     EXPECT_EQ(lying.getMarksArea(), UXRect(0, 0, 200, 300));
     ASSERT_EQ(upright.bars.size(), 3);
@@ -158,31 +135,24 @@ TEST(KXAxisChart, OneLayoutServesBothOrientations)
 TEST(KXAxisChart, TitlesTakeRoomBesideTheMarksUnlessThatIsScarce)
 {
     const UXFixedMeasurer measurer;
-    struct Case {
-        const char* name;
-        bool atEnd;
-        int width, height;
-        UXRect area;
-        bool shown;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, bool, int, int, UXRect, bool> cases[] = {
         {"at the sides", false, 300, 200, {17, 0, 283, 183}, true},
         {"at the ends", true, 300, 200, {0, 17, 231, 183}, true},
         {"too small", false, 130, 100, {0, 0, 130, 100}, false},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, atEnd, width, height, area, shown] : cases) {
+        SCOPED_TRACE(name);
         KXAxisChartTestProvider provider;
-        BarsChart chart(provider, {0, 0, c.width + 2, c.height + 2});
+        BarsChart chart(provider, {0, 0, width + 2, height + 2});
         for (KXAxisProperty* axis : {chart.getXAxisProperty(), chart.getYAxisProperty()}) {
             axis->updateShowTitle(true);
-            axis->updateShowTitleAtEndOfAxis(c.atEnd);
+            axis->updateShowTitleAtEndOfAxis(atEnd);
         }
-        chart.load();
-        EXPECT_EQ(chart.getMarksArea(), c.area);
+        kxLoad(chart);
+        EXPECT_EQ(chart.getMarksArea(), area);
         const std::string painted = uxPaintToText(chart);
         for (const char* title : {"\"Categories\"", "\"s0\""})
-            EXPECT_EQ(painted.find(title) != std::string::npos, c.shown) << title << painted;
+            EXPECT_EQ(painted.find(title) != std::string::npos, shown) << title << painted;
     }
 }
 
@@ -196,7 +166,7 @@ TEST(KXAxisChart, LabelsTakeTheirRoomFromTheMarks)
     for (BarsChart* chart : {&upright, &lying}) {
         chart->getXAxisProperty()->setShowTickLabels(true);
         chart->getYAxisProperty()->setShowTickLabels(true);
-        chart->load();
+        kxLoad(*chart);
         EXPECT_FALSE(chart->getRequireToVerifyLayout()) << "settled in one pass";
         const std::string painted = uxPaintToText(*chart);
         for (const char* text : {"\"c0\"", "\"c2\"", "\"10\"", "\"30\""})
@@ -226,7 +196,7 @@ TEST(KXAxisChart, LabelsAreAskedForWhereTheyAreSeen)
     provider.categoryCount = 100'000;
     BarsChart chart(provider);
     chart.getXAxisProperty()->setShowTickLabels(true);
-    chart.load();
+    kxLoad(chart);
     const std::size_t visible = chart.bars.size();
     EXPECT_LE(provider.askedTexts.size(), visible + 2);
     provider.askedTexts.clear();
@@ -245,7 +215,7 @@ TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
     provider.categoryCount = 1'000'000;
     provider.values = {{1, 2, 3}};
     BarsChart chart(provider);
-    chart.load();
+    kxLoad(chart);
     provider.asked.clear();
     UXVirtualScrollView& plot = *chart.getPlot();
     EXPECT_EQ(plot.getContentWidth(), 14'000'000);
@@ -253,7 +223,7 @@ TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
     EXPECT_EQ(chart.bars.size(), 22);
     EXPECT_EQ(plot.getHorizontalScrollBar()->getSliderColor(), UXColor(209, 209, 214));
 
-    UXEvent wheel = makeEvent(UXEventType::MouseWheel, {100, 100});
+    UXEvent wheel = kxMakeEvent(UXEventType::MouseWheel, {100, 100});
     wheel.setWheelDelta({0, 105});
     plot.mouseWheel(wheel);
     EXPECT_EQ(plot.getContentOffsetX(), 5040);
@@ -277,15 +247,15 @@ TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
 
     // Ten categories come in front: the same one stands first.
     provider.categoryText = [](std::uint64_t i) { return i < 10 ? "new" : "c" + std::to_string(i - 10); };
-    chart.load();
+    kxLoad(chart);
     EXPECT_EQ(chart.bars.front().mark.category, 370);
     provider.categoryCount = 5;
-    chart.load();
+    kxLoad(chart);
     EXPECT_EQ(chart.bars.size(), 5);
     EXPECT_EQ(plot.getContentOffsetY(), 0);
     chart.getAxisChartProperty()->updateEnableScroll(false);
     provider.categoryCount = 1000;
-    chart.load();
+    kxLoad(chart);
     EXPECT_EQ(chart.bars.size(), 1000);
     EXPECT_FALSE(plot.hasScrollBars());
 }
@@ -297,21 +267,21 @@ TEST(KXAxisChart, ContinuousCategoriesLieAtTheirNumbers)
     provider.categoryNumber = [](std::uint64_t i) { return i == 2 ? 9.0 : static_cast<double>(i); };
     BarsChart chart(provider);
     chart.getXAxisProperty()->updateIsContinuous(true);
-    chart.load();
+    kxLoad(chart);
     ASSERT_TRUE(chart.isContinuous());
     ASSERT_EQ(chart.bars.size(), 3);
     // From half a unit before 0 to half a unit after 9: ten units of 30.
     EXPECT_NEAR(uxMidDoubleX(chart.bars[1].rect), 45, 1e-6);
     EXPECT_NEAR(uxMidDoubleX(chart.bars[2].rect), 285, 1e-6);
     EXPECT_NEAR(chart.bars[2].rect.width, 30, 1e-6);
-    chart.mouseMove(makeEvent(UXEventType::MouseMove, {200, 10}));
+    KXTestInput{chart}.move({200, 10});
     EXPECT_EQ(chart.getHintInfo().title, "c2") << "the nearest category";
 
     provider.categoryNumber = [](std::uint64_t i) { return 5.0 - static_cast<double>(i); };
-    chart.load();
+    kxLoad(chart);
     EXPECT_EQ(chart.obtainVisibleCategories().second, 3) << "also where they do not grow";
     provider.categoryNumber = [](std::uint64_t) { return null; };
-    chart.load();
+    kxLoad(chart);
     EXPECT_FALSE(chart.isContinuous());
 }
 
@@ -320,7 +290,7 @@ TEST(KXAxisChart, HiddenSeriesLeaveRangesAndStayHidden)
     KXAxisChartTestProvider provider;
     provider.values = {{1, 2, 3}, {100, 50, 20}};
     BarsChart chart(provider);
-    chart.load();
+    kxLoad(chart);
     EXPECT_EQ(chart.getYAxis()->getMaxValue(), 100);
     EXPECT_EQ(chart.obtainLegendCellSize(), 2);
     chart.legendCellClicked(1, UXEvent());
@@ -330,7 +300,7 @@ TEST(KXAxisChart, HiddenSeriesLeaveRangesAndStayHidden)
     UXColor color;
     EXPECT_TRUE(chart.obtainLegendSymbolColor(1, color));
     EXPECT_NE(color, chart.obtainSeriesColor(1));
-    chart.load();
+    kxLoad(chart);
     EXPECT_EQ(chart.getShownSeries(), std::vector<std::uint64_t>{0});
     chart.legendCellClicked(1, UXEvent());
     chart.getChartProperty()->updateTopXItemsToShow(2);
@@ -350,11 +320,9 @@ TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
     provider.values = {{1, 2, 3}, {3, 3, null}, {4, 4, 3.5}};
     provider.wantsHighlight = true;
     BarsChart chart(provider);
-    chart.getChartProperty()->setShowLegend(false);
-    chart.load();
-    const auto moveTo = [&](const Mark& mark) {
-        chart.mouseMove(makeEvent(UXEventType::MouseMove, chart.obtainMiddle(mark)));
-    };
+    kxLoad(chart);
+    const KXTestInput input{chart};
+    const auto moveTo = [&](const Mark& mark) { input.move(chart.obtainMiddle(mark)); };
     moveTo({2, 2});
     EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 2})) << "the one in front";
     moveTo({2, 1});
@@ -379,12 +347,12 @@ TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
     const auto asked = provider.asked["shouldHighlight"];
     moveTo({1, 0});
     EXPECT_EQ(provider.asked["shouldHighlight"], asked) << "only what is new is told";
-    chart.mouseMove(makeEvent(UXEventType::MouseMove, {250, 3}));
+    input.move({250, 3});
     EXPECT_FALSE(chart.getHoveredMark());
     EXPECT_EQ(chart.getCursor(), UXCursor::AsParent);
     EXPECT_EQ(chart.getHintInfo().rows.size(), 2) << "beside the marks, without the null";
     EXPECT_EQ(chart.obtainMarkColor({1, 1}, red), red);
-    chart.mouseMove(makeEvent(UXEventType::MouseMove, {-5, 3}));
+    input.move({-5, 3});
     EXPECT_FALSE(chart.getHintVisible());
 
     provider.hint = {"told", "by the host"};
@@ -392,7 +360,7 @@ TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
     EXPECT_EQ(chart.getHintInfo().title, "told");
     chart.legendCellHovered(2, true);
     EXPECT_EQ(chart.obtainMarkColor({2, 1}, red), red);
-    chart.mouseLeave(makeEvent(UXEventType::MouseLeave, {}));
+    input.leave();
     EXPECT_NE(chart.obtainMarkColor({0, 2}, red), red);
     chart.legendCellHovered(2, false);
     EXPECT_FALSE(chart.isHighlighting());
@@ -403,42 +371,37 @@ TEST(KXAxisChart, ClicksMenusAndLinksNameTheMark)
     KXAxisChartTestProvider provider;
     provider.values = {{1, 2, 3}, {4, 4, 4}};
     BarsChart chart(provider);
-    chart.getChartProperty()->setShowLegend(false);
-    chart.load();
+    kxLoad(chart);
     const UXPoint on = chart.obtainMiddle({0, 1}), beside{250, -50};
+    const KXTestInput input{chart};
     const auto click = [&](const UXPoint& down, const UXPoint& up) {
-        press(chart, down, UXEventKey::LeftButton);
-        return chart.triggerEventHandler(makeEvent(UXEventType::LeftClick, up));
+        input.press(down);
+        return chart.triggerEventHandler(kxMakeEvent(UXEventType::LeftClick, up));
     };
     EXPECT_TRUE(click(on, on));
     ASSERT_EQ(provider.paths.size(), 1);
     EXPECT_EQ(provider.paths[0].valueIndexPath, (KXIndexPath{0, 1}));
     EXPECT_FALSE(click(on, beside));
     EXPECT_FALSE(click(beside, beside));
-    press(chart, beside, UXEventKey::RightButton);
+    input.press(beside, UXEventKey::RightButton);
     EXPECT_EQ(provider.paths.size(), 1);
-    press(chart, on, UXEventKey::RightButton);
+    input.press(on, UXEventKey::RightButton);
     EXPECT_EQ(provider.asked["shouldRightClick"], 1);
 
-    struct Case {
-        const char* name;
-        KXIndexPath value, dimension;
-        std::vector<Mark> marks;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, KXIndexPath, KXIndexPath, std::vector<Mark>> cases[] = {
         {"a value", {1, 2}, {0, 1}, {{1, 2}}}, {"a category", {}, {0, 1}, {{0, 1}, {1, 1}}},
         {"another dimension", {}, {1, 1}, {}}, {"no such category", {0, 3}, {}, {}},
         {"no such series", {2, 0}, {}, {}},    {"nothing", {}, {}, {}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, value, dimension, marks] : cases) {
+        SCOPED_TRACE(name);
         KXChartDataPath path;
-        path.valueIndexPath = c.value;
-        path.dimensionIndexPath = c.dimension;
-        EXPECT_EQ(chart.findMarks(path), c.marks);
+        path.valueIndexPath = value;
+        path.dimensionIndexPath = dimension;
+        EXPECT_EQ(chart.findMarks(path), marks);
         const KXHighlightResult result = chart.showLinkedHighlight(path, nullptr);
-        EXPECT_EQ(result == KXHighlightResult::Highlighted, !c.marks.empty());
-        EXPECT_EQ(chart.isHighlighting(), !c.marks.empty());
+        EXPECT_EQ(result == KXHighlightResult::Highlighted, !marks.empty());
+        EXPECT_EQ(chart.isHighlighting(), !marks.empty());
         chart.hideLinkedHighlight(nullptr);
         EXPECT_FALSE(chart.isHighlighting() || chart.getHintVisible());
     }
@@ -449,7 +412,7 @@ TEST(KXAxisChart, ChangesReachTheStepThatTheyTouch)
     KXAxisChartTestProvider provider;
     provider.values = {{1, 2, 3}, {1, 2, 3}};
     BarsChart chart(provider);
-    chart.load();
+    kxLoad(chart);
     const int pulled = provider.asked["value"], reloads = chart.reloads;
     chart.getYAxisProperty()->updateIsStacked(true);
     chart.layout();
@@ -470,7 +433,6 @@ TEST(KXAxisChart, ChangesReachTheStepThatTheyTouch)
     BarsChart copy(provider);
     EXPECT_TRUE(copy.deserialize(chart.serialize()));
     EXPECT_EQ(copy.serialize(), chart.serialize());
-    EXPECT_TRUE(copy.getYAxisProperty()->getIsStacked());
 
     BarsChart reset(provider);
     chart.getYDataFormat()->updatePrefix("about ");
@@ -490,12 +452,12 @@ TEST(KXAxisChart, DataThatSayNothingShowWords)
         KXAxisChartTestProvider provider;
         provider.values = values;
         BarsChart chart(provider);
-        chart.load();
+        kxLoad(chart);
         EXPECT_NE(uxPaintToText(chart).find("\"No data\""), std::string::npos);
-        chart.mouseMove(makeEvent(UXEventType::MouseMove, {100, 100}));
+        KXTestInput{chart}.move({100, 100});
         EXPECT_FALSE(chart.getHintVisible());
         provider.values = {{1, 2, 3}};
-        chart.load();
+        kxLoad(chart);
         EXPECT_EQ(uxPaintToText(chart).find("\"No data\""), std::string::npos);
     }
 }
@@ -508,21 +470,23 @@ TEST(KXAxisChart, TheProviderMayDestroyTheChartInAnyAnswer)
     provider.categoryType = KXChartDataType::Date;
     provider.wantsHighlight = true;
     const auto use = [&](std::unique_ptr<BarsChart>& chart) {
-        UXEvent wheel = makeEvent(UXEventType::MouseWheel, {100, 100});
+        UXEvent wheel = kxMakeEvent(UXEventType::MouseWheel, {100, 100});
         wheel.setWheelDelta({0, 1});
         KXChartDataPath path;
         path.valueIndexPath = {1, 3};
         const Mark mark{0, 1};
         const std::function<void()> steps[] = {
             [&] { chart->getXAxisProperty()->setShowTickLabels(true); },
-            [&] { chart->load(); },
+            [&] { kxLoad(*chart); },
             [&] { chart->getPlot()->mouseWheel(wheel); },
-            [&] { chart->load(); },
+            [&] { kxLoad(*chart); },
             [&] { chart->getPlot()->setContentOffsetX(0); },
-            [&] { chart->mouseMove(makeEvent(UXEventType::MouseMove, chart->obtainMiddle(mark))); },
-            [&] { press(*chart, chart->obtainMiddle(mark), UXEventKey::RightButton); },
-            [&] { chart->triggerEventHandler(makeEvent(UXEventType::LeftClick, chart->obtainMiddle(mark))); },
-            [&] { chart->mouseLeave(makeEvent(UXEventType::MouseLeave, {})); },
+            [&] { KXTestInput{*chart}.move(chart->obtainMiddle(mark)); },
+            [&] { KXTestInput{*chart}.press(chart->obtainMiddle(mark), UXEventKey::RightButton); },
+            [&] {
+                chart->triggerEventHandler(kxMakeEvent(UXEventType::LeftClick, chart->obtainMiddle(mark)));
+            },
+            [&] { KXTestInput{*chart}.leave(); },
             [&] { chart->showLinkedHighlight(path, nullptr); },
             [&] { chart->getXAxisProperty()->updateIsContinuous(true); },
             [&] { chart->layout(); },

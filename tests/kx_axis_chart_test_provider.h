@@ -25,6 +25,8 @@ public:
     std::vector<KXChartDataPath> paths; // copies of those that came with clicks and highlights
     bool wantsHighlight = false;
     KXChartDataProviderHintData hint;
+    std::uint64_t memberCount = 0; // of the second dimension, each with a value in the lists
+    KXIndexPath redPath;           // of a value whose colour and label the host sets
     std::function<std::string(std::uint64_t)> categoryText;
     std::function<double(std::uint64_t)> categoryNumber;
     std::function<void(const std::string&)> onCall;
@@ -46,8 +48,7 @@ public:
     }
     std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override
     {
-        return dimension == 0 ? _answer("categoryCount", categoryCount)
-                              : _answer("memberCount", std::uint64_t{0});
+        return dimension == 0 ? _answer("categoryCount", categoryCount) : _answer("memberCount", memberCount);
     }
     std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override
     {
@@ -80,6 +81,19 @@ public:
     {
         return _answer("value", _value(path));
     }
+    bool obtainValueDataColor(KXChartDataUser*, const KXIndexPath& path, UXColor& color) override
+    {
+        if (path == redPath)
+            color = UXColor(255, 0, 0);
+        return _answer("color", path == redPath);
+    }
+    void customizeValueDataLabel(KXChartDataUser*, const KXIndexPath& path, std::string& label,
+                                 UXTextProperty&) override
+    {
+        if (path == redPath)
+            label = "red";
+        _note("label");
+    }
     bool obtainDataShouldLeftClickAction(KXChartDataUser*, KXChartDataPath*) override { return true; }
     std::function<void()> obtainDataLeftClickAction(KXChartDataUser*, KXChartDataPath* path) override
     {
@@ -105,7 +119,8 @@ private:
     double _value(const KXIndexPath& path) const
     {
         const std::vector<double>& list = values.at(path.at(0));
-        return path.at(1) < list.size() ? list[path[1]] : null;
+        const std::uint64_t index = path.size() < 3 ? path.at(1) : path[1] * memberCount + path[2];
+        return index < list.size() ? list[index] : null;
     }
     void _note(const std::string& call)
     {

@@ -5,8 +5,8 @@
 #include "kx_axis_property.h"
 #include "kx_bar_chart_property.h"
 #include "kx_key_walk.h"
-#include "ux/ux_event.h"
-#include "ux/ux_object_watcher.h"
+#include "kx_load_chart.h"
+#include "kx_test_input.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
@@ -24,41 +24,11 @@ namespace {
 
 constexpr double null = KXAxisChartTestProvider::null;
 
-class Provider : public KXAxisChartTestProvider {
-public:
-    bool obtainValueDataColor(KXChartDataUser*, const KXIndexPath& path, UXColor& color) override
-    {
-        if (onColor)
-            onColor();
-        if (path != redPath)
-            return false;
-        color = UXColor(255, 0, 0);
-        return true;
-    }
-    void customizeValueDataLabel(KXChartDataUser*, const KXIndexPath& path, std::string& text,
-                                 UXTextProperty&) override
-    {
-        if (onLabel)
-            onLabel();
-        if (path == redPath)
-            text = "red";
-    }
-
-    KXIndexPath redPath;
-    std::function<void()> onColor, onLabel;
-};
-
 void load(KXBarChart& chart, KXChartDataProvider& provider, UXRect rect = {0, 0, 600, 300})
 {
     for (KXAxisProperty* axis : {chart.getXAxisProperty(), chart.getYAxisProperty()})
         axis->setShowTitle(false);
-    chart.setDataProvider(&provider);
-    chart.setRect(rect);
-    const UXObjectWatcher watcher(&chart);
-    chart.prepareData();
-    chart.reloadData();
-    if (watcher.isAlive())
-        chart.layout();
+    kxLoad(chart, provider, rect);
 }
 
 bool intersects(const UXDoubleRect& a, const UXDoubleRect& b)
@@ -102,7 +72,7 @@ TEST(KXBarChart, Labels)
         {"totals", Stacked, Display::ValueOnly, Option::MinOnly, true, false, "-10 30 30 50 50 "},
     };
     UXFixedMeasurer measurer;
-    Provider provider;
+    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, -10}, {30, null, 60}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -126,7 +96,7 @@ TEST(KXBarChart, LabelsTouchNothing)
     std::size_t placed = 0;
     for (int round = 0; round < 80; ++round) {
         SCOPED_TRACE(round);
-        Provider provider;
+        KXAxisChartTestProvider provider;
         provider.categoryCount = 1 + random() % 30;
         provider.values.assign(1 + random() % 4, {});
         for (std::vector<double>& values : provider.values)
@@ -161,7 +131,7 @@ TEST(KXBarChart, LabelsTouchNothing)
 TEST(KXBarChart, ColorsComeFromHostItemOrSeries)
 {
     UXFixedMeasurer measurer;
-    Provider provider;
+    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, -10}};
     provider.redPath = {0, 1};
     KXBarChart chart;
@@ -178,7 +148,7 @@ TEST(KXBarChart, ColorsComeFromHostItemOrSeries)
 TEST(KXBarChart, HiddenSeriesTakeNoRoomAndFormsNoData)
 {
     UXFixedMeasurer measurer;
-    Provider provider;
+    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, 10}, {5, 5, 5}};
     KXBarChart chart;
     load(chart, provider, {0, 0, 200, 200});
@@ -198,17 +168,15 @@ TEST(KXBarChart, HiddenSeriesTakeNoRoomAndFormsNoData)
 TEST(KXBarChart, HintTellsPartsAndTotals)
 {
     UXFixedMeasurer measurer;
-    Provider provider;
+    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, 10}, {60, null, 5}};
     KXBarChart chart;
     const auto hoverFirst = [&](KXBarForm form) {
         chart.updateBarForm(form);
         chart.layout();
         const UXDoubleRect rect = chart.getDataView().getBars()[1].rect;
-        UXEvent event(UXEventType::MouseMove);
-        event.setMousePoint(chart.translatePoint(
-            UXPoint(static_cast<int>(rect.x + 2), static_cast<int>(rect.y + 2)), chart.getPlot(), nullptr));
-        chart.mouseMove(event);
+        const UXPoint inside(static_cast<int>(rect.x + 2), static_cast<int>(rect.y + 2));
+        KXTestInput{chart}.move(chart.translatePoint(inside, chart.getPlot(), nullptr));
         return chart.getHintInfo();
     };
     load(chart, provider);
@@ -226,7 +194,7 @@ TEST(KXBarChart, HintTellsPartsAndTotals)
 TEST(KXBarChart, LabelsBeyondTheLongestBarHaveRoomOrNone)
 {
     UXFixedMeasurer measurer;
-    Provider provider;
+    KXAxisChartTestProvider provider;
     provider.values = {{99, 100, 3}};
     for (const int height : {300, 60}) {
         KXBarChart chart;
@@ -245,7 +213,7 @@ TEST(KXBarChart, LabelsBeyondTheLongestBarHaveRoomOrNone)
 TEST(KXBarChart, TotalsStandOnTheirSideOrElseOnTheOther)
 {
     UXFixedMeasurer measurer;
-    Provider provider;
+    KXAxisChartTestProvider provider;
     provider.categoryCount = 2;
     provider.values = {{50, 50}, {-20, -100}};
     KXBarChart chart;
@@ -269,31 +237,27 @@ TEST(KXBarChart, TotalsStandOnTheirSideOrElseOnTheOther)
 TEST(KXBarChart, HostMayDoAnythingWhileItIsAsked)
 {
     UXFixedMeasurer measurer;
-    for (const bool atLabels : {false, true}) {
+    for (const char* call : {"color", "label"}) {
         for (const bool destroys : {false, true}) {
-            SCOPED_TRACE(testing::Message() << atLabels << destroys);
-            Provider provider;
+            SCOPED_TRACE(testing::Message() << call << destroys);
+            KXAxisChartTestProvider provider;
             provider.values = {{20, 30, 10}, {60, null, 5}};
-            auto* chart = new KXBarChart;
-            const UXObjectWatcher watcher(chart);
+            auto chart = std::make_unique<KXBarChart>();
             chart->getBarChartProperty()->updateShowLabels(true);
-            (atLabels ? provider.onLabel : provider.onColor) = [&] {
-                if (!watcher.isAlive())
+            provider.onCall = [&](const std::string& asked) {
+                if (asked != call)
                     return;
+                provider.onCall = {};
                 if (destroys)
-                    delete chart;
+                    chart.reset();
                 else
                     chart->prepareData(); // takes the values away from under the labels
             };
             load(*chart, provider);
-            EXPECT_EQ(watcher.isAlive(), !destroys);
-            if (watcher.isAlive()) {
-                provider.onLabel = provider.onColor = {};
-                chart->prepareData();
-                chart->reloadData();
-                chart->layout();
+            EXPECT_EQ(!chart, destroys);
+            if (chart) {
+                kxLoad(*chart);
                 EXPECT_FALSE(chart->getLabels().empty());
-                delete chart;
             }
         }
     }

@@ -1,6 +1,7 @@
 #include "kx_chart_data_action.h"
 
 #include "kx_chart_label.h"
+#include "kx_load_chart.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
 #include "ux/ux_assert.h"
@@ -54,30 +55,26 @@ protected:
 TEST_F(KXChartDataActionTest, EveryConditionHasItsSay)
 {
     enum class Says { Nothing, Yes, No };
-    struct Case {
-        const char* name;
-        Says call, own, ofUser;
-        bool clicked;
-    };
-    const Case cases[] = {
-        {"none", Says::Nothing, Says::Nothing, Says::Nothing, true},
-        {"the call's refuses", Says::No, Says::Nothing, Says::Nothing, false},
-        {"the call's goes before the part's own", Says::Yes, Says::No, Says::Nothing, true},
-        {"the part's own refuses", Says::Nothing, Says::No, Says::Yes, false},
-        {"the user's refuses beside the call's", Says::Yes, Says::Nothing, Says::No, false},
-        {"the user's refuses beside the part's", Says::Nothing, Says::Yes, Says::No, false},
-        {"all agree", Says::Yes, Says::Yes, Says::Yes, true},
+    using enum Says;
+    const std::tuple<const char*, Says, Says, Says, bool> cases[] = {
+        {"none", Nothing, Nothing, Nothing, true},
+        {"the call's refuses", No, Nothing, Nothing, false},
+        {"the call's goes before the part's own", Yes, No, Nothing, true},
+        {"the part's own refuses", Nothing, No, Yes, false},
+        {"the user's refuses beside the call's", Yes, Nothing, No, false},
+        {"the user's refuses beside the part's", Nothing, Yes, No, false},
+        {"all agree", Yes, Yes, Yes, true},
     };
     const auto condition = [](Says says) {
-        return says == Says::Nothing ? KXTriggerCondition() : [says] { return says == Says::Yes; };
+        return says == Nothing ? KXTriggerCondition() : [says] { return says == Yes; };
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, ofCall, own, ofUser, clicked] : cases) {
+        SCOPED_TRACE(name);
         provider.calls.clear();
-        part.registerLeftClickActionTriggerCondition(condition(c.own));
-        chart.registerLeftClickActionTriggerCondition(condition(c.ofUser));
-        EXPECT_EQ(part.click(&chart, true, event, condition(c.call)), c.clicked);
-        EXPECT_EQ(provider.calls.size(), c.clicked ? 1u : 0u) << "a refused click asks nothing";
+        part.registerLeftClickActionTriggerCondition(condition(own));
+        chart.registerLeftClickActionTriggerCondition(condition(ofUser));
+        EXPECT_EQ(part.click(&chart, true, event, condition(ofCall)), clicked);
+        EXPECT_EQ(provider.calls.size(), clicked ? 1u : 0u) << "a refused click asks nothing";
     }
 }
 
@@ -163,31 +160,23 @@ TEST_F(KXChartDataActionTest, TheHostMayDestroyThePartOrTheChartWhileItAnswers)
     pointer->registerRightClickMenu(&chart, {});
     EXPECT_EQ(doomed, nullptr);
 
-    auto doomedChart = std::make_unique<KXValueChart>();
-    doomedChart->setDataProvider(&provider);
-    provider.onCall = [&](const std::string&) { doomedChart.reset(); };
-    EXPECT_TRUE(part.click(doomedChart.get(), true, event));
-    EXPECT_EQ(doomedChart, nullptr);
-
-    for (const char* moment : {"begin", "isEmpty", "count", "number(0,0)", "end"}) {
-        doomedChart = std::make_unique<KXValueChart>();
-        doomedChart->setDataProvider(&provider);
-        provider.onCall = [&](const std::string& call) {
-            if (call == moment)
+    std::unique_ptr<KXValueChart> doomedChart;
+    const auto renew = [&](const std::string& fatal) {
+        provider.onCall = [&, fatal](const std::string& call) {
+            if (fatal.empty() || call == fatal)
                 doomedChart.reset();
         };
-        doomedChart->prepareData();
+        doomedChart = std::make_unique<KXValueChart>();
+        doomedChart->setDataProvider(&provider);
+    };
+    renew("");
+    EXPECT_TRUE(part.click(doomedChart.get(), true, event));
+    EXPECT_EQ(doomedChart, nullptr);
+    for (const char* moment : {"begin", "isEmpty", "count", "number(0,0)", "end", "shouldRightClick"}) {
+        renew(moment);
+        kxLoad(*doomedChart);
         EXPECT_EQ(doomedChart, nullptr) << moment;
     }
-
-    provider.onCall = {};
-    doomedChart = std::make_unique<KXValueChart>();
-    doomedChart->setDataProvider(&provider);
-    doomedChart->prepareData();
-    doomedChart->reloadData();
-    provider.onCall = [&](const std::string&) { doomedChart.reset(); };
-    doomedChart->layout();
-    EXPECT_EQ(doomedChart, nullptr) << "the layout asks whether the value has a menu";
 }
 
 TEST_F(KXChartDataActionTest, AHighlightIsAskedForWhenTheDispatchIsOver)

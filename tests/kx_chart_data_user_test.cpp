@@ -1,6 +1,6 @@
 #include "kx_chart_data_user.h"
 
-#include "kx_chart.h"
+#include "kx_test_chart.h"
 #include "kx_test_provider.h"
 
 #include <gtest/gtest.h>
@@ -8,9 +8,9 @@
 namespace {
 
 /** A chart that notes its hooks among the provider's calls. */
-class NotingChart : public KXChart, public KXChartDataUser {
+class NotingChart : public KXTestChart {
 public:
-    explicit NotingChart(std::vector<std::string>& calls) : KXChartDataUser(this), m_calls(calls) {}
+    explicit NotingChart(std::vector<std::string>& calls) : m_calls(calls) {}
 
     void beforePrepareData() override { m_calls.push_back("beforePrepare"); }
     void beforeReloadData() override { m_calls.push_back("beforeReload"); }
@@ -44,9 +44,6 @@ public:
         m_calls.push_back(require && repaint ? "verifyLayout" : "other");
         UXObject::setRequireToVerifyLayout(require, repaint);
     }
-
-protected:
-    void _customLayout(UXRect) override {}
 
 private:
     std::vector<std::string>& m_calls;
@@ -97,21 +94,17 @@ TEST(KXChartDataUser, PreparesAndReloadsInOneFixedOrder)
 TEST(KXChartDataUser, AStepOfReloadingMayDestroyTheChart)
 {
     /** A chart that is gone after one of its steps. */
-    class DoomedChart : public KXChart, public KXChartDataUser {
+    class DoomedChart : public KXTestChart {
     public:
         DoomedChart(std::vector<std::string>& calls, std::string lastStep)
-            : KXChartDataUser(this), m_calls(calls), m_lastStep(std::move(lastStep))
+            : m_calls(calls), m_lastStep(std::move(lastStep))
         {
         }
         void beforeReloadData() override { _step("beforeReload"); }
-        void customPrepareData(KXChartDataProvider*, bool&) override {}
         void customReloadData() override { _step("customReload"); }
         void afterReloadData() override { _step("afterReload"); }
         void customReloadColors() override { _step("colors"); }
         void reloadChartColors() override { _step("chartColors"); }
-
-    protected:
-        void _customLayout(UXRect) override {}
 
     private:
         void _step(const std::string& step)

@@ -4,18 +4,15 @@
 #include "kx_chart_property.h"
 #include "kx_gauge_chart.h"
 #include "kx_interaction_color_effect.h"
+#include "kx_test_input.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
-#include "ux/ux_diagram.h"
-#include "ux/ux_event.h"
-#include "ux/ux_key_code.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <optional>
 #include <random>
 
 namespace {
@@ -28,6 +25,7 @@ public:
         wantsHighlight = true;
         number = 50;
         valueCount = 4;
+        hint = [](const KXIndexPath&) { return KXChartDataProviderHintData{"matching", "item"}; };
     }
     KXChartDataPath* obtainDataLinkedHighlightTargetPath(KXChartDataUser*, KXChartDataPath* path,
                                                          KXChartDataProvider* target) override
@@ -36,23 +34,13 @@ public:
         paths.push_back(*path);
         if (onTarget)
             onTarget();
-        auto* answer = matches ? new KXChartDataPath : nullptr;
-        if (answer)
-            answer->valueIndexPath = {matches.value_or(0), 0};
+        if (!matches)
+            return nullptr;
+        auto* answer = new KXChartDataPath;
+        answer->valueIndexPath = {*matches, 0};
         return answer;
     }
-    std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>&) override
-    {
-        return effect ? std::vector<KXInteractionEffect*>{new KXInteractionColorEffect(*effect)}
-                      : std::vector<KXInteractionEffect*>();
-    }
-    KXChartDataProviderHintData obtainHintData(KXChartDataUser*, const KXIndexPath&) override
-    {
-        return {"matching", "item"};
-    }
-
     std::optional<std::uint64_t> matches = 0;
-    std::optional<UXColor> effect;
     std::function<void()> onTarget;
 };
 
@@ -84,19 +72,13 @@ protected:
         user.prepareData();
         user.reloadData();
     }
-    void send(bool (UXObject::*entry)(const UXEvent&), UXPoint point, int keyCode = 0)
-    {
-        UXEvent event;
-        event.setMousePoint(point);
-        event.setKeyCode(keyCode);
-        (diagram.*entry)(event);
-    }
+    void moveTo(int x, int y) { input.move({x, y}); }
     static UXPoint valueOf(int chart) { return {200 * chart + 5, 5}; }
-    void hover(int chart) { send(&UXObject::mouseMove, valueOf(chart)); }
+    void hover(int chart) { input.move(valueOf(chart)); }
     void click(int chart)
     {
-        send(&UXObject::mouseDown, valueOf(chart));
-        send(&UXObject::mouseUp, valueOf(chart));
+        input.press(valueOf(chart));
+        input.release(valueOf(chart));
     }
     /** @return a letter for each value chart and each measure of the gauge: Lit, Dimmed or - */
     std::string states() const
@@ -120,6 +102,7 @@ protected:
     const UXFixedMeasurer measurer;
     LinkedProvider providers[4];
     UXDiagram diagram;
+    const KXTestInput input{diagram};
     std::unique_ptr<KXChartLinkedActionDiagram> linked = std::make_unique<KXChartLinkedActionDiagram>();
     std::unique_ptr<KXValueChart> charts[3];
     std::unique_ptr<KXGaugeChart> gauge;
@@ -128,39 +111,34 @@ protected:
 TEST_F(KXChartLinkedActionDiagramTest, WhatOneChartPointsAtStandsOutInTheOthers)
 {
     using enum KXHighlightResult;
-    struct Case {
-        const char* name;
-        std::function<void()> change;
-        std::string expected;
-        KXHighlightResult ofSecond, ofGauge;
-    };
-    const Case cases[] = {
-        {"every match", [] {}, "-LL LDDD", Highlighted, Highlighted},
-        {"another measure", [this] { providers[3].matches = 2; }, "-LL DDLD", Highlighted, Highlighted},
-        {"no such measure", [this] { providers[3].matches = 9; }, "-LL ----", Highlighted, NotFound},
-        {"no match", [this] { providers[1].matches.reset(); }, "--L ----", NotFound, NotFound},
-        {"a chart that answers no pointer",
-         [this] { charts[2]->getChartProperty()->updateEnableInteraction(false); }, "--- ----", NotFound,
-         NotFound},
-        {"the host wants none", [this] { providers[0].wantsHighlight = false; }, "--- ----", TakesNoPart,
-         TakesNoPart},
-        {"the chart answers no pointer",
-         [this] {
-             providers[0].wantsHighlight = true;
-             charts[0]->getChartProperty()->updateEnableInteraction(false);
-         },
-         "--- ----", TakesNoPart, TakesNoPart},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        c.change();
+    const std::tuple<const char*, std::function<void()>, std::string, KXHighlightResult, KXHighlightResult>
+        cases[] = {
+            {"every match", [] {}, "-LL LDDD", Highlighted, Highlighted},
+            {"another measure", [this] { providers[3].matches = 2; }, "-LL DDLD", Highlighted, Highlighted},
+            {"no such measure", [this] { providers[3].matches = 9; }, "-LL ----", Highlighted, NotFound},
+            {"no match", [this] { providers[1].matches.reset(); }, "--L ----", NotFound, NotFound},
+            {"a chart that answers no pointer",
+             [this] { charts[2]->getChartProperty()->updateEnableInteraction(false); }, "--- ----", NotFound,
+             NotFound},
+            {"the host wants none", [this] { providers[0].wantsHighlight = false; }, "--- ----", TakesNoPart,
+             TakesNoPart},
+            {"the chart answers no pointer",
+             [this] {
+                 providers[0].wantsHighlight = true;
+                 charts[0]->getChartProperty()->updateEnableInteraction(false);
+             },
+             "--- ----", TakesNoPart, TakesNoPart},
+        };
+    for (const auto& [name, change, expected, ofSecond, ofGauge] : cases) {
+        SCOPED_TRACE(name);
+        change();
         diagram.layout();
         hover(0);
-        EXPECT_EQ(states(), c.expected);
-        EXPECT_EQ(linked->obtainHighlightResult(charts[1].get()), c.ofSecond);
-        EXPECT_EQ(linked->obtainHighlightResult(gauge.get()), c.ofGauge);
-        EXPECT_EQ(charts[1]->getHintVisible(), c.ofSecond == Highlighted);
-        send(&UXObject::mouseMove, {5, 190});
+        EXPECT_EQ(states(), expected);
+        EXPECT_EQ(linked->obtainHighlightResult(charts[1].get()), ofSecond);
+        EXPECT_EQ(linked->obtainHighlightResult(gauge.get()), ofGauge);
+        EXPECT_EQ(charts[1]->getHintVisible(), ofSecond == Highlighted);
+        moveTo(5, 190);
         EXPECT_EQ(states(), "--- ----");
         EXPECT_EQ(linked->getHighlightSource(), nullptr);
         EXPECT_FALSE(charts[1]->getHintVisible());
@@ -172,20 +150,20 @@ TEST_F(KXChartLinkedActionDiagramTest, TheDialAsksForItsValueAndLooksAsTheHostSa
 {
     const std::string usual = uxPaintToText(*charts[0]);
     const UXRect pipe = gauge->getPipeRect();
-    send(&UXObject::mouseMove, {600 + pipe.x + 3, pipe.getBottom() - 1});
+    moveTo(600 + pipe.x + 3, pipe.getBottom() - 1);
     EXPECT_EQ(states(), "LLL ----");
     EXPECT_EQ(linked->getHighlightSource(), gauge->getMainLabel());
     EXPECT_NE(uxPaintToText(*charts[0]), usual) << "a match stands out also where the host says nothing";
-    send(&UXObject::mouseMove, {605, 195});
+    moveTo(605, 195);
     EXPECT_EQ(uxPaintToText(*charts[0]), usual);
 
-    providers[0].effect = UXColor(9, 8, 7);
-    providers[3].effect = UXColor(6, 5, 4);
+    providers[0].effect = [] { return new KXInteractionColorEffect({9, 8, 7}); };
+    providers[3].effect = [] { return new KXInteractionColorEffect({6, 5, 4}); };
     hover(1);
     EXPECT_NE(uxPaintToText(*charts[0]).find("9,8,7"), std::string::npos);
     EXPECT_NE(uxPaintToText(*gauge).find("setColor 6,5,4"), std::string::npos)
         << "the needle belongs to the value";
-    send(&UXObject::mouseLeave, {});
+    input.leave();
     EXPECT_EQ(uxPaintToText(*charts[0]), usual);
 }
 
@@ -193,19 +171,19 @@ TEST_F(KXChartLinkedActionDiagramTest, ASelectedItemAsksUntilItIsSelectedNoLonge
 {
     charts[0]->getValueLabel()->setSelectable(true);
     click(0);
-    send(&UXObject::mouseMove, {5, 190});
+    moveTo(5, 190);
     EXPECT_EQ(states(), "-LL LDDD") << "the pointer has gone, the selection stays";
     hover(1);
     EXPECT_EQ(states(), "L-L LDDD");
-    send(&UXObject::mouseMove, {205, 190});
+    moveTo(205, 190);
     EXPECT_EQ(states(), "-LL LDDD") << "the selection shows again";
     click(0);
-    send(&UXObject::mouseMove, {5, 190});
+    moveTo(5, 190);
     EXPECT_EQ(states(), "--- ----");
 
     charts[0]->getValueLabel()->setSelected(true);
     EXPECT_EQ(states(), "-LL LDDD") << "selected by the host";
-    send(&UXObject::keyDown, {}, static_cast<int>(UXKeyCode::Escape));
+    input.type(UXKeyCode::Escape);
     EXPECT_EQ(states(), "--- ----");
     EXPECT_FALSE(charts[0]->getValueLabel()->getSelected());
 }
@@ -241,7 +219,7 @@ TEST_F(KXChartLinkedActionDiagramTest, ChartsComeAndGoWhileAHighlightStands)
     linked = std::make_unique<KXChartLinkedActionDiagram>();
     diagram.registerGlobalEventDiagram(linked.get());
     providers[3].onTarget = [this] { linked.reset(); };
-    send(&UXObject::mouseMove, {205, 190});
+    moveTo(205, 190);
     hover(1);
     EXPECT_EQ(linked, nullptr);
     EXPECT_EQ(states(), "-- ----") << "the linking may go while a provider answers";
@@ -279,12 +257,12 @@ TEST_F(KXChartLinkedActionDiagramTest, NothingStaysLitAfterARandomWalk)
                 providers[place].onTarget = [this, doomed = pick(3)] { charts[doomed].reset(); };
             break;
         default:
-            send(&UXObject::mouseMove, {pick(1000), pick(200)});
+            moveTo(pick(1000), pick(200));
             break;
         }
     }
-    send(&UXObject::mouseLeave, {});
-    send(&UXObject::keyDown, {}, static_cast<int>(UXKeyCode::Escape));
+    input.leave();
+    input.type(UXKeyCode::Escape);
     diagram.layout();
     EXPECT_EQ(states().find_first_of("LD"), std::string::npos) << states();
 }

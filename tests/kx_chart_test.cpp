@@ -4,8 +4,9 @@
 #include "kx_chart_property.h"
 #include "kx_chart_toolbox.h"
 #include "kx_legend.h"
+#include "kx_test_chart.h"
+#include "kx_test_input.h"
 #include "kx_test_provider.h"
-#include "ux/ux_event.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
@@ -17,34 +18,6 @@
 #include <sstream>
 
 namespace {
-
-/** A chart that keeps the plot area it is given, with legend cells of labels that a test sets. */
-class PlainChart : public KXChart, public KXChartDataUser {
-public:
-    PlainChart() : KXChartDataUser(this) {}
-    void customPrepareData(KXChartDataProvider*, bool&) override {}
-    void customReloadData() override {}
-    std::uint64_t obtainLegendCellSize() override { return labels.size(); }
-    std::string obtainLegendLabel(std::uint64_t index) override { return labels[index]; }
-    bool obtainLegendShouldShowCell(std::uint64_t index) override { return index != hiddenCell; }
-    bool mouseMoved(const UXEvent& event)
-    {
-        bool stop = false;
-        return customMouseMove(event, stop);
-    }
-    bool mouseLeft(const UXEvent& event)
-    {
-        bool stop = false;
-        return customMouseLeave(event, stop);
-    }
-
-    std::vector<std::string> labels;
-    std::uint64_t hiddenCell = UINT64_MAX;
-    UXRect plotArea;
-
-protected:
-    void _customLayout(UXRect area) override { plotArea = area; }
-};
 
 struct LayoutCase {
     const char* name;
@@ -99,14 +72,14 @@ TEST(KXChart, DividesItsContentBetweenTitleLegendAndPlot)
     const UXFixedMeasurer measurer;
     for (const LayoutCase& c : cases) {
         SCOPED_TRACE(c.name);
-        PlainChart chart;
+        KXTestChart chart;
         KXChartProperty& property = *chart.getChartProperty();
         property.setTitleValue(c.title);
         property.setTitlePosition(c.titlePosition);
         property.setTitleVerticalAlign(c.titleAlign);
         property.setLegendPosition(c.legendPosition);
         if (*c.legendLabel)
-            chart.labels = {c.legendLabel};
+            chart.setLabels({c.legendLabel});
         chart.setRect(uxMakeRect(30, 40, c.width, c.height));
         chart.layout();
         EXPECT_EQ(write(chart.getTitle()->getRect()) + " | " + write(chart.getLegend()->getRect()) + " | " +
@@ -120,8 +93,8 @@ TEST(KXChart, AnAbsurdTitleLeavesAnEmptyPlotArea)
     const UXFixedMeasurer measurer;
     for (const UXPosition position :
          {UXPosition::Top, UXPosition::Bottom, UXPosition::Left, UXPosition::Right}) {
-        PlainChart chart;
-        chart.labels = {"cell"}; // beside the title it takes 40 and the gap
+        KXTestChart chart;
+        chart.setLabels({"cell"}); // beside the title it takes 40 and the gap
         KXChartProperty& property = *chart.getChartProperty();
         UXTextProperty text = property.getTitleProperty();
         text.font.size = (std::numeric_limits<int>::max)();
@@ -139,7 +112,7 @@ TEST(KXChart, AnAbsurdTitleLeavesAnEmptyPlotArea)
 TEST(KXChart, APropertyChangeReachesThePartThatShowsIt)
 {
     const UXFixedMeasurer measurer;
-    PlainChart chart;
+    KXTestChart chart;
     chart.setRect(uxMakeRect(0, 0, 402, 302));
     chart.layout();
     KXChartProperty& property = *chart.getChartProperty();
@@ -169,7 +142,7 @@ TEST(KXChart, APropertyChangeReachesThePartThatShowsIt)
 
 TEST(KXChart, TheTitleTakesClicksOnlyWhereTheyAreEnabled)
 {
-    PlainChart chart;
+    KXTestChart chart;
     KXTestProvider provider;
     int clicks = 0;
     provider.leftClickAction = [&] { ++clicks; };
@@ -187,26 +160,26 @@ TEST(KXChart, TheTitleTakesClicksOnlyWhereTheyAreEnabled)
 
 TEST(KXChart, TheToolboxShowsOnlyUnderThePointerOfAHostThatWantsIt)
 {
-    PlainChart chart;
+    KXTestChart chart;
     KXTestProvider provider;
     chart.setRect(uxMakeRect(0, 0, 202, 102));
     chart.layout();
+    const KXTestInput input{chart};
     KXChartToolbox& toolbox = *chart.getToolbox();
     EXPECT_EQ(toolbox.getRect(), UXRect(2, 2, 198, 25)) << "hidden, it has its place all the same";
-    const UXEvent event(UXEventType::MouseMove);
-    chart.mouseMoved(event);
+    input.move({100, 60});
     EXPECT_FALSE(toolbox.getVisible()) << "no provider";
     chart.setDataProvider(&provider);
-    chart.mouseMoved(event);
+    input.move({100, 60});
     EXPECT_FALSE(toolbox.getVisible());
     provider.wantsToolbox = true;
     provider.calls.clear();
-    chart.mouseMoved(event);
-    chart.mouseMoved(event);
+    input.move({100, 60});
+    input.move({100, 60});
     EXPECT_TRUE(toolbox.getVisible());
     EXPECT_EQ(provider.calls,
               (std::vector<std::string>{"shouldShowToolbox", "toolboxContext", "shouldShowToolbox"}));
-    chart.mouseLeft(event);
+    input.leave();
     EXPECT_FALSE(toolbox.getVisible());
 }
 
@@ -215,7 +188,11 @@ TEST(KXChart, PaintsGroundAndBorderThenItsChildrenAndTheToolboxLast)
     /** A child that says in the recording that it was painted. */
     class Mark : public UXObject {
     public:
-        explicit Mark(double place) : m_place(place) {}
+        Mark(UXObject& parent, double place, const UXRect& rect) : m_place(place)
+        {
+            setRect(rect);
+            parent.addChild(this);
+        }
         std::string customSerializeTypeID() override { return "Mark"; }
         void paint(UXPaintConfig* config, UXRect) override
         {
@@ -227,53 +204,40 @@ TEST(KXChart, PaintsGroundAndBorderThenItsChildrenAndTheToolboxLast)
     private:
         double m_place;
     };
-    PlainChart chart;
+    KXTestChart chart;
     chart.setRect(uxMakeRect(0, 0, 100, 50));
     chart.layout();
-    auto* first = new Mark(11);
-    auto* hidden = new Mark(12);
-    auto* elsewhere = new Mark(13);
-    auto* inToolbox = new Mark(14);
-    first->setRect(uxMakeRect(0, 0, 100, 50));
-    hidden->setRect(uxMakeRect(0, 0, 100, 50));
-    hidden->setVisible(false);
-    elsewhere->setRect(uxMakeRect(500, 0, 10, 10));
-    inToolbox->setRect(uxMakeRect(0, 0, 100, 25));
-    chart.addChild(hidden);
-    chart.addChild(elsewhere);
-    chart.addChild(first);
-    chart.getToolbox()->addChild(inToolbox);
+    Mark hidden(chart, 12, {0, 0, 100, 50}), elsewhere(chart, 13, {500, 0, 10, 10});
+    Mark first(chart, 11, {0, 0, 100, 50}), inToolbox(*chart.getToolbox(), 14, {0, 0, 100, 25});
+    hidden.setVisible(false);
     chart.getToolbox()->setVisible(true);
 
     std::string text = uxPaintToText(chart);
-    EXPECT_EQ(text.find("fill"), std::string::npos) << "a clear ground is not filled";
-    EXPECT_EQ(text.find("stroke"), std::string::npos);
+    for (const char* absent : {"fill", "stroke", "setLineWidth 12", "setLineWidth 13"})
+        EXPECT_EQ(text.find(absent), std::string::npos) << absent << "\n" << text;
     chart.setBackgroundColor(UXColor(255, 255, 255, 0.5));
     chart.setShowBorder(true);
     text = uxPaintToText(chart);
-    const std::size_t ground = text.find("fill"), border = text.find("stroke"),
-                      child = text.find("setLineWidth 11"), toolbox = text.find("setLineWidth 14");
-    ASSERT_NE(toolbox, std::string::npos) << text;
-    EXPECT_LT(ground, border);
-    EXPECT_LT(border, child);
-    EXPECT_LT(child, toolbox);
-    EXPECT_EQ(text.find("setLineWidth 12"), std::string::npos);
-    EXPECT_EQ(text.find("setLineWidth 13"), std::string::npos);
+    std::size_t place = 0;
+    for (const char* next : {"fill", "stroke", "setLineWidth 11", "setLineWidth 14"}) {
+        place = text.find(next, place);
+        ASSERT_NE(place, std::string::npos) << next << " is missing or out of order\n" << text;
+    }
 }
 
 TEST(KXLegend, MeasuresCellsOncePerChange)
 {
     UXFixedMeasurer measurer;
-    PlainChart chart;
+    KXTestChart chart;
     KXLegend& legend = *chart.getLegend();
-    chart.labels = {"four", std::string(50, 'x'), "no"}; // 23 + 6.5 a letter
-    chart.hiddenCell = 1;
+    chart.setLabels({"four", std::string(50, 'x'), "no"}); // 23 + 6.5 a letter
+    chart.hidden = {1};
     EXPECT_EQ(legend.obtainLegendWidth(), 23 + 26 + 12 + 2) << "the widest shown cell, bar and margins";
     EXPECT_EQ(legend.obtainLegendHeight(), 1.2 * 13 + 13 + 12);
     const int asked = measurer.askedCount;
     legend.obtainLegendWidth();
     EXPECT_EQ(measurer.askedCount, asked);
-    chart.hiddenCell = UINT64_MAX;
+    chart.hidden.clear();
     legend.markCellVisibleUpdated();
     EXPECT_EQ(legend.obtainLegendWidth(), 200 + 12 + 2) << "cut at the greatest cell width";
     legend.setLabelColor(UXColor(1, 1, 1));
@@ -281,18 +245,13 @@ TEST(KXLegend, MeasuresCellsOncePerChange)
     EXPECT_EQ(measurer.askedCount, asked) << "neither visibility nor colour measures";
     legend.setDelegate(nullptr);
     EXPECT_EQ(legend.obtainLegendWidth(), 14);
-
-    const std::string saved = legend.serialize();
-    KXLegend read;
-    EXPECT_TRUE(read.deserialize(saved));
-    EXPECT_EQ(read.serialize(), saved);
 }
 
 TEST(KXLegend, SkipsShownCellsThatAreNoMore)
 {
     const UXFixedMeasurer measurer;
-    PlainChart chart;
-    chart.labels = {"a", "b", "c"};
+    KXTestChart chart;
+    chart.setLabels({"a", "b", "c"});
     chart.getChartProperty()->setLegendPosition(UXPosition::Right);
     chart.setRect(uxMakeRect(0, 0, 402, 302));
     chart.layout();
@@ -300,7 +259,7 @@ TEST(KXLegend, SkipsShownCellsThatAreNoMore)
     const auto* view = dynamic_cast<const UXVirtualScrollView*>(legend.getChildren().front());
     ASSERT_NE(view, nullptr);
     EXPECT_EQ(view->getContentHeight(), 28 * 3 + 2 - 13);
-    chart.labels.resize(1);
+    chart.cellCount = 1;
     legend.markDataUpdated();
     legend.layout();
     EXPECT_EQ(view->getContentHeight(), 28 + 2 - 13);

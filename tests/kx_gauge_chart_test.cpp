@@ -1,12 +1,10 @@
 #include "kx_gauge_chart.h"
 
-#include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
-#include "kx_gauge_chart_data_provider.h"
-#include "ux/ux_event.h"
-#include "ux/ux_layout_helper.h"
-#include "ux/ux_localize.h"
+#include "kx_load_chart.h"
+#include "kx_test_input.h"
+#include "kx_test_provider.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux_fixed_measurer.h"
@@ -31,70 +29,15 @@ constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr double greatest = (std::numeric_limits<double>::max)();
 const std::optional<double> null;
 
-bool startsWith(const std::string& line, const std::string& start) { return line.rfind(start, 0) == 0; }
-
 std::ptrdiff_t countLines(const std::vector<std::string>& lines, const std::string& start)
 {
-    return std::count_if(lines.begin(), lines.end(),
-                         [&](const std::string& line) { return startsWith(line, start); });
+    return std::ranges::count_if(lines, [&](const std::string& line) { return line.starts_with(start); });
 }
 
-/** Answers value, target, minimum and maximum, as many as a test gives. */
-class GaugeProvider : public KXGaugeChartDataProvider {
-public:
-    Measures measures{30, 80, 0, 100};
-    int askedCount = 0;
-    std::function<void()> onHint;
-    std::vector<KXChartDataPath> clicked;
-
-    void beginPrepareData(KXChartDataUser*) override {}
-    void endPrepareData(KXChartDataUser*) override {}
-    bool obtainDataIsEmpty(KXChartDataUser*) override { return measures.empty(); }
-    std::uint64_t obtainValueCount(KXChartDataUser*) override { return measures.size(); }
-    bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path) override
-    {
-        return !measures.at(path.at(0));
-    }
-    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
-    {
-        ++askedCount;
-        return *measures.at(path.at(0));
-    }
-    bool obtainDataShouldLeftClickAction(KXChartDataUser*, KXChartDataPath*) override { return true; }
-    std::function<void()> obtainDataLeftClickAction(KXChartDataUser*, KXChartDataPath* path) override
-    {
-        clicked.push_back(*path);
-        return {};
-    }
-    KXChartDataProviderHintData obtainHintData(KXChartDataUser*, const KXIndexPath& path) override
-    {
-        if (onHint)
-            onHint();
-        return {"measure " + std::to_string(path.at(0)), "text"};
-    }
-};
-
-/** Opens the steps that a test looks into. */
+/** Opens the step that a test looks into. */
 class OpenGauge : public KXGaugeChart {
 public:
-    using KXGaugeChart::_customLayout_setRect_pipeRadius;
     using KXGaugeChart::_obtainPipePartitionColor;
-
-    void load(GaugeProvider& provider, const UXRect& rect)
-    {
-        setRect(rect);
-        setDataProvider(&provider);
-        prepareData();
-        reloadData();
-        layout();
-    }
-    void movePointer(UXPoint point)
-    {
-        UXEvent move(UXEventType::MouseMove);
-        move.setMousePoint(point);
-        bool stop = false;
-        customMouseMove(move, stop);
-    }
 };
 
 class KXGaugeChartTest : public testing::Test {
@@ -103,12 +46,15 @@ protected:
     {
         chart.getChartProperty()->setShowTitle(false);
         chart.setRect(uxMakeRect(0, 0, 600, 400));
+        provider.hint = [](const KXIndexPath& path) {
+            return KXChartDataProviderHintData{"measure " + std::to_string(path.at(0)), "text"};
+        };
         load({30, 80, 0, 100});
     }
     void load(const Measures& measures)
     {
         provider.measures = measures;
-        chart.load(provider, chart.getRect());
+        kxLoad(chart, provider, chart.getRect());
     }
     void setDisplays(Display display)
     {
@@ -153,7 +99,7 @@ protected:
     }
 
     UXFixedMeasurer measurer;
-    GaugeProvider provider;
+    KXTestProvider provider;
     OpenGauge chart;
 };
 
@@ -270,7 +216,7 @@ TEST_F(KXGaugeChartTest, PaintsTheDialUnderTheMainText)
     for (const std::string& next : // the target stands at 0.8 of the dial, the value at 0.3
          std::vector<std::string>{"addCircleArcPath " + dial + ",180,360", "rotate 324", "rotate 234",
                                   "drawText"}) {
-        place = std::find_if(place, lines.end(), [&](const auto& line) { return startsWith(line, next); });
+        place = std::find_if(place, lines.end(), [&](const auto& line) { return line.starts_with(next); });
         EXPECT_NE(place, lines.end()) << next << " is missing or out of order";
     }
     EXPECT_EQ(countLines(lines, "drawText"), 1) << "the main text is drawn once";
@@ -296,7 +242,7 @@ TEST_F(KXGaugeChartTest, PartsEndAtWholeDegreesAndTheirColourAtTheValue)
         load({value, 80, 0, 100});
         std::string ends;
         for (const std::string& line : paintLines())
-            if (startsWith(line, "addCircleArcPath"))
+            if (line.starts_with("addCircleArcPath"))
                 ends += line.substr(line.rfind(','));
         EXPECT_EQ(ends, expected) << name;
     }
@@ -373,50 +319,34 @@ TEST_F(KXGaugeChartTest, TextsLeaveInTheStatedOrder)
 
 TEST_F(KXGaugeChartTest, ClicksAndHintsNameTheMeasure)
 {
+    const KXTestInput input{chart};
     std::uint64_t measure = 0;
     for (KXChartLabel* label :
          {chart.getMainLabel(), chart.getTargetLabel(), chart.getMinLabel(), chart.getMaxLabel()}) {
-        UXEvent click(UXEventType::LeftClick);
-        label->triggerEventHandler(click);
-        ASSERT_EQ(provider.clicked.size(), measure + 1);
-        EXPECT_EQ(provider.clicked.back().valueIndexPath, (KXIndexPath{measure, 0}));
-        chart.movePointer({label->getRect().x + 1, label->getRect().y + 1});
+        label->triggerEventHandler(UXEvent(UXEventType::LeftClick));
+        EXPECT_EQ(provider.paths.back().valueIndexPath, (KXIndexPath{measure, 0}));
+        input.move(middleOf(*label));
         EXPECT_TRUE(chart.getHintVisible());
         EXPECT_EQ(chart.UXHintDelegate::getHintInfo().title, "measure " + std::to_string(measure++));
     }
-    chart.movePointer({1, 1});
+    input.move({1, 1});
     EXPECT_FALSE(chart.getHintVisible());
+
+    auto doomed = std::make_unique<OpenGauge>();
+    kxLoad(*doomed, provider, {0, 0, 300, 200});
+    provider.onCall = [&](const std::string& call) { call == "hint" ? doomed.reset() : void(); };
+    KXTestInput{*doomed}.move(middleOf(*doomed->getMainLabel()));
+    EXPECT_FALSE(doomed) << "the provider may destroy the chart that asks";
 }
 
-TEST_F(KXGaugeChartTest, AProviderMayDestroyTheChartThatAsksForAHint)
+TEST_F(KXGaugeChartTest, WhatADocumentLacksStays)
 {
-    auto* doomed = new OpenGauge;
-    doomed->load(provider, {0, 0, 300, 200});
-    provider.onHint = [&] { delete doomed; };
-    doomed->movePointer({doomed->getMainLabel()->getRect().x + 1, doomed->getMainLabel()->getRect().y + 1});
-}
-
-TEST_F(KXGaugeChartTest, SavesAndReadsBackTheSameBytes)
-{
-    chart.setPipePartition(5);
-    chart.setPartitionLabelDisplay(Display::Both);
-    chart.setPartitionStyle(KXGaugeChartPartitionStyle::Custom);
-    chart.setCustomPartitionColor({0, 12.5, 1.0 / 3}, {UXColor(1, 2, 3, 0.25)});
-    chart.setTargetCaption("Ziel \"\xE2\x82\xAC\" ");
-    chart.getDataFormat()->setSuffix(" K");
-    chart.layout();
+    chart.setFontSize(50);
     const std::string saved = chart.serialize();
-
-    KXGaugeChart read;
-    EXPECT_TRUE(read.deserialize(saved));
-    EXPECT_EQ(read.serialize(), saved);
-    EXPECT_EQ(read.getPartitionLabelsPool().size(), 6u);
-    EXPECT_EQ(read.getCustomPartitionSegment(), chart.getCustomPartitionSegment());
-
-    EXPECT_FALSE(read.deserialize("{}"));
-    EXPECT_EQ(read.serialize(), saved) << "what a document lacks stays";
-    EXPECT_FALSE(read.deserialize(R"({"m_fontSize": "big", "m_customParititonSegment": [1, "x"]})"));
-    EXPECT_EQ(read.getFontSize(), 50);
+    EXPECT_FALSE(chart.deserialize("{}"));
+    EXPECT_EQ(chart.serialize(), saved);
+    EXPECT_FALSE(chart.deserialize(R"({"m_fontSize": "big", "m_customParititonSegment": [1, "x"]})"));
+    EXPECT_EQ(chart.getFontSize(), 50);
 }
 
 TEST_F(KXGaugeChartTest, HostileSettingsNeitherCrashNorLeaveTheChart)

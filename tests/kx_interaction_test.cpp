@@ -13,8 +13,8 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
 #include "ux/ux_message_right_click_param.h"
-#include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -22,26 +22,7 @@
 
 namespace {
 
-/** Answers with what a test sets, and notes what it is asked. */
-class OperationProvider : public KXInteractionProvider {
-public:
-    KXInteractionOperation obtainInteractionOperation(const std::vector<KXObjectID>& objectIDs,
-                                                      const KXInteractionEventInfo& info) override
-    {
-        asked.push_back(objectIDs);
-        lastInfo = info;
-        if (onAsked)
-            onAsked();
-        return operation;
-    }
-    KXInteractionOperation operation;
-    std::vector<std::vector<KXObjectID>> asked;
-    KXInteractionEventInfo lastInfo;
-    std::function<void()> onAsked;
-};
-
-/** A user that counts its uses of the provider, and can itself have conditions.
- */
+/** A user that counts its uses of the provider, and can itself have conditions. */
 class InteractiveUser : public UXObject, public KXInteraction, public KXInteractionUser {
 public:
     InteractiveUser() : KXInteraction(this) {}
@@ -72,7 +53,7 @@ protected:
     KXInteractionTest() { user.setInteractionProvider(&provider); }
 
     using Type = KXInteractionEventType;
-    OperationProvider provider;
+    KXTestProvider provider;
     InteractiveUser user;
     Part part;
     UXEvent event;
@@ -92,8 +73,8 @@ TEST_F(KXInteractionTest, TellsTheProviderTheButtonAndTheModifiers)
         for (const UXEventKey key : keys)
             click.addEventKey(key);
         EXPECT_TRUE(part.dispatch(user, true, click, Type::LeftClick, {makeID(1)}));
-        const KXInteractionEventInfo& info = provider.lastInfo;
-        EXPECT_EQ(std::tie(info.buttonCode, info.firstModifier, info.secondModifier, info.thirdModifier),
+        const auto& [code, firstModifier, secondModifier, thirdModifier] = provider.eventInfo;
+        EXPECT_EQ(std::tie(code, firstModifier, secondModifier, thirdModifier),
                   std::tie(button, first, second, third));
     }
 }
@@ -101,14 +82,8 @@ TEST_F(KXInteractionTest, TellsTheProviderTheButtonAndTheModifiers)
 TEST_F(KXInteractionTest, EveryConditionHasItsSayForItsTypeOfEvent)
 {
     enum class Says { Nothing, Yes, No };
-    struct Case {
-        const char* name;
-        Says call, own, ofUser;
-        Type conditionsFor;
-        bool empty, asked;
-    };
     using enum Says;
-    const Case cases[] = {
+    const std::tuple<const char*, Says, Says, Says, Type, bool, bool> cases[] = {
         {"none", Nothing, Nothing, Nothing, Type::MouseEnter, false, true},
         {"no identifiers", Nothing, Nothing, Nothing, Type::MouseEnter, true, false},
         {"the call's refuses", No, Yes, Yes, Type::MouseEnter, false, false},
@@ -123,19 +98,19 @@ TEST_F(KXInteractionTest, EveryConditionHasItsSayForItsTypeOfEvent)
         return says == Nothing ? KXInteractionCondition()
                                : [says](Type, const UXEvent&) { return says == Yes; };
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, ofCall, own, ofUser, conditionsFor, empty, asked] : cases) {
+        SCOPED_TRACE(name);
         Part fresh;
         InteractiveUser freshUser;
         freshUser.setInteractionProvider(&provider);
-        fresh.registerInteractionTriggerCondition(c.conditionsFor, condition(c.own));
-        freshUser.registerInteractionTriggerCondition(c.conditionsFor, condition(c.ofUser));
-        provider.asked.clear();
-        const std::vector<KXObjectID> ids(c.empty ? 0 : 1, makeID(1));
-        EXPECT_TRUE(fresh.dispatch(freshUser, true, event, Type::MouseEnter, ids, condition(c.call)))
+        fresh.registerInteractionTriggerCondition(conditionsFor, condition(own));
+        freshUser.registerInteractionTriggerCondition(conditionsFor, condition(ofUser));
+        provider.objectIDs.clear();
+        const std::vector<KXObjectID> ids(empty ? 0 : 1, makeID(1));
+        EXPECT_TRUE(fresh.dispatch(freshUser, true, event, Type::MouseEnter, ids, condition(ofCall)))
             << "handled, whatever came of it";
-        EXPECT_EQ(provider.asked.size(), c.asked ? 1u : 0u);
-        EXPECT_EQ(freshUser.ended, c.asked ? 1 : 0) << "every use is ended";
+        EXPECT_EQ(provider.objectIDs.size(), asked ? 1u : 0u);
+        EXPECT_EQ(freshUser.ended, asked ? 1 : 0) << "every use is ended";
     }
 }
 
@@ -160,11 +135,11 @@ TEST_F(KXInteractionTest, EveryRegistrationSaysWhatIsPointedAt)
     for (const auto& [registerAnew, expected] : cases) {
         registerAnew();
         for (const UXEventType type : {UXEventType::LeftClick, UXEventType::RightClick}) {
-            provider.asked.clear();
+            provider.objectIDs.clear();
             UXEvent click(type);
             click.setMousePoint({7, 0});
             EXPECT_TRUE(part.triggerEventHandler(click));
-            EXPECT_EQ(provider.asked, expected) << "once: a registration replaces the one before";
+            EXPECT_EQ(provider.objectIDs, expected) << "once: a registration replaces the one before";
         }
     }
     EXPECT_FALSE(part.triggerEventHandler(UXEvent(UXEventType::MouseEnter))) << "nobody cares";
@@ -200,13 +175,13 @@ TEST_F(KXInteractionTest, DoesWhatTheProviderSays)
     KXValueChart chart;
     chart.setInteractionProvider(&provider);
     chart.getChartProperty()->setEnableInteraction(false);
-    provider.asked.clear();
+    provider.objectIDs.clear();
     EXPECT_TRUE(part.dispatch(chart, true, event, Type::LeftClick, {makeID(1)}));
-    EXPECT_TRUE(provider.asked.empty()) << "the chart answers no pointer";
+    EXPECT_TRUE(provider.objectIDs.empty()) << "the chart answers no pointer";
 
     auto* doomed = new Part;
     user.setInteractionProvider(&provider);
-    provider.onAsked = [doomed] { delete doomed; };
+    provider.onCall = [doomed](const std::string&) { delete doomed; };
     EXPECT_TRUE(doomed->dispatch(user, true, event, Type::LeftClick, {makeID(1)}));
 
     struct CountingChart : KXValueChart {
@@ -215,7 +190,7 @@ TEST_F(KXInteractionTest, DoesWhatTheProviderSays)
     } counting;
     counting.setInteractionProvider(&provider);
     doomed = new Part;
-    provider.onAsked = [doomed] { delete doomed; };
+    provider.onCall = [doomed](const std::string&) { delete doomed; };
     EXPECT_TRUE(doomed->dispatch(counting, true, event, Type::LeftClick, {makeID(1)}));
     EXPECT_EQ(counting.ended, 1) << "the part has gone, its chart's use ends all the same";
 }
@@ -229,15 +204,8 @@ TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
     };
     auto larger = std::make_unique<KXInteractionHighlightSizeEffect>();
     larger->setSizeRatio(1.5);
-    struct Case {
-        const char* name;
-        Effect effect;
-        KXHighlightState state;
-        std::string look;
-        bool glows;
-    };
     using enum KXHighlightState;
-    Case cases[] = {
+    std::tuple<const char*, Effect, KXHighlightState, std::string, bool> cases[] = {
         {"usual", nullptr, None, "100,0,0", false},
         {"colour", makeColor(1), None, "1,2,3", false},
         {"a pattern's lines",
@@ -253,8 +221,8 @@ TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
          std::make_unique<KXInteractionHighlightComplementaryInfoEffect>(), Lit, "100,0,0,0.12", true},
         {"lit as the host says", makeColor(7), Lit, "7,2,3", false},
     };
-    for (Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (auto& [name, effect, state, look, glows] : cases) {
+        SCOPED_TRACE(name);
         KXChartLabel label;
         UXTextProperty property;
         property.font.size = 20;
@@ -262,14 +230,12 @@ TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
         label.setTextProperty(property);
         label.setText("text");
         label.setRect({10, 20, 40, 20});
-        label.updateInteractionEffects({c.effect.release()});
-        label.updateHighlightState(c.state);
-        UXRecordingPaintConfig config;
-        label.paint(&config, label.getBoundingRect());
-        const std::string drawn = config.getRecording().getText();
-        EXPECT_NE(drawn.find(c.look), std::string::npos) << drawn;
-        EXPECT_EQ(drawn.find("fill") != std::string::npos, c.glows) << drawn;
-        EXPECT_EQ(label.inRect({-3, 0, 1, 1}), c.glows || label.obtainDrawnSizeRatio() > 1)
+        label.updateInteractionEffects({effect.release()});
+        label.updateHighlightState(state);
+        const std::string drawn = uxPaintToText(label);
+        EXPECT_NE(drawn.find(look), std::string::npos) << drawn;
+        EXPECT_EQ(drawn.find("fill") != std::string::npos, glows) << drawn;
+        EXPECT_EQ(label.inRect({-3, 0, 1, 1}), glows || label.obtainDrawnSizeRatio() > 1)
             << "what reaches over the edge is painted with it";
     }
 }

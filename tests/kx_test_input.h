@@ -8,30 +8,33 @@
 #include <string>
 #include <utility>
 
-/** What a host sends to a diagram when its user moves the pointer, presses and types. */
+inline UXEvent kxMakeEvent(UXEventType type, UXPoint point = {})
+{
+    UXEvent event(type);
+    event.setMousePoint(point);
+    return event;
+}
+
+/** What a host sends to a diagram, or to a chart alone, when its user moves the pointer, presses and types.
+ */
 struct KXTestInput {
-    UXDiagram& diagram;
+    UXObject& root;
 
     static UXEvent at(UXPoint point, UXEventKey button = UXEventKey::LeftButton)
     {
-        UXEvent event;
-        event.setMousePoint(point);
+        UXEvent event = kxMakeEvent(UXEventType::MouseDown, point);
         event.addEventKey(button);
         return event;
     }
-    bool move(UXPoint point) const
-    {
-        UXEvent event;
-        event.setMousePoint(point);
-        return diagram.mouseMove(event);
-    }
+    bool move(UXPoint point) const { return root.mouseMove(kxMakeEvent(UXEventType::MouseMove, point)); }
+    bool leave() const { return root.mouseLeave(UXEvent(UXEventType::MouseLeave)); }
     bool press(UXPoint point, UXEventKey button = UXEventKey::LeftButton) const
     {
-        return diagram.mouseDown(at(point, button));
+        return root.mouseDown(at(point, button));
     }
     bool release(UXPoint point, UXEventKey button = UXEventKey::LeftButton) const
     {
-        return diagram.mouseUp(at(point, button));
+        return root.mouseUp(at(point, button));
     }
     void click(UXPoint point, UXEventKey button = UXEventKey::LeftButton) const
     {
@@ -39,18 +42,14 @@ struct KXTestInput {
         press(point, button);
         release(point, button);
     }
-    bool type(UXKeyCode key) const
+    bool type(UXKeyCode key, const std::string& text = {}) const
     {
         UXEvent event;
         event.setKeyCode(static_cast<int>(key));
-        return diagram.keyDown(event);
-    }
-    bool type(const std::string& text) const
-    {
-        UXEvent event;
         event.setKeyText(text);
-        return diagram.keyDown(event);
+        return root.keyDown(event);
     }
+    bool type(const std::string& text) const { return type(UXKeyCode(), text); }
 };
 
 inline KXMenuEntry makeEntry(const std::string& text, std::function<void()> action = {},

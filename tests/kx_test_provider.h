@@ -1,14 +1,18 @@
 #pragma once
 
 #include "kx_chart_data_user.h"
+#include "kx_gauge_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 
+#include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
-/** A provider of one value that a test sets, which notes every question of interest in order. */
-class KXTestProvider : public KXValueChartDataProvider {
+/** A provider of one value or a gauge's measures that a test sets, which notes every question of interest in
+ * order. */
+class KXTestProvider : public KXValueChartDataProvider, public KXGaugeChartDataProvider {
 public:
     std::vector<std::string> calls;
     bool empty = false;
@@ -17,7 +21,13 @@ public:
     KXChartAggregateType aggregateType{6};
     bool isNull = false;
     double number = 0;
+    std::vector<std::optional<double>> measures; // in place of number where there are any
     std::string text;
+    std::function<KXChartDataProviderHintData(const KXIndexPath&)> hint;
+    KXInteractionOperation operation;
+    KXInteractionEventInfo eventInfo;               // of the last interaction
+    std::vector<std::vector<KXObjectID>> objectIDs; // of all interactions
+    std::function<KXInteractionEffect*()> effect;
     bool wantsRightClick = false;
     bool wantsLeftClick = false;
     bool wantsHighlight = false;
@@ -30,10 +40,15 @@ public:
     std::vector<KXChartDataPath> paths; // copies of those that came with clicks
     std::function<void(const std::string&)> onCall;
 
+    std::ptrdiff_t count(const std::string& call) const { return std::ranges::count(calls, call); }
+
     void beginPrepareData(KXChartDataUser*) override { _note("begin"); }
     void endPrepareData(KXChartDataUser*) override { _note("end"); }
     bool obtainDataIsEmpty(KXChartDataUser*) override { return _answer("isEmpty", empty); }
-    std::uint64_t obtainValueCount(KXChartDataUser*) override { return _answer("count", valueCount); }
+    std::uint64_t obtainValueCount(KXChartDataUser*) override
+    {
+        return _answer("count", measures.empty() ? valueCount : measures.size());
+    }
     KXChartDataType obtainValueDataType(KXChartDataUser*, const KXIndexPath& path) override
     {
         return _answer("type" + _text(path), dataType);
@@ -44,15 +59,32 @@ public:
     }
     bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path) override
     {
-        return _answer("isNull" + _text(path), isNull);
+        return _answer("isNull" + _text(path), measures.empty() ? isNull : !measures.at(path.at(0)));
     }
     double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
     {
-        return _answer("number" + _text(path), number);
+        return _answer("number" + _text(path), measures.empty() ? number : *measures.at(path.at(0)));
     }
     std::string obtainValueDataString(KXChartDataUser*, const KXIndexPath& path) override
     {
         return _answer("text" + _text(path), text);
+    }
+    KXChartDataProviderHintData obtainHintData(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        const KXChartDataProviderHintData told = hint ? hint(path) : KXChartDataProviderHintData();
+        return _answer("hint", told);
+    }
+    KXInteractionOperation obtainInteractionOperation(const std::vector<KXObjectID>& about,
+                                                      const KXInteractionEventInfo& info) override
+    {
+        objectIDs.push_back(about);
+        eventInfo = info;
+        return _answer("operation", operation);
+    }
+    std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>&) override
+    {
+        KXInteractionEffect* made = effect ? effect() : nullptr;
+        return _answer("effects", std::vector<KXInteractionEffect*>(made ? 1 : 0, made));
     }
     bool obtainDataShouldRightClickAction(KXChartDataUser*, KXChartDataPath* path) override
     {
