@@ -20,7 +20,7 @@ inline void uxDrawEverything(UXPainter& p, double a, double b)
     };
     picture.registerPaintAction(paintPicture, {4, 2});
     const std::vector<UXDoublePoint> points{{a, 0}, {NAN, 0}, {0, b}, {b, a}};
-    const auto layer = [&](UXPainter* on) { on->drawMarks(points, a); };
+    const auto layer = [&](UXPainter* on) { on->drawPicture(&picture, UXDoublePoint(a, 0), 1); };
 
     const UXPainterState state(p);
     p.setColor({1, 2, 3, a});
@@ -28,11 +28,14 @@ inline void uxDrawEverything(UXPainter& p, double a, double b)
     p.setLineCap(UXLineCapStyle::Round);
     p.setLineJoin(UXLineJoinStyle::Bevel);
     p.setLineDash(UXLineDashStyle::DashDot);
+    p.setLineDash(UXLineDashStyle::Dash);
     p.setLineDash({1, b});
     p.setLineDash({b, a}, a);
     p.setFillRule(UXFillRule::EvenOdd);
     p.setAntialias(UXAntialiasStyle::None);
     p.setCompositionMode(UXCompositionMode::Multiply);
+    p.addRelativeLinePath(a, b); // starts nowhere, so it draws nothing
+    p.addCubicCurvePath(a, b, b, a, 1, 1);
     p.setStartPoint(0, -0.0);
     p.addLinePath(a, b);
     p.addLinePath(a, 2, b, 4);
@@ -41,7 +44,6 @@ inline void uxDrawEverything(UXPainter& p, double a, double b)
     p.addRectanglePath({5, a, b, 8});
     p.addCircleArcPath(b, 0, a, b, a);
     p.joinCircleArcPath(0, 0, b, a, b);
-    p.addCubicCurvePath(a, b, b, a, 1, 1);
     p.startNewSubPath();
     p.closePath();
     p.translatePath(a, b);
@@ -69,6 +71,7 @@ inline void uxDrawEverything(UXPainter& p, double a, double b)
     p.drawMaskedPicture(&picture, &picture, UXDoublePoint(a, b));
     p.drawMasked(layer, nullptr, {0, 0, a, b});
     p.drawCompositedPicture(&picture, &picture, {b, b, b, a}, UXCompositionMode::Xor);
+    p.drawCompositedPicture(&picture, nullptr, {0, 0, b, a}, UXCompositionMode::Xor);
     p.drawComposited(layer, nullptr, {0, 0, b, a}, UXCompositionMode::Screen);
     p.addRectanglePath(0, 0, a, b);
     p.clipPreserve();

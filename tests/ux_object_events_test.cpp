@@ -41,6 +41,15 @@ TEST(UXObjectEvents, FilterThenHandlerThenRegistered)
     }
 }
 
+TEST(UXObjectEvents, WhatIsDroppedFromOutsideArrivesAsADrop)
+{
+    std::string log;
+    UXEventProbe object("it", &log);
+    object.externalDrop(UXEvent());
+    object.keyUp(UXEvent());
+    EXPECT_EQ(log, "it.drop it.keyup ");
+}
+
 TEST(UXObjectEvents, CallbacksMayDestroyTheirObject)
 {
     // Nothing may touch the object once it is gone; a sanitizer build tells.
