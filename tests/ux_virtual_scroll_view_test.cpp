@@ -240,6 +240,7 @@ TEST(UXVirtualScrollView, WheelAndKeysScroll)
         {"no number", {NAN, NAN}, none, false, 500, 1000, 0, {0, 0}, false},
         {"Down", {}, UXKeyCode::Down, false, 50, 1000, 0, {0, 40}, true},
         {"Right", {}, UXKeyCode::Right, false, 500, 1000, 0, {40, 0}, true},
+        {"Left at the start", {}, UXKeyCode::Left, false, 500, 1000, 0, {0, 0}, true},
         {"Page Down", {}, UXKeyCode::PageDown, false, 50, 1000, 0, {0, 101}, true},
         {"Shift and Space", {}, UXKeyCode::Space, true, 50, 1000, 500, {0, 399}, true},
         {"End", {}, UXKeyCode::End, false, 50, 1000, 0, {0, 888}, true},
