@@ -20,7 +20,11 @@ struct UXTextProperty;
 
 /** The host's data, divided into dimensions (grouping fields) and values (measures). Every question names the
  * user that asks, so that one provider can serve several charts. A chart asks while it prepares its data and
- * then only about single items: clicks, hints, highlights. Answers are texts in UTF-8. */
+ * then only about single items: clicks, hints, highlights. Answers are texts in UTF-8.
+ *
+ * A host answers what it has. By default a text is empty, a count or number 0, a question answered with no, a
+ * pointer null; members are texts, values are valid numbers. Between a change of the data and the next
+ * prepareData a chart may ask about items that are gone. */
 class KX_EXPORT KXChartDataProvider : public KXInteractionProvider {
 public:
     ~KXChartDataProvider() override;
@@ -79,8 +83,10 @@ public:
 
     // Clicks, menus and highlights. A path is lent for the call; contexts are the host's own.
     virtual bool obtainDataShouldRightClickAction(KXChartDataUser* user, KXChartDataPath* path);
+    /** @return what opens a menu, for UXControl::notifyRightClickMenu; null opens none */
     virtual void* obtainDataRightClickContext(KXChartDataUser* user, KXChartDataPath* path);
     virtual bool obtainDataShouldLeftClickAction(KXChartDataUser* user, KXChartDataPath* path);
+    /** @return what the click does, run after the event; empty for nothing */
     virtual std::function<void()> obtainDataLeftClickAction(KXChartDataUser* user, KXChartDataPath* path);
     virtual bool obtainDataShouldLinkedHighlightAction(KXChartDataUser* user, KXChartDataPath* path);
     /** @return the item of target that answers to path, owned by the caller; null when there is none */
@@ -88,6 +94,7 @@ public:
                                                                  KXChartDataProvider* target);
     /** @param path null when the chart as a whole is meant */
     virtual bool obtainDataShouldShowToolbox(KXChartDataUser* user, KXChartDataPath* path);
+    /** @return the host's, copied at once; null for nothing in the strip, or the menu */
     virtual KXChartToolboxMenuContext* obtainDataToolboxContext(KXChartDataUser* user, KXChartDataPath* path);
     virtual bool obtainDataShouldDropDownMenu(KXChartDataUser* user, KXChartDataPath* path);
     virtual KXChartToolboxMenuContext* obtainDataDropDownMenuContext(KXChartDataUser* user,
