@@ -113,9 +113,17 @@ UXTransform CheckingPainter::getDeviceTransform() const
     return UXTransform{}.scaled(m_deviceScale, m_deviceScale).combined(m_state.toRoot);
 }
 
+void CheckingPainter::_checkFinite(const std::string& what, std::initializer_list<double> numbers)
+{
+    if (!std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); }))
+        m_faults.push_back(what + " has a place that is no number");
+}
+
 /** A space without a way back is one that no painter goes into. */
 void CheckingPainter::_transform(const UXTransform& transform)
 {
+    _checkFinite("a space",
+                 {transform.xx, transform.xy, transform.yx, transform.yy, transform.dx, transform.dy});
     if (transform.isInvertible())
         m_state.toRoot = transform;
 }
@@ -140,7 +148,12 @@ void CheckingPainter::rotatePath(double degrees) { _transformPath(UXTransform{}.
 void CheckingPainter::scalePath(double sx, double sy) { _transformPath(UXTransform{}.scaled(sx, sy)); }
 
 void CheckingPainter::setStartPoint(double x, double y) { addLinePath(x, y); }
-void CheckingPainter::addLinePath(double x, double y) { m_path.push_back(m_state.toRoot.apply(x, y)); }
+
+void CheckingPainter::addLinePath(double x, double y)
+{
+    _checkFinite("a path", {x, y});
+    m_path.push_back(m_state.toRoot.apply(x, y));
+}
 
 void CheckingPainter::addRelativeLinePath(double dx, double dy)
 {
@@ -152,6 +165,7 @@ void CheckingPainter::addRelativeLinePath(double dx, double dy)
 
 void CheckingPainter::addCubicCurvePath(double x1, double y1, double x2, double y2, double x3, double y3)
 {
+    _checkFinite("a curve", {x1, y1, x2, y2, x3, y3});
     const UXDoublePoint first = m_path.empty() ? m_state.toRoot.apply(x1, y1) : m_path.back();
     const UXDoublePoint second = m_state.toRoot.apply(x1, y1), third = m_state.toRoot.apply(x2, y2);
     const UXDoublePoint last = m_state.toRoot.apply(x3, y3);
@@ -216,12 +230,14 @@ void CheckingPainter::_checkBounds(const std::string& what, const UXDoubleRect& 
 
 void CheckingPainter::_checkRect(const std::string& what, const UXDoubleRect& rect)
 {
+    _checkFinite(what, {rect.x, rect.y, rect.width, rect.height});
     _checkBounds(what, obtainBounds(obtainCorners(m_state.toRoot, rect)));
 }
 
 void CheckingPainter::drawText(const std::string& text, const UXDoubleRect& rect, const UXFont& font,
                                UXTextAlign align, UXTextOption option, int lineMode)
 {
+    _checkFinite("text \"" + text + "\"", {rect.x, rect.y, rect.width, rect.height});
     UXDoubleSize size = uxMeasureText(text, font, option, lineMode, std::max(0.0, rect.width));
     if (option != UXTextOption::Default)
         size.width = std::min(size.width, rect.width);
@@ -232,7 +248,11 @@ void CheckingPainter::drawText(const std::string& text, const UXDoubleRect& rect
     if (m_state.isClear || !(seen.width > 0 && seen.height > 0))
         return;
     _checkBounds("text \"" + text + "\"", bounds);
-    m_texts.push_back({text, corners, bounds});
+    // Of a text that stands upright only what the clip leaves is seen; the bounds of a sloping one are not
+    // it.
+    const bool isUpright = m_state.toRoot.isUpright();
+    m_texts.push_back(
+        {text, isUpright ? obtainCorners(UXTransform(), seen) : corners, isUpright ? seen : bounds});
 }
 
 void CheckingPainter::drawRects(std::span<const UXDoubleRect> rects)

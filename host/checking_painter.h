@@ -4,6 +4,7 @@
 #include "ux/ux_painter.h"
 
 #include <array>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <vector>
@@ -94,6 +95,7 @@ private:
 
     void _transform(const UXTransform& transform);
     void _transformPath(const UXTransform& change);
+    void _checkFinite(const std::string& what, std::initializer_list<double> numbers);
     void _checkBounds(const std::string& what, const UXDoubleRect& bounds);
     void _checkRect(const std::string& what, const UXDoubleRect& rect);
     void _checkPath(const std::string& what, double margin);

@@ -4,7 +4,6 @@
 #include <limits>
 
 #include "host_error.h"
-#include "kx_axis_chart_data_user.h"
 #include "sql_session.h"
 #include "time_step.h"
 
@@ -241,12 +240,4 @@ void SqlDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t se
         value = found.isNull ? std::numeric_limits<double>::quiet_NaN() : found.number;
         ++path[1];
     }
-}
-
-KXChartDataProviderHintData SqlDataProvider::obtainHintData(KXChartDataUser* user, const KXIndexPath& path)
-{
-    if (dynamic_cast<const KXAxisChartDataUser*>(user))
-        return {};
-    const std::uint64_t value = path.empty() ? 0 : path[0];
-    return {obtainValueLabel(user, value), obtainValueDataString(user, path)};
 }

@@ -73,10 +73,6 @@ public:
     void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                             std::span<double> values) override;
 
-    // From the providers of each kind of chart
-    /** @return nothing for an axis chart, which lists its series by itself */
-    KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path) override;
-
 private:
     const SqlMember* _findMember(const KXIndexPath& path) const;
     SqlValue _findValue(const KXIndexPath& path) const;

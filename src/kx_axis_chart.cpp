@@ -364,7 +364,10 @@ void KXAxisChart::_customLayout(UXRect plotArea)
 
 void KXAxisChart::_placeNoDataLabel()
 {
-    m_noDataLabel->setVisible(!_hasData());
+    const UXRect area = getPlot()->getBoundingRect();
     m_noDataLabel->setText(uxLocalizeString("No data"));
-    m_noDataLabel->setRect(getPlot()->getBoundingRect());
+    m_noDataLabel->setRect(area);
+    m_noDataLabel->autoResize();
+    m_noDataLabel->setVisible(!_hasData() && m_noDataLabel->getRect().height <= area.height);
+    m_noDataLabel->setRect(area);
 }

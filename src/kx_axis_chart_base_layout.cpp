@@ -40,6 +40,7 @@ constexpr double leastGridPitch = 4;
 constexpr int endTitleDivider = 4;
 /** Labels neither, across their axis. */
 constexpr int labelDivider = 3;
+constexpr int noWrapLineMode = 2;
 
 /** @return extent so that sums of several stay far inside int */
 int boundExtent(int extent) { return std::clamp(extent, 0, greatestExtent); }
@@ -187,6 +188,8 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         KXAxisTickLabelView& labels = *axis.labels;
         const bool hasRoom = axis.isHorizontal() ? detail.lyingLabels : detail.standingLabels;
         labels.setVisible(hasRoom && axis.isUsed && property.getShowTickLabels());
+        if (labels.getPosition() != axis.position)
+            axis.axis->setExtraLength(labels.getExtraLengthKey(), 0); // the key is about the side
         labels.setPosition(axis.position);
         labels.setTickInterval(axis.cache.tickInterval);
         labels.setTextProperty(property.getTickLabelProperty());
@@ -306,6 +309,11 @@ void KXAxisChartBase::_placeAxes(const UXRect& area)
         axis.setMinValueSpacing(scrolls ? _obtainMinCategorySpacing() : -1);
         axis.setRect(obtainAxisRect(*own, area));
         axis.updateCache();
+        // An axis that is all extra length shows no labels, which would ask for less.
+        if (!axis.isValidAxis()) {
+            axis.setExtraLength(own->labels->getExtraLengthKey(), 0);
+            axis.updateCache();
+        }
     }
 }
 
@@ -343,7 +351,10 @@ void KXAxisChartBase::_placeTitles(const Bands& bands, const Detail& detail, boo
                                   : _obtainTitleRect(*axis, bands, hasBar ? barExtent : 0);
         const bool isTurned = !atEnd && !axis->isHorizontal();
         label.setText(shortenTitle(*axis, isTurned ? rect.height : rect.width));
-        label.setTextProperty(axis->property->getTitleProperty());
+        UXTextProperty property = axis->property->getTitleProperty();
+        property.option = UXTextOption::Default; // it is as short as it has to be
+        property.lineMode = noWrapLineMode;
+        label.setTextProperty(property);
         label.setRotation(isTurned ? 270 : 0);
         label.setRect(rect);
     }
@@ -373,9 +384,10 @@ UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis) const
     const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
     const UXSize size = measureTitle(axis);
     if (axis.isHorizontal()) {
-        const int y = axis.position == UXPosition::Top ? area.y : uxMaxY(area);
-        return {uxMaxX(area) + titleGap, y - size.height / 2,
-                std::min(size.width, plot.width / endTitleDivider), size.height};
+        const int middle = axis.position == UXPosition::Top ? area.y : uxMaxY(area);
+        const int y = std::min(middle - size.height / 2, uxMaxY(plot) - size.height);
+        return {uxMaxX(area) + titleGap, std::max(y, 0), std::min(size.width, plot.width / endTitleDivider),
+                std::min(size.height, plot.height)};
     }
     const int width = std::min(size.width, plot.width);
     const int x = axis.position == UXPosition::Left ? 0 : uxMaxX(plot) - width;
@@ -387,6 +399,7 @@ void KXAxisChartBase::_placeScroll(const Bands& bands, bool scrolls)
 {
     KXAxisChartAxis* scrolled = _obtainScrolledAxis();
     const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
+    scrolls = scrolls && !uxIsEmptyRect(area);
     const bool lies = scrolled && scrolled->isHorizontal();
     UXPadding padding(area.x, area.y, plot.width - uxMaxX(area), plot.height - uxMaxY(area));
     if (scrolls && lies)

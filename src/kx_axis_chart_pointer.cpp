@@ -150,7 +150,7 @@ UXHintInfo KXAxisChart::_makeHint(const Target& target)
     if (!self.isAlive())
         return UXHintInfo(false);
     endUseDataProvider();
-    if (data.title.empty() && data.subtitle.empty() && data.value.empty())
+    if (data.isEmpty())
         _fillHint(info, *target.category, target.mark);
     else
         info = kxMakeHintInfo(data, info);

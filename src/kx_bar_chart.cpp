@@ -18,7 +18,6 @@
 namespace {
 
 constexpr double leastShare = 0.1;
-constexpr double whole = 100;
 /** Pixels that lie differently by less than this are the same. */
 constexpr double pixelNoise = 1e-6;
 
@@ -151,13 +150,22 @@ void KXBarChart::_customReloadMarks()
     m_facts.clear();
     m_dataView.clear();
     m_barColors.clear();
+    m_hostColors.clear();
+    m_labelWishes = {};
     m_labels.clear();
 }
 
 void KXBarChart::_layoutMarks()
 {
     const UXObjectWatcher self(this);
+    m_hostColors.clear();
+    m_labelWishes = {};
     m_labels.clear();
+    if (m_pixelScale < 1) {
+        // A coarse device may merge bars that the next one tells apart, so the host is asked about all.
+        m_pixelScale = 1;
+        m_pixelOffset = 0;
+    }
     m_dataView.layout(_makeSource(), _makePlane());
     _colorBars();
     if (m_dataView.isDense())
@@ -193,6 +201,7 @@ void KXBarChart::_takeHostColors()
             m_barColors[i] = color;
     }
     endUseDataProvider();
+    m_hostColors = m_barColors;
 }
 
 /** Bars are as wide as whole pixels of the device, which only a painter knows.
@@ -215,12 +224,16 @@ bool KXBarChart::_takePixels(const UXPainter& painter)
 void KXBarChart::_paintMarks(UXPainter& painter)
 {
     if (_takePixels(painter)) {
-        const bool wasDense = m_dataView.isDense();
-        const std::size_t count = m_dataView.getBars().size();
         m_dataView.layout(_makeSource(), _makePlane());
-        // Side by side these are the same bars, and keep the colours that the host gave them.
-        if (wasDense || m_dataView.isDense() || m_dataView.getBars().size() != count)
+        // Side by side these are the bars that the host was asked about.
+        const bool isKnown = !m_dataView.isDense() && m_dataView.getBars().size() == m_hostColors.size();
+        if (isKnown)
+            m_barColors = m_hostColors;
+        else
             _colorBars();
+        m_labels.clear();
+        if (isKnown)
+            _placeLabels();
     }
     m_dataView.paint(painter, [this](std::size_t bar) {
         return obtainMarkColor(m_dataView.getBars()[bar].mark, m_barColors[bar]);
@@ -280,14 +293,14 @@ void KXBarChart::_fillHint(UXHintInfo& info, std::uint64_t category,
     std::erase_if(order, [&](std::uint64_t series) { return std::isnan(getValue(series, category)); });
 
     const KXBarSource source = _makeSource();
-    const double magnitude = source.obtainMagnitude(category);
     for (std::size_t i = 0; i < std::min(order.size(), info.rows.size()); ++i) {
         const KXAxisChartMark mark{order[i], category};
         info.rows[i].color = obtainBarColor(mark);
-        if (source.form == KXBarForm::Percentage && magnitude > 0)
-            info.rows[i].value +=
-                " (" + formatPercentage(whole * (std::abs(getValue(mark.series, category)) / magnitude)) +
-                ")";
+        const auto found = std::ranges::find(source.series, mark.series, &KXBarSource::Series::index);
+        if (_tellsPercentages() && found != source.series.end()) {
+            const auto position = static_cast<std::size_t>(found - source.series.begin());
+            info.rows[i].value += " (" + formatPercentage(_obtainPercentage(source, mark, position)) + ")";
+        }
     }
     if (source.form != KXBarForm::Stacked || order.size() < 2)
         return;

@@ -68,6 +68,21 @@ protected:
                    const std::optional<KXAxisChartMark>& hovered) override;
 
 private:
+    /** What the labels say, in the order in which they choose their places. */
+    struct LabelWishes {
+        struct Total {
+            std::size_t slot;
+            double value;
+            std::string text;
+        };
+        struct Label {
+            std::size_t bar;
+            KXBarLabelPlacer::Wish wish;
+        };
+        std::vector<Total> totals;
+        std::vector<Label> labels;
+    };
+
     double _obtainShare() const;
     KXBarSource _makeSource();
     bool _isLent(const KXBarSource& source) const;
@@ -79,20 +94,24 @@ private:
     // Labels
     double _obtainLabelRoom() const;
     void _layoutLabels();
-    void _layoutTotals(const KXBarSource& source, KXBarLabelPlacer& placer);
-    bool _layoutBarLabels(const KXBarSource& source, KXBarLabelPlacer& placer, bool extremes);
-    bool _placeBarLabel(const KXBarSource& source, std::size_t bar, std::size_t position,
-                        KXBarLabelPlacer& placer, bool isExtreme);
+    void _wishTotals(const KXBarSource& source, LabelWishes& wishes);
+    bool _wishBarLabels(const KXBarSource& source, LabelWishes& wishes, bool extremes);
+    bool _wishBarLabel(const KXBarSource& source, std::size_t bar, std::size_t position, bool isExtreme,
+                       LabelWishes& wishes);
+    void _placeLabels();
     const KXBarSeriesFacts& _obtainFacts(const KXBarSource& source, std::size_t position);
     std::string _obtainLabelText(const KXBarSource& source, const KXBar& bar, std::size_t position);
-    double _obtainPercentage(const KXBarSource& source, const KXBar& bar, std::size_t position);
+    bool _tellsPercentages() const;
+    double _obtainPercentage(const KXBarSource& source, const KXAxisChartMark& mark, std::size_t position);
 
     std::unique_ptr<KXBarChartProperty> m_barChartProperty;
     std::vector<KXBarSeriesFacts> m_facts; // of the shown series, made when they are needed
 
     // Made by the layout
     KXBarChartDataView m_dataView;
-    std::vector<UXColor> m_barColors; // one a bar
+    std::vector<UXColor> m_barColors;  // one a bar
+    std::vector<UXColor> m_hostColors; // the same where the host was asked for them, else empty
+    LabelWishes m_labelWishes;
     std::vector<KXBarLabel> m_labels;
     double m_pixelScale = 1, m_pixelOffset = 0; // of the device that was painted on last
     UXPropertyTableBinding m_barPropertyBinding{*this, obtainPropertyTable()};

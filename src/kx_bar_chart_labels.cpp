@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -70,28 +71,28 @@ void KXBarChart::_layoutLabels()
     const KXBarSource source = _makeSource();
     if (source.series.empty())
         return;
-    KXBarLabelPlacer placer(
-        m_dataView, {property.getLabelPosition(), property.getLabelOverflow(), property.getAutoLabelColor()});
+    LabelWishes wishes;
     if (property.getShowTotals() && source.form == KXBarForm::Stacked)
-        _layoutTotals(source, placer);
+        _wishTotals(source, wishes);
     if (property.getShowLabels())
         for (const bool extremes : {true, false})
-            if (!_layoutBarLabels(source, placer, extremes) || !self.isAlive())
+            if (!_wishBarLabels(source, wishes, extremes) || !self.isAlive())
                 return;
-    m_labels = placer.takeLabels();
+    m_labelWishes = std::move(wishes);
+    _placeLabels();
 }
 
-void KXBarChart::_layoutTotals(const KXBarSource& source, KXBarLabelPlacer& placer)
+void KXBarChart::_wishTotals(const KXBarSource& source, LabelWishes& wishes)
 {
-    const UXTextProperty property = m_barChartProperty->getTotalProperty();
-    for (const KXBarSlot& slot : m_dataView.getSlots()) {
-        const double total = source.obtainTotal(slot.category);
-        placer.placeTotal(slot, total, obtainValueText(source.series.front().index, total), property);
+    const std::vector<KXBarSlot>& slots = m_dataView.getSlots();
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const double total = source.obtainTotal(slots[i].category);
+        wishes.totals.push_back({i, total, obtainValueText(source.series.front().index, total)});
     }
 }
 
 /** @return false where the host destroyed the chart, replaced its data or had it laid out anew */
-bool KXBarChart::_layoutBarLabels(const KXBarSource& source, KXBarLabelPlacer& placer, bool extremes)
+bool KXBarChart::_wishBarLabels(const KXBarSource& source, LabelWishes& wishes, bool extremes)
 {
     const KXAxisChartValueOption option = m_barChartProperty->getLabelValueOption();
     for (std::size_t i = 0; i < m_dataView.getBars().size(); ++i) {
@@ -104,14 +105,14 @@ bool KXBarChart::_layoutBarLabels(const KXBarSource& source, KXBarLabelPlacer& p
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
         if (isExtreme != extremes || !kxIsBarLabelled(option, facts, found->values, mark.category))
             continue;
-        if (!_placeBarLabel(source, i, position, placer, isExtreme))
+        if (!_wishBarLabel(source, i, position, isExtreme, wishes))
             return false;
     }
     return true;
 }
 
-bool KXBarChart::_placeBarLabel(const KXBarSource& source, std::size_t index, std::size_t position,
-                                KXBarLabelPlacer& placer, bool isExtreme)
+bool KXBarChart::_wishBarLabel(const KXBarSource& source, std::size_t index, std::size_t position,
+                               bool isExtreme, LabelWishes& wishes)
 {
     const UXObjectWatcher self(this);
     const KXBar bar = m_dataView.getBars()[index];
@@ -136,8 +137,22 @@ bool KXBarChart::_placeBarLabel(const KXBarSource& source, std::size_t index, st
         m_dataView.getBars()[index].mark != bar.mark)
         return false;
     wish.hasOwnColor = wish.property.textColor != usualColor;
-    placer.place(m_dataView.getBars()[index], wish);
+    wishes.labels.push_back({index, std::move(wish)});
     return true;
+}
+
+/** Asks nobody, so that it can be done again where the bars move by a part of a unit: on another device. */
+void KXBarChart::_placeLabels()
+{
+    const KXBarChartProperty& property = *m_barChartProperty;
+    KXBarLabelPlacer placer(
+        m_dataView, {property.getLabelPosition(), property.getLabelOverflow(), property.getAutoLabelColor()});
+    for (const LabelWishes::Total& total : m_labelWishes.totals)
+        placer.placeTotal(m_dataView.getSlots()[total.slot], total.value, total.text,
+                          property.getTotalProperty());
+    for (const LabelWishes::Label& label : m_labelWishes.labels)
+        placer.place(m_dataView.getBars()[label.bar], label.wish);
+    m_labels = placer.takeLabels();
 }
 
 const KXBarSeriesFacts& KXBarChart::_obtainFacts(const KXBarSource& source, std::size_t position)
@@ -153,11 +168,21 @@ const KXBarSeriesFacts& KXBarChart::_obtainFacts(const KXBarSource& source, std:
 }
 
 /** @return the part that a bar has of its stack, or of all values of its series where it stands alone */
-double KXBarChart::_obtainPercentage(const KXBarSource& source, const KXBar& bar, std::size_t position)
+double KXBarChart::_obtainPercentage(const KXBarSource& source, const KXAxisChartMark& mark,
+                                     std::size_t position)
 {
     const double all = source.form == KXBarForm::Grouped ? _obtainFacts(source, position).magnitude
-                                                         : source.obtainMagnitude(bar.mark.category);
-    return all > 0 ? whole * (std::abs(bar.value) / all) : 0;
+                                                         : source.obtainMagnitude(mark.category);
+    return all > 0 ? whole * (std::abs(source.obtainValue(position, mark.category)) / all) : 0;
+}
+
+/** @return whether bars are about their parts, by their form or by what their labels say */
+bool KXBarChart::_tellsPercentages() const
+{
+    const KXAxisChartLabelDisplayOption option = m_barChartProperty->getLabelDisplayOption();
+    return obtainBarForm() == KXBarForm::Percentage ||
+           option == KXAxisChartLabelDisplayOption::PercentageOnly ||
+           option == KXAxisChartLabelDisplayOption::ValueAndPercentage;
 }
 
 std::string KXBarChart::_obtainLabelText(const KXBarSource& source, const KXBar& bar, std::size_t position)
@@ -166,10 +191,10 @@ std::string KXBarChart::_obtainLabelText(const KXBarSource& source, const KXBar&
     case KXAxisChartLabelDisplayOption::ValueOnly:
         break;
     case KXAxisChartLabelDisplayOption::PercentageOnly:
-        return formatPercentage(_obtainPercentage(source, bar, position));
+        return formatPercentage(_obtainPercentage(source, bar.mark, position));
     case KXAxisChartLabelDisplayOption::ValueAndPercentage:
         return obtainValueText(bar.mark.series, bar.value) + " (" +
-               formatPercentage(_obtainPercentage(source, bar, position)) + ")";
+               formatPercentage(_obtainPercentage(source, bar.mark, position)) + ")";
     case KXAxisChartLabelDisplayOption::Title:
         return getSeriesCount() > 1 ? getSeriesLabel(bar.mark.series)
                                     : obtainCategoryLabel(bar.mark.category);

@@ -57,12 +57,13 @@ KXBarLayout layoutEachCategory(const KXBarSource& source, const KXBarPlane& plan
 
 KXBarWidths kxObtainBarWidths(const KXBarPlane& plane, std::size_t count)
 {
-    const double room = plane.spacing * plane.pixelScale;
+    // A finer device shows the same bars, only finer; a coarser one has no room for as many.
+    const double leastRoom = plane.spacing * std::min(plane.pixelScale, 1.0);
     const auto bars = static_cast<double>(std::max<std::size_t>(count, 1));
-    const double most = std::max(std::floor(KXBarPlane::greatestWidth * plane.pixelScale), 1.0);
-    const double taken = std::max(std::floor(room * plane.share), 1.0);
-    if (!(room >= leastPixelsPerCategory) || taken < bars)
+    if (!(leastRoom >= leastPixelsPerCategory) || std::floor(leastRoom * plane.share) < bars)
         return {};
+    const double most = std::max(std::floor(KXBarPlane::greatestWidth * plane.pixelScale), 1.0);
+    const double taken = std::floor(plane.spacing * plane.pixelScale * plane.share);
 
     // Bars of one or two pixels touch each other: a gap would take a third of the room from them.
     const double wanted = std::min(std::round(gapShare * taken / bars), greatestGap * plane.pixelScale);

@@ -38,7 +38,7 @@ struct KXBarWidths {
 };
 
 /** @return the whole pixels of count bars side by side in the room of one category; a width of 0 where they
- * have less than one pixel each, or categories less than two */
+ * have less than one pixel each, or categories less than two, or than so many logical units */
 [[nodiscard]] KX_EXPORT KXBarWidths kxObtainBarWidths(const KXBarPlane& plane, std::size_t count);
 
 /**

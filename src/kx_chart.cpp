@@ -12,13 +12,14 @@
 #include "ux/ux_ground.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_object_watcher.h"
-#include "ux/ux_paint_config.h"
+#include "ux/ux_paint_clip.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -432,7 +433,16 @@ UXRect KXChart::_measureTitle(const UXRect& content)
     m_title->setTextProperty(property);
     m_title->setRect(content);
     m_title->autoResize();
-    return m_title->getRect();
+    UXRect title = m_title->getRect();
+    const int most = std::max(obtainSideTitleWidth(content, title), 0);
+    if (isHorizontal(m_chartProperty->getTitlePosition()) && m_chartProperty->getTitleValueWrap() &&
+        most < title.width) {
+        // Narrower lines are more of them.
+        m_title->setRect({content.x, content.y, most, content.height});
+        m_title->autoResize();
+        title.height = m_title->getRect().height;
+    }
+    return title;
 }
 
 bool KXChart::_shouldShowTitle(const UXRect& title) const
@@ -561,8 +571,13 @@ void KXChart::_paintChild(UXObject* child, UXPaintConfig* config, const UXRect& 
     if (!child->getVisible())
         return;
     const UXRect rect = translateRectToChild(dirtyRect, child);
-    if (child->inRect(rect))
-        child->paint(config, rect);
+    if (!child->inRect(rect))
+        return;
+    // What an absurd font or a tiny chart leaves no room for is cut at the chart's edge.
+    std::optional<UXPaintClip> clip;
+    if (config && !uxContainsRect(getBoundingRect(), child->getRect()))
+        clip.emplace(*config, UXDoubleRect(translateRectToParent(getBoundingRect(), nullptr)));
+    child->paint(config, rect);
 }
 
 bool KXChart::customMouseMove(const UXEvent& event, bool& stop)

@@ -15,6 +15,8 @@ struct KXChartDataProviderHintData {
     {
     }
 
+    bool isEmpty() const { return title.empty() && subtitle.empty() && value.empty(); }
+
     std::string title;
     std::string subtitle;
     std::string value;

@@ -286,6 +286,45 @@ KXChartLabel* KXGaugeChart::_obtainLabel(std::uint64_t measure) const
     }
 }
 
+std::string KXGaugeChart::_obtainMeasureText(std::uint64_t measure, KXGaugeChartLabelDisplay display) const
+{
+    switch (measure) {
+    case value:
+        return obtainLabelDisplayString(getValueData(), m_valueRatio, display);
+    case target:
+        return obtainLabelDisplayString(obtainTargetValueData(), m_targetRatio, display);
+    case minimum:
+        return obtainLabelDisplayString(obtainMinValueData(), 0, display);
+    default:
+        return obtainLabelDisplayString(obtainMaxValueData(), 1, display);
+    }
+}
+
+/** @return a measure as its label tells it, the number where it has no label */
+std::string KXGaugeChart::_obtainHintText(std::uint64_t measure) const
+{
+    const KXGaugeChartLabelDisplay display = measure == value    ? m_mainDisplay
+                                             : measure == target ? m_targetDisplay
+                                                                 : m_maxMinDisplay;
+    return _obtainMeasureText(
+        measure, display == KXGaugeChartLabelDisplay::None ? KXGaugeChartLabelDisplay::Actual : display);
+}
+
+/** @return whether the measure is the host's, not the user's own number */
+bool KXGaugeChart::_isGivenByHost(std::uint64_t measure) const
+{
+    switch (measure) {
+    case value:
+        return isKnown(getValueData());
+    case target:
+        return !m_customTargetValue && isKnown(getTargetData());
+    case minimum:
+        return !m_customMinValue && isKnown(getMinData());
+    default:
+        return !m_customMaxValue && isKnown(getMaxData());
+    }
+}
+
 /** @return the measure that path names, where the gauge shows it */
 std::optional<std::uint64_t> KXGaugeChart::_findHighlightMeasure(const KXChartDataPath& path) const
 {
@@ -355,15 +394,14 @@ void KXGaugeChart::_customLayout(UXRect plotArea)
 
 void KXGaugeChart::_customLayout_setText(KXGaugeLayout& layout)
 {
-    layout.main.text = obtainLabelDisplayString(getValueData(), m_valueRatio, m_mainDisplay);
-    layout.minimum.text = obtainLabelDisplayString(obtainMinValueData(), 0, m_maxMinDisplay);
-    layout.maximum.text = obtainLabelDisplayString(obtainMaxValueData(), 1, m_maxMinDisplay);
+    layout.main.text = _obtainMeasureText(value, m_mainDisplay);
+    layout.minimum.text = _obtainMeasureText(minimum, m_maxMinDisplay);
+    layout.maximum.text = _obtainMeasureText(maximum, m_maxMinDisplay);
 
     // The target's label marks a place on the dial; without the place there is nothing to label.
     if (!isKnown(m_targetRatio) || m_targetDisplay == KXGaugeChartLabelDisplay::None)
         return;
-    layout.target.text = m_targetCaption +
-                         obtainLabelDisplayString(obtainTargetValueData(), m_targetRatio, m_targetDisplay);
+    layout.target.text = m_targetCaption + _obtainMeasureText(target, m_targetDisplay);
     layout.target.degrees = m_targetRatio * dialDegrees;
 }
 
@@ -577,14 +615,19 @@ std::optional<std::uint64_t> KXGaugeChart::_findMeasure(UXPoint point) const
     return dial.holdsPoint(point) ? std::optional<std::uint64_t>(value) : std::nullopt;
 }
 
-/** @return what the provider says about a measure; not enabled where it says nothing */
+/** @return what the provider says about a measure, or else its name and what its label shows */
 UXHintInfo KXGaugeChart::_obtainHintInfo(std::uint64_t measure)
 {
     const UXObjectWatcher self(this);
     auto* provider = dynamic_cast<KXGaugeChartDataProvider*>(beginUseDataProvider());
-    const KXChartDataProviderHintData data = provider && self.isAlive()
-                                                 ? provider->obtainHintData(this, {measure, 0})
-                                                 : KXChartDataProviderHintData();
+    KXChartDataProviderHintData data;
+    if (provider)
+        data = provider->obtainHintData(this, {measure, 0});
+    if (provider && self.isAlive() && data.isEmpty()) {
+        data.value = _obtainHintText(measure);
+        if (_isGivenByHost(measure))
+            data.title = provider->obtainValueLabel(this, measure);
+    }
     if (!self.isAlive())
         return UXHintInfo(false);
     endUseDataProvider();

@@ -179,6 +179,9 @@ private:
     /** @return the measure that is shown at a point of the chart's own space; none for any other place */
     std::optional<std::uint64_t> _findMeasure(UXPoint point) const;
     KXChartLabel* _obtainLabel(std::uint64_t measure) const;
+    std::string _obtainMeasureText(std::uint64_t measure, KXGaugeChartLabelDisplay display) const;
+    std::string _obtainHintText(std::uint64_t measure) const;
+    bool _isGivenByHost(std::uint64_t measure) const;
     std::optional<std::uint64_t> _findHighlightMeasure(const KXChartDataPath& path) const;
     /** Takes up which measure the pointer is on, none for any other place. */
     void _pointAt(const std::optional<std::uint64_t>& measure, const UXEvent& event);

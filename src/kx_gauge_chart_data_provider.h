@@ -9,6 +9,7 @@ class KX_EXPORT KXGaugeChartDataProvider : public virtual KXChartDataProvider {
 public:
     ~KXGaugeChartDataProvider() override;
 
-    /** @return the hint of the measure at path; an empty one shows no hint */
+    /** @return the hint of the measure at path; an empty one leaves the hint to the chart, which
+     * tells the measure's label and the number as it shows it */
     virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);
 };

@@ -8,6 +8,6 @@ UXHintInfo kxMakeHintInfo(const KXChartDataProviderHintData& data, const UXHintI
     info.clearRows();
     if (!data.subtitle.empty())
         info.addRow("", data.value);
-    info.enabled = look.enabled && !(data.title.empty() && data.subtitle.empty() && data.value.empty());
+    info.enabled = look.enabled && !data.isEmpty();
     return info;
 }

@@ -203,6 +203,15 @@ void KXLegend::_updateCellCache()
         _collectShownCells();
 }
 
+std::string KXLegend::_obtainLabel(std::uint64_t index)
+{
+    std::string label = m_delegate->obtainLegendLabel(index);
+    // A cell has one line.
+    std::replace_if(
+        label.begin(), label.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    return label;
+}
+
 void KXLegend::_measureCells()
 {
     // The delegate may destroy the chart, and this with it, or part from it in any of its answers.
@@ -223,7 +232,7 @@ void KXLegend::_measureCells()
     m_cellObjectIDs.clear();
     for (int i = 0; i < m_cellCount; ++i) {
         const auto index = static_cast<std::uint64_t>(i);
-        const std::string label = delegate->obtainLegendLabel(index);
+        const std::string label = _obtainLabel(index);
         if (!self.isAlive() || m_delegate != delegate)
             return;
         const double labelWidth = helper->getTextSize(label, m_textProperty).width;
@@ -354,18 +363,21 @@ void KXLegend::_placeCells(bool contentChanged)
     std::vector<KXLegendCell*> cells;
     _takeCells(first, end, cells);
     for (std::size_t place = first; place < end; ++place) {
-        KXLegendCell* cell = cells[place - first];
+        KXLegendCell*& cell = cells[place - first];
         const auto index = static_cast<std::uint64_t>(m_cellIndexList[place]);
         const bool isNew = !cell;
         if (isNew)
             cell = new KXLegendCell(this);
         if (isNew || contentChanged || cell->getIndex() != index)
-            cell->showCell(index, m_delegate->obtainLegendLabel(index),
-                           m_delegate->obtainLegendSymbolStyle(index));
+            cell->showCell(index, _obtainLabel(index), m_delegate->obtainLegendSymbolStyle(index));
         if (isNew)
             updateCellInteraction(cell, index);
         _placeCell(cell, _obtainCellRect(place));
     }
+    // Whatever came and went meanwhile, cells are painted in their order.
+    if (_obtainCells() != cells)
+        for (KXLegendCell* cell : cells)
+            m_scrollView->bringChildToFront(cell);
     if (contentChanged)
         m_scrollView->invalidate();
 }

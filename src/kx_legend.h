@@ -114,6 +114,7 @@ protected:
 
 private:
     void _updateCellCache();
+    std::string _obtainLabel(std::uint64_t index);
     void _measureCells();
     void _measureCellHeight();
     void _collectShownCells();

@@ -123,7 +123,7 @@ void KXValueChart::hideLinkedHighlight(UXControl* control)
     KXChart::hideLinkedHighlight(control);
 }
 
-/** @return what the provider says about the value; not enabled where it says nothing */
+/** @return what the provider says about the value, or else its name and what the label shows */
 UXHintInfo KXValueChart::_obtainHintInfo()
 {
     const UXObjectWatcher self(this);
@@ -131,6 +131,10 @@ UXHintInfo KXValueChart::_obtainHintInfo()
     KXChartDataProviderHintData data;
     if (provider && self.isAlive())
         data = provider->obtainHintData(this, {0, 0});
+    if (provider && self.isAlive() && data.isEmpty()) {
+        data.value = m_valueLabel->getText();
+        data.title = provider->obtainValueLabel(this, 0);
+    }
     if (self.isAlive())
         endUseDataProvider();
     return kxMakeHintInfo(data, UXHintInfo());
@@ -184,10 +188,14 @@ void KXValueChart::_customLayout(UXRect plotArea)
     property.textColor = _isNegativeNumber() ? m_negativeFontColor : m_fontColor;
     property.font.familyName = m_fontName;
     const UXDoubleSize size = _fitFont(text, property, plotArea);
-    m_valueLabel->setTextProperty(property);
-
-    const int width = uxSaturateToInt(std::ceil(size.width));
+    // The least size may still be too large: then the text ends with an ellipsis, or has no line to stand on.
     const int height = uxSaturateToInt(std::ceil(size.height));
+    int width = uxSaturateToInt(std::ceil(size.width));
+    const bool isCut = width > plotArea.width;
+    property.option = isCut ? UXTextOption::EllipsisEnd : UXTextOption::Default;
+    width = isCut ? plotArea.width : width;
+    m_valueLabel->setTextProperty(property);
+    m_valueLabel->setVisible(height <= plotArea.height);
     int left = plotArea.x;
     if (m_mainLabelAlign == UXTextAlign::Right)
         left += plotArea.width - width;

@@ -8,6 +8,7 @@ class KX_EXPORT KXValueChartDataProvider : public virtual KXChartDataProvider {
 public:
     ~KXValueChartDataProvider() override;
 
-    /** @return the hint of the value at path; an empty one shows no hint */
+    /** @return the hint of the value at path; an empty one leaves the hint to the chart, which
+     * tells the value's label and the value as it shows it */
     virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);
 };

@@ -75,7 +75,6 @@ TEST(HostSqlDataProvider, OneValueOfAnyType)
         EXPECT_EQ(provider.obtainValueDataIsNull(nullptr, {0, 0}), c.isNull);
         EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), c.number);
         EXPECT_EQ(provider.obtainValueDataString(nullptr, {0, 0}), c.text);
-        EXPECT_EQ(provider.obtainHintData(nullptr, {0, 0}).value, c.text);
     }
 }
 

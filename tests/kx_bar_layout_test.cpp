@@ -109,7 +109,7 @@ TEST(KXBarLayout, Widths)
         {"two with a gap", 50, 0.8, 1, 2, 19, 21, 40},
         {"thin ones touch", 10, 0.7, 1, 3, 2, 2, 6},
         {"never below a pixel", 2, 0.6, 1, 1, 1, 1, 1},
-        {"a finer device has room for more", 2, 0.8, 2, 3, 1, 1, 3},
+        {"a finer device has room for no more", 2, 0.8, 2, 3, 0, 0, 0},
         {"too many for the pixels", 2, 0.8, 1, 3, 0, 0, 0},
         {"less than two pixels", 1.9, 0.8, 1, 1, 0, 0, 0},
         {"no room", 0, 0.8, 1, 1, 0, 0, 0},

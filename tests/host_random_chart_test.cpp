@@ -1,0 +1,334 @@
+#include "chart_data_source.h"
+#include "chart_document.h"
+#include "chart_sample.h"
+#include "drawing_check.h"
+#include "host_random_charts.h"
+#include "kx_axis_property.h"
+#include "kx_bar_chart.h"
+#include "kx_bar_chart_property.h"
+#include "kx_chart_label.h"
+#include "kx_gauge_chart.h"
+#include "kx_value_chart.h"
+#include "sql_data_provider.h"
+#include "ux/ux_recording_paint_config.h"
+#include "ux/ux_rect_functions.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+using Json = nlohmann::json;
+
+std::unique_ptr<KXChart> makeChart(const Json& document, const UXPadding& padding)
+{
+    std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(document.at("type").get<std::string>()));
+    auto* chart = dynamic_cast<KXChart*>(made.release());
+    EXPECT_TRUE(chart->deserialize(document.dump()));
+    chart->setPadding(padding);
+    return std::unique_ptr<KXChart>(chart);
+}
+
+void load(KXChart& chart, KXChartDataProvider& provider)
+{
+    KXChartDataUser* user = chart.obtainLegendDataUser();
+    user->setDataProvider(&provider);
+    user->prepareData();
+    user->reloadData();
+}
+
+bool wantsAllTickLabels(KXChart& chart)
+{
+    auto* bars = dynamic_cast<KXBarChart*>(&chart);
+    return bars &&
+           (bars->getXAxisProperty()->getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Auto ||
+            bars->getYAxisProperty()->getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Auto);
+}
+
+std::string draw(KXChart& chart, const PictureSetting& setting, std::vector<std::string>* faults = nullptr)
+{
+    UXRecordingPaintConfig config(setting.scale);
+    paintChart(chart, setting, config);
+    if (faults)
+        *faults = checkDrawing(config.getRecording(), UXDoubleRect(chart.getRect()));
+    if (faults && wantsAllTickLabels(chart)) // then they may lie over each other
+        std::erase_if(*faults,
+                      [](const std::string& fault) { return fault.find(") meets \"") != fault.npos; });
+    return config.getRecording().getText();
+}
+
+UXColor toColor(const Json& color)
+{
+    return {color.at("red"), color.at("green"), color.at("blue"), color.at("alpha")};
+}
+
+UXTextProperty toTextProperty(const Json& document)
+{
+    const auto indexOf = [](const std::string& names, const std::string& name) {
+        const std::string before = names.substr(0, names.find(name));
+        return static_cast<int>(std::count(before.begin(), before.end(), ','));
+    };
+    UXTextProperty property;
+    property.font.familyName = document.at("font").at("familyName");
+    property.font.size = document.at("font").at("size");
+    property.font.bold = document.at("font").at("bold");
+    property.align = static_cast<UXTextAlign>(
+        indexOf(uxObtainEnumNames(UXTextAlign()), document.at("align").get<std::string>()));
+    property.option = static_cast<UXTextOption>(
+        indexOf(uxObtainEnumNames(UXTextOption()), document.at("option").get<std::string>()));
+    property.lineMode = document.at("lineMode");
+    property.textColor = toColor(document.at("textColor"));
+    return property;
+}
+
+/** Sets every key, lists apart, as an editor of properties does. */
+void updateKeys(UXPropertyAccessor& accessor, const Json& wanted)
+{
+    for (const auto& [key, value] : wanted.items()) {
+        UXJsonObject* part = nullptr;
+        if (value.is_object() && value.contains("type") && accessor.obtainObject(key, &part)) {
+            UXPropertyAccessor inner(part);
+            updateKeys(inner, value);
+        } else if (value.is_boolean()) {
+            accessor.updateValue(key, value.get<bool>());
+        } else if (value.is_number()) {
+            accessor.updateValue(key, value.get<double>()) || accessor.updateValue(key, value.get<int>()) ||
+                accessor.updateValue(key, value.get<std::int64_t>());
+        } else if (value.is_string()) {
+            accessor.updateEnumString(key, value) || accessor.updateValue(key, value.get<std::string>());
+        } else if (value.is_object() && value.contains("red")) {
+            accessor.updateValue(key, toColor(value));
+        } else if (value.is_object() && value.contains("textColor")) {
+            accessor.updateValue(key, toTextProperty(value));
+        }
+    }
+}
+
+/** @return the first line in which two drawings differ */
+std::string findDifference(const std::string& wanted, const std::string& drawn)
+{
+    std::istringstream a(wanted), b(drawn);
+    std::string lineA, lineB;
+    for (int number = 1;; ++number) {
+        const bool hasA = !std::getline(a, lineA).fail(), hasB = !std::getline(b, lineB).fail();
+        if (!hasA && !hasB)
+            return "no line";
+        if (hasA != hasB || lineA != lineB)
+            return "line " + std::to_string(number) + ": \"" + (hasA ? lineA : "nothing") + "\" became \"" +
+                   (hasB ? lineB : "nothing") + "\"";
+    }
+}
+
+/** @return what the hint of the item says beside its name, nothing where none shows */
+std::optional<std::string> obtainHintValue(KXChart& chart, const KXIndexPath& value)
+{
+    KXChartDataPath path;
+    path.valueIndexPath = value;
+    chart.showLinkedHighlight(path, nullptr);
+    auto& hint = dynamic_cast<UXHintDelegate&>(chart);
+    const UXHintInfo info = hint.getHintInfo();
+    const bool isShown = hint.getHintVisible();
+    chart.hideLinkedHighlight(nullptr);
+    if (!isShown)
+        return std::nullopt;
+    return info.rows.empty() ? info.text : info.rows.front().value;
+}
+
+/** @return what is wrong with the hints of the items that have a label, empty where nothing is */
+std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
+{
+    const auto check = [&](const KXIndexPath& path, const std::string& label, bool isWhole) -> std::string {
+        const std::optional<std::string> hint = obtainHintValue(chart, path);
+        if (!hint || (isWhole ? *hint == label : hint->find(label) != std::string::npos))
+            return {};
+        return "the hint says \"" + *hint + "\", the label \"" + label + "\"";
+    };
+    std::string fault;
+    if (auto* value = dynamic_cast<KXValueChart*>(&chart)) {
+        if (value->getValueLabel()->getVisible())
+            fault = check({0, 0}, value->getValueLabel()->getText(), true);
+    } else if (auto* gauge = dynamic_cast<KXGaugeChart*>(&chart)) {
+        const KXChartLabel* labels[] = {gauge->getMainLabel(), gauge->getTargetLabel(), gauge->getMinLabel(),
+                                        gauge->getMaxLabel()};
+        for (std::uint64_t i = 0; i < std::size(labels) && fault.empty(); ++i) {
+            const std::string caption = i == 1 ? gauge->getTargetCaption() : "";
+            if (labels[i]->getVisible())
+                fault = check({i, 0}, labels[i]->getText().substr(caption.size()), true);
+        }
+    } else if (auto* bars = dynamic_cast<KXBarChart*>(&chart)) {
+        const std::vector<KXBarLabel> labels = bars->getLabels();
+        const bool tellsNames = bars->getBarChartProperty()->getLabelDisplayOption() ==
+                                KXAxisChartLabelDisplayOption::Title;
+        for (std::size_t i = 0; i < labels.size() && !tellsNames && fault.empty(); ++i)
+            if (labels[i].mark)
+                fault = check(
+                    provider.obtainSeriesValuePath(bars, labels[i].mark->series, labels[i].mark->category),
+                    labels[i].text, false);
+    }
+    return fault;
+}
+
+/** One chart with another state for each thing about it. */
+class ChartCase {
+public:
+    explicit ChartCase(std::uint64_t seed)
+        : m_random(seed), m_type(m_random.pickType()), m_document(_makeDocument()),
+          m_otherDocument(_makeDocument()), m_table(m_random.makeTable(m_type)),
+          m_otherTable(m_random.makeTable(m_type)), m_setting(m_random.makePicture()),
+          m_otherSetting(m_random.makePicture()), m_padding(m_random.makePadding())
+    {
+    }
+
+    /** @return the first thing that is wrong, empty where nothing is */
+    std::string check()
+    {
+        std::vector<std::string> faults;
+        std::unique_ptr<KXChart> chart = _make();
+        m_drawing = draw(*chart, m_setting, &faults);
+        if (!faults.empty())
+            return faults.front();
+        std::string fault = _compare("drawn again", *chart);
+        if (fault.empty())
+            fault = checkHints(*chart, *m_table);
+        if (fault.empty())
+            fault = _compare("after its hints", *chart);
+        if (fault.empty())
+            fault = _checkSaving(*chart);
+        if (fault.empty())
+            fault = _checkReturns();
+        return fault;
+    }
+
+    std::string describe() const
+    {
+        std::ostringstream text;
+        text << m_setting.size.width << " x " << m_setting.size.height << " less " << m_setting.margin
+             << " at " << m_setting.scale << ", padding " << m_padding.left << ' ' << m_padding.top << ' '
+             << m_padding.right << ' ' << m_padding.bottom << "\n"
+             << m_document.dump() << "\n"
+             << m_table->categoryCount << " categories";
+        for (const std::vector<double>& values : m_table->values) {
+            text << "\n ";
+            for (std::size_t i = 0; i < std::min<std::size_t>(values.size(), 12); ++i)
+                text << ' ' << values[i];
+        }
+        return text.str();
+    }
+
+private:
+    /** @return a document as a chart saves it, in which no key says other than another one */
+    Json _makeDocument() { return Json::parse(makeChart(m_random.makeDocument(m_type), {})->serialize()); }
+
+    std::unique_ptr<KXChart> _make()
+    {
+        std::unique_ptr<KXChart> chart = makeChart(m_document, m_padding);
+        load(*chart, *m_table);
+        return chart;
+    }
+
+    std::string _compare(const std::string& when, KXChart& chart)
+    {
+        const std::string drawing = draw(chart, m_setting);
+        return drawing == m_drawing ? "" : when + " " + findDifference(m_drawing, drawing);
+    }
+
+    std::string _checkSaving(KXChart& chart)
+    {
+        const std::string saved = chart.serialize();
+        const std::unique_ptr<KXChart> loaded = makeChart(Json::parse(saved), m_padding);
+        if (loaded->serialize() != saved)
+            return "read and saved " + findDifference(saved, loaded->serialize());
+        load(*loaded, *m_table);
+        return _compare("saved and read", *loaded);
+    }
+
+    std::string _checkReturns()
+    {
+        struct Way {
+            const char* name;
+            std::function<void(KXChart&)> leave, comeBack;
+        };
+        const auto update = [](KXChart& chart, const Json& document) {
+            // A key that sets several others comes after some of them, so those are set once more.
+            for (int i = 0; i < 2; ++i)
+                updateKeys(dynamic_cast<UXPropertyAccessor&>(chart), document);
+        };
+        const Way ways[] = {
+            {"after another size", [this](KXChart& chart) { draw(chart, m_otherSetting); }, [](KXChart&) {}},
+            {"after other data",
+             [this](KXChart& chart) {
+                 load(chart, *m_otherTable);
+                 draw(chart, m_setting);
+             },
+             [this](KXChart& chart) { load(chart, *m_table); }},
+            {"after another document",
+             [this](KXChart& chart) {
+                 chart.deserialize(m_otherDocument.dump());
+                 draw(chart, m_setting);
+             },
+             [this](KXChart& chart) { chart.deserialize(m_document.dump()); }},
+            {"after other keys",
+             [&](KXChart& chart) {
+                 update(chart, m_otherDocument);
+                 draw(chart, m_setting);
+             },
+             [&](KXChart& chart) { update(chart, m_document); }},
+        };
+        for (const Way& way : ways) {
+            const std::unique_ptr<KXChart> chart = _make();
+            draw(*chart, m_setting);
+            way.leave(*chart);
+            way.comeBack(*chart);
+            const std::string fault = _compare(way.name, *chart);
+            if (!fault.empty())
+                return fault;
+        }
+        return {};
+    }
+
+    RandomCharts m_random;
+    std::string m_type;
+    Json m_document, m_otherDocument;
+    std::unique_ptr<RandomTable> m_table, m_otherTable;
+    PictureSetting m_setting, m_otherSetting;
+    UXPadding m_padding;
+    std::string m_drawing;
+};
+
+/** @return the number in an environment variable, which says how long to look by hand */
+std::uint64_t obtainNumber(const char* variable, std::uint64_t usual)
+{
+    const char* text = std::getenv(variable);
+    return text ? std::strtoull(text, nullptr, 10) : usual;
+}
+
+} // namespace
+
+TEST(RandomChart, KeepsItsPromises)
+{
+    const std::uint64_t first = obtainNumber("KX_RANDOM_FIRST", 1),
+                        count = obtainNumber("KX_RANDOM_COUNT", 200);
+    int failures = 0;
+    for (std::uint64_t seed = first; seed < first + count && failures < 20; ++seed) {
+        ChartCase chart(seed);
+        const std::string fault = chart.check();
+        if (fault.empty())
+            continue;
+        ++failures;
+        ADD_FAILURE() << "KX_RANDOM_FIRST=" << seed << " KX_RANDOM_COUNT=1: " << fault << "\n"
+                      << chart.describe();
+    }
+}
+
+TEST(RandomChart, TheGallerysHintsSayWhatItsLabelsSay)
+{
+    for (const ChartSample& sample : readChartSamples(std::string(KX_SOURCE_DIR) + "/samples")) {
+        ChartDocument document(sample.chart);
+        ChartDataSource source(sample.data, sample.binding, {});
+        document.loadData(&source.getProvider());
+        draw(document.getChart(), {});
+        EXPECT_EQ(checkHints(document.getChart(), source.getProvider()), "") << sample.name;
+    }
+}
