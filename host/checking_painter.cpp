@@ -12,7 +12,8 @@ namespace {
 
 /** A curve is looked at in so many places. */
 constexpr int curvePieces = 16;
-/** How far something may reach out of the area, in logical units: the smoothing of an edge. */
+/** How far something may reach out of the area, in logical units: the smoothing of an edge. A line along the
+ * edge may have the pixel beyond it. */
 constexpr double reachOut = 0.5;
 /** How far two texts may reach into each other: their boxes are as high as a line, their letters are not. */
 constexpr double blankHeight = 0.5, noise = 0.01;
@@ -220,7 +221,8 @@ void CheckingPainter::_checkBounds(const std::string& what, const UXDoubleRect& 
     if (m_state.isClear)
         return;
     const UXDoubleRect seen = uxIntersectionDoubleRect(bounds, m_state.clip);
-    const UXDoubleRect area = uxInflateDoubleRect(m_area, reachOut, reachOut);
+    const double most = std::max(reachOut, 1 / m_deviceScale);
+    const UXDoubleRect area = uxInflateDoubleRect(m_area, most, most);
     const bool isInside = seen.x >= area.x && seen.y >= area.y &&
                           seen.x + seen.width <= area.x + area.width &&
                           seen.y + seen.height <= area.y + area.height;

@@ -171,6 +171,10 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
     _placeAxes(_obtainArea(bands, scrolls));
     _placeLabels(bands);
     _placeScroll(bands, scrolls);
+    // The marks stand against the axes as the labels leave them.
+    for (std::size_t i = 0; self.isAlive() && i < m_axes.size(); ++i)
+        if (m_axes[i]->labels->getVisible())
+            m_axes[i]->labels->obtainLabelLength();
     if (!self.isAlive())
         return;
     _placeTitles(bands, detail, scrolls);
@@ -188,8 +192,8 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         KXAxisTickLabelView& labels = *axis.labels;
         const bool hasRoom = axis.isHorizontal() ? detail.lyingLabels : detail.standingLabels;
         labels.setVisible(hasRoom && axis.isUsed && property.getShowTickLabels());
-        if (labels.getPosition() != axis.position)
-            axis.axis->setExtraLength(labels.getExtraLengthKey(), 0); // the key is about the side
+        // What the labels asked for at another size, or at another side, which the key is about, is no more.
+        axis.axis->setExtraLength(labels.getExtraLengthKey(), 0);
         labels.setPosition(axis.position);
         labels.setTickInterval(axis.cache.tickInterval);
         labels.setTextProperty(property.getTickLabelProperty());
@@ -204,9 +208,7 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         labels.setTickLabelInterval(property.getTickLabelInterval());
         labels.setMaxLabelLength(
             std::max((axis.isHorizontal() ? plot.height : plot.width) / labelDivider, 1));
-        if (!labels.getVisible())
-            axis.axis->setExtraLength(labels.getExtraLengthKey(), 0);
-        else if (std::exchange(axis.ticksChanged, false))
+        if (labels.getVisible() && std::exchange(axis.ticksChanged, false))
             labels.reloadData();
     }
 }
