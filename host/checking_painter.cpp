@@ -121,32 +121,22 @@ void CheckingPainter::_checkFinite(const std::string& what, std::initializer_lis
 }
 
 /** A space without a way back is one that no painter goes into. */
-void CheckingPainter::_transform(const UXTransform& transform)
+void CheckingPainter::transformSpace(const UXTransform& change)
 {
-    _checkFinite("a space",
-                 {transform.xx, transform.xy, transform.yx, transform.yy, transform.dx, transform.dy});
-    if (transform.isInvertible())
-        m_state.toRoot = transform;
+    const UXTransform changed = m_state.toRoot.combined(change);
+    _checkFinite("a space", {changed.xx, changed.xy, changed.yx, changed.yy, changed.dx, changed.dy});
+    if (changed.isInvertible())
+        m_state.toRoot = changed;
 }
 
-void CheckingPainter::translate(double dx, double dy) { _transform(m_state.toRoot.translated(dx, dy)); }
-void CheckingPainter::rotate(double degrees) { _transform(m_state.toRoot.rotated(degrees)); }
-void CheckingPainter::scale(double sx, double sy) { _transform(m_state.toRoot.scaled(sx, sy)); }
-
-/** @param change in the present space */
-void CheckingPainter::_transformPath(const UXTransform& change)
+void CheckingPainter::transformPath(const UXTransform& change)
 {
+    if (!change.isInvertible())
+        return;
     const UXTransform inRoot = m_state.toRoot.combined(change).combined(m_state.toRoot.inverted());
     for (UXDoublePoint& point : m_path)
         point = inRoot.apply(point.x, point.y);
 }
-
-void CheckingPainter::translatePath(double dx, double dy)
-{
-    _transformPath(UXTransform{}.translated(dx, dy));
-}
-void CheckingPainter::rotatePath(double degrees) { _transformPath(UXTransform{}.rotated(degrees)); }
-void CheckingPainter::scalePath(double sx, double sy) { _transformPath(UXTransform{}.scaled(sx, sy)); }
 
 void CheckingPainter::setStartPoint(double x, double y) { addLinePath(x, y); }
 
@@ -178,30 +168,12 @@ void CheckingPainter::addCubicCurvePath(double x1, double y1, double x2, double 
     }
 }
 
-void CheckingPainter::fill()
-{
-    fillPreserve();
-    m_path.clear();
-}
-
 void CheckingPainter::fillPreserve() { _checkPath("a shape", 0); }
-
-void CheckingPainter::stroke()
-{
-    strokePreserve();
-    m_path.clear();
-}
 
 void CheckingPainter::strokePreserve()
 {
     if (m_state.lineWidth > 0)
         _checkPath("a line", m_state.lineWidth / 2);
-}
-
-void CheckingPainter::clip()
-{
-    clipPreserve();
-    m_path.clear();
 }
 
 void CheckingPainter::clipPreserve()

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ux/ux_double_rect.h"
-#include "ux/ux_painter.h"
+#include "ux/ux_path_painter.h"
 
 #include <array>
 #include <initializer_list>
@@ -10,7 +10,7 @@
 #include <vector>
 
 /** Notes where things are drawn, and what is wrong about it. Draws nothing. */
-class CheckingPainter final : public UXPainter {
+class CheckingPainter final : public UXPathPainter {
 public:
     /** @param area that the drawing has to keep to, in logical units of the root's space */
     CheckingPainter(const UXDoubleRect& area, double deviceScale);
@@ -37,13 +37,6 @@ public:
     void setAntialias(UXAntialiasStyle) override {}
     void setCompositionMode(UXCompositionMode) override {}
 
-    void translate(double dx, double dy) override;
-    void rotate(double degrees) override;
-    void scale(double sx, double sy) override;
-    void translatePath(double dx, double dy) override;
-    void rotatePath(double degrees) override;
-    void scalePath(double sx, double sy) override;
-
     void setStartPoint(double x, double y) override;
     void addLinePath(double x, double y) override;
     void addRelativeLinePath(double dx, double dy) override;
@@ -51,11 +44,8 @@ public:
     void startNewSubPath() override {}
     void closePath() override {}
 
-    void fill() override;
     void fillPreserve() override;
-    void stroke() override;
     void strokePreserve() override;
-    void clip() override;
     void clipPreserve() override;
 
     void beginLinearGradientPattern(double, double, double, double, UXSourceOperator) override {}
@@ -80,6 +70,12 @@ public:
     UXTransform getDeviceTransform() const override;
     void drawRects(std::span<const UXDoubleRect> rects) override;
 
+protected:
+    // From UXPathPainter
+    void transformSpace(const UXTransform& change) override;
+    void transformPath(const UXTransform& change) override;
+    void forgetPath() override { m_path.clear(); }
+
 private:
     struct State {
         UXTransform toRoot;
@@ -93,8 +89,6 @@ private:
         UXDoubleRect bounds;
     };
 
-    void _transform(const UXTransform& transform);
-    void _transformPath(const UXTransform& change);
     void _checkFinite(const std::string& what, std::initializer_list<double> numbers);
     void _checkBounds(const std::string& what, const UXDoubleRect& bounds);
     void _checkRect(const std::string& what, const UXDoubleRect& rect);

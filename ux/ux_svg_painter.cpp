@@ -150,40 +150,16 @@ void UXSvgPainter::setAntialias(UXAntialiasStyle style) { m_state.antialias = st
 
 void UXSvgPainter::setCompositionMode(UXCompositionMode mode) { m_state.mode = mode; }
 
-void UXSvgPainter::translate(double dx, double dy)
+void UXSvgPainter::transformSpace(const UXTransform& change)
 {
-    if (std::isfinite(dx) && std::isfinite(dy))
-        m_state.toPage = m_state.toPage.translated(dx, dy);
+    if (change.isInvertible())
+        m_state.toPage = m_state.toPage.combined(change);
 }
 
-void UXSvgPainter::rotate(double degrees)
+void UXSvgPainter::transformPath(const UXTransform& change)
 {
-    if (std::isfinite(degrees))
-        m_state.toPage = m_state.toPage.rotated(degrees);
-}
-
-void UXSvgPainter::scale(double sx, double sy)
-{
-    if (std::isfinite(sx) && std::isfinite(sy) && sx != 0 && sy != 0)
-        m_state.toPage = m_state.toPage.scaled(sx, sy);
-}
-
-void UXSvgPainter::translatePath(double dx, double dy)
-{
-    if (std::isfinite(dx) && std::isfinite(dy))
-        _transformPath(UXTransform{}.translated(dx, dy));
-}
-
-void UXSvgPainter::rotatePath(double degrees)
-{
-    if (std::isfinite(degrees))
-        _transformPath(UXTransform{}.rotated(degrees));
-}
-
-void UXSvgPainter::scalePath(double sx, double sy)
-{
-    if (std::isfinite(sx) && std::isfinite(sy) && sx != 0 && sy != 0)
-        _transformPath(UXTransform{}.scaled(sx, sy));
+    if (change.isInvertible() && m_state.toPage.isInvertible())
+        m_path.transform(m_state.toPage.combined(change).combined(m_state.toPage.inverted()));
 }
 
 void UXSvgPainter::setStartPoint(double x, double y) { m_path.moveTo(m_state.toPage.apply(x, y)); }
@@ -209,22 +185,10 @@ void UXSvgPainter::startNewSubPath() { m_path.breakOff(); }
 
 void UXSvgPainter::closePath() { m_path.close(); }
 
-void UXSvgPainter::fill()
-{
-    fillPreserve();
-    m_path.clear();
-}
-
 void UXSvgPainter::fillPreserve()
 {
     if (m_path.isDrawable() && !_drawsNothing())
         _add(_obtainFillElement(m_path));
-}
-
-void UXSvgPainter::stroke()
-{
-    strokePreserve();
-    m_path.clear();
 }
 
 void UXSvgPainter::strokePreserve()
@@ -237,12 +201,6 @@ void UXSvgPainter::strokePreserve()
     const UXTransform toPage = scale > 0 ? UXTransform{} : m_state.toPage;
     _add("<path" + formatTransformAttribute(toPage) + " d=\"" + m_path.obtainData(toPage.inverted()) +
          "\" fill=\"none\"" + _obtainPaint("stroke", toPage) + _obtainStroke(scale > 0 ? scale : 1) + "/>");
-}
-
-void UXSvgPainter::clip()
-{
-    clipPreserve();
-    m_path.clear();
 }
 
 void UXSvgPainter::clipPreserve()
@@ -384,12 +342,6 @@ bool UXSvgPainter::_drawsNothing() const
 {
     const bool isClear = m_state.gradient ? m_state.gradient->stops.empty() : !(m_state.color.alpha > 0);
     return isClear || !uxDrawsOnSvgGround(m_state.mode);
-}
-
-void UXSvgPainter::_transformPath(const UXTransform& change)
-{
-    if (m_state.toPage.isInvertible())
-        m_path.transform(m_state.toPage.combined(change).combined(m_state.toPage.inverted()));
 }
 
 UXSvgPath UXSvgPainter::_obtainRectPath(const UXDoubleRect& rect) const

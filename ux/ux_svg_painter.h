@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ux/ux_painter.h"
+#include "ux/ux_path_painter.h"
 #include "ux/ux_svg_path.h"
 
 #include <memory>
@@ -12,7 +12,7 @@ struct UXSvgGradient;
 class UXSvgLayer;
 
 /** Draws onto a layer of a page of scalable vector graphics. */
-class UXSvgPainter final : public UXPainter {
+class UXSvgPainter final : public UXPathPainter {
 public:
     /**
      * @param document the page; it and the layer have to outlive the painter
@@ -41,13 +41,6 @@ public:
     void setAntialias(UXAntialiasStyle style) override;
     void setCompositionMode(UXCompositionMode mode) override;
 
-    void translate(double dx, double dy) override;
-    void rotate(double degrees) override;
-    void scale(double sx, double sy) override;
-    void translatePath(double dx, double dy) override;
-    void rotatePath(double degrees) override;
-    void scalePath(double sx, double sy) override;
-
     void setStartPoint(double x, double y) override;
     void addLinePath(double x, double y) override;
     void addRelativeLinePath(double dx, double dy) override;
@@ -55,11 +48,8 @@ public:
     void startNewSubPath() override;
     void closePath() override;
 
-    void fill() override;
     void fillPreserve() override;
-    void stroke() override;
     void strokePreserve() override;
-    void clip() override;
     void clipPreserve() override;
 
     void beginLinearGradientPattern(double x1, double y1, double x2, double y2,
@@ -86,6 +76,12 @@ public:
 
     void drawRects(std::span<const UXDoubleRect> rects) override;
 
+protected:
+    // From UXPathPainter
+    void transformSpace(const UXTransform& change) override;
+    void transformPath(const UXTransform& change) override;
+    void forgetPath() override { m_path.clear(); }
+
 private:
     struct State {
         UXTransform toPage;
@@ -106,7 +102,6 @@ private:
 
     void _add(const std::string& element);
     bool _drawsNothing() const;
-    void _transformPath(const UXTransform& change);
     UXSvgPath _obtainRectPath(const UXDoubleRect& rect) const;
     std::string _obtainRegion(const UXDoubleRect& rect) const;
     std::string _obtainPaint(const std::string& property, const UXTransform& elementToPage) const;

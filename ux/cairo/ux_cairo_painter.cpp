@@ -131,14 +131,14 @@ class UXCairoPainter::Scope {
 public:
     explicit Scope(UXCairoPainter& painter) : m_painter(painter)
     {
-        m_painter._forgetPath();
+        m_painter.forgetPath();
         m_painter.saveState();
         m_lowestDepth = std::exchange(m_painter.m_lowestDepth, m_painter.m_depth);
     }
 
     ~Scope()
     {
-        m_painter._forgetPath();
+        m_painter.forgetPath();
         while (m_painter.m_depth > m_painter.m_lowestDepth)
             m_painter.restoreState();
         m_painter.m_lowestDepth = m_lowestDepth;
@@ -246,12 +246,6 @@ void UXCairoPainter::setCompositionMode(UXCompositionMode mode)
     cairo_set_operator(m_context, obtainOperator(mode));
 }
 
-void UXCairoPainter::translate(double dx, double dy) { _transform(UXTransform{}.translated(dx, dy)); }
-
-void UXCairoPainter::rotate(double degrees) { _transform(UXTransform{}.rotated(degrees)); }
-
-void UXCairoPainter::scale(double sx, double sy) { _transform(UXTransform{}.scaled(sx, sy)); }
-
 /** @return false, and nothing changed, where the space could not be left again */
 bool UXCairoPainter::_transform(const UXTransform& change)
 {
@@ -267,17 +261,7 @@ bool UXCairoPainter::_transform(const UXTransform& change)
     return true;
 }
 
-void UXCairoPainter::translatePath(double dx, double dy) { _transformPath(UXTransform{}.translated(dx, dy)); }
-
-void UXCairoPainter::rotatePath(double degrees) { _transformPath(UXTransform{}.rotated(degrees)); }
-
-void UXCairoPainter::scalePath(double sx, double sy)
-{
-    if (sx != 0 && sy != 0)
-        _transformPath(UXTransform{}.scaled(sx, sy));
-}
-
-void UXCairoPainter::_transformPath(const UXTransform& change)
+void UXCairoPainter::transformPath(const UXTransform& change)
 {
     const UXDoublePoint probe = change.apply(1, 1);
     if (!std::isfinite(probe.x) || !std::isfinite(probe.y))
@@ -363,16 +347,10 @@ void UXCairoPainter::startNewSubPath() { cairo_new_sub_path(m_context); }
 
 void UXCairoPainter::closePath() { cairo_close_path(m_context); }
 
-void UXCairoPainter::_forgetPath()
+void UXCairoPainter::forgetPath()
 {
     cairo_new_path(m_context);
     m_hasPath = m_pathBroken = false;
-}
-
-void UXCairoPainter::fill()
-{
-    fillPreserve();
-    _forgetPath();
 }
 
 void UXCairoPainter::fillPreserve()
@@ -386,7 +364,7 @@ void UXCairoPainter::drawRects(std::span<const UXDoubleRect> rects)
     if (rects.size() >= kFewestWrittenRects) {
         UXCairoPixelFiller filler(m_context, m_toDevice);
         if (filler.isUsable()) {
-            _forgetPath();
+            forgetPath();
             for (const UXDoubleRect& rect : rects)
                 if (rect.width > 0 && rect.height > 0)
                     filler.fill(uxSnapRect(rect, m_toDevice));
@@ -396,22 +374,10 @@ void UXCairoPainter::drawRects(std::span<const UXDoubleRect> rects)
     UXPainter::drawRects(rects);
 }
 
-void UXCairoPainter::stroke()
-{
-    strokePreserve();
-    _forgetPath();
-}
-
 void UXCairoPainter::strokePreserve()
 {
     if (_isPathDrawable() && cairo_get_line_width(m_context) > 0)
         cairo_stroke_preserve(m_context);
-}
-
-void UXCairoPainter::clip()
-{
-    clipPreserve();
-    _forgetPath();
 }
 
 void UXCairoPainter::clipPreserve()

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "ux/cairo/ux_cairo_handles.h"
-#include "ux/ux_painter.h"
+#include "ux/ux_path_painter.h"
 #include "ux/ux_transform.h"
 
 #include <functional>
 
 /** Draws with Cairo on one surface. Everything that would put a Cairo context into its error state is kept
  * out. */
-class UXCairoPainter final : public UXPainter {
+class UXCairoPainter final : public UXPathPainter {
 public:
     /**
      * @param surface kept alive as long as the painter
@@ -34,14 +34,6 @@ public:
     void setAntialias(UXAntialiasStyle style) override;
     void setCompositionMode(UXCompositionMode mode) override;
 
-    // Transform
-    void translate(double dx, double dy) override;
-    void rotate(double degrees) override;
-    void scale(double sx, double sy) override;
-    void translatePath(double dx, double dy) override;
-    void rotatePath(double degrees) override;
-    void scalePath(double sx, double sy) override;
-
     // Path
     void setStartPoint(double x, double y) override;
     using UXPainter::addLinePath;
@@ -54,11 +46,8 @@ public:
     void closePath() override;
 
     // Use the path
-    void fill() override;
     void fillPreserve() override;
-    void stroke() override;
     void strokePreserve() override;
-    void clip() override;
     void clipPreserve() override;
 
     // Gradients
@@ -98,16 +87,20 @@ public:
     double getDeviceScale() const override { return m_deviceScale; }
     UXTransform getDeviceTransform() const override { return m_toDevice; }
 
+protected:
+    // From UXPathPainter
+    void transformSpace(const UXTransform& change) override { _transform(change); }
+    void transformPath(const UXTransform& change) override;
+    void forgetPath() override;
+
 private:
     /** An empty path and a state to go back to, for one operation and what the host draws in it. */
     class Scope;
     enum class Layer { Colours, AlphaOnly };
 
     bool _transform(const UXTransform& change);
-    void _transformPath(const UXTransform& change);
     bool _acceptPoint(double& x, double& y);
     bool _isPathDrawable() const { return m_hasPath && !m_pathBroken; }
-    void _forgetPath();
     bool _clipToRect(const UXDoubleRect& rect);
     bool _isReachable(const UXDoubleRect& rect) const;
     void _runNested(const std::function<void()>& action);
