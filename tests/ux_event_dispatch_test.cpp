@@ -1,4 +1,5 @@
 #include "ux/ux_diagram.h"
+#include "ux/ux_global_event_diagram.h"
 #include "ux_event_probe.h"
 #include "ux_test_event.h"
 
@@ -64,6 +65,23 @@ TEST_F(UXEventDispatch, DeepestFirstUntilHandled)
         EXPECT_EQ(takeLog(), c.log);
         diagram.mouseUp(uxMakeEventAt(c.x, 10));
     }
+}
+
+TEST_F(UXEventDispatch, AnEventReachesWhatMovesBetweenDiagramsOnce)
+{
+    UXGlobalEventDiagram above;
+    above.setRect({0, 0, 100, 100});
+    diagram.registerGlobalEventDiagram(&above);
+    auto* mover = new UXEventProbe("mover", &log);
+    mover->setRect({0, 0, 100, 100});
+    above.addChild(mover);
+    mover->whenReached = [&](const UXEvent&) { diagram.addChild(mover); };
+    const UXEvent event = uxMakeEventAt(10, 10);
+    diagram.mouseDown(event);
+    EXPECT_EQ(takeLog(), "mover.enter mover.down ") << "the enter has moved it, where it meets the press";
+    diagram.cancelPress();
+    diagram.mouseDown(event);
+    EXPECT_EQ(takeLog(), "mover.down ") << "the same event sent again is another one";
 }
 
 TEST_F(UXEventDispatch, HoverEntersAndLeavesOnce)

@@ -192,8 +192,7 @@ private:
         const int choice = below(11);
         if (choice < 2) {
             delete object;
-        } else if (choice == 2 && m_diagram && !isAbove(*object)) {
-            // What moves down from a global diagram may see an event there and here.
+        } else if (choice == 2 && m_diagram) {
             m_diagram->addChild(object);
         } else if (choice == 3) {
             object->setVisible(below(4) != 0);

@@ -110,11 +110,14 @@ private:
     friend class UXUseCaseDiagram;
 
     using Entry = bool (UXObject::*)(const UXEvent&);
+    using Act = bool (UXEventDispatcher::*)(const UXEvent&);
 
     void _setContext(UXContext* context);
+    /** The pointer goes elsewhere without a release and without a leave: nothing is pressed or hovered any
+     * more, here or on what lies over the diagram. */
+    void _endPointer();
     /** Sends event to the global diagrams by entry, then through the tree by act. */
-    bool _dispatch(UXEventType type, const UXEvent& event, Entry entry,
-                   const std::function<bool(UXEventDispatcher&, const UXEvent&)>& act);
+    bool _dispatch(UXEventType type, const UXEvent& event, Entry entry, Act act);
     bool _offerToGlobalEventDiagrams(const UXEvent& event, Entry entry);
     /** Calls act with each global diagram that is still registered when its turn comes, from front to back.
      */
@@ -128,6 +131,8 @@ private:
     UXJsonObjectWatcher m_contextWatcher;
     std::vector<UXGlobalEventDiagram*> m_globalEventDiagrams;
     std::vector<UXUseCaseDiagram*> m_useCaseDiagrams; // those that show this one
+    bool m_isRepainting = false;
+    bool m_repaintAsked = false; // meanwhile
     // Shared with the dispatches that run, in which the diagram may be destroyed.
     std::shared_ptr<UXEventDispatcher> m_dispatcher;
 };

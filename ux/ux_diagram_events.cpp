@@ -6,104 +6,88 @@
 
 bool UXDiagram::mouseDown(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseDown, event, &UXObject::mouseDown,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.press(own); });
+    return _dispatch(UXEventType::MouseDown, event, &UXObject::mouseDown, &UXEventDispatcher::press);
 }
 
 bool UXDiagram::mouseMove(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseMove, event, &UXObject::mouseMove,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.move(own); });
+    return _dispatch(UXEventType::MouseMove, event, &UXObject::mouseMove, &UXEventDispatcher::move);
 }
 
 bool UXDiagram::mouseUp(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseUp, event, &UXObject::mouseUp,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.release(own); });
+    return _dispatch(UXEventType::MouseUp, event, &UXObject::mouseUp, &UXEventDispatcher::release);
 }
 
 bool UXDiagram::mouseEnter(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseEnter, event, &UXObject::mouseEnter,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.move(own); });
+    return _dispatch(UXEventType::MouseEnter, event, &UXObject::mouseEnter, &UXEventDispatcher::move);
 }
 
 bool UXDiagram::mouseLeave(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseLeave, event, &UXObject::mouseLeave,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.leave(own); });
+    return _dispatch(UXEventType::MouseLeave, event, &UXObject::mouseLeave, &UXEventDispatcher::leave);
 }
 
 bool UXDiagram::mouseWheel(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseWheel, event, &UXObject::mouseWheel,
-                     [](UXEventDispatcher& to, const UXEvent& own) {
-                         return to.sendToPoint(UXEventType::MouseWheel, own);
-                     });
+    return _dispatch(UXEventType::MouseWheel, event, &UXObject::mouseWheel, &UXEventDispatcher::sendToPoint);
 }
 
 bool UXDiagram::mouseDoubleClick(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDoubleClick, event, &UXObject::mouseDoubleClick,
-                     [](UXEventDispatcher& to, const UXEvent& own) {
-                         return to.sendToPoint(UXEventType::MouseDoubleClick, own);
-                     });
+                     &UXEventDispatcher::sendToPoint);
 }
 
 bool UXDiagram::mouseDragging(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseDragging, event, &UXObject::mouseDragging,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.move(own); });
+    return _dispatch(UXEventType::MouseDragging, event, &UXObject::mouseDragging, &UXEventDispatcher::move);
 }
 
 bool UXDiagram::mouseDragEnter(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDragEnter, event, &UXObject::mouseDragEnter,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dragExternal(own); });
+                     &UXEventDispatcher::dragExternal);
 }
 
 bool UXDiagram::mouseDragOver(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDragOver, event, &UXObject::mouseDragOver,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dragExternal(own); });
+                     &UXEventDispatcher::dragExternal);
 }
 
 bool UXDiagram::mouseDragLeave(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDragLeave, event, &UXObject::mouseDragLeave,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.leave(own); });
+                     &UXEventDispatcher::leave);
 }
 
 bool UXDiagram::mouseDrop(const UXEvent& event)
 {
-    return _dispatch(UXEventType::MouseDrop, event, &UXObject::mouseDrop,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dropExternal(own); });
+    return _dispatch(UXEventType::MouseDrop, event, &UXObject::mouseDrop, &UXEventDispatcher::dropExternal);
 }
 
 bool UXDiagram::keyDown(const UXEvent& event)
 {
-    return _dispatch(
-        UXEventType::KeyDown, event, &UXObject::keyDown,
-        [](UXEventDispatcher& to, const UXEvent& own) { return to.sendKey(UXEventType::KeyDown, own); });
+    return _dispatch(UXEventType::KeyDown, event, &UXObject::keyDown, &UXEventDispatcher::sendKey);
 }
 
 bool UXDiagram::keyUp(const UXEvent& event)
 {
-    return _dispatch(
-        UXEventType::KeyUp, event, &UXObject::keyUp,
-        [](UXEventDispatcher& to, const UXEvent& own) { return to.sendKey(UXEventType::KeyUp, own); });
+    return _dispatch(UXEventType::KeyUp, event, &UXObject::keyUp, &UXEventDispatcher::sendKey);
 }
 
 bool UXDiagram::externalDragging(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDragOver, event, &UXObject::externalDragging,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dragExternal(own); });
+                     &UXEventDispatcher::dragExternal);
 }
 
 bool UXDiagram::externalDrop(const UXEvent& event)
 {
     return _dispatch(UXEventType::MouseDrop, event, &UXObject::externalDrop,
-                     [](UXEventDispatcher& to, const UXEvent& own) { return to.dropExternal(own); });
+                     &UXEventDispatcher::dropExternal);
 }
 
 UXObject* UXDiagram::getFocusedObject() const { return m_dispatcher->getFocusedObject(); }
@@ -132,20 +116,37 @@ void UXDiagram::cancelPress()
     dispatcher->cancelPress();
 }
 
+void UXDiagram::_endPointer()
+{
+    const UXEvent event(UXEventType::MouseLeave);
+    UXEventDispatchScope scope(event);
+    const std::shared_ptr<UXEventDispatcher> dispatcher = m_dispatcher;
+    _forEachGlobalEventDiagram([this, &event](UXGlobalEventDiagram& above) {
+        if (above.getActiveDiagram() != this)
+            return;
+        const UXObjectWatcher watcher(&above);
+        above.cancelPress();
+        if (watcher.isAlive())
+            above.mouseLeave(event);
+    });
+    dispatcher->cancelPress();
+    dispatcher->leave(event);
+    scope.finish();
+}
+
 bool UXDiagram::triggerEventResponder(UXEventResponderType type, const UXEvent& event)
 {
-    const std::shared_ptr<UXEventDispatcher> dispatcher = m_dispatcher;
-    for (const UXObjectWatcher& asked : dispatcher->obtainObjectsUnder(event.getMousePoint())) {
+    const UXEvent own = event;
+    for (const UXObjectWatcher& asked : obtainObjectsUnder(own.getMousePoint())) {
         UXObject* object = asked.getObject();
-        if (object == this ? UXObject::triggerEventResponder(type, event)
-                           : object && object->triggerEventResponder(type, event))
+        if (object == this ? UXObject::triggerEventResponder(type, own)
+                           : object && object->triggerEventResponder(type, own))
             return true;
     }
     return false;
 }
 
-bool UXDiagram::_dispatch(UXEventType type, const UXEvent& event, Entry entry,
-                          const std::function<bool(UXEventDispatcher&, const UXEvent&)>& act)
+bool UXDiagram::_dispatch(UXEventType type, const UXEvent& event, Entry entry, Act act)
 {
     UXEvent own = event;
     own.setEventType(type);
@@ -157,7 +158,7 @@ bool UXDiagram::_dispatch(UXEventType type, const UXEvent& event, Entry entry,
 
     bool handled = _offerToGlobalEventDiagrams(own, entry);
     if (watcher.isAlive() && (!handled || releases))
-        handled = act(*dispatcher, own) || handled;
+        handled = ((*dispatcher).*act)(own) || handled;
     else if (watcher.isAlive() && type == UXEventType::MouseMove && !dispatcher->isPressing())
         dispatcher->leave(own);
     if (watcher.isAlive())

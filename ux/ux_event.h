@@ -18,12 +18,13 @@ class UXObject;
 /**
  * One input event, a value that is passed on by copying. All copies of an event share one queue of posted
  * actions, so that whoever receives a copy can ask for work to be done once the outermost dispatch is over.
+ * They are one event to the diagrams, too: in one dispatch no object receives it twice.
  */
 class UX_EXPORT UXEvent {
 public:
     UXEvent();
     explicit UXEvent(UXEventType type);
-    // A moved-from event would have lost the queue that its copies share: events are only ever copied.
+    // A moved-from event would have lost what its copies share: events are only ever copied.
     UXEvent(const UXEvent&) = default;
     UXEvent& operator=(const UXEvent&) = default;
     ~UXEvent() = default;
@@ -84,7 +85,14 @@ public:
     UXEvent copyWithoutActions() const;
 
 private:
-    struct ActionQueue;
+    friend class UXEventDispatcher;
+    friend class UXEventDispatchScope;
+    struct Shared;
+
+    /** @return whether object has not received an event of the type in this dispatch */
+    bool _noteDelivery(UXEventType type, UXObject* object) const;
+    void _beginDispatch() const;
+    void _endDispatch() const;
 
     UXEventType m_eventType = UXEventType::MouseMove;
     UXPoint m_mousePoint;
@@ -99,5 +107,5 @@ private:
     std::vector<int> m_useCases;
     void* m_dragData = nullptr;
     UXObject* m_sourceObject = nullptr;
-    std::shared_ptr<ActionQueue> m_actions;
+    std::shared_ptr<Shared> m_shared;
 };

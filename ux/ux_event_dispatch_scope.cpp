@@ -13,18 +13,23 @@ UXEvent* outermostEvent = nullptr;
 
 UXEventDispatchScope::UXEventDispatchScope(const UXEvent& event) : m_event(event)
 {
+    m_event._beginDispatch();
     if (dispatchDepth++ == 0)
         outermostEvent = &m_event;
 }
 
 UXEventDispatchScope::~UXEventDispatchScope()
 {
+    if (!m_isFinished)
+        m_event._endDispatch();
     if (--dispatchDepth == 0)
         outermostEvent = nullptr;
 }
 
 void UXEventDispatchScope::finish()
 {
+    m_isFinished = true;
+    m_event._endDispatch();
     if (&m_event == outermostEvent)
         m_event.runPostedActions();
     else

@@ -26,4 +26,5 @@ public:
 private:
     // A copy, which keeps the queue of posted actions when a callback destroys the event.
     UXEvent m_event;
+    bool m_isFinished = false;
 };

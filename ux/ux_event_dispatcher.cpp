@@ -48,7 +48,7 @@ bool UXEventDispatcher::move(const UXEvent& event)
         return _send(UXEventType::MouseMove, event, path);
     // Whoever is told may change the tree.
     _exchange(m_hoverPath, path, UXEventType::MouseLeave, UXEventType::MouseEnter, event);
-    return sendToPoint(UXEventType::MouseMove, event);
+    return _sendToPoint(UXEventType::MouseMove, event);
 }
 
 bool UXEventDispatcher::release(const UXEvent& event)
@@ -97,27 +97,28 @@ bool UXEventDispatcher::leave(const UXEvent& event)
     return false;
 }
 
-bool UXEventDispatcher::sendToPoint(UXEventType type, const UXEvent& event)
+bool UXEventDispatcher::sendToPoint(const UXEvent& event)
 {
-    return _send(type, event, _hit(event.getMousePoint()));
+    return _sendToPoint(event.getEventType(), event);
 }
 
-bool UXEventDispatcher::sendKey(UXEventType type, const UXEvent& event)
+bool UXEventDispatcher::sendKey(const UXEvent& event)
 {
     UXObject* focus = m_focus.getObject();
-    return _send(type, event, _obtainPathTo(focus && _isOnDiagram(focus) ? focus : m_root.getObject()));
+    return _send(event.getEventType(), event,
+                 _obtainPathTo(focus && _isOnDiagram(focus) ? focus : m_root.getObject()));
 }
 
 bool UXEventDispatcher::dragExternal(const UXEvent& event)
 {
     _exchange(m_dragPath, _hit(event.getMousePoint()), UXEventType::MouseDragLeave,
               UXEventType::MouseDragEnter, event);
-    return sendToPoint(UXEventType::MouseDragOver, event);
+    return _sendToPoint(UXEventType::MouseDragOver, event);
 }
 
 bool UXEventDispatcher::dropExternal(const UXEvent& event)
 {
-    const bool handled = sendToPoint(UXEventType::MouseDrop, event);
+    const bool handled = _sendToPoint(UXEventType::MouseDrop, event);
     _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event);
     return handled;
 }
@@ -224,42 +225,64 @@ UXEventDispatcher::Path UXEventDispatcher::_obtainPathTo(UXObject* object) const
 bool UXEventDispatcher::_deliver(Journey& journey, const UXObjectWatcher& target)
 {
     UXObject* object = target.getObject();
-    if (!object || !_isOnDiagram(object) || _contains(journey.delivered, object))
+    if (!object || !_isOnDiagram(object) || !journey.event._noteDelivery(journey.type, object))
         return false;
     journey.delivered.push_back(target);
     journey.followSource();
     return object->deliverEvent(journey.type, journey.event, journey.stop);
 }
 
-bool UXEventDispatcher::_send(Journey& journey, const Path& path, std::size_t begin)
+/** From the end of path up, and from each object that forwards the event to what lies behind it. */
+bool UXEventDispatcher::_send(Journey& journey, Path path)
 {
-    bool handled = false;
-    for (std::size_t i = path.size(); i > begin && !handled && !journey.stop; --i) {
-        const UXObjectWatcher target = path[i - 1];
-        handled = _deliver(journey, target);
-        if (!journey.stop)
-            handled = _forward(journey, target) || handled;
+    struct Level {
+        Path path;
+        bool handled = false;
+    };
+    // A stack of its own: as many objects may forward as lie over one another.
+    std::vector<Level> levels(1);
+    levels.back().path = std::move(path);
+    while (true) {
+        Level& level = levels.back();
+        if (level.handled || level.path.empty() || journey.stop) {
+            const bool handled = level.handled;
+            levels.pop_back();
+            if (levels.empty())
+                return handled;
+            levels.back().handled = levels.back().handled || handled;
+            continue;
+        }
+        const UXObjectWatcher target = level.path.back();
+        level.path.pop_back();
+        level.handled = _deliver(journey, target);
+        Path behind = journey.stop ? Path() : _obtainPathBehind(journey, target);
+        if (!behind.empty())
+            levels.push_back({std::move(behind)});
     }
-    return handled;
 }
 
-bool UXEventDispatcher::_send(UXEventType type, const UXEvent& event, const Path& path)
+bool UXEventDispatcher::_send(UXEventType type, const UXEvent& event, Path path)
 {
     Journey journey{type, event, {}};
-    return _send(journey, path);
+    return _send(journey, std::move(path));
 }
 
-/** The next object behind, which in turn may forward to the one behind itself. */
-bool UXEventDispatcher::_forward(Journey& journey, const UXObjectWatcher& from)
+bool UXEventDispatcher::_sendToPoint(UXEventType type, const UXEvent& event)
+{
+    return _send(type, event, _hit(event.getMousePoint()));
+}
+
+/** @return the path from the next object behind one that forwards the event; empty where there is none */
+UXEventDispatcher::Path UXEventDispatcher::_obtainPathBehind(Journey& journey, const UXObjectWatcher& from)
 {
     journey.followSource();
     UXObject* object = from.getObject();
     if (!object || !_isOnDiagram(object) || !object->shouldForwardEventToNeighbors(journey.event))
-        return false;
+        return {};
     object = from.getObject();
     UXObject* parent = object && _isOnDiagram(object) ? object->getParent() : nullptr;
     if (!parent)
-        return false;
+        return {};
 
     const std::vector<UXObject*>& siblings = parent->getChildren();
     const auto own = std::find(siblings.rbegin(), siblings.rend(), object);
@@ -269,11 +292,10 @@ bool UXEventDispatcher::_forward(Journey& journey, const UXObjectWatcher& from)
             return sibling->getVisible() &&
                    sibling->ptInRect(sibling->translatePoint(point, nullptr, sibling));
         });
-    if (behind == siblings.rend())
-        return false;
     Path path;
-    _appendHit(path, *behind, point, nullptr);
-    return _send(journey, path);
+    if (behind != siblings.rend())
+        _appendHit(path, *behind, point, nullptr);
+    return path;
 }
 
 void UXEventDispatcher::_exchange(Path& current, const Path& next, UXEventType left, UXEventType entered,

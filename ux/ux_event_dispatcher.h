@@ -31,9 +31,9 @@ public:
     /** The pointer left the diagram: nothing is hovered or dragged over any more. */
     bool leave(const UXEvent& event);
     /** Sends an event that changes no state to what lies under its point. */
-    bool sendToPoint(UXEventType type, const UXEvent& event);
+    bool sendToPoint(const UXEvent& event);
     /** Sends a key to the focused object, or to the diagram without one. */
-    bool sendKey(UXEventType type, const UXEvent& event);
+    bool sendKey(const UXEvent& event);
     bool dragExternal(const UXEvent& event);
     bool dropExternal(const UXEvent& event);
 
@@ -54,7 +54,7 @@ public:
 private:
     /** From the diagram to the deepest object. */
     using Path = std::vector<UXObjectWatcher>;
-    /** One event on its way: who has received it, and whether one of them ended it. */
+    /** One event on its way: whom it has reached so, and whether one of them ended it. */
     struct Journey {
         UXEventType type;
         UXEvent event;
@@ -77,9 +77,10 @@ private:
     Path _hit(UXPoint point, const UXObject* skipped = nullptr) const;
     Path _obtainPathTo(UXObject* object) const;
     bool _deliver(Journey& journey, const UXObjectWatcher& target);
-    bool _send(Journey& journey, const Path& path, std::size_t begin = 0);
-    bool _send(UXEventType type, const UXEvent& event, const Path& path);
-    bool _forward(Journey& journey, const UXObjectWatcher& from);
+    bool _send(Journey& journey, Path path);
+    bool _send(UXEventType type, const UXEvent& event, Path path);
+    bool _sendToPoint(UXEventType type, const UXEvent& event);
+    Path _obtainPathBehind(Journey& journey, const UXObjectWatcher& from);
     /** Tells who is in one of the two paths only that the pointer left or entered it. */
     void _exchange(Path& current, const Path& next, UXEventType left, UXEventType entered,
                    const UXEvent& event, const std::optional<UXObjectWatcher>& source = {});
