@@ -118,10 +118,13 @@ TEST(UXLayout, APassDoesNotAskForAnother)
 TEST(UXLayout, CallbacksMayDestroyWhatIsLaidOut)
 {
     Tree t;
+    auto* neighbour = new Laid;
+    t.root.addChild(neighbour);
     t.child->whenLaidOut = [&] { delete t.parent; };
     t.child->requireLayout();
     t.root.layout();
-    EXPECT_EQ(t.root.getChildrenCount(), 0u);
+    EXPECT_EQ(t.root.getChildrenCount(), 1u);
+    EXPECT_EQ(neighbour->layouts, 1) << "what goes does not hide its neighbour";
 
     auto* own = new Laid;
     own->whenLaidOut = [&] { delete own; };

@@ -1,11 +1,13 @@
 #include "ux/ux_object.h"
 
 #include "ux/ux_assert.h"
+#include "ux/ux_child_walk.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_object_watcher.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -132,6 +134,70 @@ TEST(UXObjectChildren, RefusesWhatWouldBeACircle)
     EXPECT_EQ(root.getChildrenCount(), 1u);
     EXPECT_EQ(grandchild->getChildrenCount(), 0u);
     EXPECT_TRUE(grandchild->hasParent(&root));
+}
+
+TEST(UXObjectChildren, RefusesWhatWouldStandTooDeep)
+{
+    AssertCounter asserts;
+    // From the leaf up, as nothing else notices how deep it becomes.
+    auto inner = std::make_unique<UXObject>();
+    inner->setRect({0, 0, 10, 10});
+    for (int i = 1; i < uxDeepestObjectNesting; ++i) {
+        auto outer = std::make_unique<UXObject>();
+        outer->setRect({0, 0, 10, 10});
+        outer->addChild(inner.release());
+        inner = std::move(outer);
+    }
+    EXPECT_EQ(asserts.count, 0);
+    UXDiagram diagram;
+    diagram.addChild(inner.get());
+    EXPECT_EQ(asserts.count, 1);
+    EXPECT_EQ(inner->getParent(), nullptr);
+
+    UXObject* child = inner->getChild(0);
+    diagram.addChild(child);
+    EXPECT_EQ(asserts.count, 1);
+    diagram.layout();
+    EXPECT_EQ(diagram.obtainObjectsUnder({5, 5}).size(), static_cast<std::size_t>(uxDeepestObjectNesting));
+    delete child;
+}
+
+TEST(UXChildWalk, MeetsEachOnceWhateverChanges)
+{
+    struct Case {
+        const char* name;
+        std::function<void(UXObject& parent, UXObject& met)> act; // when b is met
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"nothing", [](UXObject&, UXObject&) {}, "abcd"},
+        {"it goes", [](UXObject&, UXObject& met) { delete &met; }, "abcd"},
+        {"one before goes", [](UXObject& parent, UXObject&) { delete parent.getChild(0); }, "abcd"},
+        {"one behind goes", [](UXObject& parent, UXObject&) { delete parent.getChild(2); }, "abd"},
+        {"it moves to the end", [](UXObject&, UXObject& met) { met.bringToFront(); }, "abcd"},
+        {"one comes first", [](UXObject& parent, UXObject&) { parent.addChild(new UXObject, 0); }, "abcd"},
+        {"one comes last", [](UXObject& parent, UXObject&) { addNamed(parent, "e"); }, "abcde"},
+        {"all go", [](UXObject& parent, UXObject&) { parent.clearChildren(); }, "ab"},
+        {"the parent goes", [](UXObject& parent, UXObject&) { delete &parent; }, "ab"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        auto* parent = new UXObject;
+        const UXObjectWatcher watcher(parent);
+        for (const char* name : {"a", "b", "c", "d"})
+            addNamed(*parent, name);
+        std::string met;
+        UXChildWalk walk(parent);
+        while (UXObject* child = walk.next()) {
+            met += child->getName();
+            UXChildWalk inner(parent);
+            inner.next();
+            if (child->getName() == "b")
+                c.act(*parent, *child);
+        }
+        EXPECT_EQ(met, c.expected);
+        delete watcher.getObject();
+    }
 }
 
 TEST(UXObjectChildren, Lifetimes)

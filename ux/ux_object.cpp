@@ -1,5 +1,6 @@
 #include "ux/ux_object.h"
 
+#include "ux/ux_child_walk.h"
 #include "ux/ux_object_path_resolver.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
@@ -29,6 +30,8 @@ UXObject::~UXObject()
 {
     while (m_watchers)
         m_watchers->_forget();
+    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer)
+        walk->m_parent = nullptr;
 
     if (m_parent)
         m_parent->_releaseChild(this);

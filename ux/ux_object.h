@@ -24,9 +24,14 @@
 #include <string>
 #include <vector>
 
+class UXChildWalk;
 class UXObjectWatcher;
 class UXPaintConfig;
 class UXSpace;
+
+/** How deep objects may stand inside one another: layout, painting and the end of a tree go down all the way.
+ */
+inline constexpr int uxDeepestObjectNesting = 500;
 
 /**
  * What everything on a diagram is: a rectangle in a tree of such, which is laid out, painted and sent events.
@@ -187,7 +192,7 @@ public:
     /** @return null past the end */
     virtual UXObject* getChild(std::uint64_t index) const;
     /** Takes child, which leaves the parent that it has, to the end. This object, its parents and diagrams,
-     *  which stand in nothing, are refused. */
+     *  which stand in nothing, are refused, and so is what would stand deeper than uxDeepestObjectNesting. */
     virtual void addChild(UXObject* child);
     /** @param position the index that child gets, moved into what is possible */
     virtual void addChild(UXObject* child, int position);
@@ -333,6 +338,7 @@ protected:
     bool deliverEvent(UXEventType type, const UXEvent& event, bool& stop);
 
 private:
+    friend class UXChildWalk;
     friend class UXEventDispatcher;
     friend class UXObjectWatcher;
     struct EventRegistry;
@@ -340,6 +346,7 @@ private:
     // Children
     std::size_t _obtainChildIndex(const UXObject* child) const;
     bool _hasChild(const UXObject* child) const { return child && child->m_parent == this; }
+    bool _hasRoomFor(const UXObject& child) const;
     void _takeChild(UXObject* child, std::uint64_t index);
     void _releaseChild(UXObject* child);
     void _moveChild(UXObject* child, std::size_t index);
@@ -383,6 +390,7 @@ private:
     // Shared with the handlers that run, which may destroy the object.
     std::shared_ptr<EventRegistry> m_eventRegistry;
     UXObjectWatcher* m_watchers = nullptr;
+    UXChildWalk* m_childWalks = nullptr; // those under way
     int m_updateDepth = 0;
     int m_fpsControlDepth = 0;
     std::chrono::steady_clock::time_point m_lastFrame;

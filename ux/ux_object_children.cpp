@@ -1,10 +1,23 @@
 #include "ux/ux_object.h"
 
 #include "ux/ux_assert.h"
+#include "ux/ux_child_walk.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_object_watcher.h"
 
 #include <algorithm>
+
+namespace {
+
+/** @return whether more objects than levels stand inside one another, object being the first */
+bool isDeeperThan(int levels, const UXObject& object)
+{
+    return levels < 1 || std::ranges::any_of(object.getChildren(), [levels](const UXObject* child) {
+               return isDeeperThan(levels - 1, *child);
+           });
+}
+
+} // namespace
 
 bool UXObject::hasParent(UXObject* object) const
 {
@@ -132,6 +145,14 @@ void UXObject::detachChildren()
     m_children.clear();
 }
 
+bool UXObject::_hasRoomFor(const UXObject& child) const
+{
+    int room = uxDeepestObjectNesting;
+    for (const UXObject* outer = this; outer; outer = outer->m_parent)
+        --room;
+    return !isDeeperThan(room, child);
+}
+
 std::size_t UXObject::_obtainChildIndex(const UXObject* child) const
 {
     return static_cast<std::size_t>(std::ranges::find(m_children, child) - m_children.begin());
@@ -140,7 +161,7 @@ std::size_t UXObject::_obtainChildIndex(const UXObject* child) const
 void UXObject::_takeChild(UXObject* child, std::uint64_t index)
 {
     if (!uxAssert(child) || !uxAssert(child != this && !hasParent(child)) ||
-        !uxAssert(!dynamic_cast<UXDiagram*>(child)))
+        !uxAssert(!dynamic_cast<UXDiagram*>(child)) || !uxAssert(_hasChild(child) || _hasRoomFor(*child)))
         return;
     if (_hasChild(child)) {
         _moveChild(child, static_cast<std::size_t>(std::min<std::uint64_t>(index, m_children.size() - 1)));
@@ -151,11 +172,16 @@ void UXObject::_takeChild(UXObject* child, std::uint64_t index)
     UXObjectWatcher self(this), taken(child);
     if (child->m_parent)
         child->m_parent->removeChild(child);
-    if (!self.isAlive() || !taken.isAlive() || child->m_parent || hasParent(child))
+    if (!self.isAlive() || !taken.isAlive() || child->m_parent || hasParent(child) ||
+        !uxAssert(_hasRoomFor(*child)))
         return;
 
     const auto place = static_cast<std::ptrdiff_t>(std::min<std::uint64_t>(index, m_children.size()));
     m_children.insert(m_children.begin() + place, child);
+    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer) {
+        walk->_childCame(static_cast<std::size_t>(place));
+        ++walk->m_left;
+    }
     child->m_parent = this;
     child->_noteDescendantRequiresLayout();
     // What became dirty while nobody could be told is part of what is dirty now.
@@ -168,7 +194,10 @@ void UXObject::_takeChild(UXObject* child, std::uint64_t index)
 void UXObject::_releaseChild(UXObject* child)
 {
     const UXRect place = child->_obtainPaintedPlace();
-    m_children.erase(m_children.begin() + static_cast<std::ptrdiff_t>(_obtainChildIndex(child)));
+    const std::size_t index = _obtainChildIndex(child);
+    m_children.erase(m_children.begin() + static_cast<std::ptrdiff_t>(index));
+    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer)
+        walk->_childWent(index);
     child->m_parent = nullptr;
     UXObjectWatcher watcher(this);
     addDirtyRect(place);
@@ -186,5 +215,11 @@ void UXObject::_moveChild(UXObject* child, std::size_t index)
         std::rotate(at(from), at(from + 1), at(index + 1));
     else
         std::rotate(at(index), at(from), at(from + 1));
+    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer) {
+        walk->_childWent(from);
+        walk->_childCame(index);
+    }
+    // A pass that is under way may have it behind it now, and yet to come.
+    child->_noteDescendantRequiresLayout();
     child->invalidate();
 }

@@ -1,5 +1,6 @@
 #include "ux/ux_object.h"
 
+#include "ux/ux_child_walk.h"
 #include "ux/ux_event_dispatch_scope.h"
 #include "ux/ux_object_watcher.h"
 
@@ -127,11 +128,12 @@ bool UXObject::keyUp(const UXEvent& event) { return _dispatchEvent(UXEventType::
 
 bool UXObject::controlSize(const UXEvent& event)
 {
+    const UXEvent own = event;
     bool handled = false;
-    UXObjectWatcher watcher(this);
-    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
-        if (m_children[i]->getVisible())
-            handled = m_children[i]->controlSize(event) || handled;
+    UXChildWalk walk(this);
+    while (UXObject* child = walk.next()) {
+        if (child->getVisible())
+            handled = child->controlSize(own) || handled;
     }
     return handled;
 }

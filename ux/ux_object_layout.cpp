@@ -1,6 +1,7 @@
 #include "ux/ux_object.h"
 
 #include "ux/ux_assert.h"
+#include "ux/ux_child_walk.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 
@@ -139,9 +140,8 @@ bool UXObject::isLayoutingWithFPSControl() const { return m_fpsControlDepth > 0;
 
 void UXObject::layoutAlignedChildren(UXRect area)
 {
-    UXObjectWatcher watcher(this);
-    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
-        UXObject* child = m_children[i];
+    UXChildWalk walk(this);
+    while (UXObject* child = walk.next()) {
         if (child->getAlign() != UXAlign::None)
             child->setRect(child->_obtainAlignedRect(area));
     }
@@ -193,10 +193,10 @@ void UXObject::_layoutChildren()
 {
     if (!std::exchange(m_descendantRequiresLayout, false))
         return;
-    UXObjectWatcher watcher(this);
-    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
-        if (m_children[i]->getVisible())
-            m_children[i]->layout();
+    UXChildWalk walk(this);
+    while (UXObject* child = walk.next()) {
+        if (child->getVisible())
+            child->layout();
     }
 }
 

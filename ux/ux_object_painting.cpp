@@ -1,6 +1,8 @@
 #include "ux/ux_object.h"
 
+#include "ux/ux_child_walk.h"
 #include "ux/ux_object_watcher.h"
+#include "ux/ux_paint_config_watcher.h"
 
 #include <utility>
 
@@ -29,10 +31,10 @@ void UXObject::flushDirtyRect()
 
 void UXObject::invalidateChildren()
 {
-    UXObjectWatcher watcher(this);
-    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
-        if (m_children[i]->getVisible())
-            m_children[i]->invalidate();
+    UXChildWalk walk(this);
+    while (UXObject* child = walk.next()) {
+        if (child->getVisible())
+            child->invalidate();
     }
 }
 
@@ -60,9 +62,11 @@ void UXObject::repaint()
 
 void UXObject::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
-    UXObjectWatcher watcher(this);
-    for (std::size_t i = 0; watcher.isAlive() && i < m_children.size(); ++i) {
-        UXObject* child = m_children[i];
+    if (m_children.empty())
+        return;
+    const UXPaintConfigWatcher watcher(config);
+    UXChildWalk walk(this);
+    while (UXObject* child = watcher.isGone() ? nullptr : walk.next()) {
         if (!child->getVisible())
             continue;
         const UXRect childRect = translateRectToChild(dirtyRect, child);

@@ -1,5 +1,6 @@
 #include "ux/ux_selectable_object.h"
 
+#include "ux/ux_child_walk.h"
 #include "ux/ux_color_functions.h"
 #include "ux/ux_object_watcher.h"
 
@@ -39,17 +40,17 @@ std::string UXSelectableObject::customSerializeTypeID() { return "UXSelectableOb
 
 bool UXSelectableObject::customDeserialize()
 {
-    bool complete = UXObject::customDeserialize();
-    UXColor color;
-    if (deserializeUXColor("m_highlightColor", color))
-        setHighlightColor(color);
-    else
-        complete = false;
-    if (deserializeUXColor("m_selectedColor", color))
-        setSelectedColor(color);
-    else
-        complete = false;
-    return complete;
+    const bool complete = UXObject::customDeserialize();
+    // Both are read before either is set, which a host hears of that may destroy the object.
+    UXColor highlight, selected;
+    const bool hasHighlight = deserializeUXColor("m_highlightColor", highlight);
+    const bool hasSelected = deserializeUXColor("m_selectedColor", selected);
+    const UXObjectWatcher watcher(this);
+    if (hasHighlight)
+        setHighlightColor(highlight);
+    if (hasSelected && watcher.isAlive())
+        setSelectedColor(selected);
+    return complete && hasHighlight && hasSelected;
 }
 
 void UXSelectableObject::setColor(const UXColor& color)
@@ -92,9 +93,9 @@ UXColor UXSelectableObject::getSelectedColor() const { return m_selectedColor; }
 
 void UXSelectableObject::setSelectionToAllChildren(bool selected)
 {
-    UXObjectWatcher watcher(this);
-    for (std::size_t i = 0; watcher.isAlive() && i < getChildren().size(); ++i)
-        getChildren()[i]->setSelected(selected);
+    UXChildWalk walk(this);
+    while (UXObject* child = walk.next())
+        child->setSelected(selected);
 }
 
 UXColor UXSelectableObject::obtainStateColor() const
