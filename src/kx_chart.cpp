@@ -8,11 +8,13 @@
 #include "kx_chart_toolbox.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
+#include "ux/ux_child_walk.h"
 #include "ux/ux_event.h"
 #include "ux/ux_ground.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
+#include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -555,12 +557,13 @@ void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
     }
     // The toolbox lies over everything, wherever it stands among the children.
     const UXObjectWatcher self(this);
-    for (std::size_t i = 0; self.isAlive() && i < getChildren().size(); ++i) {
-        UXObject* child = getChildren()[i];
+    const UXPaintConfigWatcher configWatcher(config);
+    UXChildWalk walk(this);
+    while (UXObject* child = configWatcher.isGone() ? nullptr : walk.next()) {
         if (child != m_toolbox && _shouldPaintChild(child))
             _paintChild(child, config, dirtyRect);
     }
-    if (self.isAlive() && _shouldPaintChild(m_toolbox))
+    if (self.isAlive() && !configWatcher.isGone() && _shouldPaintChild(m_toolbox))
         _paintChild(m_toolbox, config, dirtyRect);
 }
 

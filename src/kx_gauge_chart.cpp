@@ -11,7 +11,7 @@
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
-#include "ux/ux_paint_config.h"
+#include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -535,7 +535,11 @@ bool KXGaugeChart::_shouldPaintChild(const UXObject* child) const
 
 void KXGaugeChart::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
+    const UXObjectWatcher self(this);
+    const UXPaintConfigWatcher configWatcher(config);
     KXChart::paint(config, dirtyRect);
+    if (!self.isAlive() || configWatcher.isGone())
+        return;
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
         const KXGaugeDial dial = _obtainDial();
         if (dial.radius > 0) {

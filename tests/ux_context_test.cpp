@@ -3,6 +3,8 @@
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
+#include "ux/ux_global_event_diagram.h"
+#include "ux/ux_selectable_object.h"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +41,56 @@ TEST(UXContext, WhatIsDestroyedLeaves)
     EXPECT_EQ(late.getContext(), nullptr);
     late.setRect({0, 0, 5, 5});
     late.repaint();
+}
+
+TEST(UXContext, ADiagramThatIsLeftKeepsNeitherHoverNorPress)
+{
+    struct Screen {
+        std::unique_ptr<UXContext> context = std::make_unique<UXContext>();
+        UXContext otherContext;
+        UXDiagram diagram, other;
+        UXGlobalEventDiagram above;
+        std::unique_ptr<UXControl> host = std::make_unique<UXControl>(),
+                                   second = std::make_unique<UXControl>();
+        UXSelectableObject object, aboveObject;
+    };
+    struct Case {
+        const char* name;
+        void (*leave)(Screen& s);
+        bool isLeft;
+    };
+    const Case cases[] = {
+        {"shows another", [](Screen& s) { s.context->setActiveDiagram(s.host.get(), &s.other); }, true},
+        {"shows none", [](Screen& s) { s.context->setActiveDiagram(s.host.get(), nullptr); }, true},
+        {"moves", [](Screen& s) { s.otherContext.addControl(s.host.get()); }, true},
+        {"is destroyed", [](Screen& s) { s.host.reset(); }, true},
+        {"the diagram moves", [](Screen& s) { s.otherContext.addDiagram(&s.diagram); }, true},
+        {"the context goes", [](Screen& s) { s.context.reset(); }, true},
+        {"a control without the pointer",
+         [](Screen& s) { s.context->setActiveDiagram(s.second.get(), &s.other); }, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Screen s;
+        s.diagram.setRect({0, 0, 100, 100});
+        s.diagram.addChild(&s.object);
+        s.above.setRect({0, 0, 100, 100});
+        s.above.addChild(&s.aboveObject);
+        s.diagram.registerGlobalEventDiagram(&s.above);
+        for (UXObject* object : {&s.object, &s.aboveObject})
+            object->setRect({0, 0, 50, 50});
+        s.context->setActiveDiagram(s.host.get(), &s.diagram);
+        s.context->setActiveDiagram(s.second.get(), &s.diagram);
+        s.host->mouseMove({10, 10}, UXEvent());
+        s.host->mouseDown({10, 10}, UXEvent());
+        EXPECT_TRUE(s.object.getHighlighted() || s.aboveObject.getHighlighted());
+        c.leave(s);
+        EXPECT_EQ(s.object.getHighlighted() || s.aboveObject.getHighlighted(), !c.isLeft);
+        UXEvent release;
+        release.setMousePoint({10, 10});
+        s.diagram.mouseUp(release);
+        EXPECT_EQ(s.object.getSelected() || s.aboveObject.getSelected(), !c.isLeft) << "no click comes of it";
+    }
 }
 
 TEST(UXContext, PostedActionsRunAfterTheEvent)

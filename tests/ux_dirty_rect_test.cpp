@@ -4,12 +4,16 @@
 #include "ux/ux_dirty_region.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_recording_paint_config.h"
+#include "ux/ux_selectable_object.h"
 #include "ux/ux_space.h"
+#include "ux/ux_use_case_diagram.h"
+#include "ux/ux_virtual_scroll_view.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -73,8 +77,8 @@ private:
 
 class PaintingControl : public UXControl {
 public:
-    UXRecordingPaintConfig config;
-    UXPaintConfig* obtainPaintConfig(UXDiagram*) override { return &config; }
+    std::unique_ptr<UXRecordingPaintConfig> config = std::make_unique<UXRecordingPaintConfig>();
+    UXPaintConfig* obtainPaintConfig(UXDiagram*) override { return config.get(); }
 };
 
 /** diagram > left (0,0,50,100) > leaf (10,10,5,5); diagram > right (50,0,50,100) */
@@ -221,6 +225,69 @@ TEST(UXDirtyRect, PaintSurvivesWhatItsObjectsDo)
     EXPECT_EQ(log, "parent first parent first ");
 }
 
+TEST(UXDirtyRect, WhatIsPaintedMayEndThePass)
+{
+    struct Host {
+        std::unique_ptr<UXContext> context = std::make_unique<UXContext>();
+        std::unique_ptr<UXDiagram> diagram = std::make_unique<UXDiagram>(context.get());
+        std::unique_ptr<UXUseCaseDiagram> made = std::make_unique<UXUseCaseDiagram>(context.get());
+        std::unique_ptr<PaintingControl> control = std::make_unique<PaintingControl>();
+        std::unique_ptr<UXVirtualScrollView> view = std::make_unique<UXVirtualScrollView>();
+    };
+    struct Case {
+        const char* name;
+        void (*act)(Host& host);
+        const char* seen; // of "first second" in a scroll view, which stands before "third"
+    };
+    const Case cases[] = {
+        {"nothing", [](Host&) {}, "first second third "},
+        {"the control and what it paints on", [](Host& h) { h.control.reset(); }, "first "},
+        {"what it paints on alone", [](Host& h) { h.control->config.reset(); }, "first "},
+        {"the context", [](Host& h) { h.context.reset(); }, "first second third "},
+        {"the diagram", [](Host& h) { h.diagram.reset(); }, "first second "},
+    };
+    for (const bool isMade : {false, true}) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(std::string(c.name) + (isMade ? ", on a use-case diagram" : ""));
+            std::string log;
+            Host host;
+            Painted first(log, "first", {0, 0, 50, 50}), second(log, "second", {0, 0, 50, 50}),
+                third(log, "third", {0, 0, 50, 50});
+            host.diagram->setRect({0, 0, 100, 100});
+            host.made->setRect({0, 0, 100, 100});
+            host.view->setRect({0, 0, 100, 100});
+            host.diagram->addChild(host.view.get());
+            host.diagram->addChild(&third);
+            host.view->addChild(&first);
+            host.view->addChild(&second);
+            UXDiagram* shown = host.diagram.get();
+            if (isMade) {
+                host.made->setSourceDiagram(shown);
+                shown = host.made.get();
+            }
+            host.context->setActiveDiagram(host.control.get(), shown);
+            first.whenPainted = [&] { c.act(host); };
+            shown->repaint();
+            EXPECT_TRUE(isMade || log == c.seen) << log;
+            for (UXObject* own : {&first, &second, &third})
+                own->setParent(nullptr);
+        }
+    }
+}
+
+TEST(UXDirtyRect, ARepaintInsideAPassIsDoneOnceMoreAfterIt)
+{
+    Scene s;
+    s.leaf.whenPainted = [&s] { s.leaf.repaint(); };
+    s.leaf.repaint();
+    EXPECT_EQ(s.log, "left leaf left leaf ");
+    EXPECT_EQ(s.context.getDirtyRect(&s.diagram), UXRect(10, 10, 5, 5)) << "waits";
+    s.log.clear();
+    s.leaf.whenPainted = nullptr;
+    s.diagram.repaintDirtyRect();
+    EXPECT_EQ(s.log, "left leaf ");
+}
+
 TEST(UXDirtyRect, HostsMayDestroyWhatTellsThem)
 {
     class DestroyingControl : public UXControl {
@@ -229,7 +296,7 @@ TEST(UXDirtyRect, HostsMayDestroyWhatTellsThem)
         void notifyDirtyRect(UXDiagram*) override { delete std::exchange(victim, nullptr); }
     };
     const auto add = [](UXObject* parent, const UXRect& rect) {
-        auto* made = new UXObject;
+        auto* made = new UXSelectableObject;
         made->setRect(rect);
         parent->addChild(made);
         return made;
@@ -242,6 +309,7 @@ TEST(UXDirtyRect, HostsMayDestroyWhatTellsThem)
         {"scaled", [&](UXObject* o) { o->setSpace(&space); }},
         {"padded", [](UXObject* o) { o->setPadding(UXPadding(1, 1, 1, 1)); }},
         {"removed", [](UXObject* o) { o->setParent(nullptr); }},
+        {"read", [](UXObject* o) { o->deserialize(o->serialize()); }},
         {"given a child",
          [&](UXObject* o) {
              add(o, {0, 0, 5, 5});

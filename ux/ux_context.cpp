@@ -4,6 +4,7 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_event_dispatch_scope.h"
 #include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_json_object_watcher.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_text_file.h"
@@ -59,10 +60,20 @@ UXContext::UXContext() = default;
 
 UXContext::~UXContext()
 {
-    while (!m_controls.empty())
-        removeControl(m_controls.back());
-    while (!m_diagrams.empty())
-        removeDiagram(m_diagrams.back());
+    std::vector<UXObjectWatcher> shown;
+    for (UXControl* control : m_controls) {
+        shown.emplace_back(std::exchange(control->m_activeDiagram, nullptr));
+        control->m_context = nullptr;
+    }
+    for (UXDiagram* diagram : m_diagrams)
+        diagram->_setContext(nullptr);
+    m_controls.clear();
+    m_diagrams.clear();
+    // Nobody finds the way back here any more from what is told now.
+    for (const UXObjectWatcher& watcher : shown) {
+        if (watcher.isAlive())
+            static_cast<UXDiagram*>(watcher.getObject())->_endPointer();
+    }
 }
 
 void UXContext::customSerialize()
@@ -87,9 +98,14 @@ void UXContext::addDiagram(UXDiagram* diagram, int position)
 {
     if (!diagram)
         return;
+    const UXJsonObjectWatcher self(this);
+    const UXObjectWatcher added(diagram);
     UXContext* other = diagram->getContext();
     if (other && other != this)
         other->removeDiagram(diagram);
+    // Who hears that it leaves may have put it elsewhere.
+    if (!self.isAlive() || !added.isAlive() || (diagram->getContext() && diagram->getContext() != this))
+        return;
     std::erase(m_diagrams, diagram);
     const auto place = std::clamp<std::ptrdiff_t>(position, 0, std::ssize(m_diagrams));
     m_diagrams.insert(m_diagrams.begin() + place, diagram);
@@ -100,8 +116,11 @@ void UXContext::removeDiagram(UXDiagram* diagram)
 {
     if (!diagram || diagram->getContext() != this)
         return;
+    const bool wasShown = !getControlsWithDiagram(diagram).empty();
     _forgetDiagram(diagram);
     diagram->_setContext(nullptr);
+    if (wasShown)
+        diagram->_endPointer();
 }
 
 void UXContext::_forgetDiagram(UXDiagram* diagram)
@@ -117,8 +136,12 @@ void UXContext::addControl(UXControl* control)
 {
     if (!control || _hasControl(control))
         return;
+    const UXJsonObjectWatcher self(this);
+    const std::weak_ptr<const bool> life = control->m_life;
     if (control->m_context)
         control->m_context->removeControl(control);
+    if (!self.isAlive() || life.expired() || control->m_context)
+        return;
     m_controls.push_back(control);
     control->m_context = this;
 }
@@ -128,27 +151,35 @@ void UXContext::removeControl(UXControl* control)
     if (std::erase(m_controls, control) == 0)
         return;
     control->m_context = nullptr;
-    control->m_activeDiagram = nullptr;
+    _endPointer(control->m_hasPointer, std::exchange(control->m_activeDiagram, nullptr));
+}
+
+/** The release of a press and the next move go elsewhere: nothing may wait for them on the diagram that was
+ * left. Another control that still shows it keeps what its own pointer does. */
+void UXContext::_endPointer(bool wasThere, UXDiagram* left)
+{
+    if (left && (wasThere || getControlsWithDiagram(left).empty()))
+        left->_endPointer();
 }
 
 void UXContext::setActiveDiagram(UXControl* control, UXDiagram* diagram)
 {
     if (!control)
         return;
-    addControl(control);
-    if (diagram)
-        addDiagram(diagram);
-    if (control->m_activeDiagram == diagram)
-        return;
-    UXDiagram* left = control->m_activeDiagram;
-    control->m_activeDiagram = diagram;
-
-    // The release of a press goes elsewhere now: nothing may wait for it there.
     const UXJsonObjectWatcher self(this);
     const UXObjectWatcher watcher(diagram);
-    if (left && getControlsWithDiagram(left).empty())
-        left->cancelPress();
-    if (!self.isAlive())
+    addControl(control);
+    if (self.isAlive() && watcher.isAlive())
+        addDiagram(diagram);
+    const auto isHere = [&] {
+        return self.isAlive() && watcher.getObject() == diagram && _hasControl(control) &&
+               (!diagram || _hasDiagram(diagram));
+    };
+    if (!isHere() || control->m_activeDiagram == diagram)
+        return;
+
+    _endPointer(control->m_hasPointer, std::exchange(control->m_activeDiagram, diagram));
+    if (!isHere() || control->m_activeDiagram != diagram)
         return;
     _notify({control}, [](UXControl* shown) { shown->resizeDiagramAlignClient(); });
     if (self.isAlive() && watcher.isAlive())
@@ -260,79 +291,134 @@ void UXContext::repaint(UXDiagram* diagram)
         diagram->repaint();
 }
 
+/** What is repainted asks for no pass inside the one that is under way. */
+class UXContext::RepaintScope {
+public:
+    explicit RepaintScope(UXDiagram* diagram) : m_watcher(diagram) { diagram->m_isRepainting = true; }
+    ~RepaintScope()
+    {
+        if (m_watcher.isAlive())
+            static_cast<UXDiagram*>(m_watcher.getObject())->m_isRepainting = false;
+    }
+    RepaintScope(const RepaintScope&) = delete;
+    RepaintScope& operator=(const RepaintScope&) = delete;
+
+private:
+    UXObjectWatcher m_watcher;
+};
+
 void UXContext::repaintDirtyRect(UXDiagram* diagram)
 {
     if (!diagram || diagram->getContext() != this)
         return;
+    if (diagram->m_isRepainting) {
+        diagram->m_repaintAsked = true;
+        return;
+    }
+    // One more pass for what painting has asked for. What asks each time is not painted for ever: its areas
+    // wait.
+    if (_repaintDirtyRectOnce(diagram))
+        _repaintDirtyRectOnce(diagram);
+}
+
+/** @return whether a repaint was asked for while the diagram was painted, and both are still there */
+bool UXContext::_repaintDirtyRectOnce(UXDiagram* diagram)
+{
     // 1. The pass can make more dirty, and ends the story when it destroys the diagram or this context.
     const UXJsonObjectWatcher self(this);
     const UXObjectWatcher shown(diagram);
-    diagram->layout();
+    {
+        const RepaintScope scope(diagram);
+        diagram->layout();
+    }
     const auto isAlive = [&] { return self.isAlive() && shown.isAlive(); };
     if (!isAlive() || !isDirty(*diagram))
-        return;
+        return false;
 
     // 2. Ask each control for its configuration. Whoever paints later finds the areas where they were.
     const std::vector<UXControl*> controls = getControlsWithDiagram(diagram);
     std::vector<Painting> paintings;
     bool paintedAll = !controls.empty();
     for (UXControl* control : controls) {
+        const bool isPainted = getActiveDiagram(control) != diagram || _prepare(diagram, control, paintings);
         if (!isAlive())
-            return;
-        if (getActiveDiagram(control) != diagram)
-            continue;
-        UXPaintConfig* config = control->obtainPaintConfig(diagram);
-        if (!isAlive())
-            return;
-        if (getActiveDiagram(control) != diagram)
-            continue;
-        if (config && config->isPaintConfigValid()) {
-            paintings.push_back({control, config, obtainDirtyRegion(*diagram, *control)});
-        } else {
-            paintedAll = false;
-            control->notifyDirtyRect(diagram);
-        }
+            return false;
+        paintedAll = paintedAll && isPainted;
     }
-    if (!isAlive())
-        return;
 
     // 3. Paint on those that can now. The areas are cleared first, so that what painting makes dirty stays.
     if (paintedAll)
         clearDirtyRegion(*diagram);
+    const RepaintScope scope(diagram);
+    diagram->m_repaintAsked = false;
+    return _paint(paintings, diagram) && std::exchange(diagram->m_repaintAsked, false);
+}
+
+/** Adds what is to be painted on control, or tells it that it has to paint.
+ *  @return whether nothing is left for it to do later; this context and the diagram may be gone */
+bool UXContext::_prepare(UXDiagram* diagram, UXControl* control, std::vector<Painting>& paintings)
+{
+    const UXJsonObjectWatcher self(this);
+    const UXObjectWatcher shown(diagram);
+    UXPaintConfig* config = control->obtainPaintConfig(diagram);
+    const bool isValid = config && config->isPaintConfigValid();
+    if (!self.isAlive() || !shown.isAlive() || getActiveDiagram(control) != diagram)
+        return true;
+    if (isValid)
+        paintings.push_back(
+            {control, config, UXPaintConfigWatcher(config), obtainDirtyRegion(*diagram, *control)});
+    else
+        control->notifyDirtyRect(diagram);
+    return isValid;
+}
+
+/** @return whether this context and the diagram have outlived it */
+bool UXContext::_paint(const std::vector<Painting>& paintings, UXDiagram* diagram)
+{
+    const UXJsonObjectWatcher self(this);
+    const UXObjectWatcher shown(diagram);
     for (const Painting& painting : paintings) {
         for (const UXRect& rect : painting.region.getRects()) {
-            if (!isAlive())
-                return;
-            if (getActiveDiagram(painting.control) != diagram)
+            if (!self.isAlive() || !shown.isAlive())
+                return false;
+            if (getActiveDiagram(painting.control) != diagram || painting.watcher.isGone())
                 break;
             _paint(painting, diagram, rect);
         }
     }
+    return self.isAlive() && shown.isAlive();
 }
 
 /** Paints an area of diagram on a control, and over it what is in the control's own space. */
 void UXContext::_paint(const Painting& painting, UXDiagram* diagram, const UXRect& rect)
 {
-    UXControl* control = painting.control;
     const UXJsonObjectWatcher self(this);
     const UXObjectWatcher shown(diagram);
     {
         const UXPaintClip clip(*painting.config, UXDoubleRect(rect));
-        if (!control->hasDefaultBackground())
+        if (!painting.control->hasDefaultBackground())
             diagram->paintBackground(painting.config);
-        diagram->paint(painting.config, rect);
+        if (shown.isAlive() && !painting.watcher.isGone())
+            diagram->paint(painting.config, rect);
     }
+    if (self.isAlive() && shown.isAlive() && getActiveDiagram(painting.control) == diagram)
+        _paintOver(painting, diagram, rect);
+}
+
+void UXContext::_paintOver(const Painting& painting, UXDiagram* diagram, const UXRect& rect)
+{
+    UXControl* control = painting.control;
+    const UXJsonObjectWatcher self(this);
+    const UXObjectWatcher shown(diagram);
     const auto isShown = [&] {
         return self.isAlive() && shown.isAlive() && getActiveDiagram(control) == diagram;
     };
-    if (!isShown())
-        return;
     const std::vector<UXGlobalControlSpaceEventDiagram*> all = obtainDiagramsOver(*diagram);
     const std::vector<UXObjectWatcher> diagramsOver(all.begin(), all.end());
     for (const UXObjectWatcher& watcher : diagramsOver) {
         auto* over = static_cast<UXGlobalControlSpaceEventDiagram*>(watcher.getObject());
         UXPaintConfig* config = over && isShown() ? control->obtainPaintConfig(over) : nullptr;
-        if (!config || !config->isPaintConfigValid() || !watcher.isAlive())
+        if (!config || !config->isPaintConfigValid() || !watcher.isAlive() || !isShown())
             continue;
         const UXDoubleControlRect exact = control->diagramSpaceToControlSpace(UXDoubleRect(rect));
         const UXControlRect pixels = control->diagramSpaceToControlSpace(rect);

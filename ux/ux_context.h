@@ -4,6 +4,7 @@
 #include "ux/ux_dirty_region.h"
 #include "ux/ux_export.h"
 #include "ux/ux_json_object.h"
+#include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_point.h"
 #include "ux/ux_rect.h"
 
@@ -16,7 +17,6 @@ class UXControl;
 class UXDiagram;
 class UXEvent;
 class UXObject;
-class UXPaintConfig;
 struct UXMessageRightClickParam;
 
 /**
@@ -128,14 +128,21 @@ private:
     friend class UXControl;
     friend class UXDiagram;
 
+    class RepaintScope;
     /** What is to be painted on one control. */
     struct Painting {
         UXControl* control;
         UXPaintConfig* config;
+        UXPaintConfigWatcher watcher;
         UXDirtyRegion region; // in the diagram's space
     };
 
+    bool _repaintDirtyRectOnce(UXDiagram* diagram);
+    bool _prepare(UXDiagram* diagram, UXControl* control, std::vector<Painting>& paintings);
+    bool _paint(const std::vector<Painting>& paintings, UXDiagram* diagram);
     void _paint(const Painting& painting, UXDiagram* diagram, const UXRect& rect);
+    void _paintOver(const Painting& painting, UXDiagram* diagram, const UXRect& rect);
+    void _endPointer(bool wasThere, UXDiagram* left);
     bool _hasControl(const UXControl* control) const;
     bool _hasDiagram(const UXDiagram* diagram) const;
     void _forgetDiagram(UXDiagram* diagram);

@@ -292,7 +292,8 @@ bool UXControl::mouseEnter(const UXControlPoint& point, const UXEvent& event)
 
 bool UXControl::mouseLeave(const UXControlPoint& point, const UXEvent& event)
 {
-    return _sendAt(&UXObject::mouseLeave, point, event);
+    m_hasPointer = false;
+    return _send(&UXObject::mouseLeave, _locate(point, event));
 }
 
 bool UXControl::mouseWheel(const UXControlPoint& point, const UXEvent& event)
@@ -321,6 +322,7 @@ bool UXControl::keyUp(const UXEvent& event) { return _send(&UXObject::keyUp, eve
 
 bool UXControl::_sendAt(Entry entry, const UXControlPoint& point, const UXEvent& event)
 {
+    m_hasPointer = true;
     return _send(entry, _locate(point, event));
 }
 

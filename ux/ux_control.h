@@ -204,6 +204,7 @@ private:
     double m_zoomRatio = 1;
     UXDoubleControlPoint m_origin;
     UXCursor m_cursor = UXCursor::Arrow;
+    bool m_hasPointer = false; // as far as the host has told
     std::vector<UXTimer*> m_timers;
     std::deque<std::function<void()>> m_postedActions;
 };

@@ -7,7 +7,7 @@
 #include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_ground.h"
 #include "ux/ux_object_watcher.h"
-#include "ux/ux_paint_config.h"
+#include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_use_case_diagram.h"
 
 #include <algorithm>
@@ -93,12 +93,13 @@ void UXDiagram::layout()
 
 void UXDiagram::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
-    UXObjectWatcher watcher(this);
+    const UXObjectWatcher watcher(this);
+    const UXPaintConfigWatcher configWatcher(config);
     UXObject::paint(config, dirtyRect);
     if (!watcher.isAlive())
         return;
     _forEachGlobalEventDiagramFromBack([&](UXGlobalEventDiagram& diagram) {
-        if (diagram.getVisible() && diagram.isInDiagramSpace())
+        if (!configWatcher.isGone() && diagram.getVisible() && diagram.isInDiagramSpace())
             diagram.paint(config, dirtyRect);
     });
 }
@@ -148,12 +149,13 @@ bool UXDiagram::getShouldResponse(UXEventResponderType type) const
 
 bool UXDiagram::controlSize(const UXEvent& event)
 {
-    UXEventDispatchScope scope(event);
+    const UXEvent own = event;
+    UXEventDispatchScope scope(own);
     UXObjectWatcher watcher(this);
-    bool handled = UXObject::controlSize(event);
+    bool handled = UXObject::controlSize(own);
     if (watcher.isAlive()) {
         _forEachGlobalEventDiagram(
-            [&](UXGlobalEventDiagram& diagram) { handled = diagram.controlSize(event) || handled; });
+            [&](UXGlobalEventDiagram& diagram) { handled = diagram.controlSize(own) || handled; });
     }
     scope.finish();
     return handled;

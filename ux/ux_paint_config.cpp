@@ -4,6 +4,8 @@
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 
+UXPaintConfig::UXPaintConfig() : m_life(std::make_shared<const bool>(true)) {}
+
 UXPaintConfig::~UXPaintConfig() = default;
 
 bool UXPaintConfig::isPaintConfigValid() const { return true; }

@@ -4,6 +4,7 @@
 #include "ux/ux_export.h"
 #include "ux/ux_transform.h"
 
+#include <memory>
 #include <vector>
 
 class UXObject;
@@ -12,11 +13,11 @@ class UXPainter;
 /**
  * What is painted on: an image, a page, a window, a recording. A back end derives its own. Every object of a
  * tree makes a painter of its own from it, one after the other or inside one another, and all draw on the
- * same ground.
+ * same ground. What is painted may destroy it while no painter of it is open; the pass then ends.
  */
 class UX_EXPORT UXPaintConfig {
 public:
-    UXPaintConfig() = default;
+    UXPaintConfig();
     virtual ~UXPaintConfig();
 
     UXPaintConfig(const UXPaintConfig&) = delete;
@@ -45,12 +46,16 @@ public:
     /** @return the part common to all pushed rectangles, null where none is pushed; the configuration's */
     const UXDoubleRect* getClip() const { return m_clips.empty() ? nullptr : &m_clips.back(); }
 
+    /** @return what expires with the configuration, for whoever keeps its address */
+    std::weak_ptr<const bool> getLife() const { return m_life; }
+
 private:
     friend UX_EXPORT UXPainter* uxCreatePainter(UXPaintConfig* config);
     friend UX_EXPORT UXPainter* uxCreatePainterWithObject(UXPaintConfig* config, UXObject* object);
 
     UXPainter* _startPainter(UXObject* object, const UXTransform& objectToRoot);
 
+    std::shared_ptr<const bool> m_life;
     std::vector<UXDoubleRect> m_clips;
 };
 

@@ -1,6 +1,6 @@
 #include "ux/ux_use_case_diagram.h"
 
-#include "ux/ux_paint_config.h"
+#include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_saturate.h"
@@ -98,10 +98,11 @@ void UXUseCaseDiagram::layout()
 
 void UXUseCaseDiagram::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
-    UXObjectWatcher watcher(this);
+    const UXObjectWatcher watcher(this);
+    const UXPaintConfigWatcher configWatcher(config);
     if (UXDiagram* source = getSourceDiagram())
         _paintSource(*source, config);
-    if (watcher.isAlive())
+    if (watcher.isAlive() && !configWatcher.isGone())
         UXDiagram::paint(config, dirtyRect);
 }
 
@@ -123,9 +124,15 @@ void UXUseCaseDiagram::_paintSource(UXDiagram& source, UXPaintConfig* config)
     // What is painted may destroy this diagram, which is not looked at any more from here on.
     const UXPoint origin = getUseCaseOrigin();
     const UXObjectWatcher watcher(&source);
+    const UXPaintConfigWatcher configWatcher(config);
     source.paintBackground(&recording);
     if (watcher.isAlive())
         source.paint(&recording, shown);
+    if (configWatcher.isGone()) {
+        // There is nothing left that it could draw on.
+        delete painter;
+        return;
+    }
     painter->translate(origin.x, origin.y);
     painter->scale(zoom, zoom);
     painter->translate(-shown.x, -shown.y);

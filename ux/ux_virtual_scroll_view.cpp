@@ -1,5 +1,6 @@
 #include "ux/ux_virtual_scroll_view.h"
 
+#include "ux/ux_child_walk.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_rect_functions.h"
@@ -226,15 +227,18 @@ void UXVirtualScrollView::paint(UXPaintConfig* config, UXRect dirtyRect)
         return;
     const UXRect content = obtainScrollContentRect();
     const UXDoubleRect contentInRoot(translateRectToParent(content, nullptr));
-    UXObjectWatcher watcher(this);
-    for (std::size_t i = 0; watcher.isAlive() && i < getChildren().size(); ++i) {
-        UXObject* child = getChildren()[i];
+    const UXObjectWatcher watcher(this);
+    const UXPaintConfigWatcher configWatcher(config);
+    UXChildWalk walk(this);
+    while (UXObject* child = configWatcher.isGone() ? nullptr : walk.next()) {
         if (!child->getVisible())
             continue;
         const UXObjectWatcher childWatcher(child);
         const bool clips = !_isBar(child) && (!m_delegate || m_delegate->shouldClipInScrollArea(this, child));
-        if (!watcher.isAlive() || !childWatcher.isAlive())
+        if (!watcher.isAlive() || configWatcher.isGone())
             return;
+        if (!childWatcher.isAlive())
+            continue;
         const UXRect visible = clips ? uxIntersectionRect(dirtyRect, content) : dirtyRect;
         const UXRect childRect = translateRectToChild(visible, child);
         if (uxIsEmptyRect(visible) || !child->inRect(childRect))
