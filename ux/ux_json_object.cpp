@@ -3,6 +3,7 @@
 #include "ux/ux_assert.h"
 #include "ux/ux_json_encoding.h"
 #include "ux/ux_json_object_factory.h"
+#include "ux/ux_json_object_watcher.h"
 #include "ux/ux_json_path_resolver.h"
 #include "ux/ux_json_text.h"
 #include "ux/ux_json_value.h"
@@ -516,14 +517,20 @@ bool UXJsonObject::deserializeExistingObject(const std::string& key, UXJsonObjec
 bool UXJsonObject::deserializeExistingObjectList(const std::string& key,
                                                  const std::vector<UXJsonObject*>& objects)
 {
+    // Who hears of what is read may destroy those that are still to be read, and this object.
+    const UXJsonObjectWatcher self(this);
+    const std::vector<UXJsonObjectWatcher> watchers(objects.begin(), objects.end());
     std::uint64_t count = 0;
     bool isComplete = deserializeArrayBegin(key) && deserializePeekArray(count) && count == objects.size();
     for (std::uint64_t i = 0; i < count && i < objects.size(); ++i) {
+        const auto index = static_cast<std::size_t>(i);
         UXJsonValue* element = nullptr;
         if (!deserializeArrayElement(i, element))
             continue;
         pushJsonValue(element);
-        isComplete = deserializeExistingObject("", objects[static_cast<std::size_t>(i)]) && isComplete;
+        isComplete = watchers[index].isAlive() && deserializeExistingObject("", objects[index]) && isComplete;
+        if (!self.isAlive())
+            return false;
         popJsonValue();
         deleteJsonValue(element);
     }

@@ -1,6 +1,7 @@
 #include "ux/ux_symbol.h"
 
 #include "ux/ux_event.h"
+#include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_symbol_shape.h"
 
@@ -35,8 +36,9 @@ std::string UXSymbol::customSerializeTypeID() { return "UXSymbol"; }
 
 bool UXSymbol::customDeserialize()
 {
+    const UXObjectWatcher watcher(this);
     const bool complete = UXSelectableObject::customDeserialize();
-    return deserializeUXSymbolStyle("m_symbolStyle", m_symbolStyle) && complete;
+    return watcher.isAlive() && deserializeUXSymbolStyle("m_symbolStyle", m_symbolStyle) && complete;
 }
 
 void UXSymbol::paint(UXPaintConfig* config, UXRect dirtyRect)
