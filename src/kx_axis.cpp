@@ -118,10 +118,12 @@ double KXAxis::getExtraLength(const std::string& key) const
 void KXAxis::setExtraLength(const std::string& key, double length)
 {
     length = (std::max)(saturate(length), 0.0);
-    const auto [entry, isNew] = m_extraLengths.try_emplace(key, 0.0);
-    if (std::abs(entry->second - length) < tolerance)
+    if (std::abs(getExtraLength(key) - length) < tolerance)
         return;
-    entry->second = length;
+    if (length > 0)
+        m_extraLengths[key] = length;
+    else
+        m_extraLengths.erase(key);
     _markStale();
 }
 
@@ -347,7 +349,8 @@ bool KXAxis::_deserializeExtraLengths()
         return false;
     m_extraLengths.clear();
     for (std::size_t i = 0; i < keys.size(); ++i)
-        m_extraLengths[keys[i]] = (std::max)(lengths[i], 0.0);
+        if (lengths[i] > 0)
+            m_extraLengths[keys[i]] = lengths[i];
     return true;
 }
 

@@ -148,6 +148,9 @@ TEST(KXAxis, ExtraLengthStandsBeyondTheMaximum)
     axis.setExtraLength("a", 3);
     EXPECT_EQ(axis.getExtraLength("a"), 3);
     EXPECT_EQ(axis.getExtraLength("b"), 0);
+    axis.setExtraLength("b", 2);
+    axis.setExtraLength("a", 0);
+    EXPECT_EQ(axis.serialize().find("\"a\""), std::string::npos) << "what is none is not saved";
     axis.clearExtraLengths();
     EXPECT_EQ(axis.obtainTotalExtraLength(), 0);
 }
