@@ -1,50 +1,35 @@
 #pragma once
 
+#include "chart_board.h"
 #include "kx_axis_chart_data_provider.h"
 #include "kx_bar_chart.h"
-#include "ux/ux_diagram.h"
 
 #include <cstddef>
 #include <string>
 #include <vector>
 
-class UXPaintConfig;
+/** A table of numbers as a host would provide it. */
+class BarTable : public KXAxisChartDataProvider {
+public:
+    void beginPrepareData(KXChartDataUser*) override {}
+    void endPrepareData(KXChartDataUser*) override {}
+    bool obtainDataIsEmpty(KXChartDataUser*) override { return false; }
+    std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override;
+    std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override;
+    std::uint64_t obtainValueCount(KXChartDataUser*) override { return seriesCount; }
+    std::string obtainValueLabel(KXChartDataUser*, std::uint64_t value) override;
+    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override;
+    void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
+                            std::span<double> values) override;
+
+    std::vector<double> numbers; // one series after the other, of the same length each
+    std::size_t seriesCount = 1;
+};
 
 /** A bar chart of one or some series: the pictures that the comparison of chart libraries calls "bars" and
  * "bars3". All categories are shown at once. */
-class BarBoard {
+class BarBoard : public ChartBoard<KXBarChart, BarTable> {
 public:
     /** @param values one series after the other, of the same length each */
     BarBoard(const std::vector<double>& values, std::size_t seriesCount);
-
-    void layout(int width, int height);
-    void paint(UXPaintConfig& config);
-    /** Gives the chart all its values anew, as data that was replaced. */
-    void reload();
-
-    UXDiagram& getDiagram() { return m_diagram; }
-    KXBarChart& getChart() { return m_chart; }
-
-private:
-    /** A table of numbers as a host would provide it. */
-    class Table : public KXAxisChartDataProvider {
-    public:
-        void beginPrepareData(KXChartDataUser*) override {}
-        void endPrepareData(KXChartDataUser*) override {}
-        bool obtainDataIsEmpty(KXChartDataUser*) override { return false; }
-        std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override;
-        std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override;
-        std::uint64_t obtainValueCount(KXChartDataUser*) override { return seriesCount; }
-        std::string obtainValueLabel(KXChartDataUser*, std::uint64_t value) override;
-        double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override;
-        void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
-                                std::span<double> values) override;
-
-        std::vector<double> numbers;
-        std::size_t seriesCount = 1;
-    };
-
-    Table m_table;
-    UXDiagram m_diagram; // does not own the chart, which leaves it first
-    KXBarChart m_chart;
 };
