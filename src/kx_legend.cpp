@@ -73,7 +73,12 @@ void KXLegend::setDelegate(KXLegendDelegate* delegate)
 {
     if (m_delegate == delegate)
         return;
+    const UXObjectWatcher self(this);
+    endCellHover(); // the delegate before goes on without this legend's pointer
+    if (!self.isAlive())
+        return;
     m_delegate = delegate;
+    ++m_generation;
     // The cells ask the data user of the delegate before.
     for (KXLegendCell* cell : _obtainCells())
         delete cell;
@@ -220,6 +225,7 @@ void KXLegend::_measureCells()
     const std::uint64_t cellCount = delegate->obtainLegendCellSize();
     if (!self.isAlive() || m_delegate != delegate)
         return;
+    ++m_generation;
     m_cellCount = uxSaturateToInt(cellCount);
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     m_calculatedTextHeight = helper->getTextSize(heightSample, m_textProperty).height;
@@ -252,6 +258,7 @@ void KXLegend::_collectShownCells()
 {
     const UXObjectWatcher self(this);
     KXLegendDelegate* const delegate = m_delegate;
+    ++m_generation;
     m_calculatedMaxCellWidth = 0;
     m_cellVisibles.clear();
     m_cellIndexList.clear();
@@ -359,27 +366,60 @@ void KXLegend::_placeCells(bool contentChanged)
     const UXObjectWatcher self(this);
     if (!m_delegate || !_endLostHover() || !m_delegate)
         return;
+    ++m_generation;
     const auto [first, end] = _obtainVisiblePlaces();
-    std::vector<KXLegendCell*> cells;
-    _takeCells(first, end, cells);
-    for (std::size_t place = first; place < end; ++place) {
-        KXLegendCell*& cell = cells[place - first];
-        const auto index = static_cast<std::uint64_t>(m_cellIndexList[place]);
-        const bool isNew = !cell;
-        if (isNew)
-            cell = new KXLegendCell(this);
-        if (isNew || contentChanged || cell->getIndex() != index)
-            cell->showCell(index, _obtainLabel(index), m_delegate->obtainLegendSymbolStyle(index));
-        if (isNew)
-            updateCellInteraction(cell, index);
-        _placeCell(cell, _obtainCellRect(place));
-    }
+    const std::vector<UXObjectWatcher> cells = _takeCells(first, end);
+    for (std::size_t place = first; place < end; ++place)
+        if (!_fillPlace(place, cells[place - first], contentChanged))
+            return;
     // Whatever came and went meanwhile, cells are painted in their order.
-    if (_obtainCells() != cells)
-        for (KXLegendCell* cell : cells)
+    std::vector<KXLegendCell*> placed = _obtainCells();
+    if (!std::ranges::is_sorted(placed, {}, &KXLegendCell::getIndex)) {
+        std::ranges::sort(placed, {}, &KXLegendCell::getIndex);
+        for (KXLegendCell* cell : placed)
             m_scrollView->bringChildToFront(cell);
+    }
     if (contentChanged)
         m_scrollView->invalidate();
+}
+
+/** @param taken the object that is to serve for the place; of none, or of one that has gone, a new one does
+ *  @return false where an answer of the delegate had the cells placed anew, or ended the legend */
+bool KXLegend::_fillPlace(std::size_t place, const UXObjectWatcher& taken, bool contentChanged)
+{
+    const UXObjectWatcher self(this);
+    const auto isCurrent = [this, &self, generation = m_generation] {
+        return self.isAlive() && m_generation == generation;
+    };
+    const auto index = static_cast<std::uint64_t>(m_cellIndexList[place]);
+    auto* known = static_cast<KXLegendCell*>(taken.getObject());
+    if (known && !contentChanged && known->getIndex() == index) {
+        _placeCell(known, _obtainCellRect(place));
+        return true;
+    }
+
+    // 1. What is to be seen.
+    const std::string label = _obtainLabel(index);
+    if (!isCurrent())
+        return false;
+    const UXSymbolStyle style = m_delegate->obtainLegendSymbolStyle(index);
+    if (!isCurrent())
+        return false;
+
+    // 2. Where: the object hears clicks for the delegate's data user, and a hover of another cell ends.
+    std::unique_ptr<KXLegendCell> made(taken.isAlive() ? nullptr : new KXLegendCell(this));
+    if (made)
+        updateCellInteraction(made.get(), index);
+    if (!isCurrent())
+        return false;
+    const UXObjectWatcher cell(made ? made.get() : taken.getObject());
+    static_cast<KXLegendCell*>(cell.getObject())->showCell(index, label, style);
+    if (!isCurrent())
+        return false;
+    if (cell.isAlive())
+        _placeCell(static_cast<KXLegendCell*>(cell.getObject()), _obtainCellRect(place));
+    made.release(); // the scroll view's now
+    return true;
 }
 
 /** A cell under the pointer that is not seen any more serves for another one or goes, and its chart must not
@@ -413,11 +453,11 @@ void KXLegend::_placeCell(KXLegendCell* cell, const UXRect& rect)
         m_scrollView->addChild(cell);
 }
 
-/** Fills cells, one entry a place: a cell that stays in view stays the same object, those that have left
- * serve for others, and what nobody needs goes. An entry without an object is null. */
-void KXLegend::_takeCells(std::size_t first, std::size_t end, std::vector<KXLegendCell*>& cells)
+/** A cell that stays in view stays the same object, those that have left serve for others, and what nobody
+ * needs goes. @return one entry a place, null where there is no object for it */
+std::vector<UXObjectWatcher> KXLegend::_takeCells(std::size_t first, std::size_t end)
 {
-    cells.assign(end - first, nullptr);
+    std::vector<KXLegendCell*> cells(end - first);
     std::vector<KXLegendCell*> free;
     const auto shownFirst = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(first);
     const auto shownEnd = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(end);
@@ -440,6 +480,7 @@ void KXLegend::_takeCells(std::size_t first, std::size_t end, std::vector<KXLege
     }
     for (KXLegendCell* cell : free)
         delete cell;
+    return {cells.begin(), cells.end()};
 }
 
 /** Clicks on a cell ask the delegate's provider about what the cell stands for at that time. */
@@ -466,6 +507,22 @@ bool KXLegend::customKeyDown(const UXEvent& event, bool& stop)
 {
     const UXObjectWatcher self(this);
     return walk(event) || (self.isAlive() && UXObject::customKeyDown(event, stop));
+}
+
+bool KXLegend::takeKeys()
+{
+    UXDiagram* diagram = uxObtainDiagram(this);
+    if (!diagram || !getVisible() || uxIsEmptyRect(getRect()) || !_canWalk())
+        return false;
+    diagram->setFocusedObject(this);
+    _walkTo(_obtainWalkedPlace().value_or(_obtainVisiblePlaces().first));
+    return true;
+}
+
+/** @return whether there are cells, and these those of the present data */
+bool KXLegend::_canWalk() const
+{
+    return m_delegate && !m_cellIndexList.empty() && !m_dataUpdated && !m_cellVisibleUpdated;
 }
 
 void KXLegend::takeFocus(const std::optional<std::uint64_t>& index)
@@ -504,7 +561,7 @@ std::optional<std::size_t> KXLegend::_obtainWalkedPlace() const
 
 bool KXLegend::walk(const UXEvent& event)
 {
-    if (!m_delegate || m_cellIndexList.empty() || m_dataUpdated || m_cellVisibleUpdated)
+    if (!_canWalk())
         return false;
     const auto last = static_cast<std::ptrdiff_t>(m_cellIndexList.size()) - 1;
     const std::optional<std::size_t> walked = _obtainWalkedPlace();

@@ -6,6 +6,7 @@
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_object.h"
+#include "ux/ux_object_watcher.h"
 #include "ux/ux_position.h"
 #include "ux/ux_symbol_style.h"
 #include "ux/ux_text_property.h"
@@ -76,6 +77,9 @@ public:
     std::optional<std::uint64_t> getWalkedCell() const;
     /** @return whether the walk shows that it has come to the cell: with the focus, and not after a press */
     bool isWalkedTo(std::uint64_t index) const;
+    /** The keyboard comes to the legend: the keys are its, from the cell on to which the walk had come.
+     *  @return whether there is a cell to come to */
+    bool takeKeys();
     /** The pointer pressed a cell, none for the legend beside them: keys go on from there. */
     void takeFocus(const std::optional<std::uint64_t>& index);
 
@@ -120,9 +124,11 @@ private:
     void _collectShownCells();
     void _placeCells(bool contentChanged);
     bool _endLostHover();
-    void _takeCells(std::size_t first, std::size_t end, std::vector<KXLegendCell*>& cells);
+    std::vector<UXObjectWatcher> _takeCells(std::size_t first, std::size_t end);
+    bool _fillPlace(std::size_t place, const UXObjectWatcher& taken, bool contentChanged);
     void _placeCell(KXLegendCell* cell, const UXRect& rect);
     void updateCellInteraction(KXLegendCell* cell, std::uint64_t index);
+    bool _canWalk() const;
     std::optional<std::size_t> _obtainWalkedPlace() const;
     void _walkTo(std::size_t place);
     void _showPlace(std::size_t place);
@@ -166,6 +172,7 @@ private:
     std::vector<std::vector<KXObjectID>> m_cellObjectIDs; // by cell index
     std::vector<double> m_cellLefts;                      // by place in the row, in the content
     bool m_arranging = false;
+    unsigned m_generation = 0; // tells whoever places cells that the delegate had that done anew
     std::optional<std::uint64_t> m_walkedCell;
     bool m_showsWalk = false;
 };

@@ -234,6 +234,11 @@ TEST_F(KXLegendCellTest, LooksUnderThePointerAsTheProviderSays)
     chart->getLegend()->markCellVisibleUpdated();
     chart->layout();
     EXPECT_EQ(left, 1) << "a cell that goes is pointed at no more";
+    chart->cells()[0]->mouseMove(moved);
+    chart->getLegend()->setDelegate(nullptr);
+    EXPECT_EQ(left, 2) << "the delegate before is told that nothing is pointed at";
+    chart->getLegend()->setDelegate(chart.get());
+    chart->layout();
 
     cell = chart->cells()[0];
     cell->mouseMove(moved);
@@ -242,6 +247,20 @@ TEST_F(KXLegendCellTest, LooksUnderThePointerAsTheProviderSays)
     makeChart(2).layoutAt(UXPosition::Right);
     provider.onCall = [this](const std::string&) { chart.reset(); };
     EXPECT_FALSE(chart->cells()[1]->mouseMove(moved)) << "so may the provider";
+
+    // So may the chart in its answers about cells that scroll into view, or it parts from the legend.
+    for (const bool destroys : {true, false}) {
+        KXLegend& legend = makeChart(100).layoutAt(UXPosition::Right);
+        chart->label = [this, destroys, &legend](std::uint64_t) {
+            if (destroys)
+                chart.reset();
+            else
+                legend.setDelegate(nullptr);
+            return std::string("late");
+        };
+        chart->view().setContentOffsetY(28 * 50);
+        EXPECT_EQ(chart ? chart->cells().size() : 0, 0);
+    }
 }
 
 TEST_F(KXLegendCellTest, TheKeyboardWalksClicksAndSwitches)
