@@ -42,7 +42,8 @@ void declareOptions(CLI::App& app, Options& options)
         "Examples:\n"
         "  kx_view samples/employment.chart.json samples/gauge-wind.chart.json\n"
         "  kx_view sales.chart.json -d postgresql://localhost/sales -b sales.binding.json\n\n"
-        "Keys: Tab moves between the charts, Enter clicks, Shift+F10 opens the menu, Escape closes hints;\n"
+        "Keys: Tab moves between the charts and their legends and buttons, Enter clicks, Shift+F10 opens\n"
+        "the menu, Escape closes hints; "
         "Ctrl with plus, minus, 0 or the wheel zooms; Ctrl+Q quits.\n\n"
         "Exit codes: 0 closed by its user, 2 bad input or no display (one line on stderr says what).");
 }

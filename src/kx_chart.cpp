@@ -9,9 +9,12 @@
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
 #include "ux/ux_child_walk.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
 #include "ux/ux_ground.h"
 #include "ux/ux_hint_delegate.h"
+#include "ux/ux_key_code.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_paint_config_watcher.h"
@@ -586,29 +589,26 @@ void KXChart::_paintChild(UXObject* child, UXPaintConfig* config, const UXRect& 
 bool KXChart::customMouseMove(const UXEvent& event, bool& stop)
 {
     const UXObjectWatcher self(this);
-    if (KXChartDataUser* user = obtainLegendDataUser())
-        _showToolboxIfWanted(*user);
+    if (_wantsToolbox())
+        m_toolbox->pointerCame();
     return self.isAlive() && UXObject::customMouseMove(event, stop);
 }
 
-void KXChart::_showToolboxIfWanted(KXChartDataUser& user)
+/** @return whether this is still here and its host wants the strip, which then knows whom to ask */
+bool KXChart::_wantsToolbox()
 {
+    KXChartDataUser* user = obtainLegendDataUser();
+    if (!user)
+        return false;
     const UXObjectWatcher self(this);
-    KXChartDataProvider* provider = user.beginUseDataProvider();
-    const bool wanted = provider && provider->obtainDataShouldShowToolbox(&user, nullptr);
+    KXChartDataProvider* provider = user->beginUseDataProvider();
+    const bool wanted = provider && provider->obtainDataShouldShowToolbox(user, nullptr);
     if (!self.isAlive())
-        return;
-    user.endUseDataProvider();
-    if (!wanted)
-        return;
-    m_toolbox->setDataUser(&user);
-    if (!m_toolbox->getVisible()) {
-        m_toolbox->prepare();
-        if (!self.isAlive())
-            return;
-        m_toolbox->setVisible(true);
-    }
-    m_toolbox->refresh();
+        return false;
+    user->endUseDataProvider();
+    if (wanted)
+        m_toolbox->setDataUser(user);
+    return wanted;
 }
 
 bool KXChart::customMouseLeave(const UXEvent& event, bool& stop)
@@ -617,4 +617,44 @@ bool KXChart::customMouseLeave(const UXEvent& event, bool& stop)
     if (obtainLegendDataUser())
         m_toolbox->pointerLeft();
     return self.isAlive() && UXObject::customMouseLeave(event, stop);
+}
+
+bool KXChart::customKeyDown(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    const bool isTab = event.getKeyCode() == static_cast<int>(UXKeyCode::Tab) &&
+                       !event.containsEventKey(UXEventKey::Ctrl) && !event.containsEventKey(UXEventKey::Alt);
+    if (isTab && _walkParts(!event.containsEventKey(UXEventKey::Shift)))
+        return true;
+    return self.isAlive() && UXObject::customKeyDown(event, stop);
+}
+
+/** From the chart as a whole to the legend and on to the strip of buttons, or back.
+ *  @return false at an end: who holds the charts goes on from there */
+bool KXChart::_walkParts(bool forwards)
+{
+    UXDiagram* diagram = uxObtainDiagram(this);
+    if (!diagram)
+        return false;
+    const UXObjectWatcher self(this);
+    const UXObject* focused = diagram->getFocusedObject();
+    const auto holdsFocus = [focused](UXObject* part) {
+        return focused && (focused == part || focused->hasParent(part));
+    };
+    const bool isOnToolbox = holdsFocus(m_toolbox), isOnLegend = holdsFocus(m_legend);
+    bool moved = false;
+    if (forwards && !isOnToolbox)
+        moved = (!isOnLegend && m_legend->takeKeys()) ||
+                (self.isAlive() && _wantsToolbox() && m_toolbox->takeKeys());
+    else if (isOnToolbox && !forwards)
+        moved = m_legend->takeKeys();
+    if (!self.isAlive())
+        return true;
+    if (!moved && (isOnToolbox || isOnLegend)) {
+        diagram->setFocusedObject(this);
+        moved = !forwards;
+    }
+    if (isOnToolbox)
+        m_toolbox->leaveKeys();
+    return moved;
 }

@@ -91,6 +91,9 @@ protected:
     void customLayout() override;
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
+    /** Tab goes from the chart to its legend and on to its toolbox, with Shift back; beyond the first and the
+     * last it is the host's. */
+    bool customKeyDown(const UXEvent& event, bool& stop) override;
 
     /** Interaction was switched off: what the pointer made look different is as usual again. */
     virtual void _interactionDisabled();
@@ -120,7 +123,8 @@ private:
     bool _shouldShowLegend(const Division& division);
     void _placeTitle(Division& division) const;
     void _placeLegend(Division& division) const;
-    void _showToolboxIfWanted(KXChartDataUser& user);
+    bool _wantsToolbox();
+    bool _walkParts(bool forwards);
 
     std::unique_ptr<KXChartProperty> m_chartProperty;
     KXChartLabel* m_title;     // a child

@@ -31,7 +31,7 @@ bool asksForMenu(const KXMenuEntry& entry) { return !entry.action && entry.entri
 
 } // namespace
 
-KXChartToolbox::KXChartToolbox() = default;
+KXChartToolbox::KXChartToolbox() { setShowsFocus(true); }
 
 KXChartToolbox::~KXChartToolbox() = default;
 
@@ -92,12 +92,55 @@ void KXChartToolbox::refresh()
         parent->addDirtyRect(getRect());
 }
 
+void KXChartToolbox::pointerCame()
+{
+    const UXObjectWatcher self(this);
+    if (!getVisible()) {
+        _focusItem(-1);
+        prepare();
+    }
+    if (!self.isAlive())
+        return;
+    m_showsForKeys = false;
+    setVisible(true);
+    if (self.isAlive())
+        refresh();
+}
+
 void KXChartToolbox::pointerLeft()
 {
     m_hidesAfterMenu = getMenuOpen();
-    if (m_hidesAfterMenu)
+    m_showsForKeys = _hasFocus() && std::ranges::any_of(getItems(), &KXChartToolboxItem::getFocused);
+    if (m_hidesAfterMenu || m_showsForKeys)
         return;
     const UXObjectWatcher self(this);
+    setVisible(false);
+    if (self.isAlive())
+        refresh();
+}
+
+bool KXChartToolbox::takeKeys()
+{
+    const UXObjectWatcher self(this);
+    const bool isShown = getVisible();
+    prepare();
+    UXDiagram* diagram = self.isAlive() ? uxObtainDiagram(this) : nullptr;
+    if (!diagram || getItems().empty())
+        return false;
+    diagram->setFocusedObject(this);
+    m_showsForKeys = !isShown;
+    setVisible(true);
+    if (self.isAlive())
+        _focusItem(0);
+    return true;
+}
+
+void KXChartToolbox::leaveKeys()
+{
+    const UXObjectWatcher self(this);
+    _focusItem(-1);
+    if (!self.isAlive() || !m_showsForKeys)
+        return;
     setVisible(false);
     if (self.isAlive())
         refresh();
@@ -186,11 +229,13 @@ void KXChartToolbox::_menuClosed()
         if (!self.isAlive())
             return;
     }
-    if (m_hidesAfterMenu)
+    if (std::exchange(m_hidesAfterMenu, false))
         pointerLeft();
 }
 
 std::string KXChartToolbox::customSerializeTypeID() { return "KXChartToolbox"; }
+
+bool KXChartToolbox::getVisible() const { return UXObject::getVisible() && (!m_showsForKeys || _hasFocus()); }
 
 void KXChartToolbox::setVisible(bool visible)
 {
@@ -198,6 +243,7 @@ void KXChartToolbox::setVisible(bool visible)
     UXObject::setVisible(visible);
     if (!self.isAlive() || visible)
         return;
+    m_showsForKeys = false;
     _focusItem(-1);
     if (self.isAlive() && m_menuDiagram)
         m_menuDiagram->closeMenu();
@@ -299,6 +345,14 @@ bool KXChartToolbox::customMouseUp(const UXEvent& event, bool&)
     return !event.containsEventKey(UXEventKey::RightButton);
 }
 
+bool KXChartToolbox::_hasFocus() const
+{
+    auto* own = const_cast<KXChartToolbox*>(this);
+    const UXDiagram* diagram = uxObtainDiagram(own);
+    const UXObject* focused = diagram ? diagram->getFocusedObject() : nullptr;
+    return focused && (focused == this || focused->hasParent(own));
+}
+
 void KXChartToolbox::_focusItem(int index)
 {
     const UXObjectWatcher self(this);
@@ -338,6 +392,13 @@ bool KXChartToolbox::customKeyDown(const UXEvent& event, bool&)
         return true;
     case UXKeyCode::End:
         _focusItem(count - 1);
+        return true;
+    case UXKeyCode::Escape:
+        if (std::ranges::none_of(items, &KXChartToolboxItem::getFocused))
+            return false;
+        if (UXDiagram* diagram = uxObtainDiagram(this))
+            diagram->setFocusedObject(getParent());
+        leaveKeys();
         return true;
     case UXKeyCode::Enter:
     case UXKeyCode::Space:

@@ -18,8 +18,12 @@ struct KXChartToolboxMenuContext;
 
 /**
  * The strip of buttons along a chart's top edge that shows while the pointer is over a chart whose host wants
- * it. The buttons stand at its right end and alone take events; those without room are in a menu of the last
- * one. With the focus, Left, Right, Home and End go from button to button, and Enter, Space and Down press.
+ * it, and while the keyboard is on it. The buttons stand at its right end and alone take events; those
+ * without room are in a menu of the last one. With the focus, Left, Right, Home and End go from button to
+ * button, Enter, Space and Down press, and Escape goes back to the chart.
+ *
+ * Its menus are a part of the chart's diagram, as the strip is: they hang on their button at every zoom, and
+ * whoever enlarges the diagram to read it reads them, too.
  */
 class KX_EXPORT KXChartToolbox : public UXObject {
 public:
@@ -40,8 +44,18 @@ public:
     std::vector<KXChartToolboxItem*> getItems() const;
     /** Draws the strip's place anew, shown or hidden. */
     void refresh();
-    /** The pointer is over the chart no more: the strip hides, after its menu if one is open. */
+
+    // Showing
+    /** The pointer is over the chart. */
+    void pointerCame();
+    /** The pointer is over the chart no more: the strip hides, after its menu if one is open, and not before
+     * the keyboard has gone on. */
     void pointerLeft();
+    /** The keyboard comes to the strip, which shows from now on until the focus is elsewhere.
+     *  @return whether there is a button to come to */
+    bool takeKeys();
+    /** The keyboard goes on: the strip hides unless the pointer keeps it. */
+    void leaveKeys();
 
     // Menus
     bool getMenuOpen() const;
@@ -54,6 +68,7 @@ public:
 
     // From UXJsonObject and UXObject
     std::string customSerializeTypeID() override;
+    bool getVisible() const override;
     void setVisible(bool visible) override;
     bool ptInRect(UXPoint point) const override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
@@ -71,6 +86,7 @@ private:
     std::vector<KXMenuEntry> _obtainShownEntries() const;
     UXRect _obtainButtonsRect() const;
     void _placeItems();
+    bool _hasFocus() const;
     void _focusItem(int index);
     int _obtainFocusedIndex() const;
     void _openOwnMenu(KXChartToolboxItem* item);
@@ -84,4 +100,5 @@ private:
     std::vector<KXMenuEntry> m_entries;
     std::unique_ptr<KXMenuEventDiagram> m_menuDiagram;
     bool m_hidesAfterMenu = false;
+    bool m_showsForKeys = false; // no pointer keeps the strip, the focus alone does
 };

@@ -304,14 +304,33 @@ bool KXMenuEventDiagram::customMouseDragging(const UXEvent& event, bool&)
 bool KXMenuEventDiagram::customMouseUp(const UXEvent& event, bool&)
 {
     const bool keepsRelease = std::exchange(m_keepsRelease, false);
-    if (!isOpen())
+    if (!isOpen()) {
+        if (keepsRelease)
+            _pointBehindLater(event); // the press has closed the menu
         return keepsRelease;
+    }
     const std::size_t depth = _obtainDepthAt(event.getMousePoint());
     if (depth > 0 && m_pointerUsed && !event.containsEventKey(UXEventKey::RightButton)) {
         KXMenu* menu = getMenus()[depth - 1];
+        const UXObjectWatcher self(this);
         _choose(menu, menu->obtainIndexAt(translatePointToChild(event.getMousePoint(), menu)), event);
+        if (self.isAlive() && !isOpen())
+            _pointBehindLater(event);
     }
     return true;
+}
+
+/** With the menu gone, the pointer is over what was behind it, and need not move for that to know. */
+void KXMenuEventDiagram::_pointBehindLater(const UXEvent& event) const
+{
+    UXEvent move;
+    move.setControl(event.getControl());
+    move.setControlPoint(event.getControlPoint());
+    move.setMousePoint(globalDiagramSpaceToDiagramSpace(event));
+    event.postAction([served = UXObjectWatcher(getActiveDiagram()), move] {
+        if (auto* diagram = static_cast<UXDiagram*>(served.getObject()))
+            diagram->mouseMove(move);
+    });
 }
 
 bool KXMenuEventDiagram::customMouseWheel(const UXEvent& event, bool&)

@@ -74,6 +74,7 @@ private:
     void _choose(KXMenu* menu, int index, const UXEvent& event);
     void _answerKey(KXMenu* menu, const UXEvent& event);
     void _goBack();
+    void _pointBehindLater(const UXEvent& event) const;
 
     std::function<void()> m_closedHandler;
     UXObjectWatcher m_owner{nullptr};

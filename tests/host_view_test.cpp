@@ -158,14 +158,16 @@ TEST(HostView, ItemsAnswerTheMouseAndTheKeyboard)
     EXPECT_FALSE(model.control.getMenu().isOpen());
     EXPECT_EQ(model.log, "copy 143093; ");
 
-    // Tab goes round; Enter clicks, and a menu opened by its key begins with its first entry.
+    // Tab goes round, by the buttons of each chart; Enter clicks, and a menu opened by its key begins with
+    // its first entry.
     model.log.clear();
     click(model, {2, 2}, UXEventKey::LeftButton);
-    for (const UXKeyCode code : {UXKeyCode::Tab, UXKeyCode::Tab, UXKeyCode::Tab, UXKeyCode::Enter})
+    for (const UXKeyCode code :
+         {UXKeyCode::Tab, UXKeyCode::Tab, UXKeyCode::Tab, UXKeyCode::Tab, UXKeyCode::Tab, UXKeyCode::Enter})
         model.control.pressKey(makeKey(code));
     EXPECT_TRUE(model.board.getFocusedCard()->getShowRing());
     model.control.pressKey(makeKey(ViewKeyCode::ContextMenu, false));
-    for (const UXKeyCode code : {UXKeyCode::Up, UXKeyCode::Space, UXKeyCode::Tab})
+    for (const UXKeyCode code : {UXKeyCode::Up, UXKeyCode::Space, UXKeyCode::Tab, UXKeyCode::Tab})
         model.control.pressKey(makeKey(code));
     EXPECT_EQ(model.log, "click Nonfarm jobs: 143093; copy Nonfarm jobs: 143093; ");
     EXPECT_EQ(&model.board.getFocusedCard()->getChart(), &model.board.getChart(1));

@@ -105,7 +105,12 @@ TEST_F(KXChartToolboxTest, AnOpenMenuKeepsTheStrip)
     EXPECT_TRUE(toolbox().getVisible());
     input.click(middleOf(*open.getItem(0)));
     EXPECT_EQ(log, "row ");
-    EXPECT_FALSE(toolbox().getMenuOpen() || toolbox().getVisible()) << "the pointer had left";
+    EXPECT_FALSE(toolbox().getMenuOpen());
+    EXPECT_TRUE(toolbox().getVisible()) << "the pointer, which had left, is over the chart again";
+    input.click(button(1));
+    input.press({300, 200});
+    input.release({300, 200});
+    EXPECT_FALSE(toolbox().getVisible()) << "the pointer has left";
 
     hover();
     input.click(button(1));
@@ -148,7 +153,46 @@ TEST_F(KXChartToolboxTest, WorksByKeys)
         EXPECT_TRUE(input.type(key));
     EXPECT_EQ(log, "act row answer ") << "the disabled button does nothing";
     input.move({300, 200});
-    EXPECT_FALSE(input.type(Enter)) << "a hidden strip takes no keys";
+    EXPECT_TRUE(toolbox().getVisible()) << "the keyboard is still there";
+    diagram.setFocusedObject(chart.get());
+    EXPECT_FALSE(toolbox().getVisible() || input.type(Enter)) << "a hidden strip takes no keys";
+}
+
+TEST_F(KXChartToolboxTest, TabComesByTheStrip)
+{
+    const auto tab = [this](bool back = false) {
+        UXEvent event;
+        event.setKeyCode(static_cast<int>(UXKeyCode::Tab));
+        if (back)
+            event.addEventKey(UXEventKey::Shift);
+        return diagram.keyDown(event);
+    };
+    const auto isOnStrip = [this] {
+        return toolbox().getVisible() && diagram.getFocusedObject() == &toolbox() &&
+               toolbox().getItems().at(0)->getFocused();
+    };
+    diagram.setFocusedObject(chart.get());
+    EXPECT_FALSE(tab(true)) << "before the chart is the host's";
+    EXPECT_TRUE(tab() && isOnStrip());
+    EXPECT_FALSE(tab() || toolbox().getVisible()) << "beyond the strip, too";
+    EXPECT_TRUE(tab() && isOnStrip());
+    EXPECT_TRUE(tab(true));
+    EXPECT_EQ(diagram.getFocusedObject(), chart.get());
+    EXPECT_FALSE(toolbox().getVisible());
+
+    EXPECT_TRUE(tab() && input.type(UXKeyCode::Enter));
+    EXPECT_EQ(log, "act ");
+    EXPECT_TRUE(isOnStrip() && input.type(UXKeyCode::Escape));
+    EXPECT_FALSE(toolbox().getVisible() || input.type(UXKeyCode::Escape));
+    EXPECT_EQ(diagram.getFocusedObject(), chart.get());
+
+    EXPECT_TRUE(tab());
+    hover();
+    diagram.setFocusedObject(nullptr);
+    EXPECT_TRUE(toolbox().getVisible()) << "under the pointer";
+    provider.wantsToolbox = false;
+    diagram.setFocusedObject(chart.get());
+    EXPECT_FALSE(tab()) << "the host wants none";
 }
 
 TEST_F(KXChartToolboxTest, WhatHasNoRoomIsInAMenu)
