@@ -66,6 +66,14 @@ void KXChartLabel::setSelectable(bool selectable)
     });
 }
 
+void KXChartLabel::setTextRoom(const UXRect& room)
+{
+    if (room == m_textRoom)
+        return;
+    m_textRoom = room;
+    invalidate();
+}
+
 void KXChartLabel::selectionChanged()
 {
     UXLabel::selectionChanged();
@@ -135,8 +143,14 @@ UXRect KXChartLabel::customDirtyRect() { return _obtainPaintedRect(); }
 
 void KXChartLabel::drawLabel(UXPainter& painter, const UXDoubleRect&, const UXTextProperty& property)
 {
-    const UXDoubleRect rect = _obtainDrawnRect();
+    UXDoubleRect rect = _obtainDrawnRect();
     UXTextProperty drawn = property;
+    if (m_textRoom.width > 0) {
+        const double left = std::max<double>(rect.x, m_textRoom.x);
+        rect.width = std::max(std::min<double>(uxMaxDoubleX(rect), uxMaxX(m_textRoom)) - left, 0.0);
+        rect.x = left;
+        drawn.option = UXTextOption::EllipsisEnd;
+    }
     drawn.textColor = obtainDrawnColor(property.textColor, KXInteractionEffectTarget::NonFilled);
     drawn.font.size = uxSaturateToInt(std::round(property.font.size * obtainDrawnSizeRatio()));
     if (_showsGlow()) {

@@ -26,6 +26,10 @@ public:
     std::string getIdentifier() const;
     void setIdentifier(const std::string& identifier);
 
+    /** Keeps the text of a label that is larger than its chart inside: an ellipsis stands for the end of it.
+     *  @param room from left to right, in the own space; without width the text is drawn whole */
+    void setTextRoom(const UXRect& room);
+
     // From UXJsonObject, UXObject, UXLabel and KXChartDataAction
     std::string customSerializeTypeID() override;
     void setSelectable(bool selectable) override;
@@ -47,6 +51,7 @@ private:
     UXDoubleRect _obtainDrawnRect() const;
     UXRect _obtainPaintedRect() const;
 
+    UXRect m_textRoom;
     std::string m_defaultText;
     std::string m_identifier;
     bool m_togglesSelection = false; // the handler is installed

@@ -202,6 +202,10 @@ void KXValueChart::_customLayout(UXRect plotArea)
     else if (m_mainLabelAlign != UXTextAlign::Left)
         left += (plotArea.width - width) / 2;
     m_valueLabel->setRect(uxMakeRect(left, plotArea.y, width, height));
+    // A number that is cut at the chart's edge would look like another one.
+    const UXRect content = getContentRect();
+    const bool reachesOut = left < content.x || left > uxMaxX(content) - width;
+    m_valueLabel->setTextRoom(reachesOut ? uxMakeRect(content.x - left, 0, content.width, height) : UXRect());
     registerRightClickMenu(this, [this] { return isInteractionEnabled(); });
 }
 

@@ -14,6 +14,7 @@
 #include "ux/ux_hint_frame.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -131,6 +132,8 @@ TEST_F(KXValueChartTest, ShrinksUntilTheTextIsSmallerThanThePlotArea)
         chart.setFontSize(wanted);
         kxLoad(chart);
         EXPECT_EQ(label().getTextProperty().font.size, expected);
+        EXPECT_EQ(uxPaintToText(chart).find("drawText 0,0,198,") != std::string::npos, letters == 1000)
+            << "what is too wide ends with an ellipsis at the chart's edge";
     }
 
     provider.text.clear();
