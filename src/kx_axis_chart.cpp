@@ -134,6 +134,7 @@ void KXAxisChart::setLinkedMarks(const std::vector<KXAxisChartMark>& marks)
         return;
     m_linkedMarks = marks;
     std::ranges::sort(m_linkedMarks);
+    _placeLinkedTab();
     _repaintMarks();
 }
 
@@ -242,6 +243,7 @@ void KXAxisChart::resetData()
     KXAxisChartDataUser::resetData();
     m_shownSeries.clear();
     m_linkedMarks.clear();
+    m_linkedTab = {};
     m_highlightedSeries.reset();
 }
 
@@ -345,6 +347,7 @@ void KXAxisChart::_visibleCategoriesChanged()
     _forgetHover();
     if (!self.isAlive())
         return;
+    _placeLinkedTab();
     const double first = _getFirstCategory();
     m_firstCategoryText.clear();
     if (first < 1 || !_hasData())

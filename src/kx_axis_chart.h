@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_base.h"
 #include "kx_axis_chart_data_user.h"
+#include "kx_axis_chart_edge_tab.h"
 #include "kx_axis_chart_mark.h"
 #include "kx_chart_data_action.h"
 #include "kx_interaction_chart_object.h"
@@ -121,6 +122,7 @@ protected:
 
     void _axisChartPropertyUpdated(const std::string& key) override;
     void _visibleCategoriesChanged() override;
+    void _paintOverMarks(UXPainter& painter) override;
     void _interactionDisabled() override;
     void _customLayout(UXRect plotArea) override;
     bool customMouseDown(const UXEvent& event, bool& stop) override;
@@ -147,6 +149,7 @@ private:
     bool _hasData();
     void _showHint(const Target& target, UXPoint plotPoint);
     UXHintInfo _makeHint(const Target& target);
+    void _placeLinkedTab();
 
     std::vector<std::uint64_t> m_shownSeries;
     std::set<std::string> m_hiddenSeriesIDs;
@@ -160,6 +163,7 @@ private:
     KXInteractionChartObject m_hoveredObject;
     std::optional<std::uint64_t> m_highlightedSeries;
     std::vector<KXAxisChartMark> m_linkedMarks; // sorted
+    KXAxisChartEdgeTab m_linkedTab;             // where they are scrolled out of sight
 
     // What stood first, to be found again among other data
     std::string m_firstCategoryText;

@@ -45,7 +45,10 @@ KXAxisChartBase::KXAxisChartBase()
          std::initializer_list<KXAxisChartBaseLayer*>{m_gridLayer, m_marksLayer, m_markLabelsLayer})
         m_plot->addChild(layer);
     m_marksLayer->setPaintFunction([this](UXPainter* painter) { _paintMarks(*painter); });
-    m_markLabelsLayer->setPaintFunction([this](UXPainter* painter) { _paintMarkLabels(*painter); });
+    m_markLabelsLayer->setPaintFunction([this](UXPainter* painter) {
+        _paintMarkLabels(*painter);
+        _paintOverMarks(*painter);
+    });
     m_axisChartProperty->registerUpdatedEvents(
         [this](const std::string& key) { _axisChartPropertyUpdated(key); });
 }
@@ -81,6 +84,7 @@ double KXAxisChartBase::_obtainMinCategorySpacing() const
 void KXAxisChartBase::_layoutMarks() {}
 void KXAxisChartBase::_paintMarks(UXPainter&) {}
 void KXAxisChartBase::_paintMarkLabels(UXPainter&) {}
+void KXAxisChartBase::_paintOverMarks(UXPainter&) {}
 void KXAxisChartBase::_visibleCategoriesChanged() {}
 
 KXAxisChartAxis& KXAxisChartBase::_addAxis()

@@ -79,6 +79,8 @@ protected:
     virtual void _paintMarks(UXPainter& painter);
     /** Draws the labels of the marks, over all of them, clipped to the marks' area too. */
     virtual void _paintMarkLabels(UXPainter& painter);
+    /** Draws what stands over marks and labels, clipped likewise. */
+    virtual void _paintOverMarks(UXPainter& painter);
     /** A key of an axis's property changed. */
     virtual void _axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key);
     virtual void _axisChartPropertyUpdated(const std::string& key);

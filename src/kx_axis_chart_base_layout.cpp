@@ -40,6 +40,8 @@ constexpr double leastGridPitch = 4;
 constexpr int endTitleDivider = 4;
 /** Labels neither, across their axis. */
 constexpr int labelDivider = 3;
+/** But beside a small chart they have the room of a word, as far as the marks keep theirs. */
+constexpr int wordLength = 64;
 constexpr int noWrapLineMode = 2;
 
 /** @return extent so that sums of several stay far inside int */
@@ -79,6 +81,15 @@ int obtainHalfLine(const KXAxisChartAxis& axis)
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     return uxSaturateToInt(
         std::ceil(helper->getTextSize("0", axis.property->getTickLabelProperty()).height / 2));
+}
+
+/** @param lies whether the labels' axis lies along x, so that they take height from the plot */
+int obtainGreatestLabelLength(bool lies, const UXRect& plot)
+{
+    if (lies)
+        return std::max(plot.height / labelDivider, 1);
+    const int beside = leastAreaBesideLabels.width + labelGap + barExtent;
+    return std::max({plot.width / labelDivider, std::min(wordLength, plot.width - beside), 1});
 }
 
 /** @return the rectangle of the axis's line, at its side of the marks */
@@ -198,16 +209,18 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         labels.setTickInterval(axis.cache.tickInterval);
         labels.setTextProperty(property.getTickLabelProperty());
         labels.setTickLabelRotationType(property.getTickLabelRotationType());
-        // Numbers are thinned out instead of turned, and stay below their lines of the grid.
+        // Numbers are thinned out instead of turned, where they may be, and stay below their lines of the
+        // grid.
         const bool isCategories = &axis == _obtainScrolledAxis();
-        labels.setAutoRotateLabels(isCategories && plot.height / labelDivider >= leastTurnedLength);
+        const bool mayTurn = isCategories ||
+                             property.getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Auto;
+        labels.setAutoRotateLabels(mayTurn && plot.height / labelDivider >= leastTurnedLength);
         labels.setShowLabelInBound(isCategories && axis.isHorizontal());
         labels.setTickLabelIntervalMode(property.getTickLabelIntervalMode());
         labels.setUseFixedTickLabelIntervalForAutoIntervalMode(
             property.getUseFixedTickLabelIntervalForAutoIntervalMode());
         labels.setTickLabelInterval(property.getTickLabelInterval());
-        labels.setMaxLabelLength(
-            std::max((axis.isHorizontal() ? plot.height : plot.width) / labelDivider, 1));
+        labels.setMaxLabelLength(obtainGreatestLabelLength(axis.isHorizontal(), plot));
         if (labels.getVisible() && std::exchange(axis.ticksChanged, false))
             labels.reloadData();
     }
@@ -282,7 +295,7 @@ UXRect KXAxisChartBase::_obtainArea(const Bands& bands, bool scrolls) const
     UXRect area(left, top, std::max(plot.width - left - beside, 0), std::max(plot.height - top - below, 0));
     for (const auto& axis : m_axes) {
         const int length = axis->property->getAxisLength();
-        if (!axis->isUsed || length < 0)
+        if (!axis->isUsed || length <= 0)
             continue;
         if (axis->isHorizontal()) {
             area.width = std::min(area.width, length);

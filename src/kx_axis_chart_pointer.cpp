@@ -201,11 +201,29 @@ KXHighlightResult KXAxisChart::showLinkedHighlight(const KXChartDataPath& path, 
     UXHintInfo info = _makeHint({first.category, marks.size() == 1 ? std::optional(first) : std::nullopt});
     if (!self.isAlive())
         return KXHighlightResult::Highlighted;
-    const UXPoint point = _obtainHintPoint(first);
-    if (info.enabled && uxPointInRect(point, getMarksArea()))
-        showLinkedHighlightHint(&info, getPlot(), point, control);
+    // Of a mark out of sight the hint stands at the edge behind which it lies.
+    const UXRect& area = getMarksArea();
+    if (info.enabled && !uxIsEmptyRect(area)) {
+        const UXPoint point = _obtainHintPoint(first);
+        showLinkedHighlightHint(&info, getPlot(),
+                                {std::clamp(point.x, area.x, uxMaxX(area) - 1),
+                                 std::clamp(point.y, area.y, area.getBottom() - 1)},
+                                control);
+    }
     return KXHighlightResult::Highlighted;
 }
+
+/** Linked marks never scroll the chart, which stays where its reader has left it: a tab says where they are.
+ */
+void KXAxisChart::_placeLinkedTab()
+{
+    m_linkedTab = m_linkedMarks.empty()
+                      ? KXAxisChartEdgeTab()
+                      : KXAxisChartEdgeTab::make(getMarksArea(), _obtainHintPoint(m_linkedMarks.front()),
+                                                 isVertical());
+}
+
+void KXAxisChart::_paintOverMarks(UXPainter& painter) { m_linkedTab.paint(painter); }
 
 void KXAxisChart::hideLinkedHighlight(UXControl* control)
 {

@@ -165,7 +165,8 @@ void kxSetAxisDimension(KXAxisChartAxisCacheData& cache, KXChartDataType type)
     cache.isNumberDimension = type == KXChartDataType::Integer || type == KXChartDataType::Float;
     cache.isTemporalDimension = type == KXChartDataType::Date || type == KXChartDataType::Time ||
                                 type == KXChartDataType::DateTime;
-    // Between whole numbers that lie closer together than the wanted ticks there are no others to show.
+    // The interval of the wanted ticks would lie below 1, and there is nothing between whole numbers: the
+    // axis of so few of them shows its two ends.
     cache.isSmallRange = type == KXChartDataType::Integer;
     cache.needsUpdate = true;
 }

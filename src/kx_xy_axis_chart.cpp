@@ -163,7 +163,25 @@ void KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis, const std::vector<s
 void KXXYAxisChart::_updateDefaultTitles()
 {
     m_x.property->setDefaultTitleValue(getCategoryDimensionLabel());
-    m_y.property->setDefaultTitleValue(getMeasureLabel());
+    m_y.property->setDefaultTitleValue(_obtainProposedTitle(m_y));
+    m_secondaryY.property->setDefaultTitleValue(_obtainProposedTitle(m_secondaryY));
+}
+
+/** One measure names each axis that its series stand on; of several, one that has an axis to itself does.
+ * Shown or not makes no difference, so that switching a series off changes no title. */
+std::string KXXYAxisChart::_obtainProposedTitle(const KXAxisChartAxis& axis) const
+{
+    if (!getMeasureLabel().empty())
+        return getMeasureLabel();
+    std::optional<std::uint64_t> only;
+    for (std::uint64_t series = 0; series < getSeriesCount(); ++series) {
+        if (&_obtainValueAxis(series) != &axis)
+            continue;
+        if (only)
+            return {};
+        only = series;
+    }
+    return only ? getSeriesLabel(*only) : std::string();
 }
 
 void KXXYAxisChart::_axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key)
@@ -206,7 +224,8 @@ void KXXYAxisChart::_setCategoryScale()
 {
     KXAxis& axis = *m_x.axis;
     const KXAxisChartAxisCacheData& cache = m_x.cache;
-    const int length = m_x.property->getAxisLength();
+    // Where all categories are to be seen at once, a longer axis than there is room for fills the room.
+    const int length = getAxisChartProperty()->getEnableScroll() ? m_x.property->getAxisLength() : 0;
     axis.setShiftHalfValueSpacing(!m_isContinuous);
     if (m_isContinuous) {
         // Half a category's room on both sides, so that marks at the ends are whole.

@@ -113,6 +113,7 @@ private:
     void _updateCategoryRange();
     void _updateValueRange(KXAxisChartAxis& axis, const std::vector<std::uint64_t>& series);
     void _updateDefaultTitles();
+    std::string _obtainProposedTitle(const KXAxisChartAxis& axis) const;
     void _placeSides();
     void _setCategoryScale();
     std::string _obtainCategoryTickText(double value);

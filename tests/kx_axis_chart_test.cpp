@@ -187,6 +187,16 @@ TEST(KXAxisChart, LabelsTakeTheirRoomFromTheMarks)
     EXPECT_EQ(upright.getMarksArea(), UXRect(44, 0, 256, 33)) << "no room for the categories' labels";
     upright.resize(50, 40);
     EXPECT_EQ(upright.getMarksArea(), UXRect(0, 0, 48, 38)) << "no room for labels";
+
+    provider.categoryText = [](std::uint64_t) { return "eighteen letters in"; };
+    lying.resize(152, 122);
+    kxLoad(lying);
+    EXPECT_EQ(lying.getMarksArea().x, 69) << "more than a third, for a word's length of the label";
+    EXPECT_EQ(uxPaintToText(lying).find("rotate"), std::string::npos) << "numbers are thinned out";
+    lying.getYAxisProperty()->updateTickLabelIntervalMode(KXAxisTickLabelIntervalMode::All);
+    lying.getYDataFormat()->updateSuffix(" EUR");
+    lying.resize(202, 202);
+    EXPECT_NE(uxPaintToText(lying).find("rotate"), std::string::npos) << "unless all of them are wanted";
 }
 
 TEST(KXAxisChart, LabelsAreAskedForWhereTheyAreSeen)
@@ -258,6 +268,12 @@ TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
     kxLoad(chart);
     EXPECT_EQ(chart.bars.size(), 1000);
     EXPECT_FALSE(plot.hasScrollBars());
+    chart.getXAxisProperty()->updateAxisLength(9000);
+    chart.layout();
+    EXPECT_EQ(chart.bars.size(), 1000) << "all at once, also where a longer axis is wanted";
+    chart.getXAxisProperty()->updateAxisLength(0);
+    chart.layout();
+    EXPECT_EQ(chart.getMarksArea().height, 200) << "no length of its own";
 }
 
 TEST(KXAxisChart, ContinuousCategoriesLieAtTheirNumbers)
@@ -404,6 +420,62 @@ TEST(KXAxisChart, ClicksMenusAndLinksNameTheMark)
         EXPECT_EQ(chart.isHighlighting(), !marks.empty());
         chart.hideLinkedHighlight(nullptr);
         EXPECT_FALSE(chart.isHighlighting() || chart.getHintVisible());
+    }
+}
+
+TEST(KXAxisChart, ATabSaysWhereLinkedMarksAreThatNobodySees)
+{
+    struct Case {
+        const char* name;
+        std::int64_t offset;
+        bool hasTab;
+    };
+    // 100 categories of 14 units, of which the marks' area shows 22 across and 14 along.
+    const Case cases[] = {
+        {"behind the end", 0, true},
+        {"seen", 700, false},
+        {"behind the start", 728, true},
+    };
+    KXAxisChartTestProvider provider;
+    provider.values = {std::vector<double>(100, 1)};
+    provider.categoryCount = 100;
+    KXChartDataPath path;
+    path.valueIndexPath = {0, 50};
+    for (const Case& c : cases) {
+        for (const bool isVertical : {true, false}) {
+            SCOPED_TRACE(testing::Message() << c.name << isVertical);
+            BarsChart chart(provider);
+            if (!isVertical)
+                chart.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
+            kxLoad(chart);
+            chart.showLinkedHighlight(path, nullptr);
+            UXVirtualScrollView& plot = *chart.getPlot();
+            isVertical ? plot.setContentOffsetX(c.offset) : plot.setContentOffsetY(c.offset);
+            const std::string painted = uxPaintToText(chart);
+            EXPECT_EQ(painted.find("0.85") != std::string::npos, c.hasTab);
+            chart.showLinkedHighlight(path, nullptr);
+            EXPECT_TRUE(chart.getHintVisible()) << "at the edge, too";
+            EXPECT_EQ(isVertical ? plot.getContentOffsetX() : plot.getContentOffsetY(), c.offset)
+                << "where the reader has scrolled to";
+        }
+    }
+}
+
+TEST(KXAxisChart, AMeasureWithAnAxisToItselfNamesIt)
+{
+    class SplitChart : public BarsChart {
+    public:
+        using BarsChart::BarsChart;
+        bool isSeriesOnSecondaryAxis(std::uint64_t series) const override { return series > 0; }
+    };
+    KXAxisChartTestProvider provider;
+    for (const auto& [count, first, second] : std::vector<std::tuple<int, std::string, std::string>>{
+             {1, "s0", "s0"}, {2, "s0", "s1"}, {3, "s0", ""}}) {
+        provider.values.assign(static_cast<std::size_t>(count), {1, 2, 3});
+        SplitChart chart(provider);
+        kxLoad(chart);
+        EXPECT_EQ(chart.getYAxisProperty()->getDefaultTitleValue(), first);
+        EXPECT_EQ(chart.getSecondaryYAxisProperty()->getDefaultTitleValue(), second);
     }
 }
 
