@@ -1,32 +1,40 @@
 #pragma once
 
-#include <cstdint>
-#include <filesystem>
-#include <string>
-#include <sys/types.h>
-#include <vector>
+#include "host_child_process.h"
 
-/** A database server of its own, on the loopback address and in a temporary folder, from construction to
- * destruction. The server refuses to run as root; a root test runs it as the user "postgres" or "nobody". */
+#include <csignal>
+#include <sstream>
+
+/** A database server of its own on the loopback address, from construction to destruction, made and removed
+ * by the tool that PostgreSQL's packages have for tests. */
 class PostgresqlServer {
 public:
-    PostgresqlServer();
-    ~PostgresqlServer();
+    PostgresqlServer()
+    {
+        const std::vector<std::string> lines = m_tool.readTo("ready ");
+        std::istringstream last(lines.empty() ? "" : lines.back());
+        std::string word, port, user, password;
+        if (!(last >> word >> m_sleeper >> port >> user >> password) || word != "ready")
+            return;
+        m_connection = "postgresql://host=localhost port=" + port + " user=" + user +
+                       " password=" + password + " dbname=postgres";
+    }
+    ~PostgresqlServer()
+    {
+        if (m_sleeper > 0 && kill(m_sleeper, SIGTERM) == 0)
+            m_tool.hasEnded();
+    }
     PostgresqlServer(const PostgresqlServer&) = delete;
     PostgresqlServer& operator=(const PostgresqlServer&) = delete;
 
-    /** @return why it does not run, empty when it does */
-    const std::string& getProblem() const { return m_problem; }
-    std::string getConnection() const;
+    /** @return how to connect to the server, empty where there is none */
+    const std::string& getConnection() const { return m_connection; }
 
 private:
-    std::string _findPrograms() const;
-    pid_t _start(const std::vector<std::string>& command) const;
-    bool _run(const std::vector<std::string>& command) const;
-    void _waitForServer();
-
-    std::string m_problem;
-    std::filesystem::path m_folder;
-    std::uint16_t m_port = 0;
-    pid_t m_server = -1;
+    // However this test ends, the server ends some time. A port of its own keeps it off other tests' servers.
+    ChildProcess m_tool{{"pg_virtualenv", "-t", "-c", "--locale C -e UTF8", "sh", "-c",
+                         "echo ready $$ $PGPORT $PGUSER $PGPASSWORD; exec sleep 250"},
+                        {"PGPORT=" + std::to_string(20000 + getpid() % 30000)}};
+    pid_t m_sleeper = -1;
+    std::string m_connection;
 };

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <limits>
+#include <tuple>
 
 #include "csv_importer.h"
 #include "data_binding_reader.h"
@@ -45,16 +46,7 @@ const char* const visits = "day,place,score\n2024-03-01,x,1\n2024-03-01,y,\n2024
 
 TEST(HostSqlDataProvider, OneValueOfAnyType)
 {
-    struct Case {
-        const char* name;
-        std::string measure;
-        Type type;
-        int level;
-        bool isNull;
-        double number;
-        std::string text;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::string, Type, int, bool, double, std::string> cases[] = {
         {"sum", R"("column": "score", "aggregate": "sum")", Type::Integer, 6, false, 13, "13"},
         {"average", R"("column": "score", "aggregate": "average")", Type::Float, 6, false, 2.6, "2.6"},
         {"count", R"("aggregate": "count")", Type::Integer, 6, false, 6, "6"},
@@ -63,18 +55,18 @@ TEST(HostSqlDataProvider, OneValueOfAnyType)
         {"null", R"("column": "score", "aggregate": "sum"}], "filters": [{"column": "score", "is": "isNull")",
          Type::Integer, 6, true, 0, "none"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        PreparedProvider prepared(visits, R"({"nullText": "none", "measures": [{)" + c.measure + "}]}");
+    for (const auto& [name, measure, type, level, isNull, number, text] : cases) {
+        SCOPED_TRACE(name);
+        PreparedProvider prepared(visits, R"({"nullText": "none", "measures": [{)" + measure + "}]}");
         SqlDataProvider& provider = prepared.get();
         EXPECT_EQ(provider.getError(), "");
         EXPECT_FALSE(provider.obtainDataIsEmpty(nullptr));
         EXPECT_EQ(provider.obtainValueCount(nullptr), 1U);
-        EXPECT_EQ(provider.obtainValueDataType(nullptr, {0}), c.type);
-        EXPECT_EQ(static_cast<int>(provider.obtainValueAggregateType(nullptr, {0})), c.level);
-        EXPECT_EQ(provider.obtainValueDataIsNull(nullptr, {0, 0}), c.isNull);
-        EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), c.number);
-        EXPECT_EQ(provider.obtainValueDataString(nullptr, {0, 0}), c.text);
+        EXPECT_EQ(provider.obtainValueDataType(nullptr, {0}), type);
+        EXPECT_EQ(static_cast<int>(provider.obtainValueAggregateType(nullptr, {0})), level);
+        EXPECT_EQ(provider.obtainValueDataIsNull(nullptr, {0, 0}), isNull);
+        EXPECT_EQ(provider.obtainValueData(nullptr, {0, 0}), number);
+        EXPECT_EQ(provider.obtainValueDataString(nullptr, {0, 0}), text);
     }
 }
 
@@ -121,13 +113,7 @@ TEST(HostSqlDataProvider, MembersAndCells)
         EXPECT_EQ(provider.obtainPreviousValidDimensionIndex(nullptr, path), m.previous);
     }
 
-    struct Cell {
-        const char* name;
-        KXIndexPath path;
-        bool isEmpty, isNull, isGenerated;
-        double number;
-    };
-    const Cell cells[] = {
+    const std::tuple<const char*, KXIndexPath, bool, bool, bool, double> cells[] = {
         {"x on the first day", {0, 0, 0}, false, false, false, 1},
         {"a null score", {0, 0, 1}, false, true, true, 0},
         {"counted all the same", {1, 0, 1}, false, false, true, 1},
@@ -139,12 +125,12 @@ TEST(HostSqlDataProvider, MembersAndCells)
         {"too short", {0, 0}, true, true, false, 0},
         {"empty", {}, true, true, false, 0},
     };
-    for (const Cell& c : cells) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(provider.obtainValueDataIsEmpty(nullptr, c.path), c.isEmpty);
-        EXPECT_EQ(provider.obtainValueDataIsNull(nullptr, c.path), c.isNull);
-        EXPECT_EQ(provider.obtainValueDataIsGenerated(nullptr, c.path), c.isGenerated);
-        EXPECT_EQ(provider.obtainValueData(nullptr, c.path), c.number);
+    for (const auto& [name, path, isEmpty, isNull, isGenerated, number] : cells) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(provider.obtainValueDataIsEmpty(nullptr, path), isEmpty);
+        EXPECT_EQ(provider.obtainValueDataIsNull(nullptr, path), isNull);
+        EXPECT_EQ(provider.obtainValueDataIsGenerated(nullptr, path), isGenerated);
+        EXPECT_EQ(provider.obtainValueData(nullptr, path), number);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -39,12 +40,7 @@ UXEvent makeZoomWheel(double notches)
 
 TEST(HostView, CellsFillTheRoomAndStayLargeEnough)
 {
-    struct Case {
-        std::size_t count;
-        UXSize room, size;
-        std::vector<UXRect> cells;
-    };
-    const Case cases[] = {
+    const std::tuple<std::size_t, UXSize, UXSize, std::vector<UXRect>> cases[] = {
         {0, {500, 300}, {500, 300}, {}},
         {1, {500, 300}, {500, 300}, {{12, 12, 476, 276}}},
         {2, {1000, 300}, {1000, 300}, {{12, 12, 482, 276}, {506, 12, 482, 276}}},
@@ -52,11 +48,11 @@ TEST(HostView, CellsFillTheRoomAndStayLargeEnough)
         {3, {1000, 612}, {1000, 612}, {{12, 12, 976, 288}, {12, 312, 482, 288}, {506, 312, 482, 288}}},
         {2, {1, 1}, {264, 356}, {{12, 12, 240, 160}, {12, 184, 240, 160}}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.count << " in " << c.room.width << "x" << c.room.height);
-        const ViewGrid grid = arrangeViewGrid(c.count, c.room);
-        EXPECT_EQ(grid.size, c.size);
-        EXPECT_EQ(grid.cells, c.cells);
+    for (const auto& [count, room, size, cells] : cases) {
+        SCOPED_TRACE(testing::Message() << count << " in " << room.width << "x" << room.height);
+        const ViewGrid grid = arrangeViewGrid(count, room);
+        EXPECT_EQ(grid.size, size);
+        EXPECT_EQ(grid.cells, cells);
     }
 }
 

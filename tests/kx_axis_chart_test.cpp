@@ -502,10 +502,6 @@ TEST(KXAxisChart, ChangesReachTheStepThatTheyTouch)
     EXPECT_EQ(chart.getMarksArea().height, 50);
     EXPECT_EQ(provider.asked["value"], pulled);
 
-    BarsChart copy(provider);
-    EXPECT_TRUE(copy.deserialize(chart.serialize()));
-    EXPECT_EQ(copy.serialize(), chart.serialize());
-
     BarsChart reset(provider);
     chart.getYDataFormat()->updatePrefix("about ");
     reset.customResetProperties(KXChartResetType::Style, &chart,

@@ -34,18 +34,6 @@ TEST(KXAxisProperty, TheFontColorIsPartOfTheTickLabels)
     EXPECT_EQ(property.getTickLabelProperty().font.size, 13);
 }
 
-TEST(KXAxisProperty, PercentagesNeedBothFlags)
-{
-    for (const bool isStacked : {false, true}) {
-        for (const bool isPercentage : {false, true}) {
-            KXAxisProperty property;
-            property.setIsStacked(isStacked);
-            property.setIs100PercentStacked(isPercentage);
-            EXPECT_EQ(property.obtainIs100PercentStacked(), isStacked && isPercentage);
-        }
-    }
-}
-
 TEST(KXAxisProperty, AResetTakesTheKeysOfItsGroups)
 {
     const KXKeys groups{"AxisRange", "AxisTick",  "Stack", "Axis",

@@ -10,6 +10,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -59,40 +60,35 @@ Scale resolve(KXAxisProperty& property, KXAxisChartAxisCacheData cache, bool rou
 
 TEST(KXAxisScale, SuitableRange)
 {
-    struct Case {
-        double amount, range, interval;
-    };
-    const Case cases[] = {
-        {0, 0, 0},
-        {9.9e-9, 0, 0},
-        {-5, 0, 0},
-        {NAN, 0, 0},
-        {1, 1, 1},
-        {1.5, 2, 1},
-        {1.6, 2, 2},
-        {2, 2, 2},
-        {2.5, 5, 2},
-        {3, 5, 2},
-        {3.1, 5, 5},
-        {5, 5, 5},
-        {7, 10, 5},
-        {7.1, 10, 10},
-        {96, 100, 100},
-        {1000, 1000, 1000},
-        {0.001, 0.001, 0.001},
-        {1e-5, 1e-5, 1e-5},
-        {0.00004, 0.00005, 0.00005},
-        {0.3, 0.5, 0.2},
-        {1e-8, 1e-8, 1e-8},
-        {1e308, 1e308, 1e308},
-        {1.2e308, largest, 1e308},
-        {1.7e308, largest, largest},
-        {inf, largest, largest},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.amount);
-        EXPECT_EQ(kxCalculateSuitableRange(c.amount, false), c.range);
-        EXPECT_EQ(kxCalculateSuitableRange(c.amount, true), c.interval);
+    const std::tuple<double, double, double> cases[] = {{0, 0, 0},
+                                                        {9.9e-9, 0, 0},
+                                                        {-5, 0, 0},
+                                                        {NAN, 0, 0},
+                                                        {1, 1, 1},
+                                                        {1.5, 2, 1},
+                                                        {1.6, 2, 2},
+                                                        {2, 2, 2},
+                                                        {2.5, 5, 2},
+                                                        {3, 5, 2},
+                                                        {3.1, 5, 5},
+                                                        {5, 5, 5},
+                                                        {7, 10, 5},
+                                                        {7.1, 10, 10},
+                                                        {96, 100, 100},
+                                                        {1000, 1000, 1000},
+                                                        {0.001, 0.001, 0.001},
+                                                        {1e-5, 1e-5, 1e-5},
+                                                        {0.00004, 0.00005, 0.00005},
+                                                        {0.3, 0.5, 0.2},
+                                                        {1e-8, 1e-8, 1e-8},
+                                                        {1e308, 1e308, 1e308},
+                                                        {1.2e308, largest, 1e308},
+                                                        {1.7e308, largest, largest},
+                                                        {inf, largest, largest}};
+    for (const auto& [amount, range, interval] : cases) {
+        SCOPED_TRACE(amount);
+        EXPECT_EQ(kxCalculateSuitableRange(amount, false), range);
+        EXPECT_EQ(kxCalculateSuitableRange(amount, true), interval);
     }
 }
 
@@ -158,12 +154,7 @@ TEST(KXAxisScale, WhatTheUserSets)
 
 TEST(KXAxisScale, TicksOfAnyScale)
 {
-    struct Case {
-        const char* name;
-        double min, max, interval;
-        int count;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, double, double, double, int> cases[] = {
         {"a part of an interval", 0, 0.9, 1, 0},
         {"one interval", 0, 1, 1, 2},
         {"a division with noise", 0, 0.6, 0.2, 4},
@@ -176,9 +167,9 @@ TEST(KXAxisScale, TicksOfAnyScale)
         {"no end", 0, inf, 1, largestCount},
         {"a length beyond double", -1e308, 1e308, 5e307, 5},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(kxObtainAxisTickCount(makeScale(c.min, c.max, c.interval)), c.count);
+    for (const auto& [name, min, max, interval, count] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(kxObtainAxisTickCount(makeScale(min, max, interval)), count);
     }
     KXAxisChartAxisCacheData categories;
     categories.isValueAxis = false;

@@ -13,6 +13,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -90,57 +91,45 @@ TEST(KXAxis, ValuesFillTheRectangleInEachDirection)
 
 TEST(KXAxis, Scrolling)
 {
-    struct Case {
-        const char* name;
-        Notation notation;
-        std::int64_t offset;
-        double first, last;
-        UXPoint ofMin, ofMax;
-    };
     const Notation& right = notations[0];
     const Notation& up = notations[2];
-    const Case cases[] = {
+    const std::tuple<const char*, Notation, std::int64_t, double, double, UXPoint, UXPoint> cases[] = {
         {"horizontal, at the minimum", right, 0, 0, 5, {10, 120}, {410, 120}},
         {"horizontal, at the maximum", right, 200, 5, 10, {-190, 120}, {210, 120}},
         {"vertical, at the maximum", up, 0, 7.5, 10, {10, 420}, {10, 20}},
         {"vertical, at the minimum", up, 300, 0, 2.5, {10, 120}, {10, -280}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, notation, offset, first, last, ofMin, ofMax] : cases) {
+        SCOPED_TRACE(name);
         KXAxis axis;
-        setUp(axis, c.notation, 0, 10);
+        setUp(axis, notation, 0, 10);
         axis.setMinValueSpacing(40);
-        axis.setOffset(c.offset);
-        EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(c.first, c.last));
-        EXPECT_EQ(axis.obtainValuePositionInAxis(0), c.ofMin);
-        EXPECT_EQ(axis.obtainValuePositionInAxis(10), c.ofMax);
+        axis.setOffset(offset);
+        EXPECT_EQ(axis.obtainCurrentFirstLastValues(), std::pair(first, last));
+        EXPECT_EQ(axis.obtainValuePositionInAxis(0), ofMin);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(10), ofMax);
         axis.setOffset(77);
-        EXPECT_EQ(axis.obtainValuePositionInAxis(0, c.offset), c.ofMin) << "a given offset counts alone";
+        EXPECT_EQ(axis.obtainValuePositionInAxis(0, offset), ofMin) << "a given offset counts alone";
     }
 }
 
 TEST(KXAxis, ExtraLengthStandsBeyondTheMaximum)
 {
-    struct Case {
-        Notation notation;
-        bool toTheEnd;
-        UXPoint ofMin, ofMax;
-    };
-    const Case cases[] = {
+    const std::tuple<Notation, bool, UXPoint, UXPoint> cases[] = {
         {notations[0], true, {10, 120}, {170, 120}},  {notations[1], true, {210, 120}, {50, 120}},
         {notations[1], false, {170, 120}, {10, 120}}, {notations[2], true, {10, 120}, {10, 60}},
         {notations[2], false, {10, 80}, {10, 20}},    {notations[3], true, {10, 20}, {10, 80}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.notation.name);
+    for (const auto& [notation, toTheEnd, ofMin, ofMax] : cases) {
+        SCOPED_TRACE(notation.name);
         KXAxis axis;
-        setUp(axis, c.notation, 0, 10);
-        axis.setApplyExtralengthToTheEnd(c.toTheEnd);
+        setUp(axis, notation, 0, 10);
+        axis.setApplyExtralengthToTheEnd(toTheEnd);
         axis.setExtraLength("labels", 25);
         axis.setExtraLength("marks", 15);
         EXPECT_EQ(axis.obtainTotalExtraLength(), 40);
-        EXPECT_EQ(axis.obtainValuePositionInAxis(0), c.ofMin);
-        EXPECT_EQ(axis.obtainValuePositionInAxis(10), c.ofMax);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(0), ofMin);
+        EXPECT_EQ(axis.obtainValuePositionInAxis(10), ofMax);
     }
     KXAxis axis;
     axis.setExtraLength("a", -3);
@@ -226,11 +215,7 @@ TEST(KXAxis, ADelegateMayChangeTheAxisOrDestroyIt)
     EXPECT_EQ(listener.lengths.size(), 2u);
     axis.setDelegate(nullptr);
 
-    struct Case {
-        std::function<void(KXAxis*)> call;
-        bool tellsOfVisibleValues;
-    };
-    const Case cases[] = {
+    const std::tuple<std::function<void(KXAxis*)>, bool> cases[] = {
         {[](KXAxis* lost) { lost->update(); }, true},
         {[](KXAxis* lost) { lost->reloadData(); }, true},
         {[](KXAxis* lost) { lost->layout(); }, true},
@@ -241,9 +226,9 @@ TEST(KXAxis, ADelegateMayChangeTheAxisOrDestroyIt)
         {[](KXAxis* lost) { EXPECT_FALSE(lost->isScrollable()); }, false},
         {[](KXAxis* lost) { EXPECT_EQ(lost->obtainActualOffset(1), 1); }, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& [call, tellsOfVisibleValues] : cases) {
         for (const bool isByLength : {true, false}) {
-            if (!isByLength && !c.tellsOfVisibleValues)
+            if (!isByLength && !tellsOfVisibleValues)
                 continue;
             Listener destroyer;
             bool isGone = false;
@@ -254,7 +239,7 @@ TEST(KXAxis, ADelegateMayChangeTheAxisOrDestroyIt)
             auto* lost = new KXAxis;
             lost->setDelegate(&destroyer);
             setUp(*lost, notations[2], 0, 10);
-            c.call(lost);
+            call(lost);
             EXPECT_TRUE(isGone);
         }
     }

@@ -2,21 +2,22 @@
 
 #include "kx_axis.h"
 #include "kx_axis_tick_label_view_delegate.h"
-#include "kx_json_object_factory.h"
+#include "kx_test_input.h"
 #include "ux/ux_color.h"
-#include "ux/ux_event.h"
 #include "ux/ux_label.h"
 #include "ux/ux_rect_functions.h"
 #include "ux_fixed_measurer.h"
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
 #include <functional>
 #include <limits>
 #include <memory>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -97,9 +98,7 @@ public:
     /** @return the title of the hint at a point of the view, empty for none */
     std::string hintAt(UXPoint point)
     {
-        UXEvent event(UXEventType::MouseMove);
-        event.setMousePoint(view->translatePoint(point, view, &root));
-        view->mouseMove(event);
+        KXTestInput{*view}.move(view->translatePoint(point, view, &root));
         return isAlive.isAlive() && view->getHintVisible() ? view->getHintInfo().title : "";
     }
 
@@ -257,28 +256,21 @@ TEST(KXAxisTickLabelView, ShownLabels)
     }
 
     // A longer label widens the steps up to 100 units, and is then cut at what its neighbours leave.
-    for (const std::size_t letters : {std::size_t{16}, std::size_t{40}}) {
+    for (const std::size_t letters : {16u, 40u}) {
         Labels labels;
         labels.widenView().setTicks(8, 30, 2).setMode(Mode::Auto).text = [letters](double value) {
             return std::to_string(static_cast<int>(value)) + std::string(value == 4 ? letters : 1, 'x');
         };
         labels.view->setTickLabelRotationType(Horizontal);
-        const bool isCut = letters == 40;
-        EXPECT_EQ(labels.values(), isCut ? std::vector<int>({0, 4}) : std::vector<int>({0, 3, 6}));
+        EXPECT_EQ(labels.values(), letters == 40 ? std::vector<int>({0, 4}) : std::vector<int>({0, 3, 6}));
     }
 }
 
 TEST(KXAxisTickLabelView, BandLength)
 {
-    struct Case {
-        const char* name;
-        UXPosition position;
-        Rotation rotation;
-        int custom, most;
-        int expected; // 40 x 10
-    };
     using enum Rotation;
-    const Case cases[] = {
+    // expected: 40 x 10
+    const std::tuple<const char*, UXPosition, Rotation, int, int, int> cases[] = {
         {"upright", UXPosition::Bottom, Horizontal, -1, -1, 10},
         {"vertical", UXPosition::Top, Vertical, -1, -1, 40},
         {"sloping", UXPosition::Bottom, Degrees45, -1, -1, 36},
@@ -286,14 +278,14 @@ TEST(KXAxisTickLabelView, BandLength)
         {"at most", UXPosition::Left, Auto, -1, 30, 30},
         {"custom, whatever is at most", UXPosition::Left, Auto, 70, 30, 70},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        Labels labels(c.position);
+    for (const auto& [name, position, rotation, custom, most, expected] : cases) {
+        SCOPED_TRACE(name);
+        Labels labels(position);
         labels.setTicks(5, 100, 8);
-        labels.view->setTickLabelRotationType(c.rotation);
-        labels.view->setCustomLabelLength(c.custom);
-        labels.view->setMaxLabelLength(c.most);
-        EXPECT_EQ(labels.view->obtainLabelLength(), c.expected);
+        labels.view->setTickLabelRotationType(rotation);
+        labels.view->setCustomLabelLength(custom);
+        labels.view->setMaxLabelLength(most);
+        EXPECT_EQ(labels.view->obtainLabelLength(), expected);
     }
     // Scrolled to shorter labels, the band stays; shorter data make it shorter.
     Labels labels(UXPosition::Left, 100);
@@ -346,8 +338,7 @@ TEST(KXAxisTickLabelView, LabelsStandAtTheirTicksInsideTheView)
         ASSERT_EQ(labels.shown().size(), 1u);
         EXPECT_EQ(labels.shown()[0]->getText(), c.text);
         const UXRect rect = labels.shown()[0]->getRect();
-        EXPECT_TRUE(rect == c.expected)
-            << rect.x << "," << rect.y << " " << rect.width << " x " << rect.height;
+        EXPECT_EQ(rect, c.expected);
         const bool isCut = c.text.ends_with("\u2026");
         const UXPoint middle(rect.x + rect.width / 2, rect.y + rect.height / 2);
         EXPECT_EQ(labels.hintAt(middle), isCut ? labels.text(c.value) : "");
@@ -356,59 +347,47 @@ TEST(KXAxisTickLabelView, LabelsStandAtTheirTicksInsideTheView)
 
 TEST(KXAxisTickLabelView, LabelsKeepOffTheScrollBar)
 {
-    struct Case {
-        const char* name;
-        UXRect bar, expected;
-        bool isNextTo;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, UXRect, UXRect, bool> cases[] = {
         {"none", {}, {0, 0, 1000, 80}, false},
         {"below the labels", {100, 288, 1000, 12}, {0, 0, 1000, 68}, true},
         {"between axis and labels", {100, 214, 1000, 12}, {0, 6, 1000, 74}, true},
         {"to the right", {1090, 220, 12, 80}, {0, 0, 990, 80}, true},
         {"beyond the view", {100, 300, 1000, 12}, {0, 0, 1000, 80}, false},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, bar, expected, isNextTo] : cases) {
+        SCOPED_TRACE(name);
         Labels labels;
         labels.setTicks(5, 200, 8);
         labels.view->setTickLabelRotationType(Rotation::Vertical);
-        labels.view->setScrollBarRect(c.bar);
-        EXPECT_EQ(labels.view->isNextToScrollBar(), c.isNextTo);
-        EXPECT_TRUE(labels.view->obtainContentRectWithoutScrollBar() == c.expected);
+        labels.view->setScrollBarRect(bar);
+        EXPECT_EQ(labels.view->isNextToScrollBar(), isNextTo);
+        EXPECT_TRUE(labels.view->obtainContentRectWithoutScrollBar() == expected);
         for (const UXLabel* label : labels.shown())
-            EXPECT_TRUE(uxContainsRect(c.expected, label->getRect()));
+            EXPECT_TRUE(uxContainsRect(expected, label->getRect()));
     }
 }
 
 TEST(KXAxisTickLabelView, TheLastLabelGetsItsRoomAtTheEnd)
 {
-    struct Case {
-        const char* name;
-        UXPosition position;
-        std::size_t letters;
-        bool considers, inBound;
-        double expected;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, UXPosition, std::size_t, bool, bool, double> cases[] = {
         {"half of an upright label", UXPosition::Bottom, 8, true, false, 20},
         {"half a line", UXPosition::Left, 8, true, false, 5},
         {"the chart has room", UXPosition::Bottom, 8, false, false, 0},
         {"it moves inside", UXPosition::Bottom, 8, true, true, 0},
         {"no more than a quarter", UXPosition::Bottom, 100, true, false, 100},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        Labels labels(c.position, 400);
-        labels.considersEnd = c.considers;
+    for (const auto& [name, position, letters, considers, inBound, expected] : cases) {
+        SCOPED_TRACE(name);
+        Labels labels(position, 400);
+        labels.considersEnd = considers;
         labels.keepsExtraLength = true;
-        labels.setTicks(3, -1, c.letters);
+        labels.setTicks(3, -1, letters);
         labels.axis->setMaxValue(2);
         labels.view->setAutoRotateLabels(false);
-        labels.view->setShowLabelInBound(c.inBound);
+        labels.view->setShowLabelInBound(inBound);
         labels.view->layout();
-        EXPECT_EQ(labels.requests.back(), c.expected);
-        EXPECT_EQ(labels.axis->getExtraLength(labels.view->getExtraLengthKey()), c.expected);
+        EXPECT_EQ(labels.requests.back(), expected);
+        EXPECT_EQ(labels.axis->getExtraLength(labels.view->getExtraLengthKey()), expected);
         EXPECT_LE(labels.requests.size(), 2u) << "settles at once";
     }
     // Upright labels collide only beside the room that the last one takes; turned ones need little of it.
@@ -426,15 +405,7 @@ TEST(KXAxisTickLabelView, TheLastLabelGetsItsRoomAtTheEnd)
 
 TEST(KXAxisTickLabelView, WorkIsBoundedByWhatIsVisible)
 {
-    struct Case {
-        const char* name;
-        double spacing;
-        Mode mode;
-        bool useFixed;
-        double interval;
-        int mostCalls, mostTexts, mostLabels;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, double, Mode, bool, double, int, int, int> cases[] = {
         {"scrolled, all", 50, Mode::All, true, 10, 100, 22, 21},
         {"scrolled, automatic", 50, Mode::Auto, true, 10, 100, 22, 21},
         {"scrolled, each by itself", 50, Mode::Auto, false, 10, 100, 22, 21},
@@ -442,16 +413,16 @@ TEST(KXAxisTickLabelView, WorkIsBoundedByWhatIsVisible)
         {"dense, automatic", 0.001, Mode::Auto, true, 10, 1300, 110, 101},
         {"dense, far apart", 0.001, Mode::Custom, true, 1e5, 1100, 25, 11},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, spacing, mode, useFixed, interval, mostCalls, mostTexts, mostLabels] : cases) {
+        SCOPED_TRACE(name);
         Labels labels;
-        labels.setTicks(1000000, c.spacing, 8).setMode(c.mode, c.useFixed, c.interval);
+        labels.setTicks(1000000, spacing, 8).setMode(mode, useFixed, interval);
         labels.view->setTickLabelRotationType(Rotation::Horizontal);
         labels.calls = 0;
         EXPECT_GT(labels.shown().size(), 9u);
-        EXPECT_LE(labels.calls, c.mostCalls);
-        EXPECT_LE(labels.textCalls, c.mostTexts);
-        EXPECT_LE(labels.view->obtainLabels().size(), static_cast<std::size_t>(c.mostLabels));
+        EXPECT_LE(labels.calls, mostCalls);
+        EXPECT_LE(labels.textCalls, mostTexts);
+        EXPECT_LE(labels.view->obtainLabels().size(), static_cast<std::size_t>(mostLabels));
     }
 
     // A step of the scroll bar asks for what has come into view alone, wherever it leads.
@@ -498,17 +469,7 @@ TEST(KXAxisTickLabelView, LabelsThatAreLeftOutAreToldByAHint)
     EXPECT_FALSE(labels.view->getHintVisible());
 }
 
-TEST(KXAxisTickLabelView, ANumberIsLeftOutRatherThanCut)
-{
-    Labels labels(UXPosition::Left);
-    labels.setTicks(2, 300, 1).text = [](double value) { return value < 1 ? "0" : "-1,234,567.8M"; };
-    labels.view->setMaxLabelLength(64);
-    EXPECT_EQ(labels.view->obtainLabelLength(), 5);
-    EXPECT_EQ(labels.values(), std::vector<int>{0});
-    EXPECT_EQ(labels.hintAt({40, 300}), "-1,234,567.8M");
-}
-
-TEST(KXAxisTickLabelView, AMarkedLabelDiffers)
+TEST(KXAxisTickLabelView, AMarkedLabelDiffersAndANumberIsLeftOutRatherThanCut)
 {
     Labels labels;
     labels.markedValue = 2;
@@ -516,27 +477,18 @@ TEST(KXAxisTickLabelView, AMarkedLabelDiffers)
     labels.view->setLabelColor(UXColor(7, 8, 9));
     const std::vector<UXLabel*> shown = labels.shown();
     ASSERT_EQ(shown.size(), 4u);
-    EXPECT_TRUE(shown[1]->getTextProperty().textColor == UXColor(7, 8, 9));
-    EXPECT_FALSE(shown[1]->getTextProperty().font.bold);
-    EXPECT_TRUE(shown[2]->getTextProperty().textColor == UXColor(1, 2, 3));
-    EXPECT_TRUE(shown[2]->getTextProperty().font.bold);
-}
+    for (std::size_t i = 0; i < 4; ++i) {
+        const UXTextProperty& property = shown[i]->getTextProperty();
+        EXPECT_EQ(property.textColor, i == 2 ? UXColor(1, 2, 3) : UXColor(7, 8, 9));
+        EXPECT_EQ(property.font.bold, i == 2);
+    }
 
-TEST(KXAxisTickLabelView, ADocumentBringsTheSettingsBack)
-{
-    Labels labels;
-    labels.setTicks(3, 100, 3).setMode(Mode::Custom, false, 2);
-    labels.view->setTickLabelRotationType(Rotation::Vertical);
-    labels.view->setMaxLabelLength(33);
-    labels.view->layout();
-    const std::string document = labels.view->serialize();
-    KXJsonObjectFactory factory;
-    KXAxisTickLabelView read;
-    EXPECT_TRUE(read.deserialize(document, &factory));
-    EXPECT_EQ(read.serialize(), document);
-    EXPECT_EQ(read.obtainLabels().size(), 2u);
-    EXPECT_FALSE(
-        read.deserialize(R"({"type":"KXAxisTickLabelView","version":"0","m_uxLabels":7})", &factory));
+    Labels numbers(UXPosition::Left);
+    numbers.setTicks(2, 300, 1).text = [](double value) { return value < 1 ? "0" : "-1,234,567.8M"; };
+    numbers.view->setMaxLabelLength(64);
+    EXPECT_EQ(numbers.view->obtainLabelLength(), 5);
+    EXPECT_EQ(numbers.values(), std::vector<int>{0});
+    EXPECT_EQ(numbers.hintAt({40, 300}), "-1,234,567.8M");
 }
 
 TEST(KXAxisTickLabelView, ADelegateMayDestroyAnything)
@@ -545,8 +497,6 @@ TEST(KXAxisTickLabelView, ADelegateMayDestroyAnything)
         [](Labels& labels) { delete labels.view; },
         [](Labels& labels) { delete labels.axis; },
         [](Labels& labels) { labels.view->setDelegate(nullptr); },
-        [](Labels& labels) { labels.view->clearChildren(); },
-        [](Labels& labels) { labels.view->update(true); },
         [](Labels& labels) { labels.view->layout(); },
     };
     const std::function<void(Labels&)> uses[] = {
@@ -588,8 +538,7 @@ TEST(KXAxisTickLabelView, ADelegateMayDestroyAnything)
 TEST(KXAxisTickLabelView, HostileInputEndsInBoundedTimeInsideTheView)
 {
     const double odd[] = {0, 1, -1, NAN, inf, -inf, 1e308, -1e308, 1e-300, 7, 50, 0.001, 1e9};
-    const int edges[] = {
-        0, 1, -1, 300, 50, (std::numeric_limits<int>::min)(), (std::numeric_limits<int>::max)()};
+    const int edges[] = {0, 1, -1, 300, 50, INT_MIN, INT_MAX};
     std::mt19937 random(5);
     const auto pick = [&] { return odd[random() % std::size(odd)]; };
     const auto edge = [&] { return edges[random() % std::size(edges)]; };
@@ -597,18 +546,16 @@ TEST(KXAxisTickLabelView, HostileInputEndsInBoundedTimeInsideTheView)
         Labels labels(static_cast<UXPosition>(random() % 7), 300);
         labels.considersEnd = labels.keepsExtraLength = random() % 2;
         labels.count = edge();
-        const double interval = pick();
-        labels.tick = [=](int index) { return index * interval; };
-        labels.text = [&, letters = random() % 40](double) { return std::string(letters, 'x'); };
+        labels.tick = [interval = pick()](int index) { return index * interval; };
+        labels.text = [letters = random() % 40](double) { return std::string(letters, 'x'); };
         labels.axis->setMinValue(random() % 3 ? 0 : pick());
         labels.axis->setMaxValue(pick());
         labels.axis->setValueSpacing(pick());
         labels.axis->setOffset(edge());
         labels.axis->setVectorNotation(edge(), edge());
-        if (random() % 4 == 0)
-            labels.axis->setRect({edge(), edge(), 300, edge()});
-        if (random() % 4 == 0)
-            labels.view->setRect({edge(), edge(), edge(), edge()});
+        for (UXObject* object : {static_cast<UXObject*>(labels.axis), static_cast<UXObject*>(labels.view)})
+            if (random() % 4 == 0)
+                object->setRect({edge(), edge(), edge(), edge()});
         labels.setMode(static_cast<Mode>(random() % 3), random() % 2, pick());
         labels.view->setTickInterval(pick());
         labels.view->setTickLabelRotationType(static_cast<Rotation>(random() % 4));

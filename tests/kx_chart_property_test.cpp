@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 TEST(KXChartProperty, EveryKey)
@@ -47,13 +48,8 @@ TEST(KXChartProperty, AResetTakesTheKeysOfItsGroups)
         keys.insert(more.begin(), more.end());
         return keys;
     };
-    struct Case {
-        const char* name;
-        KXChartResetType type;
-        KXKeys groups, taken;
-    };
     const KXChartResetType all = KXChartResetType::All, style = KXChartResetType::Style;
-    const Case cases[] = {
+    const std::tuple<const char*, KXChartResetType, KXKeys, KXKeys> cases[] = {
         {"nothing", style, {}, {}},
         {"interaction in any case", all, {}, {"m_enableInteraction"}},
         {"background", style, {"Background"}, {"m_backgroundColor"}},
@@ -71,13 +67,12 @@ TEST(KXChartProperty, AResetTakesTheKeysOfItsGroups)
     KXChartProperty source;
     for (const auto& row : rows)
         row.store(source);
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, type, groups, taken] : cases) {
+        SCOPED_TRACE(name);
         KXChartProperty property;
-        property.customResetProperties(c.type, &source, c.groups);
-        EXPECT_EQ(property.getUpdatedKeys(), c.taken);
+        property.customResetProperties(type, &source, groups);
+        EXPECT_EQ(property.getUpdatedKeys(), taken);
         for (const auto& row : rows)
-            EXPECT_TRUE(row.equal(property, c.taken.contains(row.key) ? source : KXChartProperty()))
-                << row.key;
+            EXPECT_TRUE(row.equal(property, taken.contains(row.key) ? source : KXChartProperty())) << row.key;
     }
 }

@@ -8,6 +8,7 @@
 #include <climits>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
@@ -27,12 +28,7 @@ private:
 
 TEST(KXInteractionEffect, BrightnessRaisesEveryChannel)
 {
-    struct Case {
-        const char* name;
-        double brightness;
-        UXColor color, expected;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, double, UXColor, UXColor> cases[] = {
         {"half way to white", 0.5, {100, 0, 255, 0.5}, {177, 127, 255, 0.5}},
         {"all the way", 1, {1, 2, 3}, {255, 255, 255}},
         {"beyond white is not clamped", 2, {100, 0, 255}, {410, 510, 255}},
@@ -45,24 +41,11 @@ TEST(KXInteractionEffect, BrightnessRaisesEveryChannel)
         {"not a number", NAN, {100, 20, 3}, {100, 20, 3}},
         {"without end", INFINITY, {100, 255, 256}, {INT_MAX, 255, INT_MIN}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(KXInteractionHighlightBrightnessEffect(c.brightness).applyEffectToColor(c.color),
-                  c.expected);
+    for (const auto& [name, brightness, color, expected] : cases) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(KXInteractionHighlightBrightnessEffect(brightness).applyEffectToColor(color), expected);
     }
     EXPECT_EQ(KXInteractionHighlightBrightnessEffect().applyEffectToColor({9, 8, 7}), UXColor(9, 8, 7));
-}
-
-TEST(KXInteractionEffect, APatternOwnsItsTwoEffects)
-{
-    int alive = 0;
-    {
-        const KXInteractionHighlightColorPatternEffect pattern(std::make_unique<CountedEffect>(alive),
-                                                               std::make_unique<CountedEffect>(alive));
-        EXPECT_NE(pattern.getFilledEffect(), pattern.getNonFilledEffect());
-        EXPECT_EQ(alive, 2);
-    }
-    EXPECT_EQ(alive, 0);
 }
 
 TEST(KXInteractionChartObject, TakesEffectsOverAndLetsGoOfThoseBefore)

@@ -47,20 +47,21 @@ std::vector<std::string> kxObtainWrongValues()
     return wrong;
 }
 
-/** Makes the walked key of one row of a key table; Self is the property class. */
-#define KX_WALKED_KEY(Type, Name, member, initial)                                                     \
-    KXWalkedKey<Self>{#member,                                                                         \
-                      [](Self& object) { object.update##Name(kxMakeOtherValue(object.get##Name())); }, \
-                      [](Self& object) { object.set##Name(kxMakeOtherValue(object.get##Name())); },    \
-                      [](Self& object) { object.update##Name(object.get##Name()); },                   \
-                      [](Self& object, const Self& source, const KXKeys& keys, bool exclude) {         \
-                          object.update##Name(source.get##Name(), keys, exclude);                      \
-                      },                                                                               \
-                      [](Self& object, const Self& source) {                                           \
-                          return kxAccessKey<Type>(object, #member, source.get##Name());               \
-                      },                                                                               \
-                      [](const Self& a, const Self& b) { return a.get##Name() == b.get##Name(); },     \
-                      kxObtainWrongValues<Type>()},
+/** Makes the walked key of one row of a key table; Self is the property class, Filter its filtered update. */
+#define KX_WALKED_KEY_WITH(Type, Name, member, FILTER)                                           \
+    KXWalkedKey<Self>{                                                                           \
+        #member,                                                                                 \
+        [](Self& object) { object.update##Name(kxMakeOtherValue(object.get##Name())); },         \
+        [](Self& object) { object.set##Name(kxMakeOtherValue(object.get##Name())); },            \
+        [](Self& object) { object.update##Name(object.get##Name()); },                           \
+        [](Self& object, const Self& source, const KXKeys& keys, bool exclude) { FILTER(Name) }, \
+        [](Self& object, const Self& source) {                                                   \
+            return kxAccessKey<Type>(object, #member, source.get##Name());                       \
+        },                                                                                       \
+        [](const Self& a, const Self& b) { return a.get##Name() == b.get##Name(); },             \
+        kxObtainWrongValues<Type>()},
+#define KX_FILTERED_UPDATE(Name) object.update##Name(source.get##Name(), keys, exclude);
+#define KX_WALKED_KEY(Type, Name, member, initial) KX_WALKED_KEY_WITH(Type, Name, member, KX_FILTERED_UPDATE)
 
 /** @return whether the accessor takes the value under the key and answers it again */
 template <class T>

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <tuple>
 
 namespace {
 
@@ -86,13 +87,7 @@ protected:
 
 TEST_F(KXMenuTest, StandsInsideTheDiagramWhereverItOpens)
 {
-    struct Case {
-        const char* name;
-        int rows;
-        std::size_t letters;
-        UXRect anchor, expected;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, int, std::size_t, UXRect, UXRect> cases[] = {
         {"below", 3, 4, {10, 10, 24, 24}, {10, 34, 120, 86}},
         {"no wider than menus may be", 3, 400, {10, 10, 24, 24}, {10, 34, 320, 86}},
         {"ends where its anchor ends", 3, 4, {370, 10, 24, 24}, {274, 34, 120, 86}},
@@ -101,16 +96,16 @@ TEST_F(KXMenuTest, StandsInsideTheDiagramWhereverItOpens)
         {"cut to the diagram", 20, 4, {10, 10, 24, 24}, {10, 0, 120, 300}},
         {"far outside", 3, 4, {INT_MIN, INT_MAX, 0, 0}, {0, 214, 120, 86}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        entries.assign(static_cast<std::size_t>(c.rows), makeEntry(std::string(c.letters, 'x')));
-        open(c.anchor);
+    for (const auto& [name, rows, letters, anchor, expected] : cases) {
+        SCOPED_TRACE(name);
+        entries.assign(static_cast<std::size_t>(rows), makeEntry(std::string(letters, 'x')));
+        open(anchor);
         ASSERT_EQ(menus->getMenus().size(), 1u);
         const KXMenu& menu = *menus->getMenus()[0];
-        EXPECT_EQ(menu.getFrameRect(), c.expected);
+        EXPECT_EQ(menu.getFrameRect(), expected);
         // Whatever the height, keys show the row that they lead to.
         input().type(UXKeyCode::Up);
-        const UXRect last = menu.getItem(c.rows - 1)->getRect();
+        const UXRect last = menu.getItem(rows - 1)->getRect();
         EXPECT_TRUE(uxContainsRect(menu.getContentRect(), last));
     }
     entries.clear();
@@ -121,12 +116,7 @@ TEST_F(KXMenuTest, StandsInsideTheDiagramWhereverItOpens)
 TEST_F(KXMenuTest, AnswersKeys)
 {
     using enum UXKeyCode;
-    struct Case {
-        const char* name;
-        std::vector<UXKeyCode> keys;
-        std::string text, state, log;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::vector<UXKeyCode>, std::string, std::string, std::string> cases[] = {
         {"over what cannot be chosen", {Down, Down}, "", "3", ""},
         {"around the end", {Down, Down, Down, Down}, "", "0", ""},
         {"up from none", {Up}, "", "4", ""},
@@ -140,15 +130,15 @@ TEST_F(KXMenuTest, AnswersKeys)
         {"enter chooses", {Down, Enter}, "", "", "closed Alpha "},
         {"in a sub-menu", {Down, Down, Right, Enter}, "", "", "closed One "},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, keys, text, expectedState, expectedLog] : cases) {
+        SCOPED_TRACE(name);
         open();
-        for (const UXKeyCode key : c.keys)
+        for (const UXKeyCode key : keys)
             EXPECT_TRUE(input().type(key));
-        if (!c.text.empty())
-            input().type(c.text);
-        EXPECT_EQ(state(), c.state);
-        EXPECT_EQ(log, c.log);
+        if (!text.empty())
+            input().type(text);
+        EXPECT_EQ(state(), expectedState);
+        EXPECT_EQ(log, expectedLog);
         EXPECT_EQ(below.reached, 0);
     }
 }

@@ -1,6 +1,7 @@
 #include "kx_chart_property.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_menu_context.h"
+#include "kx_load_chart.h"
 #include "kx_menu.h"
 #include "kx_menu_event_diagram.h"
 #include "kx_menu_item.h"
@@ -135,12 +136,7 @@ private:
             chart->setRect(uxMakeRect(_below(300), _below(200), 20 + _below(200), 20 + _below(150)));
             chart->setDataProvider(&m_provider);
             m_diagram.addChild(chart);
-            const UXObjectWatcher added(chart);
-            chart->prepareData();
-            if (added.isAlive())
-                chart->reloadData();
-            if (added.isAlive())
-                m_diagram.layout();
+            kxLoad(*chart);
         } else if (choice < 4) {
             const std::size_t index = _index();
             const std::unique_ptr<KXValueChart> gone = std::move(m_charts[index]);

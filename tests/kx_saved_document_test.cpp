@@ -8,6 +8,7 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -32,16 +33,13 @@ std::string saveAgain(const std::string& type, const std::string& text, bool isC
 // The documents were saved on Linux; every system has to save the same bytes.
 TEST(KXSavedDocument, IsTheSameOnEverySystem)
 {
-    struct Case {
-        const char *type, *file;
-    };
-    const Case cases[] = {{"KXValueChart", "value_saved_on_linux.json"},
-                          {"KXGaugeChart", "gauge_saved_on_linux.json"},
-                          {"KXBarChart", "bars_saved_on_linux.json"}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.file);
-        const std::string saved = readFile(std::filesystem::path(KX_SOURCE_DIR) / "tests/documents" / c.file);
-        EXPECT_EQ(saveAgain(c.type, saved, true), saved);
+    const std::tuple<const char*, const char*> cases[] = {{"KXValueChart", "value_saved_on_linux.json"},
+                                                          {"KXGaugeChart", "gauge_saved_on_linux.json"},
+                                                          {"KXBarChart", "bars_saved_on_linux.json"}};
+    for (const auto& [type, file] : cases) {
+        SCOPED_TRACE(file);
+        const std::string saved = readFile(std::filesystem::path(KX_SOURCE_DIR) / "tests/documents" / file);
+        EXPECT_EQ(saveAgain(type, saved, true), saved);
     }
 }
 

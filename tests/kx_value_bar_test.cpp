@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -26,27 +27,23 @@ std::string paint(UXObject& object)
 TEST(KXValueBar, FillsFromZeroToTheValueInsideTheRange)
 {
     constexpr double null = std::numeric_limits<double>::quiet_NaN();
-    struct Case {
-        double value, min, max;
-        const char *horizontal, *vertical;
-    };
-    const Case cases[] = {
+    const std::tuple<double, double, double, const char*, const char*> cases[] = {
         {3, 0, 4, "drawRects 0,0,75,20", "drawRects 0,5,100,15"},
         {-1, -2, 2, "drawRects 25,0,25,20", "drawRects 0,10,100,5"},
         {9, 1, 5, "drawRects 0,0,100,20", "drawRects 0,0,100,20"},
         {null, 0, 4, "", ""},
         {3, 4, 4, "", ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& [value, min, max, across, upright] : cases) {
         KXHorizontalBar horizontal;
         KXVerticalBar vertical;
         for (KXValueBar* bar : {static_cast<KXValueBar*>(&horizontal), static_cast<KXValueBar*>(&vertical)}) {
             bar->setRect({0, 0, 100, 20});
-            bar->setValue(c.value);
-            bar->setRange(c.min, c.max);
+            bar->setValue(value);
+            bar->setRange(min, max);
         }
-        EXPECT_EQ(paint(horizontal), c.horizontal) << c.value;
-        EXPECT_EQ(paint(vertical), c.vertical) << c.value;
+        EXPECT_EQ(paint(horizontal), across) << value;
+        EXPECT_EQ(paint(vertical), upright) << value;
     }
 }
 

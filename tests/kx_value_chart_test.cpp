@@ -20,6 +20,7 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -41,36 +42,28 @@ protected:
 
 TEST_F(KXValueChartTest, AsksWhatItNeedsAndNoMore)
 {
-    struct Case {
-        const char* name;
-        bool empty;
-        std::uint64_t count;
-        KXChartDataType type;
-        bool isNull, prepared;
-        std::string calls;
-    };
     using enum KXChartDataType;
     const std::string asked = "begin isEmpty count ", typed = asked + "type(0) aggregate(0) isNull(0,0) ";
-    const Case cases[] = {
+    const std::tuple<const char*, bool, std::uint64_t, KXChartDataType, bool, bool, std::string> cases[] = {
         {"no data", true, 1, Float, false, false, "begin isEmpty end "},
         {"two values", false, 2, Float, false, false, asked + "end "},
         {"a number", false, 1, Integer, false, true, typed + "number(0,0) end "},
         {"a null number", false, 1, Float, true, false, typed + "number(0,0) text(0,0) end "},
         {"a date", false, 1, Date, false, false, typed + "text(0,0) end "},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, empty, count, type, isNull, prepared, expected] : cases) {
+        SCOPED_TRACE(name);
         provider.calls.clear();
-        provider.empty = c.empty;
-        provider.valueCount = c.count;
-        provider.dataType = c.type;
-        provider.isNull = c.isNull;
+        provider.empty = empty;
+        provider.valueCount = count;
+        provider.dataType = type;
+        provider.isNull = isNull;
         chart.prepareData();
         std::string calls;
         for (const std::string& call : provider.calls)
             calls += call + " ";
-        EXPECT_EQ(calls, c.calls);
-        EXPECT_EQ(chart.preparedData(), c.prepared);
+        EXPECT_EQ(calls, expected);
+        EXPECT_EQ(chart.preparedData(), prepared);
         EXPECT_FALSE(chart.reloadedData());
     }
 }
