@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const std::size_t answered = std::min<std::size_t>(size, 48);
     FuzzInput answers = FuzzInput::makeEndless(bytes, answered);
     FuzzInput input(bytes + answered, size - answered);
-    FuzzScene scene(input, answers);
+    FuzzScene scene(input, answers, 256);
     for (int i = 0; i < 3; ++i)
         scene.addChart();
     scene.addBoard();

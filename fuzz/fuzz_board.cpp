@@ -23,7 +23,7 @@ FuzzBoard::FuzzBoard(FuzzInput& input, UXContext& context, UXDiagram& diagram, s
     m_context.setActiveDiagram(&m_previewControl, &m_preview);
     m_previewControl.setUseCases({1});
     m_previewControl.setControlRect({0, 0, 64, 64});
-    m_scrollView.setRect({192, 192, 64, 64});
+    m_scrollView.setRect({448, 448, 64, 64});
     m_scrollView.setContentSize({100, 300});
     diagram.addChild(&m_scrollView);
     _addField();
@@ -78,7 +78,7 @@ void FuzzBoard::_changeScrollView(int choice)
     case 5:
         return m_scrollView.setContentSize({x, y});
     case 6:
-        return m_scrollView.setRect({192, 192, x, y});
+        return m_scrollView.setRect({448, 448, x, y});
     case 7:
         m_scrollView.setAlwaysShowScrollBar(m_input.takeBool());
         return m_scrollView.setPadding({x, y, 1, 2});

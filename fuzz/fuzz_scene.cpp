@@ -25,14 +25,15 @@ constexpr double deviceScales[] = {1, 1.25, 1.5, 2};
 
 } // namespace
 
-FuzzScene::FuzzScene(FuzzInput& input, FuzzInput& answers)
-    : m_input(input), m_answers(answers), m_provider(answers), m_settings(input), m_user(input)
+FuzzScene::FuzzScene(FuzzInput& input, FuzzInput& answers, int chartExtent)
+    : m_input(input), m_answers(answers), m_chartExtent(chartExtent), m_provider(answers), m_settings(input),
+      m_user(input)
 {
     m_context.addDiagram(&m_diagram);
     m_context.setActiveDiagram(&m_control, &m_diagram);
     m_control.setUseCases({1, 2});
-    m_control.setControlRect({0, 0, 256, 256});
-    m_diagram.setRect({0, 0, 256, 256});
+    m_control.setControlRect({0, 0, 2 * chartExtent, 2 * chartExtent});
+    m_diagram.setRect({0, 0, 2 * chartExtent, 2 * chartExtent});
 }
 
 FuzzScene::~FuzzScene()
@@ -81,7 +82,7 @@ void FuzzScene::addChart()
     chart->deserialize(fuzzDocuments[choice / typeCount], &factory);
     m_charts.emplace_back(chart);
     const int place = static_cast<int>(m_charts.size()) - 1;
-    chart->setRect({place % 2 * 128, place / 2 * 128, 128, 128});
+    chart->setRect({place % 2 * m_chartExtent, place / 2 * m_chartExtent, m_chartExtent, m_chartExtent});
     m_diagram.addChild(chart);
     UXObjectWatcher watcher(chart);
     if (KXChartDataUser* user = chart->obtainLegendDataUser()) {

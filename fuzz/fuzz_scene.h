@@ -19,8 +19,9 @@ class KXChartDataUser;
  *  charts are in the middle of another one, and may destroy them. */
 class FuzzScene {
 public:
-    /** @param answers what the host answers from; may be input as well */
-    FuzzScene(FuzzInput& input, FuzzInput& answers);
+    /** @param answers what the host answers from; may be input as well
+     *  @param chartExtent the width and the height of a chart, of which four have room */
+    FuzzScene(FuzzInput& input, FuzzInput& answers, int chartExtent);
     ~FuzzScene();
 
     /** Puts one more chart on the view, of the kind that the case chooses. */
@@ -50,6 +51,7 @@ private:
 
     FuzzInput& m_input;
     FuzzInput& m_answers;
+    int m_chartExtent;
     FuzzProvider m_provider;
     FuzzSettings m_settings;
     FuzzUser m_user;

@@ -25,9 +25,14 @@ void FuzzSettings::update(UXJsonObject& object)
     UXJsonObject* inner = nullptr;
     if (accessor.obtainObject(key, &inner) && inner)
         return update(*inner);
+    const bool isWatched = m_input.takeBelow(8) == 7;
+    if (isWatched)
+        accessor.markOldProperty();
     if (!_updateSimple(accessor, key, document))
         _updateComposed(accessor, key);
     _read(accessor, key);
+    if (isWatched && accessor.propertyChanged(true))
+        require(!accessor.propertyChanged(false), "nothing changes by itself");
 }
 
 bool FuzzSettings::_updateSimple(UXPropertyAccessor& accessor, const std::string& key,

@@ -38,7 +38,7 @@ UXControlPoint FuzzUser::_takePoint(UXControl& control)
     const int y = m_input.takeByte();
     UXDiagram* diagram = control.getActiveDiagram();
     if (x < 128 || !diagram)
-        return {x * 2, y};
+        return {x * 4, y * 2};
     const std::vector<UXObject*> targets = collectVisible(*diagram);
     const UXObject& target = *targets[static_cast<std::size_t>((x - 128) * 256 + y) % targets.size()];
     const UXRect rect = target.getBoundingRect();
@@ -68,7 +68,7 @@ void FuzzUser::act(UXControl& control)
     else if (choice < 20)
         _drag(control);
     else if (choice < 25)
-        _useKeyboard(control);
+        _type(control);
     else
         _changeControl(control, choice);
 }
@@ -107,21 +107,23 @@ void FuzzUser::_drag(UXControl& control)
     control.mouseUp(_takePoint(control), event.copyWithoutActions());
 }
 
-void FuzzUser::_useKeyboard(UXControl& control)
+void FuzzUser::_type(UXControl& control)
 {
     static constexpr UXKeyCode keys[] = {
         UXKeyCode::Backspace, UXKeyCode::Tab,      UXKeyCode::Enter, UXKeyCode::Escape, UXKeyCode::Space,
         UXKeyCode::PageUp,    UXKeyCode::PageDown, UXKeyCode::End,   UXKeyCode::Home,   UXKeyCode::Left,
         UXKeyCode::Up,        UXKeyCode::Right,    UXKeyCode::Down,  UXKeyCode::Delete, UXKeyCode::Down};
-    UXEvent event = _takeEvent();
-    const int code = m_input.takeByte();
-    if (code < 224)
-        event.setKeyCode(static_cast<int>(keys[code % 15]));
-    else
-        event.setKeyText(code < 240 ? "e" : m_input.takeText());
-    control.keyDown(event.copyWithoutActions());
-    if (code % 2 == 0)
-        control.keyUp(event);
+    for (int count = m_input.takeBelow(6); count >= 0; --count) {
+        UXEvent event = _takeEvent();
+        const int code = m_input.takeByte();
+        if (code < 224)
+            event.setKeyCode(static_cast<int>(keys[code % 15]));
+        else
+            event.setKeyText(code < 240 ? "e" : m_input.takeText());
+        control.keyDown(event.copyWithoutActions());
+        if (code % 2 == 0)
+            control.keyUp(event);
+    }
 }
 
 void FuzzUser::_changeControl(UXControl& control, int choice)

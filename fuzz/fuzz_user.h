@@ -20,7 +20,7 @@ private:
     UXControlPoint _takePoint(UXControl& control);
     UXEvent _takeEvent();
     void _useMouse(UXControl& control, int choice);
-    void _useKeyboard(UXControl& control);
+    void _type(UXControl& control);
     void _drag(UXControl& control);
     void _changeControl(UXControl& control, int choice);
 

@@ -5,7 +5,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     FuzzInput input(bytes, size);
-    FuzzScene scene(input, input);
+    FuzzScene scene(input, input, 128);
     scene.makeHostAct();
     scene.addChart();
     while (!input.isEmpty()) {
