@@ -52,6 +52,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         session.obtainColumns("data");
     });
     require(isRead || !isImported, "what cannot be read is not imported");
+    const CsvReader::Row& header = reader.getHeader();
+    accepts([&] {
+        SqlSession session("sqlite://");
+        CsvImporter importer(session);
+        importer.declareType(header.empty() ? "none" : header[0], static_cast<KXChartDataType>(size % 6));
+        importer.setProgressHandler([](std::uint64_t done, std::uint64_t total) {
+            require(done <= total, "no more than all is done");
+        });
+        importer.importFile(path, "data");
+    });
     std::filesystem::remove(path);
     return 0;
 }

@@ -49,7 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     KXChartDataFormat format;
     require(format.formatDateTime(moment, type, level).size() <= 16u << 20, "a text has an end");
     choose(format, input);
-    format.formatNumber(value);
+    require(KXChartDataFormat(format).formatNumber(value) == format.formatNumber(value),
+            "a copy writes alike");
     require(format.formatDateTime(moment, type, level).size() <= 16u << 20, "a text has an end");
     return 0;
 }

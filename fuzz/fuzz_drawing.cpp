@@ -61,9 +61,11 @@ void addPath(UXPainter& p, int kind, const Numbers& n)
     }
 }
 
+int takeChoice(const Numbers& n) { return n[5] > 0 && n[5] < 256 ? static_cast<int>(n[5]) : 0; }
+
 void changeState(UXPainter& p, int kind, const Numbers& n)
 {
-    const auto choice = static_cast<int>(n[5] > 0 && n[5] < 256 ? n[5] : 0);
+    const int choice = takeChoice(n);
     switch (kind) {
     case 0:
         return p.saveState();
@@ -130,7 +132,7 @@ void paintPictures(UXPainter& p, int kind, const Numbers& n)
     const UXImage image(2, 1, {0x80402010U, 0xFFFFFFFFU});
     const UXPicture picture = makePicture(n);
     const UXDoubleRect rect(n[0], n[1], n[2], n[3]);
-    const auto mode = static_cast<UXCompositionMode>(kind);
+    const auto mode = static_cast<UXCompositionMode>(takeChoice(n) % 20);
     switch (kind % 6) {
     case 0:
         return p.drawImage(&image, rect, n[4]);

@@ -32,11 +32,16 @@ KXChartAggregateType FuzzProvider::obtainDimensionAggregateType(KXChartDataUser*
     return KXChartAggregateType{_ask().takeInt()};
 }
 
-std::uint64_t FuzzProvider::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t)
+std::uint64_t FuzzProvider::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension)
 {
-    // What is believed is pulled, so the lies stay small enough for many cases a second.
+    // What is believed is pulled, as many values as both dimensions make together, so the lies stay small
+    // enough for many cases a second.
+    const bool isSeries = dimension != categoryDimension;
     const int choice = _ask().takeBelow(16);
-    return choice == 15 ? 3000 : choice > 10 ? m_input.takeByte() : static_cast<std::uint64_t>(choice % 5);
+    const int count = choice == 15  ? (isSeries ? 30 : 3000)
+                      : choice > 10 ? m_input.takeBelow(isSeries ? 16 : 256)
+                                    : choice % 5;
+    return static_cast<std::uint64_t>(count);
 }
 
 double FuzzProvider::obtainDimensionDataAsNumber(KXChartDataUser*, const KXIndexPath&)
