@@ -52,8 +52,11 @@ bool FuzzSettings::_updateSimple(UXPropertyAccessor& accessor, const std::string
 bool FuzzSettings::_updateComposed(UXPropertyAccessor& accessor, const std::string& key)
 {
     UXTextProperty property;
-    if (!accessor.obtainValue(key, property))
-        return accessor.updateVectorValue(key, m_input.takeByte(), UXColor(m_input.takeByte(), 0, 0));
+    if (!accessor.obtainValue(key, property)) {
+        const int index = m_input.takeByte();
+        return accessor.updateVectorValue(key, static_cast<std::uint64_t>(index),
+                                          UXColor(m_input.takeByte(), 0, 0));
+    }
     property.font.size = m_input.takeInt();
     property.lineMode = m_input.takeBelow(3);
     property.align = static_cast<UXTextAlign>(m_input.takeBelow(4));
@@ -122,9 +125,10 @@ void FuzzSettings::exchange(KXChartPropertyBase& from, KXChartPropertyBase& to,
     }
     case 6:
         return to.registerUpdatedEvents([act](const std::string&) { act(); });
-    default:
-        return to.customResetProperties(static_cast<KXChartResetType>(m_input.takeBelow(2)), &from,
-                                        takeGroups());
+    default: {
+        const auto type = static_cast<KXChartResetType>(m_input.takeBelow(2));
+        return to.customResetProperties(type, &from, takeGroups());
+    }
     }
 }
 
