@@ -16,7 +16,7 @@ constexpr int curvePieces = 16;
  * edge may have the pixel beyond it. */
 constexpr double reachOut = 0.5;
 /** How far two texts may reach into each other: their boxes are as high as a line, their letters are not. */
-constexpr double blankHeight = 0.5, noise = 0.01;
+constexpr double blankHeight = 0.75, noise = 0.01;
 /** How far an edge may be from the next one between pixels, in pixels. */
 constexpr double edgeNoise = 1e-3;
 /** All that can be drawn on. */

@@ -365,6 +365,7 @@ void KXAxisChartBase::_placeTitles(const Bands& bands, const Detail& detail, boo
         const UXRect rect = atEnd ? _obtainEndTitleRect(*axis)
                                   : _obtainTitleRect(*axis, bands, hasBar ? barExtent : 0);
         const bool isTurned = !atEnd && !axis->isHorizontal();
+        label.setVisible(isTurned || rect.height >= measureTitle(*axis).height);
         label.setText(shortenTitle(*axis, isTurned ? rect.height : rect.width));
         UXTextProperty property = axis->property->getTitleProperty();
         property.option = UXTextOption::Default; // it is as short as it has to be
@@ -400,7 +401,11 @@ UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis) const
     const UXSize size = measureTitle(axis);
     if (axis.isHorizontal()) {
         const int middle = axis.position == UXPosition::Top ? area.y : uxMaxY(area);
-        const int y = std::min(middle - size.height / 2, uxMaxY(plot) - size.height);
+        int y = middle - size.height / 2;
+        if (axis.labels->getVisible()) // the last one may reach below the title
+            y = axis.position == UXPosition::Top ? std::max(y, middle - labelGap)
+                                                 : std::min(y, middle + labelGap - size.height);
+        y = std::min(y, uxMaxY(plot) - size.height);
         return {uxMaxX(area) + titleGap, std::max(y, 0), std::min(size.width, plot.width / endTitleDivider),
                 std::min(size.height, plot.height)};
     }

@@ -63,6 +63,14 @@ UXRect toWholeRect(const UXDoubleRect& rect)
             uxSaturateToInt(rect.width), uxSaturateToInt(rect.height)};
 }
 
+/** @return the whole units that rect touches */
+UXRect toSurroundingRect(const UXDoubleRect& rect)
+{
+    const int left = uxSaturateToInt(std::floor(rect.x)), top = uxSaturateToInt(std::floor(rect.y));
+    return {left, top, uxSaturateToInt(std::ceil(rect.x + rect.width)) - left,
+            uxSaturateToInt(std::ceil(rect.y + rect.height)) - top};
+}
+
 UXTextProperty makeTextProperty(const std::string& fontName, int fontSize, const UXColor& color)
 {
     UXTextProperty property;
@@ -681,6 +689,10 @@ void KXGaugeChart::_drawPipeValue(UXPainter& painter, const KXGaugeDial& dial, i
 void KXGaugeChart::_drawTarget(UXPainter& painter, const KXGaugeDial& dial) const
 {
     if (!isKnown(m_targetRatio) || m_targetRatio < 0)
+        return;
+    // Beside a tiny dial the tick may have no room.
+    const UXDoubleRect tick = dial.obtainTickBounds(m_targetRatio * dialDegrees);
+    if (!uxContainsRect(getBoundingRect(), toSurroundingRect(tick)))
         return;
     painter.setColor(
         m_targetLabel->obtainDrawnColor(m_pipeTargetColor, KXInteractionEffectTarget::NonFilled));

@@ -6,6 +6,8 @@
 
 void uxAddRoundRectanglePath(UXPainter& painter, const UXDoubleRect& rect, double radius)
 {
+    if (!(rect.width > 0 && rect.height > 0))
+        return;
     const double r = std::min({radius, rect.width / 2, rect.height / 2});
     if (!(r > 0)) {
         painter.addRectanglePath(rect);
