@@ -9,6 +9,7 @@
 #include "kx_axis_chart_base_layer.h"
 #include "kx_axis_chart_data_provider.h"
 #include "kx_axis_chart_data_user.h"
+#include "kx_axis_chart_edge_tab.h"
 #include "kx_axis_chart_grid_layer.h"
 #include "kx_axis_chart_label_options.h"
 #include "kx_axis_chart_layer.h"
