@@ -64,8 +64,10 @@ public:
     void paint(UXPaintConfig* config, UXRect dirtyRect) override
     {
         m_log += getName() + " ";
+        // A child may destroy this object.
+        const auto act = whenPainted;
         UXObject::paint(config, dirtyRect);
-        if (const auto act = whenPainted)
+        if (act)
             act();
     }
 
