@@ -3,15 +3,19 @@
 #include "ux/ux_export.h"
 
 #include <cstddef>
+#include <vector>
 
 class UXObject;
 
 /**
- * Goes through the children of an object from back to front, while callbacks may add, move and destroy them,
- * or destroy the object itself: UXChildWalk walk(this); while (UXObject* child = walk.next())
+ * Goes through the children of an object from back to front, while callbacks may add, move, remove and
+ * destroy them, or destroy the object itself:
+ *     UXChildWalk walk(this);
+ *     while (UXObject* child = walk.next())
  *         child->layout();
- * What goes does not hide its neighbour, what comes in front of the place is met too, and nothing is met
- * twice because something else has moved. Walks are automatic variables: the last one begun ends first.
+ * No child is met twice, wherever it is moved. One that is added to the part still ahead is met; one that is
+ * added or moved to the part already passed is not. Walks are local variables, so that the one begun last
+ * ends first.
  */
 class UX_EXPORT UXChildWalk {
 public:
@@ -28,12 +32,12 @@ public:
 private:
     friend class UXObject;
 
-    void _childCame(std::size_t index);
-    void _childWent(std::size_t index);
+    void _childAdded(std::size_t index);
+    void _childRemoved(const UXObject* child, std::size_t index);
+    void _childMoved(const UXObject* child, std::size_t from, std::size_t to);
 
-    UXObject* m_parent;
-    UXChildWalk* m_outer; // the one through the same children that was begun before
-    std::size_t m_place = 0;
-    std::size_t
-        m_left; // how many can be met at most, so that a child that keeps moving does not hold up the walk
+    UXObject* m_parent;                      // null once it is gone
+    UXChildWalk* m_outer;                    // the one through the same children that was begun before
+    std::size_t m_place = 0;                 // of the next child
+    std::vector<const UXObject*> m_metAhead; // moved ahead after they had been met
 };

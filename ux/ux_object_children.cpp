@@ -155,7 +155,9 @@ bool UXObject::_hasRoomFor(const UXObject& child) const
 
 std::size_t UXObject::_obtainChildIndex(const UXObject* child) const
 {
-    return static_cast<std::size_t>(std::ranges::find(m_children, child) - m_children.begin());
+    // From the end: where all children go, each is the last one.
+    const auto found = std::find(m_children.rbegin(), m_children.rend(), child);
+    return static_cast<std::size_t>(m_children.rend() - found) - 1;
 }
 
 void UXObject::_takeChild(UXObject* child, std::uint64_t index)
@@ -168,20 +170,19 @@ void UXObject::_takeChild(UXObject* child, std::uint64_t index)
         return;
     }
 
-    // Leaving a parent calls hooks: afterwards both objects may be gone, or the child be elsewhere.
     UXObjectWatcher self(this), taken(child);
-    if (child->m_parent)
+    if (child->m_parent) {
+        // Leaving a parent calls hooks: afterwards both objects may be gone, and either may stand elsewhere.
         child->m_parent->removeChild(child);
-    if (!self.isAlive() || !taken.isAlive() || child->m_parent || hasParent(child) ||
-        !uxAssert(_hasRoomFor(*child)))
-        return;
+        if (!self.isAlive() || !taken.isAlive() || child->m_parent || hasParent(child) ||
+            !uxAssert(_hasRoomFor(*child)))
+            return;
+    }
 
     const auto place = static_cast<std::ptrdiff_t>(std::min<std::uint64_t>(index, m_children.size()));
     m_children.insert(m_children.begin() + place, child);
-    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer) {
-        walk->_childCame(static_cast<std::size_t>(place));
-        ++walk->m_left;
-    }
+    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer)
+        walk->_childAdded(static_cast<std::size_t>(place));
     child->m_parent = this;
     child->_noteDescendantRequiresLayout();
     // What became dirty while nobody could be told is part of what is dirty now.
@@ -197,7 +198,7 @@ void UXObject::_releaseChild(UXObject* child)
     const std::size_t index = _obtainChildIndex(child);
     m_children.erase(m_children.begin() + static_cast<std::ptrdiff_t>(index));
     for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer)
-        walk->_childWent(index);
+        walk->_childRemoved(child, index);
     child->m_parent = nullptr;
     UXObjectWatcher watcher(this);
     addDirtyRect(place);
@@ -215,11 +216,11 @@ void UXObject::_moveChild(UXObject* child, std::size_t index)
         std::rotate(at(from), at(from + 1), at(index + 1));
     else
         std::rotate(at(index), at(from), at(from + 1));
-    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer) {
-        walk->_childWent(from);
-        walk->_childCame(index);
-    }
-    // A pass that is under way may have it behind it now, and yet to come.
-    child->_noteDescendantRequiresLayout();
+    for (UXChildWalk* walk = m_childWalks; walk; walk = walk->m_outer)
+        walk->_childMoved(child, from, index);
+    // A layout pass that is under way misses a child that is moved to the part already passed: the next one
+    // has to find it.
+    if (m_childWalks)
+        child->_noteDescendantRequiresLayout();
     child->invalidate();
 }
