@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -84,6 +86,27 @@ TEST_F(UXEventDispatch, AnEventReachesWhatMovesBetweenDiagramsOnce)
     EXPECT_EQ(takeLog(), "mover.down ") << "the same event sent again is another one";
 }
 
+TEST_F(UXEventDispatch, ForwardsWithoutGoingDeeperIntoTheStack)
+{
+    std::set<std::uintptr_t> depths;
+    for (int i = 0; i < 100; ++i) {
+        auto* object = new UXEventProbe(std::to_string(i), &log);
+        object->setRect({0, 0, 50, 50});
+        object->forwards = true;
+        object->handles = i == 50;
+        object->stops = i == 98;
+        object->whenReached = [&](const UXEvent&) {
+            const char here = 0;
+            depths.insert(reinterpret_cast<std::uintptr_t>(&here));
+        };
+        diagram.addChild(object, 0);
+    }
+    back->setVisible(false);
+    EXPECT_TRUE(diagram.mouseWheel(uxMakeEventAt(10, 10))) << "by the one in the middle";
+    EXPECT_TRUE(log.starts_with("0.wheel 1.wheel ") && log.ends_with("97.wheel 98.wheel ")) << log;
+    EXPECT_EQ(depths.size(), 1u);
+}
+
 TEST_F(UXEventDispatch, HoverEntersAndLeavesOnce)
 {
     diagram.mouseMove(uxMakeEventAt(10, 10));
@@ -154,4 +177,11 @@ TEST_F(UXEventDispatch, PostedActionsRunAfterTheOutermost)
     diagram.setFocusedObject(inner);
     diagram.keyDown(UXEvent());
     EXPECT_EQ(takeLog(), "inner.key back.key inner.key back.key nested posted posted ");
+
+    diagram.mouseDown(uxMakeEventAt(10, 60));
+    diagram.mouseMove(uxMakeEventAt(50, 10));
+    takeLog();
+    front->whenReached = inner->whenReached;
+    diagram.cancelPress();
+    EXPECT_EQ(takeLog(), "front.dleave posted ");
 }

@@ -113,7 +113,10 @@ void UXDiagram::cancelPress()
 {
     // What hears that a drag has left may destroy the diagram.
     const std::shared_ptr<UXEventDispatcher> dispatcher = m_dispatcher;
-    dispatcher->cancelPress();
+    const UXEvent event(UXEventType::MouseDragLeave);
+    UXEventDispatchScope scope(event);
+    dispatcher->cancelPress(event);
+    scope.finish();
 }
 
 void UXDiagram::_endPointer()
@@ -129,7 +132,7 @@ void UXDiagram::_endPointer()
         if (watcher.isAlive())
             above.mouseLeave(event);
     });
-    dispatcher->cancelPress();
+    dispatcher->cancelPress(event);
     dispatcher->leave(event);
     scope.finish();
 }

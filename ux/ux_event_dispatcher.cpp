@@ -41,11 +41,11 @@ bool UXEventDispatcher::move(const UXEvent& event)
 {
     if (isPressing())
         return _drag(event);
-    const Path path = _hit(event.getMousePoint());
+    Path path = _hit(event.getMousePoint());
     const bool stayed = std::ranges::equal(path, m_hoverPath, {}, &UXObjectWatcher::getObject,
                                            &UXObjectWatcher::getObject);
     if (stayed)
-        return _send(UXEventType::MouseMove, event, path);
+        return _send(UXEventType::MouseMove, event, std::move(path));
     // Whoever is told may change the tree.
     _exchange(m_hoverPath, path, UXEventType::MouseLeave, UXEventType::MouseEnter, event);
     return _sendToPoint(UXEventType::MouseMove, event);
@@ -154,9 +154,8 @@ void UXEventDispatcher::abandon()
     }
 }
 
-void UXEventDispatcher::cancelPress()
+void UXEventDispatcher::cancelPress(const UXEvent& event)
 {
-    UXEvent event;
     _exchange(m_dragPath, {}, UXEventType::MouseDragLeave, UXEventType::MouseDragEnter, event);
     _endPress();
 }
@@ -239,7 +238,8 @@ bool UXEventDispatcher::_send(Journey& journey, Path path)
         Path path;
         bool handled = false;
     };
-    // A stack of its own: as many objects may forward as lie over one another.
+    // A list instead of recursion: any number of objects that lie over one another may forward, and the call
+    // stack must not grow with them.
     std::vector<Level> levels(1);
     levels.back().path = std::move(path);
     while (true) {

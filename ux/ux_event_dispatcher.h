@@ -41,8 +41,9 @@ public:
     std::vector<UXObjectWatcher> obtainObjectsUnder(UXPoint point) const;
     /** @return the cursor of what is pressed, or else hovered; AsParent where that has none */
     UXCursor obtainCursor() const;
-    /** Forgets the press: neither a drop nor a click comes of it. */
-    void cancelPress();
+    /** Forgets the press: neither a drop nor a click comes of it.
+     *  @param event with which whoever is dragged over is told that the drag has left */
+    void cancelPress(const UXEvent& event);
 
     /** The diagram goes: nothing on it is hovered, pressed or dragged over any more, and nothing is told. */
     void abandon();
@@ -54,7 +55,7 @@ public:
 private:
     /** From the diagram to the deepest object. */
     using Path = std::vector<UXObjectWatcher>;
-    /** One event on its way: whom it has reached so, and whether one of them ended it. */
+    /** One event on its way: whom it has reached so far, and whether one of them ended it. */
     struct Journey {
         UXEventType type;
         UXEvent event;
