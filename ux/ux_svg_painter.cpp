@@ -152,8 +152,9 @@ void UXSvgPainter::setCompositionMode(UXCompositionMode mode) { m_state.mode = m
 
 void UXSvgPainter::transformSpace(const UXTransform& change)
 {
-    if (change.isInvertible())
-        m_state.toPage = m_state.toPage.combined(change);
+    const UXTransform changed = m_state.toPage.combined(change);
+    if (changed.isInvertible())
+        m_state.toPage = changed;
 }
 
 void UXSvgPainter::transformPath(const UXTransform& change)
