@@ -69,7 +69,7 @@ UXContext::~UXContext()
         diagram->_setContext(nullptr);
     m_controls.clear();
     m_diagrams.clear();
-    // Nobody finds the way back here any more from what is told now.
+    // Callbacks can run from here on, and none of them can reach this context any more.
     for (const UXObjectWatcher& watcher : shown) {
         if (watcher.isAlive())
             static_cast<UXDiagram*>(watcher.getObject())->_endPointer();
@@ -103,7 +103,7 @@ void UXContext::addDiagram(UXDiagram* diagram, int position)
     UXContext* other = diagram->getContext();
     if (other && other != this)
         other->removeDiagram(diagram);
-    // Who hears that it leaves may have put it elsewhere.
+    // A callback of the removal may have added it to another context.
     if (!self.isAlive() || !added.isAlive() || (diagram->getContext() && diagram->getContext() != this))
         return;
     std::erase(m_diagrams, diagram);
@@ -154,8 +154,9 @@ void UXContext::removeControl(UXControl* control)
     _endPointer(control->m_hasPointer, std::exchange(control->m_activeDiagram, nullptr));
 }
 
-/** The release of a press and the next move go elsewhere: nothing may wait for them on the diagram that was
- * left. Another control that still shows it keeps what its own pointer does. */
+/** Ends hover and press on a diagram that a control has ceased to show: the release and the next move will
+ * not come there. Where another control still shows it, its pointer's hover and press stay.
+ *  @param wasThere whether the pointer was on the control that has left it */
 void UXContext::_endPointer(bool wasThere, UXDiagram* left)
 {
     if (left && (wasThere || getControlsWithDiagram(left).empty()))
@@ -291,7 +292,7 @@ void UXContext::repaint(UXDiagram* diagram)
         diagram->repaint();
 }
 
-/** What is repainted asks for no pass inside the one that is under way. */
+/** While a diagram is laid out and painted, further requests to repaint it are kept for afterwards. */
 class UXContext::RepaintScope {
 public:
     explicit RepaintScope(UXDiagram* diagram) : m_watcher(diagram) { diagram->m_isRepainting = true; }
@@ -315,8 +316,8 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
         diagram->m_repaintAsked = true;
         return;
     }
-    // One more pass for what painting has asked for. What asks each time is not painted for ever: its areas
-    // wait.
+    // What painting asks for gets one more pass. What asks again in that pass stays dirty until the next
+    // repaint, so that this always ends.
     if (_repaintDirtyRectOnce(diagram))
         _repaintDirtyRectOnce(diagram);
 }
@@ -324,7 +325,7 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
 /** @return whether a repaint was asked for while the diagram was painted, and both are still there */
 bool UXContext::_repaintDirtyRectOnce(UXDiagram* diagram)
 {
-    // 1. The pass can make more dirty, and ends the story when it destroys the diagram or this context.
+    // 1. Lay out, which can make more areas dirty and can destroy the diagram or this context.
     const UXJsonObjectWatcher self(this);
     const UXObjectWatcher shown(diagram);
     {
@@ -360,9 +361,12 @@ bool UXContext::_prepare(UXDiagram* diagram, UXControl* control, std::vector<Pai
 {
     const UXJsonObjectWatcher self(this);
     const UXObjectWatcher shown(diagram);
+    const auto isShown = [&] {
+        return self.isAlive() && shown.isAlive() && getActiveDiagram(control) == diagram;
+    };
     UXPaintConfig* config = control->obtainPaintConfig(diagram);
-    const bool isValid = config && config->isPaintConfigValid();
-    if (!self.isAlive() || !shown.isAlive() || getActiveDiagram(control) != diagram)
+    const bool isValid = config && isShown() && config->isPaintConfigValid();
+    if (!isShown())
         return true;
     if (isValid)
         paintings.push_back(

@@ -129,7 +129,7 @@ void UXUseCaseDiagram::_paintSource(UXDiagram& source, UXPaintConfig* config)
     if (watcher.isAlive())
         source.paint(&recording, shown);
     if (configWatcher.isGone()) {
-        // There is nothing left that it could draw on.
+        // uxDestroyPainter would hand the drawing over to what is gone.
         delete painter;
         return;
     }
