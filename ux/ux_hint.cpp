@@ -6,9 +6,11 @@
 #include "ux/ux_hint_frame.h"
 #include "ux/ux_hint_placement.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace {
 
@@ -156,9 +158,10 @@ UXHintPlacement UXHint::_obtainPlacement(const UXControl& control,
     placement.distance = toPixels(info.distance > 0 ? info.distance : ownDistance, scale);
     placement.position = info.position;
     if (pointer) {
-        placement.pointer = UXRect(pointer->x + toPixels(pointerShape.x, scale),
-                                   pointer->y + toPixels(pointerShape.y, scale),
-                                   toPixels(pointerShape.width, scale), toPixels(pointerShape.height, scale));
+        placement.pointer = UXRect(
+            uxSaturateToInt(std::int64_t{pointer->x} + toPixels(pointerShape.x, scale)),
+            uxSaturateToInt(std::int64_t{pointer->y} + toPixels(pointerShape.y, scale)),
+            toPixels(pointerShape.width, scale), toPixels(pointerShape.height, scale));
     }
     if (info.followMouse && pointer) {
         placement.point = *pointer;
