@@ -1,6 +1,8 @@
 #include "svg_check.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <set>
 #include <vector>
 
 namespace {
@@ -27,13 +29,19 @@ std::size_t measureCharacter(std::string_view text)
     return first < 0xC0 || code < least[length] || code > 0x10FFFF || isForbidden ? 0 : length;
 }
 
+bool startsWithEntity(std::string_view text)
+{
+    const std::string_view entities[] = {"&amp;", "&lt;", "&gt;", "&quot;"};
+    return std::ranges::any_of(entities, [&](std::string_view entity) { return text.starts_with(entity); });
+}
+
 bool isText(std::string_view text)
 {
     while (!text.empty()) {
         const std::size_t length = measureCharacter(text);
         if (length == 0)
             return false;
-        if (text[0] == '&' && text.substr(0, 10).find(';') == std::string_view::npos)
+        if (text[0] == '&' && !startsWithEntity(text))
             return false;
         text.remove_prefix(length);
     }
@@ -55,12 +63,33 @@ std::size_t findTagEnd(std::string_view page)
     return std::string_view::npos;
 }
 
+/** @return what stands in page between each start and the next end */
+std::vector<std::string_view> collectBetween(std::string_view page, std::string_view start, char end)
+{
+    std::vector<std::string_view> found;
+    for (std::size_t at = page.find(start); at != std::string_view::npos; at = page.find(start)) {
+        page.remove_prefix(at + start.size());
+        found.push_back(page.substr(0, page.find(end)));
+    }
+    return found;
+}
+
+/** A quote in a text is written as an entity, so only attributes match. */
+bool hasRightNames(std::string_view page)
+{
+    const std::vector<std::string_view> names = collectBetween(page, " id=\"", '"');
+    const std::set<std::string_view> known(names.begin(), names.end());
+    return known.size() == names.size() &&
+           std::ranges::all_of(collectBetween(page, "=\"url(#", ')'),
+                               [&](std::string_view name) { return known.contains(name); });
+}
+
 } // namespace
 
 bool isWellFormed(std::string_view page)
 {
     std::vector<std::string_view> open;
-    if (!isText(page))
+    if (!isText(page) || !hasRightNames(page))
         return false;
     for (std::size_t at = page.find('<'); at != std::string_view::npos; at = page.find('<')) {
         page.remove_prefix(at);

@@ -422,6 +422,8 @@ bool KXXYAxisChart::customDeserialize()
     const UXObjectWatcher self(this);
     if (preparedAndReloadedData())
         reloadData();
+    else
+        reloadColors(); // of a legend without values
     if (!self.isAlive())
         return complete;
     for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})

