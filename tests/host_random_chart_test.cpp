@@ -281,6 +281,16 @@ public:
     }
 
 private:
+    /** From the case to another state and back. */
+    struct Way {
+        const char* name;
+        const Json& document;
+        RandomTable& table;
+        const PictureSetting& setting;
+        std::function<void(KXChart&)> leave, comeBack;
+        bool leavesLists = false; // as they were, so that the other state is not quite reached
+    };
+
     /** @return what a chart saves whose keys were set one by one as well, so that it holds also what reading
      * would forget, and no key says other than another one */
     Json _makeDocument()
@@ -317,16 +327,25 @@ private:
         return _compare("saved and read", *loaded);
     }
 
+    /** There the chart has to look like one that has always been there, and back again as it did. */
+    std::string _checkWay(const Way& way)
+    {
+        const std::unique_ptr<KXChart> chart = _make(m_document, *m_table);
+        draw(*chart, m_setting);
+        way.leave(*chart);
+        const std::string drawn = draw(*chart, way.setting);
+        if (!way.leavesLists) {
+            const std::unique_ptr<KXChart> other = _make(way.document, way.table);
+            const std::string fault = findDifference(draw(*other, way.setting), drawn);
+            if (!fault.empty())
+                return std::string("with ") + way.name + " " + fault;
+        }
+        way.comeBack(*chart);
+        return _compare(std::string("after ") + way.name, *chart);
+    }
+
     std::string _checkReturns()
     {
-        struct Way {
-            const char* name;
-            const Json& document;
-            RandomTable& table;
-            const PictureSetting& setting;
-            std::function<void(KXChart&)> leave, comeBack;
-            bool leavesLists = false; // where it has come from: then it is not quite the other one
-        };
         const Way ways[] = {
             {"another size", m_document, *m_table, m_otherSetting, [](KXChart&) {}, [](KXChart&) {}},
             {"other data", m_document, *m_otherTable, m_setting,
@@ -340,20 +359,9 @@ private:
              [this](KXChart& chart) { updateChart(chart, m_document); }, true},
         };
         for (const Way& way : ways) {
-            const std::unique_ptr<KXChart> chart = _make(m_document, *m_table);
-            draw(*chart, m_setting);
-            way.leave(*chart);
-            const std::string drawn = draw(*chart, way.setting);
-            if (!way.leavesLists) {
-                const std::unique_ptr<KXChart> other = _make(way.document, way.table);
-                const std::string fault = findDifference(draw(*other, way.setting), drawn);
-                if (!fault.empty())
-                    return std::string("with ") + way.name + " " + fault;
-            }
-            way.comeBack(*chart);
-            const std::string late = _compare(std::string("after ") + way.name, *chart);
-            if (!late.empty())
-                return late;
+            const std::string fault = _checkWay(way);
+            if (!fault.empty())
+                return fault;
         }
         return {};
     }
