@@ -182,7 +182,8 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
     _placeAxes(_obtainArea(bands, scrolls));
     _placeLabels(bands);
     _placeScroll(bands, scrolls);
-    // The marks stand against the axes as the labels leave them.
+    // Asked for their length, the labels say what they need at the end of the axis, and the marks are placed
+    // by that.
     for (std::size_t i = 0; self.isAlive() && i < m_axes.size(); ++i)
         if (m_axes[i]->labels->getVisible())
             m_axes[i]->labels->obtainLabelLength();
@@ -203,14 +204,14 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         KXAxisTickLabelView& labels = *axis.labels;
         const bool hasRoom = axis.isHorizontal() ? detail.lyingLabels : detail.standingLabels;
         labels.setVisible(hasRoom && axis.isUsed && property.getShowTickLabels());
-        // What the labels asked for at another size, or at another side, which the key is about, is no more.
+        // The labels ask anew for what they need at the end of the axis: at another size that is other room,
+        // and at another side it has another key.
         axis.axis->setExtraLength(labels.getExtraLengthKey(), 0);
         labels.setPosition(axis.position);
         labels.setTickInterval(axis.cache.tickInterval);
         labels.setTextProperty(property.getTickLabelProperty());
         labels.setTickLabelRotationType(property.getTickLabelRotationType());
-        // Numbers are thinned out instead of turned, where they may be, and stay below their lines of the
-        // grid.
+        // Numbers that may be thinned out are not turned: they stay below their lines of the grid.
         const bool isCategories = &axis == _obtainScrolledAxis();
         const bool mayTurn = isCategories ||
                              property.getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Auto;
@@ -402,7 +403,7 @@ UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis) const
     if (axis.isHorizontal()) {
         const int middle = axis.position == UXPosition::Top ? area.y : uxMaxY(area);
         int y = middle - size.height / 2;
-        if (axis.labels->getVisible()) // the last one may reach below the title
+        if (axis.labels->getVisible()) // the last label may reach into the title's width
             y = axis.position == UXPosition::Top ? std::max(y, middle - labelGap)
                                                  : std::min(y, middle + labelGap - size.height);
         y = std::min(y, uxMaxY(plot) - size.height);

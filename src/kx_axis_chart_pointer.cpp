@@ -213,8 +213,7 @@ KXHighlightResult KXAxisChart::showLinkedHighlight(const KXChartDataPath& path, 
     return KXHighlightResult::Highlighted;
 }
 
-/** Linked marks never scroll the chart, which stays where its reader has left it: a tab says where they are.
- */
+/** Linked marks never scroll a chart, which stays where its reader left it: a tab says where they are. */
 void KXAxisChart::_placeLinkedTab()
 {
     m_linkedTab = m_linkedMarks.empty()

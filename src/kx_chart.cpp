@@ -388,6 +388,7 @@ void KXChart::customLayout()
         return;
     Division division = _divideContent();
     m_title->setRect(division.title);
+    m_title->keepTextInside(division.content);
     m_legend->setRect(division.legend);
     _customLayout(division.plot);
     if (!self.isAlive())

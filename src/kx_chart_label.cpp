@@ -1,12 +1,16 @@
 #include "kx_chart_label.h"
 
 #include "ux/ux_event.h"
+#include "ux/ux_layout_helper.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_round_rectangle.h"
 #include "ux/ux_saturate.h"
+#include "ux/ux_text_shortening.h"
 
 #include <cmath>
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -49,6 +53,8 @@ KXChartDataPath* KXChartLabel::createDataPath()
 
 std::string KXChartLabel::obtainText()
 {
+    if (m_cutText)
+        return *m_cutText;
     const std::string text = UXLabel::obtainText();
     return text.empty() ? m_defaultText : text;
 }
@@ -66,12 +72,33 @@ void KXChartLabel::setSelectable(bool selectable)
     });
 }
 
-void KXChartLabel::setTextRoom(const UXRect& room)
+void KXChartLabel::keepTextInside(const UXRect& area)
 {
-    if (room == m_textRoom)
+    if (m_textRoom)
+        invalidate();
+    m_textRoom.reset();
+    m_cutText.reset();
+    const UXRect rect = getRect();
+    if (uxIsEmptyRect(rect) || uxContainsRect(area, rect))
         return;
+    const UXRect seen = uxIntersectionRect(area, rect);
+    const UXRect room(seen.x - rect.x, seen.y - rect.y, seen.width, seen.height);
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    const auto heightOf = [&](std::string_view piece) {
+        return helper->getTextSize(std::string(piece), getTextProperty(), room.width).height;
+    };
+    // More of a text is higher as it is wider, so that heights can be cut as widths are.
+    std::string cut = uxShortenText(obtainText(), UXTextOption::EllipsisEnd, room.height, heightOf);
+    m_cutText = heightOf(cut) <= room.height ? std::move(cut) : std::string();
     m_textRoom = room;
     invalidate();
+}
+
+void KXChartLabel::autoResize()
+{
+    m_textRoom.reset();
+    m_cutText.reset();
+    UXLabel::autoResize();
 }
 
 void KXChartLabel::selectionChanged()
@@ -145,11 +172,10 @@ void KXChartLabel::drawLabel(UXPainter& painter, const UXDoubleRect&, const UXTe
 {
     UXDoubleRect rect = _obtainDrawnRect();
     UXTextProperty drawn = property;
-    if (m_textRoom.width > 0) {
-        const double left = std::max<double>(rect.x, m_textRoom.x);
-        rect.width = std::max(std::min<double>(uxMaxDoubleX(rect), uxMaxX(m_textRoom)) - left, 0.0);
-        rect.x = left;
-        drawn.option = UXTextOption::EllipsisEnd;
+    if (m_textRoom) {
+        rect = uxIntersectionDoubleRect(rect, UXDoubleRect(*m_textRoom));
+        if (drawn.option == UXTextOption::Default)
+            drawn.option = UXTextOption::EllipsisEnd;
     }
     drawn.textColor = obtainDrawnColor(property.textColor, KXInteractionEffectTarget::NonFilled);
     drawn.font.size = uxSaturateToInt(std::round(property.font.size * obtainDrawnSizeRatio()));

@@ -6,6 +6,7 @@
 #include "kx_interaction_chart_object.h"
 #include "ux/ux_label.h"
 
+#include <optional>
 #include <string>
 
 /** A label of a chart: it shows a default text while its own is empty, and as a piece of data it can be
@@ -26,14 +27,16 @@ public:
     std::string getIdentifier() const;
     void setIdentifier(const std::string& identifier);
 
-    /** Keeps the text of a label that is larger than its chart inside: an ellipsis stands for the end of it.
-     *  @param room from left to right, in the own space; without width the text is drawn whole */
-    void setTextRoom(const UXRect& room);
+    /** Keeps what is drawn of a label that is larger than area inside it: whole lines, with an ellipsis for
+     * the rest of the text, and nothing where no line has room. The rectangle stays as it is.
+     *  @param area in the parent's space, for the present rectangle, text and font; until autoResize() */
+    void keepTextInside(const UXRect& area);
 
     // From UXJsonObject, UXObject, UXLabel and KXChartDataAction
     std::string customSerializeTypeID() override;
     void setSelectable(bool selectable) override;
     bool inRect(UXRect rect) const override;
+    void autoResize() override;
     KXChartDataPath* createDataPath() override;
 
     // From KXInteractionChartObject
@@ -51,7 +54,10 @@ private:
     UXDoubleRect _obtainDrawnRect() const;
     UXRect _obtainPaintedRect() const;
 
-    UXRect m_textRoom;
+    // Of a label that is larger than the area that it keeps to
+    std::optional<UXRect> m_textRoom; // in the own space
+    std::optional<std::string> m_cutText;
+
     std::string m_defaultText;
     std::string m_identifier;
     bool m_togglesSelection = false; // the handler is installed

@@ -13,6 +13,7 @@
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_painter_state.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_string.h"
@@ -20,6 +21,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -690,10 +692,14 @@ void KXGaugeChart::_drawTarget(UXPainter& painter, const KXGaugeDial& dial) cons
 {
     if (!isKnown(m_targetRatio) || m_targetRatio < 0)
         return;
-    // Beside a tiny dial the tick may have no room.
-    const UXDoubleRect tick = dial.obtainTickBounds(m_targetRatio * dialDegrees);
-    if (!uxContainsRect(getBoundingRect(), toSurroundingRect(tick)))
-        return;
+    // Beside a small dial the tick may reach over the chart's edge, which cuts it.
+    const UXRect bounds = getBoundingRect();
+    std::optional<UXPainterState> clip;
+    if (!uxContainsRect(bounds, toSurroundingRect(dial.obtainTickBounds(m_targetRatio * dialDegrees)))) {
+        clip.emplace(painter);
+        painter.addRectanglePath(bounds.x, bounds.y, bounds.width, bounds.height);
+        painter.clip();
+    }
     painter.setColor(
         m_targetLabel->obtainDrawnColor(m_pipeTargetColor, KXInteractionEffectTarget::NonFilled));
     dial.strokeTick(painter, m_targetRatio * dialDegrees, m_targetLabel->obtainDrawnSizeRatio());

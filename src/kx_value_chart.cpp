@@ -188,24 +188,18 @@ void KXValueChart::_customLayout(UXRect plotArea)
     property.textColor = _isNegativeNumber() ? m_negativeFontColor : m_fontColor;
     property.font.familyName = m_fontName;
     const UXDoubleSize size = _fitFont(text, property, plotArea);
-    // The least size may still be too large: then the text ends with an ellipsis, or has no line to stand on.
-    const int height = uxSaturateToInt(std::ceil(size.height));
-    int width = uxSaturateToInt(std::ceil(size.width));
-    const bool isCut = width > plotArea.width;
-    property.option = isCut ? UXTextOption::EllipsisEnd : UXTextOption::Default;
-    width = isCut ? plotArea.width : width;
     m_valueLabel->setTextProperty(property);
-    m_valueLabel->setVisible(height <= plotArea.height);
+
+    const int width = uxSaturateToInt(std::ceil(size.width));
+    const int height = uxSaturateToInt(std::ceil(size.height));
     int left = plotArea.x;
     if (m_mainLabelAlign == UXTextAlign::Right)
         left += plotArea.width - width;
     else if (m_mainLabelAlign != UXTextAlign::Left)
         left += (plotArea.width - width) / 2;
     m_valueLabel->setRect(uxMakeRect(left, plotArea.y, width, height));
-    // A number that is cut at the chart's edge would look like another one.
-    const UXRect content = getContentRect();
-    const bool reachesOut = left < content.x || left > uxMaxX(content) - width;
-    m_valueLabel->setTextRoom(reachesOut ? uxMakeRect(content.x - left, 0, content.width, height) : UXRect());
+    // A number that is cut at an edge would look like another one.
+    m_valueLabel->keepTextInside(plotArea);
     registerRightClickMenu(this, [this] { return isInteractionEnabled(); });
 }
 

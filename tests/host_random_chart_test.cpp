@@ -165,21 +165,23 @@ std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
     return fault;
 }
 
-/** @return the first text beside the title that reaches out of a chart of some size, empty where none does.
- * The drawing does not show it: all that paints is clipped to the chart. */
+/** @return the first text that reaches out of a chart of some size, empty where none does. The drawing does
+ * not show it: all that paints is clipped to the chart. Titles and values are as large as their texts, and
+ * what has no room is not drawn. */
 std::string findTextOutside(UXObject& object, KXChart& chart)
 {
     const UXRect content = chart.getContentRect();
     const bool holdsMore = dynamic_cast<UXVirtualScrollView*>(&object) != nullptr; // than it shows
     if (holdsMore || content.width < 60 || content.height < 60)
         return {};
+    const auto* value = dynamic_cast<KXValueChart*>(&chart);
     std::string fault;
     for (UXObject* child : object.getChildren()) {
         if (!child->getVisible() || !fault.empty())
             continue;
         auto* label = dynamic_cast<UXLabel*>(child);
-        if (label && label != chart.getTitle() && !label->getText().empty() &&
-            !uxIsEmptyRect(label->getRect()) &&
+        const bool isCut = child == chart.getTitle() || (value && child == value->getValueLabel());
+        if (label && !isCut && !label->getText().empty() && !uxIsEmptyRect(label->getRect()) &&
             !uxContainsRect(chart.getBoundingRect(),
                             label->translateRectToParent(label->getBoundingRect(), &chart)))
             return "the text \"" + label->getText() + "\" reaches out of the chart";

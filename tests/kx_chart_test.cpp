@@ -16,6 +16,7 @@
 
 #include <climits>
 #include <sstream>
+#include <tuple>
 
 namespace {
 
@@ -93,6 +94,33 @@ TEST(KXChart, DividesItsContentBetweenTitleLegendAndPlot)
         EXPECT_EQ(write(chart.getTitle()->getRect()) + " | " + write(chart.getLegend()->getRect()) + " | " +
                       write(chart.plotArea),
                   c.parts);
+    }
+}
+
+TEST(KXChart, ATitleEndsWithAWholeLineInsideTheChart)
+{
+    KXTestChart chart;
+    KXChartProperty& property = *chart.getChartProperty();
+    property.updateTitleValue("one two three four five six");
+    property.updateTitleValueWrap(true);
+    const std::string whole = "\"one two three four five six\"", cut = "\xE2\x80\xA6\"";
+    const std::tuple<const char*, int, UXPosition, std::string> cases[] = {
+        {"room for all lines", 200, UXPosition::Bottom, whole},
+        {"for some at the top", 50, UXPosition::Top, cut},
+        {"for some at the bottom", 50, UXPosition::Bottom, cut},
+        {"for none", 10, UXPosition::Top, ""},
+        {"for all again", 200, UXPosition::Top, whole},
+    };
+    for (const auto& [name, height, position, drawn] : cases) {
+        SCOPED_TRACE(name);
+        property.updateTitlePosition(position);
+        chart.setRect(uxMakeRect(0, 0, 100, height));
+        chart.layout();
+        const std::string text = uxPaintToText(chart);
+        EXPECT_EQ(text.find("drawText") != std::string::npos, !drawn.empty());
+        EXPECT_NE(text.find(drawn), std::string::npos) << text;
+        EXPECT_EQ(text.find("drawText 0,-"), std::string::npos) << "inside";
+        EXPECT_EQ(chart.getTitle()->getText(), "one two three four five six");
     }
 }
 

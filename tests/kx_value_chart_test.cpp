@@ -127,6 +127,7 @@ TEST_F(KXValueChartTest, ShrinksUntilTheTextIsSmallerThanThePlotArea)
         EXPECT_EQ(label().getTextProperty().font.size, expected);
         EXPECT_EQ(uxPaintToText(chart).find("drawText 0,0,198,") != std::string::npos, letters == 1000)
             << "what is too wide ends with an ellipsis at the chart's edge";
+        EXPECT_EQ(label().getRect().width > 198, letters == 1000) << "and the label is as wide as all of it";
     }
 
     provider.text.clear();
@@ -136,6 +137,10 @@ TEST_F(KXValueChartTest, ShrinksUntilTheTextIsSmallerThanThePlotArea)
     kxLoad(chart);
     EXPECT_EQ(label().getTextProperty().font.size, 9);
     EXPECT_LT(measurer.askedCount, 100);
+    provider.text = "x";
+    kxLoad(chart);
+    EXPECT_TRUE(label().getVisible());
+    EXPECT_EQ(uxPaintToText(chart).find("drawText"), std::string::npos) << "half a line is none";
 }
 
 TEST_F(KXValueChartTest, StandsWhereItIsAligned)
