@@ -11,6 +11,7 @@
 #include "kx_gauge_chart.h"
 #include "kx_value_chart.h"
 #include "sql_data_provider.h"
+#include "ux/ux_enum_map.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
@@ -20,6 +21,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <optional>
+#include <sstream>
 
 namespace {
 
@@ -69,18 +71,14 @@ UXColor toColor(const Json& color)
 
 UXTextProperty toTextProperty(const Json& document)
 {
-    const auto indexOf = [](const std::string& names, const std::string& name) {
-        const std::string before = names.substr(0, names.find(name));
-        return static_cast<int>(std::count(before.begin(), before.end(), ','));
-    };
     UXTextProperty property;
     property.font.familyName = document.at("font").at("familyName");
     property.font.size = document.at("font").at("size");
     property.font.bold = document.at("font").at("bold");
-    property.align = static_cast<UXTextAlign>(
-        indexOf(uxObtainEnumNames(UXTextAlign()), document.at("align").get<std::string>()));
-    property.option = static_cast<UXTextOption>(
-        indexOf(uxObtainEnumNames(UXTextOption()), document.at("option").get<std::string>()));
+    UXEnum::UXEnumMap<UXTextAlign>(uxObtainEnumNames(UXTextAlign()))
+        .obtainValue(document.at("align"), property.align);
+    UXEnum::UXEnumMap<UXTextOption>(uxObtainEnumNames(UXTextOption()))
+        .obtainValue(document.at("option"), property.option);
     property.lineMode = document.at("lineMode");
     property.textColor = toColor(document.at("textColor"));
     return property;

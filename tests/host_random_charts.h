@@ -12,6 +12,7 @@
 #include "kx_gauge_chart_options.h"
 #include "kx_json_object_factory.h"
 #include "kx_value_chart_data_provider.h"
+#include "ux/ux_enum_base.h"
 #include "ux/ux_padding.h"
 #include "ux/ux_text_align.h"
 #include "ux/ux_text_option.h"
@@ -23,7 +24,6 @@
 #include <nlohmann/json.hpp>
 #include <random>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -338,14 +338,7 @@ private:
             value = "YYYY/MM \"at\" HH";
     }
 
-    std::string _pickName(const std::string& names)
-    {
-        std::vector<std::string> list;
-        std::istringstream stream(names);
-        for (std::string name; stream >> name;)
-            list.push_back(name.substr(0, name.find(',')));
-        return pick(list);
-    }
+    std::string _pickName(const std::string& names) { return pick(UXEnum::splitString(names)); }
 
     std::mt19937_64 m_random;
     int m_rate = 1; // one key in so many is changed

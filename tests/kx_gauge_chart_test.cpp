@@ -54,13 +54,6 @@ protected:
         provider.measures = measures;
         kxLoad(chart, provider, chart.getRect());
     }
-    void setDisplays(Display display)
-    {
-        chart.setMainDisplay(display);
-        chart.setMaxMinDisplay(display);
-        chart.setTargetDisplay(display);
-        chart.setPartitionLabelDisplay(display);
-    }
     std::vector<std::string> paintLines()
     {
         chart.layout();
@@ -225,7 +218,8 @@ TEST_F(KXGaugeChartTest, TextsGiveWayToEachOther)
 
     chart.setFontSize(50);
     chart.setRect(uxMakeRect(0, 0, 480, 320));
-    setDisplays(Display::Both);
+    chart.setMaxMinDisplay(Display::Both);
+    chart.setMainDisplay(Display::Both);
     load({1234567.5, null, 0, 98765432});
     EXPECT_EQ(chart.getMainLabel()->getRect().y, chart.getMinLabel()->getRect().getBottom())
         << "a wide main text moves below the ends";
