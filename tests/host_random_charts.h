@@ -161,8 +161,7 @@ public:
             "Sales",
             "Net sales by region and year",
             "first\nsecond line\nx",
-            "\xe9\x94\x80\xe5\x94\xae\xe9\xa2\x9d\xef\xbc\x88\xe4\xb8\x87\xe5\x85\x83\xef"
-            "\xbc\x89",                                              // CJK
+            "\u9500\u552e\u989d\uff08\u4e07\u5143\uff09",            // CJK
             "\xd9\x85\xd8\xa8\xd9\x8a\xd8\xb9\xd8\xa7\xd8\xaa 2024", // right to left
             "2024-03-05",
             "12:30:00",
