@@ -32,6 +32,19 @@ KXAxisChartValueMap makeMap(const KXAxisChartAxis& own)
     return {low, from, span > 0 && std::isfinite(span) ? (to - from) / span : 0};
 }
 
+/** Gives an axis exactly these bounds. Its setters take a value close to the one before for the same, but no
+ * chart looks other for what it showed before. */
+void setBounds(KXAxis& axis, double min, double max)
+{
+    const auto awayFrom = [](double value) { return std::abs(value) < 1 ? 2.0 : 0.0; };
+    if (axis.getMinValue() != min)
+        axis.setMinValue(awayFrom(min));
+    axis.setMinValue(min);
+    if (axis.getMaxValue() != max)
+        axis.setMaxValue(awayFrom(max));
+    axis.setMaxValue(max);
+}
+
 std::uint64_t toIndex(double number, std::uint64_t count)
 {
     return number > 0 ? static_cast<std::uint64_t>(std::min(number, static_cast<double>(count))) : 0;
@@ -202,10 +215,8 @@ void KXXYAxisChart::_customUpdateAxes()
         if (updateAxisCacheData(axis->property.get(), &axis->cache))
             axis->ticksChanged = true;
     _setCategoryScale();
-    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY}) {
-        axis->axis->setMinValue(axis->cache.axisMin);
-        axis->axis->setMaxValue(axis->cache.axisMax);
-    }
+    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY})
+        setBounds(*axis->axis, axis->cache.axisMin, axis->cache.axisMax);
 }
 
 /** The one place that knows the orientation: everything else follows the sides at which the axes stand. */
@@ -229,14 +240,12 @@ void KXXYAxisChart::_setCategoryScale()
     axis.setShiftHalfValueSpacing(!m_isContinuous);
     if (m_isContinuous) {
         // Half a category's room on both sides, so that marks at the ends are whole.
-        axis.setMinValue(cache.axisMin - m_categoryDistance / 2);
-        axis.setMaxValue(cache.axisMax + m_categoryDistance / 2);
+        setBounds(axis, cache.axisMin - m_categoryDistance / 2, cache.axisMax + m_categoryDistance / 2);
         axis.setValueSpacing(-1);
         return;
     }
     const auto count = static_cast<double>(cache.categoryCount);
-    axis.setMinValue(-1);
-    axis.setMaxValue(count - 1);
+    setBounds(axis, -1, count - 1);
     axis.setValueSpacing(length > 0 && count > 0 ? length / count : -1);
 }
 
