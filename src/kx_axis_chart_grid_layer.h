@@ -20,7 +20,8 @@ public:
     ~KXAxisChartGridLayer() override;
 
     const std::vector<KXAxisChartGridLines>& getLines() const { return m_lines; }
-    /** @param lines in the order in which they are painted
+    /** Lines at an edge of the layer move inside by half their thickness.
+     *  @param lines in the order in which they are painted
      *  @param area what the lines cross, in the own space */
     void setLines(const std::vector<KXAxisChartGridLines>& lines, const UXRect& area);
 
