@@ -125,8 +125,12 @@ UXRect KXAxisTickLabelLayout::obtainRect(const KXAxisTickLabelPlace& place) cons
 {
     const UXDoubleSize turned = obtainTurnedSize(place.size);
     const int width = ceilToInt(turned.width), height = ceilToInt(turned.height);
-    return {uxRoundToInt(place.center.x - width / 2.0), uxRoundToInt(place.center.y - height / 2.0), width,
-            height};
+    const int y = uxRoundToInt(place.center.y - height / 2.0);
+    // Sloping texts keep their distances from line to line, however their lengths are rounded.
+    const int x = m_degrees == -45
+                      ? uxRoundToInt(place.center.x + place.center.y - height / 2.0 - width / 2.0 - y)
+                      : uxRoundToInt(place.center.x - width / 2.0);
+    return {x, y, width, height};
 }
 
 /** @return how far the area reaches from the tick away from the axis */
