@@ -109,7 +109,8 @@ private:
     struct Band {
         int labels = 0;
         int title = 0;
-        int endTitle = 0; // of an axis that ends at this side
+        int endTitle = 0; // of an axis that ends at this side, with the gap before it
+        int endGap = 0;
         int overhang = 0; // of the labels at a side around the corner
 
         int obtainExtent() const { return (std::max)(labels + title + endTitle, overhang); }
@@ -134,12 +135,14 @@ private:
     Bands _measureBands(const Detail& detail);
     void _measureLabels(Bands& bands);
     void _measureOverhang(const KXAxisChartAxis& axis, Bands& bands);
+    void _measureTitle(const KXAxisChartAxis& axis, Bands& bands);
+    int _obtainEndTitleGap(const KXAxisChartAxis& axis) const;
     UXRect _obtainArea(const Bands& bands, bool scrolls) const;
     void _placeAxes(const UXRect& area);
     void _placeLabels(const Bands& bands);
     void _placeTitles(const Bands& bands, const Detail& detail, bool scrolls);
     UXRect _obtainTitleRect(const KXAxisChartAxis& axis, const Bands& bands, int bar) const;
-    UXRect _obtainEndTitleRect(const KXAxisChartAxis& axis) const;
+    UXRect _obtainEndTitleRect(const KXAxisChartAxis& axis, const Bands& bands) const;
     void _placeScroll(const Bands& bands, bool scrolls);
     void _placeLayers();
     void _layoutContent();

@@ -55,13 +55,15 @@ UXSize measureTitle(const KXAxisChartAxis& axis)
             boundExtent(uxSaturateToInt(std::ceil(size.height)))};
 }
 
+/** @return what of the title fits, empty where not even an ellipsis does */
 std::string shortenTitle(const KXAxisChartAxis& axis, int limit)
 {
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     const auto widthOf = [&](std::string_view piece) {
         return helper->getTextSize(std::string(piece), axis.property->getTitleProperty()).width;
     };
-    return uxShortenText(axis.obtainTitleText(), UXTextOption::EllipsisEnd, limit, widthOf);
+    const std::string text = uxShortenText(axis.obtainTitleText(), UXTextOption::EllipsisEnd, limit, widthOf);
+    return widthOf(text) > limit ? std::string() : text;
 }
 
 bool hasTitle(const KXAxisChartAxis& axis)
@@ -269,19 +271,38 @@ KXAxisChartBase::Bands KXAxisChartBase::_measureBands(const Detail& detail)
     _measureLabels(bands);
     if (!self.isAlive())
         return bands;
-    for (const auto& axis : m_axes) {
-        if (!detail.titles || !hasTitle(*axis))
-            continue;
-        const UXSize title = measureTitle(*axis);
-        if (!axis->property->getShowTitleAtEndOfAxis()) {
-            bands.at(axis->position).title = title.height + titleGap;
-            continue;
-        }
-        const int most = m_plot->getRect().width / endTitleDivider;
-        int& end = bands.at(obtainEndSide(*axis)).endTitle;
-        end = std::max(end, titleGap + (axis->isHorizontal() ? std::min(title.width, most) : title.height));
-    }
+    for (std::size_t i = 0; detail.titles && self.isAlive() && i < m_axes.size(); ++i)
+        if (hasTitle(*m_axes[i]))
+            _measureTitle(*m_axes[i], bands);
     return bands;
+}
+
+void KXAxisChartBase::_measureTitle(const KXAxisChartAxis& axis, Bands& bands)
+{
+    const UXObjectWatcher self(this);
+    const UXSize title = measureTitle(axis);
+    if (!axis.property->getShowTitleAtEndOfAxis()) {
+        bands.at(axis.position).title = title.height + titleGap;
+        return;
+    }
+    const int gap = _obtainEndTitleGap(axis);
+    if (!self.isAlive())
+        return;
+    const int most = m_plot->getRect().width / endTitleDivider;
+    Band& band = bands.at(obtainEndSide(axis));
+    band.endGap = std::max(band.endGap, gap);
+    band.endTitle = std::max(band.endTitle,
+                             gap + (axis.isHorizontal() ? std::min(title.width, most) : title.height));
+}
+
+/** A title over the categories stands clear of the label of the uppermost one, wherever they are scrolled to.
+ * Asking for it may destroy the chart. */
+int KXAxisChartBase::_obtainEndTitleGap(const KXAxisChartAxis& axis) const
+{
+    if (axis.isHorizontal() || &axis != _obtainScrolledAxis() || !axis.labels->getVisible())
+        return titleGap;
+    const bool moves = axis.axis->isScrollable();
+    return std::max(titleGap, boundExtent(moves ? obtainHalfLine(axis) : axis.labels->obtainStartOverhang()));
 }
 
 /** @return what the bands leave of the plot, no longer than an axis that is given a length */
@@ -363,11 +384,11 @@ void KXAxisChartBase::_placeTitles(const Bands& bands, const Detail& detail, boo
             continue;
         const bool atEnd = axis->property->getShowTitleAtEndOfAxis();
         const bool hasBar = scrolls && axis.get() == _obtainScrolledAxis() && axis->isHorizontal();
-        const UXRect rect = atEnd ? _obtainEndTitleRect(*axis)
+        const UXRect rect = atEnd ? _obtainEndTitleRect(*axis, bands)
                                   : _obtainTitleRect(*axis, bands, hasBar ? barExtent : 0);
         const bool isTurned = !atEnd && !axis->isHorizontal();
-        label.setVisible(isTurned || rect.height >= measureTitle(*axis).height);
         label.setText(shortenTitle(*axis, isTurned ? rect.height : rect.width));
+        label.setVisible(!label.getText().empty() && (isTurned || rect.height >= measureTitle(*axis).height));
         UXTextProperty property = axis->property->getTitleProperty();
         property.option = UXTextOption::Default; // it is as short as it has to be
         property.lineMode = noWrapLineMode;
@@ -396,7 +417,7 @@ UXRect KXAxisChartBase::_obtainTitleRect(const KXAxisChartAxis& axis, const Band
 }
 
 /** @return the place of a title beyond the end of its axis */
-UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis) const
+UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis, const Bands& bands) const
 {
     const UXRect area = m_marksArea, plot = m_plot->getBoundingRect();
     const UXSize size = measureTitle(axis);
@@ -412,7 +433,7 @@ UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis) const
     }
     const int width = std::min(size.width, plot.width);
     const int x = axis.position == UXPosition::Left ? 0 : uxMaxX(plot) - width;
-    return {x, area.y - titleGap - size.height, width, size.height};
+    return {x, area.y - bands.top.endGap - size.height, width, size.height};
 }
 
 /** The bar stands beside the marks, or under the labels of the categories, and the title beyond it. */

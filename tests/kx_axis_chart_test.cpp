@@ -156,6 +156,46 @@ TEST(KXAxisChart, TitlesTakeRoomBesideTheMarksUnlessThatIsScarce)
     }
 }
 
+TEST(KXAxisChart, TitlesKeepOffLabelsAndInsideTheChart)
+{
+    const UXFixedMeasurer measurer;
+    KXAxisChartTestProvider provider;
+    for (const auto& [categories, top] : {std::pair(3, 17), {60, 13 + 20}}) {
+        provider.categoryCount = static_cast<std::uint64_t>(categories);
+        provider.values = {std::vector<double>(static_cast<std::size_t>(categories), 1)};
+        BarsChart chart(provider, {0, 0, 302, 402});
+        KXAxisProperty& axis = *chart.getXAxisProperty();
+        axis.setShowTitle(true), axis.setShowTitleAtEndOfAxis(true), axis.setShowTickLabels(true);
+        UXTextProperty large = axis.getTickLabelProperty();
+        large.font.size = 40;
+        axis.setTickLabelProperty(large);
+        chart.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
+        kxLoad(chart);
+        EXPECT_EQ(chart.getMarksArea().y, top) << "half of the first label's line, where that is nearer";
+    }
+    BarsChart low(provider, {0, 0, 602, 112});
+    low.getYAxisProperty()->setShowTitle(true);
+    UXTextProperty large = low.getYAxisProperty()->getTitleProperty();
+    large.font.size = 250;
+    low.getYAxisProperty()->setTitleProperty(large);
+    kxLoad(low);
+    EXPECT_EQ(uxPaintToText(low).find("\u2026"), std::string::npos) << "longer than the chart is high";
+}
+
+TEST(KXAxisChart, BoundsAreExactAndTheLinesThereInside)
+{
+    KXAxisChartTestProvider provider;
+    BarsChart chart(provider);
+    chart.getYAxisProperty()->setAutoAxisRange(false);
+    chart.getYAxisProperty()->setCustomMaxAxisValue(1);
+    for (const double min : {0.0, -1e-9, 0.0}) {
+        chart.getYAxisProperty()->updateCustomMinAxisValue(min);
+        kxLoad(chart);
+        EXPECT_EQ(chart.getYAxis()->getMinValue(), min) << "whatever stood there before";
+    }
+    EXPECT_EQ(chart.getGridLayer()->getLines()[0].places.back(), 0.5);
+}
+
 TEST(KXAxisChart, LabelsTakeTheirRoomFromTheMarks)
 {
     const UXFixedMeasurer measurer; // a byte is 6.5 wide and a line 13 high
