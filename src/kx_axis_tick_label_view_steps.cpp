@@ -142,7 +142,10 @@ bool KXAxisTickLabelView::_doSteps(Step step)
         if (!_readScale(scale))
             return false;
         if (scale != m_scale) {
-            if (scale.freeSpacing != m_scale.freeSpacing)
+            // A view of another size may show fewer ticks at the same spacing.
+            const bool isResized = _obtainLayout().isAlongX() ? scale.area.width != m_scale.area.width
+                                                              : scale.area.height != m_scale.area.height;
+            if (isResized || scale.freeSpacing != m_scale.freeSpacing)
                 _forgetMeasures();
             m_scale = scale;
             m_visibleTicksStale = m_cacheStale = true;
