@@ -179,7 +179,7 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
         bands = _measureBands(detail);
         if (!self.isAlive())
             return;
-        scrolls = scrolled && scrolled->axis->isScrollable();
+        scrolls = scrolled && scrolled->isUsed && scrolled->axis->isScrollable();
     }
     _placeAxes(_obtainArea(bands, scrolls));
     _placeLabels(bands);
