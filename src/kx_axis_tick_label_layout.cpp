@@ -157,7 +157,8 @@ double KXAxisTickLabelLayout::obtainWidthLimit(const UXDoubleSize& text, const U
     double limit = across;
     if (m_degrees == -45) {
         const double along = m_side == UXPosition::Top ? after : before;
-        limit = (std::min)(across * sqrt2 - text.height, along * sqrt2 - text.height / 2);
+        const double room = (std::min)(across, static_cast<double>(area.width));
+        limit = (std::min)(room * sqrt2 - text.height, along * sqrt2 - text.height / 2);
     } else if (isAlongX() && m_degrees == 0) {
         limit = movesInside ? area.width
                             : (std::min)(before, text.width / 2) + (std::min)(after, text.width / 2);
