@@ -70,11 +70,13 @@ protected:
 private:
     /** What the labels say, in the order in which they choose their places. */
     struct LabelWishes {
+        /** The sum of a category, at the end of its stack; slot is the stack's place in the data view. */
         struct Total {
             std::size_t slot;
             double value;
             std::string text;
         };
+        /** The text of one bar; bar is its place in the data view. */
         struct Label {
             std::size_t bar;
             KXBarLabelPlacer::Wish wish;
