@@ -17,6 +17,7 @@
 #include <numeric>
 #include <set>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -193,7 +194,7 @@ TEST_F(KXBarChartTest, HostMayDoAnythingWhileItIsAsked)
             provider.onCall = [&](const std::string& asked) {
                 if (asked != call)
                     return;
-                provider.onCall = {};
+                const auto running = std::exchange(provider.onCall, {}); // this, which has to last
                 if (destroys)
                     chart.reset();
                 else
