@@ -60,20 +60,20 @@ KXBarChart::~KXBarChart() { m_barChartProperty->unregisterAllUpdatedEvents(); }
 
 KXBarChartProperty* KXBarChart::getBarChartProperty() const { return m_barChartProperty.get(); }
 
-void KXBarChart::updateBarForm(KXBarForm form)
+void KXBarChart::updateBarForm(KXAxisChartStacking form)
 {
     const UXObjectWatcher self(this);
-    getYAxisProperty()->updateIsStacked(form != KXBarForm::Grouped);
+    getYAxisProperty()->updateIsStacked(form != KXAxisChartStacking::Plain);
     if (self.isAlive())
-        getYAxisProperty()->updateIs100PercentStacked(form == KXBarForm::Percentage);
+        getYAxisProperty()->updateIs100PercentStacked(form == KXAxisChartStacking::Percentage);
 }
 
-KXBarForm KXBarChart::obtainBarForm() const
+KXAxisChartStacking KXBarChart::obtainBarForm() const
 {
     const KXAxisProperty& axis = *getYAxisProperty();
     if (!axis.getIsStacked())
-        return KXBarForm::Grouped;
-    return axis.getIs100PercentStacked() ? KXBarForm::Percentage : KXBarForm::Stacked;
+        return KXAxisChartStacking::Plain;
+    return axis.getIs100PercentStacked() ? KXAxisChartStacking::Percentage : KXAxisChartStacking::Stacked;
 }
 
 UXColor KXBarChart::obtainBarColor(const KXAxisChartMark& mark) const
@@ -102,15 +102,15 @@ double KXBarChart::_obtainShare() const
 double KXBarChart::_obtainMinCategorySpacing() const
 {
     const double least = KXXYAxisChart::_obtainMinCategorySpacing();
-    if (least < 0 || obtainBarForm() != KXBarForm::Grouped)
+    if (least < 0 || obtainBarForm() != KXAxisChartStacking::Plain)
         return least;
     const double width = obtainLeastWidth(getAxisChartProperty()->getDataDensity());
     return std::max(least, std::ceil(static_cast<double>(getShownSeries().size()) * width / _obtainShare()));
 }
 
-KXBarSource KXBarChart::_makeSource()
+KXAxisChartStacks KXBarChart::_makeSource()
 {
-    KXBarSource source;
+    KXAxisChartStacks source;
     for (const std::uint64_t series : getShownSeries())
         source.series.push_back({series, getSeriesValues(series)});
     source.form = obtainBarForm();
@@ -120,12 +120,12 @@ KXBarSource KXBarChart::_makeSource()
 }
 
 /** @return whether the values of source are still there: a host that is asked may replace them */
-bool KXBarChart::_isLent(const KXBarSource& source) const
+bool KXBarChart::_isLent(const KXAxisChartStacks& source) const
 {
     const std::vector<double>& numbers = _getCategoryNumbers();
     if (source.categoryNumbers.data() != numbers.data() || source.categoryNumbers.size() != numbers.size())
         return false;
-    return std::ranges::all_of(source.series, [this](const KXBarSource::Series& series) {
+    return std::ranges::all_of(source.series, [this](const KXAxisChartStacks::Series& series) {
         const std::vector<double>& values = getSeriesValues(series.index);
         return values.data() == series.values.data() && values.size() == series.values.size();
     });
@@ -292,17 +292,17 @@ void KXBarChart::_fillHint(UXHintInfo& info, std::uint64_t category,
             order.push_back(series);
     std::erase_if(order, [&](std::uint64_t series) { return std::isnan(getValue(series, category)); });
 
-    const KXBarSource source = _makeSource();
+    const KXAxisChartStacks source = _makeSource();
     for (std::size_t i = 0; i < std::min(order.size(), info.rows.size()); ++i) {
         const KXAxisChartMark mark{order[i], category};
         info.rows[i].color = obtainBarColor(mark);
-        const auto found = std::ranges::find(source.series, mark.series, &KXBarSource::Series::index);
+        const auto found = std::ranges::find(source.series, mark.series, &KXAxisChartStacks::Series::index);
         if (_tellsPercentages() && found != source.series.end()) {
             const auto position = static_cast<std::size_t>(found - source.series.begin());
             info.rows[i].value += " (" + formatPercentage(_obtainPercentage(source, mark, position)) + ")";
         }
     }
-    if (source.form != KXBarForm::Stacked || order.size() < 2)
+    if (source.form != KXAxisChartStacking::Stacked || order.size() < 2)
         return;
     UXHintRowInfo& total = info.addFooterRow(UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString("Total"),
                                              obtainValueText(order.front(), source.obtainTotal(category)));

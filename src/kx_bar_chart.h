@@ -1,9 +1,9 @@
 #pragma once
 
+#include "kx_axis_chart_stacks.h"
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_label_choice.h"
 #include "kx_bar_labels.h"
-#include "kx_bar_source.h"
 #include "kx_xy_axis_chart.h"
 
 #include <cstddef>
@@ -29,10 +29,10 @@ public:
     /** @return the property object that the chart made and destroys, never null */
     KXBarChartProperty* getBarChartProperty() const;
     /** Has the value axis stack the series, or not. */
-    void updateBarForm(KXBarForm form);
+    void updateBarForm(KXAxisChartStacking form);
 
     // Queries
-    KXBarForm obtainBarForm() const;
+    KXAxisChartStacking obtainBarForm() const;
     /** @return the bars that can be seen, as of the last layout */
     const KXBarChartDataView& getDataView() const { return m_dataView; }
     const std::vector<KXBarLabel>& getLabels() const { return m_labels; }
@@ -86,8 +86,8 @@ private:
     };
 
     double _obtainShare() const;
-    KXBarSource _makeSource();
-    bool _isLent(const KXBarSource& source) const;
+    KXAxisChartStacks _makeSource();
+    bool _isLent(const KXAxisChartStacks& source) const;
     KXBarPlane _makePlane() const;
     bool _takePixels(const UXPainter& painter);
     void _colorBars();
@@ -96,15 +96,16 @@ private:
     // Labels
     double _obtainLabelRoom() const;
     void _layoutLabels();
-    void _wishTotals(const KXBarSource& source, LabelWishes& wishes);
-    bool _wishBarLabels(const KXBarSource& source, LabelWishes& wishes, bool extremes);
-    bool _wishBarLabel(const KXBarSource& source, std::size_t bar, std::size_t position, bool isExtreme,
+    void _wishTotals(const KXAxisChartStacks& source, LabelWishes& wishes);
+    bool _wishBarLabels(const KXAxisChartStacks& source, LabelWishes& wishes, bool extremes);
+    bool _wishBarLabel(const KXAxisChartStacks& source, std::size_t bar, std::size_t position, bool isExtreme,
                        LabelWishes& wishes);
     void _placeLabels();
-    const KXBarSeriesFacts& _obtainFacts(const KXBarSource& source, std::size_t position);
-    std::string _obtainLabelText(const KXBarSource& source, const KXBar& bar, std::size_t position);
+    const KXBarSeriesFacts& _obtainFacts(const KXAxisChartStacks& source, std::size_t position);
+    std::string _obtainLabelText(const KXAxisChartStacks& source, const KXBar& bar, std::size_t position);
     bool _tellsPercentages() const;
-    double _obtainPercentage(const KXBarSource& source, const KXAxisChartMark& mark, std::size_t position);
+    double _obtainPercentage(const KXAxisChartStacks& source, const KXAxisChartMark& mark,
+                             std::size_t position);
 
     std::unique_ptr<KXBarChartProperty> m_barChartProperty;
     std::vector<KXBarSeriesFacts> m_facts; // of the shown series, made when they are needed

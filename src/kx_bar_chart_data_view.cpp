@@ -13,12 +13,12 @@ constexpr double leastHitExtent = 6;
 constexpr std::size_t greatestBatchCount = 64;
 
 /** @return how far outside of stretch place lies, 0 inside */
-double obtainDistance(const KXBarStretch& stretch, double place)
+double obtainDistance(const KXAxisChartStretch& stretch, double place)
 {
     return std::max({stretch.start - place, place - stretch.end, 0.0});
 }
 
-bool isNear(const KXBarStretch& stretch, double place)
+bool isNear(const KXAxisChartStretch& stretch, double place)
 {
     return obtainDistance(stretch, place) <= std::max(leastHitExtent - stretch.obtainLength(), 0.0) / 2;
 }
@@ -28,7 +28,7 @@ bool isNear(const KXBarStretch& stretch, double place)
 KXBarChartDataView::KXBarChartDataView() = default;
 KXBarChartDataView::~KXBarChartDataView() = default;
 
-void KXBarChartDataView::layout(const KXBarSource& source, const KXBarPlane& plane)
+void KXBarChartDataView::layout(const KXAxisChartStacks& source, const KXBarPlane& plane)
 {
     m_plane = plane;
     m_layout = kxLayoutBars(source, plane);
@@ -45,7 +45,7 @@ double KXBarChartDataView::_obtainPlaceAcross(UXPoint point) const
     return (m_plane.isVertical ? point.x : point.y) + 0.5;
 }
 
-std::pair<std::size_t, std::size_t> KXBarChartDataView::findSlots(const KXBarStretch& across) const
+std::pair<std::size_t, std::size_t> KXBarChartDataView::findSlots(const KXAxisChartStretch& across) const
 {
     const std::vector<KXBarSlot>& slots = m_layout.slots;
     const auto first = std::ranges::lower_bound(slots, across.start - m_widestSlot, {}, &KXBarSlot::start);
@@ -74,8 +74,8 @@ const KXBar* KXBarChartDataView::hitBar(UXPoint point) const
     // Of bars on each other the last one is in front.
     for (std::size_t i = slot->endBar; i > slot->firstBar; --i) {
         const KXBar& bar = m_layout.bars[i - 1];
-        const KXBarStretch barAcross = m_plane.obtainAcross(bar.rect),
-                           barAlong = m_plane.obtainAlong(bar.rect);
+        const KXAxisChartStretch barAcross = m_plane.obtainAcross(bar.rect),
+                                 barAlong = m_plane.obtainAlong(bar.rect);
         if (!isNear(barAcross, across) || !isNear(barAlong, along))
             continue;
         const double distance = obtainDistance(barAcross, across) + obtainDistance(barAlong, along);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "kx_axis_chart_mark.h"
+#include "kx_axis_chart_stacks.h"
 #include "kx_bar_layout.h"
 #include "kx_bar_plane.h"
-#include "kx_bar_source.h"
 #include "kx_export.h"
 #include "ux/ux_color.h"
 #include "ux/ux_point.h"
@@ -26,7 +26,7 @@ public:
     ~KXBarChartDataView();
 
     /** Places the bars anew. Nothing of source is kept. */
-    void layout(const KXBarSource& source, const KXBarPlane& plane);
+    void layout(const KXAxisChartStacks& source, const KXBarPlane& plane);
     void clear();
 
     const std::vector<KXBar>& getBars() const { return m_layout.bars; }
@@ -42,7 +42,7 @@ public:
     const KXBarSlot* findSlot(UXPoint point) const;
     /** @return the slots that a stretch across touches, by their indexes: the first and the one after the
      * last */
-    std::pair<std::size_t, std::size_t> findSlots(const KXBarStretch& across) const;
+    std::pair<std::size_t, std::size_t> findSlots(const KXAxisChartStretch& across) const;
 
     /** Fills the bars, all of one colour at once. */
     void paint(UXPainter& painter, const ColorOf& colorOf) const;

@@ -38,10 +38,10 @@ void KXBarChart::_customUpdateAxes()
  * where that is too much */
 double KXBarChart::_obtainLabelRoom() const
 {
-    const KXBarForm form = obtainBarForm();
-    const bool hasLabels = form == KXBarForm::Grouped && m_barChartProperty->getShowLabels() &&
+    const KXAxisChartStacking form = obtainBarForm();
+    const bool hasLabels = form == KXAxisChartStacking::Plain && m_barChartProperty->getShowLabels() &&
                            m_barChartProperty->getLabelPosition() == KXBarLabelPosition::Outside;
-    const bool hasTotals = form == KXBarForm::Stacked && m_barChartProperty->getShowTotals();
+    const bool hasTotals = form == KXAxisChartStacking::Stacked && m_barChartProperty->getShowTotals();
     const KXAxisChartAxisCacheData* axis = obtainAxisCacheData(getYAxisProperty());
     if ((!hasLabels && !hasTotals) || !axis || getShownSeries().empty() ||
         !getYAxisProperty()->getAutoAxisRange())
@@ -68,11 +68,11 @@ void KXBarChart::_layoutLabels()
     if (!property.getShowLabels() && !property.getShowTotals())
         return;
     const UXObjectWatcher self(this);
-    const KXBarSource source = _makeSource();
+    const KXAxisChartStacks source = _makeSource();
     if (source.series.empty())
         return;
     LabelWishes wishes;
-    if (property.getShowTotals() && source.form == KXBarForm::Stacked)
+    if (property.getShowTotals() && source.form == KXAxisChartStacking::Stacked)
         _wishTotals(source, wishes);
     if (property.getShowLabels())
         for (const bool extremes : {true, false})
@@ -82,7 +82,7 @@ void KXBarChart::_layoutLabels()
     _placeLabels();
 }
 
-void KXBarChart::_wishTotals(const KXBarSource& source, LabelWishes& wishes)
+void KXBarChart::_wishTotals(const KXAxisChartStacks& source, LabelWishes& wishes)
 {
     const std::vector<KXBarSlot>& slots = m_dataView.getSlots();
     for (std::size_t i = 0; i < slots.size(); ++i) {
@@ -92,12 +92,12 @@ void KXBarChart::_wishTotals(const KXBarSource& source, LabelWishes& wishes)
 }
 
 /** @return false where the host destroyed the chart, replaced its data or had it laid out anew */
-bool KXBarChart::_wishBarLabels(const KXBarSource& source, LabelWishes& wishes, bool extremes)
+bool KXBarChart::_wishBarLabels(const KXAxisChartStacks& source, LabelWishes& wishes, bool extremes)
 {
     const KXAxisChartValueOption option = m_barChartProperty->getLabelValueOption();
     for (std::size_t i = 0; i < m_dataView.getBars().size(); ++i) {
         const KXAxisChartMark mark = m_dataView.getBars()[i].mark;
-        const auto found = std::ranges::find(source.series, mark.series, &KXBarSource::Series::index);
+        const auto found = std::ranges::find(source.series, mark.series, &KXAxisChartStacks::Series::index);
         if (found == source.series.end())
             return false;
         const auto position = static_cast<std::size_t>(found - source.series.begin());
@@ -111,7 +111,7 @@ bool KXBarChart::_wishBarLabels(const KXBarSource& source, LabelWishes& wishes, 
     return true;
 }
 
-bool KXBarChart::_wishBarLabel(const KXBarSource& source, std::size_t index, std::size_t position,
+bool KXBarChart::_wishBarLabel(const KXAxisChartStacks& source, std::size_t index, std::size_t position,
                                bool isExtreme, LabelWishes& wishes)
 {
     const UXObjectWatcher self(this);
@@ -123,7 +123,7 @@ bool KXBarChart::_wishBarLabel(const KXBarSource& source, std::size_t index, std
     wish.property = m_barChartProperty->getLabelProperty();
     wish.barColor = m_barColors[index];
     wish.isExtreme = isExtreme;
-    wish.canStandOutside = source.form == KXBarForm::Grouped || source.series.size() == 1;
+    wish.canStandOutside = source.form == KXAxisChartStacking::Plain || source.series.size() == 1;
     const UXColor usualColor = wish.property.textColor;
     if (auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider())) {
         const KXIndexPath path = provider->obtainSeriesValuePath(this, bar.mark.series, bar.mark.category);
@@ -155,11 +155,11 @@ void KXBarChart::_placeLabels()
     m_labels = placer.takeLabels();
 }
 
-const KXBarSeriesFacts& KXBarChart::_obtainFacts(const KXBarSource& source, std::size_t position)
+const KXBarSeriesFacts& KXBarChart::_obtainFacts(const KXAxisChartStacks& source, std::size_t position)
 {
     if (m_facts.size() != source.series.size()) {
         m_facts.clear();
-        for (const KXBarSource::Series& series : source.series) {
+        for (const KXAxisChartStacks::Series& series : source.series) {
             const std::size_t count = std::min<std::size_t>(series.values.size(), obtainShownCategoryCount());
             m_facts.push_back(kxObtainBarSeriesFacts(series.values.first(count)));
         }
@@ -168,11 +168,11 @@ const KXBarSeriesFacts& KXBarChart::_obtainFacts(const KXBarSource& source, std:
 }
 
 /** @return the part that a bar has of its stack, or of all values of its series where it stands alone */
-double KXBarChart::_obtainPercentage(const KXBarSource& source, const KXAxisChartMark& mark,
+double KXBarChart::_obtainPercentage(const KXAxisChartStacks& source, const KXAxisChartMark& mark,
                                      std::size_t position)
 {
-    const double all = source.form == KXBarForm::Grouped ? _obtainFacts(source, position).magnitude
-                                                         : source.obtainMagnitude(mark.category);
+    const double all = source.form == KXAxisChartStacking::Plain ? _obtainFacts(source, position).magnitude
+                                                                 : source.obtainMagnitude(mark.category);
     return all > 0 ? whole * (std::abs(source.obtainValue(position, mark.category)) / all) : 0;
 }
 
@@ -180,12 +180,13 @@ double KXBarChart::_obtainPercentage(const KXBarSource& source, const KXAxisChar
 bool KXBarChart::_tellsPercentages() const
 {
     const KXAxisChartLabelDisplayOption option = m_barChartProperty->getLabelDisplayOption();
-    return obtainBarForm() == KXBarForm::Percentage ||
+    return obtainBarForm() == KXAxisChartStacking::Percentage ||
            option == KXAxisChartLabelDisplayOption::PercentageOnly ||
            option == KXAxisChartLabelDisplayOption::ValueAndPercentage;
 }
 
-std::string KXBarChart::_obtainLabelText(const KXBarSource& source, const KXBar& bar, std::size_t position)
+std::string KXBarChart::_obtainLabelText(const KXAxisChartStacks& source, const KXBar& bar,
+                                         std::size_t position)
 {
     switch (m_barChartProperty->getLabelDisplayOption()) {
     case KXAxisChartLabelDisplayOption::ValueOnly:

@@ -59,7 +59,7 @@ UXDoubleSize KXBarLabelPlacer::_measure(const std::string& text, const UXTextPro
     return {std::ceil(size.width), std::ceil(size.height)};
 }
 
-UXDoubleRect KXBarLabelPlacer::_makeRect(const KXBarStretch& across, const KXBarStretch& along,
+UXDoubleRect KXBarLabelPlacer::_makeRect(const KXAxisChartStretch& across, const KXAxisChartStretch& along,
                                          KXBarLabelPosition position, bool growsForwards,
                                          const UXDoubleSize& size) const
 {
@@ -85,7 +85,7 @@ bool KXBarLabelPlacer::place(const KXBar& bar, const Wish& wish)
     const UXDoubleSize size = _measure(wish.text, property);
     if (!wish.isExtreme && _isTooLong(size))
         return false;
-    const KXBarStretch across = m_plane.obtainAcross(bar.rect), along = m_plane.obtainAlong(bar.rect);
+    const KXAxisChartStretch across = m_plane.obtainAcross(bar.rect), along = m_plane.obtainAlong(bar.rect);
     const bool growsForwards = m_plane.growsForwards() == (bar.to >= bar.from);
     const bool wantsOutside = m_style.position == KXBarLabelPosition::Outside;
     const auto placeAt = [&](KXBarLabelPosition position) {
@@ -181,7 +181,7 @@ bool KXBarLabelPlacer::_isFree(const UXDoubleRect& rect, const KXBar* own) const
 
 std::pair<std::size_t, std::size_t> KXBarLabelPlacer::_obtainCells(const UXDoubleRect& rect) const
 {
-    const KXBarStretch across = m_plane.obtainAcross(rect), whole = m_plane.obtainAcross();
+    const KXAxisChartStretch across = m_plane.obtainAcross(rect), whole = m_plane.obtainAcross();
     const auto cellOf = [&](double place) {
         const double cell = std::floor((place - whole.start) / cellLength);
         return static_cast<std::size_t>(std::clamp(cell, 0.0, static_cast<double>(m_cells.size() - 1)));

@@ -67,8 +67,8 @@ public:
 
 private:
     UXDoubleSize _measure(const std::string& text, const UXTextProperty& property) const;
-    UXDoubleRect _makeRect(const KXBarStretch& across, const KXBarStretch& along, KXBarLabelPosition position,
-                           bool growsForwards, const UXDoubleSize& size) const;
+    UXDoubleRect _makeRect(const KXAxisChartStretch& across, const KXAxisChartStretch& along,
+                           KXBarLabelPosition position, bool growsForwards, const UXDoubleSize& size) const;
     /** @return the bar that reaches furthest to one side of zero, null for none */
     const KXBar* _findOutermost(const KXBarSlot& slot, bool isBelow) const;
     bool _isTooLong(const UXDoubleSize& size) const;

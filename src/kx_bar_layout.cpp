@@ -24,22 +24,23 @@ void sortSlots(std::vector<KXBarSlot>& slots)
         std::ranges::sort(slots, {}, placeOf);
 }
 
-KXBarLayout layoutEachCategory(const KXBarSource& source, const KXBarPlane& plane, const KXBarWidths& widths)
+KXBarLayout layoutEachCategory(const KXAxisChartStacks& source, const KXBarPlane& plane,
+                               const KXBarWidths& widths)
 {
     KXBarLayout layout;
-    std::vector<KXBarPiece> pieces;
+    std::vector<KXAxisChartStackPiece> pieces;
     for (std::uint64_t category = source.first; category < source.end; ++category) {
         source.obtainPieces(category, pieces);
         const double centre = plane.categories.obtainPosition(source.obtainCategoryValue(category));
         const double left = std::round(plane.toPixel(centre) - widths.total / 2);
         KXBarSlot slot{centre - plane.spacing / 2, centre + plane.spacing / 2, category, layout.bars.size(),
                        0};
-        for (const KXBarPiece& piece : pieces) {
-            const std::optional<KXBarStretch> along = plane.placeAlong(piece.from, piece.to);
+        for (const KXAxisChartStackPiece& piece : pieces) {
+            const std::optional<KXAxisChartStretch> along = plane.placeAlong(piece.from, piece.to);
             if (!along)
                 continue;
             const double start = left + static_cast<double>(piece.position) * widths.pitch;
-            const KXBarStretch across{plane.fromPixel(start), plane.fromPixel(start + widths.width)};
+            const KXAxisChartStretch across{plane.fromPixel(start), plane.fromPixel(start + widths.width)};
             layout.bars.push_back({{source.series[piece.position].index, category},
                                    piece.value,
                                    piece.from,
@@ -73,12 +74,12 @@ KXBarWidths kxObtainBarWidths(const KXBarPlane& plane, std::size_t count)
     return {width, width + gap, bars * width + (bars - 1) * gap};
 }
 
-KXBarLayout kxLayoutBars(const KXBarSource& source, const KXBarPlane& plane)
+KXBarLayout kxLayoutBars(const KXAxisChartStacks& source, const KXBarPlane& plane)
 {
     if (uxIsEmptyRect(plane.area) || source.series.empty() || source.first >= source.end ||
         !(plane.pixelScale > 0) || !(plane.spacing >= 0))
         return {};
-    const bool isGrouped = source.form == KXBarForm::Grouped;
+    const bool isGrouped = source.form == KXAxisChartStacking::Plain;
     const KXBarWidths widths = kxObtainBarWidths(plane, isGrouped ? source.series.size() : 1);
     if (widths.width == 0)
         return kxLayoutDenseBars(source, plane);

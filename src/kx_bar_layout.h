@@ -1,8 +1,8 @@
 #pragma once
 
 #include "kx_axis_chart_mark.h"
+#include "kx_axis_chart_stacks.h"
 #include "kx_bar_plane.h"
-#include "kx_bar_source.h"
 #include "kx_export.h"
 #include "ux/ux_double_rect.h"
 
@@ -45,4 +45,4 @@ struct KXBarWidths {
  * Places the bars of the categories that can be seen. Where these, or the bars of a group, are closer
  * together than pixels are, the bars are merged by kxLayoutDenseBars.
  */
-[[nodiscard]] KX_EXPORT KXBarLayout kxLayoutBars(const KXBarSource& source, const KXBarPlane& plane);
+[[nodiscard]] KX_EXPORT KXBarLayout kxLayoutBars(const KXAxisChartStacks& source, const KXBarPlane& plane);

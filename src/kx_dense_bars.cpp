@@ -58,13 +58,13 @@ struct Run {
  * above zero, then the one below. */
 class Columns {
 public:
-    Columns(const KXBarSource& source, const KXBarPlane& plane);
+    Columns(const KXAxisChartStacks& source, const KXBarPlane& plane);
 
     void collect();
     KXBarLayout makeLayout();
 
 private:
-    bool _isGrouped() const { return m_source.form == KXBarForm::Grouped; }
+    bool _isGrouped() const { return m_source.form == KXAxisChartStacking::Plain; }
     Extreme* _at(std::size_t column) { return m_extremes.data() + column * m_extremesPerColumn; }
     Run _findColumns(std::uint64_t category) const;
     std::uint64_t _findRunEnd(const Run& run, std::uint64_t guess) const;
@@ -73,12 +73,12 @@ private:
     void _collectStacks(const Run& run);
     void _take(const Run& run, std::size_t index, const Extreme& above, const Extreme& below);
     void _addSlot(std::size_t first, std::size_t end);
-    void _addGroup(const Extreme* extremes, const KXBarStretch& across);
-    void _addStack(const Extreme& extreme, bool above, const KXBarStretch& across);
+    void _addGroup(const Extreme* extremes, const KXAxisChartStretch& across);
+    void _addStack(const Extreme& extreme, bool above, const KXAxisChartStretch& across);
     void _addBar(std::size_t position, std::uint64_t category, double value, double from, double to,
-                 const KXBarStretch& across);
+                 const KXAxisChartStretch& across);
 
-    const KXBarSource& m_source;
+    const KXAxisChartStacks& m_source;
     const KXBarPlane& m_plane;
     double m_firstPixel = 0;
     double m_halfWidth = 0; // of a category's bars, in pixels
@@ -87,14 +87,14 @@ private:
     std::vector<Run> m_runs;
     std::vector<Extreme> m_extremes;
     std::vector<std::size_t> m_order; // positions of the series, in which they are drawn
-    std::vector<KXBarPiece> m_pieces;
+    std::vector<KXAxisChartStackPiece> m_pieces;
     KXBarLayout m_layout;
 };
 
-Columns::Columns(const KXBarSource& source, const KXBarPlane& plane)
+Columns::Columns(const KXAxisChartStacks& source, const KXBarPlane& plane)
     : m_source(source), m_plane(plane), m_extremesPerColumn(_isGrouped() ? 2 * source.series.size() : 2)
 {
-    const KXBarStretch across = plane.obtainAcross();
+    const KXAxisChartStretch across = plane.obtainAcross();
     m_firstPixel = std::floor(plane.toPixel(across.start) + noise);
     const double count = std::ceil(plane.toPixel(across.end) - noise) - m_firstPixel;
     m_columnCount = static_cast<std::size_t>(std::clamp(count, 0.0, greatestColumnCount));
@@ -198,7 +198,7 @@ void Columns::_collectSeries(std::size_t position, const Run& run)
 
 void Columns::_collectStacks(const Run& run)
 {
-    const bool isWhole = m_source.form == KXBarForm::Percentage;
+    const bool isWhole = m_source.form == KXAxisChartStacking::Percentage;
     Extreme above, below;
     for (std::uint64_t category = run.firstCategory; category < run.endCategory; ++category) {
         double up = 0, down = 0;
@@ -244,8 +244,8 @@ void Columns::_addSlot(std::size_t first, std::size_t end)
         furthest.take(extremes[i].value, extremes[i].category);
     if (furthest.category == none)
         return;
-    const KXBarStretch across{m_plane.fromPixel(m_firstPixel + static_cast<double>(first)),
-                              m_plane.fromPixel(m_firstPixel + static_cast<double>(end))};
+    const KXAxisChartStretch across{m_plane.fromPixel(m_firstPixel + static_cast<double>(first)),
+                                    m_plane.fromPixel(m_firstPixel + static_cast<double>(end))};
     KXBarSlot slot{across.start, across.end, furthest.category, m_layout.bars.size(), 0};
     if (_isGrouped()) {
         _addGroup(extremes, across);
@@ -258,7 +258,7 @@ void Columns::_addSlot(std::size_t first, std::size_t end)
 }
 
 /** On each side of zero the shortest bar is seen whole, and of each longer one what it is longer by. */
-void Columns::_addGroup(const Extreme* extremes, const KXBarStretch& across)
+void Columns::_addGroup(const Extreme* extremes, const KXAxisChartStretch& across)
 {
     for (const std::size_t side : {0U, 1U}) {
         const auto lengthOf = [&](std::size_t position) {
@@ -276,27 +276,27 @@ void Columns::_addGroup(const Extreme* extremes, const KXBarStretch& across)
     }
 }
 
-void Columns::_addStack(const Extreme& extreme, bool above, const KXBarStretch& across)
+void Columns::_addStack(const Extreme& extreme, bool above, const KXAxisChartStretch& across)
 {
     if (extreme.category == none)
         return;
     m_source.obtainPieces(extreme.category, m_pieces);
-    for (const KXBarPiece& piece : m_pieces)
+    for (const KXAxisChartStackPiece& piece : m_pieces)
         if (above ? piece.to > piece.from : piece.to < piece.from)
             _addBar(piece.position, extreme.category, piece.value, piece.from, piece.to, across);
 }
 
 void Columns::_addBar(std::size_t position, std::uint64_t category, double value, double from, double to,
-                      const KXBarStretch& across)
+                      const KXAxisChartStretch& across)
 {
-    if (const std::optional<KXBarStretch> along = m_plane.placeAlong(from, to))
+    if (const std::optional<KXAxisChartStretch> along = m_plane.placeAlong(from, to))
         m_layout.bars.push_back(
             {{m_source.series[position].index, category}, value, from, to, m_plane.makeRect(across, *along)});
 }
 
 } // namespace
 
-KXBarLayout kxLayoutDenseBars(const KXBarSource& source, const KXBarPlane& plane)
+KXBarLayout kxLayoutDenseBars(const KXAxisChartStacks& source, const KXBarPlane& plane)
 {
     Columns columns(source, plane);
     columns.collect();

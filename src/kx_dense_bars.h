@@ -9,4 +9,5 @@
  * the one that reaches highest and the one that reaches lowest, as they are. A bar stands for the category
  * that it comes from. The work is one look at each value.
  */
-[[nodiscard]] KX_EXPORT KXBarLayout kxLayoutDenseBars(const KXBarSource& source, const KXBarPlane& plane);
+[[nodiscard]] KX_EXPORT KXBarLayout kxLayoutDenseBars(const KXAxisChartStacks& source,
+                                                      const KXBarPlane& plane);

@@ -1,6 +1,6 @@
 #include "kx_value_bar.h"
 
-#include "kx_bar_plane.h"
+#include "kx_axis_chart_plot_frame.h"
 
 #include <cmath>
 
@@ -23,17 +23,17 @@ void KXValueBar::setRange(double min, double max)
 
 UXDoubleRect KXValueBar::obtainFilledRect() const
 {
-    KXBarPlane plane;
-    plane.isVertical = isVertical();
-    plane.area = getBoundingRect();
+    KXAxisChartPlotFrame frame;
+    frame.isVertical = isVertical();
+    frame.area = getBoundingRect();
     const double span = m_maxValue - m_minValue;
     if (!std::isfinite(m_value) || !std::isfinite(span) || !(span > 0))
         return {};
-    const double length = plane.obtainAlong().obtainLength();
-    plane.values = isVertical() ? KXAxisChartValueMap{m_minValue, length, -length / span}
+    const double length = frame.obtainAlong().obtainLength();
+    frame.values = isVertical() ? KXAxisChartValueMap{m_minValue, length, -length / span}
                                 : KXAxisChartValueMap{m_minValue, 0, length / span};
-    const std::optional<KXBarStretch> along = plane.placeAlong(0, m_value);
-    return along ? plane.makeRect(plane.obtainAcross(), *along) : UXDoubleRect();
+    const std::optional<KXAxisChartStretch> along = frame.placeAlong(0, m_value);
+    return along ? frame.makeRect(frame.obtainAcross(), *along) : UXDoubleRect();
 }
 
 void KXValueBar::customSerialize()

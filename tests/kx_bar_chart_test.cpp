@@ -53,21 +53,21 @@ TEST_F(KXBarChartTest, Labels)
 {
     struct Case {
         const char* name;
-        KXBarForm form;
+        KXAxisChartStacking form;
         KXAxisChartLabelDisplayOption display;
         KXAxisChartValueOption option;
         bool totals, names; // the host names the first value of the second series
         std::string expected;
     };
-    using enum KXBarForm;
+    using enum KXAxisChartStacking;
     using Display = KXAxisChartLabelDisplayOption;
     using Option = KXAxisChartValueOption;
     const Case cases[] = {
-        {"values", Grouped, Display::ValueOnly, Option::All, true, true, "-10 20 30 60 red "},
-        {"of a series", Grouped, Display::PercentageOnly, Option::MaxOnly, false, false, "50% 66.7% "},
+        {"values", Plain, Display::ValueOnly, Option::All, true, true, "-10 20 30 60 red "},
+        {"of a series", Plain, Display::PercentageOnly, Option::MaxOnly, false, false, "50% 66.7% "},
         {"of a stack", Stacked, Display::PercentageOnly, Option::MaxOnly, false, false, "100% 85.7% "},
-        {"both", Grouped, Display::ValueAndPercentage, Option::NegativeOnly, false, false, "-10 (16.7%) "},
-        {"titles", Grouped, Display::Title, Option::MinOnly, false, false, "s0 s1 "},
+        {"both", Plain, Display::ValueAndPercentage, Option::NegativeOnly, false, false, "-10 (16.7%) "},
+        {"titles", Plain, Display::Title, Option::MinOnly, false, false, "s0 s1 "},
         {"totals", Stacked, Display::ValueOnly, Option::MinOnly, true, false, "-10 30 30 50 50 "},
     };
     provider.values = {{20, 30, -10}, {30, null, 60}};
@@ -112,9 +112,9 @@ TEST_F(KXBarChartTest, HiddenSeriesTakeNoRoomAndFormsNoData)
     EXPECT_GT(chart.getDataView().getBars().front().rect.width, width);
     EXPECT_EQ(chart.getDataView().getBars().size(), 3);
     const int asked = provider.asked["value"];
-    chart.updateBarForm(KXBarForm::Percentage);
+    chart.updateBarForm(KXAxisChartStacking::Percentage);
     chart.layout();
-    EXPECT_EQ(chart.obtainBarForm(), KXBarForm::Percentage);
+    EXPECT_EQ(chart.obtainBarForm(), KXAxisChartStacking::Percentage);
     EXPECT_EQ(chart.getDataView().getBars().front().to, 100);
     EXPECT_EQ(provider.asked["value"], asked);
 }
@@ -123,7 +123,7 @@ TEST_F(KXBarChartTest, HintTellsPartsAndTotals)
 {
     provider.values = {{20, 30, 10}, {60, null, 5}};
     KXBarChart chart;
-    const auto hoverFirst = [&](KXBarForm form) {
+    const auto hoverFirst = [&](KXAxisChartStacking form) {
         chart.updateBarForm(form);
         chart.layout();
         const UXDoubleRect rect = chart.getDataView().getBars()[1].rect;
@@ -132,12 +132,12 @@ TEST_F(KXBarChartTest, HintTellsPartsAndTotals)
         return chart.getHintInfo();
     };
     load(chart, provider);
-    UXHintInfo info = hoverFirst(KXBarForm::Stacked);
+    UXHintInfo info = hoverFirst(KXAxisChartStacking::Stacked);
     ASSERT_EQ(info.rows.size(), 2);
     EXPECT_EQ(info.rows[0].value, "60");
     ASSERT_EQ(info.footerRows.size(), 1);
     EXPECT_EQ(info.footerRows[0].value, "80");
-    info = hoverFirst(KXBarForm::Percentage);
+    info = hoverFirst(KXAxisChartStacking::Percentage);
     ASSERT_EQ(info.rows.size(), 2);
     EXPECT_EQ(info.rows[1].value, "20 (25%)");
     EXPECT_TRUE(info.footerRows.empty());
@@ -165,7 +165,7 @@ TEST_F(KXBarChartTest, TotalsStandOnTheirSideOrElseOnTheOther)
     provider.categoryCount = 2;
     provider.values = {{50, 50}, {-20, -100}};
     KXBarChart chart;
-    chart.updateBarForm(KXBarForm::Stacked);
+    chart.updateBarForm(KXAxisChartStacking::Stacked);
     chart.getBarChartProperty()->updateShowTotals(true);
     chart.getYAxisProperty()->setAutoAxisRange(false);
     chart.getYAxisProperty()->setCustomMaxAxisValue(100);

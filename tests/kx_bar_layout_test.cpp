@@ -19,9 +19,9 @@ constexpr double null = std::numeric_limits<double>::quiet_NaN();
 constexpr double greatest = (std::numeric_limits<double>::max)();
 using Lists = std::vector<std::vector<double>>;
 
-KXBarSource makeSource(const Lists& lists, KXBarForm form)
+KXAxisChartStacks makeSource(const Lists& lists, KXAxisChartStacking form)
 {
-    KXBarSource source;
+    KXAxisChartStacks source;
     source.form = form;
     for (const std::vector<double>& values : lists) {
         source.series.push_back({source.series.size(), values});
@@ -43,45 +43,55 @@ KXBarPlane makePlane(double width, double spacing)
 
 } // namespace
 
-TEST(KXBarSource, Pieces)
+TEST(KXAxisChartStacks, Pieces)
 {
     const std::vector<double> two{greatest, greatest};
     struct Case {
         const char* name;
-        KXBarForm form;
+        KXAxisChartStacking form;
         std::vector<double> values;
         std::vector<std::pair<double, double>> expected;
         double total, magnitude;
     };
     const Case cases[] = {
-        {"side by side", KXBarForm::Grouped, {3, null, -4}, {{0, 3}, {0, -4}}, -1, 7},
+        {"side by side", KXAxisChartStacking::Plain, {3, null, -4}, {{0, 3}, {0, -4}}, -1, 7},
         {"away from zero",
-         KXBarForm::Stacked,
+         KXAxisChartStacking::Stacked,
          {3, -4, 5, -1, 0},
          {{0, 3}, {0, -4}, {3, 8}, {-4, -5}, {8, 8}},
          3,
          13},
         {"beyond a double",
-         KXBarForm::Stacked,
+         KXAxisChartStacking::Stacked,
          two,
          {{0, greatest}, {greatest, greatest}},
          greatest,
          greatest},
-        {"parts of the magnitudes", KXBarForm::Percentage, {1, -1, 2}, {{0, 25}, {25, 50}, {50, 100}}, 2, 4},
-        {"parts beyond a double", KXBarForm::Percentage, two, {{0, 50}, {50, 100}}, greatest, greatest},
-        {"parts of nothing", KXBarForm::Percentage, {0, 0}, {{0, 0}, {0, 0}}, 0, 0},
-        {"only nulls", KXBarForm::Percentage, {null}, {}, 0, 0},
+        {"parts of the magnitudes",
+         KXAxisChartStacking::Percentage,
+         {1, -1, 2},
+         {{0, 25}, {25, 50}, {50, 100}},
+         2,
+         4},
+        {"parts beyond a double",
+         KXAxisChartStacking::Percentage,
+         two,
+         {{0, 50}, {50, 100}},
+         greatest,
+         greatest},
+        {"parts of nothing", KXAxisChartStacking::Percentage, {0, 0}, {{0, 0}, {0, 0}}, 0, 0},
+        {"only nulls", KXAxisChartStacking::Percentage, {null}, {}, 0, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         Lists lists;
         for (const double value : c.values)
             lists.push_back({value});
-        const KXBarSource source = makeSource(lists, c.form);
-        std::vector<KXBarPiece> pieces;
+        const KXAxisChartStacks source = makeSource(lists, c.form);
+        std::vector<KXAxisChartStackPiece> pieces;
         source.obtainPieces(0, pieces);
         std::vector<std::pair<double, double>> ends;
-        for (const KXBarPiece& piece : pieces)
+        for (const KXAxisChartStackPiece& piece : pieces)
             ends.emplace_back(piece.from, piece.to);
         EXPECT_EQ(ends, c.expected);
         EXPECT_EQ(source.obtainTotal(0), c.total);
@@ -128,7 +138,7 @@ TEST(KXBarLayout, PlacesBarsOnWholePixelsInBothOrientations)
         plane.isVertical = isVertical;
         if (!isVertical)
             plane.area = {0, 0, 100, 30};
-        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXBarForm::Grouped), plane);
+        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXAxisChartStacking::Plain), plane);
         const auto rect = [&](double across, double along, double wide, double length) {
             return isVertical ? UXDoubleRect(across, along, wide, length)
                               : UXDoubleRect(along, across, length, wide);
@@ -144,8 +154,8 @@ TEST(KXBarLayout, PlacesBarsOnWholePixelsInBothOrientations)
     }
     KXBarPlane beside = makePlane(30, 10);
     beside.values = {1000, 100, -1};
-    EXPECT_TRUE(kxLayoutBars(makeSource({{3}}, KXBarForm::Grouped), beside).bars.empty());
-    EXPECT_TRUE(kxLayoutBars(makeSource({}, KXBarForm::Grouped), makePlane(30, 10)).bars.empty());
+    EXPECT_TRUE(kxLayoutBars(makeSource({{3}}, KXAxisChartStacking::Plain), beside).bars.empty());
+    EXPECT_TRUE(kxLayoutBars(makeSource({}, KXAxisChartStacking::Plain), makePlane(30, 10)).bars.empty());
 }
 
 /** Painted one by one, each on the columns that its snapped rectangle fills, bars show the same. */
@@ -164,7 +174,7 @@ TEST(KXDenseBars, ShowWhatAllBarsWouldShow)
         plane.pixelScale = 1 + static_cast<double>(random() % 3) / 2;
         if (plane.spacing * plane.pixelScale >= 2)
             continue;
-        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXBarForm::Grouped), plane);
+        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXAxisChartStacking::Plain), plane);
         ASSERT_TRUE(layout.isDense);
 
         using Ends = std::map<std::pair<int, std::uint64_t>, std::pair<double, double>>;
@@ -212,14 +222,14 @@ TEST(KXDenseBars, ShowTheFurthestStackOfAColumn)
 {
     // Two columns of four categories each.
     const Lists lists{{1, 5, 2, -1, 1, 1, 1, 1}, {1, 4, 2, -6, null, 3, 2, 1}};
-    for (const KXBarForm form : {KXBarForm::Stacked, KXBarForm::Percentage}) {
+    for (const KXAxisChartStacking form : {KXAxisChartStacking::Stacked, KXAxisChartStacking::Percentage}) {
         KXBarPlane plane = makePlane(2, 0.25);
         plane.values.spacing = -0.4;
         const KXBarLayout layout = kxLayoutBars(makeSource(lists, form), plane);
         std::vector<std::uint64_t> shown;
         for (const KXBar& bar : layout.bars)
             shown.push_back(bar.mark.category);
-        const bool isStacked = form == KXBarForm::Stacked;
+        const bool isStacked = form == KXAxisChartStacking::Stacked;
         EXPECT_EQ(shown, isStacked ? (std::vector<std::uint64_t>{1, 1, 3, 3, 5, 5})
                                    : (std::vector<std::uint64_t>{1, 1, 5, 5}));
         ASSERT_EQ(layout.slots.size(), 2);
@@ -237,7 +247,7 @@ TEST(KXBarChartDataView, Hits)
         return bar ? std::optional(bar->mark) : std::nullopt;
     };
     using Mark = KXAxisChartMark;
-    view.layout(makeSource(lists, KXBarForm::Grouped), makePlane(90, 30));
+    view.layout(makeSource(lists, KXAxisChartStacking::Plain), makePlane(90, 30));
     EXPECT_EQ(hit(10, 40), (Mark{0, 0}));
     EXPECT_EQ(hit(20, 55), (Mark{1, 0}));
     EXPECT_EQ(hit(10, 20), std::nullopt) << "beyond its end";
@@ -248,7 +258,7 @@ TEST(KXBarChartDataView, Hits)
 
     std::vector<double> many(100'000, 1.0);
     many[50'050] = 40;
-    view.layout(makeSource({many}, KXBarForm::Grouped), makePlane(1000, 0.01));
+    view.layout(makeSource({many}, KXAxisChartStacking::Plain), makePlane(1000, 0.01));
     EXPECT_EQ(hit(500, 20), (Mark{0, 50'050}));
     EXPECT_EQ(view.findSlot({500, 0})->category, 50'050);
     EXPECT_EQ(view.getBars().size(), 1000);

@@ -1,4 +1,4 @@
-#include "kx_bar_source.h"
+#include "kx_axis_chart_stacks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,30 +11,30 @@ constexpr double whole = 100;
 
 double add(double a, double b) { return std::clamp(a + b, -greatest, greatest); }
 
-void stack(std::vector<KXBarPiece>& pieces)
+void stack(std::vector<KXAxisChartStackPiece>& pieces)
 {
     double above = 0, below = 0;
-    for (KXBarPiece& piece : pieces) {
+    for (KXAxisChartStackPiece& piece : pieces) {
         double& reached = piece.value < 0 ? below : above;
         piece.from = reached;
         piece.to = reached = add(reached, piece.value);
     }
 }
 
-void divideWhole(std::vector<KXBarPiece>& pieces)
+void divideWhole(std::vector<KXAxisChartStackPiece>& pieces)
 {
     // Divided by the largest first, no sum of magnitudes is beyond a double.
     double largest = 0, sum = 0, reached = 0;
-    for (const KXBarPiece& piece : pieces)
+    for (const KXAxisChartStackPiece& piece : pieces)
         largest = std::max(largest, std::abs(piece.value));
     if (largest == 0) {
-        for (KXBarPiece& piece : pieces)
+        for (KXAxisChartStackPiece& piece : pieces)
             piece.from = piece.to = 0;
         return;
     }
-    for (const KXBarPiece& piece : pieces)
+    for (const KXAxisChartStackPiece& piece : pieces)
         sum += std::abs(piece.value) / largest;
-    for (KXBarPiece& piece : pieces) {
+    for (KXAxisChartStackPiece& piece : pieces) {
         piece.from = whole * (reached / sum);
         reached += std::abs(piece.value) / largest;
         piece.to = whole * (reached / sum);
@@ -43,18 +43,18 @@ void divideWhole(std::vector<KXBarPiece>& pieces)
 
 } // namespace
 
-double KXBarSource::obtainCategoryValue(std::uint64_t category) const
+double KXAxisChartStacks::obtainCategoryValue(std::uint64_t category) const
 {
     return category < categoryNumbers.size() ? categoryNumbers[category] : static_cast<double>(category);
 }
 
-double KXBarSource::obtainValue(std::size_t position, std::uint64_t category) const
+double KXAxisChartStacks::obtainValue(std::size_t position, std::uint64_t category) const
 {
     const std::span<const double> values = series[position].values;
     return category < values.size() ? values[category] : std::numeric_limits<double>::quiet_NaN();
 }
 
-void KXBarSource::obtainPieces(std::uint64_t category, std::vector<KXBarPiece>& pieces) const
+void KXAxisChartStacks::obtainPieces(std::uint64_t category, std::vector<KXAxisChartStackPiece>& pieces) const
 {
     pieces.clear();
     for (std::size_t position = 0; position < series.size(); ++position) {
@@ -62,13 +62,13 @@ void KXBarSource::obtainPieces(std::uint64_t category, std::vector<KXBarPiece>& 
         if (!std::isnan(value))
             pieces.push_back({position, value, 0, value});
     }
-    if (form == KXBarForm::Stacked)
+    if (form == KXAxisChartStacking::Stacked)
         stack(pieces);
-    else if (form == KXBarForm::Percentage)
+    else if (form == KXAxisChartStacking::Percentage)
         divideWhole(pieces);
 }
 
-double KXBarSource::obtainTotal(std::uint64_t category) const
+double KXAxisChartStacks::obtainTotal(std::uint64_t category) const
 {
     double total = 0;
     for (std::size_t position = 0; position < series.size(); ++position)
@@ -77,7 +77,7 @@ double KXBarSource::obtainTotal(std::uint64_t category) const
     return total;
 }
 
-double KXBarSource::obtainMagnitude(std::uint64_t category) const
+double KXAxisChartStacks::obtainMagnitude(std::uint64_t category) const
 {
     double magnitude = 0;
     for (std::size_t position = 0; position < series.size(); ++position)

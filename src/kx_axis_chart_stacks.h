@@ -7,21 +7,21 @@
 #include <span>
 #include <vector>
 
-/** How the bars of one category stand to each other: side by side, on each other, or on each other as parts
- * of 100 percent. */
-enum class KXBarForm : int { Grouped, Stacked, Percentage };
+/** How the values of one category stand to each other: each from zero on, on each other, or on each other as
+ * parts of 100 percent. */
+enum class KXAxisChartStacking : int { Plain, Stacked, Percentage };
 
-/** One bar of a category before it has a place: it reaches from one value of the axis to another. */
-struct KXBarPiece {
-    std::size_t position = 0; /**< of the series in the source */
+/** What one value is before it has a place: it reaches from one value of the axis to another. */
+struct KXAxisChartStackPiece {
+    std::size_t position = 0; /**< of the series among those that are shown */
     double value = 0;
     double from = 0, to = 0;
 
-    friend bool operator==(const KXBarPiece&, const KXBarPiece&) = default;
+    friend bool operator==(const KXAxisChartStackPiece&, const KXAxisChartStackPiece&) = default;
 };
 
-/** The values that bars are made of, lent by whoever has them. */
-struct KX_EXPORT KXBarSource {
+/** The values that marks are made of and how they add up, lent by whoever has them. */
+struct KX_EXPORT KXAxisChartStacks {
     /** One series of values, lent. */
     struct Series {
         std::uint64_t index = 0;        /**< by which the chart knows it */
@@ -29,7 +29,7 @@ struct KX_EXPORT KXBarSource {
     };
 
     std::vector<Series> series; /**< those that are shown, the first one next to zero */
-    KXBarForm form = KXBarForm::Grouped;
+    KXAxisChartStacking form = KXAxisChartStacking::Plain;
     std::span<const double> categoryNumbers; /**< where they lie on a continuous axis; empty for slots */
     std::uint64_t first = 0, end = 0;        /**< the categories that can be seen */
 
@@ -38,11 +38,11 @@ struct KX_EXPORT KXBarSource {
     /** @return NaN for a null and past the data */
     double obtainValue(std::size_t position, std::uint64_t category) const;
     /**
-     * Sets pieces to the bars of category in the order of the series; a null has none. Stacked, positive
+     * Sets pieces to those of category in the order of the series; a null has none. Stacked, positive
      * values pile up from zero and negative ones down. Of 100 percent each takes the part of its magnitude,
      * one above the other, and the last ends at 100 exactly.
      */
-    void obtainPieces(std::uint64_t category, std::vector<KXBarPiece>& pieces) const;
+    void obtainPieces(std::uint64_t category, std::vector<KXAxisChartStackPiece>& pieces) const;
     /** @return the sum of all values of category, saturated */
     double obtainTotal(std::uint64_t category) const;
     /** @return the sum of them without their signs, saturated */

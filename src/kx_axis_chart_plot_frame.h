@@ -1,0 +1,45 @@
+#pragma once
+
+#include "kx_axis_chart_value_map.h"
+#include "kx_export.h"
+#include "ux/ux_double_rect.h"
+#include "ux/ux_rect.h"
+
+#include <optional>
+
+/** A stretch of places, from start to end, which is not below it. */
+struct KXAxisChartStretch {
+    double start = 0, end = 0;
+
+    double obtainLength() const { return end - start; }
+};
+
+/**
+ * Where the marks against one value axis are drawn. Places across run along the categories and places along
+ * run along the values, both in the units of the plot; only this class knows which of them is x.
+ */
+struct KX_EXPORT KXAxisChartPlotFrame {
+    bool isVertical = true; /**< values grow upwards, and categories follow each other along x */
+    UXRect area;            /**< nothing lies outside of it */
+    KXAxisChartValueMap categories, values;
+    double spacing = 0;                     /**< the room of one category */
+    double pixelScale = 1, pixelOffset = 0; /**< the device pixel at a place across: place * scale + offset */
+
+    KXAxisChartStretch obtainAcross() const { return isVertical ? _obtainX() : _obtainY(); }
+    KXAxisChartStretch obtainAlong() const { return isVertical ? _obtainY() : _obtainX(); }
+    double toPixel(double across) const { return across * pixelScale + pixelOffset; }
+    double fromPixel(double pixel) const { return (pixel - pixelOffset) / pixelScale; }
+
+    /** @return the part of a mark between two values that lies in the area; none for a mark beside it. A mark
+     * without length is one without extent. */
+    std::optional<KXAxisChartStretch> placeAlong(double from, double to) const;
+    UXDoubleRect makeRect(const KXAxisChartStretch& across, const KXAxisChartStretch& along) const;
+    KXAxisChartStretch obtainAcross(const UXDoubleRect& rect) const;
+    KXAxisChartStretch obtainAlong(const UXDoubleRect& rect) const;
+    /** @return whether larger values have larger places */
+    bool growsForwards() const { return values.spacing >= 0; }
+
+private:
+    KXAxisChartStretch _obtainX() const { return {double(area.x), double(area.x) + area.width}; }
+    KXAxisChartStretch _obtainY() const { return {double(area.y), double(area.y) + area.height}; }
+};
