@@ -1,7 +1,6 @@
 #pragma once
 
-#include "kx_axis_chart_orientation.h"
-#include "kx_chart_data_density.h"
+#include "kx_axis_chart_options.h"
 #include "kx_chart_property_base.h"
 #include "kx_export.h"
 #include "kx_key_table.h"

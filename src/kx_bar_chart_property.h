@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kx_axis_chart_label_options.h"
-#include "kx_bar_label_options.h"
+#include "kx_axis_chart_options.h"
+#include "kx_bar_chart_options.h"
 #include "kx_chart_property_base.h"
 #include "kx_export.h"
 #include "kx_key_table.h"

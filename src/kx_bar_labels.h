@@ -2,7 +2,7 @@
 
 #include "kx_axis_chart_mark.h"
 #include "kx_bar_chart_data_view.h"
-#include "kx_bar_label_options.h"
+#include "kx_bar_chart_options.h"
 #include "kx_export.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kx_chart_linked_action.h"
-#include "kx_chart_reset_type.h"
+#include "kx_chart_options.h"
 #include "kx_export.h"
 #include "kx_keys.h"
 #include "kx_legend_delegate.h"

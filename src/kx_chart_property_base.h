@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_chart_reset_type.h"
+#include "kx_chart_options.h"
 #include "kx_export.h"
 #include "kx_keys.h"
 #include "ux/ux_json_object.h"

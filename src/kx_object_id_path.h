@@ -1,12 +1,8 @@
 #pragma once
 
-#include "kx_bar_chart_object_id_types.h"
-#include "kx_chart_object_id_property.h"
+#include "kx_chart_object_id_types.h"
 #include "kx_export.h"
-#include "kx_heat_map_chart_object_id_types.h"
-#include "kx_line_chart_object_id_types.h"
 #include "kx_object_id_key.h"
-#include "kx_pie_chart_object_id_types.h"
 
 /** One level of a piece's position in a chart: the kind of item that an index counts. */
 struct KXObjectIDPath : KXObjectIDKey {

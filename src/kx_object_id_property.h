@@ -1,10 +1,7 @@
 #pragma once
 
-#include "kx_bar_chart_object_id_types.h"
-#include "kx_chart_object_id_property.h"
+#include "kx_chart_object_id_types.h"
 #include "kx_export.h"
-#include "kx_heat_map_chart_object_id_types.h"
-#include "kx_line_chart_object_id_types.h"
 #include "kx_object_id_key.h"
 
 /** Names a property of a piece of a chart, such as its colour. */

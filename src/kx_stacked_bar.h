@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_axis_chart_orientation.h"
+#include "kx_axis_chart_options.h"
 #include "kx_export.h"
 #include "ux/ux_color.h"
 #include "ux/ux_object.h"

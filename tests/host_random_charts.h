@@ -1,12 +1,10 @@
 #pragma once
 
 #include "chart_picture.h"
-#include "kx_axis_chart_label_options.h"
-#include "kx_axis_chart_orientation.h"
+#include "kx_axis_chart_options.h"
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_tick_label_options.h"
-#include "kx_bar_label_options.h"
-#include "kx_chart_data_density.h"
+#include "kx_bar_chart_options.h"
 #include "kx_chart_data_format_options.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_gauge_chart_options.h"

@@ -4,7 +4,7 @@
 #include "kx_key_table.h"
 #include "kx_key_walk.h"
 #include "kx_keys.h"
-#include "kx_line_label_position.h"
+#include "kx_line_chart_options.h"
 
 #include <gtest/gtest.h>
 

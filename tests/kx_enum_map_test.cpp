@@ -1,6 +1,6 @@
 #include "kx_enum_map.h"
 
-#include "kx_chart_line_styles.h"
+#include "kx_line_chart_options.h"
 #include "ux/ux_json_object.h"
 
 #include <gtest/gtest.h>

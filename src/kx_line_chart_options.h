@@ -10,3 +10,6 @@ UX_NAMED_ENUM(KXChartLineCapStyle, Butt, Round, Square)
 
 /** How two pieces of a line of a chart meet. */
 UX_NAMED_ENUM(KXChartLineJoinStyle, Miter, Round, Bevel)
+
+/** The side of a line's point on which its label stands. */
+UX_NAMED_ENUM(KXLineLabelPosition, Left, Right, Top, Bottom)

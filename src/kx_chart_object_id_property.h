@@ -1,4 +1,0 @@
-#pragma once
-
-/** A property of a piece of any chart. */
-enum class KXChartObjectIDProperty : int {};

@@ -1,4 +1,0 @@
-#pragma once
-
-/** One of the handles of a slider. */
-enum class KXChartSliderThumbType : int {};

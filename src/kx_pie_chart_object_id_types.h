@@ -1,4 +1,0 @@
-#pragma once
-
-/** A kind of piece of a pie chart. */
-enum class KXPieChartObjectIDPath : int {};

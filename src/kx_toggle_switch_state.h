@@ -1,4 +1,0 @@
-#pragma once
-
-/** The state of a toggle switch. */
-enum class KXToggleSwitchState : int {};

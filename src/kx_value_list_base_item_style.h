@@ -1,4 +1,0 @@
-#pragma once
-
-/** The look of one item of a value list. */
-enum class KXValueListBaseItemStyle : int {};
