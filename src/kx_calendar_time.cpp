@@ -43,8 +43,8 @@ double kxObtainCalendarSeconds(const KXCalendarTime& time)
     if (year > 9999)
         return obtainLastMoment();
     const year_month month = std::chrono::year{year} / (months - year * 12 + 1);
-    const int last = static_cast<int>(static_cast<unsigned>((month / std::chrono::last).day()));
-    const sys_days date = month / std::clamp(time.day, 1, last);
+    const int lastDay = static_cast<int>(static_cast<unsigned>((month / last).day()));
+    const sys_days date = month / std::clamp(time.day, 1, lastDay);
     const double inDay = time.hour * 3600.0 + time.minute * 60.0 + time.second;
     return std::clamp(static_cast<double>(date.time_since_epoch().count()) * secondsPerDay + inDay,
                       kxCalendarBegin, obtainLastMoment());
