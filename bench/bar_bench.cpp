@@ -56,7 +56,7 @@ void replacedData(benchmark::State& state)
     UXCairoImagePaintConfig image(UXDoubleSize(width, height));
     board.layout(width, height);
     for (auto _ : state) {
-        board.reload();
+        board.update();
         board.paint(image);
     }
 }

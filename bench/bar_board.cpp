@@ -4,6 +4,7 @@
 #include "kx_chart_property.h"
 
 #include <algorithm>
+#include <utility>
 
 std::uint64_t BarTable::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension)
 {
@@ -34,9 +35,21 @@ void BarTable::obtainSeriesValues(KXChartDataUser*, std::uint64_t series, std::u
 
 BarBoard::BarBoard(const std::vector<double>& values, std::size_t seriesCount)
 {
+    constexpr double factor = 1.3;
+    for (const double value : values)
+        m_otherNumbers.push_back(factor * value);
+    std::ranges::reverse(m_otherNumbers);
     m_provider.numbers = values;
     m_provider.seriesCount = seriesCount;
     m_chart.getChartProperty()->updateTitleValue("Bars");
     m_chart.getAxisChartProperty()->updateEnableScroll(false);
     reload();
 }
+
+void BarBoard::update()
+{
+    std::swap(m_provider.numbers, m_otherNumbers);
+    reload();
+}
+
+bool BarBoard::hit(const UXPoint& point) { return !uxIsEmptyRect(m_chart.obtainHintArea(point)); }

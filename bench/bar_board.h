@@ -32,4 +32,12 @@ class BarBoard : public ChartBoard<KXBarChart, BarTable> {
 public:
     /** @param values one series after the other, of the same length each */
     BarBoard(const std::vector<double>& values, std::size_t seriesCount);
+
+    /** Replaces the data by other ones, with another range, and back again with the next call. */
+    void update();
+    /** @return whether a bar lies there */
+    bool hit(const UXPoint& point);
+
+private:
+    std::vector<double> m_otherNumbers; // those that the provider does not have just now
 };

@@ -15,3 +15,10 @@ GaugeBoard::GaugeBoard()
     m_chart.setCustomMaxValue(true);
     reload();
 }
+
+void GaugeBoard::update()
+{
+    constexpr double sum = 104.2;
+    m_provider.score = sum - m_provider.score;
+    reload();
+}

@@ -11,7 +11,9 @@ public:
     void endPrepareData(KXChartDataUser*) override {}
     bool obtainDataIsEmpty(KXChartDataUser*) override { return false; }
     std::uint64_t obtainValueCount(KXChartDataUser*) override { return 1; }
-    double obtainValueData(KXChartDataUser*, const KXIndexPath&) override { return 72.5; }
+    double obtainValueData(KXChartDataUser*, const KXIndexPath&) override { return score; }
+
+    double score = 72.5;
 };
 
 /** A gauge of a score: eight parts, nine boundaries, a needle and the value. It is our picture of what the
@@ -19,4 +21,7 @@ public:
 class GaugeBoard : public ChartBoard<KXGaugeChart, GaugeScore> {
 public:
     GaugeBoard();
+
+    /** Replaces the score by another one, and back again with the next call. */
+    void update();
 };

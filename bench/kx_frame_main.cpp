@@ -1,17 +1,19 @@
 #include "bar_board.h"
+#include "dash_frame.h"
+#include "frame.h"
 #include "frame_clock.h"
 #include "gauge_board.h"
-#include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "value_board.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -60,61 +62,115 @@ struct Command {
     std::string path;
 };
 
-/** A board with the image that it is painted on. */
-template <class Board>
-class BoardFrame {
+/** Where the pointer is taken to: all over the picture, the same way in each run. */
+class Pointer {
 public:
-    template <class... Arguments>
-    explicit BoardFrame(const Arguments&... arguments) : m_board(arguments...)
-    {
-    }
-    void resize(const UXSize& size)
-    {
-        m_image.emplace(UXDoubleSize(size));
-        m_board.layout(size.width, size.height);
-        paint();
-    }
-    void paint() { m_board.paint(*m_image); }
-    void update()
-    {
-        m_board.reload();
-        paint();
-    }
-    bool save(const std::string& path) const { return m_image->writePng(path); }
+    UXPoint next() { return {_next(150, 850), _next(120, 500)}; }
 
 private:
-    Board m_board;
-    std::optional<UXCairoImagePaintConfig> m_image;
+    int _next(int low, int high)
+    {
+        m_state = m_state * 1664525U + 1013904223U;
+        return low + static_cast<int>((high - low) * ((m_state >> 8) / 16777216.0));
+    }
+
+    std::uint32_t m_state = 12345;
 };
 
-/** @param arguments what the board is made of */
-template <class Board, class... Arguments>
-int runBoard(const Start& start, const Command& command, const Arguments&... arguments)
+void printPointerCosts(Frame& frame)
+{
+    Pointer pointer;
+    double pixels = 0;
+    int hits = 0;
+    const frame_clock::Cost hit = frame_clock::measure(
+        [&](int) { hits += frame.hit(pointer.next()) ? 1 : 0; }, changeLimit);
+    // The first mark dims all others; what is measured is the way from mark to mark.
+    frame.hover({width / 2, height / 2});
+    const frame_clock::Cost hover = frame_clock::measure([&](int) { pixels += frame.hover(pointer.next()); },
+                                                         changeLimit);
+    std::printf(",\"hit_ms\":%.5f,\"hits\":%d,\"hover_ms\":%.4f,\"hover_cpu_ms\":%.4f,\"hover_share\":%.4f",
+                hit.wall, hits, hover.wall, hover.cpu, pixels / hover.repeats / (width * height));
+}
+
+bool save(const UXImage& image, const std::string& path)
+{
+    UXCairoImagePaintConfig config{UXDoubleSize(image.getSize())};
+    UXPainter* painter = uxCreatePainter(&config);
+    painter->drawImage(&image, UXDoublePoint(), 1);
+    uxDestroyPainter(painter);
+    return config.writePng(path);
+}
+
+/** The sizes that a picture is shown at in turns. */
+struct Sizes {
+    UXSize usual = {width, height}, small = {smallWidth, smallHeight};
+};
+
+/** @param makeFrame makes what is measured */
+int run(const Start& start, const Command& command, const Sizes& sizes,
+        const std::function<std::unique_ptr<Frame>()>& makeFrame)
 {
     const double before = frame_clock::now(), cpuBefore = frame_clock::cpu();
     uxCairoInstall();
-    const auto frame = std::make_unique<BoardFrame<Board>>(arguments...);
-    frame->resize({width, height});
+    const std::unique_ptr<Frame> frame = makeFrame();
+    frame->resize(sizes.usual);
     const double first = frame_clock::now() - before, firstCpu = frame_clock::cpu() - cpuBefore;
 
     const frame_clock::Cost warm = frame_clock::measure([&](int) { frame->paint(); }, repaintLimit);
     const double peak = frame_clock::peakMemory();
+    const std::function<void()> replayFrame = frame->makeReplay();
+    const frame_clock::Cost replay = frame_clock::measure([&](int) { replayFrame(); }, repaintLimit);
     const frame_clock::Cost update = frame_clock::measure([&](int) { frame->update(); }, changeLimit);
     const frame_clock::Cost resize = frame_clock::measure(
-        [&](int i) { frame->resize(i % 2 ? UXSize(width, height) : UXSize(smallWidth, smallHeight)); },
-        changeLimit);
+        [&](int i) { frame->resize(i % 2 ? sizes.usual : sizes.small); }, changeLimit);
 
-    frame->resize({width, height});
-    if (!frame->save(command.path)) {
+    frame->resize(sizes.usual);
+    if (!save(frame->obtainImage(), command.path)) {
         std::fprintf(stderr, "%s: cannot be written\n", command.path.c_str());
         return 2;
     }
     std::printf("{\"item\":\"%s\",\"size\":%ld,\"start_ms\":%.3f,\"start_cpu_ms\":%.3f,\"first_ms\":%.3f,"
                 "\"first_cpu_ms\":%.3f,\"warm_ms\":%.4f,\"warm_cpu_ms\":%.4f,\"reps\":%d,\"peak_mb\":%.1f,"
-                "\"update_ms\":%.4f,\"update_cpu_ms\":%.4f,\"resize_ms\":%.4f,\"resize_cpu_ms\":%.4f}\n",
+                "\"replay_ms\":%.4f,\"replay_cpu_ms\":%.4f,\"update_ms\":%.4f,\"update_cpu_ms\":%.4f,"
+                "\"resize_ms\":%.4f,\"resize_cpu_ms\":%.4f",
                 command.item.c_str(), command.size, start.wall, start.cpu, first, firstCpu, warm.wall,
-                warm.cpu, warm.repeats, peak, update.wall, update.cpu, resize.wall, resize.cpu);
+                warm.cpu, warm.repeats, peak, replay.wall, replay.cpu, update.wall, update.cpu, resize.wall,
+                resize.cpu);
+    if (frame->hasPointer())
+        printPointerCosts(*frame);
+    std::printf("}\n");
     return 0;
+}
+
+template <class Board>
+std::unique_ptr<Frame> makeBoard()
+{
+    return std::make_unique<BoardFrame<Board>>();
+}
+
+/** @return the values of seriesCount series of that many categories each */
+std::vector<double> readBars(long categoryCount, std::size_t seriesCount)
+{
+    return readNumbers(seriesCount > 1 ? "bar36.f64" : "bar.f64",
+                       categoryCount * static_cast<long>(seriesCount));
+}
+
+int runBars(const Start& start, const Command& command, std::size_t seriesCount)
+{
+    const std::vector<double> values = readBars(command.size, seriesCount);
+    if (values.empty())
+        return 3;
+    return run(start, command, {},
+               [&] { return std::make_unique<BoardFrame<BarBoard>>(values, seriesCount); });
+}
+
+int runDash(const Start& start, const Command& command)
+{
+    const std::vector<double> groups = readBars(12, 3), values = readBars(1000, 1);
+    if (groups.empty() || values.empty())
+        return 3;
+    return run(start, command, {{400, 300}, {360, 250}},
+               [&] { return std::make_unique<DashFrame>(groups, values); });
 }
 
 } // namespace
@@ -128,18 +184,13 @@ int main(int argc, char** argv)
     }
     const Command command{argv[1], std::atol(argv[2]), argv[3]};
     if (command.item == "kpi")
-        return runBoard<ValueBoard>(start, command);
+        return run(start, command, {}, makeBoard<ValueBoard>);
     if (command.item == "gauge")
-        return runBoard<GaugeBoard>(start, command);
-    if (command.item == "bars" || command.item == "bars3") {
-        const bool isGrouped = command.item == "bars3";
-        const std::size_t seriesCount = isGrouped ? 3 : 1;
-        const auto values = readNumbers(isGrouped ? "bar36.f64" : "bar.f64",
-                                        command.size * static_cast<long>(seriesCount));
-        if (values.empty())
-            return 3;
-        return runBoard<BarBoard>(start, command, values, seriesCount);
-    }
+        return run(start, command, {}, makeBoard<GaugeBoard>);
+    if (command.item == "bars" || command.item == "bars3")
+        return runBars(start, command, command.item == "bars" ? 1 : 3);
+    if (command.item == "dash")
+        return runDash(start, command);
     std::printf("{\"skip\":\"no such chart\"}\n");
     return 0;
 }

@@ -5,9 +5,11 @@
 
 namespace {
 
-/** One of the board's texts: its middle as a share of the board's height, and its look. */
+/** One of the board's texts and what replaces it: its middle as a share of the board's height, and its look.
+ */
 struct Line {
     const char* text;
+    const char* otherText;
     double middle;
     int size;
     bool bold;
@@ -16,10 +18,10 @@ struct Line {
 
 const UXColor dark(51, 51, 51);
 const Line lines[] = {
-    {"Revenue", 0.28, 24, false, dark},
-    {"1,284,930", 0.46, 72, true, dark},
-    {"+4.2 % vs last month", 0.62, 20, false, UXColor(59, 162, 114)},
-    {"Updated 2024-06-01", 0.72, 12, false, dark},
+    {"Revenue", "Turnover", 0.28, 24, false, dark},
+    {"1,284,930", "1,310,754", 0.46, 72, true, dark},
+    {"+4.2 % vs last month", "+2.0 % vs last month", 0.62, 20, false, UXColor(59, 162, 114)},
+    {"Updated 2024-06-01", "Updated 2024-07-01", 0.72, 12, false, dark},
 };
 
 } // namespace
@@ -41,13 +43,19 @@ ValueBoard::ValueBoard()
         chart.setAlign(UXAlign::None); // the board places the charts itself
         m_diagram.addChild(&chart);
     }
-    reload();
+    _reload();
 }
 
-void ValueBoard::reload()
+void ValueBoard::update()
+{
+    m_showsOtherTexts = !m_showsOtherTexts;
+    _reload();
+}
+
+void ValueBoard::_reload()
 {
     for (std::size_t i = 0; i < count; ++i) {
-        m_texts[i] = TextValue(lines[i].text);
+        m_texts[i] = TextValue(m_showsOtherTexts ? lines[i].otherText : lines[i].text);
         m_charts[i]->prepareData();
         m_charts[i]->reloadData();
     }

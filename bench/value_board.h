@@ -16,13 +16,16 @@ public:
 
     void layout(int width, int height);
     void paint(UXPaintConfig& config);
-    /** Gives every chart its text anew, as data that was replaced. */
-    void reload();
+    /** Replaces the texts by other ones, and back again with the next call. */
+    void update();
 
 private:
+    void _reload();
+
     static constexpr std::size_t count = 4;
 
     std::array<TextValue, count> m_texts;
+    bool m_showsOtherTexts = false;
     UXDiagram m_diagram; // does not own the charts, which leave it as they are destroyed
     std::array<std::unique_ptr<KXValueChart>, count> m_charts;
 };

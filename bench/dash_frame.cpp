@@ -1,0 +1,68 @@
+#include "dash_frame.h"
+
+#include "bar_board.h"
+#include "gauge_board.h"
+
+#include <cstddef>
+
+namespace {
+
+constexpr int columns = 5, rows = 4;
+
+} // namespace
+
+DashFrame::DashFrame(const std::vector<double>& groups, const std::vector<double>& values)
+{
+    for (int i = 0; i < columns * rows; ++i) {
+        if (i % 4 == 0)
+            m_frames.push_back(std::make_unique<BoardFrame<BarBoard>>(groups, std::size_t{3}));
+        else if (i % 4 == 3)
+            m_frames.push_back(std::make_unique<BoardFrame<GaugeBoard>>());
+        else
+            m_frames.push_back(std::make_unique<BoardFrame<BarBoard>>(values, std::size_t{1}));
+    }
+}
+
+void DashFrame::resize(const UXSize& size)
+{
+    m_size = size;
+    for (const auto& frame : m_frames)
+        frame->resize(size);
+}
+
+void DashFrame::paint()
+{
+    for (const auto& frame : m_frames)
+        frame->paint();
+}
+
+void DashFrame::update()
+{
+    for (const auto& frame : m_frames)
+        frame->update();
+}
+
+std::function<void()> DashFrame::makeReplay()
+{
+    std::vector<std::function<void()>> replays;
+    for (const auto& frame : m_frames)
+        replays.push_back(frame->makeReplay());
+    return [replays] {
+        for (const std::function<void()>& replay : replays)
+            replay();
+    };
+}
+
+UXImage DashFrame::obtainImage() const
+{
+    UXCairoImagePaintConfig all(UXDoubleSize(columns * m_size.width, rows * m_size.height));
+    UXPainter* painter = uxCreatePainter(&all);
+    for (std::size_t i = 0; i < m_frames.size(); ++i) {
+        const int place = static_cast<int>(i);
+        const UXImage image = m_frames[i]->obtainImage();
+        painter->drawImage(&image,
+                           UXDoublePoint(place % columns * m_size.width, place / columns * m_size.height), 1);
+    }
+    uxDestroyPainter(painter);
+    return all.obtainImage();
+}
