@@ -302,3 +302,48 @@ TEST(CairoPainter, WritesManyRectanglesAsItFillsThemOneByOne)
                                              UXDoubleRect(2.3, 2.7, 9, 9), UXDoubleRect(30, 2, 4, 4)})
                 EXPECT_EQ(draw(true, color, scale, clip), draw(false, color, scale, clip)) << scale << clip.x;
 }
+
+/** A line of many points covers pixels as its stroke does, but for what smoothing makes of their edges: wide
+ * or narrow, translucent where it crosses itself, with gaps and lone points, clipped and far outside. */
+TEST(CairoPainter, WritesLinesAsItStrokesThem)
+{
+    std::vector<UXDoublePoint> points;
+    for (int i = 0; i < 40; ++i)
+        points.emplace_back(4 + i * 1.9, 30 + 22 * std::sin(i * 1.7) * std::cos(i * 0.3));
+    points[9] = {NAN, 3};
+    points[11] = {3, std::numeric_limits<double>::infinity()};
+    points[20] = {40, -1e12};
+    points[21] = {41, 1e12};
+    const auto draw = [&](bool written, double width, double scale, const UXDoubleRect& clip) {
+        CairoTestCanvas canvas(80, 60, scale);
+        canvas.drawWhiteGround().draw([&](UXPainter& painter) {
+            painter.addRectanglePath(clip), painter.clip();
+            painter.setColor(UXColor(20, 80, 160, 0.6));
+            painter.setLineWidth(width);
+            painter.setLineCap(UXLineCapStyle::Round);
+            painter.setLineJoin(UXLineJoinStyle::Round);
+            if (written)
+                painter.drawPolyline(points);
+            else
+                painter.UXPainter::drawPolyline(points);
+        });
+        return canvas.pixels();
+    };
+    for (const double width : {0.5, 2.0, 5.0})
+        for (const double scale : {1.0, 1.25, 2.0})
+            for (const UXDoubleRect& clip : {UXDoubleRect(0, 0, 80, 60), UXDoubleRect(20, 12, 40, 28)}) {
+                SCOPED_TRACE(testing::Message() << width << " at " << scale << " from " << clip.x);
+                const std::vector<std::uint32_t> actual = draw(true, width, scale, clip);
+                const std::vector<std::uint32_t> expected = draw(false, width, scale, clip);
+                double sum = 0;
+                std::size_t farOff = 0;
+                for (std::size_t i = 0; i < actual.size(); ++i) {
+                    const int difference = std::abs(static_cast<int>(actual[i] & 255) -
+                                                    static_cast<int>(expected[i] & 255));
+                    sum += difference;
+                    farOff += difference > 24;
+                }
+                EXPECT_LT(sum / static_cast<double>(actual.size()), 1);
+                EXPECT_LT(static_cast<double>(farOff), 0.01 * static_cast<double>(actual.size()));
+            }
+}

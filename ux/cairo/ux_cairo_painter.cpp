@@ -1,5 +1,6 @@
 #include "ux/cairo/ux_cairo_painter.h"
 
+#include "ux/cairo/ux_cairo_line_coverage.h"
 #include "ux/cairo/ux_cairo_path_keeper.h"
 #include "ux/cairo/ux_cairo_pixel_filler.h"
 #include "ux/cairo/ux_cairo_text_cache.h"
@@ -26,6 +27,9 @@ constexpr double kFarthestPixel = 4e6;
 constexpr double kShortestDashes = 0.1;
 // With fewer it is not worth while to look whether they can be written.
 constexpr std::size_t kFewestWrittenRects = 4;
+constexpr std::size_t kFewestWrittenPoints = 16;
+// Wide lines have an inside, which Cairo fills in one go.
+constexpr double kGreatestWrittenWidth = 16;
 constexpr double kSmallestScale = 1e-6, kLargestScale = 1e6;
 
 bool hasArea(const UXDoubleRect& rect)
@@ -372,6 +376,39 @@ void UXCairoPainter::drawRects(std::span<const UXDoubleRect> rects)
         }
     }
     UXPainter::drawRects(rects);
+}
+
+void UXCairoPainter::drawPolyline(std::span<const UXDoublePoint> points)
+{
+    if (_writePolyline(points))
+        forgetPath();
+    else
+        UXPainter::drawPolyline(points);
+}
+
+/** A stroke of many pieces costs Cairo more than each pixel's distance from them.
+ *  @return whether the line could be drawn so: a full one with round ends, to pixels in memory */
+bool UXCairoPainter::_writePolyline(std::span<const UXDoublePoint> points)
+{
+    const double width = cairo_get_line_width(m_context) * std::abs(m_toDevice.xx);
+    if (points.size() < kFewestWrittenPoints || !(width > 0) || width > kGreatestWrittenWidth ||
+        std::abs(std::abs(m_toDevice.xx) - std::abs(m_toDevice.yy)) > 1e-9 ||
+        cairo_get_line_cap(m_context) != CAIRO_LINE_CAP_ROUND ||
+        cairo_get_line_join(m_context) != CAIRO_LINE_JOIN_ROUND || cairo_get_dash_count(m_context) > 0 ||
+        cairo_get_antialias(m_context) == CAIRO_ANTIALIAS_NONE)
+        return false;
+    UXCairoPixels pixels(m_context, m_toDevice);
+    if (!pixels.isUsable())
+        return false;
+    std::vector<UXDoublePoint> places;
+    places.reserve(points.size());
+    for (const UXDoublePoint& point : points)
+        places.push_back(m_toDevice.apply(point.x, point.y));
+    for (const UXCairoPixels::Box& clip : pixels.getClip()) {
+        UXCairoLineCoverage line(places, width, clip);
+        line.draw(pixels);
+    }
+    return true;
 }
 
 void UXCairoPainter::strokePreserve()

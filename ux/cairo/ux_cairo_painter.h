@@ -82,6 +82,7 @@ public:
 
     // Many at once
     void drawRects(std::span<const UXDoubleRect> rects) override;
+    void drawPolyline(std::span<const UXDoublePoint> points) override;
 
     // The device behind
     double getDeviceScale() const override { return m_deviceScale; }
@@ -104,6 +105,7 @@ private:
     bool _clipToRect(const UXDoubleRect& rect);
     bool _isReachable(const UXDoubleRect& rect) const;
     void _runNested(const std::function<void()>& action);
+    bool _writePolyline(std::span<const UXDoublePoint> points);
     void _placePicture(const UXPicture& picture, const UXDoubleRect& rect);
     UXCairoPatternHandle _drawLayer(Layer kind, const std::function<void()>& action);
     void _combineLayer(const UXCairoPatternHandle& layer, UXCompositionMode mode);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ux/cairo/ux_cairo_types.h"
+#include "ux/ux_transform.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/**
+ * The pixels of a picture in memory, to be written past Cairo. They can be where a context draws one colour
+ * over what is there, upright, and clipped by whole pixels.
+ */
+class UXCairoPixels {
+public:
+    /** Pixels from left and top up to right and bottom, without these. */
+    struct Box {
+        int left = 0, top = 0, right = 0, bottom = 0;
+
+        bool isEmpty() const { return left >= right || top >= bottom; }
+    };
+
+    /** @param toDevice from the present space of context to the pixels of its surface */
+    UXCairoPixels(UXCairoContext* context, const UXTransform& toDevice);
+    /** Tells Cairo of what was written. */
+    ~UXCairoPixels();
+
+    UXCairoPixels(const UXCairoPixels&) = delete;
+    UXCairoPixels& operator=(const UXCairoPixels&) = delete;
+
+    bool isUsable() const { return m_rows != nullptr; }
+    /** @return what may be written, boxes that do not overlap */
+    const std::vector<Box>& getClip() const { return m_clip; }
+    /** Draws the colour over the pixels of box, which lies within the clip. */
+    void fill(const Box& box);
+    /** Draws the colour over the pixels of a row from left on, within the clip.
+     *  @param coverage how much of each pixel is covered, 255 for all of it */
+    void blend(int left, int y, const std::uint8_t* coverage, std::size_t count);
+
+private:
+    bool _takeSource(UXCairoContext* context);
+    bool _takeClip(UXCairoContext* context, const UXTransform& toDevice, int width, int height);
+    std::uint32_t* _row(int y) { return m_rows + y * m_rowLength; }
+
+    UXCairoSurface* m_surface = nullptr;
+    std::uint32_t* m_rows = nullptr;
+    std::ptrdiff_t m_rowLength = 0;
+    std::vector<Box> m_clip;
+    std::uint32_t m_color = 0; // its parts multiplied by alpha
+};
