@@ -1,7 +1,7 @@
 #include "kx_chart_data_format.h"
 
 #include "kx_date_time_parser.h"
-#include "kx_date_time_text.h"
+#include "kx_date_time_pattern.h"
 #include "kx_key_definitions.h"
 #include "kx_number_text.h"
 
@@ -167,7 +167,9 @@ std::string KXChartDataFormat::formatDateTime(const std::string& value, KXChartD
     if (m_dateTimeMode != KXChartDataFormatDateTimeMode::Custom && m_datePresetFormat.empty() &&
         m_timePresetFormat.empty())
         return value;
-    return kxObtainDateTimeText(_obtainDateTimePattern(type), kxParseDateTime(value, type, level));
+    if (!m_dateTimePattern)
+        m_dateTimePattern = std::make_unique<KXDateTimePattern>();
+    return m_dateTimePattern->obtainText(_obtainDateTimePattern(type), kxParseDateTime(value, type, level));
 }
 
 void KXChartDataFormat::_updateThousandsSeparator(KXChartDataFormatThousandsSeparator value, KXKeys* keys)
@@ -234,19 +236,16 @@ void KXChartDataFormat::_callUpdatedEvent()
         event();
 }
 
-std::string KXChartDataFormat::_obtainDateTimePattern(KXChartDataType type) const
+const std::string& KXChartDataFormat::_obtainDateTimePattern(KXChartDataType type) const
 {
     if (m_dateTimeMode == KXChartDataFormatDateTimeMode::Custom)
         return m_customDateTimeFormat;
-    if (type == KXChartDataType::Date)
+    if (type == KXChartDataType::Date || (type == KXChartDataType::DateTime && m_timePresetFormat.empty()))
         return m_datePresetFormat;
-    if (type == KXChartDataType::Time)
+    if (type == KXChartDataType::Time || m_datePresetFormat.empty())
         return m_timePresetFormat;
-    std::string pattern;
-    pattern.reserve(m_datePresetFormat.size() + 1 + m_timePresetFormat.size());
-    pattern += m_datePresetFormat;
-    if (!m_datePresetFormat.empty() && !m_timePresetFormat.empty())
-        pattern += ' ';
-    pattern += m_timePresetFormat;
-    return pattern;
+    m_joinedPattern = m_datePresetFormat;
+    m_joinedPattern += ' ';
+    m_joinedPattern += m_timePresetFormat;
+    return m_joinedPattern;
 }

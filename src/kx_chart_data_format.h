@@ -10,7 +10,10 @@
 #include "ux/ux_property_table.h"
 
 #include <functional>
+#include <memory>
 #include <string>
+
+class KXDateTimePattern;
 
 // type, name, member and JSON key, default. The separators stand apart: setting one may change the other.
 #define KX_CHART_DATA_FORMAT_KEYS_BEFORE_SEPARATORS(KEY)                                       \
@@ -141,9 +144,12 @@ private:
      * gone afterwards. */
     void _notify(const char* key, const char* coupledKey);
     void _callUpdatedEvent();
-    std::string _obtainDateTimePattern(KXChartDataType type) const;
+    /** @return a key's own text, or m_joinedPattern */
+    const std::string& _obtainDateTimePattern(KXChartDataType type) const;
 
     KX_CHART_DATA_FORMAT_KEYS(KX_KEY_MEMBER)
     std::function<void()> m_updatedEvent;
+    mutable std::unique_ptr<KXDateTimePattern> m_dateTimePattern; // the compiled one; made when first needed
+    mutable std::string m_joinedPattern;                          // kept for its memory
     UXPropertyTableBinding m_keyBinding{*this, obtainPropertyTable()};
 };

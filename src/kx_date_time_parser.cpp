@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <limits>
 #include <optional>
+#include <span>
 #include <system_error>
 
 namespace {
@@ -59,50 +60,65 @@ std::optional<int> readWholeInteger(std::string_view text)
     return readInteger(text);
 }
 
-/** A percent sign and the letter in a date's pattern. */
-struct Conversion {
-    char letter;
-    std::size_t digits; // at most
-    int low, high;
-    int KXDateTimeFields::*field;
-};
-
-constexpr Conversion conversions[] = {
-    {'Y', 4, 0, 9999, &KXDateTimeFields::year}, {'m', 2, 1, 12, &KXDateTimeFields::month},
-    {'d', 2, 1, 31, &KXDateTimeFields::day},    {'H', 2, 0, 23, &KXDateTimeFields::hour},
-    {'M', 2, 0, 59, &KXDateTimeFields::minute}, {'S', 2, 0, 60, &KXDateTimeFields::second}, // leap second
-    {'q', 1, 1, 4, &KXDateTimeFields::quarter}, {'W', 2, 0, 53, &KXDateTimeFields::week},
-};
-
-bool readConversion(std::string_view& text, char letter, KXDateTimeFields& fields)
+/** @return whether the text is one whole number, with blanks around it at most */
+bool isWholeInteger(std::string_view text)
 {
-    const auto* conversion = std::find_if(std::begin(conversions), std::end(conversions),
-                                          [&](const Conversion& c) { return c.letter == letter; });
+    skipBlanks(text);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    if (text.starts_with('+') || text.starts_with('-'))
+        text.remove_prefix(1);
+    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
+}
+
+/** A number in a date, or a literal character. */
+struct PatternStep {
+    int KXDateTimeFields::*field = nullptr; // null for a literal
+    std::size_t digits = 0;                 // at most
+    int low = 0, high = 0;
+    char literal = 0; // a blank for any number of blanks
+};
+
+constexpr PatternStep literal(char c) { return {.literal = c}; }
+
+constexpr PatternStep year{&KXDateTimeFields::year, 4, 0, 9999}, month{&KXDateTimeFields::month, 2, 1, 12},
+    day{&KXDateTimeFields::day, 2, 1, 31}, hour{&KXDateTimeFields::hour, 2, 0, 23},
+    minute{&KXDateTimeFields::minute, 2, 0, 59}, second{&KXDateTimeFields::second, 2, 0, 60}, // leap second
+    quarter{&KXDateTimeFields::quarter, 1, 1, 4}, week{&KXDateTimeFields::week, 2, 0, 53};
+
+constexpr PatternStep datePattern[] = {year, literal('-'), month, literal('-'), day};
+constexpr PatternStep dateTimePattern[] = {year, literal('-'), month,  literal('-'), day,   literal(' '),
+                                           hour, literal(':'), minute, literal(':'), second};
+constexpr PatternStep quarterPattern[] = {year, literal(' '), literal('Q'), quarter};
+constexpr PatternStep weekPattern[] = {year, literal(' '), literal('W'), week};
+
+bool readField(std::string_view& text, const PatternStep& step, KXDateTimeFields& fields)
+{
+    const std::size_t most = (std::min)(step.digits, text.size());
     std::size_t length = 0;
     int value = 0;
-    while (length < (std::min)(conversion->digits, text.size()) && isDigit(text[length]))
+    while (length < most && isDigit(text[length]))
         value = value * 10 + (text[length++] - '0');
-    if (length == 0 || value < conversion->low || value > conversion->high)
+    if (length == 0 || value < step.low || value > step.high)
         return false;
-    fields.*conversion->field = value;
+    fields.*step.field = value;
     text.remove_prefix(length);
     return true;
 }
 
-/** @param pattern conversions and literal characters, a blank for any number of blanks
- *  @return the fields of a text that begins as the pattern says, no field for any other text */
-KXDateTimeFields readPattern(std::string_view text, std::string_view pattern)
+/** @return the fields of a text that begins as the pattern says, no field for any other text */
+KXDateTimeFields readPattern(std::string_view text, std::span<const PatternStep> pattern)
 {
     KXDateTimeFields fields;
     skipBlanks(text);
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-        if (pattern[i] == '%') {
-            if (!readConversion(text, pattern[++i], fields))
+    for (const PatternStep& step : pattern) {
+        if (step.field) {
+            if (!readField(text, step, fields))
                 return {};
-        } else if (pattern[i] == ' ') {
+        } else if (step.literal == ' ') {
             skipBlanks(text);
         } else {
-            if (text.empty() || text.front() != pattern[i])
+            if (text.empty() || text.front() != step.literal)
                 return {};
             text.remove_prefix(1);
         }
@@ -170,11 +186,11 @@ void parseTimeFormat(std::string_view text, Level level, int& hours, int& minute
  * day in March here, in the same year always. */
 void fillCalendarFields(KXDateTimeFields& fields)
 {
-    using namespace std::chrono;
-    const sys_days newYear(year(fields.year) / January / 1);
-    const sys_days date = sys_days(year(fields.year) / month(static_cast<unsigned>(fields.month)) / 1) +
-                          days(fields.day - 1);
-    fields.weekday = static_cast<int>(weekday(date).c_encoding());
+    using std::chrono::sys_days;
+    const std::chrono::year ofDate(fields.year);
+    const sys_days newYear(ofDate / std::chrono::January / 1);
+    const sys_days date = sys_days(ofDate / fields.month / 1) + std::chrono::days(fields.day - 1);
+    fields.weekday = static_cast<int>(std::chrono::weekday(date).c_encoding());
     const int dayOfYear = static_cast<int>((date - newYear).count());
     const int daysSinceMonday = (fields.weekday + 6) % 7;
     fields.week = (dayOfYear + 7 - daysSinceMonday) / 7;
@@ -192,23 +208,32 @@ bool showsHalfDay(Level level)
            level == Level::HoursAlone;
 }
 
+/** Fills in the hour that morning and afternoon are told from. A text without an hour is the hour where it is
+ * one number and nothing else. */
+void fillHalfDayHour(KXDateTimeFields& fields, std::string_view text, Level level)
+{
+    if (!showsHalfDay(level))
+        return;
+    fields.halfDayHour = fields.hour;
+    if (fields.hour == KXDateTimeFields::absent && isWholeInteger(text))
+        fields.halfDayHour = *readWholeInteger(text);
+}
+
 KXDateTimeFields parseTime(std::string_view text, Level level)
 {
     KXDateTimeFields fields;
     const std::string_view decimals = extractDecimalsForSecond(text);
     parseTimeFormat(text, level, fields.hour, fields.minute, fields.second);
     fields.secondDecimals = decimals;
-    if (showsHalfDay(level))
-        fields.halfDayHour = fields.hour != KXDateTimeFields::absent
-                                 ? fields.hour
-                                 : readWholeInteger(text).value_or(KXDateTimeFields::absent);
+    fillHalfDayHour(fields, text, level);
     return fields;
 }
 
 KXDateTimeFields parseDate(std::string_view text, bool timed, Level level)
 {
     const std::string_view decimals = timed ? extractDecimalsForSecond(text) : std::string_view();
-    KXDateTimeFields fields = readPattern(text, timed ? "%Y-%m-%d %H:%M:%S" : "%Y-%m-%d");
+    KXDateTimeFields fields = timed ? readPattern(text, dateTimePattern) : readPattern(text, datePattern);
+    fillHalfDayHour(fields, text, level);
     if (fields.year == KXDateTimeFields::absent)
         return fields;
     fields.secondDecimals = decimals;
@@ -217,8 +242,6 @@ KXDateTimeFields parseDate(std::string_view text, bool timed, Level level)
         fields.week = KXDateTimeFields::absent;
     if (level == Level::WithoutDay)
         fields.day = KXDateTimeFields::absent;
-    if (showsHalfDay(level))
-        fields.halfDayHour = fields.hour;
     return fields;
 }
 
@@ -231,8 +254,8 @@ KXDateTimeFields kxParseDateTime(std::string_view value, KXChartDataType type, K
     if (type == KXChartDataType::Time)
         return parseTime(value, level);
     if (level == Level::Quarter)
-        return readPattern(value, "%Y Q%q");
+        return readPattern(value, quarterPattern);
     if (level == Level::Week)
-        return readPattern(value, "%Y W%W");
+        return readPattern(value, weekPattern);
     return parseDate(value, type == KXChartDataType::DateTime, level);
 }
