@@ -174,11 +174,15 @@ KXChartDataPath* KXAxisChart::createMarkPath(const KXAxisChartMark& mark)
 
 std::vector<KXAxisChartMark> KXAxisChart::findMarks(const KXChartDataPath& path)
 {
+    // An item that is called something and belongs to no member is one of a chart without dimensions. A
+    // member is one of the categories, and the value that it comes with stands at it.
     const bool namesValue = path.valueIndexPath.size() > 1;
     const KXIndexPath& indexes = namesValue ? path.valueIndexPath : path.dimensionIndexPath;
+    const KXIndexPath& member = path.dimensionIndexPath;
     if (indexes.size() < 2 || indexes[1] >= obtainShownCategoryCount())
         return {};
-    if (!namesValue && indexes[0] != KXAxisChartDataProvider::categoryDimension)
+    if (member.empty() ? !path.identifier.empty()
+                       : member != KXIndexPath{KXAxisChartDataProvider::categoryDimension, indexes[1]})
         return {};
     const UXObjectWatcher self(this);
     const std::vector<std::uint64_t> shown = m_shownSeries;
@@ -312,7 +316,7 @@ void KXAxisChart::afterReloadData()
     const UXObjectWatcher self(this);
     KXAxisChartBase::afterReloadData();
     if (self.isAlive())
-        registerLeftClickAction(this, [this] { return getChartProperty()->getEnableInteraction(); });
+        registerLeftClickAction(this, KXTriggerCondition());
 }
 
 KXChartDataPath* KXAxisChart::createDataPath()

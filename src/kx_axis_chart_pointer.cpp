@@ -167,8 +167,12 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
     info.title = title;
     const auto addRow = [&](std::uint64_t series) {
         const double value = getValue(series, category);
-        if (std::isnan(value) || info.rows.size() >= greatestHintRowCount)
+        if (std::isnan(value))
             return;
+        if (info.rows.size() >= greatestHintRowCount) {
+            ++info.omittedRowCount;
+            return;
+        }
         UXHintRowInfo& row = info.addRow(obtainSeriesColor(series), obtainLegendSymbolStyle(series),
                                          getSeriesLabel(series), obtainValueText(series, value));
         row.showSymbol = true;

@@ -79,6 +79,9 @@ void cutTop(UXRect& area, int amount)
     cutBottom(area, amount);
 }
 
+/** @return where a part begins that ends at end; an absurd padding puts the edges at int's limits */
+int obtainEndPlace(int end, int extent) { return uxSaturateToInt(std::int64_t{end} - extent); }
+
 /** @return the width of a title at the side: at most half of the content, less the gap; negative when there
  * is no room */
 int obtainSideTitleWidth(const UXRect& content, const UXRect& title)
@@ -373,6 +376,8 @@ void KXChart::afterReloadData()
 
 KXChartDataUser* KXChart::obtainLegendDataUser() { return dynamic_cast<KXChartDataUser*>(this); }
 
+UXSymbolStyle KXChart::obtainLegendSymbolStyle(std::uint64_t) { return m_legend->getSymbolStyle(); }
+
 bool KXChart::shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t, const UXEvent& event)
 {
     return !_isPresentOrInteractiveUseCaseType(event);
@@ -395,8 +400,8 @@ void KXChart::customLayout()
         return;
     // The children lay themselves out next: the framework goes on to them.
     const UXRect& content = division.content;
-    m_toolbox->setRect(uxMakeRect(content.x + toolboxInset, content.y + toolboxInset,
-                                  content.width - 2 * toolboxInset, toolboxHeight));
+    const UXRect inside = uxInflateRect(content, -toolboxInset, -toolboxInset);
+    m_toolbox->setRect(uxMakeRect(inside.x, inside.y, inside.width, toolboxHeight));
     if (auto* linked = KXChartLinkedActionDiagram::find(this))
         linked->joinHighlight(this);
 }
@@ -477,7 +482,9 @@ bool KXChart::_shouldShowLegend(const Division& division)
     }
     if (isHorizontal(legendPosition)) {
         const bool sharesWidth = division.showsTitle && isHorizontal(titlePosition);
-        const int taken = sharesWidth ? obtainSideTitleWidth(division.content, division.title) + partGap : 0;
+        const std::int64_t taken = sharesWidth
+                                       ? std::int64_t{obtainSideTitleWidth(content, division.title)} + partGap
+                                       : 0;
         return content.width - taken >= leastWidthWithLegend;
     }
     return true;
@@ -493,7 +500,7 @@ void KXChart::_placeTitle(Division& division) const
         if (position == UXPosition::Top) {
             cutTop(division.plot, title.height);
         } else {
-            title.y = content.getBottom() - title.height;
+            title.y = obtainEndPlace(content.getBottom(), title.height);
             cutBottom(division.plot, title.height);
         }
         return;
@@ -506,14 +513,14 @@ void KXChart::_placeTitle(Division& division) const
     if (align == UXPosition::Top)
         title.y = content.y;
     else if (align == UXPosition::Center)
-        title.y = content.y + content.height / 2 - title.height / 2;
+        title.y = obtainEndPlace(uxMidY(content), title.height / 2);
     else if (align == UXPosition::Bottom)
-        title.y = content.getBottom() - title.height;
+        title.y = obtainEndPlace(content.getBottom(), title.height);
     // A chart too narrow for any title gives it no width and keeps the whole plot area.
     const bool fits = title.width >= 0;
     title.width = std::max(title.width, 0);
     if (position == UXPosition::Right)
-        title.x = uxMaxX(content) - title.width;
+        title.x = obtainEndPlace(uxMaxX(content), title.width);
     if (fits && position == UXPosition::Left)
         cutLeft(division.plot, title.width);
     else if (fits)
@@ -534,7 +541,7 @@ void KXChart::_placeLegend(Division& division) const
         cutTop(plot, height);
         break;
     case UXPosition::Bottom:
-        legend.y = plot.getBottom() - height;
+        legend.y = obtainEndPlace(plot.getBottom(), height);
         legend.height = height;
         cutBottom(plot, height);
         break;
@@ -543,7 +550,7 @@ void KXChart::_placeLegend(Division& division) const
         cutLeft(plot, width);
         break;
     case UXPosition::Right:
-        legend.x = uxMaxX(plot) - width;
+        legend.x = obtainEndPlace(uxMaxX(plot), width);
         legend.width = width;
         cutRight(plot, width);
         break;

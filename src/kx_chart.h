@@ -79,6 +79,8 @@ public:
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
     KXChartDataUser* obtainLegendDataUser() override;
+    /** @return the legend's own style, unless a chart type knows the shapes of its series */
+    UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t index) override;
     bool shouldShowPointingHandWhenMouseOverLegendCell(std::uint64_t index, const UXEvent& event) override;
     void linkedHighlightRequested(KXChartDataUser* user, const KXChartDataPath& path, UXObject* source,
                                   const UXEvent& event) override;

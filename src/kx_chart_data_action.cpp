@@ -66,6 +66,9 @@ void KXChartDataAction::_setRegisteredPath(KXChartDataPath* path)
 bool KXChartDataAction::_isAllowed(Trigger KXChartDataAction::*trigger, KXChartDataUser* user,
                                    const KXTriggerCondition& condition) const
 {
+    // A chart without interaction takes no part; that it is on is a condition of its own beside the others.
+    if (user && !user->isInteractionEnabled())
+        return false;
     // Conditions are copied before they run: one that registers anew, or destroys this object, must not pull
     // the callable away from under itself.
     const UXObjectWatcher owner(m_owner);

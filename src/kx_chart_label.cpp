@@ -1,10 +1,10 @@
 #include "kx_chart_label.h"
 
+#include "kx_highlight_ground.h"
 #include "ux/ux_event.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
-#include "ux/ux_round_rectangle.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_text_shortening.h"
 
@@ -14,10 +14,8 @@
 
 namespace {
 
-// The glow behind a label that stands out: a soft ground in the text's own colour, in logical units.
+/** How far the ground behind a label that stands out reaches over it, in logical units. */
 constexpr double glowInset = 4;
-constexpr double glowRadius = 4;
-constexpr double glowAlpha = 0.12;
 
 } // namespace
 
@@ -82,7 +80,8 @@ void KXChartLabel::keepTextInside(const UXRect& area)
     if (uxIsEmptyRect(rect) || uxContainsRect(area, rect))
         return;
     const UXRect seen = uxIntersectionRect(area, rect);
-    const UXRect room(seen.x - rect.x, seen.y - rect.y, seen.width, seen.height);
+    const UXRect room(uxSaturateToInt(std::int64_t{seen.x} - rect.x),
+                      uxSaturateToInt(std::int64_t{seen.y} - rect.y), seen.width, seen.height);
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     const auto heightOf = [&](std::string_view piece) {
         return helper->getTextSize(std::string(piece), getTextProperty(), room.width).height;
@@ -179,12 +178,7 @@ void KXChartLabel::drawLabel(UXPainter& painter, const UXDoubleRect&, const UXTe
     }
     drawn.textColor = obtainDrawnColor(property.textColor, KXInteractionEffectTarget::NonFilled);
     drawn.font.size = uxSaturateToInt(std::round(property.font.size * obtainDrawnSizeRatio()));
-    if (_showsGlow()) {
-        UXColor glow = drawn.textColor;
-        glow.alpha *= glowAlpha;
-        painter.setColor(glow);
-        uxAddRoundRectanglePath(painter, uxInflateDoubleRect(rect, glowInset, glowInset), glowRadius);
-        painter.fill();
-    }
+    if (_showsGlow())
+        kxDrawHighlightGround(painter, uxInflateDoubleRect(rect, glowInset, glowInset), drawn.textColor);
     UXLabel::drawLabel(painter, rect, drawn);
 }

@@ -69,8 +69,8 @@ UXRect toWholeRect(const UXDoubleRect& rect)
 UXRect toSurroundingRect(const UXDoubleRect& rect)
 {
     const int left = uxSaturateToInt(std::floor(rect.x)), top = uxSaturateToInt(std::floor(rect.y));
-    return {left, top, uxSaturateToInt(std::ceil(rect.x + rect.width)) - left,
-            uxSaturateToInt(std::ceil(rect.y + rect.height)) - top};
+    return {left, top, uxSaturateToInt(std::ceil(rect.x + rect.width) - left),
+            uxSaturateToInt(std::ceil(rect.y + rect.height) - top)};
 }
 
 UXTextProperty makeTextProperty(const std::string& fontName, int fontSize, const UXColor& color)
@@ -248,9 +248,10 @@ UXColor KXGaugeChart::_obtainPipePartitionColor_EventDistributed(int n, int i) c
         return m_pipeValueMaxColor;
     if (n % 2 == 1 && i == half)
         return m_pipeValueMiddleColor;
-    const double share = static_cast<double>(i) / half;
-    return half >= i ? mixColors(m_pipeValueMinColor, m_pipeValueMiddleColor, share)
-                     : mixColors(m_pipeValueMiddleColor, m_pipeValueMaxColor, share - 1);
+    // A difference of whole numbers is exact; one of shares would lose a unit of colour now and then.
+    const auto share = [half](int part) { return static_cast<double>(part) / half; };
+    return half >= i ? mixColors(m_pipeValueMinColor, m_pipeValueMiddleColor, share(i))
+                     : mixColors(m_pipeValueMiddleColor, m_pipeValueMaxColor, share(i - half));
 }
 
 KXChartDataPath* KXGaugeChart::createDataPath() { return m_mainLabel->createDataPath(); }
@@ -267,7 +268,7 @@ void KXGaugeChart::afterReloadData()
     _registerActions(m_targetLabel, "TargetLabel", target);
     _registerActions(m_minLabel, "MinLabel", minimum);
     _registerActions(m_maxLabel, "MaxLabel", maximum);
-    registerRightClickMenu(this, [this] { return isInteractionEnabled(); });
+    registerRightClickMenu(this, KXTriggerCondition());
 }
 
 void KXGaugeChart::_registerActions(KXChartLabel* label, const std::string& identifier, std::uint64_t measure)
@@ -275,7 +276,7 @@ void KXGaugeChart::_registerActions(KXChartLabel* label, const std::string& iden
     label->setIdentifier(identifier);
     KXChartDataPath* path = label->createDataPath();
     path->valueIndexPath = {measure, 0};
-    label->registerLeftClickAction(this, path, [this] { return isInteractionEnabled(); });
+    label->registerLeftClickAction(this, path, KXTriggerCondition());
     const KXObjectID id =
         KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(measure);
     label->updateExtraOIDs({id});
@@ -338,10 +339,13 @@ bool KXGaugeChart::_isGivenByHost(std::uint64_t measure) const
 /** @return the measure that path names, where the gauge shows it */
 std::optional<std::uint64_t> KXGaugeChart::_findHighlightMeasure(const KXChartDataPath& path) const
 {
+    // What belongs to a member of a dimension is none of the measures, though it may stand in the same cell.
+    if (!path.dimensionIndexPath.empty())
+        return std::nullopt;
     for (const std::uint64_t measure : {value, target, minimum, maximum}) {
         const KXChartLabel* label = _obtainLabel(measure);
         const bool isNamed = path.valueIndexPath.empty() ? path.identifier == label->getIdentifier()
-                                                         : path.valueIndexPath.front() == measure;
+                                                         : path.valueIndexPath == KXIndexPath{measure, 0};
         const bool isOnDial = (measure == value && _hasValue()) ||
                               (measure == target && isKnown(m_targetRatio));
         if (isNamed && (label->getVisible() || isOnDial))
@@ -369,7 +373,7 @@ KXHighlightResult KXGaugeChart::showLinkedHighlight(const KXChartDataPath& path,
     invalidate();
     const UXRect place = lit->getVisible() ? lit->getRect() : m_pipeRect;
     if (info.enabled)
-        showLinkedHighlightHint(&info, this, UXPoint(place.x + place.width / 2, place.y), control);
+        showLinkedHighlightHint(&info, this, UXPoint(uxMidX(place), place.y), control);
     return KXHighlightResult::Highlighted;
 }
 
@@ -408,11 +412,13 @@ void KXGaugeChart::_customLayout_setText(KXGaugeLayout& layout)
     layout.minimum.text = _obtainMeasureText(minimum, m_maxMinDisplay);
     layout.maximum.text = _obtainMeasureText(maximum, m_maxMinDisplay);
 
-    // The target's label marks a place on the dial; without the place there is nothing to label.
-    if (!isKnown(m_targetRatio) || m_targetDisplay == KXGaugeChartLabelDisplay::None)
+    // The target's label marks a place on the dial; without the place there is nothing to label. The tick has
+    // its room there with the label or without.
+    if (!isKnown(m_targetRatio))
         return;
-    layout.target.text = m_targetCaption + _obtainMeasureText(target, m_targetDisplay);
     layout.target.degrees = m_targetRatio * dialDegrees;
+    if (m_targetDisplay != KXGaugeChartLabelDisplay::None)
+        layout.target.text = m_targetCaption + _obtainMeasureText(target, m_targetDisplay);
 }
 
 void KXGaugeChart::_customLayout_setPartitionLabel(KXGaugeLayout& layout)

@@ -52,16 +52,24 @@ double KXInteractionChartObject::obtainDrawnSizeRatio() const
     return kxObtainEffectSizeRatio(m_interactionEffects);
 }
 
-bool KXInteractionChartObject::showsComplementaryInfo() const
+template <class Effect>
+bool KXInteractionChartObject::_hasEffect() const
 {
     return std::any_of(m_interactionEffects.begin(), m_interactionEffects.end(), [](const auto& effect) {
-        return dynamic_cast<const KXInteractionHighlightComplementaryInfoEffect*>(effect.get()) != nullptr;
+        return dynamic_cast<const Effect*>(effect.get()) != nullptr;
     });
+}
+
+bool KXInteractionChartObject::showsComplementaryInfo() const
+{
+    return _hasEffect<KXInteractionHighlightComplementaryInfoEffect>();
 }
 
 bool KXInteractionChartObject::needsDefaultHighlight() const
 {
-    return m_highlightState == KXHighlightState::Lit && !hasLookEffects();
+    return (m_highlightState == KXHighlightState::Lit ||
+            _hasEffect<KXInteractionContextMenuDefaultEffect>()) &&
+           !hasLookEffects();
 }
 
 bool KXInteractionChartObject::hasLookEffects() const

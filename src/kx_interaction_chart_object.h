@@ -40,10 +40,14 @@ public:
     bool showsComplementaryInfo() const;
     /** @return whether the host says that the piece looks different, and not only that it tells more */
     bool hasLookEffects() const;
-    /** @return whether the piece stands out by itself: it is lit, and the host says nothing about its look */
+    /** @return whether the piece stands out by itself: it is lit or has the effect of an open menu, and the
+     * host says nothing more about its look */
     bool needsDefaultHighlight() const;
 
 private:
+    template <class Effect>
+    bool _hasEffect() const;
+
     std::vector<KXObjectID> m_extraOIDs;
     std::vector<std::unique_ptr<KXInteractionEffect>> m_interactionEffects;
     KXHighlightState m_highlightState = KXHighlightState::None;

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 // type and member, which is its JSON key, in the document's order after m_scrollView
 #define KX_LEGEND_KEYS(KEY)                          \
@@ -161,6 +162,16 @@ void KXLegend::markCellVisibleUpdated()
 
 void KXLegend::updateLegendColor() { invalidate(); }
 
+void KXLegend::setSymbolStyle(UXSymbolStyle style)
+{
+    if (m_symbolStyle == style)
+        return;
+    m_symbolStyle = style;
+    requireLayout(); // the cells take the style with their label
+}
+
+UXSymbolStyle KXLegend::getSymbolStyle() const { return m_symbolStyle; }
+
 void KXLegend::endCellHover()
 {
     // The chart hears of it, and cells may go meanwhile.
@@ -249,8 +260,6 @@ void KXLegend::_measureCells()
             return;
         m_cellObjectIDs.push_back(std::move(objectIDs));
     }
-    // Until the shown cells are looked up again, those past a smaller count are skipped.
-    std::erase_if(m_cellIndexList, [this](int index) { return index >= m_cellCount; });
     m_dataUpdated = false;
 }
 
@@ -268,12 +277,19 @@ void KXLegend::_collectShownCells()
         if (!self.isAlive() || m_delegate != delegate)
             return;
         m_cellVisibles.push_back(isShown);
-        if (!m_cellVisibles.back() || index >= m_calculatedCellWidths.size())
+        if (!isShown || index >= m_calculatedCellWidths.size())
             continue;
         m_cellIndexList.push_back(i);
         m_calculatedMaxCellWidth = std::max(m_calculatedMaxCellWidth, m_calculatedCellWidths[index]);
     }
     m_cellVisibleUpdated = false;
+}
+
+std::span<const int> KXLegend::_obtainShownCells() const
+{
+    const auto end = std::ranges::lower_bound(m_cellIndexList,
+                                              uxSaturateToInt(m_calculatedCellWidths.size()));
+    return {m_cellIndexList.begin(), end};
 }
 
 void KXLegend::customLayout()
@@ -294,28 +310,32 @@ void KXLegend::customLayout()
     m_arranging = false;
     for (UXObject* child : getChildren())
         child->layout();
+    if (!self.isAlive())
+        return;
+    m_contentChanged = true;
+    virtualScrollViewContentOffsetChanged(m_scrollView, UXEvent());
     if (self.isAlive())
-        _placeCells(true);
+        m_contentChanged = false;
 }
 
 UXRect KXLegend::_arrangeRow(UXRect area)
 {
     double rowWidth = 2 * m_margin;
     m_cellLefts.clear();
-    for (const int index : m_cellIndexList) {
+    for (const int index : _obtainShownCells()) {
         m_cellLefts.push_back(rowWidth - m_margin);
         rowWidth += m_calculatedCellWidths[static_cast<std::size_t>(index)] + m_columnSpacing;
     }
-    if (!m_cellIndexList.empty())
+    if (!m_cellLefts.empty())
         rowWidth -= m_columnSpacing;
 
     const double room = area.width - rowWidth;
     const int width = uxSaturateToInt(std::floor(rowWidth));
     if (room > 0) {
         if (m_horizontalAlign == UXPosition::Right)
-            area.x += uxSaturateToInt(std::floor(room));
+            area.x = uxSaturateToInt(area.x + std::floor(room));
         else if (m_horizontalAlign == UXPosition::Center)
-            area.x += uxSaturateToInt(std::floor(room / 2));
+            area.x = uxSaturateToInt(area.x + std::floor(room / 2));
         area.width = width;
     }
     m_scrollView->setContentWidth(width);
@@ -330,7 +350,7 @@ int KXLegend::_obtainRowPitch() const
 
 UXRect KXLegend::_arrangeColumn(UXRect area)
 {
-    const auto shown = static_cast<std::int64_t>(m_cellIndexList.size());
+    const auto shown = std::ssize(_obtainShownCells());
     std::int64_t height = _obtainRowPitch() * shown + std::int64_t{2} * m_margin;
     if (shown > 0)
         height -= uxSaturateToInt(std::floor(m_rowSpacing));
@@ -338,9 +358,9 @@ UXRect KXLegend::_arrangeColumn(UXRect area)
     const std::int64_t room = area.height - height;
     if (room > 0) {
         if (m_verticalAlign == UXPosition::Center)
-            area.y += uxSaturateToInt(room / 2);
+            area.y = uxSaturateToInt(area.y + room / 2);
         else if (m_verticalAlign == UXPosition::Bottom)
-            area.y += uxSaturateToInt(room);
+            area.y = uxSaturateToInt(area.y + room);
         area.height = uxSaturateToInt(height);
     }
     m_scrollView->setContentWidth(area.width);
@@ -356,8 +376,9 @@ bool KXLegend::shouldClipInScrollArea(UXVirtualScrollView*, UXObject* object)
 void KXLegend::virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, const UXEvent&)
 {
     // What is marked is placed by the layout to come; until then the cells' indexes may be those of old data.
-    if (view == m_scrollView && !m_arranging && !m_dataUpdated && !m_cellVisibleUpdated)
-        _placeCells(false);
+    const bool isMarked = m_dataUpdated || m_cellVisibleUpdated;
+    if (view == m_scrollView && !m_arranging && (m_contentChanged || !isMarked))
+        _placeCells(std::exchange(m_contentChanged, false));
 }
 
 /** @param contentChanged off: only cells that come into view ask for their label */
@@ -391,7 +412,7 @@ bool KXLegend::_fillPlace(std::size_t place, const UXObjectWatcher& taken, bool 
     const auto isCurrent = [this, &self, generation = m_generation] {
         return self.isAlive() && m_generation == generation;
     };
-    const auto index = static_cast<std::uint64_t>(m_cellIndexList[place]);
+    const auto index = static_cast<std::uint64_t>(_obtainShownCells()[place]);
     auto* known = static_cast<KXLegendCell*>(taken.getObject());
     if (known && !contentChanged && known->getIndex() == index) {
         _placeCell(known, _obtainCellRect(place));
@@ -428,11 +449,10 @@ bool KXLegend::_endLostHover()
 {
     const UXObjectWatcher self(this);
     const auto [first, end] = _obtainVisiblePlaces();
-    const auto shownFirst = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(first);
-    const auto shownEnd = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(end);
+    const std::span<const int> seen = _obtainShownCells().subspan(first, end - first);
     std::vector<UXObjectWatcher> lost;
     for (KXLegendCell* cell : _obtainCells())
-        if (cell->isHovered() && !std::binary_search(shownFirst, shownEnd, uxSaturateToInt(cell->getIndex())))
+        if (cell->isHovered() && !std::ranges::binary_search(seen, uxSaturateToInt(cell->getIndex())))
             lost.emplace_back(cell);
     for (const UXObjectWatcher& watcher : lost)
         if (auto* cell = dynamic_cast<KXLegendCell*>(watcher.getObject()))
@@ -459,13 +479,12 @@ std::vector<UXObjectWatcher> KXLegend::_takeCells(std::size_t first, std::size_t
 {
     std::vector<KXLegendCell*> cells(end - first);
     std::vector<KXLegendCell*> free;
-    const auto shownFirst = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(first);
-    const auto shownEnd = m_cellIndexList.begin() + static_cast<std::ptrdiff_t>(end);
+    const std::span<const int> seen = _obtainShownCells().subspan(first, end - first);
     for (KXLegendCell* cell : _obtainCells()) {
         const int index = uxSaturateToInt(cell->getIndex());
-        const auto found = std::lower_bound(shownFirst, shownEnd, index);
-        KXLegendCell** entry = found != shownEnd && *found == index
-                                   ? &cells[static_cast<std::size_t>(found - shownFirst)]
+        const auto found = std::ranges::lower_bound(seen, index);
+        KXLegendCell** entry = found != seen.end() && *found == index
+                                   ? &cells[static_cast<std::size_t>(found - seen.begin())]
                                    : nullptr;
         if (entry && !*entry)
             *entry = cell;
@@ -522,7 +541,7 @@ bool KXLegend::takeKeys()
 /** @return whether there are cells, and these those of the present data */
 bool KXLegend::_canWalk() const
 {
-    return m_delegate && !m_cellIndexList.empty() && !m_dataUpdated && !m_cellVisibleUpdated;
+    return m_delegate && !_obtainShownCells().empty() && !m_dataUpdated && !m_cellVisibleUpdated;
 }
 
 void KXLegend::takeFocus(const std::optional<std::uint64_t>& index)
@@ -551,19 +570,20 @@ bool KXLegend::isWalkedTo(std::uint64_t index) const
 /** @return where the walked cell stands among the shown ones; none when it is not shown any more */
 std::optional<std::size_t> KXLegend::_obtainWalkedPlace() const
 {
-    const auto found = m_walkedCell ? std::lower_bound(m_cellIndexList.begin(), m_cellIndexList.end(),
-                                                       uxSaturateToInt(*m_walkedCell))
-                                    : m_cellIndexList.end();
-    if (found == m_cellIndexList.end() || !std::cmp_equal(*found, *m_walkedCell))
+    if (!m_walkedCell)
         return std::nullopt;
-    return static_cast<std::size_t>(found - m_cellIndexList.begin());
+    const std::span<const int> shown = _obtainShownCells();
+    const auto found = std::ranges::lower_bound(shown, uxSaturateToInt(*m_walkedCell));
+    if (found == shown.end() || !std::cmp_equal(*found, *m_walkedCell))
+        return std::nullopt;
+    return static_cast<std::size_t>(found - shown.begin());
 }
 
 bool KXLegend::walk(const UXEvent& event)
 {
     if (!_canWalk())
         return false;
-    const auto last = static_cast<std::ptrdiff_t>(m_cellIndexList.size()) - 1;
+    const auto last = std::ssize(_obtainShownCells()) - 1;
     const std::optional<std::size_t> walked = _obtainWalkedPlace();
     const auto place = walked ? static_cast<std::ptrdiff_t>(*walked) : -1;
     const auto [first, end] = _obtainVisiblePlaces();
@@ -605,7 +625,7 @@ void KXLegend::_walkTo(std::size_t place)
 {
     if (KXLegendCell* left = m_walkedCell ? _findCell(*m_walkedCell) : nullptr)
         left->hideHint();
-    m_walkedCell = static_cast<std::uint64_t>(m_cellIndexList[place]);
+    m_walkedCell = static_cast<std::uint64_t>(_obtainShownCells()[place]);
     m_showsWalk = true;
     const UXObjectWatcher self(this);
     _showPlace(place);
@@ -624,7 +644,7 @@ void KXLegend::_showPlace(std::size_t place)
         return std::min(std::max(offset, start + extent - shown), start);
     };
     if (m_arrangement == UXArrangement::Row) {
-        const double width = m_calculatedCellWidths[static_cast<std::size_t>(m_cellIndexList[place])];
+        const double width = m_calculatedCellWidths[static_cast<std::size_t>(_obtainShownCells()[place])];
         const auto left = static_cast<std::int64_t>(std::floor(m_cellLefts[place])) - m_margin;
         const auto extent = static_cast<std::int64_t>(std::ceil(width)) + std::int64_t{2} * m_margin;
         m_scrollView->setContentOffsetX(reach(m_scrollView->getContentOffsetX(), area.width, left, extent));
@@ -669,7 +689,7 @@ std::vector<KXLegendCell*> KXLegend::_obtainCells() const
 std::pair<std::size_t, std::size_t> KXLegend::_obtainVisiblePlaces() const
 {
     const UXSize area = m_scrollView->obtainDisplayArea();
-    const std::size_t count = m_cellIndexList.size();
+    const std::size_t count = _obtainShownCells().size();
     if (area.width <= 0 || area.height <= 0 || count == 0)
         return {0, 0};
     if (m_arrangement == UXArrangement::Row) {
@@ -695,19 +715,19 @@ std::pair<std::size_t, std::size_t> KXLegend::_obtainVisiblePlaces() const
 UXRect KXLegend::_obtainCellRect(std::size_t place) const
 {
     const UXRect area = m_scrollView->obtainScrollContentRect();
-    const double width = m_calculatedCellWidths[static_cast<std::size_t>(m_cellIndexList[place])];
+    const double width = m_calculatedCellWidths[static_cast<std::size_t>(_obtainShownCells()[place])];
     // Rounded up, so that a label that was measured to fit is not cut.
     const int wholeWidth = uxSaturateToInt(std::ceil(width));
     const int height = uxSaturateToInt(std::ceil(m_calculatedCellHeight));
     if (m_arrangement == UXArrangement::Row) {
         const double left = m_cellLefts[place] - static_cast<double>(m_scrollView->getContentOffsetX());
-        return {uxSaturateToInt(area.x + std::floor(left)), area.y + (area.height - height) / 2, wholeWidth,
-                height};
+        return {uxSaturateToInt(area.x + std::floor(left)),
+                uxSaturateToInt(area.y + (std::int64_t{area.height} - height) / 2), wholeWidth, height};
     }
     const std::int64_t top = m_margin + static_cast<std::int64_t>(place) * std::max(_obtainRowPitch(), 1) -
                              m_scrollView->getContentOffsetY();
-    return {area.x + m_margin, uxSaturateToInt(area.y + top),
-            std::clamp(area.width - 2 * m_margin, 0, wholeWidth), height};
+    const UXRect inside = uxInflateRect(area, -m_margin, 0);
+    return {inside.x, uxSaturateToInt(area.y + top), std::clamp(inside.width, 0, wholeWidth), height};
 }
 
 UXDoubleRect KXLegend::obtainSymbolRect() const

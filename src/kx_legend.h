@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -57,6 +58,9 @@ public:
     /** The delegate shows other cells. */
     void markCellVisibleUpdated();
     void updateLegendColor();
+    /** The shape of the symbols of a delegate that has none of its own to give. */
+    void setSymbolStyle(UXSymbolStyle style);
+    UXSymbolStyle getSymbolStyle() const;
     /** No cell looks any more as if the pointer were on it. */
     void endCellHover();
 
@@ -122,6 +126,9 @@ private:
     void _measureCells();
     void _measureCellHeight();
     void _collectShownCells();
+    /** @return the shown cells by place, ascending. Until it is known anew which are shown, those past a
+     * smaller count are skipped. */
+    std::span<const int> _obtainShownCells() const;
     void _placeCells(bool contentChanged);
     bool _endLostHover();
     std::vector<UXObjectWatcher> _takeCells(std::size_t first, std::size_t end);
@@ -172,7 +179,8 @@ private:
     std::vector<std::vector<KXObjectID>> m_cellObjectIDs; // by cell index
     std::vector<double> m_cellLefts;                      // by place in the row, in the content
     bool m_arranging = false;
-    unsigned m_generation = 0; // tells whoever places cells that the delegate had that done anew
+    bool m_contentChanged = false; // the cells ask for everything anew
+    unsigned m_generation = 0;     // tells whoever places cells that the delegate had that done anew
     std::optional<std::uint64_t> m_walkedCell;
     bool m_showsWalk = false;
 };

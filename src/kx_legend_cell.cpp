@@ -1,5 +1,6 @@
 #include "kx_legend_cell.h"
 
+#include "kx_highlight_ground.h"
 #include "kx_legend.h"
 #include "ux/ux_event.h"
 #include "ux/ux_paint_config.h"
@@ -53,6 +54,9 @@ void KXLegendCell::paint(UXPaintConfig* config, UXRect dirtyRect)
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
         const UXColor color = obtainDrawnColor(m_legend->obtainLegendCellColor(m_index),
                                                KXInteractionEffectTarget::Filled);
+        if (needsDefaultHighlight())
+            kxDrawHighlightGround(*painter, UXDoubleRect(getBoundingRect()),
+                                  m_legend->getTextProperty().textColor);
         uxDrawSymbol(*painter, m_symbolStyle, _obtainDrawnSymbolRect(), color);
         const UXDoubleRect labelRect = m_legend->obtainLabelRect(getRect().width);
         if (labelRect.width > 0 && !m_label.empty()) {

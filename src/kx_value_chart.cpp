@@ -98,16 +98,17 @@ void KXValueChart::afterReloadData()
     const KXObjectID value = KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(0);
     m_valueLabel->setIdentifier("ValueLabel");
     m_valueLabel->updateExtraOIDs({value});
-    m_valueLabel->registerLeftClickAction(this, [this] { return isInteractionEnabled(); });
+    m_valueLabel->registerLeftClickAction(this, KXTriggerCondition());
     m_valueLabel->registerLinkedHighlightAction(this, KXTriggerCondition());
     m_valueLabel->registerInteraction(this, {KXInteractionEventType::LeftClick}, value);
 }
 
 KXHighlightResult KXValueChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
 {
+    // What belongs to a member of a dimension is not this value, though it may stand in the same cell.
     const bool namesValue = path.valueIndexPath.empty() ? path.identifier == m_valueLabel->getIdentifier()
-                                                        : path.valueIndexPath.front() == 0;
-    if (!namesValue || !m_valueLabel->getVisible())
+                                                        : path.valueIndexPath == KXIndexPath{0, 0};
+    if (!namesValue || !path.dimensionIndexPath.empty() || !m_valueLabel->getVisible())
         return KXHighlightResult::NotFound;
     const UXObjectWatcher self(this);
     m_highlighter.light(m_valueLabel, {});
@@ -151,7 +152,7 @@ bool KXValueChart::customMouseMove(const UXEvent& event, bool& stop)
     m_highlighter.pointAt(isOnValue ? m_valueLabel : nullptr);
     if (!self.isAlive())
         return handled;
-    if (isOnValue && m_valueLabel->showsComplementaryInfo()) {
+    if (isOnValue) {
         UXHintInfo info = _obtainHintInfo();
         if (self.isAlive())
             showHint(point, nullptr, &info);
@@ -192,15 +193,16 @@ void KXValueChart::_customLayout(UXRect plotArea)
 
     const int width = uxSaturateToInt(std::ceil(size.width));
     const int height = uxSaturateToInt(std::ceil(size.height));
-    int left = plotArea.x;
+    const std::int64_t room = std::int64_t{plotArea.width} - width;
+    std::int64_t left = plotArea.x;
     if (m_mainLabelAlign == UXTextAlign::Right)
-        left += plotArea.width - width;
+        left += room;
     else if (m_mainLabelAlign != UXTextAlign::Left)
-        left += (plotArea.width - width) / 2;
-    m_valueLabel->setRect(uxMakeRect(left, plotArea.y, width, height));
-    // A number that is cut at an edge would look like another one.
-    m_valueLabel->keepTextInside(plotArea);
-    registerRightClickMenu(this, [this] { return isInteractionEnabled(); });
+        left += room / 2;
+    m_valueLabel->setRect(uxMakeRect(uxSaturateToInt(left), plotArea.y, width, height));
+    // It may reach over the plot area; a number that the chart's edge cuts would look like another one.
+    m_valueLabel->keepTextInside(getBoundingRect());
+    registerRightClickMenu(this, KXTriggerCondition());
 }
 
 std::string KXValueChart::_obtainValueText() const

@@ -422,6 +422,18 @@ TEST(KXAxisChart, TheMarkUnderThePointerIsToldAndStandsOut)
     EXPECT_FALSE(chart.isHighlighting());
 }
 
+TEST(KXAxisChart, AHintCountsAllThatItLeavesOut)
+{
+    KXAxisChartTestProvider provider;
+    provider.values = std::vector<std::vector<double>>(40, {1, 2, 3});
+    provider.values[30][1] = NAN;
+    BarsChart chart(provider);
+    kxLoad(chart);
+    KXTestInput{chart}.move(chart.obtainMiddle({0, 1}));
+    EXPECT_EQ(chart.getHintInfo().rows.size() + chart.getHintInfo().omittedRowCount, 39);
+    EXPECT_GT(chart.getHintInfo().omittedRowCount, 0);
+}
+
 TEST(KXAxisChart, ClicksMenusAndLinksNameTheMark)
 {
     KXAxisChartTestProvider provider;
@@ -445,9 +457,13 @@ TEST(KXAxisChart, ClicksMenusAndLinksNameTheMark)
     EXPECT_EQ(provider.asked["shouldRightClick"], 1);
 
     const std::tuple<const char*, KXIndexPath, KXIndexPath, std::vector<Mark>> cases[] = {
-        {"a value", {1, 2}, {0, 1}, {{1, 2}}}, {"a category", {}, {0, 1}, {{0, 1}, {1, 1}}},
-        {"another dimension", {}, {1, 1}, {}}, {"no such category", {0, 3}, {}, {}},
-        {"no such series", {2, 0}, {}, {}},    {"nothing", {}, {}, {}},
+        {"a value", {1, 2}, {0, 2}, {{1, 2}}},
+        {"a category", {}, {0, 1}, {{0, 1}, {1, 1}}},
+        {"another dimension", {}, {1, 1}, {}},
+        {"no such category", {0, 3}, {}, {}},
+        {"no such series", {2, 0}, {}, {}},
+        {"nothing", {}, {}, {}},
+        {"a value of another member", {1, 2}, {0, 1}, {}},
     };
     for (const auto& [name, value, dimension, marks] : cases) {
         SCOPED_TRACE(name);

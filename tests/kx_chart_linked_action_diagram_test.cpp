@@ -38,9 +38,11 @@ public:
             return nullptr;
         auto* answer = new KXChartDataPath;
         answer->valueIndexPath = {*matches, 0};
+        answer->dimensionIndexPath = member;
         return answer;
     }
     std::optional<std::uint64_t> matches = 0;
+    KXIndexPath member;
     std::function<void()> onTarget;
 };
 
@@ -114,7 +116,17 @@ TEST_F(KXChartLinkedActionDiagramTest, WhatOneChartPointsAtStandsOutInTheOthers)
     const std::tuple<const char*, std::function<void()>, std::string, KXHighlightResult, KXHighlightResult>
         cases[] = {
             {"every match", [] {}, "-LL LDDD", Highlighted, Highlighted},
-            {"another measure", [this] { providers[3].matches = 2; }, "-LL DDLD", Highlighted, Highlighted},
+            {"a member of a dimension",
+             [this] {
+                 providers[1].member = providers[3].member = {0, 0};
+             },
+             "--L ----", NotFound, NotFound},
+            {"another measure",
+             [this] {
+                 providers[1].member = providers[3].member = {};
+                 providers[3].matches = 2;
+             },
+             "-LL DDLD", Highlighted, Highlighted},
             {"no such measure", [this] { providers[3].matches = 9; }, "-LL ----", Highlighted, NotFound},
             {"no match", [this] { providers[1].matches.reset(); }, "--L ----", NotFound, NotFound},
             {"a chart that answers no pointer",

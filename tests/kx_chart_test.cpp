@@ -3,10 +3,13 @@
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_chart_toolbox.h"
+#include "kx_gauge_chart.h"
 #include "kx_legend.h"
+#include "kx_load_chart.h"
 #include "kx_test_chart.h"
 #include "kx_test_input.h"
 #include "kx_test_provider.h"
+#include "kx_value_chart.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
@@ -122,6 +125,30 @@ TEST(KXChart, ATitleEndsWithAWholeLineInsideTheChart)
         EXPECT_EQ(text.find("drawText 0,-"), std::string::npos) << "inside";
         EXPECT_EQ(chart.getTitle()->getText(), "one two three four five six");
     }
+}
+
+TEST(KXChart, AnAbsurdPaddingLeavesNoRoom)
+{
+    constexpr int most = INT_MAX, least = INT_MIN;
+    KXTestProvider provider;
+    for (const UXPadding& padding : {UXPadding(most, most, most, most), UXPadding(least, least, least, least),
+                                     UXPadding(most, 0, least, 1), UXPadding(0, least, 1, most)})
+        for (const UXPosition position :
+             {UXPosition::Top, UXPosition::Bottom, UXPosition::Left, UXPosition::Right})
+            for (const bool isGauge : {false, true}) {
+                KXGaugeChart gauge;
+                KXValueChart value;
+                KXChart& chart = isGauge ? static_cast<KXChart&>(gauge) : value;
+                chart.getChartProperty()->setTitleValue("title");
+                chart.getChartProperty()->setTitlePosition(position);
+                chart.getChartProperty()->setTitleVerticalAlign(UXPosition::Bottom);
+                chart.setPadding(padding);
+                isGauge ? kxLoad(gauge, provider, {5, 5, 300, 200})
+                        : kxLoad(value, provider, {5, 5, 300, 200});
+                uxPaintToText(chart);
+                EXPECT_GE(chart.getTitle()->getRect().width, 0);
+                EXPECT_GE(chart.getTitle()->getRect().height, 0);
+            }
 }
 
 TEST(KXChart, APropertyChangeReachesThePartThatShowsIt)
@@ -281,6 +308,40 @@ TEST(KXLegend, SkipsShownCellsThatAreNoMore)
     legend.setArrangement(UXArrangement::Row);
     legend.layout();
     EXPECT_EQ(view->getContentWidth(), 2 + 29);
+    chart.cellCount = 3;
+    legend.markDataUpdated();
+    legend.layout();
+    EXPECT_EQ(view->getContentWidth(), 2 + 88 + 2 * 20) << "skipped, not forgotten";
+}
+
+TEST(KXLegend, AChartWithoutShapesOfItsOwnTakesTheLegends)
+{
+    const UXFixedMeasurer measurer;
+    KXTestChart chart;
+    chart.setLabels({"a", "b"});
+    chart.setRect(uxMakeRect(0, 0, 402, 302));
+    chart.getLegend()->setSymbolStyle(UXSymbolStyle::Circle);
+    chart.layout();
+    EXPECT_NE(uxPaintToText(chart).find("Circle"), std::string::npos) << uxPaintToText(chart);
+
+    class WatchedLegend : public KXLegend {
+    public:
+        void virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, const UXEvent& event) override
+        {
+            ++told;
+            KXLegend::virtualScrollViewContentOffsetChanged(view, event);
+        }
+        int told = 0;
+    } legend;
+    legend.setDelegate(&chart);
+    legend.setRect({0, 0, 100, 100});
+    legend.layout();
+    EXPECT_GT(legend.told, 0) << "cells are placed where scrolling places them";
+    const int before = legend.told;
+    legend.requireLayout();
+    legend.layout();
+    EXPECT_GT(legend.told, before);
+    legend.setDelegate(nullptr);
 }
 
 TEST(KXChartLabel, ShowsItsDefaultTextWhileItsOwnIsEmpty)

@@ -146,6 +146,10 @@ TEST_F(KXGaugeChartTest, ColoursRunFromTheMinimumsOverTheMiddle)
         for (std::size_t i = 0; i < expected.size(); ++i)
             EXPECT_EQ(chart._obtainPipePartitionColor(static_cast<int>(i)), expected[i]);
     }
+    chart.setPipePartition(6);
+    EXPECT_EQ(chart._obtainPipePartitionColor(4), UXColor(253, 176, 92)) << "a third of the way, to the unit";
+    chart.setPipePartition(7);
+    EXPECT_EQ(chart._obtainPipePartitionColor(5), UXColor(254, 143, 101));
     chart.setPartitionStyle(KXGaugeChartPartitionStyle::Custom);
     chart.setCustomPartitionColor({0, 50}, {UXColor(1, 2, 3, 0.5)});
     EXPECT_TRUE(chart.getInitPartition());
@@ -223,6 +227,19 @@ TEST_F(KXGaugeChartTest, TextsGiveWayToEachOther)
     load({1234567.5, null, 0, 98765432});
     EXPECT_EQ(chart.getMainLabel()->getRect().y, chart.getMinLabel()->getRect().getBottom())
         << "a wide main text moves below the ends";
+}
+
+TEST_F(KXGaugeChartTest, TheTargetsTickHasRoomWithoutItsLabel)
+{
+    chart.setTargetDisplay(Display::None);
+    chart.setMaxMinDisplay(Display::None);
+    for (const double target : {0, 30, 50, 80, 100})
+        for (const UXRect& rect : {UXRect(0, 0, 600, 150), UXRect(0, 0, 200, 300)}) {
+            SCOPED_TRACE(testing::Message() << target << " in " << rect.width);
+            chart.setRect(rect);
+            load({30, target, 0, 100});
+            EXPECT_EQ(countLines(paintLines(), "clip"), 0) << "only a tick at the chart's edge is cut";
+        }
 }
 
 TEST_F(KXGaugeChartTest, TextsLeaveInTheStatedOrder)

@@ -3,6 +3,7 @@
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_interaction_color_effect.h"
+#include "kx_interaction_context_menu_default_effect.h"
 #include "kx_interaction_highlight_color_pattern_effect.h"
 #include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_interaction_highlight_size_effect.h"
@@ -219,6 +220,8 @@ TEST(KXChartLabel, LooksAsItsEffectsAndItsHighlightSay)
         {"lit", nullptr, Lit, "100,0,0,0.12", true},
         {"lit, and the host says nothing about the look",
          std::make_unique<KXInteractionHighlightComplementaryInfoEffect>(), Lit, "100,0,0,0.12", true},
+        {"as with an open menu", std::make_unique<KXInteractionContextMenuDefaultEffect>(), None,
+         "100,0,0,0.12", true},
         {"lit as the host says", makeColor(7), Lit, "7,2,3", false},
     };
     for (auto& [name, effect, state, look, glows] : cases) {

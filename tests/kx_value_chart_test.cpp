@@ -3,7 +3,6 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
-#include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_load_chart.h"
 #include "kx_test_provider.h"
 #include "ux/ux_context.h"
@@ -125,10 +124,21 @@ TEST_F(KXValueChartTest, ShrinksUntilTheTextIsSmallerThanThePlotArea)
         chart.setFontSize(wanted);
         kxLoad(chart);
         EXPECT_EQ(label().getTextProperty().font.size, expected);
-        EXPECT_EQ(uxPaintToText(chart).find("drawText 0,0,198,") != std::string::npos, letters == 1000)
+        EXPECT_EQ(uxPaintToText(chart).find("drawText 0,0,199,") != std::string::npos, letters == 1000)
             << "what is too wide ends with an ellipsis at the chart's edge";
         EXPECT_EQ(label().getRect().width > 198, letters == 1000) << "and the label is as wide as all of it";
     }
+
+    provider.text = std::string(30, 'x'); // 135 wide at the least size
+    chart.setFontSize(36);
+    chart.getChartProperty()->updateShowTitle(true);
+    chart.getChartProperty()->updateTitleValue("a title beside");
+    chart.getChartProperty()->updateTitlePosition(UXPosition::Right);
+    kxLoad(chart);
+    EXPECT_GT(label().getRect().width, chart.getTitle()->getRect().x - 15);
+    EXPECT_NE(uxPaintToText(chart).find('"' + provider.text + '"'), std::string::npos)
+        << "a value may reach over the plot area";
+    chart.getChartProperty()->updateShowTitle(false);
 
     provider.text.clear();
     chart.setFontSize(2147483647);
@@ -196,6 +206,10 @@ TEST_F(KXValueChartTest, AClickOnTheValueRunsTheHostsAction)
     second.runPostedActions();
     EXPECT_EQ(clicks, 2);
 
+    label().registerLeftClickActionTriggerCondition([] { return false; });
+    label().triggerEventHandler(UXEvent(UXEventType::LeftClick));
+    EXPECT_EQ(provider.count("leftClickAction"), 2) << "the host's own condition";
+    label().registerLeftClickActionTriggerCondition({});
     chart.getChartProperty()->setEnableInteraction(false);
     const std::size_t asked = provider.calls.size();
     label().triggerEventHandler(UXEvent(UXEventType::LeftClick));
@@ -224,7 +238,6 @@ TEST_F(KXValueChartTest, SavesWhatTheTitleHasBesideItsProperty)
 TEST_F(KXValueChartTest, TheHoveredValueTellsMoreOnTheControl)
 {
     provider.hint = [](const KXIndexPath&) { return KXChartDataProviderHintData{"Sales", "1,234"}; };
-    provider.effect = [] { return new KXInteractionHighlightComplementaryInfoEffect; };
     UXContext context;
     UXDiagram diagram(&context);
     UXGlobalControlSpaceEventDiagram screen;

@@ -86,6 +86,8 @@ TEST(UXHintLayout, GivesUpWhatDoesNotFit)
     (void)whole.addFooterRow({}, UXSymbolStyle::Line, "sum", "1");
     for (int i = 0; i < 9; ++i)
         blanks.addRow(20);
+    UXHintInfo part = makeInfo("Title", 2);
+    part.omittedRowCount = 38;
     struct Case {
         const char* name;
         const UXHintInfo& info;
@@ -95,6 +97,8 @@ TEST(UXHintLayout, GivesUpWhatDoesNotFit)
     const Case cases[] = {
         {"all", whole, {400, 300}, "Title Text row=0 row=1 sum=1 "},
         {"some rows", rows, {400, 100}, "Title row=0 row=1 row=2 and 997 more "},
+        {"rows that are not here", part, {400, 300}, "Title row=0 row=1 and 38 more "},
+        {"and rows without room", part, {400, 66}, "Title row=0 and 39 more "},
         {"no room for text and footer", whole, {400, 66}, "Title row=0 row=1 "},
         {"no room for a row", rows, {400, 52}, "Title and 1000 more "},
         {"no room for a line", rows, {400, 30}, ""},

@@ -50,6 +50,10 @@ UXHintRowInfo& UXHintInfo::addFooterRow(const UXColor& color, UXSymbolStyle styl
     return footerRows.emplace_back(makeSymbolRow(color, style, label, value));
 }
 
-void UXHintInfo::clearRows() { rows.clear(); }
+void UXHintInfo::clearRows()
+{
+    rows.clear();
+    omittedRowCount = 0;
+}
 
 void UXHintInfo::clearFooterRows() { footerRows.clear(); }

@@ -5,6 +5,7 @@
 #include "ux/ux_hint_row_info.h"
 #include "ux/ux_text_property.h"
 
+#include <cstddef>
 #include <deque>
 #include <string>
 
@@ -17,6 +18,8 @@ struct UX_EXPORT UXHintInfo {
     UXTextProperty textProperty;
     std::deque<UXHintRowInfo> rows;
     std::deque<UXHintRowInfo> footerRows;
+    std::size_t omittedRowCount = 0; /**< rows that there are beside these; the hint says how many it does not
+                                          show */
     UXHintPosition position = UXHintPosition::AboveValue;
     int distance = 0;         /**< free room between the hint and what it explains, in logical units; 0 leaves
                                    it to the hint */
@@ -35,6 +38,7 @@ struct UX_EXPORT UXHintInfo {
     UXHintRowInfo& addRow(int blankHeight);
     UXHintRowInfo& addFooterRow(const UXColor& color, UXSymbolStyle style, const std::string& label,
                                 const std::string& value);
+    /** The omitted rows are forgotten as well. */
     void clearRows();
     void clearFooterRows();
 

@@ -293,8 +293,12 @@ int Builder::_obtainHeight(std::span<const Item> items, int gap)
 bool Builder::_limitRows(int available, int minRows)
 {
     m_shownRows = m_rows.size();
-    if (m_rows.size() == m_info.rows.size() && _obtainHeight(m_rows, rowGap) <= available)
+    const bool isComplete = m_rows.size() == m_info.rows.size() && m_info.omittedRowCount == 0;
+    if (isComplete && _obtainHeight(m_rows, rowGap) <= available)
         return available >= 0;
+    // What is omitted needs the line, though all that is here may have room.
+    if (m_info.omittedRowCount > 0)
+        ++m_shownRows;
 
     Item more;
     do {
@@ -325,9 +329,10 @@ bool Builder::_limitRows(int available, int minRows)
 
 std::size_t Builder::_countHiddenRows() const
 {
-    return static_cast<std::size_t>(
-        std::count_if(m_info.rows.begin() + static_cast<std::ptrdiff_t>(m_shownRows), m_info.rows.end(),
-                      [](const UXHintRowInfo& row) { return !isBlank(row); }));
+    const auto hidden = std::count_if(m_info.rows.begin() + static_cast<std::ptrdiff_t>(m_shownRows),
+                                      m_info.rows.end(),
+                                      [](const UXHintRowInfo& row) { return !isBlank(row); });
+    return static_cast<std::size_t>(hidden) + m_info.omittedRowCount;
 }
 
 void Builder::_stack(UXHintLayout& layout) const
