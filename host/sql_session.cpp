@@ -8,6 +8,7 @@
 
 #include "host_error.h"
 #include "odbc_sqlite_dialect.h"
+#include "postgresql_connection.h"
 #include "postgresql_dialect.h"
 #include "sqlite_dialect.h"
 
@@ -19,15 +20,6 @@ struct ResultCell {
     std::string text;
     double number = 0;
 };
-
-/** @return the whole connection string where it is in the form of a URI, else what stands behind the engine
- */
-std::string obtainPostgresqlString(const std::string& rest)
-{
-    const std::size_t mark = rest.find_first_of("=/@?");
-    const bool isUri = mark != std::string::npos && rest[mark] != '=';
-    return isUri ? "postgresql://" + rest : rest;
-}
 
 /** @return the connection string with the word that keeps SQLite's driver from making a missing file */
 std::string obtainOdbcString(const std::string& rest)
@@ -62,9 +54,9 @@ void SqlSession::_open(const std::string& engine, const std::string& rest, Missi
 {
     if (engine == "sqlite") {
         _openSqlite(rest, missingFile);
-    } else if (engine == "postgresql") {
+    } else if (engine == "postgresql" || engine == "postgres") {
         m_dialect = std::make_unique<PostgresqlDialect>();
-        m_native = std::make_unique<soci::session>(soci::postgresql, obtainPostgresqlString(rest));
+        m_native = std::make_unique<soci::session>(soci::postgresql, obtainPostgresqlConnection(rest));
     } else if (engine == "odbc") {
         _openOdbc(rest);
     } else {

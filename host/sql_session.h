@@ -23,9 +23,10 @@ public:
 
     /** @param connection the engine, "://" and what the engine itself needs to know:
      *  "sqlite://" (or nothing) for a database in memory, "sqlite:///data/sales.db" for a file,
-     *  "postgresql://host=localhost dbname=sales" or "postgresql://user@localhost/sales",
-     *  "odbc://Driver=SQLite3;Database=/data/sales.db". Throws HostError when that cannot be opened or no
-     * dialect knows the engine. Only an SQLite file is made where it is missing, and only on request. */
+     *  "postgresql://user@localhost:5432/sales" (or "postgres://") or "postgresql://host=localhost
+     * dbname=sales", "odbc://Driver=SQLite3;Database=/data/sales.db". Throws HostError when that cannot be
+     * opened or no dialect knows the engine. Only an SQLite file is made where it is missing, and only on
+     * request. */
     explicit SqlSession(const std::string& connection, MissingFile missingFile = MissingFile::Refuse);
     ~SqlSession();
     SqlSession(const SqlSession&) = delete;

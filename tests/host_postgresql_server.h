@@ -16,6 +16,7 @@ public:
         std::string word, port, user, password;
         if (!(last >> word >> m_sleeper >> port >> user >> password) || word != "ready")
             return;
+        m_address = user + ':' + password + "@localhost:" + port;
         m_connection = "postgresql://host=localhost port=" + port + " user=" + user +
                        " password=" + password + " dbname=postgres";
     }
@@ -29,6 +30,13 @@ public:
 
     /** @return how to connect to the server, empty where there is none */
     const std::string& getConnection() const { return m_connection; }
+    /** @return the same in every other form */
+    std::vector<std::string> obtainForms() const
+    {
+        return {"postgresql://" + m_address + "/postgres", "postgres://" + m_address,
+                "postgresql://" + m_address + "/postgres?application_name=a%20b",
+                m_connection + " application_name='a  \\'b'"};
+    }
 
 private:
     // However this test ends, the server ends some time. A port of its own keeps it off other tests' servers.
@@ -36,5 +44,5 @@ private:
                          "echo ready $$ $PGPORT $PGUSER $PGPASSWORD; exec sleep 250"},
                         {"PGPORT=" + std::to_string(20000 + getpid() % 30000)}};
     pid_t m_sleeper = -1;
-    std::string m_connection;
+    std::string m_connection, m_address;
 };

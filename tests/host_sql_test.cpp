@@ -210,6 +210,8 @@ TEST(HostSql, PostgresqlAnswers)
         "measures": [{"column": "big", "aggregate": "sum"}, {"column": "stamp", "aggregate": "max"}]})"),
               "false true ; 1,null 12345678901234568,2023-12-31 22:30:00");
     EXPECT_THROW(SqlSession(server.getConnection() + "_none"), HostError);
+    for (const std::string& form : server.obtainForms())
+        EXPECT_EQ(SqlSession(form).obtainColumns("data").size(), 7U) << form;
     EXPECT_THROW(session.obtainColumns("pg_nothing"), HostError);
 }
 
