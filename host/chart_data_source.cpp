@@ -2,6 +2,7 @@
 
 #include "csv_importer.h"
 #include "data_binding_reader.h"
+#include "host_error.h"
 #include "sql_data_provider.h"
 #include "sql_session.h"
 
@@ -18,6 +19,8 @@ ChartDataSource::ChartDataSource(const std::string& data, const std::string& bin
     const DataBinding bound = DataBindingReader(binding).readFile();
     m_session = std::make_unique<SqlSession>(isConnection(data) ? data : std::string());
     if (!isConnection(data)) {
+        if (!bound.schema.empty())
+            throw HostError(binding, "schema", "only a database has schemas, and the data is a file");
         CsvImporter importer(*m_session);
         for (const auto& [column, type] : bound.columnTypes)
             importer.declareType(column, type);

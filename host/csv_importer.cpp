@@ -9,6 +9,7 @@
 #include "sql_dialect.h"
 #include "sql_session.h"
 #include "temporal_text.h"
+#include "typed_text.h"
 
 namespace {
 
@@ -50,13 +51,6 @@ bool readField(const std::string& text, KXChartDataType type, InsertField& field
     }
     field.text = text;
     return true;
-}
-
-const char* describeType(KXChartDataType type)
-{
-    static constexpr const char* names[] = {"a text", "a whole number", "a number",
-                                            "a date", "a time of day",  "a date and time"};
-    return names[static_cast<std::size_t>(type)];
 }
 
 /** @return name with its Latin letters in lower case, as databases compare names */

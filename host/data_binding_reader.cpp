@@ -37,10 +37,12 @@ DataBinding DataBindingReader::readText(const std::string& text) const
 {
     const nlohmann::json document = parseJsonDocument(m_file, text);
     const JsonCursor root(m_file, document);
-    root.requireKeys({"table", "types", "dimensions", "measures", "filters", "nullText"});
+    root.requireKeys({"schema", "table", "types", "dimensions", "measures", "filters", "nullText"});
 
     DataBinding binding;
     binding.name = m_file;
+    if (root.hasKey("schema"))
+        binding.schema = root.getValue("schema").readText();
     if (root.hasKey("table"))
         binding.table = root.getValue("table").readText();
     if (root.hasKey("nullText"))

@@ -8,6 +8,7 @@ class JsonCursor;
 
 /** Reads a binding from JSON:
  *  {
+ *    "schema": "sales",
  *    "table": "data",
  *    "types": {"date": "date"},
  *    "dimensions": [{"column": "date", "level": "month", "label": "Month", "fillGaps": true,
@@ -18,7 +19,7 @@ class JsonCursor;
  *    "nullText": "(null)"
  *  }
  *  Only "measures" and the "column" and "aggregate" in them and the "column" in dimensions and filters are
- * needed. Types: text, integer, float, date, time, datetime. Levels: year, quarter, month, week, day, hour,
+ * needed. A CSV file has no schema. Types are guessed or the database's where none is given: text, integer, float, date, time, datetime. Levels: year, quarter, month, week, day, hour,
  * minute, second, dayOfWeek. Aggregates: sum, average, count (column optional), distinct, min, max. Filters:
  * equal (where "is" is missing), notEqual, less, lessOrEqual, greater, greaterOrEqual, in, notIn, contains,
  * isNull, isNotNull. */

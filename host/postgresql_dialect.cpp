@@ -7,9 +7,21 @@
 
 namespace {
 
+constexpr std::array<const char*, 6> typeNames = {"TEXT", "BIGINT", "DOUBLE PRECISION",
+                                                  "DATE", "TIME",   "TIMESTAMP"};
+
 std::string cast(const std::string& expression, const std::string& type)
 {
     return "CAST(" + expression + " AS " + type + ")";
+}
+
+/** @return the type in which a value of type is compared with a column: the column's own, which its index is
+ * in, where it takes every such value */
+std::string obtainComparedType(KXChartDataType type, const SqlColumn& column)
+{
+    const bool isOwn = type == column.type && !column.needsCast &&
+                       (type == KXChartDataType::Float || type == KXChartDataType::DateTime);
+    return isOwn ? column.declaredType : typeNames.at(static_cast<std::size_t>(type));
 }
 
 } // namespace
@@ -39,15 +51,16 @@ std::string PostgresqlDialect::quoteIdentifier(const std::string& name) const
 
 std::string PostgresqlDialect::obtainTypeName(KXChartDataType type) const
 {
-    static constexpr std::array<const char*, 6> names = {"TEXT", "BIGINT", "DOUBLE PRECISION",
-                                                         "DATE", "TIME",   "TIMESTAMP"};
-    return names.at(static_cast<std::size_t>(type));
+    return typeNames.at(static_cast<std::size_t>(type));
 }
 
 std::string PostgresqlDialect::obtainColumnsQuery() const
 {
-    return "SELECT CAST(attname AS TEXT), FORMAT_TYPE(atttypid, NULL) FROM pg_attribute "
-           "WHERE attrelid = TO_REGCLASS(QUOTE_IDENT(CAST(:p0 AS TEXT))) AND attnum > 0 AND NOT attisdropped "
+    return "SELECT CAST(attname AS TEXT), FORMAT_TYPE(atttypid, NULL) FROM (SELECT "
+           "QUOTE_IDENT(CAST(:p0 AS TEXT)) AS named, QUOTE_IDENT(NULLIF(CAST(:p1 AS TEXT), '')) AS space) AS "
+           "q "
+           "JOIN pg_attribute ON attrelid = TO_REGCLASS(CONCAT_WS('.', space, named)) "
+           "WHERE attnum > 0 AND NOT attisdropped "
            "ORDER BY attnum";
 }
 
@@ -66,6 +79,47 @@ KXChartDataType PostgresqlDialect::obtainDataType(const std::string& declaredTyp
     if (declaredType.starts_with("timestamp"))
         return KXChartDataType::DateTime;
     return declaredType.starts_with("time") ? KXChartDataType::Time : KXChartDataType::String;
+}
+
+std::string PostgresqlDialect::obtainCast(const std::string& expression, const SqlColumn& column) const
+{
+    const bool isFlag = column.declaredType == "boolean" && column.type != KXChartDataType::String;
+    return cast(isFlag ? cast(expression, "INTEGER") : expression, obtainTypeName(column.type));
+}
+
+std::string PostgresqlDialect::obtainComparable(const std::string& expression, const SqlColumn& column) const
+{
+    // Types that are texts to charts need not even have an order.
+    return column.type == KXChartDataType::String ? cast(expression, "TEXT") : expression;
+}
+
+std::string PostgresqlDialect::obtainGroupKey(const std::string& expression, const SqlColumn& column,
+                                              std::optional<DateLevel> level) const
+{
+    if (!level || column.type == KXChartDataType::Date)
+        return obtainComparable(expression, column);
+    const auto truncate = [&](const char* unit) {
+        return std::string("DATE_TRUNC('") + unit + "', " +
+               cast(expression, column.type == KXChartDataType::Time ? "INTERVAL" : "TIMESTAMP") + ")";
+    };
+    switch (*level) {
+    case DateLevel::Year:
+        return truncate("year");
+    case DateLevel::Quarter:
+    case DateLevel::Month:
+        return truncate("month");
+    case DateLevel::Week:
+    case DateLevel::Day:
+    case DateLevel::DayOfWeek:
+        return truncate("day");
+    case DateLevel::Hour:
+        return truncate("hour");
+    case DateLevel::Minute:
+        return truncate("minute");
+    case DateLevel::Second:
+        break;
+    }
+    return truncate("second");
 }
 
 std::string PostgresqlDialect::obtainText(const std::string& expression, KXChartDataType type) const
@@ -121,9 +175,28 @@ std::string PostgresqlDialect::obtainByteOrder(const std::string& expression) co
     return expression + " COLLATE \"C\"";
 }
 
-std::string PostgresqlDialect::obtainParameter(const std::string& placeholder, KXChartDataType type) const
+std::string PostgresqlDialect::obtainParameter(const std::string& placeholder, KXChartDataType type,
+                                               const SqlColumn& column) const
 {
-    return cast(placeholder, obtainTypeName(type));
+    return cast(placeholder, obtainComparedType(type, column));
+}
+
+std::string PostgresqlDialect::obtainIsInList(const std::string& value, const std::string& placeholder,
+                                              const SqlColumn& column) const
+{
+    return value + " = ANY(" + cast(placeholder, obtainComparedType(column.type, column) + "[]") + ")";
+}
+
+std::string PostgresqlDialect::obtainListText(const std::vector<std::string>& values) const
+{
+    std::string list = "{";
+    for (const std::string& value : values) {
+        list += list.size() > 1 ? ",\"" : "\"";
+        for (const char c : value)
+            list.append(c == '"' || c == '\\' ? "\\" : "").append(1, c);
+        list += '"';
+    }
+    return list + '}';
 }
 
 std::string PostgresqlDialect::obtainContains(const std::string& expression, const std::string& part) const

@@ -8,4 +8,6 @@
 struct SqlColumn {
     std::string name;
     KXChartDataType type = KXChartDataType::String;
+    std::string declaredType; // as the engine names it, empty where it names none
+    bool needsCast = false;   // whether the values are not in the form of the type and have to be cast to it
 };

@@ -4,6 +4,7 @@
 
 #include "host_error.h"
 #include "number_text.h"
+#include "sql_column_reader.h"
 #include "sql_dialect.h"
 #include "sql_query_builder.h"
 #include "sql_session.h"
@@ -12,7 +13,7 @@
 SqlDataSet::SqlDataSet(SqlSession& session, const DataBinding& binding)
 {
     // 1. One query answers everything, so that members and values are of one moment.
-    SqlQueryBuilder builder(session.getDialect(), binding, session.obtainColumns(binding.table));
+    SqlQueryBuilder builder(session.getDialect(), binding, SqlColumnReader(session, binding).readColumns());
     m_cells = session.query(builder.obtainQuery());
     const std::size_t rows = m_cells.getRowCount();
     m_isEmpty = rows == 0 || m_cells.getNumber(0, builder.obtainCountColumn()) == 0;

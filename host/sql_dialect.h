@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "date_level.h"
-#include "kx_chart_data_type.h"
+#include "sql_column.h"
+#include "sql_type_trust.h"
 
 /** What one database engine writes in its own way. Arguments named expression are SQL that this host made
  * itself; names from outside go through quoteIdentifier, values from outside are bound and never written into
@@ -21,19 +23,32 @@ public:
     // The columns of a table
     /** @return what to declare for a column of type */
     virtual std::string obtainTypeName(KXChartDataType type) const = 0;
-    /** @return a query for name and declared type of each column, in order; its one parameter is the table's
-     * name */
+    /** @return a query for name and declared type of each column, in order; its parameters are the table's
+     * name and its schema, which is empty for the one that the engine finds by itself */
     virtual std::string obtainColumnsQuery() const = 0;
     /** @return the charts' type of a declared one; String for what charts cannot compute with */
     virtual KXChartDataType obtainDataType(const std::string& declaredType) const = 0;
+    virtual SqlTypeTrust obtainTypeTrust(const std::string& /*declaredType*/) const
+    {
+        return SqlTypeTrust::Whole;
+    }
 
     // Values
+    /** @return expression, a value of a column that needs a cast, in the form of the column's type */
+    virtual std::string obtainCast(const std::string& expression, const SqlColumn& column) const = 0;
+    /** @return expression in a form that is equal and in order where its text is, and by which an index on
+     * the column is found */
+    virtual std::string obtainComparable(const std::string& expression, const SqlColumn& column) const = 0;
+    /** @return what rows are grouped by before their members are named: cheap, and equal only where the text
+     * of the member is; level is nothing for a column without dates and times */
+    virtual std::string obtainGroupKey(const std::string& expression, const SqlColumn& column,
+                                       std::optional<DateLevel> level) const = 0;
     /** @return the text of expression, a date as YYYY-MM-DD, a time as HH:MM:SS, a date-time as both */
     virtual std::string obtainText(const std::string& expression, KXChartDataType type) const = 0;
-    /** @return the text of the beginning of the step in which expression falls: YYYY-MM-DD from day up and
-     * HH:MM:SS or both below; YYYY Qn for a quarter; YYYY Wnn for a week, weeks begin on Monday and days
-     * before the first Monday are week 00; for a day of the week that day of the week of Monday, 2001-01-01
-     */
+    /** @return the text of the beginning of the step in which expression, a value or its group key, falls:
+     * YYYY-MM-DD from day up and HH:MM:SS or both below; YYYY Qn for a quarter; YYYY Wnn for a week, weeks
+     * begin on Monday and days before the first Monday are week 00; for a day of the week that day of the
+     * week of Monday, 2001-01-01 */
     virtual std::string obtainDateBucket(const std::string& expression, KXChartDataType type,
                                          DateLevel level) const = 0;
     /** @return a number, null or not, in a form that reaches the result with all of its digits */
@@ -42,8 +57,14 @@ public:
     virtual std::string obtainByteOrder(const std::string& expression) const { return expression; }
 
     // Conditions
-    /** @return a text parameter as a value to compare with a column of type */
-    virtual std::string obtainParameter(const std::string& placeholder, KXChartDataType type) const = 0;
+    /** @return a text parameter as a value of type to compare with a column */
+    virtual std::string obtainParameter(const std::string& placeholder, KXChartDataType type,
+                                        const SqlColumn& column) const = 0;
+    /** @return a condition: value is one of the list in a text parameter, see obtainListText */
+    virtual std::string obtainIsInList(const std::string& value, const std::string& placeholder,
+                                       const SqlColumn& column) const = 0;
+    /** @return values as one parameter: a list of any length takes one place in a query */
+    virtual std::string obtainListText(const std::vector<std::string>& values) const = 0;
     /** @return a condition: the text of expression holds the text of part */
     virtual std::string obtainContains(const std::string& expression, const std::string& part) const = 0;
 };

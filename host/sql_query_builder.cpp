@@ -5,7 +5,8 @@
 #include "host_error.h"
 #include "number_text.h"
 #include "sql_dialect.h"
-#include "temporal_text.h"
+#include "sql_source.h"
+#include "typed_text.h"
 
 namespace {
 
@@ -29,24 +30,18 @@ std::string nullsLast(const std::string& expression)
     return "CASE WHEN " + expression + " IS NULL THEN 1 ELSE 0 END, ";
 }
 
-/** @return text in the one form of its type, nothing when it is not of that type */
-std::optional<std::string> normaliseText(const std::string& text, Type type)
+/** @return the whole numbers among texts of numbers, as such; a fraction equals none of them */
+std::vector<std::string> obtainWholeNumbers(const std::vector<std::string>& texts)
 {
-    switch (type) {
-    case Type::Integer:
-        return obtainInteger(text) ? std::optional(text) : std::nullopt;
-    case Type::Float:
-        return obtainFloat(text) ? std::optional(text) : std::nullopt;
-    case Type::Date:
-        return obtainDateText(text);
-    case Type::Time:
-        return obtainTimeText(text);
-    case Type::DateTime:
-        return obtainDateTimeText(text);
-    case Type::String:
-        break;
+    std::vector<std::string> whole;
+    for (const std::string& text : texts) {
+        const std::optional<double> number = obtainFloat(text);
+        if (obtainInteger(text))
+            whole.push_back(text);
+        else if (number && obtainInteger(obtainNumberText(*number)))
+            whole.push_back(obtainNumberText(*number));
     }
-    return text;
+    return whole;
 }
 
 } // namespace
@@ -155,7 +150,7 @@ SqlQuery SqlQueryBuilder::obtainQuery()
 {
     m_parameters.clear();
     SqlQuery query;
-    query.text = "WITH " + _writeRows();
+    query.text = writeSqlSource(m_dialect, m_binding, m_columns.size()) + ", " + _writeGroups();
     for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
         query.text += ", " + _writeMembers(i);
         query.results.insert(query.results.end(),
@@ -170,36 +165,45 @@ SqlQuery SqlQueryBuilder::obtainQuery()
     return query;
 }
 
-std::string SqlQueryBuilder::_writeRows()
+std::string SqlQueryBuilder::_writeGroups()
 {
-    // 1. Give the columns names of our own.
-    std::string names;
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
-        names += (i ? ", c" : "c") + std::to_string(i);
-    std::string sql = "source(" + names + ") AS (SELECT * FROM " +
-                      m_dialect.quoteIdentifier(m_binding.table) + "), ";
-
-    // 2. For each dimension the member's text (d), a key that is never null (k) and a number (n); each
-    // measure (m).
-    std::vector<std::string> list;
+    // 1. The one step that reads rows: a key of each dimension (g), the count of rows (r) and of each measure
+    // what can be put together once more (a, b). Only here do values from outside come in.
+    std::string list, keys, named;
     for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
-        const std::string text = _obtainMemberText(i);
         const std::size_t column = m_dimensionColumns[i];
-        list.push_back(text + number(" AS d", i));
-        list.push_back("CAST(COALESCE('=' || " + text + ", '') AS TEXT)" + number(" AS k", i));
-        list.push_back(toDouble(isNumeric(m_columns[column].type) ? number("c", column) : "0") +
-                       number(" AS n", i));
+        list += m_dialect.obtainGroupKey(_obtainColumn(column), m_columns[column], obtainDimensionLevel(i)) +
+                number(" AS g", i) + ", ";
+        keys += (keys.empty() ? "g" : ", g") + std::to_string(i);
     }
-    for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
-        list.push_back(_obtainMeasureInput(i) + number(" AS m", i));
-    for (std::size_t i = 0; i < list.size(); ++i)
-        sql += (i ? ", " : "filtered AS (SELECT ") + list[i];
-
-    // 3. Only here do values from outside come in, so that parameters are numbered in the order of the text.
-    sql += " FROM source";
+    list += "COUNT(*) AS r";
+    for (std::size_t i = 0; i < m_measureColumns.size(); ++i) {
+        const std::string part = number("a", i), count = number("b", i);
+        const SqlAggregate aggregate = m_binding.measures[i].aggregate;
+        list += ", " + _obtainPartial(i) + " AS " + part;
+        named += ", " + part;
+        if (aggregate == SqlAggregate::Average) {
+            list += ", COUNT(" + _obtainMeasureInput(i) + ") AS " + count;
+            named += ", " + count;
+        }
+        if (aggregate == SqlAggregate::DistinctCount) // a value of several groups counts once: it stays apart
+            keys += (keys.empty() ? "" : ", ") + part;
+    }
+    std::string sql = "grouped AS (SELECT " + list + " FROM source";
     for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
         sql += (i ? " AND (" : " WHERE (") + _obtainCondition(i) + ')';
-    return sql + ')';
+    sql += (keys.empty() ? "" : " GROUP BY " + keys) + "), ";
+
+    // 2. For each dimension the member's text (d), a key that is never null (k) and a number (n).
+    sql += "named AS (SELECT r" + named;
+    for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
+        const std::string text = _obtainMemberText(i);
+        sql += ", " + text + number(" AS d", i) + ", CAST(COALESCE('=' || " + text + ", '') AS TEXT)" +
+               number(" AS k", i) + ", " +
+               toDouble(isNumeric(m_columns[m_dimensionColumns[i]].type) ? number("g", i) : "0") +
+               number(" AS n", i);
+    }
+    return sql + " FROM grouped)";
 }
 
 std::string SqlQueryBuilder::_writeMembers(std::size_t dimension) const
@@ -210,7 +214,7 @@ std::string SqlQueryBuilder::_writeMembers(std::size_t dimension) const
     std::string sql = "members" + index + " AS (SELECT k" + index + " AS k, MIN(d" + index + ") AS d, MIN(n" +
                       index + ") AS n, " + _obtainAggregate(binding.top ? binding.top->measure : 0) +
                       " AS t, " + _obtainAggregate(binding.order.measure.value_or(0)) +
-                      " AS s FROM filtered GROUP BY k" + index + "), ";
+                      " AS s FROM named GROUP BY k" + index + "), ";
 
     // 2. Those behind the first N are outside (x = 1).
     const std::string own = _obtainOwnOrder(dimension);
@@ -237,33 +241,38 @@ std::string SqlQueryBuilder::_writeMembers(std::size_t dimension) const
 
 std::string SqlQueryBuilder::_writeCells() const
 {
-    // Each row looks up its members. Written as a cross join, because SQLite keeps the order of that one and
-    // would otherwise pair all members with each other first.
+    // Each group looks up its members. Written as a cross join, because SQLite keeps the order of that one
+    // and would otherwise pair all members with each other first.
     std::string parts, joins, conditions, positions;
     for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
         const std::string placed = number("placed", i);
         parts += placed + ".p, MIN(" + placed + ".d), " +
                  m_dialect.obtainExactNumber("MIN(" + placed + ".n)") + ", ";
         joins += " CROSS JOIN " + placed;
-        conditions += (i ? " AND " : " WHERE ") + placed + ".k = filtered" + number(".k", i);
+        conditions += (i ? " AND " : " WHERE ") + placed + ".k = named" + number(".k", i);
         positions += (i ? ", " : "") + placed + ".p";
     }
-    std::string sql = "SELECT " + parts + "COUNT(*)";
+    std::string sql = "SELECT " + parts + "COALESCE(SUM(r), 0)";
     for (std::size_t i = 0; i < m_binding.measures.size(); ++i) {
         const std::string value = _obtainAggregate(i);
         sql += ", " + (isNumeric(obtainMeasureType(i)) ? m_dialect.obtainExactNumber(value) : value);
     }
-    sql += " FROM filtered" + joins + conditions;
+    sql += " FROM named" + joins + conditions;
     return positions.empty() ? sql : sql + " GROUP BY " + positions + " ORDER BY " + positions;
+}
+
+std::string SqlQueryBuilder::_obtainColumn(std::size_t column) const
+{
+    const std::string name = number("c", column);
+    return m_columns[column].needsCast ? m_dialect.obtainCast(name, m_columns[column]) : name;
 }
 
 std::string SqlQueryBuilder::_obtainMemberText(std::size_t dimension) const
 {
-    const std::size_t column = m_dimensionColumns[dimension];
     const std::optional<DateLevel> level = obtainDimensionLevel(dimension);
-    const Type type = m_columns[column].type;
-    return level ? m_dialect.obtainDateBucket(number("c", column), type, *level)
-                 : m_dialect.obtainText(number("c", column), type);
+    const Type type = m_columns[m_dimensionColumns[dimension]].type;
+    return level ? m_dialect.obtainDateBucket(number("g", dimension), type, *level)
+                 : m_dialect.obtainText(number("g", dimension), type);
 }
 
 std::string SqlQueryBuilder::_obtainMeasureInput(std::size_t measure) const
@@ -271,29 +280,53 @@ std::string SqlQueryBuilder::_obtainMeasureInput(std::size_t measure) const
     if (m_binding.measures[measure].column.empty())
         return "1";
     const std::size_t column = m_measureColumns[measure];
-    const Type type = m_columns[column].type;
-    return isNumeric(type) ? toDouble(number("c", column)) : m_dialect.obtainText(number("c", column), type);
+    return m_dialect.obtainComparable(_obtainColumn(column), m_columns[column]);
 }
 
-std::string SqlQueryBuilder::_obtainAggregate(std::size_t measure) const
+std::string SqlQueryBuilder::_obtainPartial(std::size_t measure) const
 {
-    const std::string input = number("m", measure);
-    const bool isText = !isNumeric(obtainMeasureType(measure));
+    const std::string input = _obtainMeasureInput(measure);
+    const bool isText = obtainMeasureType(measure) == Type::String;
     switch (m_binding.measures[measure].aggregate) {
     case SqlAggregate::Sum:
-        return "SUM(" + input + ")";
     case SqlAggregate::Average:
-        return "AVG(" + input + ")";
+        return "SUM(" + toDouble(input) + ")";
     case SqlAggregate::Count:
         return "COUNT(" + input + ")";
     case SqlAggregate::DistinctCount:
-        return "COUNT(DISTINCT " + input + ")";
+        break;
     case SqlAggregate::Minimum:
         return "MIN(" + (isText ? m_dialect.obtainByteOrder(input) : input) + ")";
     case SqlAggregate::Maximum:
         return "MAX(" + (isText ? m_dialect.obtainByteOrder(input) : input) + ")";
     }
     return input;
+}
+
+std::string SqlQueryBuilder::_obtainAggregate(std::size_t measure) const
+{
+    const std::string part = number("a", measure), count = number("b", measure);
+    const Type type = obtainMeasureType(measure);
+    const auto finish = [&](const char* function) {
+        const std::string input = type == Type::String ? m_dialect.obtainByteOrder(part) : part;
+        const std::string value = function + ('(' + input + ')');
+        return isNumeric(type) ? toDouble(value) : m_dialect.obtainText(value, type);
+    };
+    switch (m_binding.measures[measure].aggregate) {
+    case SqlAggregate::Sum:
+        return "SUM(" + part + ")";
+    case SqlAggregate::Average:
+        return "SUM(" + part + ") / " + toDouble("NULLIF(SUM(" + count + "), 0)");
+    case SqlAggregate::Count:
+        return "COALESCE(" + toDouble("SUM(" + part + ")") + ", 0)";
+    case SqlAggregate::DistinctCount:
+        return "COUNT(DISTINCT " + part + ")";
+    case SqlAggregate::Minimum:
+        return finish("MIN");
+    case SqlAggregate::Maximum:
+        return finish("MAX");
+    }
+    return part;
 }
 
 std::string SqlQueryBuilder::_obtainOwnOrder(std::size_t dimension) const
@@ -315,62 +348,76 @@ std::string SqlQueryBuilder::_obtainMeasureOrder(const std::string& value, std::
 std::string SqlQueryBuilder::_obtainCondition(std::size_t filter)
 {
     const FilterBinding& binding = m_binding.filters[filter];
-    const std::string column = number("c", m_filterColumns[filter]);
-    const Type type = m_columns[m_filterColumns[filter]].type;
-    const std::string value = type == Type::String
-                                  ? m_dialect.obtainByteOrder(m_dialect.obtainText(column, type))
-                                  : column;
-    const auto parameters = [&] { return _obtainParameters(filter, type); };
+    const SqlColumn& column = m_columns[m_filterColumns[filter]];
+    const std::string own = _obtainColumn(m_filterColumns[filter]);
+    const std::string value = m_dialect.obtainComparable(own, column);
+    const std::string ordered = column.type == Type::String ? m_dialect.obtainByteOrder(value) : value;
+    const auto parameter = [&] { return _obtainParameter(filter, column.type); };
     switch (binding.operation) {
     case FilterOperation::Equal:
-        return value + " = " + parameters();
+        return value + " = " + parameter();
     case FilterOperation::NotEqual:
-        return column + " IS NULL OR " + value + " <> " + parameters();
+        return own + " IS NULL OR " + value + " <> " + parameter();
     case FilterOperation::Less:
-        return value + " < " + parameters();
+        return ordered + " < " + parameter();
     case FilterOperation::LessOrEqual:
-        return value + " <= " + parameters();
+        return ordered + " <= " + parameter();
     case FilterOperation::Greater:
-        return value + " > " + parameters();
+        return ordered + " > " + parameter();
     case FilterOperation::GreaterOrEqual:
-        return value + " >= " + parameters();
+        return ordered + " >= " + parameter();
     case FilterOperation::In:
-        return value + " IN (" + parameters() + ")";
+        return m_dialect.obtainIsInList(value, _obtainListParameter(filter), column);
     case FilterOperation::NotIn:
-        return column + " IS NULL OR " + value + " NOT IN (" + parameters() + ")";
+        return own + " IS NULL OR NOT " +
+               m_dialect.obtainIsInList(value, _obtainListParameter(filter), column);
     case FilterOperation::Contains:
-        return m_dialect.obtainContains(m_dialect.obtainText(column, type),
-                                        _obtainParameters(filter, Type::String));
+        return m_dialect.obtainContains(m_dialect.obtainText(own, column.type),
+                                        _obtainParameter(filter, Type::String));
     case FilterOperation::IsNull:
-        return column + " IS NULL";
+        return own + " IS NULL";
     case FilterOperation::IsNotNull:
-        return column + " IS NOT NULL";
+        return own + " IS NOT NULL";
     }
     return "1 = 1";
 }
 
-std::string SqlQueryBuilder::_obtainParameters(std::size_t filter, Type type)
+std::string SqlQueryBuilder::_obtainParameter(std::size_t filter, Type type)
 {
     const FilterBinding& binding = m_binding.filters[filter];
-    const bool isList = binding.operation == FilterOperation::In ||
-                        binding.operation == FilterOperation::NotIn;
-    if (binding.values.empty() || (!isList && binding.values.size() != 1))
-        throw _makeError(place("filters", filter),
-                         isList ? "a value at least is needed" : "one value is needed");
+    if (binding.values.size() != 1)
+        throw _makeError(place("filters", filter), "one value is needed");
+    // A fraction is compared with whole numbers as what it is.
+    const bool isFraction = type == Type::Integer && !obtainInteger(binding.values[0]);
+    const Type valueType = isFraction ? Type::Float : type;
+    const std::string text = _obtainFilterText(filter, binding.values[0], valueType);
+    return m_dialect.obtainParameter(_addParameter(text), valueType, m_columns[m_filterColumns[filter]]);
+}
 
-    std::string list;
-    for (const std::string& value : binding.values) {
-        // A fraction is compared with whole numbers as what it is.
-        const bool isFraction = type == Type::Integer && !obtainInteger(value);
-        const Type valueType = isFraction ? Type::Float : type;
-        const std::optional<std::string> text = normaliseText(value, valueType);
-        if (!text)
-            throw _makeError(place("filters", filter), "\"" + value +
-                                                           "\" cannot be compared with the column \"" +
-                                                           binding.column + "\"");
-        list += (list.empty() ? "" : ", ") +
-                m_dialect.obtainParameter(number(":p", m_parameters.size()), valueType);
-        m_parameters.push_back(*text);
-    }
-    return list;
+std::string SqlQueryBuilder::_obtainListParameter(std::size_t filter)
+{
+    const FilterBinding& binding = m_binding.filters[filter];
+    if (binding.values.empty())
+        throw _makeError(place("filters", filter), "a value at least is needed");
+    const Type type = m_columns[m_filterColumns[filter]].type;
+    std::vector<std::string> values;
+    for (const std::string& value : binding.values)
+        values.push_back(_obtainFilterText(filter, value, type == Type::Integer ? Type::Float : type));
+    return _addParameter(
+        m_dialect.obtainListText(type == Type::Integer ? obtainWholeNumbers(values) : values));
+}
+
+std::string SqlQueryBuilder::_obtainFilterText(std::size_t filter, const std::string& value, Type type) const
+{
+    const std::optional<std::string> text = obtainTypedText(value, type);
+    if (!text)
+        throw _makeError(place("filters", filter), '"' + value + "\" cannot be compared with the column \"" +
+                                                       m_binding.filters[filter].column + '"');
+    return *text;
+}
+
+std::string SqlQueryBuilder::_addParameter(const std::string& text)
+{
+    m_parameters.push_back(text);
+    return number(":p", m_parameters.size() - 1);
 }

@@ -12,8 +12,8 @@ class HostError;
 class SqlDialect;
 
 /** Writes the one query that answers a binding: filtering, bucketing, grouping, ranking, sorting and top-N
- * are the database's work. Columns go by their number in the table, so that their names never enter the text;
- * values are parameters.
+ * are the database's work. It reads the rows once and groups them; ranking and gathering are over the groups.
+ * Columns go by their number in the table, so that their names never enter the text; values are parameters.
  *
  *  A row of the result is a cell: for each dimension the member's position (from 0, in display order), its
  * text and its number (0 where the column holds none); then the count of rows; then each measure, as a number
@@ -43,15 +43,20 @@ private:
     std::size_t _findColumn(const std::string& name, const std::string& place) const;
     HostError _makeError(const std::string& place, const std::string& cause) const;
 
+    std::string _obtainColumn(std::size_t column) const;
     std::string _obtainMemberText(std::size_t dimension) const;
     std::string _obtainMeasureInput(std::size_t measure) const;
+    std::string _obtainPartial(std::size_t measure) const;
     std::string _obtainAggregate(std::size_t measure) const;
     std::string _obtainOwnOrder(std::size_t dimension) const;
     std::string _obtainMeasureOrder(const std::string& value, std::size_t measure, bool isDescending) const;
     std::string _obtainCondition(std::size_t filter);
-    std::string _obtainParameters(std::size_t filter, KXChartDataType type);
+    std::string _obtainParameter(std::size_t filter, KXChartDataType type);
+    std::string _obtainListParameter(std::size_t filter);
+    std::string _obtainFilterText(std::size_t filter, const std::string& value, KXChartDataType type) const;
+    std::string _addParameter(const std::string& text);
 
-    std::string _writeRows();
+    std::string _writeGroups();
     std::string _writeMembers(std::size_t dimension) const;
     std::string _writeCells() const;
 

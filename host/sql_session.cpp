@@ -95,16 +95,17 @@ void SqlSession::_openOdbc(const std::string& rest)
     }
 }
 
-std::vector<SqlColumn> SqlSession::obtainColumns(const std::string& table)
+std::vector<SqlColumn> SqlSession::obtainColumns(const std::string& table, const std::string& schema)
 {
     const SqlTable found = query(
-        {m_dialect->obtainColumnsQuery(), {table}, {SqlResultType::Text, SqlResultType::Text}});
+        {m_dialect->obtainColumnsQuery(), {table, schema}, {SqlResultType::Text, SqlResultType::Text}});
     if (found.getRowCount() == 0)
         throw HostError(m_name, "table \"" + table + "\"", "no such table");
     std::vector<SqlColumn> columns;
     columns.reserve(found.getRowCount());
     for (std::size_t row = 0; row < found.getRowCount(); ++row)
-        columns.push_back({found.getText(row, 0), m_dialect->obtainDataType(found.getText(row, 1))});
+        columns.push_back({found.getText(row, 0), m_dialect->obtainDataType(found.getText(row, 1)),
+                           found.getText(row, 1), false});
     return columns;
 }
 

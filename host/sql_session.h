@@ -38,8 +38,10 @@ public:
     /** @return the database layer's own session, owned by this object */
     soci::session& getNative() { return *m_native; }
 
-    /** @return the columns of a table in order; throws HostError when there is no such table */
-    std::vector<SqlColumn> obtainColumns(const std::string& table);
+    /** @param schema empty for the one that the engine finds by itself
+     *  @return the columns of a table in order, as they are declared; throws HostError when there is no such
+     * table */
+    std::vector<SqlColumn> obtainColumns(const std::string& table, const std::string& schema = {});
     SqlTable query(const SqlQuery& query);
     void execute(const std::string& statement);
 

@@ -2,8 +2,37 @@
 
 #include <algorithm>
 #include <array>
+#include <nlohmann/json.hpp>
 
 #include "host_error.h"
+
+namespace {
+
+/** @return text with its Latin letters in upper case */
+std::string toUpper(std::string text)
+{
+    for (char& c : text)
+        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    return text;
+}
+
+/** @return whether the engine keeps numbers in a column of a declared type as texts */
+bool isTextDeclared(const std::string& declaredType)
+{
+    const std::string upper = toUpper(declaredType);
+    return std::ranges::any_of(std::array{"CHAR", "CLOB", "TEXT"},
+                               [&](const char* part) { return upper.find(part) != std::string::npos; });
+}
+
+std::string toStorageType(const std::string& expression, KXChartDataType type)
+{
+    const char* const name = type == KXChartDataType::Integer ? "INTEGER"
+                             : type == KXChartDataType::Float ? "REAL"
+                                                              : "TEXT";
+    return "CAST(" + expression + " AS " + name + ")";
+}
+
+} // namespace
 
 std::string SqliteDialect::quoteIdentifier(const std::string& name) const
 {
@@ -25,7 +54,7 @@ std::string SqliteDialect::obtainTypeName(KXChartDataType type) const
 
 std::string SqliteDialect::obtainColumnsQuery() const
 {
-    return "SELECT name, type FROM pragma_table_info(:p0) ORDER BY cid";
+    return "SELECT name, type FROM pragma_table_info(:p0, NULLIF(:p1, '')) ORDER BY cid";
 }
 
 KXChartDataType SqliteDialect::obtainDataType(const std::string& declaredType) const
@@ -36,11 +65,10 @@ KXChartDataType SqliteDialect::obtainDataType(const std::string& declaredType) c
         {"DATE", KXChartDataType::Date},         {"TIME", KXChartDataType::Time},
         {"INT", KXChartDataType::Integer},       {"REAL", KXChartDataType::Float},
         {"FLOA", KXChartDataType::Float},        {"DOUB", KXChartDataType::Float},
-        {"NUMERIC", KXChartDataType::Float},     {"DECIMAL", KXChartDataType::Float},
+        {"NUM", KXChartDataType::Float},         {"DEC", KXChartDataType::Float},
+        {"MONEY", KXChartDataType::Float},       {"BOOL", KXChartDataType::Integer},
     };
-    std::string upper = declaredType;
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    const std::string upper = toUpper(declaredType);
     for (const auto& [part, type] : parts) {
         if (upper.find(part) != std::string::npos)
             return type;
@@ -48,10 +76,75 @@ KXChartDataType SqliteDialect::obtainDataType(const std::string& declaredType) c
     return KXChartDataType::String;
 }
 
-std::string SqliteDialect::obtainText(const std::string& expression, KXChartDataType type) const
+SqlTypeTrust SqliteDialect::obtainTypeTrust(const std::string& declaredType) const
 {
-    if (type == KXChartDataType::DateTime)
-        return "REPLACE(" + expression + ", 'T', ' ')";
+    const KXChartDataType type = obtainDataType(declaredType);
+    if (type == KXChartDataType::Integer || type == KXChartDataType::Float)
+        return SqlTypeTrust::Whole;
+    const bool isText = type != KXChartDataType::String || isTextDeclared(declaredType);
+    return isText ? SqlTypeTrust::TextOrTime : SqlTypeTrust::None;
+}
+
+std::string SqliteDialect::obtainCast(const std::string& expression, const SqlColumn& column) const
+{
+    switch (column.type) {
+    case KXChartDataType::Integer:
+    case KXChartDataType::Float:
+        // A text without a digit would become a zero.
+        return "CASE WHEN " + expression + " GLOB '*[0-9]*' THEN " + toStorageType(expression, column.type) +
+               " END";
+    case KXChartDataType::Date:
+        return "DATE(" + expression + ")";
+    case KXChartDataType::Time:
+        return "TIME(" + expression + ")";
+    case KXChartDataType::DateTime:
+        return "DATETIME(" + expression + ")";
+    case KXChartDataType::String:
+        break;
+    }
+    return expression;
+}
+
+std::string SqliteDialect::obtainComparable(const std::string& expression, const SqlColumn& column) const
+{
+    if (column.type != KXChartDataType::String)
+        return expression;
+    return (isTextDeclared(column.declaredType) ? expression : "CAST(" + expression + " AS TEXT)") +
+           " COLLATE BINARY";
+}
+
+std::string SqliteDialect::obtainGroupKey(const std::string& expression, const SqlColumn& column,
+                                          std::optional<DateLevel> level) const
+{
+    // Grouping by a part of the text takes a fifth of the time that the engine's functions for dates take.
+    const auto cut = [&](int length, const char* rest) {
+        return "(SUBSTR(" + expression + ", 1, " + std::to_string(length) + ") || '" + rest + "')";
+    };
+    if (!level || column.type == KXChartDataType::Date)
+        return expression + " COLLATE BINARY";
+    const int date = column.type == KXChartDataType::Time ? 0 : 11;
+    switch (*level) {
+    case DateLevel::Year:
+        return cut(4, "-01-01");
+    case DateLevel::Quarter:
+    case DateLevel::Month:
+        return cut(7, "-01");
+    case DateLevel::Week:
+    case DateLevel::Day:
+    case DateLevel::DayOfWeek:
+        return cut(10, "");
+    case DateLevel::Hour:
+        return cut(date + 2, ":00:00");
+    case DateLevel::Minute:
+        return cut(date + 5, ":00");
+    case DateLevel::Second:
+        break;
+    }
+    return cut(date + 8, "");
+}
+
+std::string SqliteDialect::obtainText(const std::string& expression, KXChartDataType) const
+{
     return "CAST(" + expression + " AS TEXT)";
 }
 
@@ -88,11 +181,22 @@ std::string SqliteDialect::obtainDateBucket(const std::string& expression, KXCha
     return expression;
 }
 
-std::string SqliteDialect::obtainParameter(const std::string& placeholder, KXChartDataType type) const
+std::string SqliteDialect::obtainParameter(const std::string& placeholder, KXChartDataType type,
+                                           const SqlColumn&) const
 {
-    if (type == KXChartDataType::Integer)
-        return "CAST(" + placeholder + " AS INTEGER)";
-    return "CAST(" + placeholder + (type == KXChartDataType::Float ? " AS REAL)" : " AS TEXT)");
+    return toStorageType(placeholder, type);
+}
+
+std::string SqliteDialect::obtainIsInList(const std::string& value, const std::string& placeholder,
+                                          const SqlColumn& column) const
+{
+    return value + " IN (SELECT " + toStorageType("value", column.type) + " FROM JSON_EACH(" + placeholder +
+           "))";
+}
+
+std::string SqliteDialect::obtainListText(const std::vector<std::string>& values) const
+{
+    return nlohmann::json(values).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 std::string SqliteDialect::obtainContains(const std::string& expression, const std::string& part) const

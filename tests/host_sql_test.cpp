@@ -91,6 +91,9 @@ void expectAnswers(SqlSession& session, const std::vector<Case>& cases)
 /** What every engine must answer alike. */
 void expectEngineAnswers(SqlSession& session)
 {
+    std::string longList;
+    for (int i = 0; i < 100'000; ++i)
+        longList += '"' + std::to_string(i) + "\", ";
     expectAnswers(
         session,
         {
@@ -119,6 +122,18 @@ void expectEngineAnswers(SqlSession& session)
              "B a b c (null) ; 2,4 22,4 4,0.5 -5,10000000000 4,2.25"},
             {"number members by value", R"({"dimensions": [{"column": "price"}], )" + countRows + '}',
              "0.5 1.5 2.25 4 10000000000 (null) ; 1 1 1 2 1 1"},
+            {"the rest as one, of what does not add up",
+             R"({"dimensions": [{"column": "kind", "top": {"count": 1, "others": "Rest"}}],
+                 "measures": [{"column": "price", "aggregate": "sum"}, {"column": "price", "aggregate": "distinct"},
+                              {"column": "amount", "aggregate": "average"}]})",
+             "c ~Rest ; 10000000000,1,-5 12.25,4,5.333333333333333"},
+            {"given types",
+             R"({"types": {"amount": "text", "day": "text", "price": "integer"}, "dimensions": [{"column": "amount"}],
+                 "measures": [{"column": "day", "aggregate": "max"}, {"column": "price", "aggregate": "sum"}],
+                 "filters": [{"column": "amount", "is": "greater", "value": "20"}]})",
+             "3 4 ; 2023-01-02,null 2023-07-15,2"},
+            {"a type given to no column", R"({"types": {"x": "text"}, "measures": [{"aggregate": "count"}]})",
+             "b: types: no column \"x\" in table \"data\""},
             {"two dimensions, cells without rows",
              R"({"dimensions": [{"column": "kind"}, {"column": "o'dd:x \"#?"}],
                  "measures": [{"column": "amount", "aggregate": "sum"}], "nullText": "none"})",
@@ -146,6 +161,15 @@ void expectEngineAnswers(SqlSession& session)
             {"not equal takes nulls", filtered(R"({"column": "kind", "is": "notEqual", "value": "b"})"),
              "23"},
             {"in", filtered(R"({"column": "kind", "is": "in", "value": ["b", "c", "' OR 1=1 --"]})"), "-1"},
+            {"in, whole numbers in any form",
+             filtered(R"({"column": "amount", "is": "in", "value": [1.0, 3, 2.5]})"), "4"},
+            {"not in, none of them whole", filtered(R"({"column": "amount", "is": "notIn", "value": [0.5]})"),
+             "27"},
+            {"in, awkward texts", filtered(R"({"column": "kind", "is": "in", "value": ["\"\\{,}'", "b"]})"),
+             "4"},
+            {"in, times", filtered(R"({"column": "at", "is": "in", "value": ["10:59"]})"), "4"},
+            {"in a hundred thousand",
+             filtered(R"({"column": "kind", "is": "in", "value": [)" + longList + "\"b\"]}"), "4"},
             {"not in", filtered(R"({"column": "kind", "is": "notIn", "value": ["b", "c"]})"), "28"},
             {"contains", filtered(R"({"column": "o'dd:x \"#?", "is": "contains", "value": "u"})"), "24"},
             {"contains no pattern", filtered(R"({"column": "kind", "is": "contains", "value": "%"})"), "-"},
@@ -209,10 +233,64 @@ TEST(HostSql, PostgresqlAnswers)
     EXPECT_EQ(ask(session, R"({"table": "a\"b:c'd#", "dimensions": [{"column": "flag"}],
         "measures": [{"column": "big", "aggregate": "sum"}, {"column": "stamp", "aggregate": "max"}]})"),
               "false true ; 1,null 12345678901234568,2023-12-31 22:30:00");
+    EXPECT_EQ(ask(session, R"({"schema": "other", "measures": [{"column": "z", "aggregate": "count"}]})"),
+              "-");
+    EXPECT_EQ(ask(session, R"({"table": "a\"b:c'd#", "types": {"flag": "integer", "stamp": "date"},
+        "measures": [{"column": "flag", "aggregate": "sum"}, {"column": "stamp", "aggregate": "max"}]})"),
+              "1,2023-12-31");
     EXPECT_THROW(SqlSession(server.getConnection() + "_none"), HostError);
     for (const std::string& form : server.obtainForms())
         EXPECT_EQ(SqlSession(form).obtainColumns("data").size(), 7U) << form;
     EXPECT_THROW(session.obtainColumns("pg_nothing"), HostError);
+}
+
+TEST(HostSql, SqliteColumnsAreWhatTheirValuesAre)
+{
+    SqlSession session("");
+    const std::string rows = "(1.5, 2, 1, 3, '10', '2024-01-31', '2024-01-31T23:30:00Z', 'a', '007', NULL), "
+                             "(2, 0.5, 1, 4, '9', '2024-02-01', '2024-02-01T08:00', 'b', '2/1', NULL), "
+                             "(NULL, 'x', NULL, NULL, NULL, '', NULL, NULL, NULL, NULL)";
+    for (const std::string& statement :
+         {std::string("CREATE TABLE odd (num NUM, money MONEY, flag BOOLEAN, bare, digits TEXT, day TEXT, "
+                      "moment VARCHAR, word TEXT COLLATE NOCASE, mixed, none)"),
+          "INSERT INTO odd VALUES " + rows, std::string("INSERT INTO odd (word) VALUES ('A')"),
+          std::string("CREATE VIEW seen AS SELECT num * 2 AS twice, bare || '' AS texts FROM odd"),
+          std::string("ATTACH ':memory:' AS shop"), std::string("CREATE TABLE shop.odd (n INTEGER)"),
+          std::string("INSERT INTO shop.odd VALUES (42)")})
+        session.execute(statement);
+    const auto sum = [](const std::string& column, const std::string& more = {}) {
+        return R"({"table": "odd", "measures": [{"column": ")" + column + R"(", "aggregate": "sum"}])" +
+               more + '}';
+    };
+    const auto by = [](const std::string& dimension) {
+        return R"({"table": "odd", "dimensions": [{"column": )" + dimension + "}], " + countRows + '}';
+    };
+    expectAnswers(
+        session,
+        {
+            {"a number by its declaration", sum("num"), "3.5"},
+            {"money", sum("money"), "2.5"},
+            {"flags", sum("flag"), "2"},
+            {"no declaration", sum("bare"), "7"},
+            {"nothing in it", sum("none"), "null"},
+            {"digits declared as text", sum("digits"),
+             "b: measures[0]: \"digits\" holds no numbers to add up"},
+            {"digits given as numbers", sum("digits", R"(, "types": {"digits": "integer"})"), "19"},
+            {"what is not of the given type", sum("mixed", R"(, "types": {"mixed": "float"})"),
+             "b: types.mixed: \"2/1\" in the table is not a number"},
+            {"computed in a view",
+             R"({"table": "seen", "measures": [{"column": "twice", "aggregate": "sum"}]})", "7"},
+            {"days", by(R"("day", "level": "month")"), "2024-01-01 2024-02-01 (null) ; 1 1 2"},
+            {"moments", by(R"("moment", "level": "hour")"),
+             "2024-01-31 23:00:00 2024-02-01 08:00:00 (null) ; 1 1 2"},
+            {"moments in order",
+             sum("bare", R"(, "filters": [{"column": "moment", "is": "less", "value": "2024-02-01 09:00"}])"),
+             "7"},
+            {"texts by bytes", by(R"("word")"), "A a b (null) ; 1 1 1 1"},
+            {"another schema",
+             R"({"schema": "shop", "table": "odd", "measures": [{"column": "n", "aggregate": "sum"}]})",
+             "42"},
+        });
 }
 
 TEST(HostSql, BindingsThatDoNotFit)
