@@ -8,6 +8,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <malloc.h>
+#include <string>
 
 namespace {
 
@@ -145,6 +147,48 @@ TEST_F(CairoText, SurvivesAnyText)
             painter.drawText(text, {0, 0, 20, 20},
                              makeProperty(9, UXTextAlign::Center, UXTextOption::EllipsisMiddle, 1));
     });
+}
+
+TEST_F(CairoText, BoundsWhatTakesLongToShape)
+{
+    const UXTextProperty property = makeProperty(12);
+    const auto measureMany = [&](const std::string& piece, int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i)
+            text += piece;
+        return measure(text, property);
+    };
+    // Past the bounds tabs and blanks are left out, and the text ends at a line end or a turn of direction.
+    for (const char* blank : {"\t", " ", "a\t", "\xE3\x80\x80"}) {
+        const bool hasLetter = *blank == 'a';
+        EXPECT_DOUBLE_EQ(measureMany(blank, 3000).width - measureMany(blank, 1500).width,
+                         hasLetter ? measureMany("a", 1500).width : 0)
+            << blank;
+        EXPECT_GT(measureMany(blank, 200).width, measureMany(blank, 100).width * 1.9) << blank;
+    }
+    for (const char* lineEnd : {"\n", "a\n", "\r", "\xE2\x80\xA8"})
+        EXPECT_EQ(measureMany(lineEnd, 2000).height, measureMany(lineEnd, 4000).height) << lineEnd;
+    EXPECT_EQ(measureMany("a\xD7\x90", 2000).width, measureMany("a\xD7\x90", 4000).width);
+    EXPECT_GT(measureMany("a\xD7\x90", 200).width, measureMany("a\xD7\x90", 100).width * 1.9);
+}
+
+TEST_F(CairoText, KeepsTextsInBoundedMemory)
+{
+    const auto measureHeap = [] {
+        const struct mallinfo2 heap = mallinfo2();
+        return heap.uordblks + heap.hblkhd;
+    };
+    const auto drawTexts = [](int count) {
+        CairoTestCanvas(20, 20, 2).draw([count](UXPainter& painter) {
+            for (int i = 0; i < count; ++i)
+                painter.drawText("a text of some length, different from every other: " + std::to_string(i),
+                                 {0, 0, 20, 20}, makeProperty(19));
+        });
+    };
+    drawTexts(1); // fonts
+    const std::size_t before = measureHeap();
+    drawTexts(1500); // of 40 KB each
+    EXPECT_LT(measureHeap() - before, std::size_t{24} << 20);
 }
 
 TEST_F(CairoText, SaysOnceThatNoFontHasIt)

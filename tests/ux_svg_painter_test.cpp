@@ -143,6 +143,24 @@ TEST(UXSvgPainter, TextIsTextAndAnyBytesAreWellFormed)
     }
 }
 
+TEST(UXSvgPainter, TextsAreBoundedWhateverTheirWidth)
+{
+    std::string marks;
+    while (marks.size() < std::size_t{1} << 20)
+        marks += "\xCC\x81";
+    UXFont font;
+    font.familyName = std::string(1 << 20, 'f');
+    for (const UXTextOption option : {UXTextOption::Default, UXTextOption::EllipsisEnd}) {
+        for (const int lineMode : {1, 2}) {
+            const std::string svg = paint([&](UXPainter& p) {
+                p.drawText(marks, {0, 0, 50, 20}, font, UXTextAlign::Left, option, lineMode);
+            });
+            EXPECT_LT(svg.size(), 20000u);
+            EXPECT_TRUE(isWellFormed(svg));
+        }
+    }
+}
+
 TEST(UXSvgPainter, HostileNumbersDrawSomethingSane)
 {
     constexpr double limit = std::numeric_limits<double>::max();

@@ -8,6 +8,7 @@
 #include "ux/ux_svg_document.h"
 #include "ux/ux_svg_gradient.h"
 #include "ux/ux_svg_text.h"
+#include "ux/ux_text_bound.h"
 #include "ux/ux_text_lines.h"
 #include "ux/ux_text_measurer.h"
 #include "ux/ux_text_placement.h"
@@ -50,7 +51,7 @@ std::string formatFontFamily(const std::string& family)
     if (family.empty() || family == "Default")
         return "Roboto, 'DejaVu Sans', 'WenQuanYi Micro Hei', sans-serif";
     std::string quoted;
-    for (const char c : family) {
+    for (const char c : uxBoundFamilyName(family)) {
         if (c == '\'' || c == '\\')
             quoted.push_back('\\');
         quoted.push_back(c);
@@ -247,11 +248,12 @@ void UXSvgPainter::usePattern()
     m_state.gradientToPage = m_state.toPage;
 }
 
-void UXSvgPainter::drawText(const std::string& text, const UXDoubleRect& rect, const UXFont& font,
+void UXSvgPainter::drawText(const std::string& content, const UXDoubleRect& rect, const UXFont& font,
                             UXTextAlign align, UXTextOption option, int lineMode)
 {
-    if (text.empty() || font.size <= 0 || !uxIsFiniteDoubleRect(rect) || _drawsNothing())
+    if (content.empty() || font.size <= 0 || !uxIsFiniteDoubleRect(rect) || _drawsNothing())
         return;
+    const std::string text(uxBoundDrawnText(content, font.size));
     const double width = std::max(0.0, rect.width);
     const std::vector<std::string> lines = obtainDrawnLines(text, font, option, lineMode, width);
     const UXDoubleSize size = uxMeasureText(text, font, option, lineMode, width);

@@ -1,6 +1,7 @@
 #include "ux/cairo/ux_cairo_fonts.h"
 
 #include "ux/cairo/ux_cairo_fonts_conf.h"
+#include "ux/ux_text_bound.h"
 
 #include <algorithm>
 #include <fontconfig/fontconfig.h>
@@ -44,7 +45,7 @@ UXCairoFonts::UXCairoFonts() : m_map(pango_cairo_font_map_new_for_font_type(CAIR
 const UXCairoFonts::Face& UXCairoFonts::obtainFace(const UXFont& font)
 {
     const int size = std::clamp(font.size, 1, 10000);
-    const std::pair<std::string, int> key{font.familyName,
+    const std::pair<std::string, int> key{uxBoundFamilyName(font.familyName),
                                           size * 4 + (font.bold ? 2 : 0) + (font.italic ? 1 : 0)};
     if (const auto found = m_faces.find(key); found != m_faces.end())
         return found->second;
@@ -56,7 +57,7 @@ const UXCairoFonts::Face& UXCairoFonts::obtainFace(const UXFont& font)
     }
 
     PangoFontDescription* description = pango_font_description_new();
-    char* family = g_utf8_make_valid(font.familyName.c_str(), -1);
+    char* family = g_utf8_make_valid(key.first.c_str(), -1);
     pango_font_description_set_family(description, family);
     g_free(family);
     pango_font_description_set_absolute_size(description, double(size) * PANGO_SCALE);

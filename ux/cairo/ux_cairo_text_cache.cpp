@@ -1,12 +1,14 @@
 #include "ux/cairo/ux_cairo_text_cache.h"
 
-#include <cmath>
+#include "ux/ux_text_bound.h"
+
 #include <utility>
 
 namespace {
 
 constexpr std::size_t kMostTexts = 4096;
-constexpr std::size_t kMostGlyphs = 1 << 16; // of a few hundred bytes each, with their pixels
+constexpr std::size_t kMostBytes = 8 << 20; // the letters of a picture of 4K cover no more
+constexpr std::size_t kKeyOverhead = 128;   // about what a text takes beside its key and its layout
 
 void appendBytes(std::string& key, const auto& value)
 {
@@ -39,27 +41,50 @@ const UXCairoTextLayout& UXCairoTextCache::_obtainLayout(const std::string& text
 {
     // 1. The key is everything that the layout depends on, the two texts last and first with their end
     // marked.
-    m_key.assign(font.familyName).push_back('\0');
+    m_key.assign(uxBoundFamilyName(font.familyName)).push_back('\0');
     appendBytes(m_key, font.size);
     m_key.push_back(static_cast<char>((font.bold ? 1 : 0) + (font.italic ? 2 : 0) + (lineMode == 1 ? 4 : 0)));
     m_key.push_back(static_cast<char>(option));
     appendBytes(m_key, widthLimit);
-    m_key.append(text);
+    m_key.append(uxBoundDrawnText(text, font.size));
 
     // 2. A text in use stays: found among the old, it becomes young.
-    if (const auto found = m_young.find(m_key); found != m_young.end())
-        return *found->second;
-    std::shared_ptr<const UXCairoTextLayout> layout;
-    if (const auto found = m_old.find(m_key); found != m_old.end())
-        layout = found->second;
-    else
-        layout = std::make_shared<const UXCairoTextLayout>(text, font, option, lineMode, widthLimit);
-
-    // 3. Make room before the new one comes, so that what is returned is never what is forgotten.
-    if (m_young.size() >= kMostTexts || m_youngGlyphs >= kMostGlyphs) {
-        m_old = std::exchange(m_young, {});
-        m_youngGlyphs = 0;
+    _noteGrowth();
+    const auto young = m_young.find(m_key);
+    if (young != m_young.end()) {
+        m_latest = young->second;
+        m_latestBytes = m_latest->getBytes();
+        m_isLatestKept = true;
+        return *m_latest;
     }
-    m_youngGlyphs += layout->getGlyphCount();
-    return *m_young.emplace(m_key, std::move(layout)).first->second;
+    if (const auto found = m_old.find(m_key); found != m_old.end())
+        m_latest = found->second;
+    else
+        m_latest = std::make_shared<const UXCairoTextLayout>(text, font, option, lineMode, widthLimit);
+
+    // 3. What takes too much room is answered, and forgotten with the next question.
+    m_latestBytes = m_latest->getBytes();
+    const std::size_t bytes = m_latestBytes + m_key.size() + kKeyOverhead;
+    m_isLatestKept = bytes <= kMostBytes / 8;
+    if (!m_isLatestKept)
+        return *m_latest;
+
+    // 4. Make room, then remember.
+    if (m_young.size() >= kMostTexts || m_youngBytes + bytes > kMostBytes) {
+        m_old = std::exchange(m_young, {});
+        m_youngBytes = 0;
+    }
+    m_youngBytes += bytes;
+    m_young.emplace(m_key, m_latest);
+    return *m_latest;
+}
+
+void UXCairoTextCache::_noteGrowth()
+{
+    if (!m_isLatestKept)
+        return;
+    // A rendering may have made room for a smaller one; too high a count is put right with the generation.
+    const std::size_t bytes = m_latest->getBytes();
+    if (bytes > m_latestBytes)
+        m_youngBytes += bytes - m_latestBytes;
 }

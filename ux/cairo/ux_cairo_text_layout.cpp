@@ -3,44 +3,93 @@
 #include "ux/cairo/ux_cairo_fonts.h"
 #include "ux/cairo/ux_cairo_glyph_cache.h"
 #include "ux/cairo/ux_cairo_path_keeper.h"
+#include "ux/ux_text_bound.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <iostream>
+#include <iterator>
 #include <pango/pangocairo.h>
 #include <set>
+#include <string_view>
 #include <utility>
 
 namespace {
 
-// Pango counts in 1/1024 units and in int: these bounds keep every sum inside it.
-constexpr std::size_t kMostBytes = 16384;
+// Pango counts in 1/1024 units and in int: with the bound of drawn texts, this one keeps every sum inside it.
 constexpr double kWidestLimit = 1 << 20;
+// Pango's work grows with the square of each of these.
+constexpr int kMostTabs = 256, kMostBlanks = 256, kMostLineEnds = 1000, kMostTurns = 512; // blanks in a row
 // Cairo keeps device coordinates in 24 bits before the point.
 constexpr double kFarthestPixel = 4e6;
 // Sizes in pixels: neither a speck nor a wall is a text, and Cairo has no font for them.
 constexpr double kSmallestText = 0.05, kLargestText = 50000;
 // Up to this size a line is kept as pixels, its letters set to parts of a pixel. Larger letters are put on
 // whole pixels by Cairo, where one half of a pixel does not show; the largest are filled outlines.
-constexpr double kLargestKeptText = 40, kWidestKeptText = 4096, kLargestGlyph = 256;
+constexpr double kLargestKeptText = 40, kWidestKeptText = 4096, kMostKeptPixels = 1 << 20,
+                 kLargestGlyph = 256;
+// A text is drawn on two devices in turn, in a window and in its preview, and seldom on more.
+constexpr std::size_t kMostRenderings = 2;
+// About what a line's surface and pattern take beside their pixels.
+constexpr std::size_t kSurfaceOverhead = 768;
 
 double inUnits(int pangoUnits) { return double(pangoUnits) / PANGO_SCALE; }
 
 /** @return text that Pango takes: valid, and short enough for its numbers in a font of this size */
 std::string obtainValidText(const std::string& text, int fontSize)
 {
-    const std::size_t most = std::min(kMostBytes,
-                                      (std::size_t{1} << 20) / static_cast<std::size_t>(fontSize));
-    std::size_t length = std::min(text.size(), most);
-    while (length > 0 && length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
-        --length;
-    if (g_utf8_validate_len(text.data(), length, nullptr))
-        return text.substr(0, length);
-    char* valid = g_utf8_make_valid(text.data(), static_cast<gssize>(length));
+    const std::string_view drawn = uxBoundDrawnText(text, fontSize);
+    if (g_utf8_validate_len(drawn.data(), drawn.size(), nullptr))
+        return std::string(drawn);
+    char* valid = g_utf8_make_valid(drawn.data(), static_cast<gssize>(drawn.size()));
     std::string made = valid;
     g_free(valid);
     return made;
+}
+
+bool endsLine(gunichar letter)
+{
+    return letter == '\n' || letter == '\r' || letter == 0x2028 || letter == 0x2029;
+}
+
+/** @return whether it is written from right to left, as far as counting needs to know: by its block */
+bool isRightToLeft(gunichar letter)
+{
+    return (letter >= 0x590 && letter < 0x900) || (letter >= 0xFB1D && letter < 0xFE00) ||
+           (letter >= 0xFE70 && letter < 0xFF00) || (letter >= 0x10800 && letter < 0x11000) ||
+           (letter >= 0x1E800 && letter < 0x1F000);
+}
+
+/**
+ * Keeps the time that Pango takes in proportion to the text's length.
+ * @param text valid UTF-8
+ * @return text up to the last line end, or turn between writing to the right and to the left, that it may
+ * have, without the blanks and tabs that are too many
+ */
+std::string boundShaping(const std::string& text)
+{
+    int tabs = 0, blanks = 0, lineEnds = 0, turns = 0;
+    bool wasRightToLeft = false;
+    std::string bounded;
+    bounded.reserve(text.size());
+    const char* const end = text.data() + text.size();
+    for (const char *at = text.data(), *next = at; at < end; at = next) {
+        next = g_utf8_next_char(at);
+        const gunichar letter = g_utf8_get_char(at);
+        lineEnds += endsLine(letter) ? 1 : 0;
+        if (g_unichar_isalnum(letter)) {
+            turns += isRightToLeft(letter) != wasRightToLeft ? 1 : 0;
+            wasRightToLeft = isRightToLeft(letter);
+        }
+        if (lineEnds > kMostLineEnds || turns > kMostTurns)
+            break;
+        blanks = g_unichar_isspace(letter) || letter == 0x200B ? blanks + 1 : 0;
+        tabs += letter == '\t' ? 1 : 0;
+        if (endsLine(letter) || (blanks <= kMostBlanks && (letter != '\t' || tabs <= kMostTabs)))
+            bounded.append(at, next);
+    }
+    return bounded;
 }
 
 /**
@@ -117,7 +166,7 @@ UXCairoTextLayout::UXCairoTextLayout(const std::string& text, const UXFont& font
 
     // 2. Let Pango break and shape it. The limit is rounded up so that a text fits the width that it
     // measured.
-    std::string valid = obtainValidText(text, m_fontSize);
+    std::string valid = boundShaping(obtainValidText(text, m_fontSize));
     if (lineMode == 1 && widthLimit >= 0)
         valid = allowBreaksInLongWords(valid);
     PangoLayout* layout = pango_layout_new(fonts.getContext());
@@ -142,7 +191,7 @@ UXCairoTextLayout::UXCairoTextLayout(const std::string& text, const UXFont& font
 
 void UXCairoTextLayout::_keepLine(const void* pangoLine)
 {
-    Line line{0, m_runs.size(), 0, {}};
+    Line line{0, m_runs.size(), 0};
     double x = 0;
     for (GSList* each = static_cast<const PangoLayoutLine*>(pangoLine)->runs; each; each = each->next) {
         const auto* run = static_cast<const PangoLayoutRun*>(each->data);
@@ -166,7 +215,16 @@ void UXCairoTextLayout::_keepLine(const void* pangoLine)
     line.width = std::max(0.0, x);
     line.end = m_runs.size();
     m_size.width = std::max(m_size.width, line.width);
-    m_lines.push_back(std::move(line));
+    m_lines.push_back(line);
+}
+
+std::size_t UXCairoTextLayout::getBytes() const
+{
+    std::size_t bytes = sizeof *this + m_glyphs.capacity() * sizeof(Glyph) + m_runs.capacity() * sizeof(Run) +
+                        m_lines.capacity() * sizeof(Line);
+    for (const Rendering& rendering : m_renderings)
+        bytes += rendering.bytes;
+    return bytes;
 }
 
 void UXCairoTextLayout::draw(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground,
@@ -183,18 +241,18 @@ void UXCairoTextLayout::draw(UXCairoContext* context, const UXTransform& toDevic
     const bool isOnPixels = cairo_surface_get_type(cairo_get_group_target(context)) ==
                             CAIRO_SURFACE_TYPE_IMAGE;
     const bool keepsPixels = isOnPixels && pixels <= kLargestKeptText &&
-                             m_size.width * scale <= kWidestKeptText;
-    if (keepsPixels)
-        _renderPixels(toDevice);
+                             m_size.width * scale <= kWidestKeptText &&
+                             m_size.width * m_size.height * scale * scale <= kMostKeptPixels;
+    const Rendering* rendering = keepsPixels ? &_obtainRendering(toDevice) : nullptr;
 
     const double share = align == UXTextAlign::Center ? 0.5 : align == UXTextAlign::Right ? 1 : 0;
     UXDoublePoint start(left, top + m_ascent);
-    for (const Line& line : m_lines) {
-        start.x = left + (width - line.width) * share;
-        if (keepsPixels)
-            _drawPixels(context, toDevice, ground, line, start);
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        start.x = left + (width - m_lines[i].width) * share;
+        if (rendering)
+            _drawPixels(context, toDevice, ground, rendering->lines[i], start);
         else
-            _drawGlyphs(context, line, start, isOnPixels && pixels > kLargestGlyph);
+            _drawGlyphs(context, m_lines[i], start, isOnPixels && pixels > kLargestGlyph);
         start.y += m_lineHeight;
     }
 }
@@ -220,16 +278,16 @@ void UXCairoTextLayout::_drawGlyphs(UXCairoContext* context, const Line& line, c
 }
 
 void UXCairoTextLayout::_drawPixels(UXCairoContext* context, const UXTransform& toDevice,
-                                    const UXTransform& ground, const Line& line,
-                                    const UXDoublePoint& start) const
+                                    const UXTransform& ground, const LinePixels& line,
+                                    const UXDoublePoint& start)
 {
     // A line begins on a whole pixel, wherever it stands: it looks the same everywhere and is made once.
-    if (!line.pixels.pattern)
+    if (!line.pattern)
         return;
     const UXDoublePoint origin = toDevice.apply(start.x, start.y);
     const cairo_matrix_t toPixels = {
-        1, 0, 0, 1, -std::round(origin.x) - line.pixels.left, -std::round(origin.y) - line.pixels.top};
-    cairo_pattern_set_matrix(line.pixels.pattern.get(), &toPixels);
+        1, 0, 0, 1, -std::round(origin.x) - line.left, -std::round(origin.y) - line.top};
+    cairo_pattern_set_matrix(line.pattern.get(), &toPixels);
 
     cairo_matrix_t before;
     cairo_get_matrix(context, &before);
@@ -237,19 +295,28 @@ void UXCairoTextLayout::_drawPixels(UXCairoContext* context, const UXTransform& 
     const cairo_matrix_t pixels = {fromPixels.xx, fromPixels.yx, fromPixels.xy,
                                    fromPixels.yy, fromPixels.dx, fromPixels.dy};
     cairo_set_matrix(context, &pixels);
-    cairo_mask(context, line.pixels.pattern.get());
+    cairo_mask(context, line.pattern.get());
     cairo_set_matrix(context, &before);
 }
 
-void UXCairoTextLayout::_renderPixels(const UXTransform& toDevice) const
+const UXCairoTextLayout::Rendering& UXCairoTextLayout::_obtainRendering(const UXTransform& toDevice) const
 {
+    // The latest stands first; the one not drawn for longest makes room.
     const UXTransform linear{toDevice.xx, toDevice.yx, toDevice.xy, toDevice.yy, 0, 0};
-    if (m_hasPixels && m_pixelTransform == linear)
-        return;
-    for (Line& line : m_lines)
-        line.pixels = _renderLine(line, linear);
-    m_pixelTransform = linear;
-    m_hasPixels = true;
+    const auto found = std::find_if(m_renderings.begin(), m_renderings.end(),
+                                    [&](const Rendering& each) { return each.transform == linear; });
+    if (found != m_renderings.end()) {
+        std::rotate(m_renderings.begin(), found, std::next(found));
+        return m_renderings.front();
+    }
+    if (m_renderings.size() >= kMostRenderings)
+        m_renderings.pop_back();
+    Rendering made{linear, {}, sizeof(Rendering)};
+    for (const Line& line : m_lines) {
+        made.lines.push_back(_renderLine(line, linear));
+        made.bytes += made.lines.back().bytes;
+    }
+    return *m_renderings.insert(m_renderings.begin(), std::move(made));
 }
 
 UXCairoTextLayout::LinePixels UXCairoTextLayout::_renderLine(const Line& line,
@@ -300,7 +367,9 @@ UXCairoTextLayout::LinePixels UXCairoTextLayout::_renderLine(const Line& line,
         }
     }
     cairo_surface_mark_dirty(surface.get());
-    LinePixels made{left, top, UXCairoPatternHandle(cairo_pattern_create_for_surface(surface.get()))};
+    LinePixels made{left, top, UXCairoPatternHandle(cairo_pattern_create_for_surface(surface.get())),
+                    kSurfaceOverhead +
+                        static_cast<std::size_t>(stride) * static_cast<std::size_t>(bottom - top)};
     cairo_pattern_set_filter(made.pattern.get(), CAIRO_FILTER_NEAREST);
     return made;
 }

@@ -26,7 +26,8 @@ public:
     /** @return width of the widest line and height of all lines, in logical units */
     UXDoubleSize getSize() const { return m_size; }
 
-    std::size_t getGlyphCount() const { return m_glyphs.size(); }
+    /** @return how much memory it takes now; drawing it on another device may add to that */
+    std::size_t getBytes() const;
 
     /**
      * Draws with the context's source and leaves its path as it was. Text too small to be seen, or too large
@@ -52,26 +53,31 @@ private:
     struct LinePixels {
         int left = 0, top = 0;
         UXCairoPatternHandle pattern; // none where the line covers no pixel
+        std::size_t bytes = 0;
     };
     struct Line {
         double width;
         std::size_t begin, end; // of its runs
-        LinePixels pixels;      // for m_pixelTransform
+    };
+    /** All lines for devices that turn and scale the text like this. */
+    struct Rendering {
+        UXTransform transform; // its linear part
+        std::vector<LinePixels> lines;
+        std::size_t bytes;
     };
 
     void _keepLine(const void* pangoLine);
     LinePixels _renderLine(const Line& line, const UXTransform& toDevice) const;
-    void _renderPixels(const UXTransform& toDevice) const;
-    void _drawPixels(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground,
-                     const Line& line, const UXDoublePoint& start) const;
+    const Rendering& _obtainRendering(const UXTransform& toDevice) const;
+    static void _drawPixels(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground,
+                            const LinePixels& line, const UXDoublePoint& start);
     void _drawGlyphs(UXCairoContext* context, const Line& line, const UXDoublePoint& start,
                      bool asOutlines) const;
 
     std::vector<Glyph> m_glyphs;
     std::vector<Run> m_runs;
-    mutable std::vector<Line> m_lines; // their pixels are made when they are drawn
-    mutable UXTransform m_pixelTransform;
-    mutable bool m_hasPixels = false;
+    std::vector<Line> m_lines;
+    mutable std::vector<Rendering> m_renderings; // made when they are drawn, the latest first
     UXDoubleSize m_size;
     int m_fontSize = 0;
     double m_ascent = 0, m_lineHeight = 0;
