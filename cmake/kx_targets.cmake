@@ -30,10 +30,10 @@ function(kx_precompile_standard_headers target)
         <string> <string_view> <unordered_map> <utility> <vector>)
 endfunction()
 
-# kx_add_library(<target> <source folder> <folder of its headers below include/>): one shared library of all the
-# sources in one folder. Headers are included as "ux/ux_rect.h" and "kx_chart.h" by everyone in this project, and as
-# <ux/ux_rect.h> and <kxcharts/kx_chart.h> by hosts.
-function(kx_add_library target folder include_folder)
+# kx_add_library(<target> <source folder>): one shared library of all the sources in one folder. Headers are included as
+# "ux/ux_rect.h" and "kx_chart.h" by everyone in this project, and as <ux/ux_rect.h> and <kxcharts/kx_chart.h> by hosts.
+# Installed libraries look for each other where they are themselves.
+function(kx_add_library target folder)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
     file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
     add_library(${target} SHARED ${sources} ${headers})
@@ -49,7 +49,7 @@ function(kx_add_library target folder include_folder)
         set_target_properties(${target} PROPERTIES PREFIX "") # kxcharts.dll
     endif()
     set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-                                               LINKER_LANGUAGE CXX)
+                                               LINKER_LANGUAGE CXX INSTALL_RPATH "$ORIGIN")
     target_include_directories(${target} PUBLIC
         $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}>
         $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/${folder}>
@@ -59,5 +59,4 @@ function(kx_add_library target folder include_folder)
             RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
             LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
             ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-    install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${include_folder})
 endfunction()
