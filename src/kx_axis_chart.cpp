@@ -59,6 +59,32 @@ UXColor KXAxisChart::obtainSeriesColor(std::uint64_t series) const
     return colors[series % colors.size()];
 }
 
+std::optional<UXColor> KXAxisChart::obtainHostColor(const KXAxisChartMark& mark) const
+{
+    return m_hostLooks.findMarkColor(mark);
+}
+
+bool KXAxisChart::customizeMarkLabel(const KXAxisChartMark& mark, std::string& text, UXTextProperty& property)
+{
+    const KXAxisChartHostLooks::Label usual{text, property};
+    if (const KXAxisChartHostLooks::Label* known = m_hostLooks.findLabel(mark, usual)) {
+        text = known->text;
+        property = known->property;
+        return true;
+    }
+    const UXObjectWatcher self(this);
+    if (auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider())) {
+        const KXIndexPath path = provider->obtainSeriesValuePath(this, mark.series, mark.category);
+        if (self.isAlive())
+            provider->customizeValueDataLabel(this, path, text, property);
+    }
+    if (!self.isAlive())
+        return false;
+    endUseDataProvider();
+    m_hostLooks.setLabel(mark, usual, {text, property});
+    return true;
+}
+
 bool KXAxisChart::isSeriesShown(std::uint64_t series) const
 {
     return std::ranges::binary_search(m_shownSeries, series);
@@ -92,9 +118,9 @@ void KXAxisChart::_shownSeriesChanged()
 {
     const UXObjectWatcher self(this);
     _updateShownSeries();
-    _updateDataRanges();
+    _customReloadMarks();
     if (self.isAlive())
-        _customReloadMarks();
+        _updateDataRanges();
 }
 
 std::uint64_t KXAxisChart::obtainShownCategoryCount() const
@@ -151,10 +177,31 @@ bool KXAxisChart::isMarkHighlighted(const KXAxisChartMark& mark) const
 
 UXColor KXAxisChart::obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const
 {
-    if (m_hoveredMark == mark)
-        return m_hoveredObject.obtainDrawnColor(color, KXInteractionEffectTarget::Filled);
+    return obtainMarkLook(mark, color).fill;
+}
+
+KXAxisChartMarkLook KXAxisChart::obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const
+{
+    KXAxisChartMarkLook look{color};
+    if (m_hoveredMark == mark) {
+        look.fill = m_hoveredObject.obtainDrawnColor(color, KXInteractionEffectTarget::Filled);
+        look.sizeRatio = m_hoveredObject.obtainDrawnSizeRatio();
+        // A mark has no line of its own, so one is seen only where the host wants lines to stand out.
+        const UXColor line = m_hoveredObject.obtainDrawnColor(color, KXInteractionEffectTarget::NonFilled);
+        if (line != look.fill && line != color)
+            look.line = line;
+    } else if (isHighlighting() && !isMarkHighlighted(mark)) {
+        look.fill.alpha *= std::clamp(getAxisChartProperty()->getDimmedOpacity(), 0.0, 1.0);
+    }
+    return look;
+}
+
+UXColor KXAxisChart::obtainTextColor(const std::optional<KXAxisChartMark>& mark, const UXColor& color) const
+{
+    if (mark && m_hoveredMark == mark)
+        return m_hoveredObject.obtainDrawnColor(color, KXInteractionEffectTarget::NonFilled);
     UXColor drawn = color;
-    if (isHighlighting() && !isMarkHighlighted(mark))
+    if (isHighlighting() && (!mark || !isMarkHighlighted(*mark)))
         drawn.alpha *= std::clamp(getAxisChartProperty()->getDimmedOpacity(), 0.0, 1.0);
     return drawn;
 }
@@ -245,6 +292,7 @@ void KXAxisChart::legendCellHovered(std::uint64_t index, bool hovered)
 void KXAxisChart::resetData()
 {
     KXAxisChartDataUser::resetData();
+    m_hostLooks.clear();
     m_shownSeries.clear();
     m_linkedMarks.clear();
     m_linkedTab = {};
@@ -254,6 +302,7 @@ void KXAxisChart::resetData()
 void KXAxisChart::customReloadData()
 {
     const UXObjectWatcher self(this);
+    m_hostLooks.clear();
     _forgetHover();
     if (self.isAlive())
         _shownSeriesChanged();
@@ -289,26 +338,68 @@ void KXAxisChart::_restoreFirstCategory()
 void KXAxisChart::customReloadColors()
 {
     const UXObjectWatcher self(this);
-    const std::vector<UXColor>& own = getAxisChartProperty()->getSeriesColors();
-    const std::vector<UXColor> colors = own.empty() ? getDefaultColors() : own;
-    std::vector<UXColor> pulled;
+    m_hostLooks.clearColors();
+    _updateSeriesColors();
+    std::vector<std::optional<UXColor>> pulled(m_seriesColors.size());
     KXChartDataProvider* provider = beginUseDataProvider();
-    for (std::uint64_t series = 0; series < getSeriesCount(); ++series) {
-        UXColor& color = pulled.emplace_back(colors[series % colors.size()]);
-        if (provider)
-            provider->obtainValueDataColorForGroup(this, series, color);
+    for (std::uint64_t series = 0; provider && series < pulled.size(); ++series) {
+        UXColor color = obtainSeriesColor(series);
+        if (provider->obtainValueDataColorForGroup(this, series, color))
+            pulled[series] = color;
         if (!self.isAlive())
             return;
     }
     endUseDataProvider();
-    m_seriesColors = std::move(pulled);
-    updateLegendColor();
+    m_hostLooks.setSeriesColors(std::move(pulled));
 }
 
 void KXAxisChart::reloadChartColors()
 {
     KXAxisChartBase::reloadChartColors();
+    _updateLooks();
+}
+
+void KXAxisChart::_updateSeriesColors()
+{
+    const std::vector<UXColor>& own = getAxisChartProperty()->getSeriesColors();
+    std::vector<UXColor> usual = own.empty() ? getDefaultColors() : own;
+    if (own.empty() && getSeriesCount() == 1)
+        usual = {getChartProperty()->getDefaultColor()};
+    m_seriesColors.clear();
+    for (std::uint64_t series = 0; series < getSeriesCount(); ++series)
+        m_seriesColors.push_back(m_hostLooks.findSeriesColor(series).value_or(usual[series % usual.size()]));
+}
+
+void KXAxisChart::_updateLooks()
+{
+    const UXObjectWatcher self(this);
+    _updateSeriesColors();
+    _customUpdateLooks();
+    if (!self.isAlive())
+        return;
+    updateLegendColor();
     _repaintMarks();
+}
+
+void KXAxisChart::_loadHostColors(const std::vector<KXAxisChartMark>& marks)
+{
+    const std::vector<KXAxisChartMark> unknown = m_hostLooks.findUnknown(marks);
+    if (unknown.empty())
+        return;
+    const UXObjectWatcher self(this);
+    auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
+    for (std::size_t i = 0; provider && i < unknown.size(); ++i) {
+        const KXIndexPath path = provider->obtainSeriesValuePath(this, unknown[i].series,
+                                                                 unknown[i].category);
+        if (!self.isAlive())
+            return;
+        UXColor color = obtainSeriesColor(unknown[i].series);
+        const bool isGiven = provider->obtainValueDataColor(this, path, color);
+        if (!self.isAlive())
+            return;
+        m_hostLooks.setMarkColor(unknown[i], isGiven ? std::optional(color) : std::nullopt);
+    }
+    endUseDataProvider();
 }
 
 void KXAxisChart::afterReloadData()
@@ -325,6 +416,15 @@ KXChartDataPath* KXAxisChart::createDataPath()
 }
 
 void KXAxisChart::_customReloadMarks() {}
+void KXAxisChart::_customUpdateLooks() {}
+
+double KXAxisChart::_obtainMarkValue(const KXAxisChartMark& mark) const
+{
+    return getValue(mark.series, mark.category);
+}
+
+void KXAxisChart::_fillHintRow(UXHintRowInfo&, const KXAxisChartMark&) const {}
+void KXAxisChart::_fillHintFooter(UXHintInfo&, std::uint64_t) const {}
 std::optional<KXAxisChartMark> KXAxisChart::_hitMark(UXPoint) const { return std::nullopt; }
 
 std::vector<KXObjectID> KXAxisChart::_obtainMarkObjectIDs(const KXAxisChartMark& mark) const
@@ -339,7 +439,7 @@ void KXAxisChart::_axisChartPropertyUpdated(const std::string& key)
 {
     const UXObjectWatcher self(this);
     if (key == "m_seriesColors")
-        reloadColors();
+        _updateLooks();
     if (self.isAlive())
         KXAxisChartBase::_axisChartPropertyUpdated(key);
 }

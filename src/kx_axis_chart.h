@@ -3,7 +3,9 @@
 #include "kx_axis_chart_base.h"
 #include "kx_axis_chart_data_user.h"
 #include "kx_axis_chart_edge_tab.h"
+#include "kx_axis_chart_host_looks.h"
 #include "kx_axis_chart_mark.h"
+#include "kx_axis_chart_mark_look.h"
 #include "kx_chart_data_action.h"
 #include "kx_interaction_chart_object.h"
 #include "ux/ux_hint_delegate.h"
@@ -36,8 +38,14 @@ public:
     ~KXAxisChart() override;
 
     // Series
-    /** @return the colour of a series: the host's, else the user's, else the chart's */
+    /** @return the colour of a series: the host's, else the user's, else the chart's, which is the default
+     * colour for a single series and one of the ten in turn for several */
     UXColor obtainSeriesColor(std::uint64_t series) const;
+    /** @return the colour that the host has given a mark, none where it gave none or was not asked */
+    std::optional<UXColor> obtainHostColor(const KXAxisChartMark& mark) const;
+    /** Lets the host change the text and the style of a mark's label, once between two reloads of the data.
+     *  @return false where the host destroyed the chart */
+    bool customizeMarkLabel(const KXAxisChartMark& mark, std::string& text, UXTextProperty& property);
     /** @return the series that are drawn, in their order */
     const std::vector<std::uint64_t>& getShownSeries() const { return m_shownSeries; }
     bool isSeriesShown(std::uint64_t series) const;
@@ -45,11 +53,11 @@ public:
      * so that it stays hidden when the data are replaced. */
     void setSeriesShown(std::uint64_t series, bool shown);
     /** @return how many categories are drawn: all, or the first ones where the user wants no more */
-    std::uint64_t obtainShownCategoryCount() const;
+    virtual std::uint64_t obtainShownCategoryCount() const;
 
     // Texts
     /** @return the category's text, formatted as the date or time that it is */
-    std::string obtainCategoryLabel(std::uint64_t category);
+    virtual std::string obtainCategoryLabel(std::uint64_t category);
     /** @return a value of the series as it stands in hints and labels; empty for NaN */
     virtual std::string obtainValueText(std::uint64_t series, double value) const = 0;
     std::string formatPercentage(double value) const;
@@ -66,6 +74,10 @@ public:
     bool isMarkHighlighted(const KXAxisChartMark& mark) const;
     /** @return color as the mark is drawn in it just now */
     UXColor obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const;
+    /** @return how a mark of that colour is drawn just now */
+    KXAxisChartMarkLook obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const;
+    /** @return color as a text of the mark, or of none in particular, is drawn in it just now */
+    UXColor obtainTextColor(const std::optional<KXAxisChartMark>& mark, const UXColor& color) const;
 
     // Paths
     /** @return the path that names the mark for the provider, owned by the caller */
@@ -116,9 +128,25 @@ protected:
     virtual void _updateDataRanges() = 0;
     /** @return the series' identifiers for interactions with one mark */
     virtual std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const;
+    /** Decides the colours of the marks that are placed: those of series, of items or of the host are others.
+     * Nothing is placed anew. */
+    virtual void _customUpdateLooks();
+    /** @return the value of a mark as hints tell it, NaN where it has none; by default that of the data */
+    virtual double _obtainMarkValue(const KXAxisChartMark& mark) const;
+    /** Says what the row of a mark tells otherwise than by its series and its value. */
+    virtual void _fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) const;
+    /** Adds what a hint tells below the rows of its series. */
+    virtual void _fillHintFooter(UXHintInfo& info, std::uint64_t category) const;
     /** Fills in the rows: every shown series of the category that has a value, the hovered one first. */
     virtual void _fillHint(UXHintInfo& info, std::uint64_t category,
                            const std::optional<KXAxisChartMark>& hovered);
+
+    // What a chart type calls
+    /** Decides all colours anew, of series, legend and marks, and has them painted. The host is asked only
+     * about what it has not answered since colours were reloaded, and may destroy the chart. */
+    void _updateLooks();
+    /** Asks the host for the colours of marks, where it has not answered. It may destroy the chart. */
+    void _loadHostColors(const std::vector<KXAxisChartMark>& marks);
 
     void _axisChartPropertyUpdated(const std::string& key) override;
     void _visibleCategoriesChanged() override;
@@ -138,6 +166,7 @@ private:
     };
 
     void _updateShownSeries();
+    void _updateSeriesColors();
     void _shownSeriesChanged();
     void _restoreFirstCategory();
     void _placeNoDataLabel();
@@ -154,6 +183,7 @@ private:
     std::vector<std::uint64_t> m_shownSeries;
     std::set<std::string> m_hiddenSeriesIDs;
     std::vector<UXColor> m_seriesColors;
+    KXAxisChartHostLooks m_hostLooks;
     UXLabel* m_noDataLabel; // a child of the plot
 
     // What the pointer is over, and what is highlighted

@@ -42,6 +42,16 @@ KXValueExtremes findStackedExtremes(const std::vector<std::span<const double>>& 
 
 } // namespace
 
+std::optional<KXAxisChartValueRange> kxUniteValueRanges(const std::optional<KXAxisChartValueRange>& a,
+                                                        const std::optional<KXAxisChartValueRange>& b)
+{
+    if (!a || !b)
+        return a ? a : b;
+    return KXAxisChartValueRange{std::min(a->min, b->min), std::max(a->max, b->max),
+                                 std::min(a->stackedMin, b->stackedMin),
+                                 std::max(a->stackedMax, b->stackedMax)};
+}
+
 /** The provider's answers, gathered aside: it may destroy the chart, and this with it, in any of them. */
 struct KXAxisChartDataUser::Pulled {
     explicit Pulled(KXChart* pulling) : chart(pulling) {}

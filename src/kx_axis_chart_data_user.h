@@ -7,6 +7,7 @@
 #include "kx_value_extremes.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -21,6 +22,10 @@ struct KXAxisChartValueRange {
 
     friend bool operator==(const KXAxisChartValueRange&, const KXAxisChartValueRange&) = default;
 };
+
+/** @return the range of both; none where there is neither */
+[[nodiscard]] KX_EXPORT std::optional<KXAxisChartValueRange> kxUniteValueRanges(
+    const std::optional<KXAxisChartValueRange>& a, const std::optional<KXAxisChartValueRange>& b);
 
 /**
  * Pulls the data of an axis chart: the values once, as one dense list per series, and the texts of categories

@@ -1,6 +1,39 @@
 #include "kx_axis_chart_plot_frame.h"
 
 #include <algorithm>
+#include <cmath>
+
+namespace {
+
+/** Pixels that lie differently by less than this are the same. */
+constexpr double pixelNoise = 1e-6;
+
+} // namespace
+
+void KXAxisChartPlotFrame::takePixels(const UXTransform& toDevice)
+{
+    const double scale = isVertical ? toDevice.xx : toDevice.yy;
+    const double offset = isVertical ? toDevice.dx : toDevice.dy;
+    if (!toDevice.isUpright() || !(scale > 0) || !std::isfinite(scale) || !std::isfinite(offset))
+        return;
+    pixelScale = scale;
+    pixelOffset = offset - std::floor(offset);
+}
+
+bool KXAxisChartPlotFrame::hasSamePixels(const KXAxisChartPlotFrame& other) const
+{
+    const double moved = other.pixelOffset - pixelOffset;
+    return std::abs(other.pixelScale - pixelScale) < pixelNoise &&
+           std::abs(moved - std::round(moved)) < pixelNoise;
+}
+
+UXDoubleRect KXAxisChartPlotFrame::snapAcross(const UXDoubleRect& rect) const
+{
+    const KXAxisChartStretch across = obtainAcross(rect);
+    const double start = std::round(toPixel(across.start));
+    const double length = std::max(std::round(across.obtainLength() * pixelScale), 1.0);
+    return makeRect({fromPixel(start), fromPixel(start + length)}, obtainAlong(rect));
+}
 
 std::optional<KXAxisChartStretch> KXAxisChartPlotFrame::placeAlong(double from, double to) const
 {
@@ -13,6 +46,11 @@ std::optional<KXAxisChartStretch> KXAxisChartPlotFrame::placeAlong(double from, 
     if (placed.end <= placed.start && end > start)
         return std::nullopt;
     return placed;
+}
+
+UXDoublePoint KXAxisChartPlotFrame::makePoint(double across, double along) const
+{
+    return isVertical ? UXDoublePoint(across, along) : UXDoublePoint(along, across);
 }
 
 UXDoubleRect KXAxisChartPlotFrame::makeRect(const KXAxisChartStretch& across,

@@ -2,8 +2,10 @@
 
 #include "kx_axis_chart_value_map.h"
 #include "kx_export.h"
+#include "ux/ux_double_point.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_rect.h"
+#include "ux/ux_transform.h"
 
 #include <optional>
 
@@ -30,9 +32,18 @@ struct KX_EXPORT KXAxisChartPlotFrame {
     double toPixel(double across) const { return across * pixelScale + pixelOffset; }
     double fromPixel(double pixel) const { return (pixel - pixelOffset) / pixelScale; }
 
+    /** Takes the pixels of the device that toDevice leads to, where that leaves upright what is upright. */
+    void takePixels(const UXTransform& toDevice);
+    /** @return whether the pixels of the other frame's device lie as those of this one's */
+    bool hasSamePixels(const KXAxisChartPlotFrame& other) const;
+    /** @return a rectangle of whole pixels across, moved to the nearest whole pixels of this frame's device;
+     * all that are equally wide stay so */
+    UXDoubleRect snapAcross(const UXDoubleRect& rect) const;
+
     /** @return the part of a mark between two values that lies in the area; none for a mark beside it. A mark
      * without length is one without extent. */
     std::optional<KXAxisChartStretch> placeAlong(double from, double to) const;
+    UXDoublePoint makePoint(double across, double along) const;
     UXDoubleRect makeRect(const KXAxisChartStretch& across, const KXAxisChartStretch& along) const;
     KXAxisChartStretch obtainAcross(const UXDoubleRect& rect) const;
     KXAxisChartStretch obtainAlong(const UXDoubleRect& rect) const;

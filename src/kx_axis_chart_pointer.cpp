@@ -166,7 +166,7 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         return;
     info.title = title;
     const auto addRow = [&](std::uint64_t series) {
-        const double value = getValue(series, category);
+        const double value = _obtainMarkValue({series, category});
         if (std::isnan(value))
             return;
         if (info.rows.size() >= greatestHintRowCount) {
@@ -176,6 +176,7 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         UXHintRowInfo& row = info.addRow(obtainSeriesColor(series), obtainLegendSymbolStyle(series),
                                          getSeriesLabel(series), obtainValueText(series, value));
         row.showSymbol = true;
+        _fillHintRow(row, {series, category});
     };
     if (hovered)
         addRow(hovered->series);
@@ -183,6 +184,8 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         if (!hovered || series != hovered->series)
             addRow(series);
     info.enabled = info.enabled && !info.rows.empty();
+    if (!info.rows.empty())
+        _fillHintFooter(info, category);
 }
 
 UXRect KXAxisChart::obtainHintArea(UXPoint point)

@@ -1,8 +1,17 @@
 #include "kx_bar_chart_data_view.h"
 
+#include "kx_axis_chart_property.h"
+#include "kx_bar_chart_property.h"
+#include "kx_xy_axis_chart.h"
+#include "ux/ux_hint_info.h"
+#include "ux/ux_localize.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -11,6 +20,38 @@ namespace {
 constexpr double leastHitExtent = 6;
 /** So many colours are gathered at a time; bars that have one each are filled one by one anyway. */
 constexpr std::size_t greatestBatchCount = 64;
+/** Of the line around a bar that stands out, in logical units. */
+constexpr double lineWidth = 1;
+
+constexpr double leastShare = 0.1;
+
+/** @return the part of a category's room that its bars take */
+double obtainShareOf(KXChartDataDensity density)
+{
+    switch (density) {
+    case KXChartDataDensity::Loose:
+        return 0.6;
+    case KXChartDataDensity::Medium:
+        break;
+    case KXChartDataDensity::Compact:
+        return 0.8;
+    }
+    return 0.7;
+}
+
+/** @return the least width of a bar beside others, in logical units, before the chart scrolls instead */
+double obtainLeastWidth(KXChartDataDensity density)
+{
+    switch (density) {
+    case KXChartDataDensity::Loose:
+        return 12;
+    case KXChartDataDensity::Medium:
+        break;
+    case KXChartDataDensity::Compact:
+        return 3;
+    }
+    return 6;
+}
 
 /** @return how far outside of stretch place lies, 0 inside */
 double obtainDistance(const KXAxisChartStretch& stretch, double place)
@@ -25,10 +66,50 @@ bool isNear(const KXAxisChartStretch& stretch, double place)
 
 } // namespace
 
-KXBarChartDataView::KXBarChartDataView() = default;
+KXBarChartDataView::KXBarChartDataView(std::shared_ptr<KXBarChartProperty> property)
+    : m_property(property ? std::move(property) : std::make_shared<KXBarChartProperty>())
+{
+}
+
 KXBarChartDataView::~KXBarChartDataView() = default;
 
-void KXBarChartDataView::layout(const KXAxisChartStacks& source, const KXBarPlane& plane)
+bool KXBarChartDataView::shouldIncludeZero() const { return true; }
+
+double KXBarChartDataView::_obtainShare() const
+{
+    const double own = m_property->getBarWidth();
+    return own > 0 ? std::clamp(own, leastShare, 1.0)
+                   : obtainShareOf(getChart()->getAxisChartProperty()->getDataDensity());
+}
+
+double KXBarChartDataView::obtainMinCategorySpacing() const
+{
+    if (obtainStacking() != KXAxisChartStacking::Plain)
+        return 0;
+    const double width = obtainLeastWidth(getChart()->getAxisChartProperty()->getDataDensity());
+    return std::ceil(static_cast<double>(getShownSeries().size()) * width / _obtainShare());
+}
+
+double KXBarChartDataView::obtainOverhang() const { return 0.5; }
+
+void KXBarChartDataView::reload()
+{
+    m_facts.clear();
+    m_layout = {};
+    m_barColors.clear();
+    m_labels.clear();
+}
+
+void KXBarChartDataView::layout(const KXAxisChartPlotFrame& frame)
+{
+    KXBarPlane plane;
+    static_cast<KXAxisChartPlotFrame&>(plane) = frame;
+    plane.share = _obtainShare();
+    m_labels.clear();
+    placeBars(_makeStacks(), plane);
+}
+
+void KXBarChartDataView::placeBars(const KXAxisChartStacks& source, const KXBarPlane& plane)
 {
     m_plane = plane;
     m_layout = kxLayoutBars(source, plane);
@@ -37,7 +118,36 @@ void KXBarChartDataView::layout(const KXAxisChartStacks& source, const KXBarPlan
         m_widestSlot = std::max(m_widestSlot, slot.end - slot.start);
 }
 
-void KXBarChartDataView::clear() { m_layout = {}; }
+std::vector<KXAxisChartMark> KXBarChartDataView::obtainSingleMarks() const
+{
+    std::vector<KXAxisChartMark> marks;
+    if (!isDense())
+        std::ranges::transform(m_layout.bars, std::back_inserter(marks), &KXBar::mark);
+    return marks;
+}
+
+UXColor KXBarChartDataView::obtainBarColor(const KXAxisChartMark& mark) const
+{
+    const KXXYAxisChart& chart = *getChart();
+    if (const std::optional<UXColor> color = isDense() ? std::nullopt : chart.obtainHostColor(mark))
+        return *color;
+    if (!m_property->getColorByItem())
+        return chart.obtainSeriesColor(mark.series);
+    const std::vector<UXColor> own = m_property->getItemColors();
+    const std::vector<UXColor> colors = own.empty() ? chart.getDefaultColors() : own;
+    return colors[mark.category % colors.size()];
+}
+
+void KXBarChartDataView::updateLook()
+{
+    m_barColors.clear();
+    m_barColors.reserve(m_layout.bars.size());
+    for (const KXBar& bar : m_layout.bars)
+        m_barColors.push_back(obtainBarColor(bar.mark));
+    for (KXBarLabel& label : m_labels)
+        if (label.mark && label.isReadOnBar)
+            label.property.textColor = kxObtainReadableColor(obtainBarColor(*label.mark));
+}
 
 double KXBarChartDataView::_obtainPlaceAcross(UXPoint point) const
 {
@@ -87,8 +197,81 @@ const KXBar* KXBarChartDataView::hitBar(UXPoint point) const
     return nearest;
 }
 
-void KXBarChartDataView::paint(UXPainter& painter, const ColorOf& colorOf) const
+std::optional<KXAxisChartMark> KXBarChartDataView::hitMark(UXPoint point) const
 {
+    const KXBar* bar = hitBar(point);
+    return bar ? std::optional(bar->mark) : std::nullopt;
+}
+
+UXRect KXBarChartDataView::obtainMarkArea(UXPoint point) const
+{
+    const KXBar* bar = hitBar(point);
+    if (!bar)
+        return {};
+    const int left = uxSaturateToInt(std::floor(bar->rect.x)), top = uxSaturateToInt(std::floor(bar->rect.y));
+    return {left, top, uxSaturateToInt(std::ceil(uxMaxDoubleX(bar->rect) - left)),
+            uxSaturateToInt(std::ceil(uxMaxDoubleY(bar->rect) - top))};
+}
+
+/** Of merged bars the hint is about the category that is seen there. */
+std::optional<std::uint64_t> KXBarChartDataView::obtainCategoryAt(UXPoint point) const
+{
+    const KXBarSlot* slot = isDense() ? findSlot(point) : nullptr;
+    if (!slot)
+        return std::nullopt;
+    const KXBar* bar = hitBar(point);
+    return bar ? bar->mark.category : slot->category;
+}
+
+/** The end of the bar, wherever its stack has it. */
+std::optional<UXPoint> KXBarChartDataView::obtainHintPoint(const KXAxisChartMark& mark) const
+{
+    const auto found = std::ranges::find(m_layout.bars, mark, &KXBar::mark);
+    if (found == m_layout.bars.end())
+        return std::nullopt;
+    const UXDoubleRect& rect = found->rect;
+    const UXDoublePoint end = m_plane.isVertical
+                                  ? UXDoublePoint(rect.x + rect.width / 2, rect.y)
+                                  : UXDoublePoint(rect.x + rect.width, rect.y + rect.height / 2);
+    return UXPoint(uxSaturateToInt(end.x), uxSaturateToInt(end.y));
+}
+
+void KXBarChartDataView::fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark)
+{
+    row.color = obtainBarColor(mark);
+    if (!_tellsPercentages())
+        return;
+    const KXAxisChartStacks source = _makeStacks();
+    const auto found = std::ranges::find(source.series, mark.series, &KXAxisChartStacks::Series::index);
+    if (found == source.series.end())
+        return;
+    const auto position = static_cast<std::size_t>(found - source.series.begin());
+    row.value += " (" + getChart()->formatPercentage(_obtainPercentage(source, mark, position)) + ")";
+}
+
+void KXBarChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category)
+{
+    const KXAxisChartStacks source = _makeStacks();
+    std::vector<KXAxisChartStackPiece> pieces;
+    source.obtainPieces(category, pieces);
+    if (source.form != KXAxisChartStacking::Stacked || pieces.size() < 2)
+        return;
+    UXHintRowInfo& total = info.addFooterRow(
+        UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString("Total"),
+        getChart()->obtainValueText(getShownSeries().front(), source.obtainTotal(category)));
+    total.showSymbol = false;
+}
+
+/** Bars are laid out for the device that is known to show the chart; on any other they move to its pixels. */
+UXDoubleRect KXBarChartDataView::_obtainDrawnRect(const KXBar& bar, const KXAxisChartPlotFrame& device) const
+{
+    return isDense() || device.hasSamePixels(m_plane) ? bar.rect : device.snapAcross(bar.rect);
+}
+
+void KXBarChartDataView::paint(UXPainter& painter) const
+{
+    KXAxisChartPlotFrame device = m_plane;
+    device.takePixels(painter.getDeviceTransform());
     std::vector<std::pair<UXColor, std::vector<UXDoubleRect>>> batches;
     const auto drawAll = [&] {
         for (const auto& [color, rects] : batches) {
@@ -97,21 +280,64 @@ void KXBarChartDataView::paint(UXPainter& painter, const ColorOf& colorOf) const
         }
         batches.clear();
     };
+    std::vector<std::pair<UXDoubleRect, KXAxisChartMarkLook>> standingOut;
+    const bool isHighlighting = getChart()->isHighlighting();
     std::size_t last = 0;
     for (std::size_t i = 0; i < m_layout.bars.size(); ++i) {
-        const UXColor color = colorOf(i);
-        if (last >= batches.size() || batches[last].first != color) {
-            const auto found = std::ranges::find(batches, color,
+        const KXBar& bar = m_layout.bars[i];
+        KXAxisChartMarkLook look{m_barColors[i]};
+        if (isHighlighting)
+            look = getChart()->obtainMarkLook(bar.mark, m_barColors[i]);
+        const UXDoubleRect rect = _obtainDrawnRect(bar, device);
+        if (look.standsOut()) {
+            standingOut.emplace_back(rect, look);
+            continue;
+        }
+        if (last >= batches.size() || batches[last].first != look.fill) {
+            const auto found = std::ranges::find(batches, look.fill,
                                                  [](const auto& batch) { return batch.first; });
             last = static_cast<std::size_t>(found - batches.begin());
             if (found == batches.end()) {
                 if (batches.size() == greatestBatchCount)
                     drawAll();
                 last = batches.size();
-                batches.push_back({color, {}});
+                batches.push_back({look.fill, {}});
             }
         }
-        batches[last].second.push_back(m_layout.bars[i].rect);
+        batches[last].second.push_back(rect);
     }
     drawAll();
+    for (const auto& [rect, look] : standingOut)
+        _paintStandingOut(painter, rect, look);
+}
+
+/** Over the others, which it may reach over. */
+void KXBarChartDataView::_paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
+                                           const KXAxisChartMarkLook& look) const
+{
+    const double width = rect.width * look.sizeRatio, height = rect.height * look.sizeRatio;
+    const UXDoubleRect drawn(uxMidDoubleX(rect) - width / 2, uxMidDoubleY(rect) - height / 2, width, height);
+    painter.setColor(look.fill);
+    painter.drawRects({&drawn, 1});
+    if (look.line.alpha <= 0)
+        return;
+    painter.setColor(look.line);
+    painter.setLineWidth(lineWidth);
+    painter.addRectanglePath(drawn.x + lineWidth / 2, drawn.y + lineWidth / 2,
+                             std::max(drawn.width - lineWidth, 0.0), std::max(drawn.height - lineWidth, 0.0));
+    painter.stroke();
+}
+
+void KXBarChartDataView::customSerialize()
+{
+    KXAxisChartDataView::customSerialize();
+    serializeObject("m_barChartProperty", m_property.get());
+}
+
+std::string KXBarChartDataView::customSerializeTypeID() { return "KXBarChartDataView"; }
+
+bool KXBarChartDataView::customDeserialize()
+{
+    const bool complete = KXAxisChartDataView::customDeserialize();
+    return deserializeExistingObject("m_barChartProperty", m_property.get()) && complete;
 }

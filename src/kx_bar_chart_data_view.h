@@ -1,7 +1,10 @@
 #pragma once
 
+#include "kx_axis_chart_data_view.h"
 #include "kx_axis_chart_mark.h"
 #include "kx_axis_chart_stacks.h"
+#include "kx_bar_label_choice.h"
+#include "kx_bar_labels.h"
 #include "kx_bar_layout.h"
 #include "kx_bar_plane.h"
 #include "kx_export.h"
@@ -10,31 +13,43 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
+class KXBarChartProperty;
+struct KXAxisChartMarkLook;
 class UXPainter;
 
-/** The bars of a chart that can be seen: where they are, which one is hit, and how they are painted. All
- * answers come from the records of the last layout. */
-class KX_EXPORT KXBarChartDataView {
+/**
+ * Draws each value as a bar from zero on: the series of a category side by side, or stacked, where the value
+ * axis is. A null leaves its place in a group empty; a hidden series takes no room. Where categories are
+ * closer together than pixels are, bars are merged without a visible difference, and have no labels.
+ */
+class KX_EXPORT KXBarChartDataView : public KXAxisChartDataView {
 public:
-    using ColorOf = std::function<UXColor(std::size_t bar)>;
+    /** @param property what the user sets about the bars, which other views may share; null for one of its
+     * own */
+    explicit KXBarChartDataView(std::shared_ptr<KXBarChartProperty> property = nullptr);
+    ~KXBarChartDataView() override;
 
-    KXBarChartDataView();
-    ~KXBarChartDataView();
+    /** @return never null */
+    KXBarChartProperty* getBarChartProperty() const { return m_property.get(); }
 
-    /** Places the bars anew. Nothing of source is kept. */
-    void layout(const KXAxisChartStacks& source, const KXBarPlane& plane);
-    void clear();
-
+    // What can be seen, as of the last layout
     const std::vector<KXBar>& getBars() const { return m_layout.bars; }
     const std::vector<KXBarSlot>& getSlots() const { return m_layout.slots; }
     const KXBarPlane& getPlane() const { return m_plane; }
+    const std::vector<KXBarLabel>& getLabels() const { return m_labels; }
     /** @return whether a bar can stand for those of many categories */
     bool isDense() const { return m_layout.isDense; }
+    /** @return the colour of a bar: the host's, else its category's or its series' */
+    UXColor obtainBarColor(const KXAxisChartMark& mark) const;
 
+    /** Places the bars anew. Nothing of source is kept. */
+    void placeBars(const KXAxisChartStacks& source, const KXBarPlane& plane);
     /** @return the bar at a point of the plot's space, none beside the bars. Short bars can be hit a little
      * beside their ends. */
     const KXBar* hitBar(UXPoint point) const;
@@ -44,13 +59,71 @@ public:
      * last */
     std::pair<std::size_t, std::size_t> findSlots(const KXAxisChartStretch& across) const;
 
-    /** Fills the bars, all of one colour at once. */
-    void paint(UXPainter& painter, const ColorOf& colorOf) const;
+    // From KXAxisChartDataView and UXJsonObject
+    bool shouldIncludeZero() const override;
+    double obtainMinCategorySpacing() const override;
+    double obtainOverhang() const override;
+    double obtainExtraLength() const override;
+    void reload() override;
+    void layout(const KXAxisChartPlotFrame& frame) override;
+    std::vector<KXAxisChartMark> obtainSingleMarks() const override;
+    void updateLook() override;
+    void layoutLabels() override;
+    void paint(UXPainter& painter) const override;
+    void paintLabels(UXPainter& painter) const override;
+    std::optional<KXAxisChartMark> hitMark(UXPoint point) const override;
+    UXRect obtainMarkArea(UXPoint point) const override;
+    std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const override;
+    std::optional<UXPoint> obtainHintPoint(const KXAxisChartMark& mark) const override;
+    void fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) override;
+    void fillHintFooter(UXHintInfo& info, std::uint64_t category) override;
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
 
 private:
-    double _obtainPlaceAcross(UXPoint point) const;
+    /** What the labels say, in the order in which they choose their places. */
+    struct LabelWishes {
+        /** The sum of a category, at the end of its stack. */
+        struct Total {
+            std::size_t slot; // in the layout
+            double value;
+            std::string text;
+        };
+        struct Label {
+            std::size_t bar; // in the layout
+            KXBarLabelPlacer::Wish wish;
+        };
+        std::vector<Total> totals;
+        std::vector<Label> labels;
+    };
 
+    double _obtainShare() const;
+    double _obtainPlaceAcross(UXPoint point) const;
+    UXDoubleRect _obtainDrawnRect(const KXBar& bar, const KXAxisChartPlotFrame& device) const;
+    void _paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
+                           const KXAxisChartMarkLook& look) const;
+
+    // Labels
+    void _wishTotals(const KXAxisChartStacks& source, LabelWishes& wishes) const;
+    bool _wishBarLabels(const KXAxisChartStacks& source, LabelWishes& wishes, bool extremes);
+    bool _wishBarLabel(const KXAxisChartStacks& source, std::size_t bar, std::size_t position, bool isExtreme,
+                       LabelWishes& wishes);
+    void _placeLabels(const LabelWishes& wishes);
+    const KXBarSeriesFacts& _obtainFacts(const KXAxisChartStacks& source, std::size_t position);
+    std::string _obtainLabelText(const KXAxisChartStacks& source, const KXBar& bar, std::size_t position);
+    bool _tellsPercentages() const;
+    double _obtainPercentage(const KXAxisChartStacks& source, const KXAxisChartMark& mark,
+                             std::size_t position);
+
+    std::shared_ptr<KXBarChartProperty> m_property;
+    std::vector<KXBarSeriesFacts> m_facts; // of the shown series, made when they are needed
+
+    // Made by the layout
     KXBarPlane m_plane;
     KXBarLayout m_layout;
     double m_widestSlot = 0;
+    std::vector<KXBarLabel> m_labels;
+
+    std::vector<UXColor> m_barColors; // one a bar
 };

@@ -1,5 +1,7 @@
 #include "kx_bar_labels.h"
 
+#include "kx_bar_chart_data_view.h"
+
 #include "ux/ux_color_contrast.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_rect_functions.h"
@@ -88,8 +90,9 @@ bool KXBarLabelPlacer::place(const KXBar& bar, const Wish& wish)
     const KXAxisChartStretch across = m_plane.obtainAcross(bar.rect), along = m_plane.obtainAlong(bar.rect);
     const bool growsForwards = m_plane.growsForwards() == (bar.to >= bar.from);
     const bool wantsOutside = m_style.position == KXBarLabelPosition::Outside;
-    const auto placeAt = [&](KXBarLabelPosition position) {
-        return _add(_makeRect(across, along, position, growsForwards, size), &bar, wish.text, property);
+    const auto placeAt = [&](KXBarLabelPosition position, bool isReadOnBar = false) {
+        return _add(_makeRect(across, along, position, growsForwards, size), &bar, wish.text, property,
+                    isReadOnBar);
     };
 
     // 1. Beyond the end, on the background.
@@ -108,9 +111,10 @@ bool KXBarLabelPlacer::place(const KXBar& bar, const Wish& wish)
     }
 
     // 3. On the bar, in a colour that is read there.
-    if (m_style.isReadableOnBars && !wish.hasOwnColor)
+    const bool isReadOnBar = m_style.isReadableOnBars && !wish.hasOwnColor;
+    if (isReadOnBar)
         property.textColor = kxObtainReadableColor(wish.barColor);
-    return placeAt(inside);
+    return placeAt(inside, isReadOnBar);
 }
 
 const KXBar* KXBarLabelPlacer::_findOutermost(const KXBarSlot& slot, bool isBelow) const
@@ -149,14 +153,14 @@ bool KXBarLabelPlacer::_isTooLong(const UXDoubleSize& size) const
 }
 
 bool KXBarLabelPlacer::_add(const UXDoubleRect& rect, const KXBar* own, const std::string& text,
-                            const UXTextProperty& property)
+                            const UXTextProperty& property, bool isReadOnBar)
 {
     if (!_isFree(rect, own))
         return false;
     const auto [first, end] = _obtainCells(rect);
     for (std::size_t cell = first; cell < end; ++cell)
         m_cells[cell].push_back(m_labels.size());
-    m_labels.push_back({own ? std::optional(own->mark) : std::nullopt, text, rect, property});
+    m_labels.push_back({own ? std::optional(own->mark) : std::nullopt, text, rect, property, isReadOnBar});
     return true;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "kx_axis_chart_mark.h"
-#include "kx_bar_chart_data_view.h"
 #include "kx_bar_chart_options.h"
+#include "kx_bar_layout.h"
+#include "kx_bar_plane.h"
 #include "kx_export.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
@@ -16,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+class KXBarChartDataView;
 class UXLayoutHelper;
 
 /** A text that has found a place beside or on its bar. */
@@ -24,6 +26,7 @@ struct KXBarLabel {
     std::string text;
     UXDoubleRect rect; /**< in the plot's space */
     UXTextProperty property;
+    bool isReadOnBar = false; /**< its colour is dark or light, as the bar's wants it */
 };
 
 /** How the labels of bars are to look and to stand. */
@@ -73,7 +76,7 @@ private:
     const KXBar* _findOutermost(const KXBarSlot& slot, bool isBelow) const;
     bool _isTooLong(const UXDoubleSize& size) const;
     bool _add(const UXDoubleRect& rect, const KXBar* own, const std::string& text,
-              const UXTextProperty& property);
+              const UXTextProperty& property, bool isReadOnBar = false);
     bool _isFree(const UXDoubleRect& rect, const KXBar* own) const;
     std::pair<std::size_t, std::size_t> _obtainCells(const UXDoubleRect& rect) const;
 

@@ -5,6 +5,7 @@
 #include "kx_axis_chart_layer.h"
 #include "kx_axis_tick_label_view.h"
 #include "kx_bar_chart.h"
+#include "kx_bar_chart_data_view.h"
 #include "kx_bar_chart_property.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
@@ -60,7 +61,7 @@ constexpr Type types[] = {
     KX_TYPE(KXAxisChartLayer),
     KX_TYPE(KXAxisTickLabelView),
     KX_TYPE(KXBarChart),
-    KX_TYPE_WITHOUT_CLASS(KXBarChartDataView),
+    KX_TYPE(KXBarChartDataView),
     KX_TYPE(KXBarChartProperty),
     KX_TYPE(KXChartDataFormat),
     KX_TYPE(KXChartLabel),

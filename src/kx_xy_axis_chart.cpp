@@ -1,12 +1,14 @@
 #include "kx_xy_axis_chart.h"
 
 #include "kx_axis.h"
+#include "kx_axis_chart_layer.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_data_provider.h"
 #include "kx_key_definitions.h"
+#include "ux/ux_device_transform.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -70,8 +72,25 @@ KXAxis* KXXYAxisChart::getXAxis() const { return m_x.axis; }
 KXAxis* KXXYAxisChart::getYAxis() const { return m_y.axis; }
 KXAxis* KXXYAxisChart::getSecondaryYAxis() const { return m_secondaryY.axis; }
 
-bool KXXYAxisChart::isSeriesOnSecondaryAxis(std::uint64_t) const { return false; }
-bool KXXYAxisChart::shouldIncludeZero(const KXAxisProperty*) const { return false; }
+bool KXXYAxisChart::isSeriesOnSecondaryAxis(std::uint64_t series) const
+{
+    const KXAxisChartDataView* view = obtainViewOfSeries(series);
+    return view && view->getIsOnSecondaryAxis();
+}
+
+KXAxisChartDataView* KXXYAxisChart::obtainViewOfSeries(std::uint64_t) const
+{
+    const auto found = std::ranges::find_if(m_views, [](const auto& view) { return view->canShowSeries(); });
+    return found == m_views.end() ? nullptr : found->get();
+}
+
+bool KXXYAxisChart::shouldIncludeZero(const KXAxisProperty* property) const
+{
+    return std::ranges::any_of(m_views, [&](const auto& view) {
+        return &view->_getValueAxisProperty() == property && view->shouldIncludeZero();
+    });
+}
+
 bool KXXYAxisChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty*) { return false; }
 
 bool KXXYAxisChart::updateAxisCacheData(KXAxisProperty* property, KXAxisChartAxisCacheData* cache)
@@ -106,7 +125,12 @@ std::string KXXYAxisChart::obtainValueText(std::uint64_t series, double value) c
 
 double KXXYAxisChart::_obtainMinCategorySpacing() const
 {
-    return m_isContinuous ? -1 : KXAxisChart::_obtainMinCategorySpacing();
+    if (m_isContinuous)
+        return -1;
+    double least = KXAxisChart::_obtainMinCategorySpacing();
+    for (const auto& view : m_views)
+        least = least < 0 ? least : std::max(least, view->obtainMinCategorySpacing());
+    return least;
 }
 
 bool KXXYAxisChart::_wantsContinuous() const
@@ -121,36 +145,42 @@ bool KXXYAxisChart::_wantsContinuous() const
 void KXXYAxisChart::_updateDataRanges()
 {
     const UXObjectWatcher self(this);
-    const std::vector<double> numbers = _wantsContinuous() ? obtainCategoryNumbers() : std::vector<double>();
+    const bool hasNumbers = !_takeNumberRange() && _wantsContinuous();
+    const std::vector<double> numbers = hasNumbers ? obtainCategoryNumbers() : std::vector<double>();
     if (!self.isAlive())
         return;
     m_categoryNumbers = numbers;
     m_categoryNumbers.resize(std::min<std::size_t>(numbers.size(), obtainShownCategoryCount()));
     _updateCategoryRange();
-
-    std::vector<std::uint64_t> primary, secondary;
-    for (const std::uint64_t series : getShownSeries())
-        (isSeriesOnSecondaryAxis(series) ? secondary : primary).push_back(series);
-    _updateValueRange(m_y, primary);
-    _updateValueRange(m_secondaryY, secondary);
-    m_secondaryY.isUsed = !secondary.empty();
+    _updateValueRange(m_y);
+    m_secondaryY.isUsed = _updateValueRange(m_secondaryY);
     _updateDefaultTitles();
+}
+
+/** @return whether the X axis is one of the values of marks */
+bool KXXYAxisChart::_takeNumberRange()
+{
+    KXValueExtremes all;
+    for (const auto& view : m_views)
+        all.take(view->obtainNumberRange().value_or(KXValueExtremes()));
+    m_numberRange = all.isEmpty() ? std::nullopt : std::optional(all);
+    return m_numberRange.has_value();
 }
 
 void KXXYAxisChart::_updateCategoryRange()
 {
     KXAxisChartAxisCacheData& cache = m_x.cache;
-    kxSetAxisDimension(cache, getCategoryDataType());
-    m_isContinuous = !m_categoryNumbers.empty();
+    kxSetAxisDimension(cache, m_numberRange ? KXChartDataType::Float : getCategoryDataType());
+    m_isContinuous = m_numberRange || !m_categoryNumbers.empty();
     m_categoriesGrow = std::ranges::is_sorted(m_categoryNumbers);
     m_categoryDistance = 1;
     cache.isValueAxis = m_isContinuous;
     cache.categoryCount = obtainShownCategoryCount();
     if (!m_isContinuous)
         return;
-    const auto [least, greatest] = std::ranges::minmax_element(m_categoryNumbers);
-    cache.dataMin = *least;
-    cache.dataMax = *greatest;
+    const KXValueExtremes range = m_numberRange ? *m_numberRange : kxFindValueExtremes(m_categoryNumbers);
+    cache.dataMin = range.min;
+    cache.dataMax = range.max;
     double distance = std::numeric_limits<double>::infinity();
     for (std::size_t i = 1; m_categoriesGrow && i < m_categoryNumbers.size(); ++i)
         if (m_categoryNumbers[i] > m_categoryNumbers[i - 1])
@@ -159,18 +189,25 @@ void KXXYAxisChart::_updateCategoryRange()
         m_categoryDistance = distance;
 }
 
-void KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis, const std::vector<std::uint64_t>& series)
+bool KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis)
 {
-    KXAxisChartValueRange range = obtainValueRange(series, obtainShownCategoryCount());
+    std::optional<KXAxisChartValueRange> range;
+    for (const auto& view : m_views)
+        if (view->getIsOnSecondaryAxis() == (&axis == &m_secondaryY))
+            range = kxUniteValueRanges(range, view->obtainValueRange());
+    const bool isUsed = range.has_value();
+    if (!range)
+        range.emplace();
     if (shouldIncludeZero(axis.property.get())) {
-        range.min = std::min(range.min, 0.0);
-        range.max = std::max(range.max, 0.0);
+        range->min = std::min(range->min, 0.0);
+        range->max = std::max(range->max, 0.0);
     }
-    axis.cache.dataMin = range.min;
-    axis.cache.dataMax = range.max;
-    axis.cache.stackedMin = range.stackedMin;
-    axis.cache.stackedMax = range.stackedMax;
+    axis.cache.dataMin = range->min;
+    axis.cache.dataMax = range->max;
+    axis.cache.stackedMin = range->stackedMin;
+    axis.cache.stackedMax = range->stackedMax;
     axis.cache.needsUpdate = true;
+    return isUsed;
 }
 
 void KXXYAxisChart::_updateDefaultTitles()
@@ -215,8 +252,14 @@ void KXXYAxisChart::_customUpdateAxes()
         if (updateAxisCacheData(axis->property.get(), &axis->cache))
             axis->ticksChanged = true;
     _setCategoryScale();
-    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY})
+    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY}) {
         setBounds(*axis->axis, axis->cache.axisMin, axis->cache.axisMax);
+        double extra = 0;
+        for (const auto& view : m_views)
+            if (view->getIsOnSecondaryAxis() == (axis == &m_secondaryY))
+                extra = std::max(extra, view->obtainExtraLength());
+        axis->axis->setExtraLength("marks", extra);
+    }
 }
 
 /** The one place that knows the orientation: everything else follows the sides at which the axes stand. */
@@ -239,8 +282,10 @@ void KXXYAxisChart::_setCategoryScale()
     const int length = getAxisChartProperty()->getEnableScroll() ? m_x.property->getAxisLength() : 0;
     axis.setShiftHalfValueSpacing(!m_isContinuous);
     if (m_isContinuous) {
-        // Half a category's room on both sides, so that marks at the ends are whole.
-        setBounds(axis, cache.axisMin - m_categoryDistance / 2, cache.axisMax + m_categoryDistance / 2);
+        double overhang = 0; // on both sides, so that marks at the ends are whole
+        for (const auto& view : m_views)
+            overhang = std::max(overhang, view->obtainOverhang() * m_categoryDistance);
+        setBounds(axis, cache.axisMin - overhang, cache.axisMax + overhang);
         axis.setValueSpacing(-1);
         return;
     }
@@ -334,15 +379,27 @@ std::pair<std::uint64_t, std::uint64_t> KXXYAxisChart::obtainVisibleCategories()
     if (!m_isContinuous)
         return {toIndex(std::floor(first + 0.5 + placeNoise), count),
                 toIndex(std::ceil(last + 0.5 - placeNoise), count)};
-    if (!m_categoriesGrow)
-        return {0, m_categoryNumbers.size()};
+    if (m_numberRange || !m_categoriesGrow)
+        return {0, count};
     const auto begin = m_categoryNumbers.begin();
     const auto from = std::lower_bound(begin, m_categoryNumbers.end(), first - m_categoryDistance / 2);
     const auto to = std::upper_bound(begin, m_categoryNumbers.end(), last + m_categoryDistance / 2);
     return {static_cast<std::uint64_t>(from - begin), static_cast<std::uint64_t>(to - begin)};
 }
 
-std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryAt(UXPoint point) const
+KXAxisChartPlotFrame KXXYAxisChart::obtainPlotFrame(bool isOnSecondaryAxis) const
+{
+    KXAxisChartPlotFrame frame;
+    frame.isVertical = isVertical();
+    frame.area = getMarksArea();
+    frame.categories = obtainCategoryMap();
+    frame.values = makeMap(isOnSecondaryAxis ? m_secondaryY : m_y);
+    frame.spacing = obtainCategorySpacing();
+    frame.takePixels(uxObtainDeviceTransform(*getMarksLayer()));
+    return frame;
+}
+
+std::optional<std::uint64_t> KXXYAxisChart::_obtainPlacedCategoryAt(UXPoint point) const
 {
     const std::uint64_t count = obtainShownCategoryCount();
     const KXAxisChartValueMap map = obtainCategoryMap();
@@ -363,30 +420,6 @@ std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryAt(UXPoint point) con
     if (nearest == end || (nearest != begin && value - *(nearest - 1) < *nearest - value))
         --nearest;
     return static_cast<std::uint64_t>(nearest - begin);
-}
-
-/** In the middle of the category, at the middle of its mark where that has a value. */
-UXPoint KXXYAxisChart::_obtainHintPoint(const KXAxisChartMark& mark)
-{
-    const double across = obtainCategoryMap().obtainPosition(obtainCategoryValue(mark.category));
-    const double value = getValue(mark.series, mark.category);
-    const KXAxisChartValueMap map = obtainValueMap(mark.series);
-    const UXRect& area = getMarksArea();
-    const int low = m_x.isHorizontal() ? area.y : area.x;
-    const int high = (m_x.isHorizontal() ? uxMaxY(area) : uxMaxX(area)) - 1;
-    const int along = std::clamp(uxSaturateToInt(std::floor(map.obtainPosition(value))), low,
-                                 std::max(low, high));
-    const int place = uxSaturateToInt(std::floor(across));
-    return m_x.isHorizontal() ? UXPoint(place, along) : UXPoint(along, place);
-}
-
-UXDoubleRect KXXYAxisChart::obtainPlotRect(double category1, double category2, double value1,
-                                           double value2) const
-{
-    const double category = std::min(category1, category2), value = std::min(value1, value2);
-    const double across = std::abs(category2 - category1), along = std::abs(value2 - value1);
-    return m_x.isHorizontal() ? UXDoubleRect(category, value, across, along)
-                              : UXDoubleRect(value, category, along, across);
 }
 
 const UXPropertyTable& KXXYAxisChart::obtainPropertyTable()

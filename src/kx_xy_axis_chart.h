@@ -1,11 +1,18 @@
 #pragma once
 
 #include "kx_axis_chart.h"
+#include "kx_axis_chart_data_view.h"
+#include "kx_axis_chart_plot_frame.h"
 #include "kx_axis_chart_value_map.h"
 #include "ux/ux_double_rect.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 class KXAxis;
 class KXAxisProperty;
@@ -17,15 +24,9 @@ class KXChartDataFormat;
  * values stands across from the first one where a series asks for it.
  *
  * Categories are slots, counted from 0 with category c around the value c; on a continuous axis each lies at
- * its number. Marks are placed by maps, so that one code serves both orientations and both kinds of axis:
- *
- *     const KXAxisChartValueMap across = obtainCategoryMap(), along = obtainValueMap(series);
- *     const auto [first, end] = obtainVisibleCategories();
- *     for (std::uint64_t c = first; c < end; ++c) {
- *         const double centre = across.obtainPosition(obtainCategoryValue(c));
- *         rect = obtainPlotRect(centre - half, centre + half, along.obtainPosition(0),
- *                               along.obtainPosition(getValue(series, c)));
- *     }
+ * its number. What stands against the axes are the marks of the chart's views, which are placed by the frame
+ * of their value axis, so that one code serves both orientations and both kinds of axis. A chart type adds
+ * its views, says which of them shows a series where there are several, and leaves the rest to them.
  */
 class KX_EXPORT KXXYAxisChart : public KXAxisChart {
 public:
@@ -44,11 +45,17 @@ public:
     KXAxis* getYAxis() const;
     KXAxis* getSecondaryYAxis() const;
 
+    // Views, which the chart makes and destroys
+    /** @return in the order in which they are painted */
+    const std::vector<std::unique_ptr<KXAxisChartDataView>>& getDataViews() const { return m_views; }
+    /** @return whether the values of a series are told by the secondary axis, as its view is */
+    bool isSeriesOnSecondaryAxis(std::uint64_t series) const;
+
     // Policy
-    /** @return whether a series' values are told by the secondary axis; by default none's */
-    virtual bool isSeriesOnSecondaryAxis(std::uint64_t series) const;
-    /** @return whether an automatic range of that value axis holds zero, as marks that start there need it.
-     * By default not. */
+    /** @return the view that shows a series, the chart's; by default the first one that can, null for none */
+    virtual KXAxisChartDataView* obtainViewOfSeries(std::uint64_t series) const;
+    /** @return whether an automatic range of that value axis holds zero, as marks that start there need it;
+     * by default where a view wants it */
     virtual bool shouldIncludeZero(const KXAxisProperty* property) const;
     /** @return whether an automatic range of that axis gets rounded bounds with headroom; by default not */
     virtual bool calculateSuitableMinMaxIfNumberData(KXAxisProperty* property);
@@ -73,12 +80,14 @@ public:
     /** @return the room of one category along its axis: a slot, or the least distance of a continuous axis */
     double obtainCategorySpacing() const;
     KXAxisChartValueMap obtainValueMap(std::uint64_t series) const;
+    /** @return where marks against one of the value axes are drawn, with the pixels of the device that is
+     * known to show the chart */
+    KXAxisChartPlotFrame obtainPlotFrame(bool isOnSecondaryAxis) const;
+    /** @return where the categories lie on a continuous axis, as of the last reload; empty for slots */
+    const std::vector<double>& getCategoryNumbers() const { return m_categoryNumbers; }
     /** @return the first category that can be seen, and the one after the last. On a continuous axis whose
      * numbers do not grow these are all. */
     std::pair<std::uint64_t, std::uint64_t> obtainVisibleCategories();
-    /** @return the rectangle between two places along the categories and two along the values, in any order
-     */
-    UXDoubleRect obtainPlotRect(double category1, double category2, double value1, double value2) const;
 
     /** The chart's properties by key, for UXPropertyAccessor. */
     static const UXPropertyTable& obtainPropertyTable();
@@ -92,10 +101,20 @@ public:
     void axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, double value,
                                           std::string& text) override;
     std::string obtainValueText(std::uint64_t series, double value) const override;
+    UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t series) override;
 
 protected:
-    /** @return where the categories lie on a continuous axis, as of the last layout; empty for slots */
-    const std::vector<double>& _getCategoryNumbers() const { return m_categoryNumbers; }
+    /** Adds a view in front of those before it. @return it, which the chart keeps */
+    template <class View>
+    View& _addView(std::unique_ptr<View> view)
+    {
+        View& added = *view;
+        _insertView(m_views.size(), std::move(view));
+        return added;
+    }
+    void _insertView(std::size_t place, std::unique_ptr<KXAxisChartDataView> view);
+    void _removeView(const KXAxisChartDataView& view);
+
     double _calculateSuitableRange(double amount, bool forTicks) const;
 
     // From KXAxisChartBase and KXAxisChart
@@ -103,15 +122,28 @@ protected:
     KXAxisChartAxis* _obtainScrolledAxis() const override;
     double _obtainMinCategorySpacing() const override;
     void _axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key) override;
+    void _layoutMarks() override;
+    void _paintMarks(UXPainter& painter) override;
+    void _paintMarkLabels(UXPainter& painter) override;
+    void _customReloadMarks() override;
+    void _customUpdateLooks() override;
+    std::optional<KXAxisChartMark> _hitMark(UXPoint point) const override;
+    UXRect _obtainMarkArea(UXPoint point) const override;
     std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;
     UXPoint _obtainHintPoint(const KXAxisChartMark& mark) override;
+    double _obtainMarkValue(const KXAxisChartMark& mark) const override;
+    void _fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) const override;
+    void _fillHintFooter(UXHintInfo& info, std::uint64_t category) const override;
     void _updateDataRanges() override;
 
 private:
     KXAxisChartAxis& _obtainValueAxis(std::uint64_t series) const;
     bool _wantsContinuous() const;
+    bool _takeNumberRange();
     void _updateCategoryRange();
-    void _updateValueRange(KXAxisChartAxis& axis, const std::vector<std::uint64_t>& series);
+    /** @return whether a view has values on the axis */
+    bool _updateValueRange(KXAxisChartAxis& axis);
+    std::optional<std::uint64_t> _obtainPlacedCategoryAt(UXPoint point) const;
     void _updateDefaultTitles();
     std::string _obtainProposedTitle(const KXAxisChartAxis& axis) const;
     void _placeSides();
@@ -121,9 +153,11 @@ private:
     KXAxisChartAxis& m_x; // the chart's axes
     KXAxisChartAxis& m_y;
     KXAxisChartAxis& m_secondaryY;
+    std::vector<std::unique_ptr<KXAxisChartDataView>> m_views;
     bool m_isContinuous = false;
-    bool m_categoriesGrow = true;  // on a continuous axis: no number is below the one before
-    double m_categoryDistance = 1; // the least one between two of them
+    std::optional<KXValueExtremes> m_numberRange; // of marks that lie at numbers of their own
+    bool m_categoriesGrow = true;                 // on a continuous axis: no number is below the one before
+    double m_categoryDistance = 1;                // the least one between two of them
     std::vector<double> m_categoryNumbers;
     UXPropertyTableBinding m_xyPropertyBinding{*this, obtainPropertyTable()};
 };

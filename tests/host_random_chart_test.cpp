@@ -151,7 +151,7 @@ std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
                 fault = check({i, 0}, labels[i]->getText().substr(caption.size()), true);
         }
     } else if (auto* bars = dynamic_cast<KXBarChart*>(&chart)) {
-        const std::vector<KXBarLabel> labels = bars->getLabels();
+        const std::vector<KXBarLabel> labels = bars->getDataView().getLabels();
         const bool tellsNames = bars->getBarChartProperty()->getLabelDisplayOption() ==
                                 KXAxisChartLabelDisplayOption::Title;
         for (std::size_t i = 0; i < labels.size() && !tellsNames && fault.empty(); ++i)
@@ -191,7 +191,7 @@ std::string findTextOutside(UXObject& object, KXChart& chart)
 /** @return the first label of a bar that lies over another bar, empty where none does */
 std::string findLabelOverBar(const KXBarChart& chart)
 {
-    for (const KXBarLabel& label : chart.getLabels()) {
+    for (const KXBarLabel& label : chart.getDataView().getLabels()) {
         for (const KXBar& bar : chart.getDataView().getBars()) {
             const UXDoubleRect common = uxIntersectionDoubleRect(label.rect, bar.rect);
             if (label.mark != bar.mark && common.width > 0 && common.height > 0)

@@ -20,6 +20,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -28,14 +29,58 @@ constexpr double null = KXAxisChartTestProvider::null;
 using Mark = KXAxisChartMark;
 
 /** Draws a bar per series and category, all of a category's over one another, the first in front. */
-class BarsChart : public KXXYAxisChart {
+class BarsView : public KXAxisChartDataView {
 public:
     struct Bar {
         Mark mark;
         UXDoubleRect rect;
     };
 
+    bool shouldIncludeZero() const override { return true; }
+    double obtainOverhang() const override { return 0.5; }
+    void reload() override { ++reloads; }
+    void layout(const KXAxisChartPlotFrame& frame) override
+    {
+        bars.clear();
+        const KXAxisChartStacks values = _makeStacks();
+        for (std::size_t position = 0; position < values.series.size(); ++position) {
+            for (std::uint64_t category = values.first; category < values.end; ++category) {
+                const double value = values.obtainValue(position, category);
+                const double middle = frame.categories.obtainPosition(values.obtainCategoryValue(category));
+                if (const auto along = frame.placeAlong(0, std::isnan(value) ? 0 : value))
+                    bars.push_back(
+                        {{values.series[position].index, category},
+                         frame.makeRect({middle - frame.spacing / 2, middle + frame.spacing / 2}, *along)});
+            }
+        }
+    }
+    void updateLook() override {}
+    void paint(UXPainter& painter) const override
+    {
+        for (const Bar& bar : bars) {
+            painter.setColor(
+                getChart()->obtainMarkColor(bar.mark, getChart()->obtainSeriesColor(bar.mark.series)));
+            painter.drawRects({&bar.rect, 1});
+        }
+    }
+    UXRect obtainMarkArea(UXPoint) const override { return {100, -50, 100, 150}; }
+    std::optional<Mark> hitMark(UXPoint point) const override
+    {
+        for (const Bar& bar : bars)
+            if (uxPointInDoubleRect(UXDoublePoint(point.x + 0.5, point.y + 0.5), bar.rect))
+                return bar.mark;
+        return std::nullopt;
+    }
+    std::string customSerializeTypeID() override { return "BarsView"; }
+
+    std::vector<Bar> bars;
+    int reloads = 0;
+};
+
+class BarsChart : public KXXYAxisChart {
+public:
     explicit BarsChart(KXAxisChartTestProvider& provider, UXRect rect = {0, 0, 302, 202})
+        : view(_addView(std::make_unique<BarsView>())), bars(view.bars)
     {
         getChartProperty()->setShowLegend(false);
         for (KXAxisProperty* axis : {getXAxisProperty(), getYAxisProperty()}) {
@@ -53,51 +98,16 @@ public:
     /** @return the middle of a mark in the space of the chart's root */
     UXPoint obtainMiddle(const Mark& mark) const
     {
-        for (const Bar& bar : bars)
+        for (const BarsView::Bar& bar : bars)
             if (bar.mark == mark)
                 return translatePoint(
                     UXPoint(uxSaturateToInt(uxMidDoubleX(bar.rect)), uxSaturateToInt(uxMidDoubleY(bar.rect))),
                     getPlot(), nullptr);
         return {-1, -1};
     }
-    bool shouldIncludeZero(const KXAxisProperty*) const override { return true; }
 
-    std::vector<Bar> bars;
-    int reloads = 0;
-
-protected:
-    void _customReloadMarks() override { ++reloads; }
-    void _layoutMarks() override
-    {
-        bars.clear();
-        const KXAxisChartValueMap across = obtainCategoryMap();
-        const double half = obtainCategorySpacing() / 2;
-        const auto [first, end] = obtainVisibleCategories();
-        for (const std::uint64_t series : getShownSeries()) {
-            const KXAxisChartValueMap along = obtainValueMap(series);
-            for (std::uint64_t category = first; category < end; ++category) {
-                const double middle = across.obtainPosition(obtainCategoryValue(category));
-                bars.push_back({{series, category},
-                                obtainPlotRect(middle - half, middle + half, along.obtainPosition(0),
-                                               along.obtainPosition(getValue(series, category)))});
-            }
-        }
-    }
-    void _paintMarks(UXPainter& painter) override
-    {
-        for (const Bar& bar : bars) {
-            painter.setColor(obtainMarkColor(bar.mark, obtainSeriesColor(bar.mark.series)));
-            painter.drawRects({&bar.rect, 1});
-        }
-    }
-    UXRect _obtainMarkArea(UXPoint) const override { return {100, -50, 100, 150}; }
-    std::optional<Mark> _hitMark(UXPoint point) const override
-    {
-        for (const Bar& bar : bars)
-            if (uxPointInDoubleRect(UXDoublePoint(point.x + 0.5, point.y + 0.5), bar.rect))
-                return bar.mark;
-        return std::nullopt;
-    }
+    BarsView& view;
+    const std::vector<BarsView::Bar>& bars;
 };
 
 } // namespace
@@ -521,8 +531,16 @@ TEST(KXAxisChart, AMeasureWithAnAxisToItselfNamesIt)
 {
     class SplitChart : public BarsChart {
     public:
-        using BarsChart::BarsChart;
-        bool isSeriesOnSecondaryAxis(std::uint64_t series) const override { return series > 0; }
+        explicit SplitChart(KXAxisChartTestProvider& provider)
+            : BarsChart(provider), second(_addView(std::make_unique<BarsView>()))
+        {
+            second.updateIsOnSecondaryAxis(true);
+        }
+        KXAxisChartDataView* obtainViewOfSeries(std::uint64_t series) const override
+        {
+            return series > 0 ? &second : &view;
+        }
+        BarsView& second;
     };
     KXAxisChartTestProvider provider;
     for (const auto& [count, first, second] : std::vector<std::tuple<int, std::string, std::string>>{
@@ -541,11 +559,11 @@ TEST(KXAxisChart, ChangesReachTheStepThatTheyTouch)
     provider.values = {{1, 2, 3}, {1, 2, 3}};
     BarsChart chart(provider);
     kxLoad(chart);
-    const int pulled = provider.asked["value"], reloads = chart.reloads;
+    const int pulled = provider.asked["value"], reloads = chart.view.reloads;
     chart.getYAxisProperty()->updateIsStacked(true);
     chart.layout();
     EXPECT_EQ(chart.getYAxis()->getMaxValue(), 6);
-    EXPECT_EQ(chart.reloads, reloads + 1);
+    EXPECT_EQ(chart.view.reloads, reloads + 1);
     chart.getYAxisProperty()->updateAxisAndTickLabelColor(UXColor(1, 2, 3));
     chart.layout();
     EXPECT_EQ(chart.getYAxis()->getColor(), UXColor(1, 2, 3));

@@ -6,6 +6,7 @@
 #include <functional>
 #include <limits>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,7 @@ public:
     KXChartDataProviderHintData hint;
     std::uint64_t memberCount = 0; // of the second dimension, each with a value in the lists
     KXIndexPath redPath;           // of a value whose colour and label the host sets
+    std::optional<std::uint64_t> greenSeries; // whose colour the host sets
     std::function<std::string(std::uint64_t)> categoryText;
     std::function<double(std::uint64_t)> categoryNumber;
     std::function<void(const std::string&)> onCall;
@@ -86,6 +88,12 @@ public:
         if (path == redPath)
             color = UXColor(255, 0, 0);
         return _answer("color", path == redPath);
+    }
+    bool obtainValueDataColorForGroup(KXChartDataUser*, std::uint64_t group, UXColor& color) override
+    {
+        if (group == greenSeries)
+            color = UXColor(0, 255, 0);
+        return _answer("groupColor", group == greenSeries);
     }
     void customizeValueDataLabel(KXChartDataUser*, const KXIndexPath& path, std::string& label,
                                  UXTextProperty&) override

@@ -40,7 +40,7 @@ protected:
 std::string obtainTexts(const KXBarChart& chart)
 {
     std::multiset<std::string> texts;
-    for (const KXBarLabel& label : chart.getLabels())
+    for (const KXBarLabel& label : chart.getDataView().getLabels())
         texts.insert(label.text + " ");
     return std::accumulate(texts.begin(), texts.end(), std::string());
 }
@@ -154,7 +154,8 @@ TEST_F(KXBarChartTest, LabelsBeyondTheLongestBarHaveRoomOrNone)
         chart.layout();
         const KXBar& longest = chart.getDataView().getBars()[1];
         if (height == 300)
-            EXPECT_EQ(chart.getLabels().front().rect.y + 12 + 3, longest.rect.y) << "beyond its end";
+            EXPECT_EQ(chart.getDataView().getLabels().front().rect.y + 12 + 3, longest.rect.y)
+                << "beyond its end";
         else
             EXPECT_EQ(longest.rect.height, without);
     }
@@ -174,7 +175,7 @@ TEST_F(KXBarChartTest, TotalsStandOnTheirSideOrElseOnTheOther)
         load(chart, provider);
         std::vector<bool> above;
         const KXBarPlane& plane = chart.getDataView().getPlane();
-        for (const KXBarLabel& label : chart.getLabels())
+        for (const KXBarLabel& label : chart.getDataView().getLabels())
             above.push_back(label.rect.y < plane.values.obtainPosition(0));
         return above;
     };
@@ -204,7 +205,7 @@ TEST_F(KXBarChartTest, HostMayDoAnythingWhileItIsAsked)
             EXPECT_EQ(!chart, destroys);
             if (chart) {
                 kxLoad(*chart);
-                EXPECT_FALSE(chart->getLabels().empty());
+                EXPECT_FALSE(chart->getDataView().getLabels().empty());
             }
         }
     }

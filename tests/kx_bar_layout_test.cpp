@@ -247,7 +247,7 @@ TEST(KXBarChartDataView, Hits)
         return bar ? std::optional(bar->mark) : std::nullopt;
     };
     using Mark = KXAxisChartMark;
-    view.layout(makeSource(lists, KXAxisChartStacking::Plain), makePlane(90, 30));
+    view.placeBars(makeSource(lists, KXAxisChartStacking::Plain), makePlane(90, 30));
     EXPECT_EQ(hit(10, 40), (Mark{0, 0}));
     EXPECT_EQ(hit(20, 55), (Mark{1, 0}));
     EXPECT_EQ(hit(10, 20), std::nullopt) << "beyond its end";
@@ -258,11 +258,11 @@ TEST(KXBarChartDataView, Hits)
 
     std::vector<double> many(100'000, 1.0);
     many[50'050] = 40;
-    view.layout(makeSource({many}, KXAxisChartStacking::Plain), makePlane(1000, 0.01));
+    view.placeBars(makeSource({many}, KXAxisChartStacking::Plain), makePlane(1000, 0.01));
     EXPECT_EQ(hit(500, 20), (Mark{0, 50'050}));
     EXPECT_EQ(view.findSlot({500, 0})->category, 50'050);
     EXPECT_EQ(view.getBars().size(), 1000);
-    view.clear();
+    view.reload();
     EXPECT_EQ(hit(500, 20), std::nullopt);
 }
 

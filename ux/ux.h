@@ -20,6 +20,7 @@
 #include "ux/ux_control_size.h"
 #include "ux/ux_coordinate_map.h"
 #include "ux/ux_cursor.h"
+#include "ux/ux_device_transform.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_dirty_region.h"

@@ -182,7 +182,9 @@ void UXContext::setActiveDiagram(UXControl* control, UXDiagram* diagram)
     _endPointer(control->m_hasPointer, std::exchange(control->m_activeDiagram, diagram));
     if (!isHere() || control->m_activeDiagram != diagram)
         return;
-    _notify({control}, [](UXControl* shown) { shown->resizeDiagramAlignClient(); });
+    _notify({control}, [](UXControl* shown) { shown->_tellDevice(); });
+    if (self.isAlive() && watcher.isAlive())
+        _notify({control}, [](UXControl* shown) { shown->resizeDiagramAlignClient(); });
     if (self.isAlive() && watcher.isAlive())
         _notify({control}, [diagram](UXControl* shown) { shown->notifyFullScreenDirtyRect(diagram); });
 }

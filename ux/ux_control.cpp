@@ -179,10 +179,20 @@ void UXControl::setDiagramDoubleOriginInControlSpace(const UXDoubleControlPoint&
     _originChanged();
 }
 
+/** The screen's pixels are whole ones, also where the origin lies between two of them. */
+void UXControl::_tellDevice()
+{
+    const double zoom = getZoomRatioWithScalingFactor();
+    const UXControlPoint origin = getDiagramOriginInControlSpace();
+    if (m_activeDiagram)
+        m_activeDiagram->setDeviceTransform(UXTransform{}.translated(origin.x, origin.y).scaled(zoom, zoom));
+}
+
 void UXControl::_originChanged()
 {
     const std::weak_ptr<const bool> life = m_life;
-    if (m_activeDiagram)
+    _tellDevice();
+    if (!life.expired() && m_activeDiagram)
         m_activeDiagram->originDidChange();
     if (!life.expired())
         notifyResetScroller();

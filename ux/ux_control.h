@@ -192,6 +192,7 @@ private:
     void _updateCursor();
     void _zoomStep(double factor, bool keepMousePoint, const UXEvent& event);
     void _setZoomRatioAround(double ratio, const UXDoubleControlPoint& fixedPoint);
+    void _tellDevice();
     void _originChanged();
 
     // Lets those who call the control back notice that it is gone.

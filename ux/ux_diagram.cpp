@@ -1,5 +1,6 @@
 #include "ux/ux_diagram.h"
 
+#include "ux/ux_child_walk.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
 #include "ux/ux_event_dispatch_scope.h"
@@ -11,6 +12,7 @@
 #include "ux/ux_use_case_diagram.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -27,6 +29,25 @@ bool seesEventsOf(const UXDiagram& diagram, const UXDiagram* global)
     return std::ranges::any_of(diagram.getGlobalEventDiagrams(), [global](const UXGlobalEventDiagram* above) {
         return above == global || seesEventsOf(*above, global);
     });
+}
+
+/** @return whether both maps differ by whole pixels alone */
+bool haveSamePixels(const UXTransform& a, const UXTransform& b)
+{
+    const auto isWhole = [](double distance) { return distance == std::round(distance); };
+    return a.xx == b.xx && a.xy == b.xy && a.yx == b.yx && a.yy == b.yy && isWhole(a.dx - b.dx) &&
+           isWhole(a.dy - b.dy);
+}
+
+void requireLayoutOfAll(UXObject& object)
+{
+    const UXObjectWatcher watcher(&object);
+    object.setRequireToVerifyLayout(true);
+    if (!watcher.isAlive())
+        return;
+    UXChildWalk walk(&object);
+    while (UXObject* child = walk.next())
+        requireLayoutOfAll(*child);
 }
 
 } // namespace
@@ -110,6 +131,14 @@ void UXDiagram::paintBackground(UXPaintConfig* config)
     if (painter)
         uxDrawGround(*painter, *this, 0);
     uxDestroyPainter(painter);
+}
+
+void UXDiagram::setDeviceTransform(const UXTransform& toDevice)
+{
+    const bool liesAsBefore = haveSamePixels(m_deviceTransform, toDevice);
+    m_deviceTransform = toDevice;
+    if (!liesAsBefore)
+        requireLayoutOfAll(*this);
 }
 
 void UXDiagram::addDirtyRect(UXRect rect)

@@ -3,6 +3,7 @@
 #include "ux/ux_json_object_watcher.h"
 #include "ux/ux_object.h"
 #include "ux/ux_object_watcher.h"
+#include "ux/ux_transform.h"
 
 class UXContext;
 class UXControl;
@@ -93,6 +94,16 @@ public:
     virtual void zoomRatioWillChange(double zoomRatio);
     virtual void zoomRatioDidChange(double zoomRatio);
 
+    /** @return the map from the diagram's space to the pixels of the device that shows it; the identity until
+     * somebody knows better */
+    const UXTransform& getDeviceTransform() const { return m_deviceTransform; }
+    /**
+     * Says on which pixels the diagram will be painted: what stands on whole pixels is laid out for them. A
+     * control tells the diagram that it shows; who paints without one says so before the layout. Where the
+     * pixels lie as before, nothing happens.
+     */
+    void setDeviceTransform(const UXTransform& toDevice);
+
     // Diagrams that see this one's events before it does
     /** @param diagram stays its owner's; it leaves by itself when it is destroyed. One whose events this one
      * sees itself is refused. */
@@ -127,6 +138,7 @@ private:
     void _forEach(const std::vector<UXObjectWatcher>& candidates,
                   const std::function<void(UXGlobalEventDiagram&)>& act);
 
+    UXTransform m_deviceTransform;
     UXContext* m_context = nullptr;
     UXJsonObjectWatcher m_contextWatcher;
     std::vector<UXGlobalEventDiagram*> m_globalEventDiagrams;

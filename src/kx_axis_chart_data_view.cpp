@@ -1,0 +1,111 @@
+#include "kx_axis_chart_data_view.h"
+
+#include "kx_axis_property.h"
+#include "kx_xy_axis_chart.h"
+#include "ux/ux_symbol_style.h"
+
+#include <algorithm>
+#include <tuple>
+
+KXAxisChartDataView::KXAxisChartDataView() = default;
+KXAxisChartDataView::~KXAxisChartDataView() = default;
+
+void KXAxisChartDataView::updateIsOnSecondaryAxis(bool isOnSecondaryAxis)
+{
+    if (isOnSecondaryAxis == m_isOnSecondaryAxis)
+        return;
+    m_isOnSecondaryAxis = isOnSecondaryAxis;
+    if (m_chart && m_chart->preparedAndReloadedData())
+        m_chart->reloadData();
+}
+
+bool KXAxisChartDataView::canShowSeries() const { return true; }
+bool KXAxisChartDataView::canStack() const { return true; }
+
+KXAxisChartStacking KXAxisChartDataView::obtainStacking() const
+{
+    if (!m_chart || !canStack())
+        return KXAxisChartStacking::Plain;
+    const KXAxisProperty& axis = _getValueAxisProperty();
+    if (!axis.getIsStacked())
+        return KXAxisChartStacking::Plain;
+    return axis.getIs100PercentStacked() ? KXAxisChartStacking::Percentage : KXAxisChartStacking::Stacked;
+}
+
+std::optional<KXAxisChartValueRange> KXAxisChartDataView::obtainValueRange() const
+{
+    if (m_shownSeries.empty())
+        return std::nullopt;
+    KXAxisChartValueRange range = m_chart->obtainValueRange(m_shownSeries,
+                                                            m_chart->obtainShownCategoryCount());
+    if (!canStack()) {
+        range.stackedMin = std::min(range.min, 0.0);
+        range.stackedMax = std::max(range.max, 0.0);
+    }
+    return range;
+}
+
+std::optional<KXValueExtremes> KXAxisChartDataView::obtainNumberRange() const { return std::nullopt; }
+bool KXAxisChartDataView::shouldIncludeZero() const { return false; }
+double KXAxisChartDataView::obtainMinCategorySpacing() const { return 0; }
+double KXAxisChartDataView::obtainOverhang() const { return 0; }
+double KXAxisChartDataView::obtainExtraLength() const { return 0; }
+void KXAxisChartDataView::reload() {}
+std::vector<KXAxisChartMark> KXAxisChartDataView::obtainSingleMarks() const { return {}; }
+void KXAxisChartDataView::layoutLabels() {}
+void KXAxisChartDataView::paintLabels(UXPainter&) const {}
+std::optional<KXAxisChartMark> KXAxisChartDataView::hitMark(UXPoint) const { return std::nullopt; }
+UXRect KXAxisChartDataView::obtainMarkArea(UXPoint) const { return {}; }
+std::optional<std::uint64_t> KXAxisChartDataView::obtainCategoryAt(UXPoint) const { return std::nullopt; }
+
+std::optional<UXPoint> KXAxisChartDataView::obtainHintPoint(const KXAxisChartMark&) const
+{
+    return std::nullopt;
+}
+
+double KXAxisChartDataView::obtainValue(const KXAxisChartMark& mark) const
+{
+    return m_chart->getValue(mark.series, mark.category);
+}
+
+void KXAxisChartDataView::fillHintRow(UXHintRowInfo&, const KXAxisChartMark&) {}
+void KXAxisChartDataView::fillHintFooter(UXHintInfo&, std::uint64_t) {}
+
+std::optional<UXSymbolStyle> KXAxisChartDataView::obtainLegendSymbolStyle(std::uint64_t) const
+{
+    return std::nullopt;
+}
+
+void KXAxisChartDataView::customSerialize() { serializeBool("m_isOnSecondaryAxis", m_isOnSecondaryAxis); }
+
+bool KXAxisChartDataView::customDeserialize()
+{
+    return deserializeBool("m_isOnSecondaryAxis", m_isOnSecondaryAxis);
+}
+
+KXAxisChartStacks KXAxisChartDataView::_makeStacks() const
+{
+    KXAxisChartStacks stacks;
+    for (const std::uint64_t series : m_shownSeries)
+        stacks.series.push_back({series, m_chart->getSeriesValues(series)});
+    stacks.form = obtainStacking();
+    stacks.categoryNumbers = m_chart->getCategoryNumbers();
+    std::tie(stacks.first, stacks.end) = m_chart->obtainVisibleCategories();
+    return stacks;
+}
+
+bool KXAxisChartDataView::_areLent(const KXAxisChartStacks& stacks) const
+{
+    const std::vector<double>& numbers = m_chart->getCategoryNumbers();
+    if (stacks.categoryNumbers.data() != numbers.data() || stacks.categoryNumbers.size() != numbers.size())
+        return false;
+    return std::ranges::all_of(stacks.series, [this](const KXAxisChartStacks::Series& series) {
+        const std::vector<double>& values = m_chart->getSeriesValues(series.index);
+        return values.data() == series.values.data() && values.size() == series.values.size();
+    });
+}
+
+KXAxisProperty& KXAxisChartDataView::_getValueAxisProperty() const
+{
+    return m_isOnSecondaryAxis ? *m_chart->getSecondaryYAxisProperty() : *m_chart->getYAxisProperty();
+}

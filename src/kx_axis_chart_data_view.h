@@ -1,0 +1,130 @@
+#pragma once
+
+#include "kx_axis_chart_data_user.h"
+#include "kx_axis_chart_mark.h"
+#include "kx_axis_chart_plot_frame.h"
+#include "kx_axis_chart_stacks.h"
+#include "kx_export.h"
+#include "kx_value_extremes.h"
+#include "ux/ux_json_object.h"
+#include "ux/ux_point.h"
+#include "ux/ux_rect.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+class KXAxisProperty;
+class KXXYAxisChart;
+class UXPainter;
+enum class UXSymbolStyle : int;
+struct UXHintInfo;
+struct UXHintRowInfo;
+
+/**
+ * One sort of marks of an axis chart: bars, lines, points. It draws some series of the chart against one of
+ * the value axes, and says what it needs of the axes for that. The chart keeps its views in the order in
+ * which they are painted and has them do each step, one after the other:
+ *
+ *     reload              records of the data, which ranges are made of
+ *     layout              the marks that can be seen, in the plot's space
+ *     updateLook          their colours; alone where nothing but colours changed
+ *     layoutLabels        texts beside the marks
+ *     paint, paintLabels  read what the steps before have made
+ *
+ * Hits and hints read the same. A view of a new kind answers layout, updateLook and paint, and whatever else
+ * is not as it is here.
+ */
+class KX_EXPORT KXAxisChartDataView : public UXJsonObject {
+public:
+    KXAxisChartDataView();
+    ~KXAxisChartDataView() override;
+
+    // Place
+    /** @return the chart that keeps the view, null for none yet */
+    KXXYAxisChart* getChart() const { return m_chart; }
+    bool getIsOnSecondaryAxis() const { return m_isOnSecondaryAxis; }
+    /** Has the values told by the second value axis, or by the first. Data that are shown are reloaded. */
+    void updateIsOnSecondaryAxis(bool isOnSecondaryAxis);
+    /** @return the series that the view draws, in their order; hidden ones are left out */
+    const std::vector<std::uint64_t>& getShownSeries() const { return m_shownSeries; }
+
+    // What it is about
+    /** @return whether series are shown by views of this kind; what stands for itself says no */
+    virtual bool canShowSeries() const;
+    /** @return whether the series pile up where the value axis is stacked; by default they do */
+    virtual bool canStack() const;
+    /** @return how the series stand to each other on their value axis */
+    KXAxisChartStacking obtainStacking() const;
+
+    // What it needs of the axes
+    /** @return what the value axis has to hold, by default the values of the series and their sums; none
+     * where nothing is shown */
+    virtual std::optional<KXAxisChartValueRange> obtainValueRange() const;
+    /** @return what the X axis has to hold where marks lie at numbers of their own along it; by default none:
+     * marks belong to categories */
+    virtual std::optional<KXValueExtremes> obtainNumberRange() const;
+    /** @return whether an automatic range of the value axis holds zero, where the marks start; by default not
+     */
+    virtual bool shouldIncludeZero() const;
+    /** @return the room of a category along its axis below which the chart scrolls instead, in logical units;
+     * 0 for any */
+    virtual double obtainMinCategorySpacing() const;
+    /** @return what the marks at the ends of a continuous axis reach over their numbers, as a part of the
+     * least distance of two categories; by default nothing */
+    virtual double obtainOverhang() const;
+    /** @return the room beyond the furthest mark along the value axis, in logical units, beside what the axis
+     * leaves there anyway; by default none */
+    virtual double obtainExtraLength() const;
+
+    // Steps
+    /** Forgets what was made of the data; there are others now, or other series are shown. */
+    virtual void reload();
+    /** Places the marks that can be seen. Nothing lies outside of the frame's area. */
+    virtual void layout(const KXAxisChartPlotFrame& frame) = 0;
+    /** @return the marks that are drawn one by one, each of which the host may give a colour; by default none
+     */
+    virtual std::vector<KXAxisChartMark> obtainSingleMarks() const;
+    /** Decides the colours of what was placed. Asks nobody. */
+    virtual void updateLook() = 0;
+    /** Places the labels. The host may be asked for their texts, and may destroy the chart, and this. */
+    virtual void layoutLabels();
+    virtual void paint(UXPainter& painter) const = 0;
+    virtual void paintLabels(UXPainter& painter) const;
+
+    // Under the pointer, in the plot's space
+    virtual std::optional<KXAxisChartMark> hitMark(UXPoint point) const;
+    /** @return what a hint at point keeps off, empty for nothing */
+    virtual UXRect obtainMarkArea(UXPoint point) const;
+    /** @return the category that a hint at point is about where that is not the one whose room it is in */
+    virtual std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const;
+    /** @return where the hint of a mark stands; none for the middle of the category at the mark's value */
+    virtual std::optional<UXPoint> obtainHintPoint(const KXAxisChartMark& mark) const;
+    /** @return the value of a mark as hints tell it, NaN where it has none; by default that of the data */
+    virtual double obtainValue(const KXAxisChartMark& mark) const;
+    /** Says what the row of a mark that has a value tells otherwise than by series and value. */
+    virtual void fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark);
+    /** Adds what a hint tells below the rows of its series. */
+    virtual void fillHintFooter(UXHintInfo& info, std::uint64_t category);
+    /** @return the symbol of a series in the legend and in hints; none for the legend's own */
+    virtual std::optional<UXSymbolStyle> obtainLegendSymbolStyle(std::uint64_t series) const;
+
+    // From UXJsonObject
+    void customSerialize() override;
+    bool customDeserialize() override;
+
+protected:
+    /** @return the values of the shown series, lent until the chart's data are replaced */
+    KXAxisChartStacks _makeStacks() const;
+    /** @return whether the values of stacks are still there: a host that is asked may replace them */
+    bool _areLent(const KXAxisChartStacks& stacks) const;
+    KXAxisProperty& _getValueAxisProperty() const;
+
+private:
+    friend class KXXYAxisChart;
+
+    KXXYAxisChart* m_chart = nullptr; // which owns this
+    std::vector<std::uint64_t> m_shownSeries;
+    bool m_isOnSecondaryAxis = false;
+};

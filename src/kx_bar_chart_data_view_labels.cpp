@@ -1,0 +1,195 @@
+#include "kx_bar_chart_data_view.h"
+
+#include "kx_axis_property.h"
+#include "kx_bar_chart_property.h"
+#include "kx_xy_axis_chart.h"
+#include "ux/ux_layout_helper.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_virtual_scroll_view.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr double whole = 100;
+/** Between a bar's end and the end of the area, beside the label, in logical units. */
+constexpr double labelMargin = 6;
+/** Labels and titles leave the axis at least about this part of the plot. */
+constexpr double leastAxisShare = 0.75;
+/** Labels that need a larger part of the axis are worth less than the bars that they shorten. */
+constexpr double greatestRoomShare = 0.15;
+
+} // namespace
+
+/** What the label beyond the longest bar needs in addition to the room that the axis leaves there, 0 where
+ * that is too much. */
+double KXBarChartDataView::obtainExtraLength() const
+{
+    const KXAxisChartStacking form = obtainStacking();
+    const bool hasLabels = form == KXAxisChartStacking::Plain && m_property->getShowLabels() &&
+                           m_property->getLabelPosition() == KXBarLabelPosition::Outside;
+    const bool hasTotals = form == KXAxisChartStacking::Stacked && m_property->getShowTotals();
+    const KXXYAxisChart& chart = *getChart();
+    const KXAxisChartAxisCacheData* axis = chart.obtainAxisCacheData(&_getValueAxisProperty());
+    if ((!hasLabels && !hasTotals) || !axis || getShownSeries().empty() ||
+        !_getValueAxisProperty().getAutoAxisRange())
+        return 0;
+    const double highest = hasTotals ? axis->stackedMax : axis->dataMax;
+    const double span = axis->axisMax - axis->axisMin;
+    if (!(highest > 0) || !(span > 0) || !std::isfinite(span))
+        return 0;
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    const UXDoubleSize text = helper->getTextSize(chart.obtainValueText(getShownSeries().front(), highest),
+                                                  hasTotals ? m_property->getTotalProperty()
+                                                            : m_property->getLabelProperty());
+    const UXRect plot = chart.getPlot()->getRect();
+    const double length = leastAxisShare * (chart.isVertical() ? plot.height : plot.width);
+    const double wanted = labelMargin + std::ceil(chart.isVertical() ? text.height : text.width);
+    const double missing = std::max(wanted - length * ((axis->axisMax - highest) / span), 0.0);
+    return missing <= greatestRoomShare * length ? missing : 0;
+}
+
+/** Totals have the first choice, then the extremes of each series, then all others from the start on. */
+void KXBarChartDataView::layoutLabels()
+{
+    m_labels.clear();
+    if (isDense() || (!m_property->getShowLabels() && !m_property->getShowTotals()))
+        return;
+    const UXObjectWatcher chart(getChart());
+    const KXAxisChartStacks source = _makeStacks();
+    if (source.series.empty())
+        return;
+    LabelWishes wishes;
+    if (m_property->getShowTotals() && source.form == KXAxisChartStacking::Stacked)
+        _wishTotals(source, wishes);
+    if (m_property->getShowLabels())
+        for (const bool extremes : {true, false})
+            if (!_wishBarLabels(source, wishes, extremes) || !chart.isAlive())
+                return;
+    _placeLabels(wishes);
+}
+
+void KXBarChartDataView::_wishTotals(const KXAxisChartStacks& source, LabelWishes& wishes) const
+{
+    const std::vector<KXBarSlot>& slots = getSlots();
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const double total = source.obtainTotal(slots[i].category);
+        wishes.totals.push_back({i, total, getChart()->obtainValueText(source.series.front().index, total)});
+    }
+}
+
+/** @return false where the host destroyed the chart, replaced its data or had it laid out anew */
+bool KXBarChartDataView::_wishBarLabels(const KXAxisChartStacks& source, LabelWishes& wishes, bool extremes)
+{
+    const KXAxisChartValueOption option = m_property->getLabelValueOption();
+    for (std::size_t i = 0; i < getBars().size(); ++i) {
+        const KXAxisChartMark mark = getBars()[i].mark;
+        const auto found = std::ranges::find(source.series, mark.series, &KXAxisChartStacks::Series::index);
+        if (found == source.series.end())
+            return false;
+        const auto position = static_cast<std::size_t>(found - source.series.begin());
+        const KXBarSeriesFacts& facts = _obtainFacts(source, position);
+        const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
+        if (isExtreme != extremes || !kxIsBarLabelled(option, facts, found->values, mark.category))
+            continue;
+        if (!_wishBarLabel(source, i, position, isExtreme, wishes))
+            return false;
+    }
+    return true;
+}
+
+bool KXBarChartDataView::_wishBarLabel(const KXAxisChartStacks& source, std::size_t index,
+                                       std::size_t position, bool isExtreme, LabelWishes& wishes)
+{
+    const UXObjectWatcher chart(getChart());
+    const KXBar bar = getBars()[index];
+    KXBarLabelPlacer::Wish wish;
+    wish.text = _obtainLabelText(source, bar, position);
+    if (!chart.isAlive())
+        return false;
+    wish.property = m_property->getLabelProperty();
+    wish.barColor = m_barColors[index];
+    wish.isExtreme = isExtreme;
+    wish.canStandOutside = source.form == KXAxisChartStacking::Plain || source.series.size() == 1;
+    const UXColor usualColor = wish.property.textColor;
+    if (!getChart()->customizeMarkLabel(bar.mark, wish.text, wish.property))
+        return false;
+    if (!_areLent(source) || index >= getBars().size() || getBars()[index].mark != bar.mark)
+        return false;
+    wish.hasOwnColor = wish.property.textColor != usualColor;
+    wishes.labels.push_back({index, std::move(wish)});
+    return true;
+}
+
+void KXBarChartDataView::_placeLabels(const LabelWishes& wishes)
+{
+    KXBarLabelPlacer placer(*this, {m_property->getLabelPosition(), m_property->getLabelOverflow(),
+                                    m_property->getAutoLabelColor()});
+    for (const LabelWishes::Total& total : wishes.totals)
+        placer.placeTotal(getSlots()[total.slot], total.value, total.text, m_property->getTotalProperty());
+    for (const LabelWishes::Label& label : wishes.labels)
+        placer.place(getBars()[label.bar], label.wish);
+    m_labels = placer.takeLabels();
+}
+
+const KXBarSeriesFacts& KXBarChartDataView::_obtainFacts(const KXAxisChartStacks& source,
+                                                         std::size_t position)
+{
+    if (m_facts.size() != source.series.size()) {
+        m_facts.clear();
+        for (const KXAxisChartStacks::Series& series : source.series) {
+            const std::size_t count = std::min<std::size_t>(series.values.size(),
+                                                            getChart()->obtainShownCategoryCount());
+            m_facts.push_back(kxObtainBarSeriesFacts(series.values.first(count)));
+        }
+    }
+    return m_facts[position];
+}
+
+/** @return the part that a bar has of its stack, or of all values of its series where it stands alone */
+double KXBarChartDataView::_obtainPercentage(const KXAxisChartStacks& source, const KXAxisChartMark& mark,
+                                             std::size_t position)
+{
+    const double all = source.form == KXAxisChartStacking::Plain ? _obtainFacts(source, position).magnitude
+                                                                 : source.obtainMagnitude(mark.category);
+    return all > 0 ? whole * (std::abs(source.obtainValue(position, mark.category)) / all) : 0;
+}
+
+/** @return whether bars are about their parts, by their form or by what their labels say */
+bool KXBarChartDataView::_tellsPercentages() const
+{
+    const KXAxisChartLabelDisplayOption option = m_property->getLabelDisplayOption();
+    return obtainStacking() == KXAxisChartStacking::Percentage ||
+           option == KXAxisChartLabelDisplayOption::PercentageOnly ||
+           option == KXAxisChartLabelDisplayOption::ValueAndPercentage;
+}
+
+std::string KXBarChartDataView::_obtainLabelText(const KXAxisChartStacks& source, const KXBar& bar,
+                                                 std::size_t position)
+{
+    switch (m_property->getLabelDisplayOption()) {
+    case KXAxisChartLabelDisplayOption::ValueOnly:
+        break;
+    case KXAxisChartLabelDisplayOption::PercentageOnly:
+        return getChart()->formatPercentage(_obtainPercentage(source, bar.mark, position));
+    case KXAxisChartLabelDisplayOption::ValueAndPercentage:
+        return getChart()->obtainValueText(bar.mark.series, bar.value) + " (" +
+               getChart()->formatPercentage(_obtainPercentage(source, bar.mark, position)) + ")";
+    case KXAxisChartLabelDisplayOption::Title:
+        return getChart()->getSeriesCount() > 1 ? getChart()->getSeriesLabel(bar.mark.series)
+                                                : getChart()->obtainCategoryLabel(bar.mark.category);
+    }
+    return getChart()->obtainValueText(bar.mark.series, bar.value);
+}
+
+void KXBarChartDataView::paintLabels(UXPainter& painter) const
+{
+    for (const KXBarLabel& label : m_labels) {
+        UXTextProperty property = label.property;
+        property.textColor = getChart()->obtainTextColor(label.mark, property.textColor);
+        painter.drawText(label.text, label.rect, property);
+    }
+}

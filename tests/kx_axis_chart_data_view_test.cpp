@@ -1,0 +1,305 @@
+#include "kx_axis_chart_data_view.h"
+
+#include "kx_axis.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_chart_test_provider.h"
+#include "kx_axis_property.h"
+#include "kx_bar_chart_data_view.h"
+#include "kx_json_object_factory.h"
+#include "kx_load_chart.h"
+#include "kx_test_input.h"
+#include "kx_xy_axis_chart.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_virtual_scroll_view.h"
+#include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Mark = KXAxisChartMark;
+
+/** Lines of points, with the value at each point. */
+class LineView : public KXAxisChartDataView {
+public:
+    struct Point {
+        Mark mark;
+        double value;
+        UXDoublePoint place;
+    };
+
+    void layout(const KXAxisChartPlotFrame& frame) override
+    {
+        points.clear();
+        const KXAxisChartStacks values = _makeStacks();
+        std::vector<KXAxisChartStackPiece> pieces;
+        for (std::uint64_t category = values.first; category < values.end; ++category) {
+            values.obtainPieces(category, pieces);
+            const double across = frame.categories.obtainPosition(values.obtainCategoryValue(category));
+            for (const KXAxisChartStackPiece& piece : pieces)
+                points.push_back({{values.series[piece.position].index, category},
+                                  piece.value,
+                                  frame.makePoint(across, frame.values.obtainPosition(piece.to))});
+        }
+    }
+    void updateLook() override
+    {
+        colors.clear();
+        for (const std::uint64_t series : getShownSeries())
+            colors.push_back(getChart()->obtainSeriesColor(series));
+    }
+    void layoutLabels() override
+    {
+        labels.clear();
+        for (const Point& point : std::vector<Point>(points)) {
+            std::string text = getChart()->obtainValueText(point.mark.series, point.value);
+            UXTextProperty property;
+            if (!getChart()->customizeMarkLabel(point.mark, text, property))
+                return;
+            labels.push_back(text);
+        }
+    }
+    void paint(UXPainter& painter) const override
+    {
+        for (std::size_t i = 0; i < colors.size(); ++i) {
+            painter.setColor(getChart()->obtainMarkColor({getShownSeries()[i], 0}, colors[i]));
+            bool isFirst = true;
+            for (const Point& point : points)
+                if (point.mark.series == getShownSeries()[i])
+                    std::exchange(isFirst, false) ? painter.setStartPoint(point.place.x, point.place.y)
+                                                  : painter.addLinePath(point.place.x, point.place.y);
+            painter.stroke();
+        }
+    }
+    void paintLabels(UXPainter& painter) const override
+    {
+        for (std::size_t i = 0; i < labels.size(); ++i)
+            painter.drawText(labels[i], {points[i].place.x, points[i].place.y - 14, 40, 14}, {});
+    }
+    std::optional<Mark> hitMark(UXPoint at) const override
+    {
+        for (const Point& point : points)
+            if (std::hypot(point.place.x - at.x, point.place.y - at.y) < 6)
+                return point.mark;
+        return std::nullopt;
+    }
+    std::optional<UXSymbolStyle> obtainLegendSymbolStyle(std::uint64_t) const override
+    {
+        return UXSymbolStyle::Line;
+    }
+    std::string customSerializeTypeID() override { return "LineView"; }
+
+    std::vector<Point> points;
+    std::vector<UXColor> colors;
+    std::vector<std::string> labels;
+};
+
+class LineChart : public KXXYAxisChart {
+public:
+    LineView& view = _addView(std::make_unique<LineView>());
+};
+
+/** Steps from one running total to the next, and the last total from zero on. */
+class WaterfallView : public KXAxisChartDataView {
+public:
+    void reload() override
+    {
+        totals = {0};
+        for (std::uint64_t i = 0; !getShownSeries().empty() && i < getChart()->getCategoryCount(); ++i)
+            totals.push_back(totals.back() + getChart()->getValue(getShownSeries()[0], i));
+    }
+    std::optional<KXAxisChartValueRange> obtainValueRange() const override
+    {
+        const KXValueExtremes range = kxFindValueExtremes(totals);
+        return KXAxisChartValueRange{range.min, range.max, range.min, range.max};
+    }
+    void layout(const KXAxisChartPlotFrame& frame) override
+    {
+        steps.clear();
+        const auto [first, end] = getChart()->obtainVisibleCategories();
+        for (std::uint64_t i = first; i < end; ++i) {
+            const bool isTotal = i + 1 == totals.size();
+            const double middle = frame.categories.obtainPosition(static_cast<double>(i));
+            if (const auto along = frame.placeAlong(isTotal ? 0 : totals[i], totals[isTotal ? i : i + 1]))
+                steps.push_back({{0, i}, frame.makeRect({middle - 10, middle + 10}, *along)});
+        }
+    }
+    void updateLook() override {}
+    void paint(UXPainter& painter) const override
+    {
+        for (const auto& [mark, rect] : steps) {
+            const UXColor color = obtainValue(mark) < 0 ? UXColor(200, 0, 0) : UXColor(0, 120, 0);
+            painter.setColor(getChart()->obtainMarkColor(mark, color));
+            painter.drawRects({&rect, 1});
+        }
+    }
+    void paintLabels(UXPainter& painter) const override
+    {
+        for (const auto& [mark, rect] : steps)
+            painter.drawText((obtainValue(mark) > 0 ? "+" : "") +
+                                 getChart()->obtainValueText(0, obtainValue(mark)),
+                             rect, {});
+    }
+    std::optional<Mark> hitMark(UXPoint point) const override
+    {
+        for (const auto& [mark, rect] : steps)
+            if (uxPointInDoubleRect(UXDoublePoint(point.x, point.y), rect))
+                return mark;
+        return std::nullopt;
+    }
+    double obtainValue(const Mark& mark) const override
+    {
+        const std::uint64_t i = mark.category;
+        return i + 1 < totals.size() ? totals[i + 1] - totals[i] : totals.back();
+    }
+    void fillHintFooter(UXHintInfo& info, std::uint64_t category) override
+    {
+        const double after = totals[std::min<std::size_t>(category + 1, totals.size() - 1)];
+        info.addFooterRow(UXColor(), UXSymbolStyle::Rectangle, "After",
+                          getChart()->obtainValueText(0, after));
+    }
+    bool shouldIncludeZero() const override { return true; }
+    std::string customSerializeTypeID() override { return "WaterfallView"; }
+
+    std::vector<double> totals;
+    std::vector<std::pair<Mark, UXDoubleRect>> steps;
+};
+
+class WaterfallChart : public KXXYAxisChart {
+public:
+    std::uint64_t obtainShownCategoryCount() const override
+    {
+        const std::uint64_t count = KXXYAxisChart::obtainShownCategoryCount();
+        return count > 0 ? count + 1 : 0;
+    }
+    std::string obtainCategoryLabel(std::uint64_t category) override
+    {
+        return category == getCategoryCount() ? "Total" : KXXYAxisChart::obtainCategoryLabel(category);
+    }
+    WaterfallView& view = _addView(std::make_unique<WaterfallView>());
+};
+
+/** The first series as bars, the others as lines, which may have an axis of their own. */
+class CombinedChart : public KXXYAxisChart {
+public:
+    KXAxisChartDataView* obtainViewOfSeries(std::uint64_t series) const override
+    {
+        return series == 0 ? static_cast<KXAxisChartDataView*>(&bars) : &lines;
+    }
+    KXBarChartDataView& bars = _addView(std::make_unique<KXBarChartDataView>());
+    LineView& lines = _addView(std::make_unique<LineView>());
+};
+
+UXPoint toChart(const KXXYAxisChart& chart, const UXDoublePoint& place)
+{
+    return chart.translatePoint(UXPoint(static_cast<int>(place.x), static_cast<int>(place.y)),
+                                chart.getPlot(), nullptr);
+}
+
+UXDoublePoint obtainMiddle(const UXDoubleRect& rect) { return {uxMidDoubleX(rect), uxMidDoubleY(rect)}; }
+
+bool shows(KXXYAxisChart& chart, std::initializer_list<const char*> texts)
+{
+    const std::string painted = uxPaintToText(chart);
+    return std::ranges::all_of(texts, [&](const char* text) {
+        const bool isThere = painted.find("\"" + std::string(text) + "\"") != std::string::npos;
+        EXPECT_TRUE(isThere) << text;
+        return isThere;
+    });
+}
+
+/** Each place of the value axis and each orientation. */
+class KXAxisChartDataViewTest : public testing::TestWithParam<std::tuple<bool, bool>> {
+protected:
+    template <class Chart>
+    void load(Chart& chart, KXAxisChartDataView& view)
+    {
+        const auto [isHorizontal, isSecondary] = GetParam();
+        if (isHorizontal)
+            chart.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
+        view.updateIsOnSecondaryAxis(isSecondary);
+        kxLoad(chart, provider, {0, 0, 600, 400});
+        EXPECT_EQ(chart.isSeriesOnSecondaryAxis(chart.getShownSeries().back()), isSecondary);
+    }
+    const UXFixedMeasurer measurer;
+    KXAxisChartTestProvider provider;
+};
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Frames, KXAxisChartDataViewTest, testing::Combine(testing::Bool(), testing::Bool()));
+
+TEST_P(KXAxisChartDataViewTest, ALineHasAxesLegendHintHighlightAndLabels)
+{
+    provider.values = {{10, 25, 40}, {30, 20, 10}};
+    LineChart chart;
+    load(chart, chart.view);
+    EXPECT_TRUE(shows(chart, {"c0", "c2", "25", "30", "s1", "40"}));
+    EXPECT_EQ(chart.obtainLegendSymbolStyle(1), UXSymbolStyle::Line);
+    KXTestInput{chart}.move(toChart(chart, chart.view.points[2].place));
+    EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 1}));
+    EXPECT_EQ(chart.getHintInfo().rows.at(0).value, "25");
+    EXPECT_LT(chart.obtainMarkColor({1, 1}, UXColor()).alpha, 1);
+
+    KXAxisProperty& axis = std::get<1>(GetParam()) ? *chart.getSecondaryYAxisProperty()
+                                                   : *chart.getYAxisProperty();
+    axis.updateIsStacked(true);
+    chart.layout();
+    const UXDoublePoint place = chart.view.points[1].place;
+    EXPECT_EQ(chart.isVertical() ? place.y : place.x, chart.obtainValueMap(1).obtainPosition(30 + 10));
+}
+
+TEST_P(KXAxisChartDataViewTest, AWaterfallStandsOnItsRunningTotals)
+{
+    provider.values = {{20, -5, 10}};
+    WaterfallChart chart;
+    load(chart, chart.view);
+    EXPECT_TRUE(shows(chart, {"Total", "+20", "-5", "+10", "+25"}));
+    const KXAxis& axis = std::get<1>(GetParam()) ? *chart.getSecondaryYAxis() : *chart.getYAxis();
+    EXPECT_EQ(axis.getMaxValue(), 25);
+    KXTestInput{chart}.move(toChart(chart, obtainMiddle(chart.view.steps.at(3).second)));
+    EXPECT_EQ(chart.getHintInfo().title, "Total");
+    EXPECT_EQ(chart.getHintInfo().rows.at(0).value, "25");
+    EXPECT_EQ(chart.getHintInfo().footerRows.at(0).value, "25");
+}
+
+TEST_P(KXAxisChartDataViewTest, BarsAndLinesShareACategoryAxis)
+{
+    provider.values = {{10, 20, 30}, {300, 200, 100}};
+    CombinedChart chart;
+    load(chart, chart.lines);
+    const bool isSecondary = std::get<1>(GetParam());
+    EXPECT_EQ(chart.getYAxis()->getMaxValue(), isSecondary ? 30 : 300);
+    EXPECT_TRUE(shows(chart, {"c1", "s0", "s1", "300", isSecondary ? "30" : "150"}));
+    KXTestInput{chart}.move(toChart(chart, chart.lines.points[1].place));
+    EXPECT_EQ(chart.getHoveredMark(), (Mark{1, 1})) << "in front of the bars";
+    EXPECT_EQ(chart.getHintInfo().rows.size(), 2);
+    KXTestInput{chart}.move(toChart(chart, obtainMiddle(chart.bars.getBars()[0].rect)));
+    EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 0}));
+    chart.setSeriesShown(1, false);
+    chart.layout();
+    EXPECT_TRUE(chart.lines.points.empty());
+    EXPECT_EQ(chart.getYAxis()->getMaxValue(), 30);
+}
+
+TEST(KXAxisChartDataView, TheFactoryMakesOneThatIsReadBack)
+{
+    KXBarChartDataView view;
+    view.updateIsOnSecondaryAxis(true);
+    KXJsonObjectFactory factory;
+    const std::unique_ptr<UXJsonObject> made(factory.create("KXBarChartDataView"));
+    ASSERT_TRUE(made);
+    EXPECT_TRUE(made->deserialize(view.serialize(), &factory));
+    EXPECT_EQ(made->serialize(), view.serialize());
+}
