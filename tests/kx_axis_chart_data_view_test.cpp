@@ -281,7 +281,7 @@ TEST_P(KXAxisChartDataViewTest, BarsAndLinesShareACategoryAxis)
     load(chart, chart.lines);
     const bool isSecondary = std::get<1>(GetParam());
     EXPECT_EQ(chart.getYAxis()->getMaxValue(), isSecondary ? 30 : 300);
-    EXPECT_TRUE(shows(chart, {"c1", "s0", "s1", "300", isSecondary ? "30" : "150"}));
+    EXPECT_TRUE(shows(chart, {"c1", "s0", "s1", "300", isSecondary ? "30" : "200"}));
     KXTestInput{chart}.move(toChart(chart, chart.lines.points[1].place));
     EXPECT_EQ(chart.getHoveredMark(), (Mark{1, 1})) << "in front of the bars";
     EXPECT_EQ(chart.getHintInfo().rows.size(), 2);
