@@ -5,11 +5,9 @@
 #include "kx_chart.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_pdf_paint_config.h"
-#include "ux/ux_diagram.h"
 #include "ux/ux_double_size.h"
-#include "ux/ux_painter.h"
+#include "ux/ux_paint_picture.h"
 #include "ux/ux_recording_paint_config.h"
-#include "ux/ux_rect_functions.h"
 #include "ux/ux_svg_paint_config.h"
 #include "whole_file.h"
 
@@ -66,20 +64,7 @@ void writeSvg(KXChart& chart, const PictureSetting& setting, const std::string& 
 
 void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& config)
 {
-    if (UXPainter* painter = uxCreatePainter(&config)) {
-        painter->setColor(setting.ground);
-        painter->addRectanglePath(0, 0, setting.size.width, setting.size.height);
-        painter->fill();
-        uxDestroyPainter(painter);
-    }
-    // The chart stands on a diagram, inside the margin, and leaves it again.
-    UXDiagram diagram;
-    diagram.setRect(UXRect(0, 0, setting.size.width, setting.size.height));
-    diagram.addChild(&chart);
-    chart.setAlign(UXAlign::None);
-    chart.setRect(uxInflateRect(diagram.getBoundingRect(), -setting.margin, -setting.margin));
-    diagram.layout();
-    diagram.paint(&config, diagram.getBoundingRect());
+    uxPaintPicture(chart, config, {setting.size, setting.margin, setting.ground});
 }
 
 PictureFormat obtainPictureFormat(const std::string& path)

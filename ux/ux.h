@@ -82,6 +82,7 @@
 #include "ux/ux_paint_config.h"
 #include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_paint_function.h"
+#include "ux/ux_paint_picture.h"
 #include "ux/ux_paint_styles.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
