@@ -263,15 +263,11 @@ void KXBarChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category
 }
 
 /** Bars are laid out for the device that is known to show the chart; on any other they move to its pixels. */
-UXDoubleRect KXBarChartDataView::_obtainDrawnRect(const KXBar& bar, const KXAxisChartPlotFrame& device) const
-{
-    return isDense() || device.hasSamePixels(m_plane) ? bar.rect : device.snapAcross(bar.rect);
-}
-
 void KXBarChartDataView::paint(UXPainter& painter) const
 {
     KXAxisChartPlotFrame device = m_plane;
     device.takePixels(painter.getDeviceTransform());
+    const bool moves = !isDense() && !device.hasSamePixels(m_plane);
     std::vector<std::pair<UXColor, std::vector<UXDoubleRect>>> batches;
     const auto drawAll = [&] {
         for (const auto& [color, rects] : batches) {
@@ -288,7 +284,7 @@ void KXBarChartDataView::paint(UXPainter& painter) const
         KXAxisChartMarkLook look{m_barColors[i]};
         if (isHighlighting)
             look = getChart()->obtainMarkLook(bar.mark, m_barColors[i]);
-        const UXDoubleRect rect = _obtainDrawnRect(bar, device);
+        const UXDoubleRect rect = moves ? device.snapAcross(bar.rect) : bar.rect;
         if (look.standsOut()) {
             standingOut.emplace_back(rect, look);
             continue;

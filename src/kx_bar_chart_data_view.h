@@ -100,7 +100,6 @@ private:
 
     double _obtainShare() const;
     double _obtainPlaceAcross(UXPoint point) const;
-    UXDoubleRect _obtainDrawnRect(const KXBar& bar, const KXAxisChartPlotFrame& device) const;
     void _paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
                            const KXAxisChartMarkLook& look) const;
 

@@ -201,6 +201,35 @@ public:
     LineView& lines = _addView(std::make_unique<LineView>());
 };
 
+/** Points at numbers of their own along both axes: the first series along x, the second along y. */
+class PointsView : public LineView {
+public:
+    std::optional<KXValueExtremes> obtainNumberRange() const override
+    {
+        return kxFindValueExtremes(getChart()->getSeriesValues(0));
+    }
+    void layout(const KXAxisChartPlotFrame& frame) override
+    {
+        points.clear();
+        const auto [first, end] = getChart()->obtainVisibleCategories();
+        for (std::uint64_t i = first; i < end; ++i) {
+            const double y = getChart()->getValue(1, i);
+            const double across = frame.categories.obtainPosition(getChart()->getValue(0, i));
+            points.push_back({{1, i}, y, frame.makePoint(across, frame.values.obtainPosition(y))});
+        }
+    }
+    std::optional<std::uint64_t> obtainCategoryAt(UXPoint at) const override
+    {
+        const auto mark = hitMark(at);
+        return mark ? std::optional(mark->category) : std::nullopt;
+    }
+};
+
+class PointsChart : public KXXYAxisChart {
+public:
+    PointsView& view = _addView(std::make_unique<PointsView>());
+};
+
 UXPoint toChart(const KXXYAxisChart& chart, const UXDoublePoint& place)
 {
     return chart.translatePoint(UXPoint(static_cast<int>(place.x), static_cast<int>(place.y)),
@@ -291,6 +320,20 @@ TEST_P(KXAxisChartDataViewTest, BarsAndLinesShareACategoryAxis)
     chart.layout();
     EXPECT_TRUE(chart.lines.points.empty());
     EXPECT_EQ(chart.getYAxis()->getMaxValue(), 30);
+}
+
+TEST_P(KXAxisChartDataViewTest, TheXAxisMayBeOneOfValues)
+{
+    provider.values = {{0, 30, -10}, {1, 2, 3}};
+    PointsChart chart;
+    load(chart, chart.view);
+    EXPECT_TRUE(shows(chart, {"-10", "30"}));
+    EXPECT_EQ(chart.obtainCategoryMap().obtainValue(chart.isVertical() ? chart.view.points[1].place.x
+                                                                       : chart.view.points[1].place.y),
+              30);
+    KXTestInput{chart}.move(toChart(chart, chart.view.points[0].place));
+    EXPECT_EQ(chart.getHoveredMark(), (Mark{1, 0}));
+    EXPECT_EQ(chart.getHintInfo().title, "c0");
 }
 
 TEST(KXAxisChartDataView, TheFactoryMakesOneThatIsReadBack)

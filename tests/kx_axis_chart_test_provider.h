@@ -26,9 +26,10 @@ public:
     std::vector<KXChartDataPath> paths; // copies of those that came with clicks and highlights
     bool wantsHighlight = false;
     KXChartDataProviderHintData hint;
-    std::uint64_t memberCount = 0; // of the second dimension, each with a value in the lists
-    KXIndexPath redPath;           // of a value whose colour and label the host sets
+    std::uint64_t memberCount = 0;            // of the second dimension, each with a value in the lists
+    KXIndexPath redPath;                      // of a value whose colour and label the host sets
     std::optional<std::uint64_t> greenSeries; // whose colour the host sets
+    std::function<std::vector<KXInteractionEffect*>()> makeEffects;
     std::function<std::string(std::uint64_t)> categoryText;
     std::function<double(std::uint64_t)> categoryNumber;
     std::function<void(const std::string&)> onCall;
@@ -117,6 +118,10 @@ public:
     {
         paths.push_back(*path);
         return _answer("shouldHighlight", wantsHighlight);
+    }
+    std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>&) override
+    {
+        return makeEffects ? makeEffects() : std::vector<KXInteractionEffect*>();
     }
     KXChartDataProviderHintData obtainHintData(KXChartDataUser*, const KXIndexPath&) override
     {

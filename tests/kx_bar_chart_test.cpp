@@ -4,6 +4,10 @@
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
 #include "kx_bar_chart_property.h"
+#include "kx_chart_property.h"
+#include "kx_interaction_color_effect.h"
+#include "kx_interaction_highlight_color_pattern_effect.h"
+#include "kx_interaction_highlight_size_effect.h"
 #include "kx_key_walk.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
@@ -99,6 +103,50 @@ TEST_F(KXBarChartTest, ColorsComeFromHostItemOrSeries)
     EXPECT_NE(text.find("255,0,0"), std::string::npos);
     EXPECT_EQ(text.find("2,2,2"), std::string::npos) << "the host's colour holds";
     EXPECT_NE(uxPaintToText(chart, 1.5).find("255,0,0"), std::string::npos) << "also for other pixels";
+}
+
+TEST_F(KXBarChartTest, ASingleSeriesHasTheDefaultColorUnlessSomebodyWantsAnother)
+{
+    const UXColor own(1, 2, 3), red(255, 0, 0), green(0, 255, 0);
+    KXBarChart chart;
+    load(chart, provider);
+    chart.getChartProperty()->updateDefaultColor(own);
+    EXPECT_FALSE(chart.getRequireToVerifyLayout());
+    EXPECT_NE(uxPaintToText(chart).find("setColor 1,2,3,"), std::string::npos);
+    chart.getAxisChartProperty()->updateSeriesColors({red});
+    EXPECT_EQ(chart.obtainSeriesColor(0), red);
+    provider.greenSeries = 0;
+    chart.reloadColors();
+    EXPECT_EQ(chart.obtainSeriesColor(0), green);
+    provider.greenSeries.reset();
+    provider.values = {{1, 2, 3}, {1, 2, 3}};
+    chart.getAxisChartProperty()->updateSeriesColors({});
+    kxLoad(chart);
+    EXPECT_EQ(chart.obtainSeriesColor(0), chart.getDefaultColors()[0]);
+}
+
+TEST_F(KXBarChartTest, EffectsReachSizeLineAndLabelOfTheHoveredBar)
+{
+    const UXColor line(1, 2, 3);
+    KXBarChart chart;
+    chart.getBarChartProperty()->updateShowLabels(true);
+    load(chart, provider);
+    provider.makeEffects = [&] {
+        auto size = std::make_unique<KXInteractionHighlightSizeEffect>();
+        size->setSizeRatio(0.5);
+        return std::vector<KXInteractionEffect*>{
+            size.release(), new KXInteractionHighlightColorPatternEffect(
+                                nullptr, std::make_unique<KXInteractionColorEffect>(line))};
+    };
+    const UXDoubleRect rect = chart.getDataView().getBars()[1].rect;
+    const UXPoint inside(static_cast<int>(rect.x + 2), static_cast<int>(rect.y + 2));
+    KXTestInput{chart}.move(chart.translatePoint(inside, chart.getPlot(), nullptr));
+    const KXAxisChartMarkLook look = chart.obtainMarkLook({0, 1}, UXColor(9, 9, 9));
+    EXPECT_EQ(look, (KXAxisChartMarkLook{UXColor(9, 9, 9), line, 0.5}));
+    EXPECT_EQ(chart.obtainTextColor(KXAxisChartMark{0, 1}, UXColor()), line);
+    const std::string painted = uxPaintToText(chart);
+    EXPECT_EQ(uxFindMissing(painted, {"setColor 1,2,3,1", "stroke", "\"2\"", "color 1,2,3,1"}), "")
+        << painted;
 }
 
 TEST_F(KXBarChartTest, HiddenSeriesTakeNoRoomAndFormsNoData)

@@ -1,6 +1,7 @@
 #include "ux/ux_context.h"
 
 #include "ux/ux_control.h"
+#include "ux/ux_device_transform.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
 #include "ux/ux_global_event_diagram.h"
@@ -10,6 +11,7 @@
 
 #include <climits>
 #include <cmath>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -152,4 +154,42 @@ TEST(UXControl, Conversions)
     control.setZoomRatio(INFINITY);
     EXPECT_EQ(control.getDiagramDoubleOriginInControlSpace(), UXDoubleControlPoint(10, -20.5));
     EXPECT_EQ(control.getZoomRatioWithScalingFactor(), 3);
+}
+
+TEST(UXControl, ADiagramKnowsThePixelsThatShowIt)
+{
+    UXContext context;
+    UXDiagram diagram(&context);
+    UXObject part;
+    diagram.addChild(&part);
+    part.setRect({3, 4, 10, 10});
+    UXControl control;
+    context.setActiveDiagram(&control, &diagram);
+    const std::function<void()> same[] = {
+        [&] {
+            control.setDiagramOriginInControlSpace({7, -2});
+        },
+        [&] {
+            control.setDiagramDoubleOriginInControlSpace({7.3, 0});
+        },
+        [&] { diagram.setDeviceTransform(UXTransform{}.translated(7, 0)); },
+    };
+    for (const auto& change : same) {
+        diagram.layout();
+        change();
+        EXPECT_FALSE(part.getRequireToVerifyLayout()) << "no pixel lies elsewhere";
+    }
+    const std::function<void()> others[] = {
+        [&] { control.setZoomRatio(1.5); },
+        [&] { control.setScalingFactor(2); },
+        [&] { diagram.setDeviceTransform(UXTransform{}.translated(0.5, 0).scaled(3, 3)); },
+    };
+    for (const auto& change : others) {
+        diagram.layout();
+        change();
+        EXPECT_TRUE(part.getRequireToVerifyLayout());
+    }
+    EXPECT_EQ(uxObtainDeviceTransform(part), UXTransform{}.translated(0.5, 0).scaled(3, 3).translated(3, 4));
+    diagram.removeChild(&part);
+    EXPECT_EQ(uxObtainDeviceTransform(part).xx, 1) << "without a diagram a unit is a pixel";
 }

@@ -1,5 +1,6 @@
 #include "ux/ux_paint_picture.h"
 
+#include "ux/ux_device_transform.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
@@ -18,6 +19,8 @@ void uxPaintPicture(UXObject& object, UXPaintConfig& config, const UXPictureSett
     diagram.addChild(&object);
     object.setAlign(UXAlign::None);
     object.setRect(uxInflateRect(diagram.getBoundingRect(), -setting.margin, -setting.margin));
+    diagram.setDeviceTransform(uxObtainDeviceTransform(config));
+    object.setRequireToVerifyLayout(true); // it may have been laid out for the pixels of another device
     diagram.layout();
     diagram.paint(&config, diagram.getBoundingRect());
 }
