@@ -30,12 +30,15 @@ function(kx_precompile_standard_headers target)
         <string> <string_view> <unordered_map> <utility> <vector>)
 endfunction()
 
-# kx_add_library(<target> <source folder>): one shared library of all the sources in one folder. Headers are included as
-# "ux/ux_rect.h" and "kx_chart.h" by everyone in this project, and as <ux/ux_rect.h> and <kxcharts/kx_chart.h> by hosts.
+# kx_add_library(<target> <source folder> [<folder>...]): one shared library of all the sources in its folder, and in
+# those for what parts of it keep to themselves. Headers are included as "ux/ux_rect.h" and "kx_chart.h" by everyone in
+# this project, and as <ux/ux_rect.h> and <kxcharts/kx_chart.h> by hosts.
 # Installed libraries look for each other where they are themselves.
 function(kx_add_library target folder)
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
-    file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+    list(TRANSFORM ARGN APPEND /*.cpp OUTPUT_VARIABLE more_sources)
+    list(TRANSFORM ARGN APPEND /*.h OUTPUT_VARIABLE more_headers)
+    file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp ${more_sources})
+    file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h ${more_headers})
     add_library(${target} SHARED ${sources} ${headers})
     kx_set_warnings(${target})
     kx_precompile_standard_headers(${target})

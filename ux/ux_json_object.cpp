@@ -1,11 +1,11 @@
 #include "ux/ux_json_object.h"
 
+#include "ux/json/ux_json_encoding.h"
+#include "ux/json/ux_json_text.h"
 #include "ux/ux_assert.h"
-#include "ux/ux_json_encoding.h"
 #include "ux/ux_json_object_factory.h"
 #include "ux/ux_json_object_watcher.h"
 #include "ux/ux_json_path_resolver.h"
-#include "ux/ux_json_text.h"
 #include "ux/ux_json_value.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "ux/ux_svg_paint_config.h"
 
-#include "ux/ux_svg_document.h"
-#include "ux/ux_svg_painter.h"
+#include "ux/svg/ux_svg_document.h"
+#include "ux/svg/ux_svg_painter.h"
 
 #include <ostream>
 #include <sstream>

@@ -1,6 +1,6 @@
-#include "ux/ux_svg_path.h"
+#include "ux/svg/ux_svg_path.h"
 
-#include "ux/ux_svg_text.h"
+#include "ux/svg/ux_svg_text.h"
 
 #include <algorithm>
 #include <cmath>

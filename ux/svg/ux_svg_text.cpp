@@ -1,4 +1,4 @@
-#include "ux/ux_svg_text.h"
+#include "ux/svg/ux_svg_text.h"
 
 #include "ux/ux_utf8.h"
 

@@ -1,4 +1,4 @@
-#include "ux/ux_json_encoding.h"
+#include "ux/json/ux_json_encoding.h"
 
 #include "ux/ux_arrangement.h"
 #include "ux/ux_color.h"

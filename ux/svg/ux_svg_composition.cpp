@@ -1,6 +1,6 @@
-#include "ux/ux_svg_composition.h"
+#include "ux/svg/ux_svg_composition.h"
 
-#include "ux/ux_svg_document.h"
+#include "ux/svg/ux_svg_document.h"
 
 namespace {
 

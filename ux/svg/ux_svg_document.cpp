@@ -1,4 +1,4 @@
-#include "ux/ux_svg_document.h"
+#include "ux/svg/ux_svg_document.h"
 
 #include "ux/ux_png_encoder.h"
 

@@ -1,4 +1,4 @@
-#include "ux/ux_json_text.h"
+#include "ux/json/ux_json_text.h"
 
 // The parser hands a number's digits to strtod and asserts that it takes all of them, which fails where the
 // locale's decimal point has more than one byte. Doubles are read from the digits below, so that nothing

@@ -1,7 +1,7 @@
-#include "ux/ux_svg_gradient.h"
+#include "ux/svg/ux_svg_gradient.h"
 
-#include "ux/ux_svg_document.h"
-#include "ux/ux_svg_text.h"
+#include "ux/svg/ux_svg_document.h"
+#include "ux/svg/ux_svg_text.h"
 
 #include <algorithm>
 #include <cmath>

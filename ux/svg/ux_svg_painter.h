@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ux/svg/ux_svg_path.h"
 #include "ux/ux_path_painter.h"
-#include "ux/ux_svg_path.h"
 
 #include <memory>
 #include <string>
