@@ -13,7 +13,7 @@ inline constexpr const char* fuzzDocuments[] = {
         "m_pipePartition": 8, "m_partitionLabelDisplay": "Actual"})",
     // Stacked to a hundred percent, across, with upright tick labels
     R"({"m_titleValue": "Title", "m_titlePosition": "Left", "m_legendPosition": "Bottom",
-        "m_axisChartProperty": {"type": "KXAxisChartProperty", "m_orientation": "Horizontal"},
+        "m_orientation": "Horizontal",
         "m_barChartProperty": {"type": "KXBarChartProperty", "m_showLabels": true, "m_showTotals": true,
             "m_labelPosition": "InsideCenter", "m_labelValueOption": "MinMax"},
         "m_xAxisProperty": {"type": "KXAxisProperty", "m_tickLabelRotationType": "Vertical"},
@@ -21,7 +21,7 @@ inline constexpr const char* fuzzDocuments[] = {
         "m_showPointer": false, "m_mainDisplay": "Percentage", "m_maxMinDisplay": "Percentage"})",
     // Stacked, with slanted tick labels at an interval, dense
     R"({"m_titleValue": "A title of more than one line that wraps", "m_titleValueWrap": true,
-        "m_axisChartProperty": {"type": "KXAxisChartProperty", "m_dataDensity": "Compact"},
+        "m_dataDensity": "Compact",
         "m_barChartProperty": {"type": "KXBarChartProperty", "m_showLabels": true, "m_showTotals": true,
             "m_labelPosition": "InsideEnd", "m_labelValueOption": "LineEnds"},
         "m_xAxisProperty": {"type": "KXAxisProperty", "m_tickLabelRotationType": "Degrees45",
@@ -40,8 +40,7 @@ inline constexpr const char* fuzzDocuments[] = {
         "m_partitionStyle": "Customized", "m_pipePartition": 3})",
     // Not much room: roomy categories, which scroll, and large texts
     R"({"m_titleValue": "T", "m_titleFontSize": 60, "m_fontSize": 200, "m_maxMinFontSize": 0,
-        "m_axisChartProperty": {"type": "KXAxisChartProperty", "m_dataDensity": "Loose",
-            "m_orientation": "Horizontal"},
+        "m_dataDensity": "Loose", "m_orientation": "Horizontal",
         "m_xAxisProperty": {"type": "KXAxisProperty", "m_tickLabelIntervalMode": "All", "m_axisLength": 40},
         "m_yAxisProperty": {"type": "KXAxisProperty", "m_tickLabelIntervalMode": "All",
             "m_autoAxisRange": false, "m_customMinAxisValue": 1e300, "m_customMaxAxisValue": -1e300}})"};

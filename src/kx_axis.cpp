@@ -1,7 +1,7 @@
 #include "kx_axis.h"
 
 #include "kx_axis_delegate.h"
-#include "kx_key_json.h"
+#include "kx_key_type.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_object_watcher.h"
@@ -307,8 +307,8 @@ void KXAxis::customSerialize()
         keys.push_back(key);
         lengths.push_back(length);
     }
-    KXKeyJson<std::vector<std::string>>::write(this, "m_extraLengths_key", keys);
-    KXKeyJson<std::vector<double>>::write(this, "m_extraLengths_value", lengths);
+    kxWriteKey(this, "m_extraLengths_key", keys);
+    kxWriteKey(this, "m_extraLengths_value", lengths);
     serializeBool("m_applyExtralengthToTheEnd", m_applyExtralengthToTheEnd);
     serializeBool("m_showAxis", m_showAxis);
 }
@@ -343,8 +343,8 @@ bool KXAxis::_deserializeExtraLengths()
 {
     std::vector<std::string> keys;
     std::vector<double> lengths;
-    const bool hasKeys = KXKeyJson<std::vector<std::string>>::read(this, "m_extraLengths_key", keys);
-    const bool hasLengths = KXKeyJson<std::vector<double>>::read(this, "m_extraLengths_value", lengths);
+    const bool hasKeys = kxReadKey(this, "m_extraLengths_key", keys);
+    const bool hasLengths = kxReadKey(this, "m_extraLengths_value", lengths);
     if (!hasKeys || !hasLengths || keys.size() != lengths.size())
         return false;
     m_extraLengths.clear();

@@ -248,16 +248,6 @@ std::vector<KXAxisChartMark> KXAxisChart::findMarks(const KXChartDataPath& path)
     return marks;
 }
 
-const UXPropertyTable& KXAxisChart::obtainPropertyTable()
-{
-    static const UXPropertyTable table(
-        &KXChart::obtainPropertyTable(),
-        {UXProperty::makeObject<KXAxisChart>("m_axisChartProperty", [](KXAxisChart& chart) {
-            return static_cast<UXJsonObject*>(chart.getAxisChartProperty());
-        })});
-    return table;
-}
-
 std::uint64_t KXAxisChart::obtainLegendCellSize() { return getSeriesCount() > 1 ? getSeriesCount() : 0; }
 
 std::string KXAxisChart::obtainLegendLabel(std::uint64_t index) { return getSeriesLabel(index); }
@@ -435,13 +425,13 @@ std::vector<KXObjectID> KXAxisChart::_obtainMarkObjectIDs(const KXAxisChartMark&
 
 bool KXAxisChart::_hasData() { return preparedAndReloadedData() && obtainShownCategoryCount() > 0; }
 
-void KXAxisChart::_axisChartPropertyUpdated(const std::string& key)
+void KXAxisChart::_applyKeyEffect(UXPropertyEffect effect)
 {
     const UXObjectWatcher self(this);
-    if (key == "m_seriesColors")
+    if (effect == UXPropertyEffect::Recolor)
         _updateLooks();
     if (self.isAlive())
-        KXAxisChartBase::_axisChartPropertyUpdated(key);
+        KXAxisChartBase::_applyKeyEffect(effect);
 }
 
 void KXAxisChart::_visibleCategoriesChanged()

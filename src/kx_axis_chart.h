@@ -86,9 +86,6 @@ public:
      */
     std::vector<KXAxisChartMark> findMarks(const KXChartDataPath& path);
 
-    /** The chart's properties by key, for UXPropertyAccessor. */
-    static const UXPropertyTable& obtainPropertyTable();
-
     // From KXLegendDelegate: one cell per series where there are several
     std::uint64_t obtainLegendCellSize() override;
     std::string obtainLegendLabel(std::uint64_t index) override;
@@ -148,7 +145,7 @@ protected:
     /** Asks the host for the colours of marks, where it has not answered. It may destroy the chart. */
     void _loadHostColors(const std::vector<KXAxisChartMark>& marks);
 
-    void _axisChartPropertyUpdated(const std::string& key) override;
+    void _applyKeyEffect(UXPropertyEffect effect) override;
     void _visibleCategoriesChanged() override;
     void _paintOverMarks(UXPainter& painter) override;
     void _interactionDisabled() override;
@@ -197,5 +194,4 @@ private:
 
     // What stood first, to be found again among other data
     std::string m_firstCategoryText;
-    UXPropertyTableBinding m_axisChartPropertyBinding{*this, obtainPropertyTable()};
 };

@@ -31,6 +31,16 @@ double obtainLeastCategoryRoom(KXChartDataDensity density)
     return 14;
 }
 
+/** One wish for the axis line and the tick labels; each of them can still be set apart afterwards. */
+void shareColor(KXAxisProperty& property)
+{
+    const UXColor color = property.getAxisAndTickLabelColor();
+    const UXJsonObjectWatcher watcher(&property);
+    property.updateAxisColor(color);
+    if (watcher.isAlive())
+        property.updateTickLabelFontColor(color);
+}
+
 } // namespace
 
 KXAxisChartBase::KXAxisChartBase()
@@ -49,8 +59,9 @@ KXAxisChartBase::KXAxisChartBase()
         _paintMarkLabels(*painter);
         _paintOverMarks(*painter);
     });
-    m_axisChartProperty->registerUpdatedEvents(
-        [this](const std::string& key) { _axisChartPropertyUpdated(key); });
+    m_axisChartProperty->registerUpdatedEvents([this](const std::string& key) {
+        _applyKeyEffect(KXAxisChartProperty::obtainPropertyTable().obtainEffect(key));
+    });
 }
 
 KXAxisChartBase::~KXAxisChartBase()
@@ -100,8 +111,11 @@ KXAxisChartAxis& KXAxisChartBase::_addAxis()
     m_plot->bringChildOverChild(added.labels, m_markLabelsLayer);
     added.title = new UXLabel;
     m_plot->addChild(added.title);
-    added.property->registerUpdatedEvents(
-        [this, &added](const std::string& key) { _axisPropertyUpdated(added, key); });
+    added.property->registerUpdatedEvents([this, &added](const std::string& key) {
+        _axisPropertyUpdated(added, KXAxisProperty::obtainPropertyTable().obtainEffect(key));
+    });
+    added.property->registerUpdatedEvents("m_axisAndTickLabelColor",
+                                          [&added](const std::string&) { shareColor(*added.property); });
     added.dataFormat->setUpdatedEvent([this, &added] {
         added.ticksChanged = true;
         _layoutAnew();
@@ -136,27 +150,18 @@ void KXAxisChartBase::_setFirstCategory(double category)
     _layoutAnew();
 }
 
-void KXAxisChartBase::_axisChartPropertyUpdated(const std::string& key)
+void KXAxisChartBase::_applyKeyEffect(UXPropertyEffect effect)
 {
-    if (key == "m_dimmedOpacity" || key == "m_seriesColors")
+    if (effect == UXPropertyEffect::Repaint || effect == UXPropertyEffect::Recolor)
         _repaintMarks();
-    else if (key != "m_hintInfo")
-        _layoutAnew();
+    else
+        KXChart::_applyKeyEffect(effect);
 }
 
-void KXAxisChartBase::_axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key)
+void KXAxisChartBase::_axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect)
 {
     axis.cache.needsUpdate = true;
-    if (key == "m_axisAndTickLabelColor") {
-        // One wish for both; each of them can still be set apart afterwards.
-        const UXColor color = axis.property->getAxisAndTickLabelColor();
-        const UXObjectWatcher self(this);
-        axis.property->updateAxisColor(color);
-        if (self.isAlive())
-            axis.property->updateTickLabelFontColor(color);
-    } else {
-        _layoutAnew();
-    }
+    _layoutAnew();
 }
 
 void KXAxisChartBase::axisAxisLengthChanged(KXAxis*, double)
@@ -230,16 +235,28 @@ void KXAxisChartBase::_customResetProperties(KXChartResetType type, KXChart* sou
     }
 }
 
+const UXPropertyTable& KXAxisChartBase::obtainPropertyTable()
+{
+    static const UXPropertyTable table(
+        &KXChart::obtainPropertyTable(),
+        [](UXJsonObject& object) -> void* {
+            auto* chart = dynamic_cast<KXAxisChartBase*>(&object);
+            return chart ? chart->m_axisChartProperty.get() : nullptr;
+        },
+        KXAxisChartProperty::obtainPropertyTable().getProperties());
+    return table;
+}
+
 void KXAxisChartBase::customSerialize()
 {
     KXChart::customSerialize();
-    serializeObject("m_axisChartProperty", m_axisChartProperty.get());
+    obtainPropertyTable().write(*this);
 }
 
 bool KXAxisChartBase::customDeserialize()
 {
     bool complete = KXChart::customDeserialize();
-    complete = deserializeExistingObject("m_axisChartProperty", m_axisChartProperty.get()) && complete;
+    complete = obtainPropertyTable().read(*this) && complete;
     _layoutAnew();
     return complete;
 }

@@ -50,6 +50,9 @@ public:
     /** @return the part of the plot in which marks are drawn, in its space; as of the last layout */
     const UXRect& getMarksArea() const { return m_marksArea; }
 
+    /** The keys of the chart's KXAxisChartProperty, which stand in its document as the chart's own. */
+    static const UXPropertyTable& obtainPropertyTable();
+
     // From UXJsonObject, KXAxisDelegate, KXAxisTickLabelViewDelegate and UXVirtualScrollViewDelegate
     void customSerialize() override;
     bool customDeserialize() override;
@@ -82,8 +85,8 @@ protected:
     /** Draws what stands over marks and labels, clipped likewise. */
     virtual void _paintOverMarks(UXPainter& painter);
     /** A key of an axis's property changed. */
-    virtual void _axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key);
-    virtual void _axisChartPropertyUpdated(const std::string& key);
+    virtual void _axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect);
+    void _applyKeyEffect(UXPropertyEffect effect) override;
     /** Other categories became visible, or the first layout of some showed them. */
     virtual void _visibleCategoriesChanged();
     void _customLayout(UXRect plotArea) override;
@@ -158,4 +161,5 @@ private:
     int m_scrolledLabelLength = 0; // what the layout has reserved
     double m_firstCategory = 0;
     bool m_layingOut = false;
+    UXPropertyTableBinding m_axisChartPropertyBinding{*this, obtainPropertyTable()};
 };

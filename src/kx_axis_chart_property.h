@@ -9,15 +9,21 @@
 
 #include <vector>
 
-// type, name, member and JSON key, default
-#define KX_AXIS_CHART_PROPERTY_KEYS(KEY)                                                                    \
-    KEY(KXAxisChartOrientation, Orientation, m_orientation, KXAxisChartOrientation::Vertical)               \
-    KEY(KXChartDataDensity, DataDensity, m_dataDensity, KXChartDataDensity::Medium)                         \
-    KEY(bool, EnableScroll, m_enableScroll, true) /* off: all categories at once, however narrow */         \
-    KEY(bool, ShowZeroLine, m_showZeroLine, true) /* where a value axis runs through zero */                \
-    KEY(std::vector<UXColor>, SeriesColors, m_seriesColors, {}) /* empty: the chart's own */                \
-    KEY(double, DimmedOpacity, m_dimmedOpacity, 0.3)            /* of what is beside a highlight, 0 to 1 */ \
-    KEY(UXHintInfo, HintSettings, m_hintInfo, UXHintInfo())     /* how hints look */
+// type, name, member and JSON key, default, reset, effect, meaning
+#define KX_AXIS_CHART_PROPERTY_KEYS(KEY)                                                              \
+    KEY(KXAxisChartOrientation, Orientation, m_orientation, KXAxisChartOrientation::Vertical,         \
+        All(Orientation), Layout, "where the values run")                                             \
+    KEY(KXChartDataDensity, DataDensity, m_dataDensity, KXChartDataDensity::Medium, All(DataDensity), \
+        Layout, "how close the categories stand")                                                     \
+    KEY(bool, EnableScroll, m_enableScroll, true, All(DataDensity), Layout,                           \
+        "off: all categories at once, however narrow")                                                \
+    KEY(bool, ShowZeroLine, m_showZeroLine, true, Any(GridLine), Layout,                              \
+        "a line where a value axis runs through zero")                                                \
+    KEY(std::vector<UXColor>, SeriesColors, m_seriesColors, {}, Any(ColorSeries), Recolor,            \
+        "colours that the series take in turn; empty: those of the chart")                            \
+    KEY(double, DimmedOpacity, m_dimmedOpacity, 0.3, Any(Highlight), Repaint,                         \
+        "opacity of what is beside a highlight, 0 to 1")                                              \
+    KEY(UXHintInfo, HintSettings, m_hintInfo, UXHintInfo(), Any(Hint), None, "how hints look")
 
 /** What the user can set about an axis chart beside its axes, whatever its marks are. Each axis chart owns
  * one beside the property object of its type. */
@@ -28,9 +34,4 @@ public:
     KXAxisChartProperty(const KXAxisChartProperty&);
     KXAxisChartProperty& operator=(const KXAxisChartProperty&);
     ~KXAxisChartProperty() override;
-
-    /** Knows the groups Orientation, DataDensity, ColorSeries, GridLine, Highlight and Hint. Only a reset of
-     *  everything takes the first two, which say what the chart shows. */
-    void customResetProperties(KXChartResetType type, KXChartPropertyBase* source,
-                               const KXKeys& groups) override;
 };

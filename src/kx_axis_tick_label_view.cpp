@@ -4,7 +4,7 @@
 #include "kx_axis_tick_label_layout.h"
 #include "kx_axis_tick_label_placed_label.h"
 #include "kx_axis_tick_label_view_delegate.h"
-#include "kx_key_json.h"
+#include "kx_key_type.h"
 #include "ux/ux_label.h"
 #include "ux/ux_rect_functions.h"
 
@@ -339,7 +339,7 @@ void KXAxisTickLabelView::customSerialize()
 {
     KXAxisChartBaseLayer::customSerialize();
     const std::vector<UXLabel*> labels = obtainLabels();
-#define KX_AXIS_TICK_LABEL_VIEW_WRITE(Type, member) KXKeyJson<Type>::write(this, #member, member);
+#define KX_AXIS_TICK_LABEL_VIEW_WRITE(Type, member) kxWriteKey(this, #member, member);
     KX_AXIS_TICK_LABEL_VIEW_KEYS_BEFORE_LABELS(KX_AXIS_TICK_LABEL_VIEW_WRITE)
     serializeObjectList("m_uxLabels", {labels.begin(), labels.end()});
     KX_AXIS_TICK_LABEL_VIEW_KEYS_AFTER_LABELS(KX_AXIS_TICK_LABEL_VIEW_WRITE)
@@ -351,8 +351,7 @@ std::string KXAxisTickLabelView::customSerializeTypeID() { return "KXAxisTickLab
 bool KXAxisTickLabelView::customDeserialize()
 {
     bool complete = KXAxisChartBaseLayer::customDeserialize();
-#define KX_AXIS_TICK_LABEL_VIEW_READ(Type, member) \
-    complete = KXKeyJson<Type>::read(this, #member, member) && complete;
+#define KX_AXIS_TICK_LABEL_VIEW_READ(Type, member) complete = kxReadKey(this, #member, member) && complete;
     KX_AXIS_TICK_LABEL_VIEW_KEYS_BEFORE_LABELS(KX_AXIS_TICK_LABEL_VIEW_READ)
     complete = _readLabels() && complete;
     KX_AXIS_TICK_LABEL_VIEW_KEYS_AFTER_LABELS(KX_AXIS_TICK_LABEL_VIEW_READ)

@@ -7,21 +7,14 @@
 
 KXBarChart::KXBarChart() : m_dataView(_addView(std::make_unique<KXBarChartDataView>()))
 {
-    getBarChartProperty()->registerUpdatedEvents(
-        [this](const std::string& key) { _barPropertyUpdated(key); });
+    getBarChartProperty()->registerUpdatedEvents([this](const std::string& key) {
+        _applyKeyEffect(KXBarChartProperty::obtainPropertyTable().obtainEffect(key));
+    });
 }
 
 KXBarChart::~KXBarChart() { getBarChartProperty()->unregisterAllUpdatedEvents(); }
 
 KXBarChartProperty* KXBarChart::getBarChartProperty() const { return m_dataView.getBarChartProperty(); }
-
-void KXBarChart::_barPropertyUpdated(const std::string& key)
-{
-    if (key == "m_colorByItem" || key == "m_itemColors")
-        _updateLooks();
-    else
-        _layoutAnew();
-}
 
 void KXBarChart::updateBarForm(KXAxisChartStacking form)
 {
@@ -49,26 +42,25 @@ void KXBarChart::_customResetProperties(KXChartResetType type, KXChart* source, 
 
 const UXPropertyTable& KXBarChart::obtainPropertyTable()
 {
-    static const UXPropertyTable table(
-        &KXXYAxisChart::obtainPropertyTable(),
-        {UXProperty::makeObject<KXBarChart>("m_barChartProperty", [](KXBarChart& chart) {
-            return static_cast<UXJsonObject*>(chart.getBarChartProperty());
-        })});
+    using Self = KXBarChart;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_barChartProperty", uxObtainNestedObjectType, getBarChartProperty(), "the bars")};
+    static const UXPropertyTable table(&KXXYAxisChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
     return table;
 }
 
 void KXBarChart::customSerialize()
 {
     KXXYAxisChart::customSerialize();
-    serializeObject("m_barChartProperty", getBarChartProperty());
+    obtainPropertyTable().write(*this);
 }
 
 std::string KXBarChart::customSerializeTypeID() { return "KXBarChart"; }
+std::string KXBarChart::customSerializeVersion() { return "1.0"; }
 
 bool KXBarChart::customDeserialize()
 {
     const UXObjectWatcher self(this);
     const bool complete = KXXYAxisChart::customDeserialize();
-    return self.isAlive() && deserializeExistingObject("m_barChartProperty", getBarChartProperty()) &&
-           complete;
+    return self.isAlive() && obtainPropertyTable().read(*this) && complete;
 }

@@ -36,14 +36,13 @@ public:
     // From UXJsonObject
     void customSerialize() override;
     std::string customSerializeTypeID() override;
+    std::string customSerializeVersion() override;
     bool customDeserialize() override;
 
 protected:
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
 private:
-    void _barPropertyUpdated(const std::string& key);
-
     KXBarChartDataView& m_dataView; // the chart's
     UXPropertyTableBinding m_barPropertyBinding{*this, obtainPropertyTable()};
 };

@@ -10,21 +10,30 @@
 
 #include <vector>
 
-// type, name, member and JSON key, default
-#define KX_BAR_CHART_PROPERTY_KEYS(KEY)                                                                    \
-    KEY(double, BarWidth, m_barWidth, 0)         /* share of a category's room, 0 as the density wants */  \
-    KEY(bool, ColorByItem, m_colorByItem, false) /* each category in a colour of its own */                \
-    KEY(std::vector<UXColor>, ItemColors, m_itemColors, {}) /* in turn; empty: the chart's own */          \
-    KEY(bool, ShowLabels, m_showLabels, false)                                                             \
-    KEY(KXBarLabelPosition, LabelPosition, m_labelPosition, KXBarLabelPosition::Outside)                   \
-    KEY(KXBarLabelOverflow, LabelOverflow, m_labelOverflow, KXBarLabelOverflow::Hidden)                    \
-    KEY(KXAxisChartLabelDisplayOption, LabelDisplayOption, m_labelDisplayOption,                           \
-        KXAxisChartLabelDisplayOption::ValueOnly)                                                          \
-    KEY(KXAxisChartValueOption, LabelValueOption, m_labelValueOption, KXAxisChartValueOption::All)         \
-    KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeDefaultLabelProperty(false))                  \
-    KEY(bool, AutoLabelColor, m_autoLabelColor, true) /* readable on the bar instead of the label's own */ \
-    KEY(bool, ShowTotals, m_showTotals, false)        /* beyond each stack */                              \
-    KEY(UXTextProperty, TotalProperty, m_totalProperty, _makeDefaultLabelProperty(true))
+// type, name, member and JSON key, default, reset, effect, meaning
+#define KX_BAR_CHART_PROPERTY_KEYS(KEY)                                                                      \
+    KEY(double, BarWidth, m_barWidth, 0, Any(Bar), Layout,                                                   \
+        "share of a category's room, 0 to 1; 0: as the density wants")                                       \
+    KEY(bool, ColorByItem, m_colorByItem, false, Any(ColorSeries), Recolor,                                  \
+        "each category has a colour of its own")                                                             \
+    KEY(std::vector<UXColor>, ItemColors, m_itemColors, {}, Any(ColorSeries), Recolor,                       \
+        "colours that categories take in turn; empty: those of the chart")                                   \
+    KEY(bool, ShowLabels, m_showLabels, false, All(DataLabel), Layout, "texts at the bars")                  \
+    KEY(KXBarLabelPosition, LabelPosition, m_labelPosition, KXBarLabelPosition::Outside, Any(DataLabel),     \
+        Layout, "where the text of a bar stands")                                                            \
+    KEY(KXBarLabelOverflow, LabelOverflow, m_labelOverflow, KXBarLabelOverflow::Hidden, Any(DataLabel),      \
+        Layout, "what happens to a text that its bar cannot hold")                                           \
+    KEY(KXAxisChartLabelDisplayOption, LabelDisplayOption, m_labelDisplayOption,                             \
+        KXAxisChartLabelDisplayOption::ValueOnly, All(DataLabel), Layout, "what the text of a bar says")     \
+    KEY(KXAxisChartValueOption, LabelValueOption, m_labelValueOption, KXAxisChartValueOption::All,           \
+        All(DataLabel), Layout, "which bars have texts")                                                     \
+    KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeDefaultLabelProperty(false), Any(DataLabel),    \
+        Layout, "font and colour of the texts")                                                              \
+    KEY(bool, AutoLabelColor, m_autoLabelColor, true, Any(DataLabel), Recolor,                               \
+        "texts readable on their bar instead of in their own colour")                                        \
+    KEY(bool, ShowTotals, m_showTotals, false, All(Total), Layout, "sums beyond the stacks")                 \
+    KEY(UXTextProperty, TotalProperty, m_totalProperty, _makeDefaultLabelProperty(true), Any(Total), Layout, \
+        "font and colour of the sums")
 
 /** What the user can set about bars, their colours and their labels. How they stand together, side by side or
  * stacked, is a matter of the value axis. */
@@ -35,11 +44,6 @@ public:
     KXBarChartProperty(const KXBarChartProperty&);
     KXBarChartProperty& operator=(const KXBarChartProperty&);
     ~KXBarChartProperty() override;
-
-    /** Knows the groups Bar, ColorSeries, DataLabel and Total. Only a reset of everything takes which values
-     * have labels and what these say. */
-    void customResetProperties(KXChartResetType type, KXChartPropertyBase* source,
-                               const KXKeys& groups) override;
 
 private:
     static UXTextProperty _makeDefaultLabelProperty(bool bold);

@@ -131,12 +131,46 @@ KXChart::~KXChart()
 
 const UXPropertyTable& KXChart::obtainPropertyTable()
 {
-#define KX_CHART_PROPERTY(Type, Name, member, initial)                                    \
-    kxMakeKeyProperty<KXChart, Type>(                                                     \
-        #member, [](const KXChart& chart) { return chart.m_chartProperty->get##Name(); }, \
-        [](KXChart& chart, const Type& value) { chart.m_chartProperty->update##Name(value); }),
-    static const UXPropertyTable table(nullptr, {KX_CHART_PROPERTY_ALL_KEYS(KX_CHART_PROPERTY)});
-#undef KX_CHART_PROPERTY
+    using Self = KXChart;
+    static const UXPropertyTable properties(
+        nullptr,
+        [](UXJsonObject& object) -> void* {
+            auto* chart = dynamic_cast<KXChart*>(&object);
+            return chart ? chart->m_chartProperty.get() : nullptr;
+        },
+        KXChartProperty::obtainPropertyTable().getProperties());
+    static constexpr UXProperty rows[] = {
+        {.key = "m_titleValueWrap",
+         .type = kxObtainDerivedKeyType<Self, bool, &Self::_getTitleValueWrap, &Self::_storeTitleValueWrap>,
+         .place = [](void* owner) { return owner; },
+         .update =
+             [](void* owner, const void* wrap) {
+                 static_cast<Self*>(owner)->m_chartProperty->updateTitleValueWrap(
+                     *static_cast<const bool*>(wrap));
+             },
+         .effect = UXPropertyEffect::Layout,
+         .meaning = "the title breaks into lines; part of m_titleProperty"},
+        {.key = "m_titleDefaultValue",
+         .type = kxObtainDerivedKeyType<Self, std::string, &Self::_getTitleDefaultValue,
+                                        &Self::_storeTitleDefaultValue>,
+         .place = [](void* owner) { return owner; },
+         .update =
+             [](void* owner, const void* text) {
+                 static_cast<Self*>(owner)->_updateTitleDefaultValue(*static_cast<const std::string*>(text));
+             },
+         .effect = UXPropertyEffect::Layout,
+         .meaning = "text of the title where m_titleValue is empty"},
+        {.key = "m_titleFontSize",
+         .type = kxObtainDerivedKeyType<Self, int, &Self::_getTitleFontSize, &Self::_storeTitleFontSize>,
+         .place = [](void* owner) { return owner; },
+         .update =
+             [](void* owner, const void* size) {
+                 static_cast<Self*>(owner)->_updateTitleFontSize(*static_cast<const int*>(size));
+             },
+         .effect = UXPropertyEffect::Layout,
+         .meaning = "font size of the title, in logical units; part of m_titleProperty"},
+    };
+    static const UXPropertyTable table(&properties, kxObtainKeyOwner<Self>, rows);
     return table;
 }
 
@@ -185,7 +219,7 @@ void KXChart::registerChartPropertyUpdatedEvents()
     registerGroup({"m_showLegend", "m_legendPosition", "m_legendHorizontalAlign", "m_legendVerticalAlign"},
                   &KXChart::_applyLegend);
     registerGroup({"m_legendLabelColor"}, &KXChart::_applyLegendLabelColor);
-    registerGroup({"m_showOnlyTopX", "m_topXItemsToShow"}, &KXChart::_applyTopX);
+    registerGroup({"m_showOnlyTopX", "m_topXItemsToShow"}, &KXChart::_reloadAnew);
     registerGroup({"m_enableInteraction"}, &KXChart::_applyEnableInteraction);
 }
 
@@ -244,7 +278,7 @@ void KXChart::_applyLegend()
 
 void KXChart::_applyLegendLabelColor() { m_legend->setLabelColor(m_chartProperty->getLegendLabelColor()); }
 
-void KXChart::_applyTopX()
+void KXChart::_reloadAnew()
 {
     KXChartDataUser* user = obtainLegendDataUser();
     if (user && user->preparedAndReloadedData())
@@ -267,13 +301,8 @@ void KXChart::_interactionDisabled() { m_legend->endCellHover(); }
 void KXChart::customSerialize()
 {
     UXObject::customSerialize();
-#define KX_CHART_WRITE(Type, Name, member, initial) \
-    KXKeyJson<Type>::write(this, #member, m_chartProperty->get##Name());
-    KX_CHART_PROPERTY_ALL_KEYS(KX_CHART_WRITE)
-#undef KX_CHART_WRITE
-    serializeBool("m_titleValueWrap", m_chartProperty->getTitleValueWrap());
-    serializeString("m_titleDefaultValue", m_title->getDefaultText());
-    serializeInt64("m_titleFontSize", m_chartProperty->getTitleProperty().font.size);
+    obtainPropertyTable().getParent()->write(*this);
+    obtainPropertyTable().write(*this);
 }
 
 std::string KXChart::customSerializeTypeID() { return "KXChart"; }
@@ -281,15 +310,8 @@ std::string KXChart::customSerializeTypeID() { return "KXChart"; }
 bool KXChart::customDeserialize()
 {
     bool complete = UXObject::customDeserialize();
-#define KX_CHART_READ(Type, Name, member, initial)                          \
-    {                                                                       \
-        Type value = m_chartProperty->get##Name();                          \
-        complete = KXKeyJson<Type>::read(this, #member, value) && complete; \
-        m_chartProperty->set##Name(value);                                  \
-    }
-    KX_CHART_PROPERTY_ALL_KEYS(KX_CHART_READ)
-#undef KX_CHART_READ
-    complete = _readTitleKeys() && complete;
+    complete = obtainPropertyTable().getParent()->read(*this) && complete;
+    complete = obtainPropertyTable().read(*this) && complete;
     if (isInitialized())
         _applyAll();
     else
@@ -297,19 +319,76 @@ bool KXChart::customDeserialize()
     return complete;
 }
 
-bool KXChart::_readTitleKeys()
+bool KXChart::_getTitleValueWrap() const { return m_chartProperty->getTitleValueWrap(); }
+
+void KXChart::_storeTitleValueWrap(const bool& wrap)
 {
     UXTextProperty title = m_chartProperty->getTitleProperty();
-    bool wrap = m_chartProperty->getTitleValueWrap();
-    bool complete = deserializeBool("m_titleValueWrap", wrap);
     if (wrap != m_chartProperty->getTitleValueWrap())
         title.lineMode = wrap ? 1 : 2;
-    std::string defaultText = m_title->getDefaultText();
-    complete = deserializeString("m_titleDefaultValue", defaultText) && complete;
-    m_title->setDefaultText(defaultText);
-    complete = deserializeInt64("m_titleFontSize", title.font.size) && complete;
     m_chartProperty->setTitleProperty(title);
-    return complete;
+}
+
+std::string KXChart::_getTitleDefaultValue() const { return m_title->getDefaultText(); }
+void KXChart::_storeTitleDefaultValue(const std::string& text) { m_title->setDefaultText(text); }
+
+void KXChart::_updateTitleDefaultValue(const std::string& text)
+{
+    if (m_title->getDefaultText() == text)
+        return;
+    m_title->setDefaultText(text);
+    _layoutAnew();
+}
+
+int KXChart::_getTitleFontSize() const { return m_chartProperty->getTitleProperty().font.size; }
+
+void KXChart::_storeTitleFontSize(const int& size)
+{
+    UXTextProperty title = m_chartProperty->getTitleProperty();
+    title.font.size = size;
+    m_chartProperty->setTitleProperty(title);
+}
+
+void KXChart::_updateTitleFontSize(int size)
+{
+    UXTextProperty title = m_chartProperty->getTitleProperty();
+    title.font.size = size;
+    m_chartProperty->updateTitleProperty(title);
+}
+
+void KXChart::_applyKeyEffect(UXPropertyEffect effect)
+{
+    switch (effect) {
+    case UXPropertyEffect::None:
+        break;
+    case UXPropertyEffect::Repaint:
+        invalidate();
+        break;
+    case UXPropertyEffect::Recolor:
+        reloadChartColors();
+        invalidate();
+        break;
+    case UXPropertyEffect::Layout:
+        _layoutAnew();
+        break;
+    case UXPropertyEffect::Reload:
+        _reloadAnew();
+        break;
+    }
+}
+
+void KXChart::_setKey(const UXPropertyType& type, void* member, const void* value, UXPropertyEffect effect)
+{
+    if (type.equal(member, value))
+        return;
+    type.assign(member, value);
+    _applyKeyEffect(effect);
+}
+
+void KXChart::_resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChart& source,
+                         const KXKeys& groups)
+{
+    table.reset(source, *this, kxWithNamelessGroup(groups), type == KXChartResetType::All);
 }
 
 void KXChart::showLinkedHighlightHint(UXHintInfo* info, UXObject* target, UXPoint point, UXControl*)

@@ -11,6 +11,7 @@
 #include "ux/ux_property_table.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
 class KXChartLabel;
@@ -36,7 +37,7 @@ public:
     /** @return the ten colours that series take in turn */
     std::vector<UXColor> getDefaultColors() const;
 
-    /** The chart-wide properties by key, for UXPropertyAccessor. */
+    /** The chart-wide properties by key, as the document holds them. */
     static const UXPropertyTable& obtainPropertyTable();
 
     // Hooks, in this order
@@ -97,6 +98,14 @@ protected:
      * last it is the host's. */
     bool customKeyDown(const UXEvent& event, bool& stop) override;
 
+    /** What a change of a key asks of the chart. A chart that colours more than its items adds it here. */
+    virtual void _applyKeyEffect(UXPropertyEffect effect);
+    /** Stores a value of the chart's own that differs, and applies the effect. */
+    void _setKey(const UXPropertyType& type, void* member, const void* value, UXPropertyEffect effect);
+    /** Takes the keys of the chart's own table that a reset of these groups takes. Both objects may be gone
+     * afterwards. */
+    void _resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChart& source,
+                    const KXKeys& groups);
     /** Interaction was switched off: what the pointer made look different is as usual again. */
     virtual void _interactionDisabled();
     /** @return whether the base paints child. A chart that draws over its children says no to those that it
@@ -109,15 +118,23 @@ private:
     struct Division;
 
     void _layoutAnew();
+    void _reloadAnew();
     void _applyAll();
-    bool _readTitleKeys();
+    // The title's keys that the chart works out of m_titleProperty and the label; storing them tells nobody
+    bool _getTitleValueWrap() const;
+    void _storeTitleValueWrap(const bool& wrap);
+    std::string _getTitleDefaultValue() const;
+    void _storeTitleDefaultValue(const std::string& text);
+    void _updateTitleDefaultValue(const std::string& text);
+    int _getTitleFontSize() const;
+    void _storeTitleFontSize(const int& size);
+    void _updateTitleFontSize(int size);
     void _applyBorder();
     void _applyBackground();
     void _applyDefaultColor();
     void _applyTitle();
     void _applyLegend();
     void _applyLegendLabelColor();
-    void _applyTopX();
     void _applyEnableInteraction();
     Division _divideContent();
     UXRect _measureTitle(const UXRect& content);

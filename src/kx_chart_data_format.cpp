@@ -30,16 +30,15 @@ KXChartDataFormat::~KXChartDataFormat() = default;
 void KXChartDataFormat::customSerialize()
 {
     KXChartPropertyBase::customSerialize();
-    KX_CHART_DATA_FORMAT_KEYS(KX_KEY_WRITE)
+    obtainPropertyTable().write(*this);
 }
 
 std::string KXChartDataFormat::customSerializeTypeID() { return "KXChartDataFormat"; }
 
 bool KXChartDataFormat::customDeserialize()
 {
-    bool complete = KXChartPropertyBase::customDeserialize();
-    KX_CHART_DATA_FORMAT_KEYS(KX_KEY_READ)
-    return complete;
+    const bool isComplete = KXChartPropertyBase::customDeserialize();
+    return obtainPropertyTable().read(*this) && isComplete;
 }
 
 KXChartDataFormat* KXChartDataFormat::copy(const KXKeys& keys, bool exclude)
@@ -51,20 +50,10 @@ KXChartDataFormat* KXChartDataFormat::copy(const KXKeys& keys, bool exclude)
 
 void KXChartDataFormat::assignTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude)
 {
-    const UXJsonObjectWatcher sourceWatcher(this);
-    const UXJsonObjectWatcher targetWatcher(target);
+    const UXJsonObjectWatcher self(this), targetWatcher(target);
     KXChartPropertyBase::assignTo(target, {}, true);
-    auto* own = dynamic_cast<KXChartDataFormat*>(target);
-    if (!own)
-        return;
-#define KX_CHART_DATA_FORMAT_ASSIGN(Type, Name, member, initial)  \
-    if (own->_shouldUpdate(#member, keys, exclude)) {             \
-        own->update##Name(member);                                \
-        if (!sourceWatcher.isAlive() || !targetWatcher.isAlive()) \
-            return;                                               \
-    }
-    KX_CHART_DATA_FORMAT_KEYS(KX_CHART_DATA_FORMAT_ASSIGN)
-#undef KX_CHART_DATA_FORMAT_ASSIGN
+    if (self.isAlive() && targetWatcher.isAlive())
+        obtainPropertyTable().assign(*this, *target, keys, exclude);
 }
 
 void KXChartDataFormat::customResetProperties(KXChartResetType type, KXChartPropertyBase* source,
@@ -81,7 +70,25 @@ void KXChartDataFormat::customResetProperties(KXChartResetType type, KXChartProp
 const UXPropertyTable& KXChartDataFormat::obtainPropertyTable()
 {
     using Self = KXChartDataFormat;
-    static const UXPropertyTable table(nullptr, {KX_CHART_DATA_FORMAT_KEYS(KX_KEY_PROPERTY)});
+    // A filtered update is one of the key if it passes the list: a format has no longer form of its own.
+#define KX_CHART_DATA_FORMAT_ROW(Type, Name, member, initial, reset, effect, meaning)         \
+    UXProperty{#member,                                                                       \
+               kxObtainKeyType<Type>,                                                         \
+               [](void* owner) -> void* { return &static_cast<Self*>(owner)->member; },       \
+               [](void* owner, const void* value) {                                           \
+                   static_cast<Self*>(owner)->update##Name(*static_cast<const Type*>(value)); \
+               },                                                                             \
+               [](void* owner, const void* value, const KXKeys& keys, bool exclude) {         \
+                   auto* own = static_cast<Self*>(owner);                                     \
+                   if (own->_shouldUpdate(#member, keys, exclude))                            \
+                       own->update##Name(*static_cast<const Type*>(value));                   \
+               },                                                                             \
+               KX_RESET_##reset,                                                              \
+               UXPropertyEffect::effect,                                                      \
+               meaning},
+    static constexpr UXProperty rows[] = {KX_CHART_DATA_FORMAT_KEYS(KX_CHART_DATA_FORMAT_ROW)};
+#undef KX_CHART_DATA_FORMAT_ROW
+    static const UXPropertyTable table(nullptr, kxObtainKeyOwner<Self>, rows);
     return table;
 }
 
@@ -121,9 +128,9 @@ void KXChartDataFormat::copyFrom(const KXChartDataFormat* source)
 {
     if (!source)
         return;
-#define KX_CHART_DATA_FORMAT_COPY(Type, Name, member, initial) member = source->member;
-    KX_CHART_DATA_FORMAT_KEYS(KX_CHART_DATA_FORMAT_COPY)
-#undef KX_CHART_DATA_FORMAT_COPY
+    void* from = const_cast<KXChartDataFormat*>(source);
+    for (const UXProperty& row : obtainPropertyTable().getProperties())
+        row.type().assign(row.place(this), row.place(from));
 }
 
 void KXChartDataFormat::setUpdatedEvent(const std::function<void()>& event) { m_updatedEvent = event; }
@@ -170,6 +177,19 @@ std::string KXChartDataFormat::formatDateTime(const std::string& value, KXChartD
     if (!m_dateTimePattern)
         m_dateTimePattern = std::make_unique<KXDateTimePattern>();
     return m_dateTimePattern->obtainText(_obtainDateTimePattern(type), kxParseDateTime(value, type, level));
+}
+
+void KXChartDataFormat::_updateFormatKey(const char* key, const UXPropertyType& type, void* member,
+                                         const void* value, KXKeys* keys)
+{
+    if (!m_forceUpdate && type.equal(member, value))
+        return;
+    type.assign(member, value);
+    if (keys)
+        keys->insert(key);
+    else
+        markUpdatedKey(key);
+    _notify(key, nullptr);
 }
 
 void KXChartDataFormat::_updateThousandsSeparator(KXChartDataFormatThousandsSeparator value, KXKeys* keys)

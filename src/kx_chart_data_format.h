@@ -15,26 +15,35 @@
 
 class KXDateTimePattern;
 
-// type, name, member and JSON key, default. The separators stand apart: setting one may change the other.
-#define KX_CHART_DATA_FORMAT_KEYS_BEFORE_SEPARATORS(KEY)                                       \
-    KEY(std::string, Prefix, m_prefix, std::string())                                          \
-    KEY(bool, UseCustomUnit, m_useCustomUnit, false) /* the host's; the divider acts anyway */ \
-    KEY(std::string, Suffix, m_suffix, std::string())                                          \
-    KEY(double, Divider, m_divider, 0.0) /* of the magnitude; 0 or below divides nothing */
+// type, name, member and JSON key, default, reset, effect, meaning. The separators stand apart: setting one
+// may change the other.
+#define KX_CHART_DATA_FORMAT_KEYS_BEFORE_SEPARATORS(KEY)                                    \
+    KEY(std::string, Prefix, m_prefix, std::string(), Any(), Layout,                        \
+        "text before a number; two yen signs stand for one")                                \
+    KEY(bool, UseCustomUnit, m_useCustomUnit, false, Any(), Layout,                         \
+        "kept for the host; the divider acts anyway")                                       \
+    KEY(std::string, Suffix, m_suffix, std::string(), Any(), Layout, "text after a number") \
+    KEY(double, Divider, m_divider, 0.0, Any(), Layout, "what numbers are divided by; 0 or below: nothing")
 
-#define KX_CHART_DATA_FORMAT_SEPARATOR_KEYS(KEY)                                       \
-    KEY(KXChartDataFormatThousandsSeparator, ThousandsSeparator, m_thousandsSeparator, \
-        KXChartDataFormatThousandsSeparator::Comma)                                    \
-    KEY(KXChartDataFormatDecimalSeparator, DecimalSeparator, m_decimalSeparator,       \
-        KXChartDataFormatDecimalSeparator::Dot)
+#define KX_CHART_DATA_FORMAT_SEPARATOR_KEYS(KEY)                                                     \
+    KEY(KXChartDataFormatThousandsSeparator, ThousandsSeparator, m_thousandsSeparator,               \
+        KXChartDataFormatThousandsSeparator::Comma, Any(), Layout, "between groups of three digits") \
+    KEY(KXChartDataFormatDecimalSeparator, DecimalSeparator, m_decimalSeparator,                     \
+        KXChartDataFormatDecimalSeparator::Dot, Any(), Layout, "before the decimals")
 
 #define KX_CHART_DATA_FORMAT_KEYS_AFTER_SEPARATORS(KEY)                                                     \
-    KEY(int, Decimals, m_decimals, -1) /* -1: none for whole numbers, two for others */                     \
-    KEY(KXChartDataFormatNegative, Negative, m_negative, KXChartDataFormatNegative::Dash)                   \
-    KEY(KXChartDataFormatDateTimeMode, DateTimeMode, m_dateTimeMode, KXChartDataFormatDateTimeMode::Preset) \
-    KEY(std::string, DatePresetFormat, m_datePresetFormat, std::string("YYYY-MM-DD"))                       \
-    KEY(std::string, TimePresetFormat, m_timePresetFormat, std::string("HH:mm:SS"))                         \
-    KEY(std::string, CustomDateTimeFormat, m_customDateTimeFormat, std::string())
+    KEY(int, Decimals, m_decimals, -1, Any(), Layout,                                                       \
+        "how many decimals; -1: none for whole numbers, two for others")                                    \
+    KEY(KXChartDataFormatNegative, Negative, m_negative, KXChartDataFormatNegative::Dash, Any(), Layout,    \
+        "how a number below zero is marked")                                                                \
+    KEY(KXChartDataFormatDateTimeMode, DateTimeMode, m_dateTimeMode, KXChartDataFormatDateTimeMode::Preset, \
+        Any(), Layout, "which patterns count")                                                              \
+    KEY(std::string, DatePresetFormat, m_datePresetFormat, std::string("YYYY-MM-DD"), Any(), Layout,        \
+        "pattern of dates, with Preset")                                                                    \
+    KEY(std::string, TimePresetFormat, m_timePresetFormat, std::string("HH:mm:SS"), Any(), Layout,          \
+        "pattern of times, with Preset")                                                                    \
+    KEY(std::string, CustomDateTimeFormat, m_customDateTimeFormat, std::string(), Any(), Layout,            \
+        "pattern of dates and times, with Custom")
 
 /** Every key, in the order of the document and of assigning. */
 #define KX_CHART_DATA_FORMAT_KEYS(KEY)               \
@@ -44,13 +53,20 @@ class KXDateTimePattern;
 
 /** What every key but the separators has: set stores, update stores a value that differs, marks the key, in
  * the caller's keys if given, and calls back. Each calls the updated event once. */
-#define KX_CHART_DATA_FORMAT_ACCESSORS(Type, Name, member, initial)                                     \
-    Type get##Name() const { return member; }                                                           \
-    void set##Name(const Type& value) { _store(member, value); }                                        \
-    virtual void update##Name(const Type& value) { _updateFormatKey(#member, member, value, nullptr); } \
-    virtual void update##Name(const Type& value, KXKeys& keys)                                          \
-    {                                                                                                   \
-        _updateFormatKey(#member, member, value, &keys);                                                \
+#define KX_CHART_DATA_FORMAT_ACCESSORS(Type, Name, member, ...)                       \
+    Type get##Name() const { return member; }                                         \
+    void set##Name(const Type& value)                                                 \
+    {                                                                                 \
+        member = value;                                                               \
+        _callUpdatedEvent();                                                          \
+    }                                                                                 \
+    virtual void update##Name(const Type& value)                                      \
+    {                                                                                 \
+        _updateFormatKey(#member, kxObtainKeyType<Type>(), &member, &value, nullptr); \
+    }                                                                                 \
+    virtual void update##Name(const Type& value, KXKeys& keys)                        \
+    {                                                                                 \
+        _updateFormatKey(#member, kxObtainKeyType<Type>(), &member, &value, &keys);   \
     }
 
 /**
@@ -115,25 +131,9 @@ public:
                                KXChartAggregateType level) const;
 
 private:
-    template <class T>
-    void _store(T& member, const T& value)
-    {
-        member = value;
-        _callUpdatedEvent();
-    }
     /** @param keys takes the key instead of the object's own updated keys; null for these */
-    template <class T>
-    void _updateFormatKey(const char* key, T& member, const T& value, KXKeys* keys)
-    {
-        if (!m_forceUpdate && member == value)
-            return;
-        member = value;
-        if (keys)
-            keys->insert(key);
-        else
-            markUpdatedKey(key);
-        _notify(key, nullptr);
-    }
+    void _updateFormatKey(const char* key, const UXPropertyType& type, void* member, const void* value,
+                          KXKeys* keys);
     void _updateThousandsSeparator(KXChartDataFormatThousandsSeparator value, KXKeys* keys);
     void _updateDecimalSeparator(KXChartDataFormatDecimalSeparator value, KXKeys* keys);
     /** @return whether the decimal separator had to move */

@@ -9,7 +9,7 @@ constexpr int lineModeNoWrap = 2;
 
 } // namespace
 
-KX_DEFINE_KEY_LISTS(KXChartProperty, KXChartPropertyBase, KX_CHART_PROPERTY_KEYS, KX_CHART_PROPERTY_ALL_KEYS)
+KX_DEFINE_KEY_LISTS(KXChartProperty, KXChartPropertyBase, KX_CHART_PROPERTY_ALL_KEYS, 1)
 
 KXChartProperty::KXChartProperty() = default;
 KXChartProperty::KXChartProperty(const KXChartProperty&) = default;
@@ -52,51 +52,17 @@ void KXChartProperty::updateTitleValueWrap(bool wrap)
     updateTitlePropertyWithoutColor(changed);
 }
 
+/** Group by group, in an order of their own. */
 void KXChartProperty::customResetProperties(KXChartResetType type, KXChartPropertyBase* source,
                                             const KXKeys& groups)
 {
+    const UXJsonObjectWatcher self(this), sourceWatcher(source);
     KXChartPropertyBase::customResetProperties(type, source, groups);
-    const auto* own = dynamic_cast<KXChartProperty*>(source);
-    if (!own)
-        return;
-    const ForcedUpdates forced(this);
-    const UXJsonObjectWatcher sourceWatcher(source);
-    const bool takesAll = type == KXChartResetType::All;
-
-    if (groups.contains("Background")) {
-        KX_TAKE_KEY(BackgroundColor);
+    const KXKeys named = kxWithNamelessGroup(groups);
+    for (const char* group : {"Background", "Border", "Title", "Legend", "ColorSeries", "TopX", ""}) {
+        if (named.contains(group) && self.isAlive() && sourceWatcher.isAlive())
+            _resetKeys(obtainPropertyTable(), type, *source, {group});
     }
-    if (groups.contains("Border")) {
-        KX_TAKE_KEY(ShowBorder);
-        KX_TAKE_KEY(BorderColor);
-    }
-    if (groups.contains("Title")) {
-        KX_TAKE_KEY(ShowTitle);
-        if (takesAll)
-            KX_TAKE_KEY(TitleValue);
-        KX_TAKE_KEY(TitleProperty);
-        KX_TAKE_KEY(TitlePosition);
-        KX_TAKE_KEY(TitleHorizontalAlign);
-        KX_TAKE_KEY(TitleVerticalAlign);
-        KX_TAKE_KEY(EnableTitleClick);
-    }
-    if (groups.contains("Legend")) {
-        KX_TAKE_KEY(ShowLegend);
-        KX_TAKE_KEY(LegendPosition);
-        KX_TAKE_KEY(LegendHorizontalAlign);
-        KX_TAKE_KEY(LegendVerticalAlign);
-        KX_TAKE_KEY(LegendLabelColor);
-    }
-    if (groups.contains("ColorSeries")) {
-        KX_TAKE_KEY(DefaultColor);
-    }
-    if (!takesAll)
-        return;
-    if (groups.contains("TopX")) {
-        KX_TAKE_KEY(ShowOnlyTopX);
-        KX_TAKE_KEY(TopXItemsToShow);
-    }
-    KX_TAKE_KEY(EnableInteraction);
 }
 
 UXTextProperty KXChartProperty::_makeDefaultTitleProperty()

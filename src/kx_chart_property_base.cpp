@@ -1,5 +1,7 @@
 #include "kx_chart_property_base.h"
 
+#include "ux/ux_property_table.h"
+
 KXChartPropertyBase::KXChartPropertyBase() = default;
 KXChartPropertyBase::KXChartPropertyBase(const KXChartPropertyBase&) = default;
 KXChartPropertyBase& KXChartPropertyBase::operator=(const KXChartPropertyBase&) = default;
@@ -83,6 +85,29 @@ bool KXChartPropertyBase::_shouldUpdate(const std::string& key, const KXKeys& ke
     if (m_requireKeysToAssignTo && !m_keysToAssignTo.contains(key))
         return false;
     return keys.contains(key) != exclude;
+}
+
+bool KXChartPropertyBase::_shouldUpdate(const char* key, const KXKeys& keys, bool exclude) const
+{
+    return _shouldUpdate(std::string(key), keys, exclude);
+}
+
+void KXChartPropertyBase::_updateKey(const char* key, const UXPropertyType& type, void* member,
+                                     const void* value)
+{
+    if (!m_forceUpdate && type.equal(member, value))
+        return;
+    type.assign(member, value);
+    const std::string name = key;
+    markUpdatedKey(name);
+    triggerUpdatedEvent(name);
+}
+
+void KXChartPropertyBase::_resetKeys(const UXPropertyTable& table, KXChartResetType type,
+                                     KXChartPropertyBase& source, const KXKeys& groups)
+{
+    const ForcedUpdates forced(this);
+    table.reset(source, *this, groups, type == KXChartResetType::All);
 }
 
 void KXChartPropertyBase::markUpdatedKey(const std::string& key) { m_updatedKeys.insert(key); }

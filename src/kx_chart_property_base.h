@@ -12,6 +12,9 @@
 #include <string>
 #include <vector>
 
+class UXPropertyTable;
+struct UXPropertyType;
+
 /**
  * What the user can set about a chart, by key. A property object remembers which keys changed, calls
  * whoever asked to hear of a key, and passes its values on to another object, all of them or those of a
@@ -96,19 +99,16 @@ protected:
 
     /** @return whether an update of the key that names these keys is to be carried out */
     bool _shouldUpdate(const std::string& key, const KXKeys& keys, bool exclude) const;
+    bool _shouldUpdate(const char* key, const KXKeys& keys, bool exclude) const;
     void markUpdatedKey(const std::string& key);
     /** Calls the key's own callback, or the one for every key. The object may be gone afterwards. */
     void triggerUpdatedEvent(const std::string& key);
     /** Stores a value that differs, marks its key and calls back. The object may be gone afterwards. */
-    template <class T>
-    void _updateKey(const std::string& key, T& member, const T& value)
-    {
-        if (!m_forceUpdate && member == value)
-            return;
-        member = value;
-        markUpdatedKey(key);
-        triggerUpdatedEvent(key);
-    }
+    void _updateKey(const char* key, const UXPropertyType& type, void* member, const void* value);
+    /** Takes the keys of the table that a reset of these groups takes, each one forced. The object may be
+     * gone afterwards. */
+    void _resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChartPropertyBase& source,
+                    const KXKeys& groups);
 
     bool m_forceUpdate = false;
 

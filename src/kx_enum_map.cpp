@@ -47,6 +47,17 @@ std::vector<std::shared_ptr<UXEnum::UXEnumBase>>& obtainOwnedMaps()
     return owned;
 }
 
+/** @param map the map of one enumeration, null until it is first asked for */
+UXEnum::UXEnumBase* obtainMap(UXEnum::UXEnumBase*& map, UXEnum::UXEnumBase* (*make)())
+{
+    const UXLockScope locked;
+    if (!map) {
+        obtainOwnedMaps().emplace_back(make());
+        map = obtainOwnedMaps().back().get();
+    }
+    return map;
+}
+
 } // namespace
 
 template <class E>
@@ -55,14 +66,9 @@ UXEnum::UXEnumMap<E>* kxObtainEnumMap()
     if constexpr (isOfFramework<E>) {
         return &uxObtainNamedEnumMap<E>();
     } else {
-        const UXLockScope locked;
-        static UXEnum::UXEnumMap<E>* map = nullptr;
-        if (!map) {
-            auto made = std::make_shared<UXEnum::UXEnumMap<E>>(uxObtainEnumNames(E()));
-            obtainOwnedMaps().push_back(made);
-            map = made.get();
-        }
-        return map;
+        static UXEnum::UXEnumBase* map = nullptr;
+        return static_cast<UXEnum::UXEnumMap<E>*>(obtainMap(
+            map, []() -> UXEnum::UXEnumBase* { return new UXEnum::UXEnumMap<E>(uxObtainEnumNames(E())); }));
     }
 }
 

@@ -99,11 +99,7 @@ KXGaugeChart::KXGaugeChart()
 
 KXGaugeChart::~KXGaugeChart() { m_dataFormat->setUpdatedEvent({}); }
 
-#define KX_GAUGE_CHART_DEFINE(Type, Name, member, initial)  \
-    Type KXGaugeChart::get##Name() const { return member; } \
-    void KXGaugeChart::set##Name(const Type& changed) { _setMember(member, changed); }
-KX_GAUGE_CHART_KEYS(KX_GAUGE_CHART_DEFINE)
-#undef KX_GAUGE_CHART_DEFINE
+KX_DEFINE_CHART_KEYS(KXGaugeChart, KX_GAUGE_CHART_KEYS)
 
 KXChartDataFormat* KXGaugeChart::getDataFormat() const { return m_dataFormat.get(); }
 KXChartLabel* KXGaugeChart::getMainLabel() const { return m_mainLabel; }
@@ -117,16 +113,12 @@ const std::vector<KXChartLabel*>& KXGaugeChart::getPartitionLabelsPool() const
 
 void KXGaugeChart::_layoutAnew() { setRequireToVerifyLayout(true, true); }
 
-template <class T>
-void KXGaugeChart::_setMember(T& member, const T& changed)
+void KXGaugeChart::_applyKeyEffect(UXPropertyEffect effect)
 {
-    if (member == changed)
-        return;
-    member = changed;
-    if constexpr (std::is_same_v<T, UXColor>)
+    if (effect == UXPropertyEffect::Recolor)
         _colorLabels();
-    else if constexpr (!std::is_same_v<T, UXHintInfo>)
-        _layoutAnew();
+    else
+        KXChart::_applyKeyEffect(effect);
 }
 
 /** A colour moves nothing. */
@@ -721,57 +713,62 @@ void KXGaugeChart::_drawPointer(UXPainter& painter, const KXGaugeDial& dial) con
     dial.strokeNeedle(painter, m_valueRatio * dialDegrees, m_mainLabel->obtainDrawnSizeRatio());
 }
 
-void KXGaugeChart::_customResetProperties(KXChartResetType, KXChart* source, const KXKeys& groups)
+void KXGaugeChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
 {
     const auto* other = dynamic_cast<const KXGaugeChart*>(source);
     if (!other)
         return;
-    if (groups.count("DataFormat") != 0)
+    const UXObjectWatcher self(this), sourceWatcher(source);
+    if (groups.contains("DataFormat"))
         m_dataFormat->customResetProperties(KXChartResetType::All, other->m_dataFormat.get(), groups);
-    if (groups.count("Gauge") == 0)
-        return;
-#define KX_GAUGE_CHART_TAKE(Type, Name, member, initial) set##Name(other->member);
-    KX_GAUGE_CHART_KEYS(KX_GAUGE_CHART_TAKE)
-#undef KX_GAUGE_CHART_TAKE
+    if (self.isAlive() && sourceWatcher.isAlive())
+        _resetKeys(obtainPropertyTable(), type, *source, groups);
 }
 
 const UXPropertyTable& KXGaugeChart::obtainPropertyTable()
 {
-#define KX_GAUGE_CHART_PROPERTY(Type, Name, member, initial)                  \
-    kxMakeKeyProperty<KXGaugeChart, Type>(                                    \
-        #member, [](const KXGaugeChart& chart) { return chart.get##Name(); }, \
-        [](KXGaugeChart& chart, const Type& changed) { chart.set##Name(changed); }),
-#define KX_GAUGE_CHART_OBJECT(member)     \
-    UXProperty::makeObject<KXGaugeChart>( \
-        #member, [](KXGaugeChart& chart) { return static_cast<UXJsonObject*>(&*chart.member); }),
-    static const UXPropertyTable table(
-        &KXChart::obtainPropertyTable(),
-        {KX_GAUGE_CHART_OBJECT(m_mainLabel) KX_GAUGE_CHART_OBJECT(m_maxLabel)
-             KX_GAUGE_CHART_OBJECT(m_minLabel) KX_GAUGE_CHART_OBJECT(m_targetLabel)
-                 UXProperty::make<KXGaugeChart, std::vector<KXChartLabel*>>(
-                     "m_partitionLabelsPool",
-                     [](const KXGaugeChart& chart) { return chart.m_partitionLabelsPool; }, nullptr),
-         KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_GAUGE_CHART_PROPERTY) KX_GAUGE_CHART_OBJECT(m_dataFormat)
-             KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_GAUGE_CHART_PROPERTY)});
-#undef KX_GAUGE_CHART_PROPERTY
-#undef KX_GAUGE_CHART_OBJECT
+    using Self = KXGaugeChart;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_mainLabel", uxObtainPartType, m_mainLabel, "the label of the value")
+            KX_OBJECT_ROW("m_maxLabel", uxObtainPartType, m_maxLabel, "the label of the maximum")
+                KX_OBJECT_ROW("m_minLabel", uxObtainPartType, m_minLabel, "the label of the minimum")
+                    KX_OBJECT_ROW("m_targetLabel", uxObtainPartType, m_targetLabel, "the label of the target")
+                        UXProperty{.key = "m_partitionLabelsPool",
+                                   .type = _obtainPartitionLabelsPoolType,
+                                   .place = [](void* owner) { return owner; },
+                                   .meaning = "the labels at the bounds of the parts"},
+        KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_CHART_KEY_ROW)
+            KX_OBJECT_ROW("m_dataFormat", uxObtainNestedObjectType, m_dataFormat,
+                          "how every number is written") KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_CHART_KEY_ROW)};
+    static const UXPropertyTable table(&KXChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
     return table;
+}
+
+/** The pool's size is the chart's business, so its place is the chart. */
+const UXPropertyType& KXGaugeChart::_obtainPartitionLabelsPoolType()
+{
+    using Pool = std::vector<KXChartLabel*>;
+    static constexpr UXPropertyType type{
+        .info = &typeid(Pool),
+        .name = "list of objects",
+        .assign =
+            [](void* to, const void* chart) {
+                *static_cast<Pool*>(to) = static_cast<const KXGaugeChart*>(chart)->m_partitionLabelsPool;
+            },
+        .write =
+            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, const void* chart) {
+                const Pool& pool = static_cast<const KXGaugeChart*>(chart)->m_partitionLabelsPool;
+                object.serializeObjectList(key, {pool.begin(), pool.end()});
+            },
+        .read = [](const UXPropertyType&, UXJsonObject&, const std::string& key,
+                   void* chart) { return static_cast<KXGaugeChart*>(chart)->_readPartitionLabelsPool(key); }};
+    return type;
 }
 
 void KXGaugeChart::customSerialize()
 {
     KXChart::customSerialize();
-    serializeObjectWeakRef("m_mainLabel", m_mainLabel);
-    serializeObjectWeakRef("m_maxLabel", m_maxLabel);
-    serializeObjectWeakRef("m_minLabel", m_minLabel);
-    serializeObjectWeakRef("m_targetLabel", m_targetLabel);
-    serializeObjectList("m_partitionLabelsPool",
-                        {m_partitionLabelsPool.begin(), m_partitionLabelsPool.end()});
-#define KX_GAUGE_CHART_WRITE(Type, Name, member, initial) KXKeyJson<Type>::write(this, #member, member);
-    KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_GAUGE_CHART_WRITE)
-    serializeObject("m_dataFormat", m_dataFormat.get());
-    KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_GAUGE_CHART_WRITE)
-#undef KX_GAUGE_CHART_WRITE
+    obtainPropertyTable().write(*this);
 }
 
 std::string KXGaugeChart::customSerializeTypeID() { return "KXGaugeChart"; }
@@ -779,33 +776,17 @@ std::string KXGaugeChart::customSerializeTypeID() { return "KXGaugeChart"; }
 bool KXGaugeChart::customDeserialize()
 {
     bool complete = KXChart::customDeserialize();
-    complete = _readLabel("m_mainLabel", m_mainLabel) && complete;
-    complete = _readLabel("m_maxLabel", m_maxLabel) && complete;
-    complete = _readLabel("m_minLabel", m_minLabel) && complete;
-    complete = _readLabel("m_targetLabel", m_targetLabel) && complete;
-    complete = _readPartitionLabelsPool() && complete;
-#define KX_GAUGE_CHART_READ(Type, Name, member, initial) \
-    complete = KXKeyJson<Type>::read(this, #member, member) && complete;
-    KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_GAUGE_CHART_READ)
-    complete = deserializeExistingObject("m_dataFormat", m_dataFormat.get()) && complete;
-    KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_GAUGE_CHART_READ)
-#undef KX_GAUGE_CHART_READ
+    complete = obtainPropertyTable().read(*this) && complete;
     _colorLabels();
     _layoutAnew();
     return complete;
 }
 
-/** The constructor made the labels; a document only confirms them. */
-bool KXGaugeChart::_readLabel(const std::string& key, KXChartLabel* label)
-{
-    return deserializeObjectWeakRef(key, [label](UXJsonObject* found) { return found == label; });
-}
-
 /** Makes as many labels as a document lists, up to what a dial can use. */
-bool KXGaugeChart::_readPartitionLabelsPool()
+bool KXGaugeChart::_readPartitionLabelsPool(const std::string& key)
 {
     std::uint64_t count = 0;
-    const bool isList = deserializeArrayBegin("m_partitionLabelsPool") && deserializePeekArray(count);
+    const bool isList = deserializeArrayBegin(key) && deserializePeekArray(count);
     deserializeArrayEnd();
     if (!isList)
         return false;
@@ -816,7 +797,6 @@ bool KXGaugeChart::_readPartitionLabelsPool()
         m_partitionLabelsPool.pop_back();
     }
     _growPartitionLabelsPool(kept);
-    return deserializeExistingObjectList("m_partitionLabelsPool",
-                                         {m_partitionLabelsPool.begin(), m_partitionLabelsPool.end()}) &&
+    return deserializeExistingObjectList(key, {m_partitionLabelsPool.begin(), m_partitionLabelsPool.end()}) &&
            kept == count;
 }

@@ -24,58 +24,85 @@ class UXPainter;
 struct KXGaugeDial;
 struct KXGaugeText;
 
-// type, name, member and JSON key, default; the data format stands between the two lists
-#define KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KEY)                                                           \
-    KEY(bool, ShowPointer, m_showPointer, true)                                                          \
-    KEY(KXGaugeChartLabelDisplay, MainDisplay, m_mainDisplay, KXGaugeChartLabelDisplay::Actual)          \
-    KEY(UXColor, FontColor, m_fontColor, UXColor(64, 64, 64)) /* the main label's, as the next two */    \
-    KEY(std::string, FontName, m_fontName, UXTextProperty().font.familyName)                             \
-    KEY(int, FontSize, m_fontSize, 50)                                                                   \
-    KEY(KXGaugeChartLabelDisplay, TargetDisplay, m_targetDisplay, KXGaugeChartLabelDisplay::Actual)      \
-    KEY(UXColor, TargetFontColor, m_targetFontColor, UXColor(120, 120, 120))                             \
-    KEY(int, TargetFontSize, m_targetFontSize, 21)                                                       \
-    KEY(std::string, TargetFontName, m_targetFontName, UXTextProperty().font.familyName)                 \
-    KEY(std::string, TargetCaption, m_targetCaption, kxObtainGaugeTargetCaption()) /* before the text */ \
-    KEY(KXGaugeChartLabelDisplay, MaxMinDisplay, m_maxMinDisplay, KXGaugeChartLabelDisplay::Actual)      \
-    KEY(UXColor, MaxMinFontColor, m_maxMinFontColor, UXColor(120, 120, 120))                             \
-    KEY(std::string, MaxMinFontName, m_maxMinFontName, UXTextProperty().font.familyName)                 \
-    KEY(int, MaxMinFontSize, m_maxMinFontSize, 18)                                                       \
-    KEY(bool, CustomTargetValue, m_customTargetValue, false) /* the next instead of the host's target */ \
-    KEY(double, TargetValueCache, m_targetValueCache, 50)                                                \
-    KEY(bool, CustomMaxValue, m_customMaxValue, false)                                                   \
-    KEY(double, MaxValueCache, m_maxValueCache, 100)                                                     \
-    KEY(bool, CustomMinValue, m_customMinValue, false)                                                   \
-    KEY(double, MinValueCache, m_minValueCache, 0)
+// type, name, member and JSON key, default, reset, effect, meaning; the data format stands between the two
+// lists
+#define KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KEY)                                                               \
+    KEY(bool, ShowPointer, m_showPointer, true, Any(Gauge), Layout, "a needle from the hub to the value")    \
+    KEY(KXGaugeChartLabelDisplay, MainDisplay, m_mainDisplay, KXGaugeChartLabelDisplay::Actual, Any(Gauge),  \
+        Layout, "what the text of the value says")                                                           \
+    KEY(UXColor, FontColor, m_fontColor, UXColor(64, 64, 64), Any(Gauge), Recolor,                           \
+        "colour of the text of the value")                                                                   \
+    KEY(std::string, FontName, m_fontName, UXTextProperty().font.familyName, Any(Gauge), Layout,             \
+        "font family of the text of the value")                                                              \
+    KEY(int, FontSize, m_fontSize, 50, Any(Gauge), Layout,                                                   \
+        "font size of the text of the value, in logical units; it shrinks until it fits")                    \
+    KEY(KXGaugeChartLabelDisplay, TargetDisplay, m_targetDisplay, KXGaugeChartLabelDisplay::Actual,          \
+        Any(Gauge), Layout, "what the text of the target says")                                              \
+    KEY(UXColor, TargetFontColor, m_targetFontColor, UXColor(120, 120, 120), Any(Gauge), Recolor,            \
+        "colour of the text of the target")                                                                  \
+    KEY(int, TargetFontSize, m_targetFontSize, 21, Any(Gauge), Layout,                                       \
+        "font size of the text of the target, in logical units")                                             \
+    KEY(std::string, TargetFontName, m_targetFontName, UXTextProperty().font.familyName, Any(Gauge), Layout, \
+        "font family of the text of the target")                                                             \
+    KEY(std::string, TargetCaption, m_targetCaption, kxObtainGaugeTargetCaption(), Any(Gauge), Layout,       \
+        "what stands before the target")                                                                     \
+    KEY(KXGaugeChartLabelDisplay, MaxMinDisplay, m_maxMinDisplay, KXGaugeChartLabelDisplay::Actual,          \
+        Any(Gauge), Layout, "what the texts of minimum and maximum say")                                     \
+    KEY(UXColor, MaxMinFontColor, m_maxMinFontColor, UXColor(120, 120, 120), Any(Gauge), Recolor,            \
+        "colour of the texts of minimum and maximum")                                                        \
+    KEY(std::string, MaxMinFontName, m_maxMinFontName, UXTextProperty().font.familyName, Any(Gauge), Layout, \
+        "font family of the texts of minimum and maximum")                                                   \
+    KEY(int, MaxMinFontSize, m_maxMinFontSize, 18, Any(Gauge), Layout,                                       \
+        "font size of the texts of minimum and maximum, in logical units")                                   \
+    KEY(bool, CustomTargetValue, m_customTargetValue, false, Any(Gauge), Layout,                             \
+        "m_targetValueCache instead of the target of the data")                                              \
+    KEY(double, TargetValueCache, m_targetValueCache, 50, Any(Gauge), Layout, "target, in values")           \
+    KEY(bool, CustomMaxValue, m_customMaxValue, false, Any(Gauge), Layout,                                   \
+        "m_maxValueCache instead of the maximum of the data")                                                \
+    KEY(double, MaxValueCache, m_maxValueCache, 100, Any(Gauge), Layout, "maximum, in values")               \
+    KEY(bool, CustomMinValue, m_customMinValue, false, Any(Gauge), Layout,                                   \
+        "m_minValueCache instead of the minimum of the data")                                                \
+    KEY(double, MinValueCache, m_minValueCache, 0, Any(Gauge), Layout, "minimum, in values")
 
-#define KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KEY)                                                               \
-    KEY(std::int64_t, PipePartition, m_pipePartition, 1) /* how many; 1 to 8 count */                       \
-    KEY(UXColor, PipeBackgroundColor, m_pipeBackgroundColor, UXColor(239, 239, 244))                        \
-    KEY(UXColor, PipeTargetColor, m_pipeTargetColor, UXColor(135, 135, 135)) /* the tick's */               \
-    KEY(UXColor, PointerColor, m_pointerColor, UXColor(131, 131, 131))                                      \
-    KEY(KXGaugeChartPartitionStyle, PartitionStyle, m_partitionStyle,                                       \
-        KXGaugeChartPartitionStyle::EvenlyDistributed)                                                      \
-    KEY(UXColor, PipeValueMaxColor, m_pipeValueMaxColor, UXColor(255, 110, 110))                            \
-    KEY(UXColor, PipeValueMiddleColor, m_pipeValueMiddleColor, UXColor(252, 209, 84))                       \
-    KEY(UXColor, PipeValueMinColor, m_pipeValueMinColor, UXColor(24, 200, 140))                             \
-    KEY(bool, InitPartition, m_initPartition, false) /* the custom lists have been set */                   \
-    KEY(std::vector<double>, CustomPartitionSegment, m_customParititonSegment, std::vector<double>(8, 0.0)) \
-    KEY(std::vector<UXColor>, CustomPartitionColor, m_customPartitionColor,                                 \
-        std::vector<UXColor>(8, UXColor(24, 200, 140)))                                                     \
-    KEY(KXGaugeChartLabelDisplay, PartitionLabelDisplay, m_partitionLabelDisplay,                           \
-        KXGaugeChartLabelDisplay::None)                                                                     \
-    KEY(UXColor, PartitionLabelFontColor, m_partitionLabelFontColor, UXColor(120, 120, 120))                \
-    KEY(std::string, PartitionLabelFontName, m_partitionLabelFontName, UXTextProperty().font.familyName)    \
-    KEY(int, PartitionLabelFontSize, m_partitionLabelFontSize, 18)                                          \
-    KEY(double, PipeWithPercentage, m_pipeWithPercentage, 0.28) /* of the radius */                         \
-    KEY(UXHintInfo, HintSettings, m_hintInfo, UXHintInfo())     /* how hints look */
+#define KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KEY)                                                                \
+    KEY(std::int64_t, PipePartition, m_pipePartition, 1, Any(Gauge), Layout,                                 \
+        "how many parts the dial has; 1 to 8 count")                                                         \
+    KEY(UXColor, PipeBackgroundColor, m_pipeBackgroundColor, UXColor(239, 239, 244), Any(Gauge), Recolor,    \
+        "colour of the dial beyond the value")                                                               \
+    KEY(UXColor, PipeTargetColor, m_pipeTargetColor, UXColor(135, 135, 135), Any(Gauge), Recolor,            \
+        "colour of the tick at the target")                                                                  \
+    KEY(UXColor, PointerColor, m_pointerColor, UXColor(131, 131, 131), Any(Gauge), Recolor,                  \
+        "colour of the needle")                                                                              \
+    KEY(KXGaugeChartPartitionStyle, PartitionStyle, m_partitionStyle,                                        \
+        KXGaugeChartPartitionStyle::EvenlyDistributed, Any(Gauge), Layout, "how the dial is divided")        \
+    KEY(UXColor, PipeValueMaxColor, m_pipeValueMaxColor, UXColor(255, 110, 110), Any(Gauge), Recolor,        \
+        "colour of the last part")                                                                           \
+    KEY(UXColor, PipeValueMiddleColor, m_pipeValueMiddleColor, UXColor(252, 209, 84), Any(Gauge), Recolor,   \
+        "colour of the part in the middle")                                                                  \
+    KEY(UXColor, PipeValueMinColor, m_pipeValueMinColor, UXColor(24, 200, 140), Any(Gauge), Recolor,         \
+        "colour of the first part")                                                                          \
+    KEY(bool, InitPartition, m_initPartition, false, Any(Gauge), Layout, "the two lists below were set")     \
+    KEY(std::vector<double>, CustomPartitionSegment, m_customParititonSegment, std::vector<double>(8, 0.0),  \
+        Any(Gauge), Layout,                                                                                  \
+        "with Custom: the start, then where each part but the last ends, in percent of the range")           \
+    KEY(std::vector<UXColor>, CustomPartitionColor, m_customPartitionColor,                                  \
+        std::vector<UXColor>(8, UXColor(24, 200, 140)), Any(Gauge), Layout,                                  \
+        "with Custom: a colour for each part")                                                               \
+    KEY(KXGaugeChartLabelDisplay, PartitionLabelDisplay, m_partitionLabelDisplay,                            \
+        KXGaugeChartLabelDisplay::None, Any(Gauge), Layout, "what the texts at the bounds of the parts say") \
+    KEY(UXColor, PartitionLabelFontColor, m_partitionLabelFontColor, UXColor(120, 120, 120), Any(Gauge),     \
+        Recolor, "colour of the texts at the bounds")                                                        \
+    KEY(std::string, PartitionLabelFontName, m_partitionLabelFontName, UXTextProperty().font.familyName,     \
+        Any(Gauge), Layout, "font family of the texts at the bounds")                                        \
+    KEY(int, PartitionLabelFontSize, m_partitionLabelFontSize, 18, Any(Gauge), Layout,                       \
+        "font size of the texts at the bounds, in logical units")                                            \
+    KEY(double, PipeWithPercentage, m_pipeWithPercentage, 0.28, Any(Gauge), Layout,                          \
+        "how thick the dial is, as a share of its radius, 0 to 1")                                           \
+    KEY(UXHintInfo, HintSettings, m_hintInfo, UXHintInfo(), Any(Gauge), None, "how hints look")
 
 #define KX_GAUGE_CHART_KEYS(KEY)           \
     KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KEY) \
     KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KEY)
-
-#define KX_GAUGE_CHART_ACCESSORS(Type, Name, member, initial) \
-    Type get##Name() const;                                   \
-    void set##Name(const Type& value);
 
 /** @return the caption that a new gauge has, in the host's language */
 KX_EXPORT std::string kxObtainGaugeTargetCaption();
@@ -86,12 +113,12 @@ class KX_EXPORT KXGaugeChart : public KXChart,
                                public UXPropertyAccessor,
                                public UXHintDelegate,
                                public KXChartDataAction {
+    KX_DECLARE_CHART_KEYS(KX_GAUGE_CHART_KEYS)
 public:
     KXGaugeChart();
     ~KXGaugeChart() override;
 
-    // Properties; each setter lays out or draws anew what it changes
-    KX_GAUGE_CHART_KEYS(KX_GAUGE_CHART_ACCESSORS)
+    // Properties
     /** @return how every number is written; made and destroyed by the chart, never null */
     KXChartDataFormat* getDataFormat() const;
     /** Takes the partitions of the custom style.
@@ -124,9 +151,6 @@ public:
     /** @return the dial's rectangle, twice as wide as high, in the chart's own space */
     UXRect getPipeRect() const;
 
-    /** The chart's properties by key, for UXPropertyAccessor. */
-    static const UXPropertyTable& obtainPropertyTable();
-
     // From UXJsonObject, UXObject, KXChart and KXChartDataAction
     void customSerialize() override;
     std::string customSerializeTypeID() override;
@@ -143,6 +167,7 @@ protected:
     bool _shouldPaintChild(const UXObject* child) const override;
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
+    void _applyKeyEffect(UXPropertyEffect effect) override;
     void _interactionDisabled() override;
 
     /** Derives both ratios from the data and the custom values. */
@@ -168,8 +193,6 @@ protected:
     UXRect _customLayout_getRect_targetLabel_core(UXPoint center, int radius, UXSize size) const;
 
 private:
-    template <class T>
-    void _setMember(T& member, const T& value);
     void _layoutAnew();
     void _colorLabels();
     void _growPartitionLabelsPool(std::size_t count);
@@ -193,8 +216,8 @@ private:
     void _drawTarget(UXPainter& painter, const KXGaugeDial& dial) const;
     void _drawPointer(UXPainter& painter, const KXGaugeDial& dial) const;
     void _registerActions(KXChartLabel* label, const std::string& identifier, std::uint64_t measure);
-    bool _readLabel(const std::string& key, KXChartLabel* label);
-    bool _readPartitionLabelsPool();
+    static const UXPropertyType& _obtainPartitionLabelsPoolType();
+    bool _readPartitionLabelsPool(const std::string& key);
 
     // Children
     KXChartLabel* m_mainLabel;
@@ -204,7 +227,6 @@ private:
     std::vector<KXChartLabel*> m_partitionLabelsPool;
 
     std::unique_ptr<KXChartDataFormat> m_dataFormat;
-    KX_GAUGE_CHART_KEYS(KX_KEY_MEMBER)
 
     // Derived by the layout
     double m_valueRatio = noValue;
@@ -215,5 +237,4 @@ private:
     // A measure's label keeps how its piece of the dial looks as well
     std::optional<std::uint64_t> m_pointedMeasure;
     KXPartHighlighter m_highlighter{this};
-    UXPropertyTableBinding m_gaugePropertyBinding{*this, obtainPropertyTable()};
 };

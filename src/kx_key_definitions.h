@@ -1,78 +1,120 @@
 #pragma once
 
-#include "kx_enum_map.h"
-#include "kx_key_json.h"
 #include "kx_key_table.h"
+#include "kx_key_type.h"
 #include "ux/ux_property_table.h"
 
 #include <string>
 #include <type_traits>
-#include <utility>
-#include <vector>
+#include <typeinfo>
 
 /** Defines in a .cpp what KX_DECLARE_KEYS declared in the header. */
-#define KX_DEFINE_KEYS(Class, Base, KEYS) KX_DEFINE_KEY_LISTS(Class, Base, KEYS, KEYS)
+#define KX_DEFINE_KEYS(Class, Base, KEYS)     \
+    KX_DEFINE_KEY_LISTS(Class, Base, KEYS, 0) \
+    KX_DEFINE_KEY_RESET(Class, Base)
 
-/** @param WRITTEN the keys that the document holds, in its order
- *  @param KEYS every key, in the order of assigning */
-#define KX_DEFINE_KEY_LISTS(Class, Base, WRITTEN, KEYS)                                                   \
-    void Class::customSerialize()                                                                         \
-    {                                                                                                     \
-        Base::customSerialize();                                                                          \
-        WRITTEN(KX_KEY_WRITE)                                                                             \
-    }                                                                                                     \
-    std::string Class::customSerializeTypeID() { return #Class; }                                         \
-    bool Class::customDeserialize()                                                                       \
-    {                                                                                                     \
-        bool complete = Base::customDeserialize();                                                        \
-        WRITTEN(KX_KEY_READ)                                                                              \
-        return complete;                                                                                  \
-    }                                                                                                     \
-    Class* Class::copy(const KXKeys& keys, bool exclude)                                                  \
-    {                                                                                                     \
-        auto* made = new Class;                                                                           \
-        assignTo(made, keys, exclude);                                                                    \
-        return made;                                                                                      \
-    }                                                                                                     \
-    void Class::assignTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude)                   \
-    {                                                                                                     \
-        const UXJsonObjectWatcher sourceWatcher(this);                                                    \
-        const UXJsonObjectWatcher targetWatcher(target);                                                  \
-        Base::assignTo(target, {}, true);                                                                 \
-        if (!sourceWatcher.isAlive() || !targetWatcher.isAlive())                                         \
-            return;                                                                                       \
-        auto* own = dynamic_cast<Class*>(target);                                                         \
-        if (!own)                                                                                         \
-            return;                                                                                       \
-        KEYS(KX_KEY_ASSIGN)                                                                               \
-    }                                                                                                     \
-    const UXPropertyTable& Class::obtainPropertyTable()                                                   \
-    {                                                                                                     \
-        using Self = Class;                                                                               \
-        static const UXPropertyTable table(kxObtainParentPropertyTable<Base>(), {KEYS(KX_KEY_PROPERTY)}); \
-        return table;                                                                                     \
+/** All but customResetProperties, for a class whose resets have an order of their own.
+ *  @param KEYS every key, in the order of assigning; what documents hold of it first, in their order
+ *  @param unwritten how many of the last keys documents leave out */
+#define KX_DEFINE_KEY_LISTS(Class, Base, KEYS, unwritten)                                               \
+    void Class::customSerialize()                                                                       \
+    {                                                                                                   \
+        Base::customSerialize();                                                                        \
+        obtainPropertyTable().write(*this);                                                             \
+    }                                                                                                   \
+    std::string Class::customSerializeTypeID() { return #Class; }                                       \
+    bool Class::customDeserialize()                                                                     \
+    {                                                                                                   \
+        const bool isComplete = Base::customDeserialize();                                              \
+        return obtainPropertyTable().read(*this) && isComplete;                                         \
+    }                                                                                                   \
+    Class* Class::copy(const KXKeys& keys, bool exclude)                                                \
+    {                                                                                                   \
+        auto* made = new Class;                                                                         \
+        assignTo(made, keys, exclude);                                                                  \
+        return made;                                                                                    \
+    }                                                                                                   \
+    void Class::assignTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude)                 \
+    {                                                                                                   \
+        const UXJsonObjectWatcher self(this), targetWatcher(target);                                    \
+        Base::assignTo(target, {}, true);                                                               \
+        if (self.isAlive() && targetWatcher.isAlive())                                                  \
+            obtainPropertyTable().assign(*this, *target, keys, exclude);                                \
+    }                                                                                                   \
+    const UXPropertyTable& Class::obtainPropertyTable()                                                 \
+    {                                                                                                   \
+        using Self = Class;                                                                             \
+        static constexpr UXProperty rows[] = {KEYS(KX_KEY_ROW)};                                        \
+        static const UXPropertyTable table(kxObtainParentPropertyTable<Base>(), kxObtainKeyOwner<Self>, \
+                                           rows, unwritten);                                            \
+        return table;                                                                                   \
     }
 
-// What a row stands for in the functions above. A callback on the way may destroy either object.
-#define KX_KEY_WRITE(Type, Name, member, initial) KXKeyJson<Type>::write(this, #member, member);
-#define KX_KEY_READ(Type, Name, member, initial) \
-    complete = KXKeyJson<Type>::read(this, #member, member) && complete;
-#define KX_KEY_ASSIGN(Type, Name, member, initial)            \
-    own->update##Name(member, keys, exclude);                 \
-    if (!sourceWatcher.isAlive() || !targetWatcher.isAlive()) \
-        return;
-#define KX_KEY_PROPERTY(Type, Name, member, initial)                    \
-    kxMakeKeyProperty<Self, Type>(                                      \
-        #member, [](const Self& object) { return object.get##Name(); }, \
-        [](Self& object, const Type& value) { object.update##Name(value); }),
+#define KX_DEFINE_KEY_RESET(Class, Base)                                                   \
+    void Class::customResetProperties(KXChartResetType type, KXChartPropertyBase* source,  \
+                                      const KXKeys& groups)                                \
+    {                                                                                      \
+        const UXJsonObjectWatcher self(this), sourceWatcher(source);                       \
+        Base::customResetProperties(type, source, groups);                                 \
+        if (self.isAlive() && sourceWatcher.isAlive())                                     \
+            _resetKeys(obtainPropertyTable(), type, *source, kxWithNamelessGroup(groups)); \
+    }
 
-/** Takes one key in a customResetProperties which holds the source of its own class as own, a
- *  UXJsonObjectWatcher on it as sourceWatcher, and ForcedUpdates on itself as forced. */
-#define KX_TAKE_KEY(Name)                                \
-    do {                                                 \
-        if (forced.isAlive() && sourceWatcher.isAlive()) \
-            update##Name(own->get##Name());              \
-    } while (false)
+/** Defines the accessors that KX_DECLARE_CHART_KEYS declared. */
+#define KX_DEFINE_CHART_KEYS(Class, KEYS) \
+    namespace {                           \
+    using KXKeysOwner = Class;            \
+    }                                     \
+    KEYS(KX_CHART_KEY_DEFINITION)
+
+// What a row stands for in the table of its class, which calls itself Self
+#define KX_KEY_ROW(Type, Name, member, initial, reset, effect, meaning)                                      \
+    UXProperty{#member,                                                                                      \
+               kxObtainKeyType<Type>,                                                                        \
+               [](void* owner) -> void* { return &static_cast<Self*>(owner)->member; },                      \
+               [](void* owner, const void* value) {                                                          \
+                   static_cast<Self*>(owner)->update##Name(*static_cast<const Type*>(value));                \
+               },                                                                                            \
+               [](void* owner, const void* value, const KXKeys& keys, bool exclude) {                        \
+                   static_cast<Self*>(owner)->update##Name(*static_cast<const Type*>(value), keys, exclude); \
+               },                                                                                            \
+               KX_RESET_##reset,                                                                             \
+               UXPropertyEffect::effect,                                                                     \
+               meaning},
+#define KX_CHART_KEY_ROW(Type, Name, member, initial, reset, effect, meaning)              \
+    UXProperty{#member,                                                                    \
+               kxObtainKeyType<Type>,                                                      \
+               [](void* owner) -> void* { return &static_cast<Self*>(owner)->member; },    \
+               [](void* owner, const void* value) {                                        \
+                   static_cast<Self*>(owner)->set##Name(*static_cast<const Type*>(value)); \
+               },                                                                          \
+               nullptr,                                                                    \
+               KX_RESET_##reset,                                                           \
+               UXPropertyEffect::effect,                                                   \
+               meaning},
+#define KX_CHART_KEY_DEFINITION(Type, Name, member, initial, reset, effect, meaning) \
+    Type KXKeysOwner::get##Name() const { return member; }                           \
+    void KXKeysOwner::set##Name(const Type& value)                                   \
+    {                                                                                \
+        _setKey(kxObtainKeyType<Type>(), &member, &value, UXPropertyEffect::effect); \
+    }
+/** An object that the class holds for good: nested in the document, or, as a part of the class itself, by its
+ * place.
+ *  @param obtainType uxObtainNestedObjectType or uxObtainPartType */
+#define KX_OBJECT_ROW(name, obtainType, member, says)                                      \
+    UXProperty{.key = name,                                                                \
+               .type = obtainType,                                                         \
+               .place = [](void* owner) -> void* {                                         \
+                   return static_cast<UXJsonObject*>(&*static_cast<Self*>(owner)->member); \
+               },                                                                          \
+               .meaning = says},
+
+#define KX_RESET_Any(group) \
+    UXPropertyReset { #group, false }
+#define KX_RESET_All(group) \
+    UXPropertyReset { #group, true }
+#define KX_RESET_Never \
+    UXPropertyReset {}
 
 /** @return the table of a class's parent, null for KXChartPropertyBase, which has no keys */
 template <class Base>
@@ -84,13 +126,43 @@ const UXPropertyTable* kxObtainParentPropertyTable()
         return &Base::obtainPropertyTable();
 }
 
-/** @return the access to one key, by name too for an enumeration that has names */
-template <class Class, class Value, class Get, class Set>
-UXProperty kxMakeKeyProperty(const char* key, Get get, Set set)
+/** @return groups, and the one without a name, whose keys every reset takes */
+inline KXKeys kxWithNamelessGroup(KXKeys groups)
 {
-    if constexpr (KXNamedEnum<Value>)
-        return UXProperty::makeEnum<Class, Value>(
-            key, get, set, []() -> auto& { return *kxObtainEnumMap<Value>(); });
-    else
-        return UXProperty::make<Class, Value>(key, get, set);
+    groups.insert("");
+    return groups;
+}
+
+/** The owner of the keys of a class is its object itself. */
+template <class Class>
+void* kxObtainKeyOwner(UXJsonObject& object)
+{
+    return dynamic_cast<Class*>(&object);
+}
+
+/** The type of a key that the class keeps nowhere: it works the value out, and takes it apart.
+ *  @param Get as T (Class::*)() const
+ *  @param Store as void (Class::*)(const T&), without marks and events */
+template <class Class, class T, T (Class::*Get)() const, void (Class::*Store)(const T&)>
+const UXPropertyType& kxObtainDerivedKeyType()
+{
+    static const UXPropertyType type{
+        .info = &typeid(T),
+        .name = kxObtainKeyType<T>().name,
+        .assign =
+            [](void* to, const void* owner) {
+                *static_cast<T*>(to) = (static_cast<const Class*>(owner)->*Get)();
+            },
+        .write =
+            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, const void* owner) {
+                kxWriteKey(&object, key, (static_cast<const Class*>(owner)->*Get)());
+            },
+        .read =
+            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, void* owner) {
+                T value = (static_cast<Class*>(owner)->*Get)();
+                const bool isRead = kxReadKey(&object, key, value);
+                (static_cast<Class*>(owner)->*Store)(value);
+                return isRead;
+            }};
+    return type;
 }

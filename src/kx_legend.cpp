@@ -1,7 +1,7 @@
 #include "kx_legend.h"
 
 #include "kx_chart_data_user.h"
-#include "kx_key_json.h"
+#include "kx_key_type.h"
 #include "kx_legend_cell.h"
 #include "kx_legend_delegate.h"
 #include "ux/ux_diagram.h"
@@ -790,7 +790,7 @@ void KXLegend::customSerialize()
 {
     UXObject::customSerialize();
     serializeObjectWeakRef("m_scrollView", m_scrollView);
-#define KX_LEGEND_WRITE(Type, member) KXKeyJson<Type>::write(this, #member, member);
+#define KX_LEGEND_WRITE(Type, member) kxWriteKey(this, #member, member);
     KX_LEGEND_KEYS(KX_LEGEND_WRITE)
 #undef KX_LEGEND_WRITE
 }
@@ -808,7 +808,7 @@ bool KXLegend::customDeserialize()
                                             return view != nullptr;
                                         }) &&
                complete;
-#define KX_LEGEND_READ(Type, member) complete = KXKeyJson<Type>::read(this, #member, member) && complete;
+#define KX_LEGEND_READ(Type, member) complete = kxReadKey(this, #member, member) && complete;
     KX_LEGEND_KEYS(KX_LEGEND_READ)
 #undef KX_LEGEND_READ
     // The measures of the document are those of another moment and another machine's fonts.

@@ -11,7 +11,7 @@ struct KXObjectIDPath : KXObjectIDKey {
 
 /** Exists for KXBarChartObjectIDPath, KXLineChartObjectIDPath, KXPieChartObjectIDPath,
  *  KXHeatMapChartObjectIDPath, KXChartObjectIDProperty, std::string and const char*.
- *  @return the path of the value, with the type T: one made from a literal therefore differs from one made
- *          from a std::string. A null text counts as empty. */
+ *  @return the path of the value, with the type T; a literal and a std::string of the same text make the same
+ *          one. A null text counts as empty. */
 template <class T>
 KX_EXPORT KXObjectIDPath kxCreateObjectIDPath(T value);

@@ -11,7 +11,7 @@ struct KXObjectIDProperty : KXObjectIDKey {
 
 /** Exists for KXBarChartObjectIDProperty, KXLineChartObjectIDProperty, KXHeatMapChartObjectIDProperty,
  *  KXChartObjectIDProperty, std::string and const char*.
- *  @return the property of the value, with the type T: one made from a literal therefore differs from one
- *          made from a std::string. A null text counts as empty. */
+ *  @return the property of the value, with the type T; a literal and a std::string of the same text make the
+ * same one. A null text counts as empty. */
 template <class T>
 KX_EXPORT KXObjectIDProperty kxCreateObjectIDProperty(T value);

@@ -15,14 +15,6 @@
 #include <cmath>
 #include <limits>
 
-// type, name, member and JSON key, in the document's order after m_valueLabel and m_dataFormat
-#define KX_VALUE_CHART_KEYS(KEY)                       \
-    KEY(UXColor, FontColor, m_fontColor)               \
-    KEY(std::string, FontName, m_fontName)             \
-    KEY(int, FontSize, m_fontSize)                     \
-    KEY(UXTextAlign, MainLabelAlign, m_mainLabelAlign) \
-    KEY(UXColor, NegativeFontColor, m_negativeFontColor)
-
 namespace {
 
 /** A line of text is at least half as high as its font size, so larger sizes than this many heights never
@@ -47,32 +39,14 @@ KXValueChart::KXValueChart()
 KXValueChart::~KXValueChart() { m_dataFormat->setUpdatedEvent({}); }
 
 KXChartDataFormat* KXValueChart::getDataFormat() const { return m_dataFormat.get(); }
-UXColor KXValueChart::getFontColor() const { return m_fontColor; }
-std::string KXValueChart::getFontName() const { return m_fontName; }
-int KXValueChart::getFontSize() const { return m_fontSize; }
-UXTextAlign KXValueChart::getMainLabelAlign() const { return m_mainLabelAlign; }
-UXColor KXValueChart::getNegativeFontColor() const { return m_negativeFontColor; }
 KXChartLabel* KXValueChart::getValueLabel() const { return m_valueLabel; }
 
-template <class T>
-void KXValueChart::_setMember(T& member, const T& value)
+void KXValueChart::_applyKeyEffect(UXPropertyEffect effect)
 {
-    if (member == value)
-        return;
-    member = value;
-    setRequireToVerifyLayout(true, true);
-}
-
-void KXValueChart::setFontColor(const UXColor& color)
-{
-    m_fontColor = color;
-    _colorValueLabel();
-}
-
-void KXValueChart::setNegativeFontColor(const UXColor& color)
-{
-    m_negativeFontColor = color;
-    _colorValueLabel();
+    if (effect == UXPropertyEffect::Recolor)
+        _colorValueLabel();
+    else
+        KXChart::_applyKeyEffect(effect);
 }
 
 void KXValueChart::_colorValueLabel()
@@ -81,10 +55,6 @@ void KXValueChart::_colorValueLabel()
     property.textColor = _isNegativeNumber() ? m_negativeFontColor : m_fontColor;
     m_valueLabel->setTextProperty(property);
 }
-
-void KXValueChart::setFontName(const std::string& name) { _setMember(m_fontName, name); }
-void KXValueChart::setFontSize(int size) { _setMember(m_fontSize, size); }
-void KXValueChart::setMainLabelAlign(UXTextAlign align) { _setMember(m_mainLabelAlign, align); }
 
 KXChartDataPath* KXValueChart::createDataPath() { return m_valueLabel->createDataPath(); }
 
@@ -267,45 +237,35 @@ UXDoubleSize KXValueChart::_fitFont(const std::string& text, UXTextProperty& pro
     return measure(fontSize);
 }
 
-void KXValueChart::_customResetProperties(KXChartResetType, KXChart* source, const KXKeys& groups)
+void KXValueChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
 {
     const auto* other = dynamic_cast<const KXValueChart*>(source);
     if (!other)
         return;
-    if (groups.count("DataFormat") != 0)
+    const UXObjectWatcher self(this), sourceWatcher(source);
+    if (groups.contains("DataFormat"))
         m_dataFormat->customResetProperties(KXChartResetType::All, other->m_dataFormat.get(), groups);
-    if (groups.count("Value") == 0)
-        return;
-    setFontColor(other->m_fontColor);
-    setFontName(other->m_fontName);
-    setFontSize(other->m_fontSize);
-    setMainLabelAlign(other->m_mainLabelAlign);
-    setNegativeFontColor(other->m_negativeFontColor);
+    if (self.isAlive() && sourceWatcher.isAlive())
+        _resetKeys(obtainPropertyTable(), type, *source, groups);
 }
+
+KX_DEFINE_CHART_KEYS(KXValueChart, KX_VALUE_CHART_KEYS)
 
 const UXPropertyTable& KXValueChart::obtainPropertyTable()
 {
-#define KX_VALUE_CHART_PROPERTY(Type, Name, member)                           \
-    kxMakeKeyProperty<KXValueChart, Type>(                                    \
-        #member, [](const KXValueChart& chart) { return chart.get##Name(); }, \
-        [](KXValueChart& chart, const Type& value) { chart.set##Name(value); }),
-    static const UXPropertyTable table(
-        &KXChart::obtainPropertyTable(),
-        {UXProperty::makeObject<KXValueChart>("m_dataFormat",
-                                              [](KXValueChart& chart) { return chart.getDataFormat(); }),
-         KX_VALUE_CHART_KEYS(KX_VALUE_CHART_PROPERTY)});
-#undef KX_VALUE_CHART_PROPERTY
+    using Self = KXValueChart;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_valueLabel", uxObtainPartType, m_valueLabel, "the label that shows the value")
+            KX_OBJECT_ROW("m_dataFormat", uxObtainNestedObjectType, m_dataFormat, "how the value is written")
+                KX_VALUE_CHART_KEYS(KX_CHART_KEY_ROW)};
+    static const UXPropertyTable table(&KXChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
     return table;
 }
 
 void KXValueChart::customSerialize()
 {
     KXChart::customSerialize();
-    serializeObjectWeakRef("m_valueLabel", m_valueLabel);
-    serializeObject("m_dataFormat", m_dataFormat.get());
-#define KX_VALUE_CHART_WRITE(Type, Name, member) KXKeyJson<Type>::write(this, #member, member);
-    KX_VALUE_CHART_KEYS(KX_VALUE_CHART_WRITE)
-#undef KX_VALUE_CHART_WRITE
+    obtainPropertyTable().write(*this);
 }
 
 std::string KXValueChart::customSerializeTypeID() { return "KXValueChart"; }
@@ -313,21 +273,7 @@ std::string KXValueChart::customSerializeTypeID() { return "KXValueChart"; }
 bool KXValueChart::customDeserialize()
 {
     bool complete = KXChart::customDeserialize();
-    complete = deserializeObjectWeakRef("m_valueLabel",
-                                        [this](UXJsonObject* found) {
-                                            auto* label = dynamic_cast<KXChartLabel*>(found);
-                                            const bool isOwn = label && label != getTitle() &&
-                                                               label->getParent() == this;
-                                            if (isOwn)
-                                                m_valueLabel = label;
-                                            return isOwn;
-                                        }) &&
-               complete;
-    complete = deserializeExistingObject("m_dataFormat", m_dataFormat.get()) && complete;
-#define KX_VALUE_CHART_READ(Type, Name, member) \
-    complete = KXKeyJson<Type>::read(this, #member, member) && complete;
-    KX_VALUE_CHART_KEYS(KX_VALUE_CHART_READ)
-#undef KX_VALUE_CHART_READ
+    complete = obtainPropertyTable().read(*this) && complete;
     setRequireToVerifyLayout(true, true);
     return complete;
 }

@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_action.h"
+#include "kx_key_table.h"
 #include "kx_part_highlighter.h"
 #include "kx_value_chart_data_user.h"
 #include "ux/ux_double_size.h"
@@ -16,36 +17,34 @@
 class KXChartDataFormat;
 class UXLayoutHelper;
 
+// type, name, member and JSON key, default, reset, effect, meaning; a part and the data format stand before
+#define KX_VALUE_CHART_KEYS(KEY)                                                                          \
+    KEY(UXColor, FontColor, m_fontColor, UXColor(64, 64, 64), Any(Value), Recolor, "colour of the value") \
+    KEY(std::string, FontName, m_fontName, UXTextProperty().font.familyName, Any(Value), Layout,          \
+        "font family of the value")                                                                       \
+    KEY(int, FontSize, m_fontSize, 36, Any(Value), Layout,                                                \
+        "font size to start from, in logical units; the value shrinks until it fits")                     \
+    KEY(UXTextAlign, MainLabelAlign, m_mainLabelAlign, UXTextAlign::Left, Any(Value), Layout,             \
+        "where the value stands")                                                                         \
+    KEY(UXColor, NegativeFontColor, m_negativeFontColor, UXColor(255, 110, 110), Any(Value), Recolor,     \
+        "colour of a number below zero")
+
 /** Shows one value, as large as fits. */
 class KX_EXPORT KXValueChart : public KXChart,
                                public KXValueChartDataUser,
                                public UXPropertyAccessor,
                                public UXHintDelegate,
                                public KXChartDataAction {
+    KX_DECLARE_CHART_KEYS(KX_VALUE_CHART_KEYS)
 public:
     KXValueChart();
     ~KXValueChart() override;
 
-    // Properties; each setter lays out or draws anew what it changes
+    // Properties
     /** @return how the value is written; made and destroyed by the chart, never null */
     KXChartDataFormat* getDataFormat() const;
-    UXColor getFontColor() const;
-    void setFontColor(const UXColor& color);
-    std::string getFontName() const;
-    void setFontName(const std::string& name);
-    /** @return the size to start from, in logical units; the value shrinks until it fits */
-    int getFontSize() const;
-    void setFontSize(int size);
-    UXTextAlign getMainLabelAlign() const;
-    void setMainLabelAlign(UXTextAlign align);
-    UXColor getNegativeFontColor() const;
-    void setNegativeFontColor(const UXColor& color);
-
     /** @return the label that shows the value: a child, never null */
     KXChartLabel* getValueLabel() const;
-
-    /** The chart's properties by key, for UXPropertyAccessor. */
-    static const UXPropertyTable& obtainPropertyTable();
 
     // From UXJsonObject, KXChart and KXChartDataAction
     void customSerialize() override;
@@ -59,6 +58,7 @@ public:
 protected:
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
+    void _applyKeyEffect(UXPropertyEffect effect) override;
     void _interactionDisabled() override;
     void _customLayout(UXRect plotArea) override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
@@ -71,17 +71,9 @@ private:
     bool _isNegativeNumber() const;
     void _colorValueLabel();
     UXHintInfo _obtainHintInfo();
-    template <class T>
-    void _setMember(T& member, const T& value);
     UXDoubleSize _fitFont(const std::string& text, UXTextProperty& property, const UXRect& plotArea) const;
 
     KXChartLabel* m_valueLabel; // a child
     std::unique_ptr<KXChartDataFormat> m_dataFormat;
-    UXColor m_fontColor{64, 64, 64, 1.0};
-    std::string m_fontName = UXTextProperty().font.familyName;
-    int m_fontSize = 36;
-    UXTextAlign m_mainLabelAlign = UXTextAlign::Left;
-    UXColor m_negativeFontColor{255, 110, 110, 1.0};
     KXPartHighlighter m_highlighter{this};
-    UXPropertyTableBinding m_valuePropertyBinding{*this, obtainPropertyTable()};
 };

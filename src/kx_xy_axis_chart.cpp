@@ -234,15 +234,13 @@ std::string KXXYAxisChart::_obtainProposedTitle(const KXAxisChartAxis& axis) con
     return only ? getSeriesLabel(*only) : std::string();
 }
 
-void KXXYAxisChart::_axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key)
+void KXXYAxisChart::_axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect)
 {
     const UXObjectWatcher self(this);
-    const bool changesMarks = key == "m_isStacked" || key == "m_is100PercentStacked" ||
-                              key == "m_isContinuous" || key == "m_isCustomizedIsContinuous";
-    if (changesMarks && preparedAndReloadedData())
+    if (effect == UXPropertyEffect::Reload && preparedAndReloadedData())
         reloadData();
     if (self.isAlive())
-        KXAxisChart::_axisPropertyUpdated(axis, key);
+        KXAxisChart::_axisPropertyUpdated(axis, effect);
 }
 
 void KXXYAxisChart::_customUpdateAxes()
@@ -424,30 +422,26 @@ std::optional<std::uint64_t> KXXYAxisChart::_obtainPlacedCategoryAt(UXPoint poin
 
 const UXPropertyTable& KXXYAxisChart::obtainPropertyTable()
 {
-#define KX_XY_AXIS_CHART_OBJECT(Name, key) \
-    UXProperty::makeObject<KXXYAxisChart>( \
-        key, [](KXXYAxisChart& chart) { return static_cast<UXJsonObject*>(chart.get##Name()); })
-    static const UXPropertyTable table(
-        &KXAxisChart::obtainPropertyTable(),
-        {KX_XY_AXIS_CHART_OBJECT(XAxisProperty, "m_xAxisProperty"),
-         KX_XY_AXIS_CHART_OBJECT(YAxisProperty, "m_yAxisProperty"),
-         KX_XY_AXIS_CHART_OBJECT(SecondaryYAxisProperty, "m_secondaryYAxisProperty"),
-         KX_XY_AXIS_CHART_OBJECT(XDataFormat, "m_xDataFormat"),
-         KX_XY_AXIS_CHART_OBJECT(YDataFormat, "m_yDataFormat"),
-         KX_XY_AXIS_CHART_OBJECT(SecondaryYDataFormat, "m_secondaryYDataFormat")});
-#undef KX_XY_AXIS_CHART_OBJECT
+    using Self = KXXYAxisChart;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_xAxisProperty", uxObtainNestedObjectType, m_x.property, "the axis of the categories")
+            KX_OBJECT_ROW("m_yAxisProperty", uxObtainNestedObjectType, m_y.property, "the axis of the values")
+                KX_OBJECT_ROW(
+                    "m_secondaryYAxisProperty", uxObtainNestedObjectType, m_secondaryY.property,
+                    "a second axis of values") KX_OBJECT_ROW("m_xDataFormat", uxObtainNestedObjectType,
+                                                             m_x.dataFormat, "how categories are written")
+                    KX_OBJECT_ROW("m_yDataFormat", uxObtainNestedObjectType, m_y.dataFormat,
+                                  "how values are written")
+                        KX_OBJECT_ROW("m_secondaryYDataFormat", uxObtainNestedObjectType,
+                                      m_secondaryY.dataFormat, "how values on the second axis are written")};
+    static const UXPropertyTable table(&KXAxisChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
     return table;
 }
 
 void KXXYAxisChart::customSerialize()
 {
     KXAxisChart::customSerialize();
-    serializeObject("m_xAxisProperty", m_x.property.get());
-    serializeObject("m_yAxisProperty", m_y.property.get());
-    serializeObject("m_secondaryYAxisProperty", m_secondaryY.property.get());
-    serializeObject("m_xDataFormat", m_x.dataFormat.get());
-    serializeObject("m_yDataFormat", m_y.dataFormat.get());
-    serializeObject("m_secondaryYDataFormat", m_secondaryY.dataFormat.get());
+    obtainPropertyTable().write(*this);
 }
 
 std::string KXXYAxisChart::customSerializeTypeID() { return "KXXYAxisChart"; }
@@ -455,12 +449,7 @@ std::string KXXYAxisChart::customSerializeTypeID() { return "KXXYAxisChart"; }
 bool KXXYAxisChart::customDeserialize()
 {
     bool complete = KXAxisChart::customDeserialize();
-    complete = deserializeExistingObject("m_xAxisProperty", m_x.property.get()) && complete;
-    complete = deserializeExistingObject("m_yAxisProperty", m_y.property.get()) && complete;
-    complete = deserializeExistingObject("m_secondaryYAxisProperty", m_secondaryY.property.get()) && complete;
-    complete = deserializeExistingObject("m_xDataFormat", m_x.dataFormat.get()) && complete;
-    complete = deserializeExistingObject("m_yDataFormat", m_y.dataFormat.get()) && complete;
-    complete = deserializeExistingObject("m_secondaryYDataFormat", m_secondaryY.dataFormat.get()) && complete;
+    complete = obtainPropertyTable().read(*this) && complete;
     const UXObjectWatcher self(this);
     if (preparedAndReloadedData())
         reloadData();

@@ -121,7 +121,7 @@ protected:
     void _customUpdateAxes() override;
     KXAxisChartAxis* _obtainScrolledAxis() const override;
     double _obtainMinCategorySpacing() const override;
-    void _axisPropertyUpdated(KXAxisChartAxis& axis, const std::string& key) override;
+    void _axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect) override;
     void _layoutMarks() override;
     void _paintMarks(UXPainter& painter) override;
     void _paintMarkLabels(UXPainter& painter) override;

@@ -87,7 +87,7 @@ public:
         if (document.contains("m_yAxisProperty")) {
             document["m_yAxisProperty"]["m_isStacked"] = !oneIn(3);
             document["m_yAxisProperty"]["m_is100PercentStacked"] = oneIn(2);
-            document["m_axisChartProperty"]["m_orientation"] = oneIn(2) ? "Vertical" : "Horizontal";
+            document["m_orientation"] = oneIn(2) ? "Vertical" : "Horizontal";
             document["m_barChartProperty"]["m_showLabels"] = oneIn(2);
             document["m_barChartProperty"]["m_showTotals"] = oneIn(2);
         }

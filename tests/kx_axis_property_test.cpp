@@ -9,7 +9,7 @@
 
 namespace {
 
-#define KX_NAME(Type, Name, member, initial) #member,
+#define KX_NAME(Type, Name, member, ...) #member,
 const std::vector<std::string> lookKeys{KX_AXIS_PROPERTY_LOOK_KEYS(KX_NAME)};
 #undef KX_NAME
 

@@ -36,7 +36,7 @@ using Keys = std::vector<std::string>;
     Self one;                          \
     one.set##Name(source.get##Name()); \
     one.assignTo(&object, keys, exclude);
-#define KX_WALKED_FORMAT_KEY(Type, Name, member, initial) \
+#define KX_WALKED_FORMAT_KEY(Type, Name, member, ...) \
     KX_WALKED_KEY_WITH(Type, Name, member, KX_FILTERED_ASSIGNMENT)
 #define KX_WALKED_FORMAT_KEYS                                             \
     {                                                                     \

@@ -18,36 +18,25 @@
 
 namespace {
 
-#define STRIP_KEYS(KEY)                                                                \
-    KEY(bool, ShowLabels, m_showLabels, false)                                         \
-    KEY(double, StripWidth, m_stripWidth, 0.8)                                         \
-    KEY(KXLineLabelPosition, LabelPosition, m_labelPosition, KXLineLabelPosition::Top) \
-    KEY(std::vector<UXColor>, Colors, m_colors, std::vector<UXColor>(1, UXColor(1, 2, 3, 0.5)))
+#define STRIP_KEYS(KEY)                                                                                     \
+    KEY(bool, ShowLabels, m_showLabels, false, Any(Strip), Layout, "the value above the strip")             \
+    KEY(double, StripWidth, m_stripWidth, 0.8, Any(Strip), Layout, "share of a category, 0 to 1")           \
+    KEY(KXLineLabelPosition, LabelPosition, m_labelPosition, KXLineLabelPosition::Top, All(Strip), Repaint, \
+        "where the value stands")                                                                           \
+    KEY(std::vector<UXColor>, Colors, m_colors, std::vector<UXColor>(1, UXColor(1, 2, 3, 0.5)), All(),      \
+        Recolor, "in turn")
 
 class StripProperty : public KXChartPropertyBase {
     KX_DECLARE_KEYS(StripProperty, KXChartPropertyBase, STRIP_KEYS)
-public:
-    void customResetProperties(KXChartResetType, KXChartPropertyBase* source, const KXKeys& groups) override
-    {
-        const auto* own = dynamic_cast<StripProperty*>(source);
-        if (!own)
-            return;
-        const ForcedUpdates forced(this);
-        const UXJsonObjectWatcher sourceWatcher(source);
-        if (groups.contains("Strip")) {
-            KX_TAKE_KEY(ShowLabels);
-            KX_TAKE_KEY(StripWidth);
-        }
-    }
 };
 
 KX_DEFINE_KEYS(StripProperty, KXChartPropertyBase, STRIP_KEYS)
 
-#define ROUND_STRIP_KEYS(KEY)                                                     \
-    KEY(int, CornerRadius, m_cornerRadius, 4)                                     \
-    KEY(std::int64_t, Limit, m_limit, (std::numeric_limits<std::int64_t>::min)()) \
-    KEY(std::string, Caption, m_caption, "round")                                 \
-    KEY(std::vector<std::string>, Captions, m_captions, {})
+#define ROUND_STRIP_KEYS(KEY)                                                                             \
+    KEY(int, CornerRadius, m_cornerRadius, 4, Any(Corner), Layout, "logical units")                       \
+    KEY(std::int64_t, Limit, m_limit, (std::numeric_limits<std::int64_t>::min)(), Never, Reload, "items") \
+    KEY(std::string, Caption, m_caption, "round", Any(), Layout, "below the strip")                       \
+    KEY(std::vector<std::string>, Captions, m_captions, {}, Never, None, "kept for the host")
 
 class RoundStripProperty : public StripProperty {
     KX_DECLARE_KEYS(RoundStripProperty, StripProperty, ROUND_STRIP_KEYS)
@@ -124,11 +113,12 @@ TEST(KXChartPropertyBase, ResettingForcesTheKeysItTakes)
     source.setStripWidth(0.3);
     source.setLabelPosition(KXLineLabelPosition::Left);
     object.customResetProperties(KXChartResetType::All, &source, {"Strip"});
-    EXPECT_EQ(object.getUpdatedKeys(), (KXKeys{"m_showLabels", "m_stripWidth"}));
+    EXPECT_EQ(object.getUpdatedKeys(),
+              (KXKeys{"m_colors", "m_labelPosition", "m_showLabels", "m_stripWidth"}));
     EXPECT_EQ(object.getStripWidth(), 0.3);
     object.unmarkUpdatedProperties();
     object.updateStripWidth(0.3);
-    object.customResetProperties(KXChartResetType::All, &source, {"strip"});
+    object.customResetProperties(KXChartResetType::Style, &source, {"strip", ""});
     object.customResetProperties(KXChartResetType::All, nullptr, {"Strip"});
     EXPECT_TRUE(object.getUpdatedKeys().empty()) << "the force ends with the reset";
 }

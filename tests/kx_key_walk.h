@@ -61,7 +61,7 @@ std::vector<std::string> kxObtainWrongValues()
         [](const Self& a, const Self& b) { return a.get##Name() == b.get##Name(); },             \
         kxObtainWrongValues<Type>()},
 #define KX_FILTERED_UPDATE(Name) object.update##Name(source.get##Name(), keys, exclude);
-#define KX_WALKED_KEY(Type, Name, member, initial) KX_WALKED_KEY_WITH(Type, Name, member, KX_FILTERED_UPDATE)
+#define KX_WALKED_KEY(Type, Name, member, ...) KX_WALKED_KEY_WITH(Type, Name, member, KX_FILTERED_UPDATE)
 
 /** @return whether the accessor takes the value under the key and answers it again */
 template <class T>

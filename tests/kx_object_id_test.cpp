@@ -58,8 +58,8 @@ TEST(KXObjectID, OrdersPathsByTypeThenValue)
     // The mangled names begin with their length, which puts enumerations before std::string.
     expectAscending<KXObjectIDPath>(
         {bar(-1), bar(0), bar(10), line(-5), line(0), text(""), text("10"), text("9"), text("a"), text("é")});
-    EXPECT_EQ(kxCreateObjectIDPath("1"), kxCreateObjectIDPath(std::string("1").c_str()));
-    EXPECT_NE(kxCreateObjectIDPath("1"), text("1"));
+    EXPECT_EQ(kxCreateObjectIDPath("1"), text("1"));
+    EXPECT_EQ(kxCreateObjectIDProperty("1"), color("1"));
     EXPECT_EQ(kxCreateObjectIDPath(static_cast<const char*>(nullptr)), kxCreateObjectIDPath(""));
     EXPECT_NE(kxCreateObjectIDProperty(static_cast<KXHeatMapChartObjectIDProperty>(1)),
               kxCreateObjectIDProperty(static_cast<KXChartObjectIDProperty>(1)));

@@ -24,11 +24,12 @@ public:
     std::string customSerializeTypeID() override { return "Panel"; }
     bool customDeserialize() override { return true; }
 
-    template <class T>
-    void update(const char* key, T& member, const T& value)
+    void updated(const void* member)
     {
-        member = value;
-        updatedKeys.push_back(key);
+        for (const UXProperty& own : obtainPropertyTable().getProperties()) {
+            if (own.place(this) == member)
+                updatedKeys.emplace_back(own.key);
+        }
         if (onUpdated)
             onUpdated();
     }
@@ -44,35 +45,54 @@ public:
     UXAlign align = UXAlign::None;
     UXRectEdge edge = UXRectEdge::Left;
     std::vector<UXPoint> points = {{1, 2}, {3, 4}};
-    std::vector<bool> flags = {false, false};
+    int area = -10;
 
 private:
     UXPropertyTableBinding m_binding{*this, obtainPropertyTable()};
 };
 
-template <class T>
-UXProperty makeProperty(const char* key, T Panel::*member)
+UXEnum::UXEnumNames& obtainEdgeNames()
 {
-    return UXProperty::make<Panel, T>(
-        key, [member](const Panel& panel) { return panel.*member; },
-        [key, member](Panel& panel, const T& value) { panel.update(key, panel.*member, value); });
+    static UXEnum::UXEnumNames names("Left, Top");
+    return names;
+}
+
+template <auto Member, const UXPropertyType& (*Type)()>
+constexpr UXProperty makeProperty(const char* key)
+{
+    return {.key = key,
+            .type = Type,
+            .place = [](void* owner) -> void* { return &(static_cast<Panel*>(owner)->*Member); },
+            .update =
+                [](void* owner, const void* value) {
+                    auto& member = static_cast<Panel*>(owner)->*Member;
+                    Type().assign(&member, value);
+                    static_cast<Panel*>(owner)->updated(&member);
+                }};
 }
 
 const UXPropertyTable& Panel::obtainPropertyTable()
 {
-    static UXEnum::UXEnumMap<UXRectEdge> names("Left, Top");
+    static constexpr UXProperty properties[] = {
+        makeProperty<&Panel::show, uxObtainPropertyType<bool>>("m_show"),
+        makeProperty<&Panel::width, uxObtainPropertyType<int>>("m_width"),
+        makeProperty<&Panel::ratio, uxObtainPropertyType<double>>("m_ratio"),
+        makeProperty<&Panel::title, uxObtainPropertyType<std::string>>("m_title"),
+        makeProperty<&Panel::align, uxObtainEnumPropertyType<UXAlign, nullptr>>("m_align"),
+        makeProperty<&Panel::edge, uxObtainEnumPropertyType<UXRectEdge, obtainEdgeNames>>("m_edge"),
+        makeProperty<&Panel::points, uxObtainListPropertyType<UXPoint, uxObtainPropertyType<UXPoint>>>(
+            "m_points"),
+        {.key = "m_area",
+         .type = uxObtainPropertyType<int>,
+         .place = [](void* owner) -> void* { return &static_cast<Panel*>(owner)->area; }},
+        {.key = "m_inner",
+         .type = uxObtainNestedObjectType,
+         .place = [](void* owner) -> void* {
+             return static_cast<UXJsonObject*>(static_cast<Panel*>(owner));
+         }},
+    };
     static const UXPropertyTable table(
-        nullptr, {makeProperty("m_show", &Panel::show), makeProperty("m_width", &Panel::width),
-                  makeProperty("m_ratio", &Panel::ratio), makeProperty("m_title", &Panel::title),
-                  makeProperty("m_align", &Panel::align), makeProperty("m_points", &Panel::points),
-                  makeProperty("m_flags", &Panel::flags),
-                  UXProperty::makeEnum<Panel, UXRectEdge>(
-                      "m_edge", [](const Panel& panel) { return panel.edge; },
-                      [](Panel& panel, UXRectEdge value) { panel.update("m_edge", panel.edge, value); },
-                      []() -> auto& { return names; }),
-                  UXProperty::make<Panel, int>(
-                      "m_area", [](const Panel& panel) { return panel.width * 2; }, nullptr),
-                  UXProperty::makeObject<Panel>("m_inner", [](Panel& panel) { return &panel; })});
+        nullptr, [](UXJsonObject& object) -> void* { return dynamic_cast<Panel*>(&object); }, properties);
     return table;
 }
 
@@ -85,10 +105,9 @@ TEST(UXPropertyAccessor, ValuesGoThroughTheUpdateOfTheirKey)
     EXPECT_TRUE(accessor.updateEnum("m_align", UXAlign::Client));
     EXPECT_TRUE(accessor.updateEnumString("m_edge", "Top"));
     EXPECT_TRUE(accessor.updateVectorValue("m_points", 1, UXPoint(7, 8)));
-    EXPECT_TRUE(accessor.updateVectorValue("m_flags", 1, true));
-    EXPECT_FALSE(accessor.updateVectorValue("m_flags", 2, true));
+    EXPECT_FALSE(accessor.updateVectorValue("m_points", 2, UXPoint(7, 8)));
     EXPECT_EQ(panel.updatedKeys,
-              (std::vector<std::string>{"m_width", "m_title", "m_align", "m_edge", "m_points", "m_flags"}));
+              (std::vector<std::string>{"m_width", "m_title", "m_align", "m_edge", "m_points"}));
     EXPECT_EQ(panel.title, "other");
     EXPECT_EQ(panel.edge, UXRectEdge::Top);
     int area = 0;
@@ -99,6 +118,22 @@ TEST(UXPropertyAccessor, ValuesGoThroughTheUpdateOfTheirKey)
     EXPECT_EQ(point, UXPoint(7, 8));
     EXPECT_TRUE(accessor.obtainUXPointVectorCount("m_points", count) && count == 2);
     EXPECT_FALSE(accessor.obtainVectorValue("m_points", 2, point));
+}
+
+TEST(UXPropertyAccessor, AnElementIsUpdatedInEachTargetsOwnList)
+{
+    Panel panel, longer, shorter;
+    longer.points = {{0, 0}, {5, 6}, {9, 9}};
+    shorter.points = {{0, 0}};
+    UXPropertyAccessor accessor(&panel);
+    accessor.setExtraTargetJsonObjectsForUpdate({&longer, &shorter});
+    EXPECT_TRUE(accessor.updateVectorValue("m_points", 1, UXPoint(7, 8)));
+    EXPECT_EQ(panel.points, (std::vector<UXPoint>{{1, 2}, {7, 8}}));
+    EXPECT_EQ(longer.points, (std::vector<UXPoint>{{0, 0}, {7, 8}, {9, 9}}));
+    EXPECT_EQ(shorter.points, (std::vector<UXPoint>{{0, 0}}));
+    EXPECT_FALSE(accessor.updateVectorValue("m_points", 2, UXPoint(7, 8)))
+        << "the target has no such element";
+    EXPECT_EQ(longer.points.back(), UXPoint(9, 9));
 }
 
 TEST(UXPropertyAccessor, UnknownKeysAndOtherTypesChangeNothing)

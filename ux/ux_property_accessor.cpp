@@ -16,6 +16,8 @@
 #include "ux/ux_text_option.h"
 #include "ux/ux_text_property.h"
 
+#include <array>
+#include <cstddef>
 #include <utility>
 
 namespace {
@@ -73,41 +75,54 @@ std::set<UXJsonObject*> UXPropertyAccessor::getExtraTargetJsonObjectsForUpdate()
     return targets;
 }
 
-const UXProperty* UXPropertyAccessor::_find(const Target& target, const std::string& key)
+/** @return the target's property; none when there is none or the target is gone */
+UXPropertyTable::Found UXPropertyAccessor::_find(const Target& target, const std::string& key)
 {
     const UXPropertyTable* table = target.watcher.isAlive() ? target.object->m_propertyTable : nullptr;
-    return table ? table->find(key) : nullptr;
+    return table ? table->find(*target.object, key) : UXPropertyTable::Found();
+}
+
+bool UXPropertyAccessor::_obtainFrom(const UXProperty& property, void* owner, const std::type_info& type,
+                                     void* value)
+{
+    if (*property.type().info != type || !property.type().assign)
+        return false;
+    property.type().assign(value, property.place(owner));
+    return true;
 }
 
 bool UXPropertyAccessor::_obtain(const std::string& key, const std::type_info& type, void* value) const
 {
-    const UXProperty* property = _find(m_target, key);
-    return property && property->type == type && property->obtain &&
-           property->obtain(*m_target.object, value);
+    const UXPropertyTable::Found found = _find(m_target, key);
+    return found.property && _obtainFrom(*found.property, found.owner, type, value);
 }
 
-bool UXPropertyAccessor::_update(const std::string& key, const Update& update)
+bool UXPropertyAccessor::_update(const std::string& key, const MakeValue& makeValue)
 {
     // An update calls back, and a callback may destroy any target and this accessor.
     const Target target = m_target;
     const std::vector<Target> extraTargets = m_extraTargets;
     const std::string ownKey = key;
-    const UXProperty* property = _find(target, ownKey);
-    if (!property || !update(*property, *target.object))
+    const auto updateOne = [&](const Target& one) {
+        const auto [property, owner] = _find(one, ownKey);
+        const void* value = property && property->update ? makeValue(*property, owner) : nullptr;
+        if (value)
+            property->update(owner, value);
+        return value != nullptr;
+    };
+    if (!updateOne(target))
         return false;
-
     for (const Target& extra : extraTargets) {
-        const UXProperty* extraProperty = _find(extra, ownKey);
-        if (extraProperty && extra.object != target.object)
-            update(*extraProperty, *extra.object);
+        if (extra.object != target.object)
+            updateOne(extra);
     }
     return true;
 }
 
 bool UXPropertyAccessor::_update(const std::string& key, const std::type_info& type, const void* value)
 {
-    return _update(key, [&](const UXProperty& property, UXJsonObject& object) {
-        return property.type == type && property.update && property.update(object, value);
+    return _update(key, [&](const UXProperty& property, void*) {
+        return *property.type().info == type ? value : nullptr;
     });
 }
 
@@ -118,14 +133,24 @@ bool UXPropertyAccessor::updateValue(const std::string& key, const char* value)
 
 bool UXPropertyAccessor::obtainEnumString(const std::string& key, std::string& name) const
 {
-    const UXProperty* property = _find(m_target, key);
-    return property && property->obtainName && property->obtainName(*m_target.object, name);
+    const auto [property, owner] = _find(m_target, key);
+    if (!property || !property->type().names)
+        return false;
+    const UXPropertyType& type = property->type();
+    name = type.names().obtainNameOfNumber(type.obtainNumber(property->place(owner)));
+    return true;
 }
 
 bool UXPropertyAccessor::updateEnumString(const std::string& key, const std::string& name)
 {
-    return _update(key, [ownName = name](const UXProperty& property, UXJsonObject& object) {
-        return property.updateByName && property.updateByName(object, ownName);
+    alignas(int) std::array<std::byte, sizeof(int)> value{}; // an enumeration is kept as an int
+    return _update(key, [&value, ownName = name](const UXProperty& property, void*) -> const void* {
+        const UXPropertyType& type = property.type();
+        int number = 0;
+        if (!type.names || !type.names().obtainNumber(ownName, number))
+            return nullptr;
+        type.makeOfNumber(value.data(), number);
+        return value.data();
     });
 }
 
@@ -149,10 +174,10 @@ UX_ENUM_BY_NAME(UXSymbolStyle)
 
 bool UXPropertyAccessor::obtainObject(const std::string& key, UXJsonObject** object) const
 {
-    const UXProperty* property = _find(m_target, key);
-    if (!object || !property || !property->obtainObject)
+    const auto [property, owner] = _find(m_target, key);
+    if (!object || !property || !property->type().isObject)
         return false;
-    *object = property->obtainObject(*m_target.object);
+    *object = static_cast<UXJsonObject*>(property->place(owner));
     return true;
 }
 

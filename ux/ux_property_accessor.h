@@ -3,6 +3,7 @@
 #include "ux/ux_export.h"
 #include "ux/ux_json_object.h"
 #include "ux/ux_json_object_watcher.h"
+#include "ux/ux_property_table.h"
 
 #include <concepts>
 #include <cstddef>
@@ -14,8 +15,6 @@
 #include <type_traits>
 #include <typeinfo>
 #include <vector>
-
-struct UXProperty;
 
 /** The types of a property that UXPropertyAccessor reads and writes by value. */
 template <class T>
@@ -148,12 +147,15 @@ private:
         UXJsonObjectWatcher watcher;
     };
 
-    using Update = std::function<bool(const UXProperty& property, UXJsonObject& object)>;
+    /** Makes the value to update a property with; null where the property cannot take it. The value lives
+     * until the next call. */
+    using MakeValue = std::function<const void*(const UXProperty& property, void* owner)>;
 
-    /** @return the target's property, null when there is none or the target is gone */
-    static const UXProperty* _find(const Target& target, const std::string& key);
+    static UXPropertyTable::Found _find(const Target& target, const std::string& key);
+    /** Copies the owner's value if it is of the type. */
+    static bool _obtainFrom(const UXProperty& property, void* owner, const std::type_info& type, void* value);
     bool _obtain(const std::string& key, const std::type_info& type, void* value) const;
-    bool _update(const std::string& key, const Update& update);
+    bool _update(const std::string& key, const MakeValue& makeValue);
     bool _update(const std::string& key, const std::type_info& type, const void* value);
     template <class T>
     bool _obtainElement(const std::string& key, std::uint64_t index, T& value) const
@@ -167,11 +169,14 @@ private:
     template <class T>
     bool _updateElement(const std::string& key, std::uint64_t index, T value)
     {
+        // Each target keeps its own list but for the element.
         std::vector<T> values;
-        if (!_obtain(key, typeid(values), &values) || index >= values.size())
-            return false;
-        values[static_cast<std::size_t>(index)] = value;
-        return _update(key, typeid(values), &values);
+        return _update(key, [&](const UXProperty& property, void* owner) -> const void* {
+            if (!_obtainFrom(property, owner, typeid(values), &values) || index >= values.size())
+                return nullptr;
+            values[static_cast<std::size_t>(index)] = value;
+            return &values;
+        });
     }
 
     Target m_target;

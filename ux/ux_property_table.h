@@ -1,77 +1,84 @@
 #pragma once
 
 #include "ux/ux_export.h"
-#include "ux/ux_json_object.h"
+#include "ux/ux_property.h"
 
 #include <cstddef>
-#include <functional>
+#include <set>
+#include <span>
 #include <string>
-#include <type_traits>
-#include <typeindex>
-#include <utility>
 #include <vector>
 
-/** One property of a class, reached by its key without knowing the class. */
-struct UX_EXPORT UXProperty {
-    std::string key;
-    std::type_index type;
-    /** Copies the value to where the pointer says, which is of the property's type; false for another class.
-     */
-    std::function<bool(UXJsonObject&, void* value)> obtain;
-    /** Changes the value the way a caller of the class would, marks and events included. Empty on a read-only
-     * one. */
-    std::function<bool(UXJsonObject&, const void* value)> update;
-    /** The same by the value's name, for an enumeration that has names; empty on other types. */
-    std::function<bool(UXJsonObject&, std::string& name)> obtainName;
-    std::function<bool(UXJsonObject&, const std::string& name)> updateByName;
-    /** The nested object that the property is, which stays its owner's; empty on other types. */
-    std::function<UXJsonObject*(UXJsonObject&)> obtainObject;
-
-    /** @param get called as get(const Class&), gives a Value; null where the property cannot be read
-     *  @param set called as set(Class&, const Value&), normally calls update<Key> */
-    template <class Class, class Value, class Get, class Set>
-    static UXProperty make(std::string key, Get get, Set set);
-
-    /** As make, for an enumeration that can also be given by name.
-     *  @param names called as names(), gives a reference to the map, which lives as long as the table */
-    template <class Class, class Value, class Get, class Set, class Names>
-    static UXProperty makeEnum(std::string key, Get get, Set set, Names names);
-
-    /** @param get called as get(Class&), gives a pointer to the nested object */
-    template <class Class, class Get>
-    static UXProperty makeObject(std::string key, Get get);
-};
-
-/** The properties of a class by key, for UXPropertyAccessor: what its parent class has, and its own. A class
- * has one table for all its objects, and binds each object to it with a last member:
+/** The properties of a class by key: what its parent class has, and its own. What a class does with its
+ * properties (writing, reading, assigning, resetting, access by key) is a loop over them. A class has one
+ * table for all its objects, and binds each object to it with a member:
  *  @code
- *  static const UXPropertyTable& obtainPropertyTable()
+ *  const UXPropertyTable& KXStripProperty::obtainPropertyTable()
  *  {
- *      using Self = KXStripProperty;
- *      static const UXPropertyTable table(nullptr, {   // or &Parent::obtainPropertyTable()
- *          UXProperty::make<Self, double>(
- *              "m_stripWidth", [](const Self& object) { return object.getStripWidth(); },
- *              [](Self& object, const double& value) { object.updateStripWidth(value); }),
- *      });
- *      return table;
+ *      static constexpr UXProperty properties[] = {...};
+ *      static const UXPropertyTable table(
+ *          nullptr, // or &Parent::obtainPropertyTable()
+ *          [](UXJsonObject& object) -> void* { return dynamic_cast<KXStripProperty*>(&object); },
+ * properties); return table;
  *  }
  *  UXPropertyTableBinding m_stripPropertyBinding{*this, obtainPropertyTable()};
  *  @endcode
- *  A key table can generate all of it, one make per row. A parent is bound before its subclass, so the most
- * derived table counts. Of two properties with one key the subclass's counts. */
+ *  A parent is bound before its subclass, so the most derived table counts. Of two properties with one key
+ * the subclass's counts. Where a class shows the properties of a part of it as its own, the part is their
+ * owner. */
 class UX_EXPORT UXPropertyTable {
 public:
-    /** @param parent the parent class's table, which lives as long as this one; null for none */
-    UXPropertyTable(const UXPropertyTable* parent, std::vector<UXProperty> properties);
+    /** @return the owner of the table's properties that belongs to object; null for an object of another
+     * class */
+    using Owner = void* (*)(UXJsonObject& object);
 
-    /** @return the property; null for an unknown key */
-    const UXProperty* find(const std::string& key) const;
+    /** A property and whose it is. */
+    struct Found {
+        const UXProperty* property = nullptr;
+        void* owner = nullptr;
+    };
+
+    /** @param parent the parent class's table, which lives as long as this one; null for none
+     *  @param properties live as long as the table; what is written of them first, in the document's order
+     *  @param unwritten how many of the last ones documents leave out */
+    UXPropertyTable(const UXPropertyTable* parent, Owner owner, std::span<const UXProperty> properties,
+                    std::size_t unwritten = 0);
+
+    // The parent's properties included
+    /** @return no property for an unknown key and for an object of another class */
+    Found find(UXJsonObject& object, const std::string& key) const;
+    /** @return None for an unknown key */
+    UXPropertyEffect obtainEffect(const std::string& key) const;
     /** @return every key, the parent's first, in the order given */
     std::vector<std::string> obtainKeys() const;
 
+    // The class's own
+    const UXPropertyTable* getParent() const { return m_parent; }
+    std::span<const UXProperty> getProperties() const { return m_properties; }
+    /** @return those that documents hold */
+    std::span<const UXProperty> getWrittenProperties() const;
+    void* obtainOwner(UXJsonObject& object) const { return m_owner(object); }
+
+    /** Writes the properties into the document that object is being written to. */
+    void write(UXJsonObject& object) const;
+    /** @return whether each of them was read */
+    bool read(UXJsonObject& object) const;
+    /** Updates the target's properties that pass the list with the source's values. A callback on the way may
+     * destroy either, which ends it. */
+    void assign(UXJsonObject& source, UXJsonObject& target, const std::set<std::string>& keys,
+                bool exclude) const;
+    /** Updates the target's properties of the groups with the source's values; callbacks as above.
+     *  @param takesAll also those that a reset of the look alone leaves */
+    void reset(UXJsonObject& source, UXJsonObject& target, const std::set<std::string>& groups,
+               bool takesAll) const;
+
 private:
+    const UXProperty* _find(const std::string& key) const;
+
     const UXPropertyTable* m_parent;
-    std::vector<UXProperty> m_properties;
+    Owner m_owner;
+    std::span<const UXProperty> m_properties;
+    std::size_t m_unwritten;
 };
 
 /** Binds an object to its class's table, as a member of the class. Copies bind nothing: an object keeps its
@@ -81,53 +88,3 @@ public:
     /** @param table lives as long as the object */
     UXPropertyTableBinding(UXJsonObject& object, const UXPropertyTable& table);
 };
-
-template <class Class, class Value, class Get, class Set>
-UXProperty UXProperty::make(std::string key, Get get, Set set)
-{
-    UXProperty property{std::move(key), typeid(Value), {}, {}, {}, {}, {}};
-    if constexpr (!std::is_same_v<Get, std::nullptr_t>)
-        property.obtain = [get](UXJsonObject& object, void* value) {
-            const auto* own = dynamic_cast<const Class*>(&object);
-            if (own)
-                *static_cast<Value*>(value) = get(*own);
-            return own != nullptr;
-        };
-    if constexpr (!std::is_same_v<Set, std::nullptr_t>)
-        property.update = [set](UXJsonObject& object, const void* value) {
-            auto* own = dynamic_cast<Class*>(&object);
-            if (own)
-                set(*own, *static_cast<const Value*>(value));
-            return own != nullptr;
-        };
-    return property;
-}
-
-template <class Class, class Value, class Get, class Set, class Names>
-UXProperty UXProperty::makeEnum(std::string key, Get get, Set set, Names names)
-{
-    UXProperty property = make<Class, Value>(std::move(key), get, set);
-    property.obtainName = [names, obtain = property.obtain](UXJsonObject& object, std::string& name) {
-        Value value{};
-        if (!obtain || !obtain(object, &value))
-            return false;
-        name = names().obtainName(value);
-        return true;
-    };
-    property.updateByName = [names, update = property.update](UXJsonObject& object, const std::string& name) {
-        Value value{};
-        return update && names().obtainValue(name, value) && update(object, &value);
-    };
-    return property;
-}
-
-template <class Class, class Get>
-UXProperty UXProperty::makeObject(std::string key, Get get)
-{
-    UXProperty property{std::move(key), typeid(UXJsonObject*), {}, {}, {}, {}, {}};
-    property.obtainObject = [get](UXJsonObject& object) -> UXJsonObject* {
-        auto* own = dynamic_cast<Class*>(&object);
-        return own ? get(*own) : nullptr;
-    };
-    return property;
-}
