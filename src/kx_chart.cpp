@@ -388,7 +388,9 @@ void KXChart::_setKey(const UXPropertyType& type, void* member, const void* valu
 void KXChart::_resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChart& source,
                          const KXKeys& groups)
 {
-    table.reset(source, *this, kxWithNamelessGroup(groups), type == KXChartResetType::All);
+    KXKeys taken = groups;
+    taken.insert("");
+    table.reset(source, *this, taken, type == KXChartResetType::All);
 }
 
 void KXChart::showLinkedHighlightHint(UXHintInfo* info, UXObject* target, UXPoint point, UXControl*)

@@ -56,12 +56,13 @@ void KXChartProperty::updateTitleValueWrap(bool wrap)
 void KXChartProperty::customResetProperties(KXChartResetType type, KXChartPropertyBase* source,
                                             const KXKeys& groups)
 {
-    const UXJsonObjectWatcher self(this), sourceWatcher(source);
+    const ForcedUpdates forced(this);
+    const UXJsonObjectWatcher sourceWatcher(source);
     KXChartPropertyBase::customResetProperties(type, source, groups);
-    const KXKeys named = kxWithNamelessGroup(groups);
-    for (const char* group : {"Background", "Border", "Title", "Legend", "ColorSeries", "TopX", ""}) {
-        if (named.contains(group) && self.isAlive() && sourceWatcher.isAlive())
-            _resetKeys(obtainPropertyTable(), type, *source, {group});
+    for (const std::string group : {"Background", "Border", "Title", "Legend", "ColorSeries", "TopX", ""}) {
+        const bool isTaken = group.empty() || groups.contains(group);
+        if (isTaken && forced.isAlive() && sourceWatcher.isAlive())
+            obtainPropertyTable().reset(*source, *this, {group}, type == KXChartResetType::All);
     }
 }
 

@@ -103,11 +103,22 @@ void KXChartPropertyBase::_updateKey(const char* key, const UXPropertyType& type
     triggerUpdatedEvent(name);
 }
 
-void KXChartPropertyBase::_resetKeys(const UXPropertyTable& table, KXChartResetType type,
-                                     KXChartPropertyBase& source, const KXKeys& groups)
+void KXChartPropertyBase::_assignKeys(const UXPropertyTable& table, KXChartPropertyBase* target,
+                                      const KXKeys& keys, bool exclude)
 {
+    if (target)
+        table.assign(*this, *target, keys, exclude);
+}
+
+void KXChartPropertyBase::_resetKeys(const UXPropertyTable& table, KXChartResetType type,
+                                     KXChartPropertyBase* source, const KXKeys& groups)
+{
+    if (!source)
+        return;
     const ForcedUpdates forced(this);
-    table.reset(source, *this, groups, type == KXChartResetType::All);
+    KXKeys taken = groups;
+    taken.insert("");
+    table.reset(*source, *this, taken, type == KXChartResetType::All);
 }
 
 void KXChartPropertyBase::markUpdatedKey(const std::string& key) { m_updatedKeys.insert(key); }

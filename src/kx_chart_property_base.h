@@ -105,9 +105,13 @@ protected:
     void triggerUpdatedEvent(const std::string& key);
     /** Stores a value that differs, marks its key and calls back. The object may be gone afterwards. */
     void _updateKey(const char* key, const UXPropertyType& type, void* member, const void* value);
-    /** Takes the keys of the table that a reset of these groups takes, each one forced. The object may be
-     * gone afterwards. */
-    void _resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChartPropertyBase& source,
+    /** Passes the keys of the table that the list names on to target, if it has them. Either may be gone
+     * afterwards. */
+    void _assignKeys(const UXPropertyTable& table, KXChartPropertyBase* target, const KXKeys& keys,
+                     bool exclude);
+    /** Takes the keys of the table that a reset of these groups takes, each one forced. Either may be gone
+     * afterwards. */
+    void _resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChartPropertyBase* source,
                     const KXKeys& groups);
 
     bool m_forceUpdate = false;

@@ -37,9 +37,9 @@
     void Class::assignTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude)                 \
     {                                                                                                   \
         const UXJsonObjectWatcher self(this), targetWatcher(target);                                    \
-        Base::assignTo(target, {}, true);                                                               \
+        Base::assignTo(target, kxNoKeys, true);                                                         \
         if (self.isAlive() && targetWatcher.isAlive())                                                  \
-            obtainPropertyTable().assign(*this, *target, keys, exclude);                                \
+            _assignKeys(obtainPropertyTable(), target, keys, exclude);                                  \
     }                                                                                                   \
     const UXPropertyTable& Class::obtainPropertyTable()                                                 \
     {                                                                                                   \
@@ -50,14 +50,14 @@
         return table;                                                                                   \
     }
 
-#define KX_DEFINE_KEY_RESET(Class, Base)                                                   \
-    void Class::customResetProperties(KXChartResetType type, KXChartPropertyBase* source,  \
-                                      const KXKeys& groups)                                \
-    {                                                                                      \
-        const UXJsonObjectWatcher self(this), sourceWatcher(source);                       \
-        Base::customResetProperties(type, source, groups);                                 \
-        if (self.isAlive() && sourceWatcher.isAlive())                                     \
-            _resetKeys(obtainPropertyTable(), type, *source, kxWithNamelessGroup(groups)); \
+#define KX_DEFINE_KEY_RESET(Class, Base)                                                  \
+    void Class::customResetProperties(KXChartResetType type, KXChartPropertyBase* source, \
+                                      const KXKeys& groups)                               \
+    {                                                                                     \
+        const UXJsonObjectWatcher self(this), sourceWatcher(source);                      \
+        Base::customResetProperties(type, source, groups);                                \
+        if (self.isAlive() && sourceWatcher.isAlive())                                    \
+            _resetKeys(obtainPropertyTable(), type, source, groups);                      \
     }
 
 /** Defines the accessors that KX_DECLARE_CHART_KEYS declared. */
@@ -126,12 +126,8 @@ const UXPropertyTable* kxObtainParentPropertyTable()
         return &Base::obtainPropertyTable();
 }
 
-/** @return groups, and the one without a name, whose keys every reset takes */
-inline KXKeys kxWithNamelessGroup(KXKeys groups)
-{
-    groups.insert("");
-    return groups;
-}
+/** What a class passes on to its parent: an empty list of keys to leave out. */
+inline const KXKeys kxNoKeys;
 
 /** The owner of the keys of a class is its object itself. */
 template <class Class>

@@ -24,6 +24,17 @@ UXHintRowInfo makeSymbolRow(const UXColor& color, UXSymbolStyle style, const std
 
 } // namespace
 
+// Out of line: a hint's rows are much code, and every property class with hint settings copies and compares
+// them.
+UXHintInfo::UXHintInfo() = default;
+UXHintInfo::UXHintInfo(bool isEnabled) : enabled(isEnabled) {}
+UXHintInfo::UXHintInfo(const UXHintInfo&) = default;
+UXHintInfo::UXHintInfo(UXHintInfo&&) noexcept = default;
+UXHintInfo& UXHintInfo::operator=(const UXHintInfo&) = default;
+UXHintInfo& UXHintInfo::operator=(UXHintInfo&&) noexcept = default;
+UXHintInfo::~UXHintInfo() = default;
+bool UXHintInfo::operator==(const UXHintInfo&) const = default;
+
 UXHintRowInfo& UXHintInfo::addRow(const UXHintRowInfo& row) { return rows.emplace_back(row); }
 
 UXHintRowInfo& UXHintInfo::addRow(const std::string& label, const std::string& value)

@@ -27,8 +27,13 @@ struct UX_EXPORT UXHintInfo {
     bool enabled = true;      /**< whether the hint is shown at all */
     bool followMouse = false; /**< whether the hint stands at the pointer, where there is one */
 
-    UXHintInfo() = default;
-    explicit UXHintInfo(bool isEnabled) : enabled(isEnabled) {}
+    UXHintInfo();
+    explicit UXHintInfo(bool isEnabled);
+    UXHintInfo(const UXHintInfo&);
+    UXHintInfo(UXHintInfo&&) noexcept;
+    UXHintInfo& operator=(const UXHintInfo&);
+    UXHintInfo& operator=(UXHintInfo&&) noexcept;
+    ~UXHintInfo();
 
     UXHintRowInfo& addRow(const UXHintRowInfo& row);
     UXHintRowInfo& addRow(const std::string& label, const std::string& value);
@@ -42,5 +47,5 @@ struct UX_EXPORT UXHintInfo {
     void clearRows();
     void clearFooterRows();
 
-    friend bool operator==(const UXHintInfo&, const UXHintInfo&) = default;
+    bool operator==(const UXHintInfo&) const;
 };

@@ -67,7 +67,8 @@ public:
      * destroy either, which ends it. */
     void assign(UXJsonObject& source, UXJsonObject& target, const std::set<std::string>& keys,
                 bool exclude) const;
-    /** Updates the target's properties of the groups with the source's values; callbacks as above.
+    /** Updates the target's properties of the groups with the source's values; callbacks as above. The
+     * properties that every reset takes are those of the group without a name.
      *  @param takesAll also those that a reset of the look alone leaves */
     void reset(UXJsonObject& source, UXJsonObject& target, const std::set<std::string>& groups,
                bool takesAll) const;
