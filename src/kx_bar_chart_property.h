@@ -29,7 +29,7 @@
         All(DataLabel), Layout, "which bars have texts")                                                     \
     KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeDefaultLabelProperty(false), Any(DataLabel),    \
         Layout, "font and colour of the texts")                                                              \
-    KEY(bool, AutoLabelColor, m_autoLabelColor, true, Any(DataLabel), Recolor,                               \
+    KEY(bool, AutoLabelColor, m_autoLabelColor, true, Any(DataLabel), Layout,                                \
         "texts readable on their bar instead of in their own colour")                                        \
     KEY(bool, ShowTotals, m_showTotals, false, All(Total), Layout, "sums beyond the stacks")                 \
     KEY(UXTextProperty, TotalProperty, m_totalProperty, _makeDefaultLabelProperty(true), Any(Total), Layout, \
