@@ -25,8 +25,9 @@ class UXPainter;
 
 /**
  * Draws each value as a bar from zero on: the series of a category side by side, or stacked, where the value
- * axis is. A null leaves its place in a group empty; a hidden series takes no room. Where categories are
- * closer together than pixels are, bars are merged without a visible difference, and have no labels.
+ * axis is. A null leaves its place in a group empty; a hidden series takes no room. Where bars are
+ * closer together than pixels are, they are merged with all extremes kept, series still side by side, and have
+ * no labels.
  */
 class KX_EXPORT KXBarChartDataView : public KXAxisChartDataView {
 public:

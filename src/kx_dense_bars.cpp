@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <numeric>
 #include <utility>
 
 namespace {
@@ -15,6 +14,9 @@ namespace {
 constexpr double noise = 1e-9;
 /** With more pixels than this for a category there is a gap between it and the next. */
 constexpr double leastPixelsForGap = 2;
+/** So many series keep columns of their own where categories are merged; with more the groups would be too
+ * wide to tell where on the axis they stand. */
+constexpr std::size_t greatestLaneCount = 12;
 /** No screen has more columns. */
 constexpr double greatestColumnCount = 65536;
 constexpr std::uint64_t none = (std::numeric_limits<std::uint64_t>::max)();
@@ -31,31 +33,36 @@ double floorPlace(double place)
 struct Extreme {
     double value = 0;
     std::uint64_t category = none;
+    std::size_t position = 0; // of the series
 
-    void take(double other, std::uint64_t otherCategory)
+    void take(const Extreme& other)
     {
-        if (std::abs(other) > std::abs(value)) {
-            value = other;
-            category = otherCategory;
-        }
+        if (std::abs(other.value) > std::abs(value))
+            *this = other;
     }
     friend bool operator==(const Extreme&, const Extreme&) = default;
 };
 
-/** Categories that follow each other and fill the same columns. */
+/** What one pixel column shows: the furthest above zero and below. */
+struct Column {
+    Extreme above, below;
+
+    friend bool operator==(const Column&, const Column&) = default;
+};
+
+/** Categories that follow each other and fill the same columns, which may lie outside of the area. */
 struct Run {
     std::uint64_t firstCategory = 0, endCategory = 0;
-    std::size_t firstColumn = 0, endColumn = 0;
+    std::int64_t firstColumn = 0, endColumn = 0;
 
-    bool hasColumns() const { return firstColumn < endColumn; }
     bool hasSameColumns(const Run& other) const
     {
         return firstColumn == other.firstColumn && endColumn == other.endColumn;
     }
 };
 
-/** The extremes of each pixel column: side by side two a series, of stacks two altogether; first the one
- * above zero, then the one below. */
+/** Collects the extremes of each pixel column. The columns of a run belong to its series in their order; of
+ * several that share one the furthest is seen. A stack fills all of them. */
 class Columns {
 public:
     Columns(const KXAxisChartStacks& source, const KXBarPlane& plane);
@@ -64,66 +71,90 @@ public:
     KXBarLayout makeLayout();
 
 private:
-    bool _isGrouped() const { return m_source.form == KXAxisChartStacking::Plain; }
-    Extreme* _at(std::size_t column) { return m_extremes.data() + column * m_extremesPerColumn; }
+    bool _isStacked() const { return m_source.form != KXAxisChartStacking::Plain; }
     Run _findColumns(std::uint64_t category) const;
+    Run _findColumnsOfOne(std::uint64_t category, double centre) const;
+    Run _findColumnsOfGroup(std::uint64_t category, double centre) const;
     std::uint64_t _findRunEnd(const Run& run, std::uint64_t guess) const;
     void _findRuns();
     void _collectSeries(std::size_t position, const Run& run);
     void _collectStacks(const Run& run);
-    void _take(const Run& run, std::size_t index, const Extreme& above, const Extreme& below);
+    void _take(std::int64_t first, std::int64_t end, const Extreme& above, const Extreme& below);
     void _addSlot(std::size_t first, std::size_t end);
-    void _addGroup(const Extreme* extremes, const KXAxisChartStretch& across);
-    void _addStack(const Extreme& extreme, bool above, const KXAxisChartStretch& across);
+    void _addSide(const Extreme& extreme, const KXAxisChartStretch& across);
     void _addBar(std::size_t position, std::uint64_t category, double value, double from, double to,
                  const KXAxisChartStretch& across);
 
     const KXAxisChartStacks& m_source;
     const KXBarPlane& m_plane;
     double m_firstPixel = 0;
-    double m_halfWidth = 0; // of a category's bars, in pixels
-    std::size_t m_columnCount = 0;
-    std::size_t m_extremesPerColumn;
+    double m_room = 0;         // of a category, in pixels
+    double m_halfWidth = 0;    // of a category's only bar, in pixels
+    std::size_t m_laneCount;   // bars side by side that are to have columns of their own
+    std::int64_t m_groupWidth; // of a category's bars side by side, in pixels; 0 where categories share it
     std::vector<Run> m_runs;
-    std::vector<Extreme> m_extremes;
-    std::vector<std::size_t> m_order; // positions of the series, in which they are drawn
+    std::vector<Column> m_columns;
     std::vector<KXAxisChartStackPiece> m_pieces;
     KXBarLayout m_layout;
 };
 
 Columns::Columns(const KXAxisChartStacks& source, const KXBarPlane& plane)
-    : m_source(source), m_plane(plane), m_extremesPerColumn(_isGrouped() ? 2 * source.series.size() : 2)
+    : m_source(source), m_plane(plane), m_room(plane.spacing * plane.pixelScale),
+      m_laneCount(_isStacked() ? 1 : std::min(source.series.size(), greatestLaneCount)), m_groupWidth(0)
 {
     const KXAxisChartStretch across = plane.obtainAcross();
     m_firstPixel = std::floor(plane.toPixel(across.start) + noise);
     const double count = std::ceil(plane.toPixel(across.end) - noise) - m_firstPixel;
-    m_columnCount = static_cast<std::size_t>(std::clamp(count, 0.0, greatestColumnCount));
-    m_extremes.resize(m_columnCount * m_extremesPerColumn);
-    const double room = plane.spacing * plane.pixelScale;
-    m_halfWidth = std::min(room * (room < leastPixelsForGap ? 1 : plane.share),
+    m_columns.resize(static_cast<std::size_t>(std::clamp(count, 0.0, greatestColumnCount)));
+    m_halfWidth = std::min(m_room * (m_room < leastPixelsForGap ? 1 : plane.share),
                            KXBarPlane::greatestWidth * plane.pixelScale) /
                   2;
-    m_order.resize(source.series.size());
-    std::iota(m_order.begin(), m_order.end(), std::size_t{0});
+    const auto lanes = static_cast<double>(m_laneCount), bars = static_cast<double>(source.series.size());
+    if (m_room >= lanes) {
+        double width = std::clamp(std::floor(m_room * plane.share), lanes, greatestColumnCount);
+        if (width > bars) // all of them equally wide
+            width -= std::fmod(width, bars);
+        m_groupWidth = static_cast<std::int64_t>(width);
+    }
     m_layout.isDense = true;
-    m_layout.slots.reserve(m_columnCount);
-    m_layout.bars.reserve(m_columnCount);
+    m_layout.slots.reserve(m_columns.size());
+    m_layout.bars.reserve(m_columns.size());
 }
 
-/** @return the columns that the bars of one category fill, at least one where it lies in the area */
 Run Columns::_findColumns(std::uint64_t category) const
 {
     const double place = m_plane.categories.obtainPosition(m_source.obtainCategoryValue(category));
     const double centre = m_plane.toPixel(place) - m_firstPixel;
+    return m_laneCount > 1 ? _findColumnsOfGroup(category, centre) : _findColumnsOfOne(category, centre);
+}
+
+/** @return the columns that the only bar of a category fills, at least one */
+Run Columns::_findColumnsOfOne(std::uint64_t category, double centre) const
+{
     double low = floorPlace(centre - m_halfWidth + 0.5 + noise);
     double high = floorPlace(centre + m_halfWidth + 0.5 + noise);
     if (high <= low) {
         low = floorPlace(centre + noise);
         high = low + 1;
     }
-    const auto count = static_cast<double>(m_columnCount);
-    return {category, category + 1, static_cast<std::size_t>(std::clamp(low, 0.0, count)),
-            static_cast<std::size_t>(std::clamp(high, 0.0, count))};
+    return {category, category + 1, static_cast<std::int64_t>(low), static_cast<std::int64_t>(high)};
+}
+
+/** @return the columns of the bars that stand side by side, those of the category alone or, where it has no
+ * room for a column a series, those of some neighbours together */
+Run Columns::_findColumnsOfGroup(std::uint64_t category, double centre) const
+{
+    if (m_groupWidth > 0) {
+        const auto first = static_cast<std::int64_t>(
+            floorPlace(centre - static_cast<double>(m_groupWidth) / 2 + 0.5 + noise));
+        return {category, category + 1, first, first + m_groupWidth};
+    }
+    const auto columnCount = static_cast<std::int64_t>(m_columns.size());
+    const std::int64_t groupCount = std::max<std::int64_t>(
+        columnCount / static_cast<std::int64_t>(m_laneCount), 1);
+    const double part = (centre + noise) / static_cast<double>(std::max<std::int64_t>(columnCount, 1));
+    const auto group = static_cast<std::int64_t>(floorPlace(part * static_cast<double>(groupCount)));
+    return {category, category + 1, group * columnCount / groupCount, (group + 1) * columnCount / groupCount};
 }
 
 /** Where places never go back, all categories between two with the same columns have these too: the end is
@@ -160,7 +191,7 @@ void Columns::_findRuns()
         // The next one is about as long.
         guess = std::max<std::uint64_t>(run.endCategory - category, 2) - 2;
         category = run.endCategory;
-        if (run.hasColumns())
+        if (run.endColumn > 0 && run.firstColumn < static_cast<std::int64_t>(m_columns.size()))
             m_runs.push_back(run);
     }
 }
@@ -169,9 +200,9 @@ void Columns::collect()
 {
     _findRuns();
     for (const Run& run : m_runs) {
-        if (!_isGrouped())
+        if (_isStacked())
             _collectStacks(run);
-        for (std::size_t position = 0; _isGrouped() && position < m_source.series.size(); ++position)
+        for (std::size_t position = 0; !_isStacked() && position < m_source.series.size(); ++position)
             _collectSeries(position, run);
     }
 }
@@ -190,10 +221,14 @@ void Columns::_collectSeries(std::size_t position, const Run& run)
         const auto found = value == 0 ? inside.end() : std::ranges::find(inside, value);
         return found == inside.end()
                    ? Extreme()
-                   : Extreme{value, run.firstCategory + static_cast<std::uint64_t>(found - inside.begin())};
+                   : Extreme{value, run.firstCategory + static_cast<std::uint64_t>(found - inside.begin()),
+                             position};
     };
-    const Extreme above = makeExtreme(greatest), below = makeExtreme(least);
-    _take(run, 2 * position, above, below);
+    const auto place = static_cast<std::int64_t>(position);
+    const auto count = static_cast<std::int64_t>(m_source.series.size());
+    const std::int64_t width = run.endColumn - run.firstColumn, first = place * width / count;
+    _take(run.firstColumn + first, run.firstColumn + std::max((place + 1) * width / count, first + 1),
+          makeExtreme(greatest), makeExtreme(least));
 }
 
 void Columns::_collectStacks(const Run& run)
@@ -209,27 +244,28 @@ void Columns::_collectStacks(const Run& run)
             else if (value < 0)
                 down += value;
         }
-        above.take(up, category);
-        below.take(down, category);
+        above.take({up, category});
+        below.take({down, category});
     }
-    _take(run, 0, above, below);
+    _take(run.firstColumn, run.endColumn, above, below);
 }
 
-void Columns::_take(const Run& run, std::size_t index, const Extreme& above, const Extreme& below)
+void Columns::_take(std::int64_t first, std::int64_t end, const Extreme& above, const Extreme& below)
 {
-    for (std::size_t column = run.firstColumn; column < run.endColumn; ++column) {
-        _at(column)[index].take(above.value, above.category);
-        _at(column)[index + 1].take(below.value, below.category);
+    end = std::min(end, static_cast<std::int64_t>(m_columns.size()));
+    for (std::int64_t i = std::max<std::int64_t>(first, 0); i < end; ++i) {
+        Column& column = m_columns[static_cast<std::size_t>(i)];
+        column.above.take(above);
+        column.below.take(below);
     }
 }
 
 /** Columns next to each other that show the same make one slot. */
 KXBarLayout Columns::makeLayout()
 {
-    for (std::size_t first = 0, end = 0; first < m_columnCount; first = end) {
-        const Extreme* extremes = _at(first);
-        for (end = first + 1; end < m_columnCount; ++end)
-            if (!std::equal(extremes, extremes + m_extremesPerColumn, _at(end)))
+    for (std::size_t first = 0, end = 0; first < m_columns.size(); first = end) {
+        for (end = first + 1; end < m_columns.size(); ++end)
+            if (m_columns[end] != m_columns[first])
                 break;
         _addSlot(first, end);
     }
@@ -238,51 +274,32 @@ KXBarLayout Columns::makeLayout()
 
 void Columns::_addSlot(std::size_t first, std::size_t end)
 {
-    const Extreme* extremes = _at(first);
-    Extreme furthest;
-    for (std::size_t i = 0; i < m_extremesPerColumn; ++i)
-        furthest.take(extremes[i].value, extremes[i].category);
+    const Column& column = m_columns[first];
+    Extreme furthest = column.above;
+    furthest.take(column.below);
     if (furthest.category == none)
         return;
     const KXAxisChartStretch across{m_plane.fromPixel(m_firstPixel + static_cast<double>(first)),
                                     m_plane.fromPixel(m_firstPixel + static_cast<double>(end))};
     KXBarSlot slot{across.start, across.end, furthest.category, m_layout.bars.size(), 0};
-    if (_isGrouped()) {
-        _addGroup(extremes, across);
-    } else {
-        _addStack(extremes[0], true, across);
-        _addStack(extremes[1], false, across);
-    }
+    _addSide(column.above, across);
+    _addSide(column.below, across);
     slot.endBar = m_layout.bars.size();
     m_layout.slots.push_back(slot);
 }
 
-/** On each side of zero the shortest bar is seen whole, and of each longer one what it is longer by. */
-void Columns::_addGroup(const Extreme* extremes, const KXAxisChartStretch& across)
-{
-    for (const std::size_t side : {0U, 1U}) {
-        const auto lengthOf = [&](std::size_t position) {
-            return std::pair(std::abs(extremes[2 * position + side].value), position);
-        };
-        std::ranges::sort(m_order, {}, lengthOf);
-        double reached = 0;
-        for (const std::size_t position : m_order) {
-            const Extreme& extreme = extremes[2 * position + side];
-            if (extreme.value == reached)
-                continue;
-            _addBar(position, extreme.category, extreme.value, reached, extreme.value, across);
-            reached = extreme.value;
-        }
-    }
-}
-
-void Columns::_addStack(const Extreme& extreme, bool above, const KXAxisChartStretch& across)
+/** A stack shows its pieces on that side of zero. */
+void Columns::_addSide(const Extreme& extreme, const KXAxisChartStretch& across)
 {
     if (extreme.category == none)
         return;
+    if (!_isStacked()) {
+        _addBar(extreme.position, extreme.category, extreme.value, 0, extreme.value, across);
+        return;
+    }
     m_source.obtainPieces(extreme.category, m_pieces);
     for (const KXAxisChartStackPiece& piece : m_pieces)
-        if (above ? piece.to > piece.from : piece.to < piece.from)
+        if (extreme.value > 0 ? piece.to > piece.from : piece.to < piece.from)
             _addBar(piece.position, extreme.category, piece.value, piece.from, piece.to, across);
 }
 

@@ -165,56 +165,112 @@ TEST(KXDenseBars, ShowWhatAllBarsWouldShow)
     for (int round = 0; round < 60; ++round) {
         SCOPED_TRACE(round);
         const int width = 40, count = 20 + static_cast<int>(random() % 400);
-        const std::size_t seriesCount = 1 + random() % 3;
-        Lists lists(seriesCount);
-        for (std::vector<double>& values : lists)
-            for (int i = 0; i < count; ++i)
-                values.push_back(random() % 9 == 0 ? null : static_cast<double>(random() % 81) - 40);
+        std::vector<double> values;
+        for (int i = 0; i < count; ++i)
+            values.push_back(random() % 9 == 0 ? null : static_cast<double>(random() % 81) - 40);
         KXBarPlane plane = makePlane(width, static_cast<double>(width) / count);
         plane.pixelScale = 1 + static_cast<double>(random() % 3) / 2;
-        if (plane.spacing * plane.pixelScale >= 2)
+        const double scaled = plane.spacing * plane.pixelScale;
+        if (scaled >= 2)
             continue;
-        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXAxisChartStacking::Plain), plane);
+        const KXBarLayout layout = kxLayoutBars(makeSource({values}, KXAxisChartStacking::Plain), plane);
         ASSERT_TRUE(layout.isDense);
 
-        using Ends = std::map<std::pair<int, std::uint64_t>, std::pair<double, double>>;
-        Ends expected, found; // by column and series: the lowest and the highest end
-        for (std::uint64_t s = 0; s < seriesCount; ++s) {
-            for (int i = 0; i < count; ++i) {
-                const double value = lists[s][static_cast<std::size_t>(i)];
-                const double scaled = plane.spacing * plane.pixelScale;
-                int low = static_cast<int>(std::floor(i * scaled + 0.5 + 1e-9));
-                int high = static_cast<int>(std::floor((i + 1) * scaled + 0.5 + 1e-9));
-                if (high <= low) {
-                    low = static_cast<int>(std::floor((i + 0.5) * scaled + 1e-9));
-                    high = low + 1;
-                }
-                for (int x = low; x < high && x < width * plane.pixelScale && (value > 0 || value < 0); ++x) {
-                    auto& [least, most] = expected[{x, s}];
-                    least = std::min(least, value);
-                    most = std::max(most, value);
-                }
+        using Ends = std::map<int, std::pair<double, double>>;
+        Ends expected, found; // by column: the lowest and the highest end
+        for (int i = 0; i < count; ++i) {
+            const double value = values[static_cast<std::size_t>(i)];
+            int low = static_cast<int>(std::floor(i * scaled + 0.5 + 1e-9));
+            int high = static_cast<int>(std::floor((i + 1) * scaled + 0.5 + 1e-9));
+            if (high <= low) {
+                low = static_cast<int>(std::floor((i + 0.5) * scaled + 1e-9));
+                high = low + 1;
+            }
+            for (int x = low; x < high && x < width * plane.pixelScale && (value > 0 || value < 0); ++x) {
+                auto& [least, most] = expected[x];
+                least = std::min(least, value);
+                most = std::max(most, value);
             }
         }
-        std::map<std::pair<int, bool>, double> filled; // of a column, above zero or below
         for (const KXBar& bar : layout.bars) {
-            EXPECT_EQ(lists[bar.mark.series][bar.mark.category], bar.value);
+            EXPECT_EQ(values[bar.mark.category], bar.value);
             EXPECT_EQ(bar.to, bar.value);
+            EXPECT_EQ(bar.from, 0);
             for (int x = static_cast<int>(std::round(bar.rect.x * plane.pixelScale));
                  x < std::round((bar.rect.x + bar.rect.width) * plane.pixelScale); ++x) {
-                auto& [least, most] = found[{x, bar.mark.series}];
+                auto& [least, most] = found[x];
                 least = std::min(least, bar.to);
                 most = std::max(most, bar.to);
-                EXPECT_EQ(std::exchange(filled[{x, bar.to > 0}], bar.to), bar.from) << "pieces touch";
             }
         }
-        std::set<std::pair<int, double>> shown; // the ends of a column
-        for (const auto& [key, ends] : found)
-            shown.insert({{key.first, ends.first}, {key.first, ends.second}});
-        for (const auto& [key, ends] : expected)
-            for (const double end : {ends.first, ends.second})
-                EXPECT_TRUE(end == 0 || shown.contains({key.first, end}))
-                    << "only a bar just as long hides another's end";
+        EXPECT_EQ(found, expected);
+    }
+}
+
+TEST(KXDenseBars, SeriesStandSideBySide)
+{
+    struct Case {
+        const char* name;
+        std::size_t series, categories;
+        double width, scale;
+        bool hasGroups; // a category has its bars to itself
+    };
+    const Case cases[] = {
+        {"a column each, in shared groups", 3, 1000, 100, 1, false},
+        {"a column each, with a category each", 3, 30, 120, 1, true},
+        {"wider than a column on a finer device", 3, 30, 120, 2, true},
+        {"several to a column", 100, 10, 1000, 1, true},
+        {"several to a column of a shared group", 100, 1000, 1000, 1, false},
+        {"no room for one group", 5, 4, 3, 1, false},
+        {"as many as a chart holds", 10'000, 5, 200, 2, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Lists lists(c.series, std::vector<double>(c.categories));
+        std::mt19937 random(5);
+        for (std::vector<double>& values : lists)
+            for (double& value : values)
+                value = static_cast<double>(random() % 90) - 45;
+        KXBarPlane plane = makePlane(c.width, c.width / static_cast<double>(c.categories));
+        plane.pixelScale = c.scale;
+        const KXBarLayout layout = kxLayoutBars(makeSource(lists, KXAxisChartStacking::Plain), plane);
+        ASSERT_TRUE(layout.isDense);
+        EXPECT_LE(layout.bars.size(), 2 * static_cast<std::size_t>(c.width * c.scale))
+            << "grows with the pixels";
+
+        double reached = 0;
+        std::uint64_t lastCategory = 0, lastSeries = 0;
+        for (const KXBarSlot& slot : layout.slots) {
+            EXPECT_GE(slot.start, reached - 1e-9);
+            reached = slot.end;
+            ASSERT_LE(slot.endBar - slot.firstBar, 2);
+            for (std::size_t i = slot.firstBar; i < slot.endBar; ++i) {
+                const KXBar& bar = layout.bars[i];
+                EXPECT_EQ(lists[bar.mark.series][bar.mark.category], bar.value);
+                EXPECT_EQ(bar.from, 0) << "bars do not stand on each other";
+                if (i > slot.firstBar) {
+                    EXPECT_LT(bar.value * layout.bars[i - 1].value, 0) << "one on each side of zero";
+                }
+            }
+            if (!c.hasGroups)
+                continue;
+            const KXAxisChartMark mark = layout.bars[slot.firstBar].mark;
+            EXPECT_GE(mark.category, lastCategory);
+            if (mark.category == lastCategory) {
+                EXPECT_GE(mark.series + c.series / 12, lastSeries)
+                    << "in their order, but for shared columns";
+            }
+            EXPECT_GT(slot.end, static_cast<double>(mark.category) * plane.spacing) << "in its own room";
+            EXPECT_LT(slot.start, static_cast<double>(mark.category + 1) * plane.spacing);
+            lastCategory = mark.category;
+            lastSeries = mark.series;
+        }
+        for (std::uint64_t s = 0; s < c.series && c.series <= 3; ++s) {
+            const double furthest = *std::ranges::max_element(lists[s]);
+            EXPECT_TRUE(std::ranges::any_of(layout.bars, [&](const KXBar& bar) {
+                return bar.mark.series == s && bar.value == furthest;
+            })) << "every series keeps its extremes";
+        }
     }
 }
 
