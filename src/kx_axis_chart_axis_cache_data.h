@@ -6,10 +6,11 @@
  *  tick interval made of it. kxUpdateAxisCacheData makes the one of the other. */
 struct KXAxisChartAxisCacheData {
     double dataMin = 0, dataMax = 0;
-    double stackedMin = 0, stackedMax = 0; /**< of the sums of each category */
+    double stackedMin = 0, stackedMax = 0; /**< of the sums of each category, where hasSums */
     double axisMin = 0, axisMax = 0, tickInterval = 0;
     double presetTickInterval = 0; /**< above 0, in place of the automatic interval */
     bool needsUpdate = true;
+    bool hasSums = false;           /**< only stacked axes need them, and they take a look at each value */
     bool isValueAxis = true;        /**< off: the axis counts categories */
     bool isSmallRange = false;      /**< a range below the wanted number of ticks is one interval */
     bool isNumberDimension = false; /**< what the categories are, where there are some */

@@ -65,7 +65,19 @@ struct KXAxisChartDataUser::Pulled {
     KXChartDataType categoryDataType = KXChartDataType::String;
     KXChartAggregateType categoryAggregateType{};
     KXChartDataProviderDimensionSetting categorySetting;
+    std::vector<std::vector<double>> oldValues;
     bool hasNumber = false;
+
+    /** @return a value for each category that is no number, where the series' old ones were if these were
+     * about as many */
+    std::vector<double> takeValues(std::size_t index)
+    {
+        std::vector<double> values;
+        if (index < oldValues.size() && oldValues[index].capacity() / 2 <= categoryCount)
+            values.swap(oldValues[index]);
+        values.assign(static_cast<std::size_t>(categoryCount), noNumber);
+        return values;
+    }
 };
 
 KXAxisChartDataUser::KXAxisChartDataUser(KXChart* chart) : KXChartDataUser(chart) {}
@@ -96,6 +108,9 @@ double KXAxisChartDataUser::getValue(std::uint64_t series, std::uint64_t categor
 void KXAxisChartDataUser::resetData()
 {
     KXChartDataUser::resetData();
+    m_oldValues.clear();
+    for (Series& series : m_series)
+        m_oldValues.push_back(std::move(series.values));
     m_series.clear();
     m_categoryCount = 0;
     m_categoryDimensionLabel.clear();
@@ -112,6 +127,7 @@ void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool&
 {
     auto* axisProvider = dynamic_cast<KXAxisChartDataProvider*>(provider);
     Pulled pulled(getChart());
+    pulled.oldValues = std::exchange(m_oldValues, {});
     if (!axisProvider || axisProvider->obtainDataIsEmpty(this) || !pulled.chart.isAlive())
         return;
     if (!_pullDimension(*axisProvider, pulled) || !_pullSeries(*axisProvider, pulled))
@@ -152,7 +168,7 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
 {
     for (std::uint64_t i = 0; i < pulled.seriesCount; ++i) {
         Series& series = pulled.series.emplace_back();
-        series.values.resize(pulled.categoryCount, noNumber);
+        series.values = pulled.takeValues(static_cast<std::size_t>(i));
         series.label = provider.obtainSeriesLabel(this, i);
         if (pulled.chart.isAlive())
             series.id = provider.obtainSeriesID(this, i);
@@ -236,7 +252,7 @@ const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()
 }
 
 KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<std::uint64_t>& series,
-                                                            std::uint64_t categoryCount) const
+                                                            std::uint64_t categoryCount, bool withSums) const
 {
     const auto count = static_cast<std::size_t>(std::min(categoryCount, m_categoryCount));
     std::vector<std::span<const double>> lists;
@@ -250,6 +266,8 @@ KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<st
     }
     if (all.isEmpty())
         return {};
+    if (!withSums)
+        return {all.min, all.max, 0, 0};
     const KXValueExtremes stacked = lists.size() == 1 ? all : findStackedExtremes(lists, count);
     return {all.min, all.max, std::clamp(stacked.min, -largest, 0.0), std::clamp(stacked.max, 0.0, largest)};
 }

@@ -68,9 +68,10 @@ public:
     const std::vector<double>& obtainCategoryNumbers();
 
     /** @param series those that count
-     *  @param categoryCount only the first categories count */
+     *  @param categoryCount only the first categories count
+     *  @param withSums whether the sums are wanted, which take a look at each value; else they are 0 */
     KXAxisChartValueRange obtainValueRange(const std::vector<std::uint64_t>& series,
-                                           std::uint64_t categoryCount) const;
+                                           std::uint64_t categoryCount, bool withSums) const;
 
     // From KXChartDataUser
     void customPrepareData(KXChartDataProvider* provider, bool& prepared) override;
@@ -95,6 +96,7 @@ private:
     const CategoryText& _obtainText(std::uint64_t category);
 
     std::vector<Series> m_series;
+    std::vector<std::vector<double>> m_oldValues; // of the data before, whose memory the next ones take
     std::uint64_t m_categoryCount = 0;
     std::string m_categoryDimensionLabel;
     std::string m_measureLabel;

@@ -36,8 +36,9 @@ std::optional<KXAxisChartValueRange> KXAxisChartDataView::obtainValueRange() con
 {
     if (m_shownSeries.empty())
         return std::nullopt;
-    KXAxisChartValueRange range = m_chart->obtainValueRange(m_shownSeries,
-                                                            m_chart->obtainShownCategoryCount());
+    const bool withSums = canStack() && _getValueAxisProperty().getIsStacked();
+    KXAxisChartValueRange range = m_chart->obtainValueRange(
+        m_shownSeries, m_chart->obtainShownCategoryCount(), withSums);
     if (!canStack()) {
         range.stackedMin = std::min(range.min, 0.0);
         range.stackedMax = std::max(range.max, 0.0);

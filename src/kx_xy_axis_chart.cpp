@@ -206,6 +206,7 @@ bool KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis)
     axis.cache.dataMax = range->max;
     axis.cache.stackedMin = range->stackedMin;
     axis.cache.stackedMax = range->stackedMax;
+    axis.cache.hasSums = axis.property->getIsStacked();
     axis.cache.needsUpdate = true;
     return isUsed;
 }
@@ -245,6 +246,9 @@ void KXXYAxisChart::_axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect
 
 void KXXYAxisChart::_customUpdateAxes()
 {
+    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY})
+        if (axis->property->getIsStacked() && !axis->cache.hasSums)
+            _updateValueRange(*axis);
     _placeSides();
     for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})
         if (updateAxisCacheData(axis->property.get(), &axis->cache))

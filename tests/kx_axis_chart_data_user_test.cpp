@@ -109,6 +109,12 @@ TEST(KXAxisChartDataUser, Ranges)
         DataChart chart;
         chart.setDataProvider(&provider);
         chart.prepareData();
-        EXPECT_EQ(chart.obtainValueRange(c.series, c.count), c.expected);
+        EXPECT_EQ(chart.obtainValueRange(c.series, c.count, true), c.expected);
+
+        if (!c.series.empty() && c.series[0] == 0) {
+            const double* before = chart.getSeriesValues(0).data();
+            chart.prepareData();
+            EXPECT_EQ(chart.getSeriesValues(0).data(), before) << "replaced in the memory that is there";
+        }
     }
 }
