@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_property.h"
 #include "kx_bar_chart_property.h"
+#include "kx_readable_color.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_localize.h"

@@ -129,10 +129,10 @@ void KXBarChartDataView::_placeLabels(const LabelWishes& wishes)
     KXBarLabelPlacer placer(*this, {m_property->getLabelPosition(), m_property->getLabelOverflow(),
                                     m_property->getAutoLabelColor()});
     for (const LabelWishes::Total& total : wishes.totals)
-        placer.placeTotal(getSlots()[total.slot], total.value, total.text, m_property->getTotalProperty());
+        placer.addTotal(getSlots()[total.slot], total.value, total.text, m_property->getTotalProperty());
     for (const LabelWishes::Label& label : wishes.labels)
-        placer.place(getBars()[label.bar], label.wish);
-    m_labels = placer.takeLabels();
+        placer.add(label.bar, label.wish);
+    m_labels = placer.place();
 }
 
 const KXBarSeriesFacts& KXBarChartDataView::_obtainFacts(const KXAxisChartStacks& source,

@@ -5,20 +5,18 @@
 #include "kx_bar_layout.h"
 #include "kx_bar_plane.h"
 #include "kx_export.h"
+#include "kx_label_placer.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_text_property.h"
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 class KXBarChartDataView;
-class UXLayoutHelper;
 
 /** A text that has found a place beside or on its bar. */
 struct KXBarLabel {
@@ -37,10 +35,9 @@ struct KXBarLabelStyle {
 };
 
 /**
- * Finds places for the labels of bars, one after the other: earlier ones have the choice. No label touches
- * another one or a bar that is not its own, or leaves the area. A label outside that has no room beyond its
- * bar's end stands inside of it. One that its bar cannot hold is left out, or, where it may overflow, stands
- * outside or over the bar's edges.
+ * Says what the labels of bars wish, and has them placed: totals have the first choice, then extremes, then
+ * all others. A label outside that has no room beyond its bar's end stands inside of it. One that its bar
+ * cannot hold is left out, or, where it may overflow, stands outside or over the bar's edges.
  */
 class KX_EXPORT KXBarLabelPlacer {
 public:
@@ -60,33 +57,26 @@ public:
 
     /** A label that is longer than one and a half categories are wide tells nobody whose it is, so only
      * extremes get such a one.
-     *  @return whether the label has a place */
-    bool place(const KXBar& bar, const Wish& wish);
-    /** Places a total beyond the bars of a slot, on the side of zero where value is, or else on the other. */
-    bool placeTotal(const KXBarSlot& slot, double value, const std::string& text,
-                    const UXTextProperty& property);
+     *  @param bar its index in the data view */
+    void add(std::size_t bar, const Wish& wish);
+    /** Adds a total, which stands beyond the bars of a slot, on the side of zero where value is, or else on
+     * the other. */
+    void addTotal(const KXBarSlot& slot, double value, const std::string& text,
+                  const UXTextProperty& property);
 
-    std::vector<KXBarLabel> takeLabels() { return std::move(m_labels); }
+    /** @return those that have a place */
+    std::vector<KXBarLabel> place();
 
 private:
-    UXDoubleSize _measure(const std::string& text, const UXTextProperty& property) const;
-    UXDoubleRect _makeRect(const KXAxisChartStretch& across, const KXAxisChartStretch& along,
-                           KXBarLabelPosition position, bool growsForwards, const UXDoubleSize& size) const;
+    UXDoubleRect _makeRect(const UXDoubleRect& bar, KXBarLabelPosition position, bool growsForwards,
+                           const UXDoubleSize& size) const;
     /** @return the bar that reaches furthest to one side of zero, null for none */
     const KXBar* _findOutermost(const KXBarSlot& slot, bool isBelow) const;
     bool _isTooLong(const UXDoubleSize& size) const;
-    bool _add(const UXDoubleRect& rect, const KXBar* own, const std::string& text,
-              const UXTextProperty& property, bool isReadOnBar = false);
-    bool _isFree(const UXDoubleRect& rect, const KXBar* own) const;
-    std::pair<std::size_t, std::size_t> _obtainCells(const UXDoubleRect& rect) const;
 
     const KXBarChartDataView& m_view;
     const KXBarPlane& m_plane;
     KXBarLabelStyle m_style;
-    std::unique_ptr<UXLayoutHelper> m_helper;
-    std::vector<KXBarLabel> m_labels;
-    std::vector<std::vector<std::size_t>> m_cells; // the labels that touch each stretch across of one length
+    KXLabelPlacer m_placer;
+    std::vector<KXLabelWish> m_wishes;
 };
-
-/** @return black or white, whichever can be read better on background */
-[[nodiscard]] KX_EXPORT UXColor kxObtainReadableColor(const UXColor& background);

@@ -1,5 +1,6 @@
 #include "kx_gauge_layout.h"
 
+#include "kx_collision_grid.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -46,12 +47,6 @@ constexpr double pointerShare = 0.04;
 
 double obtainRight(const UXDoubleRect& rect) { return rect.x + rect.width; }
 double obtainBottom(const UXDoubleRect& rect) { return rect.y + rect.height; }
-
-bool isTooNear(const UXDoubleRect& a, const UXDoubleRect& b)
-{
-    return a.x < obtainRight(b) + textGap && b.x < obtainRight(a) + textGap && a.y < obtainBottom(b) &&
-           b.y < obtainBottom(a);
-}
 
 int roundUp(double extent) { return uxSaturateToInt(std::ceil(extent)); }
 
@@ -364,7 +359,8 @@ bool KXGaugeLayout::_collides(const KXGaugeText& text) const
 {
     bool collides = false;
     _forEachText(*this, [&](const KXGaugeText& other) {
-        collides = collides || (&other != &text && other.shown && isTooNear(other.rect, text.rect));
+        collides = collides ||
+                   (&other != &text && other.shown && kxAreTooNear(other.rect, text.rect, textGap));
     });
     return collides;
 }
