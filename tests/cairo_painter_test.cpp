@@ -280,10 +280,12 @@ TEST(CairoPainter, SurvivesEveryNumber)
 
 TEST(CairoPainter, WritesManyRectanglesAsItFillsThemOneByOne)
 {
-    const std::vector<UXDoubleRect> rects{{1.2, 1, 7.4, 9}, {9, 3, 0.2, 40}, {-5, 12, 1e6, 3.3}, {4, 4, 6, 6},
-                                          {2, 20, 0, 5},    {12, 5, 3, 30},  {NAN, 0, 4, 4}};
+    std::vector<UXDoubleRect> rects{{1.2, 1, 7.4, 9}, {9, 3, 0.2, 40}, {-5, 12, 1e6, 3.3}, {4, 4, 6, 6},
+                                    {2, 20, 0, 5},    {12, 5, 3, 30},  {NAN, 0, 4, 4}};
+    for (int i = 0; i < 60; ++i) // columns beside each other, with gaps, higher than what is filled at a time
+        rects.push_back({i % 24 + (i / 24) * 0.1, 2 + i % 5 * 9.0, i % 7 == 0 ? 0.6 : 1, 60 + i % 3 * 20.0});
     const auto draw = [&](bool together, const UXColor& color, double scale, const UXDoubleRect& clip) {
-        CairoTestCanvas canvas(24, 18, scale);
+        CairoTestCanvas canvas(24, 90, scale);
         canvas.drawWhiteGround().draw([&](UXPainter& painter) {
             painter.addRectanglePath(clip), painter.clip();
             painter.translate(0.25, 1);
@@ -298,7 +300,7 @@ TEST(CairoPainter, WritesManyRectanglesAsItFillsThemOneByOne)
     };
     for (const UXColor& color : {red, UXColor(200, 100, 50, 0.3)})
         for (const double scale : {1.0, 1.5, 2.0})
-            for (const UXDoubleRect& clip : {UXDoubleRect(0, 0, 24, 18), UXDoubleRect(2, 2, 14, 12),
+            for (const UXDoubleRect& clip : {UXDoubleRect(0, 0, 24, 90), UXDoubleRect(2, 2, 14, 70),
                                              UXDoubleRect(2.3, 2.7, 9, 9), UXDoubleRect(30, 2, 4, 4)})
                 EXPECT_EQ(draw(true, color, scale, clip), draw(false, color, scale, clip)) << scale << clip.x;
 }

@@ -8,7 +8,6 @@
 #include "ux/ux_image.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_picture.h"
-#include "ux/ux_pixel_snapping.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_text_placement.h"
@@ -369,9 +368,7 @@ void UXCairoPainter::drawRects(std::span<const UXDoubleRect> rects)
         UXCairoPixelFiller filler(m_context, m_toDevice);
         if (filler.isUsable()) {
             forgetPath();
-            for (const UXDoubleRect& rect : rects)
-                if (rect.width > 0 && rect.height > 0)
-                    filler.fill(uxSnapRect(rect, m_toDevice));
+            filler.fill(rects);
             return;
         }
     }

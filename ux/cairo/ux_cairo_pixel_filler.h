@@ -4,6 +4,9 @@
 #include "ux/ux_double_rect.h"
 #include "ux/ux_transform.h"
 
+#include <span>
+#include <vector>
+
 /** Writes many rectangles of whole pixels straight into a picture in memory, as Cairo would fill them one by
  * one. */
 class UXCairoPixelFiller {
@@ -12,10 +15,16 @@ public:
     UXCairoPixelFiller(UXCairoContext* context, const UXTransform& toDevice);
 
     bool isUsable() const { return m_pixels.isUsable(); }
-    /** @param rect in the present space, its edges between pixels; what is not finite is left out */
-    void fill(const UXDoubleRect& rect);
+    /** Fills one after the other.
+     *  @param rects in the present space, moved to pixels; what is not finite or empty is left out */
+    void fill(std::span<const UXDoubleRect> rects);
 
 private:
+    UXCairoPixels::Box _toBox(const UXDoubleRect& rect, const UXCairoPixels::Box& clip) const;
+    void _fillRow();
+    void _fillBand(int top, int bottom);
+
     UXCairoPixels m_pixels;
     UXTransform m_toDevice;
+    std::vector<UXCairoPixels::Box> m_row; // from left to right, sharing no column, to be filled together
 };
