@@ -119,6 +119,9 @@ protected:
     /** @return the whole mark at a point of the plot's space, which hints leave free; empty for none, and
      * where a type has nothing to leave free */
     virtual UXRect _obtainMarkArea(UXPoint point) const;
+    /** @return where a mark and its label are painted, in the plot's space; by default all of the marks' area
+     */
+    virtual std::vector<UXRect> _obtainMarkRects(const KXAxisChartMark& mark) const;
     /** @return the category in whose slot the point lies, of the plot's space */
     virtual std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const = 0;
     /** Brings the data's ranges into the axes: the data changed, or other series are shown. */
@@ -171,6 +174,7 @@ private:
     Target _obtainTarget(UXPoint point) const;
     void _setHoveredMark(const std::optional<KXAxisChartMark>& mark, const UXEvent& event);
     void _loadHoverEffects();
+    void _repaintMark(const KXAxisChartMark& mark);
     void _forgetHover();
     bool _hasData();
     void _showHint(const Target& target, UXPoint plotPoint);

@@ -9,6 +9,7 @@
 #include "kx_chart_data_format.h"
 #include "ux/ux_label.h"
 #include "ux/ux_object_watcher.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
@@ -54,10 +55,11 @@ KXAxisChartBase::KXAxisChartBase()
     for (KXAxisChartBaseLayer* layer :
          std::initializer_list<KXAxisChartBaseLayer*>{m_gridLayer, m_marksLayer, m_markLabelsLayer})
         m_plot->addChild(layer);
-    m_marksLayer->setPaintFunction([this](UXPainter* painter) { _paintMarks(*painter); });
-    m_markLabelsLayer->setPaintFunction([this](UXPainter* painter) {
-        _paintMarkLabels(*painter);
-        _paintOverMarks(*painter);
+    m_marksLayer->setPaintFunction(
+        [this](UXPainter& painter, const UXRect& dirtyRect) { _paintMarks(painter, dirtyRect); });
+    m_markLabelsLayer->setPaintFunction([this](UXPainter& painter, const UXRect& dirtyRect) {
+        _paintMarkLabels(painter, dirtyRect);
+        _paintOverMarks(painter);
     });
     m_axisChartProperty->registerUpdatedEvents([this](const std::string& key) {
         _applyKeyEffect(KXAxisChartProperty::obtainPropertyTable().obtainEffect(key));
@@ -93,8 +95,8 @@ double KXAxisChartBase::_obtainMinCategorySpacing() const
 }
 
 void KXAxisChartBase::_layoutMarks() {}
-void KXAxisChartBase::_paintMarks(UXPainter&) {}
-void KXAxisChartBase::_paintMarkLabels(UXPainter&) {}
+void KXAxisChartBase::_paintMarks(UXPainter&, const UXRect&) {}
+void KXAxisChartBase::_paintMarkLabels(UXPainter&, const UXRect&) {}
 void KXAxisChartBase::_paintOverMarks(UXPainter&) {}
 void KXAxisChartBase::_visibleCategoriesChanged() {}
 
@@ -142,6 +144,12 @@ void KXAxisChartBase::_repaintMarks()
 {
     m_marksLayer->invalidate();
     m_markLabelsLayer->invalidate();
+}
+
+void KXAxisChartBase::_repaintMarks(const UXRect& area)
+{
+    // The layers share the plot's space, and one of them is enough to have both painted.
+    m_marksLayer->addDirtyRect(uxIntersectionRect(area, m_marksArea));
 }
 
 void KXAxisChartBase::_setFirstCategory(double category)

@@ -78,10 +78,11 @@ protected:
      * categories that are visible.
      */
     virtual void _layoutMarks();
-    /** Draws the marks in the plot's space, which is clipped to the marks' area. Reads records only. */
-    virtual void _paintMarks(UXPainter& painter);
+    /** Draws the marks in the plot's space, which is clipped to the marks' area. Reads records only.
+     *  @param dirtyRect what is to be painted; a mark that does not reach into it may be left out */
+    virtual void _paintMarks(UXPainter& painter, const UXRect& dirtyRect);
     /** Draws the labels of the marks, over all of them, clipped to the marks' area too. */
-    virtual void _paintMarkLabels(UXPainter& painter);
+    virtual void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect);
     /** Draws what stands over marks and labels, clipped likewise. */
     virtual void _paintOverMarks(UXPainter& painter);
     /** A key of an axis's property changed. */
@@ -102,6 +103,8 @@ protected:
     void _layoutAnew();
     /** Has the marks and their labels painted anew. */
     void _repaintMarks();
+    /** The same of those in an area of the plot's space. */
+    void _repaintMarks(const UXRect& area);
     /** @return the first visible category and what of it is scrolled out: 2.5 shows half of category 2 */
     double _getFirstCategory() const { return m_firstCategory; }
     /** Scrolls there with the next layout. */

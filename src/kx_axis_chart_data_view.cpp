@@ -37,8 +37,8 @@ std::optional<KXAxisChartValueRange> KXAxisChartDataView::obtainValueRange() con
     if (m_shownSeries.empty())
         return std::nullopt;
     const bool withSums = canStack() && _getValueAxisProperty().getIsStacked();
-    KXAxisChartValueRange range = m_chart->obtainValueRange(
-        m_shownSeries, m_chart->obtainShownCategoryCount(), withSums);
+    KXAxisChartValueRange range = m_chart->obtainValueRange(m_shownSeries,
+                                                            m_chart->obtainShownCategoryCount(), withSums);
     if (!canStack()) {
         range.stackedMin = std::min(range.min, 0.0);
         range.stackedMax = std::max(range.max, 0.0);
@@ -54,9 +54,15 @@ double KXAxisChartDataView::obtainExtraLength() const { return 0; }
 void KXAxisChartDataView::reload() {}
 std::vector<KXAxisChartMark> KXAxisChartDataView::obtainSingleMarks() const { return {}; }
 void KXAxisChartDataView::layoutLabels() {}
-void KXAxisChartDataView::paintLabels(UXPainter&) const {}
+void KXAxisChartDataView::paintLabels(UXPainter&, const UXRect&) const {}
 std::optional<KXAxisChartMark> KXAxisChartDataView::hitMark(UXPoint) const { return std::nullopt; }
 UXRect KXAxisChartDataView::obtainMarkArea(UXPoint) const { return {}; }
+
+std::vector<UXRect> KXAxisChartDataView::obtainMarkRects(const KXAxisChartMark&) const
+{
+    return {m_chart->getMarksArea()};
+}
+
 std::optional<std::uint64_t> KXAxisChartDataView::obtainCategoryAt(UXPoint) const { return std::nullopt; }
 
 std::optional<UXPoint> KXAxisChartDataView::obtainHintPoint(const KXAxisChartMark&) const

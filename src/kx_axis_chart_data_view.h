@@ -90,13 +90,16 @@ public:
     virtual void updateLook() = 0;
     /** Places the labels. The host may be asked for their texts, and may destroy the chart, and this. */
     virtual void layoutLabels();
-    virtual void paint(UXPainter& painter) const = 0;
-    virtual void paintLabels(UXPainter& painter) const;
+    /** @param dirtyRect what is to be painted; a mark that does not reach into it may be left out */
+    virtual void paint(UXPainter& painter, const UXRect& dirtyRect) const = 0;
+    virtual void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const;
 
     // Under the pointer, in the plot's space
     virtual std::optional<KXAxisChartMark> hitMark(UXPoint point) const;
     /** @return what a hint at point keeps off, empty for nothing */
     virtual UXRect obtainMarkArea(UXPoint point) const;
+    /** @return where a mark and its label are painted just now; by default all of the marks' area */
+    virtual std::vector<UXRect> obtainMarkRects(const KXAxisChartMark& mark) const;
     /** @return the category that a hint at point is about where that is not the one whose room it is in */
     virtual std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const;
     /** @return where the hint of a mark stands; none for the middle of the category at the mark's value */

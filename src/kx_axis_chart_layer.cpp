@@ -9,7 +9,7 @@
 KXAxisChartLayer::KXAxisChartLayer() = default;
 KXAxisChartLayer::~KXAxisChartLayer() = default;
 
-void KXAxisChartLayer::setPaintFunction(const UXPaintFunction& function)
+void KXAxisChartLayer::setPaintFunction(const PaintFunction& function)
 {
     m_paintFunction = function;
     invalidate();
@@ -31,7 +31,7 @@ void KXAxisChartLayer::paint(UXPaintConfig* config, UXRect dirtyRect)
     if (config && m_paintFunction && uxIntersectsRect(m_drawingRect, dirtyRect)) {
         const UXPaintClip clip(*config, UXDoubleRect(translateRectToParent(m_drawingRect, nullptr)));
         if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
-            m_paintFunction(painter);
+            m_paintFunction(*painter, uxIntersectionRect(m_drawingRect, dirtyRect));
             uxDestroyPainter(painter);
         }
     }

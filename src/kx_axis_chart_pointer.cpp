@@ -78,15 +78,27 @@ void KXAxisChart::_setHoveredMark(const std::optional<KXAxisChartMark>& mark, co
     }
     if (!self.isAlive())
         return;
+    const bool wasHighlighting = isHighlighting();
+    if (m_hoveredMark)
+        _repaintMark(*m_hoveredMark); // where it was painted
     m_hoveredMark = m_actionMark = mark;
     m_hoveredObject.updateInteractionEffects({});
-    _repaintMarks();
+    if (wasHighlighting != isHighlighting() && getAxisChartProperty()->getDimmedOpacity() < 1)
+        _repaintMarks(); // all others begin or cease to be dimmed
+    else if (mark)
+        _repaintMark(*mark);
     _showWhetherClickable();
     if (!self.isAlive() || !mark || m_hoveredMark != mark)
         return;
     triggerLinkedHighlightAction(this, this, event);
     if (self.isAlive() && m_hoveredMark == mark)
         _loadHoverEffects();
+}
+
+void KXAxisChart::_repaintMark(const KXAxisChartMark& mark)
+{
+    for (const UXRect& rect : _obtainMarkRects(mark))
+        _repaintMarks(rect);
 }
 
 /** The provider says how the mark under the pointer looks different. */
@@ -98,7 +110,7 @@ void KXAxisChart::_loadHoverEffects()
     // Meanwhile the chart may have gone, or the pointer be over another mark.
     if (self.isAlive() && m_hoveredMark == mark) {
         m_hoveredObject.updateInteractionEffects(effects);
-        _repaintMarks();
+        _repaintMark(mark);
         return;
     }
     for (KXInteractionEffect* effect : effects)
@@ -196,6 +208,8 @@ UXRect KXAxisChart::obtainHintArea(UXPoint point)
 }
 
 UXRect KXAxisChart::_obtainMarkArea(UXPoint) const { return {}; }
+
+std::vector<UXRect> KXAxisChart::_obtainMarkRects(const KXAxisChartMark&) const { return {getMarksArea()}; }
 
 KXHighlightResult KXAxisChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
 {

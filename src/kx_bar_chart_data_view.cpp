@@ -65,6 +65,12 @@ bool isNear(const KXAxisChartStretch& stretch, double place)
     return obtainDistance(stretch, place) <= std::max(leastHitExtent - stretch.obtainLength(), 0.0) / 2;
 }
 
+UXDoubleRect obtainEnlargedRect(const UXDoubleRect& rect, const KXAxisChartMarkLook& look)
+{
+    const double width = rect.width * look.sizeRatio, height = rect.height * look.sizeRatio;
+    return {uxMidDoubleX(rect) - width / 2, uxMidDoubleY(rect) - height / 2, width, height};
+}
+
 } // namespace
 
 KXBarChartDataView::KXBarChartDataView(std::shared_ptr<KXBarChartProperty> property)
@@ -117,6 +123,7 @@ void KXBarChartDataView::placeBars(const KXAxisChartStacks& source, const KXBarP
     m_widestSlot = 0;
     for (const KXBarSlot& slot : m_layout.slots)
         m_widestSlot = std::max(m_widestSlot, slot.end - slot.start);
+    m_areBarsInOrder = std::ranges::is_sorted(m_layout.slots, {}, &KXBarSlot::firstBar);
 }
 
 std::vector<KXAxisChartMark> KXBarChartDataView::obtainSingleMarks() const
@@ -164,6 +171,19 @@ std::pair<std::size_t, std::size_t> KXBarChartDataView::findSlots(const KXAxisCh
     return {static_cast<std::size_t>(first - slots.begin()), static_cast<std::size_t>(end - slots.begin())};
 }
 
+std::pair<std::size_t, std::size_t> KXBarChartDataView::_findBars(const UXRect& rect) const
+{
+    // Bars that lie over each other have to keep their order, and one that stands out may reach anywhere.
+    const std::optional<KXAxisChartMark>& hovered = getChart()->getHoveredMark();
+    const bool reachesOut = hovered && getChart()->obtainMarkLook(*hovered, UXColor()).standsOut();
+    if (!m_areBarsInOrder || reachesOut)
+        return {0, m_layout.bars.size()};
+    // Edges are moved to pixels of the device, which may be wide ones.
+    const auto [first, end] = findSlots(m_plane.obtainAcross(UXDoubleRect(uxInflateRect(rect, 1, 1))));
+    return first < end ? std::pair(m_layout.slots[first].firstBar, m_layout.slots[end - 1].endBar)
+                       : std::pair(std::size_t{0}, std::size_t{0});
+}
+
 const KXBarSlot* KXBarChartDataView::findSlot(UXPoint point) const
 {
     const double place = _obtainPlaceAcross(point);
@@ -207,11 +227,24 @@ std::optional<KXAxisChartMark> KXBarChartDataView::hitMark(UXPoint point) const
 UXRect KXBarChartDataView::obtainMarkArea(UXPoint point) const
 {
     const KXBar* bar = hitBar(point);
-    if (!bar)
-        return {};
-    const int left = uxSaturateToInt(std::floor(bar->rect.x)), top = uxSaturateToInt(std::floor(bar->rect.y));
-    return {left, top, uxSaturateToInt(std::ceil(uxMaxDoubleX(bar->rect) - left)),
-            uxSaturateToInt(std::ceil(uxMaxDoubleY(bar->rect) - top))};
+    return bar ? uxSurroundingRect(bar->rect) : UXRect();
+}
+
+std::vector<UXRect> KXBarChartDataView::obtainMarkRects(const KXAxisChartMark& mark) const
+{
+    // Edges are moved to pixels of the device, which may be wide ones.
+    std::vector<UXRect> rects;
+    const auto add = [&rects](const UXDoubleRect& rect) {
+        rects.push_back(uxInflateRect(uxSurroundingRect(rect), 1, 1));
+    };
+    const KXAxisChartMarkLook look = getChart()->obtainMarkLook(mark, UXColor());
+    for (const KXBar& bar : m_layout.bars)
+        if (bar.mark == mark)
+            add(uxUnionDoubleRect(bar.rect, obtainEnlargedRect(bar.rect, look)));
+    for (const KXBarLabel& label : m_labels)
+        if (label.mark == mark)
+            add(label.rect);
+    return rects;
 }
 
 /** Of merged bars the hint is about the category that is seen there. */
@@ -264,7 +297,7 @@ void KXBarChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category
 }
 
 /** Bars are laid out for the device that is known to show the chart; on any other they move to its pixels. */
-void KXBarChartDataView::paint(UXPainter& painter) const
+void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) const
 {
     KXAxisChartPlotFrame device = m_plane;
     device.takePixels(painter.getDeviceTransform());
@@ -280,7 +313,8 @@ void KXBarChartDataView::paint(UXPainter& painter) const
     std::vector<std::pair<UXDoubleRect, KXAxisChartMarkLook>> standingOut;
     const bool isHighlighting = getChart()->isHighlighting();
     std::size_t last = 0;
-    for (std::size_t i = 0; i < m_layout.bars.size(); ++i) {
+    const auto [first, end] = _findBars(dirtyRect);
+    for (std::size_t i = first; i < end; ++i) {
         const KXBar& bar = m_layout.bars[i];
         KXAxisChartMarkLook look{m_barColors[i]};
         if (isHighlighting)
@@ -312,8 +346,7 @@ void KXBarChartDataView::paint(UXPainter& painter) const
 void KXBarChartDataView::_paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
                                            const KXAxisChartMarkLook& look) const
 {
-    const double width = rect.width * look.sizeRatio, height = rect.height * look.sizeRatio;
-    const UXDoubleRect drawn(uxMidDoubleX(rect) - width / 2, uxMidDoubleY(rect) - height / 2, width, height);
+    const UXDoubleRect drawn = obtainEnlargedRect(rect, look);
     painter.setColor(look.fill);
     painter.drawRects({&drawn, 1});
     if (look.line.alpha <= 0)

@@ -26,8 +26,8 @@ class UXPainter;
 /**
  * Draws each value as a bar from zero on: the series of a category side by side, or stacked, where the value
  * axis is. A null leaves its place in a group empty; a hidden series takes no room. Where bars are
- * closer together than pixels are, they are merged with all extremes kept, series still side by side, and have
- * no labels.
+ * closer together than pixels are, they are merged with all extremes kept, series still side by side, and
+ * have no labels.
  */
 class KX_EXPORT KXBarChartDataView : public KXAxisChartDataView {
 public:
@@ -70,10 +70,11 @@ public:
     std::vector<KXAxisChartMark> obtainSingleMarks() const override;
     void updateLook() override;
     void layoutLabels() override;
-    void paint(UXPainter& painter) const override;
-    void paintLabels(UXPainter& painter) const override;
+    void paint(UXPainter& painter, const UXRect& dirtyRect) const override;
+    void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const override;
     std::optional<KXAxisChartMark> hitMark(UXPoint point) const override;
     UXRect obtainMarkArea(UXPoint point) const override;
+    std::vector<UXRect> obtainMarkRects(const KXAxisChartMark& mark) const override;
     std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const override;
     std::optional<UXPoint> obtainHintPoint(const KXAxisChartMark& mark) const override;
     void fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) override;
@@ -101,6 +102,9 @@ private:
 
     double _obtainShare() const;
     double _obtainPlaceAcross(UXPoint point) const;
+    /** @return the bars to be painted of what lies in rect, by their indexes: the first and the one after the
+     * last */
+    std::pair<std::size_t, std::size_t> _findBars(const UXRect& rect) const;
     void _paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
                            const KXAxisChartMarkLook& look) const;
 
@@ -123,6 +127,7 @@ private:
     KXBarPlane m_plane;
     KXBarLayout m_layout;
     double m_widestSlot = 0;
+    bool m_areBarsInOrder = true; // of the slots
     std::vector<KXBarLabel> m_labels;
 
     std::vector<UXColor> m_barColors; // one a bar

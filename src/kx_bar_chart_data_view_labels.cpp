@@ -6,6 +6,7 @@
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
@@ -185,9 +186,11 @@ std::string KXBarChartDataView::_obtainLabelText(const KXAxisChartStacks& source
     return getChart()->obtainValueText(bar.mark.series, bar.value);
 }
 
-void KXBarChartDataView::paintLabels(UXPainter& painter) const
+void KXBarChartDataView::paintLabels(UXPainter& painter, const UXRect& dirtyRect) const
 {
     for (const KXBarLabel& label : m_labels) {
+        if (!uxIntersectsRect(uxSurroundingRect(label.rect), dirtyRect))
+            continue;
         UXTextProperty property = label.property;
         property.textColor = getChart()->obtainTextColor(label.mark, property.textColor);
         painter.drawText(label.text, label.rect, property);

@@ -65,14 +65,6 @@ UXRect toWholeRect(const UXDoubleRect& rect)
             uxSaturateToInt(rect.width), uxSaturateToInt(rect.height)};
 }
 
-/** @return the whole units that rect touches */
-UXRect toSurroundingRect(const UXDoubleRect& rect)
-{
-    const int left = uxSaturateToInt(std::floor(rect.x)), top = uxSaturateToInt(std::floor(rect.y));
-    return {left, top, uxSaturateToInt(std::ceil(rect.x + rect.width) - left),
-            uxSaturateToInt(std::ceil(rect.y + rect.height) - top)};
-}
-
 UXTextProperty makeTextProperty(const std::string& fontName, int fontSize, const UXColor& color)
 {
     UXTextProperty property;
@@ -693,7 +685,7 @@ void KXGaugeChart::_drawTarget(UXPainter& painter, const KXGaugeDial& dial) cons
     // Beside a small dial the tick may reach over the chart's edge, which cuts it.
     const UXRect bounds = getBoundingRect();
     std::optional<UXPainterState> clip;
-    if (!uxContainsRect(bounds, toSurroundingRect(dial.obtainTickBounds(m_targetRatio * dialDegrees)))) {
+    if (!uxContainsRect(bounds, uxSurroundingRect(dial.obtainTickBounds(m_targetRatio * dialDegrees)))) {
         clip.emplace(painter);
         painter.addRectanglePath(bounds.x, bounds.y, bounds.width, bounds.height);
         painter.clip();

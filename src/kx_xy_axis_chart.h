@@ -123,12 +123,13 @@ protected:
     double _obtainMinCategorySpacing() const override;
     void _axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect) override;
     void _layoutMarks() override;
-    void _paintMarks(UXPainter& painter) override;
-    void _paintMarkLabels(UXPainter& painter) override;
+    void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) override;
+    void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect) override;
     void _customReloadMarks() override;
     void _customUpdateLooks() override;
     std::optional<KXAxisChartMark> _hitMark(UXPoint point) const override;
     UXRect _obtainMarkArea(UXPoint point) const override;
+    std::vector<UXRect> _obtainMarkRects(const KXAxisChartMark& mark) const override;
     std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;
     UXPoint _obtainHintPoint(const KXAxisChartMark& mark) override;
     double _obtainMarkValue(const KXAxisChartMark& mark) const override;

@@ -53,16 +53,16 @@ void KXXYAxisChart::_customUpdateLooks()
         m_views[i]->updateLook();
 }
 
-void KXXYAxisChart::_paintMarks(UXPainter& painter)
+void KXXYAxisChart::_paintMarks(UXPainter& painter, const UXRect& dirtyRect)
 {
     for (const auto& view : m_views)
-        view->paint(painter);
+        view->paint(painter, dirtyRect);
 }
 
-void KXXYAxisChart::_paintMarkLabels(UXPainter& painter)
+void KXXYAxisChart::_paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect)
 {
     for (const auto& view : m_views)
-        view->paintLabels(painter);
+        view->paintLabels(painter, dirtyRect);
 }
 
 std::optional<KXAxisChartMark> KXXYAxisChart::_hitMark(UXPoint point) const
@@ -79,6 +79,12 @@ UXRect KXXYAxisChart::_obtainMarkArea(UXPoint point) const
         if (view->hitMark(point))
             return view->obtainMarkArea(point);
     return {};
+}
+
+std::vector<UXRect> KXXYAxisChart::_obtainMarkRects(const KXAxisChartMark& mark) const
+{
+    const KXAxisChartDataView* view = obtainViewOfSeries(mark.series);
+    return view ? view->obtainMarkRects(mark) : KXAxisChart::_obtainMarkRects(mark);
 }
 
 std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryAt(UXPoint point) const

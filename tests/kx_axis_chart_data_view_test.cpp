@@ -70,7 +70,7 @@ public:
             labels.push_back(text);
         }
     }
-    void paint(UXPainter& painter) const override
+    void paint(UXPainter& painter, const UXRect&) const override
     {
         for (std::size_t i = 0; i < colors.size(); ++i) {
             painter.setColor(getChart()->obtainMarkColor({getShownSeries()[i], 0}, colors[i]));
@@ -82,7 +82,7 @@ public:
             painter.stroke();
         }
     }
-    void paintLabels(UXPainter& painter) const override
+    void paintLabels(UXPainter& painter, const UXRect&) const override
     {
         for (std::size_t i = 0; i < labels.size(); ++i)
             painter.drawText(labels[i], {points[i].place.x, points[i].place.y - 14, 40, 14}, {});
@@ -136,7 +136,7 @@ public:
         }
     }
     void updateLook() override {}
-    void paint(UXPainter& painter) const override
+    void paint(UXPainter& painter, const UXRect&) const override
     {
         for (const auto& [mark, rect] : steps) {
             const UXColor color = obtainValue(mark) < 0 ? UXColor(200, 0, 0) : UXColor(0, 120, 0);
@@ -144,7 +144,7 @@ public:
             painter.drawRects({&rect, 1});
         }
     }
-    void paintLabels(UXPainter& painter) const override
+    void paintLabels(UXPainter& painter, const UXRect&) const override
     {
         for (const auto& [mark, rect] : steps)
             painter.drawText((obtainValue(mark) > 0 ? "+" : "") +

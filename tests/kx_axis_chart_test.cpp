@@ -55,7 +55,7 @@ public:
         }
     }
     void updateLook() override {}
-    void paint(UXPainter& painter) const override
+    void paint(UXPainter& painter, const UXRect&) const override
     {
         for (const Bar& bar : bars) {
             painter.setColor(

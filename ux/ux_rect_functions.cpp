@@ -50,6 +50,13 @@ UXDoubleRect uxUnionDoubleRect(const UXDoubleRect& a, const UXDoubleRect& b)
             std::max(uxMaxDoubleY(a), uxMaxDoubleY(b)) - top};
 }
 
+UXRect uxSurroundingRect(const UXDoubleRect& rect)
+{
+    const int left = uxSaturateToInt(std::floor(rect.x)), top = uxSaturateToInt(std::floor(rect.y));
+    return {left, top, uxSaturateToInt(std::ceil(uxMaxDoubleX(rect)) - left),
+            uxSaturateToInt(std::ceil(uxMaxDoubleY(rect)) - top)};
+}
+
 UXRect uxIntersectionRect(const UXRect& a, const UXRect& b)
 {
     const int left = std::max(a.x, b.x), top = std::max(a.y, b.y);

@@ -73,6 +73,9 @@
 [[nodiscard]] UX_EXPORT UXRect uxUnionRect(const UXRect& a, const UXRect& b);
 [[nodiscard]] UX_EXPORT UXDoubleRect uxUnionDoubleRect(const UXDoubleRect& a, const UXDoubleRect& b);
 
+/** @return the whole units that rect touches */
+[[nodiscard]] UX_EXPORT UXRect uxSurroundingRect(const UXDoubleRect& rect);
+
 /** @return what both hold; (0, 0, 0, 0) where they share nothing */
 [[nodiscard]] UX_EXPORT UXRect uxIntersectionRect(const UXRect& a, const UXRect& b);
 [[nodiscard]] UX_EXPORT UXDoubleRect uxIntersectionDoubleRect(const UXDoubleRect& a, const UXDoubleRect& b);
