@@ -296,11 +296,15 @@ void KXGaugeLayout::_placeBoundaries()
 /** The ends say the most, so they are kept first; then from the left, what still has room. */
 void KXGaugeLayout::_keepBoundariesWithRoom()
 {
-    const auto keep = [this](KXGaugeText& boundary) {
-        boundary.shown = !boundary.text.empty() && !_collides(boundary);
+    KXCollisionGrid taken = _obtainTaken(nullptr);
+    const auto keep = [&taken](KXGaugeText& boundary) {
+        boundary.shown = !boundary.text.empty() && taken.isFree(boundary.rect);
+        if (boundary.shown)
+            taken.add(boundary.rect, textGap);
     };
     keep(boundaries.front());
-    keep(boundaries.back());
+    if (boundaries.size() > 1)
+        keep(boundaries.back());
     for (std::size_t i = 1; i + 1 < boundaries.size(); ++i)
         keep(boundaries[i]);
 }
@@ -313,10 +317,11 @@ void KXGaugeLayout::_placeTarget()
         return;
     const UXDoubleSize size(target.rect.width, target.rect.height);
     const double clearance = dial.obtainTickClearance();
+    const KXCollisionGrid taken = _obtainTaken(&target);
     const auto fits = [&](double shift, double distance) {
         const double degrees = std::clamp(target.degrees + shift, 0.0, 180.0);
         target.rect = dial.placeOutside(size, degrees, distance);
-        return !_collides(target);
+        return taken.isFree(target.rect);
     };
     const double arc = greatestTargetShift * size.height / (dial.radius + clearance);
     for (double shift = 0; shift <= arc * 180 / std::numbers::pi; ++shift)
@@ -355,14 +360,19 @@ void KXGaugeLayout::_moveIntoArea()
     });
 }
 
+KXCollisionGrid KXGaugeLayout::_obtainTaken(const KXGaugeText* except) const
+{
+    KXCollisionGrid taken{UXDoubleRect(m_area)};
+    _forEachText(*this, [&](const KXGaugeText& text) {
+        if (&text != except && text.shown)
+            taken.add(text.rect, textGap);
+    });
+    return taken;
+}
+
 bool KXGaugeLayout::_collides(const KXGaugeText& text) const
 {
-    bool collides = false;
-    _forEachText(*this, [&](const KXGaugeText& other) {
-        collides = collides ||
-                   (&other != &text && other.shown && kxAreTooNear(other.rect, text.rect, textGap));
-    });
-    return collides;
+    return !_obtainTaken(&text).isFree(text.rect);
 }
 
 bool KXGaugeLayout::_anyCollide() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_collision_grid.h"
 #include "kx_gauge_dial.h"
 #include "ux/ux_rect.h"
 #include "ux/ux_text_property.h"
@@ -76,6 +77,8 @@ private:
     Room _obtainRoom(const UXRect& rect) const;
     UXDoubleRect _obtainBounds() const;
     void _moveIntoArea();
+    /** @return the places of the texts that are shown, but one's */
+    KXCollisionGrid _obtainTaken(const KXGaugeText* except) const;
     bool _collides(const KXGaugeText& text) const;
     bool _anyCollide() const;
     template <class Self, class Action>
