@@ -17,6 +17,7 @@
 #include "kx_axis_chart_mark.h"
 #include "kx_axis_chart_mark_look.h"
 #include "kx_axis_chart_options.h"
+#include "kx_axis_chart_pixel_columns.h"
 #include "kx_axis_chart_plot_frame.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_chart_stacks.h"

@@ -1,3 +1,4 @@
+#include "kx_axis_chart_pixel_columns.h"
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_label_choice.h"
 #include "kx_bar_layout.h"
@@ -291,6 +292,36 @@ TEST(KXDenseBars, ShowTheFurthestStackOfAColumn)
         ASSERT_EQ(layout.slots.size(), 2);
         EXPECT_EQ(layout.slots[0].category, 1);
         EXPECT_EQ(layout.bars[1].to, isStacked ? 9 : 100);
+    }
+}
+
+TEST(KXAxisChartPixelColumns, RunsOfCategoriesThatShareColumns)
+{
+    struct Case {
+        const char* name;
+        std::vector<double> numbers;
+        double spacing, scale;
+        std::vector<KXAxisChartPixelRun> expected;
+    };
+    const Case cases[] = {
+        {"four a column", {}, 0.25, 1, {{0, 4, 0, 1}, {4, 8, 1, 2}}},
+        {"on finer pixels", {}, 0.25, 2, {{0, 2, 0, 1}, {2, 4, 1, 2}, {4, 6, 2, 3}, {6, 8, 3, 4}}},
+        {"beside the area", {-9, 0, 0, 1, 99}, 1, 1, {{1, 3, 0, 1}, {3, 4, 1, 2}}},
+        {"there and back", {1, 0, 1}, 1, 1, {{0, 1, 1, 2}, {1, 2, 0, 1}, {2, 3, 1, 2}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXBarPlane plane = makePlane(2, c.spacing);
+        plane.categories = {0, 0.5 * c.spacing, c.spacing};
+        plane.pixelScale = c.scale;
+        KXAxisChartStacks values;
+        values.categoryNumbers = c.numbers;
+        values.end = c.numbers.empty() ? 8 : c.numbers.size();
+        const auto only = [](double centre) {
+            const std::int64_t column = KXAxisChartPixelColumns::findColumn(centre);
+            return std::pair(column, column + 1);
+        };
+        EXPECT_EQ(KXAxisChartPixelColumns(plane).findRuns(values, only), c.expected);
     }
 }
 
