@@ -7,7 +7,26 @@
 #include "ux/ux_property_accessor.h"
 
 #include <iterator>
+#include <map>
 #include <memory>
+
+namespace {
+
+/** @return a document with the keys of the object's type: that of a new one, made once, as far as the factory
+ * knows it. Writing what a chart has would cost more than all else that is done with it. */
+std::string obtainDocument(UXJsonObject& object)
+{
+    static std::map<std::string, std::string> documents;
+    const auto [found, isNew] = documents.try_emplace(object.customSerializeTypeID());
+    if (isNew) {
+        const std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(found->first));
+        if (made)
+            found->second = made->serialize();
+    }
+    return found->second.empty() ? object.serialize() : found->second;
+}
+
+} // namespace
 
 std::string FuzzSettings::_pickQuoted(const std::string& document)
 {
@@ -19,7 +38,7 @@ std::string FuzzSettings::_pickQuoted(const std::string& document)
 
 void FuzzSettings::update(UXJsonObject& object)
 {
-    const std::string document = object.serialize();
+    const std::string document = obtainDocument(object);
     const std::string key = _pickQuoted(document);
     UXPropertyAccessor accessor(&object);
     UXJsonObject* inner = nullptr;
@@ -80,9 +99,9 @@ void FuzzSettings::_read(const UXPropertyAccessor& accessor, const std::string& 
         require(count == 0 || accessor.obtainVectorValue(key, count - 1, color), "a list has its elements");
 }
 
-UXJsonObject* FuzzSettings::_pickInner(UXJsonObject& object)
+UXJsonObject* FuzzSettings::_pickInner(UXJsonObject& object, const std::string& document)
 {
-    const std::string key = _pickQuoted(object.serialize());
+    const std::string key = _pickQuoted(document);
     UXJsonObject* inner = nullptr;
     return UXPropertyAccessor(&object).obtainObject(key, &inner) && inner ? inner : &object;
 }
@@ -102,7 +121,7 @@ KXKeys FuzzSettings::takeGroups()
 void FuzzSettings::exchange(KXChartPropertyBase& from, KXChartPropertyBase& to,
                             const std::function<void()>& act)
 {
-    const std::string document = from.serialize();
+    const std::string document = obtainDocument(from);
     KXKeys keys;
     for (int count = m_input.takeBelow(4); count > 0; --count)
         keys.insert(_pickQuoted(document));
@@ -134,7 +153,9 @@ void FuzzSettings::exchange(KXChartPropertyBase& from, KXChartPropertyBase& to,
 
 void FuzzSettings::reload(UXJsonObject& from, UXJsonObject& to)
 {
-    std::string document = _pickInner(from)->serialize();
+    std::string document = from.serialize();
+    if (UXJsonObject* inner = _pickInner(from, document); inner != &from)
+        document = inner->serialize();
     const std::size_t place = document.size() * m_input.takeByte() / 256;
     if (m_input.takeBool() && place < document.size())
         document[place] = static_cast<char>(m_input.takeByte());

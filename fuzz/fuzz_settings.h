@@ -30,7 +30,7 @@ private:
     bool _updateComposed(UXPropertyAccessor& accessor, const std::string& key);
     void _read(const UXPropertyAccessor& accessor, const std::string& key) const;
     std::string _pickQuoted(const std::string& document);
-    UXJsonObject* _pickInner(UXJsonObject& object);
+    UXJsonObject* _pickInner(UXJsonObject& object, const std::string& document);
 
     FuzzInput& m_input;
 };

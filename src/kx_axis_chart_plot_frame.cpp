@@ -5,6 +5,10 @@
 
 namespace {
 
+// Device pixels per logical unit. Beyond these there are no pixels to stand on: nobody sees a chart so small
+// or so large, and places would leave double's range.
+constexpr double leastScale = 1e-6, greatestScale = 1e6;
+
 /** Pixels that lie differently by less than this are the same. */
 constexpr double pixelNoise = 1e-6;
 
@@ -14,7 +18,7 @@ void KXAxisChartPlotFrame::takePixels(const UXTransform& toDevice)
 {
     const double scale = isVertical ? toDevice.xx : toDevice.yy;
     const double offset = isVertical ? toDevice.dx : toDevice.dy;
-    if (!toDevice.isUpright() || !(scale > 0) || !std::isfinite(scale) || !std::isfinite(offset))
+    if (!toDevice.isUpright() || !(scale >= leastScale && scale <= greatestScale) || !std::isfinite(offset))
         return;
     pixelScale = scale;
     pixelOffset = offset - std::floor(offset);
