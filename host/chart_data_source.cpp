@@ -6,9 +6,27 @@
 #include "sql_data_provider.h"
 #include "sql_session.h"
 
+#include <array>
+#include <fstream>
+#include <string_view>
+
 namespace {
 
 bool isConnection(const std::string& data) { return data.find("://") != std::string::npos; }
+
+/** Throws HostError for a file that is no table of texts but of a kind that many programs write. */
+void requireTextTable(const std::string& path)
+{
+    std::array<char, 16> head{};
+    std::ifstream(path, std::ios::binary).read(head.data(), head.size());
+    const std::string_view start(head.data(), head.size());
+    if (start.starts_with("SQLite format 3"))
+        throw HostError(path, "", "is an SQLite database; as a connection it is sqlite://" + path);
+    if (start.starts_with("PK\x03\x04"))
+        throw HostError(path, "", "is a spreadsheet or an archive; save its table as CSV");
+    if (start.starts_with("PAR1"))
+        throw HostError(path, "", "is a Parquet file; save its table as CSV");
+}
 
 } // namespace
 
@@ -21,6 +39,7 @@ ChartDataSource::ChartDataSource(const std::string& data, const std::string& bin
     if (!isConnection(data)) {
         if (!bound.schema.empty())
             throw HostError(binding, "schema", "only a database has schemas, and the data is a file");
+        requireTextTable(data);
         CsvImporter importer(*m_session);
         for (const auto& [column, type] : bound.columnTypes)
             importer.declareType(column, type);

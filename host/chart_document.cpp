@@ -1,9 +1,13 @@
 #include "chart_document.h"
 
+#include "date_pattern.h"
 #include "host_error.h"
 #include "json_document.h"
+#include "kx_chart_data_format.h"
+#include "kx_chart_data_provider.h"
 #include "kx_chart_data_user.h"
 #include "kx_json_object_factory.h"
+#include "kx_xy_axis_chart.h"
 #include "text_file.h"
 
 #include <nlohmann/json.hpp>
@@ -26,6 +30,15 @@ std::string findRefusedKey(const nlohmann::json& wanted, const nlohmann::json& s
     return {};
 }
 
+/** @return whether a document says how dates and times along its categories read */
+bool hasDatePattern(const nlohmann::json& document)
+{
+    const auto format = document.find("m_xDataFormat");
+    return format != document.end() &&
+           (format->contains("m_datePresetFormat") || format->contains("m_timePresetFormat") ||
+            format->contains("m_customDateTimeFormat"));
+}
+
 } // namespace
 
 ChartDocument::ChartDocument(const std::string& path)
@@ -44,6 +57,7 @@ ChartDocument::ChartDocument(const std::string& path)
     if (!chart)
         throw HostError(path, "type", "there is no chart called \"" + type->get<std::string>() + "\"");
     made.release();
+    m_hasDatePattern = hasDatePattern(parsed);
     m_chart.reset(chart);
     if (!m_chart->deserialize(text, &factory))
         _requireUnderstood(path, text);
@@ -66,5 +80,19 @@ void ChartDocument::loadData(KXChartDataProvider* provider)
         return;
     user->setDataProvider(provider);
     user->prepareData();
+    if (!m_hasDatePattern)
+        _takeDatePattern(user, provider);
     user->reloadData();
+}
+
+void ChartDocument::_takeDatePattern(KXChartDataUser* user, KXChartDataProvider* provider)
+{
+    auto* chart = dynamic_cast<KXXYAxisChart*>(m_chart.get());
+    const KXChartAggregateType level = provider ? provider->obtainDimensionAggregateType(user, 0)
+                                                : KXChartAggregateType::None;
+    const std::optional<DatePattern> pattern = obtainDatePattern(static_cast<DateLevel>(level));
+    if (!chart || !pattern)
+        return;
+    chart->getXDataFormat()->updateDatePresetFormat(pattern->date);
+    chart->getXDataFormat()->updateTimePresetFormat(pattern->time);
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 class KXChartDataProvider;
+class KXChartDataUser;
 
 /** A chart read from a saved document, and what can be asked of every kind of chart. */
 class ChartDocument {
@@ -17,7 +18,8 @@ public:
     ~ChartDocument();
 
     KXChart& getChart() const { return *m_chart; }
-    /** Prepares and loads the chart's data. @param provider outlives this object */
+    /** Prepares and loads the chart's data. Dates and times along the categories read as their level asks,
+     * where the document has no pattern for them. @param provider outlives this object, null for none */
     void loadData(KXChartDataProvider* provider);
     /** @return the chart as it is saved now */
     std::string save() const { return m_chart->serialize(); }
@@ -25,5 +27,8 @@ public:
 private:
     void _requireUnderstood(const std::string& path, const std::string& text) const;
 
+    void _takeDatePattern(KXChartDataUser* user, KXChartDataProvider* provider);
+
     std::unique_ptr<KXChart> m_chart;
+    bool m_hasDatePattern = false;
 };

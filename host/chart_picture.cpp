@@ -76,7 +76,8 @@ PictureFormat obtainPictureFormat(const std::string& path)
         return PictureFormat::Svg;
     if (ending == "pdf")
         return PictureFormat::Pdf;
-    throw HostError(path, "", "has to end in .png, .svg or .pdf");
+    const std::string stem = path.substr(0, ending.empty() ? path.size() : path.size() - ending.size() - 1);
+    throw HostError(path, "", "has to end in .png, .svg or .pdf, such as " + stem + ".png");
 }
 
 void writeChartPicture(KXChart& chart, const PictureSetting& setting, const std::string& path)

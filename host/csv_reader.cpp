@@ -12,6 +12,32 @@
 
 #include "host_error.h"
 
+namespace {
+
+// A row is held as a whole: what no database takes as one is refused before it fills the memory.
+constexpr std::size_t mostFields = 10'000;
+constexpr std::uint64_t mostRowBytes = std::uint64_t{64} << 20U;
+
+/** @return what stands between the fields of a header: of ',', ';' and tabulators outside of quotes the most
+ * frequent one */
+char findSeparator(std::string_view text)
+{
+    static constexpr std::array separators = {',', ';', '\t'};
+    std::array<std::size_t, separators.size()> counts{};
+    bool isQuoted = false;
+    for (const char c : text) {
+        if (!isQuoted && (c == '\n' || c == '\r'))
+            break;
+        isQuoted = isQuoted != (c == '"');
+        const auto found = std::ranges::find(separators, c);
+        if (!isQuoted && found != separators.end())
+            ++counts[static_cast<std::size_t>(found - separators.begin())];
+    }
+    return separators[static_cast<std::size_t>(std::ranges::max_element(counts) - counts.begin())];
+}
+
+} // namespace
+
 /** The state of one reading. The parser's C code calls it back, so nothing may be thrown in there: an
  * exception waits until the parser has returned. */
 struct CsvReader::Pass {
@@ -27,31 +53,34 @@ struct CsvReader::Pass {
     static void addField(void* bytes, std::size_t count, void* self)
     {
         auto* pass = static_cast<Pass*>(self);
-        pass->guard([&] { pass->fields.emplace_back(static_cast<const char*>(bytes), count); });
-    }
-
-    static void endRow(int, void* self)
-    {
-        auto* pass = static_cast<Pass*>(self);
-        pass->guard([&] { pass->rows.push_back(std::move(pass->fields)); });
-        pass->fields.clear();
-    }
-
-    template <typename Step>
-    void guard(const Step& step)
-    {
         try {
-            step();
+            pass->addField({static_cast<const char*>(bytes), count});
         } catch (...) {
-            failure = std::current_exception();
+            pass->failure = std::current_exception();
         }
+    }
+
+    static void endRow(int, void* self) { static_cast<Pass*>(self)->hasRow = true; }
+
+    /** Fields go where those of the row before were: a million rows need no new memory. */
+    void addField(std::string_view text)
+    {
+        hasTooMany = hasTooMany || fieldCount == mostFields;
+        if (hasTooMany)
+            return;
+        if (fieldCount == fields.size())
+            fields.emplace_back();
+        fields[fieldCount++].assign(text);
     }
 
     csv_parser parser{};
     const RowHandler& handleRow;
     Row fields;
-    std::vector<Row> rows;
+    std::size_t fieldCount = 0; // of the row that is being read
+    std::uint64_t rowBytes = 0;
+    bool hasRow = false; // whether it is complete; the parser gets no more than a line at a time
     std::exception_ptr failure;
+    bool hasTooMany = false;
     bool afterCarriageReturn = false;
     bool insideRow = false;
     std::uint64_t line = 1;
@@ -85,11 +114,14 @@ void CsvReader::read(const RowHandler& row, const ProgressHandler& progress)
     std::uint64_t done = 0;
     while (file.read(block.data(), block.size()), file.gcount() > 0) {
         std::string_view bytes(block.data(), static_cast<std::size_t>(file.gcount()));
-        if (done == 0 && (bytes.starts_with("\xff\xfe") || bytes.starts_with("\xfe\xff")))
+        const bool isFirst = done == 0;
+        if (isFirst && (bytes.starts_with("\xff\xfe") || bytes.starts_with("\xfe\xff")))
             throw makeError(1, "is UTF-16 text; UTF-8 is needed");
         done += bytes.size();
-        if (done == bytes.size() && bytes.starts_with("\xef\xbb\xbf"))
+        if (isFirst && bytes.starts_with("\xef\xbb\xbf"))
             bytes.remove_prefix(3);
+        if (isFirst)
+            csv_set_delim(&pass.parser, static_cast<unsigned char>(findSeparator(bytes)));
         _readBlock(pass, bytes.data(), bytes.size());
         if (progress)
             progress(done, std::max(done, total));
@@ -130,6 +162,9 @@ void CsvReader::_parse(Pass& pass, const char* bytes, std::size_t count)
         pass.insideRow = true;
         pass.rowLine = pass.line;
     }
+    pass.rowBytes += count;
+    if (pass.rowBytes > mostRowBytes)
+        throw makeError(pass.rowLine, "a row longer than 64 MiB");
     const std::size_t parsed = csv_parse(&pass.parser, bytes, count, Pass::addField, Pass::endRow, &pass);
     _requireParsed(pass, parsed == count);
     _deliver(pass);
@@ -148,6 +183,8 @@ void CsvReader::_requireParsed(Pass& pass, bool parsed) const
 {
     if (pass.failure)
         std::rethrow_exception(pass.failure);
+    if (pass.hasTooMany)
+        throw makeError(pass.rowLine, "more than " + std::to_string(mostFields) + " fields");
     if (parsed)
         return;
     const int error = csv_error(&pass.parser);
@@ -156,16 +193,16 @@ void CsvReader::_requireParsed(Pass& pass, bool parsed) const
 
 void CsvReader::_deliver(Pass& pass)
 {
-    for (Row& row : pass.rows) {
-        if (m_header.empty()) {
-            m_header = std::move(row);
-        } else if (row.size() != m_header.size()) {
-            throw makeError(pass.rowLine, std::to_string(row.size()) + " fields where the header has " +
-                                              std::to_string(m_header.size()));
-        } else if (pass.handleRow) {
-            pass.handleRow(row, pass.rowLine);
-        }
-        pass.insideRow = false;
-    }
-    pass.rows.clear();
+    if (!pass.hasRow)
+        return;
+    if (!m_header.empty() && pass.fieldCount != m_header.size())
+        throw makeError(pass.rowLine, std::to_string(pass.fieldCount) + " fields where the header has " +
+                                          std::to_string(m_header.size()));
+    if (m_header.empty())
+        m_header.swap(pass.fields);
+    else if (pass.handleRow)
+        pass.handleRow(pass.fields, pass.rowLine);
+    pass.hasRow = pass.insideRow = false;
+    pass.fieldCount = 0;
+    pass.rowBytes = 0;
 }

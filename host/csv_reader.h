@@ -7,7 +7,7 @@
 
 /** Reads a comma-separated file row by row: UTF-8 with or without a byte order mark, a header in the first
  * row, fields quoted with '"' where they hold commas, quotes or line breaks; any kind of line end; empty
- * lines are skipped. */
+ * lines are skipped. Where the header has more semicolons or tabulators than commas, those separate. */
 class CsvReader {
 public:
     using Row = std::vector<std::string>;
@@ -19,8 +19,8 @@ public:
     explicit CsvReader(std::string path);
 
     /** Reads the file from its start; both handlers may be empty. Throws HostError for a file that cannot be
-     * read, has no header, holds no text, has a row of another width than the header, or a stray or unclosed
-     * quote. */
+     * read, has no header, holds no text, has a row of another width than the header, of more than 10,000
+     * fields or 64 MiB, or a stray or unclosed quote. */
     void read(const RowHandler& row, const ProgressHandler& progress);
 
     /** @return the names in the first row, known from the first call of a row handler on */

@@ -1,5 +1,9 @@
 #include "gallery_page.h"
 
+#include <array>
+#include <cstdio>
+#include <string_view>
+
 namespace {
 
 constexpr const char* head = R"(<!DOCTYPE html>
@@ -35,11 +39,25 @@ std::string escapeHtml(const std::string& text)
     return escaped;
 }
 
+/** @return the name of a file as a link to it from beside it */
+std::string encodeLink(const std::string& file)
+{
+    std::string link;
+    for (const char c : file) {
+        const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                             std::string_view("-_.").find(c) != std::string_view::npos;
+        std::array<char, 4> code{};
+        std::snprintf(code.data(), code.size(), "%%%02X", static_cast<unsigned>(c) & 0xffU);
+        link += isPlain ? std::string(1, c) : std::string(code.data());
+    }
+    return link;
+}
+
 } // namespace
 
 void GalleryPage::addSample(const std::string& name, const std::string& caption, const std::string& data)
 {
-    m_samples.push_back({escapeHtml(name), escapeHtml(caption), escapeHtml(data)});
+    m_samples.push_back({encodeLink(name), escapeHtml(name), escapeHtml(caption), escapeHtml(data)});
 }
 
 std::string GalleryPage::obtainHtml() const
@@ -47,9 +65,9 @@ std::string GalleryPage::obtainHtml() const
     std::string html = head;
     for (const Sample& sample : m_samples) {
         html += "<section>\n<h2>" + sample.caption + "</h2>\n<p>" + sample.name + ", from " + sample.data +
-                " (<a href=\"" + sample.name + ".svg\">SVG</a>)</p>\n";
+                " (<a href=\"" + sample.link + ".svg\">SVG</a>)</p>\n";
         for (const GalleryPicture& picture : galleryPictures)
-            html += "<img src=\"" + sample.name + picture.suffix + ".png\" width=\"" +
+            html += "<img src=\"" + sample.link + picture.suffix + ".png\" width=\"" +
                     std::to_string(picture.size.width) + "\" height=\"" +
                     std::to_string(picture.size.height) + "\" alt=\"" + sample.caption + "\">\n";
         html += "</section>\n";

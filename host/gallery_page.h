@@ -25,7 +25,7 @@ public:
 
 private:
     struct Sample {
-        std::string name, caption, data;
+        std::string link, name, caption, data;
     };
 
     std::vector<Sample> m_samples;

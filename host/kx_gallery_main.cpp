@@ -6,6 +6,7 @@
 #include "chart_document.h"
 #include "chart_picture.h"
 #include "chart_sample.h"
+#include "command_line.h"
 #include "gallery_page.h"
 #include "host_error.h"
 #include "kx_chart_property.h"
@@ -14,13 +15,9 @@
 #include "whole_file.h"
 
 #include <cstdio>
-#include <cstring>
-#include <exception>
 #include <filesystem>
 
 namespace {
-
-constexpr int badInput = 2;
 
 /** A saved chart that is read and saved again has to be the same document. */
 void requireSavesAlike(const ChartSample& sample, const ChartDocument& document,
@@ -83,18 +80,15 @@ void acceptGallery(const std::string& folder)
 
 int main(int argc, char** argv)
 {
-    const bool accepts = argc == 4 && std::strcmp(argv[3], "--accept") == 0;
-    if (argc != 3 && !accepts) {
-        std::fprintf(stderr, "usage: kx_gallery SAMPLES OUT [--accept]\n");
-        return badInput;
-    }
-    try {
-        drawGallery(argv[1], argv[2]);
+    CLI::App app("Renders the samples of a folder to pictures with an index page.", "kx_gallery");
+    std::string folder, out;
+    bool accepts = false;
+    app.add_option("samples", folder, "The folder of the samples and their gallery.json")->required();
+    app.add_option("out", out, "The folder of the pictures")->required();
+    app.add_flag("--accept", accepts, "Let tests hold later drawings against these");
+    return runCommandLine(app, argc, argv, [&] {
+        drawGallery(folder, out);
         if (accepts)
-            acceptGallery(argv[1]);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "kx_gallery: %s\n", error.what());
-        return badInput;
-    }
-    return 0;
+            acceptGallery(folder);
+    });
 }

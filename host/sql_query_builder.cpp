@@ -150,7 +150,7 @@ SqlQuery SqlQueryBuilder::obtainQuery()
 {
     m_parameters.clear();
     SqlQuery query;
-    query.text = writeSqlSource(m_dialect, m_binding, m_columns.size()) + ", " + _writeGroups();
+    query.text = "WITH " + _writeGroups();
     for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
         query.text += ", " + _writeMembers(i);
         query.results.insert(query.results.end(),
@@ -189,7 +189,9 @@ std::string SqlQueryBuilder::_writeGroups()
         if (aggregate == SqlAggregate::DistinctCount) // a value of several groups counts once: it stays apart
             keys += (keys.empty() ? "" : ", ") + part;
     }
-    std::string sql = "grouped AS (SELECT " + list + " FROM source";
+    // The table stands inside of this step: an engine may copy what it finds outside of all steps.
+    std::string sql = "grouped AS (" + writeSqlSource(m_dialect, m_binding, m_columns.size()) + " SELECT " +
+                      list + " FROM source";
     for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
         sql += (i ? " AND (" : " WHERE (") + _obtainCondition(i) + ')';
     sql += (keys.empty() ? "" : " GROUP BY " + keys) + "), ";

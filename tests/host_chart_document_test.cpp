@@ -1,7 +1,11 @@
 #include "chart_document.h"
 
+#include "chart_data_source.h"
 #include "host_error.h"
 #include "host_temporary_file.h"
+#include "kx_chart_data_format.h"
+#include "kx_xy_axis_chart.h"
+#include "sql_data_provider.h"
 
 #include <gtest/gtest.h>
 
@@ -53,6 +57,58 @@ TEST(HostChartDocument, SaysWhatIsWrongAndWhere)
         SCOPED_TRACE(text.substr(0, 100));
         const std::string complaint = complain(text);
         EXPECT_TRUE(expected.empty() ? complaint.empty() : complaint.starts_with(expected)) << complaint;
+    }
+}
+
+TEST(HostChartDocument, TimesReadAsTheirLevelAsks)
+{
+    const std::tuple<const char*, const char*, std::string, std::string> cases[] = {
+        {"moment", "year", "", "2024"},
+        {"moment", "quarter", "", "2024 Q1"},
+        {"moment", "month", "", "Feb 2024"},
+        {"moment", "week", "", "2024 W09"},
+        {"moment", "day", "", "2024-02-29"},
+        {"moment", "dayOfWeek", "", "Thursday"},
+        {"moment", "hour", "", "2024-02-29 17:00"},
+        {"at", "minute", "", "08:05"},
+        {"at", "second", "", "08:05:09"},
+        {"moment", "month", R"("m_datePresetFormat": "MM/YY")", "02/24"},
+    };
+    const TemporaryFile data("moment,at\n2024-02-29 17:30:12,08:05:09\n");
+    for (const auto& [column, level, pattern, expected] : cases) {
+        SCOPED_TRACE(std::string(column) + ' ' + level);
+        const TemporaryFile binding(R"({"dimensions": [{"column": ")" + std::string(column) +
+                                        R"(", "level": ")" + level +
+                                        R"("}], "measures": [{"aggregate": "count"}]})",
+                                    "binding.json");
+        const TemporaryFile file(R"({"type": "KXBarChart", "m_xDataFormat": {"type": "KXChartDataFormat")" +
+                                     (pattern.empty() ? "" : ", " + pattern) + "}}",
+                                 "chart.json");
+        ChartDocument document(file.getPath());
+        ChartDataSource source(data.getPath(), binding.getPath(), {});
+        SqlDataProvider& provider = source.getProvider();
+        document.loadData(&provider);
+        EXPECT_EQ(dynamic_cast<KXXYAxisChart&>(document.getChart())
+                      .getXDataFormat()
+                      ->formatDateTime(provider.obtainDimensionData(nullptr, {0, 0}),
+                                       provider.obtainDimensionDataType(nullptr, 0),
+                                       provider.obtainDimensionAggregateType(nullptr, 0)),
+                  expected);
+    }
+}
+
+TEST(HostChartDocument, DataOfAnotherKindIsTold)
+{
+    const TemporaryFile binding(R"({"measures": [{"aggregate": "count"}]})", "binding.json");
+    for (const char* start : {"SQLite format 3", "PK\x03\x04", "PAR1"}) {
+        const TemporaryFile data(start + std::string(40, '\0'));
+        try {
+            const ChartDataSource source(data.getPath(), binding.getPath(), {});
+            ADD_FAILURE() << start;
+        } catch (const HostError& error) {
+            const std::string text = error.what();
+            EXPECT_TRUE(text.ends_with("sqlite://" + data.getPath()) || text.ends_with("as CSV")) << text;
+        }
     }
 }
 
