@@ -17,6 +17,8 @@ constexpr int curvePieces = 16;
 constexpr double reachOut = 0.5;
 /** How far two texts may reach into each other: their boxes are as high as a line, their letters are not. */
 constexpr double blankHeight = 0.75, noise = 0.01;
+/** A text of which less is left cannot be read. */
+constexpr double leastSeenShare = 0.5;
 /** How far an edge may be from the next one between pixels, in pixels. */
 constexpr double edgeNoise = 1e-3;
 /** All that can be drawn on. */
@@ -63,6 +65,14 @@ bool isSeparatedByEdge(const Corners& box, const Corners& other)
     return false;
 }
 
+/** @return how much of whole lies inside part, 0 to 1 */
+double obtainShareInside(const UXDoubleRect& whole, const UXDoubleRect& part)
+{
+    const UXDoubleRect inside = uxIntersectionDoubleRect(whole, part);
+    const bool isEmpty = inside.width <= 0 || inside.height <= 0;
+    return isEmpty ? 0 : inside.width / whole.width * (inside.height / whole.height);
+}
+
 std::string describe(const UXDoubleRect& rect)
 {
     char text[160];
@@ -74,8 +84,8 @@ bool isBetweenPixels(double edge) { return std::abs(edge - std::round(edge)) <= 
 
 } // namespace
 
-CheckingPainter::CheckingPainter(const UXDoubleRect& area, double deviceScale)
-    : m_area(area), m_deviceScale(deviceScale)
+CheckingPainter::CheckingPainter(const UXDoubleRect& area, double deviceScale, const DrawingExcuses& excuses)
+    : m_area(area), m_deviceScale(deviceScale), m_excuses(excuses)
 {
     m_state.clip = everywhere;
 }
@@ -85,12 +95,18 @@ std::vector<std::string> CheckingPainter::obtainFaults() const
     std::vector<std::string> faults = m_faults;
     for (auto a = m_texts.begin(); a != m_texts.end(); ++a) {
         for (auto b = a + 1; b != m_texts.end(); ++b) {
-            if (!isSeparatedByEdge(a->corners, b->corners) && !isSeparatedByEdge(b->corners, a->corners))
+            if (!isSeparatedByEdge(a->corners, b->corners) && !isSeparatedByEdge(b->corners, a->corners) &&
+                !_mayMeet(*a, *b))
                 faults.push_back("text \"" + a->text + "\" " + describe(a->bounds) + " meets \"" + b->text +
                                  "\" " + describe(b->bounds));
         }
     }
     return faults;
+}
+
+bool CheckingPainter::_mayMeet(const Text& a, const Text& b) const
+{
+    return m_excuses.mayMeet && m_excuses.mayMeet(a, b);
 }
 
 void CheckingPainter::saveState() { m_savedStates.push_back(m_state); }
@@ -218,15 +234,31 @@ void CheckingPainter::drawText(const std::string& text, const UXDoubleRect& rect
     const UXDoubleRect place = uxPlaceText(size, rect, align);
     const Corners corners = obtainCorners(m_state.toRoot, uxInflateDoubleRect(place, 0, -blankHeight));
     const UXDoubleRect bounds = obtainBounds(corners);
-    const UXDoubleRect seen = uxIntersectionDoubleRect(bounds, m_state.clip);
-    if (m_state.isClear || !(seen.width > 0 && seen.height > 0))
+    if (m_state.isClear || !(bounds.width > 0 && bounds.height > 0))
         return;
-    _checkBounds("text \"" + text + "\"", bounds);
+    _checkSeen({text, bounds});
+    const UXDoubleRect seen = uxIntersectionDoubleRect(bounds, m_state.clip);
+    if (!(seen.width > 0 && seen.height > 0))
+        return;
     // Of a text that stands upright only what the clip leaves is seen; the bounds of a sloping one are not
     // it.
     const bool isUpright = m_state.toRoot.isUpright();
     m_texts.push_back(
-        {text, isUpright ? obtainCorners(UXTransform(), seen) : corners, isUpright ? seen : bounds});
+        {{text, isUpright ? seen : bounds}, isUpright ? obtainCorners(UXTransform(), seen) : corners});
+}
+
+/** What is outside the area is a fault though a clip hides it. */
+void CheckingPainter::_checkSeen(const DrawnText& whole)
+{
+    const std::string name = "text \"" + whole.text + "\"";
+    const double share = obtainShareInside(whole.bounds, m_state.clip);
+    const bool isOutside = obtainShareInside(whole.bounds, m_area) < leastSeenShare;
+    const bool isCut = share > 0 && share < leastSeenShare;
+    if (!isOutside && !isCut)
+        _checkBounds(name, whole.bounds);
+    else if (!m_excuses.mayBeCut || !m_excuses.mayBeCut(whole))
+        m_faults.push_back(name + " " + describe(whole.bounds) +
+                           (isOutside ? " lies mostly out of the area" : " is mostly cut off"));
 }
 
 void CheckingPainter::drawRects(std::span<const UXDoubleRect> rects)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "drawing_check.h"
+#include "drawn_text.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_path_painter.h"
 
@@ -13,7 +15,7 @@
 class CheckingPainter final : public UXPathPainter {
 public:
     /** @param area that the drawing has to keep to, in logical units of the root's space */
-    CheckingPainter(const UXDoubleRect& area, double deviceScale);
+    CheckingPainter(const UXDoubleRect& area, double deviceScale, const DrawingExcuses& excuses);
 
     /** @return a sentence for each fault so far; those between texts come last */
     std::vector<std::string> obtainFaults() const;
@@ -83,12 +85,12 @@ private:
         double lineWidth = 1;
         bool isClear = false; // the source has no colour
     };
-    struct Text {
-        std::string text;
+    struct Text : DrawnText {
         std::array<UXDoublePoint, 4> corners; // in the root's space
-        UXDoubleRect bounds;
     };
 
+    void _checkSeen(const DrawnText& whole);
+    bool _mayMeet(const Text& a, const Text& b) const;
     void _checkFinite(const std::string& what, std::initializer_list<double> numbers);
     void _checkBounds(const std::string& what, const UXDoubleRect& bounds);
     void _checkRect(const std::string& what, const UXDoubleRect& rect);
@@ -96,6 +98,7 @@ private:
 
     UXDoubleRect m_area;
     double m_deviceScale;
+    DrawingExcuses m_excuses;
     State m_state;
     std::vector<State> m_savedStates;
     std::vector<UXDoublePoint> m_path; // in the root's space

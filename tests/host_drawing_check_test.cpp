@@ -51,6 +51,13 @@ TEST(DrawingCheck, FindsWhatAReaderWouldCallAFault)
             }
         };
     };
+    const auto drawClipped = [](double x, const UXDoubleRect& clip = {0, 0, 200, 100}) {
+        return [=](UXPainter& painter) {
+            painter.addRectanglePath(clip.x, clip.y, clip.width, clip.height);
+            painter.clip();
+            drawLetters(painter, x, 50);
+        };
+    };
     const Case cases[] = {
         {"texts side by side", 1, drawTwo(50, 0), ""},
         {"texts into each other", 1, drawTwo(48, 0), "meets"},
@@ -64,13 +71,11 @@ TEST(DrawingCheck, FindsWhatAReaderWouldCallAFault)
              drawLetters(p, 160, 50, {0, 0, 0, 0});
          },
          ""},
-        {"a clipped text", 1,
-         [](UXPainter& painter) {
-             painter.addRectanglePath(0, 0, 200, 100);
-             painter.clip();
-             drawLetters(painter, 160, 50);
-         },
-         ""},
+        {"a clipped text of which most is left", 1, drawClipped(160), ""},
+        {"one of which less is left", 1, drawClipped(180), "mostly out of the area"},
+        {"one of which nothing is left", 1, drawClipped(-60), "mostly out of the area"},
+        {"one that is cut inside the area", 1, drawClipped(80, {0, 0, 100, 100}), "mostly cut off"},
+        {"one that is scrolled out of sight", 1, drawClipped(120, {0, 0, 100, 100}), ""},
         {"a text in a layer", 1,
          [](UXPainter& painter) {
              painter.drawComposited([](UXPainter* layer) { drawLetters(*layer, -10, 50); }, nullptr,
@@ -109,6 +114,25 @@ TEST(DrawingCheck, FindsWhatAReaderWouldCallAFault)
     }
 }
 
+TEST(DrawingCheck, ExcusesWhatTheCallerKnows)
+{
+    const UXFixedMeasurer measurer;
+    UXRecordingPainter painter(1);
+    for (const double x : {10.0, 30.0, 50.0, 180.0})
+        drawLetters(painter, x, 50);
+    const auto endsBefore = [](double x) {
+        return [x](const DrawnText& a, const DrawnText& b) {
+            return a.bounds.x + a.bounds.width < x && b.bounds.x + b.bounds.width < x;
+        };
+    };
+    const auto beginsAt = [](double x) { return [x](const DrawnText& text) { return text.bounds.x == x; }; };
+    for (const auto& [excuses, expected] : {std::pair(DrawingExcuses(), 4u),
+                                            {{endsBefore(90), {}}, 3u},
+                                            {{endsBefore(200), beginsAt(10)}, 1u},
+                                            {{endsBefore(200), beginsAt(180)}, 0u}})
+        EXPECT_EQ(checkDrawing(painter.getRecording(), {0, 0, 200, 100}, excuses).size(), expected);
+}
+
 TEST(DrawingCheck, RectanglesLieOnWholePixels)
 {
     struct Case {
@@ -131,7 +155,7 @@ TEST(DrawingCheck, RectanglesLieOnWholePixels)
 
 TEST(DrawingCheck, TheGalleryHasNoFault)
 {
-    for (const ChartSample& sample : readChartSamples(std::string(KX_SOURCE_DIR) + "/samples")) {
+    for (const ChartSample& sample : readChartSamples(KX_SOURCE_DIR "/samples")) {
         ChartDocument document(sample.chart);
         ChartDataSource source(sample.data, sample.binding, {});
         document.loadData(&source.getProvider());

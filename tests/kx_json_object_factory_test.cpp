@@ -11,11 +11,12 @@
 TEST(KXJsonObjectFactory, MakesTheClassThatTheNameSays)
 {
     KXJsonObjectFactory factory;
-    std::istringstream names("KXAxis KXAxisChartBaseLayer KXAxisChartLayer KXAxisTickLabelView KXBarChart "
-                             "KXBarChartProperty KXChartDataFormat KXChartLabel KXChartProperty "
-                             "KXChartStackedBarSegment KXChartToolbox KXChartToolboxItem KXHorizontalBar "
-                             "KXLegend KXMenu KXMenuItem KXRectangle KXStackedBar KXValueChart KXVerticalBar "
-                             "UXHint UXHintFrame UXLabel");
+    std::istringstream names(
+        "KXAxis KXAxisChartBaseLayer KXAxisChartLayer KXAxisTickLabelView KXBarChart "
+        "KXBarChartProperty KXChartDataFormat KXChartLabel KXChartProperty "
+        "KXChartStackedBarSegment KXChartToolbox KXChartToolboxItem KXGaugeChart "
+        "KXHorizontalBar KXLegend KXMenu KXMenuItem KXRectangle KXStackedBar KXValueChart KXVerticalBar "
+        "UXHint UXHintFrame UXLabel");
     for (std::string name; names >> name;) {
         const std::unique_ptr<UXJsonObject> made(factory.create(name));
         ASSERT_TRUE(made) << name;
