@@ -117,7 +117,8 @@ private:
         int title = 0;
         int endTitle = 0; // of an axis that ends at this side, with the gap before it
         int endGap = 0;
-        int overhang = 0; // of the labels at a side around the corner
+        int overhang = 0; // of the labels at a side around the corner, into room of their own
+        int reach = 0;    // of them towards the labels at this side
 
         int obtainExtent() const { return (std::max)(labels + title + endTitle, overhang); }
     };
@@ -137,6 +138,8 @@ private:
 
     void _layoutAxes();
     void _layoutAxes(const Detail& detail);
+    bool _settleScroll(const Bands& bands, bool scrolls);
+    double _obtainScrolledSpacing(const KXAxisChartAxis& axis) const;
     void _updateLabels(const Detail& detail);
     Bands _measureBands(const Detail& detail);
     void _measureLabels(Bands& bands);
@@ -163,6 +166,7 @@ private:
     UXRect m_marksArea;
     int m_scrolledLabelLength = 0; // what the layout has reserved
     double m_firstCategory = 0;
+    bool m_fitsCategories = false; // in the present layout, whatever room each would need to scroll
     bool m_layingOut = false;
     UXPropertyTableBinding m_axisChartPropertyBinding{*this, obtainPropertyTable()};
 };

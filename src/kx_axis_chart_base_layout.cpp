@@ -30,6 +30,8 @@ constexpr int leastTurnedLength = 48;
 /** The first labels keep no more of the plot free beside the marks than one part of so many. */
 constexpr int overhangDivider = 6;
 constexpr int titleGap = 4;
+/** Between labels one below the other. */
+constexpr double lineGap = 2;
 constexpr int barExtent = UXVirtualScrollView::extraExtent;
 /** Titles, then the labels that take too much, give way where the marks would get less room than this. */
 constexpr UXSize leastAreaBesideTitles{120, 80};
@@ -77,13 +79,18 @@ UXPosition obtainEndSide(const KXAxisChartAxis& axis)
     return axis.isHorizontal() ? UXPosition::Right : UXPosition::Top;
 }
 
-/** @return by how much a label beside an axis along y reaches over its tick */
-int obtainHalfLine(const KXAxisChartAxis& axis)
+/** @return the height of a label beside an axis along y */
+double measureLine(const KXAxisChartAxis& axis)
 {
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    return uxSaturateToInt(
-        std::ceil(helper->getTextSize("0", axis.property->getTickLabelProperty()).height / 2));
+    return helper->getTextSize("0", axis.property->getTickLabelProperty()).height;
 }
+
+/** @return by how much a label beside an axis along y reaches over its tick */
+int obtainHalfLine(const KXAxisChartAxis& axis) { return uxSaturateToInt(std::ceil(measureLine(axis) / 2)); }
+
+/** @return how far apart such labels stand that all of them show, in whole units */
+double obtainLinePitch(const KXAxisChartAxis& axis) { return std::ceil(measureLine(axis) + lineGap); }
 
 /** @param lies whether the labels' axis lies along x, so that they take height from the plot */
 int obtainGreatestLabelLength(bool lies, const UXRect& plot)
@@ -120,11 +127,11 @@ KXAxisChartBase::Band& KXAxisChartBase::Bands::at(UXPosition side)
     }
 }
 
-/** Labels below the marks stand clear of half the line by which those beside reach down to them. */
+/** Labels above and below the marks stand clear of half the line by which those beside reach over to them. */
 int KXAxisChartBase::Bands::obtainLabelGap(UXPosition side) const
 {
     const bool lies = side == UXPosition::Top || side == UXPosition::Bottom;
-    return lies ? std::max(labelGap, at(side).overhang - 1) : labelGap;
+    return lies ? std::max(labelGap, at(side).reach - 1) : labelGap;
 }
 
 void KXAxisChartBase::_customLayout(UXRect plotArea)
@@ -173,6 +180,7 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
         return;
     Bands bands;
     bool scrolls = false;
+    m_fitsCategories = false;
     for (int round = 0; round < rounds; ++round) {
         _placeAxes(_obtainArea(bands, scrolls));
         _placeLabels(bands);
@@ -181,18 +189,50 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
             return;
         scrolls = scrolled && scrolled->isUsed && scrolled->axis->isScrollable();
     }
-    _placeAxes(_obtainArea(bands, scrolls));
-    _placeLabels(bands);
-    _placeScroll(bands, scrolls);
-    // Asked for their length, the labels say what they need at the end of the axis, and the marks are placed
-    // by that.
-    for (std::size_t i = 0; self.isAlive() && i < m_axes.size(); ++i)
-        if (m_axes[i]->labels->getVisible())
-            m_axes[i]->labels->obtainLabelLength();
+    scrolls = _settleScroll(bands, scrolls);
     if (!self.isAlive())
         return;
+    _placeScroll(bands, scrolls);
     _placeTitles(bands, detail, scrolls);
     _placeLayers();
+}
+
+/** Places the axes for the last time, with a scroll bar exactly where there is something to scroll to. A bar
+ * that would take away its own reason is left out, and the categories come closer together instead.
+ * @return whether the chart scrolls */
+bool KXAxisChartBase::_settleScroll(const Bands& bands, bool scrolls)
+{
+    const UXObjectWatcher self(this);
+    const KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    for (const auto& [tried, fits] : {std::pair(scrolls, false), {!scrolls, false}, {false, true}}) {
+        m_fitsCategories = fits;
+        _placeAxes(_obtainArea(bands, tried));
+        _placeLabels(bands);
+        // Asked for their length, the labels say what they need at the end of the axis, and the marks are
+        // placed by that.
+        for (std::size_t i = 0; self.isAlive() && i < m_axes.size(); ++i)
+            if (m_axes[i]->labels->getVisible())
+                m_axes[i]->labels->obtainLabelLength();
+        if (!self.isAlive())
+            return false;
+        const bool isScrollable = scrolled && scrolled->isUsed && scrolled->axis->isScrollable();
+        if (isScrollable == tried)
+            return tried;
+    }
+    return false;
+}
+
+/** @return the least room of a category, of which labels beside the marks show each one's in a line of its
+ * own; below 0 where all of them are to be seen at once */
+double KXAxisChartBase::_obtainScrolledSpacing(const KXAxisChartAxis& axis) const
+{
+    const double least = _obtainMinCategorySpacing();
+    if (m_fitsCategories || !m_axisChartProperty->getEnableScroll() || least < 0)
+        return -1;
+    const bool hasLines = !axis.isHorizontal() && axis.labels->getVisible() &&
+                          axis.property->getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Custom;
+    return hasLines ? std::max(least, std::min(obtainLinePitch(axis), m_plot->getRect().height * 1.0))
+                    : least;
 }
 
 /** Gives the labels what their axes' properties say, and has them forget ticks that are others now. */
@@ -218,6 +258,7 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         const bool mayTurn = isCategories ||
                              property.getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Auto;
         labels.setAutoRotateLabels(mayTurn && plot.height / labelDivider >= leastTurnedLength);
+        labels.setPrefersAllLabels(isCategories);
         labels.setShowLabelInBound(isCategories && axis.isHorizontal());
         labels.setTickLabelIntervalMode(property.getTickLabelIntervalMode());
         labels.setUseFixedTickLabelIntervalForAutoIntervalMode(
@@ -238,8 +279,14 @@ void KXAxisChartBase::_measureOverhang(const KXAxisChartAxis& axis, Bands& bands
                                              : obtainHalfLine(axis);
     if (!self.isAlive())
         return;
-    int& room = axis.isHorizontal() ? bands.left.overhang : bands.bottom.overhang;
-    room = std::max(room, boundExtent(overhang));
+    Band& band = axis.isHorizontal() ? bands.left : bands.bottom;
+    band.overhang = std::max(band.overhang, boundExtent(overhang));
+    band.reach = band.overhang;
+    if (axis.isHorizontal() || &axis != _obtainScrolledAxis())
+        return; // values end below the top, as far as their last label needs
+    const int above = axis.axis->isScrollable() ? overhang : axis.labels->obtainStartOverhang();
+    if (self.isAlive())
+        bands.top.reach = std::max(bands.top.reach, boundExtent(above));
 }
 
 /** Asking for the labels' length may ask the provider for texts, which may destroy the chart. */
@@ -342,8 +389,9 @@ void KXAxisChartBase::_placeAxes(const UXRect& area)
             axis.setVectorNotation(1, 0);
         else
             axis.setVectorNotation(0, own.get() == scrolled ? -1 : 1);
-        const bool scrolls = own.get() == scrolled && m_axisChartProperty->getEnableScroll();
-        axis.setMinValueSpacing(scrolls ? _obtainMinCategorySpacing() : -1);
+        if (own.get() == scrolled && m_fitsCategories)
+            axis.setValueSpacing(-1);
+        axis.setMinValueSpacing(own.get() == scrolled ? _obtainScrolledSpacing(*own) : -1);
         axis.setRect(obtainAxisRect(*own, area));
         axis.updateCache();
         // An axis that is all extra length shows no labels, which would ask for less.
@@ -428,12 +476,15 @@ UXRect KXAxisChartBase::_obtainEndTitleRect(const KXAxisChartAxis& axis, const B
             y = axis.position == UXPosition::Top ? std::max(y, middle - labelGap)
                                                  : std::min(y, middle + labelGap - size.height);
         y = std::min(y, uxMaxY(plot) - size.height);
-        return {uxMaxX(area) + titleGap, std::max(y, 0), std::min(size.width, plot.width / endTitleDivider),
+        // An axis at that side has its labels and its title next to the marks.
+        const int x = uxMaxX(area) + bands.right.labels + bands.right.title + titleGap;
+        return {x, std::max(y, 0), std::min(size.width, plot.width / endTitleDivider),
                 std::min(size.height, plot.height)};
     }
     const int width = std::min(size.width, plot.width);
     const int x = axis.position == UXPosition::Left ? 0 : uxMaxX(plot) - width;
-    return {x, area.y - bands.top.endGap - size.height, width, size.height};
+    const int y = area.y - bands.top.labels - bands.top.title - bands.top.endGap - size.height;
+    return {x, y, width, size.height};
 }
 
 /** The bar stands beside the marks, or under the labels of the categories, and the title beyond it. */

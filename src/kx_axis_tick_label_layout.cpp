@@ -2,6 +2,7 @@
 
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
+#include "ux/ux_utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -31,6 +32,17 @@ UXPosition obtainSide(UXPosition position)
     }
 }
 
+/** @return whether no word goes on from a line to the next one */
+bool endsBetweenWords(std::string_view line, std::string_view next)
+{
+    if (line.data() + line.size() != next.data())
+        return true; // there are blanks between them
+    std::size_t last = line.size(), first = 0;
+    while (last > 0 && (static_cast<unsigned char>(line[--last]) & 0xC0U) == 0x80U)
+        continue;
+    return uxIsWideCharacter(uxDecodeUtf8(line, last)) || uxIsWideCharacter(uxDecodeUtf8(next, first));
+}
+
 int ceilToInt(double length) { return uxSaturateToInt(std::ceil(length - noise)); }
 
 } // namespace
@@ -58,6 +70,23 @@ bool kxIsNumberLabel(std::string_view text)
     const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
     return std::any_of(text.begin(), text.end(), isDigit) &&
            std::count_if(text.begin(), text.end(), isLetter) <= 1;
+}
+
+std::string kxWrapTickLabel(const std::string& text, const UXTextWidthFunction& widthOf)
+{
+    if (kxIsNumberLabel(text))
+        return text;
+    double tooNarrow = widthOf(text) / 2, wideEnough = 2 * tooNarrow;
+    std::string wrapped = text;
+    while (wideEnough - tooNarrow > 1) {
+        const double limit = (tooNarrow + wideEnough) / 2;
+        const std::vector<std::string_view> lines = uxBreakTextLines(text, limit, widthOf);
+        const bool fits = lines.size() == 2 && endsBetweenWords(lines[0], lines[1]);
+        (fits ? wideEnough : tooNarrow) = limit;
+        if (fits)
+            wrapped = std::string(lines[0]).append("\n").append(lines[1]);
+    }
+    return wrapped;
 }
 
 KXAxisTickLabelLayout::KXAxisTickLabelLayout(UXPosition position, KXAxisTickLabelRotationType rotation)
@@ -97,6 +126,17 @@ double KXAxisTickLabelLayout::obtainLengthAlong(const UXDoubleSize& text) const
         return text.height;
     // Turned texts lie beside each other like the lines of a page.
     return m_degrees == 0 ? text.width : (std::max)(text.height - blankHeight, 0.0) / std::abs(m_sin);
+}
+
+double KXAxisTickLabelLayout::obtainReach(const UXDoubleSize& text, int direction) const
+{
+    if (!isAlongX() || m_degrees == 270)
+        return text.height / 2;
+    if (m_degrees == 0)
+        return text.width / 2;
+    // A sloping text is shortened on the side to which it reaches away from its tick.
+    const int end = m_side == UXPosition::Top ? -1 : 1;
+    return direction == end ? text.height / 2 * std::abs(m_sin) : 0;
 }
 
 KXAxisTickLabelPlace KXAxisTickLabelLayout::obtainPlace(const UXDoubleSize& text, const UXPoint& tick) const

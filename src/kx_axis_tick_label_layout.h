@@ -7,7 +7,9 @@
 #include "ux/ux_position.h"
 #include "ux/ux_rect.h"
 #include "ux/ux_text_align.h"
+#include "ux/ux_text_lines.h"
 
+#include <string>
 #include <string_view>
 
 /** @return by how much labels at a side of an axis are turned: those above and below it alone can be.
@@ -25,6 +27,9 @@
 /** @return whether a label would say something else if it were cut: a number or a date, with one letter at
  *          most */
 [[nodiscard]] bool kxIsNumberLabel(std::string_view text);
+
+/** @return text in the narrowest two lines that break no word; as it is where it is a number or one word */
+[[nodiscard]] std::string kxWrapTickLabel(const std::string& text, const UXTextWidthFunction& widthOf);
 
 /** Where a text is drawn. */
 struct KXAxisTickLabelPlace {
@@ -50,6 +55,10 @@ public:
     double obtainBandLength(const UXDoubleSize& text) const;
     /** @return how far apart the ticks of two such labels have to be for their texts not to meet */
     double obtainLengthAlong(const UXDoubleSize& text) const;
+
+    /** @param direction 1 towards larger coordinates along the axis, -1 towards smaller ones
+     *  @return how far the text reaches beyond its tick there where it cannot be shortened */
+    double obtainReach(const UXDoubleSize& text, int direction) const;
 
     KXAxisTickLabelPlace obtainPlace(const UXDoubleSize& text, const UXPoint& tick) const;
     UXRect obtainRect(const KXAxisTickLabelPlace& place) const;

@@ -104,6 +104,8 @@ void KXAxisTickLabelView::setCustomLabelLength(int length) { _setMember(m_custom
 void KXAxisTickLabelView::setMaxLabelLength(int length) { _setMember(m_maxLabelLength, length); }
 void KXAxisTickLabelView::setAutoRotateLabels(bool rotate) { _setMember(m_autoRotateLabels, rotate); }
 
+void KXAxisTickLabelView::setPrefersAllLabels(bool prefer) { _setMember(m_prefersAllLabels, prefer); }
+
 void KXAxisTickLabelView::setTickLabelRotationType(KXAxisTickLabelRotationType type)
 {
     _setMember(m_tickLabelRotationType, type);
@@ -247,7 +249,7 @@ KXVirtualAxisLabelInfo KXAxisTickLabelView::obtainTickLabelInfo(double value, bo
         _bringUpToDate(Step::Cache);
     if (!self.isAlive() || !_obtainText(value, info.text))
         return info;
-    UXDoubleSize size = _measureText(info.text, m_textProperty);
+    UXDoubleSize size = _measureText(turned ? _obtainLines(info.text) : info.text, m_textProperty);
     if (turned)
         size = _obtainLayout().obtainTurnedSize(size);
     info.width = uxSaturateToInt(std::ceil(size.width - tolerance));
@@ -265,7 +267,7 @@ UXRect KXAxisTickLabelView::obtainTickLabelRect(double value)
         return {};
     const KXAxisTickLabelLayout layout = _obtainLayout();
     return layout.obtainRect(
-        layout.obtainPlace(_measureText(text, m_textProperty), _obtainTickPoint(position)));
+        layout.obtainPlace(_measureText(_obtainLines(text), m_textProperty), _obtainTickPoint(position)));
 }
 
 UXRect KXAxisTickLabelView::obtainTickLabelRectForIntersection(double value)

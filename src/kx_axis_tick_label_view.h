@@ -31,7 +31,8 @@ struct KXAxisTickLabelPlace;
  * axis's end. A label that is cut or left out is told by the view's hint.
  *
  * Work and memory are bounded by what is visible: of a million ticks it asks for those between the axis's
- * first and last visible values, and of more than one a unit for every n-th.
+ * first and last visible values, and of more than one a unit for every n-th. Labels that are thinned out
+ * keep one step from end to end.
  *
  * How a chart drives it:
  *  - once: setAxis, setDelegate, setPosition, setTextProperty, and whatever else its axis property says. View
@@ -86,6 +87,11 @@ public:
     bool getAutoRotateLabels() const { return m_autoRotateLabels; }
     /** Off: labels that are turned automatically stay upright. */
     void setAutoRotateLabels(bool rotate);
+    bool getPrefersAllLabels() const { return m_prefersAllLabels; }
+    /** On: labels above or below the axis that are no numbers break in two lines before they turn, where that
+     * shows all of each, and are shortened to what there is between two ticks before they are left out, where
+     * that is enough to read. */
+    void setPrefersAllLabels(bool prefer);
     KXAxisTickLabelRotationType getTickLabelRotationType() const { return m_tickLabelRotationType; }
     void setTickLabelRotationType(KXAxisTickLabelRotationType type);
     KXAxisTickLabelIntervalMode getTickLabelIntervalMode() const { return m_tickLabelIntervalMode; }
@@ -171,7 +177,8 @@ private:
         int index = 0;
         double value = 0;
         std::optional<std::string> text;
-        std::optional<UXDoubleSize> size;
+        std::string lines;                /**< the text as it is shown, known with its size */
+        std::optional<UXDoubleSize> size; /**< of the lines, before they are turned */
         ShowState state = ShowState::Undecided;
     };
     /** What the axis and the rectangles were like at the last step. */
@@ -215,12 +222,20 @@ private:
     Tick* _findVisibleTick(int index);
     bool _updateCache();
     bool _updateRequireRotateCache(double spacing);
-    bool _findCollision(double spacing, bool& found);
+    bool _resolveAutoRotation(double spacing, bool& turns);
+    bool _wrapLabels(double spacing);
+    void _setLineCount(int count);
+    bool _findCollision(double spacing, bool staysInside, bool& found);
     bool _calcTickLabelInterval(double spacing);
     bool _updateShownInterval();
-    bool _spaceUprightLabels();
-    void _widenShownInterval(double length);
-    double _obtainWidthBetweenNeighbors(const Tick& tick);
+    bool _areLabelsApart(bool& areApart);
+    double _obtainMoveInside(const Tick& tick, const KXAxisTickLabelLayout& layout) const;
+    double _obtainRoomAtEnd(const Tick& tick, int direction) const;
+    std::optional<double> _obtainLengthForAll() const;
+    double _obtainLengthKept(const Tick& tick) const;
+    double _obtainWholeDistance(const Tick& tick, const Tick& other) const;
+    std::optional<double> _obtainRoomToNeighbor(const Tick& tick, int direction, double edge);
+    double _obtainWidthBetweenNeighbors(const Tick& tick, const UXPoint& point);
     bool _decideTickLabels();
     bool _shouldShowTickLabelsForAutoMode(Tick& tick, const Tick* neighbor);
     double _estimateLabelSize(const Tick& tick) const;
@@ -238,7 +253,9 @@ private:
     UXPoint _obtainTickPoint(const UXPoint& positionInAxis) const;
     std::optional<double> _obtainLengthLimit() const;
     UXDoubleSize _measureText(const std::string& text, const UXTextProperty& property) const;
+    std::string _obtainLines(const std::string& text) const;
     bool _placeLabels();
+    void _joinLabels(std::vector<PlacedLabel>& placed, PlacedLabel&& label) const;
     bool _placeLabel(Tick& tick, PlacedLabel& label, bool& isPlaced);
     bool _fitLabel(PlacedLabel& label, const UXPoint& tick, double widthLimit) const;
     void _showLabels();
@@ -266,6 +283,7 @@ private:
     KXAxisTickLabelViewDelegate* m_delegate = nullptr; // the chart's
     UXRect m_scrollBarRect;
     UXTextProperty m_textProperty;
+    bool m_prefersAllLabels = false;
 
     // Stale until the step is done
     bool m_ticksStale = true, m_visibleTicksStale = true, m_cacheStale = true;
@@ -280,7 +298,9 @@ private:
     std::vector<Tick> m_visibleTicks;
     int m_visibleStep = 1; // every how many ticks are among the visible ones
     KXAxisTickLabelRotationType m_resolvedRotation = KXAxisTickLabelRotationType::Horizontal;
-    double m_turnedAtSpacing = -1; // where labels were turned automatically
+    int m_lineCount = 1;
+    double m_turnedAtSpacing = -1;  // where labels were turned automatically
+    double m_wrappedAtSpacing = -1; // where they were broken in two lines
     double m_calculatedInterval = -1;
     std::int64_t m_shownInterval = 1; // that one, whole and among the visible ticks
     int m_longestLabelLength = -1;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <string_view>
 
 namespace {
@@ -21,9 +22,13 @@ constexpr double noise = 1e-6;
 constexpr int noWrapLineMode = 2;
 /** How near to a hidden label's tick the pointer asks for it, where ticks are far apart. */
 constexpr double hintReach = 8;
-/** Between labels in even steps, and between those that are decided one by one: what was kept between them,
- *  less the unit by which their ticks' places are rounded. */
-constexpr double leastEvenGap = 3, leastDecidedGap = 1;
+/** What is seen between labels at least: what is kept between them, less the unit by which the places of
+ *  their ticks are rounded. */
+constexpr double leastGap = 1;
+/** And beside one that is partly scrolled out of sight. */
+constexpr double scrolledGap = 4;
+/** By how much a marked number may be wider than the room that was kept for the plain one. */
+constexpr double markedSlack = 2;
 
 UXPoint add(const UXPoint& point, std::int64_t x, std::int64_t y)
 {
@@ -54,6 +59,14 @@ KXAxisTickLabelLayout KXAxisTickLabelView::_obtainLayout() const { return {m_pos
 UXDoubleSize KXAxisTickLabelView::_measureText(const std::string& text, const UXTextProperty& property) const
 {
     return uxMeasureText(text, property.font, UXTextOption::Default, noWrapLineMode);
+}
+
+/** @return the text with the breaks that are resolved for all labels */
+std::string KXAxisTickLabelView::_obtainLines(const std::string& text) const
+{
+    return m_lineCount == 1 ? text : kxWrapTickLabel(text, [this](std::string_view piece) {
+        return _measureText(std::string(piece), m_textProperty).width;
+    });
 }
 
 /** @return the place of a tick in the own space, across the axis at the edge of the area that faces it */
@@ -103,9 +116,6 @@ void KXAxisTickLabelView::customLayout()
 bool KXAxisTickLabelView::_placeLabels()
 {
     std::vector<PlacedLabel> placed;
-    const KXAxisTickLabelLayout layout = _obtainLayout();
-    const double gap = _isEachDecided() ? leastDecidedGap : leastEvenGap;
-    const bool keepsApart = m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Auto;
     const std::size_t count = m_showTickLabels && m_scale.isValid ? m_visibleTicks.size() : 0;
     for (std::size_t i = 0; i < count; ++i) {
         Tick& tick = m_visibleTicks[m_scale.isReversed ? count - 1 - i : i];
@@ -115,14 +125,28 @@ bool KXAxisTickLabelView::_placeLabels()
         bool isPlaced = false;
         if (!_placeLabel(tick, label, isPlaced))
             return false;
-        // What moved inside may have come too close to the one before, and so has what is marked.
-        const bool isTooClose = keepsApart && !placed.empty() &&
-                                layout.isOverlapping(placed.back().place, label.place, gap);
-        if (isPlaced && !isTooClose)
-            placed.push_back(std::move(label));
+        if (isPlaced)
+            _joinLabels(placed, std::move(label));
     }
     m_placedLabels = std::move(placed);
     return true;
+}
+
+/** What is partly scrolled out of sight moves inside, and gives way where it comes too close to its
+ * neighbour: in between, even steps have no gap. Of labels that are decided one by one, the first one stays.
+ */
+void KXAxisTickLabelView::_joinLabels(std::vector<PlacedLabel>& placed, PlacedLabel&& label) const
+{
+    const bool keepsApart = m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Auto && !placed.empty();
+    const bool isAtEnd = keepsApart && (label.isScrolledOut || placed.back().isScrolledOut);
+    const double gap = isAtEnd && !_isEachDecided() ? scrolledGap : leastGap;
+    if (keepsApart && _obtainLayout().isOverlapping(placed.back().place, label.place, gap)) {
+        if (_isEachDecided() || label.isScrolledOut)
+            return;
+        if (placed.back().isScrolledOut)
+            placed.pop_back();
+    }
+    placed.push_back(std::move(label));
 }
 
 bool KXAxisTickLabelView::_placeLabel(Tick& tick, PlacedLabel& label, bool& isPlaced)
@@ -139,7 +163,8 @@ bool KXAxisTickLabelView::_placeLabel(Tick& tick, PlacedLabel& label, bool& isPl
 
     // 2. A marked label is printed bold, and wider.
     label.index = tick.index;
-    label.wholeText = label.text = *tick.text;
+    label.wholeText = *tick.text;
+    label.text = tick.lines;
     label.property = m_textProperty;
     bool isDifferent = false, isMarked = false;
     UXColor color = m_textProperty.textColor;
@@ -151,7 +176,8 @@ bool KXAxisTickLabelView::_placeLabel(Tick& tick, PlacedLabel& label, bool& isPl
         label.property.textColor = color;
         label.property.font.bold = label.property.font.bold || isMarked;
     }
-    isPlaced = !label.text.empty() && _fitLabel(label, point, _obtainWidthBetweenNeighbors(tick));
+    isPlaced = !label.text.empty() && _fitLabel(label, point, _obtainWidthBetweenNeighbors(tick, point));
+    label.isScrolledOut = label.movedBy > _obtainMoveInside(tick, _obtainLayout()) + 1;
     return true;
 }
 
@@ -171,13 +197,15 @@ bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick, dou
     if (const std::optional<double> limit = _obtainLengthLimit())
         area = layout.obtainBand(tick, area, *limit);
     widthLimit = (std::min)(widthLimit, layout.obtainWidthLimit(size, tick, area, m_showLabelInBound));
-    if (size.width > widthLimit + noise) {
+    const double slack = label.property.font == m_textProperty.font ? noise : markedSlack;
+    if (size.width > widthLimit + slack) {
         if (kxIsNumberLabel(label.wholeText))
             return false;
         label.text = shorten(label.wholeText, widthLimit,
                              [&](std::string_view piece) { return measure(std::string(piece)).width; });
         if (label.text == ellipsis)
             return false;
+        label.isCut = label.text != label.wholeText;
         size = measure(label.text);
     }
 
@@ -185,6 +213,7 @@ bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick, dou
     label.place = layout.obtainPlace(size, tick);
     const UXRect rect = layout.obtainRect(label.place);
     label.rect = updateLabelRectToShowInBoundary(rect);
+    label.movedBy = std::abs(layout.isAlongX() ? label.rect.x - rect.x : label.rect.y - rect.y);
     label.place.center.x += label.rect.x - rect.x;
     label.place.center.y += label.rect.y - rect.y;
     return true;
@@ -275,7 +304,7 @@ const KXAxisTickLabelView::PlacedLabel* KXAxisTickLabelView::_findLabelAt(const 
 bool KXAxisTickLabelView::_obtainHiddenText(const UXPoint& point, std::string& text)
 {
     if (const PlacedLabel* label = _findLabelAt(point)) {
-        if (label->isCut())
+        if (label->isCut)
             text = label->wholeText;
         return true;
     }
@@ -293,7 +322,7 @@ bool KXAxisTickLabelView::_obtainHiddenText(const UXPoint& point, std::string& t
         return self.isAlive();
     const auto shown = std::find_if(m_placedLabels.begin(), m_placedLabels.end(),
                                     [&](const PlacedLabel& label) { return label.index == tick.index; });
-    if (isFound && (shown == m_placedLabels.end() || shown->isCut()))
+    if (isFound && (shown == m_placedLabels.end() || shown->isCut))
         text = *tick.text;
     return true;
 }

@@ -6,6 +6,7 @@
 #include "kx_axis_tick_label_placed_label.h"
 #include "kx_axis_tick_label_view_delegate.h"
 #include "kx_axis_tick_search.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double noise = 1e-9;
-/** Between upright labels in even steps, and between labels that are decided one by one. */
+/** Between neighbours that stay upright, and between labels that show. */
 constexpr double collisionGap = 4, decisionGap = 2;
 /** The most room that a long label asks for at its end. */
 constexpr double largestGap = 100;
@@ -97,8 +98,10 @@ bool KXAxisTickLabelView::_measureTick(Tick& tick)
             return false;
         tick.text = text;
     }
-    if (!tick.size)
-        tick.size = _measureText(*tick.text, m_textProperty);
+    if (!tick.size) {
+        tick.lines = _obtainLines(*tick.text);
+        tick.size = _measureText(tick.lines, m_textProperty);
+    }
     return true;
 }
 
@@ -118,7 +121,7 @@ bool KXAxisTickLabelView::_takeTick(int index, Tick& tick)
 
 void KXAxisTickLabelView::_forgetMeasures()
 {
-    m_turnedAtSpacing = -1;
+    m_turnedAtSpacing = m_wrappedAtSpacing = -1;
     m_longestLabelLength = m_startOverhang = -1;
 }
 
@@ -289,34 +292,85 @@ bool KXAxisTickLabelView::_updateCache()
            _requestExtraLength();
 }
 
-/** Labels that were turned automatically stay so until ticks or spacing change: neither scrolling nor the
- *  room that upright labels had at the end turns them back. */
 bool KXAxisTickLabelView::_updateRequireRotateCache(double spacing)
 {
     using enum KXAxisTickLabelRotationType;
     KXAxisTickLabelRotationType resolved = Horizontal;
-    if (m_tickLabelRotationType == Vertical || m_tickLabelRotationType == Degrees45) {
-        if (_canTurnLabels())
-            resolved = m_tickLabelRotationType;
-    } else if (m_tickLabelRotationType == Auto && m_autoRotateLabels && m_showTickLabels &&
-               m_tickCount >= 2 && _canTurnLabels() && m_scale.isValid) {
-        bool isTurned = m_turnedAtSpacing == m_scale.freeSpacing;
-        if (!isTurned && !_findCollision(spacing, isTurned))
-            return false;
-        m_turnedAtSpacing = isTurned ? m_scale.freeSpacing : -1;
-        resolved = isTurned ? Degrees45 : Horizontal;
-    }
+    const bool isAuto = m_tickLabelRotationType == Auto && m_showTickLabels && m_tickCount >= 2 &&
+                        _canTurnLabels() && m_scale.isValid;
+    bool turns = false;
+    if (!isAuto)
+        _setLineCount(1);
+    else if (!_resolveAutoRotation(spacing, turns))
+        return false;
+    if (turns)
+        resolved = Degrees45;
+    else if (m_tickLabelRotationType != Auto && _canTurnLabels())
+        resolved = m_tickLabelRotationType;
     if (resolved != m_resolvedRotation)
         m_longestLabelLength = m_startOverhang = -1;
     m_resolvedRotation = resolved;
     return true;
 }
 
-/** @param found whether two neighbours among the labels would come too close to each other side by side */
-bool KXAxisTickLabelView::_findCollision(double spacing, bool& found)
+/** Labels that were turned or broken automatically stay so until ticks or spacing change: neither scrolling
+ *  nor the room that upright labels had at the end turns them back. */
+bool KXAxisTickLabelView::_resolveAutoRotation(double spacing, bool& turns)
+{
+    turns = m_autoRotateLabels && m_turnedAtSpacing == m_scale.freeSpacing;
+    if (!turns) {
+        if (!_wrapLabels(spacing) || !_findCollision(spacing, false, turns))
+            return false;
+        turns = turns && m_autoRotateLabels;
+    }
+    m_turnedAtSpacing = turns ? m_scale.freeSpacing : -1;
+    m_wrappedAtSpacing = !turns && m_lineCount > 1 ? m_scale.freeSpacing : -1;
+    if (turns)
+        _setLineCount(1);
+    return true;
+}
+
+/** Breaks the labels in two lines where one is too long and two show all of them. */
+bool KXAxisTickLabelView::_wrapLabels(double spacing)
+{
+    bool isCrowded = m_wrappedAtSpacing == m_scale.freeSpacing;
+    if (!m_prefersAllLabels || !isCrowded)
+        _setLineCount(1);
+    if (!m_prefersAllLabels)
+        return true;
+    if (!isCrowded && !_findCollision(spacing, true, isCrowded))
+        return false;
+    if (!isCrowded)
+        return true;
+    _setLineCount(2);
+    if (!_findCollision(spacing, true, isCrowded))
+        return false;
+    const double limit = _obtainLengthLimit().value_or(infinity);
+    if (isCrowded || std::ranges::any_of(m_visibleTicks, [limit](const Tick& tick) {
+            return tick.size && tick.size->height > limit;
+        }))
+        _setLineCount(1);
+    return true;
+}
+
+/** What was measured of the labels in another number of lines is measured anew. */
+void KXAxisTickLabelView::_setLineCount(int count)
+{
+    if (count == m_lineCount)
+        return;
+    m_lineCount = count;
+    m_longestLabelLength = m_startOverhang = -1;
+    for (Tick& tick : m_visibleTicks)
+        tick.size.reset();
+}
+
+/** @param staysInside whether labels count as moved inside the view where they are
+ *  @param found whether two neighbours among the labels would come too close to each other side by side */
+bool KXAxisTickLabelView::_findCollision(double spacing, bool staysInside, bool& found)
 {
     const bool isCustom = m_tickLabelIntervalMode == KXAxisTickLabelIntervalMode::Custom;
     const std::int64_t step = isCustom ? obtainWholeInterval(m_tickLabelInterval) : 1;
+    const KXAxisTickLabelLayout upright(m_position, KXAxisTickLabelRotationType::Horizontal);
     found = false;
     for (Tick& tick : m_visibleTicks) {
         // Near the end there is none that many after it, but one before.
@@ -327,7 +381,9 @@ bool KXAxisTickLabelView::_findCollision(double spacing, bool& found)
             continue;
         if (!_measureTick(tick) || !_takeTick(static_cast<int>(other), neighbor))
             return false;
-        const double needed = 0.5 * tick.size->width + 0.5 * neighbor.size->width + collisionGap;
+        double needed = 0.5 * tick.size->width + 0.5 * neighbor.size->width + collisionGap;
+        if (staysInside)
+            needed += _obtainMoveInside(tick, upright) + _obtainMoveInside(neighbor, upright);
         found = std::abs(neighbor.value - tick.value) * spacing < needed - noise;
         if (found)
             return true;
@@ -356,7 +412,7 @@ bool KXAxisTickLabelView::_calcTickLabelInterval(double spacing)
         const UXDoubleSize size = *m_visibleTicks.front().size;
         double extent = size.height, gap = 0;
         if (_canTurnLabels() && m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal) {
-            extent = 0.5 * size.width;
+            extent = 0.5 * (std::min)(size.width, _obtainLengthForAll().value_or(infinity));
             gap = (std::min)(extent, largestGap);
         } else if (_canTurnLabels()) {
             extent = (std::max)(size.height - 1, 0.0);
@@ -367,67 +423,142 @@ bool KXAxisTickLabelView::_calcTickLabelInterval(double spacing)
     return _updateShownInterval();
 }
 
-/** Labels stand at ticks that are visible, and where the mode is automatic they keep apart: turned ones lie
- * no closer than the lines of a page, upright ones do not run into each other. */
+/** Labels stand at ticks that are visible, and where the mode is automatic they keep apart: the step is the
+ *  same from end to end, wherever the axis is scrolled to. */
 bool KXAxisTickLabelView::_updateShownInterval()
 {
     m_shownInterval = roundUpToMultiple(obtainWholeInterval(m_calculatedInterval), m_visibleStep);
-    if (m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto || !_canTurnLabels())
-        return true;
-    const bool isUpright = m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
-    if (isUpright)
-        return _spaceUprightLabels();
-    _widenShownInterval(_obtainLayout().obtainLengthAlong(*m_visibleTicks.front().size));
-    return true;
-}
-
-/** The first label may be the shortest, as 0 is among numbers. The widest one that shows counts, as far as
- *  labels of that length are still read whole; what is longer is cut. */
-bool KXAxisTickLabelView::_spaceUprightLabels()
-{
-    const double first = m_visibleTicks.front().size->width;
-    const double most = first > 2 * largestGap ? 0 : (std::max)(first, largestGap);
-    std::int64_t interval = 0;
-    while (interval != m_shownInterval) {
-        interval = m_shownInterval;
-        double widest = first;
-        for (Tick& tick : m_visibleTicks) {
-            if (tick.index % interval != 0)
-                continue;
-            if (!_measureTick(tick))
-                return false;
-            widest = (std::max)(widest, tick.size->width);
-        }
-        _widenShownInterval((std::min)(widest, most) + collisionGap);
+    bool areApart = m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto;
+    while (!areApart) {
+        if (!_areLabelsApart(areApart))
+            return false;
+        if (!areApart)
+            m_shownInterval += m_visibleStep;
     }
     return true;
 }
 
-/** @param length that each label has along the axis */
-void KXAxisTickLabelView::_widenShownInterval(double length)
+/** @param areApart whether the labels of the present interval are, wherever their places are rounded to. Of
+ *                  lines of text the letters are, whose boxes are higher by more than the gap. */
+bool KXAxisTickLabelView::_areLabelsApart(bool& areApart)
 {
-    const double interval = kxObtainTickLabelInterval(length, 0, m_tickDistance * m_scale.spacing);
-    m_shownInterval = (std::max)(m_shownInterval,
-                                 roundUpToMultiple(obtainWholeInterval(interval), m_visibleStep));
+    const bool isUpright = _canTurnLabels() && m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
+    const double gap = isUpright ? decisionGap : 0;
+    const Tick* previous = nullptr;
+    for (Tick& tick : m_visibleTicks) {
+        if (tick.index % m_shownInterval != 0)
+            continue;
+        if (!_measureTick(tick))
+            return false;
+        areApart = !previous || _obtainWholeDistance(*previous, tick) + noise >=
+                                    0.5 * _obtainLengthKept(*previous) + 0.5 * _obtainLengthKept(tick) + gap;
+        if (!areApart)
+            return true;
+        previous = &tick;
+    }
+    areApart = true;
+    return true;
 }
 
-/** Upright labels in even steps share the room between their ticks: a longer one is cut rather than left out,
- *  and has what shorter neighbours leave.
- *  @return the most width that the label may have */
-double KXAxisTickLabelView::_obtainWidthBetweenNeighbors(const Tick& tick)
+/** @return how far apart the places of two ticks are at least, which are rounded to whole units */
+double KXAxisTickLabelView::_obtainWholeDistance(const Tick& tick, const Tick& other) const
 {
-    double limit = infinity;
+    return std::floor(std::abs(tick.value - other.value) * m_scale.spacing + noise);
+}
+
+/** @return what a measured label takes along the axis at least: a long one is shortened, a number or what is
+ *          turned is not, and moves inside at an end of the axis */
+double KXAxisTickLabelView::_obtainLengthKept(const Tick& tick) const
+{
+    const double length = _estimateLabelSize(tick);
+    const bool isUpright = m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
+    if (!_canTurnLabels() || !isUpright || kxIsNumberLabel(*tick.text))
+        return length + 2 * _obtainMoveInside(tick, _obtainLayout());
+    const double first = _estimateLabelSize(m_visibleTicks.front());
+    const double usual = first > 2 * largestGap ? 0 : (std::max)(first, largestGap);
+    return (std::min)(length, _obtainLengthForAll().value_or(usual));
+}
+
+/** @return the length to which upright texts are shortened before they are thinned out, nothing where there
+ * is too little room between two ticks for that */
+std::optional<double> KXAxisTickLabelView::_obtainLengthForAll() const
+{
+    const double room = std::floor(m_tickDistance * m_scale.spacing + noise) - decisionGap;
+    return m_prefersAllLabels && room >= largestGap ? std::optional(room) : std::nullopt;
+}
+
+/** @return how far the label moves away from an end of the axis while that is not scrolled away */
+double KXAxisTickLabelView::_obtainMoveInside(const Tick& tick, const KXAxisTickLabelLayout& layout) const
+{
+    if (layout.isAlongX() && layout.getDegrees() == 0 && !m_showLabelInBound)
+        return 0; // it is shortened
+    double move = 0;
+    for (const int direction : {1, -1}) { // towards the axis's end, and its start
+        const int notation = m_scale.xNotation != 0 ? m_scale.xNotation : -m_scale.yNotation;
+        const double reach = layout.obtainReach(*tick.size, direction * notation);
+        move = (std::max)(move, reach - _obtainRoomAtEnd(tick, direction));
+    }
+    return move;
+}
+
+/** @param direction 1 towards the axis's end, -1 towards its start, as if that were not scrolled away
+ *  @return the room between the tick and the edge of the area */
+double KXAxisTickLabelView::_obtainRoomAtEnd(const Tick& tick, int direction) const
+{
+    const double values = direction > 0 ? m_scale.maxValue - tick.value + m_scale.shift
+                                        : tick.value - m_scale.minValue - m_scale.shift;
+    const UXPoint start(m_scale.start.x - m_scale.origin.x, m_scale.start.y - m_scale.origin.y);
+    const UXRect& area = m_scale.area;
+    const bool alongX = m_scale.xNotation != 0;
+    const double low = alongX ? start.x - area.x : start.y - area.y;
+    const double high = alongX ? uxMaxX(area) - start.x : uxMaxY(area) - start.y;
+    const bool grows = alongX ? m_scale.xNotation > 0 : m_scale.yNotation < 0;
+    if (direction < 0)
+        return values * m_scale.spacing + (grows ? low : high);
+    const KXAxis* axis = getAxis();
+    const double extra = axis ? axis->obtainTotalExtraLength() : 0;
+    return values * m_scale.spacing + extra + (grows ? high : low) - m_scale.length;
+}
+
+/** @param direction 1 to the right, -1 to the left
+ *  @param edge the room between the tick and the edge of the area there
+ *  @return the room between the tick and a neighbour's label, nothing without one. Each label may have half
+ * of what is between two ticks, and what the other one leaves of its own */
+std::optional<double> KXAxisTickLabelView::_obtainRoomToNeighbor(const Tick& tick, int direction, double edge)
+{
+    const int notation = m_scale.xNotation > 0 ? 1 : -1;
+    const Tick* neighbor = _findVisibleTick(
+        uxSaturateToInt(tick.index + direction * notation * m_shownInterval));
+    if (!neighbor || !neighbor->size)
+        return std::nullopt;
+    const double distance = _obtainWholeDistance(tick, *neighbor), room = distance - decisionGap;
+    const double width = neighbor->size->width;
+    double reach = width / 2;
+    if (m_showLabelInBound)
+        reach = (std::max)(reach, width - (std::max)(edge - distance, 0.0));
+    return room - (std::min)(reach, room / 2);
+}
+
+/** Upright labels in even steps share the room between their ticks: a longer one is shortened rather than
+ * left out.
+ *  @param point the tick's place
+ *  @return the most width that the label may have */
+double KXAxisTickLabelView::_obtainWidthBetweenNeighbors(const Tick& tick, const UXPoint& point)
+{
     if (m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto || _isEachDecided() ||
         !_canTurnLabels() || m_resolvedRotation != KXAxisTickLabelRotationType::Horizontal)
-        return limit;
-    for (const std::int64_t index : {tick.index - m_shownInterval, tick.index + m_shownInterval}) {
-        const Tick* neighbor = _findVisibleTick(uxSaturateToInt(index));
-        if (!neighbor || !neighbor->size)
-            continue;
-        const double distance = std::abs(neighbor->value - tick.value) * m_scale.spacing - collisionGap;
-        limit = (std::min)(limit, 2 * distance - (std::min)(neighbor->size->width, distance));
-    }
-    return limit;
+        return infinity;
+    const double left = static_cast<double>(point.x) - m_scale.area.x;
+    const double right = static_cast<double>(uxMaxX(m_scale.area)) - point.x;
+    const std::optional<double> toLeft = _obtainRoomToNeighbor(tick, -1, left);
+    const std::optional<double> toRight = _obtainRoomToNeighbor(tick, 1, right);
+    if (toLeft && toRight)
+        return 2 * (std::min)(*toLeft, *toRight);
+    if (!toLeft && !toRight)
+        return infinity;
+    // At an end of the view, a label that is moved inside has also the room beyond its middle.
+    const double room = toLeft ? *toLeft : *toRight, edge = toLeft ? right : left;
+    return m_showLabelInBound && room > edge ? room + edge : 2 * room;
 }
 
 /** Decides for each visible tick by itself, from the end of the axis where a neighbour comes first. */

@@ -84,22 +84,22 @@ bool isTiny(const KXChart& chart)
     return content.width < 60 || content.height < 60;
 }
 
-/** @return the cells of a legend after the first one, which a reader can scroll to, in the diagram's space */
+/** @return the cells of a legend that a reader can scroll to, in the diagram's space: all after the first
+ * one, and that one where it is wider than the legend */
 std::vector<DrawnText> findScrolledCells(KXChart& chart)
 {
+    std::vector<KXLegendCell*> shown;
+    for (UXObject* part : chart.getLegend()->getChildren())
+        for (UXObject* child : part->getChildren())
+            if (auto* cell = dynamic_cast<KXLegendCell*>(child); cell && cell->getVisible())
+                shown.push_back(cell);
+    std::ranges::sort(shown, {}, &KXLegendCell::getIndex);
     std::vector<DrawnText> cells;
-    if (!uxContainsRect(chart.getBoundingRect(), chart.getLegend()->getRect()))
-        return cells;
-    std::uint64_t first = std::numeric_limits<std::uint64_t>::max();
-    for (UXObject* part : chart.getLegend()->getChildren())
-        for (UXObject* child : part->getChildren())
-            if (const auto* cell = dynamic_cast<KXLegendCell*>(child); cell && cell->getVisible())
-                first = std::min(first, cell->getIndex());
-    for (UXObject* part : chart.getLegend()->getChildren())
-        for (UXObject* child : part->getChildren())
-            if (auto* cell = dynamic_cast<KXLegendCell*>(child); cell && cell->getIndex() > first)
-                cells.push_back({cell->getLabel(), obtainPlaceOnDiagram(*cell, chart)});
-    return cells;
+    const UXRect legend = chart.getLegend()->getRect();
+    for (KXLegendCell* cell : shown)
+        if (cell != shown.front() || cell->getRect().width > legend.width)
+            cells.push_back({cell->getLabel(), obtainPlaceOnDiagram(*cell, chart)});
+    return uxContainsRect(chart.getBoundingRect(), legend) ? cells : std::vector<DrawnText>();
 }
 
 /** @return whether the text is one of them, at its place */

@@ -236,7 +236,7 @@ TEST(KXAxisTickLabelView, ShownLabels)
         {"vertical, a line apart", Mode::Auto, Vertical, Bottom, 8, 9, 1, all},
         {"vertical, closer", Mode::Auto, Vertical, Bottom, 8, 8, 2, {0, 2, 4, 6, 8}},
         {"sloping", Mode::Auto, Degrees45, Bottom, 8, 13, 1, all},
-        {"sloping, closer", Mode::Auto, Degrees45, Bottom, 8, 12, 1, {0, 2, 4, 6, 8}},
+        {"sloping, closer where rounded", Mode::Auto, Degrees45, Bottom, 8, 12.9, 1, {0, 2, 4, 6, 8}},
         {"beside the axis", Mode::Auto, Auto, Left, 8, 10, 1, allFromTheTop},
         {"beside, closer", Mode::Auto, Auto, Left, 8, 4, 3, {9, 6, 3, 0}},
         {"each, 1.9 apart", Mode::Auto, Horizontal, Bottom, 4, 21.9, -1, {0, 2, 4, 6, 8}, 10, false},
@@ -256,14 +256,103 @@ TEST(KXAxisTickLabelView, ShownLabels)
     }
 
     // A longer label widens the steps up to 100 units, and is then cut at what its neighbours leave.
-    for (const std::size_t letters : {16u, 40u}) {
+    for (const auto& [letters, isCut] : {std::pair(16, false), {40, true}}) {
         Labels labels;
-        labels.widenView().setTicks(8, 30, 2).setMode(Mode::Auto).text = [letters](double value) {
-            return std::to_string(static_cast<int>(value)) + std::string(value == 4 ? letters : 1, 'x');
+        labels.widenView().setTicks(8, 30, 2).setMode(Mode::Auto).text = [count = letters](double value) {
+            return std::to_string(static_cast<int>(value)) + std::string(value == 4 ? count : 1, 'x');
         };
         labels.view->setTickLabelRotationType(Horizontal);
-        EXPECT_EQ(labels.values(), letters == 40 ? std::vector<int>({0, 4}) : std::vector<int>({0, 3, 6}));
+        EXPECT_EQ(labels.values(), std::vector<int>({0, 2, 4, 6}));
+        EXPECT_EQ(labels.shown()[2]->getText().ends_with("\u2026"), isCut);
     }
+}
+
+TEST(KXAxisTickLabelView, OneStepFromEndToEnd)
+{
+    using enum Rotation;
+    for (const Rotation rotation : {Horizontal, Vertical, Degrees45}) {
+        for (double spacing = 0.7; spacing < 60; spacing += 0.83) {
+            Labels labels(UXPosition::Bottom, 500);
+            labels.setTicks(uxSaturateToInt(500 / spacing), -1, 1).setMode(Mode::Auto);
+            labels.view->setShowLabelInBound(true);
+            labels.view->setTickLabelRotationType(rotation);
+            labels.text = [](double value) {
+                const int index = static_cast<int>(value);
+                const bool isLong = index % 7 == 3; // which no number is: those are never shortened
+                return std::to_string(index) + std::string(isLong ? 30 : 2, isLong || index % 3 ? 'x' : '0');
+            };
+            const std::vector<UXLabel*> shown = labels.shown();
+            ASSERT_GT(shown.size(), 0u);
+            // Each is as far from the next one as others are; of upright ones alone, all show with a gap.
+            const auto endOf = [&](std::size_t i) { return uxMaxX(shown[i]->getRect()); };
+            for (std::size_t i = 1; i < shown.size(); ++i) {
+                if (rotation == Horizontal) {
+                    EXPECT_LE(endOf(i - 1) + 1, shown[i]->getRect().x) << spacing;
+                } else if (i > 2 && i + 1 < shown.size()) { // those at the ends may have moved inside
+                    EXPECT_NEAR(endOf(i) - endOf(i - 1), endOf(2) - endOf(1), 1) << spacing;
+                }
+            }
+        }
+    }
+}
+
+TEST(KXAxisTickLabelView, BreaksLabelsInTwoLinesBeforeTheyTurn)
+{
+    using enum Rotation;
+    struct Case {
+        const char* name;
+        bool breaks;
+        double spacing;
+        const char* text; // of every tick, 5 units a letter
+        int mostLength;
+        Rotation expected;
+        const char* shown;
+        int band;
+    };
+    const Case cases[] = {
+        {"short enough", true, 64, "two words xx", -1, Horizontal, "two words xx", 10},
+        {"in the middle", true, 63, "two words xx", -1, Horizontal, "two\nwords xx", 20},
+        {"the narrowest lines", true, 63, "a b c dddd e f", -1, Horizontal, "a b c\ndddd e f", 20},
+        {"not asked for", false, 63, "two words xx", -1, Degrees45, "two words xx", 50},
+        {"too long in two lines", true, 43, "two words xx", -1, Degrees45, "two words xx", 50},
+        {"no room for two lines", true, 63, "two words xx", 19, Degrees45, nullptr, 19},
+        {"one word", true, 63, "twowordsxxxx", -1, Degrees45, "twowordsxxxx", 50},
+        {"a number", true, 63, "1 000 000 000", -1, Degrees45, "1 000 000 000", 54},
+        {"between wide characters", true, 63, "\u9500\u552e\u989d\u4e07", -1, Horizontal,
+         "\u9500\u552e\n\u989d\u4e07", 20},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Labels labels;
+        labels.widenView().setTicks(6, c.spacing, 1).setMode(Mode::Auto);
+        labels.view->setPrefersAllLabels(c.breaks);
+        labels.view->setMaxLabelLength(c.mostLength);
+        labels.text = [&](double) { return c.text; };
+        labels.view->reloadData();
+        EXPECT_EQ(labels.view->obtainResolvedRotation(), c.expected);
+        EXPECT_EQ(labels.view->obtainLabelLength(), c.band);
+        const std::vector<UXLabel*> shown = labels.shown();
+        if (!c.shown)
+            continue;
+        ASSERT_EQ(shown.size(), 6u);
+        EXPECT_EQ(shown[2]->getText(), c.shown);
+        const UXRect rect = shown[2]->getRect();
+        EXPECT_EQ(labels.hintAt({rect.x + rect.width / 2, rect.y + rect.height / 2}), "") << "all is shown";
+    }
+
+    // Scrolled to a label that is too long even so, all turn, and stay so on the way back.
+    Labels labels(UXPosition::Bottom, 300);
+    labels.setTicks(40, 63, 1).setMode(Mode::Auto).text = [](double value) {
+        return value == 20 ? "words that are too long even in two lines" : "two words xx";
+    };
+    labels.view->setPrefersAllLabels(true);
+    for (const auto& [offset, expected] :
+         {std::pair(0, Horizontal), {600, Horizontal}, {1200, Degrees45}, {0, Degrees45}}) {
+        labels.axis->setOffset(offset);
+        EXPECT_EQ(labels.view->obtainResolvedRotation(), expected) << offset;
+    }
+    labels.view->reloadData();
+    EXPECT_EQ(labels.view->obtainResolvedRotation(), Horizontal);
 }
 
 TEST(KXAxisTickLabelView, BandLength)
