@@ -1,4 +1,5 @@
 #include "kx_axis.h"
+#include "kx_axis_chart_data_view.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
@@ -18,7 +19,7 @@
 
 namespace {
 
-/** Bars whose second series stands against the second value axis where the test wants it. */
+/** Bars whose layout a test looks at. */
 class LaidOutBars : public KXBarChart {
 public:
     LaidOutBars(KXAxisChartTestProvider& provider, UXSize size, KXAxisChartOrientation orientation)
@@ -28,7 +29,6 @@ public:
         setDataProvider(&provider);
         setRect({0, 0, size.width, size.height});
     }
-    bool isSeriesOnSecondaryAxis(std::uint64_t series) const override { return hasSecondAxis && series == 1; }
 
     /** @return the labels beside an axis that show */
     std::vector<UXLabel*> obtainShownLabels(const KXAxis* axis) const
@@ -47,8 +47,6 @@ public:
     {
         return label->translateRectToParent(label->getBoundingRect(), getPlot());
     }
-
-    bool hasSecondAxis = false;
 };
 
 KXAxisChartTestProvider makeProvider(std::size_t categories, std::size_t series = 1)
@@ -180,7 +178,7 @@ TEST(KXAxisChartLayout, ASecondValueAxisKeepsOffTitlesAndLargeNames)
             SCOPED_TRACE(std::string(c.name) + " " + std::to_string(categories));
             KXAxisChartTestProvider provider = makeProvider(categories, 2);
             LaidOutBars chart(provider, {700, 500}, c.orientation);
-            chart.hasSecondAxis = true;
+            chart.getDataViews().front()->updateIsOnSecondaryAxis(true);
             chart.getXAxisProperty()->setShowTitleAtEndOfAxis(c.titleAtEnd);
             setFontSize(chart.getXAxisProperty(), c.fontSize);
             kxLoad(chart);
