@@ -1,8 +1,5 @@
 #include "sql_data_provider.h"
 
-#include <cmath>
-#include <limits>
-
 #include "host_error.h"
 #include "sql_session.h"
 #include "time_step.h"
@@ -235,9 +232,20 @@ void SqlDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t se
                                          std::uint64_t firstCategory, std::span<double> values)
 {
     KXIndexPath path = obtainSeriesValuePath(user, series, firstCategory);
+    const std::span members = std::span(path).subspan(1);
     for (double& value : values) {
-        const SqlValue found = _findValue(path);
-        value = found.isNull ? std::numeric_limits<double>::quiet_NaN() : found.number;
+        value = m_data.obtainNumber(path[0], members);
         ++path[1];
+    }
+}
+
+void SqlDataProvider::obtainCategoryNumbers(KXChartDataUser*, std::uint64_t firstCategory,
+                                            std::span<double> numbers)
+{
+    const bool hasCategories = m_data.getDimensionCount() > categoryDimension;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const std::uint64_t category = firstCategory + i;
+        const bool isMember = hasCategories && category < m_data.getMembers(categoryDimension).size();
+        numbers[i] = isMember ? m_data.getMembers(categoryDimension)[category].number : 0;
     }
 }

@@ -72,6 +72,8 @@ public:
     // From KXAxisChartDataProvider
     void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                             std::span<double> values) override;
+    void obtainCategoryNumbers(KXChartDataUser* user, std::uint64_t firstCategory,
+                               std::span<double> numbers) override;
 
 private:
     const SqlMember* _findMember(const KXIndexPath& path) const;

@@ -1,6 +1,7 @@
 #include "sql_data_set.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "host_error.h"
 #include "number_text.h"
@@ -108,20 +109,21 @@ std::optional<std::size_t> SqlDataSet::_findRow(std::span<const std::uint64_t> m
 {
     if (m_isEmpty || members.size() < m_dimensions.size())
         return std::nullopt;
-    std::vector<double> wanted;
+    const auto getPosition = [&](std::size_t dimension) {
+        return m_dimensions[dimension].members[members[dimension]].position;
+    };
     for (std::size_t i = 0; i < m_dimensions.size(); ++i) {
-        const std::vector<SqlMember>& all = m_dimensions[i].members;
-        if (members[i] >= all.size() || !all[members[i]].position)
+        if (members[i] >= m_dimensions[i].members.size() || !getPosition(i))
             return std::nullopt;
-        wanted.push_back(static_cast<double>(*all[members[i]].position));
     }
 
     // The rows are sorted by position, so a cell is found by halving.
     const auto compare = [&](std::size_t row) {
-        for (std::size_t i = 0; i < wanted.size(); ++i) {
+        for (std::size_t i = 0; i < m_dimensions.size(); ++i) {
             const double position = m_cells.getNumber(row, m_dimensions[i].positionColumn);
-            if (position != wanted[i])
-                return position < wanted[i] ? -1 : 1;
+            const auto wanted = static_cast<double>(*getPosition(i));
+            if (position != wanted)
+                return position < wanted ? -1 : 1;
         }
         return 0;
     };
@@ -154,4 +156,15 @@ SqlValue SqlDataSet::obtainValue(std::size_t measure, std::span<const std::uint6
         value.text = m_cells.getText(*row, column);
     }
     return value;
+}
+
+double SqlDataSet::obtainNumber(std::size_t measure, std::span<const std::uint64_t> members) const
+{
+    constexpr double none = std::numeric_limits<double>::quiet_NaN();
+    const std::optional<std::size_t> row = _findRow(members);
+    if (!row || measure >= m_measures.size() || m_cells.isNull(*row, m_measures[measure].column))
+        return none;
+    const auto& [type, column] = m_measures[measure];
+    const bool isNumeric = type == KXChartDataType::Integer || type == KXChartDataType::Float;
+    return isNumeric ? m_cells.getNumber(*row, column) : 0;
 }

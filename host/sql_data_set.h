@@ -64,6 +64,8 @@ public:
      * at
      *  @return no value where a member or its rows are missing */
     SqlValue obtainValue(std::size_t measure, std::span<const std::uint64_t> members) const;
+    /** @return the same as a number without its text, NaN for what is missing or null */
+    double obtainNumber(std::size_t measure, std::span<const std::uint64_t> members) const;
 
 private:
     struct Dimension {

@@ -51,6 +51,11 @@ public:
      * week of Monday, 2001-01-01 */
     virtual std::string obtainDateBucket(const std::string& expression, KXChartDataType type,
                                          DateLevel level) const = 0;
+    /** @return a number in a form whose sum is a double, whatever the engine adds up in */
+    virtual std::string obtainAddend(const std::string& expression, const SqlColumn& /*column*/) const
+    {
+        return "CAST(" + expression + " AS DOUBLE PRECISION)";
+    }
     /** @return a number, null or not, in a form that reaches the result with all of its digits */
     virtual std::string obtainExactNumber(const std::string& expression) const { return expression; }
     /** @return a text expression that sorts by its bytes */

@@ -292,7 +292,7 @@ std::string SqlQueryBuilder::_obtainPartial(std::size_t measure) const
     switch (m_binding.measures[measure].aggregate) {
     case SqlAggregate::Sum:
     case SqlAggregate::Average:
-        return "SUM(" + toDouble(input) + ")";
+        return "SUM(" + m_dialect.obtainAddend(input, m_columns[m_measureColumns[measure]]) + ")";
     case SqlAggregate::Count:
         return "COUNT(" + input + ")";
     case SqlAggregate::DistinctCount:
@@ -316,9 +316,9 @@ std::string SqlQueryBuilder::_obtainAggregate(std::size_t measure) const
     };
     switch (m_binding.measures[measure].aggregate) {
     case SqlAggregate::Sum:
-        return "SUM(" + part + ")";
+        return "SUM(" + toDouble(part) + ")";
     case SqlAggregate::Average:
-        return "SUM(" + part + ") / " + toDouble("NULLIF(SUM(" + count + "), 0)");
+        return "SUM(" + toDouble(part) + ") / " + toDouble("NULLIF(SUM(" + count + "), 0)");
     case SqlAggregate::Count:
         return "COALESCE(" + toDouble("SUM(" + part + ")") + ", 0)";
     case SqlAggregate::DistinctCount:

@@ -143,6 +143,12 @@ std::string SqliteDialect::obtainGroupKey(const std::string& expression, const S
     return cut(date + 8, "");
 }
 
+std::string SqliteDialect::obtainAddend(const std::string& expression, const SqlColumn& column) const
+{
+    // Whole numbers are added up as such and may overflow, others need no cast that costs a tenth of a query.
+    return column.type == KXChartDataType::Float ? expression : SqlDialect::obtainAddend(expression, column);
+}
+
 std::string SqliteDialect::obtainText(const std::string& expression, KXChartDataType) const
 {
     return "CAST(" + expression + " AS TEXT)";
