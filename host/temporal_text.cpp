@@ -25,10 +25,12 @@ bool takeCharacter(std::string_view& text, char character)
     return true;
 }
 
+/** Appends a number of at most that many digits, zeros in front; a table has millions of them. */
 void appendNumber(std::string& text, int number, std::size_t digits)
 {
-    const std::string plain = std::to_string(number);
-    text.append(digits > plain.size() ? digits - plain.size() : 0, '0').append(plain);
+    text.append(digits, '0');
+    for (std::size_t place = text.size(); number > 0; number /= 10)
+        text[--place] = static_cast<char>('0' + number % 10);
 }
 
 std::optional<std::string> takeDate(std::string_view& text)
