@@ -4,6 +4,7 @@
 #include "kx_axis_chart_property.h"
 #include "kx_axis_scale.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
@@ -41,12 +42,7 @@ KXAxisChart::KXAxisChart()
     m_noDataLabel->setTextProperty(property);
     getPlot()->addChild(m_noDataLabel);
     getLegend()->enableCellClick();
-    // A click is about the mark that was pressed, if it is still under the pointer.
-    registerEventHandler(UXEventType::LeftClick, [this](const UXEvent& event) {
-        if (_obtainTarget(_obtainPlotPoint(event)).mark != m_actionMark)
-            m_actionMark.reset();
-        return false;
-    });
+    _makeItems(*this, *this, *this, *this);
 }
 
 KXAxisChart::~KXAxisChart() = default;
@@ -146,66 +142,6 @@ std::string KXAxisChart::obtainCategoryLabel(std::uint64_t category)
 
 std::string KXAxisChart::formatPercentage(double value) const { return kxFormatPercentage(value); }
 
-void KXAxisChart::setHighlightedSeries(std::optional<std::uint64_t> series)
-{
-    if (series == m_highlightedSeries)
-        return;
-    m_highlightedSeries = series;
-    _repaintMarks();
-}
-
-void KXAxisChart::setLinkedMarks(const std::vector<KXAxisChartMark>& marks)
-{
-    if (marks.empty() && m_linkedMarks.empty())
-        return;
-    m_linkedMarks = marks;
-    std::ranges::sort(m_linkedMarks);
-    _placeLinkedTab();
-    _repaintMarks();
-}
-
-bool KXAxisChart::isHighlighting() const
-{
-    return m_hoveredMark || m_highlightedSeries || !m_linkedMarks.empty();
-}
-
-bool KXAxisChart::isMarkHighlighted(const KXAxisChartMark& mark) const
-{
-    return m_hoveredMark == mark || m_highlightedSeries == mark.series ||
-           std::ranges::binary_search(m_linkedMarks, mark);
-}
-
-UXColor KXAxisChart::obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const
-{
-    return obtainMarkLook(mark, color).fill;
-}
-
-KXAxisChartMarkLook KXAxisChart::obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const
-{
-    KXAxisChartMarkLook look{color};
-    if (m_hoveredMark == mark) {
-        look.fill = m_hoveredObject.obtainDrawnColor(color, KXInteractionEffectTarget::Filled);
-        look.sizeRatio = m_hoveredObject.obtainDrawnSizeRatio();
-        // A mark has no line of its own, so one is seen only where the host wants lines to stand out.
-        const UXColor line = m_hoveredObject.obtainDrawnColor(color, KXInteractionEffectTarget::NonFilled);
-        if (line != look.fill && line != color)
-            look.line = line;
-    } else if (isHighlighting() && !isMarkHighlighted(mark)) {
-        look.fill.alpha *= std::clamp(getAxisChartProperty()->getDimmedOpacity(), 0.0, 1.0);
-    }
-    return look;
-}
-
-UXColor KXAxisChart::obtainTextColor(const std::optional<KXAxisChartMark>& mark, const UXColor& color) const
-{
-    if (mark && m_hoveredMark == mark)
-        return m_hoveredObject.obtainDrawnColor(color, KXInteractionEffectTarget::NonFilled);
-    UXColor drawn = color;
-    if (isHighlighting() && (!mark || !isMarkHighlighted(*mark)))
-        drawn.alpha *= std::clamp(getAxisChartProperty()->getDimmedOpacity(), 0.0, 1.0);
-    return drawn;
-}
-
 KXChartDataPath* KXAxisChart::createMarkPath(const KXAxisChartMark& mark)
 {
     const UXObjectWatcher self(this);
@@ -275,7 +211,7 @@ void KXAxisChart::legendCellHovered(std::uint64_t index, bool hovered)
 {
     if (hovered && getChartProperty()->getEnableInteraction() && isSeriesShown(index))
         setHighlightedSeries(index);
-    else if (m_highlightedSeries == index)
+    else if (getItems()->getHighlightedGroup() == index)
         setHighlightedSeries(std::nullopt);
 }
 
@@ -284,16 +220,14 @@ void KXAxisChart::resetData()
     KXAxisChartDataUser::resetData();
     m_hostLooks.clear();
     m_shownSeries.clear();
-    m_linkedMarks.clear();
     m_linkedTab = {};
-    m_highlightedSeries.reset();
 }
 
 void KXAxisChart::customReloadData()
 {
     const UXObjectWatcher self(this);
     m_hostLooks.clear();
-    _forgetHover();
+    getItems()->forgetPointer();
     if (self.isAlive())
         _shownSeriesChanged();
     if (self.isAlive())
@@ -400,10 +334,7 @@ void KXAxisChart::afterReloadData()
         registerLeftClickAction(this, KXTriggerCondition());
 }
 
-KXChartDataPath* KXAxisChart::createDataPath()
-{
-    return m_actionMark ? createMarkPath(*m_actionMark) : nullptr;
-}
+KXChartDataPath* KXAxisChart::createDataPath() { return getItems()->createActionPath(); }
 
 void KXAxisChart::_customReloadMarks() {}
 void KXAxisChart::_customUpdateLooks() {}
@@ -438,7 +369,7 @@ void KXAxisChart::_visibleCategoriesChanged()
 {
     const UXObjectWatcher self(this);
     KXAxisChartBase::_visibleCategoriesChanged();
-    _forgetHover();
+    getItems()->forgetPointer();
     if (!self.isAlive())
         return;
     _placeLinkedTab();

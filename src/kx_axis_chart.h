@@ -7,7 +7,7 @@
 #include "kx_axis_chart_mark.h"
 #include "kx_axis_chart_mark_look.h"
 #include "kx_chart_data_action.h"
-#include "kx_interaction_chart_object.h"
+#include "kx_chart_items_delegate.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_property_accessor.h"
 
@@ -29,6 +29,7 @@ class UXLabel;
  * drawn in obtainMarkColor, which dims what is beside a highlight.
  */
 class KX_EXPORT KXAxisChart : public KXAxisChartBase,
+                              public KXChartItemsDelegate,
                               public KXAxisChartDataUser,
                               public UXPropertyAccessor,
                               public UXHintDelegate,
@@ -64,7 +65,7 @@ public:
 
     // Highlight
     /** @return what the pointer is over */
-    const std::optional<KXAxisChartMark>& getHoveredMark() const { return m_hoveredMark; }
+    std::optional<KXAxisChartMark> getHoveredMark() const;
     /** Highlights a whole series, as its legend cell does under the pointer; nothing ends it. */
     void setHighlightedSeries(std::optional<std::uint64_t> series);
     /** Highlights marks because a linked chart wants so; an empty list ends it. */
@@ -101,11 +102,27 @@ public:
     void customReloadData() override;
     void customReloadColors() override;
     void resetData() override;
-    KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
-    void hideLinkedHighlight(UXControl* control) override;
     UXRect obtainHintArea(UXPoint point) override;
     /** @return the path of the mark under the pointer, null where there is none */
     KXChartDataPath* createDataPath() override;
+
+    // From KXChartItemsDelegate; beside the marks, the place of a category is explained
+    std::optional<KXChartItem> obtainItemAt(UXPoint point) const override;
+    std::optional<KXChartItem> obtainExplainedAt(UXPoint point) const override;
+    bool hasItem(const KXChartItem& item) const override;
+    UXRect obtainItemRect(const KXChartItem& item) const override;
+    UXPoint obtainItemHintPoint(const KXChartItem& item) override;
+    std::optional<KXChartItem> obtainItemBeside(const std::optional<KXChartItem>& from,
+                                                KXChartItemStep step) const override;
+    void showItem(const KXChartItem& item) override;
+    KXChartDataPath* createItemPath(const KXChartItem& item) override;
+    std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
+    std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
+    UXHintInfo obtainItemHint(const KXChartItem& item) override;
+    KXChartItem obtainExplained(const std::vector<KXChartItem>& items) const override;
+    double obtainDimmedOpacity() const override;
+    void itemLookChanged(const KXChartItem& item) override;
+    void itemLooksChanged() override;
 
 protected:
     // What a chart type answers
@@ -116,9 +133,9 @@ protected:
     virtual std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
     /** @return the place of the plot's space at which the hint of a linked mark stands */
     virtual UXPoint _obtainHintPoint(const KXAxisChartMark& mark);
-    /** @return the whole mark at a point of the plot's space, which hints leave free; empty for none, and
-     * where a type has nothing to leave free */
-    virtual UXRect _obtainMarkArea(UXPoint point) const;
+    /** @return the whole mark in the plot's space, which hints leave free and the keyboard's ring goes
+     * around; empty where it is not drawn */
+    virtual UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const;
     /** @return where a mark and its label are painted, in the plot's space; by default all of the marks' area
      */
     virtual std::vector<UXRect> _obtainMarkRects(const KXAxisChartMark& mark) const;
@@ -151,34 +168,18 @@ protected:
     void _applyKeyEffect(UXPropertyEffect effect) override;
     void _visibleCategoriesChanged() override;
     void _paintOverMarks(UXPainter& painter) override;
-    void _interactionDisabled() override;
     void _customLayout(UXRect plotArea) override;
-    bool customMouseDown(const UXEvent& event, bool& stop) override;
-    bool customMouseMove(const UXEvent& event, bool& stop) override;
-    bool customMouseLeave(const UXEvent& event, bool& stop) override;
 
 private:
-    struct Target {
-        std::optional<std::uint64_t> category;
-        std::optional<KXAxisChartMark> mark;
-
-        friend bool operator==(const Target&, const Target&) = default;
-    };
-
     void _updateShownSeries();
     void _updateSeriesColors();
     void _shownSeriesChanged();
     void _restoreFirstCategory();
     void _placeNoDataLabel();
-    UXPoint _obtainPlotPoint(const UXEvent& event) const;
-    Target _obtainTarget(UXPoint point) const;
-    void _setHoveredMark(const std::optional<KXAxisChartMark>& mark, const UXEvent& event);
-    void _loadHoverEffects();
-    void _repaintMark(const KXAxisChartMark& mark);
-    void _forgetHover();
     bool _hasData();
-    void _showHint(const Target& target, UXPoint plotPoint);
-    UXHintInfo _makeHint(const Target& target);
+    std::optional<KXChartItem> _obtainMarkAlong(const KXAxisChartMark& from, bool forwards) const;
+    std::optional<KXChartItem> _obtainMarkAcross(const KXAxisChartMark& from, bool forwards) const;
+    std::optional<KXChartItem> _obtainMarkInOrder(const KXAxisChartMark& from, bool forwards) const;
     void _placeLinkedTab();
 
     std::vector<std::uint64_t> m_shownSeries;
@@ -187,14 +188,7 @@ private:
     KXAxisChartHostLooks m_hostLooks;
     UXLabel* m_noDataLabel; // a child of the plot
 
-    // What the pointer is over, and what is highlighted
-    Target m_hintTarget;
-    std::optional<KXAxisChartMark> m_hoveredMark;
-    std::optional<KXAxisChartMark> m_actionMark; // the one that clicks and highlights are about
-    KXInteractionChartObject m_hoveredObject;
-    std::optional<std::uint64_t> m_highlightedSeries;
-    std::vector<KXAxisChartMark> m_linkedMarks; // sorted
-    KXAxisChartEdgeTab m_linkedTab;             // where they are scrolled out of sight
+    KXAxisChartEdgeTab m_linkedTab; // where the marks of a linked highlight are scrolled out of sight
 
     // What stood first, to be found again among other data
     std::string m_firstCategoryText;

@@ -56,7 +56,7 @@ std::vector<KXAxisChartMark> KXAxisChartDataView::obtainSingleMarks() const { re
 void KXAxisChartDataView::layoutLabels() {}
 void KXAxisChartDataView::paintLabels(UXPainter&, const UXRect&) const {}
 std::optional<KXAxisChartMark> KXAxisChartDataView::hitMark(UXPoint) const { return std::nullopt; }
-UXRect KXAxisChartDataView::obtainMarkArea(UXPoint) const { return {}; }
+UXRect KXAxisChartDataView::obtainMarkPlace(const KXAxisChartMark&) const { return {}; }
 
 std::vector<UXRect> KXAxisChartDataView::obtainMarkRects(const KXAxisChartMark&) const
 {

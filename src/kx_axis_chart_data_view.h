@@ -96,8 +96,9 @@ public:
 
     // Under the pointer, in the plot's space
     virtual std::optional<KXAxisChartMark> hitMark(UXPoint point) const;
-    /** @return what a hint at point keeps off, empty for nothing */
-    virtual UXRect obtainMarkArea(UXPoint point) const;
+    /** @return the whole mark, which hints keep off and the keyboard's ring goes around; empty where it is
+     * not drawn */
+    virtual UXRect obtainMarkPlace(const KXAxisChartMark& mark) const;
     /** @return where a mark and its label are painted just now; by default all of the marks' area */
     virtual std::vector<UXRect> obtainMarkRects(const KXAxisChartMark& mark) const;
     /** @return the category that a hint at point is about where that is not the one whose room it is in */

@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_data_provider.h"
 #include "kx_axis_chart_property.h"
+#include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_hint_text.h"
 #include "ux/ux_object_watcher.h"
@@ -17,145 +18,221 @@ namespace {
 /** A hint with more rows would be higher than most charts. */
 constexpr std::size_t greatestHintRowCount = 24;
 
+/** Beside the marks a category as a whole is explained; the item has no series. */
+constexpr int categoryKind = -1;
+
+KXChartItem makeItem(const KXAxisChartMark& mark) { return {0, mark.series, mark.category}; }
+KXAxisChartMark makeMark(const KXChartItem& item) { return {item.group, item.index}; }
+
 } // namespace
 
-bool KXAxisChart::customMouseDown(const UXEvent& event, bool& stop)
+std::optional<KXAxisChartMark> KXAxisChart::getHoveredMark() const
 {
-    const UXObjectWatcher self(this);
-    m_actionMark = getChartProperty()->getEnableInteraction() ? _obtainTarget(_obtainPlotPoint(event)).mark
-                                                              : std::nullopt;
-    // Whether there is a menu depends on the mark, so the provider is asked now.
-    if (event.containsEventKey(UXEventKey::RightButton))
-        registerRightClickMenu(this, KXTriggerCondition());
-    return self.isAlive() && KXAxisChartBase::customMouseDown(event, stop);
+    const std::optional<KXChartItem>& item = getItems()->getHovered();
+    return item ? std::optional(makeMark(*item)) : std::nullopt;
 }
 
-bool KXAxisChart::customMouseMove(const UXEvent& event, bool& stop)
+void KXAxisChart::setHighlightedSeries(std::optional<std::uint64_t> series)
 {
-    const UXObjectWatcher self(this);
-    const bool handled = KXAxisChartBase::customMouseMove(event, stop);
-    if (!self.isAlive() || !getChartProperty()->getEnableInteraction())
-        return handled;
-    const UXPoint point = _obtainPlotPoint(event);
-    const Target target = _obtainTarget(point);
-    _setHoveredMark(target.mark, event);
-    if (self.isAlive())
-        _showHint(target, point);
-    return handled;
+    getItems()->highlightGroup(series);
 }
 
-bool KXAxisChart::customMouseLeave(const UXEvent& event, bool& stop)
+void KXAxisChart::setLinkedMarks(const std::vector<KXAxisChartMark>& marks)
 {
-    const UXObjectWatcher self(this);
-    _setHoveredMark(std::nullopt, event);
-    if (!self.isAlive())
-        return false;
-    m_hintTarget = {};
-    hideHint();
-    return KXAxisChartBase::customMouseLeave(event, stop);
+    std::vector<KXChartItem> items;
+    std::ranges::transform(marks, std::back_inserter(items), makeItem);
+    getItems()->setLinked(std::move(items));
 }
 
-UXPoint KXAxisChart::_obtainPlotPoint(const UXEvent& event) const
+bool KXAxisChart::isHighlighting() const { return getItems()->isHighlighting(); }
+
+bool KXAxisChart::isMarkHighlighted(const KXAxisChartMark& mark) const
 {
-    return getTranslatedPointFromEvent(event, getPlot());
+    return getItems()->isHighlighted(makeItem(mark));
 }
 
-KXAxisChart::Target KXAxisChart::_obtainTarget(UXPoint point) const
+UXColor KXAxisChart::obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const
 {
-    if (!uxPointInRect(point, getMarksArea()) || m_shownSeries.empty())
-        return {};
-    return {_obtainCategoryAt(point), _hitMark(point)};
+    return obtainMarkLook(mark, color).fill;
 }
 
-void KXAxisChart::_setHoveredMark(const std::optional<KXAxisChartMark>& mark, const UXEvent& event)
+KXAxisChartMarkLook KXAxisChart::obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const
 {
-    if (mark == m_hoveredMark)
-        return;
-    const UXObjectWatcher self(this);
-    if (m_hoveredMark) {
-        m_actionMark = m_hoveredMark;
-        triggerLinkedHighlightClearAction(this, this, event);
+    if (!isHighlighting())
+        return {color};
+    const KXChartItem item = makeItem(mark);
+    KXAxisChartMarkLook look{getItems()->obtainDrawnColor(item, color)};
+    look.sizeRatio = getItems()->obtainDrawnSizeRatio(item);
+    // A mark has no line of its own, so one is seen only where the host wants lines to stand out.
+    const UXColor line = getItems()->obtainDrawnColor(item, color, KXInteractionEffectTarget::NonFilled);
+    if (line != look.fill && line != color)
+        look.line = line;
+    return look;
+}
+
+UXColor KXAxisChart::obtainTextColor(const std::optional<KXAxisChartMark>& mark, const UXColor& color) const
+{
+    if (mark)
+        return getItems()->obtainDrawnColor(makeItem(*mark), color, KXInteractionEffectTarget::NonFilled);
+    UXColor drawn = color;
+    if (isHighlighting())
+        drawn.alpha *= std::clamp(obtainDimmedOpacity(), 0.0, 1.0);
+    return drawn;
+}
+
+std::optional<KXChartItem> KXAxisChart::obtainItemAt(UXPoint point) const
+{
+    const UXPoint place = translatePoint(point, getPlot());
+    if (!uxPointInRect(place, getMarksArea()) || m_shownSeries.empty())
+        return std::nullopt;
+    const std::optional<KXAxisChartMark> mark = _hitMark(place);
+    return mark ? std::optional(makeItem(*mark)) : std::nullopt;
+}
+
+std::optional<KXChartItem> KXAxisChart::obtainExplainedAt(UXPoint point) const
+{
+    const UXPoint place = translatePoint(point, getPlot());
+    if (!uxPointInRect(place, getMarksArea()) || m_shownSeries.empty())
+        return std::nullopt;
+    const std::optional<std::uint64_t> category = _obtainCategoryAt(place);
+    return category ? std::optional(KXChartItem{categoryKind, 0, *category}) : std::nullopt;
+}
+
+bool KXAxisChart::hasItem(const KXChartItem& item) const
+{
+    return isSeriesShown(item.group) && item.index < obtainShownCategoryCount() &&
+           !std::isnan(_obtainMarkValue(makeMark(item)));
+}
+
+UXRect KXAxisChart::obtainItemRect(const KXChartItem& item) const
+{
+    const UXRect seen = uxIntersectionRect(_obtainMarkPlace(makeMark(item)), getMarksArea());
+    return uxIsEmptyRect(seen) ? UXRect() : translateRect(seen, getPlot(), const_cast<KXAxisChart*>(this));
+}
+
+/** Of a mark out of sight the hint stands at the edge behind which it lies. */
+UXPoint KXAxisChart::obtainItemHintPoint(const KXChartItem& item)
+{
+    const UXRect& area = getMarksArea();
+    const UXPoint point = _obtainHintPoint(makeMark(item));
+    const UXPoint seen(std::clamp(point.x, area.x, std::max(uxMaxX(area) - 1, area.x)),
+                       std::clamp(point.y, area.y, std::max(area.getBottom() - 1, area.y)));
+    return translatePoint(seen, getPlot(), this);
+}
+
+/** Along the categories' axis the walk stays in its series, across it stays at its category. */
+std::optional<KXChartItem> KXAxisChart::obtainItemBeside(const std::optional<KXChartItem>& from,
+                                                         KXChartItemStep step) const
+{
+    using enum KXChartItemStep;
+    const std::uint64_t count = obtainShownCategoryCount();
+    if (m_shownSeries.empty() || count == 0)
+        return std::nullopt;
+    if (step == First || step == Last) {
+        const KXAxisChartMark end = step == First ? KXAxisChartMark{m_shownSeries.front(), 0}
+                                                  : KXAxisChartMark{m_shownSeries.back(), count - 1};
+        return hasItem(makeItem(end)) ? makeItem(end) : _obtainMarkInOrder(end, step == First);
     }
-    if (!self.isAlive())
-        return;
-    const bool wasHighlighting = isHighlighting();
-    if (m_hoveredMark)
-        _repaintMark(*m_hoveredMark); // where it was painted
-    m_hoveredMark = m_actionMark = mark;
-    m_hoveredObject.updateInteractionEffects({});
-    if (wasHighlighting != isHighlighting() && getAxisChartProperty()->getDimmedOpacity() < 1)
-        _repaintMarks(); // all others begin or cease to be dimmed
-    else if (mark)
-        _repaintMark(*mark);
-    _showWhetherClickable();
-    if (!self.isAlive() || !mark || m_hoveredMark != mark)
-        return;
-    triggerLinkedHighlightAction(this, this, event);
-    if (self.isAlive() && m_hoveredMark == mark)
-        _loadHoverEffects();
+    if (!from)
+        return std::nullopt;
+    const bool forwards = step == Next || step == Right || step == Down;
+    if (step == Previous || step == Next)
+        return _obtainMarkInOrder(makeMark(*from), forwards);
+    const bool isAlong = isVertical() == (step == Left || step == Right);
+    return isAlong ? _obtainMarkAlong(makeMark(*from), forwards)
+                   : _obtainMarkAcross(makeMark(*from), forwards);
 }
 
-void KXAxisChart::_repaintMark(const KXAxisChartMark& mark)
+std::optional<KXChartItem> KXAxisChart::_obtainMarkAlong(const KXAxisChartMark& from, bool forwards) const
 {
-    for (const UXRect& rect : _obtainMarkRects(mark))
-        _repaintMarks(rect);
-}
-
-/** The provider says how the mark under the pointer looks different. */
-void KXAxisChart::_loadHoverEffects()
-{
-    const UXObjectWatcher self(this);
-    const KXAxisChartMark mark = *m_hoveredMark;
-    const std::vector<KXInteractionEffect*> effects = obtainInteractionEffects(_obtainMarkObjectIDs(mark));
-    // Meanwhile the chart may have gone, or the pointer be over another mark.
-    if (self.isAlive() && m_hoveredMark == mark) {
-        m_hoveredObject.updateInteractionEffects(effects);
-        _repaintMark(mark);
-        return;
+    const std::uint64_t count = obtainShownCategoryCount();
+    KXAxisChartMark mark = from;
+    while (forwards ? mark.category + 1 < count : mark.category > 0) {
+        mark.category += forwards ? 1 : std::uint64_t(-1);
+        if (hasItem(makeItem(mark)))
+            return makeItem(mark);
     }
-    for (KXInteractionEffect* effect : effects)
-        delete effect;
+    return std::nullopt;
 }
 
-/** What lies under the pointer is not known any more, until it moves. */
-void KXAxisChart::_forgetHover()
+std::optional<KXChartItem> KXAxisChart::_obtainMarkAcross(const KXAxisChartMark& from, bool forwards) const
 {
-    const UXObjectWatcher self(this);
-    const UXEvent event;
-    _setHoveredMark(std::nullopt, event);
-    event.runPostedActions();
-    if (!self.isAlive())
-        return;
-    m_actionMark.reset();
-    m_hintTarget = {};
-    hideHint();
-}
-
-void KXAxisChart::_showHint(const Target& target, UXPoint plotPoint)
-{
-    const UXPoint point = translatePoint(plotPoint, getPlot(), this);
-    const UXObjectWatcher self(this);
-    const bool isSame = target == m_hintTarget && getHintVisible();
-    m_hintTarget = target;
-    if (!target.category) {
-        hideHint();
-        return;
+    const auto isMark = [&](std::uint64_t series) { return hasItem(makeItem({series, from.category})); };
+    if (forwards) {
+        const auto found = std::find_if(std::ranges::upper_bound(m_shownSeries, from.series),
+                                        m_shownSeries.end(), isMark);
+        return found == m_shownSeries.end() ? std::nullopt : std::optional(makeItem({*found, from.category}));
     }
-    UXHintInfo info = isSame ? getHintInfo() : _makeHint(target);
-    if (self.isAlive())
-        showHint(point, nullptr, &info);
+    const std::reverse_iterator last(std::ranges::lower_bound(m_shownSeries, from.series));
+    const auto found = std::find_if(last, m_shownSeries.rend(), isMark);
+    return found == m_shownSeries.rend() ? std::nullopt : std::optional(makeItem({*found, from.category}));
 }
 
-UXHintInfo KXAxisChart::_makeHint(const Target& target)
+/** Category by category, in each of them series by series. */
+std::optional<KXChartItem> KXAxisChart::_obtainMarkInOrder(const KXAxisChartMark& from, bool forwards) const
+{
+    const std::uint64_t count = obtainShownCategoryCount();
+    KXAxisChartMark mark = from;
+    while (true) {
+        if (const std::optional<KXChartItem> beside = _obtainMarkAcross(mark, forwards))
+            return beside;
+        if (forwards ? mark.category + 1 >= count : mark.category == 0)
+            return std::nullopt;
+        mark = {forwards ? m_shownSeries.front() : m_shownSeries.back(),
+                mark.category + (forwards ? 1 : std::uint64_t(-1))};
+        if (hasItem(makeItem(mark)))
+            return makeItem(mark);
+    }
+}
+
+void KXAxisChart::showItem(const KXChartItem& item)
+{
+    const KXAxisChartMark mark = makeMark(item);
+    const UXRect& area = getMarksArea();
+    const UXPoint point = _obtainHintPoint(mark);
+    UXRect rect = _obtainMarkPlace(mark);
+    if (uxIsEmptyRect(rect)) // not laid out where it is not seen
+        rect = {point.x, point.y, 1, 1};
+    const auto obtainMove = [](int start, int extent, int first, int room) {
+        const int after = start + extent - (first + room);
+        return start < first ? start - first : std::max(std::min(after, start - first), 0);
+    };
+    UXVirtualScrollView& plot = *getPlot();
+    if (isVertical())
+        plot.setContentOffsetX(plot.getContentOffsetX() + obtainMove(rect.x, rect.width, area.x, area.width));
+    else
+        plot.setContentOffsetY(plot.getContentOffsetY() +
+                               obtainMove(rect.y, rect.height, area.y, area.height));
+}
+
+KXChartDataPath* KXAxisChart::createItemPath(const KXChartItem& item)
+{
+    return createMarkPath(makeMark(item));
+}
+
+std::vector<KXChartItem> KXAxisChart::findItems(const KXChartDataPath& path)
+{
+    std::vector<KXChartItem> items;
+    std::ranges::transform(findMarks(path), std::back_inserter(items), makeItem);
+    return items;
+}
+
+std::vector<KXObjectID> KXAxisChart::obtainItemObjectIDs(const KXChartItem& item) const
+{
+    return _obtainMarkObjectIDs(makeMark(item));
+}
+
+UXHintInfo KXAxisChart::obtainItemHint(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
+    const std::optional<KXAxisChartMark> mark = item.kind == categoryKind ? std::nullopt
+                                                                          : std::optional(makeMark(item));
     UXHintInfo info = getAxisChartProperty()->getHintSettings();
     info.clearRows();
     KXChartDataProviderHintData data;
     auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
-    if (provider && target.mark) {
-        const KXIndexPath path = provider->obtainSeriesValuePath(this, target.mark->series,
-                                                                 target.mark->category);
+    if (provider && mark) {
+        const KXIndexPath path = provider->obtainSeriesValuePath(this, mark->series, mark->category);
         if (self.isAlive())
             data = provider->obtainHintData(this, path);
     }
@@ -163,10 +240,30 @@ UXHintInfo KXAxisChart::_makeHint(const Target& target)
         return UXHintInfo(false);
     endUseDataProvider();
     if (data.isEmpty())
-        _fillHint(info, *target.category, target.mark);
+        _fillHint(info, item.index, mark);
     else
         info = kxMakeHintInfo(data, info);
     return info;
+}
+
+/** Several marks of a linked highlight are those of one category. */
+KXChartItem KXAxisChart::obtainExplained(const std::vector<KXChartItem>& items) const
+{
+    return items.size() == 1 ? items.front() : KXChartItem{categoryKind, 0, items.front().index};
+}
+
+double KXAxisChart::obtainDimmedOpacity() const { return getAxisChartProperty()->getDimmedOpacity(); }
+
+void KXAxisChart::itemLookChanged(const KXChartItem& item)
+{
+    for (const UXRect& rect : _obtainMarkRects(makeMark(item)))
+        _repaintMarks(rect);
+}
+
+void KXAxisChart::itemLooksChanged()
+{
+    _placeLinkedTab();
+    _repaintMarks();
 }
 
 void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
@@ -200,66 +297,24 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         _fillHintFooter(info, category);
 }
 
-UXRect KXAxisChart::obtainHintArea(UXPoint point)
-{
-    const UXRect area = uxIntersectionRect(_obtainMarkArea(translatePoint(point, this, getPlot())),
-                                           getMarksArea());
-    return uxIsEmptyRect(area) ? UXRect() : translateRect(area, getPlot(), this);
-}
+UXRect KXAxisChart::obtainHintArea(UXPoint point) { return getItems()->obtainHintArea(point); }
 
-UXRect KXAxisChart::_obtainMarkArea(UXPoint) const { return {}; }
-
+UXRect KXAxisChart::_obtainMarkPlace(const KXAxisChartMark&) const { return {}; }
 std::vector<UXRect> KXAxisChart::_obtainMarkRects(const KXAxisChartMark&) const { return {getMarksArea()}; }
-
-KXHighlightResult KXAxisChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
-{
-    const UXObjectWatcher self(this);
-    const std::vector<KXAxisChartMark> marks = findMarks(path);
-    if (!self.isAlive() || marks.empty())
-        return KXHighlightResult::NotFound;
-    setLinkedMarks(marks);
-    const KXAxisChartMark& first = marks.front();
-    UXHintInfo info = _makeHint({first.category, marks.size() == 1 ? std::optional(first) : std::nullopt});
-    if (!self.isAlive())
-        return KXHighlightResult::Highlighted;
-    // Of a mark out of sight the hint stands at the edge behind which it lies.
-    const UXRect& area = getMarksArea();
-    if (info.enabled && !uxIsEmptyRect(area)) {
-        const UXPoint point = _obtainHintPoint(first);
-        showLinkedHighlightHint(&info, getPlot(),
-                                {std::clamp(point.x, area.x, uxMaxX(area) - 1),
-                                 std::clamp(point.y, area.y, area.getBottom() - 1)},
-                                control);
-    }
-    return KXHighlightResult::Highlighted;
-}
 
 /** Linked marks never scroll a chart, which stays where its reader left it: a tab says where they are. */
 void KXAxisChart::_placeLinkedTab()
 {
-    m_linkedTab = m_linkedMarks.empty()
+    const std::vector<KXChartItem>& linked = getItems()->getLinked();
+    m_linkedTab = linked.empty()
                       ? KXAxisChartEdgeTab()
-                      : KXAxisChartEdgeTab::make(getMarksArea(), _obtainHintPoint(m_linkedMarks.front()),
+                      : KXAxisChartEdgeTab::make(getMarksArea(), _obtainHintPoint(makeMark(linked.front())),
                                                  isVertical());
 }
 
 void KXAxisChart::_paintOverMarks(UXPainter& painter) { m_linkedTab.paint(painter); }
 
-void KXAxisChart::hideLinkedHighlight(UXControl* control)
-{
-    setLinkedMarks({});
-    KXAxisChartBase::hideLinkedHighlight(control);
-}
-
 UXPoint KXAxisChart::_obtainHintPoint(const KXAxisChartMark&)
 {
     return {uxMidX(getMarksArea()), getMarksArea().y};
-}
-
-void KXAxisChart::_interactionDisabled()
-{
-    const UXObjectWatcher self(this);
-    KXAxisChartBase::_interactionDisabled();
-    if (self.isAlive())
-        _forgetHover();
 }

@@ -224,10 +224,10 @@ std::optional<KXAxisChartMark> KXBarChartDataView::hitMark(UXPoint point) const
     return bar ? std::optional(bar->mark) : std::nullopt;
 }
 
-UXRect KXBarChartDataView::obtainMarkArea(UXPoint point) const
+UXRect KXBarChartDataView::obtainMarkPlace(const KXAxisChartMark& mark) const
 {
-    const KXBar* bar = hitBar(point);
-    return bar ? uxSurroundingRect(bar->rect) : UXRect();
+    const auto bar = std::ranges::find(m_layout.bars, mark, &KXBar::mark);
+    return bar == m_layout.bars.end() ? UXRect() : uxSurroundingRect(bar->rect);
 }
 
 std::vector<UXRect> KXBarChartDataView::obtainMarkRects(const KXAxisChartMark& mark) const

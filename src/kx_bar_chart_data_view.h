@@ -73,7 +73,7 @@ public:
     void paint(UXPainter& painter, const UXRect& dirtyRect) const override;
     void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const override;
     std::optional<KXAxisChartMark> hitMark(UXPoint point) const override;
-    UXRect obtainMarkArea(UXPoint point) const override;
+    UXRect obtainMarkPlace(const KXAxisChartMark& mark) const override;
     std::vector<UXRect> obtainMarkRects(const KXAxisChartMark& mark) const override;
     std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const override;
     std::optional<UXPoint> obtainHintPoint(const KXAxisChartMark& mark) const override;

@@ -2,6 +2,7 @@
 
 #include "kx_chart_data_provider.h"
 #include "kx_chart_data_user.h"
+#include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_linked_action_diagram.h"
 #include "kx_chart_property.h"
@@ -123,6 +124,7 @@ KXChart::KXChart()
 
 KXChart::~KXChart()
 {
+    m_items.reset(); // the concrete chart, whose items they are, has gone
     m_chartProperty->unregisterAllUpdatedEvents();
     m_legend->setDelegate(nullptr);
     if (auto* linked = KXChartLinkedActionDiagram::find(this))
@@ -296,7 +298,19 @@ void KXChart::_applyEnableInteraction()
         _layoutAnew(); // switched on again, the chart joins the present highlight
 }
 
-void KXChart::_interactionDisabled() { m_legend->endCellHover(); }
+void KXChart::_interactionDisabled()
+{
+    const UXObjectWatcher self(this);
+    m_legend->endCellHover();
+    if (self.isAlive() && m_items)
+        m_items->clear();
+}
+
+void KXChart::_makeItems(KXChartItemsDelegate& delegate, KXChartDataUser& user, UXHintDelegate& hint,
+                         KXChartDataAction& action)
+{
+    m_items = std::make_unique<KXChartItems>(delegate, user, hint, action);
+}
 
 void KXChart::customSerialize()
 {
@@ -420,7 +434,20 @@ void KXChart::linkedHighlightCleared(KXChartDataUser*, const KXChartDataPath&, U
         linked->clearHighlight(source);
 }
 
-void KXChart::hideLinkedHighlight(UXControl* control) { hideLinkedHighlightHint(nullptr, control); }
+KXHighlightResult KXChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
+{
+    return m_items ? m_items->showLinked(path, control)
+                   : KXChartLinkedAction::showLinkedHighlight(path, control);
+}
+
+void KXChart::hideLinkedHighlight(UXControl* control)
+{
+    const UXObjectWatcher self(this);
+    if (m_items)
+        m_items->setLinked({});
+    if (self.isAlive())
+        hideLinkedHighlightHint(nullptr, control);
+}
 
 void KXChart::beforeCustomLayout() {}
 void KXChart::_customResetProperties(KXChartResetType, KXChart*, const KXKeys&) {}
@@ -448,8 +475,13 @@ void KXChart::reloadChartColors() {}
 
 void KXChart::afterReloadData()
 {
+    const UXObjectWatcher self(this);
     m_legend->markDataUpdated();
     m_legend->markCellVisibleUpdated();
+    if (m_items)
+        m_items->takeNewData();
+    if (!self.isAlive())
+        return;
     // What is highlighted may be another item now; the layout finds out which.
     if (auto* linked = KXChartLinkedActionDiagram::find(this))
         linked->leaveHighlight(this);
@@ -645,6 +677,7 @@ void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
         uxDrawGround(*painter, *this, 0);
+        _paintUnderChildren(*painter);
         uxDestroyPainter(painter);
     }
     // The toolbox lies over everything, wherever it stands among the children.
@@ -655,11 +688,20 @@ void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
         if (child != m_toolbox && _shouldPaintChild(child))
             _paintChild(child, config, dirtyRect);
     }
-    if (self.isAlive() && !configWatcher.isGone() && _shouldPaintChild(m_toolbox))
+    const auto goesOn = [&] { return self.isAlive() && !configWatcher.isGone(); };
+    if (goesOn())
+        _paintOverChildren(config, dirtyRect);
+    if (UXPainter* painter = goesOn() && m_items ? uxCreatePainterWithObject(config, this) : nullptr) {
+        m_items->paintFocus(*painter);
+        uxDestroyPainter(painter);
+    }
+    if (goesOn())
         _paintChild(m_toolbox, config, dirtyRect);
 }
 
 bool KXChart::_shouldPaintChild(const UXObject*) const { return true; }
+void KXChart::_paintUnderChildren(UXPainter&) {}
+void KXChart::_paintOverChildren(UXPaintConfig*, const UXRect&) {}
 
 void KXChart::_paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect)
 {
@@ -675,12 +717,23 @@ void KXChart::_paintChild(UXObject* child, UXPaintConfig* config, const UXRect& 
     child->paint(config, rect);
 }
 
+bool KXChart::customMouseDown(const UXEvent& event, bool& stop)
+{
+    const UXObjectWatcher self(this);
+    if (m_items)
+        m_items->press(event);
+    return self.isAlive() && UXObject::customMouseDown(event, stop);
+}
+
 bool KXChart::customMouseMove(const UXEvent& event, bool& stop)
 {
     const UXObjectWatcher self(this);
     if (_wantsToolbox())
         m_toolbox->pointerCame();
-    return self.isAlive() && UXObject::customMouseMove(event, stop);
+    const bool handled = self.isAlive() && UXObject::customMouseMove(event, stop);
+    if (self.isAlive() && m_items)
+        m_items->hover(event);
+    return handled;
 }
 
 /** @return whether this is still here and its host wants the strip, which then knows whom to ask */
@@ -703,7 +756,9 @@ bool KXChart::_wantsToolbox()
 bool KXChart::customMouseLeave(const UXEvent& event, bool& stop)
 {
     const UXObjectWatcher self(this);
-    if (obtainLegendDataUser())
+    if (m_items)
+        m_items->leave(event);
+    if (self.isAlive() && obtainLegendDataUser())
         m_toolbox->pointerLeft();
     return self.isAlive() && UXObject::customMouseLeave(event, stop);
 }
@@ -713,6 +768,10 @@ bool KXChart::customKeyDown(const UXEvent& event, bool& stop)
     const UXObjectWatcher self(this);
     const bool isTab = event.getKeyCode() == static_cast<int>(UXKeyCode::Tab) &&
                        !event.containsEventKey(UXEventKey::Ctrl) && !event.containsEventKey(UXEventKey::Alt);
+    if (m_items && m_items->walk(event))
+        return true;
+    if (!self.isAlive())
+        return false;
     if (isTab && _walkParts(!event.containsEventKey(UXEventKey::Shift)))
         return true;
     return self.isAlive() && UXObject::customKeyDown(event, stop);

@@ -14,11 +14,16 @@
 #include <string>
 #include <vector>
 
+class KXChartDataAction;
+class KXChartItems;
+class KXChartItemsDelegate;
 class KXChartLabel;
 class KXChartProperty;
 class KXChartToolbox;
 class KXLegend;
 class UXControl;
+class UXHintDelegate;
+class UXPainter;
 struct UXHintInfo;
 
 /** The base of every chart: it divides its content between title, legend and plot area, hands the plot area
@@ -34,6 +39,8 @@ public:
     KXChartLabel* getTitle() const;
     KXLegend* getLegend() const;
     KXChartToolbox* getToolbox() const;
+    /** @return what becomes of the chart's items; null for a chart that has none */
+    KXChartItems* getItems() const { return m_items.get(); }
     /** @return the ten colours that series take in turn */
     std::vector<UXColor> getDefaultColors() const;
 
@@ -87,15 +94,17 @@ public:
                                   const UXEvent& event) override;
     void linkedHighlightCleared(KXChartDataUser* user, const KXChartDataPath& path, UXObject* source,
                                 const UXEvent& event) override;
+    KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
     void hideLinkedHighlight(UXControl* control) override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
 protected:
     void customLayout() override;
+    bool customMouseDown(const UXEvent& event, bool& stop) override;
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
-    /** Tab goes from the chart to its legend and on to its toolbox, with Shift back; beyond the first and the
-     * last it is the host's. */
+    /** Walks the items; Tab goes from the chart to its legend and on to its toolbox, with Shift back; beyond
+     * the first and the last it is the host's. */
     bool customKeyDown(const UXEvent& event, bool& stop) override;
 
     /** What a change of a key asks of the chart. A chart that colours more than its items adds it here. */
@@ -111,6 +120,14 @@ protected:
     /** @return whether the base paints child. A chart that draws over its children says no to those that it
      * paints itself, on top. */
     virtual bool _shouldPaintChild(const UXObject* child) const;
+    /** Draws what stands on the ground and below the children, in the chart's own space. */
+    virtual void _paintUnderChildren(UXPainter& painter);
+    /** Draws what stands over the children, below the toolbox, in the chart's own space. */
+    virtual void _paintOverChildren(UXPaintConfig* config, const UXRect& dirtyRect);
+    /** Lets the chart's items answer pointer and keyboard. A concrete chart calls it once, as it is made;
+     * what it gives is the chart itself in its roles. */
+    void _makeItems(KXChartItemsDelegate& delegate, KXChartDataUser& user, UXHintDelegate& hint,
+                    KXChartDataAction& action);
     /** Paints child if it is visible and meets dirtyRect, which is in the chart's own space. */
     void _paintChild(UXObject* child, UXPaintConfig* config, const UXRect& dirtyRect);
 
@@ -149,6 +166,7 @@ private:
     KXChartLabel* m_title;     // a child
     KXLegend* m_legend;        // a child
     KXChartToolbox* m_toolbox; // a child
+    std::unique_ptr<KXChartItems> m_items;
     std::vector<UXColor> m_defaultColors;
     bool m_initialized = false;
     UXPropertyTableBinding m_propertyBinding{*this, obtainPropertyTable()};

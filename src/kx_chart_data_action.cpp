@@ -147,7 +147,7 @@ void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTrigger
     m_leftClick.enabled = true;
     if (!m_leftClick.handlerInstalled && m_owner)
         m_owner->registerEventHandler(UXEventType::MouseEnter, [this](const UXEvent&) {
-            _showWhetherClickable();
+            showWhetherClickable();
             return false;
         });
     _installHandler(m_leftClick, UXEventType::LeftClick, [this](const UXEvent& event) {
@@ -155,7 +155,7 @@ void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTrigger
     });
 }
 
-void KXChartDataAction::_showWhetherClickable()
+void KXChartDataAction::showWhetherClickable()
 {
     const UXObjectWatcher owner(m_owner);
     KXChartDataUser* user = m_leftClick.user;

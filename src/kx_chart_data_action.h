@@ -51,9 +51,10 @@ public:
     virtual void triggerLinkedHighlightClearAction(KXChartDataUser* user, UXObject* source,
                                                    const UXEvent& event);
 
-protected:
     /** Shows a hand over the owner where its item can be clicked just now. */
-    void _showWhetherClickable();
+    void showWhetherClickable();
+
+protected:
     /** @return the user of the last registration, null without any */
     KXChartDataUser* getDataUser() const { return m_dataUser; }
     /** Asks the provider for the click's action and posts it, or runs it at once.

@@ -1,6 +1,7 @@
 #include "kx_gauge_chart.h"
 
 #include "kx_chart_data_format.h"
+#include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_toolbox.h"
 #include "kx_gauge_chart_data_provider.h"
@@ -11,7 +12,7 @@
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
-#include "ux/ux_paint_config_watcher.h"
+#include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_rect_functions.h"
@@ -33,6 +34,8 @@ constexpr UXColor unnamedPartitionColor(24, 200, 140);
 
 // The measures of the host, by index
 enum Measure : std::uint64_t { value, target, minimum, maximum };
+
+KXChartItem makeItem(std::uint64_t measure) { return {0, measure, 0}; }
 
 bool isKnown(double number)
 {
@@ -86,6 +89,9 @@ KXGaugeChart::KXGaugeChart()
 {
     for (KXChartLabel* label : {m_mainLabel, m_maxLabel, m_minLabel, m_targetLabel})
         addChild(label);
+    _makeItems(*this, *this, *this, *this);
+    for (const std::uint64_t measure : {value, target, minimum, maximum})
+        getItems()->followLabel(_obtainLabel(measure), makeItem(measure));
     m_dataFormat->setUpdatedEvent([this] { _layoutAnew(); });
 }
 
@@ -238,16 +244,19 @@ UXColor KXGaugeChart::_obtainPipePartitionColor_EventDistributed(int n, int i) c
                      : mixColors(m_pipeValueMiddleColor, m_pipeValueMaxColor, share(i - half));
 }
 
-KXChartDataPath* KXGaugeChart::createDataPath() { return m_mainLabel->createDataPath(); }
+/** @return the path of the measure that is pointed at, the value's beside them */
+KXChartDataPath* KXGaugeChart::createDataPath()
+{
+    KXChartDataPath* path = getItems()->createActionPath();
+    return path ? path : m_mainLabel->createDataPath();
+}
 
 void KXGaugeChart::afterReloadData()
 {
     const UXObjectWatcher self(this);
-    KXChart::afterReloadData();
+    KXPanelChart::afterReloadData();
     if (!self.isAlive())
         return;
-    m_highlighter.clear();
-    m_pointedMeasure.reset();
     _registerActions(m_mainLabel, "MainLabel", value);
     _registerActions(m_targetLabel, "TargetLabel", target);
     _registerActions(m_minLabel, "MinLabel", minimum);
@@ -320,61 +329,53 @@ bool KXGaugeChart::_isGivenByHost(std::uint64_t measure) const
     }
 }
 
-/** @return the measure that path names, where the gauge shows it */
-std::optional<std::uint64_t> KXGaugeChart::_findHighlightMeasure(const KXChartDataPath& path) const
+/** @return whether the measure has its label or its piece of the dial */
+bool KXGaugeChart::_showsMeasure(std::uint64_t measure) const
+{
+    const bool isOnDial = (measure == value && _hasValue()) || (measure == target && isKnown(m_targetRatio));
+    return isOnDial || _obtainLabel(measure)->getVisible();
+}
+
+std::vector<KXChartItem> KXGaugeChart::_obtainShownItems() const
+{
+    std::vector<KXChartItem> items;
+    for (const std::uint64_t measure : {value, target, minimum, maximum})
+        if (_showsMeasure(measure))
+            items.push_back(makeItem(measure));
+    return items;
+}
+
+KXChartLabel* KXGaugeChart::obtainItemLabel(const KXChartItem& item) const
+{
+    return _obtainLabel(item.group);
+}
+
+std::vector<KXChartLabel*> KXGaugeChart::obtainItemLabels() const
+{
+    std::vector<KXChartLabel*> labels = m_partitionLabelsPool;
+    for (const std::uint64_t measure : {value, target, minimum, maximum})
+        labels.push_back(_obtainLabel(measure));
+    return labels;
+}
+
+KXChartDataPath* KXGaugeChart::createItemPath(const KXChartItem& item)
+{
+    KXChartDataPath* path = obtainItemLabel(item)->createDataPath();
+    path->valueIndexPath = {item.group, 0};
+    return path;
+}
+
+std::vector<KXChartItem> KXGaugeChart::findItems(const KXChartDataPath& path)
 {
     // What belongs to a member of a dimension is none of the measures, though it may stand in the same cell.
     if (!path.dimensionIndexPath.empty())
-        return std::nullopt;
-    for (const std::uint64_t measure : {value, target, minimum, maximum}) {
-        const KXChartLabel* label = _obtainLabel(measure);
-        const bool isNamed = path.valueIndexPath.empty() ? path.identifier == label->getIdentifier()
-                                                         : path.valueIndexPath == KXIndexPath{measure, 0};
-        const bool isOnDial = (measure == value && _hasValue()) ||
-                              (measure == target && isKnown(m_targetRatio));
-        if (isNamed && (label->getVisible() || isOnDial))
-            return measure;
-    }
-    return std::nullopt;
-}
-
-KXHighlightResult KXGaugeChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
-{
-    const std::optional<std::uint64_t> measure = _findHighlightMeasure(path);
-    if (!measure)
-        return KXHighlightResult::NotFound;
-    KXChartLabel* lit = _obtainLabel(*measure);
-    std::vector<KXInteractionChartObject*> others(m_partitionLabelsPool.begin(), m_partitionLabelsPool.end());
-    for (const std::uint64_t other : {value, target, minimum, maximum})
-        if (other != *measure)
-            others.push_back(_obtainLabel(other));
-
-    const UXObjectWatcher self(this);
-    m_highlighter.light(lit, others);
-    UXHintInfo info = self.isAlive() ? _obtainHintInfo(*measure) : UXHintInfo(false);
-    if (!self.isAlive())
-        return KXHighlightResult::Highlighted;
-    invalidate();
-    const UXRect place = lit->getVisible() ? lit->getRect() : m_pipeRect;
-    if (info.enabled)
-        showLinkedHighlightHint(&info, this, UXPoint(uxMidX(place), place.y), control);
-    return KXHighlightResult::Highlighted;
-}
-
-void KXGaugeChart::hideLinkedHighlight(UXControl* control)
-{
-    m_highlighter.endLight();
-    invalidate();
-    KXChart::hideLinkedHighlight(control);
-}
-
-void KXGaugeChart::_interactionDisabled()
-{
-    KXChart::_interactionDisabled();
-    m_highlighter.clear();
-    m_pointedMeasure.reset();
-    invalidate();
-    hideHint();
+        return {};
+    std::vector<KXChartItem> items = _obtainShownItems();
+    std::erase_if(items, [&](const KXChartItem& item) {
+        return path.valueIndexPath.empty() ? path.identifier != obtainItemLabel(item)->getIdentifier()
+                                           : path.valueIndexPath != KXIndexPath{item.group, 0};
+    });
+    return items;
 }
 
 void KXGaugeChart::_customLayout(UXRect plotArea)
@@ -530,16 +531,11 @@ bool KXGaugeChart::_hasValue() const { return isKnown(m_valueRatio); }
 
 bool KXGaugeChart::_shouldPaintChild(const UXObject* child) const
 {
-    return child != m_mainLabel && child != getToolbox();
+    return child != m_mainLabel; // which stands over the dial
 }
 
-void KXGaugeChart::paint(UXPaintConfig* config, UXRect dirtyRect)
+void KXGaugeChart::_paintOverChildren(UXPaintConfig* config, const UXRect& dirtyRect)
 {
-    const UXObjectWatcher self(this);
-    const UXPaintConfigWatcher configWatcher(config);
-    KXChart::paint(config, dirtyRect);
-    if (!self.isAlive() || configWatcher.isGone())
-        return;
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
         const KXGaugeDial dial = _obtainDial();
         if (dial.radius > 0) {
@@ -551,62 +547,12 @@ void KXGaugeChart::paint(UXPaintConfig* config, UXRect dirtyRect)
         uxDestroyPainter(painter);
     }
     _paintChild(m_mainLabel, config, dirtyRect);
-    _paintChild(getToolbox(), config, dirtyRect);
 }
 
-bool KXGaugeChart::customMouseMove(const UXEvent& event, bool& stop)
+std::optional<KXChartItem> KXGaugeChart::obtainItemAt(UXPoint point) const
 {
-    const UXObjectWatcher self(this);
-    const bool handled = KXChart::customMouseMove(event, stop);
-    if (!self.isAlive())
-        return handled;
-    const UXPoint point = translatePoint(event.getMousePoint(), nullptr, this);
-    const std::optional<std::uint64_t> measure = _findMeasure(point);
-    _pointAt(measure, event);
-    if (!self.isAlive())
-        return handled;
-    if (measure)
-        _showHint(*measure, point);
-    else
-        hideHint();
-    return handled;
-}
-
-void KXGaugeChart::_pointAt(const std::optional<std::uint64_t>& measure, const UXEvent& event)
-{
-    if (m_pointedMeasure == measure)
-        return;
-    const UXObjectWatcher self(this);
-    KXChartLabel* left = m_pointedMeasure ? _obtainLabel(*m_pointedMeasure) : nullptr;
-    KXChartLabel* entered = measure ? _obtainLabel(*measure) : nullptr;
-    m_pointedMeasure = measure;
-    if (left)
-        left->triggerLinkedHighlightClearAction(this, left, event);
-    if (self.isAlive() && entered)
-        entered->triggerLinkedHighlightAction(this, entered, event);
-    if (self.isAlive())
-        m_highlighter.pointAt(entered);
-    if (self.isAlive())
-        invalidate();
-}
-
-bool KXGaugeChart::customMouseLeave(const UXEvent& event, bool& stop)
-{
-    const UXObjectWatcher self(this);
-    _pointAt(std::nullopt, event);
-    if (!self.isAlive())
-        return false;
-    hideHint();
-    return KXChart::customMouseLeave(event, stop);
-}
-
-std::optional<std::uint64_t> KXGaugeChart::_findMeasure(UXPoint point) const
-{
-    const std::pair<const KXChartLabel*, std::uint64_t> labels[] = {
-        {m_mainLabel, value}, {m_targetLabel, target}, {m_minLabel, minimum}, {m_maxLabel, maximum}};
-    for (const auto& [label, measure] : labels)
-        if (label->getVisible() && uxPointInRect(point, label->getRect()))
-            return measure;
+    if (const std::optional<KXChartItem> item = KXPanelChart::obtainItemAt(point))
+        return item;
 
     // A tick is thin, so that what is near it counts as well.
     const KXGaugeDial dial = _obtainDial();
@@ -614,15 +560,22 @@ std::optional<std::uint64_t> KXGaugeChart::_findMeasure(UXPoint point) const
         const UXDoubleRect tick = dial.obtainTickBounds(m_targetRatio * dialDegrees);
         const double reach = dial.obtainTickEnd();
         if (uxPointInDoubleRect(point, uxInflateDoubleRect(tick, reach, reach)) && !dial.holdsPoint(point))
-            return target;
+            return makeItem(target);
     }
-    return dial.holdsPoint(point) ? std::optional<std::uint64_t>(value) : std::nullopt;
+    return dial.holdsPoint(point) ? std::optional(makeItem(value)) : std::nullopt;
+}
+
+UXRect KXGaugeChart::obtainItemRect(const KXChartItem& item) const
+{
+    const UXRect rect = KXPanelChart::obtainItemRect(item);
+    return uxIsEmptyRect(rect) && _showsMeasure(item.group) ? m_pipeRect : rect;
 }
 
 /** @return what the provider says about a measure, or else its name and what its label shows */
-UXHintInfo KXGaugeChart::_obtainHintInfo(std::uint64_t measure)
+UXHintInfo KXGaugeChart::obtainItemHint(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
+    const std::uint64_t measure = item.group;
     auto* provider = dynamic_cast<KXGaugeChartDataProvider*>(beginUseDataProvider());
     KXChartDataProviderHintData data;
     if (provider)
@@ -636,14 +589,6 @@ UXHintInfo KXGaugeChart::_obtainHintInfo(std::uint64_t measure)
         return UXHintInfo(false);
     endUseDataProvider();
     return kxMakeHintInfo(data, m_hintInfo);
-}
-
-void KXGaugeChart::_showHint(std::uint64_t measure, UXPoint point)
-{
-    const UXObjectWatcher self(this);
-    UXHintInfo info = _obtainHintInfo(measure);
-    if (self.isAlive())
-        showHint(point, nullptr, &info);
 }
 
 void KXGaugeChart::_drawPipe(UXPainter& painter, const KXGaugeDial& dial) const
@@ -759,7 +704,7 @@ const UXPropertyType& KXGaugeChart::_obtainPartitionLabelsPoolType()
 
 void KXGaugeChart::customSerialize()
 {
-    KXChart::customSerialize();
+    KXPanelChart::customSerialize();
     obtainPropertyTable().write(*this);
 }
 
@@ -767,7 +712,7 @@ std::string KXGaugeChart::customSerializeTypeID() { return "KXGaugeChart"; }
 
 bool KXGaugeChart::customDeserialize()
 {
-    bool complete = KXChart::customDeserialize();
+    bool complete = KXPanelChart::customDeserialize();
     complete = obtainPropertyTable().read(*this) && complete;
     _colorLabels();
     _layoutAnew();
@@ -783,7 +728,7 @@ bool KXGaugeChart::_readPartitionLabelsPool(const std::string& key)
     if (!isList)
         return false;
     const auto kept = static_cast<std::size_t>(std::min<std::uint64_t>(count, greatestPartitionCount + 1));
-    m_highlighter.endLight(); // which dims the labels that go
+    getItems()->setLinked({}); // which dims the labels that go
     while (m_partitionLabelsPool.size() > kept) {
         delete m_partitionLabelsPool.back();
         m_partitionLabelsPool.pop_back();

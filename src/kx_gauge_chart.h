@@ -1,11 +1,10 @@
 #pragma once
 
-#include "kx_chart.h"
 #include "kx_chart_data_action.h"
 #include "kx_gauge_chart_data_user.h"
 #include "kx_gauge_chart_options.h"
 #include "kx_key_table.h"
-#include "kx_part_highlighter.h"
+#include "kx_panel_chart.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_property_accessor.h"
@@ -108,7 +107,7 @@ struct KXGaugeText;
 KX_EXPORT std::string kxObtainGaugeTargetCaption();
 
 /** Shows one value on a half-circle dial, between a minimum and a maximum and beside a target. */
-class KX_EXPORT KXGaugeChart : public KXChart,
+class KX_EXPORT KXGaugeChart : public KXPanelChart,
                                public KXGaugeChartDataUser,
                                public UXPropertyAccessor,
                                public UXHintDelegate,
@@ -155,20 +154,25 @@ public:
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
-    void paint(UXPaintConfig* config, UXRect dirtyRect) override;
     void afterReloadData() override;
-    KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
-    void hideLinkedHighlight(UXControl* control) override;
     KXChartDataPath* createDataPath() override;
+
+    // From KXChartItemsDelegate: the measures are the items, each of them its label and its piece of the dial
+    std::optional<KXChartItem> obtainItemAt(UXPoint point) const override;
+    UXRect obtainItemRect(const KXChartItem& item) const override;
+    KXChartDataPath* createItemPath(const KXChartItem& item) override;
+    std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
+    UXHintInfo obtainItemHint(const KXChartItem& item) override;
+    KXChartLabel* obtainItemLabel(const KXChartItem& item) const override;
+    std::vector<KXChartLabel*> obtainItemLabels() const override;
 
 protected:
     void _customLayout(UXRect plotArea) override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
     bool _shouldPaintChild(const UXObject* child) const override;
-    bool customMouseMove(const UXEvent& event, bool& stop) override;
-    bool customMouseLeave(const UXEvent& event, bool& stop) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
-    void _interactionDisabled() override;
+    void _paintOverChildren(UXPaintConfig* config, const UXRect& dirtyRect) override;
+    std::vector<KXChartItem> _obtainShownItems() const override;
 
     /** Derives both ratios from the data and the custom values. */
     void initParam();
@@ -199,17 +203,11 @@ private:
     void _takeText(KXChartLabel* label, const KXGaugeText& text) const;
     KXGaugeDial _obtainDial() const;
     bool _hasValue() const;
-    /** @return the measure that is shown at a point of the chart's own space; none for any other place */
-    std::optional<std::uint64_t> _findMeasure(UXPoint point) const;
+    bool _showsMeasure(std::uint64_t measure) const;
     KXChartLabel* _obtainLabel(std::uint64_t measure) const;
     std::string _obtainMeasureText(std::uint64_t measure, KXGaugeChartLabelDisplay display) const;
     std::string _obtainHintText(std::uint64_t measure) const;
     bool _isGivenByHost(std::uint64_t measure) const;
-    std::optional<std::uint64_t> _findHighlightMeasure(const KXChartDataPath& path) const;
-    /** Takes up which measure the pointer is on, none for any other place. */
-    void _pointAt(const std::optional<std::uint64_t>& measure, const UXEvent& event);
-    UXHintInfo _obtainHintInfo(std::uint64_t measure);
-    void _showHint(std::uint64_t measure, UXPoint point);
     void _drawPipe(UXPainter& painter, const KXGaugeDial& dial) const;
     void _drawPipeValue(UXPainter& painter, const KXGaugeDial& dial, int partition, double from,
                         double to) const;
@@ -233,8 +231,4 @@ private:
     double m_targetRatio = noValue;
     UXTextProperty m_maxMinProperty; // of the try that the layout makes
     UXRect m_pipeRect;
-
-    // A measure's label keeps how its piece of the dial looks as well
-    std::optional<std::uint64_t> m_pointedMeasure;
-    KXPartHighlighter m_highlighter{this};
 };

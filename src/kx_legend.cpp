@@ -7,7 +7,6 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
-#include "ux/ux_key_code.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
@@ -59,6 +58,7 @@ KXLegend::KXLegend() : KXInteraction(this), m_scrollView(new UXVirtualScrollView
     m_textProperty.textColor = UXColor(120, 120, 120, 1.0);
     m_scrollView->setDelegate(this);
     addChild(m_scrollView);
+    m_cells.setView(m_scrollView);
     setShowsFocus(true);
 }
 
@@ -79,10 +79,7 @@ void KXLegend::setDelegate(KXLegendDelegate* delegate)
     if (!self.isAlive())
         return;
     m_delegate = delegate;
-    ++m_generation;
-    // The cells ask the data user of the delegate before.
-    for (KXLegendCell* cell : _obtainCells())
-        delete cell;
+    m_cells.clear(); // they ask the data user of the delegate before
     markDataUpdated();
     markCellVisibleUpdated();
 }
@@ -172,14 +169,7 @@ void KXLegend::setSymbolStyle(UXSymbolStyle style)
 
 UXSymbolStyle KXLegend::getSymbolStyle() const { return m_symbolStyle; }
 
-void KXLegend::endCellHover()
-{
-    // The chart hears of it, and cells may go meanwhile.
-    const std::vector<KXLegendCell*> cells = _obtainCells();
-    for (const UXObjectWatcher& watcher : std::vector<UXObjectWatcher>(cells.begin(), cells.end()))
-        if (auto* cell = dynamic_cast<KXLegendCell*>(watcher.getObject()))
-            cell->endHover();
-}
+void KXLegend::endCellHover() { m_cells.endHover(); }
 
 double KXLegend::obtainLegendHeight()
 {
@@ -236,7 +226,7 @@ void KXLegend::_measureCells()
     const std::uint64_t cellCount = delegate->obtainLegendCellSize();
     if (!self.isAlive() || m_delegate != delegate)
         return;
-    ++m_generation;
+    m_cells.interrupt();
     m_cellCount = uxSaturateToInt(cellCount);
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     m_calculatedTextHeight = helper->getTextSize(heightSample, m_textProperty).height;
@@ -267,7 +257,7 @@ void KXLegend::_collectShownCells()
 {
     const UXObjectWatcher self(this);
     KXLegendDelegate* const delegate = m_delegate;
-    ++m_generation;
+    m_cells.interrupt();
     m_calculatedMaxCellWidth = 0;
     m_cellVisibles.clear();
     m_cellIndexList.clear();
@@ -285,7 +275,7 @@ void KXLegend::_collectShownCells()
     m_cellVisibleUpdated = false;
 }
 
-std::span<const int> KXLegend::_obtainShownCells() const
+std::span<const int> KXLegend::obtainListedCells() const
 {
     const auto end = std::ranges::lower_bound(m_cellIndexList,
                                               uxSaturateToInt(m_calculatedCellWidths.size()));
@@ -321,13 +311,14 @@ void KXLegend::customLayout()
 UXRect KXLegend::_arrangeRow(UXRect area)
 {
     double rowWidth = 2 * m_margin;
-    m_cellLefts.clear();
-    for (const int index : _obtainShownCells()) {
-        m_cellLefts.push_back(rowWidth - m_margin);
-        rowWidth += m_calculatedCellWidths[static_cast<std::size_t>(index)] + m_columnSpacing;
+    KXCellArrangement arrangement{true, m_margin, m_calculatedCellHeight, 1, {}};
+    for (std::size_t place = 0; place < obtainListedCells().size(); ++place) {
+        arrangement.lefts.push_back(rowWidth - m_margin);
+        rowWidth += obtainCellWidth(place) + m_columnSpacing;
     }
-    if (!m_cellLefts.empty())
+    if (!arrangement.lefts.empty())
         rowWidth -= m_columnSpacing;
+    m_cells.setArrangement(std::move(arrangement));
 
     const double room = area.width - rowWidth;
     const int width = uxSaturateToInt(std::floor(rowWidth));
@@ -350,7 +341,7 @@ int KXLegend::_obtainRowPitch() const
 
 UXRect KXLegend::_arrangeColumn(UXRect area)
 {
-    const auto shown = std::ssize(_obtainShownCells());
+    const auto shown = std::ssize(obtainListedCells());
     std::int64_t height = _obtainRowPitch() * shown + std::int64_t{2} * m_margin;
     if (shown > 0)
         height -= uxSaturateToInt(std::floor(m_rowSpacing));
@@ -363,6 +354,7 @@ UXRect KXLegend::_arrangeColumn(UXRect area)
             area.y = uxSaturateToInt(area.y + room);
         area.height = uxSaturateToInt(height);
     }
+    m_cells.setArrangement({false, m_margin, m_calculatedCellHeight, _obtainRowPitch(), {}});
     m_scrollView->setContentWidth(area.width);
     m_scrollView->setContentHeight(height);
     return area;
@@ -381,125 +373,40 @@ void KXLegend::virtualScrollViewContentOffsetChanged(UXVirtualScrollView* view, 
         _placeCells(std::exchange(m_contentChanged, false));
 }
 
-/** @param contentChanged off: only cells that come into view ask for their label */
 void KXLegend::_placeCells(bool contentChanged)
 {
-    const UXObjectWatcher self(this);
-    if (!m_delegate || !_endLostHover() || !m_delegate)
-        return;
-    ++m_generation;
-    const auto [first, end] = _obtainVisiblePlaces();
-    const std::vector<UXObjectWatcher> cells = _takeCells(first, end);
-    for (std::size_t place = first; place < end; ++place)
-        if (!_fillPlace(place, cells[place - first], contentChanged))
-            return;
-    // Whatever came and went meanwhile, cells are painted in their order.
-    std::vector<KXLegendCell*> placed = _obtainCells();
-    if (!std::ranges::is_sorted(placed, {}, &KXLegendCell::getIndex)) {
-        std::ranges::sort(placed, {}, &KXLegendCell::getIndex);
-        for (KXLegendCell* cell : placed)
-            m_scrollView->bringChildToFront(cell);
-    }
-    if (contentChanged)
-        m_scrollView->invalidate();
+    if (m_delegate)
+        m_cells.placeCells(contentChanged);
 }
 
-/** @param taken the object that is to serve for the place; of none, or of one that has gone, a new one does
- *  @return false where an answer of the delegate had the cells placed anew, or ended the legend */
-bool KXLegend::_fillPlace(std::size_t place, const UXObjectWatcher& taken, bool contentChanged)
+double KXLegend::obtainCellWidth(std::size_t place) const
+{
+    return m_calculatedCellWidths[static_cast<std::size_t>(obtainListedCells()[place])];
+}
+
+/** @return a cell that hears clicks for the delegate's data user */
+std::unique_ptr<KXListCell> KXLegend::makeCell()
 {
     const UXObjectWatcher self(this);
-    const auto isCurrent = [this, &self, generation = m_generation] {
-        return self.isAlive() && m_generation == generation;
-    };
-    const auto index = static_cast<std::uint64_t>(_obtainShownCells()[place]);
-    auto* known = static_cast<KXLegendCell*>(taken.getObject());
-    if (known && !contentChanged && known->getIndex() == index) {
-        _placeCell(known, _obtainCellRect(place));
-        return true;
-    }
+    auto cell = std::make_unique<KXLegendCell>(this);
+    if (m_delegate)
+        updateCellInteraction(cell.get(), 0);
+    return self.isAlive() ? std::move(cell) : nullptr;
+}
 
-    // 1. What is to be seen.
+void KXLegend::fillCell(KXListCell& cell, std::uint64_t index)
+{
+    const UXObjectWatcher self(this), filled(&cell);
+    KXLegendDelegate* const delegate = m_delegate;
+    const auto isCurrent = [&] { return self.isAlive() && filled.isAlive() && m_delegate == delegate; };
+    if (!delegate)
+        return;
     const std::string label = _obtainLabel(index);
     if (!isCurrent())
-        return false;
-    const UXSymbolStyle style = m_delegate->obtainLegendSymbolStyle(index);
-    if (!isCurrent())
-        return false;
-
-    // 2. Where: the object hears clicks for the delegate's data user, and a hover of another cell ends.
-    std::unique_ptr<KXLegendCell> made(taken.isAlive() ? nullptr : new KXLegendCell(this));
-    if (made)
-        updateCellInteraction(made.get(), index);
-    if (!isCurrent())
-        return false;
-    const UXObjectWatcher cell(made ? made.get() : taken.getObject());
-    static_cast<KXLegendCell*>(cell.getObject())->showCell(index, label, style);
-    if (!isCurrent())
-        return false;
-    if (cell.isAlive())
-        _placeCell(static_cast<KXLegendCell*>(cell.getObject()), _obtainCellRect(place));
-    made.release(); // the scroll view's now
-    return true;
-}
-
-/** A cell under the pointer that is not seen any more serves for another one or goes, and its chart must not
- * take it for pointed at. @return whether this is still here */
-bool KXLegend::_endLostHover()
-{
-    const UXObjectWatcher self(this);
-    const auto [first, end] = _obtainVisiblePlaces();
-    const std::span<const int> seen = _obtainShownCells().subspan(first, end - first);
-    std::vector<UXObjectWatcher> lost;
-    for (KXLegendCell* cell : _obtainCells())
-        if (cell->isHovered() && !std::ranges::binary_search(seen, uxSaturateToInt(cell->getIndex())))
-            lost.emplace_back(cell);
-    for (const UXObjectWatcher& watcher : lost)
-        if (auto* cell = dynamic_cast<KXLegendCell*>(watcher.getObject()))
-            cell->endHover();
-    return self.isAlive();
-}
-
-/** A child that changes its size has the whole chart laid out; cells change theirs outside of the tree, so
- * that scrolling lays out nothing. */
-void KXLegend::_placeCell(KXLegendCell* cell, const UXRect& rect)
-{
-    const UXRect old = cell->getRect();
-    const bool isMoved = old.width == rect.width && old.height == rect.height;
-    if (cell->getParent() && !isMoved)
-        m_scrollView->removeChild(cell);
-    cell->setRect(rect);
-    if (!cell->getParent())
-        m_scrollView->addChild(cell);
-}
-
-/** A cell that stays in view stays the same object, those that have left serve for others, and what nobody
- * needs goes. @return one entry a place, null where there is no object for it */
-std::vector<UXObjectWatcher> KXLegend::_takeCells(std::size_t first, std::size_t end)
-{
-    std::vector<KXLegendCell*> cells(end - first);
-    std::vector<KXLegendCell*> free;
-    const std::span<const int> seen = _obtainShownCells().subspan(first, end - first);
-    for (KXLegendCell* cell : _obtainCells()) {
-        const int index = uxSaturateToInt(cell->getIndex());
-        const auto found = std::ranges::lower_bound(seen, index);
-        KXLegendCell** entry = found != seen.end() && *found == index
-                                   ? &cells[static_cast<std::size_t>(found - seen.begin())]
-                                   : nullptr;
-        if (entry && !*entry)
-            *entry = cell;
-        else
-            free.push_back(cell);
-    }
-    for (KXLegendCell*& cell : cells) {
-        if (cell || free.empty())
-            continue;
-        cell = free.back();
-        free.pop_back();
-    }
-    for (KXLegendCell* cell : free)
-        delete cell;
-    return {cells.begin(), cells.end()};
+        return;
+    const UXSymbolStyle style = delegate->obtainLegendSymbolStyle(index);
+    if (isCurrent())
+        static_cast<KXLegendCell&>(cell).showCell(index, label, style);
 }
 
 /** Clicks on a cell ask the delegate's provider about what the cell stands for at that time. */
@@ -528,207 +435,47 @@ bool KXLegend::customKeyDown(const UXEvent& event, bool& stop)
     return walk(event) || (self.isAlive() && UXObject::customKeyDown(event, stop));
 }
 
+bool KXLegend::walk(const UXEvent& event) { return _canWalk() && m_cells.walk(event); }
+
+std::optional<std::uint64_t> KXLegend::getWalkedCell() const { return m_cells.getWalkedCell(); }
+
+bool KXLegend::isWalkedTo(std::uint64_t index) const { return m_cells.isWalkedTo(index); }
+
 bool KXLegend::takeKeys()
 {
     UXDiagram* diagram = uxObtainDiagram(this);
     if (!diagram || !getVisible() || uxIsEmptyRect(getRect()) || !_canWalk())
         return false;
     diagram->setFocusedObject(this);
-    _walkTo(_obtainWalkedPlace().value_or(_obtainVisiblePlaces().first));
+    m_cells.beginWalk();
     return true;
 }
 
 /** @return whether there are cells, and these those of the present data */
 bool KXLegend::_canWalk() const
 {
-    return m_delegate && !_obtainShownCells().empty() && !m_dataUpdated && !m_cellVisibleUpdated;
+    return m_delegate && !obtainListedCells().empty() && !m_dataUpdated && !m_cellVisibleUpdated;
 }
 
 void KXLegend::takeFocus(const std::optional<std::uint64_t>& index)
 {
-    if (index)
-        m_walkedCell = index;
-    m_showsWalk = false;
+    m_cells.press(index);
     if (UXDiagram* diagram = uxObtainDiagram(this))
         diagram->setFocusedObject(this);
 }
 
-std::optional<std::uint64_t> KXLegend::getWalkedCell() const
+/** As a click of the pointer on the middle of the cell. */
+void KXLegend::clickCell(KXListCell& cell, const UXEvent& event)
 {
-    const std::optional<std::size_t> place = _obtainWalkedPlace();
-    return place ? m_walkedCell : std::nullopt;
-}
-
-bool KXLegend::isWalkedTo(std::uint64_t index) const
-{
-    if (!m_showsWalk || m_walkedCell != index)
-        return false;
-    const UXDiagram* diagram = uxObtainDiagram(m_scrollView);
-    return !diagram || diagram->getFocusedObject() == this;
-}
-
-/** @return where the walked cell stands among the shown ones; none when it is not shown any more */
-std::optional<std::size_t> KXLegend::_obtainWalkedPlace() const
-{
-    if (!m_walkedCell)
-        return std::nullopt;
-    const std::span<const int> shown = _obtainShownCells();
-    const auto found = std::ranges::lower_bound(shown, uxSaturateToInt(*m_walkedCell));
-    if (found == shown.end() || !std::cmp_equal(*found, *m_walkedCell))
-        return std::nullopt;
-    return static_cast<std::size_t>(found - shown.begin());
-}
-
-bool KXLegend::walk(const UXEvent& event)
-{
-    if (!_canWalk())
-        return false;
-    const auto last = std::ssize(_obtainShownCells()) - 1;
-    const std::optional<std::size_t> walked = _obtainWalkedPlace();
-    const auto place = walked ? static_cast<std::ptrdiff_t>(*walked) : -1;
-    const auto [first, end] = _obtainVisiblePlaces();
-    // A page keeps one cell, so that the eye finds its place.
-    const auto page = std::max<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(end - first) - 2, 1);
-    const auto walkTo = [&](std::ptrdiff_t wanted) {
-        _walkTo(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(wanted, 0, last)));
-        return true;
-    };
-    switch (static_cast<UXKeyCode>(event.getKeyCode())) {
-    case UXKeyCode::Left:
-    case UXKeyCode::Up:
-        return walkTo(place - 1);
-    case UXKeyCode::Right:
-    case UXKeyCode::Down:
-        return walkTo(place + 1);
-    case UXKeyCode::PageUp:
-        return walkTo(place - page);
-    case UXKeyCode::PageDown:
-        return walkTo(place + page);
-    case UXKeyCode::Home:
-        return walkTo(0);
-    case UXKeyCode::End:
-        return walkTo(last);
-    case UXKeyCode::Enter:
-        if (walked)
-            _clickCell(_findCell(*m_walkedCell), event);
-        return walked.has_value();
-    case UXKeyCode::Space:
-        if (walked)
-            cellClicked(*m_walkedCell, event);
-        return walked.has_value();
-    default:
-        return false;
-    }
-}
-
-void KXLegend::_walkTo(std::size_t place)
-{
-    if (KXLegendCell* left = m_walkedCell ? _findCell(*m_walkedCell) : nullptr)
-        left->hideHint();
-    m_walkedCell = static_cast<std::uint64_t>(_obtainShownCells()[place]);
-    m_showsWalk = true;
-    const UXObjectWatcher self(this);
-    _showPlace(place);
-    if (!self.isAlive())
-        return;
-    m_scrollView->invalidate();
-    if (KXLegendCell* cell = _findCell(*m_walkedCell))
-        cell->explain(UXPoint(0, cell->getRect().height), nullptr);
-}
-
-/** Scrolls as little as brings all of a cell into view. */
-void KXLegend::_showPlace(std::size_t place)
-{
-    const UXSize area = m_scrollView->obtainDisplayArea();
-    const auto reach = [](std::int64_t offset, std::int64_t shown, std::int64_t start, std::int64_t extent) {
-        return std::min(std::max(offset, start + extent - shown), start);
-    };
-    if (m_arrangement == UXArrangement::Row) {
-        const double width = m_calculatedCellWidths[static_cast<std::size_t>(_obtainShownCells()[place])];
-        const auto left = static_cast<std::int64_t>(std::floor(m_cellLefts[place])) - m_margin;
-        const auto extent = static_cast<std::int64_t>(std::ceil(width)) + std::int64_t{2} * m_margin;
-        m_scrollView->setContentOffsetX(reach(m_scrollView->getContentOffsetX(), area.width, left, extent));
-        return;
-    }
-    const std::int64_t top = static_cast<std::int64_t>(place) * std::max(_obtainRowPitch(), 1);
-    const std::int64_t extent = uxSaturateToInt(std::ceil(m_calculatedCellHeight)) + 2 * m_margin;
-    m_scrollView->setContentOffsetY(reach(m_scrollView->getContentOffsetY(), area.height, top, extent));
-}
-
-void KXLegend::_clickCell(KXLegendCell* cell, const UXEvent& event)
-{
-    if (!cell)
-        return;
     UXEvent click = event;
     click.setEventType(UXEventType::LeftClick);
     click.addEventKey(UXEventKey::LeftButton);
-    const UXRect rect = cell->getRect();
-    click.setMousePoint(cell->translatePointToParent(UXPoint(rect.width / 2, rect.height / 2), nullptr));
-    cell->triggerEventHandler(click);
+    const UXRect rect = cell.getRect();
+    click.setMousePoint(cell.translatePointToParent(UXPoint(rect.width / 2, rect.height / 2), nullptr));
+    cell.triggerEventHandler(click);
 }
 
-KXLegendCell* KXLegend::_findCell(std::uint64_t index) const
-{
-    for (KXLegendCell* cell : _obtainCells())
-        if (cell->getIndex() == index)
-            return cell;
-    return nullptr;
-}
-
-std::vector<KXLegendCell*> KXLegend::_obtainCells() const
-{
-    std::vector<KXLegendCell*> cells;
-    for (UXObject* child : m_scrollView->getChildren())
-        if (auto* cell = dynamic_cast<KXLegendCell*>(child))
-            cells.push_back(cell);
-    return cells;
-}
-
-/** @return the first place among the shown cells that the view's visible part meets, and the one after the
- * last */
-std::pair<std::size_t, std::size_t> KXLegend::_obtainVisiblePlaces() const
-{
-    const UXSize area = m_scrollView->obtainDisplayArea();
-    const std::size_t count = _obtainShownCells().size();
-    if (area.width <= 0 || area.height <= 0 || count == 0)
-        return {0, 0};
-    if (m_arrangement == UXArrangement::Row) {
-        const auto left = static_cast<double>(m_scrollView->getContentOffsetX());
-        const auto end = std::lower_bound(m_cellLefts.cbegin(), m_cellLefts.cend(), left + area.width);
-        // The last cell that begins at the left edge or before it may reach into view.
-        auto first = std::upper_bound(m_cellLefts.cbegin(), end, left);
-        if (first != m_cellLefts.cbegin())
-            --first;
-        const auto bound = [this, count](auto place) {
-            return std::min(count, static_cast<std::size_t>(place - m_cellLefts.cbegin()));
-        };
-        return {bound(first), bound(end)};
-    }
-    const std::int64_t pitch = std::max(_obtainRowPitch(), 1);
-    const std::int64_t top = m_scrollView->getContentOffsetY() - m_margin;
-    const auto bound = [count](std::int64_t place) {
-        return std::min(count, static_cast<std::size_t>(std::max<std::int64_t>(place, 0)));
-    };
-    return {bound(top / pitch), bound((top + area.height + pitch - 1) / pitch)};
-}
-
-UXRect KXLegend::_obtainCellRect(std::size_t place) const
-{
-    const UXRect area = m_scrollView->obtainScrollContentRect();
-    const double width = m_calculatedCellWidths[static_cast<std::size_t>(_obtainShownCells()[place])];
-    // Rounded up, so that a label that was measured to fit is not cut.
-    const int wholeWidth = uxSaturateToInt(std::ceil(width));
-    const int height = uxSaturateToInt(std::ceil(m_calculatedCellHeight));
-    if (m_arrangement == UXArrangement::Row) {
-        const double left = m_cellLefts[place] - static_cast<double>(m_scrollView->getContentOffsetX());
-        return {uxSaturateToInt(area.x + std::floor(left)),
-                uxSaturateToInt(area.y + (std::int64_t{area.height} - height) / 2), wholeWidth, height};
-    }
-    const std::int64_t top = m_margin + static_cast<std::int64_t>(place) * std::max(_obtainRowPitch(), 1) -
-                             m_scrollView->getContentOffsetY();
-    const UXRect inside = uxInflateRect(area, -m_margin, 0);
-    return {inside.x, uxSaturateToInt(area.y + top), std::clamp(inside.width, 0, wholeWidth), height};
-}
+void KXLegend::switchCell(std::uint64_t index, const UXEvent& event) { cellClicked(index, event); }
 
 UXDoubleRect KXLegend::obtainSymbolRect() const
 {
@@ -804,7 +551,7 @@ bool KXLegend::customDeserialize()
                                         [this](UXJsonObject* found) {
                                             auto* view = dynamic_cast<UXVirtualScrollView*>(found);
                                             if (view && view->getParent() == this)
-                                                m_scrollView = view;
+                                                m_cells.setView(m_scrollView = view);
                                             return view != nullptr;
                                         }) &&
                complete;

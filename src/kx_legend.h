@@ -1,22 +1,23 @@
 #pragma once
 
+#include "kx_cell_list.h"
+#include "kx_cell_list_delegate.h"
 #include "kx_export.h"
 #include "kx_interaction.h"
 #include "ux/ux_arrangement.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_object.h"
-#include "ux/ux_object_watcher.h"
 #include "ux/ux_position.h"
 #include "ux/ux_symbol_style.h"
 #include "ux/ux_text_property.h"
 #include "ux/ux_virtual_scroll_view_delegate.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 class KXInteractionEffect;
@@ -26,7 +27,10 @@ class UXVirtualScrollView;
 
 /** Lists a chart's series: a symbol and a label each, in one row or one column that scrolls. Cells are
  * measured once per change of data; which of them are shown is looked up once per change of visibility. */
-class KX_EXPORT KXLegend : public UXObject, public UXVirtualScrollViewDelegate, public KXInteraction {
+class KX_EXPORT KXLegend : public UXObject,
+                           public UXVirtualScrollViewDelegate,
+                           public KXInteraction,
+                           public KXCellListDelegate {
 public:
     KXLegend();
     ~KXLegend() override;
@@ -107,6 +111,15 @@ public:
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
 
+    // From KXCellListDelegate: the cells are those that the chart shows. Until it is known anew which these
+    // are, those past a smaller count are skipped.
+    std::span<const int> obtainListedCells() const override;
+    double obtainCellWidth(std::size_t place) const override;
+    std::unique_ptr<KXListCell> makeCell() override;
+    void fillCell(KXListCell& cell, std::uint64_t index) override;
+    void clickCell(KXListCell& cell, const UXEvent& event) override;
+    void switchCell(std::uint64_t index, const UXEvent& event) override;
+
     // From UXObject and UXVirtualScrollViewDelegate
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
     using UXVirtualScrollViewDelegate::virtualScrollViewContentOffsetChanged;
@@ -126,24 +139,9 @@ private:
     void _measureCells();
     void _measureCellHeight();
     void _collectShownCells();
-    /** @return the shown cells by place, ascending. Until it is known anew which are shown, those past a
-     * smaller count are skipped. */
-    std::span<const int> _obtainShownCells() const;
     void _placeCells(bool contentChanged);
-    bool _endLostHover();
-    std::vector<UXObjectWatcher> _takeCells(std::size_t first, std::size_t end);
-    bool _fillPlace(std::size_t place, const UXObjectWatcher& taken, bool contentChanged);
-    void _placeCell(KXLegendCell* cell, const UXRect& rect);
     void updateCellInteraction(KXLegendCell* cell, std::uint64_t index);
     bool _canWalk() const;
-    std::optional<std::size_t> _obtainWalkedPlace() const;
-    void _walkTo(std::size_t place);
-    void _showPlace(std::size_t place);
-    void _clickCell(KXLegendCell* cell, const UXEvent& event);
-    KXLegendCell* _findCell(std::uint64_t index) const;
-    std::vector<KXLegendCell*> _obtainCells() const;
-    UXRect _obtainCellRect(std::size_t place) const;
-    std::pair<std::size_t, std::size_t> _obtainVisiblePlaces() const;
     int _obtainRowPitch() const;
     UXRect _arrangeRow(UXRect area);
     UXRect _arrangeColumn(UXRect area);
@@ -177,10 +175,7 @@ private:
     bool m_dataUpdated = true;
     bool m_cellVisibleUpdated = true;
     std::vector<std::vector<KXObjectID>> m_cellObjectIDs; // by cell index
-    std::vector<double> m_cellLefts;                      // by place in the row, in the content
     bool m_arranging = false;
     bool m_contentChanged = false; // the cells ask for everything anew
-    unsigned m_generation = 0;     // tells whoever places cells that the delegate had that done anew
-    std::optional<std::uint64_t> m_walkedCell;
-    bool m_showsWalk = false;
+    KXCellList m_cells{*this, *this};
 };

@@ -25,7 +25,7 @@ constexpr double walkMarkRadius = 3; // logical units
 KXLegendCell::KXLegendCell(KXLegend* legend) : KXInteraction(this), UXHintDelegate(this), m_legend(legend)
 {
     registerEventHandler(UXEventType::LeftClick, [this](const UXEvent& event) {
-        m_legend->cellClicked(m_index, event);
+        m_legend->cellClicked(getIndex(), event);
         return false;
     });
 }
@@ -34,14 +34,14 @@ KXLegendCell::~KXLegendCell() = default;
 
 void KXLegendCell::showCell(std::uint64_t index, const std::string& label, UXSymbolStyle style)
 {
-    if (m_index == index && m_label == label && m_symbolStyle == style)
+    if (getIndex() == index && m_label == label && m_symbolStyle == style)
         return;
     // The pointer was over another cell; its next move tells what it is over now.
     const UXObjectWatcher self(this);
     endHover();
     if (!self.isAlive())
         return;
-    m_index = index;
+    _setIndex(index);
     m_label = label;
     m_symbolStyle = style;
     invalidate();
@@ -52,7 +52,7 @@ std::string KXLegendCell::customSerializeTypeID() { return "KXLegendCell"; }
 void KXLegendCell::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
-        const UXColor color = obtainDrawnColor(m_legend->obtainLegendCellColor(m_index),
+        const UXColor color = obtainDrawnColor(m_legend->obtainLegendCellColor(getIndex()),
                                                KXInteractionEffectTarget::Filled);
         if (needsDefaultHighlight())
             kxDrawHighlightGround(*painter, UXDoubleRect(getBoundingRect()),
@@ -63,11 +63,11 @@ void KXLegendCell::paint(UXPaintConfig* config, UXRect dirtyRect)
             UXTextProperty property = m_legend->getTextProperty();
             property.option = UXTextOption::EllipsisEnd;
             property.textColor = obtainDrawnColor(property.textColor, KXInteractionEffectTarget::NonFilled);
-            if (!m_legend->isCellOn(m_index))
+            if (!m_legend->isCellOn(getIndex()))
                 property.textColor.alpha *= offShare;
             painter->drawText(m_label, labelRect, property);
         }
-        if (m_legend->isWalkedTo(m_index))
+        if (m_legend->isWalkedTo(getIndex()))
             _drawWalkMark(*painter);
         uxDestroyPainter(painter);
     }
@@ -93,7 +93,7 @@ bool KXLegendCell::customKeyDown(const UXEvent& event, bool& stop)
 bool KXLegendCell::customMouseDown(const UXEvent& event, bool& stop)
 {
     const UXObjectWatcher self(this);
-    m_legend->takeFocus(m_index);
+    m_legend->takeFocus(getIndex());
     if (!self.isAlive())
         return true;
     return UXObject::customMouseDown(event, stop) || m_legend->isCellClickEnabled();
@@ -107,12 +107,12 @@ bool KXLegendCell::customMouseUp(const UXEvent& event, bool& stop)
 bool KXLegendCell::customMouseMove(const UXEvent& event, bool& stop)
 {
     const UXObjectWatcher self(this);
-    const bool showPointingHand = m_legend->obtainShouldShowPointingHand(m_index, event);
+    const bool showPointingHand = m_legend->obtainShouldShowPointingHand(getIndex(), event);
     if (!self.isAlive())
         return false;
     m_showPointingHand = showPointingHand;
     setCursor(showPointingHand ? UXCursor::PointingHand : UXCursor::AsParent);
-    if (!m_hovered)
+    if (!isHovered())
         _beginHover();
     if (!self.isAlive())
         return false;
@@ -133,6 +133,8 @@ void KXLegendCell::explain(UXPoint point, UXEvent* event)
     }
 }
 
+void KXLegendCell::endExplanation() { hideHint(); }
+
 bool KXLegendCell::customMouseLeave(const UXEvent& event, bool& stop)
 {
     const UXObjectWatcher self(this);
@@ -143,14 +145,14 @@ bool KXLegendCell::customMouseLeave(const UXEvent& event, bool& stop)
 /** The provider says how a piece under the pointer looks different. */
 void KXLegendCell::_beginHover()
 {
-    m_hovered = true;
+    _setHovered(true);
     const UXObjectWatcher self(this);
-    m_legend->cellHovered(m_index, true);
+    m_legend->cellHovered(getIndex(), true);
     if (!self.isAlive())
         return;
-    const std::vector<KXInteractionEffect*> effects = m_legend->obtainCellEffects(m_index);
+    const std::vector<KXInteractionEffect*> effects = m_legend->obtainCellEffects(getIndex());
     // Meanwhile the cell may have gone, or stand for another one.
-    if (self.isAlive() && m_hovered) {
+    if (self.isAlive() && isHovered()) {
         updateInteractionEffects(effects);
         return;
     }
@@ -161,8 +163,8 @@ void KXLegendCell::_beginHover()
 void KXLegendCell::endHover()
 {
     const UXObjectWatcher self(this);
-    if (std::exchange(m_hovered, false))
-        m_legend->cellHovered(m_index, false);
+    if (_setHovered(false))
+        m_legend->cellHovered(getIndex(), false);
     if (!self.isAlive())
         return;
     m_showPointingHand = false;

@@ -3,9 +3,9 @@
 #include "kx_export.h"
 #include "kx_interaction.h"
 #include "kx_interaction_chart_object.h"
+#include "kx_list_cell.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_hint_delegate.h"
-#include "ux/ux_object.h"
 #include "ux/ux_symbol_style.h"
 
 #include <cstdint>
@@ -17,7 +17,7 @@ class UXPainter;
 
 /** Draws one cell of a legend, a symbol and the label beside it, and explains a label that is cut. A legend
  * has as many of these as show just now; while it scrolls they stand for other cells in turn. */
-class KX_EXPORT KXLegendCell : public UXObject,
+class KX_EXPORT KXLegendCell : public KXListCell,
                                public KXInteraction,
                                public KXInteractionChartObject,
                                public UXHintDelegate {
@@ -26,21 +26,18 @@ public:
     explicit KXLegendCell(KXLegend* legend);
     ~KXLegendCell() override;
 
-    std::uint64_t getIndex() const { return m_index; }
     const std::string& getLabel() const { return m_label; }
     /** Stands for the cell of that index from now on. */
     void showCell(std::uint64_t index, const std::string& label, UXSymbolStyle style);
 
     /** @return whether the pointer is over the cell and is to be a pointing hand there */
     bool getShowPointingHand() const { return m_showPointingHand; }
-    /** @return whether the pointer is over the cell */
-    bool isHovered() const { return m_hovered; }
-    /** Looks as without the pointer, until it moves again. */
-    void endHover();
-    /** Shows the whole label as a hint where the cell cuts it or the host wants it shown.
-     *  @param point in the own space
-     *  @param event the one that led here, may be null */
-    void explain(UXPoint point, UXEvent* event);
+
+    // From KXListCell
+    void endHover() override;
+    /** Shows the whole label as a hint where the cell cuts it or the host wants it shown. */
+    void explain(UXPoint point, UXEvent* event) override;
+    void endExplanation() override;
 
     // From KXInteractionChartObject, UXJsonObject and UXObject
     void updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects) override;
@@ -61,9 +58,7 @@ private:
     void _drawWalkMark(UXPainter& painter) const;
 
     KXLegend* m_legend; // the parent's parent
-    std::uint64_t m_index = 0;
     std::string m_label;
     UXSymbolStyle m_symbolStyle = UXSymbolStyle::Rectangle;
-    bool m_hovered = false;
     bool m_showPointingHand = false;
 };

@@ -1,6 +1,7 @@
 #include "kx_value_chart.h"
 
 #include "kx_chart_data_format.h"
+#include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_hint_text.h"
@@ -22,6 +23,7 @@ namespace {
 constexpr int sizesPerHeight = 2;
 /** No value shrinks below this size, in logical units: smaller text cannot be read. */
 constexpr int leastFontSize = 9;
+constexpr KXChartItem valueItem{};
 
 } // namespace
 
@@ -30,6 +32,8 @@ KXValueChart::KXValueChart()
       m_valueLabel(new KXChartLabel), m_dataFormat(std::make_unique<KXChartDataFormat>())
 {
     addChild(m_valueLabel);
+    _makeItems(*this, *this, *this, *this);
+    getItems()->followLabel(m_valueLabel, valueItem);
     UXTextProperty title = getChartProperty()->getTitleProperty();
     title.textColor = UXColor(120, 120, 120, 1.0);
     getChartProperty()->setTitleProperty(title);
@@ -61,41 +65,37 @@ KXChartDataPath* KXValueChart::createDataPath() { return m_valueLabel->createDat
 void KXValueChart::afterReloadData()
 {
     const UXObjectWatcher self(this);
-    KXChart::afterReloadData();
+    KXPanelChart::afterReloadData();
     if (!self.isAlive())
         return;
-    m_highlighter.clear();
     const KXObjectID value = KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(0);
     m_valueLabel->setIdentifier("ValueLabel");
     m_valueLabel->updateExtraOIDs({value});
     m_valueLabel->registerLeftClickAction(this, KXTriggerCondition());
-    m_valueLabel->registerLinkedHighlightAction(this, KXTriggerCondition());
     m_valueLabel->registerInteraction(this, {KXInteractionEventType::LeftClick}, value);
 }
 
-KXHighlightResult KXValueChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
+KXChartDataPath* KXValueChart::createItemPath(const KXChartItem&) { return m_valueLabel->createDataPath(); }
+
+void KXValueChart::itemLooksChanged() {} // the label says so itself
+
+KXChartLabel* KXValueChart::obtainItemLabel(const KXChartItem&) const { return m_valueLabel; }
+
+std::vector<KXChartItem> KXValueChart::_obtainShownItems() const
+{
+    return std::vector<KXChartItem>(m_valueLabel->getVisible() ? 1 : 0, valueItem);
+}
+
+std::vector<KXChartItem> KXValueChart::findItems(const KXChartDataPath& path)
 {
     // What belongs to a member of a dimension is not this value, though it may stand in the same cell.
     const bool namesValue = path.valueIndexPath.empty() ? path.identifier == m_valueLabel->getIdentifier()
                                                         : path.valueIndexPath == KXIndexPath{0, 0};
-    if (!namesValue || !path.dimensionIndexPath.empty() || !m_valueLabel->getVisible())
-        return KXHighlightResult::NotFound;
-    const UXObjectWatcher self(this);
-    m_highlighter.light(m_valueLabel, {});
-    UXHintInfo info = self.isAlive() ? _obtainHintInfo() : UXHintInfo(false);
-    if (self.isAlive() && info.enabled)
-        showLinkedHighlightHint(&info, m_valueLabel, UXPoint(m_valueLabel->getRect().width / 2, 0), control);
-    return KXHighlightResult::Highlighted;
-}
-
-void KXValueChart::hideLinkedHighlight(UXControl* control)
-{
-    m_highlighter.endLight();
-    KXChart::hideLinkedHighlight(control);
+    return namesValue && path.dimensionIndexPath.empty() ? _obtainShownItems() : std::vector<KXChartItem>();
 }
 
 /** @return what the provider says about the value, or else its name and what the label shows */
-UXHintInfo KXValueChart::_obtainHintInfo()
+UXHintInfo KXValueChart::obtainItemHint(const KXChartItem&)
 {
     const UXObjectWatcher self(this);
     auto* provider = dynamic_cast<KXValueChartDataProvider*>(beginUseDataProvider());
@@ -109,41 +109,6 @@ UXHintInfo KXValueChart::_obtainHintInfo()
     if (self.isAlive())
         endUseDataProvider();
     return kxMakeHintInfo(data, UXHintInfo());
-}
-
-bool KXValueChart::customMouseMove(const UXEvent& event, bool& stop)
-{
-    const UXObjectWatcher self(this);
-    const bool handled = KXChart::customMouseMove(event, stop);
-    if (!self.isAlive())
-        return handled;
-    const UXPoint point = getTranslatedPointFromEvent(event);
-    const bool isOnValue = m_valueLabel->getVisible() && uxPointInRect(point, m_valueLabel->getRect());
-    m_highlighter.pointAt(isOnValue ? m_valueLabel : nullptr);
-    if (!self.isAlive())
-        return handled;
-    if (isOnValue) {
-        UXHintInfo info = _obtainHintInfo();
-        if (self.isAlive())
-            showHint(point, nullptr, &info);
-    } else {
-        hideHint();
-    }
-    return handled;
-}
-
-bool KXValueChart::customMouseLeave(const UXEvent& event, bool& stop)
-{
-    m_highlighter.pointAt(nullptr);
-    hideHint();
-    return KXChart::customMouseLeave(event, stop);
-}
-
-void KXValueChart::_interactionDisabled()
-{
-    KXChart::_interactionDisabled();
-    m_highlighter.clear();
-    hideHint();
 }
 
 void KXValueChart::_customLayout(UXRect plotArea)
@@ -264,7 +229,7 @@ const UXPropertyTable& KXValueChart::obtainPropertyTable()
 
 void KXValueChart::customSerialize()
 {
-    KXChart::customSerialize();
+    KXPanelChart::customSerialize();
     obtainPropertyTable().write(*this);
 }
 
@@ -272,7 +237,7 @@ std::string KXValueChart::customSerializeTypeID() { return "KXValueChart"; }
 
 bool KXValueChart::customDeserialize()
 {
-    bool complete = KXChart::customDeserialize();
+    bool complete = KXPanelChart::customDeserialize();
     complete = obtainPropertyTable().read(*this) && complete;
     setRequireToVerifyLayout(true, true);
     return complete;

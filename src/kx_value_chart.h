@@ -1,9 +1,8 @@
 #pragma once
 
-#include "kx_chart.h"
 #include "kx_chart_data_action.h"
 #include "kx_key_table.h"
-#include "kx_part_highlighter.h"
+#include "kx_panel_chart.h"
 #include "kx_value_chart_data_user.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_hint_delegate.h"
@@ -13,6 +12,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class KXChartDataFormat;
 class UXLayoutHelper;
@@ -30,7 +30,7 @@ class UXLayoutHelper;
         "colour of a number below zero")
 
 /** Shows one value, as large as fits. */
-class KX_EXPORT KXValueChart : public KXChart,
+class KX_EXPORT KXValueChart : public KXPanelChart,
                                public KXValueChartDataUser,
                                public UXPropertyAccessor,
                                public UXHintDelegate,
@@ -51,15 +51,18 @@ public:
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
     void afterReloadData() override;
-    KXHighlightResult showLinkedHighlight(const KXChartDataPath& path, UXControl* control) override;
-    void hideLinkedHighlight(UXControl* control) override;
     KXChartDataPath* createDataPath() override;
 
+    // From KXChartItemsDelegate: the value is the one item
+    KXChartDataPath* createItemPath(const KXChartItem& item) override;
+    std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
+    UXHintInfo obtainItemHint(const KXChartItem& item) override;
+    KXChartLabel* obtainItemLabel(const KXChartItem& item) const override;
+    void itemLooksChanged() override;
+
 protected:
-    bool customMouseMove(const UXEvent& event, bool& stop) override;
-    bool customMouseLeave(const UXEvent& event, bool& stop) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
-    void _interactionDisabled() override;
+    std::vector<KXChartItem> _obtainShownItems() const override;
     void _customLayout(UXRect plotArea) override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
@@ -70,10 +73,8 @@ private:
     std::string _obtainValueText() const;
     bool _isNegativeNumber() const;
     void _colorValueLabel();
-    UXHintInfo _obtainHintInfo();
     UXDoubleSize _fitFont(const std::string& text, UXTextProperty& property, const UXRect& plotArea) const;
 
     KXChartLabel* m_valueLabel; // a child
     std::unique_ptr<KXChartDataFormat> m_dataFormat;
-    KXPartHighlighter m_highlighter{this};
 };

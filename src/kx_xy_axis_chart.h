@@ -128,7 +128,7 @@ protected:
     void _customReloadMarks() override;
     void _customUpdateLooks() override;
     std::optional<KXAxisChartMark> _hitMark(UXPoint point) const override;
-    UXRect _obtainMarkArea(UXPoint point) const override;
+    UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const override;
     std::vector<UXRect> _obtainMarkRects(const KXAxisChartMark& mark) const override;
     std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;
     UXPoint _obtainHintPoint(const KXAxisChartMark& mark) override;

@@ -73,12 +73,10 @@ std::optional<KXAxisChartMark> KXXYAxisChart::_hitMark(UXPoint point) const
     return std::nullopt;
 }
 
-UXRect KXXYAxisChart::_obtainMarkArea(UXPoint point) const
+UXRect KXXYAxisChart::_obtainMarkPlace(const KXAxisChartMark& mark) const
 {
-    for (const auto& view : std::views::reverse(m_views))
-        if (view->hitMark(point))
-            return view->obtainMarkArea(point);
-    return {};
+    const KXAxisChartDataView* view = obtainViewOfSeries(mark.series);
+    return view ? view->obtainMarkPlace(mark) : UXRect();
 }
 
 std::vector<UXRect> KXXYAxisChart::_obtainMarkRects(const KXAxisChartMark& mark) const

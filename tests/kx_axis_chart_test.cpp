@@ -7,6 +7,7 @@
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
@@ -63,7 +64,10 @@ public:
             painter.drawRects({&bar.rect, 1});
         }
     }
-    UXRect obtainMarkArea(UXPoint) const override { return {100, -50, 100, 150}; }
+    UXRect obtainMarkPlace(const Mark& mark) const override
+    {
+        return mark == Mark{1, 0} ? UXRect(100, -50, 100, 150) : UXRect();
+    }
     std::optional<Mark> hitMark(UXPoint point) const override
     {
         for (const Bar& bar : bars)
@@ -487,6 +491,57 @@ TEST(KXAxisChart, ClicksMenusAndLinksNameTheMark)
         chart.hideLinkedHighlight(nullptr);
         EXPECT_FALSE(chart.isHighlighting() || chart.getHintVisible());
     }
+}
+
+TEST(KXAxisChart, TheKeyboardWalksMarksAndScrollsToThem)
+{
+    using enum UXKeyCode;
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, null, 3}, {4, 4, null}, {1, 2, 3}};
+    const std::pair<UXKeyCode, Mark> steps[] = {
+        {Right, {0, 0}}, {Right, {0, 2}}, {Right, {0, 2}}, {Down, {2, 2}}, {Left, {2, 1}},
+        {Up, {1, 1}},    {Up, {1, 1}},    {End, {2, 2}},   {Home, {0, 0}},
+    };
+    const auto turn = [](UXKeyCode key) {
+        return key == Right ? Down : key == Down ? Right : key == Left ? Up : key == Up ? Left : key;
+    };
+    for (const bool isVertical : {true, false}) {
+        UXDiagram diagram;
+        BarsChart chart(provider);
+        chart.setAlign(UXAlign::None);
+        diagram.addChild(&chart);
+        if (!isVertical)
+            chart.getAxisChartProperty()->updateOrientation(KXAxisChartOrientation::Horizontal);
+        kxLoad(chart);
+        diagram.setFocusedObject(&chart);
+        const KXTestInput input{diagram};
+        for (const auto& [key, expected] : steps) {
+            SCOPED_TRACE(testing::Message() << isVertical << " " << static_cast<int>(key));
+            EXPECT_TRUE(input.type(isVertical ? key : turn(key)));
+            const std::optional<KXChartItem> focused = chart.getItems()->getFocused();
+            ASSERT_TRUE(focused);
+            EXPECT_EQ((Mark{focused->group, focused->index}), expected);
+            EXPECT_TRUE(chart.getHintVisible());
+        }
+        diagram.removeChild(&chart);
+    }
+
+    provider.values = {std::vector<double>(100, 1)};
+    provider.categoryCount = 100;
+    UXDiagram diagram;
+    BarsChart chart(provider);
+    chart.setAlign(UXAlign::None);
+    diagram.addChild(&chart);
+    kxLoad(chart);
+    diagram.setFocusedObject(&chart);
+    const KXTestInput input{diagram};
+    input.type(Home);
+    for (int i = 0; i < 40; ++i)
+        input.type(Right);
+    EXPECT_GT(chart.getPlot()->getContentOffsetX(), 0);
+    EXPECT_LT(chart.obtainVisibleCategories().first, 40U);
+    EXPECT_GT(chart.obtainVisibleCategories().second, 40U);
+    diagram.removeChild(&chart);
 }
 
 TEST(KXAxisChart, ATabSaysWhereLinkedMarksAreThatNobodySees)

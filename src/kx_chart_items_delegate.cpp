@@ -1,0 +1,28 @@
+#include "kx_chart_items_delegate.h"
+
+#include "ux/ux_rect_functions.h"
+
+namespace {
+
+/** What gives way can still be read, but draws no eye. */
+constexpr double usualDimmedOpacity = 0.35;
+
+} // namespace
+
+std::optional<KXChartItem> KXChartItemsDelegate::obtainExplainedAt(UXPoint) const { return std::nullopt; }
+
+UXPoint KXChartItemsDelegate::obtainItemHintPoint(const KXChartItem& item)
+{
+    const UXRect rect = obtainItemRect(item);
+    return {uxMidX(rect), rect.y};
+}
+
+void KXChartItemsDelegate::showItem(const KXChartItem&) {}
+KXChartItem KXChartItemsDelegate::obtainExplained(const std::vector<KXChartItem>& items) const
+{
+    return items.front();
+}
+KXChartLabel* KXChartItemsDelegate::obtainItemLabel(const KXChartItem&) const { return nullptr; }
+std::vector<KXChartLabel*> KXChartItemsDelegate::obtainItemLabels() const { return {}; }
+void KXChartItemsDelegate::itemLookChanged(const KXChartItem&) { itemLooksChanged(); }
+double KXChartItemsDelegate::obtainDimmedOpacity() const { return usualDimmedOpacity; }

@@ -1,0 +1,162 @@
+#include "kx_chart.h"
+#include "kx_chart_data_action.h"
+#include "kx_chart_data_provider.h"
+#include "kx_chart_data_user.h"
+#include "kx_chart_items.h"
+#include "kx_chart_label.h"
+#include "kx_chart_selection_provider.h"
+#include "ux/ux_event.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_rect_functions.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace {
+
+/** More items than a reader tells apart are not asked about one by one. */
+constexpr std::size_t greatestAskedCount = 10000;
+
+} // namespace
+
+/** A click on the chart itself, not on a label. It is about the item that was pressed, if it is still under
+ *  the pointer. @return whether it was handed on to the label of the item */
+bool KXChartItems::_click(const UXEvent& event)
+{
+    const UXPoint point = m_chart.getTranslatedPointFromEvent(event, &m_chart);
+    if (!m_clicksByKey && m_delegate.obtainItemAt(point) != m_actionItem)
+        m_actionItem.reset();
+    const UXObjectWatcher self(&m_chart);
+    KXChartLabel* label = m_actionItem ? m_delegate.obtainItemLabel(*m_actionItem) : nullptr;
+    if (label)
+        return !uxPointInRect(point, label->getRect()) && label->triggerEventHandler(event);
+    if (m_actionItem)
+        _choose(*m_actionItem, event);
+    else if (!m_selected.empty() && !event.containsEventKey(UXEventKey::Ctrl))
+        _tellSelection({}, event);
+    return !self.isAlive();
+}
+
+void KXChartItems::followLabel(KXChartLabel* label, const KXChartItem& item)
+{
+    label->registerEventHandler(UXEventType::LeftClick, [this, item](const UXEvent& event) {
+        _choose(item, event);
+        return false;
+    });
+}
+
+KXChartSelectionProvider* KXChartItems::_obtainSelectionProvider()
+{
+    const UXObjectWatcher self(&m_chart);
+    auto* provider = dynamic_cast<KXChartSelectionProvider*>(m_user.beginUseDataProvider());
+    if (self.isAlive())
+        m_user.endUseDataProvider();
+    const bool canSelect = provider && m_user.isInteractionEnabled() && provider->obtainCanSelect(&m_user);
+    return self.isAlive() && canSelect ? provider : nullptr;
+}
+
+void KXChartItems::_choose(const KXChartItem& item, const UXEvent& event)
+{
+    const UXObjectWatcher self(&m_chart);
+    if (!_obtainSelectionProvider() || !self.isAlive())
+        return;
+    std::vector<KXChartItem> wanted{item};
+    if (event.containsEventKey(UXEventKey::Shift) && m_anchor) {
+        wanted = _obtainRange(*m_anchor, item);
+    } else {
+        m_anchor = item;
+        if (event.containsEventKey(UXEventKey::Ctrl)) {
+            wanted = m_selected;
+            if (std::erase(wanted, item) == 0)
+                wanted.push_back(item);
+        }
+    }
+    _tellSelection(wanted, event);
+}
+
+/** @return both ends and what stands between them in the reading order */
+std::vector<KXChartItem> KXChartItems::_obtainRange(const KXChartItem& from, const KXChartItem& to) const
+{
+    for (const auto& [start, end] : {std::pair(from, to), std::pair(to, from)}) {
+        std::vector<KXChartItem> range{start};
+        std::optional<KXChartItem> item = start;
+        while (item && *item != end)
+            if ((item = m_delegate.obtainItemBeside(item, KXChartItemStep::Next)))
+                range.push_back(*item);
+        if (item)
+            return range;
+    }
+    return {to};
+}
+
+void KXChartItems::_tellSelection(const std::vector<KXChartItem>& wanted, const UXEvent& event)
+{
+    const UXObjectWatcher self(&m_chart);
+    std::vector<KXChartDataPath> paths;
+    for (const KXChartItem& item : wanted) {
+        const std::unique_ptr<KXChartDataPath> path(m_delegate.createItemPath(item));
+        if (!self.isAlive())
+            return;
+        if (path)
+            paths.push_back(*path);
+    }
+    std::vector<KXChartItem> asked = m_selected;
+    asked.insert(asked.end(), wanted.begin(), wanted.end());
+    std::ranges::sort(asked);
+    asked.erase(std::ranges::unique(asked).begin(), asked.end());
+    event.postAction([this, self, paths, asked] {
+        KXChartSelectionProvider* provider = self.isAlive() ? _obtainSelectionProvider() : nullptr;
+        if (!provider || !self.isAlive())
+            return;
+        provider->selectionChanged(&m_user, paths);
+        if (self.isAlive())
+            _askForSelection(asked);
+    });
+}
+
+/** @return the items in their reading order */
+std::vector<KXChartItem> KXChartItems::_obtainAll() const
+{
+    std::vector<KXChartItem> all;
+    std::optional<KXChartItem> item = m_delegate.obtainItemBeside(std::nullopt, KXChartItemStep::First);
+    while (item && all.size() < greatestAskedCount) {
+        all.push_back(*item);
+        item = m_delegate.obtainItemBeside(item, KXChartItemStep::Next);
+    }
+    return all;
+}
+
+/** What was chosen may stand elsewhere among new data, or be gone. */
+void KXChartItems::_askForSelectionAnew()
+{
+    const UXObjectWatcher self(&m_chart);
+    const bool canSelect = _obtainSelectionProvider() != nullptr;
+    if (self.isAlive())
+        _askForSelection(canSelect ? _obtainAll() : std::vector<KXChartItem>());
+}
+
+/** Takes over from the host which of some items are chosen. */
+void KXChartItems::_askForSelection(const std::vector<KXChartItem>& items)
+{
+    const UXObjectWatcher self(&m_chart);
+    KXChartSelectionProvider* provider = _obtainSelectionProvider();
+    std::vector<KXChartItem> selected;
+    for (const KXChartItem& item : items) {
+        if (!provider || !self.isAlive())
+            break;
+        if (!m_delegate.hasItem(item))
+            continue;
+        const std::unique_ptr<KXChartDataPath> path(m_delegate.createItemPath(item));
+        if (path && self.isAlive() && provider->obtainIsSelected(path.get()))
+            selected.push_back(item);
+    }
+    if (!self.isAlive())
+        return;
+    std::ranges::sort(selected);
+    if (selected == m_selected)
+        return;
+    m_selected = std::move(selected);
+    _updateLabels();
+    m_delegate.itemLooksChanged();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_hint_data.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+/**
+ * The data of a chart that shows measures over the members of no, one or two dimensions. The values of a
+ * measure stand at paths (measure, member of dimension 0, member of dimension 1), as far as there are
+ * dimensions, and without any at (measure, 0).
+ *
+ * The questions about several values or texts have answers made of those about one, so a small host has
+ * nothing to add. A chart pulls all values when it prepares its data, and asks for texts of those members
+ * only that it shows.
+ */
+class KX_EXPORT KXPanelChartDataProvider : public virtual KXChartDataProvider {
+public:
+    ~KXPanelChartDataProvider() override;
+
+    /** Sets values[i] to the value at the path with i added to its last index, NaN for a null. */
+    virtual void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values);
+    /** Sets texts[i] to the text of member first + i of the dimension. */
+    virtual void obtainMemberTexts(KXChartDataUser* user, std::uint64_t dimension, std::uint64_t first,
+                                   std::span<std::string> texts);
+    /** @return the hint of the value at path; an empty one leaves the hint to the chart */
+    virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);
+};

@@ -1,0 +1,142 @@
+#include "kx_panel_chart_data_user.h"
+
+#include "kx_chart.h"
+#include "kx_panel_chart_data_provider.h"
+#include "ux/ux_object_watcher.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <span>
+#include <utility>
+
+namespace {
+
+/** Texts of more members than anyone can see at once are not kept. */
+constexpr std::size_t greatestTextCount = 4096;
+
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+const std::string noText;
+const std::vector<double> noValues;
+
+} // namespace
+
+std::uint64_t KXPanelChartDataUser::Data::obtainCellCount() const
+{
+    std::uint64_t count = 1;
+    for (std::size_t i = 0; i < dimensionCount; ++i)
+        count *= memberCounts[i];
+    return count;
+}
+
+KXPanelChartDataUser::KXPanelChartDataUser(KXChart* chart) : KXChartDataUser(chart) {}
+
+KXPanelChartDataUser::~KXPanelChartDataUser() = default;
+
+const std::string& KXPanelChartDataUser::getMeasureLabel(std::uint64_t measure) const
+{
+    return measure < m_data.measures.size() ? m_data.measures[measure].label : noText;
+}
+
+std::uint64_t KXPanelChartDataUser::getMemberCount(std::uint64_t dimension) const
+{
+    return dimension < m_data.dimensionCount ? m_data.memberCounts[dimension] : 0;
+}
+
+const std::vector<double>& KXPanelChartDataUser::getValues(std::uint64_t measure) const
+{
+    return measure < m_data.measures.size() ? m_data.measures[measure].values : noValues;
+}
+
+double KXPanelChartDataUser::getValue(std::uint64_t measure, std::uint64_t cell) const
+{
+    const std::vector<double>& values = getValues(measure);
+    return cell < values.size() ? values[cell] : noNumber;
+}
+
+KXIndexPath KXPanelChartDataUser::obtainValuePath(std::uint64_t measure, std::uint64_t cell) const
+{
+    if (m_data.dimensionCount < 2)
+        return {measure, cell};
+    const std::uint64_t across = (std::max<std::uint64_t>)(m_data.memberCounts[1], 1);
+    return {measure, cell / across, cell % across};
+}
+
+std::string KXPanelChartDataUser::obtainMemberText(std::uint64_t dimension, std::uint64_t member)
+{
+    if (member >= getMemberCount(dimension))
+        return {};
+    auto& texts = m_memberTexts[dimension];
+    if (const auto found = texts.find(member); found != texts.end())
+        return found->second;
+    const UXObjectWatcher chart(getChart());
+    auto* provider = dynamic_cast<KXPanelChartDataProvider*>(beginUseDataProvider());
+    std::string text;
+    if (provider)
+        provider->obtainMemberTexts(this, dimension, member, {&text, 1});
+    if (!chart.isAlive())
+        return text;
+    endUseDataProvider();
+    if (texts.size() >= greatestTextCount)
+        texts.clear();
+    return texts[member] = text;
+}
+
+void KXPanelChartDataUser::resetData()
+{
+    KXChartDataUser::resetData();
+    m_data = {};
+    m_memberTexts = {};
+}
+
+void KXPanelChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
+{
+    auto* panelProvider = dynamic_cast<KXPanelChartDataProvider*>(provider);
+    const UXObjectWatcher chart(getChart());
+    if (!panelProvider || panelProvider->obtainDataIsEmpty(this) || !chart.isAlive())
+        return;
+
+    // The answers are gathered aside: the provider may destroy the chart, and this with it, in any of them.
+    Data data;
+    for (std::size_t i = 0; i < greatestDimensionCount && chart.isAlive(); ++i) {
+        const std::uint64_t room = greatestValueCount / data.obtainCellCount();
+        data.memberCounts[i] = (std::min)(panelProvider->obtainDimensionDataCount(this, i), room);
+        if (data.memberCounts[i] == 0)
+            break;
+        ++data.dimensionCount;
+    }
+    const std::uint64_t count = chart.isAlive() ? panelProvider->obtainValueCount(this) : 0;
+    const std::uint64_t most = (std::min)(greatestMeasureCount, greatestValueCount / data.obtainCellCount());
+    for (std::uint64_t measure = 0; measure < (std::min)(count, most); ++measure)
+        if (!chart.isAlive() || !_pullMeasure(*panelProvider, measure, data))
+            return;
+    if (!chart.isAlive())
+        return;
+    m_data = std::move(data);
+    prepared = std::ranges::any_of(m_data.measures, [](const Measure& measure) {
+        return std::ranges::any_of(measure.values, [](double value) { return !std::isnan(value); });
+    });
+}
+
+/** @return false once the chart is gone */
+bool KXPanelChartDataUser::_pullMeasure(KXPanelChartDataProvider& provider, std::uint64_t measure, Data& data)
+{
+    const UXObjectWatcher chart(getChart());
+    Measure pulled;
+    pulled.label = provider.obtainValueLabel(this, measure);
+    pulled.values.resize(data.obtainCellCount(), noNumber);
+    const bool hasRows = data.dimensionCount > 1;
+    const std::uint64_t rowLength = hasRows ? data.memberCounts[1] : pulled.values.size();
+    const std::uint64_t rowCount = pulled.values.size() / rowLength;
+    for (std::uint64_t row = 0; row < rowCount && chart.isAlive(); ++row) {
+        const KXIndexPath first = hasRows ? KXIndexPath{measure, row, 0} : KXIndexPath{measure, 0};
+        provider.obtainValues(this, first, std::span(pulled.values).subspan(row * rowLength, rowLength));
+    }
+    for (double& value : pulled.values)
+        if (!std::isfinite(value))
+            value = noNumber;
+    data.measures.push_back(std::move(pulled));
+    return chart.isAlive();
+}
+
+void KXPanelChartDataUser::customReloadData() {}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "kx_chart_data_user.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class KXPanelChartDataProvider;
+
+/** Pulls measures over the members of no, one or two dimensions: the values once, as one dense column per
+ * measure, and the texts of members when they are asked for. */
+class KX_EXPORT KXPanelChartDataUser : public KXChartDataUser {
+public:
+    static constexpr std::size_t greatestDimensionCount = 2;
+    /** Not more measures and values than these are pulled, whatever the provider has. */
+    static constexpr std::uint64_t greatestMeasureCount = 10'000;
+    static constexpr std::uint64_t greatestValueCount = std::uint64_t{1} << 27;
+
+    explicit KXPanelChartDataUser(KXChart* chart);
+    ~KXPanelChartDataUser() override;
+
+    // What was pulled, empty until then
+    std::uint64_t getMeasureCount() const { return m_data.measures.size(); }
+    const std::string& getMeasureLabel(std::uint64_t measure) const;
+    std::uint64_t getDimensionCount() const { return m_data.dimensionCount; }
+    /** @return how many members the dimension has, 0 for one that there is not */
+    std::uint64_t getMemberCount(std::uint64_t dimension) const;
+    /** @return one value per cell, NaN where there is none; every other number is finite. The members of the
+     * last dimension stand side by side; without a dimension there is one cell. */
+    const std::vector<double>& getValues(std::uint64_t measure) const;
+    /** @return NaN past the counts */
+    double getValue(std::uint64_t measure, std::uint64_t cell) const;
+    /** @return where the value of a cell stands in the provider's data */
+    KXIndexPath obtainValuePath(std::uint64_t measure, std::uint64_t cell) const;
+
+    /** @return the host's text of a member, asked for at the first call for the prepared data, which may
+     * destroy the chart; empty past the count */
+    std::string obtainMemberText(std::uint64_t dimension, std::uint64_t member);
+
+    // From KXChartDataUser
+    void customPrepareData(KXChartDataProvider* provider, bool& prepared) override;
+    void customReloadData() override;
+    void resetData() override;
+
+private:
+    struct Measure {
+        std::string label;
+        std::vector<double> values;
+    };
+    struct Data {
+        std::vector<Measure> measures;
+        std::array<std::uint64_t, greatestDimensionCount> memberCounts{};
+        std::uint64_t dimensionCount = 0;
+
+        std::uint64_t obtainCellCount() const;
+    };
+
+    bool _pullMeasure(KXPanelChartDataProvider& provider, std::uint64_t measure, Data& data);
+
+    Data m_data;
+    std::array<std::unordered_map<std::uint64_t, std::string>, greatestDimensionCount> m_memberTexts;
+};
