@@ -15,7 +15,7 @@ namespace {
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 /** Texts of more categories than anyone can see at once are not kept. */
-constexpr std::size_t greatestTextCount = 4096;
+constexpr std::size_t greatestTextCount = 4096, greatestTextBytes = std::size_t{16} << 20;
 
 const std::string noText;
 const std::vector<double> noValues;
@@ -121,6 +121,7 @@ void KXAxisChartDataUser::resetData()
     m_categoryNumbers.clear();
     m_categoryNumbersPulled = false;
     m_categoryTexts.clear();
+    m_categoryTextBytes = 0;
 }
 
 void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
@@ -229,8 +230,11 @@ const KXAxisChartDataUser::CategoryText& KXAxisChartDataUser::_obtainText(std::u
     if (!chart.isAlive())
         return none;
     endUseDataProvider();
-    if (m_categoryTexts.size() >= greatestTextCount)
+    m_categoryTextBytes += pulled.text.size();
+    if (m_categoryTexts.size() >= greatestTextCount || m_categoryTextBytes > greatestTextBytes) {
         m_categoryTexts.clear();
+        m_categoryTextBytes = pulled.text.size();
+    }
     return m_categoryTexts[category] = std::move(pulled);
 }
 

@@ -6,6 +6,7 @@
 #include "kx_chart_data_user.h"
 #include "kx_value_extremes.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -106,4 +107,5 @@ private:
     std::vector<double> m_categoryNumbers;
     bool m_categoryNumbersPulled = false;
     std::unordered_map<std::uint64_t, CategoryText> m_categoryTexts;
+    std::size_t m_categoryTextBytes = 0;
 };

@@ -163,6 +163,33 @@ TEST(KXTableDataProvider, TellsTheChartsThatItServesWhatChanges)
     EXPECT_EQ(other.preparations, 0);
 }
 
+TEST(KXTableDataProvider, IsAskedAgainForTextsThatTakeTooMuchRoomToKeep)
+{
+    class LongTexts : public KXTableDataProvider {
+    public:
+        int asked = 0;
+        std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath&) override
+        {
+            ++asked;
+            return std::string(std::size_t{1} << 20, 'x');
+        }
+    };
+    LongTexts table;
+    table.addDimension("d", Texts(40));
+    table.addMeasure("m", std::vector<double>(40, 1.0));
+    KXBarChart chart;
+    table.serve(chart);
+    const auto ask = [&](std::uint64_t first, std::uint64_t count) {
+        table.asked = 0;
+        for (std::uint64_t category = first; category < first + count; ++category)
+            (void)chart.obtainCategoryText(category);
+        return table.asked;
+    };
+    EXPECT_EQ(ask(0, 40), 40);
+    EXPECT_EQ(ask(39, 1), 0);
+    EXPECT_EQ(ask(0, 1), 1);
+}
+
 TEST(KXTableDataProvider, MayGoBeforeItsCharts)
 {
     KXBarChart chart;
