@@ -94,6 +94,8 @@ double KXAxisChartBase::_obtainMinCategorySpacing() const
     return obtainLeastCategoryRoom(m_axisChartProperty->getDataDensity());
 }
 
+double KXAxisChartBase::_obtainLabelledCategorySpacing() const { return 0; }
+
 void KXAxisChartBase::_layoutMarks() {}
 void KXAxisChartBase::_paintMarks(UXPainter&, const UXRect&) {}
 void KXAxisChartBase::_paintMarkLabels(UXPainter&, const UXRect&) {}

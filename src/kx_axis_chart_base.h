@@ -72,6 +72,9 @@ protected:
     /** @return the least room of a category along its axis, in logical units; with less the chart scrolls. By
      * default it follows the density of the chart's property. */
     virtual double _obtainMinCategorySpacing() const;
+    /** @return the room of a category in a chart that scrolls anyway, so that the labels of its marks show
+     * that the user asked for; 0, the default, for any */
+    virtual double _obtainLabelledCategorySpacing() const;
     /**
      * Makes the records of the visible marks: rectangles or points in the plot's space, which painting, hits
      * and hints read. Called when the axes are in place, after each layout and each scroll; look only at the
@@ -139,7 +142,7 @@ private:
     void _layoutAxes();
     void _layoutAxes(const Detail& detail);
     bool _settleScroll(const Bands& bands, bool scrolls);
-    double _obtainScrolledSpacing(const KXAxisChartAxis& axis) const;
+    double _obtainScrolledSpacing(const KXAxisChartAxis& axis, const UXRect& area) const;
     void _updateLabels(const Detail& detail);
     Bands _measureBands(const Detail& detail);
     void _measureLabels(Bands& bands);

@@ -222,17 +222,20 @@ bool KXAxisChartBase::_settleScroll(const Bands& bands, bool scrolls)
     return false;
 }
 
-/** @return the least room of a category, of which labels beside the marks show each one's in a line of its
- * own; below 0 where all of them are to be seen at once */
-double KXAxisChartBase::_obtainScrolledSpacing(const KXAxisChartAxis& axis) const
+/** @return the least room of a category: beside the marks each one's label has a line of its own, and where
+ * the chart scrolls, its marks have room for their labels; below 0 where all are to be seen at once */
+double KXAxisChartBase::_obtainScrolledSpacing(const KXAxisChartAxis& axis, const UXRect& area) const
 {
-    const double least = _obtainMinCategorySpacing();
+    double least = _obtainMinCategorySpacing();
     if (m_fitsCategories || !m_axisChartProperty->getEnableScroll() || least < 0)
         return -1;
     const bool hasLines = !axis.isHorizontal() && axis.labels->getVisible() &&
                           axis.property->getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Custom;
-    return hasLines ? std::max(least, std::min(obtainLinePitch(axis), m_plot->getRect().height * 1.0))
-                    : least;
+    if (hasLines)
+        least = std::max(least, std::min(obtainLinePitch(axis), m_plot->getRect().height * 1.0));
+    const double categories = axis.axis->getMaxValue() - axis.axis->getMinValue();
+    const bool scrolls = categories * least > (axis.isHorizontal() ? area.width : area.height);
+    return scrolls ? std::max(least, _obtainLabelledCategorySpacing()) : least;
 }
 
 /** Gives the labels what their axes' properties say, and has them forget ticks that are others now. */
@@ -391,7 +394,7 @@ void KXAxisChartBase::_placeAxes(const UXRect& area)
             axis.setVectorNotation(0, own.get() == scrolled ? -1 : 1);
         if (own.get() == scrolled && m_fitsCategories)
             axis.setValueSpacing(-1);
-        axis.setMinValueSpacing(own.get() == scrolled ? _obtainScrolledSpacing(*own) : -1);
+        axis.setMinValueSpacing(own.get() == scrolled ? _obtainScrolledSpacing(*own, area) : -1);
         axis.setRect(obtainAxisRect(*own, area));
         axis.updateCache();
         // An axis that is all extra length shows no labels, which would ask for less.

@@ -49,6 +49,7 @@ std::optional<KXAxisChartValueRange> KXAxisChartDataView::obtainValueRange() con
 std::optional<KXValueExtremes> KXAxisChartDataView::obtainNumberRange() const { return std::nullopt; }
 bool KXAxisChartDataView::shouldIncludeZero() const { return false; }
 double KXAxisChartDataView::obtainMinCategorySpacing() const { return 0; }
+double KXAxisChartDataView::obtainLabelledCategorySpacing() const { return 0; }
 double KXAxisChartDataView::obtainOverhang() const { return 0; }
 double KXAxisChartDataView::obtainExtraLength() const { return 0; }
 void KXAxisChartDataView::reload() {}

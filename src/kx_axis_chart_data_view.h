@@ -71,6 +71,9 @@ public:
     /** @return the room of a category along its axis below which the chart scrolls instead, in logical units;
      * 0 for any */
     virtual double obtainMinCategorySpacing() const;
+    /** @return the room of a category in a chart that scrolls anyway, so that the labels show that the user
+     * asked for; by default 0 for any */
+    virtual double obtainLabelledCategorySpacing() const;
     /** @return what the marks at the ends of a continuous axis reach over their numbers, as a part of the
      * least distance of two categories; by default nothing */
     virtual double obtainOverhang() const;

@@ -63,6 +63,7 @@ public:
     // From KXAxisChartDataView and UXJsonObject
     bool shouldIncludeZero() const override;
     double obtainMinCategorySpacing() const override;
+    double obtainLabelledCategorySpacing() const override;
     double obtainOverhang() const override;
     double obtainExtraLength() const override;
     void reload() override;

@@ -23,6 +23,12 @@ constexpr double leastAxisShare = 0.75;
 /** Labels that need a larger part of the axis are worth less than the bars that they shorten. */
 constexpr double greatestRoomShare = 0.15;
 
+/** Between the totals of two stacks, in logical units. */
+constexpr double totalGap = 3;
+/** Totals that need a larger part of the plot are worth less than the bars that they leave no room: across
+ * the bars, and along them. */
+constexpr double greatestTotalWidth = 0.5, greatestTotalLength = 0.2;
+
 } // namespace
 
 /** What the label beyond the longest bar needs in addition to the room that the axis leaves there, 0 where
@@ -51,6 +57,28 @@ double KXBarChartDataView::obtainExtraLength() const
     const double wanted = labelMargin + std::ceil(chart.isVertical() ? text.height : text.width);
     const double missing = std::max(wanted - length * ((axis->axisMax - highest) / span), 0.0);
     return missing <= greatestRoomShare * length ? missing : 0;
+}
+
+/** Totals stand side by side, those of each stack beyond it. */
+double KXBarChartDataView::obtainLabelledCategorySpacing() const
+{
+    const KXXYAxisChart& chart = *getChart();
+    const KXAxisChartAxisCacheData* axis = chart.obtainAxisCacheData(&_getValueAxisProperty());
+    if (obtainStacking() != KXAxisChartStacking::Stacked || !m_property->getShowTotals() || !axis ||
+        getShownSeries().empty())
+        return 0;
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    double across = 0, along = 0;
+    for (const double total : {axis->stackedMin, axis->stackedMax}) {
+        const UXDoubleSize text = helper->getTextSize(chart.obtainValueText(getShownSeries().front(), total),
+                                                      m_property->getTotalProperty());
+        across = std::max(across, std::ceil(chart.isVertical() ? text.width : text.height) + totalGap);
+        along = std::max(along, chart.isVertical() ? text.height : text.width);
+    }
+    const UXRect plot = chart.getPlot()->getRect();
+    const double mostAcross = greatestTotalWidth * (chart.isVertical() ? plot.width : plot.height);
+    const double mostAlong = greatestTotalLength * (chart.isVertical() ? plot.height : plot.width);
+    return across <= mostAcross && along <= mostAlong ? across : 0;
 }
 
 /** Totals have the first choice, then the extremes of each series, then all others from the start on. */

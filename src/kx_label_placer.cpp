@@ -14,6 +14,8 @@ namespace {
 
 /** The characters that have to be left of a text, beside the ellipsis. */
 constexpr std::size_t fewestCharacters = 2;
+/** What the sums that made a candidate may have taken from the text's own size. */
+constexpr double noise = 1e-6;
 
 /** @return the number of characters of UTF-8 text */
 std::size_t countCharacters(std::string_view text)
@@ -49,7 +51,7 @@ bool KXLabelPlacer::_isInside(const UXDoubleRect& rect) const
  *  @return what of the text stands in rect, empty for none */
 std::string KXLabelPlacer::_fit(const KXLabelWish& wish, const UXDoubleRect& rect, double width) const
 {
-    if (width <= rect.width)
+    if (width <= rect.width + noise)
         return wish.text;
     if (!wish.mayShorten)
         return {};
@@ -65,7 +67,7 @@ std::optional<KXPlacedLabel> KXLabelPlacer::_placeOne(const KXLabelWish& wish)
         return std::nullopt;
     const UXDoubleSize size = measure(wish.text, wish.property);
     for (const KXLabelCandidate& candidate : wish.candidates) {
-        if (size.height > candidate.rect.height || !_isInside(candidate.rect) ||
+        if (size.height > candidate.rect.height + noise || !_isInside(candidate.rect) ||
             !m_grid.isFree(candidate.rect, wish.mark))
             continue;
         KXPlacedLabel label{0, _fit(wish, candidate.rect, size.width), candidate.rect, wish.property, false};

@@ -133,6 +133,14 @@ double KXXYAxisChart::_obtainMinCategorySpacing() const
     return least;
 }
 
+double KXXYAxisChart::_obtainLabelledCategorySpacing() const
+{
+    double spacing = 0;
+    for (const auto& view : m_views)
+        spacing = std::max(spacing, view->obtainLabelledCategorySpacing());
+    return spacing;
+}
+
 bool KXXYAxisChart::_wantsContinuous() const
 {
     if (getCategoryDataType() == KXChartDataType::String)

@@ -121,6 +121,7 @@ protected:
     void _customUpdateAxes() override;
     KXAxisChartAxis* _obtainScrolledAxis() const override;
     double _obtainMinCategorySpacing() const override;
+    double _obtainLabelledCategorySpacing() const override;
     void _axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect) override;
     void _layoutMarks() override;
     void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) override;

@@ -5,6 +5,8 @@
 #include "kx_axis_property.h"
 #include "kx_axis_tick_label_view.h"
 #include "kx_bar_chart.h"
+#include "kx_bar_chart_property.h"
+#include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
 #include "kx_load_chart.h"
 #include "ux/ux_label.h"
@@ -125,6 +127,27 @@ TEST(KXAxisChartLayout, EachCategoryBesideAScrollingChartHasItsLine)
         const auto [first, end] = chart.obtainVisibleCategories();
         EXPECT_GE(chart.obtainShownLabels(chart.getXAxis()).size() + 1, end - first) << size;
         EXPECT_GE(end - first, 8u) << "no more room than a line takes";
+    }
+}
+
+TEST(KXAxisChartLayout, TotalsShowWhereAChartScrolls)
+{
+    for (const KXAxisChartOrientation orientation :
+         {KXAxisChartOrientation::Vertical, KXAxisChartOrientation::Horizontal}) {
+        for (const bool showsNames : {true, false}) {
+            KXAxisChartTestProvider provider = makeProvider(200, 2);
+            LaidOutBars chart(provider, {400, 300}, orientation);
+            chart.getXAxisProperty()->setShowTickLabels(showsNames);
+            chart.getYAxisProperty()->setIsStacked(true);
+            chart.getYDataFormat()->setSuffix(" kt");
+            chart.getBarChartProperty()->setShowTotals(true);
+            kxLoad(chart);
+            ASSERT_TRUE(chart.getPlot()->hasScrollBars());
+            const auto [first, end] = chart.obtainVisibleCategories();
+            EXPECT_GE(end - first, 4u);
+            EXPECT_GE(chart.getDataView().getLabels().size() + 1, end - first)
+                << "all but one that is partly out of sight";
+        }
     }
 }
 
