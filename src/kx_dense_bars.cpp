@@ -116,12 +116,13 @@ std::pair<std::int64_t, std::int64_t> Columns::_findColumnsOfGroup(double centre
         const std::int64_t first = KXAxisChartPixelColumns::findColumn(centre - half + 0.5);
         return {first, first + m_groupWidth};
     }
+    // All of one width, as a wider one would show as a stripe; what is left beyond the last one stays empty.
     const auto columnCount = static_cast<std::int64_t>(m_columns.size());
-    const std::int64_t groupCount = std::max<std::int64_t>(
-        columnCount / static_cast<std::int64_t>(m_laneCount), 1);
-    const double part = centre / static_cast<double>(std::max<std::int64_t>(columnCount, 1));
-    const std::int64_t group = KXAxisChartPixelColumns::findColumn(part * static_cast<double>(groupCount));
-    return {group * columnCount / groupCount, (group + 1) * columnCount / groupCount};
+    const auto width = static_cast<std::int64_t>(m_laneCount);
+    const std::int64_t last = std::max<std::int64_t>(columnCount / width - 1, 0);
+    const std::int64_t first =
+        width * std::min(KXAxisChartPixelColumns::findColumn(centre / static_cast<double>(width)), last);
+    return {first, first + std::min(width, std::max<std::int64_t>(columnCount, 1))};
 }
 
 void Columns::collect()

@@ -266,6 +266,8 @@ TEST(KXDenseBars, SeriesStandSideBySide)
             lastCategory = mark.category;
             lastSeries = mark.series;
         }
+        for (const KXBarSlot& slot : layout.slots)
+            EXPECT_TRUE(c.hasGroups || c.series > 3 || slot.end - slot.start < 1.5) << "no stripes";
         for (std::uint64_t s = 0; s < c.series && c.series <= 3; ++s) {
             const double furthest = *std::ranges::max_element(lists[s]);
             EXPECT_TRUE(std::ranges::any_of(layout.bars, [&](const KXBar& bar) {
