@@ -7,7 +7,6 @@
 #include "ux/ux_hint_frame.h"
 #include "ux/ux_hint_layout.h"
 #include "ux/ux_hint_placement.h"
-#include "ux/ux_localize.h"
 #include "ux/ux_rect_functions.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
@@ -108,14 +107,12 @@ TEST(UXHintLayout, GivesUpWhatDoesNotFit)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        const UXHintLayout layout = uxLayOutHint(c.info, c.limit, {255, 255, 255});
+        const UXHintLayout layout = uxLayOutHint(c.info, c.limit, {255, 255, 255}, "and %1 more");
         EXPECT_EQ(joinLabels(layout), c.expected);
         EXPECT_LE(layout.size.height, c.limit.height);
         EXPECT_LE(layout.size.width, c.limit.width);
     }
-    uxSetLocalizer([](const std::string& text) { return text == "and %1 more" ? "%1 weitere" : text; });
-    EXPECT_EQ(uxLayOutHint(rows, {400, 52}, {}).lines.back().content.label, "1000 weitere");
-    uxSetLocalizer({});
+    EXPECT_EQ(uxLayOutHint(rows, {400, 52}, {}, "%1 weitere").lines.back().content.label, "1000 weitere");
 }
 
 TEST(UXHintLayout, ColumnsAreAlignedAndTextsReadable)
@@ -131,7 +128,7 @@ TEST(UXHintLayout, ColumnsAreAlignedAndTextsReadable)
     (void)info.addFooterRow({}, UXSymbolStyle::Line, std::string(200, 'x'), "sum");
     info.maxWidth = 200;
 
-    const UXHintLayout layout = uxLayOutHint(info, {1000, 1000}, ground);
+    const UXHintLayout layout = uxLayOutHint(info, {1000, 1000}, ground, "");
     ASSERT_EQ(layout.lines.size(), 4U);
     EXPECT_EQ(layout.size.width, 200);
     for (const UXHintLine& line : layout.lines) {

@@ -5,6 +5,7 @@
 #include "ux/ux_event_dispatch_scope.h"
 #include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_json_object_watcher.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_text_file.h"
@@ -167,6 +168,7 @@ void UXContext::setActiveDiagram(UXControl* control, UXDiagram* diagram)
 {
     if (!control)
         return;
+    const UXNotificationScope scope;
     const UXJsonObjectWatcher self(this);
     const UXObjectWatcher watcher(diagram);
     addControl(control);
@@ -185,8 +187,8 @@ void UXContext::setActiveDiagram(UXControl* control, UXDiagram* diagram)
     _notify({control}, [](UXControl* shown) { shown->_tellDevice(); });
     if (self.isAlive() && watcher.isAlive())
         _notify({control}, [](UXControl* shown) { shown->resizeDiagramAlignClient(); });
-    if (self.isAlive() && watcher.isAlive())
-        _notify({control}, [diagram](UXControl* shown) { shown->notifyFullScreenDirtyRect(diagram); });
+    if (self.isAlive() && watcher.isAlive() && _hasControl(control))
+        UXNotificationScope::post(UXNotification::FullScreenDirtyRect, control, diagram);
 }
 
 UXDiagram* UXContext::getActiveDiagram(UXControl* control) const
@@ -279,6 +281,7 @@ void UXContext::clearDirtyRect(UXDiagram* diagram)
 
 void UXContext::repaint()
 {
+    const UXNotificationScope scope;
     const UXJsonObjectWatcher watcher(this);
     const std::vector<UXDiagram*> diagrams = m_diagrams;
     for (UXDiagram* diagram : diagrams) {
@@ -318,6 +321,7 @@ void UXContext::repaintDirtyRect(UXDiagram* diagram)
         diagram->m_repaintAsked = true;
         return;
     }
+    const UXNotificationScope scope;
     // What painting asks for gets one more pass. What asks again in that pass stays dirty until the next
     // repaint, so that this always ends.
     if (_repaintDirtyRectOnce(diagram))
@@ -374,7 +378,7 @@ bool UXContext::_prepare(UXDiagram* diagram, UXControl* control, std::vector<Pai
         paintings.push_back(
             {control, config, UXPaintConfigWatcher(config), obtainDirtyRegion(*diagram, *control)});
     else
-        control->notifyDirtyRect(diagram);
+        UXNotificationScope::post(UXNotification::DirtyRect, control, diagram);
     return isValid;
 }
 
@@ -445,66 +449,74 @@ void UXContext::_notify(const std::vector<UXControl*>& controls, const Notify& n
     }
 }
 
+void UXContext::_post(UXNotification notification, UXDiagram* diagram)
+{
+    const UXNotificationScope scope;
+    for (UXControl* control : getControlsWithDiagram(diagram))
+        UXNotificationScope::post(notification, control, diagram);
+}
+
 void UXContext::notifyDirtyRect()
 {
-    _notify(std::vector(m_controls),
-            [](UXControl* control) { control->notifyDirtyRect(control->getActiveDiagram()); });
+    const UXNotificationScope scope;
+    for (UXControl* control : m_controls)
+        notifyDirtyRect(control);
 }
 
 void UXContext::notifyDirtyRect(UXControl* control)
 {
-    _notify({control}, [](UXControl* told) { told->notifyDirtyRect(told->getActiveDiagram()); });
+    if (_hasControl(control))
+        UXNotificationScope::post(UXNotification::DirtyRect, control, control->getActiveDiagram());
 }
 
-void UXContext::notifyDirtyRect(UXDiagram* diagram)
-{
-    _notify(getControlsWithDiagram(diagram),
-            [diagram](UXControl* control) { control->notifyDirtyRect(diagram); });
-}
+void UXContext::notifyDirtyRect(UXDiagram* diagram) { _post(UXNotification::DirtyRect, diagram); }
 
 void UXContext::notifyFullScreenDirtyRect()
 {
-    _notify(std::vector(m_controls),
-            [](UXControl* control) { control->notifyFullScreenDirtyRect(control->getActiveDiagram()); });
+    const UXNotificationScope scope;
+    for (UXControl* control : m_controls)
+        notifyFullScreenDirtyRect(control);
 }
 
 void UXContext::notifyFullScreenDirtyRect(UXControl* control)
 {
-    _notify({control}, [](UXControl* told) { told->notifyFullScreenDirtyRect(told->getActiveDiagram()); });
+    if (_hasControl(control))
+        UXNotificationScope::post(UXNotification::FullScreenDirtyRect, control, control->getActiveDiagram());
 }
 
 void UXContext::notifyFullScreenDirtyRect(UXDiagram* diagram)
 {
-    _notify(getControlsWithDiagram(diagram),
-            [diagram](UXControl* control) { control->notifyFullScreenDirtyRect(diagram); });
+    _post(UXNotification::FullScreenDirtyRect, diagram);
 }
 
 void UXContext::notifyCursorChange(int cursor)
 {
-    _notify(std::vector(m_controls), [cursor](UXControl* control) { control->notifyCursorChange(cursor); });
+    const UXNotificationScope scope;
+    for (UXControl* control : m_controls)
+        notifyCursorChange(control, cursor);
 }
 
 void UXContext::notifyCursorChange(UXControl* control, int cursor)
 {
-    _notify({control}, [cursor](UXControl* told) { told->notifyCursorChange(cursor); });
+    if (_hasControl(control))
+        UXNotificationScope::post(UXNotification::CursorChange, control, nullptr, cursor);
 }
 
 void UXContext::notifyCursorChange(UXDiagram* diagram, int cursor)
 {
-    _notify(getControlsWithDiagram(diagram),
-            [cursor](UXControl* control) { control->notifyCursorChange(cursor); });
+    const UXNotificationScope scope;
+    for (UXControl* control : getControlsWithDiagram(diagram))
+        notifyCursorChange(control, cursor);
 }
 
 void UXContext::notifyDiagramAlignChanged(UXDiagram* diagram)
 {
-    _notify(getControlsWithDiagram(diagram),
-            [diagram](UXControl* control) { control->notifyDiagramAlignChanged(diagram); });
+    _post(UXNotification::DiagramAlignChanged, diagram);
 }
 
 void UXContext::notifyDiagramSizeChanged(UXDiagram* diagram)
 {
-    _notify(getControlsWithDiagram(diagram),
-            [diagram](UXControl* control) { control->notifyDiagramSizeChanged(diagram); });
+    _post(UXNotification::DiagramSizeChanged, diagram);
 }
 
 void UXContext::notifyDiagramMove(UXDiagram* diagram, UXControl* control, UXPoint distance)
@@ -520,6 +532,11 @@ void UXContext::notifyEvent(UXControl* control, const UXEvent& event)
 void UXContext::notifyEvent(UXControl* control, const UXEvent& event, UXObject* object, UXPoint point)
 {
     _notify({control}, [&](UXControl* told) { told->notifyEvent(event, object, point); });
+}
+
+void UXContext::notifyRightClickMenu(UXControl* control, UXMessageRightClickParam* param, UXPoint point)
+{
+    _notify({control}, [=](UXControl* told) { told->notifyRightClickMenu(param, point); });
 }
 
 void UXContext::notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint point)

@@ -17,6 +17,7 @@ class UXControl;
 class UXDiagram;
 class UXEvent;
 class UXObject;
+enum class UXNotification;
 struct UXMessageRightClickParam;
 
 /**
@@ -89,7 +90,8 @@ public:
      * areas wait for it. */
     void repaintDirtyRect(UXDiagram* diagram);
 
-    // News for the host: forwarded to all controls, to one, or to those that show a diagram
+    // News for the host: forwarded to all controls, to one, or to those that show a diagram, when the
+    // outermost call of the framework ends (UXNotificationScope); what carries an event is forwarded at once
     void notifyDirtyRect();
     void notifyDirtyRect(UXControl* control);
     void notifyDirtyRect(UXDiagram* diagram);
@@ -106,7 +108,8 @@ public:
     void notifyDiagramMove(UXDiagram* diagram, UXControl* control, UXPoint distance);
     void notifyEvent(UXControl* control, const UXEvent& event);
     void notifyEvent(UXControl* control, const UXEvent& event, UXObject* object, UXPoint point);
-    /** Asks every control for the context menu at a point in the diagram's space. */
+    /** Asks one control, or every one, for the context menu at a point in the diagram's space. */
+    void notifyRightClickMenu(UXControl* control, UXMessageRightClickParam* param, UXPoint point);
     void notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint point);
 
     // Deferring
@@ -146,6 +149,8 @@ private:
     bool _hasControl(const UXControl* control) const;
     bool _hasDiagram(const UXDiagram* diagram) const;
     void _forgetDiagram(UXDiagram* diagram);
+    /** Has the controls that show diagram told. */
+    void _post(UXNotification notification, UXDiagram* diagram);
     /** Calls notify on each of the controls that is still here when its turn comes. */
     template <class Notify>
     void _notify(const std::vector<UXControl*>& controls, const Notify& notify);

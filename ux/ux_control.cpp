@@ -5,6 +5,7 @@
 #include "ux/ux_event.h"
 #include "ux/ux_event_dispatch_scope.h"
 #include "ux/ux_message_right_click_param.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_timer.h"
@@ -36,10 +37,11 @@ UXControl::UXControl() : m_life(std::make_shared<const bool>(true)) {}
 
 UXControl::~UXControl()
 {
-    while (!m_timers.empty())
-        m_timers.back()->stop();
+    // First what still calls back: a part that the pointer leaves may start a timer here.
     if (m_context)
         m_context->removeControl(this);
+    while (!m_timers.empty())
+        m_timers.back()->stop();
 }
 
 void UXControl::setUseCases(const std::vector<int>& useCases) { m_useCases = useCases; }
@@ -56,13 +58,14 @@ void UXControl::setControlRect(const UXControlRect& rect)
     if (rect == m_controlRect)
         return;
     const bool resized = rect.width != m_controlRect.width || rect.height != m_controlRect.height;
+    const UXNotificationScope scope;
     m_controlRect = rect;
     const std::weak_ptr<const bool> life = m_life;
     resizeDiagramAlignClient();
     if (!life.expired() && resized)
         _send(&UXObject::controlSize, UXEvent());
     if (!life.expired())
-        notifyResetScroller();
+        UXNotificationScope::post(UXNotification::ResetScroller, this);
 }
 
 UXControlRect UXControl::getControlRectWithoutScalingFactor() const
@@ -78,6 +81,7 @@ void UXControl::setScalingFactor(double factor)
         return;
     // What the diagram shows stays where it is, measured in its own units.
     m_origin = {m_origin.x / m_scalingFactor * factor, m_origin.y / m_scalingFactor * factor};
+    const UXNotificationScope scope;
     m_scalingFactor = factor;
     const std::weak_ptr<const bool> life = m_life;
     resizeDiagramAlignClient();
@@ -101,6 +105,7 @@ void UXControl::zoomOut(bool keepMousePoint, const UXEvent& event)
 
 void UXControl::zoomReset()
 {
+    const UXNotificationScope scope;
     const std::weak_ptr<const bool> life = m_life;
     setZoomRatio(1);
     if (!life.expired())
@@ -129,6 +134,7 @@ void UXControl::_setZoomRatioAround(double ratio, const UXDoubleControlPoint& fi
     if (bounded == m_zoomRatio)
         return;
 
+    const UXNotificationScope scope;
     const std::weak_ptr<const bool> life = m_life;
     const UXObjectWatcher diagram(m_activeDiagram);
     if (diagram.isAlive())
@@ -190,14 +196,16 @@ void UXControl::_tellDevice()
 
 void UXControl::_originChanged()
 {
+    const UXNotificationScope scope;
     const std::weak_ptr<const bool> life = m_life;
     _tellDevice();
     if (!life.expired() && m_activeDiagram)
         m_activeDiagram->originDidChange();
-    if (!life.expired())
-        notifyResetScroller();
-    if (!life.expired() && m_activeDiagram)
-        notifyFullScreenDirtyRect(m_activeDiagram);
+    if (life.expired())
+        return;
+    UXNotificationScope::post(UXNotification::ResetScroller, this);
+    if (m_activeDiagram)
+        UXNotificationScope::post(UXNotification::FullScreenDirtyRect, this, m_activeDiagram);
 }
 
 bool UXControl::getCanScrollDiagram() const
@@ -378,7 +386,7 @@ void UXControl::_updateCursor()
     if (cursor == m_cursor)
         return;
     m_cursor = cursor;
-    notifyCursorChange(static_cast<int>(cursor));
+    UXNotificationScope::post(UXNotification::CursorChange, this, nullptr, static_cast<int>(cursor));
 }
 
 void UXControl::timer(std::int64_t nowMilliseconds)

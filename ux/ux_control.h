@@ -138,7 +138,8 @@ public:
     /** Runs the posted actions in order, those included that they post themselves. */
     void runPostedActions();
 
-    // What the host overrides
+    // What the host overrides. Notifications without an event come when the outermost call of the framework
+    // ends: whoever is told may paint at once and destroy anything.
     /** @return what diagram is painted on now, the host's: with the control's zoom and origin applied, or
      * without them for a global diagram in the control's own space; null when the control paints later, when
      * its system asks it to */

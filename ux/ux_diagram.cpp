@@ -7,6 +7,7 @@
 #include "ux/ux_event_dispatcher.h"
 #include "ux/ux_global_control_space_event_diagram.h"
 #include "ux/ux_ground.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_config_watcher.h"
 #include "ux/ux_use_case_diagram.h"
@@ -95,6 +96,7 @@ void UXDiagram::setAlign(UXAlign align)
 
 void UXDiagram::setRect(UXRect rect)
 {
+    const UXNotificationScope scope;
     const UXRect old = getRect();
     UXObjectWatcher watcher(this);
     UXObject::setRect(rect);
@@ -106,6 +108,7 @@ void UXDiagram::setRect(UXRect rect)
 
 void UXDiagram::layout()
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     UXObject::layout();
     if (watcher.isAlive())
@@ -114,6 +117,7 @@ void UXDiagram::layout()
 
 void UXDiagram::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher watcher(this);
     const UXPaintConfigWatcher configWatcher(config);
     UXObject::paint(config, dirtyRect);
@@ -143,6 +147,7 @@ void UXDiagram::setDeviceTransform(const UXTransform& toDevice)
 
 void UXDiagram::addDirtyRect(UXRect rect)
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     UXObject::addDirtyRect(rect);
     if (!watcher.isAlive())

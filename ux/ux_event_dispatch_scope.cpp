@@ -30,6 +30,7 @@ void UXEventDispatchScope::finish()
 {
     m_isFinished = true;
     m_event._endDispatch();
+    m_notifications.finish();
     if (&m_event == outermostEvent)
         m_event.runPostedActions();
     else

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "ux/ux_event.h"
+#include "ux/ux_notification_scope.h"
 
 #include <functional>
 
 /**
  * One event on its way through the objects. Dispatches can stand inside one another; what was posted
- * meanwhile, on any of their events, runs when the outermost is finished.
+ * meanwhile, on any of their events, runs when the outermost is finished, after the controls have been told.
+ * What runs then may open dialogs with loops of their own, during which controls go on being told.
  */
 class UXEventDispatchScope {
 public:
@@ -16,7 +18,8 @@ public:
     UXEventDispatchScope(const UXEventDispatchScope&) = delete;
     UXEventDispatchScope& operator=(const UXEventDispatchScope&) = delete;
 
-    /** Runs the posted actions if this is the outermost dispatch. Any object may be gone afterwards. */
+    /** Tells the controls, and runs the posted actions, if this is the outermost dispatch. Any object may be
+     * gone afterwards. */
     void finish();
 
     static bool isDispatching();
@@ -24,6 +27,7 @@ public:
     static void postAction(std::function<void()> action);
 
 private:
+    UXNotificationScope m_notifications;
     // A copy, which keeps the queue of posted actions when a callback destroys the event.
     UXEvent m_event;
     bool m_isFinished = false;

@@ -1,11 +1,32 @@
 #include "ux/ux_event_dispatcher.h"
 
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_transform.h"
 
 #include <algorithm>
 #include <utility>
+
+/** A press on its way: whoever it reaches is told of its end, also where a handler of the host's throws. */
+class UXEventDispatcher::PressScope {
+public:
+    PressScope(UXEventDispatcher& dispatcher, const Journey& journey)
+        : m_dispatcher(dispatcher), m_journey(journey)
+    {
+    }
+    ~PressScope()
+    {
+        m_dispatcher.m_refusedPress = m_journey.refused;
+        m_dispatcher._rememberPressed(m_journey);
+    }
+    PressScope(const PressScope&) = delete;
+    PressScope& operator=(const PressScope&) = delete;
+
+private:
+    UXEventDispatcher& m_dispatcher;
+    const Journey& m_journey;
+};
 
 bool UXEventDispatcher::press(const UXEvent& event)
 {
@@ -20,9 +41,8 @@ bool UXEventDispatcher::press(const UXEvent& event)
     m_pressedButton = event.containsEventKey(UXEventKey::RightButton) ? UXEventKey::RightButton
                                                                       : UXEventKey::LeftButton;
     Journey journey{UXEventType::MouseDown, event, {}};
-    const bool handled = _send(journey, path);
-    _rememberPressed(journey);
-    return handled;
+    const PressScope scope(*this, journey);
+    return _send(journey, path);
 }
 
 /** Whoever the press or a drag has reached is told of its end. */
@@ -51,6 +71,24 @@ bool UXEventDispatcher::move(const UXEvent& event)
     return _sendToPoint(UXEventType::MouseMove, event);
 }
 
+/** Ends the press of objects, also where a handler of the host's throws. */
+class UXEventDispatcher::ReleaseScope {
+public:
+    explicit ReleaseScope(const Path& pressed) : m_pressed(pressed) {}
+    ~ReleaseScope()
+    {
+        for (const UXObjectWatcher& pressed : m_pressed) {
+            if (UXObject* object = pressed.getObject())
+                object->_noteMouseWent(UXEventType::MouseUp);
+        }
+    }
+    ReleaseScope(const ReleaseScope&) = delete;
+    ReleaseScope& operator=(const ReleaseScope&) = delete;
+
+private:
+    const Path& m_pressed;
+};
+
 bool UXEventDispatcher::release(const UXEvent& event)
 {
     const bool captured = isPressing();
@@ -59,12 +97,16 @@ bool UXEventDispatcher::release(const UXEvent& event)
     const Path pressedObjects = std::exchange(m_pressedObjects, {});
     const UXEventKey button = m_pressedButton;
 
+    Path refused = std::exchange(m_refusedPress, {});
+
     const Path path = captured ? pressPath : _hit(event.getMousePoint());
-    bool handled = _send(UXEventType::MouseUp, event, path);
-    for (const UXObjectWatcher& pressed : pressedObjects) {
-        if (UXObject* object = pressed.getObject())
-            object->_noteMouseWent(UXEventType::MouseUp);
+    Journey up{UXEventType::MouseUp, event, {}};
+    bool handled = false;
+    {
+        const ReleaseScope scope(pressedObjects);
+        handled = _send(up, path);
     }
+    refused.insert(refused.end(), up.refused.begin(), up.refused.end());
 
     if (dragged) {
         Journey drop{UXEventType::MouseDrop, event, {}, false, pressPath.back()};
@@ -77,10 +119,10 @@ bool UXEventDispatcher::release(const UXEvent& event)
         if (!under.empty() && under.back().getObject() == pressPath.back().getObject()) {
             UXEvent click = event;
             click.addEventKey(button);
-            handled = _send(button == UXEventKey::RightButton ? UXEventType::RightClick
-                                                              : UXEventType::LeftClick,
-                            click, under) ||
-                      handled;
+            const UXEventType type = button == UXEventKey::RightButton ? UXEventType::RightClick
+                                                                       : UXEventType::LeftClick;
+            Journey clicking{type, click, {}, false, std::nullopt, {}, std::move(refused)};
+            handled = _send(clicking, under) || handled;
         }
     }
     if (!isPressing()) {
@@ -165,6 +207,7 @@ void UXEventDispatcher::setFocusedObject(UXObject* object)
     const UXObjectWatcher old = m_focus;
     if (old.getObject() == object)
         return;
+    const UXNotificationScope scope;
     m_focus = UXObjectWatcher(object);
     for (const UXObjectWatcher& changed : {old, UXObjectWatcher(m_focus)})
         if (changed.isAlive() && changed.getObject()->getShowsFocus())
@@ -224,11 +267,15 @@ UXEventDispatcher::Path UXEventDispatcher::_obtainPathTo(UXObject* object) const
 bool UXEventDispatcher::_deliver(Journey& journey, const UXObjectWatcher& target)
 {
     UXObject* object = target.getObject();
-    if (!object || !_isOnDiagram(object) || !journey.event._noteDelivery(journey.type, object))
+    if (!object || !_isOnDiagram(object) || _contains(journey.leftOut, object) ||
+        !journey.event._noteDelivery(journey.type, object))
         return false;
     journey.delivered.push_back(target);
     journey.followSource();
-    return object->deliverEvent(journey.type, journey.event, journey.stop);
+    const bool handled = object->deliverEvent(journey.type, journey.event, journey.stop);
+    if (target.isAlive() && !object->m_tookLastEvent)
+        journey.refused.push_back(target);
+    return handled;
 }
 
 /** From the end of path up, and from each object that forwards the event to what lies behind it. */

@@ -62,6 +62,8 @@ private:
         Path delivered;
         bool stop = false;
         std::optional<UXObjectWatcher> source = std::nullopt; // what is dragged, if the drag began here
+        Path refused = {};                                    // whose filters did not take it
+        Path leftOut = {};                                    // who is not to receive it
 
         /** Takes what is dragged out of the event once a handler has destroyed it. */
         void followSource()
@@ -70,6 +72,9 @@ private:
                 event.setSourceObject(source->getObject());
         }
     };
+
+    class PressScope;
+    class ReleaseScope;
 
     bool _isOnDiagram(const UXObject* object) const;
     static bool _contains(const Path& path, const UXObject* object);
@@ -94,6 +99,7 @@ private:
     Path m_hoverPath;
     Path m_pressPath;
     Path m_pressedObjects;
+    Path m_refusedPress; // whose filters did not take the press: no click comes of it for them
     Path m_dragPath;
     UXEventKey m_pressedButton = UXEventKey::LeftButton;
     bool m_dragged = false;

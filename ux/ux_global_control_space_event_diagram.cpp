@@ -4,9 +4,12 @@
 #include "ux/ux_control.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event_dispatch_scope.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_hint.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_key_code.h"
+#include "ux/ux_localize.h"
+#include "ux/ux_notification_scope.h"
 
 #include <algorithm>
 #include <utility>
@@ -108,18 +111,21 @@ void UXGlobalControlSpaceEventDiagram::_updateHints()
     // A control that paints as soon as it is told lays out, which leads back here.
     if (m_updating)
         return;
-    m_updating = true;
+    const UXNotificationScope scope;
+    // Asked for before anything is begun: whoever translates may destroy the diagram, and its hints with it.
     const UXObjectWatcher watcher(this);
+    const std::string moreText = uxLocalizeString("and %1 more");
+    if (!watcher.isAlive())
+        return;
+    const UXFlagScope updating(this, m_updating);
     // The batch tells the controls once, when all is done.
     beginUpdate();
     for (const std::unique_ptr<UXHint>& hint : m_hints) {
         if (hint->isAsked() && !_serves(hint->getTarget()))
             hint->end();
-        hint->update(_obtainPointer(hint->getControl()));
+        hint->update(_obtainPointer(hint->getControl()), moreText);
     }
     endUpdate();
-    if (watcher.isAlive())
-        m_updating = false;
 }
 
 void UXGlobalControlSpaceEventDiagram::paintOver(const UXControl* control, UXPaintConfig* config,
@@ -172,6 +178,7 @@ void UXGlobalControlSpaceEventDiagram::flushDirtyRect()
 {
     if (isUpdating() || getDirtyRegion().isEmpty())
         return;
+    const UXNotificationScope scope;
     const std::vector<UXObjectWatcher> served(getServedDiagrams().begin(), getServedDiagrams().end());
     for (const UXObjectWatcher& watcher : served) {
         auto* diagram = static_cast<UXDiagram*>(watcher.getObject());

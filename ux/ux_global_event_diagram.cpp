@@ -1,5 +1,7 @@
 #include "ux/ux_global_event_diagram.h"
 
+#include "ux/ux_notification_scope.h"
+
 #include <algorithm>
 
 UXGlobalEventDiagram::UXGlobalEventDiagram(UXContext* context) : UXDiagram(context) {}
@@ -28,6 +30,7 @@ void UXGlobalEventDiagram::flushDirtyRect()
 {
     if (isUpdating() || getDirtyRegion().isEmpty())
         return;
+    const UXNotificationScope scope;
     const UXDirtyRegion region = getDirtyRegion();
     clearDirtyRect();
     for (const UXObjectWatcher& served : _watchServedDiagrams()) {

@@ -100,8 +100,9 @@ void UXHint::end()
 
 void UXHint::dismiss() { m_dismissed = true; }
 
-void UXHint::update(const std::optional<UXPoint>& pointer)
+void UXHint::update(const std::optional<UXPoint>& pointer, const std::string& moreText)
 {
+    m_frame->setMoreText(moreText);
     UXControl* control = getControl();
     const bool shows = m_asked && !m_dismissed && control && _isInSight() && _place(*control, pointer);
     setVisible(shows);

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 class UXControl;
 class UXHintFrame;
@@ -49,7 +50,7 @@ public:
 
     /** Lays out the frame, finds its place, and shows or hides it. What looks the same is not painted anew.
      */
-    void update(const std::optional<UXPoint>& pointer);
+    void update(const std::optional<UXPoint>& pointer, const std::string& moreText);
 
     /** @param shown off: the next paint passes are for another control */
     void setShownInPaint(bool shown) { m_shownInPaint = shown; }

@@ -3,6 +3,9 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_notification_scope.h"
+
+#include <utility>
 
 UXHintDelegate::UXHintDelegate(UXObject* owner) : m_owner(owner) {}
 
@@ -30,6 +33,12 @@ void UXHintDelegate::showHint(UXPoint point, UXEvent* event, UXHintInfo* info)
         hideHint();
 }
 
+void UXHintDelegate::showHintOn(UXControl* control, UXPoint point, UXHintInfo* info)
+{
+    m_askedControl = control;
+    showHint(point, nullptr, info);
+}
+
 void UXHintDelegate::setHintVisible(UXPoint point, UXEvent*, UXHintInfo* info)
 {
     if (!info || !info->enabled) {
@@ -47,6 +56,7 @@ void UXHintDelegate::hideHint() { setHintHidden(); }
 void UXHintDelegate::setHintHidden()
 {
     m_hintVisible = false;
+    m_askedControl = nullptr;
     _hideOnScreen();
 }
 
@@ -54,17 +64,20 @@ UXRect UXHintDelegate::obtainHintArea(UXPoint) { return {}; }
 
 void UXHintDelegate::_showOnScreen()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher owner = m_owner;
+    UXControl* control = std::exchange(m_askedControl, nullptr);
     const UXDiagram* diagram = uxObtainDiagram(owner.getObject());
     const UXObjectWatcher next(diagram ? diagram->getGlobalControlSpaceEventDiagram() : nullptr);
-    if (m_screen.isAlive() && m_screen.getObject() != next.getObject()) {
+    if (m_screen.isAlive() && (m_screen.getObject() != next.getObject() || m_shownControl != control)) {
         _hideOnScreen();
         if (!owner.isAlive())
             return;
     }
     m_screen = next;
+    m_shownControl = control;
     if (auto* screen = static_cast<UXGlobalControlSpaceEventDiagram*>(next.getObject()))
-        screen->showHint(&m_hintInfo, owner.getObject(), m_hintPoint, nullptr, obtainHintArea(m_hintPoint));
+        screen->showHint(&m_hintInfo, owner.getObject(), m_hintPoint, control, obtainHintArea(m_hintPoint));
 }
 
 void UXHintDelegate::_hideOnScreen()

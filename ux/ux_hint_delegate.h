@@ -6,6 +6,7 @@
 #include "ux/ux_point.h"
 #include "ux/ux_rect.h"
 
+class UXControl;
 class UXEvent;
 class UXObject;
 
@@ -34,7 +35,10 @@ public:
      * takes it explains itself: no hint shows then.
      *  @param info copied; null hides */
     virtual void showHint(UXPoint point, UXEvent* event, UXHintInfo* info);
-    /** The same whether or not hints are on. */
+    /** The same on one control alone.
+     *  @param control shows the owner's diagram; null is every one that does */
+    void showHintOn(UXControl* control, UXPoint point, UXHintInfo* info);
+    /** The same as showHint whether or not hints are on. */
     virtual void setHintVisible(UXPoint point, UXEvent* event, UXHintInfo* info);
     virtual void hideHint();
     virtual void setHintHidden();
@@ -54,7 +58,9 @@ private:
     void _hideOnScreen();
 
     UXObjectWatcher m_owner;
-    UXObjectWatcher m_screen{nullptr}; // the diagram that the hint stands on
+    UXObjectWatcher m_screen{nullptr};         // the diagram that the hint stands on
+    UXControl* m_askedControl = nullptr;       // for the hint that is about to show; null for all
+    const UXControl* m_shownControl = nullptr; // for the one that shows
     UXHintInfo m_hintInfo;
     UXPoint m_hintPoint;
     bool m_showHint = true;

@@ -40,10 +40,18 @@ void UXHintFrame::setHintInfo(const UXHintInfo& info)
     m_layoutIsValid = false;
 }
 
+void UXHintFrame::setMoreText(const std::string& text)
+{
+    if (text == m_moreText)
+        return;
+    m_moreText = text;
+    m_layoutIsValid = false;
+}
+
 const UXHintLayout& UXHintFrame::obtainLayout(const UXSize& limit)
 {
     if (!m_layoutIsValid || limit != m_limit) {
-        m_layout = uxLayOutHint(m_hintInfo, limit, getBackgroundColor());
+        m_layout = uxLayOutHint(m_hintInfo, limit, getBackgroundColor(), m_moreText);
         m_limit = limit;
         m_layoutIsValid = true;
     }

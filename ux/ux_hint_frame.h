@@ -5,6 +5,7 @@
 #include "ux/ux_hint_layout.h"
 #include "ux/ux_object.h"
 
+#include <string>
 #include <vector>
 
 class UXHintRow;
@@ -20,6 +21,8 @@ public:
     const UXHintInfo& getHintInfo() const { return m_hintInfo; }
     /** Shows nothing of it before showLayout. */
     void setHintInfo(const UXHintInfo& info);
+    /** @param text what tells how many rows are left out, see uxLayOutHint */
+    void setMoreText(const std::string& text);
 
     /** @return how the lines would stand in a frame that has room for limit, in logical units */
     const UXHintLayout& obtainLayout(const UXSize& limit);
@@ -46,6 +49,7 @@ private:
     void _drawSeparator(UXPainter& painter) const;
 
     UXHintInfo m_hintInfo;
+    std::string m_moreText;
     UXHintLayout m_layout; // for m_limit
     UXSize m_limit;
     bool m_layoutIsValid = false;

@@ -2,7 +2,6 @@
 
 #include "ux/ux_color_contrast.h"
 #include "ux/ux_hint_info.h"
-#include "ux/ux_localize.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_string.h"
 #include "ux/ux_text_measurer.h"
@@ -81,8 +80,9 @@ struct Item {
 
 class Builder {
 public:
-    Builder(const UXHintInfo& info, const UXSize& limit, const UXColor& ground, Level level)
-        : m_info(info), m_limit(limit), m_ground(ground), m_level(level)
+    Builder(const UXHintInfo& info, const UXSize& limit, const UXColor& ground, const std::string& moreText,
+            Level level)
+        : m_info(info), m_limit(limit), m_ground(ground), m_moreText(moreText), m_level(level)
     {
     }
 
@@ -108,6 +108,7 @@ private:
     const UXHintInfo& m_info;
     UXSize m_limit;
     UXColor m_ground;
+    const std::string& m_moreText;
     Level m_level;
     std::vector<Item> m_head, m_rows, m_footer;
     std::size_t m_shownRows = 0; // of those of the hint; m_rows can hold one more line
@@ -312,8 +313,7 @@ bool Builder::_limitRows(int available, int minRows)
         const std::size_t hidden = _countHiddenRows();
         if (hidden == 0)
             break;
-        const std::string text = uxReplaceString(uxLocalizeString("and %1 more"), "%1",
-                                                 uxToString(uxSaturateToInt(hidden)));
+        const std::string text = uxReplaceString(m_moreText, "%1", uxToString(uxSaturateToInt(hidden)));
         more = _makeTextItem(text, obtainLook({}, Role::Label, m_ground));
         // Under the labels.
         _arrangeAcross({&more, 1});
@@ -361,12 +361,13 @@ void Builder::_stack(UXHintLayout& layout) const
 
 } // namespace
 
-UXHintLayout uxLayOutHint(const UXHintInfo& info, const UXSize& limit, const UXColor& ground)
+UXHintLayout uxLayOutHint(const UXHintInfo& info, const UXSize& limit, const UXColor& ground,
+                          const std::string& moreText)
 {
     UXHintLayout layout;
     for (const Level level : {Level::Whole, Level::OneLineHead, Level::TitleAndRows}) {
         const int minRows = level != Level::TitleAndRows && !info.rows.empty() ? 1 : 0;
-        if (Builder(info, limit, ground, level).build(minRows, layout))
+        if (Builder(info, limit, ground, moreText, level).build(minRows, layout))
             return layout;
     }
     return {};

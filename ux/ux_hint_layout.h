@@ -5,6 +5,7 @@
 #include "ux/ux_hint_line.h"
 #include "ux/ux_size.h"
 
+#include <string>
 #include <vector>
 
 struct UXHintInfo;
@@ -27,7 +28,8 @@ struct UXHintLayout {
  * left out.
  * @param limit the size that the frame has room for
  * @param ground what the texts stand on; colours that cannot be read there are made to
+ * @param moreText what that last line says, "%1" standing for the number
  * @return an empty layout where the hint says nothing, or where not even its least part fits
  */
 [[nodiscard]] UX_EXPORT UXHintLayout uxLayOutHint(const UXHintInfo& info, const UXSize& limit,
-                                                  const UXColor& ground);
+                                                  const UXColor& ground, const std::string& moreText);

@@ -7,6 +7,7 @@
 #include "ux/ux_json_object_watcher.h"
 #include "ux/ux_json_path_resolver.h"
 #include "ux/ux_json_value.h"
+#include "ux/ux_notification_scope.h"
 
 #include <algorithm>
 #include <charconv>
@@ -193,6 +194,7 @@ bool UXJsonObject::deserialize(const std::string& text, UXJsonObjectFactory* fac
     const std::unique_ptr<UXJsonValue> value = uxParseJson(text);
     if (!value || !value->isObject())
         return false;
+    const UXNotificationScope scope;
     UXJsonObjectFactory defaults;
     Document document(factory ? *factory : defaults, this);
     document.factory.clearDeserializedObjects();

@@ -1,6 +1,7 @@
 #include "ux/ux_object.h"
 
 #include "ux/ux_child_walk.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_path_resolver.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
@@ -88,6 +89,7 @@ void UXObject::setSpace(UXSpace* space)
 {
     if (space == getSpace())
         return;
+    const UXNotificationScope scope;
     const UXRect place = _obtainPaintedPlace();
     m_space = space ? space->m_self : nullptr;
     UXObjectWatcher watcher(this);
@@ -141,6 +143,7 @@ void UXObject::setVisible(bool visible)
 {
     if (visible == m_visible)
         return;
+    const UXNotificationScope scope;
     const UXRect place = _obtainPaintedPlace();
     m_visible = visible;
     if (!visible) {
@@ -193,6 +196,7 @@ void UXObject::setRect(UXRect rect)
 {
     if (rect == m_rect)
         return;
+    const UXNotificationScope scope;
     const bool sizeChanged = rect.width != m_rect.width || rect.height != m_rect.height;
     const UXRect place = _obtainPaintedPlace();
     m_rect = rect;

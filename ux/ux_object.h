@@ -41,10 +41,13 @@ inline constexpr int uxDeepestObjectNesting = 500;
  * diagram, the diagram's space. Results of translations stop at int's limits.
  *
  * Ownership. An object destroys the children that it still has. An object that is destroyed, or added
- * elsewhere, leaves its parent by itself.
+ * elsewhere, leaves its parent by itself. A class whose own end makes anything dirty, or that mixes in a
+ * UXHintDelegate, leaves first: its destructor begins with setParent(nullptr), so that nobody paints what is
+ * half gone.
  *
  * Callbacks. Hooks, filters, handlers and predicates may destroy any object, the one that called included;
- * whoever goes on after one looks at a UXObjectWatcher first.
+ * whoever goes on after one looks at a UXObjectWatcher first. What a control is told comes after all of it:
+ * see UXNotificationScope.
  */
 class UX_EXPORT UXObject : public UXJsonObject {
 public:
@@ -342,6 +345,8 @@ private:
     friend class UXEventDispatcher;
     friend class UXObjectWatcher;
     struct EventRegistry;
+    class DeliveryScope;
+    class LayoutScope;
 
     // Children
     std::size_t _obtainChildIndex(const UXObject* child) const;
@@ -414,4 +419,5 @@ private:
     bool m_mouseOvering = false;
     bool m_mouseDragging = false;
     bool m_mouseDraggingOver = false;
+    bool m_tookLastEvent = true; // its filter did
 };

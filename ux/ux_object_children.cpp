@@ -3,6 +3,7 @@
 #include "ux/ux_assert.h"
 #include "ux/ux_child_walk.h"
 #include "ux/ux_diagram.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 
 #include <algorithm>
@@ -52,6 +53,7 @@ void UXObject::removeChild(std::uint64_t index) { removeChild(getChild(index)); 
 
 void UXObject::removeChildren()
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     while (watcher.isAlive() && !m_children.empty())
         removeChild(m_children.back());
@@ -59,6 +61,7 @@ void UXObject::removeChildren()
 
 void UXObject::clearChildren()
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     while (watcher.isAlive() && !m_children.empty())
         delete m_children.back();
@@ -170,6 +173,7 @@ void UXObject::_takeChild(UXObject* child, std::uint64_t index)
         return;
     }
 
+    const UXNotificationScope scope;
     UXObjectWatcher self(this), taken(child);
     if (child->m_parent) {
         // Leaving a parent calls hooks: afterwards both objects may be gone, and either may stand elsewhere.
@@ -194,6 +198,7 @@ void UXObject::_takeChild(UXObject* child, std::uint64_t index)
 
 void UXObject::_releaseChild(UXObject* child)
 {
+    const UXNotificationScope scope;
     const UXRect place = child->_obtainPaintedPlace();
     const std::size_t index = _obtainChildIndex(child);
     m_children.erase(m_children.begin() + static_cast<std::ptrdiff_t>(index));

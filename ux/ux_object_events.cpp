@@ -221,6 +221,31 @@ UXPoint UXObject::getTranslatedPointFromEvent(const UXEvent& event, UXObject* ob
     return translatePoint(event.getMousePoint(), nullptr, const_cast<UXObject*>(target));
 }
 
+/** What an object keeps of an event that it has received: handlers still see the press that their release
+ * ends. */
+class UXObject::DeliveryScope {
+public:
+    DeliveryScope(UXObject& object, UXEventType type, bool accepted)
+        : m_watcher(&object), m_type(type), m_accepted(accepted)
+    {
+    }
+    ~DeliveryScope()
+    {
+        UXObject* object = m_watcher.getObject();
+        if (!object)
+            return;
+        object->_noteMouseWent(m_type);
+        object->m_tookLastEvent = m_accepted;
+    }
+    DeliveryScope(const DeliveryScope&) = delete;
+    DeliveryScope& operator=(const DeliveryScope&) = delete;
+
+private:
+    UXObjectWatcher m_watcher;
+    UXEventType m_type;
+    bool m_accepted;
+};
+
 bool UXObject::deliverEvent(UXEventType type, const UXEvent& event, bool& stop)
 {
     UXEvent own = event;
@@ -231,15 +256,13 @@ bool UXObject::deliverEvent(UXEventType type, const UXEvent& event, bool& stop)
         return false;
 
     bool handled = false;
+    const DeliveryScope scope(*this, type, accepted);
     if (accepted) {
         _noteMouseCame(type);
         handled = _customEvent(type, own, stop);
         if (watcher.isAlive() && !stop)
             handled = triggerEventHandler(own) || handled;
     }
-    // Handlers still see the press that their release ends.
-    if (watcher.isAlive())
-        _noteMouseWent(type);
     return handled;
 }
 

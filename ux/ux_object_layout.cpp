@@ -2,6 +2,7 @@
 
 #include "ux/ux_assert.h"
 #include "ux/ux_child_walk.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 
@@ -14,6 +15,29 @@ namespace {
 constexpr std::chrono::microseconds framePeriod{16667};
 
 } // namespace
+
+/** The layout of one object while it runs. Where an exception of the host's ends it, what is left to lay out
+ * is found by the next pass. */
+class UXObject::LayoutScope {
+public:
+    explicit LayoutScope(UXObject& object) : m_watcher(&object) { object.m_layouting = true; }
+    ~LayoutScope()
+    {
+        UXObject* object = m_watcher.getObject();
+        if (!object)
+            return;
+        object->m_layouting = false;
+        object->m_descendantRequiresLayout = object->m_descendantRequiresLayout || !m_isFinished;
+    }
+    LayoutScope(const LayoutScope&) = delete;
+    LayoutScope& operator=(const LayoutScope&) = delete;
+
+    void finish() { m_isFinished = true; }
+
+private:
+    UXObjectWatcher m_watcher;
+    bool m_isFinished = false;
+};
 
 void UXObject::requireLayoutMarked() {}
 
@@ -31,6 +55,7 @@ void UXObject::setRequireToVerifyLayout(bool requireToVerifyLayout)
 
 void UXObject::setRequireToVerifyLayout(bool requireToVerifyLayout, bool repaint)
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     setRequireToVerifyLayout(requireToVerifyLayout);
     if (watcher.isAlive() && repaint)
@@ -43,6 +68,7 @@ void UXObject::endUpdate()
 {
     if (!uxAssert(m_updateDepth > 0) || --m_updateDepth > 0)
         return;
+    const UXNotificationScope scope;
     const bool layoutWaits = std::exchange(m_layoutWaits, false);
     const bool repaintWaits = std::exchange(m_repaintWaits, false);
 
@@ -81,8 +107,9 @@ void UXObject::layout()
         return;
     }
 
+    const UXNotificationScope notifications;
     UXObjectWatcher watcher(this);
-    m_layouting = true;
+    LayoutScope scope(*this);
     if (m_requireToVerifyLayout) {
         customLayout();
         if (!watcher.isAlive())
@@ -102,7 +129,7 @@ void UXObject::layout()
             return;
         m_requireToVerifyLayout = required;
     }
-    m_layouting = false;
+    scope.finish();
 }
 
 void UXObject::autoResize()

@@ -1,6 +1,7 @@
 #include "ux/ux_object.h"
 
 #include "ux/ux_child_walk.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_config_watcher.h"
 
@@ -20,6 +21,7 @@ void UXObject::flushDirtyRect()
 {
     if (m_updateDepth > 0 || !m_parent || m_dirtyRegion.isEmpty())
         return;
+    const UXNotificationScope scope;
     const UXDirtyRegion region = std::exchange(m_dirtyRegion, {});
     UXObjectWatcher watcher(this);
     for (const UXRect& rect : region.getRects()) {
@@ -31,6 +33,7 @@ void UXObject::flushDirtyRect()
 
 void UXObject::invalidateChildren()
 {
+    const UXNotificationScope scope;
     UXChildWalk walk(this);
     while (UXObject* child = walk.next()) {
         if (child->getVisible())
@@ -54,6 +57,7 @@ void UXObject::repaintDirtyRect()
 
 void UXObject::repaint()
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     invalidate();
     if (watcher.isAlive())

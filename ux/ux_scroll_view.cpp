@@ -40,7 +40,8 @@ UXScrollView::UXScrollView() : m_scroller(nullptr), m_content(nullptr)
 
 UXScrollView::~UXScrollView()
 {
-    // The scroller calls back into this object, so it goes first.
+    // The scroller calls back into this object, so it goes first, when nobody paints this any more.
+    setParent(nullptr);
     delete m_scroller.getObject();
 }
 

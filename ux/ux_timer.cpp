@@ -1,6 +1,7 @@
 #include "ux/ux_timer.h"
 
 #include "ux/ux_control.h"
+#include "ux/ux_notification_scope.h"
 
 #include <algorithm>
 #include <utility>
@@ -41,6 +42,7 @@ void UXTimer::_tick(std::int64_t nowMilliseconds)
     if (nowMilliseconds < m_startMilliseconds || elapsed < static_cast<std::uint64_t>(m_intervalMilliseconds))
         return;
     m_startMilliseconds = nowMilliseconds;
+    const UXNotificationScope scope;
     if (m_mode == Mode::Once)
         stop();
     // A copy, since the action may destroy the timer.

@@ -2,6 +2,7 @@
 
 #include "ux/ux_child_walk.h"
 #include "ux/ux_key_code.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view_delegate.h"
@@ -332,6 +333,7 @@ void UXVirtualScrollView::_setOffsets(std::int64_t x, std::int64_t y, const UXEv
     m_movedY = y - m_vertical.offset;
     if (m_movedX == 0 && m_movedY == 0)
         return;
+    const UXNotificationScope scope;
     m_horizontal.offset = x;
     m_vertical.offset = y;
 
@@ -346,6 +348,7 @@ void UXVirtualScrollView::_setOffsets(std::int64_t x, std::int64_t y, const UXEv
 /** Another area can show another part of the content: an offset beyond its end moves back. */
 void UXVirtualScrollView::_areaChanged()
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     _updateBars();
     if (watcher.isAlive())

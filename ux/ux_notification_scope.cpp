@@ -1,0 +1,98 @@
+#include "ux/ux_notification_scope.h"
+
+#include "ux/ux_control.h"
+#include "ux/ux_diagram.h"
+#include "ux/ux_object_watcher.h"
+
+#include <algorithm>
+#include <deque>
+#include <exception>
+#include <memory>
+#include <utility>
+
+namespace {
+
+struct PendingNotification {
+    UXNotification notification;
+    UXControl* control;
+    std::weak_ptr<const bool> controlLife;
+    UXObjectWatcher diagram;
+    bool isAboutDiagram;
+    int cursor;
+};
+
+// Calls arrive on the host's one thread.
+int callDepth = 0;
+
+/** @return what waits; never destroyed, since a host's static objects may outlive any other */
+std::deque<PendingNotification>& pendingNotifications()
+{
+    static auto* const pending = new std::deque<PendingNotification>;
+    return *pending;
+}
+
+void tell(const PendingNotification& told)
+{
+    if (told.controlLife.expired())
+        return;
+    auto* diagram = static_cast<UXDiagram*>(told.diagram.getObject());
+    if (told.isAboutDiagram && (!diagram || told.control->getActiveDiagram() != diagram))
+        return;
+    switch (told.notification) {
+    case UXNotification::DirtyRect:
+        return told.control->notifyDirtyRect(diagram);
+    case UXNotification::FullScreenDirtyRect:
+        return told.control->notifyFullScreenDirtyRect(diagram);
+    case UXNotification::DiagramAlignChanged:
+        return told.control->notifyDiagramAlignChanged(diagram);
+    case UXNotification::DiagramSizeChanged:
+        return told.control->notifyDiagramSizeChanged(diagram);
+    case UXNotification::ResetScroller:
+        return told.control->notifyResetScroller();
+    case UXNotification::CursorChange:
+        return told.control->notifyCursorChange(told.cursor);
+    }
+}
+
+} // namespace
+
+UXNotificationScope::UXNotificationScope() : m_exceptions(std::uncaught_exceptions()) { ++callDepth; }
+
+UXNotificationScope::~UXNotificationScope() noexcept(false)
+{
+    if (!m_isFinished)
+        finish();
+}
+
+void UXNotificationScope::finish()
+{
+    m_isFinished = true;
+    if (--callDepth > 0 || std::uncaught_exceptions() > m_exceptions)
+        return;
+    // Whoever is told may call again, which tells the rest meanwhile.
+    std::deque<PendingNotification>& pending = pendingNotifications();
+    while (!pending.empty()) {
+        const PendingNotification told = std::move(pending.front());
+        pending.pop_front();
+        tell(told);
+    }
+}
+
+void UXNotificationScope::post(UXNotification notification, UXControl* control, UXDiagram* diagram,
+                               int cursor)
+{
+    if (!control)
+        return;
+    const UXNotificationScope scope;
+    std::deque<PendingNotification>& pending = pendingNotifications();
+    const auto known = std::ranges::find_if(pending, [&](const PendingNotification& other) {
+        return other.notification == notification && other.control == control &&
+               !other.controlLife.expired() && other.diagram.getObject() == diagram &&
+               other.isAboutDiagram == (diagram != nullptr);
+    });
+    if (known != pending.end())
+        known->cursor = cursor;
+    else
+        pending.push_back({notification, control, control->getLife(), UXObjectWatcher(diagram),
+                           diagram != nullptr, cursor});
+}
