@@ -4,6 +4,7 @@
 #include "kx_key_type.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
@@ -373,7 +374,7 @@ bool KXAxis::_updateCache()
 {
     if (!m_needsUpdate || m_updating)
         return true;
-    m_updating = true;
+    const UXFlagScope updating(this, m_updating);
     m_needsUpdate = false;
 
     // 1. Work out the lengths. The scale divides the spacing and multiplies the total.
@@ -400,10 +401,7 @@ bool KXAxis::_updateCache()
     const UXObjectWatcher watcher(this);
     if (changed && m_delegate)
         m_delegate->axisAxisLengthChanged(this, total);
-    if (!watcher.isAlive())
-        return false;
-    m_updating = false;
-    return true;
+    return watcher.isAlive();
 }
 
 /** Lays the content so that the visible part is its first piece: from the start, or from the end of a

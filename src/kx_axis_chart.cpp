@@ -4,16 +4,19 @@
 #include "kx_axis_chart_property.h"
 #include "kx_axis_scale.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
 #include "ux/ux_label.h"
 #include "ux/ux_localize.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace {
 
@@ -45,7 +48,7 @@ KXAxisChart::KXAxisChart()
     _makeItems(*this, *this, *this, *this);
 }
 
-KXAxisChart::~KXAxisChart() = default;
+KXAxisChart::~KXAxisChart() { _leaveView(); }
 
 UXColor KXAxisChart::obtainSeriesColor(std::uint64_t series) const
 {
@@ -68,15 +71,14 @@ bool KXAxisChart::customizeMarkLabel(const KXAxisChartMark& mark, std::string& t
         property = known->property;
         return true;
     }
-    const UXObjectWatcher self(this);
-    if (auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider())) {
+    const KXChartDataProviderUse use(*this);
+    if (auto* provider = use.as<KXAxisChartDataProvider>()) {
         const KXIndexPath path = provider->obtainSeriesValuePath(this, mark.series, mark.category);
-        if (self.isAlive())
+        if (use.isCurrent())
             provider->customizeValueDataLabel(this, path, text, property);
     }
-    if (!self.isAlive())
+    if (!use.isAlive())
         return false;
-    endUseDataProvider();
     m_hostLooks.setLabel(mark, usual, {text, property});
     return true;
 }
@@ -88,6 +90,7 @@ bool KXAxisChart::isSeriesShown(std::uint64_t series) const
 
 void KXAxisChart::setSeriesShown(std::uint64_t series, bool shown)
 {
+    const UXNotificationScope scope;
     if (series >= getSeriesCount() || shown == isSeriesShown(series))
         return;
     if (shown)
@@ -144,15 +147,13 @@ std::string KXAxisChart::formatPercentage(double value) const { return kxFormatP
 
 KXChartDataPath* KXAxisChart::createMarkPath(const KXAxisChartMark& mark)
 {
-    const UXObjectWatcher self(this);
-    auto* path = new KXChartDataPath;
+    const KXChartDataProviderUse use(*this);
+    auto path = std::make_unique<KXChartDataPath>();
     path->identifier = "Mark";
     path->dimensionIndexPath = {KXAxisChartDataProvider::categoryDimension, mark.category};
-    if (auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider()))
+    if (auto* provider = use.as<KXAxisChartDataProvider>())
         path->valueIndexPath = provider->obtainSeriesValuePath(this, mark.series, mark.category);
-    if (self.isAlive())
-        endUseDataProvider();
-    return path;
+    return path.release();
 }
 
 std::vector<KXAxisChartMark> KXAxisChart::findMarks(const KXChartDataPath& path)
@@ -167,20 +168,19 @@ std::vector<KXAxisChartMark> KXAxisChart::findMarks(const KXChartDataPath& path)
     if (member.empty() ? !path.identifier.empty()
                        : member != KXIndexPath{KXAxisChartDataProvider::categoryDimension, indexes[1]})
         return {};
-    const UXObjectWatcher self(this);
     const std::vector<std::uint64_t> shown = m_shownSeries;
-    auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXAxisChartDataProvider>();
     std::vector<KXAxisChartMark> marks;
     for (const std::uint64_t series : shown) {
-        const bool isNamed =
-            !namesValue || (provider && provider->obtainSeriesValuePath(this, series, indexes[1]) == indexes);
-        if (!self.isAlive())
+        const bool isNamed = !namesValue ||
+                             (provider && use.isCurrent() &&
+                              provider->obtainSeriesValuePath(this, series, indexes[1]) == indexes);
+        if (!use.isAlive())
             return {};
         if (isNamed)
             marks.push_back({series, indexes[1]});
     }
-    if (self.isAlive())
-        endUseDataProvider();
     return marks;
 }
 
@@ -261,19 +261,17 @@ void KXAxisChart::_restoreFirstCategory()
 
 void KXAxisChart::customReloadColors()
 {
-    const UXObjectWatcher self(this);
     m_hostLooks.clearColors();
     _updateSeriesColors();
     std::vector<std::optional<UXColor>> pulled(m_seriesColors.size());
-    KXChartDataProvider* provider = beginUseDataProvider();
-    for (std::uint64_t series = 0; provider && series < pulled.size(); ++series) {
+    const KXChartDataProviderUse use(*this);
+    for (std::uint64_t series = 0; use.isCurrent() && series < pulled.size(); ++series) {
         UXColor color = obtainSeriesColor(series);
-        if (provider->obtainValueDataColorForGroup(this, series, color))
+        if (use.get()->obtainValueDataColorForGroup(this, series, color))
             pulled[series] = color;
-        if (!self.isAlive())
+        if (!use.isAlive())
             return;
     }
-    endUseDataProvider();
     m_hostLooks.setSeriesColors(std::move(pulled));
 }
 
@@ -310,20 +308,19 @@ void KXAxisChart::_loadHostColors(const std::vector<KXAxisChartMark>& marks)
     const std::vector<KXAxisChartMark> unknown = m_hostLooks.findUnknown(marks);
     if (unknown.empty())
         return;
-    const UXObjectWatcher self(this);
-    auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXAxisChartDataProvider>();
     for (std::size_t i = 0; provider && i < unknown.size(); ++i) {
         const KXIndexPath path = provider->obtainSeriesValuePath(this, unknown[i].series,
                                                                  unknown[i].category);
-        if (!self.isAlive())
+        if (!use.isCurrent())
             return;
         UXColor color = obtainSeriesColor(unknown[i].series);
         const bool isGiven = provider->obtainValueDataColor(this, path, color);
-        if (!self.isAlive())
+        if (!use.isCurrent())
             return;
         m_hostLooks.setMarkColor(unknown[i], isGiven ? std::optional(color) : std::nullopt);
     }
-    endUseDataProvider();
 }
 
 void KXAxisChart::afterReloadData()
@@ -358,6 +355,7 @@ bool KXAxisChart::_hasData() { return preparedAndReloadedData() && obtainShownCa
 
 void KXAxisChart::_applyKeyEffect(UXPropertyEffect effect)
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     if (effect == UXPropertyEffect::Recolor)
         _updateLooks();
@@ -392,8 +390,12 @@ void KXAxisChart::_customLayout(UXRect plotArea)
 
 void KXAxisChart::_placeNoDataLabel()
 {
+    const UXObjectWatcher self(this);
+    const std::string text = uxLocalizeString("No data");
+    if (!self.isAlive())
+        return;
     const UXRect area = getPlot()->getBoundingRect();
-    m_noDataLabel->setText(uxLocalizeString("No data"));
+    m_noDataLabel->setText(text);
     m_noDataLabel->setRect(area);
     m_noDataLabel->autoResize();
     m_noDataLabel->setVisible(!_hasData() && m_noDataLabel->getRect().height <= area.height);

@@ -7,6 +7,7 @@
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
 #include "kx_axis_tick_label_view.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_label.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_object_watcher.h"
@@ -137,14 +138,14 @@ int KXAxisChartBase::Bands::obtainLabelGap(UXPosition side) const
 void KXAxisChartBase::_customLayout(UXRect plotArea)
 {
     const UXObjectWatcher self(this);
-    m_layingOut = true;
+    UXFlagScope layingOut(this, m_layingOut);
     m_plot->setRect({plotArea.x, plotArea.y, boundExtent(plotArea.width), boundExtent(plotArea.height)});
     _customUpdateAxes();
     if (self.isAlive())
         _layoutAxes();
     if (!self.isAlive())
         return;
-    m_layingOut = false;
+    layingOut.end();
     _layoutContent();
 }
 

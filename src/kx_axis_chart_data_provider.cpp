@@ -1,8 +1,7 @@
 #include "kx_axis_chart_data_provider.h"
 
-#include "kx_chart.h"
+#include "kx_chart_data_provider_watcher.h"
 #include "kx_chart_data_user.h"
-#include "ux/ux_object_watcher.h"
 
 #include <algorithm>
 #include <limits>
@@ -10,20 +9,6 @@
 namespace {
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
-
-/** Tells whether the chart that asks still stands, which the provider's own answers may change. A question
- * that no chart asks goes on. */
-class Asker {
-public:
-    explicit Asker(const KXChartDataUser* user) : m_hasChart(user), m_chart(user ? user->getChart() : nullptr)
-    {
-    }
-    bool isAlive() const { return !m_hasChart || m_chart.isAlive(); }
-
-private:
-    bool m_hasChart;
-    UXObjectWatcher m_chart;
-};
 
 /** Which measure a series is, and which member of the dimension that divides it. */
 struct SeriesPlace {
@@ -45,9 +30,9 @@ KXAxisChartDataProvider::~KXAxisChartDataProvider() = default;
 
 std::uint64_t KXAxisChartDataProvider::obtainSeriesCount(KXChartDataUser* user)
 {
-    const Asker chart(user);
+    const KXChartDataProviderWatcher watcher(user);
     const std::uint64_t measures = obtainValueCount(user);
-    if (measures == 0 || !chart.isAlive())
+    if (measures == 0 || !watcher.isCurrent())
         return 0;
     const std::uint64_t members = std::max<std::uint64_t>(obtainDimensionDataCount(user, seriesDimension), 1);
     return measures > (std::numeric_limits<std::uint64_t>::max)() / members
@@ -57,26 +42,26 @@ std::uint64_t KXAxisChartDataProvider::obtainSeriesCount(KXChartDataUser* user)
 
 std::string KXAxisChartDataProvider::obtainSeriesLabel(KXChartDataUser* user, std::uint64_t series)
 {
-    const Asker chart(user);
+    const KXChartDataProviderWatcher watcher(user);
     const SeriesPlace place = obtainPlace(*this, user, series);
-    if (!chart.isAlive())
+    if (!watcher.isCurrent())
         return {};
     if (!place.isDivided)
         return obtainValueLabel(user, place.measure);
     const std::string member = obtainDimensionData(user, {seriesDimension, place.member});
-    if (!chart.isAlive() || obtainValueCount(user) < 2 || !chart.isAlive())
+    if (!watcher.isCurrent() || obtainValueCount(user) < 2 || !watcher.isCurrent())
         return member;
     return member + " - " + obtainValueLabel(user, place.measure);
 }
 
 std::string KXAxisChartDataProvider::obtainSeriesID(KXChartDataUser* user, std::uint64_t series)
 {
-    const Asker chart(user);
+    const KXChartDataProviderWatcher watcher(user);
     const SeriesPlace place = obtainPlace(*this, user, series);
-    if (!chart.isAlive())
+    if (!watcher.isCurrent())
         return {};
     const std::string measure = obtainValueID(user, place.measure);
-    if (!place.isDivided || !chart.isAlive())
+    if (!place.isDivided || !watcher.isCurrent())
         return measure;
     return measure + "/" + obtainDimensionData(user, {seriesDimension, place.member});
 }
@@ -101,13 +86,13 @@ void KXAxisChartDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uin
                                                  std::uint64_t firstCategory, std::span<double> values)
 {
     std::ranges::fill(values, noNumber);
-    const Asker chart(user);
+    const KXChartDataProviderWatcher watcher(user);
     KXIndexPath path = obtainSeriesValuePath(user, series, firstCategory);
     if (path.size() < 2)
         return;
     for (double& value : values) {
-        const bool isNull = !chart.isAlive() || obtainValueDataIsNull(user, path);
-        if (!chart.isAlive())
+        const bool isNull = !watcher.isCurrent() || obtainValueDataIsNull(user, path);
+        if (!watcher.isCurrent())
             return;
         if (!isNull)
             value = obtainValueData(user, path);
@@ -119,10 +104,10 @@ void KXAxisChartDataProvider::obtainCategoryNumbers(KXChartDataUser* user, std::
                                                     std::span<double> numbers)
 {
     std::ranges::fill(numbers, noNumber);
-    const Asker chart(user);
+    const KXChartDataProviderWatcher watcher(user);
     KXIndexPath path{categoryDimension, firstCategory};
     for (double& number : numbers) {
-        if (!chart.isAlive())
+        if (!watcher.isCurrent())
             return;
         number = obtainDimensionDataAsNumber(user, path);
         ++path[1];

@@ -2,8 +2,9 @@
 
 #include "kx_axis_chart_data_provider.h"
 #include "kx_chart.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_value_extremes.h"
-#include "ux/ux_object_watcher.h"
+#include "ux/ux_assert.h"
 
 #include <algorithm>
 #include <cmath>
@@ -54,9 +55,9 @@ std::optional<KXAxisChartValueRange> kxUniteValueRanges(const std::optional<KXAx
 
 /** The provider's answers, gathered aside: it may destroy the chart, and this with it, in any of them. */
 struct KXAxisChartDataUser::Pulled {
-    explicit Pulled(KXChart* pulling) : chart(pulling) {}
+    explicit Pulled(KXAxisChartDataUser* user) : watcher(user) {}
 
-    UXObjectWatcher chart;
+    KXChartDataProviderWatcher watcher;
     std::vector<Series> series;
     std::uint64_t seriesCount = 0;
     std::uint64_t categoryCount = 0;
@@ -127,9 +128,9 @@ void KXAxisChartDataUser::resetData()
 void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
 {
     auto* axisProvider = dynamic_cast<KXAxisChartDataProvider*>(provider);
-    Pulled pulled(getChart());
+    Pulled pulled(this);
     pulled.oldValues = std::exchange(m_oldValues, {});
-    if (!axisProvider || axisProvider->obtainDataIsEmpty(this) || !pulled.chart.isAlive())
+    if (!uxAssert(axisProvider) || axisProvider->obtainDataIsEmpty(this) || !pulled.watcher.isCurrent())
         return;
     if (!_pullDimension(*axisProvider, pulled) || !_pullSeries(*axisProvider, pulled))
         return;
@@ -143,26 +144,26 @@ void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool&
     prepared = pulled.hasNumber;
 }
 
-/** @return false once the chart is gone; the same for the next */
+/** @return false once the provider must not be asked more; the same for the next */
 bool KXAxisChartDataUser::_pullDimension(KXAxisChartDataProvider& provider, Pulled& pulled)
 {
     constexpr std::uint64_t dimension = KXAxisChartDataProvider::categoryDimension;
     pulled.categorySetting = provider.obtainDimensionSetting(this, dimension);
-    if (pulled.chart.isAlive())
+    if (pulled.watcher.isCurrent())
         pulled.categoryDataType = provider.obtainDimensionDataType(this, dimension);
-    if (pulled.chart.isAlive())
+    if (pulled.watcher.isCurrent())
         pulled.categoryAggregateType = provider.obtainDimensionAggregateType(this, dimension);
-    if (pulled.chart.isAlive())
+    if (pulled.watcher.isCurrent())
         pulled.categoryDimensionLabel = provider.obtainDimensionLabel(this, dimension);
-    if (pulled.chart.isAlive())
+    if (pulled.watcher.isCurrent())
         pulled.categoryCount = provider.obtainDimensionDataCount(this, dimension);
-    if (pulled.chart.isAlive())
+    if (pulled.watcher.isCurrent())
         pulled.seriesCount = std::min(provider.obtainSeriesCount(this), greatestSeriesCount);
-    if (pulled.chart.isAlive() && provider.obtainValueCount(this) == 1 && pulled.chart.isAlive())
+    if (pulled.watcher.isCurrent() && provider.obtainValueCount(this) == 1 && pulled.watcher.isCurrent())
         pulled.measureLabel = provider.obtainValueLabel(this, 0);
     const std::uint64_t most = greatestValueCount / std::max<std::uint64_t>(pulled.seriesCount, 1);
     pulled.categoryCount = std::min(pulled.categoryCount, most);
-    return pulled.chart.isAlive();
+    return pulled.watcher.isCurrent();
 }
 
 bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled)
@@ -171,12 +172,12 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
         Series& series = pulled.series.emplace_back();
         series.values = pulled.takeValues(static_cast<std::size_t>(i));
         series.label = provider.obtainSeriesLabel(this, i);
-        if (pulled.chart.isAlive())
+        if (pulled.watcher.isCurrent())
             series.id = provider.obtainSeriesID(this, i);
-        const bool hasNumbers = pulled.chart.isAlive() && _hasNumbers(provider, i, pulled);
+        const bool hasNumbers = pulled.watcher.isCurrent() && _hasNumbers(provider, i, pulled);
         if (hasNumbers)
             provider.obtainSeriesValues(this, i, 0, series.values);
-        if (!pulled.chart.isAlive())
+        if (!pulled.watcher.isCurrent())
             return false;
         series.extremes = kxFindValueExtremes(series.values);
         if (series.extremes.min < -largest || series.extremes.max > largest) {
@@ -193,11 +194,11 @@ bool KXAxisChartDataUser::_hasNumbers(KXAxisChartDataProvider& provider, std::ui
                                       const Pulled& pulled)
 {
     const KXIndexPath path = provider.obtainSeriesValuePath(this, series, 0);
-    if (path.empty() || !pulled.chart.isAlive())
+    if (path.empty() || !pulled.watcher.isCurrent())
         return false;
     const KXChartDataType type = provider.obtainValueDataType(this, {path[0]});
     const bool isNumber = type == KXChartDataType::Integer || type == KXChartDataType::Float;
-    return isNumber && pulled.chart.isAlive();
+    return isNumber && pulled.watcher.isCurrent();
 }
 
 std::string KXAxisChartDataUser::obtainCategoryText(std::uint64_t category)
@@ -219,17 +220,15 @@ const KXAxisChartDataUser::CategoryText& KXAxisChartDataUser::_obtainText(std::u
     if (category >= m_categoryCount)
         return none;
 
-    const UXObjectWatcher chart(getChart());
+    const KXChartDataProviderUse use(*this);
     const KXIndexPath path{KXAxisChartDataProvider::categoryDimension, category};
     CategoryText pulled;
-    if (KXChartDataProvider* provider = beginUseDataProvider()) {
-        pulled.text = provider->obtainDimensionData(this, path);
-        if (chart.isAlive())
-            pulled.shouldFormat = provider->shouldFormatDimenionData(this, path);
-    }
-    if (!chart.isAlive())
+    if (use.isCurrent())
+        pulled.text = use.get()->obtainDimensionData(this, path);
+    if (use.isCurrent())
+        pulled.shouldFormat = use.get()->shouldFormatDimenionData(this, path);
+    if (!use.isAlive())
         return none;
-    endUseDataProvider();
     m_categoryTextBytes += pulled.text.size();
     if (m_categoryTexts.size() >= greatestTextCount || m_categoryTextBytes > greatestTextBytes) {
         m_categoryTexts.clear();
@@ -242,14 +241,13 @@ const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()
 {
     if (m_categoryNumbersPulled || m_categoryDataType == KXChartDataType::String)
         return m_categoryNumbers;
-    m_categoryNumbersPulled = true;
-    const UXObjectWatcher chart(getChart());
+    const KXChartDataProviderUse use(*this);
     std::vector<double> numbers(m_categoryCount, noNumber);
-    if (auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider()))
+    if (auto* provider = use.as<KXAxisChartDataProvider>())
         provider->obtainCategoryNumbers(this, 0, numbers);
-    if (!chart.isAlive())
+    if (!use.isAlive())
         return noValues;
-    endUseDataProvider();
+    m_categoryNumbersPulled = true;
     if (std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); }))
         m_categoryNumbers = std::move(numbers);
     return m_categoryNumbers;

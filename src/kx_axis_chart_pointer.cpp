@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_data_provider.h"
 #include "kx_axis_chart_property.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_hint_text.h"
@@ -230,15 +231,14 @@ UXHintInfo KXAxisChart::obtainItemHint(const KXChartItem& item)
     UXHintInfo info = getAxisChartProperty()->getHintSettings();
     info.clearRows();
     KXChartDataProviderHintData data;
-    auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
-    if (provider && mark) {
+    const KXChartDataProviderUse use(*this);
+    if (auto* provider = mark ? use.as<KXAxisChartDataProvider>() : nullptr) {
         const KXIndexPath path = provider->obtainSeriesValuePath(this, mark->series, mark->category);
-        if (self.isAlive())
+        if (use.isCurrent())
             data = provider->obtainHintData(this, path);
     }
-    if (!self.isAlive())
+    if (!use.isAlive())
         return UXHintInfo(false);
-    endUseDataProvider();
     if (data.isEmpty())
         _fillHint(info, item.index, mark);
     else

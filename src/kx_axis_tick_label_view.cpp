@@ -41,7 +41,7 @@ KXAxisTickLabelView::KXAxisTickLabelView() : UXHintDelegate(this)
     m_textProperty.textColor = UXColor(120, 120, 120, 1.0);
 }
 
-KXAxisTickLabelView::~KXAxisTickLabelView() = default;
+KXAxisTickLabelView::~KXAxisTickLabelView() { setParent(nullptr); }
 
 KXAxis* KXAxisTickLabelView::getAxis() const { return static_cast<KXAxis*>(m_axis.getObject()); }
 

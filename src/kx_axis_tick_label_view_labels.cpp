@@ -5,6 +5,7 @@
 #include "kx_axis_tick_label_placed_label.h"
 #include "kx_axis_tick_label_view_delegate.h"
 #include "ux/ux_event.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_label.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_text_measurer.h"
@@ -102,11 +103,11 @@ void KXAxisTickLabelView::customLayout()
     bool isDone = _bringUpToDate(Step::Cache);
     if (!self.isAlive())
         return;
-    m_updating = true;
+    UXFlagScope updating(this, m_updating);
     isDone = isDone && _placeLabels();
     if (!self.isAlive())
         return;
-    m_updating = false;
+    updating.end();
     // Without a delegate or an axis, what was shown stands for nothing.
     if (!isDone)
         m_placedLabels.clear();
@@ -314,10 +315,9 @@ bool KXAxisTickLabelView::_obtainHiddenText(const UXPoint& point, std::string& t
     Tick tick;
     bool isFound = false;
     // The delegate may ask for a step meanwhile, which would take the ticks away from under this.
-    m_updating = true;
+    UXFlagScope updating(this, m_updating);
     const bool isDone = _findTickAt(point, tick, isFound);
-    if (self.isAlive())
-        m_updating = false;
+    updating.end();
     if (!isDone)
         return self.isAlive();
     const auto shown = std::find_if(m_placedLabels.begin(), m_placedLabels.end(),

@@ -6,6 +6,7 @@
 #include "kx_axis_tick_label_placed_label.h"
 #include "kx_axis_tick_label_view_delegate.h"
 #include "kx_axis_tick_search.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 
@@ -129,12 +130,8 @@ bool KXAxisTickLabelView::_bringUpToDate(Step step)
 {
     if (m_updating)
         return true;
-    const UXObjectWatcher self(this);
-    m_updating = true;
-    const bool isDone = _doSteps(step);
-    if (self.isAlive())
-        m_updating = false;
-    return isDone;
+    const UXFlagScope updating(this, m_updating);
+    return _doSteps(step);
 }
 
 /** What is requested of the chart may change the axis, which is then looked at again. */

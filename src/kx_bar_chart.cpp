@@ -3,6 +3,7 @@
 #include "kx_axis_property.h"
 #include "kx_bar_chart_property.h"
 #include "kx_key_definitions.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 
 KXBarChart::KXBarChart() : m_dataView(_addView(std::make_unique<KXBarChartDataView>()))
@@ -18,6 +19,7 @@ KXBarChartProperty* KXBarChart::getBarChartProperty() const { return m_dataView.
 
 void KXBarChart::updateBarForm(KXAxisChartStacking form)
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     getYAxisProperty()->updateIsStacked(form != KXAxisChartStacking::Plain);
     if (self.isAlive())

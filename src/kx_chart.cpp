@@ -1,6 +1,7 @@
 #include "kx_chart.h"
 
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
@@ -16,6 +17,7 @@
 #include "ux/ux_ground.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_key_code.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_paint_config_watcher.h"
@@ -125,10 +127,18 @@ KXChart::KXChart()
 KXChart::~KXChart()
 {
     m_items.reset(); // the concrete chart, whose items they are, has gone
+    _leaveView();
     m_chartProperty->unregisterAllUpdatedEvents();
     m_legend->setDelegate(nullptr);
-    if (auto* linked = KXChartLinkedActionDiagram::find(this))
-        linked->forgetChart(this);
+}
+
+void KXChart::_leaveView()
+{
+    const UXNotificationScope scope;
+    const UXObjectWatcher linked(KXChartLinkedActionDiagram::find(this));
+    setParent(nullptr);
+    if (linked.isAlive())
+        static_cast<KXChartLinkedActionDiagram*>(linked.getObject())->forgetChart(this);
 }
 
 const UXPropertyTable& KXChart::obtainPropertyTable()
@@ -184,6 +194,7 @@ std::vector<UXColor> KXChart::getDefaultColors() const { return m_defaultColors;
 
 void KXChart::init()
 {
+    const UXNotificationScope scope;
     if (m_initialized)
         return;
     m_initialized = true;
@@ -242,7 +253,10 @@ void KXChart::_applyBackground()
 
 void KXChart::_applyDefaultColor()
 {
+    const UXObjectWatcher self(this);
     reloadChartColors();
+    if (!self.isAlive())
+        return;
     updateLegendColor();
     invalidate();
 }
@@ -300,6 +314,7 @@ void KXChart::_applyEnableInteraction()
 
 void KXChart::_interactionDisabled()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     m_legend->endCellHover();
     if (self.isAlive() && m_items)
@@ -372,6 +387,8 @@ void KXChart::_updateTitleFontSize(int size)
 
 void KXChart::_applyKeyEffect(UXPropertyEffect effect)
 {
+    const UXNotificationScope scope;
+    const UXObjectWatcher self(this);
     switch (effect) {
     case UXPropertyEffect::None:
         break;
@@ -380,7 +397,8 @@ void KXChart::_applyKeyEffect(UXPropertyEffect effect)
         break;
     case UXPropertyEffect::Recolor:
         reloadChartColors();
-        invalidate();
+        if (self.isAlive())
+            invalidate();
         break;
     case UXPropertyEffect::Layout:
         _layoutAnew();
@@ -402,16 +420,18 @@ void KXChart::_setKey(const UXPropertyType& type, void* member, const void* valu
 void KXChart::_resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChart& source,
                          const KXKeys& groups)
 {
+    const UXNotificationScope scope;
     KXKeys taken = groups;
     taken.insert("");
     table.reset(source, *this, taken, type == KXChartResetType::All);
 }
 
-void KXChart::showLinkedHighlightHint(UXHintInfo* info, UXObject* target, UXPoint point, UXControl*)
+void KXChart::showLinkedHighlightHint(UXHintInfo* info, UXObject* target, UXPoint point, UXControl* control)
 {
+    const UXNotificationScope scope;
     auto* hint = dynamic_cast<UXHintDelegate*>(this);
     if (hint && info)
-        hint->showHint(target ? translatePoint(point, target, this) : point, nullptr, info);
+        hint->showHintOn(control, target ? translatePoint(point, target, this) : point, info);
 }
 
 void KXChart::hideLinkedHighlightHint(UXHintInfo*, UXControl*)
@@ -436,12 +456,14 @@ void KXChart::linkedHighlightCleared(KXChartDataUser*, const KXChartDataPath&, U
 
 KXHighlightResult KXChart::showLinkedHighlight(const KXChartDataPath& path, UXControl* control)
 {
+    const UXNotificationScope scope;
     return m_items ? m_items->showLinked(path, control)
                    : KXChartLinkedAction::showLinkedHighlight(path, control);
 }
 
 void KXChart::hideLinkedHighlight(UXControl* control)
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     if (m_items)
         m_items->setLinked({});
@@ -460,6 +482,7 @@ bool KXChart::_isPresentOrInteractiveUseCaseType(const UXEvent& event)
 
 void KXChart::customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
 {
+    const UXNotificationScope scope;
     if (!source)
         return;
     const UXObjectWatcher self(this);
@@ -475,6 +498,7 @@ void KXChart::reloadChartColors() {}
 
 void KXChart::afterReloadData()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     m_legend->markDataUpdated();
     m_legend->markCellVisibleUpdated();
@@ -505,18 +529,25 @@ void KXChart::customLayout()
     if (!self.isAlive())
         return;
     Division division = _divideContent();
+    if (!self.isAlive())
+        return;
     m_title->setRect(division.title);
     m_title->keepTextInside(division.content);
     m_legend->setRect(division.legend);
     _customLayout(division.plot);
     if (!self.isAlive())
         return;
-    // The children lay themselves out next: the framework goes on to them.
     const UXRect& content = division.content;
     const UXRect inside = uxInflateRect(content, -toolboxInset, -toolboxInset);
     m_toolbox->setRect(uxMakeRect(inside.x, inside.y, inside.width, toolboxHeight));
     if (auto* linked = KXChartLinkedActionDiagram::find(this))
         linked->joinHighlight(this);
+    if (!self.isAlive())
+        return;
+    UXChildWalk walk(this);
+    while (UXObject* child = walk.next())
+        if (child->getVisible())
+            child->layout();
 }
 
 KXChart::Division KXChart::_divideContent()
@@ -675,6 +706,7 @@ void KXChart::_placeLegend(Division& division) const
 
 void KXChart::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
+    const UXNotificationScope scope;
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
         uxDrawGround(*painter, *this, 0);
         _paintUnderChildren(*painter);
@@ -742,12 +774,10 @@ bool KXChart::_wantsToolbox()
     KXChartDataUser* user = obtainLegendDataUser();
     if (!user)
         return false;
-    const UXObjectWatcher self(this);
-    KXChartDataProvider* provider = user->beginUseDataProvider();
-    const bool wanted = provider && provider->obtainDataShouldShowToolbox(user, nullptr);
-    if (!self.isAlive())
+    const KXChartDataProviderUse use(*user);
+    const bool wanted = use.isCurrent() && use.get()->obtainDataShouldShowToolbox(user, nullptr);
+    if (!use.isAlive())
         return false;
-    user->endUseDataProvider();
     if (wanted)
         m_toolbox->setDataUser(user);
     return wanted;
@@ -784,7 +814,7 @@ bool KXChart::_walkParts(bool forwards)
     UXDiagram* diagram = uxObtainDiagram(this);
     if (!diagram)
         return false;
-    const UXObjectWatcher self(this);
+    const UXObjectWatcher self(this), view(diagram);
     const UXObject* focused = diagram->getFocusedObject();
     const auto holdsFocus = [focused](UXObject* part) {
         return focused && (focused == part || focused->hasParent(part));
@@ -796,7 +826,7 @@ bool KXChart::_walkParts(bool forwards)
                 (self.isAlive() && _wantsToolbox() && m_toolbox->takeKeys());
     else if (isOnToolbox && !forwards)
         moved = m_legend->takeKeys();
-    if (!self.isAlive())
+    if (!self.isAlive() || !view.isAlive())
         return true;
     if (!moved && (isOnToolbox || isOnLegend)) {
         diagram->setFocusedObject(this);

@@ -115,6 +115,9 @@ protected:
      * afterwards. */
     void _resetKeys(const UXPropertyTable& table, KXChartResetType type, KXChart& source,
                     const KXKeys& groups);
+    /** Takes the chart out of its parent and out of what links it to others. The destructor of each concrete
+     * class begins with it, so that nobody paints or highlights what is half gone. */
+    void _leaveView();
     /** Interaction was switched off: what the pointer made look different is as usual again. */
     virtual void _interactionDisabled();
     /** @return whether the base paints child. A chart that draws over its children says no to those that it

@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_user.h"
 #include "kx_context_menu.h"
 #include "ux/ux_assert.h"
@@ -10,40 +11,31 @@
 #include "ux/ux_object.h"
 #include "ux/ux_object_watcher.h"
 
+#include <optional>
 #include <utility>
 
-/** One use of the provider about one item: from the path's making to its end. The provider may destroy the
- * chart while it answers; then there is no use left to end. */
+/** One use of the provider about one item: from the path's making to its end. */
 class KXChartDataAction::Question {
 public:
-    Question(KXChartDataAction& action, KXChartDataUser& user) : m_user(user), m_chart(user.getChart())
+    Question(KXChartDataAction& action, KXChartDataUser& user)
     {
-        // Whoever makes the path may ask the provider for it.
-        const bool hasChart = user.getChart() != nullptr;
+        // Whoever makes the path may ask the provider for it, which may destroy the chart.
+        const KXChartDataUserWatcher watcher(&user);
         m_path = action.getDataPath();
-        m_begun = m_path && (!hasChart || m_chart.isAlive());
-        if (m_begun)
-            m_provider = m_user.beginUseDataProvider();
+        if (m_path && !watcher.isGone())
+            m_use.emplace(user);
     }
     Question(const Question&) = delete;
     Question& operator=(const Question&) = delete;
-    ~Question()
-    {
-        if (m_begun && m_chart.isAlive())
-            m_user.endUseDataProvider();
-    }
 
     /** @return whether there is an item and a provider to ask about it */
-    explicit operator bool() const { return m_provider != nullptr; }
-    KXChartDataProvider* operator->() const { return m_provider; }
+    explicit operator bool() const { return m_use && m_use->isCurrent(); }
+    KXChartDataProvider* operator->() const { return m_use->get(); }
     KXChartDataPath* path() const { return m_path.get(); }
 
 private:
-    KXChartDataUser& m_user;
-    UXObjectWatcher m_chart;
     std::shared_ptr<KXChartDataPath> m_path;
-    KXChartDataProvider* m_provider = nullptr;
-    bool m_begun = false;
+    std::optional<KXChartDataProviderUse> m_use;
 };
 
 KXChartDataAction::KXChartDataAction(UXObject* owner) : m_owner(owner) { uxAssert(owner); }
@@ -72,6 +64,7 @@ bool KXChartDataAction::_isAllowed(Trigger KXChartDataAction::*trigger, KXChartD
     // Conditions are copied before they run: one that registers anew, or destroys this object, must not pull
     // the callable away from under itself.
     const UXObjectWatcher owner(m_owner);
+    const KXChartDataUserWatcher userWatcher(user);
     const KXTriggerCondition own = condition ? condition : (this->*trigger).triggerCondition;
     const auto* userAction = dynamic_cast<const KXChartDataAction*>(user);
     const bool asksUser = userAction && (userAction != this || condition);
@@ -79,7 +72,7 @@ bool KXChartDataAction::_isAllowed(Trigger KXChartDataAction::*trigger, KXChartD
                                                : KXTriggerCondition();
     if (own && !own())
         return false;
-    return owner.isAlive() && (!ofUser || ofUser()) && owner.isAlive();
+    return owner.isAlive() && (!ofUser || ofUser()) && owner.isAlive() && !userWatcher.isGone();
 }
 
 void KXChartDataAction::registerRightClickMenu(KXChartDataUser* user, KXChartDataPath* path,
@@ -93,7 +86,7 @@ void KXChartDataAction::registerRightClickMenu(KXChartDataUser* user, KXTriggerC
 {
     uxAssert(user);
     uxAssert(m_owner);
-    m_dataUser = m_rightClick.user = user;
+    m_dataUser = m_rightClick.user = KXChartDataUserWatcher(user);
     m_rightClick.condition = std::move(condition);
     m_rightClick.enabled = false;
     if (!user || !m_owner)
@@ -118,8 +111,8 @@ void KXChartDataAction::registerRightClickMenuTriggerCondition(KXTriggerConditio
 
 bool KXChartDataAction::_showRightClickMenu(const UXEvent& event)
 {
-    KXChartDataUser* user = m_rightClick.user;
-    if (!_isAllowed(&KXChartDataAction::m_rightClick, user, m_rightClick.condition))
+    KXChartDataUser* user = m_rightClick.user.get();
+    if (!user || !_isAllowed(&KXChartDataAction::m_rightClick, user, m_rightClick.condition))
         return false;
 
     const UXObjectWatcher owner(m_owner);
@@ -142,7 +135,7 @@ void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXChartDa
 
 void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTriggerCondition condition)
 {
-    m_dataUser = m_leftClick.user = user;
+    m_dataUser = m_leftClick.user = KXChartDataUserWatcher(user);
     m_leftClick.condition = std::move(condition);
     m_leftClick.enabled = true;
     if (!m_leftClick.handlerInstalled && m_owner)
@@ -151,14 +144,15 @@ void KXChartDataAction::registerLeftClickAction(KXChartDataUser* user, KXTrigger
             return false;
         });
     _installHandler(m_leftClick, UXEventType::LeftClick, [this](const UXEvent& event) {
-        return _triggerRegisteredLeftClickAction(m_leftClick.user, true, event, m_leftClick.condition);
+        KXChartDataUser* own = m_leftClick.user.get(); // null once the chart is gone
+        return own && _triggerRegisteredLeftClickAction(own, true, event, m_leftClick.condition);
     });
 }
 
 void KXChartDataAction::showWhetherClickable()
 {
     const UXObjectWatcher owner(m_owner);
-    KXChartDataUser* user = m_leftClick.user;
+    KXChartDataUser* user = m_leftClick.user.get();
     bool clickable = m_leftClick.enabled && user &&
                      _isAllowed(&KXChartDataAction::m_leftClick, user, m_leftClick.condition);
     if (clickable) {
@@ -206,7 +200,8 @@ void KXChartDataAction::triggerLeftClickAction(KXChartDataUser* user)
     const UXObjectWatcher owner(m_owner);
     std::function<void()> action;
     if (const Question question(*this, *user); question) {
-        if (!question->obtainDataShouldLeftClickAction(user, question.path()) || !owner.isAlive())
+        if (!question->obtainDataShouldLeftClickAction(user, question.path()) || !owner.isAlive() ||
+            !question)
             return;
         action = question->obtainDataLeftClickAction(user, question.path());
     } else {
@@ -224,17 +219,19 @@ void KXChartDataAction::registerLinkedHighlightAction(KXChartDataUser* user, KXC
 
 void KXChartDataAction::registerLinkedHighlightAction(KXChartDataUser* user, KXTriggerCondition condition)
 {
-    m_dataUser = m_linkedHighlight.user = user;
+    m_dataUser = m_linkedHighlight.user = KXChartDataUserWatcher(user);
     m_linkedHighlight.condition = std::move(condition);
     m_linkedHighlight.enabled = true;
     const bool installed = m_linkedHighlight.handlerInstalled;
     _installHandler(m_linkedHighlight, UXEventType::MouseEnter, [this](const UXEvent& event) {
-        triggerLinkedHighlightAction(m_linkedHighlight.user, m_owner, event);
+        if (KXChartDataUser* own = m_linkedHighlight.user.get())
+            triggerLinkedHighlightAction(own, m_owner, event);
         return false;
     });
     if (!installed)
         m_owner->registerEventHandler(UXEventType::MouseLeave, [this](const UXEvent& event) {
-            triggerLinkedHighlightClearAction(m_linkedHighlight.user, m_owner, event);
+            if (KXChartDataUser* own = m_linkedHighlight.user.get())
+                triggerLinkedHighlightClearAction(own, m_owner, event);
             return false;
         });
 }

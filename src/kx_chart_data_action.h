@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kx_chart_data_path.h"
+#include "kx_chart_data_user_watcher.h"
 #include "kx_export.h"
 #include "ux/ux_event_type.h"
 
@@ -55,8 +56,8 @@ public:
     void showWhetherClickable();
 
 protected:
-    /** @return the user of the last registration, null without any */
-    KXChartDataUser* getDataUser() const { return m_dataUser; }
+    /** @return the user of the last registration, null without any, and once its chart is gone */
+    KXChartDataUser* getDataUser() const { return m_dataUser.get(); }
     /** Asks the provider for the click's action and posts it, or runs it at once.
      *  @return whether the click was allowed, had an item and a provider to ask
      *  @throws std::bad_function_call when an empty action must run at once */
@@ -66,7 +67,7 @@ protected:
 private:
     /** One kind of trigger and what it was last registered with. */
     struct Trigger {
-        KXChartDataUser* user = nullptr;     // the chart's
+        KXChartDataUserWatcher user;         // the chart's
         KXTriggerCondition condition;        // of the registering call
         KXTriggerCondition triggerCondition; // registered by itself
         bool enabled = false;
@@ -86,7 +87,7 @@ private:
     void _triggerLinkedHighlight(KXChartDataUser* user, UXObject* source, const UXEvent& event,
                                  LinkedHighlightStep step);
 
-    KXChartDataUser* m_dataUser = nullptr;             // the chart's
+    KXChartDataUserWatcher m_dataUser;                 // the chart's
     UXObject* m_owner;                                 // what is clicked; this is a base of it
     std::shared_ptr<KXChartDataPath> m_registeredPath; // null: createDataPath() makes one for each question
     Trigger m_rightClick;

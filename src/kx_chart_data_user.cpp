@@ -2,9 +2,14 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_watcher.h"
 #include "kx_chart_property.h"
+#include "kx_interaction_provider_use.h"
 #include "ux/ux_assert.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
+
+#include <utility>
 
 KXChartDataUser::KXChartDataUser(KXChart* chart) : m_chart(chart) { uxAssert(chart); }
 
@@ -15,6 +20,7 @@ void KXChartDataUser::customReloadColors() {}
 void KXChartDataUser::setDataProvider(KXChartDataProvider* provider)
 {
     m_dataProvider = provider;
+    ++m_providerGeneration;
     setInteractionProvider(provider);
 }
 
@@ -28,19 +34,54 @@ void KXChartDataUser::resetData()
     m_reloaded = false;
 }
 
+/** From the provider's beginPrepareData to its endPrepareData. */
+class KXChartDataUser::Preparation {
+public:
+    explicit Preparation(KXChartDataUser& user)
+        : m_user(user), m_watcher(&user), m_provider(user.m_dataProvider)
+    {
+        if (m_provider)
+            m_provider->beginPrepareData(&user);
+    }
+    ~Preparation()
+    {
+        try {
+            end();
+        } catch (...) {
+            // An answer has thrown already, and that is what the caller is to hear of.
+        }
+    }
+    Preparation(const Preparation&) = delete;
+    Preparation& operator=(const Preparation&) = delete;
+
+    /** Has the provider end what it began, unless that one has gone meanwhile. */
+    void end()
+    {
+        KXChartDataProvider* provider = std::exchange(m_provider, nullptr);
+        if (provider && m_watcher.isCurrent())
+            provider->endPrepareData(&m_user);
+    }
+
+private:
+    KXChartDataUser& m_user;
+    KXChartDataProviderWatcher m_watcher;
+    KXChartDataProvider* m_provider; // the host's
+};
+
 void KXChartDataUser::prepareData()
 {
-    // The provider may destroy the chart, and with it this object, or exchange the provider: after each of
-    // its answers the watcher and the pointer are read again.
+    const UXNotificationScope scope;
     if (!m_chart)
         return;
+    // The provider may destroy the chart, and with it this object, or exchange itself, in each of its
+    // answers.
     const UXObjectWatcher chart(m_chart);
     m_chart->init();
-    m_chart->beforePrepareData();
+    if (chart.isAlive())
+        m_chart->beforePrepareData();
     if (!chart.isAlive())
         return;
-    if (m_dataProvider)
-        m_dataProvider->beginPrepareData(this);
+    Preparation preparation(*this);
     if (!chart.isAlive())
         return;
     resetData();
@@ -52,8 +93,7 @@ void KXChartDataUser::prepareData()
             return;
         m_prepared = prepared;
     }
-    if (m_dataProvider)
-        m_dataProvider->endPrepareData(this);
+    preparation.end();
     if (chart.isAlive())
         requestToReloadData();
 }
@@ -62,6 +102,7 @@ void KXChartDataUser::requestToReloadData() { m_reloaded = false; }
 
 void KXChartDataUser::reloadData()
 {
+    const UXNotificationScope scope;
     if (!m_chart)
         return;
     // A step that asks the provider may end with the chart, and with it this object, gone.
@@ -82,6 +123,7 @@ void KXChartDataUser::reloadData()
 
 void KXChartDataUser::reloadColors()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher chart(m_chart);
     customReloadColors();
     if (chart.isAlive())
@@ -108,12 +150,7 @@ std::vector<KXInteractionEffect*> KXChartDataUser::obtainInteractionEffects(
     if (objectIDs.empty() || !isInteractionEnabled())
         return {};
     // The provider may destroy the chart, and with it whoever lent the identifiers.
-    const UXObjectWatcher chart(m_chart);
     const std::vector<KXObjectID> asked = objectIDs;
-    std::vector<KXInteractionEffect*> effects;
-    if (KXInteractionProvider* provider = beginUseInteractionProvider())
-        effects = provider->obtainInteractionEffects(asked);
-    if (chart.isAlive())
-        endUseInteractionProvider();
-    return effects;
+    const KXInteractionProviderUse use(*this, m_chart);
+    return use.get() ? use.get()->obtainInteractionEffects(asked) : std::vector<KXInteractionEffect*>();
 }

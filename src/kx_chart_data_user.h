@@ -28,11 +28,13 @@ public:
     virtual void customReloadColors();
     /** Sets the provider of data and of interaction. @param provider the host's, not owned; may be null */
     virtual void setDataProvider(KXChartDataProvider* provider);
-    /** @return the provider, null when there is none; every begin is followed by one end */
+    /** @return the provider, null when there is none; every begin is followed by one end, which
+     *  KXChartDataProviderUse sees to */
     virtual KXChartDataProvider* beginUseDataProvider();
     virtual void endUseDataProvider();
     /** Forgets what was prepared. A chart's own data user clears its cache here. */
     virtual void resetData();
+    /** Asks the provider for everything. What it began it is asked to end, also where an answer throws. */
     virtual void prepareData();
     virtual void requestToReloadData();
     virtual void reloadData();
@@ -56,8 +58,12 @@ public:
     std::vector<KXInteractionEffect*> obtainInteractionEffects(const std::vector<KXObjectID>& objectIDs);
 
 private:
+    friend class KXChartDataProviderWatcher;
+    class Preparation;
+
     KXChart* m_chart;
     KXChartDataProvider* m_dataProvider = nullptr; // the host's
+    unsigned m_providerGeneration = 0;             // changes with each provider that is set
     bool m_prepared = false;
     bool m_reloaded = false;
 };

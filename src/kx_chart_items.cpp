@@ -8,8 +8,10 @@
 #include "kx_chart_selection_provider.h"
 #include "kx_legend.h"
 #include "ux/ux_color_contrast.h"
+#include "ux/ux_control.h"
 #include "ux/ux_event.h"
 #include "ux/ux_hint_delegate.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
@@ -55,6 +57,7 @@ KXChartItems::~KXChartItems() = default;
 
 void KXChartItems::highlightGroup(const std::optional<std::uint64_t>& group)
 {
+    const UXNotificationScope scope;
     if (group == m_group)
         return;
     m_group = group;
@@ -63,6 +66,7 @@ void KXChartItems::highlightGroup(const std::optional<std::uint64_t>& group)
 
 void KXChartItems::setLinked(std::vector<KXChartItem> items)
 {
+    const UXNotificationScope scope;
     std::ranges::sort(items);
     if (items == m_linked)
         return;
@@ -289,6 +293,7 @@ void KXChartItems::_updateLabels()
 KXHighlightResult KXChartItems::showLinked(const KXChartDataPath& path, UXControl* control)
 {
     const UXObjectWatcher self(&m_chart);
+    const std::weak_ptr<const bool> controlLife = control ? control->getLife() : std::weak_ptr<const bool>();
     std::vector<KXChartItem> items = m_delegate.findItems(path);
     if (!self.isAlive() || items.empty())
         return KXHighlightResult::NotFound;
@@ -297,13 +302,14 @@ KXHighlightResult KXChartItems::showLinked(const KXChartDataPath& path, UXContro
     if (!self.isAlive())
         return KXHighlightResult::Highlighted;
     UXHintInfo info = m_delegate.obtainItemHint(explained);
-    if (self.isAlive() && info.enabled)
+    if (self.isAlive() && info.enabled && (!control || !controlLife.expired()))
         m_chart.showLinkedHighlightHint(&info, &m_chart, m_delegate.obtainItemHintPoint(first), control);
     return KXHighlightResult::Highlighted;
 }
 
 void KXChartItems::forgetPointer()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(&m_chart);
     const UXEvent event;
     _setHovered(std::nullopt, event);
@@ -316,6 +322,7 @@ void KXChartItems::forgetPointer()
 
 void KXChartItems::clear()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(&m_chart);
     forgetPointer();
     if (!self.isAlive())
@@ -327,6 +334,7 @@ void KXChartItems::clear()
 
 void KXChartItems::takeNewData()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(&m_chart);
     forgetPointer();
     if (self.isAlive())

@@ -1,6 +1,7 @@
 #include "kx_chart.h"
 #include "kx_chart_data_action.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
@@ -48,12 +49,10 @@ void KXChartItems::followLabel(KXChartLabel* label, const KXChartItem& item)
 
 KXChartSelectionProvider* KXChartItems::_obtainSelectionProvider()
 {
-    const UXObjectWatcher self(&m_chart);
-    auto* provider = dynamic_cast<KXChartSelectionProvider*>(m_user.beginUseDataProvider());
-    if (self.isAlive())
-        m_user.endUseDataProvider();
+    const KXChartDataProviderUse use(m_user);
+    auto* provider = use.as<KXChartSelectionProvider>();
     const bool canSelect = provider && m_user.isInteractionEnabled() && provider->obtainCanSelect(&m_user);
-    return self.isAlive() && canSelect ? provider : nullptr;
+    return use.isCurrent() && canSelect ? provider : nullptr;
 }
 
 void KXChartItems::_choose(const KXChartItem& item, const UXEvent& event)
@@ -140,15 +139,16 @@ void KXChartItems::_askForSelectionAnew()
 void KXChartItems::_askForSelection(const std::vector<KXChartItem>& items)
 {
     const UXObjectWatcher self(&m_chart);
+    const KXChartDataProviderWatcher watcher(&m_user);
     KXChartSelectionProvider* provider = _obtainSelectionProvider();
     std::vector<KXChartItem> selected;
     for (const KXChartItem& item : items) {
-        if (!provider || !self.isAlive())
+        if (!provider || !watcher.isCurrent())
             break;
         if (!m_delegate.hasItem(item))
             continue;
         const std::unique_ptr<KXChartDataPath> path(m_delegate.createItemPath(item));
-        if (path && self.isAlive() && provider->obtainIsSelected(path.get()))
+        if (path && watcher.isCurrent() && provider->obtainIsSelected(path.get()))
             selected.push_back(item);
     }
     if (!self.isAlive())

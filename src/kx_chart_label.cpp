@@ -3,6 +3,7 @@
 #include "kx_highlight_ground.h"
 #include "ux/ux_event.h"
 #include "ux/ux_layout_helper.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -72,6 +73,7 @@ void KXChartLabel::setSelectable(bool selectable)
 
 void KXChartLabel::keepTextInside(const UXRect& area)
 {
+    const UXNotificationScope scope;
     if (m_textRoom)
         invalidate();
     m_textRoom.reset();
@@ -102,6 +104,7 @@ void KXChartLabel::autoResize()
 
 void KXChartLabel::selectionChanged()
 {
+    const UXNotificationScope scope;
     UXLabel::selectionChanged();
     KXChartDataUser* user = getDataUser();
     if (!user)
@@ -116,6 +119,7 @@ void KXChartLabel::selectionChanged()
 
 void KXChartLabel::updateInteractionEffects(const std::vector<KXInteractionEffect*>& effects)
 {
+    const UXNotificationScope scope;
     if (effects.empty() && getInteractionEffects().empty())
         return;
     // Before as well: what is drawn larger reaches over what the next look leaves free.
@@ -126,6 +130,7 @@ void KXChartLabel::updateInteractionEffects(const std::vector<KXInteractionEffec
 
 void KXChartLabel::updateHighlightState(KXHighlightState state)
 {
+    const UXNotificationScope scope;
     if (state == getHighlightState())
         return;
     invalidate();

@@ -2,10 +2,12 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_user.h"
 #include "ux/ux_context.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_key_code.h"
+#include "ux/ux_notification_scope.h"
 
 #include <algorithm>
 #include <utility>
@@ -48,6 +50,7 @@ void KXChartLinkedActionDiagram::requestHighlight(KXChart* chart, KXChartDataUse
                                                   const KXChartDataPath& path, UXObject* source,
                                                   const UXEvent& event)
 {
+    const UXNotificationScope scope;
     if (!chart || !user || !source || !_isServed(chart))
         return;
     const bool followsPointer = event.getEventType() == UXEventType::MouseEnter ||
@@ -60,6 +63,7 @@ void KXChartLinkedActionDiagram::requestHighlight(KXChart* chart, KXChartDataUse
 
 void KXChartLinkedActionDiagram::clearHighlight(UXObject* source)
 {
+    const UXNotificationScope scope;
     if (!source || !source->getSelected())
         _removeRequests([source](const Request& request) {
             return request.source.getObject() == source || !request.source.isAlive();
@@ -68,6 +72,7 @@ void KXChartLinkedActionDiagram::clearHighlight(UXObject* source)
 
 void KXChartLinkedActionDiagram::joinHighlight(KXChart* chart)
 {
+    const UXNotificationScope scope;
     if (m_shown && m_shown->chart.isAlive() && m_shown->chart.getObject() != chart && _isServed(chart) &&
         _findReceiver(chart) == m_receivers.end())
         _showIn(chart, *std::shared_ptr<const Request>(m_shown));
@@ -75,6 +80,7 @@ void KXChartLinkedActionDiagram::joinHighlight(KXChart* chart)
 
 void KXChartLinkedActionDiagram::leaveHighlight(KXChart* chart)
 {
+    const UXNotificationScope scope;
     const auto found = _findReceiver(chart);
     if (found == m_receivers.end())
         return;
@@ -85,6 +91,7 @@ void KXChartLinkedActionDiagram::leaveHighlight(KXChart* chart)
 
 void KXChartLinkedActionDiagram::forgetChart(KXChart* chart)
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     leaveHighlight(chart);
     if (self.isAlive())
@@ -107,6 +114,7 @@ KXHighlightResult KXChartLinkedActionDiagram::obtainHighlightResult(const KXChar
 
 void KXChartLinkedActionDiagram::endActions()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     // What is selected asks for as long as it is.
     for (const auto& request : std::exchange(m_requests, {})) {
@@ -278,15 +286,11 @@ void KXChartLinkedActionDiagram::_showIn(KXChart* chart, const Request& request)
 std::unique_ptr<KXChartDataPath> KXChartLinkedActionDiagram::_obtainTargetPath(KXChart* chart,
                                                                                const Request& request)
 {
-    const UXObjectWatcher watcher(chart);
-    KXChartDataUser* user = chart->obtainLegendDataUser();
     KXChartDataPath asked = request.path;
+    const KXChartDataProviderUse use(*chart->obtainLegendDataUser());
     std::unique_ptr<KXChartDataPath> path;
-    KXChartDataProvider* provider = user->beginUseDataProvider();
-    if (provider && watcher.isAlive() && request.chart.isAlive())
-        path.reset(provider->obtainDataLinkedHighlightTargetPath(request.user, &asked, provider));
-    if (watcher.isAlive())
-        user->endUseDataProvider();
+    if (use.isCurrent() && request.chart.isAlive())
+        path.reset(use.get()->obtainDataLinkedHighlightTargetPath(request.user, &asked, use.get()));
     return path;
 }
 

@@ -1,5 +1,6 @@
 #include "kx_chart_property_base.h"
 
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_property_table.h"
 
 KXChartPropertyBase::KXChartPropertyBase() = default;
@@ -17,25 +18,44 @@ KXChartPropertyBase* KXChartPropertyBase::copy(const KXKeys&, bool) { return nul
 
 void KXChartPropertyBase::assignTo(KXChartPropertyBase*, const KXKeys&, bool) {}
 
+/** Lets an object take the named keys only, until an assignment has ended, if with a callback's exception. */
+class KXChartPropertyBase::KeyFilter {
+public:
+    KeyFilter(KXChartPropertyBase& target, const KXKeys& keys) : m_target(target), m_watcher(&target)
+    {
+        target.setRequireKeysToAssignTo(true);
+        target.setKeysToAssignTo(keys);
+    }
+    ~KeyFilter()
+    {
+        if (!m_watcher.isAlive())
+            return;
+        m_target.setKeysToAssignTo({});
+        m_target.setRequireKeysToAssignTo(false);
+    }
+    KeyFilter(const KeyFilter&) = delete;
+    KeyFilter& operator=(const KeyFilter&) = delete;
+
+private:
+    KXChartPropertyBase& m_target;
+    UXJsonObjectWatcher m_watcher;
+};
+
 void KXChartPropertyBase::assignUpdatedPropertiesTo(KXChartPropertyBase* target, const KXKeys& keys,
                                                     bool exclude)
 {
+    const UXNotificationScope scope;
     if (!target)
         return;
-    const UXJsonObjectWatcher watcher(target);
-    target->setRequireKeysToAssignTo(true);
-    target->setKeysToAssignTo(m_updatedKeys);
+    const KeyFilter filter(*target, m_updatedKeys);
     assignTo(target, keys, exclude);
-    if (!watcher.isAlive())
-        return;
-    target->setKeysToAssignTo({});
-    target->setRequireKeysToAssignTo(false);
 }
 
 void KXChartPropertyBase::unmarkUpdatedProperties() { m_updatedKeys.clear(); }
 
 void KXChartPropertyBase::triggerAllPropertiesUpdatedEvents()
 {
+    const UXNotificationScope scope;
     const ForcedUpdates forced(this);
     const KXKeys updatedKeys = m_updatedKeys;
     assignTo(this, {}, true);
@@ -106,6 +126,7 @@ void KXChartPropertyBase::_updateKey(const char* key, const UXPropertyType& type
 void KXChartPropertyBase::_assignKeys(const UXPropertyTable& table, KXChartPropertyBase* target,
                                       const KXKeys& keys, bool exclude)
 {
+    const UXNotificationScope scope;
     if (target)
         table.assign(*this, *target, keys, exclude);
 }
@@ -113,6 +134,7 @@ void KXChartPropertyBase::_assignKeys(const UXPropertyTable& table, KXChartPrope
 void KXChartPropertyBase::_resetKeys(const UXPropertyTable& table, KXChartResetType type,
                                      KXChartPropertyBase* source, const KXKeys& groups)
 {
+    const UXNotificationScope scope;
     if (!source)
         return;
     const ForcedUpdates forced(this);
@@ -125,6 +147,7 @@ void KXChartPropertyBase::markUpdatedKey(const std::string& key) { m_updatedKeys
 
 void KXChartPropertyBase::triggerUpdatedEvent(const std::string& key)
 {
+    const UXNotificationScope scope;
     auto found = m_updatedEvents.find(key);
     if (found == m_updatedEvents.end())
         found = m_updatedEvents.find(std::string());

@@ -117,6 +117,8 @@ protected:
     bool m_forceUpdate = false;
 
 private:
+    class KeyFilter;
+
     KXKeys m_updatedKeys;
     std::map<std::string, UpdatedEvent> m_updatedEvents;
     bool m_requireKeysToAssignTo = false;

@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_toolbox_item.h"
 #include "kx_chart_toolbox_menu_context.h"
@@ -35,23 +36,16 @@ KXChartToolbox::KXChartToolbox() { setShowsFocus(true); }
 
 KXChartToolbox::~KXChartToolbox() = default;
 
-void KXChartToolbox::setDataUser(KXChartDataUser* user)
-{
-    m_dataUser = user;
-    m_dataUserChart = UXObjectWatcher(user ? user->getChart() : nullptr);
-}
+void KXChartToolbox::setDataUser(KXChartDataUser* user) { m_dataUser = KXChartDataUserWatcher(user); }
 
-KXChartDataUser* KXChartToolbox::getDataUser() const
-{
-    return m_dataUserChart.isAlive() ? m_dataUser : nullptr;
-}
+KXChartDataUser* KXChartToolbox::getDataUser() const { return m_dataUser.get(); }
 
 void KXChartToolbox::prepare()
 {
     const UXObjectWatcher self(this);
     std::vector<KXMenuEntry> entries = _obtainEntries(
-        [](KXChartDataProvider& provider, KXChartDataUser* user) {
-            return provider.obtainDataToolboxContext(user, nullptr);
+        [](const KXChartDataProviderUse& use, KXChartDataUser* user) {
+            return use.get()->obtainDataToolboxContext(user, nullptr);
         });
     if (!self.isAlive())
         return;
@@ -66,14 +60,9 @@ std::vector<KXMenuEntry> KXChartToolbox::_obtainEntries(const Question& ask)
     KXChartDataUser* user = getDataUser();
     if (!user)
         return {};
-    const UXObjectWatcher chart = m_dataUserChart;
-    KXChartDataProvider* provider = user->beginUseDataProvider();
-    std::vector<KXMenuEntry> entries;
-    if (const KXChartToolboxMenuContext* context = provider ? ask(*provider, user) : nullptr)
-        entries = context->entries;
-    if (chart.isAlive())
-        user->endUseDataProvider();
-    return entries;
+    const KXChartDataProviderUse use(*user);
+    const KXChartToolboxMenuContext* context = use.isCurrent() ? ask(use, user) : nullptr;
+    return context ? context->entries : std::vector<KXMenuEntry>();
 }
 
 std::vector<KXChartToolboxItem*> KXChartToolbox::getItems() const
@@ -192,12 +181,12 @@ void KXChartToolbox::_openDropDownMenu(const std::string& identifier, const UXRe
 {
     const UXObjectWatcher self(this), button(item);
     const std::vector<KXMenuEntry> entries = _obtainEntries(
-        [&](KXChartDataProvider& provider, KXChartDataUser* user) -> KXChartToolboxMenuContext* {
-            const UXObjectWatcher chart = m_dataUserChart;
+        [&](const KXChartDataProviderUse& use, KXChartDataUser* user) -> KXChartToolboxMenuContext* {
             KXChartDataPath path;
             path.identifier = identifier;
-            const bool wanted = provider.obtainDataShouldDropDownMenu(user, &path);
-            return wanted && chart.isAlive() ? provider.obtainDataDropDownMenuContext(user, &path) : nullptr;
+            const bool wanted = use.get()->obtainDataShouldDropDownMenu(user, &path);
+            return wanted && use.isCurrent() ? use.get()->obtainDataDropDownMenuContext(user, &path)
+                                             : nullptr;
         });
     if (self.isAlive())
         _openMenu(entries, anchor, button.getObject());
@@ -276,6 +265,7 @@ UXRect KXChartToolbox::_obtainButtonsRect() const
 /** @return as many entries as have room; the last one leads to those that have none */
 std::vector<KXMenuEntry> KXChartToolbox::_obtainShownEntries() const
 {
+    const UXObjectWatcher self(const_cast<KXChartToolbox*>(this));
     // The last button has no gap after it.
     const std::int64_t width = std::int64_t{getRect().width} + itemGap;
     const auto room = static_cast<std::size_t>(std::max<std::int64_t>(width / itemPitch, 0));
@@ -283,10 +273,13 @@ std::vector<KXMenuEntry> KXChartToolbox::_obtainShownEntries() const
         return m_entries;
     if (room == 0)
         return {};
+    const std::string moreText = uxLocalizeString("More");
+    if (!self.isAlive())
+        return {};
     const auto rest = m_entries.begin() + static_cast<std::ptrdiff_t>(room) - 1;
     std::vector<KXMenuEntry> shown(m_entries.begin(), rest);
     KXMenuEntry& more = shown.emplace_back();
-    more.text = uxLocalizeString("More");
+    more.text = moreText;
     more.icon = KXMenuIcon::More;
     more.entries.assign(rest, m_entries.end());
     for (KXMenuEntry& entry : more.entries) {
@@ -310,6 +303,8 @@ void KXChartToolbox::_placeItems()
 {
     const UXObjectWatcher self(this);
     const std::vector<KXMenuEntry> shown = _obtainShownEntries();
+    if (!self.isAlive())
+        return;
     // Buttons that stay keep the focus.
     for (auto items = getItems(); items.size() > shown.size(); items = getItems()) {
         delete items.back();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_chart_data_user_watcher.h"
 #include "kx_export.h"
 #include "kx_menu_entry.h"
 #include "ux/ux_object.h"
@@ -10,7 +11,7 @@
 #include <string>
 #include <vector>
 
-class KXChartDataProvider;
+class KXChartDataProviderUse;
 class KXChartDataUser;
 class KXChartToolboxItem;
 class KXMenuEventDiagram;
@@ -80,7 +81,8 @@ protected:
     bool customKeyDown(const UXEvent& event, bool& stop) override;
 
 private:
-    using Question = std::function<KXChartToolboxMenuContext*(KXChartDataProvider&, KXChartDataUser*)>;
+    using Question =
+        std::function<KXChartToolboxMenuContext*(const KXChartDataProviderUse&, KXChartDataUser*)>;
 
     std::vector<KXMenuEntry> _obtainEntries(const Question& ask);
     std::vector<KXMenuEntry> _obtainShownEntries() const;
@@ -95,8 +97,7 @@ private:
     void _menuClosed();
     void _prepareAfter(const UXEvent& event);
 
-    KXChartDataUser* m_dataUser = nullptr; // the chart's, for as long as that lives
-    UXObjectWatcher m_dataUserChart{nullptr};
+    KXChartDataUserWatcher m_dataUser; // the chart's
     std::vector<KXMenuEntry> m_entries;
     std::unique_ptr<KXMenuEventDiagram> m_menuDiagram;
     bool m_hidesAfterMenu = false;

@@ -16,7 +16,7 @@ KXChartToolboxItem::KXChartToolboxItem() : UXHintDelegate(this)
     });
 }
 
-KXChartToolboxItem::~KXChartToolboxItem() = default;
+KXChartToolboxItem::~KXChartToolboxItem() { setParent(nullptr); }
 
 void KXChartToolboxItem::setEntry(const KXMenuEntry& entry)
 {

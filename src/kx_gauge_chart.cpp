@@ -1,6 +1,7 @@
 #include "kx_gauge_chart.h"
 
 #include "kx_chart_data_format.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_toolbox.h"
@@ -95,7 +96,11 @@ KXGaugeChart::KXGaugeChart()
     m_dataFormat->setUpdatedEvent([this] { _layoutAnew(); });
 }
 
-KXGaugeChart::~KXGaugeChart() { m_dataFormat->setUpdatedEvent({}); }
+KXGaugeChart::~KXGaugeChart()
+{
+    _leaveView();
+    m_dataFormat->setUpdatedEvent({});
+}
 
 KX_DEFINE_CHART_KEYS(KXGaugeChart, KX_GAUGE_CHART_KEYS)
 
@@ -574,21 +579,18 @@ UXRect KXGaugeChart::obtainItemRect(const KXChartItem& item) const
 /** @return what the provider says about a measure, or else its name and what its label shows */
 UXHintInfo KXGaugeChart::obtainItemHint(const KXChartItem& item)
 {
-    const UXObjectWatcher self(this);
     const std::uint64_t measure = item.group;
-    auto* provider = dynamic_cast<KXGaugeChartDataProvider*>(beginUseDataProvider());
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXGaugeChartDataProvider>();
     KXChartDataProviderHintData data;
     if (provider)
         data = provider->obtainHintData(this, {measure, 0});
-    if (provider && self.isAlive() && data.isEmpty()) {
+    if (provider && use.isCurrent() && data.isEmpty()) {
         data.value = _obtainHintText(measure);
         if (_isGivenByHost(measure))
             data.title = provider->obtainValueLabel(this, measure);
     }
-    if (!self.isAlive())
-        return UXHintInfo(false);
-    endUseDataProvider();
-    return kxMakeHintInfo(data, m_hintInfo);
+    return use.isAlive() ? kxMakeHintInfo(data, m_hintInfo) : UXHintInfo(false);
 }
 
 void KXGaugeChart::_drawPipe(UXPainter& painter, const KXGaugeDial& dial) const

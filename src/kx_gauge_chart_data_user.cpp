@@ -1,8 +1,9 @@
 #include "kx_gauge_chart_data_user.h"
 
 #include "kx_chart.h"
+#include "kx_chart_data_provider_watcher.h"
 #include "kx_gauge_chart_data_provider.h"
-#include "ux/ux_object_watcher.h"
+#include "ux/ux_assert.h"
 
 namespace {
 
@@ -23,21 +24,22 @@ void KXGaugeChartDataUser::resetData()
 void KXGaugeChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
 {
     auto* measures = dynamic_cast<KXGaugeChartDataProvider*>(provider);
-    const UXObjectWatcher chart(getChart());
-    if (!measures || measures->obtainDataIsEmpty(this) || !chart.isAlive())
+    const KXChartDataProviderWatcher watcher(this);
+    if (!uxAssert(measures) || measures->obtainDataIsEmpty(this) || !watcher.isCurrent())
         return;
 
     // The answers are gathered aside: the provider may destroy the chart, and this with it, in any of them.
     const std::uint64_t count = measures->obtainValueCount(this);
     std::array<double, measureCount> numbers;
     numbers.fill(noValue);
-    for (std::uint64_t measure = 0; measure < measureCount && measure < count && chart.isAlive(); ++measure) {
+    for (std::uint64_t measure = 0; measure < measureCount && measure < count && watcher.isCurrent();
+         ++measure) {
         const KXIndexPath cell{measure, 0};
         const bool isNull = measures->obtainValueDataIsNull(this, cell);
-        if (!isNull && chart.isAlive())
+        if (!isNull && watcher.isCurrent())
             numbers[measure] = measures->obtainValueData(this, cell);
     }
-    if (!chart.isAlive())
+    if (!watcher.isCurrent())
         return;
     m_value = numbers[value];
     m_target = numbers[target];

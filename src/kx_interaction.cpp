@@ -4,6 +4,7 @@
 #include "kx_chart_data_user.h"
 #include "kx_context_menu.h"
 #include "kx_interaction_provider.h"
+#include "kx_interaction_provider_use.h"
 #include "kx_interaction_user.h"
 #include "ux/ux_assert.h"
 #include "ux/ux_event.h"
@@ -88,7 +89,8 @@ void KXInteraction::registerInteraction(KXInteractionUser* user,
         // An object keeps its handlers for good, so the first registration of a type installs the one that
         // serves all later ones.
         const auto [registration, isFirst] = m_registrations.insert_or_assign(
-            type, Registration{user, objectIDs, condition});
+            type, Registration{user, KXChartDataUserWatcher(dynamic_cast<KXChartDataUser*>(user)), objectIDs,
+                               condition});
         if (isFirst)
             m_owner->registerEventHandler(obtainEventType(type), [this, type](const UXEvent& event) {
                 return _triggerRegistration(type, event);
@@ -119,9 +121,11 @@ bool KXInteraction::_triggerRegistration(KXInteractionEventType type, const UXEv
     // A copy: what runs now may register anew or destroy this object.
     const Registration registration = m_registrations[type];
     const UXObjectWatcher owner(m_owner);
+    if (registration.chartUser.isGone())
+        return true;
     const std::vector<KXObjectID> objectIDs = registration.objectIDs ? registration.objectIDs(event)
                                                                      : std::vector<KXObjectID>();
-    if (!owner.isAlive())
+    if (!owner.isAlive() || registration.chartUser.isGone())
         return true;
     return _triggerRegisteredInteraction(registration.user, true, event, type, objectIDs,
                                          registration.condition);
@@ -158,15 +162,13 @@ bool KXInteraction::_triggerRegisteredInteraction(KXInteractionUser* user, bool 
     if (!user || isOff || objectIDs.empty() || !_isAllowed(user, event, type, condition))
         return true;
 
-    // The answer may destroy this part and leave the chart, whose use has an end all the same.
-    const UXObjectWatcher owner(m_owner),
-        asker(dataUser ? static_cast<UXObject*>(dataUser->getChart()) : m_owner);
-    KXInteractionProvider* provider = user->beginUseInteractionProvider();
+    const UXObjectWatcher owner(m_owner);
     KXInteractionOperation operation;
-    if (provider)
-        operation = provider->obtainInteractionOperation(objectIDs, KXInteractionEventInfo(event));
-    if (asker.isAlive())
-        user->endUseInteractionProvider();
+    {
+        const KXInteractionProviderUse use(*user, m_owner);
+        if (use.get())
+            operation = use.get()->obtainInteractionOperation(objectIDs, KXInteractionEventInfo(event));
+    }
     if (!owner.isAlive())
         return true;
 

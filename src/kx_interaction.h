@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_chart_data_user_watcher.h"
 #include "kx_export.h"
 #include "kx_interaction_event_type.h"
 #include "kx_object_id.h"
@@ -63,6 +64,7 @@ protected:
 private:
     struct Registration {
         KXInteractionUser* user = nullptr; // the chart's
+        KXChartDataUserWatcher chartUser;  // the same, where it serves a chart
         KXInteractionObjectIDs objectIDs;
         KXInteractionCondition condition;
     };

@@ -7,7 +7,9 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_layout_helper.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
 #include "ux/ux_paint_config.h"
@@ -64,6 +66,7 @@ KXLegend::KXLegend() : KXInteraction(this), m_scrollView(new UXVirtualScrollView
 
 KXLegend::~KXLegend()
 {
+    setParent(nullptr);
     // What goes with the legend must not call it any more.
     const std::vector<UXObject*>& children = getChildren();
     if (std::find(children.begin(), children.end(), m_scrollView) != children.end())
@@ -72,6 +75,7 @@ KXLegend::~KXLegend()
 
 void KXLegend::setDelegate(KXLegendDelegate* delegate)
 {
+    const UXNotificationScope scope;
     if (m_delegate == delegate)
         return;
     const UXObjectWatcher self(this);
@@ -169,7 +173,11 @@ void KXLegend::setSymbolStyle(UXSymbolStyle style)
 
 UXSymbolStyle KXLegend::getSymbolStyle() const { return m_symbolStyle; }
 
-void KXLegend::endCellHover() { m_cells.endHover(); }
+void KXLegend::endCellHover()
+{
+    const UXNotificationScope scope;
+    m_cells.endHover();
+}
 
 double KXLegend::obtainLegendHeight()
 {
@@ -291,21 +299,19 @@ void KXLegend::customLayout()
     if (!self.isAlive())
         return;
     // On the way the view's sizes do not belong together yet: cells are placed once, at the end.
-    m_arranging = true;
+    UXFlagScope arranging(this, m_arranging);
     const bool isRow = m_arrangement == UXArrangement::Row;
     m_scrollView->setEnableHorizontalScrollBar(isRow, false);
     m_scrollView->setEnableVerticalScrollBar(!isRow, false);
     const UXRect area = getContentRect();
     m_scrollView->setRect(isRow ? _arrangeRow(area) : _arrangeColumn(area));
-    m_arranging = false;
+    arranging.end();
     for (UXObject* child : getChildren())
         child->layout();
     if (!self.isAlive())
         return;
-    m_contentChanged = true;
+    const UXFlagScope contentChanged(this, m_contentChanged);
     virtualScrollViewContentOffsetChanged(m_scrollView, UXEvent());
-    if (self.isAlive())
-        m_contentChanged = false;
 }
 
 UXRect KXLegend::_arrangeRow(UXRect area)
@@ -443,6 +449,7 @@ bool KXLegend::isWalkedTo(std::uint64_t index) const { return m_cells.isWalkedTo
 
 bool KXLegend::takeKeys()
 {
+    const UXNotificationScope scope;
     UXDiagram* diagram = uxObtainDiagram(this);
     if (!diagram || !getVisible() || uxIsEmptyRect(getRect()) || !_canWalk())
         return false;
@@ -451,14 +458,16 @@ bool KXLegend::takeKeys()
     return true;
 }
 
-/** @return whether there are cells, and these those of the present data */
+/** @return whether there are cells, these those of the present data, and placed as they are arranged now */
 bool KXLegend::_canWalk() const
 {
-    return m_delegate && !obtainListedCells().empty() && !m_dataUpdated && !m_cellVisibleUpdated;
+    return m_delegate && !obtainListedCells().empty() && !m_dataUpdated && !m_cellVisibleUpdated &&
+           !getRequireToVerifyLayout();
 }
 
 void KXLegend::takeFocus(const std::optional<std::uint64_t>& index)
 {
+    const UXNotificationScope scope;
     m_cells.press(index);
     if (UXDiagram* diagram = uxObtainDiagram(this))
         diagram->setFocusedObject(this);

@@ -3,6 +3,7 @@
 #include "kx_highlight_ground.h"
 #include "kx_legend.h"
 #include "ux/ux_event.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
@@ -30,7 +31,7 @@ KXLegendCell::KXLegendCell(KXLegend* legend) : KXInteraction(this), UXHintDelega
     });
 }
 
-KXLegendCell::~KXLegendCell() = default;
+KXLegendCell::~KXLegendCell() { setParent(nullptr); }
 
 void KXLegendCell::showCell(std::uint64_t index, const std::string& label, UXSymbolStyle style)
 {
@@ -162,6 +163,7 @@ void KXLegendCell::_beginHover()
 
 void KXLegendCell::endHover()
 {
+    const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     if (_setHovered(false))
         m_legend->cellHovered(getIndex(), false);

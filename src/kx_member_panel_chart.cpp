@@ -1,6 +1,7 @@
 #include "kx_member_panel_chart.h"
 
 #include "kx_chart_data_format.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_hint_text.h"
 #include "kx_legend.h"
@@ -30,7 +31,11 @@ KXMemberPanelChart::KXMemberPanelChart()
     m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
 }
 
-KXMemberPanelChart::~KXMemberPanelChart() { m_dataFormat->setUpdatedEvent({}); }
+KXMemberPanelChart::~KXMemberPanelChart()
+{
+    _leaveView();
+    m_dataFormat->setUpdatedEvent({});
+}
 
 KXChartDataFormat* KXMemberPanelChart::getDataFormat() const { return m_dataFormat.get(); }
 
@@ -154,18 +159,16 @@ void KXMemberPanelChart::customReloadData()
 
 void KXMemberPanelChart::customReloadColors()
 {
-    const UXObjectWatcher self(this);
     const std::vector<UXColor> palette = getDefaultColors();
     std::vector<UXColor> colors;
-    KXChartDataProvider* provider = beginUseDataProvider();
+    const KXChartDataProviderUse use(*this);
     for (std::uint64_t item = 0; item < obtainItemCount(); ++item) {
         UXColor& color = colors.emplace_back(palette[item % palette.size()]);
-        if (provider)
-            provider->obtainValueDataColor(this, _obtainItemPath(item), color);
-        if (!self.isAlive())
+        if (use.isCurrent())
+            use.get()->obtainValueDataColor(this, _obtainItemPath(item), color);
+        if (!use.isAlive())
             return;
     }
-    endUseDataProvider();
     m_itemColors = std::move(colors);
 }
 
@@ -221,17 +224,15 @@ std::vector<KXObjectID> KXMemberPanelChart::obtainItemObjectIDs(const KXChartIte
 /** @return what the provider says about an item, or else its name and its value */
 UXHintInfo KXMemberPanelChart::obtainItemHint(const KXChartItem& item)
 {
-    const UXObjectWatcher self(this);
     KXChartDataProviderHintData data;
-    auto* provider = dynamic_cast<KXPanelChartDataProvider*>(beginUseDataProvider());
-    if (provider)
+    const KXChartDataProviderUse use(*this);
+    if (auto* provider = use.as<KXPanelChartDataProvider>())
         data = provider->obtainHintData(this, _obtainItemPath(item.group));
-    if (!self.isAlive())
+    if (!use.isAlive())
         return UXHintInfo(false);
-    endUseDataProvider();
     if (data.isEmpty()) {
         data.title = obtainItemName(item.group);
-        if (!self.isAlive())
+        if (!use.isAlive())
             return UXHintInfo(false);
         data.value = obtainItemValueText(item.group);
     }

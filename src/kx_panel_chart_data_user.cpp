@@ -1,8 +1,9 @@
 #include "kx_panel_chart_data_user.h"
 
 #include "kx_chart.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_panel_chart_data_provider.h"
-#include "ux/ux_object_watcher.h"
+#include "ux/ux_assert.h"
 
 #include <algorithm>
 #include <cmath>
@@ -69,14 +70,12 @@ std::string KXPanelChartDataUser::obtainMemberText(std::uint64_t dimension, std:
     auto& texts = m_memberTexts[dimension];
     if (const auto found = texts.find(member); found != texts.end())
         return found->second;
-    const UXObjectWatcher chart(getChart());
-    auto* provider = dynamic_cast<KXPanelChartDataProvider*>(beginUseDataProvider());
+    const KXChartDataProviderUse use(*this);
     std::string text;
-    if (provider)
+    if (auto* provider = use.as<KXPanelChartDataProvider>())
         provider->obtainMemberTexts(this, dimension, member, {&text, 1});
-    if (!chart.isAlive())
+    if (!use.isAlive())
         return text;
-    endUseDataProvider();
     if (texts.size() >= greatestTextCount)
         texts.clear();
     return texts[member] = text;
@@ -92,25 +91,25 @@ void KXPanelChartDataUser::resetData()
 void KXPanelChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
 {
     auto* panelProvider = dynamic_cast<KXPanelChartDataProvider*>(provider);
-    const UXObjectWatcher chart(getChart());
-    if (!panelProvider || panelProvider->obtainDataIsEmpty(this) || !chart.isAlive())
+    const KXChartDataProviderWatcher watcher(this);
+    if (!uxAssert(panelProvider) || panelProvider->obtainDataIsEmpty(this) || !watcher.isCurrent())
         return;
 
     // The answers are gathered aside: the provider may destroy the chart, and this with it, in any of them.
     Data data;
-    for (std::size_t i = 0; i < greatestDimensionCount && chart.isAlive(); ++i) {
+    for (std::size_t i = 0; i < greatestDimensionCount && watcher.isCurrent(); ++i) {
         const std::uint64_t room = greatestValueCount / data.obtainCellCount();
         data.memberCounts[i] = (std::min)(panelProvider->obtainDimensionDataCount(this, i), room);
         if (data.memberCounts[i] == 0)
             break;
         ++data.dimensionCount;
     }
-    const std::uint64_t count = chart.isAlive() ? panelProvider->obtainValueCount(this) : 0;
+    const std::uint64_t count = watcher.isCurrent() ? panelProvider->obtainValueCount(this) : 0;
     const std::uint64_t most = (std::min)(greatestMeasureCount, greatestValueCount / data.obtainCellCount());
     for (std::uint64_t measure = 0; measure < (std::min)(count, most); ++measure)
-        if (!chart.isAlive() || !_pullMeasure(*panelProvider, measure, data))
+        if (!watcher.isCurrent() || !_pullMeasure(*panelProvider, measure, data))
             return;
-    if (!chart.isAlive())
+    if (!watcher.isCurrent())
         return;
     m_data = std::move(data);
     prepared = std::ranges::any_of(m_data.measures, [](const Measure& measure) {
@@ -118,17 +117,19 @@ void KXPanelChartDataUser::customPrepareData(KXChartDataProvider* provider, bool
     });
 }
 
-/** @return false once the chart is gone */
+/** @return false once the provider must not be asked more */
 bool KXPanelChartDataUser::_pullMeasure(KXPanelChartDataProvider& provider, std::uint64_t measure, Data& data)
 {
-    const UXObjectWatcher chart(getChart());
+    const KXChartDataProviderWatcher watcher(this);
     Measure pulled;
     pulled.label = provider.obtainValueLabel(this, measure);
+    if (!watcher.isCurrent())
+        return false;
     pulled.values.resize(data.obtainCellCount(), noNumber);
     const bool hasRows = data.dimensionCount > 1;
     const std::uint64_t rowLength = hasRows ? data.memberCounts[1] : pulled.values.size();
     const std::uint64_t rowCount = pulled.values.size() / rowLength;
-    for (std::uint64_t row = 0; row < rowCount && chart.isAlive(); ++row) {
+    for (std::uint64_t row = 0; row < rowCount && watcher.isCurrent(); ++row) {
         const KXIndexPath first = hasRows ? KXIndexPath{measure, row, 0} : KXIndexPath{measure, 0};
         provider.obtainValues(this, first, std::span(pulled.values).subspan(row * rowLength, rowLength));
     }
@@ -136,7 +137,7 @@ bool KXPanelChartDataUser::_pullMeasure(KXPanelChartDataProvider& provider, std:
         if (!std::isfinite(value))
             value = noNumber;
     data.measures.push_back(std::move(pulled));
-    return chart.isAlive();
+    return watcher.isCurrent();
 }
 
 void KXPanelChartDataUser::customReloadData() {}

@@ -1,6 +1,7 @@
 #include "kx_value_chart.h"
 
 #include "kx_chart_data_format.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
@@ -40,7 +41,11 @@ KXValueChart::KXValueChart()
     m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
 }
 
-KXValueChart::~KXValueChart() { m_dataFormat->setUpdatedEvent({}); }
+KXValueChart::~KXValueChart()
+{
+    _leaveView();
+    m_dataFormat->setUpdatedEvent({});
+}
 
 KXChartDataFormat* KXValueChart::getDataFormat() const { return m_dataFormat.get(); }
 KXChartLabel* KXValueChart::getValueLabel() const { return m_valueLabel; }
@@ -97,17 +102,15 @@ std::vector<KXChartItem> KXValueChart::findItems(const KXChartDataPath& path)
 /** @return what the provider says about the value, or else its name and what the label shows */
 UXHintInfo KXValueChart::obtainItemHint(const KXChartItem&)
 {
-    const UXObjectWatcher self(this);
-    auto* provider = dynamic_cast<KXValueChartDataProvider*>(beginUseDataProvider());
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXValueChartDataProvider>();
     KXChartDataProviderHintData data;
-    if (provider && self.isAlive())
+    if (provider)
         data = provider->obtainHintData(this, {0, 0});
-    if (provider && self.isAlive() && data.isEmpty()) {
+    if (provider && use.isCurrent() && data.isEmpty()) {
         data.value = m_valueLabel->getText();
         data.title = provider->obtainValueLabel(this, 0);
     }
-    if (self.isAlive())
-        endUseDataProvider();
     return kxMakeHintInfo(data, UXHintInfo());
 }
 

@@ -1,8 +1,9 @@
 #include "kx_value_chart_data_user.h"
 
 #include "kx_chart.h"
+#include "kx_chart_data_provider_watcher.h"
 #include "kx_value_chart_data_provider.h"
-#include "ux/ux_object_watcher.h"
+#include "ux/ux_assert.h"
 
 namespace {
 
@@ -24,15 +25,15 @@ void KXValueChartDataUser::resetData()
 void KXValueChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
 {
     auto* values = dynamic_cast<KXValueChartDataProvider*>(provider);
-    const UXObjectWatcher chart(getChart());
-    if (!values || values->obtainDataIsEmpty(this))
+    const KXChartDataProviderWatcher watcher(this);
+    if (!uxAssert(values) || values->obtainDataIsEmpty(this))
         return;
 
     // The answers are gathered aside: the provider may destroy the chart, and this with it, in any of them.
     Data data;
-    data.valueCount = chart.isAlive() ? values->obtainValueCount(this) : 0;
+    data.valueCount = watcher.isCurrent() ? values->obtainValueCount(this) : 0;
     const auto pull = [&](auto& into, auto ask) {
-        if (chart.isAlive())
+        if (watcher.isCurrent())
             into = ask();
     };
     if (data.valueCount == 1) {
@@ -43,11 +44,12 @@ void KXValueChartDataUser::customPrepareData(KXChartDataProvider* provider, bool
                               data.dataType == KXChartDataType::Float;
         if (isNumber)
             pull(data.number, [&] { return values->obtainValueData(this, cellPath); });
-        prepared = isNumber && !data.isNull;
-        if (!prepared)
+        const bool isUsable = isNumber && !data.isNull;
+        if (!isUsable)
             pull(data.text, [&] { return values->obtainValueDataString(this, cellPath); });
+        prepared = isUsable && watcher.isCurrent();
     }
-    if (chart.isAlive())
+    if (watcher.isCurrent())
         m_data = std::move(data);
 }
 

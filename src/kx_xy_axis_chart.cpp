@@ -7,6 +7,7 @@
 #include "kx_axis_scale.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_key_definitions.h"
 #include "ux/ux_device_transform.h"
 #include "ux/ux_object_watcher.h"
@@ -346,13 +347,12 @@ std::string KXXYAxisChart::_obtainCategoryTickText(double value)
         return value >= 0 ? obtainCategoryLabel(toIndex(value, getCategoryCount())) : std::string();
     if (!m_x.cache.isTemporalDimension)
         return m_x.dataFormat->formatNumber(value);
-    const UXObjectWatcher self(this);
+    const KXChartDataProviderUse use(*this);
     std::string text;
-    if (KXChartDataProvider* provider = beginUseDataProvider())
-        text = provider->obtainDimensionDataAsDateTime(this, value);
-    if (!self.isAlive())
+    if (use.isCurrent())
+        text = use.get()->obtainDimensionDataAsDateTime(this, value);
+    if (!use.isAlive())
         return {};
-    endUseDataProvider();
     return m_x.dataFormat->formatDateTime(text, getCategoryDataType(), getCategoryAggregateType());
 }
 

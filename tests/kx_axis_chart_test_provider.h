@@ -1,6 +1,8 @@
 #pragma once
 
 #include "kx_axis_chart_data_provider.h"
+#include "ux/ux_color.h"
+#include "ux/ux_text_property.h"
 
 #include <cmath>
 #include <functional>
