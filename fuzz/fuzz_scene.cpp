@@ -13,13 +13,16 @@
 
 #include <iterator>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
-// More names go to the end.
-constexpr const char* chartTypes[] = {"KXValueChart", "KXGaugeChart", "KXBarChart"};
-constexpr int typeCount = static_cast<int>(std::size(chartTypes));
-constexpr int chartCount = typeCount * static_cast<int>(std::size(fuzzDocuments));
+const std::vector<std::string>& obtainChartTypes()
+{
+    static const std::vector<std::string> types = KXJsonObjectFactory::obtainChartTypeNames();
+    return types;
+}
 
 constexpr double deviceScales[] = {1, 1.25, 1.5, 2};
 
@@ -71,10 +74,13 @@ void FuzzScene::changeBoard()
 
 void FuzzScene::addChart()
 {
-    const int choice = m_input.takeBelow(chartCount);
+    const std::vector<std::string>& types = obtainChartTypes();
+    const int typeCount = static_cast<int>(types.size());
+    const int choice = m_input.takeBelow(typeCount * static_cast<int>(std::size(fuzzDocuments)));
     if (m_charts.size() >= 4)
         return;
-    std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(chartTypes[choice % typeCount]));
+    std::unique_ptr<UXJsonObject> made(
+        KXJsonObjectFactory().create(types[static_cast<std::size_t>(choice % typeCount)]));
     auto* chart = dynamic_cast<KXChart*>(made.get());
     require(chart != nullptr, "the factory makes every chart");
     made.release();

@@ -10,6 +10,7 @@
 #include "kx_xy_axis_chart.h"
 #include "text_file.h"
 
+#include <cstdio>
 #include <nlohmann/json.hpp>
 
 namespace {
@@ -41,7 +42,7 @@ bool hasDatePattern(const nlohmann::json& document)
 
 } // namespace
 
-ChartDocument::ChartDocument(const std::string& path)
+ChartDocument::ChartDocument(const std::string& path) : m_path(path)
 {
     const std::string text = readTextFile(path);
     const nlohmann::json parsed = parseJsonDocument(path, text);
@@ -71,6 +72,13 @@ void ChartDocument::_requireUnderstood(const std::string& path, const std::strin
     const std::string key = findRefusedKey(nlohmann::json::parse(text), nlohmann::json::parse(save()));
     if (!key.empty())
         throw HostError(path, key, "holds a value that the chart does not take");
+}
+
+void ChartDocument::tellUnknownKeys() const
+{
+    for (const std::string& key : m_chart->getDeserializedUnknownKeys())
+        std::fprintf(stderr, "%s: %s: is no key of a %s\n", m_path.c_str(), key.c_str(),
+                     m_chart->customSerializeTypeID().c_str());
 }
 
 void ChartDocument::loadData(KXChartDataProvider* provider)

@@ -21,6 +21,8 @@ public:
     /** Prepares and loads the chart's data. Dates and times along the categories read as their level asks,
      * where the document has no pattern for them. @param provider outlives this object, null for none */
     void loadData(KXChartDataProvider* provider);
+    /** Writes a line to stderr for each key that no chart of the kind has: a mistyped one, most likely. */
+    void tellUnknownKeys() const;
     /** @return the chart as it is saved now */
     std::string save() const { return m_chart->serialize(); }
 
@@ -29,6 +31,7 @@ private:
 
     void _takeDatePattern(KXChartDataUser* user, KXChartDataProvider* provider);
 
+    std::string m_path;
     std::unique_ptr<KXChart> m_chart;
     bool m_hasDatePattern = false;
 };

@@ -53,6 +53,7 @@ void render(const Options& options)
     obtainPictureFormat(options.out);
     uxCairoInstall();
     ChartDocument document(options.chart);
+    document.tellUnknownKeys();
     ProgressLine progress("reading " + options.data);
     ChartDataSource source(options.data, options.binding,
                            [&](std::uint64_t done, std::uint64_t total) { progress.show(done, total); });

@@ -22,6 +22,7 @@ ViewBoard::~ViewBoard() = default;
 void ViewBoard::openSample(const ChartSample& sample, const ViewItemHandlers& handlers)
 {
     auto document = std::make_unique<ChartDocument>(sample.chart);
+    document->tellUnknownKeys();
     ProgressLine progress("reading " + sample.data);
     auto source = std::make_unique<ChartDataSource>(
         sample.data, sample.binding,

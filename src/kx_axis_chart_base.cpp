@@ -248,7 +248,7 @@ void KXAxisChartBase::_customResetProperties(KXChartResetType type, KXChart* sou
 const UXPropertyTable& KXAxisChartBase::obtainPropertyTable()
 {
     static const UXPropertyTable table(
-        &KXChart::obtainPropertyTable(),
+        "KXAxisChartProperty", &KXChart::obtainPropertyTable(),
         [](UXJsonObject& object) -> void* {
             auto* chart = dynamic_cast<KXAxisChartBase*>(&object);
             return chart ? chart->m_axisChartProperty.get() : nullptr;

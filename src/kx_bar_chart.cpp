@@ -6,6 +6,15 @@
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 
+namespace {
+
+KXObjectID makeSeriesID(std::uint64_t series)
+{
+    return KXObjectID::instance().path(kxCreateObjectIDPath(KXBarChartObjectIDPath::Series)).index(series);
+}
+
+} // namespace
+
 KXBarChart::KXBarChart() : m_dataView(_addView(std::make_unique<KXBarChartDataView>()))
 {
     getBarChartProperty()->registerUpdatedEvents([this](const std::string& key) {
@@ -33,6 +42,17 @@ bool KXBarChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty* property)
     return property != getXAxisProperty();
 }
 
+std::vector<KXObjectID> KXBarChart::obtainLegendCellObjectID(std::uint64_t index)
+{
+    return {makeSeriesID(index)};
+}
+
+std::vector<KXObjectID> KXBarChart::_obtainMarkObjectIDs(const KXAxisChartMark& mark) const
+{
+    const KXObjectIDPath category = kxCreateObjectIDPath(KXBarChartObjectIDPath::Category);
+    return {makeSeriesID(mark.series).path(category).index(mark.category)};
+}
+
 void KXBarChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
 {
     const UXObjectWatcher self(this);
@@ -47,7 +67,8 @@ const UXPropertyTable& KXBarChart::obtainPropertyTable()
     using Self = KXBarChart;
     static constexpr UXProperty rows[] = {
         KX_OBJECT_ROW("m_barChartProperty", uxObtainNestedObjectType, getBarChartProperty(), "the bars")};
-    static const UXPropertyTable table(&KXXYAxisChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXBarChart", &KXXYAxisChart::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

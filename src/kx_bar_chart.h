@@ -39,7 +39,11 @@ public:
     std::string customSerializeVersion() override;
     bool customDeserialize() override;
 
+    // From KXLegendDelegate
+    std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
+
 protected:
+    std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
 private:

@@ -145,7 +145,7 @@ const UXPropertyTable& KXChart::obtainPropertyTable()
 {
     using Self = KXChart;
     static const UXPropertyTable properties(
-        nullptr,
+        "KXChartProperty", nullptr,
         [](UXJsonObject& object) -> void* {
             auto* chart = dynamic_cast<KXChart*>(&object);
             return chart ? chart->m_chartProperty.get() : nullptr;
@@ -182,7 +182,7 @@ const UXPropertyTable& KXChart::obtainPropertyTable()
          .effect = UXPropertyEffect::Layout,
          .meaning = "font size of the title, in logical units; part of m_titleProperty"},
     };
-    static const UXPropertyTable table(&properties, kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXChart", &properties, kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

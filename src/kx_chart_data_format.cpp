@@ -88,7 +88,7 @@ const UXPropertyTable& KXChartDataFormat::obtainPropertyTable()
                meaning},
     static constexpr UXProperty rows[] = {KX_CHART_DATA_FORMAT_KEYS(KX_CHART_DATA_FORMAT_ROW)};
 #undef KX_CHART_DATA_FORMAT_ROW
-    static const UXPropertyTable table(nullptr, kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXChartDataFormat", nullptr, kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

@@ -679,7 +679,8 @@ const UXPropertyTable& KXGaugeChart::obtainPropertyTable()
         KX_GAUGE_CHART_KEYS_BEFORE_FORMAT(KX_CHART_KEY_ROW)
             KX_OBJECT_ROW("m_dataFormat", uxObtainNestedObjectType, m_dataFormat,
                           "how every number is written") KX_GAUGE_CHART_KEYS_AFTER_FORMAT(KX_CHART_KEY_ROW)};
-    static const UXPropertyTable table(&KXChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXGaugeChart", &KXChart::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

@@ -16,6 +16,7 @@
 #include "kx_gauge_chart.h"
 #include "kx_horizontal_bar.h"
 #include "kx_legend.h"
+#include "kx_legend_cell.h"
 #include "kx_menu.h"
 #include "kx_menu_item.h"
 #include "kx_rectangle.h"
@@ -27,11 +28,14 @@
 #include "ux/ux_label.h"
 #include "ux/ux_string.h"
 
+#include <type_traits>
+
 namespace {
 
 struct Type {
     const char* name;
-    UXJsonObject* (*create)();
+    UXJsonObject* (*create)(); // null for a name without a class
+    bool isChart;
 };
 
 template <class Class>
@@ -40,17 +44,15 @@ UXJsonObject* create()
     return new Class;
 }
 
-UXJsonObject* createNothing() { return nullptr; }
-
 // A class joins with its include and KX_TYPE in its row. KX_TYPE_WITHOUT_CLASS is a name that documents may
 // hold and that has no class in this library: it is answered with null.
-#define KX_TYPE(Class)          \
-    {                           \
-#        Class, create < Class> \
+#define KX_TYPE(Class)                                               \
+    {                                                                \
+#        Class, create < Class>, std::is_base_of_v < KXChart, Class> \
     }
 #define KX_TYPE_WITHOUT_CLASS(Class) \
     {                                \
-#        Class, createNothing        \
+#        Class, nullptr, false       \
     }
 constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXAreaChart),
@@ -89,7 +91,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXChartKpiPanel),
     KX_TYPE(UXLabel),
     KX_TYPE(KXLegend),
-    KX_TYPE_WITHOUT_CLASS(KXLegendCell),
+    KX_TYPE(KXLegendCell),
     KX_TYPE_WITHOUT_CLASS(KXLines),
     KX_TYPE_WITHOUT_CLASS(KXLineBarChart),
     KX_TYPE_WITHOUT_CLASS(KXLineChart),
@@ -139,12 +141,30 @@ constexpr Type types[] = {
 KXJsonObjectFactory::KXJsonObjectFactory() = default;
 KXJsonObjectFactory::~KXJsonObjectFactory() = default;
 
+std::vector<std::string> KXJsonObjectFactory::obtainTypeNames()
+{
+    std::vector<std::string> names;
+    for (const Type& type : types)
+        if (type.create)
+            names.emplace_back(type.name);
+    return names;
+}
+
+std::vector<std::string> KXJsonObjectFactory::obtainChartTypeNames()
+{
+    std::vector<std::string> names;
+    for (const Type& type : types)
+        if (type.isChart)
+            names.emplace_back(type.name);
+    return names;
+}
+
 UXJsonObject* KXJsonObjectFactory::customCreate(const std::string& typeName)
 {
     if (UXJsonObject* made = UXJsonObjectFactory::customCreate(typeName))
         return made;
     for (const Type& type : types) {
-        if (uxEqualStringsCS(typeName, type.name))
+        if (type.create && uxEqualStringsCS(typeName, type.name))
             return type.create();
     }
     return nullptr;

@@ -16,38 +16,38 @@
 /** All but customResetProperties, for a class whose resets have an order of their own.
  *  @param KEYS every key, in the order of assigning; what documents hold of it first, in their order
  *  @param unwritten how many of the last keys documents leave out */
-#define KX_DEFINE_KEY_LISTS(Class, Base, KEYS, unwritten)                                               \
-    void Class::customSerialize()                                                                       \
-    {                                                                                                   \
-        Base::customSerialize();                                                                        \
-        obtainPropertyTable().write(*this);                                                             \
-    }                                                                                                   \
-    std::string Class::customSerializeTypeID() { return #Class; }                                       \
-    bool Class::customDeserialize()                                                                     \
-    {                                                                                                   \
-        const bool isComplete = Base::customDeserialize();                                              \
-        return obtainPropertyTable().read(*this) && isComplete;                                         \
-    }                                                                                                   \
-    Class* Class::copy(const KXKeys& keys, bool exclude)                                                \
-    {                                                                                                   \
-        auto* made = new Class;                                                                         \
-        assignTo(made, keys, exclude);                                                                  \
-        return made;                                                                                    \
-    }                                                                                                   \
-    void Class::assignTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude)                 \
-    {                                                                                                   \
-        const UXJsonObjectWatcher self(this), targetWatcher(target);                                    \
-        Base::assignTo(target, kxNoKeys, true);                                                         \
-        if (self.isAlive() && targetWatcher.isAlive())                                                  \
-            _assignKeys(obtainPropertyTable(), target, keys, exclude);                                  \
-    }                                                                                                   \
-    const UXPropertyTable& Class::obtainPropertyTable()                                                 \
-    {                                                                                                   \
-        using Self = Class;                                                                             \
-        static constexpr UXProperty rows[] = {KEYS(KX_KEY_ROW)};                                        \
-        static const UXPropertyTable table(kxObtainParentPropertyTable<Base>(), kxObtainKeyOwner<Self>, \
-                                           rows, unwritten);                                            \
-        return table;                                                                                   \
+#define KX_DEFINE_KEY_LISTS(Class, Base, KEYS, unwritten)                               \
+    void Class::customSerialize()                                                       \
+    {                                                                                   \
+        Base::customSerialize();                                                        \
+        obtainPropertyTable().write(*this);                                             \
+    }                                                                                   \
+    std::string Class::customSerializeTypeID() { return #Class; }                       \
+    bool Class::customDeserialize()                                                     \
+    {                                                                                   \
+        const bool isComplete = Base::customDeserialize();                              \
+        return obtainPropertyTable().read(*this) && isComplete;                         \
+    }                                                                                   \
+    Class* Class::copy(const KXKeys& keys, bool exclude)                                \
+    {                                                                                   \
+        auto* made = new Class;                                                         \
+        assignTo(made, keys, exclude);                                                  \
+        return made;                                                                    \
+    }                                                                                   \
+    void Class::assignTo(KXChartPropertyBase* target, const KXKeys& keys, bool exclude) \
+    {                                                                                   \
+        const UXJsonObjectWatcher self(this), targetWatcher(target);                    \
+        Base::assignTo(target, kxNoKeys, true);                                         \
+        if (self.isAlive() && targetWatcher.isAlive())                                  \
+            _assignKeys(obtainPropertyTable(), target, keys, exclude);                  \
+    }                                                                                   \
+    const UXPropertyTable& Class::obtainPropertyTable()                                 \
+    {                                                                                   \
+        using Self = Class;                                                             \
+        static constexpr UXProperty rows[] = {KEYS(KX_KEY_ROW)};                        \
+        static const UXPropertyTable table(#Class, kxObtainParentPropertyTable<Base>(), \
+                                           kxObtainKeyOwner<Self>, rows, unwritten);    \
+        return table;                                                                   \
     }
 
 #define KX_DEFINE_KEY_RESET(Class, Base)                                                  \

@@ -23,7 +23,9 @@ constexpr double walkMarkRadius = 3; // logical units
 
 } // namespace
 
-KXLegendCell::KXLegendCell(KXLegend* legend) : KXInteraction(this), UXHintDelegate(this), m_legend(legend)
+KXLegendCell::KXLegendCell(KXLegend* legend)
+    : KXInteraction(this), UXHintDelegate(this), m_ownLegend(legend ? nullptr : new KXLegend),
+      m_legend(legend ? legend : m_ownLegend.get())
 {
     registerEventHandler(UXEventType::LeftClick, [this](const UXEvent& event) {
         m_legend->cellClicked(getIndex(), event);

@@ -9,6 +9,7 @@
 #include "ux/ux_symbol_style.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,9 @@ class KX_EXPORT KXLegendCell : public KXListCell,
                                public KXInteractionChartObject,
                                public UXHintDelegate {
 public:
-    /** @param legend the one that shows the cell, not null, not owned; it outlives the cell */
-    explicit KXLegendCell(KXLegend* legend);
+    /** @param legend the one that shows the cell, not owned; it outlives the cell. Null for an empty one of
+     * the cell's own. */
+    explicit KXLegendCell(KXLegend* legend = nullptr);
     ~KXLegendCell() override;
 
     const std::string& getLabel() const { return m_label; }
@@ -57,7 +59,8 @@ private:
     UXDoubleRect _obtainDrawnSymbolRect() const;
     void _drawWalkMark(UXPainter& painter) const;
 
-    KXLegend* m_legend; // the parent's parent
+    std::unique_ptr<KXLegend> m_ownLegend; // of a cell that stands alone
+    KXLegend* m_legend;                    // the parent's parent, or the own one
     std::string m_label;
     UXSymbolStyle m_symbolStyle = UXSymbolStyle::Rectangle;
     bool m_showPointingHand = false;

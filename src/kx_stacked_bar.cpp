@@ -9,6 +9,9 @@
 
 namespace {
 
+/** A document can list any number; more than there are pixels are never seen. */
+constexpr std::uint64_t mostSegments = 10000;
+
 double obtainAmount(const KXChartStackedBarSegment& segment)
 {
     return std::isfinite(segment.getValue()) ? std::abs(segment.getValue()) : 0;
@@ -83,6 +86,7 @@ void KXStackedBar::customSerialize()
     UXObject::customSerialize();
     kxSerializeEnum(this, "m_orientation", m_orientation);
     serializeDouble("m_total", m_total);
+    serializeObjectList("m_segments", {m_segments.begin(), m_segments.end()});
 }
 
 std::string KXStackedBar::customSerializeTypeID() { return "KXStackedBar"; }
@@ -92,6 +96,22 @@ bool KXStackedBar::customDeserialize()
     bool complete = UXObject::customDeserialize();
     complete = kxDeserializeEnum(this, "m_orientation", m_orientation) && complete;
     complete = deserializeDouble("m_total", m_total) && complete;
+    complete = _readSegments() && complete;
     setRequireToVerifyLayout(true, true);
     return complete;
+}
+
+/** Makes as many segments as a document lists, up to what a bar can show. */
+bool KXStackedBar::_readSegments()
+{
+    std::uint64_t count = 0;
+    const bool isList = deserializeArrayBegin("m_segments") && deserializePeekArray(count);
+    deserializeArrayEnd();
+    if (!isList)
+        return false;
+    clearSegments();
+    while (m_segments.size() < std::min(count, mostSegments))
+        addSegment(0, UXColor());
+    return deserializeExistingObjectList("m_segments", {m_segments.begin(), m_segments.end()}) &&
+           m_segments.size() == count;
 }

@@ -38,6 +38,8 @@ protected:
     void customLayout() override;
 
 private:
+    bool _readSegments();
+
     KXAxisChartOrientation m_orientation = KXAxisChartOrientation::Horizontal;
     double m_total = 0;
     std::vector<KXChartStackedBarSegment*> m_segments; // children

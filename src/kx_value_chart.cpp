@@ -226,7 +226,8 @@ const UXPropertyTable& KXValueChart::obtainPropertyTable()
         KX_OBJECT_ROW("m_valueLabel", uxObtainPartType, m_valueLabel, "the label that shows the value")
             KX_OBJECT_ROW("m_dataFormat", uxObtainNestedObjectType, m_dataFormat, "how the value is written")
                 KX_VALUE_CHART_KEYS(KX_CHART_KEY_ROW)};
-    static const UXPropertyTable table(&KXChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXValueChart", &KXChart::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

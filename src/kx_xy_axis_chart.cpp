@@ -446,7 +446,8 @@ const UXPropertyTable& KXXYAxisChart::obtainPropertyTable()
                                   "how values are written")
                         KX_OBJECT_ROW("m_secondaryYDataFormat", uxObtainNestedObjectType,
                                       m_secondaryY.dataFormat, "how values on the second axis are written")};
-    static const UXPropertyTable table(&KXAxisChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXXYAxisChart", &KXAxisChart::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

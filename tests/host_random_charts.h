@@ -69,8 +69,12 @@ public:
 
     std::string pickType()
     {
-        const char* const types[] = {"KXBarChart", "KXBarChart", "KXBarChart", "KXGaugeChart",
-                                     "KXValueChart"};
+        static const std::vector<std::string> types = [] {
+            // Bars have the most that can go wrong.
+            std::vector<std::string> names = KXJsonObjectFactory::obtainChartTypeNames();
+            names.insert(names.end(), 2, "KXBarChart");
+            return names;
+        }();
         return pick(types);
     }
 

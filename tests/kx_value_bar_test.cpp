@@ -71,3 +71,22 @@ TEST(KXStackedBar, SegmentsTouchAndFillTheirShare)
     EXPECT_TRUE(rects().empty());
     EXPECT_EQ(bar.getChildren().size(), 0);
 }
+
+TEST(KXStackedBar, KeepsItsSegmentsInADocument)
+{
+    KXStackedBar bar, read;
+    bar.addSegment(2, UXColor(1, 2, 3));
+    bar.addSegment(-3, UXColor(4, 5, 6));
+    read.addSegment(9, UXColor());
+    EXPECT_TRUE(read.deserialize(bar.serialize()));
+    EXPECT_EQ(read.serialize(), bar.serialize());
+    ASSERT_EQ(read.getSegments().size(), 2u);
+    EXPECT_EQ(read.getSegments()[1]->getValue(), -3);
+    EXPECT_FALSE(read.deserialize(R"({"m_segments": 1})"));
+    EXPECT_EQ(read.getSegments().size(), 2u);
+    std::string many = R"({"m_segments": [0)";
+    for (int i = 0; i < 20000; ++i)
+        many += ",0";
+    EXPECT_FALSE(read.deserialize(many + "]}"));
+    EXPECT_EQ(read.getSegments().size(), 10000u) << "a hostile list makes no more";
+}

@@ -92,7 +92,8 @@ const UXPropertyTable& Panel::obtainPropertyTable()
          }},
     };
     static const UXPropertyTable table(
-        nullptr, [](UXJsonObject& object) -> void* { return dynamic_cast<Panel*>(&object); }, properties);
+        "Panel", nullptr, [](UXJsonObject& object) -> void* { return dynamic_cast<Panel*>(&object); },
+        properties);
     return table;
 }
 

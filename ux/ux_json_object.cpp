@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <charconv>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace {
@@ -22,6 +23,9 @@ constexpr const char* c_idKey = "id";
 
 /** What is written at most this deep leaves room for the levels inside a value, so that it can be read. */
 constexpr int c_deepestContainer = uxDeepestJsonNesting - 8;
+
+/** A hostile document has any number of keys. */
+constexpr std::size_t c_mostUnknownKeys = 1000;
 
 /** References to the document's own object use it; nested objects have others. */
 constexpr std::int64_t c_rootID = 0;
@@ -88,6 +92,8 @@ struct UXJsonObject::Document {
     std::map<const UXJsonObject*, Identity> identities;
     std::int64_t lastID = 0;
     int depth = 0;
+    std::string path; // of the object that is being read
+    std::vector<std::string> unknownKeys{};
 };
 
 UXJsonObject::Document::Identity& UXJsonObject::Document::obtainIdentity(const UXJsonObject* object)
@@ -110,12 +116,15 @@ struct UXJsonObject::Frame {
     std::vector<UXJsonValue*> values{own};                 // the last one is written or looked into
     std::vector<std::unique_ptr<UXJsonValue>> openLists{}; // being written
     std::vector<UXJsonValue*> readLists{};                 // null where none was found
+    std::vector<std::string> readListKeys{};
+    std::set<std::string> readKeys{}; // of the object itself, as the document spells them
     int checks = 0;
 };
 
 struct UXJsonObject::State {
     bool isAlive = true;
     bool isCompatible = true;
+    std::vector<std::string> unknownKeys{};
     Frame* frame = nullptr;
 };
 
@@ -145,6 +154,7 @@ public:
     FrameScope& operator=(const FrameScope&) = delete;
 
     State& getState() { return *m_state; }
+    const Frame& getFrame() const { return m_frame; }
 
 private:
     std::shared_ptr<State> m_state;
@@ -199,7 +209,9 @@ bool UXJsonObject::deserialize(const std::string& text, UXJsonObjectFactory* fac
     Document document(factory ? *factory : defaults, this);
     document.factory.clearDeserializedObjects();
     document.factory.registerDeserializedObject(c_rootID, this);
-    const bool isComplete = _readMembers(document, *value);
+    const std::shared_ptr<State> state = _obtainState();
+    const bool isComplete = _readMembers(document, *value, "");
+    state->unknownKeys = std::move(document.unknownKeys);
     document.factory.clearDeserializedObjects();
     return isComplete;
 }
@@ -211,6 +223,12 @@ const UXJsonValue* UXJsonObject::getSerializedJsonValue() const
 }
 
 bool UXJsonObject::getDeserializedObjectIsCompatible() const { return !m_state || m_state->isCompatible; }
+
+const std::vector<std::string>& UXJsonObject::getDeserializedUnknownKeys() const
+{
+    static const std::vector<std::string> none;
+    return m_state ? m_state->unknownKeys : none;
+}
 
 UXJsonObjectUseCase UXJsonObject::getSerializeUseCase() const
 {
@@ -255,11 +273,26 @@ void UXJsonObject::_writeMembers(Document& document, UXJsonValue& value)
     customSerialize();
 }
 
-bool UXJsonObject::_readMembers(Document& document, UXJsonValue& value)
+bool UXJsonObject::_readMembers(Document& document, UXJsonValue& value, const std::string& key)
 {
+    const std::string outerPath = document.path;
+    if (!key.empty())
+        document.path += key + '.';
     FrameScope scope(*this, document, value, false);
     scope.getState().isCompatible = isOfType(value, *this) && isOfKnownVersion(value, *this);
-    return customDeserialize();
+    const bool isComplete = customDeserialize();
+
+    // The object itself may be gone; what it asked for is known all the same.
+    const std::set<std::string>& readKeys = scope.getFrame().readKeys;
+    for (std::size_t i = 0; i < value.count() && document.unknownKeys.size() < c_mostUnknownKeys; ++i) {
+        const std::string& own = value.keyAt(i);
+        const bool isKnown = own == c_typeKey || own == c_versionKey || own == c_idKey ||
+                             readKeys.contains(own);
+        if (!isKnown)
+            document.unknownKeys.push_back(document.path + own);
+    }
+    document.path = outerPath;
+    return isComplete;
 }
 
 // Writing
@@ -419,9 +452,24 @@ void UXJsonObject::serializeCheckFinalize()
 /** @return the value under the key, or the present one for the empty key; null where there is none */
 UXJsonValue* UXJsonObject::_find(const std::string& key) const
 {
-    const Frame* frame = _obtainReader();
+    Frame* frame = _obtainReader();
     UXJsonValue* value = frame ? frame->values.back() : nullptr;
-    return value && !key.empty() ? value->find(obtainSpelling(frame->document.factory, key)) : value;
+    if (!value || key.empty())
+        return value;
+    const std::string spelling = obtainSpelling(frame->document.factory, key);
+    if (value == frame->own)
+        frame->readKeys.insert(spelling);
+    return value->find(spelling);
+}
+
+/** @return how a path names the value under the key, or, for the empty key, an element of the list that is
+ * being read */
+std::string UXJsonObject::_obtainPlace(const std::string& key) const
+{
+    const Frame* frame = _obtainReader();
+    if (!key.empty() || !frame || frame->readListKeys.empty())
+        return key;
+    return frame->readListKeys.back() + "[]";
 }
 
 template <class T>
@@ -502,7 +550,7 @@ bool UXJsonObject::deserializeObject(const std::string& key, const std::function
 
     // 2. What the object holds can refer back to it.
     _registerObject(document, *found, made.get());
-    const bool isComplete = made->_readMembers(document, *found);
+    const bool isComplete = made->_readMembers(document, *found, _obtainPlace(key));
     return place(made.release()) && isComplete;
 }
 
@@ -513,7 +561,7 @@ bool UXJsonObject::deserializeExistingObject(const std::string& key, UXJsonObjec
         return false;
     Document& document = _obtainReader()->document;
     _registerObject(document, *found, object);
-    return object->_readMembers(document, *found);
+    return object->_readMembers(document, *found, _obtainPlace(key));
 }
 
 bool UXJsonObject::deserializeExistingObjectList(const std::string& key,
@@ -573,8 +621,10 @@ bool UXJsonObject::deserializeArrayBegin(const std::string& key)
     UXJsonValue* found = frame ? _find(key) : nullptr;
     if (found && !found->isArray())
         found = nullptr;
-    if (frame)
+    if (frame) {
         frame->readLists.push_back(found);
+        frame->readListKeys.push_back(key);
+    }
     return found != nullptr;
 }
 
@@ -604,6 +654,7 @@ bool UXJsonObject::deserializeArrayEnd()
         return false;
     const bool wasList = frame->readLists.back() != nullptr;
     frame->readLists.pop_back();
+    frame->readListKeys.pop_back();
     return wasList;
 }
 

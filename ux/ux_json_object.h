@@ -68,6 +68,9 @@ public:
     const UXJsonValue* getSerializedJsonValue() const;
     /** @return whether the value read last named this type, or none, and no version above this class's */
     bool getDeserializedObjectIsCompatible() const;
+    /** @return the keys of the document read last into this object that nobody asked for, those of nested
+     * objects behind theirs and a dot, as in "m_yAxisProperty.m_showTitel"; at most 1000 */
+    const std::vector<std::string>& getDeserializedUnknownKeys() const;
     /** @return what the present document is for, the default use case without a document */
     UXJsonObjectUseCase getSerializeUseCase() const;
 
@@ -158,6 +161,7 @@ private:
     friend class UXJsonObjectFactory;
     friend class UXJsonObjectWatcher;
     friend class UXPropertyAccessor;
+    friend class UXPropertyTable;
     friend class UXPropertyTableBinding;
     struct Document;
     struct Frame;
@@ -171,12 +175,14 @@ private:
     Frame* _obtainReader() const;
     void _write(const std::string& key, UXJsonValue value);
     UXJsonValue* _find(const std::string& key) const;
+    std::string _obtainPlace(const std::string& key) const;
     template <class T>
     void _encode(const std::string& key, const T& value);
     template <class T>
     bool _decode(const std::string& key, T& value) const;
     void _writeMembers(Document& document, UXJsonValue& value);
-    bool _readMembers(Document& document, UXJsonValue& value);
+    /** @param key under which the value stands in the object that is being read; empty for the document */
+    bool _readMembers(Document& document, UXJsonValue& value, const std::string& key);
     static void _registerObject(Document& document, const UXJsonValue& value, UXJsonObject* object);
 
     // Made when the object is first written, read or watched.

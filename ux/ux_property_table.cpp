@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
-UXPropertyTable::UXPropertyTable(const UXPropertyTable* parent, Owner owner,
+UXPropertyTable::UXPropertyTable(const char* name, const UXPropertyTable* parent, Owner owner,
                                  std::span<const UXProperty> properties, std::size_t unwritten)
-    : m_parent(parent), m_owner(owner), m_properties(properties),
+    : m_name(name), m_parent(parent), m_owner(owner), m_properties(properties),
       m_unwritten(std::min(unwritten, properties.size()))
 {
 }

@@ -17,7 +17,7 @@
  *  {
  *      static constexpr UXProperty properties[] = {...};
  *      static const UXPropertyTable table(
- *          nullptr, // or &Parent::obtainPropertyTable()
+ *          "KXStripProperty", nullptr, // or &Parent::obtainPropertyTable()
  *          [](UXJsonObject& object) -> void* { return dynamic_cast<KXStripProperty*>(&object); },
  * properties); return table;
  *  }
@@ -38,11 +38,15 @@ public:
         void* owner = nullptr;
     };
 
-    /** @param parent the parent class's table, which lives as long as this one; null for none
+    /** @param name the class whose properties these are, for documentation
+     *  @param parent the parent class's table, which lives as long as this one; null for none
      *  @param properties live as long as the table; what is written of them first, in the document's order
      *  @param unwritten how many of the last ones documents leave out */
-    UXPropertyTable(const UXPropertyTable* parent, Owner owner, std::span<const UXProperty> properties,
-                    std::size_t unwritten = 0);
+    UXPropertyTable(const char* name, const UXPropertyTable* parent, Owner owner,
+                    std::span<const UXProperty> properties, std::size_t unwritten = 0);
+
+    /** @return the table that object is bound to, null for none */
+    static const UXPropertyTable* obtainTable(const UXJsonObject& object) { return object.m_propertyTable; }
 
     // The parent's properties included
     /** @return no property for an unknown key and for an object of another class */
@@ -53,6 +57,7 @@ public:
     std::vector<std::string> obtainKeys() const;
 
     // The class's own
+    const char* getName() const { return m_name; }
     const UXPropertyTable* getParent() const { return m_parent; }
     std::span<const UXProperty> getProperties() const { return m_properties; }
     /** @return those that documents hold */
@@ -76,6 +81,7 @@ public:
 private:
     const UXProperty* _find(const std::string& key) const;
 
+    const char* m_name;
     const UXPropertyTable* m_parent;
     Owner m_owner;
     std::span<const UXProperty> m_properties;
