@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 /** What a chart knows about one of its axes: the data's range, filled in with the data, and the range and
  *  tick interval made of it. kxUpdateAxisCacheData makes the one of the other. */
@@ -16,4 +17,7 @@ struct KXAxisChartAxisCacheData {
     bool isNumberDimension = false; /**< what the categories are, where there are some */
     bool isTemporalDimension = false;
     std::uint64_t categoryCount = 0;
+    /** Ticks of an axis of values that do not stand in even intervals, each above the one before: where there
+     * are any, those are its ticks, as days that begin months are. */
+    std::vector<double> ownTicks;
 };

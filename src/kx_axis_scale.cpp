@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -133,6 +134,19 @@ double obtainIntervals(const KXAxisChartAxisCacheData& cache, double value)
                              : distance / cache.tickInterval);
 }
 
+/** @return the indexes of the first tick from first on and of the last one up to last, which is below the
+ * first where none is inside */
+std::pair<double, double> obtainTicksInside(const KXAxisChartAxisCacheData& cache, double first, double last,
+                                            int count)
+{
+    if (cache.ownTicks.empty())
+        return {(std::max)(std::ceil(obtainIntervals(cache, first)), 0.0),
+                (std::min)(std::floor(obtainIntervals(cache, last)), count - 1.0)};
+    const auto begin = cache.ownTicks.begin(), end = cache.ownTicks.end();
+    return {static_cast<double>(std::lower_bound(begin, end, first) - begin),
+            static_cast<double>(std::upper_bound(begin, end, last) - begin) - 1};
+}
+
 /** @return the double next to 10 to the exponent, 0 to 308; pow is a little off in some C libraries */
 double obtainPowerOfTen(int exponent)
 {
@@ -182,12 +196,15 @@ bool kxUpdateAxisCacheData(KXAxisProperty* property, KXAxisChartAxisCacheData* c
         cache->axisMin = 0;
         cache->axisMax = static_cast<double>(cache->categoryCount);
         cache->tickInterval = 1.0;
+        cache->ownTicks.clear();
     }
     return true;
 }
 
 int kxObtainAxisTickCount(const KXAxisChartAxisCacheData& cache)
 {
+    if (!cache.ownTicks.empty())
+        return uxSaturateToInt(cache.ownTicks.size());
     if (!cache.isValueAxis)
         return uxSaturateToInt(cache.categoryCount);
     const double intervals = std::floor(obtainIntervals(cache, cache.axisMax));
@@ -198,7 +215,9 @@ int kxObtainAxisTickCount(const KXAxisChartAxisCacheData& cache)
 
 double kxObtainAxisTick(const KXAxisChartAxisCacheData& cache, int index)
 {
-    return cache.axisMin + index * cache.tickInterval;
+    const bool isListed = index >= 0 && std::cmp_less(index, cache.ownTicks.size());
+    return isListed ? cache.ownTicks[static_cast<std::size_t>(index)]
+                    : cache.axisMin + index * cache.tickInterval;
 }
 
 std::vector<double> kxObtainAxisTicks(const KXAxisChartAxisCacheData& cache, double first, double last,
@@ -208,14 +227,15 @@ std::vector<double> kxObtainAxisTicks(const KXAxisChartAxisCacheData& cache, dou
     const int count = kxObtainAxisTickCount(cache);
     if (count == 0 || limit == 0 || !(first <= last))
         return {};
-    const double from = (std::max)(std::ceil(obtainIntervals(cache, first)), 0.0);
-    const double to = (std::min)(std::floor(obtainIntervals(cache, last)), count - 1.0);
+    const auto [from, to] = obtainTicksInside(cache, first, last, count);
     if (!(from <= to))
         return {};
 
     // 2. Step over as many as the limit asks for. The step depends on the window's length alone, and it keeps
     //    to multiples, so that scrolling does not change the choice.
-    const double most = (std::min)(std::floor((last - first) / cache.tickInterval) + 1, count * 1.0);
+    const double inside = cache.ownTicks.empty() ? std::floor((last - first) / cache.tickInterval)
+                                                 : to - from;
+    const double most = (std::min)(inside + 1, count * 1.0);
     const auto room = static_cast<double>((std::min)(limit, static_cast<std::size_t>(largestCount)));
     const auto step = static_cast<std::int64_t>((std::max)(1.0, std::ceil(most / room)));
     std::int64_t index = (static_cast<std::int64_t>(from) + step - 1) / step * step;

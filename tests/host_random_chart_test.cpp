@@ -111,10 +111,22 @@ bool isAmong(const std::vector<DrawnText>& texts, const DrawnText& text)
     });
 }
 
+/** @return the value of a chart that is too small for it even in its least size: it may lie over the title */
+std::string findOverflowingValue(KXChart& chart)
+{
+    constexpr int leastSize = 9;
+    const auto* value = dynamic_cast<KXValueChart*>(&chart);
+    const bool isLeast = value && value->getValueLabel()->getTextProperty().font.size <= leastSize;
+    return isLeast ? value->getValueLabel()->getText() : "";
+}
+
 DrawingExcuses obtainExcuses(KXChart& chart)
 {
     DrawingExcuses excuses;
-    excuses.mayMeet = [axes = findWantedTickLabels(chart)](const DrawnText& a, const DrawnText& b) {
+    excuses.mayMeet = [axes = findWantedTickLabels(chart),
+                       overflowing = findOverflowingValue(chart)](const DrawnText& a, const DrawnText& b) {
+        if (!overflowing.empty() && (a.text == overflowing || b.text == overflowing))
+            return true;
         return std::ranges::any_of(axes, [&](const std::vector<DrawnText>& labels) {
             return isAmong(labels, a) && isAmong(labels, b);
         });

@@ -176,6 +176,10 @@ TEST(KXAxisScale, TicksOfAnyScale)
     categories.categoryCount = 1'000'000'000'000;
     EXPECT_EQ(kxObtainAxisTickCount(categories), largestCount);
     EXPECT_EQ(kxObtainAxisTick(makeScale(-5, 5, 2.5), 3), 2.5);
+    KXAxisChartAxisCacheData months = makeScale(0, 120, 30);
+    months.ownTicks = {0, 31, 59};
+    EXPECT_EQ(kxObtainAxisTickCount(months), 3);
+    EXPECT_EQ(kxObtainAxisTick(months, 2), 59);
 }
 
 TEST(KXAxisScale, VisibleTicks)
@@ -188,6 +192,8 @@ TEST(KXAxisScale, VisibleTicks)
         std::vector<double> expected;
     };
     const KXAxisChartAxisCacheData tens = makeScale(5, 105, 10);
+    KXAxisChartAxisCacheData months = makeScale(0, 120, 30);
+    months.ownTicks = {0, 31, 59, 90, 120};
     const Case cases[] = {
         {"all", makeScale(0, 0.6, 0.2), 0, 0.6, 9, {0, 0.2, 2 * 0.2, 3 * 0.2}},
         {"a window", tens, 30, 55, 9, {35, 45, 55}},
@@ -195,6 +201,9 @@ TEST(KXAxisScale, VisibleTicks)
         {"beyond the ends", tens, -inf, 20, 11, {5, 15}},
         {"multiples of three", tens, 30, 105, 3, {35, 65, 95}},
         {"the same multiples after scrolling", tens, 26, 101, 3, {35, 65, 95}},
+        {"ticks of its own", months, 31, 100, 9, {31, 59, 90}},
+        {"every other one of them", months, 0, 120, 3, {0, 59, 120}},
+        {"between two of them", months, 60, 89, 9, {}},
         {"none wanted", tens, 0, 100, 0, {}},
         {"the wrong way round", tens, 50, 40, 9, {}},
         {"of no numbers", tens, NAN, 40, 9, {}},
