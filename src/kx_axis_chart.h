@@ -73,6 +73,11 @@ public:
     /** @return whether some marks are highlighted, so that the others are dimmed */
     bool isHighlighting() const;
     bool isMarkHighlighted(const KXAxisChartMark& mark) const;
+    /** @return whether a mark of the series is highlighted */
+    bool isSeriesHighlighted(std::uint64_t series) const;
+    /** @return the marks that are chosen, that a linked chart highlights, and the one that the pointer is
+     * over, in this order */
+    std::vector<KXAxisChartMark> obtainMarksStandingOut() const;
     /** @return color as the mark is drawn in it just now */
     UXColor obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const;
     /** @return how a mark of that colour is drawn just now */

@@ -2,6 +2,8 @@
 
 #include "kx_axis_property.h"
 #include "kx_xy_axis_chart.h"
+#include "ux/ux_hint_info.h"
+#include "ux/ux_localize.h"
 #include "ux/ux_symbol_style.h"
 
 #include <algorithm>
@@ -52,6 +54,7 @@ double KXAxisChartDataView::obtainMinCategorySpacing() const { return 0; }
 double KXAxisChartDataView::obtainLabelledCategorySpacing() const { return 0; }
 double KXAxisChartDataView::obtainOverhang() const { return 0; }
 double KXAxisChartDataView::obtainExtraLength() const { return 0; }
+double KXAxisChartDataView::obtainExtraRoomAcross() const { return 0; }
 void KXAxisChartDataView::reload() {}
 std::vector<KXAxisChartMark> KXAxisChartDataView::obtainSingleMarks() const { return {}; }
 void KXAxisChartDataView::layoutLabels() {}
@@ -116,4 +119,17 @@ bool KXAxisChartDataView::_areLent(const KXAxisChartStacks& stacks) const
 KXAxisProperty& KXAxisChartDataView::_getValueAxisProperty() const
 {
     return m_isOnSecondaryAxis ? *m_chart->getSecondaryYAxisProperty() : *m_chart->getYAxisProperty();
+}
+
+void KXAxisChartDataView::_addTotal(UXHintInfo& info, std::uint64_t category) const
+{
+    const KXAxisChartStacks source = _makeStacks();
+    std::vector<KXAxisChartStackPiece> pieces;
+    source.obtainPieces(category, pieces);
+    if (source.form != KXAxisChartStacking::Stacked || pieces.size() < 2)
+        return;
+    UXHintRowInfo& total = info.addFooterRow(
+        UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString("Total"),
+        getChart()->obtainValueText(getShownSeries().front(), source.obtainTotal(category)));
+    total.showSymbol = false;
 }

@@ -80,6 +80,8 @@ public:
     /** @return the room beyond the furthest mark along the value axis, in logical units, beside what the axis
      * leaves there anyway; by default none */
     virtual double obtainExtraLength() const;
+    /** @return the room beyond the last category, in logical units; by default none */
+    virtual double obtainExtraRoomAcross() const;
 
     // Steps
     /** Forgets what was made of the data; there are others now, or other series are shown. */
@@ -127,6 +129,8 @@ protected:
     /** @return whether the values of stacks are still there: a host that is asked may replace them */
     bool _areLent(const KXAxisChartStacks& stacks) const;
     KXAxisProperty& _getValueAxisProperty() const;
+    /** Adds the sum of a stack of at least two to the footer of a hint. */
+    void _addTotal(UXHintInfo& info, std::uint64_t category) const;
 
 private:
     friend class KXXYAxisChart;

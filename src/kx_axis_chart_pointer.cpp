@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -50,6 +51,23 @@ bool KXAxisChart::isHighlighting() const { return getItems()->isHighlighting(); 
 bool KXAxisChart::isMarkHighlighted(const KXAxisChartMark& mark) const
 {
     return getItems()->isHighlighted(makeItem(mark));
+}
+
+bool KXAxisChart::isSeriesHighlighted(std::uint64_t series) const
+{
+    const auto isOfSeries = [series](const KXAxisChartMark& mark) { return mark.series == series; };
+    return getItems()->getHighlightedGroup() == series ||
+           std::ranges::any_of(obtainMarksStandingOut(), isOfSeries);
+}
+
+std::vector<KXAxisChartMark> KXAxisChart::obtainMarksStandingOut() const
+{
+    std::vector<KXAxisChartMark> marks;
+    for (const std::vector<KXChartItem>* items : {&getItems()->getSelected(), &getItems()->getLinked()})
+        std::ranges::transform(*items, std::back_inserter(marks), makeMark);
+    if (const std::optional<KXAxisChartMark> hovered = getHoveredMark())
+        marks.push_back(*hovered);
+    return marks;
 }
 
 UXColor KXAxisChart::obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const

@@ -101,7 +101,7 @@ double KXBarChartDataView::obtainOverhang() const { return 0.5; }
 
 void KXBarChartDataView::reload()
 {
-    m_facts.clear();
+    m_texts.clear();
     m_layout = {};
     m_barColors.clear();
     m_labels.clear();
@@ -273,27 +273,21 @@ std::optional<UXPoint> KXBarChartDataView::obtainHintPoint(const KXAxisChartMark
 void KXBarChartDataView::fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark)
 {
     row.color = obtainBarColor(mark);
-    if (!_tellsPercentages())
+    if (!kxTellsPercentages(obtainStacking(), m_property->getLabelDisplayOption()))
         return;
     const KXAxisChartStacks source = _makeStacks();
     const auto found = std::ranges::find(source.series, mark.series, &KXAxisChartStacks::Series::index);
     if (found == source.series.end())
         return;
     const auto position = static_cast<std::size_t>(found - source.series.begin());
-    row.value += " (" + getChart()->formatPercentage(_obtainPercentage(source, mark, position)) + ")";
+    row.value += " (" +
+                 getChart()->formatPercentage(m_texts.obtainPercentage(*getChart(), source, mark, position)) +
+                 ")";
 }
 
 void KXBarChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category)
 {
-    const KXAxisChartStacks source = _makeStacks();
-    std::vector<KXAxisChartStackPiece> pieces;
-    source.obtainPieces(category, pieces);
-    if (source.form != KXAxisChartStacking::Stacked || pieces.size() < 2)
-        return;
-    UXHintRowInfo& total = info.addFooterRow(
-        UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString("Total"),
-        getChart()->obtainValueText(getShownSeries().front(), source.obtainTotal(category)));
-    total.showSymbol = false;
+    _addTotal(info, category);
 }
 
 /** Bars are laid out for the device that is known to show the chart; on any other they move to its pixels. */

@@ -3,11 +3,11 @@
 #include "kx_axis_chart_data_view.h"
 #include "kx_axis_chart_mark.h"
 #include "kx_axis_chart_stacks.h"
-#include "kx_bar_label_choice.h"
 #include "kx_bar_labels.h"
 #include "kx_bar_layout.h"
 #include "kx_bar_plane.h"
 #include "kx_export.h"
+#include "kx_value_label_texts.h"
 #include "ux/ux_color.h"
 #include "ux/ux_point.h"
 
@@ -115,14 +115,9 @@ private:
     bool _wishBarLabel(const KXAxisChartStacks& source, std::size_t bar, std::size_t position, bool isExtreme,
                        LabelWishes& wishes);
     void _placeLabels(const LabelWishes& wishes);
-    const KXBarSeriesFacts& _obtainFacts(const KXAxisChartStacks& source, std::size_t position);
-    std::string _obtainLabelText(const KXAxisChartStacks& source, const KXBar& bar, std::size_t position);
-    bool _tellsPercentages() const;
-    double _obtainPercentage(const KXAxisChartStacks& source, const KXAxisChartMark& mark,
-                             std::size_t position);
 
     std::shared_ptr<KXBarChartProperty> m_property;
-    std::vector<KXBarSeriesFacts> m_facts; // of the shown series, made when they are needed
+    KXValueLabelTexts m_texts;
 
     // Made by the layout
     KXBarPlane m_plane;

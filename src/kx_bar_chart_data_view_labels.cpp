@@ -15,7 +15,6 @@
 
 namespace {
 
-constexpr double whole = 100;
 /** Between a bar's end and the end of the area, beside the label, in logical units. */
 constexpr double labelMargin = 6;
 /** Labels and titles leave the axis at least about this part of the plot. */
@@ -120,9 +119,9 @@ bool KXBarChartDataView::_wishBarLabels(const KXAxisChartStacks& source, LabelWi
         if (found == source.series.end())
             return false;
         const auto position = static_cast<std::size_t>(found - source.series.begin());
-        const KXBarSeriesFacts& facts = _obtainFacts(source, position);
+        const KXSeriesFacts& facts = m_texts.obtainFacts(*getChart(), source, position);
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
-        if (isExtreme != extremes || !kxIsBarLabelled(option, facts, found->values, mark.category))
+        if (isExtreme != extremes || !kxIsValueLabelled(option, facts, found->values, mark.category))
             continue;
         if (!_wishBarLabel(source, i, position, isExtreme, wishes))
             return false;
@@ -136,7 +135,8 @@ bool KXBarChartDataView::_wishBarLabel(const KXAxisChartStacks& source, std::siz
     const UXObjectWatcher chart(getChart());
     const KXBar bar = getBars()[index];
     KXBarLabelPlacer::Wish wish;
-    wish.text = _obtainLabelText(source, bar, position);
+    wish.text = m_texts.obtainText(*getChart(), source, bar.mark, position,
+                                   m_property->getLabelDisplayOption());
     if (!chart.isAlive())
         return false;
     wish.property = m_property->getLabelProperty();
@@ -162,56 +162,6 @@ void KXBarChartDataView::_placeLabels(const LabelWishes& wishes)
     for (const LabelWishes::Label& label : wishes.labels)
         placer.add(label.bar, label.wish);
     m_labels = placer.place();
-}
-
-const KXBarSeriesFacts& KXBarChartDataView::_obtainFacts(const KXAxisChartStacks& source,
-                                                         std::size_t position)
-{
-    if (m_facts.size() != source.series.size()) {
-        m_facts.clear();
-        for (const KXAxisChartStacks::Series& series : source.series) {
-            const std::size_t count = std::min<std::size_t>(series.values.size(),
-                                                            getChart()->obtainShownCategoryCount());
-            m_facts.push_back(kxObtainBarSeriesFacts(series.values.first(count)));
-        }
-    }
-    return m_facts[position];
-}
-
-/** @return the part that a bar has of its stack, or of all values of its series where it stands alone */
-double KXBarChartDataView::_obtainPercentage(const KXAxisChartStacks& source, const KXAxisChartMark& mark,
-                                             std::size_t position)
-{
-    const double all = source.form == KXAxisChartStacking::Plain ? _obtainFacts(source, position).magnitude
-                                                                 : source.obtainMagnitude(mark.category);
-    return all > 0 ? whole * (std::abs(source.obtainValue(position, mark.category)) / all) : 0;
-}
-
-/** @return whether bars are about their parts, by their form or by what their labels say */
-bool KXBarChartDataView::_tellsPercentages() const
-{
-    const KXAxisChartLabelDisplayOption option = m_property->getLabelDisplayOption();
-    return obtainStacking() == KXAxisChartStacking::Percentage ||
-           option == KXAxisChartLabelDisplayOption::PercentageOnly ||
-           option == KXAxisChartLabelDisplayOption::ValueAndPercentage;
-}
-
-std::string KXBarChartDataView::_obtainLabelText(const KXAxisChartStacks& source, const KXBar& bar,
-                                                 std::size_t position)
-{
-    switch (m_property->getLabelDisplayOption()) {
-    case KXAxisChartLabelDisplayOption::ValueOnly:
-        break;
-    case KXAxisChartLabelDisplayOption::PercentageOnly:
-        return getChart()->formatPercentage(_obtainPercentage(source, bar.mark, position));
-    case KXAxisChartLabelDisplayOption::ValueAndPercentage:
-        return getChart()->obtainValueText(bar.mark.series, bar.value) + " (" +
-               getChart()->formatPercentage(_obtainPercentage(source, bar.mark, position)) + ")";
-    case KXAxisChartLabelDisplayOption::Title:
-        return getChart()->getSeriesCount() > 1 ? getChart()->getSeriesLabel(bar.mark.series)
-                                                : getChart()->obtainCategoryLabel(bar.mark.category);
-    }
-    return getChart()->obtainValueText(bar.mark.series, bar.value);
 }
 
 void KXBarChartDataView::paintLabels(UXPainter& painter, const UXRect& dirtyRect) const

@@ -99,6 +99,10 @@ template KX_EXPORT UXEnum::UXEnumMap<KXGaugeChartLabelDisplay>* kxObtainEnumMap(
 template KX_EXPORT UXEnum::UXEnumMap<KXGaugeChartPartitionStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXKpiChartMainDisplay>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXLineLabelPosition>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXLineCurve>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXLineNullHandling>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXLinePointDisplay>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXPointShape>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXPieChartSliceStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableColumnHeaderInfoType>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableDatabarStyle>* kxObtainEnumMap();

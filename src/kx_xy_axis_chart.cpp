@@ -291,6 +291,10 @@ void KXXYAxisChart::_setCategoryScale()
     const KXAxisChartAxisCacheData& cache = m_x.cache;
     // Where all categories are to be seen at once, a longer axis than there is room for fills the room.
     const int length = getAxisChartProperty()->getEnableScroll() ? m_x.property->getAxisLength() : 0;
+    double room = 0;
+    for (const auto& view : m_views)
+        room = std::max(room, view->obtainExtraRoomAcross());
+    axis.setExtraLength("marks", room);
     axis.setShiftHalfValueSpacing(!m_isContinuous);
     if (m_isContinuous) {
         double overhang = 0; // on both sides, so that marks at the ends are whole

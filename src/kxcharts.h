@@ -1,6 +1,7 @@
 #pragma once
 
 // What a host or the author of a chart needs. Records of the layout come with what they are part of.
+#include "kx_area_chart.h"
 #include "kx_axis.h"
 #include "kx_axis_chart.h"
 #include "kx_axis_chart_axis.h"
@@ -88,7 +89,11 @@
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
 #include "kx_legend_delegate.h"
+#include "kx_line_bar_chart.h"
+#include "kx_line_chart.h"
+#include "kx_line_chart_data_view.h"
 #include "kx_line_chart_options.h"
+#include "kx_line_chart_property.h"
 #include "kx_list_cell.h"
 #include "kx_member_panel_chart.h"
 #include "kx_menu.h"

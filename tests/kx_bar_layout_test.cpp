@@ -1,8 +1,8 @@
 #include "kx_axis_chart_pixel_columns.h"
 #include "kx_bar_chart_data_view.h"
-#include "kx_bar_label_choice.h"
 #include "kx_bar_layout.h"
 #include "kx_dense_bars.h"
+#include "kx_value_label_choice.h"
 
 #include <gtest/gtest.h>
 
@@ -358,7 +358,7 @@ TEST(KXBarChartDataView, Hits)
 TEST(KXBarLabelChoice, Options)
 {
     const std::vector<double> values{null, 2, 5, 5, -3, null, 4, 1};
-    const KXBarSeriesFacts facts = kxObtainBarSeriesFacts(values);
+    const KXSeriesFacts facts = kxObtainSeriesFacts(values);
     EXPECT_EQ(facts.magnitude, 20);
     using Option = KXAxisChartValueOption;
     const std::pair<Option, std::set<std::uint64_t>> cases[] = {
@@ -374,7 +374,7 @@ TEST(KXBarLabelChoice, Options)
     for (const auto& [option, expected] : cases) {
         std::set<std::uint64_t> labelled;
         for (std::uint64_t i = 0; i < 10; ++i)
-            if (kxIsBarLabelled(option, facts, values, i))
+            if (kxIsValueLabelled(option, facts, values, i))
                 labelled.insert(i);
         EXPECT_EQ(labelled, expected) << static_cast<int>(option);
     }

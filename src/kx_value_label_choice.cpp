@@ -1,4 +1,4 @@
-#include "kx_bar_label_choice.h"
+#include "kx_value_label_choice.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,9 +18,9 @@ bool isTurningPoint(std::span<const double> values, std::uint64_t category)
 
 } // namespace
 
-KXBarSeriesFacts kxObtainBarSeriesFacts(std::span<const double> values)
+KXSeriesFacts kxObtainSeriesFacts(std::span<const double> values)
 {
-    KXBarSeriesFacts facts;
+    KXSeriesFacts facts;
     bool isFirst = true;
     for (std::uint64_t i = 0; i < values.size(); ++i) {
         if (std::isnan(values[i]))
@@ -39,8 +39,8 @@ KXBarSeriesFacts kxObtainBarSeriesFacts(std::span<const double> values)
     return facts;
 }
 
-bool kxIsBarLabelled(KXAxisChartValueOption option, const KXBarSeriesFacts& facts,
-                     std::span<const double> values, std::uint64_t category)
+bool kxIsValueLabelled(KXAxisChartValueOption option, const KXSeriesFacts& facts,
+                       std::span<const double> values, std::uint64_t category)
 {
     if (category >= values.size() || std::isnan(values[category]))
         return false;

@@ -7,16 +7,16 @@
 #include <span>
 
 /** What the labels of one series depend on beside each value. */
-struct KXBarSeriesFacts {
+struct KXSeriesFacts {
     std::uint64_t first = 0, last = 0;     /**< categories of the first and the last value */
     std::uint64_t least = 0, greatest = 0; /**< of the extremes, of several equal ones the first */
     double magnitude = 0;                  /**< the sum of all, without their signs; saturated */
 };
 
 /** @param values NaN for a null */
-[[nodiscard]] KX_EXPORT KXBarSeriesFacts kxObtainBarSeriesFacts(std::span<const double> values);
+[[nodiscard]] KX_EXPORT KXSeriesFacts kxObtainSeriesFacts(std::span<const double> values);
 
 /** @param facts those of values
  *  @return whether option gives a label to the value of category; never to a null */
-[[nodiscard]] KX_EXPORT bool kxIsBarLabelled(KXAxisChartValueOption option, const KXBarSeriesFacts& facts,
-                                             std::span<const double> values, std::uint64_t category);
+[[nodiscard]] KX_EXPORT bool kxIsValueLabelled(KXAxisChartValueOption option, const KXSeriesFacts& facts,
+                                               std::span<const double> values, std::uint64_t category);

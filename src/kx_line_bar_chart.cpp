@@ -1,0 +1,179 @@
+#include "kx_line_bar_chart.h"
+
+#include "kx_axis_chart_data_provider.h"
+#include "kx_axis_property.h"
+#include "kx_bar_chart_data_view.h"
+#include "kx_bar_chart_property.h"
+#include "kx_key_definitions.h"
+#include "kx_line_chart_data_view.h"
+#include "kx_line_chart_property.h"
+#include "ux/ux_object_watcher.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/** A measure so many times larger or smaller than the first one has an axis of its own. */
+constexpr double greatestRatio = 10;
+
+} // namespace
+
+KXLineBarChart::KXLineBarChart()
+    : m_lineProperty(std::make_shared<KXLineChartProperty>()),
+      m_areas(_addLines(KXAxisChartType::Area, false)),
+      m_secondaryAreas(_addLines(KXAxisChartType::Area, true)),
+      m_bars(_addView(std::make_unique<KXBarChartDataView>())),
+      m_lines(_addLines(KXAxisChartType::Line, false)),
+      m_secondaryLines(_addLines(KXAxisChartType::Line, true)),
+      m_points(_addLines(KXAxisChartType::Scatter, false))
+{
+    getBarChartProperty()->registerUpdatedEvents([this](const std::string& key) {
+        _applyKeyEffect(KXBarChartProperty::obtainPropertyTable().obtainEffect(key));
+    });
+    m_lineProperty->registerUpdatedEvents([this](const std::string& key) {
+        _applyKeyEffect(KXLineChartProperty::obtainPropertyTable().obtainEffect(key));
+    });
+}
+
+KXLineBarChart::~KXLineBarChart()
+{
+    getBarChartProperty()->unregisterAllUpdatedEvents();
+    m_lineProperty->unregisterAllUpdatedEvents();
+}
+
+KXLineChartDataView& KXLineBarChart::_addLines(KXAxisChartType type, bool isOnSecondaryAxis)
+{
+    const bool canStack = type == KXAxisChartType::Area;
+    KXLineChartDataView& view = _addView(
+        std::make_unique<KXLineChartDataView>(type, canStack, m_lineProperty));
+    view.updateIsOnSecondaryAxis(isOnSecondaryAxis);
+    return view;
+}
+
+KXBarChartProperty* KXLineBarChart::getBarChartProperty() const { return m_bars.getBarChartProperty(); }
+KXLineChartProperty* KXLineBarChart::getLineChartProperty() const { return m_lineProperty.get(); }
+
+KXAxisChartType KXLineBarChart::obtainSeriesType(std::uint64_t series) const
+{
+    const std::uint64_t measure = series < m_measures.size() ? m_measures[series] : series;
+    const std::vector<KXAxisChartType> types = m_lineProperty->getSeriesTypes();
+    const KXAxisChartType own = measure < types.size() ? types[measure] : KXAxisChartType::Unknown;
+    return own == KXAxisChartType::Unknown ? _guessType(measure) : own;
+}
+
+KXAxisChartType KXLineBarChart::_guessType(std::uint64_t measure) const
+{
+    if (measure == 0)
+        return KXAxisChartType::Bar;
+    const KXAxisProperty& axis = *getYAxisProperty();
+    const double first = _obtainMagnitude(0), own = _obtainMagnitude(measure);
+    const bool isFarOff = own > greatestRatio * first || own < first / greatestRatio;
+    return isFarOff || (axis.getIsStacked() && axis.getIs100PercentStacked()) ? KXAxisChartType::SecondaryLine
+                                                                              : KXAxisChartType::Line;
+}
+
+double KXLineBarChart::_obtainMagnitude(std::uint64_t measure) const
+{
+    double greatest = 0;
+    for (std::uint64_t series = 0; series < m_measures.size(); ++series)
+        if (m_measures[series] == measure) {
+            const KXValueExtremes range = kxFindValueExtremes(getSeriesValues(series));
+            if (!range.isEmpty())
+                greatest = std::max({greatest, std::abs(range.min), std::abs(range.max)});
+        }
+    return greatest;
+}
+
+KXAxisChartDataView& KXLineBarChart::_obtainView(KXAxisChartType type) const
+{
+    switch (type) {
+    case KXAxisChartType::Unknown:
+    case KXAxisChartType::Bar:
+        break;
+    case KXAxisChartType::Line:
+        return m_lines;
+    case KXAxisChartType::SecondaryLine:
+        return m_secondaryLines;
+    case KXAxisChartType::Area:
+        return m_areas;
+    case KXAxisChartType::SecondaryArea:
+        return m_secondaryAreas;
+    case KXAxisChartType::Scatter:
+        return m_points;
+    }
+    return m_bars;
+}
+
+KXAxisChartDataView* KXLineBarChart::obtainViewOfSeries(std::uint64_t series) const
+{
+    return series < m_seriesViews.size() ? m_seriesViews[series] : &m_bars;
+}
+
+bool KXLineBarChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty* property)
+{
+    return property != getXAxisProperty();
+}
+
+void KXLineBarChart::_customReloadMarks()
+{
+    if (!_loadMeasures())
+        return;
+    m_seriesViews.clear();
+    for (std::uint64_t series = 0; series < m_measures.size(); ++series)
+        m_seriesViews.push_back(&_obtainView(obtainSeriesType(series)));
+    KXXYAxisChart::_customReloadMarks();
+}
+
+/** @return false where the host destroyed the chart */
+bool KXLineBarChart::_loadMeasures()
+{
+    const UXObjectWatcher self(this);
+    m_measures.clear();
+    auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
+    for (std::uint64_t series = 0; series < getSeriesCount(); ++series) {
+        const KXIndexPath path = provider ? provider->obtainSeriesValuePath(this, series, 0) : KXIndexPath();
+        if (!self.isAlive())
+            return false;
+        m_measures.push_back(path.empty() ? series : path.front());
+    }
+    endUseDataProvider();
+    return true;
+}
+
+void KXLineBarChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
+{
+    const UXObjectWatcher self(this), sourceWatcher(source);
+    KXXYAxisChart::_customResetProperties(type, source, groups);
+    const auto* other = self.isAlive() ? dynamic_cast<KXLineBarChart*>(source) : nullptr;
+    if (other)
+        getBarChartProperty()->customResetProperties(type, other->getBarChartProperty(), groups);
+    if (other && self.isAlive() && sourceWatcher.isAlive())
+        m_lineProperty->customResetProperties(type, other->getLineChartProperty(), groups);
+}
+
+const UXPropertyTable& KXLineBarChart::obtainPropertyTable()
+{
+    using Self = KXLineBarChart;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_barChartProperty", uxObtainNestedObjectType, getBarChartProperty(), "the bars")
+            KX_OBJECT_ROW("m_lineChartProperty", uxObtainNestedObjectType, getLineChartProperty(),
+                          "the areas, lines and points")};
+    static const UXPropertyTable table(&KXXYAxisChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
+    return table;
+}
+
+void KXLineBarChart::customSerialize()
+{
+    KXXYAxisChart::customSerialize();
+    obtainPropertyTable().write(*this);
+}
+
+std::string KXLineBarChart::customSerializeTypeID() { return "KXLineBarChart"; }
+
+bool KXLineBarChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    const bool complete = KXXYAxisChart::customDeserialize();
+    return self.isAlive() && obtainPropertyTable().read(*this) && complete;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "kx_axis_chart_options.h"
+#include "kx_line_chart_data_view.h"
+#include "kx_xy_axis_chart.h"
+
+#include <string>
+
+class KXLineChartProperty;
+
+/** Draws each series as a line, or, stacked, where the value axis's property says so, as the upper edge of
+ * what it adds. All categories are seen at once, however many there are, unless the axis has a length. */
+class KX_EXPORT KXLineChart : public KXXYAxisChart {
+public:
+    KXLineChart();
+    ~KXLineChart() override;
+
+    /** @return the property object that the chart made and destroys, never null */
+    KXLineChartProperty* getLineChartProperty() const;
+    /** @return the lines that can be seen, as of the last layout */
+    const KXLineChartDataView& getDataView() const { return m_dataView; }
+
+    // Policy
+    bool calculateSuitableMinMaxIfNumberData(KXAxisProperty* property) override;
+
+    /** The chart's properties by key, for UXPropertyAccessor. */
+    static const UXPropertyTable& obtainPropertyTable();
+
+    // From UXJsonObject
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
+
+protected:
+    /** @param type of the one data view */
+    explicit KXLineChart(KXAxisChartType type);
+
+    double _obtainMinCategorySpacing() const override;
+    void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
+
+private:
+    KXLineChartDataView& m_dataView; // the chart's
+    UXPropertyTableBinding m_linePropertyBinding{*this, obtainPropertyTable()};
+};

@@ -1,0 +1,369 @@
+#include "kx_line_chart_data_view.h"
+
+#include "kx_axis_chart_axis_cache_data.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_property.h"
+#include "kx_key_type.h"
+#include "kx_line_chart_property.h"
+#include "kx_xy_axis_chart.h"
+#include "ux/ux_hint_info.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+#include "ux/ux_symbol_style.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace {
+
+/** A line is hit as far from what is drawn of it, in logical units. */
+constexpr double hitReach = 12;
+/** Points within one column may be out of order. */
+constexpr double columnReach = 2;
+/** More points of one series are not drawn unless the user wants them. */
+constexpr std::size_t greatestPointCount = 40;
+/** What a hint keeps off around a point. */
+constexpr double leastPointSize = 8;
+
+/** @return from point to the piece of a line between from and to */
+double obtainDistance(const UXDoublePoint& point, const UXDoublePoint& from, const UXDoublePoint& to)
+{
+    const double width = to.x - from.x, height = to.y - from.y, square = width * width + height * height;
+    const double way = (point.x - from.x) * width + (point.y - from.y) * height;
+    const double share = square > 0 ? std::clamp(way / square, 0.0, 1.0) : 0;
+    return std::hypot(from.x + share * width - point.x, from.y + share * height - point.y);
+}
+
+bool isFinite(const UXDoublePoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
+
+bool isInside(const std::vector<UXDoublePoint>& polygon, const UXDoublePoint& at)
+{
+    bool isInside = false;
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+        const UXDoublePoint &from = polygon[i], &to = polygon[i + 1 < polygon.size() ? i + 1 : 0];
+        if ((from.y > at.y) != (to.y > at.y) &&
+            at.x < from.x + (at.y - from.y) / (to.y - from.y) * (to.x - from.x))
+            isInside = !isInside;
+    }
+    return isInside;
+}
+
+/** The middle of the pixel that the pointer is on. */
+UXDoublePoint obtainMiddle(UXPoint point) { return {point.x + 0.5, point.y + 0.5}; }
+
+} // namespace
+
+KXLineChartDataView::KXLineChartDataView(KXAxisChartType type, bool canStack,
+                                         std::shared_ptr<KXLineChartProperty> property)
+    : m_property(property ? std::move(property) : std::make_shared<KXLineChartProperty>()), m_type(type),
+      m_canStack(canStack)
+{
+}
+
+KXLineChartDataView::~KXLineChartDataView() = default;
+
+bool KXLineChartDataView::canStack() const { return m_canStack; }
+
+bool KXLineChartDataView::shouldIncludeZero() const
+{
+    return m_type == KXAxisChartType::Area || m_property->getNullHandling() == KXLineNullHandling::Zero;
+}
+
+void KXLineChartDataView::reload()
+{
+    m_texts.clear();
+    m_edges.clear();
+    m_layout = {};
+    m_points.clear();
+    m_labels.clear();
+    m_colors.clear();
+    m_pointColors.clear();
+}
+
+void KXLineChartDataView::layout(const KXAxisChartPlotFrame& frame)
+{
+    m_frame = frame;
+    m_labels.clear();
+    m_edges.take(_makeStacks(), m_property->getNullHandling());
+    m_layout = kxLayoutLines(m_edges, frame,
+                             {m_property->getCurve(),
+                              m_property->getNullHandling() == KXLineNullHandling::Connect,
+                              m_type == KXAxisChartType::Area});
+    _layoutPoints();
+}
+
+double KXLineChartDataView::_obtainAcross(const UXDoublePoint& point) const
+{
+    return m_frame.isVertical ? point.x : point.y;
+}
+
+/** @return whether the vertex is one of a value, where it can be seen */
+bool KXLineChartDataView::_isInSight(const KXLineVertex& vertex) const
+{
+    const KXAxisChartStretch across = m_frame.obtainAcross(), along = m_frame.obtainAlong();
+    return vertex.across >= across.start && vertex.across <= across.end && vertex.along >= along.start &&
+           vertex.along <= along.end;
+}
+
+KXLinePlace KXLineChartDataView::_makePlace(std::size_t position, const KXLineVertex& vertex) const
+{
+    const KXAxisChartMark mark{getShownSeries()[position], vertex.category};
+    return {mark, getChart()->getValue(mark.series, mark.category),
+            m_frame.makePoint(vertex.across, vertex.along)};
+}
+
+double KXLineChartDataView::_obtainLineWidth(std::uint64_t series) const
+{
+    return m_type == KXAxisChartType::Scatter ? 0 : m_property->obtainLineWidth(series);
+}
+
+void KXLineChartDataView::_layoutPoints()
+{
+    m_points.clear();
+    const KXLinePointDisplay display = m_property->getPointDisplay();
+    if (display == KXLinePointDisplay::Never)
+        return;
+    for (std::size_t position = 0; position < m_layout.shapes.size(); ++position) {
+        const std::vector<KXLineVertex>& vertices = m_layout.shapes[position].line.vertices;
+        const auto isSeen = [this](const KXLineVertex& vertex) { return _isInSight(vertex); };
+        const bool showsAll = display == KXLinePointDisplay::Always ||
+                              _obtainLineWidth(getShownSeries()[position]) <= 0 ||
+                              static_cast<std::size_t>(std::ranges::count_if(vertices, isSeen)) <=
+                                  greatestPointCount;
+        for (std::size_t i = 0; i < vertices.size(); ++i) {
+            const bool isAlone = vertices[i].startsRun &&
+                                 (i + 1 == vertices.size() || vertices[i + 1].startsRun);
+            if ((!showsAll && !isAlone) || !isSeen(vertices[i]))
+                continue;
+            // In a stack, and where nulls are zeros, a line also runs through places without a value.
+            const KXLinePlace place = _makePlace(position, vertices[i]);
+            if (!std::isnan(place.value))
+                m_points.push_back(place);
+        }
+    }
+}
+
+std::vector<KXAxisChartMark> KXLineChartDataView::obtainSingleMarks() const
+{
+    std::vector<KXAxisChartMark> marks;
+    if (!isDense())
+        std::ranges::transform(m_points, std::back_inserter(marks), &KXLinePlace::mark);
+    return marks;
+}
+
+void KXLineChartDataView::updateLook()
+{
+    const KXXYAxisChart& chart = *getChart();
+    const KXAxisChartAxisCacheData* axis = chart.obtainAxisCacheData(&_getValueAxisProperty());
+    m_colors.clear();
+    for (std::size_t position = 0; position < m_layout.shapes.size(); ++position) {
+        KXValueColors& colors = m_colors.emplace_back();
+        colors.color = chart.obtainSeriesColor(getShownSeries()[position]);
+        colors.negativeColor = m_property->getNegativeColor();
+        if (m_property->getColorByValue() && axis)
+            colors.scale = KXGradientScale{axis->dataMin,
+                                           std::max(axis->dataMin, axis->dataMax),
+                                           m_property->getMiddleValue(),
+                                           m_property->getMinColor(),
+                                           m_property->getMiddleColor(),
+                                           m_property->getMaxColor(),
+                                           m_property->getClassCount()};
+    }
+    m_pointColors.clear();
+    for (const KXLinePlace& point : m_points) {
+        const auto position = static_cast<std::size_t>(
+            std::ranges::find(getShownSeries(), point.mark.series) - getShownSeries().begin());
+        const std::optional<UXColor> own = isDense() ? std::nullopt : chart.obtainHostColor(point.mark);
+        m_pointColors.push_back(own ? *own : m_colors[position].obtainColor(point.value));
+    }
+}
+
+std::optional<UXDoublePoint> KXLineChartDataView::_placeMark(const KXAxisChartMark& mark) const
+{
+    KXXYAxisChart& chart = *getChart();
+    const auto found = std::ranges::find(getShownSeries(), mark.series);
+    const auto position = static_cast<std::size_t>(found - getShownSeries().begin());
+    const double value = chart.getValue(mark.series, mark.category);
+    if (position >= m_layout.shapes.size() || std::isnan(value))
+        return std::nullopt;
+    if (!m_edges.isStacked())
+        return m_frame.makePoint(m_frame.categories.obtainPosition(chart.obtainCategoryValue(mark.category)),
+                                 m_frame.values.obtainPosition(value));
+    for (const KXLineVertex& vertex : m_layout.shapes[position].line.vertices)
+        if (vertex.category == mark.category)
+            return m_frame.makePoint(vertex.across, vertex.along);
+    return std::nullopt;
+}
+
+double KXLineChartDataView::_obtainDistance(std::size_t position, const UXDoublePoint& at) const
+{
+    double least = std::numeric_limits<double>::infinity();
+    const KXLinePath& line = m_layout.shapes[position].line;
+    if (_obtainLineWidth(getShownSeries()[position]) <= 0) {
+        for (const KXLineVertex& vertex : line.vertices) {
+            const UXDoublePoint place = m_frame.makePoint(vertex.across, vertex.along);
+            least = std::min(least, std::hypot(place.x - at.x, place.y - at.y));
+        }
+        return least;
+    }
+    const std::vector<UXDoublePoint>& points = line.points;
+    const auto obtainAcross = [this](const UXDoublePoint& point) { return _obtainAcross(point); };
+    const double reach = hitReach + columnReach, across = _obtainAcross(at);
+    auto first = std::ranges::lower_bound(points, across - reach, {}, obtainAcross);
+    auto end = std::ranges::upper_bound(points, across + reach, {}, obtainAcross);
+    first -= first == points.begin() ? 0 : 1;
+    end += end == points.end() ? 0 : 1;
+    for (auto point = first; point < end; ++point) {
+        if (!isFinite(*point))
+            continue;
+        const bool leadsOn = point + 1 < end && isFinite(point[1]);
+        least = std::min(least, obtainDistance(at, *point, leadsOn ? point[1] : *point));
+    }
+    return least;
+}
+
+bool KXLineChartDataView::_isInArea(std::size_t position, const UXDoublePoint& at) const
+{
+    return std::ranges::any_of(m_layout.shapes[position].fills,
+                               [&at](const auto& polygon) { return isInside(polygon, at); });
+}
+
+std::optional<std::size_t> KXLineChartDataView::_hitShape(const UXDoublePoint& at) const
+{
+    std::optional<std::size_t> hit;
+    double least = hitReach;
+    for (std::size_t i = m_layout.shapes.size(); i > 0; --i) {
+        const double distance = _obtainDistance(i - 1, at);
+        if (distance > least || (hit && distance == least))
+            continue;
+        hit = i - 1;
+        least = distance;
+    }
+    for (std::size_t i = m_layout.shapes.size(); !hit && i > 0; --i)
+        if (_isInArea(i - 1, at))
+            hit = i - 1;
+    return hit;
+}
+
+const KXLineVertex* KXLineChartDataView::_findNearest(std::size_t position, const UXDoublePoint& at) const
+{
+    const double across = _obtainAcross(at), along = m_frame.isVertical ? at.y : at.x;
+    const std::uint64_t series = getShownSeries()[position];
+    const KXLineVertex* nearest = nullptr;
+    for (const KXLineVertex& vertex : m_layout.shapes[position].line.vertices) {
+        if (!_isInSight(vertex) || std::isnan(getChart()->getValue(series, vertex.category)))
+            continue;
+        // Of those in one column the nearest one along.
+        const double further = nearest ? std::abs(vertex.across - across) - std::abs(nearest->across - across)
+                                       : -1.0;
+        const bool isSame = std::abs(further) * m_frame.pixelScale < 1;
+        if (!nearest ||
+            (isSame ? std::abs(vertex.along - along) < std::abs(nearest->along - along) : further < 0))
+            nearest = &vertex;
+    }
+    return nearest;
+}
+
+std::optional<KXAxisChartMark> KXLineChartDataView::hitMark(UXPoint point) const
+{
+    const UXDoublePoint at = obtainMiddle(point);
+    const std::optional<std::size_t> position = _hitShape(at);
+    const KXLineVertex* vertex = position ? _findNearest(*position, at) : nullptr;
+    return vertex ? std::optional(KXAxisChartMark{getShownSeries()[*position], vertex->category})
+                  : std::nullopt;
+}
+
+UXRect KXLineChartDataView::obtainMarkPlace(const KXAxisChartMark& mark) const
+{
+    const std::optional<UXDoublePoint> place = _placeMark(mark);
+    if (!place)
+        return {};
+    const double size = std::max(m_property->getPointSize(), leastPointSize);
+    return uxSurroundingRect(UXDoubleRect(place->x - size / 2, place->y - size / 2, size, size));
+}
+
+/** Where no series has a value, or categories are merged, a hint is about what is drawn next to it. */
+std::optional<std::uint64_t> KXLineChartDataView::obtainCategoryAt(UXPoint point) const
+{
+    const UXDoublePoint at = obtainMiddle(point);
+    const double slot = std::floor(m_frame.categories.obtainValue(_obtainAcross(at)) + 0.5);
+    const auto hasValue = [&](std::uint64_t series) {
+        return slot >= 0 && !std::isnan(getChart()->getValue(series, static_cast<std::uint64_t>(slot)));
+    };
+    const bool areSlots = getChart()->getCategoryNumbers().empty();
+    if (areSlots && !isDense() && std::ranges::any_of(getChart()->getShownSeries(), hasValue))
+        return std::nullopt;
+    const KXLineVertex* nearest = nullptr;
+    const auto obtainDistanceTo = [&](const KXLineVertex& vertex) {
+        return std::abs(vertex.across - _obtainAcross(at));
+    };
+    for (std::size_t position = 0; position < m_layout.shapes.size(); ++position) {
+        const KXLineVertex* own = _findNearest(position, at);
+        if (own && (!nearest || obtainDistanceTo(*own) < obtainDistanceTo(*nearest)))
+            nearest = own;
+    }
+    return nearest ? std::optional(nearest->category) : std::nullopt;
+}
+
+std::optional<UXPoint> KXLineChartDataView::obtainHintPoint(const KXAxisChartMark& mark) const
+{
+    const std::optional<UXDoublePoint> place = _placeMark(mark);
+    return place ? std::optional(UXPoint(uxSaturateToInt(place->x), uxSaturateToInt(place->y)))
+                 : std::nullopt;
+}
+
+void KXLineChartDataView::fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark)
+{
+    const auto found = std::ranges::find(getShownSeries(), mark.series);
+    const auto position = static_cast<std::size_t>(found - getShownSeries().begin());
+    if (position < m_colors.size())
+        row.color = m_colors[position].obtainColor(obtainValue(mark));
+    const KXAxisChartStacks source = _makeStacks();
+    if (position < source.series.size() &&
+        kxTellsPercentages(source.form, m_property->getLabelDisplayOption()))
+        row.value +=
+            " (" +
+            getChart()->formatPercentage(m_texts.obtainPercentage(*getChart(), source, mark, position)) + ")";
+}
+
+void KXLineChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category)
+{
+    _addTotal(info, category);
+}
+
+/** Where both value axes are in use, the symbol says which of them is that of the series. */
+std::optional<UXSymbolStyle> KXLineChartDataView::obtainLegendSymbolStyle(std::uint64_t) const
+{
+    if (m_type == KXAxisChartType::Scatter)
+        return UXSymbolStyle::Circle;
+    const bool hasBoth = std::ranges::any_of(getChart()->getDataViews(), [this](const auto& view) {
+        return view->getIsOnSecondaryAxis() != getIsOnSecondaryAxis() && !view->getShownSeries().empty();
+    });
+    const bool isArea = m_type == KXAxisChartType::Area;
+    if (!hasBoth)
+        return isArea ? UXSymbolStyle::Area : UXSymbolStyle::Line;
+    if (getIsOnSecondaryAxis())
+        return isArea ? UXSymbolStyle::AreaRight : UXSymbolStyle::LineRight;
+    return isArea ? UXSymbolStyle::AreaLeft : UXSymbolStyle::LineLeft;
+}
+
+void KXLineChartDataView::customSerialize()
+{
+    KXAxisChartDataView::customSerialize();
+    kxWriteKey(this, "m_type", m_type);
+    kxWriteKey(this, "m_canStack", m_canStack);
+    serializeObject("m_lineChartProperty", m_property.get());
+}
+
+std::string KXLineChartDataView::customSerializeTypeID() { return "KXLineChartDataView"; }
+
+bool KXLineChartDataView::customDeserialize()
+{
+    bool complete = KXAxisChartDataView::customDeserialize();
+    complete = kxReadKey(this, "m_type", m_type) && complete;
+    complete = kxReadKey(this, "m_canStack", m_canStack) && complete;
+    return deserializeExistingObject("m_lineChartProperty", m_property.get()) && complete;
+}

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "kx_axis_chart_data_view.h"
+#include "kx_axis_chart_mark.h"
+#include "kx_axis_chart_options.h"
+#include "kx_axis_chart_plot_frame.h"
+#include "kx_export.h"
+#include "kx_line_edges.h"
+#include "kx_line_labels.h"
+#include "kx_line_layout.h"
+#include "kx_value_colors.h"
+#include "kx_value_label_texts.h"
+#include "ux/ux_color.h"
+#include "ux/ux_double_point.h"
+#include "ux/ux_point.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class KXLineChartProperty;
+class UXPainter;
+class UXTextProperty;
+
+/** A point that is drawn. */
+struct KXLinePlace {
+    KXAxisChartMark mark;
+    double value = 0;
+    UXDoublePoint place; /**< its centre, in the plot's space */
+};
+
+/**
+ * Draws the values of each series as a line, as the area below it, or as points alone. Where there are more
+ * values than pixels, a line shows the first, the least, the greatest and the last value of each column of
+ * these, so that it looks as if all were drawn.
+ */
+class KX_EXPORT KXLineChartDataView : public KXAxisChartDataView {
+public:
+    /** @param type Line, Area, or Scatter for points alone; any other is Line
+     *  @param canStack whether the series pile up where the value axis is stacked
+     *  @param property what the user sets about the lines, which other views may share; null for one of its
+     * own */
+    explicit KXLineChartDataView(KXAxisChartType type = KXAxisChartType::Line, bool canStack = true,
+                                 std::shared_ptr<KXLineChartProperty> property = nullptr);
+    ~KXLineChartDataView() override;
+
+    /** @return never null */
+    KXLineChartProperty* getLineChartProperty() const { return m_property.get(); }
+    KXAxisChartType getType() const { return m_type; }
+
+    // What can be seen, as of the last layout
+    /** @return one a shown series */
+    const std::vector<KXLineShape>& getShapes() const { return m_layout.shapes; }
+    /** @return those that are drawn */
+    const std::vector<KXLinePlace>& getPoints() const { return m_points; }
+    const std::vector<KXLineLabel>& getLabels() const { return m_labels; }
+    const KXAxisChartPlotFrame& getFrame() const { return m_frame; }
+    /** @return whether a point can stand for many categories */
+    bool isDense() const { return m_layout.isDense; }
+
+    // From KXAxisChartDataView and UXJsonObject
+    bool canStack() const override;
+    bool shouldIncludeZero() const override;
+    double obtainExtraRoomAcross() const override;
+    void reload() override;
+    void layout(const KXAxisChartPlotFrame& frame) override;
+    std::vector<KXAxisChartMark> obtainSingleMarks() const override;
+    void updateLook() override;
+    void layoutLabels() override;
+    void paint(UXPainter& painter, const UXRect& dirtyRect) const override;
+    void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const override;
+    /** @return the point that is nearest to the pointer of the line that is, if that is near enough, or of
+     * the area that it is in */
+    std::optional<KXAxisChartMark> hitMark(UXPoint point) const override;
+    UXRect obtainMarkPlace(const KXAxisChartMark& mark) const override;
+    std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const override;
+    std::optional<UXPoint> obtainHintPoint(const KXAxisChartMark& mark) const override;
+    void fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) override;
+    void fillHintFooter(UXHintInfo& info, std::uint64_t category) override;
+    std::optional<UXSymbolStyle> obtainLegendSymbolStyle(std::uint64_t series) const override;
+    void customSerialize() override;
+    std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
+
+private:
+    double _obtainAcross(const UXDoublePoint& point) const;
+    bool _isInSight(const KXLineVertex& vertex) const;
+    KXLinePlace _makePlace(std::size_t position, const KXLineVertex& vertex) const;
+    double _obtainLineWidth(std::uint64_t series) const;
+    void _layoutPoints();
+    /** @return where a mark lies, none for one without a value */
+    std::optional<UXDoublePoint> _placeMark(const KXAxisChartMark& mark) const;
+
+    // Under the pointer
+    double _obtainDistance(std::size_t position, const UXDoublePoint& at) const;
+    bool _isInArea(std::size_t position, const UXDoublePoint& at) const;
+    std::optional<std::size_t> _hitShape(const UXDoublePoint& at) const;
+    const KXLineVertex* _findNearest(std::size_t position, const UXDoublePoint& at) const;
+
+    // Paint
+    double _obtainOpacity(std::uint64_t series) const;
+    void _paintArea(UXPainter& painter, std::size_t position) const;
+    void _paintLine(UXPainter& painter, std::size_t position) const;
+    void _paintPoints(UXPainter& painter, std::size_t position) const;
+    void _paintHighlighted(UXPainter& painter) const;
+    void _paintStandingOut(UXPainter& painter, const KXAxisChartMark& mark) const;
+
+    // Labels
+    bool _showsNames() const;
+    bool _wishLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer);
+    bool _wishLabel(const KXAxisChartStacks& source, const KXLinePlace& place, std::size_t position,
+                    KXLineLabelPlacer& placer);
+    void _wishNames(KXLineLabelPlacer& placer) const;
+
+    std::shared_ptr<KXLineChartProperty> m_property;
+    KXAxisChartType m_type;
+    bool m_canStack;
+    KXValueLabelTexts m_texts;
+    KXLineEdges m_edges;
+
+    // Made by the layout
+    KXAxisChartPlotFrame m_frame;
+    KXLineLayout m_layout;
+    std::vector<KXLinePlace> m_points; // by series
+    std::vector<KXLineLabel> m_labels;
+
+    // Made by the look
+    std::vector<KXValueColors> m_colors; // one a shape
+    std::vector<UXColor> m_pointColors;  // one a point
+};

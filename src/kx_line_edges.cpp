@@ -1,0 +1,142 @@
+#include "kx_line_edges.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+
+KXLineEdges::KXLineEdges() = default;
+KXLineEdges::~KXLineEdges() = default;
+
+void KXLineEdges::clear() { *this = KXLineEdges(); }
+
+void KXLineEdges::take(const KXAxisChartStacks& source, KXLineNullHandling nulls)
+{
+    std::size_t placeCount = 0;
+    for (const KXAxisChartStacks::Series& series : source.series)
+        placeCount = std::max(placeCount, series.values.size());
+    if (!source.categoryNumbers.empty())
+        placeCount = std::min(placeCount, source.categoryNumbers.size());
+    const Form form{source.form, nulls == KXLineNullHandling::Zero, source.series.size(), placeCount};
+    if (!m_isMade || form != m_form) {
+        clear();
+        m_isMade = true;
+        m_form = form;
+        m_placeCount = placeCount;
+        _sortPlaces(source.categoryNumbers.first(source.categoryNumbers.empty() ? 0 : placeCount));
+        if (isStacked())
+            _makeStacks(source);
+        else
+            _makeLines(source);
+    }
+    // What is lent may have moved.
+    if (!isStacked() && m_own.empty())
+        for (std::size_t i = 0; i < source.series.size(); ++i) {
+            m_lines[i] = source.series[i].values.first(std::min(placeCount, source.series[i].values.size()));
+            m_bands[i] = {{{}, m_lines[i]}};
+        }
+    m_places.categoryNumbers = m_order.empty() ? source.categoryNumbers
+                                               : std::span<const double>(m_sortedNumbers);
+    m_places.first = std::min<std::uint64_t>(source.first, placeCount);
+    m_places.end = std::min<std::uint64_t>(source.end, placeCount);
+}
+
+void KXLineEdges::_sortPlaces(std::span<const double> numbers)
+{
+    if (std::ranges::is_sorted(numbers))
+        return;
+    m_order.resize(numbers.size());
+    std::iota(m_order.begin(), m_order.end(), std::uint64_t{0});
+    std::ranges::stable_sort(m_order, {}, [numbers](std::uint64_t category) { return numbers[category]; });
+    for (const std::uint64_t category : m_order)
+        m_sortedNumbers.push_back(numbers[category]);
+}
+
+KXLineEdges::Heights KXLineEdges::_keep(std::vector<double> heights)
+{
+    return m_own.emplace_back(std::move(heights));
+}
+
+void KXLineEdges::_makeLines(const KXAxisChartStacks& source)
+{
+    m_lines.resize(source.series.size());
+    m_bands.resize(source.series.size());
+    if (m_order.empty() && !m_form.hasZeros)
+        return;
+    for (std::size_t position = 0; position < m_lines.size(); ++position) {
+        std::vector<double> heights(m_placeCount);
+        for (std::size_t place = 0; place < m_placeCount; ++place) {
+            const double value = source.obtainValue(position, obtainCategory(place));
+            heights[place] = std::isnan(value) && m_form.hasZeros ? 0 : value;
+        }
+        m_lines[position] = _keep(std::move(heights));
+        m_bands[position] = {{{}, m_lines[position]}};
+    }
+}
+
+/** Each series has its upper edge above zero and, where it has negative values, its lower one below. Of a
+ * series with both the line changes from one to the other. */
+void KXLineEdges::_makeStacks(const KXAxisChartStacks& source)
+{
+    std::vector<bool> hasNegatives;
+    for (const KXAxisChartStacks::Series& series : source.series)
+        hasNegatives.push_back(source.form == KXAxisChartStacking::Stacked &&
+                               std::ranges::any_of(series.values, [](double value) { return value < 0; }));
+    _makeSums(source, hasNegatives);
+    Heights above, below;
+    std::size_t own = 0;
+    for (const bool isBelow : hasNegatives) {
+        const Heights upper = m_own[own++];
+        m_bands.push_back({{above, upper}});
+        above = upper;
+        m_lines.push_back(upper);
+        if (!isBelow)
+            continue;
+        const Heights lower = m_own[own++];
+        m_bands.back().push_back({below, lower});
+        below = lower;
+        m_lines.back() = m_own[own++];
+    }
+}
+
+/** Keeps the sums above zero of each series, and of one with negative values also those below and its line.
+ */
+void KXLineEdges::_makeSums(const KXAxisChartStacks& source, const std::vector<bool>& hasNegatives)
+{
+    std::vector<std::size_t> firstOwn;
+    for (const bool isBelow : hasNegatives) {
+        firstOwn.push_back(m_own.size());
+        for (int i = 0; i < (isBelow ? 3 : 1); ++i)
+            _keep(std::vector<double>(m_placeCount));
+    }
+    std::vector<KXAxisChartStackPiece> pieces;
+    for (std::size_t place = 0; place < m_placeCount; ++place) {
+        source.obtainPieces(obtainCategory(place), pieces);
+        double above = 0, below = 0;
+        auto piece = pieces.begin();
+        for (std::size_t position = 0; position < firstOwn.size(); ++position) {
+            bool isBelow = false;
+            if (piece != pieces.end() && piece->position == position) {
+                isBelow = hasNegatives[position] && piece->value < 0;
+                (isBelow ? below : above) = piece->to;
+                ++piece;
+            }
+            const std::size_t own = firstOwn[position];
+            m_own[own][place] = above;
+            if (!hasNegatives[position])
+                continue;
+            m_own[own + 1][place] = below;
+            m_own[own + 2][place] = isBelow ? below : above;
+        }
+    }
+}
+
+std::uint64_t KXLineEdges::obtainCategory(std::size_t place) const
+{
+    return place < m_order.size() ? m_order[place] : place;
+}
+
+const KXValuePyramid& KXLineEdges::obtainPyramid(Heights heights)
+{
+    return m_pyramids.try_emplace(heights.data(), heights).first->second;
+}

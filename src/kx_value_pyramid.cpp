@@ -1,0 +1,100 @@
+#include "kx_value_pyramid.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/** So many values are one block, and so many blocks one of the next level. */
+constexpr std::size_t valuesInBlock = 16, blocksInBlock = 4;
+
+/** Adds values that follow what was found, which begins at base, to the stretch before or as a new one. */
+void take(std::span<const double> values, const KXValueStretch& next, std::size_t base,
+          std::vector<KXValueStretch>& found)
+{
+    if (found.size() == base || found.back().end != next.first) {
+        found.push_back(next);
+        return;
+    }
+    KXValueStretch& last = found.back();
+    last.end = next.end;
+    if (values[next.least] < values[last.least])
+        last.least = next.least;
+    if (values[next.greatest] > values[last.greatest])
+        last.greatest = next.greatest;
+}
+
+} // namespace
+
+KXValuePyramid::Block KXValuePyramid::_join(std::span<const double> values, const Block& a, const Block& b)
+{
+    Block joined = a.least == Block::none ? b : a;
+    if (a.least != Block::none && b.least != Block::none) {
+        if (values[b.least] < values[a.least])
+            joined.least = b.least;
+        if (values[b.greatest] > values[a.greatest])
+            joined.greatest = b.greatest;
+    }
+    joined.hasNull = a.hasNull | b.hasNull;
+    return joined;
+}
+
+KXValuePyramid::KXValuePyramid(std::span<const double> values)
+{
+    std::vector<Block> blocks(values.size() / valuesInBlock);
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        Block& block = blocks[i];
+        for (std::size_t at = i * valuesInBlock; at < (i + 1) * valuesInBlock; ++at) {
+            const auto index = static_cast<std::uint32_t>(at);
+            if (std::isnan(values[at]))
+                block.hasNull = 1;
+            else if (block.least == Block::none)
+                block.least = block.greatest = index & 0x7fffffffU;
+            else if (values[at] < values[block.least])
+                block.least = index;
+            else if (values[at] > values[block.greatest])
+                block.greatest = index & 0x7fffffffU;
+        }
+    }
+    while (!blocks.empty()) {
+        std::vector<Block> next(blocks.size() / blocksInBlock);
+        for (std::size_t i = 0; i < next.size(); ++i) {
+            next[i] = blocks[i * blocksInBlock];
+            for (std::size_t part = 1; part < blocksInBlock; ++part)
+                next[i] = _join(values, next[i], blocks[i * blocksInBlock + part]);
+        }
+        m_levels.push_back(std::move(blocks));
+        blocks = std::move(next);
+    }
+}
+
+/** Each step takes the largest block that begins here, fits and has values only, or none; else one value. */
+void KXValuePyramid::findStretches(std::span<const double> values, std::size_t first, std::size_t end,
+                                   std::vector<KXValueStretch>& found) const
+{
+    const std::size_t base = found.size();
+    for (std::size_t at = first; at < end;) {
+        const Block* largest = nullptr;
+        std::size_t extent = 1, length = valuesInBlock;
+        for (const std::vector<Block>& level : m_levels) {
+            if (at % length != 0 || at + length > end || level[at / length].isMixed())
+                break;
+            largest = &level[at / length];
+            extent = length;
+            length *= blocksInBlock;
+        }
+        if (largest && largest->least != Block::none)
+            take(values, {at, at + extent, largest->least, largest->greatest}, base, found);
+        else if (!largest && !std::isnan(values[at]))
+            take(values, {at, at + 1, at, at}, base, found);
+        at += extent;
+    }
+}
+
+std::size_t KXValuePyramid::obtainMemory() const
+{
+    std::size_t bytes = 0;
+    for (const std::vector<Block>& level : m_levels)
+        bytes += level.capacity() * sizeof(Block);
+    return bytes;
+}
