@@ -12,6 +12,8 @@
 #include "kx_gauge_chart.h"
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
+#include "kx_line_chart_data_view.h"
+#include "kx_line_chart_property.h"
 #include "kx_value_chart.h"
 #include "sql_data_provider.h"
 #include "ux/ux_enum_map.h"
@@ -63,8 +65,8 @@ UXDoubleRect obtainPlaceOnDiagram(const UXObject& part, KXChart& chart)
 std::vector<std::vector<DrawnText>> findWantedTickLabels(KXChart& chart)
 {
     std::vector<std::vector<DrawnText>> wanted;
-    const auto* bars = dynamic_cast<KXBarChart*>(&chart);
-    const std::vector<UXObject*> parts = bars ? bars->getPlot()->getChildren() : std::vector<UXObject*>();
+    const auto* axes = dynamic_cast<KXXYAxisChart*>(&chart);
+    const std::vector<UXObject*> parts = axes ? axes->getPlot()->getChildren() : std::vector<UXObject*>();
     for (UXObject* part : parts) {
         auto* view = dynamic_cast<KXAxisTickLabelView*>(part);
         if (!view || view->getTickLabelIntervalMode() == KXAxisTickLabelIntervalMode::Auto)
@@ -211,6 +213,25 @@ std::optional<std::string> obtainHintValue(KXChart& chart, const KXIndexPath& va
     return info.rows.empty() ? info.text : info.rows.front().value;
 }
 
+/** @return the labels that say something of a value, by their marks */
+std::vector<std::pair<KXAxisChartMark, std::string>> obtainMarkLabels(const KXXYAxisChart& chart)
+{
+    constexpr auto names = KXAxisChartLabelDisplayOption::Title;
+    std::vector<std::pair<KXAxisChartMark, std::string>> labels;
+    for (const auto& view : chart.getDataViews()) {
+        const auto* bars = dynamic_cast<KXBarChartDataView*>(view.get());
+        if (bars && bars->getBarChartProperty()->getLabelDisplayOption() != names)
+            for (const KXBarLabel& label : bars->getLabels())
+                if (label.mark)
+                    labels.emplace_back(*label.mark, label.text);
+        const auto* lines = dynamic_cast<KXLineChartDataView*>(view.get());
+        if (lines && lines->getLineChartProperty()->getLabelDisplayOption() != names)
+            for (const KXLineLabel& label : lines->getLabels())
+                labels.emplace_back(label.mark, label.text);
+    }
+    return labels;
+}
+
 /** @return what is wrong with the hints of the items that have a label, empty where nothing is */
 std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
 {
@@ -234,15 +255,10 @@ std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
             if (labels[i]->getVisible())
                 fault = check({i, 0}, labels[i]->getText().substr(caption.size()), true);
         }
-    } else if (auto* bars = dynamic_cast<KXBarChart*>(&chart)) {
-        const std::vector<KXBarLabel> labels = bars->getDataView().getLabels();
-        const bool tellsNames = bars->getBarChartProperty()->getLabelDisplayOption() ==
-                                KXAxisChartLabelDisplayOption::Title;
-        for (std::size_t i = 0; i < labels.size() && !tellsNames && fault.empty(); ++i)
-            if (labels[i].mark)
-                fault = check(
-                    provider.obtainSeriesValuePath(bars, labels[i].mark->series, labels[i].mark->category),
-                    labels[i].text, false);
+    } else if (auto* axes = dynamic_cast<KXXYAxisChart*>(&chart)) {
+        for (const auto& [mark, text] : obtainMarkLabels(*axes))
+            if (fault.empty())
+                fault = check(provider.obtainSeriesValuePath(axes, mark.series, mark.category), text, false);
     }
     return fault;
 }

@@ -92,8 +92,11 @@ public:
             document["m_yAxisProperty"]["m_isStacked"] = !oneIn(3);
             document["m_yAxisProperty"]["m_is100PercentStacked"] = oneIn(2);
             document["m_orientation"] = oneIn(2) ? "Vertical" : "Horizontal";
-            document["m_barChartProperty"]["m_showLabels"] = oneIn(2);
-            document["m_barChartProperty"]["m_showTotals"] = oneIn(2);
+            for (const char* marks : {"m_barChartProperty", "m_lineChartProperty"})
+                if (document.contains(marks))
+                    document[marks]["m_showLabels"] = oneIn(2);
+            if (document.contains("m_barChartProperty"))
+                document["m_barChartProperty"]["m_showTotals"] = oneIn(2);
         }
         return document;
     }
@@ -103,9 +106,9 @@ public:
         auto table = std::make_unique<RandomTable>();
         const int categoryCounts[] = {0, 1, 1, 2, 3, 5, 8, 12, 24, 60, 300};
         const int measureCounts[] = {0, 1, 1, 2, 3, 4, 9};
-        const bool isBar = type == "KXBarChart";
-        table->categoryCount = isBar ? static_cast<std::uint64_t>(pick(categoryCounts)) : 1;
-        const int measures = isBar ? pick(measureCounts) : type == "KXGaugeChart" ? 4 - below(12) / 9 : 1;
+        const bool hasAxes = type != "KXGaugeChart" && type != "KXValueChart";
+        table->categoryCount = hasAxes ? static_cast<std::uint64_t>(pick(categoryCounts)) : 1;
+        const int measures = hasAxes ? pick(measureCounts) : type == "KXGaugeChart" ? 4 - below(12) / 9 : 1;
         const int kind = below(7);
         table->values.assign(static_cast<std::size_t>(measures), {});
         for (std::vector<double>& values : table->values)
@@ -115,8 +118,8 @@ public:
             std::sort(table->values.begin(), table->values.end());
         if (type == "KXGaugeChart" && measures == 4) // value, target, minimum, maximum
             std::rotate(table->values.begin(), table->values.begin() + 1, table->values.end() - 1);
-        table->valueType = isBar || !oneIn(4) ? KXChartDataType::Float
-                                              : static_cast<KXChartDataType>(below(6));
+        table->valueType = hasAxes || !oneIn(4) ? KXChartDataType::Float
+                                                : static_cast<KXChartDataType>(below(6));
         table->categoryType = oneIn(2) ? KXChartDataType::String : static_cast<KXChartDataType>(below(6));
         table->setting.firstFlag = oneIn(3);
         table->tellsNulls = !oneIn(6);

@@ -1,0 +1,333 @@
+#include "kx_line_chart.h"
+
+#include "kx_area_chart.h"
+#include "kx_axis.h"
+#include "kx_axis_chart_property.h"
+#include "kx_axis_chart_test_provider.h"
+#include "kx_axis_property.h"
+#include "kx_key_walk.h"
+#include "kx_line_bar_chart.h"
+#include "kx_line_chart_property.h"
+#include "kx_load_chart.h"
+#include "kx_test_input.h"
+#include "ux/ux_symbol_style.h"
+#include "ux/ux_virtual_scroll_view.h"
+#include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Mark = KXAxisChartMark;
+
+constexpr double null = KXAxisChartTestProvider::null;
+constexpr UXRect usualRect(0, 0, 600, 300);
+
+class KXLineChartTest : public testing::Test {
+protected:
+    const UXFixedMeasurer measurer;
+    KXAxisChartTestProvider provider;
+};
+
+/** @return each run of a line by its values: "10,20 30" where 20 and 30 are not joined */
+std::string describe(const KXLineChartDataView& view, std::size_t position)
+{
+    std::string text;
+    for (const KXLineVertex& vertex : view.getShapes().at(position).line.vertices) {
+        const double value = view.getFrame().values.obtainValue(vertex.along);
+        text += (text.empty() ? "" : vertex.startsRun ? " " : ",") + std::to_string(std::lround(value));
+    }
+    return text;
+}
+
+std::string obtainTexts(const KXLineChartDataView& view)
+{
+    std::multiset<std::string> texts;
+    for (const KXLineLabel& label : view.getLabels())
+        texts.insert(label.text);
+    std::string all;
+    for (const std::string& text : texts)
+        all += text + " ";
+    return all;
+}
+
+/** Moves the pointer to a place of the plot. */
+void moveTo(KXXYAxisChart& chart, const UXDoublePoint& place, double dx = 0, double dy = 0)
+{
+    const UXPoint point(static_cast<int>(place.x + dx), static_cast<int>(place.y + dy));
+    KXTestInput{chart}.move(chart.translatePoint(point, chart.getPlot(), nullptr));
+}
+
+} // namespace
+
+TEST(KXLineChartProperty, EveryKey) { KX_WALK_KEYS(KXLineChartProperty, KX_LINE_CHART_PROPERTY_KEYS); }
+
+TEST(KXLineChartProperty, SeriesTakeListsInTurn)
+{
+    KXLineChartProperty property;
+    EXPECT_EQ(property.obtainLineWidth(7), 2);
+    property.updateSeriesLineWidths({1, -3, 4});
+    property.updateSeriesShapes({KXPointShape::Cross, KXPointShape::Plus});
+    EXPECT_EQ(property.obtainLineWidth(1), 0);
+    EXPECT_EQ(property.obtainLineWidth(5), 4);
+    EXPECT_EQ(property.obtainPointShape(3), KXPointShape::Plus);
+    EXPECT_EQ(property.obtainLineStyle(3), KXChartLineStyle::None);
+}
+
+TEST_F(KXLineChartTest, LinesRunThroughTheirValues)
+{
+    struct Case {
+        const char* name;
+        KXLineNullHandling nulls;
+        bool isStacked, isWhole;
+        std::string first, second;
+        std::size_t points; // of both, with the user's display
+    };
+    using enum KXLineNullHandling;
+    const Case cases[] = {
+        {"a null is a gap, and what has no neighbour a point", Gap, false, false, "20,30 -10", "60,5,5,40",
+         7},
+        {"joined over it", Connect, false, false, "20,30,-10", "60,5,5,40", 7},
+        {"through zero, where no point is", Zero, false, false, "20,30,0,-10", "60,5,5,40", 7},
+        {"stacked, negative values below", Gap, true, false, "20,30,0,-10", "80,35,5,40", 7},
+        {"parts of 100", Gap, true, true, "25,86,0,20", "100,100,100,100", 7},
+    };
+    provider.categoryCount = 4;
+    provider.values = {{20, 30, null, -10}, {60, 5, 5, 40}};
+    for (const Case& c : cases)
+        for (const auto orientation :
+             {KXAxisChartOrientation::Vertical, KXAxisChartOrientation::Horizontal}) {
+            SCOPED_TRACE(c.name);
+            KXLineChart chart;
+            chart.getAxisChartProperty()->updateOrientation(orientation);
+            chart.getLineChartProperty()->updateNullHandling(c.nulls);
+            chart.getYAxisProperty()->updateIsStacked(c.isStacked);
+            chart.getYAxisProperty()->updateIs100PercentStacked(c.isWhole);
+            kxLoad(chart, provider, usualRect);
+            EXPECT_EQ(describe(chart.getDataView(), 0), c.first);
+            EXPECT_EQ(describe(chart.getDataView(), 1), c.second);
+            EXPECT_EQ(chart.getDataView().getPoints().size(), c.points);
+            const KXAxisChartValueMap categories = chart.obtainCategoryMap();
+            const KXLineVertex& last = chart.getDataView().getShapes()[0].line.vertices.back();
+            EXPECT_EQ(last.across, categories.obtainPosition(3));
+        }
+}
+
+TEST_F(KXLineChartTest, PointsAreDrawnWhereTheyAreFewOrAlone)
+{
+    using enum KXLinePointDisplay;
+    struct Case {
+        const char* name;
+        KXLinePointDisplay display;
+        std::uint64_t count;
+        double width;
+        std::size_t points;
+    };
+    const Case cases[] = {{"few", Auto, 40, 2, 39},
+                          {"many, and one alone", Auto, 60, 2, 1},
+                          {"wanted", Always, 60, 2, 59},
+                          {"unwanted", Never, 10, 2, 0},
+                          {"no line", Auto, 60, 0, 59}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        provider.categoryCount = c.count;
+        provider.values = {std::vector<double>(c.count, 3)};
+        provider.values[0][1] = null;
+        KXLineChart chart;
+        chart.getLineChartProperty()->updatePointDisplay(c.display);
+        chart.getLineChartProperty()->updateLineWidth(c.width);
+        kxLoad(chart, provider, usualRect);
+        EXPECT_EQ(chart.getDataView().getPoints().size(), c.points);
+    }
+}
+
+TEST_F(KXLineChartTest, AreasFillFromZeroOrFromEachOther)
+{
+    provider.values = {{20, -10, null}, {30, 20, 10}};
+    KXAreaChart chart;
+    kxLoad(chart, provider, usualRect);
+    EXPECT_LE(chart.getYAxis()->getMinValue(), -10);
+    const auto& shapes = chart.getDataView().getShapes();
+    ASSERT_EQ(shapes[0].fills.size(), 1);
+    EXPECT_EQ(shapes[0].fills[0].back().y, chart.obtainValueMap(0).obtainPosition(0));
+    chart.getYAxisProperty()->updateIsStacked(true);
+    chart.layout();
+    ASSERT_EQ(shapes[0].fills.size(), 2) << "one band on each side of zero";
+    ASSERT_EQ(shapes[1].fills.size(), 1);
+    EXPECT_EQ(shapes[1].fills[0].back().y, chart.obtainValueMap(0).obtainPosition(20)) << "on the first one";
+    moveTo(chart, {shapes[1].fills[0].front().x, shapes[1].fills[0].front().y}, 2, 40);
+    EXPECT_EQ(chart.getHoveredMark(), (Mark{1, 0})) << "in its fill, far from its line";
+}
+
+TEST_F(KXLineChartTest, TheNearestLineIsHitAndItsHintTellsAllSeries)
+{
+    provider.categoryCount = 4;
+    provider.values = {{10, 10, null, 10}, {30, 30, null, 30}};
+    for (const auto orientation : {KXAxisChartOrientation::Vertical, KXAxisChartOrientation::Horizontal}) {
+        KXLineChart chart;
+        chart.getAxisChartProperty()->updateOrientation(orientation);
+        kxLoad(chart, provider, usualRect);
+        const bool isVertical = chart.isVertical();
+        const UXDoublePoint second = chart.getDataView().getPoints().at(1).place; // of the first series
+        const double part = chart.obtainCategorySpacing() * 0.3;
+        const auto moveBeside = [&](double across, double along) {
+            moveTo(chart, second, isVertical ? across : along, isVertical ? along : across);
+        };
+        moveBeside(-part, 11);
+        EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 1})) << "by the distance to the line";
+        ASSERT_EQ(chart.getHintInfo().rows.size(), 2);
+        EXPECT_EQ(chart.getHintInfo().title, "c1");
+        EXPECT_EQ(chart.getHintInfo().rows[0].label, "s0");
+        EXPECT_LT(chart.obtainMarkColor({1, 1}, UXColor()).alpha, 1);
+        moveBeside(-part, 16);
+        EXPECT_EQ(chart.getHoveredMark(), std::nullopt);
+        moveBeside(2 * part, 0);
+        EXPECT_EQ(chart.getHoveredMark(), std::nullopt) << "in the gap";
+        EXPECT_EQ(chart.getHintInfo().title, "c1") << "the nearest point there is";
+    }
+}
+
+TEST_F(KXLineChartTest, Labels)
+{
+    struct Case {
+        const char* name;
+        KXAxisChartLabelDisplayOption display;
+        KXAxisChartValueOption option;
+        std::string expected;
+    };
+    using Display = KXAxisChartLabelDisplayOption;
+    using Option = KXAxisChartValueOption;
+    const Case cases[] = {
+        {"values", Display::ValueOnly, Option::All, "-10 20 30 60 red "},
+        {"extremes", Display::ValueOnly, Option::MinMax, "-10 30 60 red "},
+        {"parts", Display::PercentageOnly, Option::MinOnly, "16.7% red "},
+        {"names beyond the ends", Display::Title, Option::LineEnds, "s0 s1 "},
+    };
+    provider.values = {{20, 30, -10}, {30, null, 60}};
+    provider.redPath = {1, 0};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXLineChart chart;
+        chart.getLineChartProperty()->updateShowLabels(true);
+        chart.getLineChartProperty()->updateLabelDisplayOption(c.display);
+        chart.getLineChartProperty()->updateLabelValueOption(c.option);
+        kxLoad(chart, provider, usualRect);
+        EXPECT_EQ(obtainTexts(chart.getDataView()), c.expected);
+    }
+}
+
+TEST_F(KXLineChartTest, NamesAreMovedApartAndLeaveMostOfThePlot)
+{
+    provider.values = {{1, 2, 10}, {1, 2, 10.1}, {1, 2, 10.2}};
+    KXLineChart chart;
+    chart.getLineChartProperty()->updateShowLabels(true);
+    chart.getLineChartProperty()->updateLabelDisplayOption(KXAxisChartLabelDisplayOption::Title);
+    chart.getLineChartProperty()->updateLabelValueOption(KXAxisChartValueOption::LineEnds);
+    kxLoad(chart, provider, usualRect);
+    std::vector<KXLineLabel> names = chart.getDataView().getLabels();
+    ASSERT_EQ(names.size(), 3);
+    std::ranges::sort(names, {}, [](const KXLineLabel& name) { return name.rect.y; });
+    for (std::size_t i = 1; i < names.size(); ++i)
+        EXPECT_GE(names[i].rect.y, names[i - 1].rect.y + names[i - 1].rect.height);
+    const UXDoublePoint end = chart.getDataView().getPoints()[2].place;
+    EXPECT_GT(names[0].rect.x, end.x);
+    const double room = chart.getMarksArea().width;
+    chart.getLineChartProperty()->updateLabelProperty([&] {
+        UXTextProperty property = chart.getLineChartProperty()->getLabelProperty();
+        property.font.size = 400;
+        return property;
+    }());
+    chart.layout();
+    EXPECT_TRUE(chart.getDataView().getLabels().empty()) << "a name without room is left to the hint";
+    EXPECT_GT(chart.getDataView().getPoints()[2].place.x, chart.getMarksArea().x + 0.5 * room);
+}
+
+TEST_F(KXLineChartTest, DashesAndColorsByValueReachThePainter)
+{
+    provider.values = {{20, 30, -10}};
+    KXLineChart chart;
+    KXLineChartProperty& property = *chart.getLineChartProperty();
+    property.updateLineStyle(KXChartLineStyle::Dash);
+    property.updateNegativeColor(UXColor(9, 8, 7));
+    kxLoad(chart, provider, usualRect);
+    std::string painted = uxPaintToText(chart);
+    EXPECT_EQ(uxFindMissing(painted, {"setLineDash 6 7", "addGradientPatternColorStop 9,8,7", "drawMarks"}),
+              "")
+        << painted;
+    property.updateColorByValue(true);
+    property.updateMaxColor(UXColor(1, 2, 3));
+    EXPECT_FALSE(chart.getRequireToVerifyLayout()) << "only colours are others";
+    EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"addGradientPatternColorStop 1,2,3"}), "");
+}
+
+TEST_F(KXLineChartTest, TheHostMayDoAnythingWhileItIsAsked)
+{
+    for (const char* call : {"color", "label"})
+        for (const bool destroys : {false, true}) {
+            SCOPED_TRACE(testing::Message() << call << destroys);
+            provider = KXAxisChartTestProvider();
+            auto chart = std::make_unique<KXLineChart>();
+            chart->getLineChartProperty()->updateShowLabels(true);
+            provider.onCall = [&](const std::string& asked) {
+                if (asked != call)
+                    return;
+                const auto running = std::exchange(provider.onCall, {}); // this, which has to last
+                if (destroys)
+                    chart.reset();
+                else
+                    chart->prepareData(); // takes the values away from under the labels
+            };
+            kxLoad(*chart, provider, usualRect);
+            EXPECT_EQ(!chart, destroys);
+            if (chart) {
+                kxLoad(*chart);
+                EXPECT_FALSE(chart->getDataView().getLabels().empty());
+            }
+        }
+}
+
+TEST_F(KXLineChartTest, ACombinationDrawsEachMeasureAsItWants)
+{
+    using enum KXAxisChartType;
+    struct Case {
+        const char* name;
+        std::vector<KXAxisChartType> types;
+        bool isWhole;
+        std::vector<KXAxisChartType> expected;
+    };
+    const Case cases[] = {
+        {"by their sizes", {}, false, {Bar, Line, SecondaryLine}},
+        {"beside parts of 100 percent", {}, true, {Bar, SecondaryLine, SecondaryLine}},
+        {"as the user wants", {Area, Unknown, Scatter}, false, {Area, Line, Scatter}},
+    };
+    provider.values = {{10, 20, 30}, {30, 20, 10}, {3000, 2000, null}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXLineBarChart chart;
+        chart.getLineChartProperty()->updateSeriesTypes(c.types);
+        chart.getYAxisProperty()->updateIsStacked(c.isWhole);
+        chart.getYAxisProperty()->updateIs100PercentStacked(c.isWhole);
+        kxLoad(chart, provider, usualRect);
+        for (std::uint64_t series = 0; series < c.expected.size(); ++series) {
+            EXPECT_EQ(chart.obtainSeriesType(series), c.expected[series]) << series;
+            EXPECT_EQ(chart.isSeriesOnSecondaryAxis(series), c.expected[series] == SecondaryLine) << series;
+        }
+    }
+    KXLineBarChart chart;
+    kxLoad(chart, provider, usualRect);
+    EXPECT_EQ(chart.getSecondaryYAxis()->getMaxValue(), 3000);
+    EXPECT_EQ(chart.obtainLegendSymbolStyle(1), UXSymbolStyle::LineLeft);
+    EXPECT_EQ(chart.obtainLegendSymbolStyle(2), UXSymbolStyle::LineRight);
+    chart.setSeriesShown(2, false);
+    chart.layout();
+    EXPECT_EQ(chart.obtainLegendSymbolStyle(1), UXSymbolStyle::Line);
+}
