@@ -159,7 +159,8 @@ const UXPropertyTable& KXLineBarChart::obtainPropertyTable()
         KX_OBJECT_ROW("m_barChartProperty", uxObtainNestedObjectType, getBarChartProperty(), "the bars")
             KX_OBJECT_ROW("m_lineChartProperty", uxObtainNestedObjectType, getLineChartProperty(),
                           "the areas, lines and points")};
-    static const UXPropertyTable table(&KXXYAxisChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXLineBarChart", &KXXYAxisChart::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

@@ -4,6 +4,15 @@
 #include "kx_line_chart_property.h"
 #include "ux/ux_object_watcher.h"
 
+namespace {
+
+KXObjectID makeSeriesID(std::uint64_t series)
+{
+    return KXObjectID::instance().path(kxCreateObjectIDPath(KXLineChartObjectIDPath::Series)).index(series);
+}
+
+} // namespace
+
 KXLineChart::KXLineChart() : KXLineChart(KXAxisChartType::Line) {}
 
 KXLineChart::KXLineChart(KXAxisChartType type)
@@ -23,6 +32,17 @@ bool KXLineChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty* property)
     return property != getXAxisProperty();
 }
 
+std::vector<KXObjectID> KXLineChart::obtainLegendCellObjectID(std::uint64_t index)
+{
+    return {makeSeriesID(index)};
+}
+
+std::vector<KXObjectID> KXLineChart::_obtainMarkObjectIDs(const KXAxisChartMark& mark) const
+{
+    const KXObjectIDPath category = kxCreateObjectIDPath(KXLineChartObjectIDPath::Category);
+    return {makeSeriesID(mark.series).path(category).index(mark.category)};
+}
+
 double KXLineChart::_obtainMinCategorySpacing() const { return -1; }
 
 void KXLineChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
@@ -39,7 +59,8 @@ const UXPropertyTable& KXLineChart::obtainPropertyTable()
     using Self = KXLineChart;
     static constexpr UXProperty rows[] = {
         KX_OBJECT_ROW("m_lineChartProperty", uxObtainNestedObjectType, getLineChartProperty(), "the lines")};
-    static const UXPropertyTable table(&KXXYAxisChart::obtainPropertyTable(), kxObtainKeyOwner<Self>, rows);
+    static const UXPropertyTable table("KXLineChart", &KXXYAxisChart::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
     return table;
 }
 

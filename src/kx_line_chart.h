@@ -4,7 +4,9 @@
 #include "kx_line_chart_data_view.h"
 #include "kx_xy_axis_chart.h"
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 class KXLineChartProperty;
 
@@ -31,11 +33,15 @@ public:
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
 
+    // From KXLegendDelegate
+    std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
+
 protected:
     /** @param type of the one data view */
     explicit KXLineChart(KXAxisChartType type);
 
     double _obtainMinCategorySpacing() const override;
+    std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
 private:
