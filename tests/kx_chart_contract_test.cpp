@@ -6,6 +6,7 @@
 #include "kx_chart_property.h"
 #include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_json_object_factory.h"
+#include "kx_line_chart_options.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
 #include "kx_value_chart.h"
@@ -195,21 +196,21 @@ int countToLayOut(const UXObject& object)
 bool changeColor(const UXProperty& property, void* owner)
 {
     const std::type_info& type = *property.type().info;
-    const UXColor color(12, 34, 56);
-    const std::vector<UXColor> colors{color, UXColor(65, 43, 21)};
-    const double share = 0.125;
-    if (type == typeid(UXColor))
-        property.update(owner, &color);
-    else if (type == typeid(colors))
-        property.update(owner, &colors);
-    else if (type == typeid(double))
-        property.update(owner, &share);
-    else if (type == typeid(bool)) {
+    if (type == typeid(bool)) {
         const bool other = !*static_cast<const bool*>(property.place(owner));
         property.update(owner, &other);
-    } else
-        return false;
-    return true;
+        return true;
+    }
+    const auto changeTo = [&](const auto& value) {
+        if (type != typeid(value))
+            return false;
+        property.update(owner, &value);
+        return true;
+    };
+    const UXColor color(12, 34, 56);
+    return changeTo(color) || changeTo(std::vector<UXColor>{color, UXColor(65, 43, 21)}) || changeTo(0.125) ||
+           changeTo(3) || changeTo(KXChartLineCapStyle::Square) || changeTo(KXChartLineJoinStyle::Bevel) ||
+           changeTo(KXPointShape::Cross) || changeTo(std::vector<KXPointShape>{KXPointShape::Plus});
 }
 
 /** Calls change for each key of the object and of those nested in it that says that it only recolours. */
