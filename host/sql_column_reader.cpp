@@ -91,6 +91,7 @@ std::vector<SqlColumnReader::Value> SqlColumnReader::_readSample(const std::vect
          {},
          {SqlResultType::Text, SqlResultType::Text}});
     std::vector<Value> sample;
+    sample.reserve(rows.getRowCount());
     for (std::size_t row = 0; row < rows.getRowCount(); ++row)
         sample.push_back(
             {rows.getText(row, 0) == "integer" || rows.getText(row, 0) == "real", rows.getText(row, 1)});

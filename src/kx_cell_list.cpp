@@ -232,7 +232,8 @@ void KXCellList::_walkTo(std::size_t place)
     const UXObjectWatcher owner(&m_owner);
     if (KXListCell* left = m_walkedCell ? _findCell(*m_walkedCell) : nullptr)
         left->endExplanation();
-    if (!owner.isAlive())
+    // Meanwhile there may be fewer cells.
+    if (!owner.isAlive() || place >= _obtainPlaces().size())
         return;
     m_walkedCell = static_cast<std::uint64_t>(_obtainPlaces()[place]);
     m_showsWalk = true;

@@ -7,6 +7,7 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_object_watcher.h"
@@ -108,7 +109,6 @@ bool KXChartItems::_escape(const UXEvent& event)
 /** Does what a click on the item does. @return true: the key is the item's */
 bool KXChartItems::_pressFocused(const UXEvent& event)
 {
-    const UXObjectWatcher self(&m_chart);
     UXEvent click = event;
     click.setEventType(UXEventType::LeftClick);
     click.addEventKey(UXEventKey::LeftButton);
@@ -116,9 +116,7 @@ bool KXChartItems::_pressFocused(const UXEvent& event)
     KXChartLabel* label = m_delegate.obtainItemLabel(*m_focused);
     UXObject* clicked = label ? static_cast<UXObject*>(label) : &m_chart;
     click.setMousePoint(m_chart.translatePointToParent(m_delegate.obtainItemHintPoint(*m_focused), nullptr));
-    m_clicksByKey = true;
+    const UXFlagScope clicksByKey(&m_chart, m_clicksByKey);
     clicked->triggerEventHandler(click);
-    if (self.isAlive())
-        m_clicksByKey = false;
     return true;
 }

@@ -37,16 +37,19 @@ void KXValueColors::use(UXPainter& painter, const KXAxisChartPlotFrame& frame, d
     }
 
     // 1. Between these values the colour is one, or runs evenly from one to another.
-    std::vector<double> bounds{low, high};
+    std::vector<double> bounds;
+    if (scale)
+        bounds = scale->obtainClassBounds();
+    for (const double bound : {low, high})
+        bounds.push_back(bound);
     if (negativeColor.alpha > 0)
         bounds.push_back(0);
     if (scale) {
         const double middle = scale->middleValue > scale->least && scale->middleValue < scale->greatest
                                   ? scale->middleValue
                                   : scale->least / 2 + scale->greatest / 2;
-        bounds.insert(bounds.end(), {scale->least, middle, scale->greatest});
-        const std::vector<double> classes = scale->obtainClassBounds();
-        bounds.insert(bounds.end(), classes.begin(), classes.end());
+        for (const double bound : {scale->least, middle, scale->greatest})
+            bounds.push_back(bound);
     }
     std::erase_if(bounds, [low, high](double bound) { return bound < low || bound > high; });
     std::ranges::sort(bounds);

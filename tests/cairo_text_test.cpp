@@ -10,6 +10,7 @@
 #include <limits>
 #include <malloc.h>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -120,16 +121,18 @@ TEST_F(CairoText, SurvivesAnyText)
     std::string marks = "a";
     for (int i = 0; i < 8000; ++i)
         marks += "\xCC\x81";
-    const std::string texts[] = {marks,
-                                 std::string("\xFF\xC0\x80 broken"),
-                                 std::string("zero\0inside", 11),
-                                 std::string(1 << 20, 'W'),
-                                 std::string(1 << 16, '\n'),
-                                 "\r\n\t\x01\x7F",
-                                 "\xE2\x80\xAE turned \xE2\x80\xAC",
-                                 std::string(5000, '\xCC') + "x",
-                                 "\xED\xA0\x80",
-                                 "\xF4\x8F\xBF\xBF"};
+    std::string broken(5000, '\xCC');
+    broken += 'x';
+    const std::vector<std::string> texts{marks,
+                                         std::string("\xFF\xC0\x80 broken"),
+                                         std::string("zero\0inside", 11),
+                                         std::string(1 << 20, 'W'),
+                                         std::string(1 << 16, '\n'),
+                                         "\r\n\t\x01\x7F",
+                                         "\xE2\x80\xAE turned \xE2\x80\xAC",
+                                         broken,
+                                         "\xED\xA0\x80",
+                                         "\xF4\x8F\xBF\xBF"};
     for (const int size : {-5, 0, 1, 12, 10000, (std::numeric_limits<int>::max)()}) {
         for (const std::string& text : texts) {
             for (const int lineMode : {1, 2}) {

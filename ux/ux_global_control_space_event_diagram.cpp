@@ -12,6 +12,7 @@
 #include "ux/ux_notification_scope.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 UXGlobalControlSpaceEventDiagram::UXGlobalControlSpaceEventDiagram(UXContext* context)
@@ -98,8 +99,10 @@ void UXGlobalControlSpaceEventDiagram::_requireUpdate()
         _updateHints();
         return;
     }
-    m_updatePosted = true;
-    UXEventDispatchScope::postAction([this, watcher = UXObjectWatcher(this)] {
+    // What is posted is dropped where a host's exception ends the event; the flag goes with it.
+    const auto posted = std::make_shared<UXFlagScope>(this, m_updatePosted);
+    UXEventDispatchScope::postAction([this, posted, watcher = UXObjectWatcher(this)] {
+        posted->end();
         if (watcher.isAlive())
             _updateHints();
     });
@@ -107,7 +110,6 @@ void UXGlobalControlSpaceEventDiagram::_requireUpdate()
 
 void UXGlobalControlSpaceEventDiagram::_updateHints()
 {
-    m_updatePosted = false;
     // A control that paints as soon as it is told lays out, which leads back here.
     if (m_updating)
         return;
