@@ -93,6 +93,7 @@ private:
             double value;
             std::string text;
         };
+        /** The text of one bar. */
         struct Label {
             std::size_t bar; // in the layout
             KXBarLabelPlacer::Wish wish;

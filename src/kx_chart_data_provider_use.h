@@ -8,11 +8,13 @@ class KXChartDataUser;
 
 /**
  * One use of a data user's provider, which ends with the scope, also where the host throws:
+ * @code
  *     const KXChartDataProviderUse use(*this);
  *     if (auto* provider = use.as<KXAxisChartDataProvider>())
  *         label = provider->obtainSeriesLabel(this, series);
  *     if (!use.isAlive())
  *         return;
+ * @endcode
  * After each answer isCurrent() says whether the provider can be asked more.
  */
 class KX_EXPORT KXChartDataProviderUse {

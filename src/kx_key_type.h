@@ -14,16 +14,19 @@ UXEnum::UXEnumNames& kxObtainEnumNames()
     return *kxObtainEnumMap<E>();
 }
 
+/** What can be done with the values of keys of one type. */
 template <class T>
 struct KXKeyTypeOf {
     static const UXPropertyType& obtain() { return uxObtainPropertyType<T>(); }
 };
 
+/** The same of an enumeration, which documents give by name. */
 template <KXNamedEnum E>
 struct KXKeyTypeOf<E> {
     static const UXPropertyType& obtain() { return uxObtainEnumPropertyType<E, kxObtainEnumNames<E>>(); }
 };
 
+/** The same of a list, by its elements. */
 template <class T>
 struct KXKeyTypeOf<std::vector<T>> {
     static const UXPropertyType& obtain() { return uxObtainListPropertyType<T, KXKeyTypeOf<T>::obtain>(); }

@@ -142,8 +142,11 @@ void KXLineChartDataView::_paintPoints(UXPainter& painter, std::size_t position)
     for (auto point = range.begin(); point != range.end();) {
         UXColor color = obtainColor(point);
         centres.clear();
-        for (const UXColor first = color; point != range.end() && obtainColor(point) == first; ++point)
+        // A colour of a host with NaN in it equals none, itself included.
+        const UXColor first = color;
+        do
             centres.push_back(point->place);
+        while (++point != range.end() && obtainColor(point) == first);
         color.alpha *= opacity;
         painter.setColor(color);
         kxDrawPoints(painter, m_property->obtainPointShape(series), centres, m_property->getPointSize());
