@@ -12,7 +12,7 @@
 /** Which columns of a table become the dimensions and the values of a chart. */
 struct DataBinding {
     std::string name = "binding"; // what errors call it, the file it came from
-    std::string schema; // of the table, empty where the database finds the table by its name
+    std::string schema;           // of the table, empty where the database finds the table by its name
     std::string table = "data";
     std::map<std::string, KXChartDataType> columnTypes; // what columns hold, whatever the database says
     std::vector<DimensionBinding> dimensions;

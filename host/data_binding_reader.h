@@ -19,10 +19,10 @@ class JsonCursor;
  *    "nullText": "(null)"
  *  }
  *  Only "measures" and the "column" and "aggregate" in them and the "column" in dimensions and filters are
- * needed. A CSV file has no schema. Types are guessed or the database's where none is given: text, integer, float, date, time, datetime. Levels: year, quarter, month, week, day, hour,
- * minute, second, dayOfWeek. Aggregates: sum, average, count (column optional), distinct, min, max. Filters:
- * equal (where "is" is missing), notEqual, less, lessOrEqual, greater, greaterOrEqual, in, notIn, contains,
- * isNull, isNotNull. */
+ * needed. A CSV file has no schema. Types are guessed or the database's where none is given: text, integer,
+ * float, date, time, datetime. Levels: year, quarter, month, week, day, hour, minute, second, dayOfWeek.
+ * Aggregates: sum, average, count (column optional), distinct, min, max. Filters: equal (where "is" is
+ * missing), notEqual, less, lessOrEqual, greater, greaterOrEqual, in, notIn, contains, isNull, isNotNull. */
 class DataBindingReader {
 public:
     /** @param file what errors call the text */

@@ -4,8 +4,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <functional>
 #include <cstdint>
+#include <functional>
 #include <numeric>
 
 namespace {
