@@ -137,7 +137,6 @@ private:
     void _updateCellCache();
     std::string _obtainLabel(std::uint64_t index);
     void _measureCells();
-    void _measureCellHeight();
     void _collectShownCells();
     void _placeCells(bool contentChanged);
     void updateCellInteraction(KXLegendCell* cell, std::uint64_t index);
