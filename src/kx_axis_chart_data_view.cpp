@@ -124,7 +124,7 @@ KXAxisProperty& KXAxisChartDataView::_getValueAxisProperty() const
 void KXAxisChartDataView::_addTotal(UXHintInfo& info, std::uint64_t category) const
 {
     const KXAxisChartStacks source = _makeStacks();
-    std::vector<KXAxisChartStackPiece> pieces;
+    std::vector<KXAxisChartStackSegment> pieces;
     source.obtainPieces(category, pieces);
     if (source.form != KXAxisChartStacking::Stacked || pieces.size() < 2)
         return;

@@ -40,13 +40,13 @@ bool neverGoesBack(const KXAxisChartStacks& values)
 
 KXAxisChartPixelColumns::KXAxisChartPixelColumns(const KXAxisChartPlotFrame& frame) : m_frame(frame)
 {
-    const KXAxisChartStretch across = frame.obtainAcross();
+    const KXAxisChartInterval across = frame.obtainAcross();
     m_firstPixel = std::floor(frame.toPixel(across.start) + noise);
     const double count = std::ceil(frame.toPixel(across.end) - noise) - m_firstPixel;
     m_count = static_cast<std::size_t>(std::clamp(count, 0.0, greatestColumnCount));
 }
 
-KXAxisChartStretch KXAxisChartPixelColumns::obtainAcross(std::size_t first, std::size_t end) const
+KXAxisChartInterval KXAxisChartPixelColumns::obtainAcross(std::size_t first, std::size_t end) const
 {
     return {m_frame.fromPixel(m_firstPixel + static_cast<double>(first)),
             m_frame.fromPixel(m_firstPixel + static_cast<double>(end))};

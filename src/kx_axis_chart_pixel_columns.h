@@ -31,8 +31,8 @@ public:
     explicit KXAxisChartPixelColumns(const KXAxisChartPlotFrame& frame);
 
     std::size_t getCount() const { return m_count; }
-    /** @return the columns from first to end, which is not one of them, as a stretch of the plot */
-    KXAxisChartStretch obtainAcross(std::size_t first, std::size_t end) const;
+    /** @return the columns from first to end, which is not one of them, as an interval across the plot */
+    KXAxisChartInterval obtainAcross(std::size_t first, std::size_t end) const;
     /** @return the column in which a place lies; just below the end of one it is in the next */
     static std::int64_t findColumn(double place);
 

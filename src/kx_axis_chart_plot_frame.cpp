@@ -33,20 +33,20 @@ bool KXAxisChartPlotFrame::hasSamePixels(const KXAxisChartPlotFrame& other) cons
 
 UXDoubleRect KXAxisChartPlotFrame::snapAcross(const UXDoubleRect& rect) const
 {
-    const KXAxisChartStretch across = obtainAcross(rect);
+    const KXAxisChartInterval across = obtainAcross(rect);
     const double start = std::round(toPixel(across.start));
     const double length = std::max(std::round(across.obtainLength() * pixelScale), 1.0);
     return makeRect({fromPixel(start), fromPixel(start + length)}, obtainAlong(rect));
 }
 
-std::optional<KXAxisChartStretch> KXAxisChartPlotFrame::placeAlong(double from, double to) const
+std::optional<KXAxisChartInterval> KXAxisChartPlotFrame::placeAlong(double from, double to) const
 {
     const double first = values.obtainPosition(from), second = values.obtainPosition(to);
-    const KXAxisChartStretch room = obtainAlong();
+    const KXAxisChartInterval room = obtainAlong();
     const double start = std::min(first, second), end = std::max(first, second);
     if (end < room.start || start > room.end)
         return std::nullopt;
-    const KXAxisChartStretch placed{std::max(start, room.start), std::min(end, room.end)};
+    const KXAxisChartInterval placed{std::max(start, room.start), std::min(end, room.end)};
     if (placed.end <= placed.start && end > start)
         return std::nullopt;
     return placed;
@@ -57,22 +57,22 @@ UXDoublePoint KXAxisChartPlotFrame::makePoint(double across, double along) const
     return isVertical ? UXDoublePoint(across, along) : UXDoublePoint(along, across);
 }
 
-UXDoubleRect KXAxisChartPlotFrame::makeRect(const KXAxisChartStretch& across,
-                                            const KXAxisChartStretch& along) const
+UXDoubleRect KXAxisChartPlotFrame::makeRect(const KXAxisChartInterval& across,
+                                            const KXAxisChartInterval& along) const
 {
     if (isVertical)
         return {across.start, along.start, across.obtainLength(), along.obtainLength()};
     return {along.start, across.start, along.obtainLength(), across.obtainLength()};
 }
 
-KXAxisChartStretch KXAxisChartPlotFrame::obtainAcross(const UXDoubleRect& rect) const
+KXAxisChartInterval KXAxisChartPlotFrame::obtainAcross(const UXDoubleRect& rect) const
 {
-    return isVertical ? KXAxisChartStretch{rect.x, rect.x + rect.width}
-                      : KXAxisChartStretch{rect.y, rect.y + rect.height};
+    return isVertical ? KXAxisChartInterval{rect.x, rect.x + rect.width}
+                      : KXAxisChartInterval{rect.y, rect.y + rect.height};
 }
 
-KXAxisChartStretch KXAxisChartPlotFrame::obtainAlong(const UXDoubleRect& rect) const
+KXAxisChartInterval KXAxisChartPlotFrame::obtainAlong(const UXDoubleRect& rect) const
 {
-    return isVertical ? KXAxisChartStretch{rect.y, rect.y + rect.height}
-                      : KXAxisChartStretch{rect.x, rect.x + rect.width};
+    return isVertical ? KXAxisChartInterval{rect.y, rect.y + rect.height}
+                      : KXAxisChartInterval{rect.x, rect.x + rect.width};
 }

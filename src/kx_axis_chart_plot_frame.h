@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_axis_chart_value_map.h"
+#include "kx_axis_chart_linear_scale.h"
 #include "kx_export.h"
 #include "ux/ux_double_point.h"
 #include "ux/ux_double_rect.h"
@@ -9,8 +9,8 @@
 
 #include <optional>
 
-/** A stretch of places, from start to end, which is not below it. */
-struct KXAxisChartStretch {
+/** Places along an axis, from start to end, which is not below it. */
+struct KXAxisChartInterval {
     double start = 0, end = 0;
 
     double obtainLength() const { return end - start; }
@@ -23,12 +23,12 @@ struct KXAxisChartStretch {
 struct KX_EXPORT KXAxisChartPlotFrame {
     bool isVertical = true; /**< values grow upwards, and categories follow each other along x */
     UXRect area;            /**< nothing lies outside of it */
-    KXAxisChartValueMap categories, values;
+    KXAxisChartLinearScale categories, values;
     double spacing = 0;                     /**< the room of one category */
     double pixelScale = 1, pixelOffset = 0; /**< the device pixel at a place across: place * scale + offset */
 
-    KXAxisChartStretch obtainAcross() const { return isVertical ? _obtainX() : _obtainY(); }
-    KXAxisChartStretch obtainAlong() const { return isVertical ? _obtainY() : _obtainX(); }
+    KXAxisChartInterval obtainAcross() const { return isVertical ? _obtainX() : _obtainY(); }
+    KXAxisChartInterval obtainAlong() const { return isVertical ? _obtainY() : _obtainX(); }
     double toPixel(double across) const { return across * pixelScale + pixelOffset; }
     double fromPixel(double pixel) const { return (pixel - pixelOffset) / pixelScale; }
 
@@ -42,15 +42,15 @@ struct KX_EXPORT KXAxisChartPlotFrame {
 
     /** @return the part of a mark between two values that lies in the area; none for a mark beside it. A mark
      * without length is one without extent. */
-    std::optional<KXAxisChartStretch> placeAlong(double from, double to) const;
+    std::optional<KXAxisChartInterval> placeAlong(double from, double to) const;
     UXDoublePoint makePoint(double across, double along) const;
-    UXDoubleRect makeRect(const KXAxisChartStretch& across, const KXAxisChartStretch& along) const;
-    KXAxisChartStretch obtainAcross(const UXDoubleRect& rect) const;
-    KXAxisChartStretch obtainAlong(const UXDoubleRect& rect) const;
+    UXDoubleRect makeRect(const KXAxisChartInterval& across, const KXAxisChartInterval& along) const;
+    KXAxisChartInterval obtainAcross(const UXDoubleRect& rect) const;
+    KXAxisChartInterval obtainAlong(const UXDoubleRect& rect) const;
     /** @return whether larger values have larger places */
     bool growsForwards() const { return values.spacing >= 0; }
 
 private:
-    KXAxisChartStretch _obtainX() const { return {double(area.x), double(area.x) + area.width}; }
-    KXAxisChartStretch _obtainY() const { return {double(area.y), double(area.y) + area.height}; }
+    KXAxisChartInterval _obtainX() const { return {double(area.x), double(area.x) + area.width}; }
+    KXAxisChartInterval _obtainY() const { return {double(area.y), double(area.y) + area.height}; }
 };

@@ -11,30 +11,30 @@ constexpr double whole = 100;
 
 double add(double a, double b) { return std::clamp(a + b, -greatest, greatest); }
 
-void stack(std::vector<KXAxisChartStackPiece>& pieces)
+void stack(std::vector<KXAxisChartStackSegment>& pieces)
 {
     double above = 0, below = 0;
-    for (KXAxisChartStackPiece& piece : pieces) {
+    for (KXAxisChartStackSegment& piece : pieces) {
         double& reached = piece.value < 0 ? below : above;
         piece.from = reached;
         piece.to = reached = add(reached, piece.value);
     }
 }
 
-void divideWhole(std::vector<KXAxisChartStackPiece>& pieces)
+void divideWhole(std::vector<KXAxisChartStackSegment>& pieces)
 {
     // Divided by the largest first, no sum of magnitudes is beyond a double.
     double largest = 0, sum = 0, reached = 0;
-    for (const KXAxisChartStackPiece& piece : pieces)
+    for (const KXAxisChartStackSegment& piece : pieces)
         largest = std::max(largest, std::abs(piece.value));
     if (largest == 0) {
-        for (KXAxisChartStackPiece& piece : pieces)
+        for (KXAxisChartStackSegment& piece : pieces)
             piece.from = piece.to = 0;
         return;
     }
-    for (const KXAxisChartStackPiece& piece : pieces)
+    for (const KXAxisChartStackSegment& piece : pieces)
         sum += std::abs(piece.value) / largest;
-    for (KXAxisChartStackPiece& piece : pieces) {
+    for (KXAxisChartStackSegment& piece : pieces) {
         piece.from = whole * (reached / sum);
         reached += std::abs(piece.value) / largest;
         piece.to = whole * (reached / sum);
@@ -54,7 +54,8 @@ double KXAxisChartStacks::obtainValue(std::size_t position, std::uint64_t catego
     return category < values.size() ? values[category] : std::numeric_limits<double>::quiet_NaN();
 }
 
-void KXAxisChartStacks::obtainPieces(std::uint64_t category, std::vector<KXAxisChartStackPiece>& pieces) const
+void KXAxisChartStacks::obtainPieces(std::uint64_t category,
+                                     std::vector<KXAxisChartStackSegment>& pieces) const
 {
     pieces.clear();
     for (std::size_t position = 0; position < series.size(); ++position) {

@@ -12,12 +12,12 @@
 enum class KXAxisChartStacking : int { Plain, Stacked, Percentage };
 
 /** What one value is before it has a place: it reaches from one value of the axis to another. */
-struct KXAxisChartStackPiece {
+struct KXAxisChartStackSegment {
     std::size_t position = 0; /**< of the series among those that are shown */
     double value = 0;
     double from = 0, to = 0;
 
-    friend bool operator==(const KXAxisChartStackPiece&, const KXAxisChartStackPiece&) = default;
+    friend bool operator==(const KXAxisChartStackSegment&, const KXAxisChartStackSegment&) = default;
 };
 
 /** The values that marks are made of and how they add up, lent by whoever has them. */
@@ -42,7 +42,7 @@ struct KX_EXPORT KXAxisChartStacks {
      * values pile up from zero and negative ones down. Of 100 percent each takes the part of its magnitude,
      * one above the other, and the last ends at 100 exactly.
      */
-    void obtainPieces(std::uint64_t category, std::vector<KXAxisChartStackPiece>& pieces) const;
+    void obtainPieces(std::uint64_t category, std::vector<KXAxisChartStackSegment>& pieces) const;
     /** @return the sum of all values of category, saturated */
     double obtainTotal(std::uint64_t category) const;
     /** @return the sum of them without their signs, saturated */

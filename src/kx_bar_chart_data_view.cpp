@@ -54,15 +54,15 @@ double obtainLeastWidth(KXChartDataDensity density)
     return 6;
 }
 
-/** @return how far outside of stretch place lies, 0 inside */
-double obtainDistance(const KXAxisChartStretch& stretch, double place)
+/** @return how far outside of interval place lies, 0 inside */
+double obtainDistance(const KXAxisChartInterval& interval, double place)
 {
-    return std::max({stretch.start - place, place - stretch.end, 0.0});
+    return std::max({interval.start - place, place - interval.end, 0.0});
 }
 
-bool isNear(const KXAxisChartStretch& stretch, double place)
+bool isNear(const KXAxisChartInterval& interval, double place)
 {
-    return obtainDistance(stretch, place) <= std::max(leastHitExtent - stretch.obtainLength(), 0.0) / 2;
+    return obtainDistance(interval, place) <= std::max(leastHitExtent - interval.obtainLength(), 0.0) / 2;
 }
 
 UXDoubleRect obtainEnlargedRect(const UXDoubleRect& rect, const KXAxisChartMarkLook& look)
@@ -163,7 +163,7 @@ double KXBarChartDataView::_obtainPlaceAcross(UXPoint point) const
     return (m_plane.isVertical ? point.x : point.y) + 0.5;
 }
 
-std::pair<std::size_t, std::size_t> KXBarChartDataView::findSlots(const KXAxisChartStretch& across) const
+std::pair<std::size_t, std::size_t> KXBarChartDataView::findSlots(const KXAxisChartInterval& across) const
 {
     const std::vector<KXBarSlot>& slots = m_layout.slots;
     const auto first = std::ranges::lower_bound(slots, across.start - m_widestSlot, {}, &KXBarSlot::start);
@@ -205,8 +205,8 @@ const KXBar* KXBarChartDataView::hitBar(UXPoint point) const
     // Of bars on each other the last one is in front.
     for (std::size_t i = slot->endBar; i > slot->firstBar; --i) {
         const KXBar& bar = m_layout.bars[i - 1];
-        const KXAxisChartStretch barAcross = m_plane.obtainAcross(bar.rect),
-                                 barAlong = m_plane.obtainAlong(bar.rect);
+        const KXAxisChartInterval barAcross = m_plane.obtainAcross(bar.rect),
+                                  barAlong = m_plane.obtainAlong(bar.rect);
         if (!isNear(barAcross, across) || !isNear(barAlong, along))
             continue;
         const double distance = obtainDistance(barAcross, across) + obtainDistance(barAlong, along);

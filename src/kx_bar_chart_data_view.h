@@ -56,9 +56,9 @@ public:
     const KXBar* hitBar(UXPoint point) const;
     /** @return the slot at that place across, null where there is none */
     const KXBarSlot* findSlot(UXPoint point) const;
-    /** @return the slots that a stretch across touches, by their indexes: the first and the one after the
+    /** @return the slots that an interval across touches, by their indexes: the first and the one after the
      * last */
-    std::pair<std::size_t, std::size_t> findSlots(const KXAxisChartStretch& across) const;
+    std::pair<std::size_t, std::size_t> findSlots(const KXAxisChartInterval& across) const;
 
     // From KXAxisChartDataView and UXJsonObject
     bool shouldIncludeZero() const override;
@@ -86,7 +86,7 @@ public:
 
 private:
     /** What the labels say, in the order in which they choose their places. */
-    struct LabelWishes {
+    struct LabelRequests {
         /** The sum of a category, at the end of its stack. */
         struct Total {
             std::size_t slot; // in the layout
@@ -96,7 +96,7 @@ private:
         /** The text of one bar. */
         struct Label {
             std::size_t bar; // in the layout
-            KXBarLabelPlacer::Wish wish;
+            KXBarLabelPlacer::Request request;
         };
         std::vector<Total> totals;
         std::vector<Label> labels;
@@ -111,11 +111,11 @@ private:
                            const KXAxisChartMarkLook& look) const;
 
     // Labels
-    void _wishTotals(const KXAxisChartStacks& source, LabelWishes& wishes) const;
-    bool _wishBarLabels(const KXAxisChartStacks& source, LabelWishes& wishes, bool extremes);
-    bool _wishBarLabel(const KXAxisChartStacks& source, std::size_t bar, std::size_t position, bool isExtreme,
-                       LabelWishes& wishes);
-    void _placeLabels(const LabelWishes& wishes);
+    void _requestTotals(const KXAxisChartStacks& source, LabelRequests& requests) const;
+    bool _requestBarLabels(const KXAxisChartStacks& source, LabelRequests& requests, bool extremes);
+    bool _requestBarLabel(const KXAxisChartStacks& source, std::size_t bar, std::size_t position,
+                          bool isExtreme, LabelRequests& requests);
+    void _placeLabels(const LabelRequests& requests);
 
     std::shared_ptr<KXBarChartProperty> m_property;
     KXValueLabelTexts m_texts;

@@ -90,27 +90,29 @@ void KXBarChartDataView::layoutLabels()
     const KXAxisChartStacks source = _makeStacks();
     if (source.series.empty())
         return;
-    LabelWishes wishes;
+    LabelRequests requests;
     if (m_property->getShowTotals() && source.form == KXAxisChartStacking::Stacked)
-        _wishTotals(source, wishes);
+        _requestTotals(source, requests);
     if (m_property->getShowLabels())
         for (const bool extremes : {true, false})
-            if (!_wishBarLabels(source, wishes, extremes) || !chart.isAlive())
+            if (!_requestBarLabels(source, requests, extremes) || !chart.isAlive())
                 return;
-    _placeLabels(wishes);
+    _placeLabels(requests);
 }
 
-void KXBarChartDataView::_wishTotals(const KXAxisChartStacks& source, LabelWishes& wishes) const
+void KXBarChartDataView::_requestTotals(const KXAxisChartStacks& source, LabelRequests& requests) const
 {
     const std::vector<KXBarSlot>& slots = getSlots();
     for (std::size_t i = 0; i < slots.size(); ++i) {
         const double total = source.obtainTotal(slots[i].category);
-        wishes.totals.push_back({i, total, getChart()->obtainValueText(source.series.front().index, total)});
+        requests.totals.push_back(
+            {i, total, getChart()->obtainValueText(source.series.front().index, total)});
     }
 }
 
 /** @return false where the host destroyed the chart, replaced its data or had it laid out anew */
-bool KXBarChartDataView::_wishBarLabels(const KXAxisChartStacks& source, LabelWishes& wishes, bool extremes)
+bool KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, LabelRequests& requests,
+                                           bool extremes)
 {
     const KXAxisChartValueOption option = m_property->getLabelValueOption();
     for (std::size_t i = 0; i < getBars().size(); ++i) {
@@ -123,44 +125,44 @@ bool KXBarChartDataView::_wishBarLabels(const KXAxisChartStacks& source, LabelWi
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
         if (isExtreme != extremes || !kxIsValueLabelled(option, facts, found->values, mark.category))
             continue;
-        if (!_wishBarLabel(source, i, position, isExtreme, wishes))
+        if (!_requestBarLabel(source, i, position, isExtreme, requests))
             return false;
     }
     return true;
 }
 
-bool KXBarChartDataView::_wishBarLabel(const KXAxisChartStacks& source, std::size_t index,
-                                       std::size_t position, bool isExtreme, LabelWishes& wishes)
+bool KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::size_t index,
+                                          std::size_t position, bool isExtreme, LabelRequests& requests)
 {
     const UXObjectWatcher chart(getChart());
     const KXBar bar = getBars()[index];
-    KXBarLabelPlacer::Wish wish;
-    wish.text = m_texts.obtainText(*getChart(), source, bar.mark, position,
-                                   m_property->getLabelDisplayOption());
+    KXBarLabelPlacer::Request request;
+    request.text = m_texts.obtainText(*getChart(), source, bar.mark, position,
+                                      m_property->getLabelDisplayOption());
     if (!chart.isAlive())
         return false;
-    wish.property = m_property->getLabelProperty();
-    wish.barColor = m_barColors[index];
-    wish.isExtreme = isExtreme;
-    wish.canStandOutside = source.form == KXAxisChartStacking::Plain || source.series.size() == 1;
-    const UXColor usualColor = wish.property.textColor;
-    if (!getChart()->customizeMarkLabel(bar.mark, wish.text, wish.property))
+    request.property = m_property->getLabelProperty();
+    request.barColor = m_barColors[index];
+    request.isExtreme = isExtreme;
+    request.canStandOutside = source.form == KXAxisChartStacking::Plain || source.series.size() == 1;
+    const UXColor usualColor = request.property.textColor;
+    if (!getChart()->customizeMarkLabel(bar.mark, request.text, request.property))
         return false;
     if (!_areLent(source) || index >= getBars().size() || getBars()[index].mark != bar.mark)
         return false;
-    wish.hasOwnColor = wish.property.textColor != usualColor;
-    wishes.labels.push_back({index, std::move(wish)});
+    request.hasOwnColor = request.property.textColor != usualColor;
+    requests.labels.push_back({index, std::move(request)});
     return true;
 }
 
-void KXBarChartDataView::_placeLabels(const LabelWishes& wishes)
+void KXBarChartDataView::_placeLabels(const LabelRequests& requests)
 {
     KXBarLabelPlacer placer(*this, {m_property->getLabelPosition(), m_property->getLabelOverflow(),
                                     m_property->getAutoLabelColor()});
-    for (const LabelWishes::Total& total : wishes.totals)
+    for (const LabelRequests::Total& total : requests.totals)
         placer.addTotal(getSlots()[total.slot], total.value, total.text, m_property->getTotalProperty());
-    for (const LabelWishes::Label& label : wishes.labels)
-        placer.add(label.bar, label.wish);
+    for (const LabelRequests::Label& label : requests.labels)
+        placer.add(label.bar, label.request);
     m_labels = placer.place();
 }
 

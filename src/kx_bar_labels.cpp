@@ -34,7 +34,7 @@ KXBarLabelPlacer::~KXBarLabelPlacer() = default;
 UXDoubleRect KXBarLabelPlacer::_makeRect(const UXDoubleRect& bar, KXBarLabelPosition position,
                                          bool growsForwards, const UXDoubleSize& size) const
 {
-    const KXAxisChartStretch across = m_plane.obtainAcross(bar), along = m_plane.obtainAlong(bar);
+    const KXAxisChartInterval across = m_plane.obtainAcross(bar), along = m_plane.obtainAlong(bar);
     const double wide = m_plane.isVertical ? size.width : size.height;
     const double length = m_plane.isVertical ? size.height : size.width;
     const double gap = m_plane.isVertical && position != KXBarLabelPosition::Outside ? 1 : endGap;
@@ -48,13 +48,14 @@ UXDoubleRect KXBarLabelPlacer::_makeRect(const UXDoubleRect& bar, KXBarLabelPosi
     return m_plane.makeRect({middle - wide / 2, middle + wide / 2}, {start, start + length});
 }
 
-void KXBarLabelPlacer::add(std::size_t index, const Wish& wish)
+void KXBarLabelPlacer::add(std::size_t index, const Request& request)
 {
     const KXBar& bar = m_view.getBars()[index];
-    KXLabelWish made{wish.text, wish.property, wish.isExtreme ? extreme : other, false, index, {}};
+    KXLabelRequest made{
+        request.text, request.property, request.isExtreme ? extreme : other, false, index, {}};
     made.property.align = UXTextAlign::Center;
     const UXDoubleSize size = m_placer.measure(made.text, made.property);
-    if (!wish.isExtreme && _isTooLong(size))
+    if (!request.isExtreme && _isTooLong(size))
         return;
     const bool growsForwards = m_plane.growsForwards() == (bar.to >= bar.from);
     const bool wantsOutside = m_style.position == KXBarLabelPosition::Outside;
@@ -63,22 +64,22 @@ void KXBarLabelPlacer::add(std::size_t index, const Wish& wish)
     };
 
     // 1. Beyond the end, on the background.
-    if (wantsOutside && wish.canStandOutside)
+    if (wantsOutside && request.canStandOutside)
         addCandidate(KXBarLabelPosition::Outside);
 
     // 2. On the bar, in a colour that is read there; where it is too small, over its edges or not at all.
-    const KXBarLabelPosition inside = !wantsOutside          ? m_style.position
-                                      : wish.canStandOutside ? KXBarLabelPosition::InsideEnd
-                                                             : KXBarLabelPosition::InsideCenter;
+    const KXBarLabelPosition inside = !wantsOutside             ? m_style.position
+                                      : request.canStandOutside ? KXBarLabelPosition::InsideEnd
+                                                                : KXBarLabelPosition::InsideCenter;
     if (holds(bar.rect, size)) {
-        const bool isReadable = m_style.isReadableOnBars && !wish.hasOwnColor;
-        addCandidate(inside, isReadable ? std::optional(wish.barColor) : std::nullopt);
+        const bool isReadable = m_style.isReadableOnBars && !request.hasOwnColor;
+        addCandidate(inside, isReadable ? std::optional(request.barColor) : std::nullopt);
     } else if (m_style.overflow == KXBarLabelOverflow::Visible) {
-        if (!wantsOutside && wish.canStandOutside)
+        if (!wantsOutside && request.canStandOutside)
             addCandidate(KXBarLabelPosition::Outside);
         addCandidate(inside);
     }
-    m_wishes.push_back(std::move(made));
+    m_requests.push_back(std::move(made));
 }
 
 const KXBar* KXBarLabelPlacer::_findOutermost(const KXBarSlot& slot, bool isBelow) const
@@ -95,7 +96,7 @@ const KXBar* KXBarLabelPlacer::_findOutermost(const KXBarSlot& slot, bool isBelo
 void KXBarLabelPlacer::addTotal(const KXBarSlot& slot, double value, const std::string& text,
                                 const UXTextProperty& property)
 {
-    KXLabelWish made{text, property, total, false, KXCollisionGrid::noOwner, {}};
+    KXLabelRequest made{text, property, total, false, KXCollisionGrid::noOwner, {}};
     made.property.align = UXTextAlign::Center;
     const UXDoubleSize size = m_placer.measure(made.text, made.property);
     if (_isTooLong(size))
@@ -105,7 +106,7 @@ void KXBarLabelPlacer::addTotal(const KXBarSlot& slot, double value, const std::
             made.candidates.push_back({_makeRect(outermost->rect, KXBarLabelPosition::Outside,
                                                  m_plane.growsForwards() != isBelow, size),
                                        std::nullopt});
-    m_wishes.push_back(std::move(made));
+    m_requests.push_back(std::move(made));
 }
 
 bool KXBarLabelPlacer::_isTooLong(const UXDoubleSize& size) const
@@ -119,8 +120,8 @@ std::vector<KXBarLabel> KXBarLabelPlacer::place()
     for (std::size_t i = 0; i < bars.size(); ++i)
         m_placer.addObstacle(bars[i].rect, i);
     std::vector<KXBarLabel> labels;
-    for (KXPlacedLabel& placed : m_placer.place(m_wishes)) {
-        const std::size_t bar = m_wishes[placed.wish].mark;
+    for (KXPlacedLabel& placed : m_placer.place(m_requests)) {
+        const std::size_t bar = m_requests[placed.request].mark;
         labels.push_back({bar < bars.size() ? std::optional(bars[bar].mark) : std::nullopt,
                           std::move(placed.text), placed.rect, placed.property, placed.isOnGround});
     }

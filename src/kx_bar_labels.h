@@ -35,9 +35,9 @@ struct KXBarLabelStyle {
 };
 
 /**
- * Says what the labels of bars wish, and has them placed: totals have the first choice, then extremes, then
- * all others. A label outside that has no room beyond its bar's end stands inside of it. One that its bar
- * cannot hold is left out, or, where it may overflow, stands outside or over the bar's edges.
+ * Says what the labels of bars request, and has them placed: totals have the first choice, then extremes,
+ * then all others. A label outside that has no room beyond its bar's end stands inside of it. One that its
+ * bar cannot hold is left out, or, where it may overflow, stands outside or over the bar's edges.
  */
 class KX_EXPORT KXBarLabelPlacer {
 public:
@@ -46,7 +46,7 @@ public:
     ~KXBarLabelPlacer();
 
     /** A label that wants to be read on a bar. */
-    struct Wish {
+    struct Request {
         std::string text;
         UXTextProperty property;
         UXColor barColor;
@@ -58,7 +58,7 @@ public:
     /** A label that is longer than one and a half categories are wide tells nobody whose it is, so only
      * extremes get such a one.
      *  @param bar its index in the data view */
-    void add(std::size_t bar, const Wish& wish);
+    void add(std::size_t bar, const Request& request);
     /** Adds a total, which stands beyond the bars of a slot, on the side of zero where value is, or else on
      * the other. */
     void addTotal(const KXBarSlot& slot, double value, const std::string& text,
@@ -78,5 +78,5 @@ private:
     const KXBarPlane& m_plane;
     KXBarLabelStyle m_style;
     KXLabelPlacer m_placer;
-    std::vector<KXLabelWish> m_wishes;
+    std::vector<KXLabelRequest> m_requests;
 };

@@ -28,19 +28,19 @@ KXBarLayout layoutEachCategory(const KXAxisChartStacks& source, const KXBarPlane
                                const KXBarWidths& widths)
 {
     KXBarLayout layout;
-    std::vector<KXAxisChartStackPiece> pieces;
+    std::vector<KXAxisChartStackSegment> pieces;
     for (std::uint64_t category = source.first; category < source.end; ++category) {
         source.obtainPieces(category, pieces);
         const double centre = plane.categories.obtainPosition(source.obtainCategoryValue(category));
         const double left = std::round(plane.toPixel(centre) - widths.total / 2);
         KXBarSlot slot{centre - plane.spacing / 2, centre + plane.spacing / 2, category, layout.bars.size(),
                        0};
-        for (const KXAxisChartStackPiece& piece : pieces) {
-            const std::optional<KXAxisChartStretch> along = plane.placeAlong(piece.from, piece.to);
+        for (const KXAxisChartStackSegment& piece : pieces) {
+            const std::optional<KXAxisChartInterval> along = plane.placeAlong(piece.from, piece.to);
             if (!along)
                 continue;
             const double start = left + static_cast<double>(piece.position) * widths.pitch;
-            const KXAxisChartStretch across{plane.fromPixel(start), plane.fromPixel(start + widths.width)};
+            const KXAxisChartInterval across{plane.fromPixel(start), plane.fromPixel(start + widths.width)};
             layout.bars.push_back({{source.series[piece.position].index, category},
                                    piece.value,
                                    piece.from,

@@ -60,9 +60,9 @@ private:
     void _collectStacks(const Run& run);
     void _take(std::int64_t first, std::int64_t end, const Extreme& above, const Extreme& below);
     void _addSlot(std::size_t first, std::size_t end);
-    void _addSide(const Extreme& extreme, const KXAxisChartStretch& across);
+    void _addSide(const Extreme& extreme, const KXAxisChartInterval& across);
     void _addBar(std::size_t position, std::uint64_t category, double value, double from, double to,
-                 const KXAxisChartStretch& across);
+                 const KXAxisChartInterval& across);
 
     const KXAxisChartStacks& m_source;
     const KXBarPlane& m_plane;
@@ -72,7 +72,7 @@ private:
     std::size_t m_laneCount;   // bars side by side that are to have columns of their own
     std::int64_t m_groupWidth; // of a category's bars side by side, in pixels; 0 where categories share it
     std::vector<Column> m_columns;
-    std::vector<KXAxisChartStackPiece> m_pieces;
+    std::vector<KXAxisChartStackSegment> m_pieces;
     KXBarLayout m_layout;
 };
 
@@ -210,7 +210,7 @@ void Columns::_addSlot(std::size_t first, std::size_t end)
     furthest.take(column.below);
     if (furthest.category == none)
         return;
-    const KXAxisChartStretch across = m_pixels.obtainAcross(first, end);
+    const KXAxisChartInterval across = m_pixels.obtainAcross(first, end);
     KXBarSlot slot{across.start, across.end, furthest.category, m_layout.bars.size(), 0};
     _addSide(column.above, across);
     _addSide(column.below, across);
@@ -219,7 +219,7 @@ void Columns::_addSlot(std::size_t first, std::size_t end)
 }
 
 /** A stack shows its pieces on that side of zero. */
-void Columns::_addSide(const Extreme& extreme, const KXAxisChartStretch& across)
+void Columns::_addSide(const Extreme& extreme, const KXAxisChartInterval& across)
 {
     if (extreme.category == none)
         return;
@@ -228,15 +228,15 @@ void Columns::_addSide(const Extreme& extreme, const KXAxisChartStretch& across)
         return;
     }
     m_source.obtainPieces(extreme.category, m_pieces);
-    for (const KXAxisChartStackPiece& piece : m_pieces)
+    for (const KXAxisChartStackSegment& piece : m_pieces)
         if (extreme.value > 0 ? piece.to > piece.from : piece.to < piece.from)
             _addBar(piece.position, extreme.category, piece.value, piece.from, piece.to, across);
 }
 
 void Columns::_addBar(std::size_t position, std::uint64_t category, double value, double from, double to,
-                      const KXAxisChartStretch& across)
+                      const KXAxisChartInterval& across)
 {
-    if (const std::optional<KXAxisChartStretch> along = m_plane.placeAlong(from, to))
+    if (const std::optional<KXAxisChartInterval> along = m_plane.placeAlong(from, to))
         m_layout.bars.push_back(
             {{m_source.series[position].index, category}, value, from, to, m_plane.makeRect(across, *along)});
 }

@@ -49,28 +49,30 @@ bool KXLabelPlacer::_isInside(const UXDoubleRect& rect) const
 
 /** @param width of the whole text
  *  @return what of the text stands in rect, empty for none */
-std::string KXLabelPlacer::_fit(const KXLabelWish& wish, const UXDoubleRect& rect, double width) const
+std::string KXLabelPlacer::_fit(const KXLabelRequest& request, const UXDoubleRect& rect, double width) const
 {
     if (width <= rect.width + noise)
-        return wish.text;
-    if (!wish.mayShorten)
+        return request.text;
+    if (!request.mayShorten)
         return {};
     std::string text = uxShortenText(
-        wish.text, UXTextOption::EllipsisEnd, rect.width,
-        [&](std::string_view part) { return m_helper->getTextSize(std::string(part), wish.property).width; });
+        request.text, UXTextOption::EllipsisEnd, rect.width, [&](std::string_view part) {
+            return m_helper->getTextSize(std::string(part), request.property).width;
+        });
     return countCharacters(text) > fewestCharacters ? text : std::string();
 }
 
-std::optional<KXPlacedLabel> KXLabelPlacer::_placeOne(const KXLabelWish& wish)
+std::optional<KXPlacedLabel> KXLabelPlacer::_placeOne(const KXLabelRequest& request)
 {
-    if (wish.text.empty())
+    if (request.text.empty())
         return std::nullopt;
-    const UXDoubleSize size = measure(wish.text, wish.property);
-    for (const KXLabelCandidate& candidate : wish.candidates) {
+    const UXDoubleSize size = measure(request.text, request.property);
+    for (const KXLabelCandidate& candidate : request.candidates) {
         if (size.height > candidate.rect.height + noise || !_isInside(candidate.rect) ||
-            !m_grid.isFree(candidate.rect, wish.mark))
+            !m_grid.isFree(candidate.rect, request.mark))
             continue;
-        KXPlacedLabel label{0, _fit(wish, candidate.rect, size.width), candidate.rect, wish.property, false};
+        KXPlacedLabel label{0, _fit(request, candidate.rect, size.width), candidate.rect, request.property,
+                            false};
         if (label.text.empty())
             continue;
         if (candidate.ground) {
@@ -83,15 +85,15 @@ std::optional<KXPlacedLabel> KXLabelPlacer::_placeOne(const KXLabelWish& wish)
     return std::nullopt;
 }
 
-std::vector<KXPlacedLabel> KXLabelPlacer::place(std::span<const KXLabelWish> wishes)
+std::vector<KXPlacedLabel> KXLabelPlacer::place(std::span<const KXLabelRequest> requests)
 {
-    std::vector<std::size_t> order(wishes.size());
+    std::vector<std::size_t> order(requests.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(order, {}, [&](std::size_t index) { return wishes[index].rank; });
+    std::ranges::stable_sort(order, {}, [&](std::size_t index) { return requests[index].rank; });
     std::vector<KXPlacedLabel> placed;
     for (const std::size_t index : order) {
-        if (std::optional<KXPlacedLabel> label = _placeOne(wishes[index])) {
-            label->wish = index;
+        if (std::optional<KXPlacedLabel> label = _placeOne(requests[index])) {
+            label->request = index;
             placed.push_back(std::move(*label));
         }
     }

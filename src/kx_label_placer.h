@@ -24,10 +24,10 @@ struct KXLabelCandidate {
 };
 
 /** What a chart wants one label to be. */
-struct KXLabelWish {
+struct KXLabelRequest {
     std::string text; /**< one line; an empty one has no label */
     UXTextProperty property;
-    int rank = 0; /**< of two wishes the lower one has the first choice, of equals the earlier one */
+    int rank = 0; /**< of two requests the lower one has the first choice, of equals the earlier one */
     bool mayShorten = false; /**< in a candidate that is not wide enough, rather than be left out */
     std::size_t mark = KXCollisionGrid::noOwner; /**< whose label it is: it may cover that obstacle */
     std::vector<KXLabelCandidate> candidates;    /**< the best one first */
@@ -35,8 +35,8 @@ struct KXLabelWish {
 
 /** A label that has its place. */
 struct KXPlacedLabel {
-    std::size_t wish = 0; /**< its index */
-    std::string text;     /**< with an ellipsis where it was shortened */
+    std::size_t request = 0; /**< its index */
+    std::string text;        /**< with an ellipsis where it was shortened */
     UXDoubleRect rect;
     UXTextProperty property;
     bool isOnGround = false; /**< in the colour that the candidate's ground wants */
@@ -44,7 +44,7 @@ struct KXPlacedLabel {
 
 /**
  * Finds places for the labels of marks, whatever shape these have: no label touches another one or an
- * obstacle that is not its own, or leaves the area. The same wishes always get the same places.
+ * obstacle that is not its own, or leaves the area. The same requests always get the same places.
  */
 class KX_EXPORT KXLabelPlacer {
 public:
@@ -59,12 +59,12 @@ public:
     /** @param mark whose label may cover it */
     void addObstacle(const UXDoubleRect& rect, std::size_t mark = KXCollisionGrid::noOwner);
     /** @return those that found a place, in the order of their ranks; they are obstacles from now on */
-    std::vector<KXPlacedLabel> place(std::span<const KXLabelWish> wishes);
+    std::vector<KXPlacedLabel> place(std::span<const KXLabelRequest> requests);
 
 private:
     bool _isInside(const UXDoubleRect& rect) const;
-    std::string _fit(const KXLabelWish& wish, const UXDoubleRect& rect, double width) const;
-    std::optional<KXPlacedLabel> _placeOne(const KXLabelWish& wish);
+    std::string _fit(const KXLabelRequest& request, const UXDoubleRect& rect, double width) const;
+    std::optional<KXPlacedLabel> _placeOne(const KXLabelRequest& request);
 
     UXDoubleRect m_area;
     double m_gap;

@@ -103,7 +103,7 @@ double KXLineChartDataView::_obtainAcross(const UXDoublePoint& point) const
 /** @return whether the vertex is one of a value, where it can be seen */
 bool KXLineChartDataView::_isInSight(const KXLineVertex& vertex) const
 {
-    const KXAxisChartStretch across = m_frame.obtainAcross(), along = m_frame.obtainAlong();
+    const KXAxisChartInterval across = m_frame.obtainAcross(), along = m_frame.obtainAlong();
     return vertex.across >= across.start && vertex.across <= across.end && vertex.along >= along.start &&
            vertex.along <= along.end;
 }

@@ -110,10 +110,10 @@ private:
 
     // Labels
     bool _showsNames() const;
-    bool _wishLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer);
-    bool _wishLabel(const KXAxisChartStacks& source, const KXLinePlace& place, std::size_t position,
-                    KXLineLabelPlacer& placer);
-    void _wishNames(KXLineLabelPlacer& placer) const;
+    bool _requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer);
+    bool _requestLabel(const KXAxisChartStacks& source, const KXLinePlace& place, std::size_t position,
+                       KXLineLabelPlacer& placer);
+    void _requestNames(KXLineLabelPlacer& placer) const;
 
     std::shared_ptr<KXLineChartProperty> m_property;
     KXAxisChartType m_type;

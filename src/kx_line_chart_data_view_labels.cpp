@@ -54,18 +54,18 @@ void KXLineChartDataView::layoutLabels()
         return;
     KXLineLabelPlacer placer(m_frame, m_property->getLabelPosition(), m_property->getPointSize());
     if (_showsNames()) {
-        _wishNames(placer);
+        _requestNames(placer);
     } else {
         for (const KXLinePlace& point : m_points)
             placer.addObstacle(point.place);
-        if (!_wishLabels(_makeStacks(), placer))
+        if (!_requestLabels(_makeStacks(), placer))
             return;
     }
     m_labels = placer.place();
 }
 
 /** @return false where the host destroyed the chart or replaced its data */
-bool KXLineChartDataView::_wishLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer)
+bool KXLineChartDataView::_requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer)
 {
     const KXAxisChartValueOption option = m_property->getLabelValueOption();
     std::vector<std::pair<KXLinePlace, std::size_t>> wanted; // with the position of the series
@@ -85,13 +85,13 @@ bool KXLineChartDataView::_wishLabels(const KXAxisChartStacks& source, KXLineLab
     }
     // The host may have anything done from here on.
     for (const auto& [place, position] : wanted)
-        if (!_wishLabel(source, place, position, placer))
+        if (!_requestLabel(source, place, position, placer))
             return false;
     return true;
 }
 
-bool KXLineChartDataView::_wishLabel(const KXAxisChartStacks& source, const KXLinePlace& place,
-                                     std::size_t position, KXLineLabelPlacer& placer)
+bool KXLineChartDataView::_requestLabel(const KXAxisChartStacks& source, const KXLinePlace& place,
+                                        std::size_t position, KXLineLabelPlacer& placer)
 {
     const UXObjectWatcher chart(getChart());
     std::string text = m_texts.obtainText(*getChart(), source, place.mark, position,
@@ -110,7 +110,7 @@ bool KXLineChartDataView::_wishLabel(const KXAxisChartStacks& source, const KXLi
     return true;
 }
 
-void KXLineChartDataView::_wishNames(KXLineLabelPlacer& placer) const
+void KXLineChartDataView::_requestNames(KXLineLabelPlacer& placer) const
 {
     for (std::size_t position = 0; position < m_layout.shapes.size(); ++position) {
         const std::vector<KXLineVertex>& vertices = m_layout.shapes[position].line.vertices;

@@ -109,7 +109,7 @@ void KXLineEdges::_makeSums(const KXAxisChartStacks& source, const std::vector<b
         for (int i = 0; i < (isBelow ? 3 : 1); ++i)
             _keep(std::vector<double>(m_placeCount));
     }
-    std::vector<KXAxisChartStackPiece> pieces;
+    std::vector<KXAxisChartStackSegment> pieces;
     for (std::size_t place = 0; place < m_placeCount; ++place) {
         source.obtainPieces(obtainCategory(place), pieces);
         double above = 0, below = 0;

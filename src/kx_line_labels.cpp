@@ -55,16 +55,16 @@ void KXLineLabelPlacer::add(const KXAxisChartMark& mark, const UXDoublePoint& po
 {
     using enum KXLineLabelPosition;
     const bool isExtreme = extreme != Extreme::None;
-    KXLabelWish wish{text, property, isExtreme ? first : other, false, KXCollisionGrid::noOwner, {}};
-    wish.property.align = UXTextAlign::Center;
-    const UXDoubleSize size = m_placer.measure(wish.text, wish.property);
+    KXLabelRequest request{text, property, isExtreme ? first : other, false, KXCollisionGrid::noOwner, {}};
+    request.property.align = UXTextAlign::Center;
+    const UXDoubleSize size = m_placer.measure(request.text, request.property);
     const bool standsBelow = extreme == Extreme::Least && m_position == Top && m_frame.isVertical;
     const KXLineLabelPosition wanted = standsBelow ? Bottom : m_position;
-    wish.candidates.push_back({_makeRect(point, wanted, size), std::nullopt});
+    request.candidates.push_back({_makeRect(point, wanted, size), std::nullopt});
     for (const KXLineLabelPosition side : {Top, Bottom, Right, Left})
         if (side != wanted)
-            wish.candidates.push_back({_makeRect(point, side, size), std::nullopt});
-    m_wishes.push_back(std::move(wish));
+            request.candidates.push_back({_makeRect(point, side, size), std::nullopt});
+    m_requests.push_back(std::move(request));
     m_marks.push_back(mark);
 }
 
@@ -83,7 +83,7 @@ void KXLineLabelPlacer::addName(const KXAxisChartMark& mark, const UXDoublePoint
  * of the room wants; those that still have none are left to the hints. */
 void KXLineLabelPlacer::_placeNames(std::vector<KXLineLabel>& labels) const
 {
-    const KXAxisChartStretch room = m_frame.obtainAlong();
+    const KXAxisChartInterval room = m_frame.obtainAlong();
     const auto obtainAlong = [this](const KXLineLabel& label) { return m_frame.obtainAlong(label.rect); };
     const auto moveTo = [this](KXLineLabel& label, double start) {
         (m_frame.isVertical ? label.rect.y : label.rect.x) = start;
@@ -102,7 +102,7 @@ void KXLineLabelPlacer::_placeNames(std::vector<KXLineLabel>& labels) const
         limit = obtainAlong(name).start;
     }
     reached = room.start;
-    const KXAxisChartStretch across = m_frame.obtainAcross();
+    const KXAxisChartInterval across = m_frame.obtainAcross();
     for (KXLineLabel& name : names) {
         if (obtainAlong(name).start < reached || m_frame.obtainAcross(name.rect).end > across.end)
             continue;
@@ -114,8 +114,8 @@ void KXLineLabelPlacer::_placeNames(std::vector<KXLineLabel>& labels) const
 std::vector<KXLineLabel> KXLineLabelPlacer::place()
 {
     std::vector<KXLineLabel> labels;
-    for (KXPlacedLabel& placed : m_placer.place(m_wishes))
-        labels.push_back({m_marks[placed.wish], std::move(placed.text), placed.rect, placed.property});
+    for (KXPlacedLabel& placed : m_placer.place(m_requests))
+        labels.push_back({m_marks[placed.request], std::move(placed.text), placed.rect, placed.property});
     _placeNames(labels);
     return labels;
 }

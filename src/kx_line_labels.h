@@ -21,9 +21,9 @@ struct KXLineLabel {
 };
 
 /**
- * Says what the labels of points wish, and has them placed: extremes have the first choice. A label stands on
- * the side of its point that the user wants, or else on the one where there is room. Names stand beyond the
- * ends of their lines, moved apart where these meet.
+ * Says what the labels of points request, and has them placed: extremes have the first choice. A label stands
+ * on the side of its point that the user wants, or else on the one where there is room. Names stand beyond
+ * the ends of their lines, moved apart where these meet.
  */
 class KX_EXPORT KXLineLabelPlacer {
 public:
@@ -55,7 +55,7 @@ private:
     KXLineLabelPosition m_position;
     double m_distance; // of a label from the centre of its point
     KXLabelPlacer m_placer;
-    std::vector<KXLabelWish> m_wishes;
-    std::vector<KXAxisChartMark> m_marks; // one a wish
+    std::vector<KXLabelRequest> m_requests;
+    std::vector<KXAxisChartMark> m_marks; // one a request
     std::vector<KXLineLabel> m_names;     // where they would like to be
 };

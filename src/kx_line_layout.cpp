@@ -112,17 +112,17 @@ private:
             if (run.firstCategory > reached)
                 _takeAll(heights, run.firstCategory - 1, run.firstCategory);
             reached = std::min<std::uint64_t>(run.endCategory, heights.size());
-            m_stretches.clear();
-            pyramid.findStretches(heights, run.firstCategory, reached, m_stretches);
+            m_intervals.clear();
+            pyramid.findIntervals(heights, run.firstCategory, reached, m_intervals);
             if (m_form.connectsOverNulls)
-                _joinAllStretches(heights);
-            else if (m_stretches.size() > greatestRunCount)
-                _joinNearStretches(heights);
+                _joinAllIntervals(heights);
+            else if (m_intervals.size() > greatestRunCount)
+                _joinNearIntervals(heights);
             std::uint64_t end = run.firstCategory;
-            for (const KXValueStretch& stretch : m_stretches) {
-                m_isBroken = m_isBroken || stretch.first != end;
-                _takeStretch(heights, stretch);
-                end = stretch.end;
+            for (const KXValueInterval& interval : m_intervals) {
+                m_isBroken = m_isBroken || interval.first != end;
+                _takeInterval(heights, interval);
+                end = interval.end;
             }
             m_isBroken = m_isBroken || end != reached;
         }
@@ -130,40 +130,40 @@ private:
             _takeAll(heights, reached, std::min(reached + 1, m_places.end));
     }
 
-    void _takeStretch(Heights heights, const KXValueStretch& stretch)
+    void _takeInterval(Heights heights, const KXValueInterval& interval)
     {
-        std::uint64_t last = stretch.first;
+        std::uint64_t last = interval.first;
         _take(heights, last);
-        for (const std::uint64_t place : {std::min(stretch.least, stretch.greatest),
-                                          std::max(stretch.least, stretch.greatest), stretch.end - 1})
+        for (const std::uint64_t place : {std::min(interval.least, interval.greatest),
+                                          std::max(interval.least, interval.greatest), interval.end - 1})
             if (place > last)
                 _take(heights, last = place);
     }
 
     /** Nothing breaks a line that goes on over nulls. */
-    void _joinAllStretches(Heights heights)
+    void _joinAllIntervals(Heights heights)
     {
-        if (m_stretches.empty())
+        if (m_intervals.empty())
             return;
-        KXValueStretch& all = m_stretches.front();
-        for (const KXValueStretch& stretch : m_stretches) {
-            all.end = stretch.end;
-            if (heights[stretch.least] < heights[all.least])
-                all.least = stretch.least;
-            if (heights[stretch.greatest] > heights[all.greatest])
-                all.greatest = stretch.greatest;
+        KXValueInterval& all = m_intervals.front();
+        for (const KXValueInterval& interval : m_intervals) {
+            all.end = interval.end;
+            if (heights[interval.least] < heights[all.least])
+                all.least = interval.least;
+            if (heights[interval.greatest] > heights[all.greatest])
+                all.greatest = interval.greatest;
         }
-        m_stretches.resize(1);
+        m_intervals.resize(1);
     }
 
     /** Many runs in one column are seen only by what they cover of it; those that lead out of it stay. */
-    void _joinNearStretches(Heights heights)
+    void _joinNearIntervals(Heights heights)
     {
         const auto obtainPixel = [&](std::uint64_t place) {
             return m_frame.values.obtainPosition(heights[place]) * m_frame.pixelScale;
         };
-        const auto first = m_stretches.begin() + 1, last = m_stretches.end() - 1;
-        std::sort(first, last, [&](const KXValueStretch& a, const KXValueStretch& b) {
+        const auto first = m_intervals.begin() + 1, last = m_intervals.end() - 1;
+        std::sort(first, last, [&](const KXValueInterval& a, const KXValueInterval& b) {
             return heights[a.least] < heights[b.least];
         });
         auto joined = first;
@@ -174,11 +174,11 @@ private:
             else if (heights[next->greatest] > heights[joined->greatest])
                 joined->greatest = next->greatest;
         }
-        m_stretches.erase(joined + 1, last);
-        for (auto stretch = m_stretches.begin() + 1; stretch + 1 < m_stretches.end(); ++stretch) {
+        m_intervals.erase(joined + 1, last);
+        for (auto interval = m_intervals.begin() + 1; interval + 1 < m_intervals.end(); ++interval) {
             // From here on it is only the two extremes, which may be far from each other.
-            stretch->first = std::min(stretch->least, stretch->greatest);
-            stretch->end = std::max(stretch->least, stretch->greatest) + 1;
+            interval->first = std::min(interval->least, interval->greatest);
+            interval->end = std::max(interval->least, interval->greatest) + 1;
         }
     }
 
@@ -213,7 +213,7 @@ private:
             fills.back().insert(fills.back().end(), lower.rbegin(), lower.rend());
             return;
         }
-        const KXAxisChartStretch room = m_frame.obtainAlong();
+        const KXAxisChartInterval room = m_frame.obtainAlong();
         const double ground = std::clamp(m_frame.values.obtainPosition(0), room.start, room.end);
         const auto isGap = [](const UXDoublePoint& point) {
             return !std::isfinite(point.x) || !std::isfinite(point.y);
@@ -238,7 +238,7 @@ private:
     bool m_isDense = false;
     std::vector<KXAxisChartPixelRun> m_runs;
     std::map<const double*, KXLinePath> m_paths; // by the first of their heights
-    std::vector<KXValueStretch> m_stretches;     // of the present column
+    std::vector<KXValueInterval> m_intervals;    // of the present column
 
     std::vector<KXLineVertex>* m_vertices = nullptr; // of the present path
     bool m_isBroken = false;                         // there was a null before

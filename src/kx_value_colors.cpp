@@ -27,7 +27,7 @@ UXColor KXValueColors::obtainColor(double value) const
 
 void KXValueColors::use(UXPainter& painter, const KXAxisChartPlotFrame& frame, double opacity) const
 {
-    const KXAxisChartStretch room = frame.obtainAlong();
+    const KXAxisChartInterval room = frame.obtainAlong();
     const double start = frame.values.obtainValue(room.start), end = frame.values.obtainValue(room.end);
     const double low = std::min(start, end), high = std::max(start, end);
     if ((!scale && negativeColor.alpha <= 0) || !(low < high) || !std::isfinite(high) ||

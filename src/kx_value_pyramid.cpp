@@ -8,15 +8,15 @@ namespace {
 /** So many values are one block, and so many blocks one of the next level. */
 constexpr std::size_t valuesInBlock = 16, blocksInBlock = 4;
 
-/** Adds values that follow what was found, which begins at base, to the stretch before or as a new one. */
-void take(std::span<const double> values, const KXValueStretch& next, std::size_t base,
-          std::vector<KXValueStretch>& found)
+/** Adds values that follow what was found, which begins at base, to the interval before or as a new one. */
+void take(std::span<const double> values, const KXValueInterval& next, std::size_t base,
+          std::vector<KXValueInterval>& found)
 {
     if (found.size() == base || found.back().end != next.first) {
         found.push_back(next);
         return;
     }
-    KXValueStretch& last = found.back();
+    KXValueInterval& last = found.back();
     last.end = next.end;
     if (values[next.least] < values[last.least])
         last.least = next.least;
@@ -69,8 +69,8 @@ KXValuePyramid::KXValuePyramid(std::span<const double> values)
 }
 
 /** Each step takes the largest block that begins here, fits and has values only, or none; else one value. */
-void KXValuePyramid::findStretches(std::span<const double> values, std::size_t first, std::size_t end,
-                                   std::vector<KXValueStretch>& found) const
+void KXValuePyramid::findIntervals(std::span<const double> values, std::size_t first, std::size_t end,
+                                   std::vector<KXValueInterval>& found) const
 {
     const std::size_t base = found.size();
     for (std::size_t at = first; at < end;) {

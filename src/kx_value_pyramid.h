@@ -9,11 +9,11 @@
 #include <vector>
 
 /** Values that follow each other without a null, by their indexes, and where the extremes among them are. */
-struct KXValueStretch {
+struct KXValueInterval {
     std::size_t first = 0, end = 0;
     std::size_t least = 0, greatest = 0; /**< of several equal ones the first */
 
-    friend bool operator==(const KXValueStretch&, const KXValueStretch&) = default;
+    friend bool operator==(const KXValueInterval&, const KXValueInterval&) = default;
 };
 
 /**
@@ -25,11 +25,11 @@ public:
     /** @param values NaN for a null; not kept, and not more than 2^31 */
     explicit KXValuePyramid(std::span<const double> values);
 
-    /** Appends the longest stretches without a null of the values from first to end, in their order. The work
+    /** Appends the longest intervals without a null of the values from first to end, in their order. The work
      * grows with their number, not with that of the values.
      *  @param values those that this was made of */
-    void findStretches(std::span<const double> values, std::size_t first, std::size_t end,
-                       std::vector<KXValueStretch>& found) const;
+    void findIntervals(std::span<const double> values, std::size_t first, std::size_t end,
+                       std::vector<KXValueInterval>& found) const;
     std::size_t obtainMemory() const;
 
 private:

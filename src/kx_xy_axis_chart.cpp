@@ -24,7 +24,7 @@ namespace {
 constexpr double placeNoise = 1e-6;
 
 /** @return where the values of an axis lie along it */
-KXAxisChartValueMap makeMap(const KXAxisChartAxis& own)
+KXAxisChartLinearScale makeMap(const KXAxisChartAxis& own)
 {
     KXAxis& axis = *own.axis;
     const double low = axis.getMinValue(), high = axis.getMaxValue();
@@ -365,9 +365,9 @@ double KXXYAxisChart::obtainCategoryValue(std::uint64_t category)
     return category < m_categoryNumbers.size() ? m_categoryNumbers[category] : static_cast<double>(category);
 }
 
-KXAxisChartValueMap KXXYAxisChart::obtainCategoryMap() const
+KXAxisChartLinearScale KXXYAxisChart::obtainCategoryMap() const
 {
-    KXAxisChartValueMap map = makeMap(m_x);
+    KXAxisChartLinearScale map = makeMap(m_x);
     // The axis moves its values by whole units; slots begin exactly where the axis does.
     if (!m_isContinuous)
         map.position -= map.spacing / 2 - std::floor(map.spacing / 2);
@@ -376,7 +376,7 @@ KXAxisChartValueMap KXXYAxisChart::obtainCategoryMap() const
 
 double KXXYAxisChart::obtainCategorySpacing() const { return makeMap(m_x).spacing * m_categoryDistance; }
 
-KXAxisChartValueMap KXXYAxisChart::obtainValueMap(std::uint64_t series) const
+KXAxisChartLinearScale KXXYAxisChart::obtainLinearScale(std::uint64_t series) const
 {
     return makeMap(_obtainValueAxis(series));
 }
@@ -384,7 +384,7 @@ KXAxisChartValueMap KXXYAxisChart::obtainValueMap(std::uint64_t series) const
 std::pair<std::uint64_t, std::uint64_t> KXXYAxisChart::obtainVisibleCategories()
 {
     const std::uint64_t count = obtainShownCategoryCount();
-    const KXAxisChartValueMap map = obtainCategoryMap();
+    const KXAxisChartLinearScale map = obtainCategoryMap();
     const UXRect& area = getMarksArea();
     if (uxIsEmptyRect(area) || map.spacing == 0 || !preparedAndReloadedData())
         return {0, 0};
@@ -416,7 +416,7 @@ KXAxisChartPlotFrame KXXYAxisChart::obtainPlotFrame(bool isOnSecondaryAxis) cons
 std::optional<std::uint64_t> KXXYAxisChart::_obtainPlacedCategoryAt(UXPoint point) const
 {
     const std::uint64_t count = obtainShownCategoryCount();
-    const KXAxisChartValueMap map = obtainCategoryMap();
+    const KXAxisChartLinearScale map = obtainCategoryMap();
     if (map.spacing == 0 || count == 0)
         return std::nullopt;
     // The middle of the pixel that the pointer is on.

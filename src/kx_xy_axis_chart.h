@@ -2,8 +2,8 @@
 
 #include "kx_axis_chart.h"
 #include "kx_axis_chart_data_view.h"
+#include "kx_axis_chart_linear_scale.h"
 #include "kx_axis_chart_plot_frame.h"
-#include "kx_axis_chart_value_map.h"
 #include "ux/ux_double_rect.h"
 
 #include <cstddef>
@@ -76,10 +76,10 @@ public:
     bool isContinuous() const { return m_isContinuous; }
     /** @return where on the X axis a category lies: its index, or its number on a continuous axis */
     double obtainCategoryValue(std::uint64_t category);
-    KXAxisChartValueMap obtainCategoryMap() const;
+    KXAxisChartLinearScale obtainCategoryMap() const;
     /** @return the room of one category along its axis: a slot, or the least distance of a continuous axis */
     double obtainCategorySpacing() const;
-    KXAxisChartValueMap obtainValueMap(std::uint64_t series) const;
+    KXAxisChartLinearScale obtainLinearScale(std::uint64_t series) const;
     /** @return where marks against one of the value axes are drawn, with the pixels of the device that is
      * known to show the chart */
     KXAxisChartPlotFrame obtainPlotFrame(bool isOnSecondaryAxis) const;

@@ -100,7 +100,7 @@ UXPoint KXXYAxisChart::_obtainHintPoint(const KXAxisChartMark& mark)
         return *own;
     const KXAxisChartPlotFrame frame = obtainPlotFrame(isSeriesOnSecondaryAxis(mark.series));
     const double across = frame.categories.obtainPosition(obtainCategoryValue(mark.category));
-    const KXAxisChartStretch room = frame.obtainAlong();
+    const KXAxisChartInterval room = frame.obtainAlong();
     const double along = std::clamp(std::floor(frame.values.obtainPosition(_obtainMarkValue(mark))),
                                     room.start, std::max(room.start, room.end - 1));
     const int place = uxSaturateToInt(std::floor(across)), height = uxSaturateToInt(along);

@@ -43,11 +43,11 @@ public:
     {
         points.clear();
         const KXAxisChartStacks values = _makeStacks();
-        std::vector<KXAxisChartStackPiece> pieces;
+        std::vector<KXAxisChartStackSegment> pieces;
         for (std::uint64_t category = values.first; category < values.end; ++category) {
             values.obtainPieces(category, pieces);
             const double across = frame.categories.obtainPosition(values.obtainCategoryValue(category));
-            for (const KXAxisChartStackPiece& piece : pieces)
+            for (const KXAxisChartStackSegment& piece : pieces)
                 points.push_back({{values.series[piece.position].index, category},
                                   piece.value,
                                   frame.makePoint(across, frame.values.obtainPosition(piece.to))});
@@ -286,7 +286,7 @@ TEST_P(KXAxisChartDataViewTest, ALineHasAxesLegendHintHighlightAndLabels)
     axis.updateIsStacked(true);
     chart.layout();
     const UXDoublePoint place = chart.view.points[1].place;
-    EXPECT_EQ(chart.isVertical() ? place.y : place.x, chart.obtainValueMap(1).obtainPosition(30 + 10));
+    EXPECT_EQ(chart.isVertical() ? place.y : place.x, chart.obtainLinearScale(1).obtainPosition(30 + 10));
 }
 
 TEST_P(KXAxisChartDataViewTest, AWaterfallStandsOnItsRunningTotals)

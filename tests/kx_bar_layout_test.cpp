@@ -89,10 +89,10 @@ TEST(KXAxisChartStacks, Pieces)
         for (const double value : c.values)
             lists.push_back({value});
         const KXAxisChartStacks source = makeSource(lists, c.form);
-        std::vector<KXAxisChartStackPiece> pieces;
+        std::vector<KXAxisChartStackSegment> pieces;
         source.obtainPieces(0, pieces);
         std::vector<std::pair<double, double>> ends;
-        for (const KXAxisChartStackPiece& piece : pieces)
+        for (const KXAxisChartStackSegment& piece : pieces)
             ends.emplace_back(piece.from, piece.to);
         EXPECT_EQ(ends, c.expected);
         EXPECT_EQ(source.obtainTotal(0), c.total);

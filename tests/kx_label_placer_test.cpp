@@ -13,12 +13,12 @@ namespace {
 constexpr UXDoubleRect area(0, 0, 400, 200);
 constexpr double gap = 3;
 
-KXLabelWish makeWish(const std::string& text, std::vector<KXLabelCandidate> candidates)
+KXLabelRequest makeWish(const std::string& text, std::vector<KXLabelCandidate> candidates)
 {
-    KXLabelWish wish;
-    wish.text = text;
-    wish.candidates = std::move(candidates);
-    return wish;
+    KXLabelRequest request;
+    request.text = text;
+    request.candidates = std::move(candidates);
+    return request;
 }
 
 /** @return each placed text with its place: "one@10,20 " */
@@ -42,10 +42,10 @@ TEST(KXLabelPlacer, GivesEachItsBestFreePlace)
     const double beside = 10 + size.width;
     struct Case {
         const char* name;
-        std::vector<KXLabelWish> wishes;
+        std::vector<KXLabelRequest> requests;
         std::string expected;
     };
-    KXLabelWish first = makeWish("two", {at(10, 10)}), own = makeWish("own", {at(300, 100)});
+    KXLabelRequest first = makeWish("two", {at(10, 10)}), own = makeWish("own", {at(300, 100)});
     first.rank = -1;
     own.mark = 7;
     const Case cases[] = {
@@ -75,7 +75,7 @@ TEST(KXLabelPlacer, GivesEachItsBestFreePlace)
         SCOPED_TRACE(c.name);
         KXLabelPlacer placer(area, gap);
         placer.addObstacle({290, 90, 60, 60}, 7);
-        EXPECT_EQ(tell(placer.place(c.wishes)), c.expected);
+        EXPECT_EQ(tell(placer.place(c.requests)), c.expected);
     }
 }
 
@@ -84,17 +84,17 @@ TEST(KXLabelPlacer, ShortensAndColors)
     const UXFixedMeasurer measurer;
     KXLabelPlacer placer(area, gap);
     const UXColor dark(20, 20, 60);
-    KXLabelWish wish = makeWish("a long name", {{{10, 10, 50, 40}, dark}});
-    EXPECT_TRUE(placer.place({&wish, 1}).empty());
-    wish.mayShorten = true;
-    const std::vector<KXPlacedLabel> placed = placer.place({&wish, 1});
+    KXLabelRequest request = makeWish("a long name", {{{10, 10, 50, 40}, dark}});
+    EXPECT_TRUE(placer.place({&request, 1}).empty());
+    request.mayShorten = true;
+    const std::vector<KXPlacedLabel> placed = placer.place({&request, 1});
     ASSERT_EQ(placed.size(), 1);
     EXPECT_NE(placed[0].text.find("…"), std::string::npos) << placed[0].text;
-    EXPECT_LE(placer.measure(placed[0].text, wish.property).width, 50);
+    EXPECT_LE(placer.measure(placed[0].text, request.property).width, 50);
     EXPECT_GE(uxObtainContrast(placed[0].property.textColor, dark), 4.5);
 
-    wish.candidates = {{{200, 10, 8, 40}, dark}};
-    EXPECT_TRUE(placer.place({&wish, 1}).empty()) << "an ellipsis alone says nothing";
+    request.candidates = {{{200, 10, 8, 40}, dark}};
+    EXPECT_TRUE(placer.place({&request, 1}).empty()) << "an ellipsis alone says nothing";
 }
 
 /** The cells are only a way to compare less. */

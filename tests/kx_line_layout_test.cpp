@@ -31,16 +31,16 @@ std::vector<double> makeValues(std::mt19937& random, std::size_t count)
     return values;
 }
 
-std::vector<KXValueStretch> findOneByOne(const std::vector<double>& values, std::size_t first,
-                                         std::size_t end)
+std::vector<KXValueInterval> findOneByOne(const std::vector<double>& values, std::size_t first,
+                                          std::size_t end)
 {
-    std::vector<KXValueStretch> found;
+    std::vector<KXValueInterval> found;
     for (std::size_t i = first; i < end; ++i) {
         if (std::isnan(values[i]))
             continue;
         if (found.empty() || found.back().end != i)
             found.push_back({i, i, i, i});
-        KXValueStretch& last = found.back();
+        KXValueInterval& last = found.back();
         last.end = i + 1;
         last.least = values[i] < values[last.least] ? i : last.least;
         last.greatest = values[i] > values[last.greatest] ? i : last.greatest;
@@ -109,8 +109,8 @@ TEST(KXValuePyramid, FindsWhatALookAtEachValueFinds)
         EXPECT_LE(pyramid.obtainMemory() * 5, values.size() * sizeof(double)) << "a fifth at most";
         const std::size_t first = random() % (values.size() + 1);
         const std::size_t end = first + random() % (values.size() - first + 1);
-        std::vector<KXValueStretch> found;
-        pyramid.findStretches(values, first, end, found);
+        std::vector<KXValueInterval> found;
+        pyramid.findIntervals(values, first, end, found);
         EXPECT_EQ(found, findOneByOne(values, first, end)) << i;
     }
 }

@@ -13,28 +13,29 @@ struct Axis {
     double fromDevice(double pixel) const { return (pixel - offset) / scale; }
 };
 
-/** A stretch of an axis, from start over length. */
-struct Stretch {
+/** An interval of an axis, from start over length. */
+struct Interval {
     double start, length;
 };
 
 double nearestEdge(double device) { return std::floor(device + 0.5); }
 
-Stretch fromDeviceEdges(double low, double high, const Axis& axis)
+Interval fromDeviceEdges(double low, double high, const Axis& axis)
 {
     const double first = axis.fromDevice(low), second = axis.fromDevice(high);
     return {std::min(first, second), std::abs(second - first)};
 }
 
-Stretch snapStretch(const Stretch& stretch, const Axis& axis)
+Interval snapInterval(const Interval& interval, const Axis& axis)
 {
-    const double first = axis.toDevice(stretch.start), second = axis.toDevice(stretch.start + stretch.length);
+    const double first = axis.toDevice(interval.start),
+                 second = axis.toDevice(interval.start + interval.length);
     const double low = nearestEdge(std::min(first, second)), high = nearestEdge(std::max(first, second));
-    return fromDeviceEdges(low, stretch.length > 0 ? std::max(high, low + 1) : high, axis);
+    return fromDeviceEdges(low, interval.length > 0 ? std::max(high, low + 1) : high, axis);
 }
 
 /** The whole pixels of a line about position. A line between two pixels takes the upper or left one. */
-Stretch snapLine(double position, double thickness, const Axis& axis)
+Interval snapLine(double position, double thickness, const Axis& axis)
 {
     const double pixels = std::max(1.0, std::round(thickness * std::abs(axis.scale)));
     const double low = std::ceil(axis.toDevice(position) - pixels / 2 - 0.5);
@@ -69,8 +70,8 @@ UXDoubleRect uxSnapRect(const UXDoubleRect& rect, const UXTransform& toDevice)
 {
     if (!canSnap(rect, toDevice))
         return rect;
-    const Stretch across = snapStretch({rect.x, rect.width}, horizontal(toDevice));
-    const Stretch down = snapStretch({rect.y, rect.height}, vertical(toDevice));
+    const Interval across = snapInterval({rect.x, rect.width}, horizontal(toDevice));
+    const Interval down = snapInterval({rect.y, rect.height}, vertical(toDevice));
     return {across.start, down.start, across.length, down.length};
 }
 
@@ -81,8 +82,8 @@ UXDoubleRect uxSnapHorizontalLine(double y, double left, double right, double th
     const UXDoubleRect line{std::min(left, right), y - height / 2, std::abs(right - left), height};
     if (!canSnap(line, toDevice))
         return line;
-    const Stretch across = snapStretch({line.x, line.width}, horizontal(toDevice));
-    const Stretch down = snapLine(y, thickness, vertical(toDevice));
+    const Interval across = snapInterval({line.x, line.width}, horizontal(toDevice));
+    const Interval down = snapLine(y, thickness, vertical(toDevice));
     return {across.start, down.start, across.length, down.length};
 }
 
@@ -93,7 +94,7 @@ UXDoubleRect uxSnapVerticalLine(double x, double top, double bottom, double thic
     const UXDoubleRect line{x - width / 2, std::min(top, bottom), width, std::abs(bottom - top)};
     if (!canSnap(line, toDevice))
         return line;
-    const Stretch across = snapLine(x, thickness, horizontal(toDevice));
-    const Stretch down = snapStretch({line.y, line.height}, vertical(toDevice));
+    const Interval across = snapLine(x, thickness, horizontal(toDevice));
+    const Interval down = snapInterval({line.y, line.height}, vertical(toDevice));
     return {across.start, down.start, across.length, down.length};
 }

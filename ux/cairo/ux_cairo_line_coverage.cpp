@@ -10,7 +10,7 @@ constexpr double kFarthest = 1e6;
 
 /** @return the part of the piece from a to b that lies between low and high along one coordinate, as parts of
  * its length; none where first is above last */
-struct Stretch {
+struct Interval {
     double first = 0, last = 1;
 
     void cut(double a, double b, double low, double high)
@@ -103,19 +103,19 @@ void UXCairoLineCoverage::_takeBox(std::span<const UXDoublePoint> points, const 
 void UXCairoLineCoverage::_addPiece(const UXDoublePoint& from, const UXDoublePoint& to)
 {
     const double reach = m_radius + 1;
-    Stretch stretch;
-    stretch.cut(from.x, to.x, std::max(m_box.left - reach, -kFarthest),
-                std::min(m_box.right + reach, kFarthest));
-    stretch.cut(from.y, to.y, std::max(m_box.top - reach, -kFarthest),
-                std::min(m_box.bottom + reach, kFarthest));
-    if (!(stretch.first <= stretch.last))
+    Interval interval;
+    interval.cut(from.x, to.x, std::max(m_box.left - reach, -kFarthest),
+                 std::min(m_box.right + reach, kFarthest));
+    interval.cut(from.y, to.y, std::max(m_box.top - reach, -kFarthest),
+                 std::min(m_box.bottom + reach, kFarthest));
+    if (!(interval.first <= interval.last))
         return;
     const auto at = [&](double part, const UXDoublePoint& whole) {
         return part <= 0 || part >= 1
                    ? whole
                    : UXDoublePoint(from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part);
     };
-    const Piece piece(at(stretch.first, from), at(stretch.last, to));
+    const Piece piece(at(interval.first, from), at(interval.last, to));
     const double top = std::min(piece.start.y, piece.end.y) - m_radius - 0.5;
     const double bottom = std::max(piece.start.y, piece.end.y) + m_radius + 0.5;
     const int first = toPixel(std::floor(top), m_box.top, m_box.bottom);

@@ -4,7 +4,7 @@
 #include <cmath>
 
 /** Where the values of an axis lie along it, in logical units of the plot's space: a straight line. */
-struct KXAxisChartValueMap {
+struct KXAxisChartLinearScale {
     double value = 0;    /**< any value */
     double position = 0; /**< where it lies */
     double spacing = 0;  /**< from one value to the next whole one; below 0 where values grow upwards */
