@@ -6,6 +6,10 @@
 #include <algorithm>
 #include <limits>
 
+// Hosts may refer to them, on Windows too
+constexpr std::uint64_t KXAxisChartDataProvider::categoryDimension;
+constexpr std::uint64_t KXAxisChartDataProvider::seriesDimension;
+
 namespace {
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();

@@ -12,6 +12,10 @@
 #include <span>
 #include <utility>
 
+// Hosts may refer to them, on Windows too
+constexpr std::uint64_t KXAxisChartDataUser::greatestSeriesCount;
+constexpr std::uint64_t KXAxisChartDataUser::greatestValueCount;
+
 namespace {
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();

@@ -8,6 +8,9 @@
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_round_rectangle.h"
 
+// Hosts may refer to it, on Windows too
+constexpr int KXChartToolboxItem::extent;
+
 KXChartToolboxItem::KXChartToolboxItem() : UXHintDelegate(this)
 {
     registerEventHandler(UXEventType::LeftClick, [this](const UXEvent& event) {

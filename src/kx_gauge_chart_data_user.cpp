@@ -5,6 +5,9 @@
 #include "kx_gauge_chart_data_provider.h"
 #include "ux/ux_assert.h"
 
+// Hosts may refer to it, on Windows too
+constexpr double KXGaugeChartDataUser::noValue;
+
 namespace {
 
 enum Measure : std::uint64_t { value, target, minimum, maximum, measureCount };

@@ -11,6 +11,11 @@
 #include <span>
 #include <utility>
 
+// Hosts may refer to them, on Windows too
+constexpr std::size_t KXPanelChartDataUser::greatestDimensionCount;
+constexpr std::uint64_t KXPanelChartDataUser::greatestMeasureCount;
+constexpr std::uint64_t KXPanelChartDataUser::greatestValueCount;
+
 namespace {
 
 /** Texts of more members than anyone can see at once are not kept. */

@@ -102,7 +102,10 @@ TEST_F(UXNotifications, OfAnOperationThatThrowsComeWithTheNext)
         throw std::runtime_error("the host's");
     });
     EXPECT_THROW(object.keyDown(UXEvent()), std::runtime_error);
+#ifndef _WIN32 // there the library, which brings its own C++ runtime, sees no exception of the host's under
+               // way
     EXPECT_EQ(control.log, "");
+#endif
     object.setVisible(false);
     EXPECT_EQ(control.log, "dirty ");
 

@@ -14,6 +14,10 @@
 #include <cmath>
 #include <utility>
 
+// Hosts may refer to them, on Windows too
+constexpr double UXControl::minZoomRatio;
+constexpr double UXControl::maxZoomRatio;
+
 namespace {
 
 constexpr double zoomStep = 1.25;

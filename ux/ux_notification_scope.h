@@ -24,9 +24,10 @@ enum class UXNotification {
  * then nobody is in the middle of anything. Every operation that goes on after it has made something dirty
  * opens a scope.
  *
- * What an operation that ends with an exception leaves behind is told when the next one ends. An exception of
- * the host's in a notification goes on to the caller of the outermost operation, so that one in a
- * notification that a destructor brings about ends the program, as exceptions in destructors do.
+ * What an operation that ends with an exception leaves behind is told when the next one ends; on Windows,
+ * where the library has a C++ runtime of its own and sees no exception of the host's, while it passes. An
+ * exception of the host's in a notification goes on to the caller of the outermost operation, so that one in
+ * a notification that a destructor brings about ends the program, as exceptions in destructors do.
  */
 class UX_EXPORT UXNotificationScope {
 public:

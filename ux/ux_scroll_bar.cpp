@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <utility>
 
+// Hosts may refer to it, on Windows too
+constexpr int UXScrollBar::thickness;
+
 namespace {
 
 constexpr int minSliderLength = 24; // logical units, inset included

@@ -13,6 +13,9 @@
 #include <optional>
 #include <utility>
 
+// Hosts may refer to it, on Windows too
+constexpr int UXVirtualScrollView::extraExtent;
+
 namespace {
 
 constexpr double wheelStep = 48; // logical units to a notch of the wheel
