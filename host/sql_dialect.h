@@ -61,6 +61,9 @@ public:
     /** @return a text expression that sorts by its bytes */
     virtual std::string obtainByteOrder(const std::string& expression) const { return expression; }
 
+    /** @return whether values that differ are found faster by grouping than by COUNT(DISTINCT) */
+    virtual bool findsDistinctFasterAsGroups() const { return false; }
+
     // Conditions
     /** @return a text parameter as a value of type to compare with a column */
     virtual std::string obtainParameter(const std::string& placeholder, KXChartDataType type,

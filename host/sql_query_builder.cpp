@@ -63,6 +63,25 @@ SqlQueryBuilder::SqlQueryBuilder(const SqlDialect& dialect, const DataBinding& b
     }
     for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
         m_filterColumns.push_back(_findColumn(m_binding.filters[i].column, place("filters", i)));
+    m_isMemberEachGroup = _isMemberEachGroup();
+}
+
+/** @return whether rows can be grouped by the members themselves, so that nothing has to be put together once
+ * more */
+bool SqlQueryBuilder::_isMemberEachGroup() const
+{
+    const bool countsDistinct = std::ranges::any_of(m_binding.measures, [](const MeasureBinding& measure) {
+        return measure.aggregate == SqlAggregate::DistinctCount;
+    });
+    if (countsDistinct && m_dialect.findsDistinctFasterAsGroups())
+        return false;
+    if (m_binding.dimensions.empty())
+        return true;
+    // A float's text may be that of its neighbour, and a step of time is named from many moments.
+    const Type type = m_columns[m_dimensionColumns[0]].type;
+    const std::optional<TopMembers>& top = m_binding.dimensions[0].top;
+    return m_binding.dimensions.size() == 1 && (type == Type::Integer || type == Type::String) &&
+           !(top && top->othersLabel);
 }
 
 HostError SqlQueryBuilder::_makeError(const std::string& where, const std::string& cause) const
@@ -151,12 +170,15 @@ SqlQuery SqlQueryBuilder::obtainQuery()
     m_parameters.clear();
     SqlQuery query;
     query.text = "WITH " + _writeGroups();
+    if (!m_isMemberEachGroup)
+        query.text += ", " + _writeNames();
     for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
-        query.text += ", " + _writeMembers(i);
+        if (!m_isMemberEachGroup)
+            query.text += ", " + _writeMembers(i);
         query.results.insert(query.results.end(),
                              {SqlResultType::Number, SqlResultType::Text, SqlResultType::Number});
     }
-    query.text += ' ' + _writeCells();
+    query.text += ' ' + (m_isMemberEachGroup ? _writeSortedGroups() : _writeCells());
     query.results.push_back(SqlResultType::Number);
     for (std::size_t i = 0; i < m_binding.measures.size(); ++i)
         query.results.push_back(isNumeric(obtainMeasureType(i)) ? SqlResultType::Number
@@ -167,13 +189,11 @@ SqlQuery SqlQueryBuilder::obtainQuery()
 
 std::string SqlQueryBuilder::_writeGroups()
 {
-    // 1. The one step that reads rows: a key of each dimension (g), the count of rows (r) and of each measure
+    // The one step that reads rows: a key of each dimension (g), the count of rows (r) and of each measure
     // what can be put together once more (a, b). Only here do values from outside come in.
-    std::string list, keys, named;
+    std::string list, keys;
     for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
-        const std::size_t column = m_dimensionColumns[i];
-        list += m_dialect.obtainGroupKey(_obtainColumn(column), m_columns[column], obtainDimensionLevel(i)) +
-                number(" AS g", i) + ", ";
+        list += _obtainGroupKey(i) + number(" AS g", i) + ", ";
         keys += (keys.empty() ? "g" : ", g") + std::to_string(i);
     }
     list += "COUNT(*) AS r";
@@ -181,12 +201,10 @@ std::string SqlQueryBuilder::_writeGroups()
         const std::string part = number("a", i), count = number("b", i);
         const SqlAggregate aggregate = m_binding.measures[i].aggregate;
         list += ", " + _obtainPartial(i) + " AS " + part;
-        named += ", " + part;
-        if (aggregate == SqlAggregate::Average) {
+        if (aggregate == SqlAggregate::Average)
             list += ", COUNT(" + _obtainMeasureInput(i) + ") AS " + count;
-            named += ", " + count;
-        }
-        if (aggregate == SqlAggregate::DistinctCount) // a value of several groups counts once: it stays apart
+        // A value of several groups counts once: it stays apart.
+        if (aggregate == SqlAggregate::DistinctCount && !m_isMemberEachGroup)
             keys += (keys.empty() ? "" : ", ") + part;
     }
     // The table stands inside of this step: an engine may copy what it finds outside of all steps.
@@ -194,10 +212,42 @@ std::string SqlQueryBuilder::_writeGroups()
                       list + " FROM source";
     for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
         sql += (i ? " AND (" : " WHERE (") + _obtainCondition(i) + ')';
-    sql += (keys.empty() ? "" : " GROUP BY " + keys) + "), ";
+    return sql + (keys.empty() ? "" : " GROUP BY " + keys) + ")";
+}
 
-    // 2. For each dimension the member's text (d), a key that is never null (k) and a number (n).
-    sql += "named AS (SELECT r" + named;
+std::string SqlQueryBuilder::_writeSortedGroups() const
+{
+    std::string values;
+    for (std::size_t i = 0; i < m_binding.measures.size(); ++i) {
+        const std::string value = _obtainAggregate(i);
+        values += ", " + (isNumeric(obtainMeasureType(i)) ? m_dialect.obtainExactNumber(value) : value);
+    }
+    if (m_binding.dimensions.empty())
+        return "SELECT r" + values + " FROM grouped";
+
+    // A limit keeps no more of the groups than it lets through, and only these get their texts.
+    const DimensionBinding& binding = m_binding.dimensions[0];
+    std::string shown = "grouped";
+    if (binding.top)
+        shown = "(SELECT * FROM grouped ORDER BY " +
+                _obtainGroupOrder(binding.top->measure, true, !binding.top->isBottom) + " LIMIT " +
+                std::to_string(binding.top->count) + ") AS shown";
+    const bool isNumber = isNumeric(obtainDimensionType(0));
+    const std::string order = _obtainGroupOrder(binding.order.measure.value_or(0),
+                                                binding.order.measure.has_value(),
+                                                binding.order.isDescending);
+    return "SELECT ROW_NUMBER() OVER (ORDER BY " + order + ") - 1 AS p, " + _obtainMemberText(0) + ", " +
+           m_dialect.obtainExactNumber(toDouble(isNumber ? "g0" : "0")) + ", r" + values + " FROM " + shown +
+           " ORDER BY p";
+}
+
+/** For each dimension the member's text (d), a key that is never null (k) and a number (n). */
+std::string SqlQueryBuilder::_writeNames() const
+{
+    std::string sql = "named AS (SELECT r";
+    for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
+        sql += number(", a", i) +
+               (m_binding.measures[i].aggregate == SqlAggregate::Average ? number(", b", i) : "");
     for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
         const std::string text = _obtainMemberText(i);
         sql += ", " + text + number(" AS d", i) + ", CAST(COALESCE('=' || " + text + ", '') AS TEXT)" +
@@ -296,7 +346,7 @@ std::string SqlQueryBuilder::_obtainPartial(std::size_t measure) const
     case SqlAggregate::Count:
         return "COUNT(" + input + ")";
     case SqlAggregate::DistinctCount:
-        break;
+        return m_isMemberEachGroup ? "COUNT(DISTINCT " + input + ")" : input;
     case SqlAggregate::Minimum:
         return "MIN(" + (isText ? m_dialect.obtainByteOrder(input) : input) + ")";
     case SqlAggregate::Maximum:
@@ -309,26 +359,50 @@ std::string SqlQueryBuilder::_obtainAggregate(std::size_t measure) const
 {
     const std::string part = number("a", measure), count = number("b", measure);
     const Type type = obtainMeasureType(measure);
+    const auto gather = [this](const char* function, const std::string& input) {
+        return m_isMemberEachGroup ? input : function + ('(' + input + ')');
+    };
     const auto finish = [&](const char* function) {
-        const std::string input = type == Type::String ? m_dialect.obtainByteOrder(part) : part;
-        const std::string value = function + ('(' + input + ')');
+        const std::string value = gather(function,
+                                         type == Type::String ? m_dialect.obtainByteOrder(part) : part);
         return isNumeric(type) ? toDouble(value) : m_dialect.obtainText(value, type);
     };
     switch (m_binding.measures[measure].aggregate) {
     case SqlAggregate::Sum:
-        return "SUM(" + toDouble(part) + ")";
+        return gather("SUM", toDouble(part));
     case SqlAggregate::Average:
-        return "SUM(" + toDouble(part) + ") / " + toDouble("NULLIF(SUM(" + count + "), 0)");
+        return gather("SUM", toDouble(part)) + " / " +
+               toDouble("NULLIF(" + gather("SUM", count) + ", 0)");
     case SqlAggregate::Count:
-        return "COALESCE(" + toDouble("SUM(" + part + ")") + ", 0)";
+        return "COALESCE(" + toDouble(gather("SUM", part)) + ", 0)";
     case SqlAggregate::DistinctCount:
-        return "COUNT(DISTINCT " + part + ")";
+        return gather("COUNT", (m_isMemberEachGroup ? "" : "DISTINCT ") + part);
     case SqlAggregate::Minimum:
         return finish("MIN");
     case SqlAggregate::Maximum:
         return finish("MAX");
     }
     return part;
+}
+
+std::string SqlQueryBuilder::_obtainGroupKey(std::size_t dimension) const
+{
+    const SqlColumn& column = m_columns[m_dimensionColumns[dimension]];
+    const std::string own = _obtainColumn(m_dimensionColumns[dimension]);
+    return m_isMemberEachGroup ? m_dialect.obtainComparable(own, column)
+                               : m_dialect.obtainGroupKey(own, column, obtainDimensionLevel(dimension));
+}
+
+/** @return the order of groups that are members: that of a measure first, where it is wanted, then their own,
+ * by which members of equal measures stand as ever */
+std::string SqlQueryBuilder::_obtainGroupOrder(std::size_t measure, bool isByMeasure,
+                                               bool isDescending) const
+{
+    const bool isOwnDescending = m_binding.dimensions[0].order.isDescending;
+    const bool isNumber = isNumeric(obtainDimensionType(0));
+    return (isByMeasure ? _obtainMeasureOrder(_obtainAggregate(measure), measure, isDescending) : "") +
+           nullsLast("g0") + (isNumber ? "g0" : m_dialect.obtainByteOrder("g0")) +
+           (isOwnDescending ? " DESC" : "");
 }
 
 std::string SqlQueryBuilder::_obtainOwnOrder(std::size_t dimension) const

@@ -13,6 +13,7 @@ class SqlDialect;
 
 /** Writes the one query that answers a binding: filtering, bucketing, grouping, ranking, sorting and top-N
  * are the database's work. It reads the rows once and groups them; ranking and gathering are over the groups.
+ * Where each group is a member already, it only sorts them.
  * Columns go by their number in the table, so that their names never enter the text; values are parameters.
  *
  *  A row of the result is a cell: for each dimension the member's position (from 0, in display order), its
@@ -38,6 +39,7 @@ public:
     std::size_t obtainMeasureColumn(std::size_t measure) const { return obtainCountColumn() + 1 + measure; }
 
 private:
+    bool _isMemberEachGroup() const;
     void _checkDimension(std::size_t index) const;
     void _checkMeasure(std::size_t index) const;
     std::size_t _findColumn(const std::string& name, const std::string& place) const;
@@ -48,7 +50,9 @@ private:
     std::string _obtainMeasureInput(std::size_t measure) const;
     std::string _obtainPartial(std::size_t measure) const;
     std::string _obtainAggregate(std::size_t measure) const;
+    std::string _obtainGroupKey(std::size_t dimension) const;
     std::string _obtainOwnOrder(std::size_t dimension) const;
+    std::string _obtainGroupOrder(std::size_t measure, bool isByMeasure, bool isDescending) const;
     std::string _obtainMeasureOrder(const std::string& value, std::size_t measure, bool isDescending) const;
     std::string _obtainCondition(std::size_t filter);
     std::string _obtainParameter(std::size_t filter, KXChartDataType type);
@@ -57,6 +61,8 @@ private:
     std::string _addParameter(const std::string& text);
 
     std::string _writeGroups();
+    std::string _writeSortedGroups() const;
+    std::string _writeNames() const;
     std::string _writeMembers(std::size_t dimension) const;
     std::string _writeCells() const;
 
@@ -66,5 +72,6 @@ private:
     std::vector<std::size_t> m_dimensionColumns;
     std::vector<std::size_t> m_measureColumns; // of no meaning for a count of rows
     std::vector<std::size_t> m_filterColumns;
+    bool m_isMemberEachGroup = false;
     std::vector<std::string> m_parameters;
 };

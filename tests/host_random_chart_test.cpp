@@ -113,13 +113,19 @@ bool isAmong(const std::vector<DrawnText>& texts, const DrawnText& text)
     });
 }
 
-/** @return the value of a chart that is too small for it even in its least size: it may lie over the title */
-std::string findOverflowingValue(KXChart& chart)
+/** @return the value and the title of a chart whose value is too large for its room even in its least size,
+ * in the diagram's space: these two may lie over each other; of any other chart, nothing */
+std::vector<DrawnText> findOverflowingValue(KXChart& chart)
 {
     constexpr int leastSize = 9;
     const auto* value = dynamic_cast<KXValueChart*>(&chart);
-    const bool isLeast = value && value->getValueLabel()->getTextProperty().font.size <= leastSize;
-    return isLeast ? value->getValueLabel()->getText() : "";
+    if (!value || value->getValueLabel()->getTextProperty().font.size > leastSize)
+        return {};
+    std::vector<DrawnText> texts;
+    for (const UXLabel* label : {static_cast<UXLabel*>(value->getValueLabel()),
+                                 static_cast<UXLabel*>(chart.getTitle())})
+        texts.push_back({label->getText(), obtainPlaceOnDiagram(*label, chart)});
+    return texts;
 }
 
 DrawingExcuses obtainExcuses(KXChart& chart)
@@ -127,7 +133,7 @@ DrawingExcuses obtainExcuses(KXChart& chart)
     DrawingExcuses excuses;
     excuses.mayMeet = [axes = findWantedTickLabels(chart),
                        overflowing = findOverflowingValue(chart)](const DrawnText& a, const DrawnText& b) {
-        if (!overflowing.empty() && (a.text == overflowing || b.text == overflowing))
+        if (isAmong(overflowing, a) && isAmong(overflowing, b))
             return true;
         return std::ranges::any_of(axes, [&](const std::vector<DrawnText>& labels) {
             return isAmong(labels, a) && isAmong(labels, b);
@@ -236,6 +242,8 @@ std::vector<std::pair<KXAxisChartMark, std::string>> obtainMarkLabels(const KXXY
 std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
 {
     const auto check = [&](const KXIndexPath& path, const std::string& label, bool isWhole) -> std::string {
+        if (label.empty()) // there is no room for it, and nothing to point at
+            return {};
         const std::optional<std::string> hint = obtainHintValue(chart, path);
         if (!hint)
             return "the label \"" + label + "\" has no hint";

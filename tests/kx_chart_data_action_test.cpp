@@ -4,7 +4,12 @@
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
 #include "ux/ux_assert.h"
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
+#include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
+#include "ux/ux_message_right_click_param.h"
+#include "ux_test_event.h"
 
 #include <gtest/gtest.h>
 
@@ -157,6 +162,51 @@ TEST_F(KXChartDataActionTest, TheHostMayDestroyThePartWhileItAnswers)
     provider.onCall = [&](const std::string&) { doomed.reset(); };
     doomed->registerRightClickMenu(&chart, {});
     EXPECT_EQ(doomed, nullptr);
+}
+
+TEST_F(KXChartDataActionTest, AnActionThatOutlivesItsChartAsksNothing)
+{
+    auto doomed = std::make_unique<KXValueChart>();
+    doomed->setDataProvider(&provider);
+    provider.wantsLeftClick = provider.wantsRightClick = provider.wantsHighlight = true;
+    part.registerLeftClickAction(doomed.get(), {});
+    part.registerRightClickMenu(doomed.get(), {});
+    part.registerLinkedHighlightAction(doomed.get(), {});
+    doomed.reset();
+    provider.calls.clear();
+    for (const UXEventType type : {UXEventType::MouseEnter, UXEventType::LeftClick, UXEventType::RightClick,
+                                   UXEventType::MouseLeave})
+        EXPECT_FALSE(part.triggerEventHandler(UXEvent(type)));
+    EXPECT_TRUE(provider.calls.empty());
+}
+
+TEST_F(KXChartDataActionTest, AContextMenuOpensOnceWhereTheUserClicked)
+{
+    struct MenuControl : UXControl {
+        void notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint) override
+        {
+            sources.push_back(param->event->getSourceObject());
+        }
+        std::vector<UXObject*> sources;
+    };
+    UXContext context;
+    UXDiagram diagram(&context);
+    MenuControl first, second;
+    diagram.setRect({0, 0, 100, 100});
+    part.setRect({0, 0, 50, 50});
+    diagram.addChild(&part);
+    for (MenuControl* control : {&first, &second})
+        context.setActiveDiagram(control, &diagram);
+    int menu = 0;
+    provider.wantsRightClick = true;
+    provider.rightClickContext = &menu;
+    part.registerRightClickMenu(&chart, {});
+    for (MenuControl* control : {&second, &first, &second}) {
+        control->mouseDown({10, 10}, uxMakeEventAt(10, 10, UXEventKey::RightButton));
+        control->mouseUp({10, 10}, uxMakeEventAt(10, 10, UXEventKey::RightButton));
+    }
+    EXPECT_EQ(first.sources, std::vector<UXObject*>{&part});
+    EXPECT_EQ(second.sources, std::vector<UXObject*>(2, &part));
 }
 
 TEST_F(KXChartDataActionTest, AHighlightIsAskedForWhenTheDispatchIsOver)

@@ -1,9 +1,16 @@
 #include "kx_chart_data_user.h"
 
+#include "kx_axis_chart_test_provider.h"
+#include "kx_bar_chart.h"
+#include "kx_gauge_chart.h"
 #include "kx_test_chart.h"
 #include "kx_test_provider.h"
+#include "kx_value_chart.h"
+#include "ux/ux_assert.h"
 
 #include <gtest/gtest.h>
+
+#include <stdexcept>
 
 namespace {
 
@@ -94,6 +101,51 @@ TEST(KXChartDataUser, PreparesAndReloadsInOneFixedOrder)
     EXPECT_FALSE(chart.preparedData());
     chart.reloadData();
     EXPECT_TRUE(chart.reloadedData()) << "a chart that was never prepared reloads its empty state";
+}
+
+TEST(KXChartDataUser, WhatBeginsEndsThoughAnAnswerThrowsOrTheProviderIsOfAnotherKind)
+{
+    KXValueChart value;
+    KXGaugeChart gauge;
+    KXBarChart bars;
+    KXTestProvider single;
+    KXAxisChartTestProvider axes;
+    struct Case {
+        const char* name;
+        KXChartDataUser& user;
+        bool takesAxes;
+    };
+    int reports = 0;
+    uxSetAssertHandler([&](std::source_location) { ++reports; });
+    for (const auto& [name, user, takesAxes] :
+         {Case{"value", value, false}, {"gauge", gauge, false}, {"bars", bars, true}}) {
+        SCOPED_TRACE(name);
+        single.calls.clear();
+        axes.asked.clear();
+        KXChartDataProvider* const own = takesAxes ? static_cast<KXChartDataProvider*>(&axes) : &single;
+        KXChartDataProvider* const other = takesAxes ? static_cast<KXChartDataProvider*>(&single) : &axes;
+        single.onCall = axes.onCall = [](const std::string& call) {
+            if (call == "isEmpty")
+                throw std::runtime_error("the host's");
+        };
+        user.setDataProvider(own);
+        EXPECT_THROW(user.prepareData(), std::runtime_error);
+        EXPECT_EQ(single.count("end") + axes.asked["end"], 1) << "the first failure is the one to hear of";
+        EXPECT_FALSE(user.preparedData());
+
+        single.onCall = axes.onCall = nullptr;
+        reports = 0;
+        user.setDataProvider(other);
+        user.prepareData();
+        EXPECT_EQ(reports, 1) << "another kind's";
+        EXPECT_EQ(single.count("end") + axes.asked["end"], 2);
+        user.setDataProvider(own);
+        user.prepareData();
+        EXPECT_TRUE(user.preparedData());
+        EXPECT_EQ(reports, 1);
+        user.setDataProvider(nullptr);
+    }
+    uxSetAssertHandler({});
 }
 
 TEST(KXChartDataUser, AStepOfReloadingMayDestroyTheChart)

@@ -315,6 +315,29 @@ TEST_F(KXLegendCellTest, TheKeyboardWalksClicksAndSwitches)
     EXPECT_EQ(provider.count("operation") + provider.count("effects"), 0);
 }
 
+TEST_F(KXLegendCellTest, TheKeyboardWalksWhatWasLaidOutLast)
+{
+    using Change = std::function<void(LegendChart&)>;
+    const std::pair<const char*, Change> cases[] = {
+        {"another arrangement",
+         [](LegendChart& c) { c.getChartProperty()->updateLegendPosition(UXPosition::Top); }},
+        {"fewer cells", [](LegendChart& c) { c.cellCount = 1; }},
+        {"more cells", [](LegendChart& c) { c.cellCount = 100; }},
+        {"none in sight", [](LegendChart& c) { c.getChartProperty()->updateShowLegend(false); }},
+    };
+    for (const auto& [name, change] : cases) {
+        SCOPED_TRACE(name);
+        diagram.setFocusedObject(&makeChart(3).layoutAt(UXPosition::Right));
+        input.type(UXKeyCode::Down);
+        change(*chart);
+        for (const UXKeyCode key : {UXKeyCode::Down, UXKeyCode::End, UXKeyCode::PageUp})
+            input.type(key);
+        EXPECT_LT(chart->getLegend()->getWalkedCell().value_or(0), 3u) << "of what the user still sees";
+        diagram.layout();
+        input.type(UXKeyCode::End);
+    }
+}
+
 TEST_F(KXLegendCellTest, ShowsWhereTheKeyboardIsAndWhatIsOff)
 {
     makeChart(40).switchedOff = {0};

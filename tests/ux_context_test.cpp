@@ -6,6 +6,7 @@
 #include "ux/ux_event.h"
 #include "ux/ux_global_event_diagram.h"
 #include "ux/ux_selectable_object.h"
+#include "ux/ux_timer.h"
 
 #include <gtest/gtest.h>
 
@@ -93,6 +94,29 @@ TEST(UXContext, ADiagramThatIsLeftKeepsNeitherHoverNorPress)
         s.diagram.mouseUp(release);
         EXPECT_EQ(s.object.getSelected() || s.aboveObject.getSelected(), !c.isLeft) << "no click comes of it";
     }
+}
+
+TEST(UXControl, StopsWhatItsLeaveEventsStart)
+{
+    UXContext context;
+    UXDiagram diagram(&context);
+    UXObject object;
+    diagram.setRect({0, 0, 100, 100});
+    diagram.addChild(&object);
+    object.setRect({0, 0, 50, 50});
+    auto control = std::make_unique<UXControl>();
+    context.setActiveDiagram(control.get(), &diagram);
+    UXTimer timer([] {});
+    bool hasLeft = false;
+    object.registerEventHandler(UXEventType::MouseLeave, [&, dying = control.get()](const UXEvent&) {
+        hasLeft = true;
+        timer.start(dying, 10);
+        return false;
+    });
+    control->mouseMove({10, 10}, UXEvent());
+    control.reset();
+    EXPECT_TRUE(hasLeft);
+    EXPECT_FALSE(timer.isRunning());
 }
 
 TEST(UXContext, PostedActionsRunAfterTheEvent)

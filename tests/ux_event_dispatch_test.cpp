@@ -132,6 +132,16 @@ TEST_F(UXEventDispatch, ClickIsDownAndUpOnOneObject)
     diagram.mouseDown(uxMakeEventAt(10, 10, UXEventKey::RightButton));
     diagram.mouseUp(uxMakeEventAt(12, 10, UXEventKey::RightButton));
     EXPECT_EQ(takeLog(), "inner.down inner.up right ");
+    for (const bool refusesPress : {true, false}) {
+        inner->accepts = !refusesPress;
+        diagram.mouseDown(uxMakeEventAt(10, 10));
+        inner->accepts = true;
+        inner->acceptsRelease = refusesPress;
+        diagram.mouseUp(uxMakeEventAt(10, 10));
+        EXPECT_EQ(takeLog(), refusesPress ? "back.down inner.up " : "inner.down back.up ")
+            << "who refused the one or the other is not clicked";
+        inner->acceptsRelease = true;
+    }
     diagram.mouseDown(uxMakeEventAt(10, 10));
     inner->whenReached = [&](const UXEvent&) { delete std::exchange(inner, nullptr); };
     diagram.mouseUp(uxMakeEventAt(10, 10));

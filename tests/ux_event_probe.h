@@ -9,7 +9,7 @@
  * the test act in every callback. */
 class UXEventProbe : public UXObject {
 public:
-    bool handles = false, stops = false, accepts = true, forwards = false;
+    bool handles = false, stops = false, accepts = true, acceptsRelease = true, forwards = false;
     std::function<void(const UXEvent&)> whenReached;
 
     /** @param log stays its owner's; null for none */
@@ -26,6 +26,7 @@ public:
 protected:
     bool shouldForwardEventToNeighbors(const UXEvent&) override { return forwards; }
     bool shouldTriggerMouseDown(const UXEvent&) override { return accepts; }
+    bool shouldTriggerMouseUp(const UXEvent&) override { return acceptsRelease; }
     bool shouldTriggerMouseEnter(const UXEvent&) override { return accepts; }
     bool customMouseDown(const UXEvent& e, bool& stop) override { return _reach(e, stop); }
     bool customMouseMove(const UXEvent& e, bool& stop) override { return _reach(e, stop); }

@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -275,6 +276,20 @@ TEST_F(UXHintScreen, MovesFromAnItemToItsNeighbourInOnePiece)
     EXPECT_EQ(control.notified, 1);
     move(10, 10);
     EXPECT_FALSE(hint());
+}
+
+TEST_F(UXHintScreen, ShowsAgainAfterAnEventThatThrew)
+{
+    move(150, 150);
+    bool throws = true;
+    owners[1]->registerEventHandler(UXEventType::MouseMove, [&](const UXEvent&) -> bool {
+        return throws ? throw std::runtime_error("the host's") : false;
+    });
+    EXPECT_THROW(move(250, 150), std::runtime_error);
+    throws = false;
+    move(251, 150);
+    ASSERT_TRUE(hint());
+    EXPECT_EQ(hint()->getTarget(), owners[1].get());
 }
 
 TEST_F(UXHintScreen, GoesAwayWhenItHasTo)

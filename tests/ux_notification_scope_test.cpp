@@ -5,6 +5,7 @@
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
 #include "ux/ux_object.h"
+#include "ux/ux_virtual_scroll_view.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +66,27 @@ TEST_F(UXNotifications, ComeOnceWhenTheOutermostCallEnds)
         EXPECT_EQ(control.log, "");
     }
     EXPECT_EQ(control.log, "dirty cursor2 scroller full ");
+}
+
+TEST_F(UXNotifications, OfWhatIsDestroyedComeWhenItIsGone)
+{
+    UXVirtualScrollView view;
+    diagram.addChild(&view);
+    for (UXObject* parent : {&object, static_cast<UXObject*>(&view)}) {
+        parent->setRect({0, 0, 50, 50});
+        for (int i = 0; i < 3; ++i) {
+            auto* child = new UXObject;
+            child->setRect({10 * i, 0, 10, 10});
+            parent->addChild(child);
+        }
+        const std::size_t own = parent->getChildrenCount() - 3;
+        diagram.clearDirtyRect();
+        control.log.clear();
+        control.whenTold = [&] { EXPECT_EQ(parent->getChildrenCount(), own) << "a host may paint at once"; };
+        parent->clearChildren();
+        control.whenTold = nullptr;
+        EXPECT_EQ(control.log, "dirty ");
+    }
 }
 
 TEST_F(UXNotifications, OfWhoeverIsToldComeAtOnce)

@@ -212,6 +212,7 @@ void UXVirtualScrollView::removeChildren()
 
 void UXVirtualScrollView::clearChildren()
 {
+    const UXNotificationScope scope;
     UXObjectWatcher watcher(this);
     while (UXObject* child = watcher.isAlive() ? _obtainLastContentChild() : nullptr)
         delete child;
