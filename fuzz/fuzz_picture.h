@@ -2,9 +2,8 @@
 
 class UXObject;
 
-/** Draws object in every way that needs no graphics library: recorded, played into another recording, as a
- * page of vector graphics, and the recording as such a page. Ends the program where one of them is not what
- * it has to be.
+/** Draws object in every way that needs no graphics library: recorded, and played into another recording and
+ * onto a page of vector graphics. Ends the program where one of them is not what it has to be.
  *  @param deviceScale device pixels per logical unit, above 0 */
 void drawEverywhere(UXObject& object, double deviceScale);
 

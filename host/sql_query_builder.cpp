@@ -233,9 +233,8 @@ std::string SqlQueryBuilder::_writeSortedGroups() const
                 _obtainGroupOrder(binding.top->measure, true, !binding.top->isBottom) + " LIMIT " +
                 std::to_string(binding.top->count) + ") AS shown";
     const bool isNumber = isNumeric(obtainDimensionType(0));
-    const std::string order = _obtainGroupOrder(binding.order.measure.value_or(0),
-                                                binding.order.measure.has_value(),
-                                                binding.order.isDescending);
+    const std::string order = _obtainGroupOrder(
+        binding.order.measure.value_or(0), binding.order.measure.has_value(), binding.order.isDescending);
     return "SELECT ROW_NUMBER() OVER (ORDER BY " + order + ") - 1 AS p, " + _obtainMemberText(0) + ", " +
            m_dialect.obtainExactNumber(toDouble(isNumber ? "g0" : "0")) + ", r" + values + " FROM " + shown +
            " ORDER BY p";
@@ -371,8 +370,7 @@ std::string SqlQueryBuilder::_obtainAggregate(std::size_t measure) const
     case SqlAggregate::Sum:
         return gather("SUM", toDouble(part));
     case SqlAggregate::Average:
-        return gather("SUM", toDouble(part)) + " / " +
-               toDouble("NULLIF(" + gather("SUM", count) + ", 0)");
+        return gather("SUM", toDouble(part)) + " / " + toDouble("NULLIF(" + gather("SUM", count) + ", 0)");
     case SqlAggregate::Count:
         return "COALESCE(" + toDouble(gather("SUM", part)) + ", 0)";
     case SqlAggregate::DistinctCount:
@@ -395,8 +393,7 @@ std::string SqlQueryBuilder::_obtainGroupKey(std::size_t dimension) const
 
 /** @return the order of groups that are members: that of a measure first, where it is wanted, then their own,
  * by which members of equal measures stand as ever */
-std::string SqlQueryBuilder::_obtainGroupOrder(std::size_t measure, bool isByMeasure,
-                                               bool isDescending) const
+std::string SqlQueryBuilder::_obtainGroupOrder(std::size_t measure, bool isByMeasure, bool isDescending) const
 {
     const bool isOwnDescending = m_binding.dimensions[0].order.isDescending;
     const bool isNumber = isNumeric(obtainDimensionType(0));

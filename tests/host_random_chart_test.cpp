@@ -122,8 +122,8 @@ std::vector<DrawnText> findOverflowingValue(KXChart& chart)
     if (!value || value->getValueLabel()->getTextProperty().font.size > leastSize)
         return {};
     std::vector<DrawnText> texts;
-    for (const UXLabel* label : {static_cast<UXLabel*>(value->getValueLabel()),
-                                 static_cast<UXLabel*>(chart.getTitle())})
+    for (const UXLabel* label :
+         {static_cast<UXLabel*>(value->getValueLabel()), static_cast<UXLabel*>(chart.getTitle())})
         texts.push_back({label->getText(), obtainPlaceOnDiagram(*label, chart)});
     return texts;
 }

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <span>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -77,6 +80,40 @@ TEST(KXAxisChartDataUser, SeriesAreMeasuresDividedByTheMembersOfTheSecondDimensi
     EXPECT_EQ(chart.getSeriesID(2), "s1/c0");
     EXPECT_EQ(provider.obtainSeriesValuePath(&chart, 3, 2), (KXIndexPath{1, 2, 1}));
     EXPECT_EQ(provider.obtainSeriesValue(&chart, 1, 2), 12);
+}
+
+TEST(KXAxisChartDataUser, PullsNoMoreThanAChartHolds)
+{
+    /** Claims any number of series and categories, and may go once it sees how many are pulled. */
+    struct Provider : KXAxisChartTestProvider {
+        std::uint64_t obtainSeriesCount(KXChartDataUser*) override { return seriesCount; }
+        std::string obtainSeriesLabel(KXChartDataUser*, std::uint64_t) override { return {}; }
+        KXIndexPath obtainSeriesValuePath(KXChartDataUser*, std::uint64_t, std::uint64_t category) override
+        {
+            return {0, category};
+        }
+        void obtainSeriesValues(KXChartDataUser* user, std::uint64_t, std::uint64_t,
+                                std::span<double> numbers) override
+        {
+            pulledCount += numbers.size();
+            ++pulledSeries;
+            if (categoryCount > 2)
+                user->setDataProvider(nullptr);
+        }
+        std::uint64_t seriesCount = 0, pulledSeries = 0, pulledCount = 0;
+    };
+    constexpr std::uint64_t most = (std::numeric_limits<std::uint64_t>::max)();
+    for (const auto& [series, categories, pulledSeries, pulledCount] :
+         {std::tuple(most, std::uint64_t{2}, 10'000u, 20'000u), {most, most, 1u, (1u << 27) / 10'000}}) {
+        Provider provider;
+        provider.seriesCount = series;
+        provider.categoryCount = categories;
+        DataChart chart;
+        chart.setDataProvider(&provider);
+        chart.prepareData();
+        EXPECT_EQ(provider.pulledSeries, pulledSeries);
+        EXPECT_EQ(provider.pulledCount, pulledCount);
+    }
 }
 
 TEST(KXAxisChartDataUser, Ranges)

@@ -174,8 +174,8 @@ TEST_F(KXChartDataActionTest, AnActionThatOutlivesItsChartAsksNothing)
     part.registerLinkedHighlightAction(doomed.get(), {});
     doomed.reset();
     provider.calls.clear();
-    for (const UXEventType type : {UXEventType::MouseEnter, UXEventType::LeftClick, UXEventType::RightClick,
-                                   UXEventType::MouseLeave})
+    for (const UXEventType type :
+         {UXEventType::MouseEnter, UXEventType::LeftClick, UXEventType::RightClick, UXEventType::MouseLeave})
         EXPECT_FALSE(part.triggerEventHandler(UXEvent(type)));
     EXPECT_TRUE(provider.calls.empty());
 }
