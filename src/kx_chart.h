@@ -48,7 +48,8 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // Hooks, in this order
-    /** Subscribes the parts to the chart-wide properties that they show, one handler a group. */
+    /** Subscribes the parts to the chart-wide properties that they show, one handler a reset group; what is
+     * to be done beyond that follows from the key's effect. */
     virtual void registerChartPropertyUpdatedEvents();
     /** Shows a hint because another chart highlights an item of this one. @param info, target lent for the
      * call */
@@ -149,13 +150,12 @@ private:
     int _getTitleFontSize() const;
     void _storeTitleFontSize(const int& size);
     void _updateTitleFontSize(int size);
-    void _applyBorder();
-    void _applyBackground();
-    void _applyDefaultColor();
-    void _applyTitle();
-    void _applyLegend();
-    void _applyLegendLabelColor();
-    void _applyEnableInteraction();
+    void _chartPropertyUpdated(const UXProperty& property);
+    bool _showBorder();
+    bool _showBackground();
+    bool _showTitle();
+    bool _showLegend();
+    bool _followInteraction();
     Division _divideContent();
     UXRect _measureTitle(const UXRect& content);
     bool _shouldShowTitle(const UXRect& title) const;

@@ -27,19 +27,7 @@ KXChartDataFormat& KXChartDataFormat::operator=(const KXChartDataFormat& other)
 
 KXChartDataFormat::~KXChartDataFormat() = default;
 
-void KXChartDataFormat::customSerialize()
-{
-    KXChartPropertyBase::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
-std::string KXChartDataFormat::customSerializeTypeID() { return "KXChartDataFormat"; }
-
-bool KXChartDataFormat::customDeserialize()
-{
-    const bool isComplete = KXChartPropertyBase::customDeserialize();
-    return obtainPropertyTable().read(*this) && isComplete;
-}
+KX_DEFINE_DOCUMENT(KXChartDataFormat, KXChartPropertyBase)
 
 KXChartDataFormat* KXChartDataFormat::copy(const KXKeys& keys, bool exclude)
 {
@@ -71,21 +59,15 @@ const UXPropertyTable& KXChartDataFormat::obtainPropertyTable()
 {
     using Self = KXChartDataFormat;
     // A filtered update is one of the key if it passes the list: a format has no longer form of its own.
-#define KX_CHART_DATA_FORMAT_ROW(Type, Name, member, initial, reset, effect, meaning)         \
-    UXProperty{#member,                                                                       \
-               kxObtainKeyType<Type>,                                                         \
-               [](void* owner) -> void* { return &static_cast<Self*>(owner)->member; },       \
-               [](void* owner, const void* value) {                                           \
-                   static_cast<Self*>(owner)->update##Name(*static_cast<const Type*>(value)); \
-               },                                                                             \
-               [](void* owner, const void* value, const KXKeys& keys, bool exclude) {         \
-                   auto* own = static_cast<Self*>(owner);                                     \
-                   if (own->_shouldUpdate(#member, keys, exclude))                            \
-                       own->update##Name(*static_cast<const Type*>(value));                   \
-               },                                                                             \
-               KX_RESET_##reset,                                                              \
-               UXPropertyEffect::effect,                                                      \
-               meaning},
+#define KX_CHART_DATA_FORMAT_ROW(Type, Name, member, initial, reset, effect, meaning) \
+    KX_ROW(                                                                           \
+        Type, member, update##Name,                                                   \
+        [](void* owner, const void* value, const KXKeys& keys, bool exclude) {        \
+            auto* own = static_cast<Self*>(owner);                                    \
+            if (own->_shouldUpdate(#member, keys, exclude))                           \
+                own->update##Name(*static_cast<const Type*>(value));                  \
+        },                                                                            \
+        reset, effect, meaning)
     static constexpr UXProperty rows[] = {KX_CHART_DATA_FORMAT_KEYS(KX_CHART_DATA_FORMAT_ROW)};
 #undef KX_CHART_DATA_FORMAT_ROW
     static const UXPropertyTable table("KXChartDataFormat", nullptr, kxObtainKeyOwner<Self>, rows);

@@ -2,6 +2,7 @@
 
 #include "kx_key_table.h"
 #include "kx_key_type.h"
+#include "ux/ux_json_object_watcher.h"
 #include "ux/ux_property_table.h"
 
 #include <string>
@@ -13,21 +14,27 @@
     KX_DEFINE_KEY_LISTS(Class, Base, KEYS, 0) \
     KX_DEFINE_KEY_RESET(Class, Base)
 
+/** How a class writes and reads what its table holds beside its parent's. The parent may call out as it
+ * reads. */
+#define KX_DEFINE_DOCUMENT(Class, Base)                                           \
+    void Class::customSerialize()                                                 \
+    {                                                                             \
+        Base::customSerialize();                                                  \
+        obtainPropertyTable().write(*this);                                       \
+    }                                                                             \
+    std::string Class::customSerializeTypeID() { return #Class; }                 \
+    bool Class::customDeserialize()                                               \
+    {                                                                             \
+        const UXJsonObjectWatcher self(this);                                     \
+        const bool isComplete = Base::customDeserialize();                        \
+        return self.isAlive() && obtainPropertyTable().read(*this) && isComplete; \
+    }
+
 /** All but customResetProperties, for a class whose resets have an order of their own.
  *  @param KEYS every key, in the order of assigning; what documents hold of it first, in their order
  *  @param unwritten how many of the last keys documents leave out */
 #define KX_DEFINE_KEY_LISTS(Class, Base, KEYS, unwritten)                               \
-    void Class::customSerialize()                                                       \
-    {                                                                                   \
-        Base::customSerialize();                                                        \
-        obtainPropertyTable().write(*this);                                             \
-    }                                                                                   \
-    std::string Class::customSerializeTypeID() { return #Class; }                       \
-    bool Class::customDeserialize()                                                     \
-    {                                                                                   \
-        const bool isComplete = Base::customDeserialize();                              \
-        return obtainPropertyTable().read(*this) && isComplete;                         \
-    }                                                                                   \
+    KX_DEFINE_DOCUMENT(Class, Base)                                                     \
     Class* Class::copy(const KXKeys& keys, bool exclude)                                \
     {                                                                                   \
         auto* made = new Class;                                                         \
@@ -68,30 +75,29 @@
     KEYS(KX_CHART_KEY_DEFINITION)
 
 // What a row stands for in the table of its class, which calls itself Self
-#define KX_KEY_ROW(Type, Name, member, initial, reset, effect, meaning)                                      \
-    UXProperty{#member,                                                                                      \
-               kxObtainKeyType<Type>,                                                                        \
-               [](void* owner) -> void* { return &static_cast<Self*>(owner)->member; },                      \
-               [](void* owner, const void* value) {                                                          \
-                   static_cast<Self*>(owner)->update##Name(*static_cast<const Type*>(value));                \
-               },                                                                                            \
-               [](void* owner, const void* value, const KXKeys& keys, bool exclude) {                        \
-                   static_cast<Self*>(owner)->update##Name(*static_cast<const Type*>(value), keys, exclude); \
-               },                                                                                            \
-               KX_RESET_##reset,                                                                             \
-               UXPropertyEffect::effect,                                                                     \
+
+/** @param change the operation of the class that a change by key is
+ *  @param changeListed the same if the key passes a list, as UXProperty::updateListed; null for none */
+#define KX_ROW(Type, member, change, changeListed, reset, effect, meaning)              \
+    UXProperty{#member,                                                                 \
+               kxObtainKeyType<Type>,                                                   \
+               [](void* owner) -> void* { return &static_cast<Self*>(owner)->member; }, \
+               [](void* owner, const void* value) {                                     \
+                   static_cast<Self*>(owner)->change(*static_cast<const Type*>(value)); \
+               },                                                                       \
+               changeListed,                                                            \
+               KX_RESET_##reset,                                                        \
+               UXPropertyEffect::effect,                                                \
                meaning},
-#define KX_CHART_KEY_ROW(Type, Name, member, initial, reset, effect, meaning)              \
-    UXProperty{#member,                                                                    \
-               kxObtainKeyType<Type>,                                                      \
-               [](void* owner) -> void* { return &static_cast<Self*>(owner)->member; },    \
-               [](void* owner, const void* value) {                                        \
-                   static_cast<Self*>(owner)->set##Name(*static_cast<const Type*>(value)); \
-               },                                                                          \
-               nullptr,                                                                    \
-               KX_RESET_##reset,                                                           \
-               UXPropertyEffect::effect,                                                   \
-               meaning},
+#define KX_KEY_ROW(Type, Name, member, initial, reset, effect, meaning)                               \
+    KX_ROW(                                                                                           \
+        Type, member, update##Name,                                                                   \
+        [](void* owner, const void* value, const KXKeys& keys, bool exclude) {                        \
+            static_cast<Self*>(owner)->update##Name(*static_cast<const Type*>(value), keys, exclude); \
+        },                                                                                            \
+        reset, effect, meaning)
+#define KX_CHART_KEY_ROW(Type, Name, member, initial, reset, effect, meaning) \
+    KX_ROW(Type, member, set##Name, nullptr, reset, effect, meaning)
 #define KX_CHART_KEY_DEFINITION(Type, Name, member, initial, reset, effect, meaning) \
     Type KXKeysOwner::get##Name() const { return member; }                           \
     void KXKeysOwner::set##Name(const Type& value)                                   \
@@ -101,13 +107,17 @@
 /** An object that the class holds for good: nested in the document, or, as a part of the class itself, by its
  * place.
  *  @param obtainType uxObtainNestedObjectType or uxObtainPartType */
-#define KX_OBJECT_ROW(name, obtainType, member, says)                                      \
-    UXProperty{.key = name,                                                                \
-               .type = obtainType,                                                         \
-               .place = [](void* owner) -> void* {                                         \
-                   return static_cast<UXJsonObject*>(&*static_cast<Self*>(owner)->member); \
-               },                                                                          \
-               .meaning = says},
+#define KX_OBJECT_KEY(name, obtainType, member, says)                               \
+    UXProperty                                                                      \
+    {                                                                               \
+        .key = name, .type = obtainType,                                            \
+        .place = [](void* owner) -> void* {                                         \
+            return static_cast<UXJsonObject*>(&*static_cast<Self*>(owner)->member); \
+        },                                                                          \
+        .meaning = says                                                             \
+    }
+/** The same with the comma behind it. */
+#define KX_OBJECT_ROW(name, obtainType, member, says) KX_OBJECT_KEY(name, obtainType, member, says),
 
 #define KX_RESET_Any(group) \
     UXPropertyReset { #group, false }

@@ -48,6 +48,9 @@ public:
     /** @return the table that object is bound to, null for none */
     static const UXPropertyTable* obtainTable(const UXJsonObject& object) { return object.m_propertyTable; }
 
+    /** @return whether the document that object is being read from holds the key, whatever its value */
+    static bool holdsKey(const UXJsonObject& object, const std::string& key) { return object._find(key); }
+
     // The parent's properties included
     /** @return no property for an unknown key and for an object of another class */
     Found find(UXJsonObject& object, const std::string& key) const;
