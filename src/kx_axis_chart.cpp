@@ -1,6 +1,7 @@
 #include "kx_axis_chart.h"
 
 #include "kx_axis_chart_data_provider.h"
+#include "kx_axis_chart_data_view.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_scale.h"
 #include "kx_chart_data_format.h"
@@ -296,7 +297,7 @@ void KXAxisChart::_updateLooks()
 {
     const UXObjectWatcher self(this);
     _updateSeriesColors();
-    _customUpdateLooks();
+    _updateViewLooks();
     if (!self.isAlive())
         return;
     updateLegendColor();
@@ -333,18 +334,6 @@ void KXAxisChart::afterReloadData()
 
 KXChartDataPath* KXAxisChart::createDataPath() { return getItems()->createActionPath(); }
 
-void KXAxisChart::_customReloadMarks() {}
-void KXAxisChart::_customUpdateLooks() {}
-
-double KXAxisChart::_obtainMarkValue(const KXAxisChartMark& mark) const
-{
-    return getValue(mark.series, mark.category);
-}
-
-void KXAxisChart::_fillHintRow(UXHintRowInfo&, const KXAxisChartMark&) const {}
-void KXAxisChart::_fillHintFooter(UXHintInfo&, std::uint64_t) const {}
-std::optional<KXAxisChartMark> KXAxisChart::_hitMark(UXPoint) const { return std::nullopt; }
-
 std::vector<KXObjectID> KXAxisChart::_obtainMarkObjectIDs(const KXAxisChartMark& mark) const
 {
     const KXObjectIDPath category = kxCreateObjectIDPath(std::string("Category"));
@@ -366,7 +355,6 @@ void KXAxisChart::_applyKeyEffect(UXPropertyEffect effect)
 void KXAxisChart::_visibleCategoriesChanged()
 {
     const UXObjectWatcher self(this);
-    KXAxisChartBase::_visibleCategoriesChanged();
     getItems()->forgetPointer();
     if (!self.isAlive())
         return;

@@ -11,22 +11,26 @@
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_property_accessor.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
+class KXAxisChartDataView;
 class UXLabel;
 
 /**
- * What charts of series against axes share: the series with their colours, legend and visibility; and what
- * becomes of the pointer, once a chart type says which mark lies under it: hint, highlight, click, menu,
+ * What charts of series against axes share: the series with their colours, legend and visibility; the views
+ * that draw them, and their steps; and what becomes of the pointer over a mark: hint, highlight, click, menu,
  * linked highlight.
  *
- * A chart type derives from KXXYAxisChart and answers, of KXAxisChartBase: _layoutMarks, _paintMarks,
- * _paintMarkLabels, _obtainMinCategorySpacing; and of this class: _customReloadMarks, _hitMark. Each mark is
- * drawn in obtainMarkColor, which dims what is beside a highlight.
+ * The marks are those of the chart's views, in the order in which they are painted. A chart type derives from
+ * KXXYAxisChart, adds its views, says which of them shows a series where there are several
+ * (obtainViewOfSeries), and leaves the rest to them. A view draws each mark in obtainMarkColor, which dims
+ * what is beside a highlight.
  */
 class KX_EXPORT KXAxisChart : public KXAxisChartBase,
                               public KXChartItemsDelegate,
@@ -37,6 +41,12 @@ class KX_EXPORT KXAxisChart : public KXAxisChartBase,
 public:
     KXAxisChart();
     ~KXAxisChart() override;
+
+    // Views, which the chart makes and destroys
+    /** @return in the order in which they are painted */
+    const std::vector<std::unique_ptr<KXAxisChartDataView>>& getDataViews() const { return m_views; }
+    /** @return the view that shows a series, the chart's; by default the first one that can, null for none */
+    virtual KXAxisChartDataView* obtainViewOfSeries(std::uint64_t series) const;
 
     // Series
     /** @return the colour of a series: the host's, else the user's, else the chart's, which is the default
@@ -96,6 +106,7 @@ public:
     std::uint64_t obtainLegendCellSize() override;
     std::string obtainLegendLabel(std::uint64_t index) override;
     bool obtainLegendSymbolColor(std::uint64_t index, UXColor& color) override;
+    UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t series) override;
     std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
     bool obtainLegendCellIsOn(std::uint64_t index) override;
     void legendCellClicked(std::uint64_t index, const UXEvent& event) override;
@@ -131,47 +142,32 @@ public:
 
 protected:
     // What a chart type answers
-    /** Drops what was made of the data: they changed, or other series are shown. A layout follows. */
+    /** Gives each view its series and drops what was made of the data: they changed, or other series are
+     * shown. A layout follows. */
     virtual void _customReloadMarks();
-    /** @return the mark at a point of the plot's space, the front one of several. Not to grow with the
-     * categories. */
-    virtual std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
-    /** @return the place of the plot's space at which the hint of a linked mark stands */
-    virtual UXPoint _obtainHintPoint(const KXAxisChartMark& mark);
-    /** @return the whole mark in the plot's space, which hints leave free and the keyboard's ring goes
-     * around; empty where it is not drawn */
-    virtual UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const;
-    /** @return where a mark and its label are painted, in the plot's space; by default all of the marks' area
-     */
-    virtual std::vector<UXRect> _obtainMarkRects(const KXAxisChartMark& mark) const;
-    /** @return the category in whose slot the point lies, of the plot's space */
+    /** @return the place of the plot's space at which the hint of a mark stands, in sight or out of it */
+    virtual UXPoint _obtainHintPoint(const KXAxisChartMark& mark) = 0;
+    /** @return the category that is explained at a point of the plot's space beside the marks */
     virtual std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const = 0;
     /** Brings the data's ranges into the axes: the data changed, or other series are shown. */
     virtual void _updateDataRanges() = 0;
     /** @return the series' identifiers for interactions with one mark */
     virtual std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const;
-    /** Decides the colours of the marks that are placed: those of series, of items or of the host are others.
-     * Nothing is placed anew. */
-    virtual void _customUpdateLooks();
-    /** @return the value of a mark as hints tell it, NaN where it has none; by default that of the data */
-    virtual double _obtainMarkValue(const KXAxisChartMark& mark) const;
-    /** Says what the row of a mark tells otherwise than by its series and its value. */
-    virtual void _fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) const;
-    /** Adds what a hint tells below the rows of its series. */
-    virtual void _fillHintFooter(UXHintInfo& info, std::uint64_t category) const;
-    /** Fills in the rows: every shown series of the category that has a value, the hovered one first. */
-    virtual void _fillHint(UXHintInfo& info, std::uint64_t category,
-                           const std::optional<KXAxisChartMark>& hovered);
 
     // What a chart type calls
+    /** Puts a view in front of those before that place. */
+    void _keepView(std::size_t place, std::unique_ptr<KXAxisChartDataView> view);
     /** Decides all colours anew, of series, legend and marks, and has them painted. The host is asked only
      * about what it has not answered since colours were reloaded, and may destroy the chart. */
     void _updateLooks();
-    /** Asks the host for the colours of marks, where it has not answered. It may destroy the chart. */
-    void _loadHostColors(const std::vector<KXAxisChartMark>& marks);
+    /** @return the value of a mark as hints tell it, NaN where it has none */
+    double _obtainMarkValue(const KXAxisChartMark& mark) const;
 
     void _applyKeyEffect(UXPropertyEffect effect) override;
     void _visibleCategoriesChanged() override;
+    void _layoutMarks() override;
+    void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) override;
+    void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect) override;
     void _paintOverMarks(UXPainter& painter) override;
     void _customLayout(UXRect plotArea) override;
 
@@ -179,6 +175,11 @@ private:
     void _updateShownSeries();
     void _updateSeriesColors();
     void _shownSeriesChanged();
+    void _updateViewLooks();
+    void _loadHostColors(const std::vector<KXAxisChartMark>& marks);
+    std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
+    UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const;
+    void _fillHint(UXHintInfo& info, std::uint64_t category, const std::optional<KXAxisChartMark>& hovered);
     void _restoreFirstCategory();
     void _placeNoDataLabel();
     bool _hasData();
@@ -187,6 +188,7 @@ private:
     std::optional<KXChartItem> _obtainMarkInOrder(const KXAxisChartMark& from, bool forwards) const;
     void _placeLinkedTab();
 
+    std::vector<std::unique_ptr<KXAxisChartDataView>> m_views;
     std::vector<std::uint64_t> m_shownSeries;
     std::set<std::string> m_hiddenSeriesIDs;
     std::vector<UXColor> m_seriesColors;

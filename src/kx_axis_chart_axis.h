@@ -3,6 +3,7 @@
 #include "kx_axis_chart_axis_cache_data.h"
 #include "kx_export.h"
 #include "ux/ux_position.h"
+#include "ux/ux_size.h"
 
 #include <memory>
 #include <string>
@@ -23,6 +24,14 @@ struct KX_EXPORT KXAxisChartAxis {
     bool isHorizontal() const { return position == UXPosition::Bottom || position == UXPosition::Top; }
     /** @return the title to show: the user's, else the chart's */
     std::string obtainTitleText() const;
+    /** @return whether there is a title, and the user wants it */
+    bool showsTitle() const;
+    /** @return what the whole title takes in one line, in whole logical units */
+    UXSize measureTitle() const;
+    /** @return what of the title fits in that width, empty where not even an ellipsis does */
+    std::string shortenTitle(int width) const;
+    /** @return the height of a tick label, in logical units */
+    double measureLabelLine() const;
 
     std::unique_ptr<KXAxisProperty> property;
     std::unique_ptr<KXChartDataFormat> dataFormat;

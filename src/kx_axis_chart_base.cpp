@@ -5,8 +5,10 @@
 #include "kx_axis_chart_layer.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
+#include "kx_axis_scale.h"
 #include "kx_axis_tick_label_view.h"
 #include "kx_chart_data_format.h"
+#include "kx_density_room.h"
 #include "ux/ux_label.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
@@ -15,22 +17,12 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace {
 
-/** The least room of a category, in logical units: enough to see and to hit its marks. */
-double obtainLeastCategoryRoom(KXChartDataDensity density)
-{
-    switch (density) {
-    case KXChartDataDensity::Loose:
-        return 24;
-    case KXChartDataDensity::Medium:
-        break;
-    case KXChartDataDensity::Compact:
-        return 6;
-    }
-    return 14;
-}
+/** Lines closer together than this are a shade and no grid. */
+constexpr double leastGridPitch = 4;
 
 /** One wish for the axis line and the tick labels; each of them can still be set apart afterwards. */
 void shareColor(KXAxisProperty& property)
@@ -91,16 +83,8 @@ bool KXAxisChartBase::isVertical() const
 
 double KXAxisChartBase::_obtainMinCategorySpacing() const
 {
-    return obtainLeastCategoryRoom(m_axisChartProperty->getDataDensity());
+    return kxObtainDensityRoom(m_axisChartProperty->getDataDensity()).category;
 }
-
-double KXAxisChartBase::_obtainLabelledCategorySpacing() const { return 0; }
-
-void KXAxisChartBase::_layoutMarks() {}
-void KXAxisChartBase::_paintMarks(UXPainter&, const UXRect&) {}
-void KXAxisChartBase::_paintMarkLabels(UXPainter&, const UXRect&) {}
-void KXAxisChartBase::_paintOverMarks(UXPainter&) {}
-void KXAxisChartBase::_visibleCategoriesChanged() {}
 
 KXAxisChartAxis& KXAxisChartBase::_addAxis()
 {
@@ -168,8 +152,14 @@ void KXAxisChartBase::_applyKeyEffect(UXPropertyEffect effect)
         KXChart::_applyKeyEffect(effect);
 }
 
-void KXAxisChartBase::_axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect)
+void KXAxisChartBase::_axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect)
 {
+    if (effect < UXPropertyEffect::Layout) {
+        _colorAxes();
+        if (!getRequireToVerifyLayout()) // which would make the grid lines anew
+            _layoutGrid();
+        return;
+    }
     axis.cache.needsUpdate = true;
     _layoutAnew();
 }
@@ -223,6 +213,57 @@ void KXAxisChartBase::virtualScrollViewContentOffsetChanged(UXVirtualScrollView*
     _layoutContent();
     if (self.isAlive())
         m_plot->invalidate();
+}
+
+void KXAxisChartBase::_layoutContent()
+{
+    const UXObjectWatcher self(this);
+    _layoutGrid();
+    _layoutMarks();
+    if (!self.isAlive())
+        return;
+    _repaintMarks();
+    _visibleCategoriesChanged();
+}
+
+/** What the axes and the scroll bar are painted in; grid lines hold theirs. */
+void KXAxisChartBase::_colorAxes()
+{
+    for (const auto& own : m_axes)
+        own->axis->setColor(own->property->getAxisColor());
+    if (const KXAxisChartAxis* scrolled = _obtainScrolledAxis()) {
+        m_plot->setScrollBarColor(scrolled->property->getScrollBarColor());
+        m_plot->setScrollBarSliderColor(scrolled->property->getScrollBarSliderColor());
+    }
+}
+
+void KXAxisChartBase::_layoutGrid()
+{
+    std::vector<KXAxisChartGridLines> grid, zeros;
+    for (const auto& own : m_axes) {
+        KXAxis& axis = *own->axis;
+        if (!own->isUsed || !axis.isValidAxis())
+            continue;
+        const bool alongX = own->isHorizontal();
+        const auto placeOf = [&](double value) {
+            const UXDoublePoint point = axis.obtainDoubleValuePositionInAxis(value);
+            return alongX ? point.x : point.y;
+        };
+        if (own->property->getShowGridLine()) {
+            const auto limit = static_cast<std::size_t>(
+                std::max(axis.obtainAxisLength() / leastGridPitch, 1.0));
+            const auto [first, last] = axis.obtainCurrentFirstLastValues();
+            KXAxisChartGridLines& lines = grid.emplace_back(!alongX, std::vector<double>(),
+                                                            own->property->getGridLineColor());
+            for (const double tick : kxObtainAxisTicks(own->cache, first, last, limit))
+                lines.places.push_back(placeOf(tick));
+        }
+        const bool hasZero = own->cache.isValueAxis && axis.getMinValue() < 0 && axis.getMaxValue() > 0;
+        if (hasZero && own.get() != _obtainScrolledAxis() && m_axisChartProperty->getShowZeroLine())
+            zeros.push_back({!alongX, {placeOf(0)}, own->property->getAxisColor()});
+    }
+    grid.insert(grid.end(), zeros.begin(), zeros.end());
+    m_gridLayer->setLines(grid, m_marksArea);
 }
 
 /** Takes what the user set about the chart and about each axis of the same place; their handlers may call

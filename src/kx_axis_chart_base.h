@@ -73,26 +73,26 @@ protected:
      * default it follows the density of the chart's property. */
     virtual double _obtainMinCategorySpacing() const;
     /** @return the room of a category in a chart that scrolls anyway, so that the labels of its marks show
-     * that the user asked for; 0, the default, for any */
-    virtual double _obtainLabelledCategorySpacing() const;
+     * that the user asked for; 0 for any */
+    virtual double _obtainLabelledCategorySpacing() const = 0;
     /**
      * Makes the records of the visible marks: rectangles or points in the plot's space, which painting, hits
      * and hints read. Called when the axes are in place, after each layout and each scroll; look only at the
      * categories that are visible.
      */
-    virtual void _layoutMarks();
+    virtual void _layoutMarks() = 0;
     /** Draws the marks in the plot's space, which is clipped to the marks' area. Reads records only.
      *  @param dirtyRect what is to be painted; a mark that does not reach into it may be left out */
-    virtual void _paintMarks(UXPainter& painter, const UXRect& dirtyRect);
+    virtual void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) = 0;
     /** Draws the labels of the marks, over all of them, clipped to the marks' area too. */
-    virtual void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect);
+    virtual void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect) = 0;
     /** Draws what stands over marks and labels, clipped likewise. */
-    virtual void _paintOverMarks(UXPainter& painter);
+    virtual void _paintOverMarks(UXPainter& painter) = 0;
     /** A key of an axis's property changed. */
     virtual void _axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect);
     void _applyKeyEffect(UXPropertyEffect effect) override;
     /** Other categories became visible, or the first layout of some showed them. */
-    virtual void _visibleCategoriesChanged();
+    virtual void _visibleCategoriesChanged() = 0;
     void _customLayout(UXRect plotArea) override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
@@ -159,6 +159,7 @@ private:
     void _placeLayers();
     void _layoutContent();
     void _layoutGrid();
+    void _colorAxes();
 
     std::unique_ptr<KXAxisChartProperty> m_axisChartProperty;
     UXVirtualScrollView* m_plot;       // a child

@@ -5,15 +5,12 @@
 #include "kx_axis_chart_layer.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
-#include "kx_axis_scale.h"
 #include "kx_axis_tick_label_view.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_label.h"
-#include "ux/ux_layout_helper.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
-#include "ux/ux_text_shortening.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
@@ -37,8 +34,6 @@ constexpr int barExtent = UXVirtualScrollView::extraExtent;
 /** Titles, then the labels that take too much, give way where the marks would get less room than this. */
 constexpr UXSize leastAreaBesideTitles{120, 80};
 constexpr UXSize leastAreaBesideLabels{48, 32};
-/** Lines closer together than this are a shade and no grid. */
-constexpr double leastGridPitch = 4;
 /** A title at the end of an axis takes no more of the plot than this part. */
 constexpr int endTitleDivider = 4;
 /** Labels neither, across their axis. */
@@ -52,26 +47,8 @@ int boundExtent(int extent) { return std::clamp(extent, 0, greatestExtent); }
 
 UXSize measureTitle(const KXAxisChartAxis& axis)
 {
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    const UXDoubleSize size = helper->getTextSize(axis.obtainTitleText(), axis.property->getTitleProperty());
-    return {boundExtent(uxSaturateToInt(std::ceil(size.width))),
-            boundExtent(uxSaturateToInt(std::ceil(size.height)))};
-}
-
-/** @return what of the title fits, empty where not even an ellipsis does */
-std::string shortenTitle(const KXAxisChartAxis& axis, int limit)
-{
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    const auto widthOf = [&](std::string_view piece) {
-        return helper->getTextSize(std::string(piece), axis.property->getTitleProperty()).width;
-    };
-    const std::string text = uxShortenText(axis.obtainTitleText(), UXTextOption::EllipsisEnd, limit, widthOf);
-    return widthOf(text) > limit ? std::string() : text;
-}
-
-bool hasTitle(const KXAxisChartAxis& axis)
-{
-    return axis.isUsed && axis.property->getShowTitle() && !axis.obtainTitleText().empty();
+    const UXSize size = axis.measureTitle();
+    return {boundExtent(size.width), boundExtent(size.height)};
 }
 
 /** @return the side of the marks at which a title at the end of the axis stands */
@@ -80,18 +57,14 @@ UXPosition obtainEndSide(const KXAxisChartAxis& axis)
     return axis.isHorizontal() ? UXPosition::Right : UXPosition::Top;
 }
 
-/** @return the height of a label beside an axis along y */
-double measureLine(const KXAxisChartAxis& axis)
+/** @return by how much a label beside an axis along y reaches over its tick */
+int obtainHalfLine(const KXAxisChartAxis& axis)
 {
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    return helper->getTextSize("0", axis.property->getTickLabelProperty()).height;
+    return uxSaturateToInt(std::ceil(axis.measureLabelLine() / 2));
 }
 
-/** @return by how much a label beside an axis along y reaches over its tick */
-int obtainHalfLine(const KXAxisChartAxis& axis) { return uxSaturateToInt(std::ceil(measureLine(axis) / 2)); }
-
 /** @return how far apart such labels stand that all of them show, in whole units */
-double obtainLinePitch(const KXAxisChartAxis& axis) { return std::ceil(measureLine(axis) + lineGap); }
+double obtainLinePitch(const KXAxisChartAxis& axis) { return std::ceil(axis.measureLabelLine() + lineGap); }
 
 /** @param lies whether the labels' axis lies along x, so that they take height from the plot */
 int obtainGreatestLabelLength(bool lies, const UXRect& plot)
@@ -323,7 +296,7 @@ KXAxisChartBase::Bands KXAxisChartBase::_measureBands(const Detail& detail)
     if (!self.isAlive())
         return bands;
     for (std::size_t i = 0; detail.titles && self.isAlive() && i < m_axes.size(); ++i)
-        if (hasTitle(*m_axes[i]))
+        if (m_axes[i]->showsTitle())
             _measureTitle(*m_axes[i], bands);
     return bands;
 }
@@ -383,12 +356,12 @@ UXRect KXAxisChartBase::_obtainArea(const Bands& bands, bool scrolls) const
 void KXAxisChartBase::_placeAxes(const UXRect& area)
 {
     m_marksArea = area;
+    _colorAxes();
     const KXAxisChartAxis* scrolled = _obtainScrolledAxis();
     for (const auto& own : m_axes) {
         KXAxis& axis = *own->axis;
         axis.setVisible(own->isUsed);
         axis.setShowAxis(own->property->getShowAxis());
-        axis.setColor(own->property->getAxisColor());
         if (own->isHorizontal())
             axis.setVectorNotation(1, 0);
         else
@@ -431,7 +404,7 @@ void KXAxisChartBase::_placeTitles(const Bands& bands, const Detail& detail, boo
 {
     for (const auto& axis : m_axes) {
         UXLabel& label = *axis->title;
-        label.setVisible(detail.titles && hasTitle(*axis));
+        label.setVisible(detail.titles && axis->showsTitle());
         if (!label.getVisible())
             continue;
         const bool atEnd = axis->property->getShowTitleAtEndOfAxis();
@@ -439,7 +412,7 @@ void KXAxisChartBase::_placeTitles(const Bands& bands, const Detail& detail, boo
         const UXRect rect = atEnd ? _obtainEndTitleRect(*axis, bands)
                                   : _obtainTitleRect(*axis, bands, hasBar ? barExtent : 0);
         const bool isTurned = !atEnd && !axis->isHorizontal();
-        label.setText(shortenTitle(*axis, isTurned ? rect.height : rect.width));
+        label.setText(axis->shortenTitle(isTurned ? rect.height : rect.width));
         label.setVisible(!label.getText().empty() && (isTurned || rect.height >= measureTitle(*axis).height));
         UXTextProperty property = axis->property->getTitleProperty();
         property.option = UXTextOption::Default; // it is as short as it has to be
@@ -512,8 +485,6 @@ void KXAxisChartBase::_placeScroll(const Bands& bands, bool scrolls)
     m_plot->setContentHeight(lies ? 0 : extent);
     if (!scrolled)
         return;
-    m_plot->setScrollBarColor(scrolled->property->getScrollBarColor());
-    m_plot->setScrollBarSliderColor(scrolled->property->getScrollBarSliderColor());
 
     // The same category stands first as before, whatever the spacing is now.
     const double first = m_firstCategory * scrolled->axis->obtainCurrentValueSpacing();
@@ -532,44 +503,4 @@ void KXAxisChartBase::_placeLayers()
         layer->setRect(whole);
         layer->setDrawingRect(m_marksArea);
     }
-}
-
-void KXAxisChartBase::_layoutContent()
-{
-    const UXObjectWatcher self(this);
-    _layoutGrid();
-    _layoutMarks();
-    if (!self.isAlive())
-        return;
-    _repaintMarks();
-    _visibleCategoriesChanged();
-}
-
-void KXAxisChartBase::_layoutGrid()
-{
-    std::vector<KXAxisChartGridLines> grid, zeros;
-    for (const auto& own : m_axes) {
-        KXAxis& axis = *own->axis;
-        if (!own->isUsed || !axis.isValidAxis())
-            continue;
-        const bool alongX = own->isHorizontal();
-        const auto placeOf = [&](double value) {
-            const UXDoublePoint point = axis.obtainDoubleValuePositionInAxis(value);
-            return alongX ? point.x : point.y;
-        };
-        if (own->property->getShowGridLine()) {
-            const auto limit = static_cast<std::size_t>(
-                std::max(axis.obtainAxisLength() / leastGridPitch, 1.0));
-            const auto [first, last] = axis.obtainCurrentFirstLastValues();
-            KXAxisChartGridLines& lines = grid.emplace_back(!alongX, std::vector<double>(),
-                                                            own->property->getGridLineColor());
-            for (const double tick : kxObtainAxisTicks(own->cache, first, last, limit))
-                lines.places.push_back(placeOf(tick));
-        }
-        const bool hasZero = own->cache.isValueAxis && axis.getMinValue() < 0 && axis.getMaxValue() > 0;
-        if (hasZero && own.get() != _obtainScrolledAxis() && m_axisChartProperty->getShowZeroLine())
-            zeros.push_back({!alongX, {placeOf(0)}, own->property->getAxisColor()});
-    }
-    grid.insert(grid.end(), zeros.begin(), zeros.end());
-    m_gridLayer->setLines(grid, m_marksArea);
 }

@@ -1,6 +1,7 @@
 #include "kx_axis_chart_data_view.h"
 
 #include "kx_axis_property.h"
+#include "kx_key_definitions.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_localize.h"
@@ -87,12 +88,25 @@ std::optional<UXSymbolStyle> KXAxisChartDataView::obtainLegendSymbolStyle(std::u
     return std::nullopt;
 }
 
-void KXAxisChartDataView::customSerialize() { serializeBool("m_isOnSecondaryAxis", m_isOnSecondaryAxis); }
-
-bool KXAxisChartDataView::customDeserialize()
+const UXPropertyTable& KXAxisChartDataView::obtainPropertyTable()
 {
-    return deserializeBool("m_isOnSecondaryAxis", m_isOnSecondaryAxis);
+    using Self = KXAxisChartDataView;
+    static constexpr UXProperty rows[] = {
+        {.key = "m_isOnSecondaryAxis",
+         .type = kxObtainKeyType<bool>,
+         .place = [](void* owner) -> void* { return &static_cast<Self*>(owner)->m_isOnSecondaryAxis; },
+         .update =
+             [](void* owner, const void* value) {
+                 static_cast<Self*>(owner)->updateIsOnSecondaryAxis(*static_cast<const bool*>(value));
+             },
+         .effect = UXPropertyEffect::Reload,
+         .meaning = "the second axis of values tells those of the view"}};
+    static const UXPropertyTable table("KXAxisChartDataView", nullptr, kxObtainKeyOwner<Self>, rows);
+    return table;
 }
+
+void KXAxisChartDataView::customSerialize() { obtainPropertyTable().write(*this); }
+bool KXAxisChartDataView::customDeserialize() { return obtainPropertyTable().read(*this); }
 
 KXAxisChartStacks KXAxisChartDataView::_makeStacks() const
 {

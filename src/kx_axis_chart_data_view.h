@@ -8,6 +8,7 @@
 #include "kx_value_extremes.h"
 #include "ux/ux_json_object.h"
 #include "ux/ux_point.h"
+#include "ux/ux_property_table.h"
 #include "ux/ux_rect.h"
 
 #include <cstdint>
@@ -119,6 +120,9 @@ public:
     /** @return the symbol of a series in the legend and in hints; none for the legend's own */
     virtual std::optional<UXSymbolStyle> obtainLegendSymbolStyle(std::uint64_t series) const;
 
+    /** The view's properties by key, as its document holds them. */
+    static const UXPropertyTable& obtainPropertyTable();
+
     // From UXJsonObject
     void customSerialize() override;
     bool customDeserialize() override;
@@ -133,9 +137,12 @@ protected:
     void _addTotal(UXHintInfo& info, std::uint64_t category) const;
 
 private:
+    friend class KXAxisChart;
     friend class KXXYAxisChart;
 
     KXXYAxisChart* m_chart = nullptr; // which owns this
     std::vector<std::uint64_t> m_shownSeries;
     bool m_isOnSecondaryAxis = false;
+    bool m_isMadeForSecondaryAxis = false; // by the chart that keeps it
+    UXPropertyTableBinding m_keyBinding{*this, obtainPropertyTable()};
 };

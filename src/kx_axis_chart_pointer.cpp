@@ -1,6 +1,7 @@
 #include "kx_axis_chart.h"
 
 #include "kx_axis_chart_data_provider.h"
+#include "kx_axis_chart_data_view.h"
 #include "kx_axis_chart_property.h"
 #include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
@@ -274,8 +275,10 @@ double KXAxisChart::obtainDimmedOpacity() const { return getAxisChartProperty()-
 
 void KXAxisChart::itemLookChanged(const KXChartItem& item)
 {
-    for (const UXRect& rect : _obtainMarkRects(makeMark(item)))
-        _repaintMarks(rect);
+    const KXAxisChartMark mark = makeMark(item);
+    if (const KXAxisChartDataView* view = obtainViewOfSeries(mark.series))
+        for (const UXRect& rect : view->obtainMarkRects(mark))
+            _repaintMarks(rect);
 }
 
 void KXAxisChart::itemLooksChanged()
@@ -284,6 +287,7 @@ void KXAxisChart::itemLooksChanged()
     _repaintMarks();
 }
 
+/** Fills in the rows: every shown series of the category that has a value, the hovered one first. */
 void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
                             const std::optional<KXAxisChartMark>& hovered)
 {
@@ -303,7 +307,8 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         UXHintRowInfo& row = info.addRow(obtainSeriesColor(series), obtainLegendSymbolStyle(series),
                                          getSeriesLabel(series), obtainValueText(series, value));
         row.showSymbol = true;
-        _fillHintRow(row, {series, category});
+        if (KXAxisChartDataView* view = obtainViewOfSeries(series))
+            view->fillHintRow(row, {series, category});
     };
     if (hovered)
         addRow(hovered->series);
@@ -311,14 +316,11 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         if (!hovered || series != hovered->series)
             addRow(series);
     info.enabled = info.enabled && !info.rows.empty();
-    if (!info.rows.empty())
-        _fillHintFooter(info, category);
+    for (std::size_t i = 0; !info.rows.empty() && i < m_views.size(); ++i)
+        m_views[i]->fillHintFooter(info, category);
 }
 
 UXRect KXAxisChart::obtainHintArea(UXPoint point) { return getItems()->obtainHintArea(point); }
-
-UXRect KXAxisChart::_obtainMarkPlace(const KXAxisChartMark&) const { return {}; }
-std::vector<UXRect> KXAxisChart::_obtainMarkRects(const KXAxisChartMark&) const { return {getMarksArea()}; }
 
 /** Linked marks never scroll a chart, which stays where its reader left it: a tab says where they are. */
 void KXAxisChart::_placeLinkedTab()
@@ -331,8 +333,3 @@ void KXAxisChart::_placeLinkedTab()
 }
 
 void KXAxisChart::_paintOverMarks(UXPainter& painter) { m_linkedTab.paint(painter); }
-
-UXPoint KXAxisChart::_obtainHintPoint(const KXAxisChartMark&)
-{
-    return {uxMidX(getMarksArea()), getMarksArea().y};
-}

@@ -38,8 +38,8 @@
 #define KX_AXIS_PROPERTY_LOOK_KEYS(KEY)                                                                      \
     KEY(bool, ShowAxis, m_showAxis, true, Any(Axis), Layout, "the axis line")                                \
     KEY(bool, ShowGridLine, m_showGridLine, false, Any(GridLine), Layout, "grid lines at the ticks")         \
-    KEY(UXColor, AxisColor, m_axisColor, UXColor(), Any(Axis), Layout, "colour of the axis line")            \
-    KEY(UXColor, GridLineColor, m_gridLineColor, UXColor(), Any(GridLine), Layout,                           \
+    KEY(UXColor, AxisColor, m_axisColor, UXColor(), Any(Axis), Recolor, "colour of the axis line")           \
+    KEY(UXColor, GridLineColor, m_gridLineColor, UXColor(), Any(GridLine), Recolor,                          \
         "colour of the grid lines")                                                                          \
     KEY(int, AxisLength, m_axisLength, -1, Any(Axis), Layout, "logical units; -1: as long as there is room") \
     KEY(bool, ShowTickLabels, m_showTickLabels, true, Any(TickLabel), Layout, "texts at the ticks")          \
@@ -62,10 +62,10 @@
     KEY(bool, ShowTitle, m_showTitle, true, Any(Title), Layout, "the title")                                 \
     KEY(bool, ShowTitleAtEndOfAxis, m_showTitleAtEndOfAxis, false, Any(Title), Layout,                       \
         "the title at the end of the axis instead of along it")                                              \
-    KEY(UXColor, ScrollBarColor, m_scrollBarColor, UXColor(239, 239, 244, 1.0), Any(ScrollBar), Layout,      \
+    KEY(UXColor, ScrollBarColor, m_scrollBarColor, UXColor(239, 239, 244, 1.0), Any(ScrollBar), Recolor,     \
         "colour of the scroll bar")                                                                          \
     KEY(UXColor, ScrollBarSliderColor, m_scrollBarSliderColor, UXColor(209, 209, 214, 1.0), Any(ScrollBar),  \
-        Layout, "colour of what moves in the scroll bar")
+        Recolor, "colour of what moves in the scroll bar")
 
 /** What the document holds, in its order. */
 #define KX_AXIS_PROPERTY_KEYS(KEY)   \

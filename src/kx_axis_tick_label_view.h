@@ -87,7 +87,6 @@ public:
     bool getAutoRotateLabels() const { return m_autoRotateLabels; }
     /** Off: labels that are turned automatically stay upright. */
     void setAutoRotateLabels(bool rotate);
-    bool getPrefersAllLabels() const { return m_prefersAllLabels; }
     /** On: labels above or below the axis that are no numbers break in two lines before they turn, where that
      * shows all of each, and are shortened to what there is between two ticks before they are left out, where
      * that is enough to read. */
@@ -226,6 +225,7 @@ private:
     bool _wrapLabels(double spacing);
     void _setLineCount(int count);
     bool _findCollision(double spacing, bool staysInside, bool& found);
+    std::int64_t _obtainCustomInterval() const;
     bool _calcTickLabelInterval(double spacing);
     bool _updateShownInterval();
     bool _areLabelsApart(bool& areApart);

@@ -72,18 +72,6 @@ const UXPropertyTable& KXBarChart::obtainPropertyTable()
     return table;
 }
 
-void KXBarChart::customSerialize()
-{
-    KXXYAxisChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
+KX_DEFINE_DOCUMENT(KXBarChart, KXXYAxisChart)
 
-std::string KXBarChart::customSerializeTypeID() { return "KXBarChart"; }
 std::string KXBarChart::customSerializeVersion() { return "1.0"; }
-
-bool KXBarChart::customDeserialize()
-{
-    const UXObjectWatcher self(this);
-    const bool complete = KXXYAxisChart::customDeserialize();
-    return self.isAlive() && obtainPropertyTable().read(*this) && complete;
-}

@@ -2,6 +2,8 @@
 
 #include "kx_axis_chart_property.h"
 #include "kx_bar_chart_property.h"
+#include "kx_density_room.h"
+#include "kx_key_definitions.h"
 #include "kx_readable_color.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
@@ -25,34 +27,6 @@ constexpr std::size_t greatestBatchCount = 64;
 constexpr double lineWidth = 1;
 
 constexpr double leastShare = 0.1;
-
-/** @return the part of a category's room that its bars take */
-double obtainShareOf(KXChartDataDensity density)
-{
-    switch (density) {
-    case KXChartDataDensity::Loose:
-        return 0.6;
-    case KXChartDataDensity::Medium:
-        break;
-    case KXChartDataDensity::Compact:
-        return 0.8;
-    }
-    return 0.7;
-}
-
-/** @return the least width of a bar beside others, in logical units, before the chart scrolls instead */
-double obtainLeastWidth(KXChartDataDensity density)
-{
-    switch (density) {
-    case KXChartDataDensity::Loose:
-        return 12;
-    case KXChartDataDensity::Medium:
-        break;
-    case KXChartDataDensity::Compact:
-        return 3;
-    }
-    return 6;
-}
 
 /** @return how far outside of interval place lies, 0 inside */
 double obtainDistance(const KXAxisChartInterval& interval, double place)
@@ -86,14 +60,14 @@ double KXBarChartDataView::_obtainShare() const
 {
     const double own = m_property->getBarWidth();
     return own > 0 ? std::clamp(own, leastShare, 1.0)
-                   : obtainShareOf(getChart()->getAxisChartProperty()->getDataDensity());
+                   : kxObtainDensityRoom(getChart()->getAxisChartProperty()->getDataDensity()).barShare;
 }
 
 double KXBarChartDataView::obtainMinCategorySpacing() const
 {
     if (obtainStacking() != KXAxisChartStacking::Plain)
         return 0;
-    const double width = obtainLeastWidth(getChart()->getAxisChartProperty()->getDataDensity());
+    const double width = kxObtainDensityRoom(getChart()->getAxisChartProperty()->getDataDensity()).bar;
     return std::ceil(static_cast<double>(getShownSeries().size()) * width / _obtainShare());
 }
 
@@ -352,16 +326,14 @@ void KXBarChartDataView::_paintStandingOut(UXPainter& painter, const UXDoubleRec
     painter.stroke();
 }
 
-void KXBarChartDataView::customSerialize()
+const UXPropertyTable& KXBarChartDataView::obtainPropertyTable()
 {
-    KXAxisChartDataView::customSerialize();
-    serializeObject("m_barChartProperty", m_property.get());
+    using Self = KXBarChartDataView;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_barChartProperty", uxObtainNestedObjectType, m_property, "the bars")};
+    static const UXPropertyTable table("KXBarChartDataView", &KXAxisChartDataView::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
+    return table;
 }
 
-std::string KXBarChartDataView::customSerializeTypeID() { return "KXBarChartDataView"; }
-
-bool KXBarChartDataView::customDeserialize()
-{
-    const bool complete = KXAxisChartDataView::customDeserialize();
-    return deserializeExistingObject("m_barChartProperty", m_property.get()) && complete;
-}
+KX_DEFINE_DOCUMENT(KXBarChartDataView, KXAxisChartDataView)

@@ -60,6 +60,8 @@ public:
      * last */
     std::pair<std::size_t, std::size_t> findSlots(const KXAxisChartInterval& across) const;
 
+    static const UXPropertyTable& obtainPropertyTable();
+
     // From KXAxisChartDataView and UXJsonObject
     bool shouldIncludeZero() const override;
     double obtainMinCategorySpacing() const override;
@@ -128,4 +130,5 @@ private:
     std::vector<KXBarLabel> m_labels;
 
     std::vector<UXColor> m_barColors; // one a bar
+    UXPropertyTableBinding m_keyBinding{*this, obtainPropertyTable()};
 };

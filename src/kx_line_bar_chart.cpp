@@ -45,10 +45,9 @@ KXLineBarChart::~KXLineBarChart()
 KXLineChartDataView& KXLineBarChart::_addLines(KXAxisChartType type, bool isOnSecondaryAxis)
 {
     const bool canStack = type == KXAxisChartType::Area;
-    KXLineChartDataView& view = _addView(
-        std::make_unique<KXLineChartDataView>(type, canStack, m_lineProperty));
-    view.updateIsOnSecondaryAxis(isOnSecondaryAxis);
-    return view;
+    auto view = std::make_unique<KXLineChartDataView>(type, canStack, m_lineProperty);
+    view->updateIsOnSecondaryAxis(isOnSecondaryAxis);
+    return _addView(std::move(view));
 }
 
 KXBarChartProperty* KXLineBarChart::getBarChartProperty() const { return m_bars.getBarChartProperty(); }
@@ -164,17 +163,4 @@ const UXPropertyTable& KXLineBarChart::obtainPropertyTable()
     return table;
 }
 
-void KXLineBarChart::customSerialize()
-{
-    KXXYAxisChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
-std::string KXLineBarChart::customSerializeTypeID() { return "KXLineBarChart"; }
-
-bool KXLineBarChart::customDeserialize()
-{
-    const UXObjectWatcher self(this);
-    const bool complete = KXXYAxisChart::customDeserialize();
-    return self.isAlive() && obtainPropertyTable().read(*this) && complete;
-}
+KX_DEFINE_DOCUMENT(KXLineBarChart, KXXYAxisChart)

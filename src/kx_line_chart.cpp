@@ -64,17 +64,4 @@ const UXPropertyTable& KXLineChart::obtainPropertyTable()
     return table;
 }
 
-void KXLineChart::customSerialize()
-{
-    KXXYAxisChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
-std::string KXLineChart::customSerializeTypeID() { return "KXLineChart"; }
-
-bool KXLineChart::customDeserialize()
-{
-    const UXObjectWatcher self(this);
-    const bool complete = KXXYAxisChart::customDeserialize();
-    return self.isAlive() && obtainPropertyTable().read(*this) && complete;
-}
+KX_DEFINE_DOCUMENT(KXLineChart, KXXYAxisChart)

@@ -3,7 +3,7 @@
 #include "kx_axis_chart_axis_cache_data.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
-#include "kx_key_type.h"
+#include "kx_key_definitions.h"
 #include "kx_line_chart_property.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
@@ -350,20 +350,22 @@ std::optional<UXSymbolStyle> KXLineChartDataView::obtainLegendSymbolStyle(std::u
     return isArea ? UXSymbolStyle::AreaLeft : UXSymbolStyle::LineLeft;
 }
 
-void KXLineChartDataView::customSerialize()
+const UXPropertyTable& KXLineChartDataView::obtainPropertyTable()
 {
-    KXAxisChartDataView::customSerialize();
-    kxWriteKey(this, "m_type", m_type);
-    kxWriteKey(this, "m_canStack", m_canStack);
-    serializeObject("m_lineChartProperty", m_property.get());
+    using Self = KXLineChartDataView;
+    static constexpr UXProperty rows[] = {
+        {.key = "m_type",
+         .type = kxObtainKeyType<KXAxisChartType>,
+         .place = [](void* owner) -> void* { return &static_cast<Self*>(owner)->m_type; },
+         .meaning = "lines, areas, or points alone"},
+        {.key = "m_canStack",
+         .type = kxObtainKeyType<bool>,
+         .place = [](void* owner) -> void* { return &static_cast<Self*>(owner)->m_canStack; },
+         .meaning = "the series pile up where the axis of values is stacked"},
+        KX_OBJECT_ROW("m_lineChartProperty", uxObtainNestedObjectType, m_property, "the lines")};
+    static const UXPropertyTable table("KXLineChartDataView", &KXAxisChartDataView::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
+    return table;
 }
 
-std::string KXLineChartDataView::customSerializeTypeID() { return "KXLineChartDataView"; }
-
-bool KXLineChartDataView::customDeserialize()
-{
-    bool complete = KXAxisChartDataView::customDeserialize();
-    complete = kxReadKey(this, "m_type", m_type) && complete;
-    complete = kxReadKey(this, "m_canStack", m_canStack) && complete;
-    return deserializeExistingObject("m_lineChartProperty", m_property.get()) && complete;
-}
+KX_DEFINE_DOCUMENT(KXLineChartDataView, KXAxisChartDataView)

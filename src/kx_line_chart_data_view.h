@@ -61,6 +61,8 @@ public:
     /** @return whether a point can stand for many categories */
     bool isDense() const { return m_layout.isDense; }
 
+    static const UXPropertyTable& obtainPropertyTable();
+
     // From KXAxisChartDataView and UXJsonObject
     bool canStack() const override;
     bool shouldIncludeZero() const override;
@@ -130,4 +132,5 @@ private:
     // Made by the look
     std::vector<KXValueColors> m_colors; // one a shape
     std::vector<UXColor> m_pointColors;  // one a point
+    UXPropertyTableBinding m_keyBinding{*this, obtainPropertyTable()};
 };

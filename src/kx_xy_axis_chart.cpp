@@ -79,15 +79,9 @@ bool KXXYAxisChart::isSeriesOnSecondaryAxis(std::uint64_t series) const
     return view && view->getIsOnSecondaryAxis();
 }
 
-KXAxisChartDataView* KXXYAxisChart::obtainViewOfSeries(std::uint64_t) const
-{
-    const auto found = std::ranges::find_if(m_views, [](const auto& view) { return view->canShowSeries(); });
-    return found == m_views.end() ? nullptr : found->get();
-}
-
 bool KXXYAxisChart::shouldIncludeZero(const KXAxisProperty* property) const
 {
-    return std::ranges::any_of(m_views, [&](const auto& view) {
+    return std::ranges::any_of(getDataViews(), [&](const auto& view) {
         return &view->_getValueAxisProperty() == property && view->shouldIncludeZero();
     });
 }
@@ -129,7 +123,7 @@ double KXXYAxisChart::_obtainMinCategorySpacing() const
     if (m_isContinuous)
         return -1;
     double least = KXAxisChart::_obtainMinCategorySpacing();
-    for (const auto& view : m_views)
+    for (const auto& view : getDataViews())
         least = least < 0 ? least : std::max(least, view->obtainMinCategorySpacing());
     return least;
 }
@@ -137,7 +131,7 @@ double KXXYAxisChart::_obtainMinCategorySpacing() const
 double KXXYAxisChart::_obtainLabelledCategorySpacing() const
 {
     double spacing = 0;
-    for (const auto& view : m_views)
+    for (const auto& view : getDataViews())
         spacing = std::max(spacing, view->obtainLabelledCategorySpacing());
     return spacing;
 }
@@ -170,7 +164,7 @@ void KXXYAxisChart::_updateDataRanges()
 bool KXXYAxisChart::_takeNumberRange()
 {
     KXValueExtremes all;
-    for (const auto& view : m_views)
+    for (const auto& view : getDataViews())
         all.take(view->obtainNumberRange().value_or(KXValueExtremes()));
     m_numberRange = all.isEmpty() ? std::nullopt : std::optional(all);
     return m_numberRange.has_value();
@@ -201,7 +195,7 @@ void KXXYAxisChart::_updateCategoryRange()
 bool KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis)
 {
     std::optional<KXAxisChartValueRange> range;
-    for (const auto& view : m_views)
+    for (const auto& view : getDataViews())
         if (view->getIsOnSecondaryAxis() == (&axis == &m_secondaryY))
             range = kxUniteValueRanges(range, view->obtainValueRange());
     const bool isUsed = range.has_value();
@@ -266,7 +260,7 @@ void KXXYAxisChart::_customUpdateAxes()
     for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY}) {
         setBounds(*axis->axis, axis->cache.axisMin, axis->cache.axisMax);
         double extra = 0;
-        for (const auto& view : m_views)
+        for (const auto& view : getDataViews())
             if (view->getIsOnSecondaryAxis() == (axis == &m_secondaryY))
                 extra = std::max(extra, view->obtainExtraLength());
         axis->axis->setExtraLength("marks", extra);
@@ -292,13 +286,13 @@ void KXXYAxisChart::_setCategoryScale()
     // Where all categories are to be seen at once, a longer axis than there is room for fills the room.
     const int length = getAxisChartProperty()->getEnableScroll() ? m_x.property->getAxisLength() : 0;
     double room = 0;
-    for (const auto& view : m_views)
+    for (const auto& view : getDataViews())
         room = std::max(room, view->obtainExtraRoomAcross());
     axis.setExtraLength("marks", room);
     axis.setShiftHalfValueSpacing(!m_isContinuous);
     if (m_isContinuous) {
         double overhang = 0; // on both sides, so that marks at the ends are whole
-        for (const auto& view : m_views)
+        for (const auto& view : getDataViews())
             overhang = std::max(overhang, view->obtainOverhang() * m_categoryDistance);
         setBounds(axis, cache.axisMin - overhang, cache.axisMax + overhang);
         axis.setValueSpacing(-1);
@@ -440,16 +434,28 @@ const UXPropertyTable& KXXYAxisChart::obtainPropertyTable()
 {
     using Self = KXXYAxisChart;
     static constexpr UXProperty rows[] = {
-        KX_OBJECT_ROW("m_xAxisProperty", uxObtainNestedObjectType, m_x.property, "the axis of the categories")
-            KX_OBJECT_ROW("m_yAxisProperty", uxObtainNestedObjectType, m_y.property, "the axis of the values")
-                KX_OBJECT_ROW(
-                    "m_secondaryYAxisProperty", uxObtainNestedObjectType, m_secondaryY.property,
-                    "a second axis of values") KX_OBJECT_ROW("m_xDataFormat", uxObtainNestedObjectType,
-                                                             m_x.dataFormat, "how categories are written")
-                    KX_OBJECT_ROW("m_yDataFormat", uxObtainNestedObjectType, m_y.dataFormat,
-                                  "how values are written")
-                        KX_OBJECT_ROW("m_secondaryYDataFormat", uxObtainNestedObjectType,
-                                      m_secondaryY.dataFormat, "how values on the second axis are written")};
+        KX_OBJECT_KEY("m_xAxisProperty", uxObtainNestedObjectType, m_x.property,
+                      "the axis of the categories"),
+        KX_OBJECT_KEY("m_yAxisProperty", uxObtainNestedObjectType, m_y.property, "the axis of the values"),
+        KX_OBJECT_KEY("m_secondaryYAxisProperty", uxObtainNestedObjectType, m_secondaryY.property,
+                      "a second axis of values"),
+        KX_OBJECT_KEY("m_xDataFormat", uxObtainNestedObjectType, m_x.dataFormat,
+                      "how categories are written"),
+        KX_OBJECT_KEY("m_yDataFormat", uxObtainNestedObjectType, m_y.dataFormat, "how values are written"),
+        KX_OBJECT_KEY("m_secondaryYDataFormat", uxObtainNestedObjectType, m_secondaryY.dataFormat,
+                      "how values on the second axis are written"),
+        {.key = "m_viewsOnOtherAxis",
+         .type = _obtainViewsType,
+         .place = [](void* owner) { return owner; },
+         .update =
+             [](void* owner, const void* places) {
+                 static_cast<Self*>(owner)->_updateViewsOnOtherAxis(
+                     *static_cast<const std::vector<int>*>(places));
+             },
+         .effect = UXPropertyEffect::Reload,
+         .meaning = "sorts of marks, by their places in the order of painting, whose values the other axis "
+                    "tells than usual; left out where there are none"},
+    };
     static const UXPropertyTable table("KXXYAxisChart", &KXAxisChart::obtainPropertyTable(),
                                        kxObtainKeyOwner<Self>, rows);
     return table;

@@ -45,15 +45,10 @@ public:
     KXAxis* getYAxis() const;
     KXAxis* getSecondaryYAxis() const;
 
-    // Views, which the chart makes and destroys
-    /** @return in the order in which they are painted */
-    const std::vector<std::unique_ptr<KXAxisChartDataView>>& getDataViews() const { return m_views; }
     /** @return whether the values of a series are told by the secondary axis, as its view is */
     bool isSeriesOnSecondaryAxis(std::uint64_t series) const;
 
     // Policy
-    /** @return the view that shows a series, the chart's; by default the first one that can, null for none */
-    virtual KXAxisChartDataView* obtainViewOfSeries(std::uint64_t series) const;
     /** @return whether an automatic range of that value axis holds zero, as marks that start there need it;
      * by default where a view wants it */
     virtual bool shouldIncludeZero(const KXAxisProperty* property) const;
@@ -101,7 +96,6 @@ public:
     void axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, double value,
                                           std::string& text) override;
     std::string obtainValueText(std::uint64_t series, double value) const override;
-    UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t series) override;
 
 protected:
     /** Adds a view in front of those before it. @return it, which the chart keeps */
@@ -109,11 +103,10 @@ protected:
     View& _addView(std::unique_ptr<View> view)
     {
         View& added = *view;
-        _insertView(m_views.size(), std::move(view));
+        _insertView(getDataViews().size(), std::move(view));
         return added;
     }
     void _insertView(std::size_t place, std::unique_ptr<KXAxisChartDataView> view);
-    void _removeView(const KXAxisChartDataView& view);
 
     double _calculateSuitableRange(double amount, bool forTicks) const;
 
@@ -123,19 +116,8 @@ protected:
     double _obtainMinCategorySpacing() const override;
     double _obtainLabelledCategorySpacing() const override;
     void _axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect) override;
-    void _layoutMarks() override;
-    void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) override;
-    void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect) override;
-    void _customReloadMarks() override;
-    void _customUpdateLooks() override;
-    std::optional<KXAxisChartMark> _hitMark(UXPoint point) const override;
-    UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const override;
-    std::vector<UXRect> _obtainMarkRects(const KXAxisChartMark& mark) const override;
     std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;
     UXPoint _obtainHintPoint(const KXAxisChartMark& mark) override;
-    double _obtainMarkValue(const KXAxisChartMark& mark) const override;
-    void _fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) const override;
-    void _fillHintFooter(UXHintInfo& info, std::uint64_t category) const override;
     void _updateDataRanges() override;
 
 private:
@@ -143,6 +125,11 @@ private:
     bool _wantsContinuous() const;
     bool _takeNumberRange();
     void _updateCategoryRange();
+    // Views by their places that the other axis of values tells than the one that the chart type gave them
+    std::vector<int> _getViewsOnOtherAxis() const;
+    void _storeViewsOnOtherAxis(const std::vector<int>& places);
+    void _updateViewsOnOtherAxis(const std::vector<int>& places);
+    static const UXPropertyType& _obtainViewsType();
     /** @return whether a view has values on the axis */
     bool _updateValueRange(KXAxisChartAxis& axis);
     std::optional<std::uint64_t> _obtainPlacedCategoryAt(UXPoint point) const;
@@ -155,7 +142,6 @@ private:
     KXAxisChartAxis& m_x; // the chart's axes
     KXAxisChartAxis& m_y;
     KXAxisChartAxis& m_secondaryY;
-    std::vector<std::unique_ptr<KXAxisChartDataView>> m_views;
     bool m_isContinuous = false;
     std::optional<KXValueExtremes> m_numberRange; // of marks that lie at numbers of their own
     bool m_categoriesGrow = true;                 // on a continuous axis: no number is below the one before

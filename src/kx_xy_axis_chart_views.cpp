@@ -1,93 +1,26 @@
 #include "kx_xy_axis_chart.h"
 
-#include "ux/ux_object_watcher.h"
+#include "kx_key_definitions.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 
 #include <algorithm>
 #include <cmath>
 #include <ranges>
+#include <utility>
 
-// The steps of the views, and what is asked of the one that shows a series.
+// What the places of the axes add to the answers of the views.
 
 void KXXYAxisChart::_insertView(std::size_t place, std::unique_ptr<KXAxisChartDataView> view)
 {
     view->m_chart = this;
-    m_views.insert(m_views.begin() + static_cast<std::ptrdiff_t>(std::min(place, m_views.size())),
-                   std::move(view));
-}
-
-void KXXYAxisChart::_removeView(const KXAxisChartDataView& view)
-{
-    std::erase_if(m_views, [&view](const auto& own) { return own.get() == &view; });
-}
-
-void KXXYAxisChart::_customReloadMarks()
-{
-    for (const auto& view : m_views) {
-        view->m_shownSeries.clear();
-        for (const std::uint64_t series : getShownSeries())
-            if (obtainViewOfSeries(series) == view.get())
-                view->m_shownSeries.push_back(series);
-        view->reload();
-    }
-}
-
-void KXXYAxisChart::_layoutMarks()
-{
-    const UXObjectWatcher self(this);
-    for (const auto& view : m_views)
-        view->layout(obtainPlotFrame(view->getIsOnSecondaryAxis()));
-    _customUpdateLooks();
-    // The host may have begun to replace the data; what it reloads is laid out anew.
-    for (std::size_t i = 0; self.isAlive() && preparedAndReloadedData() && i < m_views.size(); ++i)
-        m_views[i]->layoutLabels();
-}
-
-void KXXYAxisChart::_customUpdateLooks()
-{
-    const UXObjectWatcher self(this);
-    for (std::size_t i = 0; self.isAlive() && i < m_views.size(); ++i)
-        _loadHostColors(m_views[i]->obtainSingleMarks());
-    for (std::size_t i = 0; self.isAlive() && i < m_views.size(); ++i)
-        m_views[i]->updateLook();
-}
-
-void KXXYAxisChart::_paintMarks(UXPainter& painter, const UXRect& dirtyRect)
-{
-    for (const auto& view : m_views)
-        view->paint(painter, dirtyRect);
-}
-
-void KXXYAxisChart::_paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect)
-{
-    for (const auto& view : m_views)
-        view->paintLabels(painter, dirtyRect);
-}
-
-std::optional<KXAxisChartMark> KXXYAxisChart::_hitMark(UXPoint point) const
-{
-    for (const auto& view : std::views::reverse(m_views))
-        if (const std::optional<KXAxisChartMark> mark = view->hitMark(point))
-            return mark;
-    return std::nullopt;
-}
-
-UXRect KXXYAxisChart::_obtainMarkPlace(const KXAxisChartMark& mark) const
-{
-    const KXAxisChartDataView* view = obtainViewOfSeries(mark.series);
-    return view ? view->obtainMarkPlace(mark) : UXRect();
-}
-
-std::vector<UXRect> KXXYAxisChart::_obtainMarkRects(const KXAxisChartMark& mark) const
-{
-    const KXAxisChartDataView* view = obtainViewOfSeries(mark.series);
-    return view ? view->obtainMarkRects(mark) : KXAxisChart::_obtainMarkRects(mark);
+    view->m_isMadeForSecondaryAxis = view->m_isOnSecondaryAxis;
+    _keepView(place, std::move(view));
 }
 
 std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryAt(UXPoint point) const
 {
-    for (const auto& view : std::views::reverse(m_views))
+    for (const auto& view : std::views::reverse(getDataViews()))
         if (const std::optional<std::uint64_t> category = view->obtainCategoryAt(point))
             return category;
     return _obtainPlacedCategoryAt(point);
@@ -107,27 +40,54 @@ UXPoint KXXYAxisChart::_obtainHintPoint(const KXAxisChartMark& mark)
     return frame.isVertical ? UXPoint(place, height) : UXPoint(height, place);
 }
 
-double KXXYAxisChart::_obtainMarkValue(const KXAxisChartMark& mark) const
+std::vector<int> KXXYAxisChart::_getViewsOnOtherAxis() const
 {
-    const KXAxisChartDataView* view = obtainViewOfSeries(mark.series);
-    return view ? view->obtainValue(mark) : KXAxisChart::_obtainMarkValue(mark);
+    std::vector<int> places;
+    for (std::size_t i = 0; i < getDataViews().size(); ++i)
+        if (getDataViews()[i]->m_isOnSecondaryAxis != getDataViews()[i]->m_isMadeForSecondaryAxis)
+            places.push_back(static_cast<int>(i));
+    return places;
 }
 
-void KXXYAxisChart::_fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) const
+void KXXYAxisChart::_storeViewsOnOtherAxis(const std::vector<int>& places)
 {
-    if (KXAxisChartDataView* view = obtainViewOfSeries(mark.series))
-        view->fillHintRow(row, mark);
+    for (std::size_t i = 0; i < getDataViews().size(); ++i) {
+        KXAxisChartDataView& view = *getDataViews()[i];
+        const bool isOnOther = std::ranges::find(places, static_cast<int>(i)) != places.end();
+        view.m_isOnSecondaryAxis = view.m_isMadeForSecondaryAxis != isOnOther;
+    }
 }
 
-void KXXYAxisChart::_fillHintFooter(UXHintInfo& info, std::uint64_t category) const
+void KXXYAxisChart::_updateViewsOnOtherAxis(const std::vector<int>& places)
 {
-    for (const auto& view : m_views)
-        view->fillHintFooter(info, category);
+    if (_getViewsOnOtherAxis() == places)
+        return;
+    _storeViewsOnOtherAxis(places);
+    _applyKeyEffect(UXPropertyEffect::Reload);
 }
 
-UXSymbolStyle KXXYAxisChart::obtainLegendSymbolStyle(std::uint64_t series)
+/** Documents leave the list out where it is empty, and one without it means that. */
+const UXPropertyType& KXXYAxisChart::_obtainViewsType()
 {
-    const KXAxisChartDataView* view = obtainViewOfSeries(series);
-    const auto own = view ? view->obtainLegendSymbolStyle(series) : std::nullopt;
-    return own ? *own : KXAxisChart::obtainLegendSymbolStyle(series);
+    using Self = KXXYAxisChart;
+    static const UXPropertyType type = [] {
+        UXPropertyType made = kxObtainDerivedKeyType<Self, std::vector<int>, &Self::_getViewsOnOtherAxis,
+                                                     &Self::_storeViewsOnOtherAxis>();
+        made.element = kxObtainKeyType<std::vector<int>>().element;
+        made.write = [](const UXPropertyType&, UXJsonObject& object, const std::string& key,
+                        const void* owner) {
+            const std::vector<int> places = static_cast<const Self*>(owner)->_getViewsOnOtherAxis();
+            if (!places.empty())
+                kxWriteKey(&object, key, places);
+        };
+        made.read = [](const UXPropertyType&, UXJsonObject& object, const std::string& key, void* owner) {
+            std::vector<int> places;
+            const bool isRead = !UXPropertyTable::holdsKey(object, key) || kxReadKey(&object, key, places);
+            if (isRead)
+                static_cast<Self*>(owner)->_storeViewsOnOtherAxis(places);
+            return isRead;
+        };
+        return made;
+    }();
+    return type;
 }

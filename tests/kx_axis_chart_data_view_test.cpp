@@ -346,3 +346,22 @@ TEST(KXAxisChartDataView, TheFactoryMakesOneThatIsReadBack)
     EXPECT_TRUE(made->deserialize(view.serialize(), &factory));
     EXPECT_EQ(made->serialize(), view.serialize());
 }
+
+TEST(KXAxisChartDataView, TheAxisOfEachIsSavedWhereItIsNotTheUsualOne)
+{
+    CombinedChart chart, read;
+    const std::string usual = chart.serialize();
+    EXPECT_EQ(usual.find("m_viewsOnOtherAxis"), std::string::npos);
+    chart.bars.updateIsOnSecondaryAxis(true);
+    EXPECT_TRUE(read.deserialize(chart.serialize()));
+    EXPECT_TRUE(read.bars.getIsOnSecondaryAxis());
+    EXPECT_EQ(read.serialize(), chart.serialize());
+    EXPECT_TRUE(read.updateVectorValue("m_viewsOnOtherAxis", 0, 1));
+    EXPECT_FALSE(read.bars.getIsOnSecondaryAxis());
+    EXPECT_TRUE(read.lines.getIsOnSecondaryAxis());
+    std::string wrong = chart.serialize();
+    wrong.replace(wrong.find("\"m_viewsOnOtherAxis\":[0]"), 24, "\"m_viewsOnOtherAxis\":\"0\"");
+    EXPECT_FALSE(read.deserialize(wrong));
+    EXPECT_TRUE(read.deserialize(usual));
+    EXPECT_EQ(read.serialize(), usual);
+}

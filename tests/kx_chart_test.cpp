@@ -1,5 +1,6 @@
 #include "kx_chart.h"
 
+#include "kx_bar_chart.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_chart_toolbox.h"
@@ -198,6 +199,36 @@ TEST(KXChart, TheTitleTakesClicksOnlyWhereTheyAreEnabled)
     event.runPostedActions();
     EXPECT_EQ(clicks, 1);
     EXPECT_EQ(provider.paths.back().identifier, "Title");
+}
+
+TEST(KXChart, EveryKeyOfItsDocumentIsReachedByKey)
+{
+    KXTestChart chart;
+    UXPropertyAccessor accessor(&chart);
+    KXChartProperty& property = *chart.getChartProperty();
+    std::vector<std::string> called;
+    property.registerUpdatedEvents([&](const std::string& key) { called.push_back(key); });
+    std::string text;
+    int size = 0;
+    bool wraps = false;
+    EXPECT_TRUE(accessor.updateValue("m_titleValueWrap", true) && property.getTitleValueWrap());
+    EXPECT_TRUE(accessor.updateValue("m_titleFontSize", 31));
+    EXPECT_EQ(property.getTitleProperty().font.size, 31);
+    EXPECT_EQ(called, std::vector<std::string>(2, "m_titleProperty"));
+    EXPECT_TRUE(accessor.updateValue("m_titleDefaultValue", "default"));
+    EXPECT_EQ(chart.getTitle()->getDefaultText(), "default");
+    EXPECT_TRUE(accessor.obtainValue("m_titleValueWrap", wraps) && wraps);
+    EXPECT_TRUE(accessor.obtainValue("m_titleFontSize", size) && size == 31);
+    EXPECT_TRUE(accessor.obtainValue("m_titleDefaultValue", text) && text == "default");
+    EXPECT_FALSE(accessor.updateValue("m_titleFontSize", "31")) << "is a number";
+
+    KXValueChart value;
+    UXJsonObject* label = nullptr;
+    EXPECT_TRUE(UXPropertyAccessor(&value).obtainObject("m_valueLabel", &label));
+    EXPECT_EQ(label, value.getValueLabel());
+    KXBarChart bars;
+    EXPECT_TRUE(UXPropertyAccessor(&bars).updateEnumString("m_orientation", "Horizontal"));
+    EXPECT_FALSE(bars.isVertical());
 }
 
 TEST(KXChart, TheToolboxShowsOnlyUnderThePointerOfAHostThatWantsIt)
