@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -16,20 +15,20 @@
 /** One key of a property class, as the walk below uses it. */
 template <class Class>
 struct KXWalkedKey {
-    std::string key;
+    const char* key;
     /** Updates the key to another value. */
-    std::function<void(Class&)> change;
+    void (*change)(Class&);
     /** Stores another value without more ado. */
-    std::function<void(Class&)> store;
+    void (*store)(Class&);
     /** Updates the key to the value that it has. */
-    std::function<void(Class&)> repeat;
+    void (*repeat)(Class&);
     /** Updates the first object's key to the second's value if the key passes the list. */
-    std::function<void(Class&, const Class&, const KXKeys&, bool exclude)> filter;
+    void (*filter)(Class&, const Class&, const KXKeys&, bool exclude);
     /** Updates the first object's key by name to the second's value, and reads it back the same way. */
-    std::function<bool(Class&, const Class&)> access;
-    std::function<bool(const Class&, const Class&)> equal;
-    /** JSON values of types that the key does not have. */
-    std::vector<std::string> wrongValues;
+    bool (*access)(Class&, const Class&);
+    bool (*equal)(const Class&, const Class&);
+    /** @return JSON values of types that the key does not have */
+    std::vector<std::string> (*obtainWrongValues)();
 };
 
 template <class T>
@@ -59,7 +58,7 @@ std::vector<std::string> kxObtainWrongValues()
             return kxAccessKey<Type>(object, #member, source.get##Name());                       \
         },                                                                                       \
         [](const Self& a, const Self& b) { return a.get##Name() == b.get##Name(); },             \
-        kxObtainWrongValues<Type>()},
+        kxObtainWrongValues<Type>},
 #define KX_FILTERED_UPDATE(Name) object.update##Name(source.get##Name(), keys, exclude);
 #define KX_WALKED_KEY(Type, Name, member, ...) KX_WALKED_KEY_WITH(Type, Name, member, KX_FILTERED_UPDATE)
 
@@ -78,6 +77,8 @@ bool kxAccessKey(UXJsonObject& object, const std::string& key, const T& value)
         return accessor.obtainVectorCount<typename T::value_type>(key, count);
     }
 }
+
+inline std::string kxQuote(const char* key) { return '"' + std::string(key) + '"'; }
 
 /** What every property class must do with every one of its keys. Give it the class's keys and which of
  *  them stand in its document; each failure names the key. */
@@ -127,7 +128,7 @@ private:
 
         std::size_t position = 0;
         for (const auto& row : m_written) {
-            const std::size_t found = document.find('"' + row.key + '"');
+            const std::size_t found = document.find(kxQuote(row.key));
             EXPECT_TRUE(found != std::string::npos && found > position) << row.key << " in " << document;
             position = found;
         }
@@ -140,17 +141,18 @@ private:
             row.change(changed);
         const std::string document = changed.serialize();
         for (const auto& row : m_written) {
-            SCOPED_TRACE("keeps what it cannot read: " + row.key);
+            SCOPED_TRACE(std::string("keeps what it cannot read: ") + row.key);
             // Of a key that occurs twice the last one counts, so the good value never does.
-            const std::string start = document.substr(0, document.rfind('}')) + ",\"" + row.key + "\":";
-            for (const std::string& wrong : row.wrongValues) {
+            const std::string start = document.substr(0, document.rfind('}')) + "," + kxQuote(row.key) + ":";
+            for (const std::string& wrong : row.obtainWrongValues()) {
                 Class read;
                 EXPECT_FALSE(read.deserialize(start + wrong + "}")) << wrong;
                 expectEqual(read, changed, {row.key});
                 EXPECT_TRUE(row.equal(read, Class())) << wrong;
             }
             std::string missing = document;
-            missing.replace(missing.find('"' + row.key + '"'), row.key.size() + 2, "\"m_unknownKey\"");
+            const std::string quoted = kxQuote(row.key);
+            missing.replace(missing.find(quoted), quoted.size(), "\"m_unknownKey\"");
             Class read;
             EXPECT_FALSE(read.deserialize(missing));
             EXPECT_TRUE(row.equal(read, Class()));
@@ -160,7 +162,7 @@ private:
     void marksAndCallsBackOncePerChange() const
     {
         for (const auto& row : m_all) {
-            SCOPED_TRACE("marks and calls back once per change: " + row.key);
+            SCOPED_TRACE(std::string("marks and calls back once per change: ") + row.key);
             Class object;
             std::vector<std::string> called;
             object.registerUpdatedEvents([&](const std::string& key) { called.push_back(key); });
@@ -183,7 +185,7 @@ private:
         Class changed;
         change(changed);
         for (const auto& row : m_all) {
-            SCOPED_TRACE("assigns by key lists: " + row.key);
+            SCOPED_TRACE(std::string("assigns by key lists: ") + row.key);
             Class filtered;
             row.filter(filtered, changed, {row.key}, true);
             row.filter(filtered, changed, {"m_other"}, false);
@@ -204,7 +206,7 @@ private:
     void assignsOnlyUpdatedKeys() const
     {
         for (const auto& row : m_all) {
-            SCOPED_TRACE("assigns only updated keys: " + row.key);
+            SCOPED_TRACE(std::string("assigns only updated keys: ") + row.key);
             Class source, target;
             for (const auto& other : m_all)
                 other.store(source);
@@ -242,7 +244,7 @@ private:
         Class changed;
         change(changed);
         for (const auto& row : m_all) {
-            SCOPED_TRACE("is accessible by key: " + row.key);
+            SCOPED_TRACE(std::string("is accessible by key: ") + row.key);
             Class object;
             EXPECT_TRUE(row.access(object, changed));
         }
@@ -253,7 +255,12 @@ private:
 };
 
 /** Walks a class that writes every key of its one table. */
-#define KX_WALK_KEYS(Class, KEYS) KX_WALK_KEY_LISTS(Class, KEYS, KEYS)
+#define KX_WALK_KEYS(Class, KEYS)                                         \
+    do {                                                                  \
+        using Self = Class;                                               \
+        const std::vector<KXWalkedKey<Self>> walked{KEYS(KX_WALKED_KEY)}; \
+        KXKeyWalk<Self>(walked, walked).run();                            \
+    } while (false)
 
 /** Walks a class whose document holds the keys WRITTEN of all its KEYS, both in its order. */
 #define KX_WALK_KEY_LISTS(Class, WRITTEN, KEYS)                                 \
