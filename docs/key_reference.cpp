@@ -25,14 +25,18 @@ private:
     void* m_owner;
 };
 
-/** @return the value as it stands in a document; a part's place and a nested object are not told */
+/** @return the value as it stands in a document; nothing for what is left out, a part's place and a nested
+ * object */
 std::string obtainDefault(const UXProperty& property, void* owner)
 {
     if (property.type().isObject)
         return "";
     const std::string document = ValueWriter(property, owner).serialize();
     const std::string key = '"' + std::string(property.key) + "\":";
-    const std::size_t start = document.find(key) + key.size();
+    const std::size_t place = document.find(key);
+    if (place == std::string::npos)
+        return "";
+    const std::size_t start = place + key.size();
     return '`' + document.substr(start, document.rfind('}') - start) + '`';
 }
 

@@ -2,8 +2,8 @@
 
 #include "kx_axis_property.h"
 #include "kx_chart_data_format.h"
-#include "ux/ux_layout_helper.h"
 #include "ux/ux_saturate.h"
+#include "ux/ux_text_measurer.h"
 #include "ux/ux_text_shortening.h"
 
 #include <cmath>
@@ -15,12 +15,6 @@ namespace {
 constexpr UXColor quietGridLineColor(230, 230, 235);
 constexpr UXColor quietAxisColor(200, 200, 205);
 constexpr int titleFontSize = 13;
-
-UXDoubleSize measureText(const std::string& text, const UXTextProperty& property)
-{
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    return helper->getTextSize(text, property);
-}
 
 } // namespace
 
@@ -48,14 +42,14 @@ bool KXAxisChartAxis::showsTitle() const
 
 UXSize KXAxisChartAxis::measureTitle() const
 {
-    const UXDoubleSize size = measureText(obtainTitleText(), property->getTitleProperty());
+    const UXDoubleSize size = uxMeasureText(obtainTitleText(), property->getTitleProperty());
     return {uxSaturateToInt(std::ceil(size.width)), uxSaturateToInt(std::ceil(size.height))};
 }
 
 std::string KXAxisChartAxis::shortenTitle(int width) const
 {
     const auto widthOf = [this](std::string_view piece) {
-        return measureText(std::string(piece), property->getTitleProperty()).width;
+        return uxMeasureText(std::string(piece), property->getTitleProperty()).width;
     };
     const std::string text = uxShortenText(obtainTitleText(), UXTextOption::EllipsisEnd, width, widthOf);
     return widthOf(text) > width ? std::string() : text;
@@ -63,5 +57,5 @@ std::string KXAxisChartAxis::shortenTitle(int width) const
 
 double KXAxisChartAxis::measureLabelLine() const
 {
-    return measureText("0", property->getTickLabelProperty()).height;
+    return uxMeasureText("0", property->getTickLabelProperty()).height;
 }

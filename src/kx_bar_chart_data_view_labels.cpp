@@ -3,10 +3,10 @@
 #include "kx_axis_property.h"
 #include "kx_bar_chart_property.h"
 #include "kx_xy_axis_chart.h"
-#include "ux/ux_layout_helper.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_text_measurer.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
@@ -47,10 +47,9 @@ double KXBarChartDataView::obtainExtraLength() const
     const double span = axis->axisMax - axis->axisMin;
     if (!(highest > 0) || !(span > 0) || !std::isfinite(span))
         return 0;
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
-    const UXDoubleSize text = helper->getTextSize(chart.obtainValueText(getShownSeries().front(), highest),
-                                                  hasTotals ? m_property->getTotalProperty()
-                                                            : m_property->getLabelProperty());
+    const UXDoubleSize text = uxMeasureText(chart.obtainValueText(getShownSeries().front(), highest),
+                                            hasTotals ? m_property->getTotalProperty()
+                                                      : m_property->getLabelProperty());
     const UXRect plot = chart.getPlot()->getRect();
     const double length = leastAxisShare * (chart.isVertical() ? plot.height : plot.width);
     const double wanted = labelMargin + std::ceil(chart.isVertical() ? text.height : text.width);
@@ -66,11 +65,10 @@ double KXBarChartDataView::obtainLabelledCategorySpacing() const
     if (obtainStacking() != KXAxisChartStacking::Stacked || !m_property->getShowTotals() || !axis ||
         getShownSeries().empty())
         return 0;
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     double across = 0, along = 0;
     for (const double total : {axis->stackedMin, axis->stackedMax}) {
-        const UXDoubleSize text = helper->getTextSize(chart.obtainValueText(getShownSeries().front(), total),
-                                                      m_property->getTotalProperty());
+        const UXDoubleSize text = uxMeasureText(chart.obtainValueText(getShownSeries().front(), total),
+                                                m_property->getTotalProperty());
         across = std::max(across, std::ceil(chart.isVertical() ? text.width : text.height) + totalGap);
         along = std::max(along, chart.isVertical() ? text.height : text.width);
     }

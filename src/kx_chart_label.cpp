@@ -2,15 +2,14 @@
 
 #include "kx_highlight_ground.h"
 #include "ux/ux_event.h"
-#include "ux/ux_layout_helper.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
+#include "ux/ux_text_measurer.h"
 #include "ux/ux_text_shortening.h"
 
 #include <cmath>
-#include <memory>
 #include <utility>
 
 namespace {
@@ -84,9 +83,8 @@ void KXChartLabel::keepTextInside(const UXRect& area)
     const UXRect seen = uxIntersectionRect(area, rect);
     const UXRect room(uxSaturateToInt(std::int64_t{seen.x} - rect.x),
                       uxSaturateToInt(std::int64_t{seen.y} - rect.y), seen.width, seen.height);
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     const auto heightOf = [&](std::string_view piece) {
-        return helper->getTextSize(std::string(piece), getTextProperty(), room.width).height;
+        return uxMeasureText(std::string(piece), getTextProperty(), room.width).height;
     };
     // More of a text is higher as it is wider, so that heights can be cut as widths are.
     std::string cut = uxShortenText(obtainText(), UXTextOption::EllipsisEnd, room.height, heightOf);

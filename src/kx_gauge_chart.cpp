@@ -276,7 +276,7 @@ void KXGaugeChart::_registerActions(KXChartLabel* label, const std::string& iden
     path->valueIndexPath = {measure, 0};
     label->registerLeftClickAction(this, path, KXTriggerCondition());
     const KXObjectID id =
-        KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(measure);
+        KXObjectID::instance().path(kxCreateObjectIDPath(KXChartObjectIDProperty::Value)).index(measure);
     label->updateExtraOIDs({id});
     label->registerInteraction(this, {KXInteractionEventType::LeftClick}, id);
 }

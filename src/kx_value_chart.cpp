@@ -9,11 +9,12 @@
 #include "kx_key_definitions.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_event.h"
-#include "ux/ux_layout_helper.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
+#include "ux/ux_text_measurer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -73,7 +74,8 @@ void KXValueChart::afterReloadData()
     KXPanelChart::afterReloadData();
     if (!self.isAlive())
         return;
-    const KXObjectID value = KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Value"))).index(0);
+    const KXObjectID value =
+        KXObjectID::instance().path(kxCreateObjectIDPath(KXChartObjectIDProperty::Value)).index(0);
     m_valueLabel->setIdentifier("ValueLabel");
     m_valueLabel->updateExtraOIDs({value});
     m_valueLabel->registerLeftClickAction(this, KXTriggerCondition());
@@ -182,10 +184,9 @@ bool KXValueChart::_isNegativeNumber() const
 UXDoubleSize KXValueChart::_fitFont(const std::string& text, UXTextProperty& property,
                                     const UXRect& plotArea) const
 {
-    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     const auto measure = [&](int size) {
         property.font.size = size;
-        return helper->getTextSize(text, property);
+        return uxMeasureText(text, property);
     };
     const auto fits = [&plotArea](const UXDoubleSize& size) {
         return plotArea.width > size.width && plotArea.height > size.height;

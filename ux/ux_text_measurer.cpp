@@ -2,6 +2,7 @@
 
 #include "ux/ux_approximate_text_measurer.h"
 #include "ux/ux_text_measure_cache.h"
+#include "ux/ux_text_property.h"
 
 #include <cmath>
 
@@ -56,4 +57,9 @@ UXDoubleSize uxMeasureText(const std::string& text, const UXFont& font, UXTextOp
     if (measuring.changes == changesBefore)
         measuring.cache.insert(request, size);
     return size;
+}
+
+UXDoubleSize uxMeasureText(const std::string& text, const UXTextProperty& property, double widthLimit)
+{
+    return uxMeasureText(text, property.font, property.option, property.lineMode, widthLimit);
 }

@@ -7,6 +7,8 @@
 
 #include <string>
 
+struct UXTextProperty;
+
 /** Knows how much room a text takes. Layout and painting ask the same one, so they agree. */
 class UX_EXPORT UXTextMeasurer {
 public:
@@ -35,3 +37,6 @@ UX_EXPORT void uxSetTextMeasurer(UXTextMeasurer* measurer);
  */
 [[nodiscard]] UX_EXPORT UXDoubleSize uxMeasureText(const std::string& text, const UXFont& font,
                                                    UXTextOption option, int lineMode, double widthLimit = -1);
+/** The same as the text is drawn with property. */
+[[nodiscard]] UX_EXPORT UXDoubleSize uxMeasureText(const std::string& text, const UXTextProperty& property,
+                                                   double widthLimit = -1);
