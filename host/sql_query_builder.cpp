@@ -25,9 +25,10 @@ std::string number(const char* name, std::size_t index) { return name + std::to_
 std::string place(const char* list, std::size_t index) { return list + ('[' + std::to_string(index) + ']'); }
 
 std::string toDouble(const std::string& expression) { return "CAST(" + expression + " AS DOUBLE PRECISION)"; }
-std::string nullsLast(const std::string& expression)
+/** @return one key of an order; nulls are last either way */
+std::string makeOrderKey(const std::string& expression, bool isDescending)
 {
-    return "CASE WHEN " + expression + " IS NULL THEN 1 ELSE 0 END, ";
+    return expression + (isDescending ? " DESC NULLS LAST" : " NULLS LAST");
 }
 
 /** @return the whole numbers among texts of numbers, as such; a fraction equals none of them */
@@ -397,16 +398,19 @@ std::string SqlQueryBuilder::_obtainGroupOrder(std::size_t measure, bool isByMea
 {
     const bool isOwnDescending = m_binding.dimensions[0].order.isDescending;
     const bool isNumber = isNumeric(obtainDimensionType(0));
-    return (isByMeasure ? _obtainMeasureOrder(_obtainAggregate(measure), measure, isDescending) : "") +
-           nullsLast("g0") + (isNumber ? "g0" : m_dialect.obtainByteOrder("g0")) +
-           (isOwnDescending ? " DESC" : "");
+    // A part that is the value already needs no conversion for each of perhaps a million groups.
+    const bool isValue = isNumeric(obtainMeasureType(measure)) &&
+                         m_binding.measures[measure].aggregate != SqlAggregate::Average;
+    const std::string value = isValue ? number("a", measure) : _obtainAggregate(measure);
+    return (isByMeasure ? _obtainMeasureOrder(value, measure, isDescending) : "") +
+           makeOrderKey(isNumber ? "g0" : m_dialect.obtainByteOrder("g0"), isOwnDescending);
 }
 
 std::string SqlQueryBuilder::_obtainOwnOrder(std::size_t dimension) const
 {
     const bool byNumber = isNumeric(m_columns[m_dimensionColumns[dimension]].type);
     const std::string own = byNumber ? "n" : m_dialect.obtainByteOrder("d");
-    return nullsLast("d") + own + (m_binding.dimensions[dimension].order.isDescending ? " DESC, " : ", ") +
+    return makeOrderKey(own, m_binding.dimensions[dimension].order.isDescending) + ", " +
            m_dialect.obtainByteOrder("k");
 }
 
@@ -414,8 +418,7 @@ std::string SqlQueryBuilder::_obtainMeasureOrder(const std::string& value, std::
                                                  bool isDescending) const
 {
     const bool isText = !isNumeric(obtainMeasureType(measure));
-    return nullsLast(value) + (isText ? m_dialect.obtainByteOrder(value) : value) +
-           (isDescending ? " DESC, " : ", ");
+    return makeOrderKey(isText ? m_dialect.obtainByteOrder(value) : value, isDescending) + ", ";
 }
 
 std::string SqlQueryBuilder::_obtainCondition(std::size_t filter)
