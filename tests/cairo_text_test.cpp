@@ -183,14 +183,14 @@ TEST_F(CairoText, KeepsTextsInBoundedMemory)
         return heap.uordblks + heap.hblkhd;
     };
     const auto drawTexts = [](int count, bool hasOneText) {
-        CairoTestCanvas(20, 20, 2).draw([&](UXPainter& painter) {
+        CairoTestCanvas(hasOneText ? 1000 : 20, 20, 2).draw([&](UXPainter& painter) {
             for (int i = 0; i < count; ++i) {
                 const UXPainterState state(painter);
                 if (hasOneText) // whose letters have other pixels at each scale
                     painter.scale(1 + i * 1e-3, 1 + i * 1e-3);
                 painter.drawText("a text of some length, different from every other: " +
                                      std::to_string(hasOneText ? 0 : i),
-                                 {0, 0, 20, 20}, makeProperty(19));
+                                 {0, 0, 1000, 20}, makeProperty(19));
             }
         });
     };
