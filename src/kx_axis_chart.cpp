@@ -11,6 +11,7 @@
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
 #include "ux/ux_label.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_virtual_scroll_view.h"
@@ -21,6 +22,8 @@
 
 namespace {
 
+/** What stands in the place of a text that is still to come. */
+constexpr const char* awaitedText = "\u2026";
 constexpr UXColor hiddenSeriesColor(205, 205, 210);
 constexpr UXColor noDataColor(120, 120, 120);
 constexpr int noDataFontSize = 13;
@@ -64,24 +67,16 @@ std::optional<UXColor> KXAxisChart::obtainHostColor(const KXAxisChartMark& mark)
     return m_hostLooks.findMarkColor(mark);
 }
 
-bool KXAxisChart::customizeMarkLabel(const KXAxisChartMark& mark, std::string& text, UXTextProperty& property)
+void KXAxisChart::customizeMarkLabel(const KXAxisChartMark& mark, std::string& text, UXTextProperty& property)
 {
     const KXAxisChartHostLooks::Label usual{text, property};
     if (const KXAxisChartHostLooks::Label* known = m_hostLooks.findLabel(mark, usual)) {
         text = known->text;
         property = known->property;
-        return true;
+        return;
     }
-    const KXChartDataProviderUse use(*this);
-    if (auto* provider = use.as<KXAxisChartDataProvider>()) {
-        const KXIndexPath path = provider->obtainSeriesValuePath(this, mark.series, mark.category);
-        if (use.isCurrent())
-            provider->customizeValueDataLabel(this, path, text, property);
-    }
-    if (!use.isAlive())
-        return false;
-    m_hostLooks.setLabel(mark, usual, {text, property});
-    return true;
+    m_hostLooks.wantLabel(mark, usual);
+    _askForLooksLater();
 }
 
 bool KXAxisChart::isSeriesShown(std::uint64_t series) const
@@ -136,6 +131,8 @@ std::string KXAxisChart::obtainCategoryLabel(std::uint64_t category)
 {
     const UXObjectWatcher self(this);
     const std::string text = obtainCategoryText(category);
+    if (self.isAlive() && category < getCategoryCount() && !hasCategoryText(category))
+        return awaitedText;
     const KXAxisChartAxis* axis = self.isAlive() ? _obtainScrolledAxis() : nullptr;
     const bool isNumber = axis && (getCategoryDataType() == KXChartDataType::Integer ||
                                    getCategoryDataType() == KXChartDataType::Float);
@@ -304,11 +301,17 @@ void KXAxisChart::_updateLooks()
     _repaintMarks();
 }
 
+/** Asks the host for the colours of marks, where it has not answered: in a layout when that has ended, and
+ * decides the looks then. It may destroy the chart. */
 void KXAxisChart::_loadHostColors(const std::vector<KXAxisChartMark>& marks)
 {
     const std::vector<KXAxisChartMark> unknown = m_hostLooks.findUnknown(marks);
     if (unknown.empty())
         return;
+    if (UXLayoutRounds::isLayingOut()) {
+        _askForLooksLater();
+        return;
+    }
     const KXChartDataProviderUse use(*this);
     auto* provider = use.as<KXAxisChartDataProvider>();
     for (std::size_t i = 0; provider && i < unknown.size(); ++i) {
@@ -322,6 +325,45 @@ void KXAxisChart::_loadHostColors(const std::vector<KXAxisChartMark>& marks)
             return;
         m_hostLooks.setMarkColor(unknown[i], isGiven ? std::optional(color) : std::nullopt);
     }
+}
+
+/** A layout asks nothing. What the host says of looks moves no mark: colours and labels alone follow. */
+void KXAxisChart::_askForLooksLater()
+{
+    if (std::exchange(m_asksForLooks, true))
+        return;
+    UXLayoutRounds::postAction([this, self = UXObjectWatcher(this)] {
+        if (self.isAlive())
+            _askForLooks();
+    });
+}
+
+void KXAxisChart::_askForLooks()
+{
+    m_asksForLooks = false;
+    if (!preparedAndReloadedData())
+        return; // what is reloaded is laid out anew
+    const UXObjectWatcher self(this);
+    bool hasLabels = false;
+    while (auto wanted = m_hostLooks.takeWantedLabel()) {
+        const KXAxisChartHostLooks::Label usual = wanted->usual;
+        const KXChartDataProviderUse use(*this);
+        if (auto* provider = use.as<KXAxisChartDataProvider>()) {
+            const KXIndexPath path = provider->obtainSeriesValuePath(this, wanted->mark.series,
+                                                                     wanted->mark.category);
+            if (use.isCurrent())
+                provider->customizeValueDataLabel(this, path, wanted->usual.text, wanted->usual.property);
+        }
+        if (!use.isAlive())
+            return;
+        m_hostLooks.setLabel(wanted->mark, usual, wanted->usual);
+        hasLabels = true;
+    }
+    _updateViewLooks();
+    if (self.isAlive() && hasLabels)
+        _layoutMarkLabels();
+    if (self.isAlive())
+        _repaintMarks();
 }
 
 void KXAxisChart::afterReloadData()
@@ -359,13 +401,28 @@ void KXAxisChart::_visibleCategoriesChanged()
     if (!self.isAlive())
         return;
     _placeLinkedTab();
+    _noteFirstCategory();
+}
+
+void KXAxisChart::_noteFirstCategory()
+{
     const double first = _getFirstCategory();
     m_firstCategoryText.clear();
     if (first < 1 || !_hasData())
         return;
+    const UXObjectWatcher self(this);
     const std::string text = obtainCategoryText(static_cast<std::uint64_t>(first));
     if (self.isAlive())
         m_firstCategoryText = text;
+}
+
+void KXAxisChart::_categoryTextsArrived(bool)
+{
+    const UXLayoutRounds layout;
+    _noteFirstCategory();
+    if (preparedAndReloadedData())
+        _layoutMarkLabels();
+    _repaintMarks();
 }
 
 void KXAxisChart::_customLayout(UXRect plotArea)

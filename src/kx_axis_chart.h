@@ -54,9 +54,9 @@ public:
     UXColor obtainSeriesColor(std::uint64_t series) const;
     /** @return the colour that the host has given a mark, none where it gave none or was not asked */
     std::optional<UXColor> obtainHostColor(const KXAxisChartMark& mark) const;
-    /** Lets the host change the text and the style of a mark's label, once between two reloads of the data.
-     *  @return false where the host destroyed the chart */
-    bool customizeMarkLabel(const KXAxisChartMark& mark, std::string& text, UXTextProperty& property);
+    /** Takes the text and the style that the host gives a mark's label. It is asked once between two reloads
+     * of the data, after the layout, which then places the labels anew. */
+    void customizeMarkLabel(const KXAxisChartMark& mark, std::string& text, UXTextProperty& property);
     /** @return the series that are drawn, in their order */
     const std::vector<std::uint64_t>& getShownSeries() const { return m_shownSeries; }
     bool isSeriesShown(std::uint64_t series) const;
@@ -164,6 +164,7 @@ protected:
     double _obtainMarkValue(const KXAxisChartMark& mark) const;
 
     void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _categoryTextsArrived(bool areFirst) override;
     void _visibleCategoriesChanged() override;
     void _layoutMarks() override;
     void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) override;
@@ -176,11 +177,15 @@ private:
     void _updateSeriesColors();
     void _shownSeriesChanged();
     void _updateViewLooks();
+    void _layoutMarkLabels();
     void _loadHostColors(const std::vector<KXAxisChartMark>& marks);
     std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
     UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const;
     void _fillHint(UXHintInfo& info, std::uint64_t category, const std::optional<KXAxisChartMark>& hovered);
     void _restoreFirstCategory();
+    void _noteFirstCategory();
+    void _askForLooksLater();
+    void _askForLooks();
     void _placeNoDataLabel();
     bool _hasData();
     std::optional<KXChartItem> _obtainMarkAlong(const KXAxisChartMark& from, bool forwards) const;
@@ -193,7 +198,8 @@ private:
     std::set<std::string> m_hiddenSeriesIDs;
     std::vector<UXColor> m_seriesColors;
     KXAxisChartHostLooks m_hostLooks;
-    UXLabel* m_noDataLabel; // a child of the plot
+    bool m_asksForLooks = false; // when the layout has ended
+    UXLabel* m_noDataLabel;      // a child of the plot
 
     KXAxisChartEdgeTab m_linkedTab; // where the marks of a linked highlight are scrolled out of sight
 

@@ -9,7 +9,9 @@
 #include "kx_axis_tick_label_view.h"
 #include "kx_chart_data_format.h"
 #include "kx_density_room.h"
+#include "ux/ux_flag_scope.h"
 #include "ux/ux_label.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
@@ -173,6 +175,7 @@ void KXAxisChartBase::axisAxisLengthChanged(KXAxis*, double)
 void KXAxisChartBase::axisVisibleValuesChanged(KXAxis* axis)
 {
     KXAxisChartAxis* own = _findAxis(axis);
+    const UXLayoutRounds layout;
     if (own && own->labels->getVisible())
         own->labels->update(false);
 }
@@ -195,6 +198,8 @@ void KXAxisChartBase::virtualScrollViewContentOffsetChanged(UXVirtualScrollView*
     if (view != m_plot || m_layingOut || !scrolled)
         return;
     const UXObjectWatcher self(this);
+    UXFlagScope scrolling(this, m_isScrolling);
+    UXLayoutRounds rounds;
     const std::int64_t offset = scrolled->isHorizontal() ? m_plot->getContentOffsetX()
                                                          : m_plot->getContentOffsetY();
     scrolled->axis->setOffset(offset);
@@ -203,14 +208,11 @@ void KXAxisChartBase::virtualScrollViewContentOffsetChanged(UXVirtualScrollView*
         return;
     const double spacing = scrolled->axis->obtainCurrentValueSpacing();
     m_firstCategory = spacing > 0 ? static_cast<double>(offset) / spacing : 0;
-    // A longer label than those before needs more room than the layout has given.
-    const bool needsRoom = scrolled->labels->getVisible() &&
-                           scrolled->labels->obtainLabelLength() > m_scrolledLabelLength;
-    if (!self.isAlive())
-        return;
-    if (needsRoom)
-        _layoutAnew();
+    _keepLabelsInRoom();
     _layoutContent();
+    while (rounds.next() && self.isAlive()) {
+        // What came into sight is asked for, and takes its place by itself.
+    }
     if (self.isAlive())
         m_plot->invalidate();
 }
@@ -264,6 +266,25 @@ void KXAxisChartBase::_layoutGrid()
     }
     grid.insert(grid.end(), zeros.begin(), zeros.end());
     m_gridLayer->setLines(grid, m_marksArea);
+}
+
+/** A longer label than those before needs more room than the layout has given. */
+void KXAxisChartBase::_keepLabelsInRoom()
+{
+    const UXLayoutRounds layout;
+    const KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    if (scrolled && scrolled->labels->getVisible() &&
+        scrolled->labels->obtainLabelLength() > m_scrolledLabelLength)
+        _layoutAnew();
+}
+
+void KXAxisChartBase::_updateTickTexts(KXAxisChartAxis& axis)
+{
+    axis.labels->updateTexts();
+    if (m_isScrolling)
+        _keepLabelsInRoom();
+    else
+        _layoutAnew();
 }
 
 /** Takes what the user set about the chart and about each axis of the same place; their handlers may call

@@ -108,6 +108,9 @@ protected:
     void _repaintMarks();
     /** The same of those in an area of the plot's space. */
     void _repaintMarks(const UXRect& area);
+    /** The labels along an axis have other texts, which the layout has missed before: what a scroll brought
+     * into sight takes its place, and all else is laid out anew. */
+    void _updateTickTexts(KXAxisChartAxis& axis);
     /** @return the first visible category and what of it is scrolled out: 2.5 shows half of category 2 */
     double _getFirstCategory() const { return m_firstCategory; }
     /** Scrolls there with the next layout. */
@@ -160,6 +163,7 @@ private:
     void _layoutContent();
     void _layoutGrid();
     void _colorAxes();
+    void _keepLabelsInRoom();
 
     std::unique_ptr<KXAxisChartProperty> m_axisChartProperty;
     UXVirtualScrollView* m_plot;       // a child
@@ -171,6 +175,6 @@ private:
     int m_scrolledLabelLength = 0; // what the layout has reserved
     double m_firstCategory = 0;
     bool m_fitsCategories = false; // in the present layout, whatever room each would need to scroll
-    bool m_layingOut = false;
+    bool m_layingOut = false, m_isScrolling = false;
     UXPropertyTableBinding m_axisChartPropertyBinding{*this, obtainPropertyTable()};
 };

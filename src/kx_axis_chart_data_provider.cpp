@@ -118,6 +118,18 @@ void KXAxisChartDataProvider::obtainCategoryNumbers(KXChartDataUser* user, std::
     }
 }
 
+bool KXAxisChartDataProvider::obtainCategoryTexts(KXChartDataUser* user, std::uint64_t firstCategory,
+                                                  std::span<std::string> texts)
+{
+    const KXChartDataProviderWatcher watcher(user);
+    for (std::string& text : texts) {
+        text = obtainDimensionData(user, {categoryDimension, firstCategory++});
+        if (!watcher.isCurrent())
+            break;
+    }
+    return true;
+}
+
 KXChartDataProviderHintData KXAxisChartDataProvider::obtainHintData(KXChartDataUser*, const KXIndexPath&)
 {
     return {};

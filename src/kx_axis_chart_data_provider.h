@@ -42,6 +42,12 @@ public:
     virtual void obtainCategoryNumbers(KXChartDataUser* user, std::uint64_t firstCategory,
                                        std::span<double> numbers);
 
+    /** Sets texts[i] to the text of category firstCategory + i; asked right after the layout that found them
+     * missing.
+     *  @return false for "not yet": the host has them later and calls the user's dataArrived */
+    virtual bool obtainCategoryTexts(KXChartDataUser* user, std::uint64_t firstCategory,
+                                     std::span<std::string> texts);
+
     /** @return the hint of the value at path; an empty one leaves the hint to the chart, which lists every
      * series of the category */
     virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);

@@ -5,6 +5,7 @@
 #include "kx_chart_data_provider_use.h"
 #include "kx_value_extremes.h"
 #include "ux/ux_assert.h"
+#include "ux/ux_object_watcher.h"
 
 #include <algorithm>
 #include <cmath>
@@ -85,7 +86,13 @@ struct KXAxisChartDataUser::Pulled {
     }
 };
 
-KXAxisChartDataUser::KXAxisChartDataUser(KXChart* chart) : KXChartDataUser(chart) {}
+KXAxisChartDataUser::KXAxisChartDataUser(KXChart* chart)
+    : KXChartDataUser(chart),
+      m_textRequests(
+          chart, [this](std::uint64_t first, std::uint64_t count) { return _pullTexts(first, count); },
+          [this] { _tellOfTexts(); })
+{
+}
 
 KXAxisChartDataUser::~KXAxisChartDataUser() = default;
 
@@ -127,6 +134,8 @@ void KXAxisChartDataUser::resetData()
     m_categoryNumbersPulled = false;
     m_categoryTexts.clear();
     m_categoryTextBytes = 0;
+    m_showsCategoryTexts = false;
+    m_textRequests.clear();
 }
 
 void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
@@ -224,21 +233,57 @@ const KXAxisChartDataUser::CategoryText& KXAxisChartDataUser::_obtainText(std::u
     if (category >= m_categoryCount)
         return none;
 
-    const KXChartDataProviderUse use(*this);
-    const KXIndexPath path{KXAxisChartDataProvider::categoryDimension, category};
-    CategoryText pulled;
-    if (use.isCurrent())
-        pulled.text = use.get()->obtainDimensionData(this, path);
-    if (use.isCurrent())
-        pulled.shouldFormat = use.get()->shouldFormatDimenionData(this, path);
-    if (!use.isAlive())
+    const UXObjectWatcher chart(getChart());
+    m_textRequests.want(category);
+    if (!chart.isAlive())
         return none;
-    m_categoryTextBytes += pulled.text.size();
+    const auto pulled = m_categoryTexts.find(category);
+    return pulled == m_categoryTexts.end() ? none : pulled->second;
+}
+
+/** @return false where the host does not have the texts yet */
+bool KXAxisChartDataUser::_pullTexts(std::uint64_t first, std::uint64_t count)
+{
+    const KXChartDataProviderUse use(*this);
+    std::vector<CategoryText> pulled(count);
+    if (auto* provider = use.as<KXAxisChartDataProvider>()) {
+        std::vector<std::string> texts(count);
+        if (!provider->obtainCategoryTexts(this, first, texts))
+            return false;
+        for (std::size_t i = 0; i < count; ++i)
+            pulled[i].text = std::move(texts[i]);
+    }
+    for (std::uint64_t i = 0; i < count && use.isCurrent(); ++i)
+        pulled[i].shouldFormat = use.get()->shouldFormatDimenionData(
+            this, {KXAxisChartDataProvider::categoryDimension, first + i});
+    if (!use.isAlive())
+        return true;
+    for (std::uint64_t i = 0; i < count; ++i)
+        _keepText(first + i, std::move(pulled[i]));
+    return true;
+}
+
+void KXAxisChartDataUser::_keepText(std::uint64_t category, CategoryText text)
+{
+    m_categoryTextBytes += text.text.size();
     if (m_categoryTexts.size() >= greatestTextCount || m_categoryTextBytes > greatestTextBytes) {
         m_categoryTexts.clear();
-        m_categoryTextBytes = pulled.text.size();
+        m_categoryTextBytes = text.text.size();
     }
-    return m_categoryTexts[category] = std::move(pulled);
+    m_categoryTexts[category] = std::move(text);
+}
+
+void KXAxisChartDataUser::_tellOfTexts()
+{
+    _categoryTextsArrived(!std::exchange(m_showsCategoryTexts, true));
+}
+
+void KXAxisChartDataUser::_categoryTextsArrived(bool) { getChart()->setRequireToVerifyLayout(true, true); }
+
+void KXAxisChartDataUser::dataArrived(std::uint64_t first, std::uint64_t count)
+{
+    if (m_textRequests.arrive(first, count))
+        _tellOfTexts();
 }
 
 const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()

@@ -4,6 +4,7 @@
 #include "kx_chart_data_provider_dimension_setting.h"
 #include "kx_chart_data_type.h"
 #include "kx_chart_data_user.h"
+#include "kx_data_requests.h"
 #include "kx_value_extremes.h"
 
 #include <cstddef>
@@ -60,8 +61,11 @@ public:
     const KXChartDataProviderDimensionSetting& getCategorySetting() const { return m_categorySetting; }
 
     // Asked of the provider at the first call for the prepared data. The provider may destroy the chart.
-    /** @return the host's text of a category; empty past the count */
+    /** @return the host's text of a category; empty past the count, and where it is not there: in a layout it
+     * is asked for when that has ended, and laid out then */
     std::string obtainCategoryText(std::uint64_t category);
+    /** @return whether the text is there */
+    bool hasCategoryText(std::uint64_t category) const { return m_categoryTexts.contains(category); }
     /** @return whether the host wants that text formatted as the date or time that it is */
     bool obtainShouldFormatCategoryText(std::uint64_t category);
     /** @return where the categories stand on a continuous axis, one finite number each; empty where the
@@ -77,6 +81,12 @@ public:
     // From KXChartDataUser
     void customPrepareData(KXChartDataProvider* provider, bool& prepared) override;
     void resetData() override;
+    void dataArrived(std::uint64_t first, std::uint64_t count) override;
+
+protected:
+    /** Texts that a layout missed are there, or can be asked for. By default the chart lays out anew.
+     *  @param areFirst whether none was there before */
+    virtual void _categoryTextsArrived(bool areFirst);
 
 private:
     struct Series {
@@ -95,6 +105,9 @@ private:
     bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, const Pulled& pulled);
     const CategoryText& _obtainText(std::uint64_t category);
+    bool _pullTexts(std::uint64_t first, std::uint64_t count);
+    void _tellOfTexts();
+    void _keepText(std::uint64_t category, CategoryText text);
 
     std::vector<Series> m_series;
     std::vector<std::vector<double>> m_oldValues; // of the data before, whose memory the next ones take
@@ -108,4 +121,6 @@ private:
     bool m_categoryNumbersPulled = false;
     std::unordered_map<std::uint64_t, CategoryText> m_categoryTexts;
     std::size_t m_categoryTextBytes = 0;
+    bool m_showsCategoryTexts = false; // some were there in a layout
+    KXDataRequests m_textRequests;
 };

@@ -119,17 +119,6 @@ KXAxisChartStacks KXAxisChartDataView::_makeStacks() const
     return stacks;
 }
 
-bool KXAxisChartDataView::_areLent(const KXAxisChartStacks& stacks) const
-{
-    const std::vector<double>& numbers = m_chart->getCategoryNumbers();
-    if (stacks.categoryNumbers.data() != numbers.data() || stacks.categoryNumbers.size() != numbers.size())
-        return false;
-    return std::ranges::all_of(stacks.series, [this](const KXAxisChartStacks::Series& series) {
-        const std::vector<double>& values = m_chart->getSeriesValues(series.index);
-        return values.data() == series.values.data() && values.size() == series.values.size();
-    });
-}
-
 KXAxisProperty& KXAxisChartDataView::_getValueAxisProperty() const
 {
     return m_isOnSecondaryAxis ? *m_chart->getSecondaryYAxisProperty() : *m_chart->getYAxisProperty();

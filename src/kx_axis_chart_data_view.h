@@ -94,7 +94,7 @@ public:
     virtual std::vector<KXAxisChartMark> obtainSingleMarks() const;
     /** Decides the colours of what was placed. Asks nobody. */
     virtual void updateLook() = 0;
-    /** Places the labels. The host may be asked for their texts, and may destroy the chart, and this. */
+    /** Places the labels. Asks nobody: for what the host has not said of them it is asked afterwards. */
     virtual void layoutLabels();
     /** @param dirtyRect what is to be painted; a mark that does not reach into it may be left out */
     virtual void paint(UXPainter& painter, const UXRect& dirtyRect) const = 0;
@@ -130,8 +130,6 @@ public:
 protected:
     /** @return the values of the shown series, lent until the chart's data are replaced */
     KXAxisChartStacks _makeStacks() const;
-    /** @return whether the values of stacks are still there: a host that is asked may replace them */
-    bool _areLent(const KXAxisChartStacks& stacks) const;
     KXAxisProperty& _getValueAxisProperty() const;
     /** Adds the sum of a stack of at least two to the footer of a hint. */
     void _addTotal(UXHintInfo& info, std::uint64_t category) const;

@@ -8,6 +8,7 @@ void KXAxisChartHostLooks::clear()
 {
     clearColors();
     m_labels.clear();
+    m_wantedLabels.clear();
 }
 
 void KXAxisChartHostLooks::clearColors()
@@ -46,6 +47,21 @@ std::optional<UXColor> KXAxisChartHostLooks::findMarkColor(const KXAxisChartMark
 {
     const auto found = m_markColors.find(mark);
     return found == m_markColors.end() ? std::nullopt : found->second;
+}
+
+void KXAxisChartHostLooks::wantLabel(const KXAxisChartMark& mark, const Label& usual)
+{
+    m_wantedLabels[mark] = usual;
+}
+
+std::optional<KXAxisChartHostLooks::WantedLabel> KXAxisChartHostLooks::takeWantedLabel()
+{
+    if (m_wantedLabels.empty())
+        return std::nullopt;
+    const auto first = m_wantedLabels.begin();
+    WantedLabel wanted{first->first, std::move(first->second)};
+    m_wantedLabels.erase(first);
+    return wanted;
 }
 
 const KXAxisChartHostLooks::Label* KXAxisChartHostLooks::findLabel(const KXAxisChartMark& mark,

@@ -40,6 +40,14 @@ public:
     void setMarkColor(const KXAxisChartMark& mark, const std::optional<UXColor>& color);
     std::optional<UXColor> findMarkColor(const KXAxisChartMark& mark) const;
 
+    /** A label that the host is to be asked about. */
+    struct WantedLabel {
+        KXAxisChartMark mark;
+        Label usual;
+    };
+    void wantLabel(const KXAxisChartMark& mark, const Label& usual);
+    /** @return the next one, none after the last */
+    std::optional<WantedLabel> takeWantedLabel();
     /** @return what the host made of this label of the mark, null where it was not asked about it */
     const Label* findLabel(const KXAxisChartMark& mark, const Label& usual) const;
     void setLabel(const KXAxisChartMark& mark, const Label& usual, const Label& made);
@@ -52,4 +60,5 @@ private:
     std::vector<std::optional<UXColor>> m_seriesColors;
     std::map<KXAxisChartMark, std::optional<UXColor>> m_markColors;
     std::map<KXAxisChartMark, LabelAnswer> m_labels;
+    std::map<KXAxisChartMark, Label> m_wantedLabels;
 };

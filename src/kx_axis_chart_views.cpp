@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_data_view.h"
 #include "kx_xy_axis_chart.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_symbol_style.h"
 
@@ -36,13 +37,20 @@ void KXAxisChart::_customReloadMarks()
 
 void KXAxisChart::_layoutMarks()
 {
-    const UXObjectWatcher self(this);
     for (const auto& view : m_views)
         view->layout(view->getChart()->obtainPlotFrame(view->getIsOnSecondaryAxis()));
     _updateViewLooks();
-    // The host may have begun to replace the data; what it reloads is laid out anew.
-    for (std::size_t i = 0; self.isAlive() && preparedAndReloadedData() && i < m_views.size(); ++i)
-        m_views[i]->layoutLabels();
+    _layoutMarkLabels();
+}
+
+/** Places the labels of the marks, whose texts may be others now. */
+void KXAxisChart::_layoutMarkLabels()
+{
+    const UXLayoutRounds layout;
+    if (!preparedAndReloadedData())
+        return; // what is reloaded is laid out anew
+    for (const auto& view : m_views)
+        view->layoutLabels();
 }
 
 void KXAxisChart::_updateViewLooks()

@@ -184,6 +184,16 @@ void KXAxisTickLabelView::update(bool reload)
     _bringUpToDate(Step::Cache);
 }
 
+void KXAxisTickLabelView::updateTexts()
+{
+    for (Tick& tick : m_visibleTicks) {
+        tick.text.reset();
+        tick.size.reset();
+    }
+    m_cacheStale = true;
+    setRequireToVerifyLayout(true, true);
+}
+
 void KXAxisTickLabelView::requestLabels(std::uint64_t count)
 {
     _growLabels(static_cast<std::size_t>((std::min)(count, std::uint64_t{mostLabels})));

@@ -119,6 +119,9 @@ public:
     void updateCache();
     /** Brings all up to what the axis shows now, and asks for a layout. @param reload ticks changed too */
     void update(bool reload);
+    /** Forgets the texts of the labels, where the delegate has others now, and asks for a layout. Labels that
+     * were turned stay so, as while scrolling. */
+    void updateTexts();
     /** Makes the view have at least that many label objects, up to what can be seen. */
     void requestLabels(std::uint64_t count);
 

@@ -114,8 +114,8 @@ private:
 
     // Labels
     void _requestTotals(const KXAxisChartStacks& source, LabelRequests& requests) const;
-    bool _requestBarLabels(const KXAxisChartStacks& source, LabelRequests& requests, bool extremes);
-    bool _requestBarLabel(const KXAxisChartStacks& source, std::size_t bar, std::size_t position,
+    void _requestBarLabels(const KXAxisChartStacks& source, LabelRequests& requests, bool extremes);
+    void _requestBarLabel(const KXAxisChartStacks& source, std::size_t bar, std::size_t position,
                           bool isExtreme, LabelRequests& requests);
     void _placeLabels(const LabelRequests& requests);
 

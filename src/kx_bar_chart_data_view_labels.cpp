@@ -3,7 +3,6 @@
 #include "kx_axis_property.h"
 #include "kx_bar_chart_property.h"
 #include "kx_xy_axis_chart.h"
-#include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_text_measurer.h"
@@ -84,7 +83,6 @@ void KXBarChartDataView::layoutLabels()
     m_labels.clear();
     if (isDense() || (!m_property->getShowLabels() && !m_property->getShowTotals()))
         return;
-    const UXObjectWatcher chart(getChart());
     const KXAxisChartStacks source = _makeStacks();
     if (source.series.empty())
         return;
@@ -93,8 +91,7 @@ void KXBarChartDataView::layoutLabels()
         _requestTotals(source, requests);
     if (m_property->getShowLabels())
         for (const bool extremes : {true, false})
-            if (!_requestBarLabels(source, requests, extremes) || !chart.isAlive())
-                return;
+            _requestBarLabels(source, requests, extremes);
     _placeLabels(requests);
 }
 
@@ -108,8 +105,7 @@ void KXBarChartDataView::_requestTotals(const KXAxisChartStacks& source, LabelRe
     }
 }
 
-/** @return false where the host destroyed the chart, replaced its data or had it laid out anew */
-bool KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, LabelRequests& requests,
+void KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, LabelRequests& requests,
                                            bool extremes)
 {
     const KXAxisChartValueOption option = m_property->getLabelValueOption();
@@ -117,40 +113,31 @@ bool KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, Labe
         const KXAxisChartMark mark = getBars()[i].mark;
         const auto found = std::ranges::find(source.series, mark.series, &KXAxisChartStacks::Series::index);
         if (found == source.series.end())
-            return false;
+            return;
         const auto position = static_cast<std::size_t>(found - source.series.begin());
         const KXSeriesFacts& facts = m_texts.obtainFacts(*getChart(), source, position);
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
         if (isExtreme != extremes || !kxIsValueLabelled(option, facts, found->values, mark.category))
             continue;
-        if (!_requestBarLabel(source, i, position, isExtreme, requests))
-            return false;
+        _requestBarLabel(source, i, position, isExtreme, requests);
     }
-    return true;
 }
 
-bool KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::size_t index,
+void KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::size_t index,
                                           std::size_t position, bool isExtreme, LabelRequests& requests)
 {
-    const UXObjectWatcher chart(getChart());
-    const KXBar bar = getBars()[index];
+    const KXBar& bar = getBars()[index];
     KXBarLabelPlacer::Request request;
     request.text = m_texts.obtainText(*getChart(), source, bar.mark, position,
                                       m_property->getLabelDisplayOption());
-    if (!chart.isAlive())
-        return false;
     request.property = m_property->getLabelProperty();
     request.barColor = m_barColors[index];
     request.isExtreme = isExtreme;
     request.canStandOutside = source.form == KXAxisChartStacking::Plain || source.series.size() == 1;
     const UXColor usualColor = request.property.textColor;
-    if (!getChart()->customizeMarkLabel(bar.mark, request.text, request.property))
-        return false;
-    if (!_areLent(source) || index >= getBars().size() || getBars()[index].mark != bar.mark)
-        return false;
+    getChart()->customizeMarkLabel(bar.mark, request.text, request.property);
     request.hasOwnColor = request.property.textColor != usualColor;
     requests.labels.push_back({index, std::move(request)});
-    return true;
 }
 
 void KXBarChartDataView::_placeLabels(const LabelRequests& requests)

@@ -139,6 +139,8 @@ bool KXChartDataUser::obtainFormattedDataWithSortedIndexPath(const KXIndexPath&,
     return false;
 }
 
+void KXChartDataUser::dataArrived(std::uint64_t, std::uint64_t) {}
+
 bool KXChartDataUser::isInteractionEnabled() const
 {
     return m_chart && m_chart->getChartProperty()->getEnableInteraction();

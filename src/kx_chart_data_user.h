@@ -4,6 +4,7 @@
 #include "kx_index_path.h"
 #include "kx_interaction_user.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,11 @@ public:
     virtual bool obtainSortedIndexPathsByColorOrder(std::vector<KXIndexPath>& paths);
     /** @return whether text was set: the item at path, formatted */
     virtual bool obtainFormattedDataWithSortedIndexPath(const KXIndexPath& path, std::string& text);
+
+    /** The host calls this when it has what it answered "not yet" about: the chart lays out, and asks for
+     * what it still shows. The base shows nothing that can come late.
+     *  @param first, count the members of the chart's first dimension that have come */
+    virtual void dataArrived(std::uint64_t first, std::uint64_t count);
 
     /** @return the chart that this serves */
     KXChart* getChart() const { return m_chart; }

@@ -7,6 +7,7 @@
 #include "ux/ux_context.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_key_code.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_notification_scope.h"
 
 #include <algorithm>
@@ -72,10 +73,23 @@ void KXChartLinkedActionDiagram::clearHighlight(UXObject* source)
 
 void KXChartLinkedActionDiagram::joinHighlight(KXChart* chart)
 {
-    const UXNotificationScope scope;
-    if (m_shown && m_shown->chart.isAlive() && m_shown->chart.getObject() != chart && _isServed(chart) &&
-        _findReceiver(chart) == m_receivers.end())
-        _showIn(chart, *std::shared_ptr<const Request>(m_shown));
+    if (!_lacksHighlight(chart))
+        return;
+    // A layout, from which charts join, asks no host.
+    UXLayoutRounds::postAction([self = UXObjectWatcher(this), joining = UXObjectWatcher(chart)] {
+        const UXNotificationScope scope;
+        auto* diagram = static_cast<KXChartLinkedActionDiagram*>(self.getObject());
+        KXChart* newcomer = obtainChart(joining);
+        if (diagram && newcomer && diagram->_lacksHighlight(newcomer))
+            diagram->_showIn(newcomer, *std::shared_ptr<const Request>(diagram->m_shown));
+    });
+}
+
+/** @return whether something is highlighted that the chart was not told of */
+bool KXChartLinkedActionDiagram::_lacksHighlight(KXChart* chart)
+{
+    return m_shown && m_shown->chart.isAlive() && m_shown->chart.getObject() != chart && _isServed(chart) &&
+           _findReceiver(chart) == m_receivers.end();
 }
 
 void KXChartLinkedActionDiagram::leaveHighlight(KXChart* chart)

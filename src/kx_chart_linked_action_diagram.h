@@ -36,7 +36,7 @@ public:
                           UXObject* source, const UXEvent& event);
     /** The item no longer asks. A selected one goes on asking while it is selected. */
     void clearHighlight(UXObject* source);
-    /** A chart that shows no highlight yet shows the present one. */
+    /** A chart that shows no highlight yet shows the present one, in a layout when that has ended. */
     void joinHighlight(KXChart* chart);
     /** What a chart shows of the highlight ends; its next layout lets it join anew. */
     void leaveHighlight(KXChart* chart);
@@ -75,6 +75,7 @@ private:
     };
 
     bool _isServed(UXObject* object) const;
+    bool _lacksHighlight(KXChart* chart);
     bool _isOver(UXObject* chart, const UXEvent& event) const;
     std::vector<Receiver>::iterator _findReceiver(const UXObject* chart);
     template <class Remove>

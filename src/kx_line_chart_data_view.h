@@ -112,8 +112,8 @@ private:
 
     // Labels
     bool _showsNames() const;
-    bool _requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer);
-    bool _requestLabel(const KXAxisChartStacks& source, const KXLinePlace& place, std::size_t position,
+    void _requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer);
+    void _requestLabel(const KXAxisChartStacks& source, const KXLinePlace& place, std::size_t position,
                        KXLineLabelPlacer& placer);
     void _requestNames(KXLineLabelPlacer& placer) const;
 

@@ -3,14 +3,12 @@
 #include "kx_line_chart_property.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_layout_helper.h"
-#include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace {
 
@@ -58,17 +56,14 @@ void KXLineChartDataView::layoutLabels()
     } else {
         for (const KXLinePlace& point : m_points)
             placer.addObstacle(point.place);
-        if (!_requestLabels(_makeStacks(), placer))
-            return;
+        _requestLabels(_makeStacks(), placer);
     }
     m_labels = placer.place();
 }
 
-/** @return false where the host destroyed the chart or replaced its data */
-bool KXLineChartDataView::_requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer)
+void KXLineChartDataView::_requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer)
 {
     const KXAxisChartValueOption option = m_property->getLabelValueOption();
-    std::vector<std::pair<KXLinePlace, std::size_t>> wanted; // with the position of the series
     for (std::size_t position = 0; position < std::min(source.series.size(), m_layout.shapes.size());
          ++position) {
         const KXSeriesFacts& facts = m_texts.obtainFacts(*getChart(), source, position);
@@ -80,34 +75,24 @@ bool KXLineChartDataView::_requestLabels(const KXAxisChartStacks& source, KXLine
                                        at == facts.last;
             if (_isInSight(vertex) && (isOutstanding || !areMany) &&
                 kxIsValueLabelled(option, facts, source.series[position].values, at))
-                wanted.emplace_back(_makePlace(position, vertex), position);
+                _requestLabel(source, _makePlace(position, vertex), position, placer);
         }
     }
-    // The host may have anything done from here on.
-    for (const auto& [place, position] : wanted)
-        if (!_requestLabel(source, place, position, placer))
-            return false;
-    return true;
 }
 
-bool KXLineChartDataView::_requestLabel(const KXAxisChartStacks& source, const KXLinePlace& place,
+void KXLineChartDataView::_requestLabel(const KXAxisChartStacks& source, const KXLinePlace& place,
                                         std::size_t position, KXLineLabelPlacer& placer)
 {
-    const UXObjectWatcher chart(getChart());
     std::string text = m_texts.obtainText(*getChart(), source, place.mark, position,
                                           m_property->getLabelDisplayOption());
-    if (!chart.isAlive())
-        return false;
     UXTextProperty property = m_property->getLabelProperty();
-    if (!getChart()->customizeMarkLabel(place.mark, text, property) || !_areLent(source))
-        return false;
+    getChart()->customizeMarkLabel(place.mark, text, property);
     const KXSeriesFacts& facts = m_texts.obtainFacts(*getChart(), source, position);
     using Extreme = KXLineLabelPlacer::Extreme;
     placer.add(place.mark, place.place, text, property,
                place.mark.category == facts.greatest ? Extreme::Greatest
                : place.mark.category == facts.least  ? Extreme::Least
                                                      : Extreme::None);
-    return true;
 }
 
 void KXLineChartDataView::_requestNames(KXLineLabelPlacer& placer) const

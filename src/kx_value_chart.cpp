@@ -9,6 +9,7 @@
 #include "kx_key_definitions.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_event.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -142,7 +143,10 @@ void KXValueChart::_customLayout(UXRect plotArea)
     m_valueLabel->setRect(uxMakeRect(uxSaturateToInt(left), plotArea.y, width, height));
     // It may reach over the plot area; a number that the chart's edge cuts would look like another one.
     m_valueLabel->keepTextInside(getBoundingRect());
-    registerRightClickMenu(this, KXTriggerCondition());
+    UXLayoutRounds::postAction([this, self = UXObjectWatcher(this)] {
+        if (self.isAlive())
+            registerRightClickMenu(this, KXTriggerCondition());
+    });
 }
 
 std::string KXValueChart::_obtainValueText() const

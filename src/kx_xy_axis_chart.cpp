@@ -5,9 +5,8 @@
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
+#include "kx_calendar_time.h"
 #include "kx_chart_data_format.h"
-#include "kx_chart_data_provider.h"
-#include "kx_chart_data_provider_use.h"
 #include "kx_key_definitions.h"
 #include "ux/ux_device_transform.h"
 #include "ux/ux_object_watcher.h"
@@ -247,6 +246,15 @@ void KXXYAxisChart::_axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect
         KXAxisChart::_axisPropertyUpdated(axis, effect);
 }
 
+void KXXYAxisChart::_categoryTextsArrived(bool areFirst)
+{
+    const UXObjectWatcher self(this);
+    m_x.ticksChanged = m_x.ticksChanged || areFirst;
+    KXAxisChart::_categoryTextsArrived(areFirst);
+    if (self.isAlive())
+        _updateTickTexts(m_x);
+}
+
 void KXXYAxisChart::_customUpdateAxes()
 {
     for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY})
@@ -337,21 +345,17 @@ void KXXYAxisChart::axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, 
         text = kxFormatAxisTick(*axis->property, *axis->dataFormat, value);
 }
 
-/** On a continuous axis ticks are values between the categories, which the host words where they are times.
- */
+/** On a continuous axis ticks are values between the categories. */
 std::string KXXYAxisChart::_obtainCategoryTickText(double value)
 {
     if (!m_isContinuous)
         return value >= 0 ? obtainCategoryLabel(toIndex(value, getCategoryCount())) : std::string();
     if (!m_x.cache.isTemporalDimension)
         return m_x.dataFormat->formatNumber(value);
-    const KXChartDataProviderUse use(*this);
-    std::string text;
-    if (use.isCurrent())
-        text = use.get()->obtainDimensionDataAsDateTime(this, value);
-    if (!use.isAlive())
-        return {};
-    return m_x.dataFormat->formatDateTime(text, getCategoryDataType(), getCategoryAggregateType());
+    const std::string moment = kxObtainCalendarText(kxObtainCalendarTime(value));
+    const bool isTime = getCategoryDataType() == KXChartDataType::Time;
+    return m_x.dataFormat->formatDateTime(isTime ? moment.substr(moment.find(' ') + 1) : moment,
+                                          getCategoryDataType(), getCategoryAggregateType());
 }
 
 double KXXYAxisChart::obtainCategoryValue(std::uint64_t category)

@@ -98,6 +98,7 @@ public:
     std::string obtainValueText(std::uint64_t series, double value) const override;
 
 protected:
+    void _categoryTextsArrived(bool areFirst) override;
     /** Adds a view in front of those before it. @return it, which the chart keeps */
     template <class View>
     View& _addView(std::unique_ptr<View> view)

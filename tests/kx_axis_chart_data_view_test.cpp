@@ -62,11 +62,10 @@ public:
     void layoutLabels() override
     {
         labels.clear();
-        for (const Point& point : std::vector<Point>(points)) {
+        for (const Point& point : points) {
             std::string text = getChart()->obtainValueText(point.mark.series, point.value);
             UXTextProperty property;
-            if (!getChart()->customizeMarkLabel(point.mark, text, property))
-                return;
+            getChart()->customizeMarkLabel(point.mark, text, property);
             labels.push_back(text);
         }
     }

@@ -2,7 +2,10 @@
 
 #include "kx_axis_chart_data_provider.h"
 #include "ux/ux_color.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_text_property.h"
+
+#include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
@@ -13,7 +16,7 @@
 #include <vector>
 
 /** A provider of a small table that a test sets: one list of values per series, NaN for a null. It counts its
- * questions by name, and notes every category whose text is asked for. */
+ * questions by name, none of which a layout asks, and notes every category whose text is asked for. */
 class KXAxisChartTestProvider : public KXAxisChartDataProvider {
 public:
     static constexpr double null = std::numeric_limits<double>::quiet_NaN();
@@ -139,6 +142,7 @@ private:
     }
     void _note(const std::string& call)
     {
+        EXPECT_FALSE(UXLayoutRounds::isLayingOut()) << call;
         ++asked[call];
         if (onCall)
             onCall(call);

@@ -3,6 +3,9 @@
 #include "kx_chart_data_user.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
+#include "ux/ux_layout_rounds.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
@@ -133,6 +136,7 @@ private:
     }
     void _note(const std::string& call)
     {
+        EXPECT_FALSE(UXLayoutRounds::isLayingOut()) << call;
         calls.push_back(call);
         if (onCall)
             onCall(call);

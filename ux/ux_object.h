@@ -178,7 +178,8 @@ public:
      *  @return whether it was not marked before */
     virtual bool requireLayout();
     /** Lays out the object if it is marked, then the visible objects inside it that are, and clears the
-     * marks. An object that asks for a layout while its own runs is laid out by that one. */
+     * marks. An object that asks for a layout while its own runs is laid out by that one. What a layout finds
+     * missing is asked for after the outermost one, which then goes on for some rounds (UXLayoutRounds). */
     virtual void layout();
     /** Fits width and height to the visible children and the padding; without children it changes nothing. */
     virtual void autoResize();
@@ -361,6 +362,7 @@ private:
     void _noteDescendantRequiresLayout();
     void _requireLayoutOfParents();
     bool _shouldWaitForNextFrame();
+    void _layoutOnce();
     void _layoutChildren();
     UXRect _obtainAlignedRect(const UXRect& area) const;
 

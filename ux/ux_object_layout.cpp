@@ -2,6 +2,7 @@
 
 #include "ux/ux_assert.h"
 #include "ux/ux_child_walk.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
@@ -108,7 +109,19 @@ void UXObject::layout()
     }
 
     const UXNotificationScope notifications;
-    UXObjectWatcher watcher(this);
+    const UXObjectWatcher watcher(this);
+    UXLayoutRounds rounds;
+    do
+        _layoutOnce();
+    while (rounds.next() && watcher.isAlive());
+}
+
+/** Does what is marked now. */
+void UXObject::_layoutOnce()
+{
+    if (!m_requireToVerifyLayout && !m_descendantRequiresLayout)
+        return;
+    const UXObjectWatcher watcher(this);
     LayoutScope scope(*this);
     if (m_requireToVerifyLayout) {
         customLayout();
