@@ -6,6 +6,7 @@ namespace {
 
 // Events arrive on the host's one thread.
 int dispatchDepth = 0;
+std::uint64_t dispatchNumber = 0;
 // Carries what is posted without an event of its own, and the queues of events dispatched inside others.
 UXEvent* outermostEvent = nullptr;
 
@@ -14,8 +15,10 @@ UXEvent* outermostEvent = nullptr;
 UXEventDispatchScope::UXEventDispatchScope(const UXEvent& event) : m_event(event)
 {
     m_event._beginDispatch();
-    if (dispatchDepth++ == 0)
+    if (dispatchDepth++ == 0) {
         outermostEvent = &m_event;
+        ++dispatchNumber;
+    }
 }
 
 UXEventDispatchScope::~UXEventDispatchScope()
@@ -38,6 +41,8 @@ void UXEventDispatchScope::finish()
 }
 
 bool UXEventDispatchScope::isDispatching() { return dispatchDepth > 0; }
+
+std::uint64_t UXEventDispatchScope::getNumber() { return dispatchNumber; }
 
 void UXEventDispatchScope::postAction(std::function<void()> action)
 {

@@ -3,6 +3,7 @@
 #include "ux/ux_event.h"
 #include "ux/ux_notification_scope.h"
 
+#include <cstdint>
 #include <functional>
 
 /**
@@ -23,6 +24,8 @@ public:
     void finish();
 
     static bool isDispatching();
+    /** @return the number of the outermost dispatch, another one for each event of a host's, above 0 */
+    static std::uint64_t getNumber();
     /** Keeps action until the outermost dispatch is finished; to be called during one only. */
     static void postAction(std::function<void()> action);
 

@@ -93,18 +93,21 @@ bool UXGlobalControlSpaceEventDiagram::_serves(UXObject* target) const
  * shown, and would flicker. */
 void UXGlobalControlSpaceEventDiagram::_requireUpdate()
 {
-    if (m_hints.empty() || m_updatePosted)
+    if (m_hints.empty())
         return;
     if (!UXEventDispatchScope::isDispatching()) {
         _updateHints();
         return;
     }
-    // What is posted is dropped where a host's exception ends the event; the flag goes with it.
-    const auto posted = std::make_shared<UXFlagScope>(this, m_updatePosted);
-    UXEventDispatchScope::postAction([this, posted, watcher = UXObjectWatcher(this)] {
-        posted->end();
-        if (watcher.isAlive())
-            _updateHints();
+    // Where a host's exception ends the event, what is posted never comes: the next event posts anew.
+    if (m_updateDispatch == UXEventDispatchScope::getNumber())
+        return;
+    m_updateDispatch = UXEventDispatchScope::getNumber();
+    UXEventDispatchScope::postAction([this, watcher = UXObjectWatcher(this)] {
+        if (!watcher.isAlive())
+            return;
+        m_updateDispatch = 0;
+        _updateHints();
     });
 }
 

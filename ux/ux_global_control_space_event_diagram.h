@@ -2,6 +2,7 @@
 
 #include "ux/ux_global_event_diagram.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -85,6 +86,6 @@ private:
 
     std::vector<std::unique_ptr<UXHint>> m_hints; // children; those that are over are used again
     std::vector<Pointer> m_pointers;              // of the controls that have the pointer
-    bool m_updatePosted = false;
+    std::uint64_t m_updateDispatch = 0;           // the one at whose end the hints are updated; 0 for none
     bool m_updating = false;
 };
