@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_property.h"
 #include "kx_bar_chart_property.h"
+#include "kx_bar_chart_records.h"
 #include "kx_density_room.h"
 #include "kx_key_definitions.h"
 #include "kx_readable_color.h"
@@ -48,11 +49,18 @@ UXDoubleRect obtainEnlargedRect(const UXDoubleRect& rect, const KXAxisChartMarkL
 } // namespace
 
 KXBarChartDataView::KXBarChartDataView(std::shared_ptr<KXBarChartProperty> property)
-    : m_property(property ? std::move(property) : std::make_shared<KXBarChartProperty>())
+    : m_property(property ? std::move(property) : std::make_shared<KXBarChartProperty>()),
+      m_made(std::make_unique<KXBarChartRecords>())
 {
 }
 
 KXBarChartDataView::~KXBarChartDataView() = default;
+
+const std::vector<KXBar>& KXBarChartDataView::getBars() const { return m_made->layout.bars; }
+const std::vector<KXBarSlot>& KXBarChartDataView::getSlots() const { return m_made->layout.slots; }
+const KXBarPlane& KXBarChartDataView::getPlane() const { return m_made->plane; }
+const std::vector<KXBarLabel>& KXBarChartDataView::getLabels() const { return m_made->labels; }
+bool KXBarChartDataView::isDense() const { return m_made->layout.isDense; }
 
 bool KXBarChartDataView::shouldIncludeZero() const { return true; }
 
@@ -75,10 +83,10 @@ double KXBarChartDataView::obtainOverhang() const { return 0.5; }
 
 void KXBarChartDataView::reload()
 {
-    m_texts.clear();
-    m_layout = {};
-    m_barColors.clear();
-    m_labels.clear();
+    m_made->texts.clear();
+    m_made->layout = {};
+    m_made->barColors.clear();
+    m_made->labels.clear();
 }
 
 void KXBarChartDataView::layout(const KXAxisChartPlotFrame& frame)
@@ -86,25 +94,25 @@ void KXBarChartDataView::layout(const KXAxisChartPlotFrame& frame)
     KXBarPlane plane;
     static_cast<KXAxisChartPlotFrame&>(plane) = frame;
     plane.share = _obtainShare();
-    m_labels.clear();
+    m_made->labels.clear();
     placeBars(_makeStacks(), plane);
 }
 
 void KXBarChartDataView::placeBars(const KXAxisChartStacks& source, const KXBarPlane& plane)
 {
-    m_plane = plane;
-    m_layout = kxLayoutBars(source, plane);
-    m_widestSlot = 0;
-    for (const KXBarSlot& slot : m_layout.slots)
-        m_widestSlot = std::max(m_widestSlot, slot.end - slot.start);
-    m_areBarsInOrder = std::ranges::is_sorted(m_layout.slots, {}, &KXBarSlot::firstBar);
+    m_made->plane = plane;
+    m_made->layout = kxLayoutBars(source, plane);
+    m_made->widestSlot = 0;
+    for (const KXBarSlot& slot : m_made->layout.slots)
+        m_made->widestSlot = std::max(m_made->widestSlot, slot.end - slot.start);
+    m_made->areBarsInOrder = std::ranges::is_sorted(m_made->layout.slots, {}, &KXBarSlot::firstBar);
 }
 
 std::vector<KXAxisChartMark> KXBarChartDataView::obtainSingleMarks() const
 {
     std::vector<KXAxisChartMark> marks;
     if (!isDense())
-        std::ranges::transform(m_layout.bars, std::back_inserter(marks), &KXBar::mark);
+        std::ranges::transform(m_made->layout.bars, std::back_inserter(marks), &KXBar::mark);
     return marks;
 }
 
@@ -122,11 +130,11 @@ UXColor KXBarChartDataView::obtainBarColor(const KXAxisChartMark& mark) const
 
 void KXBarChartDataView::updateLook()
 {
-    m_barColors.clear();
-    m_barColors.reserve(m_layout.bars.size());
-    for (const KXBar& bar : m_layout.bars)
-        m_barColors.push_back(obtainBarColor(bar.mark));
-    for (KXBarLabel& label : m_labels)
+    m_made->barColors.clear();
+    m_made->barColors.reserve(m_made->layout.bars.size());
+    for (const KXBar& bar : m_made->layout.bars)
+        m_made->barColors.push_back(obtainBarColor(bar.mark));
+    for (KXBarLabel& label : m_made->labels)
         if (label.mark && label.isReadOnBar)
             label.property.textColor = kxObtainReadableColor(obtainBarColor(*label.mark));
 }
@@ -134,13 +142,14 @@ void KXBarChartDataView::updateLook()
 double KXBarChartDataView::_obtainPlaceAcross(UXPoint point) const
 {
     // The middle of the pixel that the pointer is on.
-    return (m_plane.isVertical ? point.x : point.y) + 0.5;
+    return (m_made->plane.isVertical ? point.x : point.y) + 0.5;
 }
 
 std::pair<std::size_t, std::size_t> KXBarChartDataView::findSlots(const KXAxisChartInterval& across) const
 {
-    const std::vector<KXBarSlot>& slots = m_layout.slots;
-    const auto first = std::ranges::lower_bound(slots, across.start - m_widestSlot, {}, &KXBarSlot::start);
+    const std::vector<KXBarSlot>& slots = m_made->layout.slots;
+    const auto first = std::ranges::lower_bound(slots, across.start - m_made->widestSlot, {},
+                                                &KXBarSlot::start);
     const auto end = std::ranges::upper_bound(slots, across.end, {}, &KXBarSlot::start);
     return {static_cast<std::size_t>(first - slots.begin()), static_cast<std::size_t>(end - slots.begin())};
 }
@@ -150,18 +159,18 @@ std::pair<std::size_t, std::size_t> KXBarChartDataView::_findBars(const UXRect& 
     // Bars that lie over each other have to keep their order, and one that stands out may reach anywhere.
     const std::optional<KXAxisChartMark>& hovered = getChart()->getHoveredMark();
     const bool reachesOut = hovered && getChart()->obtainMarkLook(*hovered, UXColor()).standsOut();
-    if (!m_areBarsInOrder || reachesOut)
-        return {0, m_layout.bars.size()};
+    if (!m_made->areBarsInOrder || reachesOut)
+        return {0, m_made->layout.bars.size()};
     // Edges are moved to pixels of the device, which may be wide ones.
-    const auto [first, end] = findSlots(m_plane.obtainAcross(UXDoubleRect(uxInflateRect(rect, 1, 1))));
-    return first < end ? std::pair(m_layout.slots[first].firstBar, m_layout.slots[end - 1].endBar)
+    const auto [first, end] = findSlots(m_made->plane.obtainAcross(UXDoubleRect(uxInflateRect(rect, 1, 1))));
+    return first < end ? std::pair(m_made->layout.slots[first].firstBar, m_made->layout.slots[end - 1].endBar)
                        : std::pair(std::size_t{0}, std::size_t{0});
 }
 
 const KXBarSlot* KXBarChartDataView::findSlot(UXPoint point) const
 {
     const double place = _obtainPlaceAcross(point);
-    const std::vector<KXBarSlot>& slots = m_layout.slots;
+    const std::vector<KXBarSlot>& slots = m_made->layout.slots;
     auto found = std::ranges::upper_bound(slots, place, {}, &KXBarSlot::start);
     if (found == slots.begin() || (--found)->end <= place)
         return nullptr;
@@ -173,14 +182,15 @@ const KXBar* KXBarChartDataView::hitBar(UXPoint point) const
     const KXBarSlot* slot = findSlot(point);
     if (!slot)
         return nullptr;
-    const double across = _obtainPlaceAcross(point), along = (m_plane.isVertical ? point.y : point.x) + 0.5;
+    const double across = _obtainPlaceAcross(point),
+                 along = (m_made->plane.isVertical ? point.y : point.x) + 0.5;
     const KXBar* nearest = nullptr;
     double least = 0;
     // Of bars on each other the last one is in front.
     for (std::size_t i = slot->endBar; i > slot->firstBar; --i) {
-        const KXBar& bar = m_layout.bars[i - 1];
-        const KXAxisChartInterval barAcross = m_plane.obtainAcross(bar.rect),
-                                  barAlong = m_plane.obtainAlong(bar.rect);
+        const KXBar& bar = m_made->layout.bars[i - 1];
+        const KXAxisChartInterval barAcross = m_made->plane.obtainAcross(bar.rect),
+                                  barAlong = m_made->plane.obtainAlong(bar.rect);
         if (!isNear(barAcross, across) || !isNear(barAlong, along))
             continue;
         const double distance = obtainDistance(barAcross, across) + obtainDistance(barAlong, along);
@@ -200,8 +210,8 @@ std::optional<KXAxisChartMark> KXBarChartDataView::hitMark(UXPoint point) const
 
 UXRect KXBarChartDataView::obtainMarkPlace(const KXAxisChartMark& mark) const
 {
-    const auto bar = std::ranges::find(m_layout.bars, mark, &KXBar::mark);
-    return bar == m_layout.bars.end() ? UXRect() : uxSurroundingRect(bar->rect);
+    const auto bar = std::ranges::find(m_made->layout.bars, mark, &KXBar::mark);
+    return bar == m_made->layout.bars.end() ? UXRect() : uxSurroundingRect(bar->rect);
 }
 
 std::vector<UXRect> KXBarChartDataView::obtainMarkRects(const KXAxisChartMark& mark) const
@@ -212,10 +222,10 @@ std::vector<UXRect> KXBarChartDataView::obtainMarkRects(const KXAxisChartMark& m
         rects.push_back(uxInflateRect(uxSurroundingRect(rect), 1, 1));
     };
     const KXAxisChartMarkLook look = getChart()->obtainMarkLook(mark, UXColor());
-    for (const KXBar& bar : m_layout.bars)
+    for (const KXBar& bar : m_made->layout.bars)
         if (bar.mark == mark)
             add(uxUnionDoubleRect(bar.rect, obtainEnlargedRect(bar.rect, look)));
-    for (const KXBarLabel& label : m_labels)
+    for (const KXBarLabel& label : m_made->labels)
         if (label.mark == mark)
             add(label.rect);
     return rects;
@@ -234,11 +244,11 @@ std::optional<std::uint64_t> KXBarChartDataView::obtainCategoryAt(UXPoint point)
 /** The end of the bar, wherever its stack has it. */
 std::optional<UXPoint> KXBarChartDataView::obtainHintPoint(const KXAxisChartMark& mark) const
 {
-    const auto found = std::ranges::find(m_layout.bars, mark, &KXBar::mark);
-    if (found == m_layout.bars.end())
+    const auto found = std::ranges::find(m_made->layout.bars, mark, &KXBar::mark);
+    if (found == m_made->layout.bars.end())
         return std::nullopt;
     const UXDoubleRect& rect = found->rect;
-    const UXDoublePoint end = m_plane.isVertical
+    const UXDoublePoint end = m_made->plane.isVertical
                                   ? UXDoublePoint(rect.x + rect.width / 2, rect.y)
                                   : UXDoublePoint(rect.x + rect.width, rect.y + rect.height / 2);
     return UXPoint(uxSaturateToInt(end.x), uxSaturateToInt(end.y));
@@ -255,7 +265,8 @@ void KXBarChartDataView::fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& 
         return;
     const auto position = static_cast<std::size_t>(found - source.series.begin());
     row.value += " (" +
-                 getChart()->formatPercentage(m_texts.obtainPercentage(*getChart(), source, mark, position)) +
+                 getChart()->formatPercentage(
+                     m_made->texts.obtainPercentage(*getChart(), source, mark, position)) +
                  ")";
 }
 
@@ -267,9 +278,9 @@ void KXBarChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category
 /** Bars are laid out for the device that is known to show the chart; on any other they move to its pixels. */
 void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) const
 {
-    KXAxisChartPlotFrame device = m_plane;
+    KXAxisChartPlotFrame device = m_made->plane;
     device.takePixels(painter.getDeviceTransform());
-    const bool moves = !isDense() && !device.hasSamePixels(m_plane);
+    const bool moves = !isDense() && !device.hasSamePixels(m_made->plane);
     std::vector<std::pair<UXColor, std::vector<UXDoubleRect>>> batches;
     const auto drawAll = [&] {
         for (const auto& [color, rects] : batches) {
@@ -283,10 +294,10 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
     std::size_t last = 0;
     const auto [first, end] = _findBars(dirtyRect);
     for (std::size_t i = first; i < end; ++i) {
-        const KXBar& bar = m_layout.bars[i];
-        KXAxisChartMarkLook look{m_barColors[i]};
+        const KXBar& bar = m_made->layout.bars[i];
+        KXAxisChartMarkLook look{m_made->barColors[i]};
         if (isHighlighting)
-            look = getChart()->obtainMarkLook(bar.mark, m_barColors[i]);
+            look = getChart()->obtainMarkLook(bar.mark, m_made->barColors[i]);
         const UXDoubleRect rect = moves ? device.snapAcross(bar.rect) : bar.rect;
         if (look.standsOut()) {
             standingOut.emplace_back(rect, look);

@@ -3,11 +3,7 @@
 #include "kx_axis_chart_data_view.h"
 #include "kx_axis_chart_mark.h"
 #include "kx_axis_chart_stacks.h"
-#include "kx_bar_labels.h"
-#include "kx_bar_layout.h"
-#include "kx_bar_plane.h"
 #include "kx_export.h"
-#include "kx_value_label_texts.h"
 #include "ux/ux_color.h"
 #include "ux/ux_point.h"
 
@@ -20,8 +16,13 @@
 #include <vector>
 
 class KXBarChartProperty;
-struct KXAxisChartMarkLook;
 class UXPainter;
+struct KXAxisChartMarkLook;
+struct KXBar;
+struct KXBarChartRecords;
+struct KXBarLabel;
+struct KXBarPlane;
+struct KXBarSlot;
 
 /**
  * Draws each value as a bar from zero on: the series of a category side by side, or stacked, where the value
@@ -40,12 +41,12 @@ public:
     KXBarChartProperty* getBarChartProperty() const { return m_property.get(); }
 
     // What can be seen, as of the last layout
-    const std::vector<KXBar>& getBars() const { return m_layout.bars; }
-    const std::vector<KXBarSlot>& getSlots() const { return m_layout.slots; }
-    const KXBarPlane& getPlane() const { return m_plane; }
-    const std::vector<KXBarLabel>& getLabels() const { return m_labels; }
+    const std::vector<KXBar>& getBars() const;
+    const std::vector<KXBarSlot>& getSlots() const;
+    const KXBarPlane& getPlane() const;
+    const std::vector<KXBarLabel>& getLabels() const;
     /** @return whether a bar can stand for those of many categories */
-    bool isDense() const { return m_layout.isDense; }
+    bool isDense() const;
     /** @return the colour of a bar: the host's, else its category's or its series' */
     UXColor obtainBarColor(const KXAxisChartMark& mark) const;
 
@@ -87,22 +88,7 @@ public:
     bool customDeserialize() override;
 
 private:
-    /** What the labels say, in the order in which they choose their places. */
-    struct LabelRequests {
-        /** The sum of a category, at the end of its stack. */
-        struct Total {
-            std::size_t slot; // in the layout
-            double value;
-            std::string text;
-        };
-        /** The text of one bar. */
-        struct Label {
-            std::size_t bar; // in the layout
-            KXBarLabelPlacer::Request request;
-        };
-        std::vector<Total> totals;
-        std::vector<Label> labels;
-    };
+    struct LabelRequests;
 
     double _obtainShare() const;
     double _obtainPlaceAcross(UXPoint point) const;
@@ -120,15 +106,6 @@ private:
     void _placeLabels(const LabelRequests& requests);
 
     std::shared_ptr<KXBarChartProperty> m_property;
-    KXValueLabelTexts m_texts;
-
-    // Made by the layout
-    KXBarPlane m_plane;
-    KXBarLayout m_layout;
-    double m_widestSlot = 0;
-    bool m_areBarsInOrder = true; // of the slots
-    std::vector<KXBarLabel> m_labels;
-
-    std::vector<UXColor> m_barColors; // one a bar
+    std::unique_ptr<KXBarChartRecords> m_made; // by layout, look and labels
     UXPropertyTableBinding m_keyBinding{*this, obtainPropertyTable()};
 };

@@ -2,6 +2,7 @@
 
 #include "kx_axis_property.h"
 #include "kx_bar_chart_property.h"
+#include "kx_bar_chart_records.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
@@ -28,6 +29,23 @@ constexpr double totalGap = 3;
 constexpr double greatestTotalWidth = 0.5, greatestTotalLength = 0.2;
 
 } // namespace
+
+/** What the labels say, in the order in which they choose their places. */
+struct KXBarChartDataView::LabelRequests {
+    /** The sum of a category, at the end of its stack. */
+    struct Total {
+        std::size_t slot; // in the layout
+        double value;
+        std::string text;
+    };
+    /** The text of one bar. */
+    struct Label {
+        std::size_t bar; // in the layout
+        KXBarLabelPlacer::Request request;
+    };
+    std::vector<Total> totals;
+    std::vector<Label> labels;
+};
 
 /** What the label beyond the longest bar needs in addition to the room that the axis leaves there, 0 where
  * that is too much. */
@@ -80,7 +98,7 @@ double KXBarChartDataView::obtainLabelledCategorySpacing() const
 /** Totals have the first choice, then the extremes of each series, then all others from the start on. */
 void KXBarChartDataView::layoutLabels()
 {
-    m_labels.clear();
+    m_made->labels.clear();
     if (isDense() || (!m_property->getShowLabels() && !m_property->getShowTotals()))
         return;
     const KXAxisChartStacks source = _makeStacks();
@@ -115,7 +133,7 @@ void KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, Labe
         if (found == source.series.end())
             return;
         const auto position = static_cast<std::size_t>(found - source.series.begin());
-        const KXSeriesFacts& facts = m_texts.obtainFacts(*getChart(), source, position);
+        const KXSeriesFacts& facts = m_made->texts.obtainFacts(*getChart(), source, position);
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
         if (isExtreme != extremes || !kxIsValueLabelled(option, facts, found->values, mark.category))
             continue;
@@ -128,10 +146,10 @@ void KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::
 {
     const KXBar& bar = getBars()[index];
     KXBarLabelPlacer::Request request;
-    request.text = m_texts.obtainText(*getChart(), source, bar.mark, position,
-                                      m_property->getLabelDisplayOption());
+    request.text = m_made->texts.obtainText(*getChart(), source, bar.mark, position,
+                                            m_property->getLabelDisplayOption());
     request.property = m_property->getLabelProperty();
-    request.barColor = m_barColors[index];
+    request.barColor = m_made->barColors[index];
     request.isExtreme = isExtreme;
     request.canStandOutside = source.form == KXAxisChartStacking::Plain || source.series.size() == 1;
     const UXColor usualColor = request.property.textColor;
@@ -148,12 +166,12 @@ void KXBarChartDataView::_placeLabels(const LabelRequests& requests)
         placer.addTotal(getSlots()[total.slot], total.value, total.text, m_property->getTotalProperty());
     for (const LabelRequests::Label& label : requests.labels)
         placer.add(label.bar, label.request);
-    m_labels = placer.place();
+    m_made->labels = placer.place();
 }
 
 void KXBarChartDataView::paintLabels(UXPainter& painter, const UXRect& dirtyRect) const
 {
-    for (const KXBarLabel& label : m_labels) {
+    for (const KXBarLabel& label : m_made->labels) {
         if (!uxIntersectsRect(uxSurroundingRect(label.rect), dirtyRect))
             continue;
         UXTextProperty property = label.property;

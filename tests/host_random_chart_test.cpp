@@ -8,6 +8,7 @@
 #include "kx_axis_tick_label_view.h"
 #include "kx_bar_chart.h"
 #include "kx_bar_chart_property.h"
+#include "kx_bar_labels.h"
 #include "kx_chart_label.h"
 #include "kx_gauge_chart.h"
 #include "kx_legend.h"

@@ -5,6 +5,7 @@
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
 #include "kx_bar_chart_data_view.h"
+#include "kx_bar_labels.h"
 #include "kx_json_object_factory.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"

@@ -6,6 +6,7 @@
 #include "kx_axis_tick_label_view.h"
 #include "kx_bar_chart.h"
 #include "kx_bar_chart_property.h"
+#include "kx_bar_labels.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
 #include "kx_load_chart.h"

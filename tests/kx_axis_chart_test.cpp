@@ -641,24 +641,6 @@ TEST(KXAxisChart, ChangesReachTheStepThatTheyTouch)
     EXPECT_EQ(reset.getAxisChartProperty()->getSeriesColors().size(), 1);
 }
 
-TEST(KXAxisChart, DataThatSayNothingShowWords)
-{
-    using Values = std::vector<std::vector<double>>;
-    const Values none;
-    for (const Values& values : {none, Values{{null, null, null}}}) {
-        KXAxisChartTestProvider provider;
-        provider.values = values;
-        BarsChart chart(provider);
-        kxLoad(chart);
-        EXPECT_NE(uxPaintToText(chart).find("\"No data\""), std::string::npos);
-        KXTestInput{chart}.move({100, 100});
-        EXPECT_FALSE(chart.getHintVisible());
-        provider.values = {{1, 2, 3}};
-        kxLoad(chart);
-        EXPECT_EQ(uxPaintToText(chart).find("\"No data\""), std::string::npos);
-    }
-}
-
 TEST(KXAxisChart, TheProviderMayDestroyTheChartInAnyAnswer)
 {
     KXAxisChartTestProvider provider;

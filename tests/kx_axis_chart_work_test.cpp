@@ -2,6 +2,7 @@
 #include "kx_axis_chart_test_provider.h"
 #include "kx_bar_chart.h"
 #include "kx_bar_chart_property.h"
+#include "kx_bar_labels.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
 #include "ux/ux_diagram.h"

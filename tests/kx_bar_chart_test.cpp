@@ -4,6 +4,7 @@
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
 #include "kx_bar_chart_property.h"
+#include "kx_bar_labels.h"
 #include "kx_chart_property.h"
 #include "kx_interaction_color_effect.h"
 #include "kx_interaction_highlight_color_pattern_effect.h"

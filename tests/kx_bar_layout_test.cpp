@@ -1,5 +1,6 @@
 #include "kx_axis_chart_pixel_columns.h"
 #include "kx_bar_chart_data_view.h"
+#include "kx_bar_labels.h"
 #include "kx_bar_layout.h"
 #include "kx_dense_bars.h"
 #include "kx_value_label_choice.h"
