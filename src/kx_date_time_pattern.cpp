@@ -20,9 +20,11 @@ constexpr int Fields::*fieldList[] = {&Fields::year,    &Fields::quarter,    &Fi
 /** @return a bit for each field that the value has */
 unsigned obtainPresentFields(const Fields& fields)
 {
-    unsigned present = 0;
-    for (std::size_t i = 0; i < std::size(fieldList); ++i)
-        present |= (fields.*fieldList[i] != Fields::absent ? 1U : 0U) << i;
+    unsigned present = 0, bit = 1;
+    for (int Fields::*const field : fieldList) {
+        present |= fields.*field != Fields::absent ? bit : 0;
+        bit <<= 1;
+    }
     return present;
 }
 
