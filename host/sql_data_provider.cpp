@@ -231,11 +231,20 @@ std::string SqlDataProvider::obtainValueDataString(KXChartDataUser*, const KXInd
 void SqlDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t series,
                                          std::uint64_t firstCategory, std::span<double> values)
 {
-    KXIndexPath path = obtainSeriesValuePath(user, series, firstCategory);
+    _obtainNumbers(obtainSeriesValuePath(user, series, firstCategory), 1, values);
+}
+
+void SqlDataProvider::obtainValues(KXChartDataUser*, const KXIndexPath& first, std::span<double> values)
+{
+    _obtainNumbers(first, first.size() - 1, values);
+}
+
+void SqlDataProvider::_obtainNumbers(KXIndexPath path, std::size_t counted, std::span<double> values) const
+{
     const std::span members = std::span(path).subspan(1);
     for (double& value : values) {
         value = m_data.obtainNumber(path[0], members);
-        ++path[1];
+        ++path[counted];
     }
 }
 

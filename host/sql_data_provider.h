@@ -6,6 +6,7 @@
 #include "data_binding.h"
 #include "kx_axis_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
+#include "kx_panel_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "sql_data_set.h"
 
@@ -16,7 +17,8 @@ class SqlSession;
  * times have as number the seconds since 1970, or since midnight. */
 class SqlDataProvider : public KXValueChartDataProvider,
                         public KXGaugeChartDataProvider,
-                        public KXAxisChartDataProvider {
+                        public KXAxisChartDataProvider,
+                        public KXPanelChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);
@@ -75,7 +77,12 @@ public:
     void obtainCategoryNumbers(KXChartDataUser* user, std::uint64_t firstCategory,
                                std::span<double> numbers) override;
 
+    // From KXPanelChartDataProvider
+    void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values) override;
+
 private:
+    /** Sets values[i] to the value at the path with i added to one of its indexes. */
+    void _obtainNumbers(KXIndexPath path, std::size_t counted, std::span<double> values) const;
     const SqlMember* _findMember(const KXIndexPath& path) const;
     SqlValue _findValue(const KXIndexPath& path) const;
     std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;

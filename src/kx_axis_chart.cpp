@@ -22,8 +22,6 @@
 
 namespace {
 
-/** What stands in the place of a text that is still to come. */
-constexpr const char* awaitedText = "\u2026";
 constexpr UXColor hiddenSeriesColor(205, 205, 210);
 constexpr UXColor noDataColor(120, 120, 120);
 constexpr int noDataFontSize = 13;
@@ -132,7 +130,7 @@ std::string KXAxisChart::obtainCategoryLabel(std::uint64_t category)
     const UXObjectWatcher self(this);
     const std::string text = obtainCategoryText(category);
     if (self.isAlive() && category < getCategoryCount() && !hasCategoryText(category))
-        return awaitedText;
+        return KXDataRequests::placeholder;
     const KXAxisChartAxis* axis = self.isAlive() ? _obtainScrolledAxis() : nullptr;
     const bool isNumber = axis && (getCategoryDataType() == KXChartDataType::Integer ||
                                    getCategoryDataType() == KXChartDataType::Float);
@@ -396,10 +394,11 @@ void KXAxisChart::_applyKeyEffect(UXPropertyEffect effect)
 
 void KXAxisChart::_visibleCategoriesChanged()
 {
-    const UXObjectWatcher self(this);
-    getItems()->forgetPointer();
-    if (!self.isAlive())
-        return;
+    // What stands out no more takes back its links, which the host is asked about.
+    UXLayoutRounds::postAction([this, self = UXObjectWatcher(this)] {
+        if (self.isAlive())
+            getItems()->forgetPointer();
+    });
     _placeLinkedTab();
     _noteFirstCategory();
 }

@@ -2,6 +2,7 @@
 
 #include "kx_chart_data_provider_watcher.h"
 #include "kx_chart_data_user.h"
+#include "kx_chart_data_value.h"
 
 #include <algorithm>
 #include <limits>
@@ -95,11 +96,9 @@ void KXAxisChartDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uin
     if (path.size() < 2)
         return;
     for (double& value : values) {
-        const bool isNull = !watcher.isCurrent() || obtainValueDataIsNull(user, path);
+        value = kxObtainValueNumber(*this, user, path, watcher).value_or(noNumber);
         if (!watcher.isCurrent())
             return;
-        if (!isNull)
-            value = obtainValueData(user, path);
         ++path[1];
     }
 }

@@ -4,6 +4,7 @@
 #include "kx_chart_data_provider.h"
 #include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_user.h"
+#include "kx_chart_data_value.h"
 #include "kx_context_menu.h"
 #include "ux/ux_assert.h"
 #include "ux/ux_event.h"
@@ -32,6 +33,11 @@ public:
     explicit operator bool() const { return m_use && m_use->isCurrent(); }
     KXChartDataProvider* operator->() const { return m_use->get(); }
     KXChartDataPath* path() const { return m_path.get(); }
+    /** @return whether the item can be clicked: what stands for nothing in the data cannot */
+    bool takesClicks(KXChartDataUser* user) const
+    {
+        return *this && !kxObtainItemIsGenerated(*m_use, user, *m_path) && *this;
+    }
 
 private:
     std::shared_ptr<KXChartDataPath> m_path;
@@ -157,7 +163,8 @@ void KXChartDataAction::showWhetherClickable()
                      _isAllowed(&KXChartDataAction::m_leftClick, user, m_leftClick.condition);
     if (clickable) {
         const Question question(*this, *user);
-        clickable = question && question->obtainDataShouldLeftClickAction(user, question.path());
+        clickable = question.takesClicks(user) &&
+                    question->obtainDataShouldLeftClickAction(user, question.path());
     }
     if (!owner.isAlive())
         return;
@@ -181,7 +188,7 @@ bool KXChartDataAction::_triggerRegisteredLeftClickAction(KXChartDataUser* user,
         return false;
 
     std::function<void()> action;
-    if (const Question question(*this, *user); question)
+    if (const Question question(*this, *user); question.takesClicks(user))
         action = question->obtainDataLeftClickAction(user, question.path());
     else
         return false;
@@ -199,7 +206,7 @@ void KXChartDataAction::triggerLeftClickAction(KXChartDataUser* user)
         return;
     const UXObjectWatcher owner(m_owner);
     std::function<void()> action;
-    if (const Question question(*this, *user); question) {
+    if (const Question question(*this, *user); question.takesClicks(user)) {
         if (!question->obtainDataShouldLeftClickAction(user, question.path()) || !owner.isAlive() ||
             !question)
             return;

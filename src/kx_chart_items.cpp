@@ -2,8 +2,11 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_action.h"
+#include "kx_chart_data_path.h"
 #include "kx_chart_data_provider.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_user.h"
+#include "kx_chart_data_value.h"
 #include "kx_chart_label.h"
 #include "kx_chart_selection_provider.h"
 #include "kx_legend.h"
@@ -11,6 +14,8 @@
 #include "ux/ux_control.h"
 #include "ux/ux_event.h"
 #include "ux/ux_hint_delegate.h"
+#include "ux/ux_hint_info.h"
+#include "ux/ux_localize.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
@@ -224,7 +229,7 @@ void KXChartItems::_explain(const std::optional<KXChartItem>& item, UXPoint poin
         return;
     }
     const UXObjectWatcher self(&m_chart);
-    UXHintInfo info = isSame ? m_hint.getHintInfo() : m_delegate.obtainItemHint(*item);
+    UXHintInfo info = isSame ? m_hint.getHintInfo() : _obtainHint(*item);
     if (self.isAlive() && m_explained == item)
         m_hint.showHint(point, nullptr, &info);
 }
@@ -301,7 +306,7 @@ KXHighlightResult KXChartItems::showLinked(const KXChartDataPath& path, UXContro
     setLinked(std::move(items));
     if (!self.isAlive())
         return KXHighlightResult::Highlighted;
-    UXHintInfo info = m_delegate.obtainItemHint(explained);
+    UXHintInfo info = _obtainHint(explained);
     if (self.isAlive() && info.enabled && (!control || !controlLife.expired()))
         m_chart.showLinkedHighlightHint(&info, &m_chart, m_delegate.obtainItemHintPoint(first), control);
     return KXHighlightResult::Highlighted;
@@ -351,6 +356,23 @@ void KXChartItems::takeNewData()
 KXChartDataPath* KXChartItems::createActionPath()
 {
     return m_actionItem ? m_delegate.createItemPath(*m_actionItem) : nullptr;
+}
+
+/** @return what the hint of an item says, and that the data have no such item where it was filled in */
+UXHintInfo KXChartItems::_obtainHint(const KXChartItem& item)
+{
+    const UXObjectWatcher self(&m_chart);
+    UXHintInfo info = m_delegate.obtainItemHint(item);
+    if (!self.isAlive() || !info.enabled || !m_delegate.hasItem(item))
+        return info;
+    const std::unique_ptr<const KXChartDataPath> path(m_delegate.createItemPath(item));
+    if (!self.isAlive() || !path)
+        return info;
+    const KXChartDataProviderUse use(m_user);
+    if (kxObtainItemIsGenerated(use, &m_user, *path))
+        info.addFooterRow(UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString("Not in the data"), "")
+            .showSymbol = false;
+    return info;
 }
 
 UXRect KXChartItems::obtainHintArea(UXPoint point) const

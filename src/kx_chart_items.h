@@ -89,6 +89,7 @@ public:
 
 private:
     void _setHovered(const std::optional<KXChartItem>& item, const UXEvent& event);
+    UXHintInfo _obtainHint(const KXChartItem& item);
     void _explain(const std::optional<KXChartItem>& item, UXPoint point);
     void _askForLinks(const KXChartItem& item, const UXEvent& event, bool wanted);
     KXInteractionChartObject& _obtainLook(const KXChartItem& item);

@@ -4,6 +4,9 @@
 
 #include <utility>
 
+constexpr const char* KXDataRequests::placeholder;
+constexpr std::uint64_t KXDataRequests::greatestBlock;
+
 KXDataRequests::KXDataRequests(UXObject* owner, Question ask, std::function<void()> answered)
     : m_owner(owner), m_question(std::move(ask)), m_answered(std::move(answered))
 {

@@ -14,6 +14,8 @@
  */
 class KX_EXPORT KXDataRequests {
 public:
+    /** What stands in the place of a text that is still to come. */
+    static constexpr const char* placeholder = "\u2026";
     /** No block is longer. */
     static constexpr std::uint64_t greatestBlock = 1024;
 

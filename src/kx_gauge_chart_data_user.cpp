@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider_watcher.h"
+#include "kx_chart_data_value.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "ux/ux_assert.h"
 
@@ -38,9 +39,7 @@ void KXGaugeChartDataUser::customPrepareData(KXChartDataProvider* provider, bool
     for (std::uint64_t measure = 0; measure < measureCount && measure < count && watcher.isCurrent();
          ++measure) {
         const KXIndexPath cell{measure, 0};
-        const bool isNull = measures->obtainValueDataIsNull(this, cell);
-        if (!isNull && watcher.isCurrent())
-            numbers[measure] = measures->obtainValueData(this, cell);
+        numbers[measure] = kxObtainValueNumber(*measures, this, cell, watcher).value_or(noValue);
     }
     if (!watcher.isCurrent())
         return;

@@ -58,7 +58,12 @@ double KXMemberPanelChart::obtainItemValue(std::uint64_t item) const
 
 std::string KXMemberPanelChart::obtainItemName(std::uint64_t item)
 {
-    return _showsMembers() ? obtainMemberText(0, item) : getMeasureLabel(item);
+    if (!_showsMembers())
+        return getMeasureLabel(item);
+    const UXObjectWatcher self(this);
+    const std::string text = obtainMemberText(0, item);
+    const bool isMissing = self.isAlive() && item < getMemberCount(0) && !hasMemberText(0, item);
+    return isMissing ? KXDataRequests::placeholder : text;
 }
 
 std::string KXMemberPanelChart::obtainItemValueText(std::uint64_t item) const

@@ -7,6 +7,15 @@
 #include <span>
 #include <string>
 
+/** One cell of a measure over two dimensions. */
+struct KXPanelChartDataItem {
+    std::uint64_t firstMember = 0;  /**< of dimension 0 */
+    std::uint64_t secondMember = 0; /**< of dimension 1 */
+    double value = 0;               /**< NaN for a null */
+
+    friend bool operator==(const KXPanelChartDataItem&, const KXPanelChartDataItem&) = default;
+};
+
 /**
  * The data of a chart that shows measures over the members of no, one or two dimensions. The values of a
  * measure stand at paths (measure, member of dimension 0, member of dimension 1), as far as there are
@@ -22,8 +31,17 @@ public:
 
     /** Sets values[i] to the value at the path with i added to its last index, NaN for a null. */
     virtual void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values);
-    /** Sets texts[i] to the text of member first + i of the dimension. */
-    virtual void obtainMemberTexts(KXChartDataUser* user, std::uint64_t dimension, std::uint64_t first,
+    /** How many cells of the first measure over two dimensions there are; by default all. A host with few of
+     * many cells answers this and obtainItems in place of obtainValues. */
+    virtual std::uint64_t obtainItemCount(KXChartDataUser* user);
+    /** Sets items[i] to cell first + i of these, in any order; by default the rows of the first dimension one
+     * after the other. */
+    virtual void obtainItems(KXChartDataUser* user, std::uint64_t first,
+                             std::span<KXPanelChartDataItem> items);
+    /** Sets texts[i] to the text of member first + i of the dimension; asked right after the layout that
+     * found them missing.
+     *  @return false for "not yet": the host has them later and calls the user's dataArrived */
+    virtual bool obtainMemberTexts(KXChartDataUser* user, std::uint64_t dimension, std::uint64_t first,
                                    std::span<std::string> texts);
     /** @return the hint of the value at path; an empty one leaves the hint to the chart */
     virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);

@@ -2,8 +2,10 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider_use.h"
+#include "kx_legend.h"
 #include "kx_panel_chart_data_provider.h"
 #include "ux/ux_assert.h"
+#include "ux/ux_object_watcher.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +22,8 @@ namespace {
 
 /** Texts of more members than anyone can see at once are not kept. */
 constexpr std::size_t greatestTextCount = 4096;
+/** Of a sparse list, so many cells are asked for at once. */
+constexpr std::uint64_t greatestItemBlock = 65'536;
 
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 const std::string noText;
@@ -35,7 +39,19 @@ std::uint64_t KXPanelChartDataUser::Data::obtainCellCount() const
     return count;
 }
 
-KXPanelChartDataUser::KXPanelChartDataUser(KXChart* chart) : KXChartDataUser(chart) {}
+KXPanelChartDataUser::KXPanelChartDataUser(KXChart* chart)
+    : KXChartDataUser(chart), m_textRequests{_makeRequests(0), _makeRequests(1)}
+{
+}
+
+KXDataRequests KXPanelChartDataUser::_makeRequests(std::uint64_t dimension)
+{
+    return {getChart(),
+            [this, dimension](std::uint64_t first, std::uint64_t count) {
+                return _pullTexts(dimension, first, count);
+            },
+            [this] { _memberTextsArrived(); }};
+}
 
 KXPanelChartDataUser::~KXPanelChartDataUser() = default;
 
@@ -72,18 +88,53 @@ std::string KXPanelChartDataUser::obtainMemberText(std::uint64_t dimension, std:
 {
     if (member >= getMemberCount(dimension))
         return {};
-    auto& texts = m_memberTexts[dimension];
-    if (const auto found = texts.find(member); found != texts.end())
-        return found->second;
+    if (!hasMemberText(dimension, member)) {
+        const UXObjectWatcher chart(getChart());
+        m_textRequests[dimension].want(member);
+        if (!chart.isAlive() || !hasMemberText(dimension, member))
+            return {};
+    }
+    return m_memberTexts[dimension].at(member);
+}
+
+bool KXPanelChartDataUser::hasMemberText(std::uint64_t dimension, std::uint64_t member) const
+{
+    return dimension < greatestDimensionCount && m_memberTexts[dimension].contains(member);
+}
+
+/** @return false where the host does not have the texts yet */
+bool KXPanelChartDataUser::_pullTexts(std::uint64_t dimension, std::uint64_t first, std::uint64_t count)
+{
     const KXChartDataProviderUse use(*this);
-    std::string text;
-    if (auto* provider = use.as<KXPanelChartDataProvider>())
-        provider->obtainMemberTexts(this, dimension, member, {&text, 1});
+    std::vector<std::string> pulled(count);
+    auto* provider = use.as<KXPanelChartDataProvider>();
+    if (provider && !provider->obtainMemberTexts(this, dimension, first, pulled))
+        return false;
     if (!use.isAlive())
-        return text;
+        return true;
+    auto& texts = m_memberTexts[dimension];
     if (texts.size() >= greatestTextCount)
         texts.clear();
-    return texts[member] = text;
+    for (std::uint64_t i = 0; i < count; ++i)
+        texts[first + i] = std::move(pulled[i]);
+    return true;
+}
+
+void KXPanelChartDataUser::_memberTextsArrived()
+{
+    const UXObjectWatcher chart(getChart());
+    getChart()->getLegend()->markDataUpdated();
+    if (chart.isAlive())
+        getChart()->setRequireToVerifyLayout(true, true);
+}
+
+/** The members of the second dimension are told with those of the first. */
+void KXPanelChartDataUser::dataArrived(std::uint64_t first, std::uint64_t count)
+{
+    const bool isMember = m_textRequests[0].arrive(first, count);
+    const bool isInner = m_textRequests[1].arrive(0, getMemberCount(1));
+    if (isMember || isInner)
+        _memberTextsArrived();
 }
 
 void KXPanelChartDataUser::resetData()
@@ -91,6 +142,8 @@ void KXPanelChartDataUser::resetData()
     KXChartDataUser::resetData();
     m_data = {};
     m_memberTexts = {};
+    for (KXDataRequests& requests : m_textRequests)
+        requests.clear();
 }
 
 void KXPanelChartDataUser::customPrepareData(KXChartDataProvider* provider, bool& prepared)
@@ -131,18 +184,48 @@ bool KXPanelChartDataUser::_pullMeasure(KXPanelChartDataProvider& provider, std:
     if (!watcher.isCurrent())
         return false;
     pulled.values.resize(data.obtainCellCount(), noNumber);
-    const bool hasRows = data.dimensionCount > 1;
-    const std::uint64_t rowLength = hasRows ? data.memberCounts[1] : pulled.values.size();
-    const std::uint64_t rowCount = pulled.values.size() / rowLength;
-    for (std::uint64_t row = 0; row < rowCount && watcher.isCurrent(); ++row) {
-        const KXIndexPath first = hasRows ? KXIndexPath{measure, row, 0} : KXIndexPath{measure, 0};
-        provider.obtainValues(this, first, std::span(pulled.values).subspan(row * rowLength, rowLength));
-    }
+    const bool mayBeSparse = measure == 0 && data.dimensionCount > 1;
+    if (!mayBeSparse || !_pullItems(provider, data, pulled.values))
+        _pullRows(provider, measure, data, pulled.values);
+    if (!watcher.isCurrent())
+        return false;
     for (double& value : pulled.values)
         if (!std::isfinite(value))
             value = noNumber;
     data.measures.push_back(std::move(pulled));
-    return watcher.isCurrent();
+    return true;
+}
+
+/** @return false where the provider has all cells, which are pulled in rows */
+bool KXPanelChartDataUser::_pullItems(KXPanelChartDataProvider& provider, const Data& data,
+                                      std::vector<double>& values)
+{
+    const KXChartDataProviderWatcher watcher(this);
+    const std::uint64_t count = provider.obtainItemCount(this);
+    if (watcher.isCurrent() && count >= data.obtainCellCount())
+        return false;
+    std::vector<KXPanelChartDataItem> items;
+    for (std::uint64_t first = 0; first < count && watcher.isCurrent(); first += items.size()) {
+        items.assign((std::min)(greatestItemBlock, count - first), {});
+        provider.obtainItems(this, first, items);
+        for (const KXPanelChartDataItem& item : items)
+            if (item.firstMember < data.memberCounts[0] && item.secondMember < data.memberCounts[1])
+                values[item.firstMember * data.memberCounts[1] + item.secondMember] = item.value;
+    }
+    return true;
+}
+
+void KXPanelChartDataUser::_pullRows(KXPanelChartDataProvider& provider, std::uint64_t measure,
+                                     const Data& data, std::vector<double>& values)
+{
+    const KXChartDataProviderWatcher watcher(this);
+    const bool hasRows = data.dimensionCount > 1;
+    const std::uint64_t rowLength = hasRows ? data.memberCounts[1] : values.size();
+    const std::uint64_t rowCount = values.size() / rowLength;
+    for (std::uint64_t row = 0; row < rowCount && watcher.isCurrent(); ++row) {
+        const KXIndexPath first = hasRows ? KXIndexPath{measure, row, 0} : KXIndexPath{measure, 0};
+        provider.obtainValues(this, first, std::span(values).subspan(row * rowLength, rowLength));
+    }
 }
 
 void KXPanelChartDataUser::customReloadData() {}

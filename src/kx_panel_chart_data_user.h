@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kx_chart_data_user.h"
+#include "kx_data_requests.h"
 
 #include <array>
 #include <cstdint>
@@ -36,14 +37,22 @@ public:
     /** @return where the value of a cell stands in the provider's data */
     KXIndexPath obtainValuePath(std::uint64_t measure, std::uint64_t cell) const;
 
-    /** @return the host's text of a member, asked for at the first call for the prepared data, which may
-     * destroy the chart; empty past the count */
+    /** @return the host's text of a member; empty past the count, and where it is not there: in a layout it
+     * is asked for when that has ended, and laid out then, else at once, which may destroy the chart */
     std::string obtainMemberText(std::uint64_t dimension, std::uint64_t member);
+    /** @return whether the text is there */
+    bool hasMemberText(std::uint64_t dimension, std::uint64_t member) const;
 
     // From KXChartDataUser
     void customPrepareData(KXChartDataProvider* provider, bool& prepared) override;
     void customReloadData() override;
     void resetData() override;
+    void dataArrived(std::uint64_t first, std::uint64_t count) override;
+
+protected:
+    /** Texts that a layout missed are there, or can be asked for. By default chart and legend are laid out
+     * anew. */
+    virtual void _memberTextsArrived();
 
 private:
     struct Measure {
@@ -59,7 +68,13 @@ private:
     };
 
     bool _pullMeasure(KXPanelChartDataProvider& provider, std::uint64_t measure, Data& data);
+    bool _pullItems(KXPanelChartDataProvider& provider, const Data& data, std::vector<double>& values);
+    void _pullRows(KXPanelChartDataProvider& provider, std::uint64_t measure, const Data& data,
+                   std::vector<double>& values);
+    KXDataRequests _makeRequests(std::uint64_t dimension);
+    bool _pullTexts(std::uint64_t dimension, std::uint64_t first, std::uint64_t count);
 
     Data m_data;
     std::array<std::unordered_map<std::uint64_t, std::string>, greatestDimensionCount> m_memberTexts;
+    std::array<KXDataRequests, greatestDimensionCount> m_textRequests;
 };

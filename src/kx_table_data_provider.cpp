@@ -218,18 +218,27 @@ bool KXTableDataProvider::obtainValueDataColorForGroup(KXChartDataUser*, std::ui
 void KXTableDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t series,
                                              std::uint64_t firstCategory, std::span<double> values)
 {
+    _obtainNumbers(obtainSeriesValuePath(user, series, firstCategory), 1, values);
+}
+
+void KXTableDataProvider::obtainValues(KXChartDataUser*, const KXIndexPath& first, std::span<double> values)
+{
+    _obtainNumbers(first, first.empty() ? 0 : first.size() - 1, values);
+}
+
+void KXTableDataProvider::_obtainNumbers(KXIndexPath path, std::size_t counted, std::span<double> values)
+{
     std::ranges::fill(values, noNumber);
-    KXIndexPath path = obtainSeriesValuePath(user, series, firstCategory);
-    if (path[0] >= m_measures.size())
+    if (path.size() < 2 || path[0] >= m_measures.size())
         return;
     const KXDataColumn& column = m_measures[path[0]].column;
     if (m_dimensions.size() > 1) {
         for (double& value : values) {
             value = column.getNumber(_findRow(path));
-            ++path[1];
+            ++path[counted];
         }
-    } else if (firstCategory < column.getNumbers().size()) {
-        const std::span<const double> rest = column.getNumbers().subspan(firstCategory);
+    } else if (path[1] < column.getNumbers().size()) {
+        const std::span<const double> rest = column.getNumbers().subspan(path[1]);
         std::ranges::copy(rest.first(std::min(rest.size(), values.size())), values.begin());
     }
 }

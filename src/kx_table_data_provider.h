@@ -4,6 +4,7 @@
 #include "kx_data_column.h"
 #include "kx_export.h"
 #include "kx_gauge_chart_data_provider.h"
+#include "kx_panel_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_color.h"
 #include "ux/ux_object_watcher.h"
@@ -32,6 +33,7 @@ class KXTableRows;
  * maximum. A host that wants more, such as clicks, derives and answers that.
  */
 class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
+                                      public KXPanelChartDataProvider,
                                       public KXValueChartDataProvider,
                                       public KXGaugeChartDataProvider {
 public:
@@ -91,6 +93,9 @@ public:
     void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                             std::span<double> values) override;
 
+    // From KXPanelChartDataProvider
+    void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values) override;
+
 private:
     enum class Change { None, Colors, Data };
     struct Dimension {
@@ -114,6 +119,8 @@ private:
     void _remember(KXChartDataUser& user);
     /** @return by member where there are several dimensions, made anew after a change */
     const KXTableRows& _obtainRows();
+    /** Sets values[i] to the value at the path with i added to one of its indexes, that of a dimension. */
+    void _obtainNumbers(KXIndexPath path, std::size_t counted, std::span<double> values);
     /** @param path (measure, member of each dimension); a member that is not said is the first */
     std::size_t _findRow(const KXIndexPath& path);
     /** @return the first row with a member; KXTableRows::noRow past the last one */

@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider_watcher.h"
+#include "kx_chart_data_value.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_assert.h"
 
@@ -39,7 +40,7 @@ void KXValueChartDataUser::customPrepareData(KXChartDataProvider* provider, bool
     if (data.valueCount == 1) {
         pull(data.dataType, [&] { return values->obtainValueDataType(this, valuePath); });
         pull(data.aggregateType, [&] { return values->obtainValueAggregateType(this, valuePath); });
-        pull(data.isNull, [&] { return values->obtainValueDataIsNull(this, cellPath); });
+        pull(data.isNull, [&] { return kxObtainValueIsMissing(*values, this, cellPath, watcher); });
         const bool isNumber = data.dataType == KXChartDataType::Integer ||
                               data.dataType == KXChartDataType::Float;
         if (isNumber)

@@ -139,7 +139,7 @@ TEST(KXAxisChartWork, AChangeReachesWhatItTouches)
         {"the way back", scrollTo(0), {0, 0, 1, 81}},
         {"a hover",
          [](Board& board) { KXTestInput{board.getDiagram()}.move(obtainMiddle(board.getChart(), 2)); },
-         {5, 0, 0, 81}},
+         {6, 0, 0, 81}},
         {"the same hover",
          [](Board& board) { KXTestInput{board.getDiagram()}.move(obtainMiddle(board.getChart(), 2)); },
          {}},
