@@ -1,11 +1,14 @@
 #include "kx_axis_chart_data_provider.h"
 #include "kx_bar_chart.h"
+#include "kx_chart_label.h"
 #include "kx_gauge_chart.h"
 #include "kx_load_chart.h"
 #include "kx_member_panel_chart.h"
 #include "kx_panel_chart_data_provider.h"
+#include "kx_table_data_provider.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
+#include "ux/ux_event.h"
 #include "ux_fixed_measurer.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +22,7 @@ class DoubtfulProvider : public KXAxisChartDataProvider,
                          public KXPanelChartDataProvider,
                          public KXTestProvider {
 public:
-    bool isValid = true, isEmptyValue = false;
+    bool isValid = true, isEmptyValue = false, isGenerated = false;
 
     std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override
     {
@@ -27,6 +30,27 @@ public:
     }
     bool validateValueData(KXChartDataUser*, const KXIndexPath&) override { return isValid; }
     bool obtainValueDataIsEmpty(KXChartDataUser*, const KXIndexPath&) override { return isEmptyValue; }
+    bool obtainValueDataIsGenerated(KXChartDataUser*, const KXIndexPath&) override { return isGenerated; }
+};
+
+/** Two cells of a table of two by three, told as a list, and one that it does not have. */
+class SparseProvider : public KXTableDataProvider {
+public:
+    bool isLate = true;
+
+    std::uint64_t obtainItemCount(KXChartDataUser*) override { return 3; }
+    void obtainItems(KXChartDataUser*, std::uint64_t first, std::span<KXPanelChartDataItem> items) override
+    {
+        const KXPanelChartDataItem all[] = {{1, 2, 7}, {9, 9, 9}, {0, 0, 5}};
+        for (KXPanelChartDataItem& item : items)
+            item = all[first++];
+    }
+    bool obtainMemberTexts(KXChartDataUser* user, std::uint64_t dimension, std::uint64_t first,
+                           std::span<std::string> texts) override
+    {
+        EXPECT_FALSE(UXLayoutRounds::isLayingOut());
+        return !isLate && KXTableDataProvider::obtainMemberTexts(user, dimension, first, texts);
+    }
 };
 
 class PanelChart : public KXMemberPanelChart {
@@ -73,4 +97,37 @@ TEST(KXChartDataValue, WhatTheHostTakesBackIsANullForEveryKind)
         EXPECT_EQ(gauge.preparedData(), !c.isMissing);
         EXPECT_EQ(value.preparedData(), !c.isMissing);
     }
+}
+
+TEST(KXChartDataValue, WhatWasFilledInTakesNoClick)
+{
+    const UXFixedMeasurer measurer;
+    for (const bool isGenerated : {false, true}) {
+        DoubtfulProvider provider;
+        provider.isGenerated = isGenerated;
+        KXValueChart chart;
+        kxLoad(chart, provider, {0, 0, 300, 200});
+        chart.getValueLabel()->triggerEventHandler(UXEvent(UXEventType::LeftClick));
+        EXPECT_EQ(provider.count("leftClickAction"), isGenerated ? 0 : 1);
+    }
+}
+
+TEST(KXChartDataValue, APanelTakesAListOfCellsAndTextsThatComeLater)
+{
+    const UXFixedMeasurer measurer;
+    SparseProvider provider;
+    provider.addDimension("down", std::vector<std::string>{"a", "a", "a", "b"});
+    provider.addDimension("across", std::vector<std::string>{"x", "y", "z", "x"});
+    provider.addMeasure("value", std::vector<double>{1, 2, 3, 4});
+    PanelChart chart;
+    kxLoad(chart, provider, {0, 0, 300, 200});
+    const double values[] = {chart.getValue(0, 0), chart.getValue(0, 5)};
+    EXPECT_EQ(values[0] + values[1], 12);
+    EXPECT_TRUE(std::isnan(chart.getValue(0, 1))) << "not in the list";
+
+    EXPECT_EQ(chart.obtainItemName(1), KXDataRequests::placeholder);
+    provider.isLate = false;
+    chart.dataArrived(0, 2);
+    chart.layout();
+    EXPECT_EQ(chart.obtainItemName(1), "b");
 }
