@@ -22,7 +22,6 @@
 
 namespace {
 
-constexpr UXColor hiddenSeriesColor(205, 205, 210);
 constexpr UXColor noDataColor(120, 120, 120);
 constexpr int noDataFontSize = 13;
 /** How far from its old index a category is looked for among other data. */
@@ -47,18 +46,13 @@ KXAxisChart::KXAxisChart()
     m_noDataLabel->setTextProperty(property);
     getPlot()->addChild(m_noDataLabel);
     getLegend()->enableCellClick();
+    m_groups.setUsualColors(getDefaultColors());
     _makeItems(*this, *this, *this, *this);
 }
 
 KXAxisChart::~KXAxisChart() { _leaveView(); }
 
-UXColor KXAxisChart::obtainSeriesColor(std::uint64_t series) const
-{
-    if (series < m_seriesColors.size())
-        return m_seriesColors[series];
-    const std::vector<UXColor> colors = getDefaultColors();
-    return colors[series % colors.size()];
-}
+UXColor KXAxisChart::obtainSeriesColor(std::uint64_t series) const { return m_groups.obtainColor(series); }
 
 std::optional<UXColor> KXAxisChart::obtainHostColor(const KXAxisChartMark& mark) const
 {
@@ -77,20 +71,13 @@ void KXAxisChart::customizeMarkLabel(const KXAxisChartMark& mark, std::string& t
     _askForLooksLater();
 }
 
-bool KXAxisChart::isSeriesShown(std::uint64_t series) const
-{
-    return std::ranges::binary_search(m_shownSeries, series);
-}
+bool KXAxisChart::isSeriesShown(std::uint64_t series) const { return m_groups.isShown(series); }
 
 void KXAxisChart::setSeriesShown(std::uint64_t series, bool shown)
 {
     const UXNotificationScope scope;
-    if (series >= getSeriesCount() || shown == isSeriesShown(series))
+    if (!m_groups.setShown(series, getSeriesID(series), shown))
         return;
-    if (shown)
-        m_hiddenSeriesIDs.erase(getSeriesID(series));
-    else
-        m_hiddenSeriesIDs.insert(getSeriesID(series));
     const UXObjectWatcher self(this);
     _shownSeriesChanged();
     if (!self.isAlive())
@@ -99,18 +86,9 @@ void KXAxisChart::setSeriesShown(std::uint64_t series, bool shown)
     _layoutAnew();
 }
 
-void KXAxisChart::_updateShownSeries()
-{
-    m_shownSeries.clear();
-    for (std::uint64_t series = 0; series < getSeriesCount(); ++series)
-        if (!m_hiddenSeriesIDs.contains(getSeriesID(series)))
-            m_shownSeries.push_back(series);
-}
-
 void KXAxisChart::_shownSeriesChanged()
 {
     const UXObjectWatcher self(this);
-    _updateShownSeries();
     _customReloadMarks();
     if (self.isAlive())
         _updateDataRanges();
@@ -141,52 +119,13 @@ std::string KXAxisChart::obtainCategoryLabel(std::uint64_t category)
 
 std::string KXAxisChart::formatPercentage(double value) const { return kxFormatPercentage(value); }
 
-KXChartDataPath* KXAxisChart::createMarkPath(const KXAxisChartMark& mark)
-{
-    const KXChartDataProviderUse use(*this);
-    auto path = std::make_unique<KXChartDataPath>();
-    path->identifier = "Mark";
-    path->dimensionIndexPath = {KXAxisChartDataProvider::categoryDimension, mark.category};
-    if (auto* provider = use.as<KXAxisChartDataProvider>())
-        path->valueIndexPath = provider->obtainSeriesValuePath(this, mark.series, mark.category);
-    return path.release();
-}
-
-std::vector<KXAxisChartMark> KXAxisChart::findMarks(const KXChartDataPath& path)
-{
-    // An item that is called something and belongs to no member is one of a chart without dimensions. A
-    // member is one of the categories, and the value that it comes with stands at it.
-    const bool namesValue = path.valueIndexPath.size() > 1;
-    const KXIndexPath& indexes = namesValue ? path.valueIndexPath : path.dimensionIndexPath;
-    const KXIndexPath& member = path.dimensionIndexPath;
-    if (indexes.size() < 2 || indexes[1] >= obtainShownCategoryCount())
-        return {};
-    if (member.empty() ? !path.identifier.empty()
-                       : member != KXIndexPath{KXAxisChartDataProvider::categoryDimension, indexes[1]})
-        return {};
-    const std::vector<std::uint64_t> shown = m_shownSeries;
-    const KXChartDataProviderUse use(*this);
-    auto* provider = use.as<KXAxisChartDataProvider>();
-    std::vector<KXAxisChartMark> marks;
-    for (const std::uint64_t series : shown) {
-        const bool isNamed = !namesValue ||
-                             (provider && use.isCurrent() &&
-                              provider->obtainSeriesValuePath(this, series, indexes[1]) == indexes);
-        if (!use.isAlive())
-            return {};
-        if (isNamed)
-            marks.push_back({series, indexes[1]});
-    }
-    return marks;
-}
-
 std::uint64_t KXAxisChart::obtainLegendCellSize() { return getSeriesCount() > 1 ? getSeriesCount() : 0; }
 
 std::string KXAxisChart::obtainLegendLabel(std::uint64_t index) { return getSeriesLabel(index); }
 
 bool KXAxisChart::obtainLegendSymbolColor(std::uint64_t index, UXColor& color)
 {
-    color = isSeriesShown(index) ? obtainSeriesColor(index) : hiddenSeriesColor;
+    color = m_groups.obtainSymbolColor(index);
     return true;
 }
 
@@ -205,17 +144,14 @@ void KXAxisChart::legendCellClicked(std::uint64_t index, const UXEvent&)
 
 void KXAxisChart::legendCellHovered(std::uint64_t index, bool hovered)
 {
-    if (hovered && getChartProperty()->getEnableInteraction() && isSeriesShown(index))
-        setHighlightedSeries(index);
-    else if (getItems()->getHighlightedGroup() == index)
-        setHighlightedSeries(std::nullopt);
+    getItems()->hoverGroup(index, hovered && isSeriesShown(index));
 }
 
 void KXAxisChart::resetData()
 {
     KXAxisChartDataUser::resetData();
     m_hostLooks.clear();
-    m_shownSeries.clear();
+    m_groups.clear();
     m_linkedTab = {};
 }
 
@@ -224,8 +160,13 @@ void KXAxisChart::customReloadData()
     const UXObjectWatcher self(this);
     m_hostLooks.clear();
     getItems()->forgetPointer();
-    if (self.isAlive())
-        _shownSeriesChanged();
+    if (!self.isAlive())
+        return;
+    std::vector<std::string> identities;
+    for (std::uint64_t series = 0; series < getSeriesCount(); ++series)
+        identities.push_back(getSeriesID(series));
+    m_groups.reload(getSeriesCount(), identities);
+    _shownSeriesChanged();
     if (self.isAlive())
         _restoreFirstCategory();
 }
@@ -258,8 +199,9 @@ void KXAxisChart::_restoreFirstCategory()
 void KXAxisChart::customReloadColors()
 {
     m_hostLooks.clearColors();
+    m_groups.setHostColors({});
     _updateSeriesColors();
-    std::vector<std::optional<UXColor>> pulled(m_seriesColors.size());
+    std::vector<std::optional<UXColor>> pulled(getSeriesCount());
     const KXChartDataProviderUse use(*this);
     for (std::uint64_t series = 0; use.isCurrent() && series < pulled.size(); ++series) {
         UXColor color = obtainSeriesColor(series);
@@ -268,7 +210,7 @@ void KXAxisChart::customReloadColors()
         if (!use.isAlive())
             return;
     }
-    m_hostLooks.setSeriesColors(std::move(pulled));
+    m_groups.setHostColors(std::move(pulled));
 }
 
 void KXAxisChart::reloadChartColors()
@@ -283,9 +225,7 @@ void KXAxisChart::_updateSeriesColors()
     std::vector<UXColor> usual = own.empty() ? getDefaultColors() : own;
     if (own.empty() && getSeriesCount() == 1)
         usual = {getChartProperty()->getDefaultColor()};
-    m_seriesColors.clear();
-    for (std::uint64_t series = 0; series < getSeriesCount(); ++series)
-        m_seriesColors.push_back(m_hostLooks.findSeriesColor(series).value_or(usual[series % usual.size()]));
+    m_groups.setUsualColors(std::move(usual));
 }
 
 void KXAxisChart::_updateLooks()

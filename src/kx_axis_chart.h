@@ -5,8 +5,9 @@
 #include "kx_axis_chart_edge_tab.h"
 #include "kx_axis_chart_host_looks.h"
 #include "kx_axis_chart_mark.h"
-#include "kx_axis_chart_mark_look.h"
 #include "kx_chart_data_action.h"
+#include "kx_chart_groups.h"
+#include "kx_chart_item_look.h"
 #include "kx_chart_items_delegate.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_property_accessor.h"
@@ -15,7 +16,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -58,7 +58,7 @@ public:
      * of the data, after the layout, which then places the labels anew. */
     void customizeMarkLabel(const KXAxisChartMark& mark, std::string& text, UXTextProperty& property);
     /** @return the series that are drawn, in their order */
-    const std::vector<std::uint64_t>& getShownSeries() const { return m_shownSeries; }
+    const std::vector<std::uint64_t>& getShownSeries() const { return m_groups.getShown(); }
     bool isSeriesShown(std::uint64_t series) const;
     /** Draws a series or leaves it out; the ranges of the axes follow. A series is known by its identifier,
      * so that it stays hidden when the data are replaced. */
@@ -76,13 +76,8 @@ public:
     // Highlight
     /** @return what the pointer is over */
     std::optional<KXAxisChartMark> getHoveredMark() const;
-    /** Highlights a whole series, as its legend cell does under the pointer; nothing ends it. */
-    void setHighlightedSeries(std::optional<std::uint64_t> series);
-    /** Highlights marks because a linked chart wants so; an empty list ends it. */
-    void setLinkedMarks(const std::vector<KXAxisChartMark>& marks);
     /** @return whether some marks are highlighted, so that the others are dimmed */
     bool isHighlighting() const;
-    bool isMarkHighlighted(const KXAxisChartMark& mark) const;
     /** @return whether a mark of the series is highlighted */
     bool isSeriesHighlighted(std::uint64_t series) const;
     /** @return the marks that are chosen, that a linked chart highlights, and the one that the pointer is
@@ -91,16 +86,9 @@ public:
     /** @return color as the mark is drawn in it just now */
     UXColor obtainMarkColor(const KXAxisChartMark& mark, const UXColor& color) const;
     /** @return how a mark of that colour is drawn just now */
-    KXAxisChartMarkLook obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const;
+    KXChartItemLook obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const;
     /** @return color as a text of the mark, or of none in particular, is drawn in it just now */
     UXColor obtainTextColor(const std::optional<KXAxisChartMark>& mark, const UXColor& color) const;
-
-    // Paths
-    /** @return the path that names the mark for the provider, owned by the caller */
-    KXChartDataPath* createMarkPath(const KXAxisChartMark& mark);
-    /** @return what a path names of this chart: the mark of its value, else every shown mark of its category
-     */
-    std::vector<KXAxisChartMark> findMarks(const KXChartDataPath& path);
 
     // From KXLegendDelegate: one cell per series where there are several
     std::uint64_t obtainLegendCellSize() override;
@@ -122,7 +110,7 @@ public:
     /** @return the path of the mark under the pointer, null where there is none */
     KXChartDataPath* createDataPath() override;
 
-    // From KXChartItemsDelegate; beside the marks, the place of a category is explained
+    // From KXChartItemsDelegate: the marks are the items; beside them, the place of a category is explained
     std::optional<KXChartItem> obtainItemAt(UXPoint point) const override;
     std::optional<KXChartItem> obtainExplainedAt(UXPoint point) const override;
     bool hasItem(const KXChartItem& item) const override;
@@ -132,6 +120,7 @@ public:
                                                 KXChartItemStep step) const override;
     void showItem(const KXChartItem& item) override;
     KXChartDataPath* createItemPath(const KXChartItem& item) override;
+    /** @return the mark of the path's value, else every shown mark of its category */
     std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
     std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
@@ -173,8 +162,8 @@ protected:
     void _customLayout(UXRect plotArea) override;
 
 private:
-    void _updateShownSeries();
     void _updateSeriesColors();
+    KXChartItem _makeItem(const KXAxisChartMark& mark) const;
     void _shownSeriesChanged();
     void _updateViewLooks();
     void _layoutMarkLabels();
@@ -194,9 +183,7 @@ private:
     void _placeLinkedTab();
 
     std::vector<std::unique_ptr<KXAxisChartDataView>> m_views;
-    std::vector<std::uint64_t> m_shownSeries;
-    std::set<std::string> m_hiddenSeriesIDs;
-    std::vector<UXColor> m_seriesColors;
+    KXChartGroups m_groups; // the series
     KXAxisChartHostLooks m_hostLooks;
     bool m_asksForLooks = false; // when the layout has ended
     UXLabel* m_noDataLabel;      // a child of the plot

@@ -11,21 +11,7 @@ void KXAxisChartHostLooks::clear()
     m_wantedLabels.clear();
 }
 
-void KXAxisChartHostLooks::clearColors()
-{
-    m_seriesColors.clear();
-    m_markColors.clear();
-}
-
-void KXAxisChartHostLooks::setSeriesColors(std::vector<std::optional<UXColor>> colors)
-{
-    m_seriesColors = std::move(colors);
-}
-
-std::optional<UXColor> KXAxisChartHostLooks::findSeriesColor(std::uint64_t series) const
-{
-    return series < m_seriesColors.size() ? m_seriesColors[series] : std::nullopt;
-}
+void KXAxisChartHostLooks::clearColors() { m_markColors.clear(); }
 
 std::vector<KXAxisChartMark> KXAxisChartHostLooks::findUnknown(const std::vector<KXAxisChartMark>& marks)
 {

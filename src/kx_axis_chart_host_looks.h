@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-/** What the host has said about the looks of series, marks and labels. It is asked once about each of them:
+/** What the host has said about the looks of marks and labels. It is asked once about each of them:
  * about colours until these are reloaded, about labels until the data are. */
 class KX_EXPORT KXAxisChartHostLooks {
 public:
@@ -30,14 +30,11 @@ public:
     void clear();
     void clearColors();
 
-    void setSeriesColors(std::vector<std::optional<UXColor>> colors);
-    /** @return none where the host gave none, or was not asked */
-    std::optional<UXColor> findSeriesColor(std::uint64_t series) const;
-
     /** @return those of marks about whose colours the host was not asked */
     std::vector<KXAxisChartMark> findUnknown(const std::vector<KXAxisChartMark>& marks);
     /** @param color what the host gave, none where it gave none */
     void setMarkColor(const KXAxisChartMark& mark, const std::optional<UXColor>& color);
+    /** @return none where the host gave none, or was not asked */
     std::optional<UXColor> findMarkColor(const KXAxisChartMark& mark) const;
 
     /** A label that the host is to be asked about. */
@@ -57,7 +54,6 @@ private:
         Label usual, made;
     };
 
-    std::vector<std::optional<UXColor>> m_seriesColors;
     std::map<KXAxisChartMark, std::optional<UXColor>> m_markColors;
     std::map<KXAxisChartMark, LabelAnswer> m_labels;
     std::map<KXAxisChartMark, Label> m_wantedLabels;

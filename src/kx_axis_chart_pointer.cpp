@@ -24,10 +24,17 @@ constexpr std::size_t greatestHintRowCount = 24;
 /** Beside the marks a category as a whole is explained; the item has no series. */
 constexpr int categoryKind = -1;
 
-KXChartItem makeItem(const KXAxisChartMark& mark) { return {0, mark.series, mark.category}; }
 KXAxisChartMark makeMark(const KXChartItem& item) { return {item.group, item.index}; }
 
 } // namespace
+
+KXChartItem KXAxisChart::_makeItem(const KXAxisChartMark& mark) const
+{
+    const auto view = std::ranges::find(m_views, obtainViewOfSeries(mark.series),
+                                        &std::unique_ptr<KXAxisChartDataView>::get);
+    const int place = view == m_views.end() ? 0 : static_cast<int>(view - m_views.begin());
+    return {place, mark.series, mark.category};
+}
 
 std::optional<KXAxisChartMark> KXAxisChart::getHoveredMark() const
 {
@@ -35,24 +42,7 @@ std::optional<KXAxisChartMark> KXAxisChart::getHoveredMark() const
     return item ? std::optional(makeMark(*item)) : std::nullopt;
 }
 
-void KXAxisChart::setHighlightedSeries(std::optional<std::uint64_t> series)
-{
-    getItems()->highlightGroup(series);
-}
-
-void KXAxisChart::setLinkedMarks(const std::vector<KXAxisChartMark>& marks)
-{
-    std::vector<KXChartItem> items;
-    std::ranges::transform(marks, std::back_inserter(items), makeItem);
-    getItems()->setLinked(std::move(items));
-}
-
 bool KXAxisChart::isHighlighting() const { return getItems()->isHighlighting(); }
-
-bool KXAxisChart::isMarkHighlighted(const KXAxisChartMark& mark) const
-{
-    return getItems()->isHighlighted(makeItem(mark));
-}
 
 bool KXAxisChart::isSeriesHighlighted(std::uint64_t series) const
 {
@@ -76,24 +66,15 @@ UXColor KXAxisChart::obtainMarkColor(const KXAxisChartMark& mark, const UXColor&
     return obtainMarkLook(mark, color).fill;
 }
 
-KXAxisChartMarkLook KXAxisChart::obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const
+KXChartItemLook KXAxisChart::obtainMarkLook(const KXAxisChartMark& mark, const UXColor& color) const
 {
-    if (!isHighlighting())
-        return {color};
-    const KXChartItem item = makeItem(mark);
-    KXAxisChartMarkLook look{getItems()->obtainDrawnColor(item, color)};
-    look.sizeRatio = getItems()->obtainDrawnSizeRatio(item);
-    // A mark has no line of its own, so one is seen only where the host wants lines to stand out.
-    const UXColor line = getItems()->obtainDrawnColor(item, color, KXInteractionEffectTarget::NonFilled);
-    if (line != look.fill && line != color)
-        look.line = line;
-    return look;
+    return getItems()->obtainLook(_makeItem(mark), color);
 }
 
 UXColor KXAxisChart::obtainTextColor(const std::optional<KXAxisChartMark>& mark, const UXColor& color) const
 {
     if (mark)
-        return getItems()->obtainDrawnColor(makeItem(*mark), color, KXInteractionEffectTarget::NonFilled);
+        return getItems()->obtainDrawnColor(_makeItem(*mark), color, KXInteractionEffectTarget::NonFilled);
     UXColor drawn = color;
     if (isHighlighting())
         drawn.alpha *= std::clamp(obtainDimmedOpacity(), 0.0, 1.0);
@@ -103,16 +84,16 @@ UXColor KXAxisChart::obtainTextColor(const std::optional<KXAxisChartMark>& mark,
 std::optional<KXChartItem> KXAxisChart::obtainItemAt(UXPoint point) const
 {
     const UXPoint place = translatePoint(point, getPlot());
-    if (!uxPointInRect(place, getMarksArea()) || m_shownSeries.empty())
+    if (!uxPointInRect(place, getMarksArea()) || getShownSeries().empty())
         return std::nullopt;
     const std::optional<KXAxisChartMark> mark = _hitMark(place);
-    return mark ? std::optional(makeItem(*mark)) : std::nullopt;
+    return mark ? std::optional(_makeItem(*mark)) : std::nullopt;
 }
 
 std::optional<KXChartItem> KXAxisChart::obtainExplainedAt(UXPoint point) const
 {
     const UXPoint place = translatePoint(point, getPlot());
-    if (!uxPointInRect(place, getMarksArea()) || m_shownSeries.empty())
+    if (!uxPointInRect(place, getMarksArea()) || getShownSeries().empty())
         return std::nullopt;
     const std::optional<std::uint64_t> category = _obtainCategoryAt(place);
     return category ? std::optional(KXChartItem{categoryKind, 0, *category}) : std::nullopt;
@@ -146,12 +127,12 @@ std::optional<KXChartItem> KXAxisChart::obtainItemBeside(const std::optional<KXC
 {
     using enum KXChartItemStep;
     const std::uint64_t count = obtainShownCategoryCount();
-    if (m_shownSeries.empty() || count == 0)
+    if (getShownSeries().empty() || count == 0)
         return std::nullopt;
     if (step == First || step == Last) {
-        const KXAxisChartMark end = step == First ? KXAxisChartMark{m_shownSeries.front(), 0}
-                                                  : KXAxisChartMark{m_shownSeries.back(), count - 1};
-        return hasItem(makeItem(end)) ? makeItem(end) : _obtainMarkInOrder(end, step == First);
+        const KXAxisChartMark end = step == First ? KXAxisChartMark{getShownSeries().front(), 0}
+                                                  : KXAxisChartMark{getShownSeries().back(), count - 1};
+        return hasItem(_makeItem(end)) ? _makeItem(end) : _obtainMarkInOrder(end, step == First);
     }
     if (!from)
         return std::nullopt;
@@ -169,23 +150,25 @@ std::optional<KXChartItem> KXAxisChart::_obtainMarkAlong(const KXAxisChartMark& 
     KXAxisChartMark mark = from;
     while (forwards ? mark.category + 1 < count : mark.category > 0) {
         mark.category += forwards ? 1 : std::uint64_t(-1);
-        if (hasItem(makeItem(mark)))
-            return makeItem(mark);
+        if (hasItem(_makeItem(mark)))
+            return _makeItem(mark);
     }
     return std::nullopt;
 }
 
 std::optional<KXChartItem> KXAxisChart::_obtainMarkAcross(const KXAxisChartMark& from, bool forwards) const
 {
-    const auto isMark = [&](std::uint64_t series) { return hasItem(makeItem({series, from.category})); };
+    const auto isMark = [&](std::uint64_t series) { return hasItem(_makeItem({series, from.category})); };
     if (forwards) {
-        const auto found = std::find_if(std::ranges::upper_bound(m_shownSeries, from.series),
-                                        m_shownSeries.end(), isMark);
-        return found == m_shownSeries.end() ? std::nullopt : std::optional(makeItem({*found, from.category}));
+        const auto found = std::find_if(std::ranges::upper_bound(getShownSeries(), from.series),
+                                        getShownSeries().end(), isMark);
+        return found == getShownSeries().end() ? std::nullopt
+                                               : std::optional(_makeItem({*found, from.category}));
     }
-    const std::reverse_iterator last(std::ranges::lower_bound(m_shownSeries, from.series));
-    const auto found = std::find_if(last, m_shownSeries.rend(), isMark);
-    return found == m_shownSeries.rend() ? std::nullopt : std::optional(makeItem({*found, from.category}));
+    const std::reverse_iterator last(std::ranges::lower_bound(getShownSeries(), from.series));
+    const auto found = std::find_if(last, getShownSeries().rend(), isMark);
+    return found == getShownSeries().rend() ? std::nullopt
+                                            : std::optional(_makeItem({*found, from.category}));
 }
 
 /** Category by category, in each of them series by series. */
@@ -198,10 +181,10 @@ std::optional<KXChartItem> KXAxisChart::_obtainMarkInOrder(const KXAxisChartMark
             return beside;
         if (forwards ? mark.category + 1 >= count : mark.category == 0)
             return std::nullopt;
-        mark = {forwards ? m_shownSeries.front() : m_shownSeries.back(),
+        mark = {forwards ? getShownSeries().front() : getShownSeries().back(),
                 mark.category + (forwards ? 1 : std::uint64_t(-1))};
-        if (hasItem(makeItem(mark)))
-            return makeItem(mark);
+        if (hasItem(_makeItem(mark)))
+            return _makeItem(mark);
     }
 }
 
@@ -227,13 +210,41 @@ void KXAxisChart::showItem(const KXChartItem& item)
 
 KXChartDataPath* KXAxisChart::createItemPath(const KXChartItem& item)
 {
-    return createMarkPath(makeMark(item));
+    const KXAxisChartMark mark = makeMark(item);
+    const KXChartDataProviderUse use(*this);
+    auto path = std::make_unique<KXChartDataPath>();
+    path->identifier = "Mark";
+    path->dimensionIndexPath = {KXAxisChartDataProvider::categoryDimension, mark.category};
+    if (auto* provider = use.as<KXAxisChartDataProvider>())
+        path->valueIndexPath = provider->obtainSeriesValuePath(this, mark.series, mark.category);
+    return path.release();
 }
 
 std::vector<KXChartItem> KXAxisChart::findItems(const KXChartDataPath& path)
 {
+    // An item that is called something and belongs to no member is one of a chart without dimensions. A
+    // member is one of the categories, and the value that it comes with stands at it.
+    const bool namesValue = path.valueIndexPath.size() > 1;
+    const KXIndexPath& indexes = namesValue ? path.valueIndexPath : path.dimensionIndexPath;
+    const KXIndexPath& member = path.dimensionIndexPath;
+    if (indexes.size() < 2 || indexes[1] >= obtainShownCategoryCount())
+        return {};
+    if (member.empty() ? !path.identifier.empty()
+                       : member != KXIndexPath{KXAxisChartDataProvider::categoryDimension, indexes[1]})
+        return {};
+    const std::vector<std::uint64_t> shown = getShownSeries();
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXAxisChartDataProvider>();
     std::vector<KXChartItem> items;
-    std::ranges::transform(findMarks(path), std::back_inserter(items), makeItem);
+    for (const std::uint64_t series : shown) {
+        const bool isNamed = !namesValue ||
+                             (provider && use.isCurrent() &&
+                              provider->obtainSeriesValuePath(this, series, indexes[1]) == indexes);
+        if (!use.isAlive())
+            return {};
+        if (isNamed)
+            items.push_back(_makeItem({series, indexes[1]}));
+    }
     return items;
 }
 
@@ -312,7 +323,7 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
     };
     if (hovered)
         addRow(hovered->series);
-    for (const std::uint64_t series : m_shownSeries)
+    for (const std::uint64_t series : getShownSeries())
         if (!hovered || series != hovered->series)
             addRow(series);
     info.enabled = info.enabled && !info.rows.empty();

@@ -40,7 +40,7 @@ bool isNear(const KXAxisChartInterval& interval, double place)
     return obtainDistance(interval, place) <= std::max(leastHitExtent - interval.obtainLength(), 0.0) / 2;
 }
 
-UXDoubleRect obtainEnlargedRect(const UXDoubleRect& rect, const KXAxisChartMarkLook& look)
+UXDoubleRect obtainEnlargedRect(const UXDoubleRect& rect, const KXChartItemLook& look)
 {
     const double width = rect.width * look.sizeRatio, height = rect.height * look.sizeRatio;
     return {uxMidDoubleX(rect) - width / 2, uxMidDoubleY(rect) - height / 2, width, height};
@@ -221,7 +221,7 @@ std::vector<UXRect> KXBarChartDataView::obtainMarkRects(const KXAxisChartMark& m
     const auto add = [&rects](const UXDoubleRect& rect) {
         rects.push_back(uxInflateRect(uxSurroundingRect(rect), 1, 1));
     };
-    const KXAxisChartMarkLook look = getChart()->obtainMarkLook(mark, UXColor());
+    const KXChartItemLook look = getChart()->obtainMarkLook(mark, UXColor());
     for (const KXBar& bar : m_made->layout.bars)
         if (bar.mark == mark)
             add(uxUnionDoubleRect(bar.rect, obtainEnlargedRect(bar.rect, look)));
@@ -289,13 +289,13 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
         }
         batches.clear();
     };
-    std::vector<std::pair<UXDoubleRect, KXAxisChartMarkLook>> standingOut;
+    std::vector<std::pair<UXDoubleRect, KXChartItemLook>> standingOut;
     const bool isHighlighting = getChart()->isHighlighting();
     std::size_t last = 0;
     const auto [first, end] = _findBars(dirtyRect);
     for (std::size_t i = first; i < end; ++i) {
         const KXBar& bar = m_made->layout.bars[i];
-        KXAxisChartMarkLook look{m_made->barColors[i]};
+        KXChartItemLook look{m_made->barColors[i]};
         if (isHighlighting)
             look = getChart()->obtainMarkLook(bar.mark, m_made->barColors[i]);
         const UXDoubleRect rect = moves ? device.snapAcross(bar.rect) : bar.rect;
@@ -323,7 +323,7 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
 
 /** Over the others, which it may reach over. */
 void KXBarChartDataView::_paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
-                                           const KXAxisChartMarkLook& look) const
+                                           const KXChartItemLook& look) const
 {
     const UXDoubleRect drawn = obtainEnlargedRect(rect, look);
     painter.setColor(look.fill);

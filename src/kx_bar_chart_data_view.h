@@ -17,12 +17,12 @@
 
 class KXBarChartProperty;
 class UXPainter;
-struct KXAxisChartMarkLook;
 struct KXBar;
 struct KXBarChartRecords;
 struct KXBarLabel;
 struct KXBarPlane;
 struct KXBarSlot;
+struct KXChartItemLook;
 
 /**
  * Draws each value as a bar from zero on: the series of a category side by side, or stacked, where the value
@@ -95,8 +95,7 @@ private:
     /** @return the bars to be painted of what lies in rect, by their indexes: the first and the one after the
      * last */
     std::pair<std::size_t, std::size_t> _findBars(const UXRect& rect) const;
-    void _paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
-                           const KXAxisChartMarkLook& look) const;
+    void _paintStandingOut(UXPainter& painter, const UXDoubleRect& rect, const KXChartItemLook& look) const;
 
     // Labels
     void _requestTotals(const KXAxisChartStacks& source, LabelRequests& requests) const;

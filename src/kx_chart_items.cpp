@@ -69,6 +69,14 @@ void KXChartItems::highlightGroup(const std::optional<std::uint64_t>& group)
     m_delegate.itemLooksChanged();
 }
 
+void KXChartItems::hoverGroup(std::uint64_t group, bool hovered)
+{
+    if (hovered && m_user.isInteractionEnabled())
+        highlightGroup(group);
+    else if (m_group == group)
+        highlightGroup(std::nullopt);
+}
+
 void KXChartItems::setLinked(std::vector<KXChartItem> items)
 {
     const UXNotificationScope scope;
@@ -119,6 +127,20 @@ double KXChartItems::obtainDrawnSizeRatio(const KXChartItem& item) const
     if (m_hovered == item)
         return m_hoveredLook.obtainDrawnSizeRatio();
     return contains(m_linked, item) ? m_linkedLook.obtainDrawnSizeRatio() : 1;
+}
+
+KXChartItemLook KXChartItems::obtainLook(const KXChartItem& item, const UXColor& color) const
+{
+    KXChartItemLook look{color};
+    if (!isHighlighting())
+        return look;
+    look.fill = obtainDrawnColor(item, color);
+    look.sizeRatio = obtainDrawnSizeRatio(item);
+    // There is no line of its own, so one is seen only where the host wants lines to stand out.
+    const UXColor line = obtainDrawnColor(item, color, KXInteractionEffectTarget::NonFilled);
+    if (line != look.fill && line != color)
+        look.line = line;
+    return look;
 }
 
 void KXChartItems::paintFocus(UXPainter& painter) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kx_chart_item.h"
+#include "kx_chart_item_look.h"
 #include "kx_chart_items_delegate.h"
 #include "kx_export.h"
 #include "kx_highlight_result.h"
@@ -52,6 +53,8 @@ public:
     /** Highlights all items of a group, as its legend cell does under the pointer; nothing ends it. */
     void highlightGroup(const std::optional<std::uint64_t>& group);
     const std::optional<std::uint64_t>& getHighlightedGroup() const { return m_group; }
+    /** The pointer came over the legend cell of a group that is shown, or it left. */
+    void hoverGroup(std::uint64_t group, bool hovered);
     /** Highlights items because a linked chart wants so; none end it. */
     void setLinked(std::vector<KXChartItem> items);
     /** @return whether some items stand out, so that the others give way */
@@ -61,6 +64,8 @@ public:
     UXColor obtainDrawnColor(const KXChartItem& item, const UXColor& color,
                              KXInteractionEffectTarget target = KXInteractionEffectTarget::Filled) const;
     double obtainDrawnSizeRatio(const KXChartItem& item) const;
+    /** @return how an item without a line of its own, of that colour, is drawn just now */
+    KXChartItemLook obtainLook(const KXChartItem& item, const UXColor& color) const;
     /** Draws a ring around the item where the keyboard is, in the chart's own space. */
     void paintFocus(UXPainter& painter) const;
 

@@ -170,7 +170,7 @@ void KXLineChartDataView::_paintStandingOut(UXPainter& painter, const KXAxisChar
     const KXXYAxisChart& chart = *getChart();
     const UXColor usual = chart.obtainHostColor(mark).value_or(
         m_colors[position].obtainColor(obtainValue(mark)));
-    const KXAxisChartMarkLook look = chart.obtainMarkLook(mark, usual);
+    const KXChartItemLook look = chart.obtainMarkLook(mark, usual);
     const double size = std::max(m_property->getPointSize() * standingOutRatio, leastStandingOutSize) *
                         look.sizeRatio;
     const KXPointShape shape = m_property->obtainPointShape(mark.series);

@@ -1,4 +1,5 @@
 #include "host_view_model.h"
+#include "kx_chart_items.h"
 #include "kx_chart_linked_action_diagram.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_item.h"
@@ -62,8 +63,8 @@ TEST_F(HostViewLinks, AnItemLightsWhatIsAboutTheSame)
     EXPECT_NE(result(2), KXHighlightResult::Highlighted);
     control.mouseMove(middle(board.getChart(2).getChild(ValueLabel)), UXEvent());
     EXPECT_EQ(result(0), KXHighlightResult::Highlighted);
-    EXPECT_TRUE(bars.isMarkHighlighted({0, 1}));
-    EXPECT_FALSE(bars.isMarkHighlighted({0, 0}));
+    EXPECT_TRUE(bars.getItems()->isHighlighted({0, 0, 1}));
+    EXPECT_FALSE(bars.getItems()->isHighlighted({0, 0, 0}));
     control.mouseMove({2, 2}, UXEvent());
     EXPECT_FALSE(bars.isHighlighting());
 }

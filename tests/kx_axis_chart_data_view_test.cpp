@@ -6,6 +6,7 @@
 #include "kx_axis_property.h"
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_labels.h"
+#include "kx_chart_items.h"
 #include "kx_json_object_factory.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
@@ -312,10 +313,10 @@ TEST_P(KXAxisChartDataViewTest, BarsAndLinesShareACategoryAxis)
     EXPECT_EQ(chart.getYAxis()->getMaxValue(), isSecondary ? 30 : 300);
     EXPECT_TRUE(shows(chart, {"c1", "s0", "s1", "300", isSecondary ? "30" : "200"}));
     KXTestInput{chart}.move(toChart(chart, chart.lines.points[1].place));
-    EXPECT_EQ(chart.getHoveredMark(), (Mark{1, 1})) << "in front of the bars";
+    EXPECT_EQ(chart.getItems()->getHovered(), (KXChartItem{1, 1, 1})) << "of the second view, in front";
     EXPECT_EQ(chart.getHintInfo().rows.size(), 2);
     KXTestInput{chart}.move(toChart(chart, obtainMiddle(chart.bars.getBars()[0].rect)));
-    EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 0}));
+    EXPECT_EQ(chart.getItems()->getHovered(), (KXChartItem{0, 0, 0}));
     chart.setSeriesShown(1, false);
     chart.layout();
     EXPECT_TRUE(chart.lines.points.empty());

@@ -470,24 +470,24 @@ TEST(KXAxisChart, ClicksMenusAndLinksNameTheMark)
     input.press(on, UXEventKey::RightButton);
     EXPECT_EQ(provider.asked["shouldRightClick"], 1);
 
-    const std::tuple<const char*, KXIndexPath, KXIndexPath, std::vector<Mark>> cases[] = {
-        {"a value", {1, 2}, {0, 2}, {{1, 2}}},
-        {"a category", {}, {0, 1}, {{0, 1}, {1, 1}}},
+    const std::tuple<const char*, KXIndexPath, KXIndexPath, std::vector<KXChartItem>> cases[] = {
+        {"a value", {1, 2}, {0, 2}, {{0, 1, 2}}},
+        {"a category", {}, {0, 1}, {{0, 0, 1}, {0, 1, 1}}},
         {"another dimension", {}, {1, 1}, {}},
         {"no such category", {0, 3}, {}, {}},
         {"no such series", {2, 0}, {}, {}},
         {"nothing", {}, {}, {}},
         {"a value of another member", {1, 2}, {0, 1}, {}},
     };
-    for (const auto& [name, value, dimension, marks] : cases) {
+    for (const auto& [name, value, dimension, items] : cases) {
         SCOPED_TRACE(name);
         KXChartDataPath path;
         path.valueIndexPath = value;
         path.dimensionIndexPath = dimension;
-        EXPECT_EQ(chart.findMarks(path), marks);
+        EXPECT_EQ(chart.findItems(path), items);
         const KXHighlightResult result = chart.showLinkedHighlight(path, nullptr);
-        EXPECT_EQ(result == KXHighlightResult::Highlighted, !marks.empty());
-        EXPECT_EQ(chart.isHighlighting(), !marks.empty());
+        EXPECT_EQ(result == KXHighlightResult::Highlighted, !items.empty());
+        EXPECT_EQ(chart.isHighlighting(), !items.empty());
         chart.hideLinkedHighlight(nullptr);
         EXPECT_FALSE(chart.isHighlighting() || chart.getHintVisible());
     }

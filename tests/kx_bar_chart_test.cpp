@@ -146,8 +146,8 @@ TEST_F(KXBarChartTest, EffectsReachSizeLineAndLabelOfTheHoveredBar)
     const UXDoubleRect rect = chart.getDataView().getBars()[1].rect;
     const UXPoint inside(static_cast<int>(rect.x + 2), static_cast<int>(rect.y + 2));
     KXTestInput{chart}.move(chart.translatePoint(inside, chart.getPlot(), nullptr));
-    const KXAxisChartMarkLook look = chart.obtainMarkLook({0, 1}, UXColor(9, 9, 9));
-    EXPECT_EQ(look, (KXAxisChartMarkLook{UXColor(9, 9, 9), line, 0.5}));
+    const KXChartItemLook look = chart.obtainMarkLook({0, 1}, UXColor(9, 9, 9));
+    EXPECT_EQ(look, (KXChartItemLook{UXColor(9, 9, 9), line, 0.5}));
     EXPECT_EQ(chart.obtainTextColor(KXAxisChartMark{0, 1}, UXColor()), line);
     const std::string painted = uxPaintToText(chart);
     EXPECT_EQ(uxFindMissing(painted, {"setColor 1,2,3,1", "stroke", "\"2\"", "color 1,2,3,1"}), "")
