@@ -10,9 +10,8 @@
 #include "kx_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
-#include "ux/ux_label.h"
+#include "kx_no_data_label.h"
 #include "ux/ux_layout_rounds.h"
-#include "ux/ux_localize.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_virtual_scroll_view.h"
 
@@ -22,8 +21,6 @@
 
 namespace {
 
-constexpr UXColor noDataColor(120, 120, 120);
-constexpr int noDataFontSize = 13;
 /** How far from its old index a category is looked for among other data. */
 constexpr std::uint64_t greatestCategoryMove = 256;
 
@@ -36,14 +33,8 @@ KXObjectID makeSeriesID(std::uint64_t series)
 
 KXAxisChart::KXAxisChart()
     : KXAxisChartDataUser(this), UXPropertyAccessor(this), UXHintDelegate(this), KXChartDataAction(this),
-      m_noDataLabel(new UXLabel)
+      m_noDataLabel(new KXNoDataLabel)
 {
-    UXTextProperty property;
-    property.font.size = noDataFontSize;
-    property.align = UXTextAlign::Center;
-    property.option = UXTextOption::EllipsisEnd;
-    property.textColor = noDataColor;
-    m_noDataLabel->setTextProperty(property);
     getPlot()->addChild(m_noDataLabel);
     getLegend()->enableCellClick();
     m_groups.setUsualColors(getDefaultColors());
@@ -369,19 +360,5 @@ void KXAxisChart::_customLayout(UXRect plotArea)
     const UXObjectWatcher self(this);
     KXAxisChartBase::_customLayout(plotArea);
     if (self.isAlive())
-        _placeNoDataLabel();
-}
-
-void KXAxisChart::_placeNoDataLabel()
-{
-    const UXObjectWatcher self(this);
-    const std::string text = uxLocalizeString("No data");
-    if (!self.isAlive())
-        return;
-    const UXRect area = getPlot()->getBoundingRect();
-    m_noDataLabel->setText(text);
-    m_noDataLabel->setRect(area);
-    m_noDataLabel->autoResize();
-    m_noDataLabel->setVisible(!_hasData() && m_noDataLabel->getRect().height <= area.height);
-    m_noDataLabel->setRect(area);
+        m_noDataLabel->update(getPlot()->getBoundingRect(), _hasData());
 }

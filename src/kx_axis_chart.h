@@ -20,7 +20,7 @@
 #include <vector>
 
 class KXAxisChartDataView;
-class UXLabel;
+class KXNoDataLabel;
 
 /**
  * What charts of series against axes share: the series with their colours, legend and visibility; the views
@@ -175,7 +175,6 @@ private:
     void _noteFirstCategory();
     void _askForLooksLater();
     void _askForLooks();
-    void _placeNoDataLabel();
     bool _hasData();
     std::optional<KXChartItem> _obtainMarkAlong(const KXAxisChartMark& from, bool forwards) const;
     std::optional<KXChartItem> _obtainMarkAcross(const KXAxisChartMark& from, bool forwards) const;
@@ -185,8 +184,8 @@ private:
     std::vector<std::unique_ptr<KXAxisChartDataView>> m_views;
     KXChartGroups m_groups; // the series
     KXAxisChartHostLooks m_hostLooks;
-    bool m_asksForLooks = false; // when the layout has ended
-    UXLabel* m_noDataLabel;      // a child of the plot
+    bool m_asksForLooks = false;  // when the layout has ended
+    KXNoDataLabel* m_noDataLabel; // a child of the plot
 
     KXAxisChartEdgeTab m_linkedTab; // where the marks of a linked highlight are scrolled out of sight
 

@@ -77,12 +77,3 @@ double KXAxisChartStacks::obtainTotal(std::uint64_t category) const
             total = add(total, value);
     return total;
 }
-
-double KXAxisChartStacks::obtainMagnitude(std::uint64_t category) const
-{
-    double magnitude = 0;
-    for (std::size_t position = 0; position < series.size(); ++position)
-        if (const double value = obtainValue(position, category); !std::isnan(value))
-            magnitude = add(magnitude, std::abs(value));
-    return magnitude;
-}

@@ -45,6 +45,4 @@ struct KX_EXPORT KXAxisChartStacks {
     void obtainPieces(std::uint64_t category, std::vector<KXAxisChartStackSegment>& pieces) const;
     /** @return the sum of all values of category, saturated */
     double obtainTotal(std::uint64_t category) const;
-    /** @return the sum of them without their signs, saturated */
-    double obtainMagnitude(std::uint64_t category) const;
 };

@@ -264,10 +264,7 @@ void KXBarChartDataView::fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& 
     if (found == source.series.end())
         return;
     const auto position = static_cast<std::size_t>(found - source.series.begin());
-    row.value += " (" +
-                 getChart()->formatPercentage(
-                     m_made->texts.obtainPercentage(*getChart(), source, mark, position)) +
-                 ")";
+    row.value += " (" + m_made->texts.obtainPercentageText(*getChart(), source, mark, position) + ")";
 }
 
 void KXBarChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category)

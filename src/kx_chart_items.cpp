@@ -218,8 +218,10 @@ void KXChartItems::_setHovered(const std::optional<KXChartItem>& item, const UXE
         _dropEffects(*left);
     if (wasHighlighting != isHighlighting() && m_delegate.obtainDimmedOpacity() < 1)
         m_delegate.itemLooksChanged(); // all others begin or cease to give way
-    else if (item)
-        m_delegate.itemLookChanged(*item);
+    else
+        for (const std::optional<KXChartItem>& changed : {left, item})
+            if (changed)
+                m_delegate.itemLookChanged(*changed);
     if (self.isAlive())
         m_action.showWhetherClickable();
 

@@ -115,7 +115,6 @@ private:
     KXChartSelectionProvider* _obtainSelectionProvider();
     std::vector<KXChartItem> _obtainRange(const KXChartItem& from, const KXChartItem& to) const;
     void _tellSelection(const std::vector<KXChartItem>& wanted, const UXEvent& event);
-    std::vector<KXChartItem> _obtainAll() const;
     void _askForSelectionAnew();
     void _askForSelection(const std::vector<KXChartItem>& items);
 

@@ -11,6 +11,15 @@ constexpr double usualDimmedOpacity = 0.35;
 
 std::optional<KXChartItem> KXChartItemsDelegate::obtainExplainedAt(UXPoint) const { return std::nullopt; }
 
+std::vector<KXChartItem> KXChartItemsDelegate::obtainItems() const
+{
+    std::vector<KXChartItem> items;
+    for (std::optional<KXChartItem> item = obtainItemBeside(std::nullopt, KXChartItemStep::First); item;
+         item = obtainItemBeside(item, KXChartItemStep::Next))
+        items.push_back(*item);
+    return items;
+}
+
 UXPoint KXChartItemsDelegate::obtainItemHintPoint(const KXChartItem& item)
 {
     const UXRect rect = obtainItemRect(item);

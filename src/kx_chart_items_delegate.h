@@ -28,6 +28,8 @@ public:
     virtual std::optional<KXChartItem> obtainExplainedAt(UXPoint point) const;
     /** @return whether there is such an item and it is shown, in sight or scrolled out of it */
     virtual bool hasItem(const KXChartItem& item) const = 0;
+    /** @return all that hasItem says yes to; by default those that the steps lead to */
+    virtual std::vector<KXChartItem> obtainItems() const;
     /** @return what can be seen of the item, empty where that is nothing */
     virtual UXRect obtainItemRect(const KXChartItem& item) const = 0;
     /** @return where a hint stands that nobody points at; by default the middle of the item's top */

@@ -14,13 +14,6 @@
 #include <memory>
 #include <utility>
 
-namespace {
-
-/** More items than a reader tells apart are not asked about one by one. */
-constexpr std::size_t greatestAskedCount = 10000;
-
-} // namespace
-
 /** A click on the chart itself, not on a label. It is about the item that was pressed, if it is still under
  *  the pointer. @return whether it was handed on to the label of the item */
 bool KXChartItems::_click(const UXEvent& event)
@@ -114,25 +107,13 @@ void KXChartItems::_tellSelection(const std::vector<KXChartItem>& wanted, const 
     });
 }
 
-/** @return the items in their reading order */
-std::vector<KXChartItem> KXChartItems::_obtainAll() const
-{
-    std::vector<KXChartItem> all;
-    std::optional<KXChartItem> item = m_delegate.obtainItemBeside(std::nullopt, KXChartItemStep::First);
-    while (item && all.size() < greatestAskedCount) {
-        all.push_back(*item);
-        item = m_delegate.obtainItemBeside(item, KXChartItemStep::Next);
-    }
-    return all;
-}
-
 /** What was chosen may stand elsewhere among new data, or be gone. */
 void KXChartItems::_askForSelectionAnew()
 {
     const UXObjectWatcher self(&m_chart);
     const bool canSelect = _obtainSelectionProvider() != nullptr;
     if (self.isAlive())
-        _askForSelection(canSelect ? _obtainAll() : std::vector<KXChartItem>());
+        _askForSelection(canSelect ? m_delegate.obtainItems() : std::vector<KXChartItem>());
 }
 
 /** Takes over from the host which of some items are chosen. */

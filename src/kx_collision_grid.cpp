@@ -1,5 +1,7 @@
 #include "kx_collision_grid.h"
 
+#include "ux/ux_rect_functions.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -85,4 +87,21 @@ bool KXCollisionGrid::isFree(const UXDoubleRect& rect, std::size_t owner) const
                 if (_isTooNear(m_taken[index], rect, owner))
                     return false;
     return true;
+}
+
+std::vector<std::size_t> KXCollisionGrid::findOwners(const UXDoublePoint& point) const
+{
+    std::vector<std::size_t> owners;
+    const auto take = [&](const Taken& taken) {
+        if (uxPointInDoubleRect(point, taken.rect))
+            owners.push_back(taken.owner);
+    };
+    if (m_cells.empty()) {
+        std::ranges::for_each(m_taken, take);
+        return owners;
+    }
+    const Cells cells = _findCells({point.x, point.y, 0, 0}, 0);
+    for (const std::size_t index : m_cells[cells.top * m_columnCount + cells.left])
+        take(m_taken[index]);
+    return owners;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kx_export.h"
+#include "ux/ux_double_point.h"
 #include "ux/ux_double_rect.h"
 
 #include <cstddef>
@@ -26,6 +27,8 @@ public:
     void add(const UXDoubleRect& rect, double gap, std::size_t owner = noOwner);
     /** @return whether rect is too near to none but owner's */
     bool isFree(const UXDoubleRect& rect, std::size_t owner = noOwner) const;
+    /** @return whose rectangles hold the point, in the order in which they were added */
+    std::vector<std::size_t> findOwners(const UXDoublePoint& point) const;
 
 private:
     struct Taken {

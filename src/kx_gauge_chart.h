@@ -11,12 +11,10 @@
 #include "ux/ux_text_property.h"
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-class KXChartDataFormat;
 class KXGaugeLayout;
 class UXLayoutHelper;
 class UXPainter;
@@ -118,8 +116,6 @@ public:
     ~KXGaugeChart() override;
 
     // Properties
-    /** @return how every number is written; made and destroyed by the chart, never null */
-    KXChartDataFormat* getDataFormat() const;
     /** Takes the partitions of the custom style.
      *  @param boundaries in percent of the range: the start, then where each partition but the last ends
      *  @param colors one a partition */
@@ -151,7 +147,6 @@ public:
     UXRect getPipeRect() const;
 
     // From UXJsonObject, UXObject, KXChart and KXChartDataAction
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
     void afterReloadData() override;
@@ -160,6 +155,7 @@ public:
     // From KXChartItemsDelegate: the measures are the items, each of them its label and its piece of the dial
     std::optional<KXChartItem> obtainItemAt(UXPoint point) const override;
     UXRect obtainItemRect(const KXChartItem& item) const override;
+    std::vector<KXChartItem> obtainItems() const override;
     KXChartDataPath* createItemPath(const KXChartItem& item) override;
     std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
@@ -168,11 +164,9 @@ public:
 
 protected:
     void _customLayout(UXRect plotArea) override;
-    void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
     bool _shouldPaintChild(const UXObject* child) const override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
     void _paintOverChildren(UXPaintConfig* config, const UXRect& dirtyRect) override;
-    std::vector<KXChartItem> _obtainShownItems() const override;
 
     /** Derives both ratios from the data and the custom values. */
     void initParam();
@@ -223,8 +217,6 @@ private:
     KXChartLabel* m_minLabel;
     KXChartLabel* m_targetLabel;
     std::vector<KXChartLabel*> m_partitionLabelsPool;
-
-    std::unique_ptr<KXChartDataFormat> m_dataFormat;
 
     // Derived by the layout
     double m_valueRatio = noValue;

@@ -1,5 +1,6 @@
 #include "kx_gauge_dial.h"
 
+#include "kx_panel_shape.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
 
@@ -94,18 +95,12 @@ bool KXGaugeDial::holdsPoint(const UXDoublePoint& point) const
     return point.y <= center.y && distance <= radius && distance >= innerRadius;
 }
 
-void KXGaugeDial::fillSegment(UXPainter& painter, double fromDegrees, double toDegrees) const
+void KXGaugeDial::fillSegment(UXPainter& painter, double fromDegrees, double toDegrees,
+                              double widthRatio) const
 {
-    const double from = leftEnd + fromDegrees, to = leftEnd + toDegrees;
-    if (innerRadius < 1) {
-        painter.setStartPoint(center.x, center.y);
-        painter.joinCircleArcPath(center.x, center.y, radius, from, to);
-    } else {
-        painter.addCircleArcPath(center.x, center.y, radius, from, to);
-        painter.joinCircleArcPath(center.x, center.y, innerRadius, to, from);
-    }
-    painter.closePath();
-    painter.fill();
+    const KXPanelShape segment(
+        KXSector{center, innerRadius, radius, leftEnd + fromDegrees, toDegrees - fromDegrees});
+    (widthRatio == 1 ? segment : segment.obtainScaled(widthRatio)).fill(painter);
 }
 
 void KXGaugeDial::strokeTick(UXPainter& painter, double degrees, double widthRatio) const

@@ -9,6 +9,9 @@ class UXPainter;
 /** The half circle of a gauge: a pipe between two radii. Angles are degrees of the dial: 0 at its left end,
  * 90 at its top, 180 at its right end. */
 struct KXGaugeDial {
+    /** From its left end to its right one. */
+    static constexpr double sweepDegrees = 180;
+
     UXDoublePoint center;
     double radius = 0;
     double innerRadius = 0;
@@ -33,9 +36,9 @@ struct KXGaugeDial {
     bool holdsInside(const UXDoubleRect& rect) const;
     bool holdsPoint(const UXDoublePoint& point) const;
 
-    /** Fills the part of the pipe between two angles with the painter's source. */
-    void fillSegment(UXPainter& painter, double fromDegrees, double toDegrees) const;
     // A width ratio of 1 is the usual width
+    /** Fills the part of the pipe between two angles with the painter's source. */
+    void fillSegment(UXPainter& painter, double fromDegrees, double toDegrees, double widthRatio = 1) const;
     void strokeTick(UXPainter& painter, double degrees, double widthRatio) const;
     void fillHub(UXPainter& painter) const;
     void strokeNeedle(UXPainter& painter, double degrees, double widthRatio) const;

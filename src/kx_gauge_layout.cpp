@@ -1,6 +1,7 @@
 #include "kx_gauge_layout.h"
 
 #include "kx_collision_grid.h"
+#include "kx_label_placer.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace {
 
@@ -38,6 +40,8 @@ constexpr double greatestTargetShift = 1.8;
 constexpr double targetStep = 3;
 constexpr int targetStepCount = 120;
 constexpr int tryCount = 40;
+/** Places are sought wherever a text may stand: what sticks out of the area is taken from the dial's room. */
+constexpr UXDoubleRect everywhere(-1e9, -1e9, 2e9, 2e9);
 
 // Of the usable height, as in the radius
 constexpr double usableShare = 0.95;
@@ -293,20 +297,31 @@ void KXGaugeLayout::_placeBoundaries()
     }
 }
 
+void KXGaugeLayout::_addShown(KXLabelPlacer& placer, const KXGaugeText* except) const
+{
+    _forEachText(*this, [&](const KXGaugeText& text) {
+        if (&text != except && text.shown)
+            placer.addLabel(text.rect);
+    });
+}
+
 /** The ends say the most, so they are kept first; then from the left, what still has room. */
 void KXGaugeLayout::_keepBoundariesWithRoom()
 {
-    KXCollisionGrid taken = _obtainTaken(nullptr);
-    const auto keep = [&taken](KXGaugeText& boundary) {
-        boundary.shown = !boundary.text.empty() && taken.isFree(boundary.rect);
-        if (boundary.shown)
-            taken.add(boundary.rect, textGap);
-    };
-    keep(boundaries.front());
-    if (boundaries.size() > 1)
-        keep(boundaries.back());
-    for (std::size_t i = 1; i + 1 < boundaries.size(); ++i)
-        keep(boundaries[i]);
+    KXLabelPlacer placer(everywhere, textGap);
+    _addShown(placer, nullptr);
+    std::vector<KXLabelRequest> requests;
+    for (const KXGaugeText& boundary : boundaries) {
+        const bool isEnd = &boundary == &boundaries.front() || &boundary == &boundaries.back();
+        requests.push_back({boundary.text,
+                            boundary.property,
+                            isEnd ? 0 : 1,
+                            false,
+                            KXCollisionGrid::noOwner,
+                            {{boundary.rect, std::nullopt}}});
+    }
+    for (const KXPlacedLabel& kept : placer.place(requests))
+        boundaries[kept.request].shown = true;
 }
 
 /** Where a boundary's text stands in its way, the target's moves along the pipe as far as it still stands by
@@ -317,17 +332,22 @@ void KXGaugeLayout::_placeTarget()
         return;
     const UXDoubleSize size(target.rect.width, target.rect.height);
     const double clearance = dial.obtainTickClearance();
-    const KXCollisionGrid taken = _obtainTaken(&target);
-    const auto fits = [&](double shift, double distance) {
-        const double degrees = std::clamp(target.degrees + shift, 0.0, 180.0);
-        target.rect = dial.placeOutside(size, degrees, distance);
-        return taken.isFree(target.rect);
+    KXLabelRequest request{target.text, target.property, 0, false, KXCollisionGrid::noOwner, {}};
+    const auto add = [&](double shift, double distance) {
+        const double degrees = std::clamp(target.degrees + shift, 0.0, KXGaugeDial::sweepDegrees);
+        request.candidates.push_back({dial.placeOutside(size, degrees, distance), std::nullopt});
     };
     const double arc = greatestTargetShift * size.height / (dial.radius + clearance);
-    for (double shift = 0; shift <= arc * 180 / std::numbers::pi; ++shift)
-        if (fits(-shift, clearance) || fits(shift, clearance))
-            return;
-    for (int i = 1; i <= targetStepCount && !fits(0, clearance + i * targetStep); ++i) {}
+    for (double shift = 0; shift <= arc * 180 / std::numbers::pi; ++shift) {
+        add(-shift, clearance);
+        add(shift, clearance);
+    }
+    for (int i = 1; i <= targetStepCount; ++i)
+        add(0, clearance + i * targetStep);
+    KXLabelPlacer placer(everywhere, textGap);
+    _addShown(placer, &target);
+    const std::vector<KXPlacedLabel> placed = placer.place({&request, 1});
+    target.rect = placed.empty() ? request.candidates.back().rect : placed.front().rect;
 }
 
 UXDoubleRect KXGaugeLayout::_obtainBounds() const

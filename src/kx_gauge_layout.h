@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+class KXLabelPlacer;
 class UXLayoutHelper;
 
 /** One text of a gauge while its place is sought. */
@@ -69,6 +70,8 @@ private:
     void _placeBoundaries();
     void _placeTarget();
     void _keepBoundariesWithRoom();
+    /** Lets a placer keep off the texts that are shown, but one. */
+    void _addShown(KXLabelPlacer& placer, const KXGaugeText* except) const;
     bool _mainStandsInside() const;
     bool _mainFits() const;
     bool _shrinkMain();

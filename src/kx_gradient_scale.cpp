@@ -1,5 +1,7 @@
 #include "kx_gradient_scale.h"
 
+#include "ux/ux_saturate.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -12,40 +14,47 @@ constexpr int greatestClassCount = 256;
 
 UXColor mix(const UXColor& from, const UXColor& to, double share)
 {
-    const auto part = [share](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * share)); };
+    const auto part = [share](int a, int b) {
+        return uxSaturateToInt(std::floor((static_cast<double>(b) - a) * share) + a);
+    };
     return {part(from.red, to.red), part(from.green, to.green), part(from.blue, to.blue),
             from.alpha + (to.alpha - from.alpha) * share};
 }
 
+/** @return how much of the way from one value to another, which is longer, lies before value. Of whole
+ * numbers the differences are exact; those of shares would lose a unit of colour now and then. */
+double obtainShare(double value, double from, double to)
+{
+    // Halves, as the whole way may be longer than a double.
+    return (value / 2 - from / 2) / (to / 2 - from / 2);
+}
+
 } // namespace
 
-/** @return where value stands in the range, from 0 to 1; halfway where the range is one value */
-double KXGradientScale::_obtainShare(double value) const
+/** @param value inside of the range */
+UXColor KXGradientScale::_obtainColorAt(double value) const
 {
-    // Halves, as the whole range may be wider than a double.
-    const double span = greatest / 2 - least / 2;
-    return span > 0 ? std::clamp((value / 2 - least / 2) / span, 0.0, 1.0) : half;
+    const double middle = middleValue > least && middleValue < greatest ? middleValue
+                                                                        : least / 2 + greatest / 2;
+    if (value < middle)
+        return mix(minColor, middleColor, obtainShare(value, least, middle));
+    return mix(middleColor, maxColor, value > middle ? obtainShare(value, middle, greatest) : 0);
 }
 
-UXColor KXGradientScale::_obtainColorAt(double share) const
-{
-    const double middle = middleValue > least && middleValue < greatest ? _obtainShare(middleValue) : half;
-    if (share < middle)
-        return mix(minColor, middleColor, share / middle);
-    return mix(middleColor, maxColor, middle < 1 ? (share - middle) / (1 - middle) : 0);
-}
+double KXGradientScale::_obtainValueAt(double share) const { return least * (1 - share) + greatest * share; }
 
 UXColor KXGradientScale::obtainColor(double value) const
 {
     if (std::isnan(value))
         return {0, 0, 0, 0};
-    const double share = _obtainShare(value);
+    const double inside = std::clamp(value, least, greatest);
     if (classCount <= 0)
-        return _obtainColorAt(share);
+        return _obtainColorAt(inside);
     // The first class and the last one have the colours of the ends.
     const int count = std::min(classCount, greatestClassCount);
+    const double share = least < greatest ? obtainShare(inside, least, greatest) : half;
     const int index = std::min(static_cast<int>(share * count), count - 1);
-    return _obtainColorAt(count > 1 ? static_cast<double>(index) / (count - 1) : half);
+    return _obtainColorAt(_obtainValueAt(count > 1 ? static_cast<double>(index) / (count - 1) : half));
 }
 
 std::vector<double> KXGradientScale::obtainClassBounds() const
@@ -54,7 +63,7 @@ std::vector<double> KXGradientScale::obtainClassBounds() const
     const int count = std::min(classCount, greatestClassCount);
     for (int i = 0; classCount > 0 && i <= count; ++i) {
         const double share = static_cast<double>(i) / count;
-        bounds.push_back(i == count ? greatest : least * (1 - share) + greatest * share);
+        bounds.push_back(i == count ? greatest : _obtainValueAt(share));
     }
     return bounds;
 }

@@ -20,6 +20,7 @@ struct KX_EXPORT KXGradientScale {
     std::vector<double> obtainClassBounds() const;
 
 private:
-    double _obtainShare(double value) const;
-    UXColor _obtainColorAt(double share) const;
+    UXColor _obtainColorAt(double value) const;
+    /** @param share of the range, 0 to 1 */
+    double _obtainValueAt(double share) const;
 };

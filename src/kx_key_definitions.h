@@ -74,6 +74,18 @@
     }                                     \
     KEYS(KX_CHART_KEY_DEFINITION)
 
+/** The same, and the table of a chart that has these keys alone beside its parents'. */
+#define KX_DEFINE_CHART_KEY_TABLE(Class, Base, KEYS)                                                     \
+    KX_DEFINE_CHART_KEYS(Class, KEYS)                                                                    \
+    const UXPropertyTable& Class::obtainPropertyTable()                                                  \
+    {                                                                                                    \
+        using Self = Class;                                                                              \
+        static constexpr UXProperty rows[] = {KEYS(KX_CHART_KEY_ROW)};                                   \
+        static const UXPropertyTable table(#Class, &Base::obtainPropertyTable(), kxObtainKeyOwner<Self>, \
+                                           rows);                                                        \
+        return table;                                                                                    \
+    }
+
 // What a row stands for in the table of its class, which calls itself Self
 
 /** @param change the operation of the class that a change by key is

@@ -41,6 +41,8 @@ UXDoubleSize KXLabelPlacer::measure(const std::string& text, const UXTextPropert
 
 void KXLabelPlacer::addObstacle(const UXDoubleRect& rect, std::size_t mark) { m_grid.add(rect, 0, mark); }
 
+void KXLabelPlacer::addLabel(const UXDoubleRect& rect) { m_grid.add(rect, m_gap); }
+
 bool KXLabelPlacer::_isInside(const UXDoubleRect& rect) const
 {
     return rect.x >= m_area.x && rect.y >= m_area.y && rect.x + rect.width <= m_area.x + m_area.width &&

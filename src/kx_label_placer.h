@@ -58,6 +58,8 @@ public:
 
     /** @param mark whose label may cover it */
     void addObstacle(const UXDoubleRect& rect, std::size_t mark = KXCollisionGrid::noOwner);
+    /** Adds a label that has its place already. */
+    void addLabel(const UXDoubleRect& rect);
     /** @return those that found a place, in the order of their ranks; they are obstacles from now on */
     std::vector<KXPlacedLabel> place(std::span<const KXLabelRequest> requests);
 

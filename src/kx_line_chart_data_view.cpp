@@ -324,9 +324,7 @@ void KXLineChartDataView::fillHintRow(UXHintRowInfo& row, const KXAxisChartMark&
     const KXAxisChartStacks source = _makeStacks();
     if (position < source.series.size() &&
         kxTellsPercentages(source.form, m_property->getLabelDisplayOption()))
-        row.value +=
-            " (" +
-            getChart()->formatPercentage(m_texts.obtainPercentage(*getChart(), source, mark, position)) + ")";
+        row.value += " (" + m_texts.obtainPercentageText(*getChart(), source, mark, position) + ")";
 }
 
 void KXLineChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t category)

@@ -3,11 +3,17 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
+#include "kx_drawing_layer.h"
 #include "kx_hint_text.h"
+#include "kx_key_definitions.h"
 #include "kx_legend.h"
+#include "kx_no_data_label.h"
 #include "kx_panel_chart_data_provider.h"
+#include "kx_readable_color.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_object_watcher.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,172 +22,213 @@
 
 namespace {
 
-constexpr UXColor offColor(205, 205, 210);
-
-KXChartItem makeItem(std::uint64_t item) { return {0, item, 0}; }
+/** More names than anyone can read at once are not asked for. */
+constexpr std::size_t greatestNameCount = 4096;
 
 } // namespace
 
 KXMemberPanelChart::KXMemberPanelChart()
     : KXPanelChartDataUser(this), UXPropertyAccessor(this), UXHintDelegate(this), KXChartDataAction(this),
-      m_dataFormat(std::make_unique<KXChartDataFormat>())
+      m_layer(new KXDrawingLayer), m_noDataLabel(new KXNoDataLabel)
 {
+    addChild(m_layer);
+    addChild(m_noDataLabel);
+    m_layer->setPaintFunction(
+        [this](UXPainter& painter, const UXRect& dirtyRect) { _paintItems(painter, dirtyRect); });
+    m_groups.setUsualColors(getDefaultColors());
     _makeItems(*this, *this, *this, *this);
     getLegend()->enableCellClick();
-    m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
 }
 
-KXMemberPanelChart::~KXMemberPanelChart()
+KXMemberPanelChart::~KXMemberPanelChart() { _leaveView(); }
+
+const UXPropertyTable& KXMemberPanelChart::obtainPropertyTable()
 {
-    _leaveView();
-    m_dataFormat->setUpdatedEvent({});
+    using Self = KXMemberPanelChart;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_dataFormat", uxObtainNestedObjectType, m_dataFormat, "how values are written")};
+    static const UXPropertyTable table("KXMemberPanelChart", &KXChart::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
+    return table;
 }
 
-KXChartDataFormat* KXMemberPanelChart::getDataFormat() const { return m_dataFormat.get(); }
-
-std::uint64_t KXMemberPanelChart::obtainItemCount() const
+std::uint64_t KXMemberPanelChart::obtainGroupCount() const
 {
-    return _showsMembers() && getMeasureCount() > 0 ? getMemberCount(0) : getMeasureCount();
+    return getDimensionCount() > 0 && getMeasureCount() > 0 ? getMemberCount(_obtainGroupDimension())
+                                                            : getMeasureCount();
 }
 
-KXIndexPath KXMemberPanelChart::_obtainItemPath(std::uint64_t item) const
+std::string KXMemberPanelChart::obtainGroupName(std::uint64_t group)
 {
-    return _showsMembers() ? KXIndexPath{0, item} : KXIndexPath{item, 0};
-}
-
-double KXMemberPanelChart::obtainItemValue(std::uint64_t item) const
-{
-    if (item >= obtainItemCount())
-        return std::numeric_limits<double>::quiet_NaN();
-    return _showsMembers() ? getValue(0, item) : getValue(item, 0);
-}
-
-std::string KXMemberPanelChart::obtainItemName(std::uint64_t item)
-{
-    if (!_showsMembers())
-        return getMeasureLabel(item);
+    if (getDimensionCount() == 0)
+        return getMeasureLabel(group);
     const UXObjectWatcher self(this);
-    const std::string text = obtainMemberText(0, item);
-    const bool isMissing = self.isAlive() && item < getMemberCount(0) && !hasMemberText(0, item);
+    const std::uint64_t dimension = _obtainGroupDimension();
+    const std::string text = obtainMemberText(dimension, group);
+    const bool isMissing = self.isAlive() && group < getMemberCount(dimension) &&
+                           !hasMemberText(dimension, group);
     return isMissing ? KXDataRequests::placeholder : text;
 }
 
-std::string KXMemberPanelChart::obtainItemValueText(std::uint64_t item) const
+UXColor KXMemberPanelChart::obtainGroupColor(std::uint64_t group) const
 {
-    const double value = obtainItemValue(item);
-    return std::isnan(value) ? std::string() : m_dataFormat->formatNumber(value);
+    return m_groups.obtainColor(group);
 }
 
-UXColor KXMemberPanelChart::obtainItemColor(std::uint64_t item) const
-{
-    if (item < m_itemColors.size())
-        return m_itemColors[item];
-    const std::vector<UXColor> colors = getDefaultColors();
-    return colors[item % colors.size()];
-}
+bool KXMemberPanelChart::isGroupShown(std::uint64_t group) const { return m_groups.isShown(group); }
 
-bool KXMemberPanelChart::isItemShown(std::uint64_t item) const
+void KXMemberPanelChart::setGroupShown(std::uint64_t group, bool shown)
 {
-    return item < m_isOn.size() && m_isOn[item] && !std::isnan(obtainItemValue(item));
-}
-
-void KXMemberPanelChart::setItemShown(std::uint64_t item, bool shown)
-{
-    if (item >= m_isOn.size() || m_isOn[item] == shown)
-        return;
     const UXObjectWatcher self(this);
-    const std::string name = obtainItemName(item);
-    if (!self.isAlive() || item >= m_isOn.size())
+    const std::string name = obtainGroupName(group);
+    if (!self.isAlive() || !m_groups.setShown(group, name, shown))
         return;
-    m_isOn[item] = shown;
-    if (shown)
-        m_namesOff.erase(name);
-    else
-        m_namesOff.insert(name);
     updateLegendColor();
     getItems()->forgetPointer();
     if (self.isAlive())
         setRequireToVerifyLayout(true, true);
 }
 
-std::vector<KXChartItem> KXMemberPanelChart::_obtainShownItems() const
+std::uint64_t KXMemberPanelChart::obtainIndexCount() const
 {
-    std::vector<KXChartItem> items;
-    for (std::uint64_t item = 0; item < obtainItemCount(); ++item)
-        if (isItemShown(item))
-            items.push_back(makeItem(item));
-    return items;
+    return getDimensionCount() > 1 ? getMemberCount(1 - _obtainGroupDimension()) : 1;
 }
 
-std::string KXMemberPanelChart::_obtainItemKind() const { return "Item"; }
+std::uint64_t KXMemberPanelChart::_obtainMember(const KXChartItem& item, std::uint64_t dimension) const
+{
+    return dimension == _obtainGroupDimension() ? item.group : item.index;
+}
 
-std::uint64_t KXMemberPanelChart::obtainLegendCellSize() { return obtainItemCount(); }
-std::string KXMemberPanelChart::obtainLegendLabel(std::uint64_t index) { return obtainItemName(index); }
+std::uint64_t KXMemberPanelChart::_obtainMeasure(const KXChartItem& item) const
+{
+    return getDimensionCount() > 0 ? 0 : item.group;
+}
+
+std::uint64_t KXMemberPanelChart::_obtainCell(const KXChartItem& item) const
+{
+    if (getDimensionCount() == 0)
+        return 0;
+    return getDimensionCount() > 1 ? _obtainMember(item, 0) * getMemberCount(1) + _obtainMember(item, 1)
+                                   : item.group;
+}
+
+KXIndexPath KXMemberPanelChart::_obtainValuePath(const KXChartItem& item) const
+{
+    return obtainValuePath(_obtainMeasure(item), _obtainCell(item));
+}
+
+double KXMemberPanelChart::obtainItemValue(const KXChartItem& item) const
+{
+    if (item.group >= obtainGroupCount() || item.index >= obtainIndexCount())
+        return std::numeric_limits<double>::quiet_NaN();
+    return getValue(_obtainMeasure(item), _obtainCell(item));
+}
+
+std::string KXMemberPanelChart::obtainItemValueText(const KXChartItem& item) const
+{
+    const double value = obtainItemValue(item);
+    return std::isnan(value) ? std::string() : m_dataFormat->formatNumber(value);
+}
+
+void KXMemberPanelChart::_requestLabels(const KXLabelPlacer&, std::vector<KXLabelRequest>&) const {}
+
+UXColor KXMemberPanelChart::_obtainItemColor(const KXChartItem& item) const
+{
+    return obtainGroupColor(item.group);
+}
+
+std::vector<UXColor> KXMemberPanelChart::_obtainUsualColors() const { return getDefaultColors(); }
+std::string KXMemberPanelChart::_obtainItemKind() const { return "Item"; }
+std::uint64_t KXMemberPanelChart::_obtainGroupDimension() const { return 0; }
+void KXMemberPanelChart::_paintOverItems(UXPainter&) const {}
+
+std::uint64_t KXMemberPanelChart::obtainLegendCellSize() { return obtainGroupCount(); }
+std::string KXMemberPanelChart::obtainLegendLabel(std::uint64_t index) { return obtainGroupName(index); }
 
 bool KXMemberPanelChart::obtainLegendSymbolColor(std::uint64_t index, UXColor& color)
 {
-    color = obtainLegendCellIsOn(index) ? obtainItemColor(index) : offColor;
+    color = m_groups.obtainSymbolColor(index);
     return true;
 }
 
 std::vector<KXObjectID> KXMemberPanelChart::obtainLegendCellObjectID(std::uint64_t index)
 {
-    return obtainItemObjectIDs(makeItem(index));
+    return {KXObjectID::instance().path(kxCreateObjectIDPath(_obtainItemKind())).index(index)};
 }
 
-bool KXMemberPanelChart::obtainLegendCellIsOn(std::uint64_t index)
-{
-    return index < m_isOn.size() && m_isOn[index];
-}
+bool KXMemberPanelChart::obtainLegendCellIsOn(std::uint64_t index) { return isGroupShown(index); }
 
 void KXMemberPanelChart::legendCellClicked(std::uint64_t index, const UXEvent&)
 {
     if (isInteractionEnabled())
-        setItemShown(index, !obtainLegendCellIsOn(index));
+        setGroupShown(index, !isGroupShown(index));
 }
 
 void KXMemberPanelChart::legendCellHovered(std::uint64_t index, bool hovered)
 {
-    if (hovered && isInteractionEnabled() && isItemShown(index))
-        getItems()->highlightGroup(index);
-    else if (getItems()->getHighlightedGroup() == index)
-        getItems()->highlightGroup(std::nullopt);
+    getItems()->hoverGroup(index, hovered && isGroupShown(index));
+}
+
+void KXMemberPanelChart::resetData()
+{
+    KXPanelChartDataUser::resetData();
+    m_groups.clear();
+    m_hostColors.clear();
 }
 
 void KXMemberPanelChart::customReloadData()
 {
     const UXObjectWatcher self(this);
-    std::vector<bool> isOn(obtainItemCount(), true);
-    // Names are asked for only where some are to be found again.
-    for (std::uint64_t item = 0; item < isOn.size() && !m_namesOff.empty(); ++item) {
-        const std::string name = obtainItemName(item);
+    std::vector<std::string> names;
+    for (std::uint64_t group = 0; m_groups.needsIdentities() && group < obtainGroupCount(); ++group) {
+        names.push_back(obtainGroupName(group));
         if (!self.isAlive())
             return;
-        isOn[item] = !m_namesOff.contains(name);
     }
-    m_isOn = std::move(isOn);
+    m_groups.reload(obtainGroupCount(), names);
 }
 
+/** Where a group has a single item, a colour of the item is the group's. */
 void KXMemberPanelChart::customReloadColors()
 {
-    const std::vector<UXColor> palette = getDefaultColors();
-    std::vector<UXColor> colors;
+    m_groups.setUsualColors(_obtainUsualColors());
+    const bool areSingle = getDimensionCount() < 2;
+    std::vector<std::optional<UXColor>> groupColors(obtainGroupCount());
+    std::unordered_map<std::uint64_t, UXColor> itemColors;
     const KXChartDataProviderUse use(*this);
-    for (std::uint64_t item = 0; item < obtainItemCount(); ++item) {
-        UXColor& color = colors.emplace_back(palette[item % palette.size()]);
-        if (use.isCurrent())
-            use.get()->obtainValueDataColor(this, _obtainItemPath(item), color);
+    for (std::uint64_t group = 0; group < groupColors.size(); ++group) {
+        UXColor color = m_groups.obtainColor(group);
+        if (use.isCurrent() && use.get()->obtainValueDataColorForGroup(this, group, color))
+            groupColors[group] = color;
+        for (std::uint64_t index = 0; use.isCurrent() && index < obtainIndexCount(); ++index) {
+            const KXChartItem item{0, group, index};
+            if (!use.get()->obtainValueDataColor(this, _obtainValuePath(item), color) || !use.isAlive())
+                continue;
+            if (areSingle)
+                groupColors[group] = color;
+            else
+                itemColors[_obtainCell(item)] = color;
+        }
         if (!use.isAlive())
             return;
     }
-    m_itemColors = std::move(colors);
+    m_groups.setHostColors(std::move(groupColors));
+    m_hostColors = std::move(itemColors);
 }
 
 void KXMemberPanelChart::reloadChartColors()
 {
     KXPanelChart::reloadChartColors();
-    updateLegendColor();
-    invalidate();
+    _updateColors();
+}
+
+void KXMemberPanelChart::_applyKeyEffect(UXPropertyEffect effect)
+{
+    const UXObjectWatcher self(this);
+    if (effect == UXPropertyEffect::Recolor)
+        _updateColors();
+    if (self.isAlive())
+        KXPanelChart::_applyKeyEffect(effect);
 }
 
 void KXMemberPanelChart::afterReloadData()
@@ -195,27 +242,69 @@ void KXMemberPanelChart::afterReloadData()
 UXRect KXMemberPanelChart::obtainHintArea(UXPoint point) { return getItems()->obtainHintArea(point); }
 KXChartDataPath* KXMemberPanelChart::createDataPath() { return getItems()->createActionPath(); }
 
+std::optional<KXChartItem> KXMemberPanelChart::obtainItemAt(UXPoint point) const
+{
+    const std::optional<std::size_t> found = m_laidOut.findAt(point);
+    return found ? std::optional(getLaidOutItems()[*found].item) : std::nullopt;
+}
+
+bool KXMemberPanelChart::hasItem(const KXChartItem& item) const
+{
+    return item.kind == 0 && isGroupShown(item.group) && !std::isnan(obtainItemValue(item));
+}
+
+std::vector<KXChartItem> KXMemberPanelChart::obtainItems() const
+{
+    std::vector<KXChartItem> items;
+    for (std::uint64_t index = 0; index < obtainIndexCount(); ++index)
+        for (const std::uint64_t group : m_groups.getShown())
+            if (hasItem({0, group, index}))
+                items.push_back({0, group, index});
+    return items;
+}
+
+UXRect KXMemberPanelChart::obtainItemRect(const KXChartItem& item) const
+{
+    const std::optional<std::size_t> found = m_laidOut.find(item);
+    if (!found)
+        return {};
+    const UXRect rect = uxSurroundingRect(getLaidOutItems()[*found].shape.getBounds());
+    return uxIntersectionRect(rect, m_layer->getDrawingRect());
+}
+
+std::optional<KXChartItem> KXMemberPanelChart::obtainItemBeside(const std::optional<KXChartItem>& from,
+                                                                KXChartItemStep step) const
+{
+    const std::optional<std::size_t> found = from ? m_laidOut.find(*from) : std::nullopt;
+    const std::optional<std::size_t> next = _obtainPlaceBeside(found, getLaidOutItems().size(), step);
+    return next ? std::optional(getLaidOutItems()[*next].item) : std::nullopt;
+}
+
 KXChartDataPath* KXMemberPanelChart::createItemPath(const KXChartItem& item)
 {
     auto* path = new KXChartDataPath;
     path->identifier = _obtainItemKind();
-    path->valueIndexPath = _obtainItemPath(item.group);
-    if (_showsMembers())
-        path->dimensionIndexPath = {0, item.group};
+    path->valueIndexPath = _obtainValuePath(item);
+    if (getDimensionCount() > 0)
+        path->dimensionIndexPath = {_obtainGroupDimension(), item.group};
     return path;
 }
 
-/** A value is named by its whole path, and a member by itself. */
+/** A value is named by its whole path, and all values of a member by the member. */
 std::vector<KXChartItem> KXMemberPanelChart::findItems(const KXChartDataPath& path)
 {
     const KXIndexPath& member = path.dimensionIndexPath;
     const bool namesValue = path.valueIndexPath.size() > 1;
-    if (_showsMembers() ? member.empty() && !path.identifier.empty() : !member.empty())
+    const bool hasMembers = getDimensionCount() > 0;
+    if (hasMembers ? member.empty() && !path.identifier.empty() : !member.empty())
         return {};
-    std::vector<KXChartItem> items = _obtainShownItems();
+    if (!namesValue && member.empty())
+        return {};
+    std::vector<KXChartItem> items = obtainItems();
     std::erase_if(items, [&](const KXChartItem& item) {
-        const bool isValue = !namesValue || path.valueIndexPath == _obtainItemPath(item.group);
-        const bool isMember = member.empty() ? namesValue : member == KXIndexPath{0, item.group};
+        const bool isValue = !namesValue || path.valueIndexPath == _obtainValuePath(item);
+        const bool isMember = member.empty() || (member.size() == 2 && member[0] < getDimensionCount() &&
+                                                 member[1] == _obtainMember(item, member[0]));
         return !isValue || !isMember;
     });
     return items;
@@ -223,7 +312,19 @@ std::vector<KXChartItem> KXMemberPanelChart::findItems(const KXChartDataPath& pa
 
 std::vector<KXObjectID> KXMemberPanelChart::obtainItemObjectIDs(const KXChartItem& item) const
 {
-    return {KXObjectID::instance().path(kxCreateObjectIDPath(_obtainItemKind())).index(item.group)};
+    KXObjectID id = KXObjectID::instance().path(kxCreateObjectIDPath(_obtainItemKind())).index(item.group);
+    if (getDimensionCount() > 1)
+        id = id.path(kxCreateObjectIDPath(std::string("Member"))).index(item.index);
+    return {id};
+}
+
+std::string KXMemberPanelChart::_obtainHintTitle(const KXChartItem& item)
+{
+    const UXObjectWatcher self(this);
+    std::string title = obtainGroupName(item.group);
+    if (self.isAlive() && getDimensionCount() > 1)
+        title += ", " + obtainMemberText(1 - _obtainGroupDimension(), item.index);
+    return title;
 }
 
 /** @return what the provider says about an item, or else its name and its value */
@@ -232,14 +333,181 @@ UXHintInfo KXMemberPanelChart::obtainItemHint(const KXChartItem& item)
     KXChartDataProviderHintData data;
     const KXChartDataProviderUse use(*this);
     if (auto* provider = use.as<KXPanelChartDataProvider>())
-        data = provider->obtainHintData(this, _obtainItemPath(item.group));
+        data = provider->obtainHintData(this, _obtainValuePath(item));
     if (!use.isAlive())
         return UXHintInfo(false);
     if (data.isEmpty()) {
-        data.title = obtainItemName(item.group);
+        data.title = _obtainHintTitle(item);
         if (!use.isAlive())
             return UXHintInfo(false);
-        data.value = obtainItemValueText(item.group);
+        data.value = obtainItemValueText(item);
     }
     return kxMakeHintInfo(data, UXHintInfo());
+}
+
+void KXMemberPanelChart::_customLayout(UXRect plotArea)
+{
+    const UXObjectWatcher self(this);
+    m_layer->setRect(getBoundingRect());
+    m_layer->setDrawingRect(plotArea);
+    m_labels.clear();
+    m_laidOut.set(_layoutItems(plotArea), UXDoubleRect(plotArea));
+    m_noDataLabel->update(plotArea, !getLaidOutItems().empty());
+    if (!self.isAlive() || !_loadNames())
+        return;
+    _placeLabels(plotArea);
+    _updateColors();
+}
+
+/** Takes the names that labels may show; those that are missing are asked for when the layout has ended, and
+ * laid out then. @return false where the host destroyed the chart */
+bool KXMemberPanelChart::_loadNames()
+{
+    const UXObjectWatcher self(this);
+    for (auto& names : m_names)
+        names.clear();
+    for (std::uint64_t dimension = 0; dimension < getDimensionCount(); ++dimension)
+        for (std::size_t i = 0; i < getLaidOutItems().size(); ++i) {
+            const std::uint64_t member = _obtainMember(getLaidOutItems()[i].item, dimension);
+            if (m_names[dimension].contains(member))
+                continue;
+            if (m_names[dimension].size() >= greatestNameCount)
+                break;
+            std::string name = obtainMemberText(dimension, member);
+            if (!self.isAlive())
+                return false;
+            m_names[dimension][member] = std::move(name);
+        }
+    return true;
+}
+
+std::string KXMemberPanelChart::_findName(const KXChartItem& item) const
+{
+    return getDimensionCount() > 0 ? _findMemberName(0, _obtainMember(item, 0)) : getMeasureLabel(item.group);
+}
+
+std::string KXMemberPanelChart::_findMemberName(std::uint64_t dimension, std::uint64_t member) const
+{
+    if (dimension >= m_names.size())
+        return {};
+    const auto found = m_names[dimension].find(member);
+    return found == m_names[dimension].end() ? std::string() : found->second;
+}
+
+KXLabelRequest KXMemberPanelChart::_makeLabelInside(const KXLabelPlacer& placer, std::size_t item,
+                                                    const std::string& text,
+                                                    const UXTextProperty& property) const
+{
+    const KXPanelItem& laidOut = getLaidOutItems()[item];
+    KXLabelRequest request{text, property, 0, false, item, {}};
+    request.property.align = UXTextAlign::Center;
+    const UXDoubleSize size = placer.measure(text, request.property);
+    const UXDoublePoint middle = laidOut.shape.obtainMiddle();
+    const UXDoubleRect rect(middle.x - size.width / 2, middle.y - size.height / 2, size.width, size.height);
+    if (laidOut.shape.holdsRect(rect))
+        request.candidates.push_back({rect, laidOut.color});
+    return request;
+}
+
+void KXMemberPanelChart::_placeLabels(const UXRect& area)
+{
+    constexpr double gap = 3; // between two in one line
+    KXLabelPlacer placer(UXDoubleRect(area), gap);
+    std::vector<KXLabelRequest> requests;
+    _requestLabels(placer, requests);
+    for (KXPlacedLabel& placed : placer.place(requests)) {
+        const std::size_t item = requests[placed.request].mark;
+        m_labels.push_back({std::move(placed), item, {}});
+    }
+}
+
+void KXMemberPanelChart::_updateColors()
+{
+    m_groups.setUsualColors(_obtainUsualColors());
+    for (KXPanelItem& item : m_laidOut.getAll()) {
+        const auto own = m_hostColors.find(_obtainCell(item.item));
+        item.color = own == m_hostColors.end() ? _obtainItemColor(item.item) : own->second;
+    }
+    for (Label& label : m_labels)
+        if (label.placed.isOnGround)
+            label.placed.property.textColor = kxObtainReadableColor(getLaidOutItems()[label.item].color);
+    updateLegendColor();
+    _updateLooks();
+}
+
+void KXMemberPanelChart::_updateLook(KXPanelItem& item) const
+{
+    item.look = getItems()->obtainLook(item.item, item.color);
+}
+
+void KXMemberPanelChart::_updateLabelLook(Label& label) const
+{
+    const UXColor& color = label.placed.property.textColor;
+    if (label.item < getLaidOutItems().size())
+        label.drawnColor = getItems()->obtainDrawnColor(getLaidOutItems()[label.item].item, color,
+                                                        KXInteractionEffectTarget::NonFilled);
+    else
+        label.drawnColor = color;
+}
+
+void KXMemberPanelChart::_updateLooks()
+{
+    for (KXPanelItem& item : m_laidOut.getAll())
+        _updateLook(item);
+    for (Label& label : m_labels)
+        _updateLabelLook(label);
+    m_layer->addDirtyRect(m_layer->getDrawingRect());
+}
+
+void KXMemberPanelChart::itemLooksChanged() { _updateLooks(); }
+
+void KXMemberPanelChart::itemLookChanged(const KXChartItem& item)
+{
+    const std::optional<std::size_t> found = m_laidOut.find(item);
+    if (!found)
+        return;
+    const auto repaint = [&] {
+        const KXPanelItem& drawn = getLaidOutItems()[*found];
+        const UXDoubleRect bounds = drawn.shape.obtainScaled(drawn.look.sizeRatio).getBounds();
+        m_layer->addDirtyRect(uxSurroundingRect(uxInflateDoubleRect(bounds, 1.0, 1.0)));
+    };
+    repaint(); // where it was drawn
+    _updateLook(m_laidOut.getAll()[*found]);
+    repaint();
+    for (Label& label : m_labels)
+        if (label.item == *found) {
+            _updateLabelLook(label);
+            m_layer->addDirtyRect(uxSurroundingRect(label.placed.rect));
+        }
+}
+
+/** What stands out by more than its colour reaches over the others. */
+void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect) const
+{
+    const auto isSeen = [&](const UXDoubleRect& bounds) {
+        return uxIntersectsRect(uxSurroundingRect(bounds), dirtyRect);
+    };
+    for (const bool standsOut : {false, true})
+        for (const KXPanelItem& item : getLaidOutItems()) {
+            if (item.look.standsOut() != standsOut)
+                continue;
+            const KXPanelShape shape = standsOut ? item.shape.obtainScaled(item.look.sizeRatio) : item.shape;
+            if (!isSeen(shape.getBounds()))
+                continue;
+            painter.setColor(item.look.fill);
+            shape.fill(painter);
+            if (item.look.line.alpha <= 0)
+                continue;
+            painter.setColor(item.look.line);
+            painter.setLineWidth(1);
+            shape.stroke(painter);
+        }
+    _paintOverItems(painter);
+    for (const Label& label : m_labels) {
+        if (!isSeen(label.placed.rect))
+            continue;
+        UXTextProperty property = label.placed.property;
+        property.textColor = label.drawnColor;
+        painter.drawText(label.placed.text, label.placed.rect, property);
+    }
 }

@@ -1,26 +1,40 @@
 #pragma once
 
 #include "kx_chart_data_action.h"
+#include "kx_chart_groups.h"
+#include "kx_label_placer.h"
 #include "kx_panel_chart.h"
 #include "kx_panel_chart_data_user.h"
+#include "kx_panel_items.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_property_accessor.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <set>
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
-class KXChartDataFormat;
+class KXDrawingLayer;
+class KXNoDataLabel;
 
 /**
- * A panel with one item for each member of dimension 0, of the first measure; without a dimension one for
- * each measure. It knows the items' names, colours, values, paths, hints and legend, and which of them the
- * user has switched off. Items are KXChartItem{0, i, 0}.
+ * A panel of shapes: one for each value of the first measure over the members of one or two dimensions, or
+ * one for each measure where there is no dimension. The members of one dimension, or the measures, are the
+ * groups, which have the colours, stand in the legend and can be switched off there.
  *
- * A chart type lays out in _customLayout, draws in _paintUnderChildren what it has laid out, with
- * KXChartItems::obtainDrawnColor, and answers obtainItemAt and obtainItemRect.
+ * KXChartItem{0, group, index} is the item of a group at a member of the other dimension, 0 without one.
+ *
+ * A kind has a key table, and says where its items lie (_layoutItems) and what is written there
+ * (_requestLabels). The rest is made of that in steps, each of which is taken alone where nothing before it
+ * has changed:
+ *
+ *     layout       shapes and labels
+ *     colours      of groups, items, and of labels on items
+ *     highlight    how all look just now
+ *     paint        reads what the steps before have made
  */
 class KX_EXPORT KXMemberPanelChart : public KXPanelChart,
                                      public KXPanelChartDataUser,
@@ -31,25 +45,30 @@ public:
     KXMemberPanelChart();
     ~KXMemberPanelChart() override;
 
-    /** @return how values are written; made and destroyed by the chart, never null */
-    KXChartDataFormat* getDataFormat() const;
+    /** The chart's properties by key, which those of a kind follow. */
+    static const UXPropertyTable& obtainPropertyTable();
 
-    // Items; of one past the count there is neither name nor value
-    std::uint64_t obtainItemCount() const;
-    /** @return NaN where the item has none */
-    double obtainItemValue(std::uint64_t item) const;
+    // Groups
+    std::uint64_t obtainGroupCount() const;
     /** @return the member's text or the measure's label. The provider may be asked, which may destroy the
      * chart. */
-    std::string obtainItemName(std::uint64_t item);
-    std::string obtainItemValueText(std::uint64_t item) const;
-    /** @return the host's colour, else the palette's */
-    UXColor obtainItemColor(std::uint64_t item) const;
-    /** @return whether the item is drawn: it has a value, and the user has not switched it off */
-    bool isItemShown(std::uint64_t item) const;
-    /** Draws an item or leaves it out. It is known by its name, so that it stays so among new data. */
-    void setItemShown(std::uint64_t item, bool shown);
+    std::string obtainGroupName(std::uint64_t group);
+    /** @return the host's colour, else the user's, else the palette's */
+    UXColor obtainGroupColor(std::uint64_t group) const;
+    bool isGroupShown(std::uint64_t group) const;
+    /** Draws a group or leaves it out. It is known by its name, so that it stays so among new data. */
+    void setGroupShown(std::uint64_t group, bool shown);
 
-    // From KXLegendDelegate: one cell per item
+    // Items
+    /** @return how many items a group has at most: the members of the other dimension */
+    std::uint64_t obtainIndexCount() const;
+    /** @return NaN where there is no such item or it has none */
+    double obtainItemValue(const KXChartItem& item) const;
+    std::string obtainItemValueText(const KXChartItem& item) const;
+    /** @return what is laid out, in the order in which one reads it */
+    const std::vector<KXPanelItem>& getLaidOutItems() const { return m_laidOut.getAll(); }
+
+    // From KXLegendDelegate: one cell per group
     std::uint64_t obtainLegendCellSize() override;
     std::string obtainLegendLabel(std::uint64_t index) override;
     bool obtainLegendSymbolColor(std::uint64_t index, UXColor& color) override;
@@ -59,6 +78,7 @@ public:
     void legendCellHovered(std::uint64_t index, bool hovered) override;
 
     // From KXChartDataUser, KXChart, UXHintDelegate and KXChartDataAction
+    void resetData() override;
     void customReloadData() override;
     void customReloadColors() override;
     void reloadChartColors() override;
@@ -67,22 +87,77 @@ public:
     KXChartDataPath* createDataPath() override;
 
     // From KXChartItemsDelegate
+    std::optional<KXChartItem> obtainItemAt(UXPoint point) const override;
+    bool hasItem(const KXChartItem& item) const override;
+    std::vector<KXChartItem> obtainItems() const override;
+    UXRect obtainItemRect(const KXChartItem& item) const override;
+    std::optional<KXChartItem> obtainItemBeside(const std::optional<KXChartItem>& from,
+                                                KXChartItemStep step) const override;
     KXChartDataPath* createItemPath(const KXChartItem& item) override;
     std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
     std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
+    void itemLookChanged(const KXChartItem& item) override;
+    void itemLooksChanged() override;
 
 protected:
-    std::vector<KXChartItem> _obtainShownItems() const override;
-    /** @return what an item is called in paths and identifiers: "Slice" */
+    // What a kind answers
+    /** @return the items that have a place in area, with their shapes, in the order in which one reads them
+     */
+    virtual std::vector<KXPanelItem> _layoutItems(const UXRect& area) = 0;
+    /** Adds what is to be written; by default nothing. The mark of a request is the index of a laid-out item,
+     * or none. */
+    virtual void _requestLabels(const KXLabelPlacer& placer, std::vector<KXLabelRequest>& requests) const;
+    /** @return the colour of an item that the host gives none; by default its group's */
+    virtual UXColor _obtainItemColor(const KXChartItem& item) const;
+    /** @return the colours that groups take in turn; by default the palette */
+    virtual std::vector<UXColor> _obtainUsualColors() const;
+    /** @return what an item is called in paths and identifiers; by default "Item" */
     virtual std::string _obtainItemKind() const;
+    /** @return the dimension whose members are the groups; by default 0 */
+    virtual std::uint64_t _obtainGroupDimension() const;
+    /** Draws what belongs to no item, over the items and below the labels; by default nothing. */
+    virtual void _paintOverItems(UXPainter& painter) const;
+
+    // What a kind calls
+    /** @return the texts of the members that are laid out, and the measures' labels; empty where one is still
+     * to come */
+    std::string _findName(const KXChartItem& item) const;
+    std::string _findMemberName(std::uint64_t dimension, std::uint64_t member) const;
+    /** @return a request for one line in the middle of an item, left out where it does not fit there */
+    KXLabelRequest _makeLabelInside(const KXLabelPlacer& placer, std::size_t item, const std::string& text,
+                                    const UXTextProperty& property) const;
+
+    void _customLayout(UXRect plotArea) override;
+    void _applyKeyEffect(UXPropertyEffect effect) override;
 
 private:
-    bool _showsMembers() const { return getDimensionCount() > 0; }
-    KXIndexPath _obtainItemPath(std::uint64_t item) const;
+    struct Label {
+        KXPlacedLabel placed;
+        std::size_t item; // an index, noOwner for none
+        UXColor drawnColor;
+    };
 
-    std::unique_ptr<KXChartDataFormat> m_dataFormat;
-    std::vector<UXColor> m_itemColors;
-    std::vector<bool> m_isOn; // by item
-    std::set<std::string> m_namesOff;
+    /** @return the item's member of a dimension */
+    std::uint64_t _obtainMember(const KXChartItem& item, std::uint64_t dimension) const;
+    std::uint64_t _obtainMeasure(const KXChartItem& item) const;
+    std::uint64_t _obtainCell(const KXChartItem& item) const;
+    KXIndexPath _obtainValuePath(const KXChartItem& item) const;
+    std::string _obtainHintTitle(const KXChartItem& item);
+    bool _loadNames();
+    void _placeLabels(const UXRect& area);
+    void _updateColors();
+    void _updateLook(KXPanelItem& item) const;
+    void _updateLabelLook(Label& label) const;
+    void _updateLooks();
+    void _paintItems(UXPainter& painter, const UXRect& dirtyRect) const;
+
+    KXDrawingLayer* m_layer;      // a child
+    KXNoDataLabel* m_noDataLabel; // a child
+    KXChartGroups m_groups;
+    std::unordered_map<std::uint64_t, UXColor> m_hostColors; // of items that have one of their own, by cell
+    KXPanelItems m_laidOut;
+    std::vector<Label> m_labels;
+    std::array<std::unordered_map<std::uint64_t, std::string>, greatestDimensionCount> m_names;
+    UXPropertyTableBinding m_panelPropertyBinding{*this, obtainPropertyTable()};
 };

@@ -1,16 +1,73 @@
 #include "kx_panel_chart.h"
 
+#include "kx_chart_data_format.h"
 #include "kx_chart_label.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_property_table.h"
 #include "ux/ux_rect_functions.h"
 
 #include <algorithm>
 
-KXPanelChart::KXPanelChart() = default;
-KXPanelChart::~KXPanelChart() = default;
+namespace {
+
+/** @return the tables of a chart below those of every chart, the most derived class's last */
+std::vector<const UXPropertyTable*> obtainTables(const KXChart& chart)
+{
+    std::vector<const UXPropertyTable*> tables;
+    for (const UXPropertyTable* table = UXPropertyTable::obtainTable(chart);
+         table && table != &KXChart::obtainPropertyTable(); table = table->getParent())
+        tables.insert(tables.begin(), table);
+    return tables;
+}
+
+} // namespace
+
+KXPanelChart::KXPanelChart() : m_dataFormat(std::make_unique<KXChartDataFormat>())
+{
+    m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
+}
+
+KXPanelChart::~KXPanelChart() { m_dataFormat->setUpdatedEvent({}); }
+
+KXChartDataFormat* KXPanelChart::getDataFormat() const { return m_dataFormat.get(); }
+
+void KXPanelChart::customSerialize()
+{
+    KXChart::customSerialize();
+    for (const UXPropertyTable* table : obtainTables(*this))
+        table->write(*this);
+}
+
+bool KXPanelChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    bool complete = KXChart::customDeserialize();
+    if (!self.isAlive())
+        return false;
+    for (const UXPropertyTable* table : obtainTables(*this))
+        complete = table->read(*this) && complete;
+    setRequireToVerifyLayout(true, true);
+    return complete;
+}
+
+void KXPanelChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
+{
+    auto* other = dynamic_cast<KXPanelChart*>(source);
+    if (!other || UXPropertyTable::obtainTable(*other) != UXPropertyTable::obtainTable(*this))
+        return;
+    const UXObjectWatcher self(this), sourceWatcher(source);
+    if (groups.contains("DataFormat"))
+        m_dataFormat->customResetProperties(KXChartResetType::All, other->m_dataFormat.get(), groups);
+    const std::vector<const UXPropertyTable*> tables = self.isAlive() ? obtainTables(*this)
+                                                                      : std::vector<const UXPropertyTable*>();
+    for (const UXPropertyTable* table : tables)
+        if (self.isAlive() && sourceWatcher.isAlive())
+            _resetKeys(*table, type, *source, groups);
+}
 
 std::optional<KXChartItem> KXPanelChart::obtainItemAt(UXPoint point) const
 {
-    for (const KXChartItem& item : _obtainShownItems()) {
+    for (const KXChartItem& item : obtainItems()) {
         const KXChartLabel* label = obtainItemLabel(item);
         if (label && label->getVisible() && uxPointInRect(point, label->getRect()))
             return item;
@@ -20,7 +77,7 @@ std::optional<KXChartItem> KXPanelChart::obtainItemAt(UXPoint point) const
 
 bool KXPanelChart::hasItem(const KXChartItem& item) const
 {
-    return std::ranges::count(_obtainShownItems(), item) > 0;
+    return std::ranges::count(obtainItems(), item) > 0;
 }
 
 UXRect KXPanelChart::obtainItemRect(const KXChartItem& item) const
@@ -32,19 +89,28 @@ UXRect KXPanelChart::obtainItemRect(const KXChartItem& item) const
 std::optional<KXChartItem> KXPanelChart::obtainItemBeside(const std::optional<KXChartItem>& from,
                                                           KXChartItemStep step) const
 {
+    const std::vector<KXChartItem> items = obtainItems();
+    const auto found = from ? std::ranges::find(items, *from) : items.end();
+    const auto place = found == items.end() ? std::nullopt
+                                            : std::optional(static_cast<std::size_t>(found - items.begin()));
+    const std::optional<std::size_t> next = _obtainPlaceBeside(place, items.size(), step);
+    return next ? std::optional(items[*next]) : std::nullopt;
+}
+
+std::optional<std::size_t> KXPanelChart::_obtainPlaceBeside(const std::optional<std::size_t>& from,
+                                                            std::size_t count, KXChartItemStep step)
+{
     using enum KXChartItemStep;
-    const std::vector<KXChartItem> items = _obtainShownItems();
-    if (items.empty())
+    if (count == 0)
         return std::nullopt;
     if (step == First || step == Last)
-        return step == First ? items.front() : items.back();
-    const auto found = from ? std::ranges::find(items, *from) : items.end();
-    if (found == items.end())
+        return step == First ? 0 : count - 1;
+    if (!from)
         return std::nullopt;
     const bool isBack = step == Previous || step == Left || step == Up;
-    if (isBack ? found == items.begin() : found + 1 == items.end())
+    if (isBack ? *from == 0 : *from + 1 >= count)
         return std::nullopt;
-    return isBack ? *(found - 1) : *(found + 1);
+    return isBack ? *from - 1 : *from + 1;
 }
 
 std::vector<KXObjectID> KXPanelChart::obtainItemObjectIDs(const KXChartItem& item) const
@@ -56,7 +122,7 @@ std::vector<KXObjectID> KXPanelChart::obtainItemObjectIDs(const KXChartItem& ite
 std::vector<KXChartLabel*> KXPanelChart::obtainItemLabels() const
 {
     std::vector<KXChartLabel*> labels;
-    for (const KXChartItem& item : _obtainShownItems())
+    for (const KXChartItem& item : obtainItems())
         if (KXChartLabel* label = obtainItemLabel(item))
             labels.push_back(label);
     return labels;

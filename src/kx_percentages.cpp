@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <numeric>
 
 namespace {
@@ -53,13 +52,14 @@ std::vector<double> kxObtainPercentages(std::span<const double> values, int deci
     }
     std::vector<std::size_t> order(values.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(order, std::ranges::greater(), [&](std::size_t i) { return losses[i]; });
-    for (const std::size_t i : order) {
-        if (left < 1)
-            break;
-        ++percentages[i];
-        --left;
-    }
+    const auto missing = std::min(static_cast<std::size_t>(std::max(left, 0.0)), order.size());
+    const auto first = order.begin(), last = first + static_cast<std::ptrdiff_t>(missing);
+    const auto losesMore = [&](std::size_t a, std::size_t b) {
+        return losses[a] != losses[b] ? losses[a] > losses[b] : a < b;
+    };
+    if (last != order.end())
+        std::nth_element(first, last, order.end(), losesMore);
+    std::for_each(first, last, [&](std::size_t i) { ++percentages[i]; });
     for (double& percentage : percentages)
         percentage /= units;
     return percentages;

@@ -12,7 +12,7 @@ constexpr UXColor lightTextColor(255, 255, 255);
 UXColor kxObtainReadableColor(const UXColor& background)
 {
     // What is seen through a translucent colour is taken to be white, as the light text is.
-    const double onDark = uxObtainContrast(background, lightTextColor);
-    const double onLight = uxObtainContrast(darkTextColor, lightTextColor) / onDark;
-    return onLight >= onDark ? darkTextColor : lightTextColor;
+    const UXColor ground = uxLayColorOver(background, lightTextColor);
+    const bool isDark = uxObtainContrast(darkTextColor, ground) >= uxObtainContrast(lightTextColor, ground);
+    return uxMakeReadableColor(isDark ? darkTextColor : lightTextColor, ground);
 }

@@ -32,7 +32,7 @@ constexpr KXChartItem valueItem{};
 
 KXValueChart::KXValueChart()
     : KXValueChartDataUser(this), UXPropertyAccessor(this), UXHintDelegate(this), KXChartDataAction(this),
-      m_valueLabel(new KXChartLabel), m_dataFormat(std::make_unique<KXChartDataFormat>())
+      m_valueLabel(new KXChartLabel)
 {
     addChild(m_valueLabel);
     _makeItems(*this, *this, *this, *this);
@@ -40,16 +40,10 @@ KXValueChart::KXValueChart()
     UXTextProperty title = getChartProperty()->getTitleProperty();
     title.textColor = UXColor(120, 120, 120, 1.0);
     getChartProperty()->setTitleProperty(title);
-    m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
 }
 
-KXValueChart::~KXValueChart()
-{
-    _leaveView();
-    m_dataFormat->setUpdatedEvent({});
-}
+KXValueChart::~KXValueChart() { _leaveView(); }
 
-KXChartDataFormat* KXValueChart::getDataFormat() const { return m_dataFormat.get(); }
 KXChartLabel* KXValueChart::getValueLabel() const { return m_valueLabel; }
 
 void KXValueChart::_applyKeyEffect(UXPropertyEffect effect)
@@ -89,7 +83,7 @@ void KXValueChart::itemLooksChanged() {} // the label says so itself
 
 KXChartLabel* KXValueChart::obtainItemLabel(const KXChartItem&) const { return m_valueLabel; }
 
-std::vector<KXChartItem> KXValueChart::_obtainShownItems() const
+std::vector<KXChartItem> KXValueChart::obtainItems() const
 {
     return std::vector<KXChartItem>(m_valueLabel->getVisible() ? 1 : 0, valueItem);
 }
@@ -99,7 +93,7 @@ std::vector<KXChartItem> KXValueChart::findItems(const KXChartDataPath& path)
     // What belongs to a member of a dimension is not this value, though it may stand in the same cell.
     const bool namesValue = path.valueIndexPath.empty() ? path.identifier == m_valueLabel->getIdentifier()
                                                         : path.valueIndexPath == KXIndexPath{0, 0};
-    return namesValue && path.dimensionIndexPath.empty() ? _obtainShownItems() : std::vector<KXChartItem>();
+    return namesValue && path.dimensionIndexPath.empty() ? obtainItems() : std::vector<KXChartItem>();
 }
 
 /** @return what the provider says about the value, or else its name and what the label shows */
@@ -210,18 +204,6 @@ UXDoubleSize KXValueChart::_fitFont(const std::string& text, UXTextProperty& pro
     return measure(fontSize);
 }
 
-void KXValueChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
-{
-    const auto* other = dynamic_cast<const KXValueChart*>(source);
-    if (!other)
-        return;
-    const UXObjectWatcher self(this), sourceWatcher(source);
-    if (groups.contains("DataFormat"))
-        m_dataFormat->customResetProperties(KXChartResetType::All, other->m_dataFormat.get(), groups);
-    if (self.isAlive() && sourceWatcher.isAlive())
-        _resetKeys(obtainPropertyTable(), type, *source, groups);
-}
-
 KX_DEFINE_CHART_KEYS(KXValueChart, KX_VALUE_CHART_KEYS)
 
 const UXPropertyTable& KXValueChart::obtainPropertyTable()
@@ -236,18 +218,4 @@ const UXPropertyTable& KXValueChart::obtainPropertyTable()
     return table;
 }
 
-void KXValueChart::customSerialize()
-{
-    KXPanelChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
 std::string KXValueChart::customSerializeTypeID() { return "KXValueChart"; }
-
-bool KXValueChart::customDeserialize()
-{
-    bool complete = KXPanelChart::customDeserialize();
-    complete = obtainPropertyTable().read(*this) && complete;
-    setRequireToVerifyLayout(true, true);
-    return complete;
-}

@@ -10,11 +10,9 @@
 #include "ux/ux_text_align.h"
 #include "ux/ux_text_property.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
-class KXChartDataFormat;
 class UXLayoutHelper;
 
 // type, name, member and JSON key, default, reset, effect, meaning; a part and the data format stand before
@@ -41,19 +39,16 @@ public:
     ~KXValueChart() override;
 
     // Properties
-    /** @return how the value is written; made and destroyed by the chart, never null */
-    KXChartDataFormat* getDataFormat() const;
     /** @return the label that shows the value: a child, never null */
     KXChartLabel* getValueLabel() const;
 
     // From UXJsonObject, KXChart and KXChartDataAction
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
-    bool customDeserialize() override;
     void afterReloadData() override;
     KXChartDataPath* createDataPath() override;
 
     // From KXChartItemsDelegate: the value is the one item
+    std::vector<KXChartItem> obtainItems() const override;
     KXChartDataPath* createItemPath(const KXChartItem& item) override;
     std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
@@ -62,9 +57,7 @@ public:
 
 protected:
     void _applyKeyEffect(UXPropertyEffect effect) override;
-    std::vector<KXChartItem> _obtainShownItems() const override;
     void _customLayout(UXRect plotArea) override;
-    void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
 private:
     std::string _customLayout_Number() const;
@@ -76,5 +69,4 @@ private:
     UXDoubleSize _fitFont(const std::string& text, UXTextProperty& property, const UXRect& plotArea) const;
 
     KXChartLabel* m_valueLabel; // a child
-    std::unique_ptr<KXChartDataFormat> m_dataFormat;
 };

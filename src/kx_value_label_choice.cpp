@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -33,8 +32,6 @@ KXSeriesFacts kxObtainSeriesFacts(std::span<const double> values)
             facts.least = i;
         if (values[i] > values[facts.greatest])
             facts.greatest = i;
-        facts.magnitude = std::min(facts.magnitude + std::abs(values[i]),
-                                   (std::numeric_limits<double>::max)());
     }
     return facts;
 }

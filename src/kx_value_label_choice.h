@@ -10,7 +10,6 @@
 struct KXSeriesFacts {
     std::uint64_t first = 0, last = 0;     /**< categories of the first and the last value */
     std::uint64_t least = 0, greatest = 0; /**< of the extremes, of several equal ones the first */
-    double magnitude = 0;                  /**< the sum of all, without their signs; saturated */
 };
 
 /** @param values NaN for a null */

@@ -1,5 +1,6 @@
 #include "kx_value_label_texts.h"
 
+#include "kx_percentages.h"
 #include "kx_xy_axis_chart.h"
 
 #include <algorithm>
@@ -7,9 +8,16 @@
 
 namespace {
 
-constexpr double whole = 100;
+/** Of a percentage. */
+constexpr int decimals = 1;
 
 } // namespace
+
+void KXValueLabelTexts::clear()
+{
+    m_facts.clear();
+    m_percentages.clear();
+}
 
 const KXSeriesFacts& KXValueLabelTexts::obtainFacts(const KXXYAxisChart& chart,
                                                     const KXAxisChartStacks& source, std::size_t position)
@@ -25,22 +33,39 @@ const KXSeriesFacts& KXValueLabelTexts::obtainFacts(const KXXYAxisChart& chart,
     return m_facts[position];
 }
 
-double KXValueLabelTexts::obtainPercentage(const KXXYAxisChart& chart, const KXAxisChartStacks& source,
-                                           const KXAxisChartMark& mark, std::size_t position)
+double KXValueLabelTexts::_obtainPercentage(const KXXYAxisChart& chart, const KXAxisChartStacks& source,
+                                            const KXAxisChartMark& mark, std::size_t position)
 {
-    const double all = source.form == KXAxisChartStacking::Plain
-                           ? obtainFacts(chart, source, position).magnitude
-                           : source.obtainMagnitude(mark.category);
-    return all > 0 ? whole * (std::abs(source.obtainValue(position, mark.category)) / all) : 0;
+    std::vector<double> parts;
+    if (source.form != KXAxisChartStacking::Plain) {
+        for (std::size_t i = 0; i < source.series.size(); ++i)
+            parts.push_back(std::abs(source.obtainValue(i, mark.category)));
+        return kxObtainPercentages(parts, decimals)[position];
+    }
+    std::vector<double>& percentages = m_percentages[mark.series];
+    if (percentages.empty()) {
+        const std::uint64_t count = std::min<std::uint64_t>(source.series[position].values.size(),
+                                                            chart.obtainShownCategoryCount());
+        for (std::uint64_t category = 0; category < count; ++category)
+            parts.push_back(std::abs(source.obtainValue(position, category)));
+        percentages = kxObtainPercentages(parts, decimals);
+    }
+    return mark.category < percentages.size() ? percentages[mark.category] : 0;
+}
+
+std::string KXValueLabelTexts::obtainPercentageText(const KXXYAxisChart& chart,
+                                                    const KXAxisChartStacks& source,
+                                                    const KXAxisChartMark& mark, std::size_t position)
+{
+    return kxFormatPartOfWhole(_obtainPercentage(chart, source, mark, position),
+                               std::abs(source.obtainValue(position, mark.category)), decimals);
 }
 
 std::string KXValueLabelTexts::obtainText(KXXYAxisChart& chart, const KXAxisChartStacks& source,
                                           const KXAxisChartMark& mark, std::size_t position,
                                           KXAxisChartLabelDisplayOption option)
 {
-    const auto obtainPart = [&] {
-        return chart.formatPercentage(obtainPercentage(chart, source, mark, position));
-    };
+    const auto obtainPart = [&] { return obtainPercentageText(chart, source, mark, position); };
     const std::string value = chart.obtainValueText(mark.series, source.obtainValue(position, mark.category));
     switch (option) {
     case KXAxisChartLabelDisplayOption::ValueOnly:

@@ -73,9 +73,11 @@ TEST_F(KXBarChartTest, Labels)
     using Option = KXAxisChartValueOption;
     const Case cases[] = {
         {"values", Plain, Display::ValueOnly, Option::All, true, true, "-10 20 30 60 red "},
-        {"of a series", Plain, Display::PercentageOnly, Option::MaxOnly, false, false, "50% 66.7% "},
-        {"of a stack", Stacked, Display::PercentageOnly, Option::MaxOnly, false, false, "100% 85.7% "},
-        {"both", Plain, Display::ValueAndPercentage, Option::NegativeOnly, false, false, "-10 (16.7%) "},
+        {"of a series", Plain, Display::PercentageOnly, Option::MaxOnly, false, false, "50.0 % 66.7 % "},
+        {"of a stack", Stacked, Display::PercentageOnly, Option::MaxOnly, false, false, "100.0 % 85.7 % "},
+        {"adding up", Plain, Display::PercentageOnly, Option::All, false, false,
+         "16.7 % 33.3 % 33.3 % 50.0 % 66.7 % "},
+        {"both", Plain, Display::ValueAndPercentage, Option::NegativeOnly, false, false, "-10 (16.7 %) "},
         {"titles", Plain, Display::Title, Option::MinOnly, false, false, "s0 s1 "},
         {"totals", Stacked, Display::ValueOnly, Option::MinOnly, true, false, "-10 30 30 50 50 "},
     };
@@ -192,7 +194,7 @@ TEST_F(KXBarChartTest, HintTellsPartsAndTotals)
     EXPECT_EQ(info.footerRows[0].value, "80");
     info = hoverFirst(KXAxisChartStacking::Percentage);
     ASSERT_EQ(info.rows.size(), 2);
-    EXPECT_EQ(info.rows[1].value, "20 (25%)");
+    EXPECT_EQ(info.rows[1].value, "20 (25.0 %)");
     EXPECT_TRUE(info.footerRows.empty());
 }
 

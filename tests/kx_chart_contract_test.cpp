@@ -7,6 +7,8 @@
 #include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_json_object_factory.h"
 #include "kx_line_chart_options.h"
+#include "kx_panel_chart_data_provider.h"
+#include "kx_slice_chart.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
 #include "kx_value_chart.h"
@@ -29,7 +31,7 @@ namespace {
 constexpr int viewWidth = 480, viewHeight = 320;
 
 /** Answers every kind, counts what it is asked, and can do something in the middle of an answer. */
-class Host : public KXTableDataProvider {
+class Host : public KXTableDataProvider, public KXPanelChartDataProvider {
 public:
     int questions = 0;
     std::function<void()> whenAsked;
@@ -82,6 +84,15 @@ private:
     }
 };
 
+/** Makes a panel of shapes as well, as kinds to come stand on it. */
+class Factory : public KXJsonObjectFactory {
+public:
+    UXJsonObject* customCreate(const std::string& type) override
+    {
+        return type == "KXSliceChart" ? new KXSliceChart : KXJsonObjectFactory::customCreate(type);
+    }
+};
+
 /** A chart with all that a host registers in its view. */
 class Board {
 public:
@@ -94,7 +105,7 @@ public:
         diagram.setRect({0, 0, viewWidth, viewHeight});
         diagram.registerGlobalEventDiagram(&hints);
         diagram.registerGlobalEventDiagram(&links);
-        std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(type));
+        std::unique_ptr<UXJsonObject> made(Factory().create(type));
         m_chart = UXObjectWatcher(dynamic_cast<KXChart*>(made.release()));
         getChart()->getChartProperty()->updateTitleValue("Title");
         getChart()->setRect(diagram.getRect());
@@ -173,7 +184,8 @@ private:
 /** Runs a test for each kind. */
 void forEachKind(const std::function<void(const std::string& type)>& test)
 {
-    const std::vector<std::string> types = KXJsonObjectFactory::obtainChartTypeNames();
+    std::vector<std::string> types = KXJsonObjectFactory::obtainChartTypeNames();
+    types.push_back("KXSliceChart");
     EXPECT_GE(types.size(), 3u);
     for (const std::string& type : types) {
         SCOPED_TRACE(type);
@@ -301,7 +313,7 @@ TEST(KXChartContract, IsReadBackAsItWasSaved)
                     [](const UXProperty& property, void* owner) { changeColor(property, owner); });
         board.load();
         const std::string saved = board.getChart()->serialize();
-        KXJsonObjectFactory factory;
+        Factory factory;
         EXPECT_TRUE(read.getChart()->deserialize(saved, &factory));
         EXPECT_EQ(read.getChart()->serialize(), saved);
         EXPECT_TRUE(read.getChart()->getDeserializedUnknownKeys().empty());

@@ -210,7 +210,7 @@ TEST_F(KXLineChartTest, Labels)
     const Case cases[] = {
         {"values", Display::ValueOnly, Option::All, "-10 20 30 60 red "},
         {"extremes", Display::ValueOnly, Option::MinMax, "-10 30 60 red "},
-        {"parts", Display::PercentageOnly, Option::MinOnly, "16.7% red "},
+        {"parts", Display::PercentageOnly, Option::MinOnly, "16.7 % red "},
         {"names beyond the ends", Display::Title, Option::LineEnds, "s0 s1 "},
     };
     provider.values = {{20, 30, -10}, {30, null, 60}};

@@ -25,16 +25,16 @@ UXColor mix(const UXColor& from, const UXColor& to, double share)
     return {between(from.red, to.red), between(from.green, to.green), between(from.blue, to.blue)};
 }
 
-UXColor layOver(const UXColor& color, const UXColor& ground)
+} // namespace
+
+UXColor uxLayColorOver(const UXColor& color, const UXColor& ground)
 {
     return mix(ground, color, std::isnan(color.alpha) ? 1 : std::clamp(color.alpha, 0.0, 1.0));
 }
 
-} // namespace
-
 double uxObtainContrast(const UXColor& color, const UXColor& ground)
 {
-    const double a = obtainLuminance(layOver(color, ground)), b = obtainLuminance(ground);
+    const double a = obtainLuminance(uxLayColorOver(color, ground)), b = obtainLuminance(ground);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
@@ -44,7 +44,7 @@ UXColor uxMakeReadableColor(const UXColor& color, const UXColor& ground)
         return color;
     const UXColor black(0, 0, 0), white(255, 255, 255);
     const bool darker = uxObtainContrast(black, ground) >= uxObtainContrast(white, ground);
-    const UXColor seen = layOver(color, ground), end = darker ? black : white;
+    const UXColor seen = uxLayColorOver(color, ground), end = darker ? black : white;
     UXColor readable = end;
     for (int step = stepCount - 1; step > 0; --step) {
         const UXColor tried = mix(seen, end, static_cast<double>(step) / stepCount);

@@ -10,6 +10,9 @@ constexpr double uxReadableContrast = 4.5;
  * black on white (WCAG 2.1, relative luminance) */
 [[nodiscard]] UX_EXPORT double uxObtainContrast(const UXColor& color, const UXColor& ground);
 
+/** @return color over an opaque ground, as an opaque colour */
+[[nodiscard]] UX_EXPORT UXColor uxLayColorOver(const UXColor& color, const UXColor& ground);
+
 /** @return color where it can be read on an opaque ground; otherwise an opaque one like it, as much darker or
  * lighter as that takes */
 [[nodiscard]] UX_EXPORT UXColor uxMakeReadableColor(const UXColor& color, const UXColor& ground);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "kx_chart_item.h"
+#include "kx_chart_item_look.h"
+#include "kx_collision_grid.h"
+#include "kx_export.h"
+#include "kx_panel_shape.h"
+#include "ux/ux_color.h"
+#include "ux/ux_double_point.h"
+#include "ux/ux_double_rect.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+/** An item of a panel as it is drawn. */
+struct KXPanelItem {
+    KXChartItem item;
+    KXPanelShape shape; /**< in the chart's own space */
+    UXColor color{};
+    KXChartItemLook look{}; /**< made of the colour, as items stand out just now */
+};
+
+/** The items that a panel has laid out, by their name and by their place. */
+class KX_EXPORT KXPanelItems {
+public:
+    /** @param items in the order in which one reads them; of two at a place the later one is in front
+     *  @param area where most of them are */
+    void set(std::vector<KXPanelItem> items, const UXDoubleRect& area);
+
+    std::vector<KXPanelItem>& getAll() { return m_items; }
+    const std::vector<KXPanelItem>& getAll() const { return m_items; }
+    /** @return its index, none where it was not laid out */
+    std::optional<std::size_t> find(const KXChartItem& item) const;
+    /** @return the index of the front one at a point */
+    std::optional<std::size_t> findAt(const UXDoublePoint& point) const;
+
+private:
+    std::vector<KXPanelItem> m_items;
+    std::vector<std::size_t> m_order; // indexes, ascending by item
+    KXCollisionGrid m_grid{{}};       // of the bounds, each its index's
+};
