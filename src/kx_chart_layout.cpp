@@ -242,8 +242,14 @@ void KXChart::_placeLegend(Division& division) const
     UXRect& plot = division.plot;
     division.legend = plot;
     UXRect& legend = division.legend;
-    const int height = uxSaturateToInt(std::floor(m_legend->obtainLegendHeight()));
-    const int width = std::clamp(uxSaturateToInt(std::floor(m_legend->obtainLegendWidth())), leastLegendWidth,
+    // The legend measures its texts, for which the concrete chart may ask its host.
+    const UXObjectWatcher part(m_legend); // which goes with the chart
+    const double wantedHeight = m_legend->obtainLegendHeight();
+    const double wantedWidth = part.isAlive() ? m_legend->obtainLegendWidth() : 0;
+    if (!part.isAlive())
+        return;
+    const int height = uxSaturateToInt(std::floor(wantedHeight));
+    const int width = std::clamp(uxSaturateToInt(std::floor(wantedWidth)), leastLegendWidth,
                                  greatestLegendWidth);
     switch (m_chartProperty->getLegendPosition()) {
     case UXPosition::Top:

@@ -27,6 +27,9 @@ std::size_t findCell(double distance, double extent, std::size_t count)
 
 } // namespace
 
+// Hosts may refer to it, on Windows too
+constexpr std::size_t KXCollisionGrid::noOwner;
+
 bool kxAreTooNear(const UXDoubleRect& a, const UXDoubleRect& b, double gap)
 {
     return a.x < b.x + b.width + gap && b.x < a.x + a.width + gap && a.y < b.y + b.height &&
