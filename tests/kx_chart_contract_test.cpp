@@ -7,7 +7,6 @@
 #include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_json_object_factory.h"
 #include "kx_line_chart_options.h"
-#include "kx_panel_chart_data_provider.h"
 #include "kx_slice_chart.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
@@ -31,7 +30,7 @@ namespace {
 constexpr int viewWidth = 480, viewHeight = 320;
 
 /** Answers every kind, counts what it is asked, and can do something in the middle of an answer. */
-class Host : public KXTableDataProvider, public KXPanelChartDataProvider {
+class Host : public KXTableDataProvider {
 public:
     int questions = 0;
     std::function<void()> whenAsked;

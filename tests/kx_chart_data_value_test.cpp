@@ -3,8 +3,8 @@
 #include "kx_chart_label.h"
 #include "kx_gauge_chart.h"
 #include "kx_load_chart.h"
-#include "kx_member_panel_chart.h"
 #include "kx_panel_chart_data_provider.h"
+#include "kx_slice_chart.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
@@ -53,14 +53,6 @@ public:
     }
 };
 
-class PanelChart : public KXMemberPanelChart {
-public:
-    std::string customSerializeTypeID() override { return "PanelChart"; }
-
-protected:
-    void _customLayout(UXRect) override {}
-};
-
 } // namespace
 
 TEST(KXChartDataValue, WhatTheHostTakesBackIsANullForEveryKind)
@@ -85,7 +77,7 @@ TEST(KXChartDataValue, WhatTheHostTakesBackIsANullForEveryKind)
         provider.isEmptyValue = c.isEmpty;
         const UXRect rect{0, 0, 300, 200};
         KXBarChart bars;
-        PanelChart panel;
+        KXSliceChart panel;
         KXGaugeChart gauge;
         KXValueChart value;
         kxLoad(bars, provider, rect);
@@ -119,15 +111,15 @@ TEST(KXChartDataValue, APanelTakesAListOfCellsAndTextsThatComeLater)
     provider.addDimension("down", std::vector<std::string>{"a", "a", "a", "b"});
     provider.addDimension("across", std::vector<std::string>{"x", "y", "z", "x"});
     provider.addMeasure("value", std::vector<double>{1, 2, 3, 4});
-    PanelChart chart;
+    KXSliceChart chart;
     kxLoad(chart, provider, {0, 0, 300, 200});
     const double values[] = {chart.getValue(0, 0), chart.getValue(0, 5)};
     EXPECT_EQ(values[0] + values[1], 12);
     EXPECT_TRUE(std::isnan(chart.getValue(0, 1))) << "not in the list";
 
-    EXPECT_EQ(chart.obtainItemName(1), KXDataRequests::placeholder);
+    EXPECT_EQ(chart.obtainGroupName(1), KXDataRequests::placeholder);
     provider.isLate = false;
     chart.dataArrived(0, 2);
     chart.layout();
-    EXPECT_EQ(chart.obtainItemName(1), "b");
+    EXPECT_EQ(chart.obtainGroupName(1), "b");
 }
