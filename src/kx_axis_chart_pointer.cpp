@@ -286,6 +286,7 @@ double KXAxisChart::obtainDimmedOpacity() const { return getAxisChartProperty()-
 
 void KXAxisChart::itemLookChanged(const KXChartItem& item)
 {
+    _placeLinkedTab();
     const KXAxisChartMark mark = makeMark(item);
     if (const KXAxisChartDataView* view = obtainViewOfSeries(mark.series))
         for (const UXRect& rect : view->obtainMarkRects(mark))
@@ -337,10 +338,15 @@ UXRect KXAxisChart::obtainHintArea(UXPoint point) { return getItems()->obtainHin
 void KXAxisChart::_placeLinkedTab()
 {
     const std::vector<KXChartItem>& linked = getItems()->getLinked();
+    const KXAxisChartEdgeTab before = m_linkedTab;
     m_linkedTab = linked.empty()
                       ? KXAxisChartEdgeTab()
                       : KXAxisChartEdgeTab::make(getMarksArea(), _obtainHintPoint(makeMark(linked.front())),
                                                  isVertical());
+    if (m_linkedTab == before)
+        return;
+    _repaintMarks(before.rect);
+    _repaintMarks(m_linkedTab.rect);
 }
 
 void KXAxisChart::_paintOverMarks(UXPainter& painter) { m_linkedTab.paint(painter); }

@@ -22,6 +22,8 @@
 #include "ux/ux_rect_functions.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -33,6 +35,8 @@ constexpr double ringEdge = 1;
 constexpr UXColor darkRing(33, 33, 33), lightRing(255, 255, 255);
 /** So much a ring has to differ from what it stands on, as WCAG 2.1 has it for parts of a control. */
 constexpr double leastRingContrast = 3;
+/** Beyond so many, finding what is drawn of each item costs more than drawing all. */
+constexpr std::size_t greatestChangeCount = 64;
 
 void strokeRing(UXPainter& painter, const UXDoubleRect& rect, double width, const UXColor& color)
 {
@@ -45,6 +49,14 @@ void strokeRing(UXPainter& painter, const UXDoubleRect& rect, double width, cons
 bool contains(const std::vector<KXChartItem>& items, const KXChartItem& item)
 {
     return std::ranges::binary_search(items, item);
+}
+
+/** Adds the items that are in one of two lists only. @param before none where it is the same as now */
+void addDifference(std::vector<KXChartItem>& items, const std::optional<std::vector<KXChartItem>>& before,
+                   const std::vector<KXChartItem>& now)
+{
+    if (before)
+        std::ranges::set_symmetric_difference(*before, now, std::back_inserter(items));
 }
 
 } // namespace
@@ -66,7 +78,7 @@ void KXChartItems::highlightGroup(const std::optional<std::uint64_t>& group)
     if (group == m_group)
         return;
     m_group = group;
-    m_delegate.itemLooksChanged();
+    _tellLooksLater();
 }
 
 void KXChartItems::hoverGroup(std::uint64_t group, bool hovered)
@@ -84,12 +96,14 @@ void KXChartItems::setLinked(std::vector<KXChartItem> items)
     if (items == m_linked)
         return;
     const UXObjectWatcher self(&m_chart);
-    for (const KXChartItem& item : std::exchange(m_linked, {}))
+    _dropLook(m_linkedLook, m_linked);
+    std::vector<KXChartItem> before = std::exchange(m_linked, {});
+    for (const KXChartItem& item : before)
         _dropEffects(item);
-    m_linkedLook.updateInteractionEffects({});
     m_linked = std::move(items);
-    _updateLabels();
-    m_delegate.itemLooksChanged();
+    if (!m_toldLinked)
+        m_toldLinked = std::move(before);
+    _tellLooksLater();
     if (self.isAlive() && !m_linked.empty())
         _takeEffects(m_linked);
 }
@@ -200,35 +214,36 @@ void KXChartItems::_setHovered(const std::optional<KXChartItem>& item, const UXE
 {
     if (item == m_hovered)
         return;
+    // What the two ask of linked charts is done in one call, so that these show the change from one to the
+    // other.
+    const UXEvent links = event.copyWithoutActions();
+    event.postAction([links] {
+        const UXNotificationScope scope;
+        links.runPostedActions();
+    });
+
     // 1. The one that was left no longer asks for anything.
     const UXObjectWatcher self(&m_chart);
     if (m_hovered) {
         m_actionItem = m_hovered;
-        _askForLinks(*m_hovered, event, false);
+        _askForLinks(*m_hovered, links, false);
     }
     if (!self.isAlive())
         return;
-    const bool wasHighlighting = isHighlighting();
     if (m_hovered)
-        m_delegate.itemLookChanged(*m_hovered); // where it was drawn
+        _dropLook(m_hoveredLook, {*m_hovered});
     const std::optional<KXChartItem> left = std::exchange(m_hovered, item);
     m_actionItem = item;
-    m_hoveredLook.updateInteractionEffects({});
     if (left)
         _dropEffects(*left);
-    if (wasHighlighting != isHighlighting() && m_delegate.obtainDimmedOpacity() < 1)
-        m_delegate.itemLooksChanged(); // all others begin or cease to give way
-    else
-        for (const std::optional<KXChartItem>& changed : {left, item})
-            if (changed)
-                m_delegate.itemLookChanged(*changed);
+    _tellLooksLater();
     if (self.isAlive())
         m_action.showWhetherClickable();
 
     // 2. The new one asks for its matches and its look. Each answer may have put the pointer elsewhere.
     const auto isCurrent = [&] { return self.isAlive() && item && m_hovered == item; };
     if (isCurrent())
-        _askForLinks(*item, event, true);
+        _askForLinks(*item, links, true);
     if (isCurrent())
         _takeEffects({*item});
 }
@@ -284,10 +299,12 @@ void KXChartItems::_takeEffects(const std::vector<KXChartItem>& items)
     // Meanwhile the chart may have gone, or the items may stand out no longer.
     if (self.isAlive() && _hasLook(first)) {
         _obtainLook(first).updateInteractionEffects(effects);
-        if (m_hovered == first)
-            m_delegate.itemLookChanged(first);
-        else
-            m_delegate.itemLooksChanged();
+        if (effects.empty())
+            return;
+        // Of items that stand out together, each has the look.
+        const std::vector<KXChartItem>& changed = m_hovered == first ? items : m_linked;
+        m_changedEffects.insert(m_changedEffects.end(), changed.begin(), changed.end());
+        _tellLooksLater();
         return;
     }
     for (KXInteractionEffect* effect : effects)
@@ -297,8 +314,67 @@ void KXChartItems::_takeEffects(const std::vector<KXChartItem>& items)
 void KXChartItems::_dropEffects(const KXChartItem& item)
 {
     KXChartLabel* label = m_delegate.obtainItemLabel(item);
-    if (label && !_hasLook(item))
-        label->updateInteractionEffects({});
+    if (!label || _hasLook(item) || label->getInteractionEffects().empty())
+        return;
+    label->updateInteractionEffects({});
+    m_changedEffects.push_back(item);
+}
+
+/** Ends the effects of items that the chart draws itself, which may reach beyond what is drawn of these
+ * usually. */
+void KXChartItems::_dropLook(KXInteractionChartObject& look, const std::vector<KXChartItem>& items)
+{
+    if (look.getInteractionEffects().empty())
+        return;
+    _tellLooksOf(items); // where they were drawn
+    look.updateInteractionEffects({});
+    m_changedEffects.insert(m_changedEffects.end(), items.begin(), items.end());
+}
+
+/** What changes several times in one call, as a highlight that is ended for another one, is drawn anew where
+ * that makes a difference. */
+void KXChartItems::_tellLooksLater()
+{
+    if (std::exchange(m_tellsLooks, true))
+        return;
+    UXNotificationScope::postAction([watcher = UXObjectWatcher(&m_chart)] {
+        const auto* chart = static_cast<const KXChart*>(watcher.getObject());
+        if (chart && chart->getItems())
+            chart->getItems()->_tellLooks();
+    });
+}
+
+void KXChartItems::_tellLooks()
+{
+    m_tellsLooks = false;
+    if (m_toldLinked || m_toldSelected)
+        _updateLabels();
+
+    // 1. The items that stand out, or did.
+    std::vector<KXChartItem> changed = std::exchange(m_changedEffects, {});
+    addDifference(changed, std::exchange(m_toldLinked, {}), m_linked);
+    addDifference(changed, std::exchange(m_toldSelected, {}), m_selected);
+    if (const std::optional<KXChartItem> left = std::exchange(m_toldHovered, m_hovered); left != m_hovered)
+        for (const std::optional<KXChartItem>& item : {left, m_hovered})
+            if (item)
+                changed.push_back(*item);
+
+    // 2. All, where a whole group does, or where the others begin or cease to give way.
+    const bool wasHighlighting = std::exchange(m_toldHighlighting, isHighlighting());
+    const bool othersChange = wasHighlighting != isHighlighting() && m_delegate.obtainDimmedOpacity() < 1;
+    if (std::exchange(m_toldGroup, m_group) != m_group || othersChange)
+        m_delegate.itemLooksChanged();
+    else
+        _tellLooksOf(changed);
+}
+
+void KXChartItems::_tellLooksOf(const std::vector<KXChartItem>& items)
+{
+    if (items.size() > greatestChangeCount)
+        m_delegate.itemLooksChanged();
+    else
+        for (const KXChartItem& item : items)
+            m_delegate.itemLookChanged(item);
 }
 
 /** Labels are highlighted, and give way, by their own state. */

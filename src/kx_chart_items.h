@@ -101,7 +101,11 @@ private:
     bool _hasLook(const KXChartItem& item) const;
     void _takeEffects(const std::vector<KXChartItem>& items);
     void _dropEffects(const KXChartItem& item);
+    void _dropLook(KXInteractionChartObject& look, const std::vector<KXChartItem>& items);
     void _updateLabels();
+    void _tellLooksLater();
+    void _tellLooks();
+    void _tellLooksOf(const std::vector<KXChartItem>& items);
 
     // The keyboard
     bool _hasKeys() const;
@@ -136,4 +140,12 @@ private:
     KXInteractionChartObject m_linkedLook;
     bool m_showsFocus = false;
     bool m_clicksByKey = false;
+
+    // What the chart was told last of what stands out; of the lists only where they have changed since
+    std::optional<KXChartItem> m_toldHovered;
+    std::optional<std::uint64_t> m_toldGroup;
+    std::optional<std::vector<KXChartItem>> m_toldLinked, m_toldSelected;
+    bool m_toldHighlighting = false;
+    std::vector<KXChartItem> m_changedEffects; // of these since then
+    bool m_tellsLooks = false;                 // when the call ends
 };

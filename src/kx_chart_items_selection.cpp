@@ -137,7 +137,8 @@ void KXChartItems::_askForSelection(const std::vector<KXChartItem>& items)
     std::ranges::sort(selected);
     if (selected == m_selected)
         return;
-    m_selected = std::move(selected);
-    _updateLabels();
-    m_delegate.itemLooksChanged();
+    std::vector<KXChartItem> before = std::exchange(m_selected, std::move(selected));
+    if (!m_toldSelected)
+        m_toldSelected = std::move(before);
+    _tellLooksLater();
 }

@@ -32,85 +32,6 @@ namespace {
 
 using Mark = KXAxisChartMark;
 
-/** Lines of points, with the value at each point. */
-class LineView : public KXAxisChartDataView {
-public:
-    struct Point {
-        Mark mark;
-        double value;
-        UXDoublePoint place;
-    };
-
-    void layout(const KXAxisChartPlotFrame& frame) override
-    {
-        points.clear();
-        const KXAxisChartStacks values = _makeStacks();
-        std::vector<KXAxisChartStackSegment> pieces;
-        for (std::uint64_t category = values.first; category < values.end; ++category) {
-            values.obtainPieces(category, pieces);
-            const double across = frame.categories.obtainPosition(values.obtainCategoryValue(category));
-            for (const KXAxisChartStackSegment& piece : pieces)
-                points.push_back({{values.series[piece.position].index, category},
-                                  piece.value,
-                                  frame.makePoint(across, frame.values.obtainPosition(piece.to))});
-        }
-    }
-    void updateLook() override
-    {
-        colors.clear();
-        for (const std::uint64_t series : getShownSeries())
-            colors.push_back(getChart()->obtainSeriesColor(series));
-    }
-    void layoutLabels() override
-    {
-        labels.clear();
-        for (const Point& point : points) {
-            std::string text = getChart()->obtainValueText(point.mark.series, point.value);
-            UXTextProperty property;
-            getChart()->customizeMarkLabel(point.mark, text, property);
-            labels.push_back(text);
-        }
-    }
-    void paint(UXPainter& painter, const UXRect&) const override
-    {
-        for (std::size_t i = 0; i < colors.size(); ++i) {
-            painter.setColor(getChart()->obtainMarkColor({getShownSeries()[i], 0}, colors[i]));
-            bool isFirst = true;
-            for (const Point& point : points)
-                if (point.mark.series == getShownSeries()[i])
-                    std::exchange(isFirst, false) ? painter.setStartPoint(point.place.x, point.place.y)
-                                                  : painter.addLinePath(point.place.x, point.place.y);
-            painter.stroke();
-        }
-    }
-    void paintLabels(UXPainter& painter, const UXRect&) const override
-    {
-        for (std::size_t i = 0; i < labels.size(); ++i)
-            painter.drawText(labels[i], {points[i].place.x, points[i].place.y - 14, 40, 14}, {});
-    }
-    std::optional<Mark> hitMark(UXPoint at) const override
-    {
-        for (const Point& point : points)
-            if (std::hypot(point.place.x - at.x, point.place.y - at.y) < 6)
-                return point.mark;
-        return std::nullopt;
-    }
-    std::optional<UXSymbolStyle> obtainLegendSymbolStyle(std::uint64_t) const override
-    {
-        return UXSymbolStyle::Line;
-    }
-    std::string customSerializeTypeID() override { return "LineView"; }
-
-    std::vector<Point> points;
-    std::vector<UXColor> colors;
-    std::vector<std::string> labels;
-};
-
-class LineChart : public KXXYAxisChart {
-public:
-    LineView& view = _addView(std::make_unique<LineView>());
-};
-
 /** Steps from one running total to the next, and the last total from zero on. */
 class WaterfallView : public KXAxisChartDataView {
 public:
@@ -191,19 +112,19 @@ public:
     WaterfallView& view = _addView(std::make_unique<WaterfallView>());
 };
 
-/** The first series as bars, the others as lines, which may have an axis of their own. */
+/** Each series as the bars of a view of its own, which may have an axis of its own. */
 class CombinedChart : public KXXYAxisChart {
 public:
     KXAxisChartDataView* obtainViewOfSeries(std::uint64_t series) const override
     {
-        return series == 0 ? static_cast<KXAxisChartDataView*>(&bars) : &lines;
+        return series == 0 ? &behind : &front;
     }
-    KXBarChartDataView& bars = _addView(std::make_unique<KXBarChartDataView>());
-    LineView& lines = _addView(std::make_unique<LineView>());
+    KXBarChartDataView& behind = _addView(std::make_unique<KXBarChartDataView>());
+    KXBarChartDataView& front = _addView(std::make_unique<KXBarChartDataView>());
 };
 
 /** Points at numbers of their own along both axes: the first series along x, the second along y. */
-class PointsView : public LineView {
+class PointsView : public KXAxisChartDataView {
 public:
     std::optional<KXValueExtremes> obtainNumberRange() const override
     {
@@ -213,17 +134,27 @@ public:
     {
         points.clear();
         const auto [first, end] = getChart()->obtainVisibleCategories();
-        for (std::uint64_t i = first; i < end; ++i) {
-            const double y = getChart()->getValue(1, i);
-            const double across = frame.categories.obtainPosition(getChart()->getValue(0, i));
-            points.push_back({{1, i}, y, frame.makePoint(across, frame.values.obtainPosition(y))});
-        }
+        for (std::uint64_t i = first; i < end; ++i)
+            points.push_back(frame.makePoint(frame.categories.obtainPosition(getChart()->getValue(0, i)),
+                                             frame.values.obtainPosition(getChart()->getValue(1, i))));
+    }
+    void updateLook() override {}
+    void paint(UXPainter&, const UXRect&) const override {}
+    std::optional<Mark> hitMark(UXPoint at) const override
+    {
+        for (std::size_t i = 0; i < points.size(); ++i)
+            if (std::hypot(points[i].x - at.x, points[i].y - at.y) < 6)
+                return Mark{1, i};
+        return std::nullopt;
     }
     std::optional<std::uint64_t> obtainCategoryAt(UXPoint at) const override
     {
         const auto mark = hitMark(at);
         return mark ? std::optional(mark->category) : std::nullopt;
     }
+    std::string customSerializeTypeID() override { return "PointsView"; }
+
+    std::vector<UXDoublePoint> points;
 };
 
 class PointsChart : public KXXYAxisChart {
@@ -270,26 +201,6 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Frames, KXAxisChartDataViewTest, testing::Combine(testing::Bool(), testing::Bool()));
 
-TEST_P(KXAxisChartDataViewTest, ALineHasAxesLegendHintHighlightAndLabels)
-{
-    provider.values = {{10, 25, 40}, {30, 20, 10}};
-    LineChart chart;
-    load(chart, chart.view);
-    EXPECT_TRUE(shows(chart, {"c0", "c2", "25", "30", "s1", "40"}));
-    EXPECT_EQ(chart.obtainLegendSymbolStyle(1), UXSymbolStyle::Line);
-    KXTestInput{chart}.move(toChart(chart, chart.view.points[2].place));
-    EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 1}));
-    EXPECT_EQ(chart.getHintInfo().rows.at(0).value, "25");
-    EXPECT_LT(chart.obtainMarkColor({1, 1}, UXColor()).alpha, 1);
-
-    KXAxisProperty& axis = std::get<1>(GetParam()) ? *chart.getSecondaryYAxisProperty()
-                                                   : *chart.getYAxisProperty();
-    axis.updateIsStacked(true);
-    chart.layout();
-    const UXDoublePoint place = chart.view.points[1].place;
-    EXPECT_EQ(chart.isVertical() ? place.y : place.x, chart.obtainLinearScale(1).obtainPosition(30 + 10));
-}
-
 TEST_P(KXAxisChartDataViewTest, AWaterfallStandsOnItsRunningTotals)
 {
     provider.values = {{20, -5, 10}};
@@ -304,23 +215,23 @@ TEST_P(KXAxisChartDataViewTest, AWaterfallStandsOnItsRunningTotals)
     EXPECT_EQ(chart.getHintInfo().footerRows.at(0).value, "25");
 }
 
-TEST_P(KXAxisChartDataViewTest, BarsAndLinesShareACategoryAxis)
+TEST_P(KXAxisChartDataViewTest, TwoViewsShareACategoryAxis)
 {
     provider.values = {{10, 20, 30}, {300, 200, 100}};
     CombinedChart chart;
-    load(chart, chart.lines);
+    load(chart, chart.front);
     const bool isSecondary = std::get<1>(GetParam());
     EXPECT_EQ(chart.getYAxis()->getMaxValue(), isSecondary ? 30 : 300);
     EXPECT_TRUE(shows(chart, {"c1", "s0", "s1", "300", isSecondary ? "30" : "200"}));
-    KXTestInput{chart}.move(toChart(chart, chart.lines.points[1].place));
+    KXTestInput{chart}.move(toChart(chart, obtainMiddle(chart.front.getBars()[1].rect)));
     EXPECT_EQ(chart.getItems()->getHovered(), (KXChartItem{1, 1, 1})) << "of the second view, in front";
     EXPECT_EQ(chart.getHintInfo().rows.size(), 2);
-    KXTestInput{chart}.move(toChart(chart, obtainMiddle(chart.bars.getBars()[0].rect)));
-    EXPECT_EQ(chart.getItems()->getHovered(), (KXChartItem{0, 0, 0}));
     chart.setSeriesShown(1, false);
     chart.layout();
-    EXPECT_TRUE(chart.lines.points.empty());
+    EXPECT_TRUE(chart.front.getBars().empty());
     EXPECT_EQ(chart.getYAxis()->getMaxValue(), 30);
+    KXTestInput{chart}.move(toChart(chart, obtainMiddle(chart.behind.getBars()[0].rect)));
+    EXPECT_EQ(chart.getItems()->getHovered(), (KXChartItem{0, 0, 0}));
 }
 
 TEST_P(KXAxisChartDataViewTest, TheXAxisMayBeOneOfValues)
@@ -329,10 +240,9 @@ TEST_P(KXAxisChartDataViewTest, TheXAxisMayBeOneOfValues)
     PointsChart chart;
     load(chart, chart.view);
     EXPECT_TRUE(shows(chart, {"-10", "30"}));
-    EXPECT_EQ(chart.obtainCategoryMap().obtainValue(chart.isVertical() ? chart.view.points[1].place.x
-                                                                       : chart.view.points[1].place.y),
-              30);
-    KXTestInput{chart}.move(toChart(chart, chart.view.points[0].place));
+    const UXDoublePoint& place = chart.view.points[1];
+    EXPECT_EQ(chart.obtainCategoryMap().obtainValue(chart.isVertical() ? place.x : place.y), 30);
+    KXTestInput{chart}.move(toChart(chart, chart.view.points[0]));
     EXPECT_EQ(chart.getHoveredMark(), (Mark{1, 0}));
     EXPECT_EQ(chart.getHintInfo().title, "c0");
 }
@@ -353,13 +263,13 @@ TEST(KXAxisChartDataView, TheAxisOfEachIsSavedWhereItIsNotTheUsualOne)
     CombinedChart chart, read;
     const std::string usual = chart.serialize();
     EXPECT_EQ(usual.find("m_viewsOnOtherAxis"), std::string::npos);
-    chart.bars.updateIsOnSecondaryAxis(true);
+    chart.behind.updateIsOnSecondaryAxis(true);
     EXPECT_TRUE(read.deserialize(chart.serialize()));
-    EXPECT_TRUE(read.bars.getIsOnSecondaryAxis());
+    EXPECT_TRUE(read.behind.getIsOnSecondaryAxis());
     EXPECT_EQ(read.serialize(), chart.serialize());
     EXPECT_TRUE(read.updateVectorValue("m_viewsOnOtherAxis", 0, 1));
-    EXPECT_FALSE(read.bars.getIsOnSecondaryAxis());
-    EXPECT_TRUE(read.lines.getIsOnSecondaryAxis());
+    EXPECT_FALSE(read.behind.getIsOnSecondaryAxis());
+    EXPECT_TRUE(read.front.getIsOnSecondaryAxis());
     std::string wrong = chart.serialize();
     wrong.replace(wrong.find("\"m_viewsOnOtherAxis\":[0]"), 24, "\"m_viewsOnOtherAxis\":\"0\"");
     EXPECT_FALSE(read.deserialize(wrong));

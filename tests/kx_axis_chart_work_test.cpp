@@ -3,19 +3,24 @@
 #include "kx_bar_chart.h"
 #include "kx_bar_chart_property.h"
 #include "kx_bar_labels.h"
+#include "kx_chart_linked_action_diagram.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_recording_paint_config.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <numeric>
 #include <ostream>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -149,6 +154,71 @@ TEST(KXAxisChartWork, AChangeReachesWhatItTouches)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(board.count(c.change), c.expected);
+    }
+}
+
+/** Two charts of 1,000 bars above each other, of which the lower one shows what the pointer is over in the
+ * upper one. */
+TEST(KXAxisChartWork, ALinkedHighlightRepaintsTheBarsThatItMovesBetween)
+{
+    class Host : public KXAxisChartTestProvider {
+    public:
+        KXChartDataPath* obtainDataLinkedHighlightTargetPath(KXChartDataUser*, KXChartDataPath* path,
+                                                             KXChartDataProvider*) override
+        {
+            auto* target = new KXChartDataPath;
+            target->valueIndexPath = {0, path->valueIndexPath.at(1)};
+            return target;
+        }
+    } upperHost, lowerHost;
+    const UXFixedMeasurer measurer;
+    KXChartLinkedActionDiagram links(nullptr);
+    UXDiagram diagram;
+    diagram.setRect({0, 0, 4000, 600});
+    diagram.registerGlobalEventDiagram(&links);
+    KXBarChart upper, lower;
+    for (auto& [chart, host] : {std::pair(&upper, &upperHost), std::pair(&lower, &lowerHost)}) {
+        host->wantsHighlight = true;
+        host->categoryCount = 1000;
+        host->values = {std::vector<double>(1000, 1)};
+        diagram.addChild(chart);
+        chart->getAxisChartProperty()->updateEnableScroll(false);
+        chart->getBarChartProperty()->updateShowLabels(true);
+    }
+    upperHost.values.push_back(upperHost.values.front()); // beside each other, with one match for both
+    kxLoad(upper, upperHost, {0, 0, 4000, 300});
+    kxLoad(lower, lowerHost, {0, 300, 4000, 300});
+
+    struct Case {
+        const char* name;
+        KXAxisChartMark to;
+        std::vector<std::uint64_t> repainted; // categories of the lower chart
+    };
+    const Case cases[] = {{"to the next bar", {0, 11}, {10, 11}},
+                          {"further", {1, 500}, {11, 500}},
+                          {"to another one with the same match", {0, 500}, {}}};
+    const KXTestInput input{diagram};
+    const auto point = [&](const KXAxisChartMark& mark) {
+        const UXRect bar = upper.getDataView().obtainMarkPlace(mark);
+        input.move(
+            upper.translatePoint({bar.x + bar.width / 2, bar.getBottom() - 3}, upper.getPlot(), nullptr));
+        EXPECT_EQ(upper.getHoveredMark(), mark);
+    };
+    point({0, 10});
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        diagram.clearDirtyRect();
+        point(c.to);
+        EXPECT_EQ(lower.obtainMarksStandingOut(), (std::vector<KXAxisChartMark>{{0, c.to.category}}));
+        std::int64_t pixels = 0, expected = 0;
+        for (const UXRect& rect : diagram.getDirtyRegion().getRects())
+            pixels += std::int64_t{uxIntersectionRect(rect, lower.getRect()).width} *
+                      uxIntersectionRect(rect, lower.getRect()).height;
+        for (const std::uint64_t category : c.repainted)
+            for (const UXRect& rect : lower.getDataView().obtainMarkRects({0, category}))
+                expected += std::int64_t{rect.width} * rect.height;
+        EXPECT_LE(pixels, expected);
+        EXPECT_EQ(pixels > 0, !c.repainted.empty());
     }
 }
 

@@ -338,6 +338,7 @@ bool UXContext::_repaintDirtyRectOnce(UXDiagram* diagram)
         const RepaintScope scope(diagram);
         diagram->layout();
     }
+    UXNotificationScope::runPostedActions();
     const auto isAlive = [&] { return self.isAlive() && shown.isAlive(); };
     if (!isAlive() || !isDirty(*diagram))
         return false;

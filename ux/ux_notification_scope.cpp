@@ -31,6 +31,13 @@ std::deque<PendingNotification>& pendingNotifications()
     return *pending;
 }
 
+/** @return what the controls wait for; never destroyed either */
+std::deque<std::function<void()>>& pendingActions()
+{
+    static auto* const pending = new std::deque<std::function<void()>>;
+    return *pending;
+}
+
 void tell(const PendingNotification& told)
 {
     if (told.controlLife.expired())
@@ -67,7 +74,17 @@ UXNotificationScope::~UXNotificationScope() noexcept(false)
 void UXNotificationScope::finish()
 {
     m_isFinished = true;
-    if (--callDepth > 0 || std::uncaught_exceptions() > m_exceptions)
+    const bool passesException = std::uncaught_exceptions() > m_exceptions;
+    {
+        struct CallEnd {
+            ~CallEnd() { --callDepth; }
+        };
+        const CallEnd end;
+        // What the actions make dirty is told with the rest, so they are still a part of the call.
+        if (callDepth == 1 && !passesException)
+            runPostedActions();
+    }
+    if (callDepth > 0 || passesException)
         return;
     // Whoever is told may call again, which tells the rest meanwhile.
     std::deque<PendingNotification>& pending = pendingNotifications();
@@ -95,4 +112,20 @@ void UXNotificationScope::post(UXNotification notification, UXControl* control, 
     else
         pending.push_back({notification, control, control->getLife(), UXObjectWatcher(diagram),
                            diagram != nullptr, cursor});
+}
+
+void UXNotificationScope::postAction(std::function<void()> action)
+{
+    const UXNotificationScope scope;
+    pendingActions().push_back(std::move(action));
+}
+
+void UXNotificationScope::runPostedActions()
+{
+    std::deque<std::function<void()>>& pending = pendingActions();
+    while (!pending.empty()) {
+        const std::function<void()> action = std::move(pending.front());
+        pending.pop_front();
+        action();
+    }
 }

@@ -2,6 +2,8 @@
 
 #include "ux/ux_export.h"
 
+#include <functional>
+
 class UXControl;
 class UXDiagram;
 
@@ -46,6 +48,11 @@ public:
      *  @param cursor of a CursorChange; the last one counts */
     static void post(UXNotification notification, UXControl* control, UXDiagram* diagram = nullptr,
                      int cursor = 0);
+    /** Has action make dirty what the call has changed, once and for all: it runs when the outermost call
+     * ends, before the controls are told, at once outside of any, and in any case before the next paint. It
+     * calls no host. */
+    static void postAction(std::function<void()> action);
+    static void runPostedActions();
 
 private:
     int m_exceptions; // under way when the call began
