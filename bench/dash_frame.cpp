@@ -2,6 +2,8 @@
 
 #include "bar_board.h"
 #include "gauge_board.h"
+#include "kx_line_chart.h"
+#include "line_board.h"
 
 #include <cstddef>
 
@@ -11,11 +13,15 @@ constexpr int columns = 5, rows = 4;
 
 } // namespace
 
-DashFrame::DashFrame(const std::vector<double>& groups, const std::vector<double>& values)
+DashFrame::DashFrame(const std::vector<double>& groups, const std::vector<double>& values,
+                     const std::vector<double>& line)
 {
     for (int i = 0; i < columns * rows; ++i) {
         if (i % 4 == 0)
             m_frames.push_back(std::make_unique<BoardFrame<BarBoard>>(groups, std::size_t{3}));
+        else if (i % 4 == 1)
+            m_frames.push_back(
+                std::make_unique<BoardFrame<LineBoard<KXLineChart>>>(line, std::size_t{1}, "Line"));
         else if (i % 4 == 3)
             m_frames.push_back(std::make_unique<BoardFrame<GaugeBoard>>());
         else

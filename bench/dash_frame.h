@@ -12,8 +12,9 @@
 class DashFrame : public Frame {
 public:
     /** @param groups three series of twelve values each, one after the other
-     *  @param values a thousand values */
-    DashFrame(const std::vector<double>& groups, const std::vector<double>& values);
+     *  @param values, line a thousand values each */
+    DashFrame(const std::vector<double>& groups, const std::vector<double>& values,
+              const std::vector<double>& line);
 
     // From Frame
     /** @param size of one chart */

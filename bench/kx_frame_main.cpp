@@ -3,6 +3,10 @@
 #include "frame.h"
 #include "frame_clock.h"
 #include "gauge_board.h"
+#include "kx_area_chart.h"
+#include "kx_line_bar_chart.h"
+#include "kx_line_chart.h"
+#include "line_board.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "value_board.h"
 
@@ -166,13 +170,36 @@ int runBars(const Start& start, const Command& command, std::size_t seriesCount)
                [&] { return std::make_unique<BoardFrame<BarBoard>>(values, seriesCount); });
 }
 
+template <class Chart>
+int runLines(const Start& start, const Command& command, const std::vector<double>& values,
+             std::size_t seriesCount, const std::string& title)
+{
+    if (values.empty())
+        return 3;
+    return run(start, command, {},
+               [&] { return std::make_unique<BoardFrame<LineBoard<Chart>>>(values, seriesCount, title); });
+}
+
+std::vector<double> readAreas(long categoryCount)
+{
+    std::vector<double> all;
+    for (const char* name : {"area0.f64", "area1.f64", "area2.f64"}) {
+        const std::vector<double> values = readNumbers(name, categoryCount);
+        if (values.empty())
+            return {};
+        all.insert(all.end(), values.begin(), values.end());
+    }
+    return all;
+}
+
 int runDash(const Start& start, const Command& command)
 {
-    const std::vector<double> groups = readBars(12, 3), values = readBars(1000, 1);
-    if (groups.empty() || values.empty())
+    const std::vector<double> groups = readBars(12, 3), values = readBars(1000, 1),
+                              line = readNumbers("line.f64", 1000);
+    if (groups.empty() || values.empty() || line.empty())
         return 3;
     return run(start, command, {{400, 300}, {360, 250}},
-               [&] { return std::make_unique<DashFrame>(groups, values); });
+               [&] { return std::make_unique<DashFrame>(groups, values, line); });
 }
 
 } // namespace
@@ -191,6 +218,13 @@ int main(int argc, char** argv)
         return run(start, command, {}, makeBoard<GaugeBoard>);
     if (command.item == "bars" || command.item == "bars3")
         return runBars(start, command, command.item == "bars" ? 1 : 3);
+    if (command.item == "line")
+        return runLines<KXLineChart>(start, command, readNumbers("line.f64", command.size), 1, "Line");
+    if (command.item == "area")
+        return runLines<KXAreaChart>(start, command, readAreas(command.size), 3, "Areas");
+    if (command.item == "combo")
+        return runLines<KXLineBarChart>(start, command, readNumbers("combo.f64", 2 * command.size), 2,
+                                        "Combination");
     if (command.item == "dash")
         return runDash(start, command);
     std::printf("{\"skip\":\"no such chart\"}\n");

@@ -110,7 +110,8 @@ std::string KXAxisChart::obtainCategoryLabel(std::uint64_t category)
 
 std::string KXAxisChart::formatPercentage(double value) const { return kxFormatPercentage(value); }
 
-std::uint64_t KXAxisChart::obtainLegendCellSize() { return getSeriesCount() > 1 ? getSeriesCount() : 0; }
+std::uint64_t KXAxisChart::obtainLegendCellSize() { return getOwnSeriesCount() > 1 ? getSeriesCount() : 0; }
+bool KXAxisChart::obtainLegendShouldShowCell(std::uint64_t index) { return isOwnSeries(index); }
 
 std::string KXAxisChart::obtainLegendLabel(std::uint64_t index) { return getSeriesLabel(index); }
 
@@ -157,6 +158,9 @@ void KXAxisChart::customReloadData()
     for (std::uint64_t series = 0; series < getSeriesCount(); ++series)
         identities.push_back(getSeriesID(series));
     m_groups.reload(getSeriesCount(), identities);
+    for (std::uint64_t series = 0; series < getSeriesCount(); ++series)
+        if (!isOwnSeries(series))
+            m_groups.leaveOut(series);
     _shownSeriesChanged();
     if (self.isAlive())
         _restoreFirstCategory();
@@ -214,7 +218,7 @@ void KXAxisChart::_updateSeriesColors()
 {
     const std::vector<UXColor>& own = getAxisChartProperty()->getSeriesColors();
     std::vector<UXColor> usual = own.empty() ? getDefaultColors() : own;
-    if (own.empty() && getSeriesCount() == 1)
+    if (own.empty() && getOwnSeriesCount() == 1)
         usual = {getChartProperty()->getDefaultColor()};
     m_groups.setUsualColors(std::move(usual));
 }

@@ -92,9 +92,12 @@ public:
 
     // From KXLegendDelegate: one cell per series where there are several
     std::uint64_t obtainLegendCellSize() override;
+    bool obtainLegendShouldShowCell(std::uint64_t index) override;
     std::string obtainLegendLabel(std::uint64_t index) override;
     bool obtainLegendSymbolColor(std::uint64_t index, UXColor& color) override;
     UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t series) override;
+    bool paintLegendSymbol(std::uint64_t series, UXPainter& painter, const UXDoubleRect& bounds,
+                           const UXColor& color) const override;
     std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
     bool obtainLegendCellIsOn(std::uint64_t index) override;
     void legendCellClicked(std::uint64_t index, const UXEvent& event) override;
@@ -128,6 +131,7 @@ public:
     double obtainDimmedOpacity() const override;
     void itemLookChanged(const KXChartItem& item) override;
     void itemLooksChanged() override;
+    void itemExplained(const std::optional<KXChartItem>& item) override;
 
 protected:
     // What a chart type answers
@@ -162,6 +166,19 @@ protected:
     void _customLayout(UXRect plotArea) override;
 
 private:
+    void _fillHint(UXHintInfo& info, std::uint64_t category, const std::optional<KXAxisChartMark>& first);
+
+    // What is explained together at one place
+    bool _drawsSeriesAsOne() const;
+    double _obtainPlaceAlong(const KXAxisChartMark& mark) const;
+    std::optional<std::uint64_t> _obtainFirstSeries(UXPoint point, std::uint64_t category) const;
+    std::vector<std::uint64_t> _obtainHintSeries(const std::optional<KXAxisChartMark>& first) const;
+    std::string _obtainBandText(const KXAxisChartMark& mark) const;
+    std::vector<std::uint64_t> _obtainSeriesStandingOut() const;
+    double _obtainGuidePlace();
+    void _paintGuide(UXPainter& painter);
+    void _repaintGuide();
+
     void _updateSeriesColors();
     KXChartItem _makeItem(const KXAxisChartMark& mark) const;
     void _shownSeriesChanged();
@@ -170,7 +187,6 @@ private:
     void _loadHostColors(const std::vector<KXAxisChartMark>& marks);
     std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
     UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const;
-    void _fillHint(UXHintInfo& info, std::uint64_t category, const std::optional<KXAxisChartMark>& hovered);
     void _restoreFirstCategory();
     void _noteFirstCategory();
     void _askForLooksLater();
@@ -182,7 +198,9 @@ private:
     void _placeLinkedTab();
 
     std::vector<std::unique_ptr<KXAxisChartDataView>> m_views;
-    KXChartGroups m_groups; // the series
+    KXChartGroups m_groups;                         // the series
+    std::vector<std::uint64_t> m_seriesStandingOut; // as they were drawn last
+    std::optional<std::uint64_t> m_guidedCategory;  // has the thin line that leads to its axis
     KXAxisChartHostLooks m_hostLooks;
     bool m_asksForLooks = false;  // when the layout has ended
     KXNoDataLabel* m_noDataLabel; // a child of the plot

@@ -129,6 +129,14 @@ bool KXAxisChartDataProvider::obtainCategoryTexts(KXChartDataUser* user, std::ui
     return true;
 }
 
+std::int64_t KXAxisChartDataProvider::obtainColorMeasure(KXChartDataUser*) { return -1; }
+
+bool KXAxisChartDataProvider::obtainBandMeasures(KXChartDataUser*, std::uint64_t, std::uint64_t&,
+                                                 std::uint64_t&)
+{
+    return false;
+}
+
 KXChartDataProviderHintData KXAxisChartDataProvider::obtainHintData(KXChartDataUser*, const KXIndexPath&)
 {
     return {};

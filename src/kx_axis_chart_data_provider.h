@@ -47,6 +47,14 @@ public:
      *  @return false for "not yet": the host has them later and calls the user's dataArrived */
     virtual bool obtainCategoryTexts(KXChartDataUser* user, std::uint64_t firstCategory,
                                      std::span<std::string> texts);
+    /** @return the measure whose values colour the lines of all others where the user wants colours by value,
+     * and which is no series itself; by default -1 for none */
+    virtual std::int64_t obtainColorMeasure(KXChartDataUser* user);
+    /** Tells between which two measures the values of another one are thought to lie. These are the ends of
+     * a band, or of whiskers, and no series themselves.
+     *  @return whether there is a band; by default not */
+    virtual bool obtainBandMeasures(KXChartDataUser* user, std::uint64_t measure, std::uint64_t& low,
+                                    std::uint64_t& high);
 
     /** @return the hint of the value at path; an empty one leaves the hint to the chart, which lists every
      * series of the category */

@@ -74,6 +74,14 @@ struct KXAxisChartDataUser::Pulled {
     std::vector<std::vector<double>> oldValues;
     bool hasNumber = false;
 
+    /** @return the series of a measure that has the same member as another series */
+    std::size_t findSeries(std::uint64_t measure, std::uint64_t member) const
+    {
+        const auto found = std::ranges::find_if(
+            series, [&](const Series& each) { return each.measure == measure && each.member == member; });
+        return found == series.end() ? noSeries : static_cast<std::size_t>(found - series.begin());
+    }
+
     /** @return a value for each category that is no number, where the series' old ones were if these were
      * about as many */
     std::vector<double> takeValues(std::size_t index)
@@ -117,6 +125,32 @@ double KXAxisChartDataUser::getValue(std::uint64_t series, std::uint64_t categor
     return category < values.size() ? values[category] : noNumber;
 }
 
+bool KXAxisChartDataUser::isOwnSeries(std::uint64_t series) const
+{
+    return series < m_series.size() && m_series[series].isOwn;
+}
+
+const std::vector<double>& KXAxisChartDataUser::_getValues(std::uint64_t series,
+                                                           std::size_t Series::*role) const
+{
+    return series < m_series.size() ? getSeriesValues(m_series[series].*role) : noValues;
+}
+
+const std::vector<double>& KXAxisChartDataUser::getColorValues(std::uint64_t series) const
+{
+    return _getValues(series, &Series::color);
+}
+
+const std::vector<double>& KXAxisChartDataUser::getBandLows(std::uint64_t series) const
+{
+    return _getValues(series, &Series::low);
+}
+
+const std::vector<double>& KXAxisChartDataUser::getBandHighs(std::uint64_t series) const
+{
+    return _getValues(series, &Series::high);
+}
+
 void KXAxisChartDataUser::resetData()
 {
     KXChartDataUser::resetData();
@@ -124,6 +158,7 @@ void KXAxisChartDataUser::resetData()
     for (Series& series : m_series)
         m_oldValues.push_back(std::move(series.values));
     m_series.clear();
+    m_ownSeriesCount = 0;
     m_categoryCount = 0;
     m_categoryDimensionLabel.clear();
     m_measureLabel.clear();
@@ -145,9 +180,11 @@ void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool&
     pulled.oldValues = std::exchange(m_oldValues, {});
     if (!uxAssert(axisProvider) || axisProvider->obtainDataIsEmpty(this) || !pulled.watcher.isCurrent())
         return;
-    if (!_pullDimension(*axisProvider, pulled) || !_pullSeries(*axisProvider, pulled))
+    if (!_pullDimension(*axisProvider, pulled) || !_pullSeries(*axisProvider, pulled) ||
+        !_pullRoles(*axisProvider, pulled))
         return;
     m_series = std::move(pulled.series);
+    m_ownSeriesCount = static_cast<std::uint64_t>(std::ranges::count_if(m_series, &Series::isOwn));
     m_categoryCount = pulled.categoryCount;
     m_categoryDimensionLabel = std::move(pulled.categoryDimensionLabel);
     m_measureLabel = std::move(pulled.measureLabel);
@@ -198,17 +235,58 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
                 series.values, [](double value) { return std::isinf(value); }, noNumber);
             series.extremes = kxFindValueExtremes(series.values);
         }
-        pulled.hasNumber = pulled.hasNumber || !series.extremes.isEmpty();
     }
     return true;
 }
 
-bool KXAxisChartDataUser::_hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series,
-                                      const Pulled& pulled)
+/** Finds out which series are there for others. */
+bool KXAxisChartDataUser::_pullRoles(KXAxisChartDataProvider& provider, Pulled& pulled)
+{
+    const std::int64_t color = pulled.series.size() > 1 ? provider.obtainColorMeasure(this) : -1;
+    const auto takeAway = [&](std::uint64_t measure) {
+        for (Series& series : pulled.series)
+            series.isOwn = series.isOwn && series.measure != measure;
+    };
+    if (!pulled.watcher.isCurrent())
+        return false;
+    if (color >= 0)
+        takeAway(static_cast<std::uint64_t>(color));
+    std::uint64_t measure = 0, low = 0, high = 0;
+    bool hasBand = false, isAsked = false;
+    for (std::size_t i = 0; i < pulled.series.size() && pulled.series.size() > 1; ++i) {
+        if (!pulled.series[i].isOwn)
+            continue;
+        // The members of a measure follow each other.
+        if (!isAsked || measure != pulled.series[i].measure) {
+            measure = pulled.series[i].measure;
+            hasBand = provider.obtainBandMeasures(this, measure, low, high);
+            if (!pulled.watcher.isCurrent())
+                return false;
+            hasBand = hasBand && low != measure && high != measure;
+            isAsked = true;
+            if (hasBand) {
+                takeAway(low);
+                takeAway(high);
+            }
+        }
+        Series& series = pulled.series[i];
+        series.color = color >= 0 ? pulled.findSeries(static_cast<std::uint64_t>(color), series.member)
+                                  : noSeries;
+        series.low = hasBand ? pulled.findSeries(low, series.member) : noSeries;
+        series.high = hasBand ? pulled.findSeries(high, series.member) : noSeries;
+    }
+    pulled.hasNumber = std::ranges::any_of(
+        pulled.series, [](const Series& series) { return series.isOwn && !series.extremes.isEmpty(); });
+    return true;
+}
+
+bool KXAxisChartDataUser::_hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled)
 {
     const KXIndexPath path = provider.obtainSeriesValuePath(this, series, 0);
     if (path.empty() || !pulled.watcher.isCurrent())
         return false;
+    pulled.series.back().measure = path[0];
+    pulled.series.back().member = path.size() > 2 ? path[2] : 0;
     const KXChartDataType type = provider.obtainValueDataType(this, {path[0]});
     const bool isNumber = type == KXChartDataType::Integer || type == KXChartDataType::Float;
     return isNumber && pulled.watcher.isCurrent();
@@ -302,6 +380,12 @@ const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()
     return m_categoryNumbers;
 }
 
+KXValueExtremes KXAxisChartDataUser::_findExtremes(const Series& series, std::size_t count)
+{
+    return count == series.values.size() ? series.extremes
+                                         : kxFindValueExtremes(std::span(series.values).first(count));
+}
+
 KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<std::uint64_t>& series,
                                                             std::uint64_t categoryCount, bool withSums) const
 {
@@ -313,7 +397,9 @@ KXAxisChartValueRange KXAxisChartDataUser::obtainValueRange(const std::vector<st
             continue;
         const Series& own = m_series[index];
         lists.push_back(std::span(own.values).first(count));
-        all.take(count == own.values.size() ? own.extremes : kxFindValueExtremes(lists.back()));
+        for (const std::size_t other : {std::size_t{index}, own.low, own.high})
+            if (other < m_series.size())
+                all.take(_findExtremes(m_series[other], count));
     }
     if (all.isEmpty())
         return {};

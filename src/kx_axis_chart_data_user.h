@@ -51,6 +51,15 @@ public:
     /** @return one value per category, NaN where there is none; every other number is finite */
     const std::vector<double>& getSeriesValues(std::uint64_t series) const;
     double getValue(std::uint64_t series, std::uint64_t category) const;
+    /** @return whether a series stands for itself. Of one that does not, the values colour others, or are the
+     * ends of their bands. */
+    bool isOwnSeries(std::uint64_t series) const;
+    std::uint64_t getOwnSeriesCount() const { return m_ownSeriesCount; }
+    /** @return the values that colour a series, one per category; empty for none */
+    const std::vector<double>& getColorValues(std::uint64_t series) const;
+    /** @return the ends of the band of a series, one per category each; empty for none */
+    const std::vector<double>& getBandLows(std::uint64_t series) const;
+    const std::vector<double>& getBandHighs(std::uint64_t series) const;
     /** @return what the categories are together: "Month" */
     const std::string& getCategoryDimensionLabel() const { return m_categoryDimensionLabel; }
     /** @return what the values are: the measure's label; empty where there are several measures */
@@ -89,11 +98,16 @@ protected:
     virtual void _categoryTextsArrived(bool areFirst);
 
 private:
+    /** One that is there for a series: past the count for none. */
+    static constexpr std::size_t noSeries = greatestSeriesCount;
     struct Series {
         std::string label;
         std::string id;
         std::vector<double> values;
         KXValueExtremes extremes; // of all values
+        std::uint64_t measure = 0, member = 0;
+        bool isOwn = true;
+        std::size_t color = noSeries, low = noSeries, high = noSeries;
     };
     struct CategoryText {
         std::string text;
@@ -103,13 +117,17 @@ private:
 
     bool _pullDimension(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
-    bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, const Pulled& pulled);
+    bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled);
+    bool _pullRoles(KXAxisChartDataProvider& provider, Pulled& pulled);
+    const std::vector<double>& _getValues(std::uint64_t series, std::size_t Series::*role) const;
+    static KXValueExtremes _findExtremes(const Series& series, std::size_t count);
     const CategoryText& _obtainText(std::uint64_t category);
     bool _pullTexts(std::uint64_t first, std::uint64_t count);
     void _tellOfTexts();
     void _keepText(std::uint64_t category, CategoryText text);
 
     std::vector<Series> m_series;
+    std::uint64_t m_ownSeriesCount = 0;
     std::vector<std::vector<double>> m_oldValues; // of the data before, whose memory the next ones take
     std::uint64_t m_categoryCount = 0;
     std::string m_categoryDimensionLabel;

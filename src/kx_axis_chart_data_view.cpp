@@ -23,6 +23,7 @@ void KXAxisChartDataView::updateIsOnSecondaryAxis(bool isOnSecondaryAxis)
 }
 
 bool KXAxisChartDataView::canShowSeries() const { return true; }
+bool KXAxisChartDataView::drawsSeriesAsOne() const { return false; }
 bool KXAxisChartDataView::canStack() const { return true; }
 
 KXAxisChartStacking KXAxisChartDataView::obtainStacking() const
@@ -86,6 +87,12 @@ void KXAxisChartDataView::fillHintFooter(UXHintInfo&, std::uint64_t) {}
 std::optional<UXSymbolStyle> KXAxisChartDataView::obtainLegendSymbolStyle(std::uint64_t) const
 {
     return std::nullopt;
+}
+
+bool KXAxisChartDataView::paintLegendSymbol(std::uint64_t, UXPainter&, const UXDoubleRect&,
+                                            const UXColor&) const
+{
+    return false;
 }
 
 const UXPropertyTable& KXAxisChartDataView::obtainPropertyTable()

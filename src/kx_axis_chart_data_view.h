@@ -19,6 +19,8 @@
 class KXAxisProperty;
 class KXXYAxisChart;
 class UXPainter;
+struct UXColor;
+struct UXDoubleRect;
 enum class UXSymbolStyle : int;
 struct UXHintInfo;
 struct UXHintRowInfo;
@@ -54,6 +56,10 @@ public:
     // What it is about
     /** @return whether series are shown by views of this kind; what stands for itself says no */
     virtual bool canShowSeries() const;
+    /** @return whether a series is drawn as one: it stands out, or gives way, as a whole, and what its marks
+     * have in common with others is their place, which a thin line shows while a hint tells of it, of the
+     * nearest series first. By default each mark stands for itself. */
+    virtual bool drawsSeriesAsOne() const;
     /** @return whether the series pile up where the value axis is stacked; by default they do */
     virtual bool canStack() const;
     /** @return how the series stand to each other on their value axis */
@@ -119,6 +125,10 @@ public:
     virtual void fillHintFooter(UXHintInfo& info, std::uint64_t category);
     /** @return the symbol of a series in the legend and in hints; none for the legend's own */
     virtual std::optional<UXSymbolStyle> obtainLegendSymbolStyle(std::uint64_t series) const;
+    /** Paints the legend's symbol of a series where that is like no other.
+     *  @return false, as by default, for what its style looks like */
+    virtual bool paintLegendSymbol(std::uint64_t series, UXPainter& painter, const UXDoubleRect& bounds,
+                                   const UXColor& color) const;
 
     /** The view's properties by key, as its document holds them. */
     static const UXPropertyTable& obtainPropertyTable();

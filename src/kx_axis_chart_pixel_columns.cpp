@@ -52,6 +52,11 @@ KXAxisChartInterval KXAxisChartPixelColumns::obtainAcross(std::size_t first, std
             m_frame.fromPixel(m_firstPixel + static_cast<double>(end))};
 }
 
+std::int64_t KXAxisChartPixelColumns::findColumnAt(double across) const
+{
+    return findColumn(m_frame.toPixel(across) - m_firstPixel);
+}
+
 /** Places of pixels are far inside 64 bits, and std::floor is a call where the processor may be an old one.
  */
 std::int64_t KXAxisChartPixelColumns::findColumn(double place)

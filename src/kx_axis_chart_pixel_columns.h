@@ -35,6 +35,8 @@ public:
     KXAxisChartInterval obtainAcross(std::size_t first, std::size_t end) const;
     /** @return the column in which a place lies; just below the end of one it is in the next */
     static std::int64_t findColumn(double place);
+    /** @return the column at a place across the plot; one beside the area is below 0 or past the count */
+    std::int64_t findColumnAt(double across) const;
 
     /** @return the runs of the categories in sight that touch the area, in the order of the categories. Where
      * their places never go back, the work depends on the runs and not on the categories. */

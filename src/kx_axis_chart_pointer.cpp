@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -21,8 +22,10 @@ namespace {
 /** A hint with more rows would be higher than most charts. */
 constexpr std::size_t greatestHintRowCount = 24;
 
-/** Beside the marks a category as a whole is explained; the item has no series. */
+/** Beside the marks a category as a whole is explained: the item's group is the series that comes first, or
+ * none. */
 constexpr int categoryKind = -1;
+constexpr std::uint64_t noFirst = (std::numeric_limits<std::uint64_t>::max)();
 
 KXAxisChartMark makeMark(const KXChartItem& item) { return {item.group, item.index}; }
 
@@ -96,7 +99,9 @@ std::optional<KXChartItem> KXAxisChart::obtainExplainedAt(UXPoint point) const
     if (!uxPointInRect(place, getMarksArea()) || getShownSeries().empty())
         return std::nullopt;
     const std::optional<std::uint64_t> category = _obtainCategoryAt(place);
-    return category ? std::optional(KXChartItem{categoryKind, 0, *category}) : std::nullopt;
+    if (!category)
+        return std::nullopt;
+    return KXChartItem{categoryKind, _obtainFirstSeries(place, *category).value_or(noFirst), *category};
 }
 
 bool KXAxisChart::hasItem(const KXChartItem& item) const
@@ -256,8 +261,9 @@ std::vector<KXObjectID> KXAxisChart::obtainItemObjectIDs(const KXChartItem& item
 UXHintInfo KXAxisChart::obtainItemHint(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
-    const std::optional<KXAxisChartMark> mark = item.kind == categoryKind ? std::nullopt
-                                                                          : std::optional(makeMark(item));
+    const std::optional<KXAxisChartMark> first = item.group == noFirst ? std::nullopt
+                                                                       : std::optional(makeMark(item));
+    const std::optional<KXAxisChartMark> mark = item.kind == categoryKind ? std::nullopt : first;
     UXHintInfo info = getAxisChartProperty()->getHintSettings();
     info.clearRows();
     KXChartDataProviderHintData data;
@@ -270,7 +276,7 @@ UXHintInfo KXAxisChart::obtainItemHint(const KXChartItem& item)
     if (!use.isAlive())
         return UXHintInfo(false);
     if (data.isEmpty())
-        _fillHint(info, item.index, mark);
+        _fillHint(info, item.index, first);
     else
         info = kxMakeHintInfo(data, info);
     return info;
@@ -279,29 +285,14 @@ UXHintInfo KXAxisChart::obtainItemHint(const KXChartItem& item)
 /** Several marks of a linked highlight are those of one category. */
 KXChartItem KXAxisChart::obtainExplained(const std::vector<KXChartItem>& items) const
 {
-    return items.size() == 1 ? items.front() : KXChartItem{categoryKind, 0, items.front().index};
+    return items.size() == 1 ? items.front() : KXChartItem{categoryKind, noFirst, items.front().index};
 }
 
 double KXAxisChart::obtainDimmedOpacity() const { return getAxisChartProperty()->getDimmedOpacity(); }
 
-void KXAxisChart::itemLookChanged(const KXChartItem& item)
-{
-    _placeLinkedTab();
-    const KXAxisChartMark mark = makeMark(item);
-    if (const KXAxisChartDataView* view = obtainViewOfSeries(mark.series))
-        for (const UXRect& rect : view->obtainMarkRects(mark))
-            _repaintMarks(rect);
-}
-
-void KXAxisChart::itemLooksChanged()
-{
-    _placeLinkedTab();
-    _repaintMarks();
-}
-
-/** Fills in the rows: every shown series of the category that has a value, the hovered one first. */
+/** Fills in the rows: every shown series of the category that has a value. */
 void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
-                            const std::optional<KXAxisChartMark>& hovered)
+                            const std::optional<KXAxisChartMark>& first)
 {
     const UXObjectWatcher self(this);
     const std::string title = obtainCategoryLabel(category);
@@ -321,12 +312,10 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         row.showSymbol = true;
         if (KXAxisChartDataView* view = obtainViewOfSeries(series))
             view->fillHintRow(row, {series, category});
+        row.value += _obtainBandText({series, category});
     };
-    if (hovered)
-        addRow(hovered->series);
-    for (const std::uint64_t series : getShownSeries())
-        if (!hovered || series != hovered->series)
-            addRow(series);
+    for (const std::uint64_t series : _obtainHintSeries(first))
+        addRow(series);
     info.enabled = info.enabled && !info.rows.empty();
     for (std::size_t i = 0; !info.rows.empty() && i < m_views.size(); ++i)
         m_views[i]->fillHintFooter(info, category);

@@ -64,6 +64,8 @@ void KXAxisChart::_updateViewLooks()
 
 void KXAxisChart::_paintMarks(UXPainter& painter, const UXRect& dirtyRect)
 {
+    if (m_guidedCategory)
+        _paintGuide(painter);
     for (const auto& view : m_views)
         view->paint(painter, dirtyRect);
 }
@@ -99,4 +101,11 @@ UXSymbolStyle KXAxisChart::obtainLegendSymbolStyle(std::uint64_t series)
     const KXAxisChartDataView* view = obtainViewOfSeries(series);
     const auto own = view ? view->obtainLegendSymbolStyle(series) : std::nullopt;
     return own ? *own : KXAxisChartBase::obtainLegendSymbolStyle(series);
+}
+
+bool KXAxisChart::paintLegendSymbol(std::uint64_t series, UXPainter& painter, const UXDoubleRect& bounds,
+                                    const UXColor& color) const
+{
+    const KXAxisChartDataView* view = obtainViewOfSeries(series);
+    return view && view->paintLegendSymbol(series, painter, bounds, color);
 }

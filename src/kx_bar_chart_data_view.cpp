@@ -6,6 +6,7 @@
 #include "kx_density_room.h"
 #include "kx_key_definitions.h"
 #include "kx_readable_color.h"
+#include "kx_whiskers.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_localize.h"
@@ -28,6 +29,10 @@ constexpr std::size_t greatestBatchCount = 64;
 constexpr double lineWidth = 1;
 
 constexpr double leastShare = 0.1;
+
+/** Of whiskers, in logical units. */
+constexpr double whiskerWidth = 1.5, greatestWhiskerCap = 10;
+constexpr UXColor whiskerColor(70, 70, 74);
 
 /** @return how far outside of interval place lies, 0 inside */
 double obtainDistance(const KXAxisChartInterval& interval, double place)
@@ -85,6 +90,7 @@ void KXBarChartDataView::reload()
 {
     m_made->texts.clear();
     m_made->layout = {};
+    m_made->whiskers.clear();
     m_made->barColors.clear();
     m_made->labels.clear();
 }
@@ -96,6 +102,26 @@ void KXBarChartDataView::layout(const KXAxisChartPlotFrame& frame)
     plane.share = _obtainShare();
     m_made->labels.clear();
     placeBars(_makeStacks(), plane);
+    _placeWhiskers();
+}
+
+/** Single bars show between which values theirs are thought to lie; parts of a sum do not. */
+void KXBarChartDataView::_placeWhiskers()
+{
+    m_made->whiskers.clear();
+    if (isDense() || obtainStacking() != KXAxisChartStacking::Plain)
+        return;
+    for (const KXBar& bar : m_made->layout.bars) {
+        const std::vector<double>&lows = getChart()->getBandLows(bar.mark.series),
+              &highs = getChart()->getBandHighs(bar.mark.series);
+        const std::uint64_t category = bar.mark.category;
+        if (category >= std::min(lows.size(), highs.size()) || std::isnan(lows[category]) ||
+            std::isnan(highs[category]))
+            continue;
+        const KXAxisChartInterval across = m_made->plane.obtainAcross(bar.rect);
+        kxAppendWhisker(m_made->whiskers, m_made->plane, (across.start + across.end) / 2, lows[category],
+                        highs[category], std::min(across.obtainLength() / 2, greatestWhiskerCap));
+    }
 }
 
 void KXBarChartDataView::placeBars(const KXAxisChartStacks& source, const KXBarPlane& plane)
@@ -316,6 +342,11 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
     drawAll();
     for (const auto& [rect, look] : standingOut)
         _paintStandingOut(painter, rect, look);
+    if (!m_made->whiskers.empty()) {
+        painter.setColor(getChart()->obtainTextColor(std::nullopt, whiskerColor));
+        painter.setLineWidth(whiskerWidth);
+        painter.drawPolyline(m_made->whiskers);
+    }
 }
 
 /** Over the others, which it may reach over. */

@@ -90,6 +90,7 @@ public:
 private:
     struct LabelRequests;
 
+    void _placeWhiskers();
     double _obtainShare() const;
     double _obtainPlaceAcross(UXPoint point) const;
     /** @return the bars to be painted of what lies in rect, by their indexes: the first and the one after the

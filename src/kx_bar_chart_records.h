@@ -5,6 +5,7 @@
 #include "kx_bar_plane.h"
 #include "kx_value_label_texts.h"
 #include "ux/ux_color.h"
+#include "ux/ux_double_point.h"
 
 #include <vector>
 
@@ -18,6 +19,7 @@ struct KXBarChartRecords {
     double widestSlot = 0;
     bool areBarsInOrder = true; /**< of the slots */
     std::vector<KXBarLabel> labels;
+    std::vector<UXDoublePoint> whiskers; /**< one line with gaps */
 
     // By the look
     std::vector<UXColor> barColors; /**< one a bar */

@@ -27,6 +27,9 @@ public:
     /** Takes up the groups of new data.
      *  @param identities one a group, where they are needed */
     void reload(std::uint64_t count, const std::vector<std::string>& identities);
+    /** One that is there for others is never shown and takes no colour in turn. To be said in ascending order
+     * after each reload. */
+    void leaveOut(std::uint64_t group);
     /** There are no data; what is switched off stays so. */
     void clear();
 
@@ -41,7 +44,8 @@ public:
 private:
     std::uint64_t m_count = 0;
     std::vector<std::uint64_t> m_shown;
-    std::set<std::string> m_hidden; // identities
+    std::vector<std::uint64_t> m_leftOut; // ascending
+    std::set<std::string> m_hidden;       // identities
     std::vector<std::optional<UXColor>> m_hostColors;
     std::vector<UXColor> m_usualColors;
 };

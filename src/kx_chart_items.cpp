@@ -200,6 +200,8 @@ void KXChartItems::hover(const UXEvent& event)
     _setHovered(item, event);
     if (self.isAlive())
         _explain(explained, point);
+    if (self.isAlive())
+        m_delegate.itemExplained(m_hint.getHintVisible() ? m_explained : std::nullopt);
 }
 
 void KXChartItems::leave(const UXEvent& event)
@@ -264,6 +266,7 @@ void KXChartItems::_explain(const std::optional<KXChartItem>& item, UXPoint poin
     const bool isSame = item == m_explained && m_hint.getHintVisible();
     m_explained = item;
     if (!item) {
+        m_delegate.itemExplained(std::nullopt);
         m_hint.hideHint();
         return;
     }

@@ -34,4 +34,5 @@ KXChartItem KXChartItemsDelegate::obtainExplained(const std::vector<KXChartItem>
 KXChartLabel* KXChartItemsDelegate::obtainItemLabel(const KXChartItem&) const { return nullptr; }
 std::vector<KXChartLabel*> KXChartItemsDelegate::obtainItemLabels() const { return {}; }
 void KXChartItemsDelegate::itemLookChanged(const KXChartItem&) { itemLooksChanged(); }
+void KXChartItemsDelegate::itemExplained(const std::optional<KXChartItem>&) {}
 double KXChartItemsDelegate::obtainDimmedOpacity() const { return usualDimmedOpacity; }

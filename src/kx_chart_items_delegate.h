@@ -63,6 +63,9 @@ public:
     virtual void itemLookChanged(const KXChartItem& item);
     /** Other items stand out, so that what is drawn of all is drawn anew. */
     virtual void itemLooksChanged() = 0;
+    /** The pointer has a hint tell of the item from now on, or of none; by default nothing else shows it.
+     * Asks nobody. */
+    virtual void itemExplained(const std::optional<KXChartItem>& item);
 
 protected:
     ~KXChartItemsDelegate() = default;

@@ -84,6 +84,7 @@ void KXChartItems::_walkTo(const KXChartItem& item)
     if (!self.isAlive() || m_focused != item)
         return;
     m_actionItem = item;
+    m_delegate.itemExplained(std::nullopt); // the keyboard's ring shows it
     m_chart.invalidate();
     if (self.isAlive())
         _explain(item, m_delegate.obtainItemHintPoint(item));

@@ -19,6 +19,8 @@ struct KX_EXPORT KXGradientScale {
     /** @return where the classes begin, and where the last one ends; empty without classes */
     std::vector<double> obtainClassBounds() const;
 
+    friend bool operator==(const KXGradientScale&, const KXGradientScale&) = default;
+
 private:
     UXColor _obtainColorAt(double value) const;
     /** @param share of the range, 0 to 1 */

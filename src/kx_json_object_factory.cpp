@@ -1,5 +1,6 @@
 #include "kx_json_object_factory.h"
 
+#include "kx_area_chart.h"
 #include "kx_axis.h"
 #include "kx_axis_chart_base_layer.h"
 #include "kx_axis_chart_layer.h"
@@ -17,6 +18,13 @@
 #include "kx_horizontal_bar.h"
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
+#include "kx_line_bar_chart.h"
+#include "kx_line_chart.h"
+#include "kx_line_chart_data_view.h"
+#include "kx_line_chart_property.h"
+#include "kx_line_point.h"
+#include "kx_line_segment.h"
+#include "kx_lines.h"
 #include "kx_menu.h"
 #include "kx_menu_item.h"
 #include "kx_rectangle.h"
@@ -55,7 +63,7 @@ UXJsonObject* create()
 #        Class, nullptr, false       \
     }
 constexpr Type types[] = {
-    KX_TYPE_WITHOUT_CLASS(KXAreaChart),
+    KX_TYPE(KXAreaChart),
     KX_TYPE_WITHOUT_CLASS(KXAssistantLineDataView),
     KX_TYPE_WITHOUT_CLASS(KXAssistantLineProperty),
     KX_TYPE(KXAxis),
@@ -92,13 +100,13 @@ constexpr Type types[] = {
     KX_TYPE(UXLabel),
     KX_TYPE(KXLegend),
     KX_TYPE(KXLegendCell),
-    KX_TYPE_WITHOUT_CLASS(KXLines),
-    KX_TYPE_WITHOUT_CLASS(KXLineBarChart),
-    KX_TYPE_WITHOUT_CLASS(KXLineChart),
-    KX_TYPE_WITHOUT_CLASS(KXLinePoint),
-    KX_TYPE_WITHOUT_CLASS(KXLineSegment),
-    KX_TYPE_WITHOUT_CLASS(KXLineChartDataView),
-    KX_TYPE_WITHOUT_CLASS(KXLineChartProperty),
+    KX_TYPE(KXLines),
+    KX_TYPE(KXLineBarChart),
+    KX_TYPE(KXLineChart),
+    KX_TYPE(KXLinePoint),
+    KX_TYPE(KXLineSegment),
+    KX_TYPE(KXLineChartDataView),
+    KX_TYPE(KXLineChartProperty),
     KX_TYPE(KXMenu),
     KX_TYPE(KXMenuItem),
     KX_TYPE_WITHOUT_CLASS(KXPieChart),

@@ -15,6 +15,7 @@
 #include "ux/ux_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
+#include "ux/ux_symbol_shape.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
@@ -527,6 +528,13 @@ void KXLegend::cellHovered(std::uint64_t index, bool hovered)
 {
     if (m_delegate)
         m_delegate->legendCellHovered(index, hovered);
+}
+
+void KXLegend::paintSymbol(std::uint64_t index, UXPainter& painter, UXSymbolStyle style,
+                           const UXDoubleRect& bounds, const UXColor& color) const
+{
+    if (!m_delegate || !m_delegate->paintLegendSymbol(index, painter, bounds, color))
+        uxDrawSymbol(painter, style, bounds, color);
 }
 
 bool KXLegend::obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const

@@ -23,6 +23,7 @@
 class KXInteractionEffect;
 class KXLegendCell;
 class KXLegendDelegate;
+class UXPainter;
 class UXVirtualScrollView;
 
 /** Lists a chart's series: a symbol and a label each, in one row or one column that scrolls. Cells are
@@ -101,6 +102,9 @@ public:
     std::vector<KXInteractionEffect*> obtainCellEffects(std::uint64_t index) const;
     bool isCellOn(std::uint64_t index) const;
     bool obtainShouldShowPointingHand(std::uint64_t index, const UXEvent& event) const;
+    /** @param style of a symbol that the chart does not paint itself */
+    void paintSymbol(std::uint64_t index, UXPainter& painter, UXSymbolStyle style, const UXDoubleRect& bounds,
+                     const UXColor& color) const;
 
     // What a cell tells, for the delegate
     void cellClicked(std::uint64_t index, const UXEvent& event);

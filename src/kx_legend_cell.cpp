@@ -9,7 +9,6 @@
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_round_rectangle.h"
 #include "ux/ux_saturate.h"
-#include "ux/ux_symbol_shape.h"
 
 #include <algorithm>
 #include <cmath>
@@ -60,7 +59,7 @@ void KXLegendCell::paint(UXPaintConfig* config, UXRect dirtyRect)
         if (needsDefaultHighlight())
             kxDrawHighlightGround(*painter, UXDoubleRect(getBoundingRect()),
                                   m_legend->getTextProperty().textColor);
-        uxDrawSymbol(*painter, m_symbolStyle, _obtainDrawnSymbolRect(), color);
+        m_legend->paintSymbol(getIndex(), *painter, m_symbolStyle, _obtainDrawnSymbolRect(), color);
         const UXDoubleRect labelRect = m_legend->obtainLabelRect(getRect().width);
         if (labelRect.width > 0 && !m_label.empty()) {
             UXTextProperty property = m_legend->getTextProperty();

@@ -11,3 +11,8 @@ std::vector<KXObjectID> KXLegendDelegate::obtainLegendCellObjectID(std::uint64_t
 void KXLegendDelegate::legendCellClicked(std::uint64_t, const UXEvent&) {}
 void KXLegendDelegate::legendCellHovered(std::uint64_t, bool) {}
 bool KXLegendDelegate::obtainLegendCellIsOn(std::uint64_t) { return true; }
+
+bool KXLegendDelegate::paintLegendSymbol(std::uint64_t, UXPainter&, const UXDoubleRect&, const UXColor&) const
+{
+    return false;
+}

@@ -10,7 +10,9 @@
 
 class KXChartDataUser;
 class UXEvent;
+class UXPainter;
 struct UXColor;
+struct UXDoubleRect;
 
 /** What a chart tells its legend. Cells are numbered from 0. */
 class KX_EXPORT KXLegendDelegate {
@@ -34,6 +36,11 @@ public:
     /** @return whether what the cell stands for is switched on; the label of one that is off is faint. Clicks
      *  are what switches where the chart takes them so. */
     virtual bool obtainLegendCellIsOn(std::uint64_t index);
+    /** Paints the symbol of a cell that is like no other; nobody is asked.
+     *  @param bounds its place in the cell, in logical units
+     *  @return false, as by default, for the one of the symbol's style */
+    virtual bool paintLegendSymbol(std::uint64_t index, UXPainter& painter, const UXDoubleRect& bounds,
+                                   const UXColor& color) const;
 
 protected:
     ~KXLegendDelegate() = default;

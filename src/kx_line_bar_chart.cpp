@@ -32,6 +32,7 @@ KXLineBarChart::KXLineBarChart()
         _applyKeyEffect(KXBarChartProperty::obtainPropertyTable().obtainEffect(key));
     });
     m_lineProperty->registerUpdatedEvents([this](const std::string& key) {
+        updateLegendColor(); // the legend draws lines and points as the plot does
         _applyKeyEffect(KXLineChartProperty::obtainPropertyTable().obtainEffect(key));
     });
 }
@@ -47,6 +48,7 @@ KXLineChartDataView& KXLineBarChart::_addLines(KXAxisChartType type, bool isOnSe
     const bool canStack = type == KXAxisChartType::Area;
     auto view = std::make_unique<KXLineChartDataView>(type, canStack, m_lineProperty);
     view->updateIsOnSecondaryAxis(isOnSecondaryAxis);
+    view->setDrawsWhiskers(true);
     return _addView(std::move(view));
 }
 
@@ -163,4 +165,23 @@ const UXPropertyTable& KXLineBarChart::obtainPropertyTable()
     return table;
 }
 
-KX_DEFINE_DOCUMENT(KXLineBarChart, KXXYAxisChart)
+void KXLineBarChart::customSerialize()
+{
+    KXXYAxisChart::customSerialize();
+    obtainPropertyTable().write(*this);
+}
+
+std::string KXLineBarChart::customSerializeTypeID() { return "KXLineBarChart"; }
+
+bool KXLineBarChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    bool complete = KXXYAxisChart::customDeserialize();
+    if (!self.isAlive())
+        return false;
+    complete = obtainPropertyTable().read(*this) && complete;
+    // What the legend shows and which axis a series stands on are among what was read.
+    if (preparedAndReloadedData())
+        reloadData();
+    return complete;
+}

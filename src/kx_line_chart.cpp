@@ -1,7 +1,11 @@
 #include "kx_line_chart.h"
 
+#include "kx_axis_property.h"
+#include "kx_axis_scale.h"
+#include "kx_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_line_chart_property.h"
+#include "kx_line_gradient_legend.h"
 #include "ux/ux_object_watcher.h"
 
 namespace {
@@ -16,9 +20,13 @@ KXObjectID makeSeriesID(std::uint64_t series)
 KXLineChart::KXLineChart() : KXLineChart(KXAxisChartType::Line) {}
 
 KXLineChart::KXLineChart(KXAxisChartType type)
-    : m_dataView(_addView(std::make_unique<KXLineChartDataView>(type)))
+    : m_dataView(_addView(std::make_unique<KXLineChartDataView>(type))),
+      m_gradientLegend(new KXLineGradientLegend)
 {
+    m_gradientLegend->setVisible(false);
+    addChild(m_gradientLegend);
     getLineChartProperty()->registerUpdatedEvents([this](const std::string& key) {
+        updateLegendColor(); // the legend draws lines and points as the plot does
         _applyKeyEffect(KXLineChartProperty::obtainPropertyTable().obtainEffect(key));
     });
 }
@@ -30,6 +38,56 @@ KXLineChartProperty* KXLineChart::getLineChartProperty() const { return m_dataVi
 bool KXLineChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty* property)
 {
     return property != getXAxisProperty();
+}
+
+void KXLineChart::registerChartPropertyUpdatedEvents()
+{
+    KXXYAxisChart::registerChartPropertyUpdatedEvents();
+    getChartProperty()->registerUpdatedEvents({"m_legendLabelColor"},
+                                              [this](const std::string&) { _updateGradientLegend(); });
+}
+
+/** Where colours stand for values they name no series. */
+std::uint64_t KXLineChart::obtainLegendCellSize()
+{
+    return getLineChartProperty()->getColorByValue() ? 0 : KXXYAxisChart::obtainLegendCellSize();
+}
+
+void KXLineChart::_customLayout(UXRect plotArea)
+{
+    const KXChartProperty& property = *getChartProperty();
+    const bool isShown = getLineChartProperty()->getColorByValue() && property.getShowLegend() &&
+                         preparedAndReloadedData();
+    const UXPosition side = property.getLegendPosition();
+    const bool isUpright = side == UXPosition::Left || side == UXPosition::Right;
+    m_gradientLegend->setVisible(isShown);
+    _updateGradientLegend();
+    KXXYAxisChart::_customLayout(
+        isShown ? m_gradientLegend->takeRoom(plotArea, side,
+                                             isUpright ? property.getLegendVerticalAlign()
+                                                       : property.getLegendHorizontalAlign())
+                : plotArea);
+}
+
+void KXLineChart::_applyKeyEffect(UXPropertyEffect effect)
+{
+    const UXObjectWatcher self(this);
+    KXXYAxisChart::_applyKeyEffect(effect);
+    if (self.isAlive())
+        _updateGradientLegend();
+}
+
+void KXLineChart::_updateGradientLegend()
+{
+    const std::optional<KXGradientScale> scale = m_dataView.obtainColorScale();
+    if (!scale || !m_gradientLegend->getVisible())
+        return;
+    UXTextProperty text = m_gradientLegend->getTextProperty();
+    text.textColor = getChartProperty()->getLegendLabelColor();
+    m_gradientLegend->setTextProperty(text);
+    m_gradientLegend->setScale(*scale, [this](double value) {
+        return kxFormatAxisTick(*getYAxisProperty(), *getYDataFormat(), value);
+    });
 }
 
 std::vector<KXObjectID> KXLineChart::obtainLegendCellObjectID(std::uint64_t index)
@@ -64,4 +122,23 @@ const UXPropertyTable& KXLineChart::obtainPropertyTable()
     return table;
 }
 
-KX_DEFINE_DOCUMENT(KXLineChart, KXXYAxisChart)
+void KXLineChart::customSerialize()
+{
+    KXXYAxisChart::customSerialize();
+    obtainPropertyTable().write(*this);
+}
+
+std::string KXLineChart::customSerializeTypeID() { return "KXLineChart"; }
+
+bool KXLineChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    bool complete = KXXYAxisChart::customDeserialize();
+    if (!self.isAlive())
+        return false;
+    complete = obtainPropertyTable().read(*this) && complete;
+    // What the legend shows and which axis a series stands on are among what was read.
+    if (preparedAndReloadedData())
+        reloadData();
+    return complete;
+}

@@ -9,6 +9,7 @@
 #include <vector>
 
 class KXLineChartProperty;
+class KXLineGradientLegend;
 
 /** Draws each series as a line, or, stacked, where the value axis's property says so, as the upper edge of
  * what it adds. All categories are seen at once, however many there are, unless the axis has a length. */
@@ -19,6 +20,9 @@ public:
 
     /** @return the property object that the chart made and destroys, never null */
     KXLineChartProperty* getLineChartProperty() const;
+    /** @return the legend that takes the place of the usual one where colours stand for values; a child of
+     * the chart, never null */
+    KXLineGradientLegend* getGradientLegend() const { return m_gradientLegend; }
     /** @return the lines that can be seen, as of the last layout */
     const KXLineChartDataView& getDataView() const { return m_dataView; }
 
@@ -33,7 +37,9 @@ public:
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
 
-    // From KXLegendDelegate
+    // From KXChart and KXLegendDelegate
+    void registerChartPropertyUpdatedEvents() override;
+    std::uint64_t obtainLegendCellSize() override;
     std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
 
 protected:
@@ -42,9 +48,14 @@ protected:
 
     double _obtainMinCategorySpacing() const override;
     std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const override;
+    void _customLayout(UXRect plotArea) override;
+    void _applyKeyEffect(UXPropertyEffect effect) override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
 private:
+    void _updateGradientLegend();
+
     KXLineChartDataView& m_dataView; // the chart's
+    KXLineGradientLegend* m_gradientLegend;
     UXPropertyTableBinding m_linePropertyBinding{*this, obtainPropertyTable()};
 };

@@ -3,8 +3,12 @@
 #include "kx_axis_chart_axis_cache_data.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
+#include "kx_chart_item_look.h"
 #include "kx_key_definitions.h"
+#include "kx_line_bands.h"
 #include "kx_line_chart_property.h"
+#include "kx_line_point.h"
+#include "kx_whiskers.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_rect_functions.h"
@@ -25,8 +29,18 @@ constexpr double hitReach = 12;
 constexpr double columnReach = 2;
 /** More points of one series are not drawn unless the user wants them. */
 constexpr std::size_t greatestPointCount = 40;
+/** The short lines at the ends of whiskers, in logical units. */
+constexpr double whiskerCap = 6;
+/** More colours along a line cannot be told from each other, and each is looked for by the back end. */
+constexpr std::size_t greatestColorCount = 256;
+/** Of what has no value to be coloured by. */
+constexpr UXColor neutralColor(160, 160, 164);
 /** What a hint keeps off around a point. */
 constexpr double leastPointSize = 8;
+/** A point that stands out is as much larger, and so large at least, in logical units. */
+constexpr double standingOutRatio = 1.4, leastStandingOutSize = 8;
+/** How far a shape reaches from its centre, as a part of its size, with the soft edge of its ring. */
+constexpr double shapeReach = 0.7, edgeReach = 1;
 
 /** @return from point to the piece of a line between from and to */
 double obtainDistance(const UXDoublePoint& point, const UXDoublePoint& from, const UXDoublePoint& to)
@@ -65,6 +79,7 @@ KXLineChartDataView::KXLineChartDataView(KXAxisChartType type, bool canStack,
 
 KXLineChartDataView::~KXLineChartDataView() = default;
 
+bool KXLineChartDataView::drawsSeriesAsOne() const { return true; }
 bool KXLineChartDataView::canStack() const { return m_canStack; }
 
 bool KXLineChartDataView::shouldIncludeZero() const
@@ -78,6 +93,7 @@ void KXLineChartDataView::reload()
     m_edges.clear();
     m_layout = {};
     m_points.clear();
+    m_bands.clear();
     m_labels.clear();
     m_colors.clear();
     m_pointColors.clear();
@@ -88,11 +104,37 @@ void KXLineChartDataView::layout(const KXAxisChartPlotFrame& frame)
     m_frame = frame;
     m_labels.clear();
     m_edges.take(_makeStacks(), m_property->getNullHandling());
+    const bool hasDashes = std::ranges::any_of(
+        getShownSeries(), [this](std::uint64_t series) { return _obtainPen(series).isDashed(); });
     m_layout = kxLayoutLines(m_edges, frame,
                              {m_property->getCurve(),
                               m_property->getNullHandling() == KXLineNullHandling::Connect,
-                              m_type == KXAxisChartType::Area});
+                              m_type == KXAxisChartType::Area, hasDashes});
     _layoutPoints();
+    _layoutBands();
+}
+
+/** Stacked series have none: a band is about the value and not about a sum. */
+void KXLineChartDataView::_layoutBands()
+{
+    m_bands.assign(m_layout.shapes.size(), {});
+    for (std::size_t position = 0; !m_edges.isStacked() && position < m_bands.size(); ++position) {
+        const std::uint64_t series = getShownSeries()[position];
+        const std::vector<double>&lows = getChart()->getBandLows(series),
+              &highs = getChart()->getBandHighs(series);
+        if (lows.empty() || highs.empty())
+            continue;
+        if (!m_drawsWhiskers) {
+            m_bands[position] = kxLayoutBand(m_edges, lows, highs, m_frame, m_property->getCurve());
+            continue;
+        }
+        std::vector<UXDoublePoint>& whiskers = m_bands[position].emplace_back();
+        for (const KXLineVertex& vertex : m_layout.shapes[position].line.vertices)
+            if (_isInSight(vertex) && !std::isnan(lows[vertex.category]) &&
+                !std::isnan(highs[vertex.category]))
+                kxAppendWhisker(whiskers, m_frame, vertex.across, lows[vertex.category],
+                                highs[vertex.category], whiskerCap);
+    }
 }
 
 double KXLineChartDataView::_obtainAcross(const UXDoublePoint& point) const
@@ -118,6 +160,17 @@ KXLinePlace KXLineChartDataView::_makePlace(std::size_t position, const KXLineVe
 double KXLineChartDataView::_obtainLineWidth(std::uint64_t series) const
 {
     return m_type == KXAxisChartType::Scatter ? 0 : m_property->obtainLineWidth(series);
+}
+
+KXLinePen KXLineChartDataView::_obtainPen(std::uint64_t series) const
+{
+    return {_obtainLineWidth(series), m_property->obtainLineStyle(series), m_property->getLineCapStyle(),
+            m_property->getLineJoinStyle()};
+}
+
+double KXLineChartDataView::_obtainStandingOutSize(const KXChartItemLook& look) const
+{
+    return std::max(m_property->obtainPointSize() * standingOutRatio, leastStandingOutSize) * look.sizeRatio;
 }
 
 void KXLineChartDataView::_layoutPoints()
@@ -154,31 +207,66 @@ std::vector<KXAxisChartMark> KXLineChartDataView::obtainSingleMarks() const
     return marks;
 }
 
+std::optional<KXGradientScale> KXLineChartDataView::obtainColorScale() const
+{
+    const KXAxisChartAxisCacheData* axis = getChart()->obtainAxisCacheData(&_getValueAxisProperty());
+    if (!m_property->getColorByValue() || !axis)
+        return std::nullopt;
+    KXValueExtremes range;
+    for (const std::uint64_t series : getShownSeries())
+        range.take(kxFindValueExtremes(getChart()->getColorValues(series)));
+    if (range.isEmpty())
+        range = {axis->dataMin, std::max(axis->dataMin, axis->dataMax)};
+    return KXGradientScale{range.min,
+                           range.max,
+                           m_property->getMiddleValue(),
+                           m_property->getMinColor(),
+                           m_property->getMiddleColor(),
+                           m_property->getMaxColor(),
+                           m_property->getClassCount()};
+}
+
 void KXLineChartDataView::updateLook()
 {
     const KXXYAxisChart& chart = *getChart();
-    const KXAxisChartAxisCacheData* axis = chart.obtainAxisCacheData(&_getValueAxisProperty());
+    const std::optional<KXGradientScale> scale = obtainColorScale();
     m_colors.clear();
-    for (std::size_t position = 0; position < m_layout.shapes.size(); ++position) {
-        KXValueColors& colors = m_colors.emplace_back();
-        colors.color = chart.obtainSeriesColor(getShownSeries()[position]);
-        colors.negativeColor = m_property->getNegativeColor();
-        if (m_property->getColorByValue() && axis)
-            colors.scale = KXGradientScale{axis->dataMin,
-                                           std::max(axis->dataMin, axis->dataMax),
-                                           m_property->getMiddleValue(),
-                                           m_property->getMinColor(),
-                                           m_property->getMiddleColor(),
-                                           m_property->getMaxColor(),
-                                           m_property->getClassCount()};
-    }
+    for (std::size_t position = 0; position < m_layout.shapes.size(); ++position)
+        m_colors.push_back(
+            {chart.obtainSeriesColor(getShownSeries()[position]), scale, m_property->getNegativeColor(), {}});
+    for (std::size_t position = 0; scale && position < m_colors.size(); ++position)
+        _fillPlaces(m_colors[position], position);
     m_pointColors.clear();
     for (const KXLinePlace& point : m_points) {
         const auto position = static_cast<std::size_t>(
             std::ranges::find(getShownSeries(), point.mark.series) - getShownSeries().begin());
         const std::optional<UXColor> own = isDense() ? std::nullopt : chart.obtainHostColor(point.mark);
-        m_pointColors.push_back(own ? *own : m_colors[position].obtainColor(point.value));
+        m_pointColors.push_back(own ? *own : _obtainColor(position, point.mark));
     }
+}
+
+UXColor KXLineChartDataView::_obtainColor(std::size_t position, const KXAxisChartMark& mark) const
+{
+    const KXValueColors& colors = m_colors[position];
+    const std::vector<double>& others = getChart()->getColorValues(mark.series);
+    if (!colors.scale || others.empty())
+        return colors.obtainColor(obtainValue(mark));
+    const double other = mark.category < others.size() ? others[mark.category] : std::nan("");
+    return std::isnan(other) ? neutralColor : colors.scale->obtainColor(other);
+}
+
+/** Where another measure gives the colours, these follow each other along the line. */
+void KXLineChartDataView::_fillPlaces(KXValueColors& colors, std::size_t position) const
+{
+    const std::uint64_t series = getShownSeries()[position];
+    const std::vector<KXLineVertex>& vertices = m_layout.shapes[position].line.vertices;
+    if (getChart()->getColorValues(series).empty() || vertices.empty())
+        return;
+    const double span = vertices.back().across - vertices.front().across;
+    const double least = span / static_cast<double>(greatestColorCount);
+    for (const KXLineVertex& vertex : vertices)
+        if (colors.places.empty() || vertex.across - colors.places.back().first > least)
+            colors.places.emplace_back(vertex.across, _obtainColor(position, {series, vertex.category}));
 }
 
 std::optional<UXDoublePoint> KXLineChartDataView::_placeMark(const KXAxisChartMark& mark) const
@@ -281,8 +369,24 @@ UXRect KXLineChartDataView::obtainMarkPlace(const KXAxisChartMark& mark) const
     const std::optional<UXDoublePoint> place = _placeMark(mark);
     if (!place)
         return {};
-    const double size = std::max(m_property->getPointSize(), leastPointSize);
+    const double size = std::max(m_property->obtainPointSize(), leastPointSize);
     return uxSurroundingRect(UXDoubleRect(place->x - size / 2, place->y - size / 2, size, size));
+}
+
+/** What stands out is a point and its label; the line behind it is that of the whole series. */
+std::vector<UXRect> KXLineChartDataView::obtainMarkRects(const KXAxisChartMark& mark) const
+{
+    std::vector<UXRect> rects;
+    if (const std::optional<UXDoublePoint> place = _placeMark(mark)) {
+        const double size = _obtainStandingOutSize(getChart()->obtainMarkLook(mark, UXColor()));
+        const double reach = shapeReach * (size + 2 * KXLinePoint::ringWidth) + edgeReach;
+        rects.push_back(
+            uxSurroundingRect(UXDoubleRect(place->x - reach, place->y - reach, 2 * reach, 2 * reach)));
+    }
+    for (const KXLineLabel& label : m_labels)
+        if (label.mark == mark)
+            rects.push_back(uxSurroundingRect(label.rect));
+    return rects;
 }
 
 /** Where no series has a value, or categories are merged, a hint is about what is drawn next to it. */
@@ -320,7 +424,7 @@ void KXLineChartDataView::fillHintRow(UXHintRowInfo& row, const KXAxisChartMark&
     const auto found = std::ranges::find(getShownSeries(), mark.series);
     const auto position = static_cast<std::size_t>(found - getShownSeries().begin());
     if (position < m_colors.size())
-        row.color = m_colors[position].obtainColor(obtainValue(mark));
+        row.color = _obtainColor(position, mark);
     const KXAxisChartStacks source = _makeStacks();
     if (position < source.series.size() &&
         kxTellsPercentages(source.form, m_property->getLabelDisplayOption()))

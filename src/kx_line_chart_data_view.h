@@ -5,9 +5,11 @@
 #include "kx_axis_chart_options.h"
 #include "kx_axis_chart_plot_frame.h"
 #include "kx_export.h"
+#include "kx_gradient_scale.h"
 #include "kx_line_edges.h"
 #include "kx_line_labels.h"
 #include "kx_line_layout.h"
+#include "kx_line_pen.h"
 #include "kx_value_colors.h"
 #include "kx_value_label_texts.h"
 #include "ux/ux_color.h"
@@ -22,7 +24,9 @@
 #include <vector>
 
 class KXLineChartProperty;
+class KXLines;
 class UXPainter;
+struct KXChartItemLook;
 class UXTextProperty;
 
 /** A point that is drawn. */
@@ -50,6 +54,8 @@ public:
     /** @return never null */
     KXLineChartProperty* getLineChartProperty() const { return m_property.get(); }
     KXAxisChartType getType() const { return m_type; }
+    /** Has the view draw whiskers in place of bands, beside marks that have these. */
+    void setDrawsWhiskers(bool drawsWhiskers) { m_drawsWhiskers = drawsWhiskers; }
 
     // What can be seen, as of the last layout
     /** @return one a shown series */
@@ -58,12 +64,15 @@ public:
     const std::vector<KXLinePlace>& getPoints() const { return m_points; }
     const std::vector<KXLineLabel>& getLabels() const { return m_labels; }
     const KXAxisChartPlotFrame& getFrame() const { return m_frame; }
+    /** @return which colours stand for which values, none where each series has its own */
+    std::optional<KXGradientScale> obtainColorScale() const;
     /** @return whether a point can stand for many categories */
     bool isDense() const { return m_layout.isDense; }
 
     static const UXPropertyTable& obtainPropertyTable();
 
     // From KXAxisChartDataView and UXJsonObject
+    bool drawsSeriesAsOne() const override;
     bool canStack() const override;
     bool shouldIncludeZero() const override;
     double obtainExtraRoomAcross() const override;
@@ -78,11 +87,15 @@ public:
      * the area that it is in */
     std::optional<KXAxisChartMark> hitMark(UXPoint point) const override;
     UXRect obtainMarkPlace(const KXAxisChartMark& mark) const override;
+    std::vector<UXRect> obtainMarkRects(const KXAxisChartMark& mark) const override;
     std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const override;
     std::optional<UXPoint> obtainHintPoint(const KXAxisChartMark& mark) const override;
     void fillHintRow(UXHintRowInfo& row, const KXAxisChartMark& mark) override;
     void fillHintFooter(UXHintInfo& info, std::uint64_t category) override;
     std::optional<UXSymbolStyle> obtainLegendSymbolStyle(std::uint64_t series) const override;
+    /** Draws the dashes and the points of a series, where it has some of its own. */
+    bool paintLegendSymbol(std::uint64_t series, UXPainter& painter, const UXDoubleRect& bounds,
+                           const UXColor& color) const override;
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
@@ -92,7 +105,12 @@ private:
     bool _isInSight(const KXLineVertex& vertex) const;
     KXLinePlace _makePlace(std::size_t position, const KXLineVertex& vertex) const;
     double _obtainLineWidth(std::uint64_t series) const;
+    KXLinePen _obtainPen(std::uint64_t series) const;
+    double _obtainStandingOutSize(const KXChartItemLook& look) const;
     void _layoutPoints();
+    void _layoutBands();
+    UXColor _obtainColor(std::size_t position, const KXAxisChartMark& mark) const;
+    void _fillPlaces(KXValueColors& colors, std::size_t position) const;
     /** @return where a mark lies, none for one without a value */
     std::optional<UXDoublePoint> _placeMark(const KXAxisChartMark& mark) const;
 
@@ -104,14 +122,16 @@ private:
 
     // Paint
     double _obtainOpacity(std::uint64_t series) const;
+    void _paintBand(UXPainter& painter, std::size_t position) const;
     void _paintArea(UXPainter& painter, std::size_t position) const;
     void _paintLine(UXPainter& painter, std::size_t position) const;
     void _paintPoints(UXPainter& painter, std::size_t position) const;
     void _paintHighlighted(UXPainter& painter) const;
-    void _paintStandingOut(UXPainter& painter, const KXAxisChartMark& mark) const;
+    void _addStandingOut(KXLines& lines, const KXAxisChartMark& mark) const;
 
     // Labels
     bool _showsNames() const;
+    bool _isOverLine(const UXDoubleRect& rect) const;
     void _requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer);
     void _requestLabel(const KXAxisChartStacks& source, const KXLinePlace& place, std::size_t position,
                        KXLineLabelPlacer& placer);
@@ -120,13 +140,16 @@ private:
     std::shared_ptr<KXLineChartProperty> m_property;
     KXAxisChartType m_type;
     bool m_canStack;
+    bool m_drawsWhiskers = false;
     KXValueLabelTexts m_texts;
     KXLineEdges m_edges;
 
     // Made by the layout
     KXAxisChartPlotFrame m_frame;
     KXLineLayout m_layout;
-    std::vector<KXLinePlace> m_points; // by series
+    std::vector<KXLinePlace> m_points;                            // by series
+    std::vector<std::vector<std::vector<UXDoublePoint>>> m_bands; // polygons, or whiskers in one; one list a
+                                                                  // shape
     std::vector<KXLineLabel> m_labels;
 
     // Made by the look

@@ -14,6 +14,9 @@ namespace {
 
 /** Of more points than these only extremes and ends can have a label that tells which one it is about. */
 constexpr std::size_t greatestLabelCount = 400;
+/** What is behind a text through which a line runs. */
+constexpr UXColor usualGround(255, 255, 255);
+constexpr double plateOpacity = 0.75;
 /** Names have at most this part of the plot. */
 constexpr double greatestNameShare = 0.25;
 
@@ -33,15 +36,18 @@ double KXLineChartDataView::obtainExtraRoomAcross() const
         return 0;
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     const bool isVertical = getChart()->isVertical();
+    const UXRect plot = getChart()->getPlot()->getRect();
+    const double most = greatestNameShare * (isVertical ? plot.width : plot.height);
+    const double point = m_property->obtainPointSize() / 2 + KXLineLabelPlacer::gap;
     double widest = 0;
     for (const std::uint64_t series : getShownSeries()) {
         const UXDoubleSize size = helper->getTextSize(getChart()->getSeriesLabel(series),
                                                       m_property->getLabelProperty());
-        widest = std::max(widest, isVertical ? size.width : size.height);
+        const double room = std::ceil((isVertical ? size.width : size.height) + point);
+        // A name for which there is no room anyway takes none from the lines.
+        widest = room <= most ? std::max(widest, room) : widest;
     }
-    const UXRect plot = getChart()->getPlot()->getRect();
-    const double point = std::max(m_property->getPointSize(), 0.0) / 2 + KXLineLabelPlacer::gap;
-    return std::min(std::ceil(widest + point), greatestNameShare * (isVertical ? plot.width : plot.height));
+    return widest;
 }
 
 /** Extremes of each series have the first choice, then all others from the start on. */
@@ -50,7 +56,8 @@ void KXLineChartDataView::layoutLabels()
     m_labels.clear();
     if (!m_property->getShowLabels() || m_layout.shapes.empty())
         return;
-    KXLineLabelPlacer placer(m_frame, m_property->getLabelPosition(), m_property->getPointSize());
+    KXLineLabelPlacer placer(m_frame, m_property->getLabelPosition(), m_property->obtainPointSize(),
+                             [this](const UXDoubleRect& rect) { return _isOverLine(rect); });
     if (_showsNames()) {
         _requestNames(placer);
     } else {
@@ -110,13 +117,50 @@ void KXLineChartDataView::_requestNames(KXLineLabelPlacer& placer) const
     }
 }
 
+/** @return whether a line runs through a part of the plot */
+bool KXLineChartDataView::_isOverLine(const UXDoubleRect& rect) const
+{
+    const KXAxisChartInterval across = m_frame.obtainAcross(rect), along = m_frame.obtainAlong(rect);
+    const auto obtainAcross = [this](const UXDoublePoint& point) { return _obtainAcross(point); };
+    const auto obtainAlong = [this](const UXDoublePoint& point) {
+        return m_frame.isVertical ? point.y : point.x;
+    };
+    return std::ranges::any_of(m_layout.shapes, [&](const KXLineShape& shape) {
+        const std::vector<UXDoublePoint>& points = shape.line.points;
+        auto point = std::ranges::lower_bound(points, across.start, {}, obtainAcross);
+        point -= point == points.begin() ? 0 : 1;
+        for (; point + 1 < points.end() && obtainAcross(*point) < across.end; ++point) {
+            // Where the piece enters and leaves what the text has across; a gap compares with nothing.
+            const double from = obtainAlong(*point), to = obtainAlong(point[1]);
+            const double width = obtainAcross(point[1]) - obtainAcross(*point);
+            const auto obtainPlace = [&](double place) {
+                const double share = width > 0 ? (place - obtainAcross(*point)) / width : 0;
+                return from + std::clamp(share, 0.0, 1.0) * (to - from);
+            };
+            const double entry = obtainPlace(across.start), exit = width > 0 ? obtainPlace(across.end) : to;
+            if (std::max(entry, exit) >= along.start && std::min(entry, exit) <= along.end)
+                return true;
+        }
+        return false;
+    });
+}
+
 void KXLineChartDataView::paintLabels(UXPainter& painter, const UXRect& dirtyRect) const
 {
+    UXColor plate = getChart()->getBackgroundColor();
+    if (plate.alpha <= 0)
+        plate = usualGround;
+    plate.alpha *= plateOpacity;
     for (const KXLineLabel& label : m_labels) {
         if (!uxIntersectsRect(uxSurroundingRect(label.rect), dirtyRect))
             continue;
         UXTextProperty property = label.property;
         property.textColor = getChart()->obtainTextColor(label.mark, property.textColor);
+        if (label.isOverLine) {
+            painter.setColor(plate);
+            painter.addRectanglePath(label.rect);
+            painter.fill();
+        }
         painter.drawText(label.text, label.rect, property);
     }
 }

@@ -1,12 +1,16 @@
 #include "kx_line_chart_data_view.h"
 
 #include "kx_axis_chart_property.h"
+#include "kx_chart_item_look.h"
 #include "kx_line_chart_property.h"
+#include "kx_line_point.h"
+#include "kx_line_segment.h"
+#include "kx_lines.h"
 #include "kx_point_shapes.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
-#include "ux/ux_rect_functions.h"
+#include "ux/ux_symbol_style.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,54 +20,26 @@ namespace {
 
 /** Of areas, where the user sets none. */
 constexpr double usualFillOpacity = 0.16, stackedFillOpacity = 0.9;
-/** A point that stands out is as much larger, and so large at least, in logical units. */
-constexpr double standingOutRatio = 1.4, leastStandingOutSize = 8;
-/** The ring around it. */
-constexpr double ringWidth = 1.5;
+/** The ring around what stands out, unless the host gives it a line. */
 constexpr UXColor ringColor(255, 255, 255);
+/** How wide a line and how large a point of a legend's symbol can be, as parts of its height. */
+constexpr double greatestSymbolWidth = 0.4, greatestSymbolPoint = 0.8;
+/** How opaque the area of such a symbol is. */
+constexpr double symbolAreaOpacity = 0.4;
 
-/** Lengths of a dash and of the gap behind it as they are seen, in widths of the line. */
-constexpr double dashLength = 4, dashGap = 2.5, dotLength = 1, dotGap = 1.5;
+constexpr double whiskerWidth = 1.5;
 
-std::vector<double> obtainDashes(KXChartLineStyle style, KXChartLineCapStyle cap, double width)
+void fillPolygons(UXPainter& painter, const std::vector<std::vector<UXDoublePoint>>& polygons)
 {
-    // Round and square ends reach half a width beyond each dash.
-    const double ends = cap == KXChartLineCapStyle::Butt ? 0 : 1;
-    switch (style) {
-    case KXChartLineStyle::Dot:
-        return {width * (dotLength - ends), width * (dotGap + ends)};
-    case KXChartLineStyle::Dash:
-        return {width * (dashLength - ends), width * (dashGap + ends)};
-    case KXChartLineStyle::None:
-        break;
+    for (const std::vector<UXDoublePoint>& polygon : polygons) {
+        for (std::size_t i = 0; i < polygon.size(); ++i)
+            if (i == 0)
+                painter.setStartPoint(polygon[i].x, polygon[i].y);
+            else
+                painter.addLinePath(polygon[i].x, polygon[i].y);
+        painter.closePath();
     }
-    return {};
-}
-
-UXLineCapStyle toPaintStyle(KXChartLineCapStyle cap)
-{
-    switch (cap) {
-    case KXChartLineCapStyle::Butt:
-        return UXLineCapStyle::Butt;
-    case KXChartLineCapStyle::Square:
-        return UXLineCapStyle::Square;
-    case KXChartLineCapStyle::Round:
-        break;
-    }
-    return UXLineCapStyle::Round;
-}
-
-UXLineJoinStyle toPaintStyle(KXChartLineJoinStyle join)
-{
-    switch (join) {
-    case KXChartLineJoinStyle::Miter:
-        return UXLineJoinStyle::Miter;
-    case KXChartLineJoinStyle::Bevel:
-        return UXLineJoinStyle::Bevel;
-    case KXChartLineJoinStyle::Round:
-        break;
-    }
-    return UXLineJoinStyle::Round;
+    painter.fill();
 }
 
 } // namespace
@@ -71,8 +47,10 @@ UXLineJoinStyle toPaintStyle(KXChartLineJoinStyle join)
 void KXLineChartDataView::paint(UXPainter& painter, const UXRect&) const
 {
     const UXPainterState state(painter);
-    for (std::size_t position = 0; position < m_colors.size(); ++position)
+    for (std::size_t position = 0; position < m_colors.size(); ++position) {
         _paintArea(painter, position);
+        _paintBand(painter, position);
+    }
     for (std::size_t position = 0; position < m_colors.size(); ++position) {
         _paintLine(painter, position);
         _paintPoints(painter, position);
@@ -88,6 +66,22 @@ double KXLineChartDataView::_obtainOpacity(std::uint64_t series) const
                : 1;
 }
 
+void KXLineChartDataView::_paintBand(UXPainter& painter, std::size_t position) const
+{
+    if (m_bands[position].empty())
+        return;
+    const double opacity = _obtainOpacity(getShownSeries()[position]);
+    if (m_drawsWhiskers) {
+        painter.setLineDash(std::vector<double>());
+        painter.setLineWidth(whiskerWidth);
+        m_colors[position].use(painter, m_frame, opacity);
+        painter.drawPolyline(m_bands[position].front());
+        return;
+    }
+    m_colors[position].use(painter, m_frame, std::clamp(m_property->getBandOpacity(), 0.0, 1.0) * opacity);
+    fillPolygons(painter, m_bands[position]);
+}
+
 void KXLineChartDataView::_paintArea(UXPainter& painter, std::size_t position) const
 {
     const auto& fills = m_layout.shapes[position].fills;
@@ -98,32 +92,29 @@ void KXLineChartDataView::_paintArea(UXPainter& painter, std::size_t position) c
     m_colors[position].use(painter, m_frame,
                            (own < 0 ? usual : std::min(own, 1.0)) *
                                _obtainOpacity(getShownSeries()[position]));
-    for (const std::vector<UXDoublePoint>& polygon : fills) {
-        for (std::size_t i = 0; i < polygon.size(); ++i)
-            if (i == 0)
-                painter.setStartPoint(polygon[i].x, polygon[i].y);
-            else
-                painter.addLinePath(polygon[i].x, polygon[i].y);
-        painter.closePath();
-    }
-    painter.fill();
+    fillPolygons(painter, fills);
 }
 
 void KXLineChartDataView::_paintLine(UXPainter& painter, std::size_t position) const
 {
     const std::uint64_t series = getShownSeries()[position];
-    const double width = _obtainLineWidth(series);
     const std::vector<UXDoublePoint>& points = m_layout.shapes[position].line.points;
-    if (!(width > 0) || points.size() < 2)
+    if (!(_obtainLineWidth(series) > 0) || points.size() < 2)
         return;
-    // Dashes of many values in one column would be noise.
-    const KXChartLineStyle style = isDense() ? KXChartLineStyle::None : m_property->obtainLineStyle(series);
-    painter.setLineWidth(width);
-    painter.setLineCap(toPaintStyle(m_property->getLineCapStyle()));
-    painter.setLineJoin(toPaintStyle(m_property->getLineJoinStyle()));
-    painter.setLineDash(obtainDashes(style, m_property->getLineCapStyle(), width), 0);
+    KXLinePen pen = _obtainPen(series);
+    const std::vector<KXLinePiece>& pieces = m_layout.shapes[position].line.pieces;
     m_colors[position].use(painter, m_frame, _obtainOpacity(series));
-    painter.drawPolyline(points);
+    if (!pen.isDashed() || pieces.empty()) {
+        pen.use(painter);
+        painter.drawPolyline(points);
+        return;
+    }
+    const KXChartLineStyle style = pen.style;
+    for (const KXLinePiece& piece : pieces) {
+        pen.style = piece.isFull ? KXChartLineStyle::None : style;
+        pen.use(painter, piece.way);
+        painter.drawPolyline(std::span(points).subspan(piece.first, piece.end - piece.first));
+    }
 }
 
 void KXLineChartDataView::_paintPoints(UXPainter& painter, std::size_t position) const
@@ -149,18 +140,20 @@ void KXLineChartDataView::_paintPoints(UXPainter& painter, std::size_t position)
         while (++point != range.end() && obtainColor(point) == first);
         color.alpha *= opacity;
         painter.setColor(color);
-        kxDrawPoints(painter, m_property->obtainPointShape(series), centres, m_property->getPointSize());
+        kxDrawPoints(painter, m_property->obtainPointShape(series), centres, m_property->obtainPointSize());
     }
 }
 
+/** Over the lines, also where no points are drawn. */
 void KXLineChartDataView::_paintHighlighted(UXPainter& painter) const
 {
+    KXLines standingOut;
     for (const KXAxisChartMark& mark : getChart()->obtainMarksStandingOut())
-        _paintStandingOut(painter, mark);
+        _addStandingOut(standingOut, mark);
+    standingOut.paint(painter);
 }
 
-/** Over the lines, also where no points are drawn. */
-void KXLineChartDataView::_paintStandingOut(UXPainter& painter, const KXAxisChartMark& mark) const
+void KXLineChartDataView::_addStandingOut(KXLines& lines, const KXAxisChartMark& mark) const
 {
     const std::optional<UXDoublePoint> place = _placeMark(mark);
     const auto found = std::ranges::find(getShownSeries(), mark.series);
@@ -168,15 +161,59 @@ void KXLineChartDataView::_paintStandingOut(UXPainter& painter, const KXAxisChar
     if (!place || position >= m_colors.size())
         return;
     const KXXYAxisChart& chart = *getChart();
-    const UXColor usual = chart.obtainHostColor(mark).value_or(
-        m_colors[position].obtainColor(obtainValue(mark)));
+    const UXColor usual = chart.obtainHostColor(mark).value_or(_obtainColor(position, mark));
     const KXChartItemLook look = chart.obtainMarkLook(mark, usual);
-    const double size = std::max(m_property->getPointSize() * standingOutRatio, leastStandingOutSize) *
-                        look.sizeRatio;
-    const KXPointShape shape = m_property->obtainPointShape(mark.series);
-    painter.setLineDash(std::vector<double>());
-    painter.setColor(look.line.alpha > 0 ? look.line : ringColor);
-    kxDrawPoints(painter, shape, {&*place, 1}, size + 2 * ringWidth);
-    painter.setColor(look.fill);
-    kxDrawPoints(painter, shape, {&*place, 1}, size);
+    KXLinePoint& point = lines.addPoint();
+    point.setCentre(*place);
+    point.setShape(m_property->obtainPointShape(mark.series));
+    point.setSize(_obtainStandingOutSize(look));
+    point.setColor(look.fill);
+    point.setRingColor(look.line.alpha > 0 ? look.line : ringColor);
+}
+
+bool KXLineChartDataView::paintLegendSymbol(std::uint64_t series, UXPainter& painter,
+                                            const UXDoubleRect& bounds, const UXColor& color) const
+{
+    KXLinePen pen = _obtainPen(series);
+    const KXPointShape shape = m_property->obtainPointShape(series);
+    const KXLinePointDisplay display = m_property->getPointDisplay();
+    const bool hasPoint = display == KXLinePointDisplay::Always ||
+                          (shape != KXPointShape::Circle && display != KXLinePointDisplay::Never);
+    const bool isUsual = m_type == KXAxisChartType::Scatter ? shape == KXPointShape::Circle
+                                                            : !pen.isDashed() && pen.width > 0 && !hasPoint;
+    if (isUsual || !(bounds.width > 0) || !(bounds.height > 0))
+        return false;
+    const bool isArea = m_type == KXAxisChartType::Area;
+    pen.width = std::min(pen.width, greatestSymbolWidth * bounds.height);
+    pen.cap = KXChartLineCapStyle::Butt;
+    const double y = isArea ? bounds.y + pen.width / 2 : bounds.y + bounds.height / 2;
+    if (isArea) {
+        UXColor area = color;
+        area.alpha *= symbolAreaOpacity;
+        painter.setColor(area);
+        painter.addRectanglePath(bounds);
+        painter.fill();
+    }
+    KXLines symbol;
+    KXLineSegment& line = symbol.addSegment();
+    line.setEnds({bounds.x, y}, {bounds.x + bounds.width, y});
+    line.setColor(color);
+    line.setPen(pen);
+    const std::optional<UXSymbolStyle> style = obtainLegendSymbolStyle(series);
+    const bool isLeft = style == UXSymbolStyle::LineLeft || style == UXSymbolStyle::AreaLeft;
+    const bool isRight = style == UXSymbolStyle::LineRight || style == UXSymbolStyle::AreaRight;
+    if (hasPoint || isLeft || isRight || !(pen.width > 0)) {
+        // At an end it says which of two axes is meant.
+        KXLinePoint& point = symbol.addPoint();
+        point.setShape(shape);
+        point.setColor(color);
+        point.setSize(std::min(m_property->obtainPointSize(), greatestSymbolPoint * bounds.height));
+        const double reach = point.getSize() / 2;
+        point.setCentre({isLeft    ? bounds.x + reach
+                         : isRight ? bounds.x + bounds.width - reach
+                                   : bounds.x + bounds.width / 2,
+                         bounds.y + bounds.height / 2});
+    }
+    symbol.paint(painter);
+    return true;
 }

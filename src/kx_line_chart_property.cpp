@@ -6,6 +6,11 @@
 
 namespace {
 
+/** No picture is so large, and so what is made of an extent can be drawn. */
+constexpr double greatestExtent = 1e5;
+
+double boundExtent(double extent) { return extent > 0 ? std::min(extent, greatestExtent) : 0; }
+
 /** @return the value that a series takes of a list in turn, or usual where that is empty */
 template <class T>
 T obtainInTurn(const std::vector<T>& list, std::uint64_t series, const T& usual)
@@ -29,13 +34,15 @@ KXChartLineStyle KXLineChartProperty::obtainLineStyle(std::uint64_t series) cons
 
 double KXLineChartProperty::obtainLineWidth(std::uint64_t series) const
 {
-    return std::max(obtainInTurn(m_seriesLineWidths, series, m_lineWidth), 0.0);
+    return boundExtent(obtainInTurn(m_seriesLineWidths, series, m_lineWidth));
 }
 
 KXPointShape KXLineChartProperty::obtainPointShape(std::uint64_t series) const
 {
     return obtainInTurn(m_seriesShapes, series, m_pointShape);
 }
+
+double KXLineChartProperty::obtainPointSize() const { return boundExtent(m_pointSize); }
 
 UXTextProperty KXLineChartProperty::_makeDefaultLabelProperty()
 {

@@ -37,7 +37,7 @@
         "what points look like")                                                                             \
     KEY(double, FillOpacity, m_fillOpacity, -1, Any(Line), Repaint,                                          \
         "of areas, 0 to 1; -1: 0.16, stacked 0.9")                                                           \
-    KEY(bool, ColorByValue, m_colorByValue, false, Any(ColorSeries), Recolor,                                \
+    KEY(bool, ColorByValue, m_colorByValue, false, Any(ColorSeries), Reload,                                 \
         "the colour runs along the line by its value")                                                       \
     KEY(UXColor, MinColor, m_minColor, UXColor(49, 104, 178), Any(ColorSeries), Recolor,                     \
         "of the least value")                                                                                \
@@ -62,7 +62,9 @@
     KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeDefaultLabelProperty(), Any(DataLabel), Layout, \
         "font and colour of the texts")                                                                      \
     KEY(std::vector<KXAxisChartType>, SeriesTypes, m_seriesTypes, {}, All(Line), Reload,                     \
-        "how each measure is drawn beside bars; one that is missing or Unknown: as its values want it")
+        "how each measure is drawn beside bars; one that is missing or Unknown: as its values want it")      \
+    KEY(double, BandOpacity, m_bandOpacity, 0.16, Any(Line), Repaint,                                        \
+        "of the bands between which values are thought to lie, 0 to 1")
 
 /** What the user can set about lines, areas and points, and about their labels. Whether they are stacked is a
  * matter of the value axis. */
@@ -76,9 +78,11 @@ public:
 
     // What one series takes of the lists
     KXChartLineStyle obtainLineStyle(std::uint64_t series) const;
-    /** @return at least 0 */
+    /** @return at least 0, and not so large that a dash of it would be beyond a double */
     double obtainLineWidth(std::uint64_t series) const;
     KXPointShape obtainPointShape(std::uint64_t series) const;
+    /** @return at least 0 */
+    double obtainPointSize() const;
 
 private:
     static UXTextProperty _makeDefaultLabelProperty();

@@ -15,9 +15,9 @@ enum Rank : int { first, other };
 } // namespace
 
 KXLineLabelPlacer::KXLineLabelPlacer(const KXAxisChartPlotFrame& frame, KXLineLabelPosition position,
-                                     double pointSize)
+                                     double pointSize, std::function<bool(const UXDoubleRect&)> isOverLine)
     : m_frame(frame), m_position(position), m_distance(std::max(pointSize, 0.0) / 2 + gap),
-      m_placer(UXDoubleRect(frame.area), labelGap)
+      m_isOverLine(std::move(isOverLine)), m_placer(UXDoubleRect(frame.area), labelGap)
 {
 }
 
@@ -64,6 +64,8 @@ void KXLineLabelPlacer::add(const KXAxisChartMark& mark, const UXDoublePoint& po
     for (const KXLineLabelPosition side : {Top, Bottom, Right, Left})
         if (side != wanted)
             request.candidates.push_back({_makeRect(point, side, size), std::nullopt});
+    std::ranges::stable_partition(request.candidates,
+                                  [this](const auto& candidate) { return !m_isOverLine(candidate.rect); });
     m_requests.push_back(std::move(request));
     m_marks.push_back(mark);
 }
@@ -71,7 +73,7 @@ void KXLineLabelPlacer::add(const KXAxisChartMark& mark, const UXDoublePoint& po
 void KXLineLabelPlacer::addName(const KXAxisChartMark& mark, const UXDoublePoint& point,
                                 const std::string& text, const UXTextProperty& property)
 {
-    KXLineLabel name{mark, text, {}, property};
+    KXLineLabel name{mark, text, {}, property, false};
     name.property.align = m_frame.isVertical ? UXTextAlign::Left : UXTextAlign::Center;
     const KXLineLabelPosition side = m_frame.isVertical ? KXLineLabelPosition::Right
                                                         : KXLineLabelPosition::Bottom;
@@ -115,7 +117,8 @@ std::vector<KXLineLabel> KXLineLabelPlacer::place()
 {
     std::vector<KXLineLabel> labels;
     for (KXPlacedLabel& placed : m_placer.place(m_requests))
-        labels.push_back({m_marks[placed.request], std::move(placed.text), placed.rect, placed.property});
+        labels.push_back({m_marks[placed.request], std::move(placed.text), placed.rect, placed.property,
+                          m_isOverLine(placed.rect)});
     _placeNames(labels);
     return labels;
 }

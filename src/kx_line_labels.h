@@ -9,6 +9,7 @@
 #include "ux/ux_double_rect.h"
 #include "ux/ux_text_property.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ struct KXLineLabel {
     std::string text;
     UXDoubleRect rect; /**< in the plot's space */
     UXTextProperty property;
+    bool isOverLine = false; /**< a line runs through it */
 };
 
 /**
@@ -30,7 +32,9 @@ public:
     /** Between a point and its label, in logical units. */
     static constexpr double gap = 3;
 
-    KXLineLabelPlacer(const KXAxisChartPlotFrame& frame, KXLineLabelPosition position, double pointSize);
+    /** @param isOverLine whether a line runs through a place, which is then the last to be taken */
+    KXLineLabelPlacer(const KXAxisChartPlotFrame& frame, KXLineLabelPosition position, double pointSize,
+                      std::function<bool(const UXDoubleRect&)> isOverLine);
     ~KXLineLabelPlacer();
 
     void addObstacle(const UXDoublePoint& point);
@@ -54,6 +58,7 @@ private:
     KXAxisChartPlotFrame m_frame;
     KXLineLabelPosition m_position;
     double m_distance; // of a label from the centre of its point
+    std::function<bool(const UXDoubleRect&)> m_isOverLine;
     KXLabelPlacer m_placer;
     std::vector<KXLabelRequest> m_requests;
     std::vector<KXAxisChartMark> m_marks; // one a request

@@ -32,6 +32,8 @@ public:
                 const std::int64_t column = KXAxisChartPixelColumns::findColumn(centre);
                 return std::pair(column, column + 1);
             });
+        if (m_isDense && form.hasDashes)
+            _findMergedColumns();
     }
 
     KXLineLayout make()
@@ -50,6 +52,32 @@ public:
     }
 
 private:
+    void _findMergedColumns()
+    {
+        m_isMerged.assign(m_columns.getCount(), false);
+        for (const KXAxisChartPixelRun& run : m_runs)
+            if (run.endCategory - run.firstCategory > 1 && _isColumn(run.firstColumn))
+                m_isMerged[static_cast<std::size_t>(run.firstColumn)] = true;
+    }
+
+    bool _isColumn(std::int64_t column) const
+    {
+        return column >= 0 && column < static_cast<std::int64_t>(m_columns.getCount());
+    }
+
+    /** @return whether what lies between two neighbours on a line is merged of several values */
+    bool _isMerged(const UXDoublePoint& from, const UXDoublePoint& to) const
+    {
+        const auto findColumn = [this](const UXDoublePoint& point) {
+            return m_columns.findColumnAt(m_frame.isVertical ? point.x : point.y);
+        };
+        const auto isMerged = [this](std::int64_t column) {
+            return _isColumn(column) && m_isMerged[static_cast<std::size_t>(column)];
+        };
+        const std::int64_t first = findColumn(from), last = findColumn(to);
+        return last - first <= 1 && isMerged(first) && isMerged(last);
+    }
+
     const KXLinePath& _obtainPath(Heights heights)
     {
         const auto [found, isNew] = m_paths.try_emplace(heights.data());
@@ -201,6 +229,9 @@ private:
         }
         for (UXDoublePoint& point : path.points)
             point = m_frame.makePoint(point.x, point.y);
+        if (!m_isMerged.empty())
+            path.pieces = kxDivideDashedLine(
+                path.points, [this](const auto& from, const auto& to) { return _isMerged(from, to); });
     }
 
     /** Appends the polygons between the two edges of a band. */
@@ -237,6 +268,7 @@ private:
     KXAxisChartPixelColumns m_columns;
     bool m_isDense = false;
     std::vector<KXAxisChartPixelRun> m_runs;
+    std::vector<bool> m_isMerged;                // one a column, where lines may be dashed
     std::map<const double*, KXLinePath> m_paths; // by the first of their heights
     std::vector<KXValueInterval> m_intervals;    // of the present column
 

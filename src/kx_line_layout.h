@@ -3,6 +3,7 @@
 #include "kx_axis_chart_plot_frame.h"
 #include "kx_export.h"
 #include "kx_line_curve.h"
+#include "kx_line_dashes.h"
 #include "kx_line_edges.h"
 #include "ux/ux_double_point.h"
 
@@ -13,6 +14,7 @@ struct KXLinePath {
     std::vector<KXLineVertex> vertices; /**< by places across */
     std::vector<UXDoublePoint> points;  /**< what is drawn through them, in the plot's space; one that is not
                                              finite along is a gap */
+    std::vector<KXLinePiece> pieces;    /**< of a line that may be dashed, where some are drawn full */
 };
 
 /** The line of one series, and the area that belongs to it. */
@@ -32,6 +34,7 @@ struct KXLineForm {
     KXLineCurve curve = KXLineCurve::Straight;
     bool connectsOverNulls = false;
     bool isFilled = false;
+    bool hasDashes = false; /**< some lines are dashed where their columns show one value each */
 };
 
 /**

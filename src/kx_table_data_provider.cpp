@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -91,6 +92,8 @@ void KXTableDataProvider::clear()
     m_dimensions.clear();
     m_measures.clear();
     m_seriesColors.clear();
+    m_colorMeasure = -1;
+    m_bands.clear();
     _change(Change::Data);
 }
 
@@ -100,6 +103,29 @@ void KXTableDataProvider::setSeriesColor(std::uint64_t series, const UXColor& co
 {
     m_seriesColors[series] = color;
     _change(Change::Colors);
+}
+
+void KXTableDataProvider::setColorMeasure(std::int64_t measure)
+{
+    m_colorMeasure = measure;
+    _change(Change::Data);
+}
+
+void KXTableDataProvider::setBand(std::uint64_t measure, std::uint64_t low, std::uint64_t high)
+{
+    m_bands[measure] = {low, high};
+    _change(Change::Data);
+}
+
+std::int64_t KXTableDataProvider::obtainColorMeasure(KXChartDataUser*) { return m_colorMeasure; }
+
+bool KXTableDataProvider::obtainBandMeasures(KXChartDataUser*, std::uint64_t measure, std::uint64_t& low,
+                                             std::uint64_t& high)
+{
+    const auto found = m_bands.find(measure);
+    if (found != m_bands.end())
+        std::tie(low, high) = found->second;
+    return found != m_bands.end();
 }
 
 void KXTableDataProvider::beginUpdate() { ++m_updateDepth; }

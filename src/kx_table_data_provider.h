@@ -15,6 +15,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 class KXTableRows;
@@ -63,6 +64,10 @@ public:
     void dataChanged();
     /** Gives a series, as the charts count them, a colour in place of the charts' own. */
     void setSeriesColor(std::uint64_t series, const UXColor& color);
+    /** Has a measure colour the lines of the others where the user wants colours by value; -1 for none. */
+    void setColorMeasure(std::int64_t measure);
+    /** Has two measures be the ends of the band of another one. */
+    void setBand(std::uint64_t measure, std::uint64_t low, std::uint64_t high);
     void beginUpdate();
     void endUpdate();
 
@@ -90,6 +95,9 @@ public:
     bool obtainValueDataColorForGroup(KXChartDataUser* user, std::uint64_t group, UXColor& color) override;
 
     // From KXAxisChartDataProvider
+    std::int64_t obtainColorMeasure(KXChartDataUser* user) override;
+    bool obtainBandMeasures(KXChartDataUser* user, std::uint64_t measure, std::uint64_t& low,
+                            std::uint64_t& high) override;
     void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                             std::span<double> values) override;
 
@@ -129,6 +137,8 @@ private:
     std::vector<Dimension> m_dimensions;
     std::vector<Measure> m_measures;
     std::map<std::uint64_t, UXColor> m_seriesColors;
+    std::int64_t m_colorMeasure = -1;
+    std::map<std::uint64_t, std::pair<std::uint64_t, std::uint64_t>> m_bands; // low and high by measures
     std::unique_ptr<const KXTableRows> m_rows; // null until it is needed after a change
     std::vector<User> m_users;
     int m_updateDepth = 0;

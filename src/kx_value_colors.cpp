@@ -25,8 +25,27 @@ UXColor KXValueColors::obtainColor(double value) const
     return scale && !std::isnan(value) ? scale->obtainColor(value) : color;
 }
 
+void KXValueColors::_usePlaces(UXPainter& painter, const KXAxisChartPlotFrame& frame, double opacity) const
+{
+    const double from = places.front().first, to = places.back().first;
+    if (!(from < to)) {
+        painter.setColor(fade(places.front().second, opacity));
+        return;
+    }
+    const UXDoublePoint first = frame.makePoint(from, 0), last = frame.makePoint(to, 0);
+    painter.beginLinearGradientPattern(first.x, first.y, last.x, last.y, UXSourceOperator::Pad);
+    for (const auto& [place, placed] : places)
+        painter.addGradientPatternColorStop(fade(placed, opacity), (place - from) / (to - from));
+    painter.endPattern();
+    painter.usePattern();
+}
+
 void KXValueColors::use(UXPainter& painter, const KXAxisChartPlotFrame& frame, double opacity) const
 {
+    if (!places.empty()) {
+        _usePlaces(painter, frame, opacity);
+        return;
+    }
     const KXAxisChartInterval room = frame.obtainAlong();
     const double start = frame.values.obtainValue(room.start), end = frame.values.obtainValue(room.end);
     const double low = std::min(start, end), high = std::max(start, end);

@@ -228,7 +228,7 @@ std::string KXXYAxisChart::_obtainProposedTitle(const KXAxisChartAxis& axis) con
         return getMeasureLabel();
     std::optional<std::uint64_t> only;
     for (std::uint64_t series = 0; series < getSeriesCount(); ++series) {
-        if (&_obtainValueAxis(series) != &axis)
+        if (!isOwnSeries(series) || &_obtainValueAxis(series) != &axis)
             continue;
         if (only)
             return {};

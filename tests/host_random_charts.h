@@ -9,6 +9,7 @@
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_gauge_chart_options.h"
 #include "kx_json_object_factory.h"
+#include "kx_line_chart_options.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_enum_base.h"
 #include "ux/ux_padding.h"
@@ -233,12 +234,18 @@ private:
             if (value.is_object() && value.contains("type"))
                 _changeKeys(value);
             else if (oneIn(m_rate))
-                _changeValue(key, value);
+                _changeValue(_isOfLines(object, key) ? "lines." + key : key, value);
         }
         // One character cannot be both; the format would move one of them.
         if (object.contains("m_thousandsSeparator") &&
             object["m_thousandsSeparator"] == object["m_decimalSeparator"])
             object["m_thousandsSeparator"] = "Space";
+    }
+
+    /** @return whether the key has other values in the property of lines than in that of bars */
+    static bool _isOfLines(const Json& object, const std::string& key)
+    {
+        return key == "m_labelPosition" && object.value("type", "") == "KXLineChartProperty";
     }
 
     void _changeValue(const std::string& key, Json& value)
@@ -269,10 +276,19 @@ private:
 
     void _changeList(const std::string& key, Json& list)
     {
+        static const std::map<std::string, std::string> names = {
+            {"m_seriesLineStyles", uxObtainEnumNames(KXChartLineStyle())},
+            {"m_seriesShapes", uxObtainEnumNames(KXPointShape())},
+            {"m_seriesTypes", uxObtainEnumNames(KXAxisChartType())}};
+        const auto found = names.find(key);
         list = Json::array();
-        const bool isNumbers = key == "m_customParititonSegment";
         for (int i = below(9), reached = 0; i > 0; --i)
-            isNumbers ? list.push_back(reached += below(30) - 2) : list.push_back(_makeJsonColor());
+            if (key == "m_customParititonSegment")
+                list.push_back(reached += below(30) - 2);
+            else if (key == "m_seriesLineWidths")
+                list.push_back(below(9) / 2.0);
+            else
+                list.push_back(found != names.end() ? Json(_pickName(found->second)) : _makeJsonColor());
     }
 
     void _changeNumber(const std::string& key, Json& value)
@@ -290,6 +306,11 @@ private:
             {"m_divider", {0, 1, 1000, 1e6, 0.001}},
             {"m_decimals", {-1, 0, 1, 2, 6, 15}},
             {"m_barWidth", {0, 0.05, 0.3, 0.9, 1, 2}},
+            {"m_lineWidth", {0, 0.4, 1, 7, 60}},
+            {"m_pointSize", {-1, 0, 3, 14, 200}},
+            {"m_fillOpacity", {-1, 0, 0.4, 3}},
+            {"m_middleValue", {-1e300, 0, 20}},
+            {"m_classCount", {0, 1, 3, 1000}},
             {"m_targetValueCache", {-20, 0, 50, 1e12, 99.5}},
             {"m_maxValueCache", {-5, 0, 100, 1e12, 1e300}},
             {"m_minValueCache", {-1e300, -100, 0, 3}},
@@ -323,6 +344,14 @@ private:
             {"m_negative", uxObtainEnumNames(KXChartDataFormatNegative())},
             {"m_dateTimeMode", uxObtainEnumNames(KXChartDataFormatDateTimeMode())},
             {"m_labelPosition", uxObtainEnumNames(KXBarLabelPosition())},
+            {"lines.m_labelPosition", uxObtainEnumNames(KXLineLabelPosition())},
+            {"m_lineStyle", uxObtainEnumNames(KXChartLineStyle())},
+            {"m_lineCapStyle", uxObtainEnumNames(KXChartLineCapStyle())},
+            {"m_lineJoinStyle", uxObtainEnumNames(KXChartLineJoinStyle())},
+            {"m_curve", uxObtainEnumNames(KXLineCurve())},
+            {"m_nullHandling", uxObtainEnumNames(KXLineNullHandling())},
+            {"m_pointDisplay", uxObtainEnumNames(KXLinePointDisplay())},
+            {"m_pointShape", uxObtainEnumNames(KXPointShape())},
             {"m_labelOverflow", uxObtainEnumNames(KXBarLabelOverflow())},
             {"m_labelDisplayOption", uxObtainEnumNames(KXAxisChartLabelDisplayOption())},
             {"m_labelValueOption", uxObtainEnumNames(KXAxisChartValueOption())},

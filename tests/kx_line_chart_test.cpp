@@ -5,11 +5,14 @@
 #include "kx_axis_chart_property.h"
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
+#include "kx_bar_chart.h"
 #include "kx_key_walk.h"
 #include "kx_line_bar_chart.h"
 #include "kx_line_chart_property.h"
 #include "kx_load_chart.h"
+#include "kx_table_data_provider.h"
 #include "kx_test_input.h"
+#include "ux/ux_hint_info.h"
 #include "ux/ux_symbol_style.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
@@ -19,6 +22,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -261,10 +265,11 @@ TEST_F(KXLineChartTest, DashesAndColorsByValueReachThePainter)
     property.updateNegativeColor(UXColor(9, 8, 7));
     kxLoad(chart, provider, usualRect);
     std::string painted = uxPaintToText(chart);
-    EXPECT_EQ(uxFindMissing(painted, {"setLineDash 6 7", "addGradientPatternColorStop 9,8,7", "drawMarks"}),
+    EXPECT_EQ(uxFindMissing(painted, {"addGradientPatternColorStop 9,8,7", "setLineDash 6 7", "drawMarks"}),
               "")
         << painted;
     property.updateColorByValue(true);
+    chart.layout();
     property.updateMaxColor(UXColor(1, 2, 3));
     EXPECT_FALSE(chart.getRequireToVerifyLayout()) << "only colours are others";
     EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"addGradientPatternColorStop 1,2,3"}), "");
@@ -331,4 +336,70 @@ TEST_F(KXLineChartTest, ACombinationDrawsEachMeasureAsItWants)
     chart.setSeriesShown(2, false);
     chart.layout();
     EXPECT_EQ(chart.obtainLegendSymbolStyle(1), UXSymbolStyle::Line);
+}
+
+TEST_F(KXLineChartTest, MeasuresThatAreThereForOthersAreNoSeries)
+{
+    struct Case {
+        const char* name;
+        std::function<std::unique_ptr<KXXYAxisChart>()> make;
+        const char* painted;
+    };
+    const Case cases[] = {
+        {"bands", [] { return std::make_unique<KXLineChart>(); }, "fill"},
+        {"whiskers on bars", [] { return std::make_unique<KXBarChart>(); }, "gap"},
+        {"whiskers beside bars", [] { return std::make_unique<KXLineBarChart>(); }, "gap"},
+    };
+    KXTableDataProvider table;
+    table.addDimension("Day", std::vector<std::string>{"a", "b", "c", "d"});
+    table.addMeasure("Value", {10, 20, null, 20});
+    table.addMeasure("Low", {5, 15, 15, null});
+    table.addMeasure("High", {15, 95, 25, 30});
+    table.addMeasure("Heat", {1, 3, 2, null});
+    table.setBand(0, 1, 2);
+    table.setColorMeasure(3);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::unique_ptr<KXXYAxisChart> chart = c.make();
+        chart->setRect(usualRect);
+        table.serve(*chart);
+        chart->layout();
+        EXPECT_EQ(chart->getShownSeries(), std::vector<std::uint64_t>{0});
+        EXPECT_EQ(chart->obtainLegendCellSize(), 0);
+        EXPECT_GE(chart->getYAxis()->getMaxValue(), 95);
+        EXPECT_NE(uxPaintToText(*chart).find(c.painted), std::string::npos);
+        const KXChartItem item{0, 0, 1};
+        EXPECT_EQ(chart->obtainItemHint(item).rows.at(0).value, "20 (15 \u2013 95)");
+    }
+    KXLineChart chart;
+    chart.setRect(usualRect);
+    chart.getLineChartProperty()->updateColorByValue(true);
+    chart.getLineChartProperty()->updateMaxColor(UXColor(1, 2, 3));
+    table.serve(chart);
+    chart.layout();
+    EXPECT_EQ(chart.getDataView().obtainColorScale()->greatest, 3);
+    EXPECT_EQ(chart.obtainItemHint({0, 0, 1}).rows.at(0).color, UXColor(1, 2, 3));
+    EXPECT_NE(chart.obtainItemHint({0, 0, 3}).rows.at(0).color, UXColor(1, 2, 3)) << "no value, no colour";
+}
+
+TEST_F(KXLineChartTest, WhatIsAtOnePlaceIsToldTheNearestFirst)
+{
+    provider.categoryCount = 3;
+    provider.values = {{10, 50, 90}, {20, 55, 10}, {90, 52, 50}};
+    KXLineChart chart;
+    kxLoad(chart, provider, usualRect);
+    const auto tell = [&](double value) {
+        const KXAxisChartPlotFrame& frame = chart.getDataView().getFrame();
+        moveTo(chart, {frame.categories.obtainPosition(1) + 25, frame.values.obtainPosition(value)});
+        std::string order;
+        for (const UXHintRowInfo& row : chart.getHintInfo().rows)
+            order += row.label + " ";
+        return order;
+    };
+    const std::string before = uxPaintToText(chart);
+    EXPECT_EQ(tell(5), "s0 s2 s1 ") << "beside all lines";
+    EXPECT_GT(uxPaintToText(chart).size(), before.size()) << "a thin line leads to the axis";
+    EXPECT_EQ(tell(99), "s1 s2 s0 ");
+    KXTestInput{chart}.leave();
+    EXPECT_EQ(uxPaintToText(chart), before) << "without the thin line";
 }

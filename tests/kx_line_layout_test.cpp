@@ -1,5 +1,6 @@
 #include "kx_line_layout.h"
 
+#include "kx_hard_lines.h"
 #include "kx_value_pyramid.h"
 
 #include <gtest/gtest.h>
@@ -7,29 +8,12 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <map>
 #include <random>
 #include <vector>
 
 namespace {
 
 constexpr double null = std::numeric_limits<double>::quiet_NaN();
-
-/** @return values as they are hardest for a line: even, alternating, with spikes, and with more or fewer
- * nulls
- */
-std::vector<double> makeValues(std::mt19937& random, std::size_t count)
-{
-    const auto below = [&random](unsigned limit) { return unsigned(random() % limit); };
-    const unsigned kind = below(5), nulls = below(2) ? 1 + below(200) : 0;
-    std::vector<double> values;
-    for (std::size_t i = 0; i < count; ++i) {
-        const double even = kind == 0 ? 5 : kind == 1 ? double(i % 2) : double(below(1000));
-        const double value = kind == 2 && below(500) ? 3 : kind == 3 && !below(900) ? -1e308 : even;
-        values.push_back(nulls && !below(nulls) ? null : value);
-    }
-    return values;
-}
 
 std::vector<KXValueInterval> findOneByOne(const std::vector<double>& values, std::size_t first,
                                           std::size_t end)
@@ -48,63 +32,13 @@ std::vector<KXValueInterval> findOneByOne(const std::vector<double>& values, std
     return found;
 }
 
-/** One pixel a logical unit, so many of them for the places. */
-KXAxisChartPlotFrame makeFrame(int width, std::size_t placeCount)
-{
-    KXAxisChartPlotFrame frame;
-    frame.area = {0, 0, width, 300};
-    frame.spacing = double(width) / double(placeCount);
-    frame.categories = {0, frame.spacing / 2, frame.spacing};
-    frame.values = {0, 300, -0.3};
-    return frame;
-}
-
-KXLineLayout layOut(const std::vector<double>& values, const KXAxisChartPlotFrame& frame,
-                    const KXLineForm& form)
-{
-    KXAxisChartStacks source;
-    source.series = {{0, values}};
-    source.end = values.size();
-    KXLineEdges edges;
-    edges.take(source, KXLineNullHandling::Gap);
-    return kxLayoutLines(edges, frame, form);
-}
-
-/** What a line covers of a column of pixels along. */
-struct Cover {
-    double least = std::numeric_limits<double>::infinity(), greatest = -least;
-};
-
-/** @return by columns, of the lines between neighbouring points */
-std::map<int, Cover> obtainCovers(const std::vector<UXDoublePoint>& points)
-{
-    std::map<int, Cover> covers;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        if (!std::isfinite(points[i].y))
-            continue;
-        const bool leadsOn = i + 1 < points.size() && std::isfinite(points[i + 1].y);
-        const UXDoublePoint to = leadsOn ? points[i + 1] : points[i];
-        for (int column = int(std::floor(points[i].x)); column <= std::floor(to.x); ++column) {
-            Cover& cover = covers[column];
-            for (const double x : {std::max(points[i].x, double(column)), std::min(to.x, column + 1.0)}) {
-                const double width = to.x - points[i].x;
-                const double y = width > 0 ? points[i].y + (x - points[i].x) / width * (to.y - points[i].y)
-                                           : to.y;
-                cover.least = std::min({cover.least, y, width > 0 ? y : points[i].y});
-                cover.greatest = std::max({cover.greatest, y, width > 0 ? y : points[i].y});
-            }
-        }
-    }
-    return covers;
-}
-
 } // namespace
 
 TEST(KXValuePyramid, FindsWhatALookAtEachValueFinds)
 {
     std::mt19937 random(1);
     for (int i = 0; i < 300; ++i) {
-        const std::vector<double> values = makeValues(random, random() % 3000);
+        const std::vector<double> values = kxMakeHardValues(random, random() % 3000);
         const KXValuePyramid pyramid(values);
         EXPECT_LE(pyramid.obtainMemory() * 5, values.size() * sizeof(double)) << "a fifth at most";
         const std::size_t first = random() % (values.size() + 1);
@@ -150,39 +84,13 @@ TEST(KXLineCurve, SmoothOnesStayBetweenTheirPointsAndStepsAreSquare)
     }
 }
 
-TEST(KXLineLayout, DenseLinesCoverWhatAllOfTheirPointsWould)
-{
-    std::mt19937 random(3);
-    for (int i = 0; i < 100; ++i) {
-        const std::vector<double> values = makeValues(random, 2000 + random() % 5000);
-        const bool connects = random() % 2;
-        const KXLineLayout dense = layOut(values, makeFrame(700, values.size()),
-                                          {.connectsOverNulls = connects});
-        ASSERT_TRUE(dense.isDense);
-        // The same places on a device that has room for each.
-        KXAxisChartPlotFrame wide = makeFrame(700, values.size());
-        wide.pixelScale = 20;
-        const KXLineLayout full = layOut(values, wide, {.connectsOverNulls = connects});
-        ASSERT_FALSE(full.isDense);
-        const std::vector<KXLineVertex>& vertices = dense.shapes[0].line.vertices;
-        EXPECT_LE(vertices.size(), 700 * 8);
-        const auto covers = obtainCovers(dense.shapes[0].line.points),
-                   expected = obtainCovers(full.shapes[0].line.points);
-        ASSERT_EQ(covers.size(), expected.size()) << i;
-        for (const auto& [column, cover] : expected) {
-            EXPECT_NEAR(covers.at(column).least, cover.least, 1e-6) << i << " at " << column;
-            EXPECT_NEAR(covers.at(column).greatest, cover.greatest, 1e-6) << i << " at " << column;
-        }
-    }
-}
-
 /** Where many runs share a column, the picture has to show the gaps between them. */
 TEST(KXLineLayout, PointsBetweenNullsAreNotJoinedAlongAColumn)
 {
     std::vector<double> values(4000, null);
     for (std::size_t i = 0; i < values.size(); i += 2)
         values[i] = i % 4 ? 0 : 900;
-    const KXLineLayout layout = layOut(values, makeFrame(200, values.size()), {});
+    const KXLineLayout layout = kxLayOutLine(values, kxMakeLineFrame(200, values.size()), {});
     for (const UXDoublePoint& point : layout.shapes[0].line.points)
         EXPECT_TRUE(point.y == 300 || point.y == 30 || std::isnan(point.y)) << point.y;
     for (const KXLineVertex& vertex : layout.shapes[0].line.vertices)
@@ -201,7 +109,8 @@ TEST(KXLineLayout, NeighboursOfWhatIsInSightArePartOfIt)
     for (const bool connects : {false, true}) {
         KXLineEdges edges;
         edges.take(source, KXLineNullHandling::Gap);
-        const KXLineLayout layout = kxLayoutLines(edges, makeFrame(100, 2), {.connectsOverNulls = connects});
+        const KXLineLayout layout = kxLayoutLines(edges, kxMakeLineFrame(100, 2),
+                                                  {.connectsOverNulls = connects});
         std::vector<std::uint64_t> categories;
         for (const KXLineVertex& vertex : layout.shapes[0].line.vertices)
             categories.push_back(vertex.category);
@@ -220,7 +129,7 @@ TEST(KXLineLayout, PlacesThatGoBackAreJoinedByTheirNumbers)
     KXLineEdges edges;
     edges.take(source, KXLineNullHandling::Gap);
     std::vector<std::uint64_t> categories;
-    const KXLineLayout layout = kxLayoutLines(edges, makeFrame(100, 6), {});
+    const KXLineLayout layout = kxLayoutLines(edges, kxMakeLineFrame(100, 6), {});
     for (const KXLineVertex& vertex : layout.shapes[0].line.vertices)
         categories.push_back(vertex.category);
     EXPECT_EQ(categories, (std::vector<std::uint64_t>{1, 3, 2, 0}));

@@ -5,6 +5,7 @@
 #include "ux/ux_picture.h"
 
 #include <charconv>
+#include <cmath>
 #include <initializer_list>
 
 namespace {
@@ -271,7 +272,10 @@ void UXPainterTextWriter::drawRects(std::span<const UXDoubleRect> rects)
 
 void UXPainterTextWriter::drawPolyline(std::span<const UXDoublePoint> points)
 {
-    _write("drawPolyline" + list(points));
+    std::string line = "drawPolyline";
+    for (const UXDoublePoint& point : points)
+        line.append(" ").append(std::isfinite(point.x) && std::isfinite(point.y) ? text(point) : "gap");
+    _write(line);
 }
 
 void UXPainterTextWriter::drawMarks(std::span<const UXDoublePoint> centres, double radius)

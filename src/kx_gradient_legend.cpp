@@ -1,0 +1,190 @@
+#include "kx_gradient_legend.h"
+
+#include "ux/ux_layout_helper.h"
+#include "ux/ux_paint_config.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+
+namespace {
+
+// Logical units, those of a legend of cells where both have them
+constexpr int partGap = 15;
+constexpr int leastHeight = 100, leastWidth = 300;
+constexpr int greatestLength = 280, greatestHeight = 200;
+constexpr double stripThickness = 10, textGap = 4, textDistance = 8;
+
+/** @return where an extent begins that is aligned in a room */
+int align(int start, int room, int extent, UXPosition position)
+{
+    if (position == UXPosition::Left || position == UXPosition::Top)
+        return start;
+    return position == UXPosition::Center ? start + (room - extent) / 2 : start + room - extent;
+}
+
+} // namespace
+
+KXGradientLegend::KXGradientLegend() { m_textProperty.font.size = 12; }
+
+KXGradientLegend::~KXGradientLegend() = default;
+
+void KXGradientLegend::setScale(const KXGradientScale& scale,
+                                const std::function<std::string(double)>& format)
+{
+    m_scale = scale;
+    std::vector<double> values = scale.obtainClassBounds();
+    if (values.empty()) {
+        const bool isInside = scale.middleValue > scale.least && scale.middleValue < scale.greatest;
+        values = {scale.least, isInside ? scale.middleValue : scale.least / 2 + scale.greatest / 2,
+                  scale.greatest};
+    }
+    if (!(scale.least < scale.greatest))
+        values = {scale.least};
+    const double span = scale.greatest / 2 - scale.least / 2;
+    m_values.clear();
+    for (const double value : values)
+        m_values.push_back({span > 0 ? (value / 2 - scale.least / 2) / span : 0.5, format(value), {}});
+    _placeTexts();
+    invalidate();
+}
+
+void KXGradientLegend::setTextProperty(const UXTextProperty& property)
+{
+    if (property == m_textProperty)
+        return;
+    m_textProperty = property;
+    _placeTexts();
+    invalidate();
+}
+
+UXRect KXGradientLegend::takeRoom(const UXRect& area, UXPosition side, UXPosition position)
+{
+    m_isUpright = side == UXPosition::Left || side == UXPosition::Right;
+    if (m_isUpright ? area.width < leastWidth : area.height < leastHeight) {
+        setRect(uxMakeRect(area.x, area.y, 0, 0));
+        return area;
+    }
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    double across = 0;
+    for (const Value& value : m_values) {
+        const UXDoubleSize size = helper->getTextSize(value.text, m_textProperty);
+        across = std::max(across, m_isUpright ? size.width : size.height);
+    }
+    const int thickness = uxSaturateToInt(std::ceil(stripThickness + textGap + across));
+    const int length = m_isUpright ? std::min(area.height, greatestHeight)
+                                   : std::min(area.width, greatestLength);
+    UXRect left = area, own;
+    if (m_isUpright) {
+        own = {side == UXPosition::Left ? area.x : uxMaxX(area) - thickness,
+               align(area.y, area.height, length, position), thickness, length};
+        left.x += side == UXPosition::Left ? thickness + partGap : 0;
+        left.width = std::max(area.width - thickness - partGap, 0);
+    } else {
+        own = {align(area.x, area.width, length, position),
+               side == UXPosition::Top ? area.y : area.getBottom() - thickness, length, thickness};
+        left.y += side == UXPosition::Top ? thickness + partGap : 0;
+        left.height = std::max(area.height - thickness - partGap, 0);
+    }
+    setRect(own);
+    _placeTexts();
+    return left;
+}
+
+UXDoubleRect KXGradientLegend::_obtainStrip() const
+{
+    const UXRect own = getBoundingRect();
+    return m_isUpright ? UXDoubleRect(0, 0, std::min<double>(stripThickness, own.width), own.height)
+                       : UXDoubleRect(0, 0, own.width, std::min<double>(stripThickness, own.height));
+}
+
+/** The ends have the first choice, then the others from the least on. */
+void KXGradientLegend::_placeTexts()
+{
+    for (Value& value : m_values)
+        value.rect = {};
+    if (uxIsEmptyRect(getBoundingRect()) || m_values.empty())
+        return;
+    _placeText(m_values.front());
+    _placeText(m_values.back());
+    for (std::size_t i = 1; i + 1 < m_values.size(); ++i)
+        _placeText(m_values[i]);
+}
+
+void KXGradientLegend::_placeText(Value& value)
+{
+    const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    const UXDoubleSize size = helper->getTextSize(value.text, m_textProperty);
+    const UXDoubleRect strip = _obtainStrip();
+    UXDoubleRect rect(stripThickness + textGap, 0, size.width, size.height);
+    if (m_isUpright) {
+        rect.y = std::clamp((1 - value.share) * strip.height - size.height / 2, 0.0,
+                            std::max(strip.height - size.height, 0.0));
+    } else {
+        rect.x = std::clamp(value.share * strip.width - size.width / 2, 0.0,
+                            std::max(strip.width - size.width, 0.0));
+        rect.y = stripThickness + textGap;
+    }
+    const UXDoubleRect room = uxInflateDoubleRect(rect, m_isUpright ? 0 : textDistance, 0);
+    const bool isFree = std::ranges::none_of(m_values, [&](const Value& other) {
+        return &other != &value && uxIntersectionDoubleRect(room, other.rect).width > 0;
+    });
+    const UXRect own = getBoundingRect();
+    if (isFree && rect.width <= own.width && rect.height <= own.height)
+        value.rect = rect;
+}
+
+void KXGradientLegend::paint(UXPaintConfig* config, UXRect dirtyRect)
+{
+    if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
+        _paintStrip(*painter);
+        for (const Value& value : m_values)
+            if (value.rect.width > 0)
+                painter->drawText(value.text, value.rect, m_textProperty);
+        uxDestroyPainter(painter);
+    }
+    UXObject::paint(config, dirtyRect);
+}
+
+void KXGradientLegend::_paintStrip(UXPainter& painter) const
+{
+    const UXDoubleRect strip = _obtainStrip();
+    if (!(strip.width > 0) || !(strip.height > 0))
+        return;
+    const auto obtainPart = [&](double from, double to) {
+        return m_isUpright ? UXDoubleRect(strip.x, strip.y + (1 - to) * strip.height, strip.width,
+                                          (to - from) * strip.height)
+                           : UXDoubleRect(strip.x + from * strip.width, strip.y, (to - from) * strip.width,
+                                          strip.height);
+    };
+    const auto obtainColorBetween = [&](double from, double to) {
+        const double share = (from + to) / 2;
+        return m_scale.obtainColor(m_scale.least * (1 - share) + m_scale.greatest * share);
+    };
+    if (m_values.size() < 2 || m_scale.classCount > 0) {
+        for (std::size_t i = 0; i < std::max<std::size_t>(m_values.size(), 2) - 1; ++i) {
+            const double from = m_values.size() < 2 ? 0 : m_values[i].share;
+            const double to = m_values.size() < 2 ? 1 : m_values[i + 1].share;
+            const UXDoubleRect part = obtainPart(from, to);
+            painter.setColor(obtainColorBetween(from, to));
+            painter.drawRects({&part, 1});
+        }
+        return;
+    }
+    if (m_isUpright)
+        painter.beginLinearGradientPattern(0, strip.height, 0, 0, UXSourceOperator::Pad);
+    else
+        painter.beginLinearGradientPattern(0, 0, strip.width, 0, UXSourceOperator::Pad);
+    for (const Value& value : m_values)
+        painter.addGradientPatternColorStop(
+            m_scale.obtainColor(m_scale.least * (1 - value.share) + m_scale.greatest * value.share),
+            value.share);
+    painter.endPattern();
+    painter.usePattern();
+    painter.addRectanglePath(strip);
+    painter.fill();
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "kx_axis_chart_plot_frame.h"
+#include "kx_export.h"
+#include "ux/ux_double_point.h"
+
+#include <vector>
+
+/** Appends a line between two values with a short line across at each of them, and the gaps around these.
+ *  @param capLength of the short lines, in logical units */
+KX_EXPORT void kxAppendWhisker(std::vector<UXDoublePoint>& points, const KXAxisChartPlotFrame& frame,
+                               double across, double low, double high, double capLength);
