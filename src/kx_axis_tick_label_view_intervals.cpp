@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 // Which ticks have labels, and how much room each of these has beside its neighbours.
@@ -92,16 +93,19 @@ bool KXAxisTickLabelView::_areLabelsApart(bool& areApart)
     const bool isUpright = _canTurnLabels() && m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
     const double gap = isUpright ? decisionGap : 0;
     const Tick* previous = nullptr;
-    for (Tick& tick : m_visibleTicks) {
-        if (tick.index % m_shownInterval != 0)
+    const std::int64_t step = m_shownInterval, before = m_visibleTicks.front().index - 1;
+    for (std::int64_t index = (before + step) / step * step; index <= m_visibleTicks.back().index;
+         index += step) {
+        Tick* tick = _findVisibleTick(static_cast<int>(index));
+        if (!tick)
             continue;
-        if (!_measureTick(tick))
+        if (!_measureTick(*tick))
             return false;
-        areApart = !previous || _obtainWholeDistance(*previous, tick) + noise >=
-                                    0.5 * _obtainLengthKept(*previous) + 0.5 * _obtainLengthKept(tick) + gap;
+        areApart = !previous || _obtainWholeDistance(*previous, *tick) + noise >=
+                                    0.5 * _obtainLengthKept(*previous) + 0.5 * _obtainLengthKept(*tick) + gap;
         if (!areApart)
             return true;
-        previous = &tick;
+        previous = tick;
     }
     areApart = true;
     return true;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <tuple>
 #include <utility>
@@ -62,9 +63,10 @@ bool KXAxisTickLabelView::_askDelegate(const std::function<void(KXAxisTickLabelV
 
 bool KXAxisTickLabelView::_obtainTick(int index, double& value)
 {
-    return _askDelegate([&](KXAxisTickLabelViewDelegate& delegate) {
+    const auto ask = [&](KXAxisTickLabelViewDelegate& delegate) {
         value = delegate.axisTickLabelViewObtainTick(this, index);
-    });
+    };
+    return _askDelegate(std::ref(ask)); // every visible tick: what is referred to needs no memory of its own
 }
 
 bool KXAxisTickLabelView::_obtainText(double value, std::string& text)
@@ -251,6 +253,7 @@ bool KXAxisTickLabelView::_updateVisibleTicks()
 bool KXAxisTickLabelView::_collectVisibleTicks(const std::vector<double>& indexes)
 {
     std::vector<Tick> ticks;
+    ticks.reserve(indexes.size());
     for (const double number : indexes) {
         Tick tick;
         tick.index = uxSaturateToInt(number);

@@ -19,6 +19,9 @@
 #include <functional>
 #include <numeric>
 #include <ostream>
+#include <sstream>
+#include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -158,8 +161,9 @@ TEST(KXAxisChartWork, AChangeReachesWhatItTouches)
 }
 
 /** Two charts of 1,000 bars above each other, of which the lower one shows what the pointer is over in the
- * upper one. */
-TEST(KXAxisChartWork, ALinkedHighlightRepaintsTheBarsThatItMovesBetween)
+ * upper one: as all others stay dimmed, nothing is painted anew but what the highlight leaves and comes to.
+ */
+TEST(KXAxisChartWork, AHighlightRepaintsTheBarsThatItMovesBetween)
 {
     class Host : public KXAxisChartTestProvider {
     public:
@@ -189,36 +193,59 @@ TEST(KXAxisChartWork, ALinkedHighlightRepaintsTheBarsThatItMovesBetween)
     kxLoad(upper, upperHost, {0, 0, 4000, 300});
     kxLoad(lower, lowerHost, {0, 300, 4000, 300});
 
-    struct Case {
-        const char* name;
-        KXAxisChartMark to;
-        std::vector<std::uint64_t> repainted; // categories of the lower chart
+    using Marks = std::vector<KXAxisChartMark>;
+    const auto areaOf = [](const std::vector<UXRect>& rects) {
+        std::int64_t area = 0;
+        for (const UXRect& rect : rects)
+            area += std::int64_t{rect.width} * rect.height;
+        return area;
     };
-    const Case cases[] = {{"to the next bar", {0, 11}, {10, 11}},
-                          {"further", {1, 500}, {11, 500}},
-                          {"to another one with the same match", {0, 500}, {}}};
+    const auto expectRepainted = [&](const KXBarChart& chart, const Marks& marks) {
+        std::vector<UXRect> dirty, expected;
+        for (const UXRect& rect : diagram.getDirtyRegion().getRects())
+            dirty.push_back(uxIntersectionRect(rect, chart.getRect()));
+        for (const KXAxisChartMark& mark : marks)
+            for (const UXRect& rect : chart.getDataView().obtainMarkRects(mark))
+                expected.push_back(rect);
+        EXPECT_LE(areaOf(dirty), areaOf(expected));
+        EXPECT_EQ(areaOf(dirty) > 0, !marks.empty());
+    };
     const KXTestInput input{diagram};
-    const auto point = [&](const KXAxisChartMark& mark) {
+    const auto pointAt = [&](const KXAxisChartMark& mark) {
         const UXRect bar = upper.getDataView().obtainMarkPlace(mark);
-        input.move(
-            upper.translatePoint({bar.x + bar.width / 2, bar.getBottom() - 3}, upper.getPlot(), nullptr));
+        input.move(upper.translatePoint({uxMidX(bar), bar.getBottom() - 3}, upper.getPlot(), nullptr));
         EXPECT_EQ(upper.getHoveredMark(), mark);
     };
-    point({0, 10});
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    const std::tuple<const char*, KXAxisChartMark, Marks, Marks> cases[] = {
+        {"to the next bar", {0, 11}, {{0, 10}, {0, 11}}, {{0, 10}, {0, 11}}},
+        {"further", {1, 500}, {{0, 11}, {1, 500}}, {{0, 11}, {0, 500}}},
+        {"to another one with the same match", {0, 500}, {{1, 500}, {0, 500}}, {}}};
+    pointAt({0, 10});
+    for (const auto& [name, to, inUpper, inLower] : cases) {
+        SCOPED_TRACE(name);
         diagram.clearDirtyRect();
-        point(c.to);
-        EXPECT_EQ(lower.obtainMarksStandingOut(), (std::vector<KXAxisChartMark>{{0, c.to.category}}));
-        std::int64_t pixels = 0, expected = 0;
-        for (const UXRect& rect : diagram.getDirtyRegion().getRects())
-            pixels += std::int64_t{uxIntersectionRect(rect, lower.getRect()).width} *
-                      uxIntersectionRect(rect, lower.getRect()).height;
-        for (const std::uint64_t category : c.repainted)
-            for (const UXRect& rect : lower.getDataView().obtainMarkRects({0, category}))
-                expected += std::int64_t{rect.width} * rect.height;
-        EXPECT_LE(pixels, expected);
-        EXPECT_EQ(pixels > 0, !c.repainted.empty());
+        pointAt(to);
+        EXPECT_EQ(lower.obtainMarksStandingOut(), (Marks{{0, to.category}}));
+        expectRepainted(upper, inUpper);
+        expectRepainted(lower, inLower);
+    }
+}
+
+TEST(KXAxisChartWork, APartIsPaintedWithoutALookAtTheOthers)
+{
+    Board board;
+    const KXBarChart& chart = board.getChart();
+    const UXDoubleRect bar = chart.getDataView().getBars()[4].rect;
+    const UXRect part = chart.translateRect(uxSurroundingRect(bar), chart.getPlot(), nullptr);
+    UXRecordingPaintConfig config;
+    board.getDiagram().paint(&config, uxInflateRect(part, -1, -1));
+    std::string painted;
+    for (const std::string& line : config.getRecording().getLines())
+        painted += line.starts_with("drawRects ") ? line + "\n" : "";
+    for (const KXBar& other : chart.getDataView().getBars()) {
+        std::ostringstream drawn;
+        drawn << " " << other.rect.x << ",";
+        EXPECT_EQ(painted.find(drawn.str()) != std::string::npos, other.mark.category == 2) << drawn.str();
     }
 }
 

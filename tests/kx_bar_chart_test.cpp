@@ -12,8 +12,6 @@
 #include "kx_key_walk.h"
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
-#include "ux/ux_diagram.h"
-#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
@@ -24,7 +22,6 @@
 #include <memory>
 #include <numeric>
 #include <set>
-#include <sstream>
 #include <string>
 #include <utility>
 
@@ -264,44 +261,4 @@ TEST_F(KXBarChartTest, HostMayDoAnythingWhileItIsAsked)
             }
         }
     }
-}
-
-/** From bar to bar nothing but these two is painted anew, as all others stay dimmed. */
-TEST_F(KXBarChartTest, HoverPaintsOnlyWhatChanges)
-{
-    provider.categoryCount = 8;
-    provider.values = {{20, 30, 10, 40, 50, 15, 25, 35}};
-    UXDiagram diagram;
-    KXBarChart chart;
-    diagram.addChild(&chart);
-    diagram.setRect({0, 0, 600, 300});
-    chart.getBarChartProperty()->updateShowLabels(true);
-    load(chart, provider);
-    diagram.layout();
-    const auto placeOf = [&](std::size_t bar) {
-        return chart.translateRect(uxSurroundingRect(chart.getDataView().getBars()[bar].rect),
-                                   chart.getPlot(), &diagram);
-    };
-    const auto dirtyAfterMoveTo = [&](std::size_t bar) {
-        diagram.clearDirtyRect();
-        KXTestInput{chart}.move({uxMidX(placeOf(bar)), uxMidY(placeOf(bar))});
-        return diagram.getDirtyRegion();
-    };
-    EXPECT_TRUE(dirtyAfterMoveTo(2).intersects(placeOf(7))) << "the first one dims the others";
-    const UXDirtyRegion region = dirtyAfterMoveTo(4);
-    EXPECT_EQ(chart.getHoveredMark(), (KXAxisChartMark{0, 4}));
-    for (std::size_t bar = 0; bar < 8; ++bar)
-        EXPECT_EQ(region.intersects(placeOf(bar)), bar == 2 || bar == 4) << bar;
-
-    UXRecordingPaintConfig part;
-    diagram.paint(&part, uxInflateRect(placeOf(4), -1, -1));
-    std::size_t painted = 0;
-    for (const std::string& line : part.getRecording().getLines())
-        for (std::size_t bar = 0; bar < 8; ++bar) {
-            const UXDoubleRect& rect = chart.getDataView().getBars()[bar].rect;
-            std::ostringstream drawn;
-            drawn << "drawRects " << rect.x << ",";
-            painted += line.starts_with(drawn.str()) ? 1 : 0;
-        }
-    EXPECT_EQ(painted, 1) << "looks at the bars in the part alone";
 }

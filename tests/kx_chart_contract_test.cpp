@@ -316,6 +316,8 @@ TEST(KXChartContract, IsReadBackAsItWasSaved)
         EXPECT_TRUE(read.getChart()->deserialize(saved, &factory));
         EXPECT_EQ(read.getChart()->serialize(), saved);
         EXPECT_TRUE(read.getChart()->getDeserializedUnknownKeys().empty());
+        EXPECT_FALSE(read.getChart()->deserialize("{}", &factory));
+        EXPECT_EQ(read.getChart()->serialize(), saved) << "what a document lacks stays";
         read.load();
         EXPECT_EQ(read.paint(), board.paint());
     });

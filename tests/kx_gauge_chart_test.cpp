@@ -285,14 +285,4 @@ TEST_F(KXGaugeChartTest, ClicksAndHintsNameTheMeasure)
     EXPECT_FALSE(doomed) << "the provider may destroy the chart that asks";
 }
 
-TEST_F(KXGaugeChartTest, WhatADocumentLacksStays)
-{
-    chart.setFontSize(50);
-    const std::string saved = chart.serialize();
-    EXPECT_FALSE(chart.deserialize("{}"));
-    EXPECT_EQ(chart.serialize(), saved);
-    EXPECT_FALSE(chart.deserialize(R"({"m_fontSize": "big", "m_customParititonSegment": [1, "x"]})"));
-    EXPECT_EQ(chart.getFontSize(), 50);
-}
-
 } // namespace
