@@ -261,15 +261,15 @@ std::vector<KXObjectID> KXAxisChart::obtainItemObjectIDs(const KXChartItem& item
 UXHintInfo KXAxisChart::obtainItemHint(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
-    const std::optional<KXAxisChartMark> first = item.group == noFirst ? std::nullopt
-                                                                       : std::optional(makeMark(item));
-    const std::optional<KXAxisChartMark> mark = item.kind == categoryKind ? std::nullopt : first;
+    const KXAxisChartMark mark = makeMark(item);
+    const std::optional<KXAxisChartMark> first = item.group == noFirst ? std::nullopt : std::optional(mark);
+    const bool isMark = first && item.kind != categoryKind;
     UXHintInfo info = getAxisChartProperty()->getHintSettings();
     info.clearRows();
     KXChartDataProviderHintData data;
     const KXChartDataProviderUse use(*this);
-    if (auto* provider = mark ? use.as<KXAxisChartDataProvider>() : nullptr) {
-        const KXIndexPath path = provider->obtainSeriesValuePath(this, mark->series, mark->category);
+    if (auto* provider = isMark ? use.as<KXAxisChartDataProvider>() : nullptr) {
+        const KXIndexPath path = provider->obtainSeriesValuePath(this, mark.series, mark.category);
         if (use.isCurrent())
             data = provider->obtainHintData(this, path);
     }
