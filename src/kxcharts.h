@@ -24,6 +24,7 @@
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_chart_options.h"
 #include "kx_bar_chart_property.h"
+#include "kx_bar_layout.h"
 #include "kx_cell_list.h"
 #include "kx_cell_list_delegate.h"
 #include "kx_chart.h"
