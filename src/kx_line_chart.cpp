@@ -4,6 +4,7 @@
 #include "kx_axis_scale.h"
 #include "kx_chart_property.h"
 #include "kx_key_definitions.h"
+#include "kx_legend.h"
 #include "kx_line_chart_property.h"
 #include "kx_line_gradient_legend.h"
 #include "ux/ux_object_watcher.h"
@@ -43,8 +44,11 @@ bool KXLineChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty* property)
 void KXLineChart::registerChartPropertyUpdatedEvents()
 {
     KXXYAxisChart::registerChartPropertyUpdatedEvents();
-    getChartProperty()->registerUpdatedEvents({"m_legendLabelColor"},
-                                              [this](const std::string&) { _updateGradientLegend(); });
+    // In place of the base's own: both legends have that colour.
+    getChartProperty()->registerUpdatedEvents({"m_legendLabelColor"}, [this](const std::string&) {
+        getLegend()->setLabelColor(getChartProperty()->getLegendLabelColor());
+        _updateGradientLegend();
+    });
 }
 
 /** Where colours stand for values they name no series. */
