@@ -60,6 +60,20 @@ double KXAxisChartDataView::obtainExtraRoomAcross() const { return 0; }
 void KXAxisChartDataView::reload() {}
 std::vector<KXAxisChartMark> KXAxisChartDataView::obtainSingleMarks() const { return {}; }
 void KXAxisChartDataView::layoutLabels() {}
+std::vector<UXDoubleRect> KXAxisChartDataView::obtainLabelRects() const { return {}; }
+
+std::vector<UXDoubleRect> KXAxisChartDataView::_obtainEarlierLabels() const
+{
+    std::vector<UXDoubleRect> rects;
+    for (const auto& view : m_chart->getDataViews()) {
+        if (view.get() == this)
+            break;
+        const std::vector<UXDoubleRect> own = view->obtainLabelRects();
+        rects.insert(rects.end(), own.begin(), own.end());
+    }
+    return rects;
+}
+
 void KXAxisChartDataView::paintLabels(UXPainter&, const UXRect&) const {}
 std::optional<KXAxisChartMark> KXAxisChartDataView::hitMark(UXPoint) const { return std::nullopt; }
 UXRect KXAxisChartDataView::obtainMarkPlace(const KXAxisChartMark&) const { return {}; }

@@ -6,6 +6,7 @@
 #include "kx_axis_chart_stacks.h"
 #include "kx_export.h"
 #include "kx_value_extremes.h"
+#include "ux/ux_double_rect.h"
 #include "ux/ux_json_object.h"
 #include "ux/ux_point.h"
 #include "ux/ux_property_table.h"
@@ -20,7 +21,6 @@ class KXAxisProperty;
 class KXXYAxisChart;
 class UXPainter;
 struct UXColor;
-struct UXDoubleRect;
 enum class UXSymbolStyle : int;
 struct UXHintInfo;
 struct UXHintRowInfo;
@@ -102,6 +102,8 @@ public:
     virtual void updateLook() = 0;
     /** Places the labels. Asks nobody: for what the host has not said of them it is asked afterwards. */
     virtual void layoutLabels();
+    /** @return where its labels stand, in the plot's space, which those of the views after it keep off */
+    virtual std::vector<UXDoubleRect> obtainLabelRects() const;
     /** @param dirtyRect what is to be painted; a mark that does not reach into it may be left out */
     virtual void paint(UXPainter& painter, const UXRect& dirtyRect) const = 0;
     virtual void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const;
@@ -141,6 +143,8 @@ protected:
     /** @return the values of the shown series, lent until the chart's data are replaced */
     KXAxisChartStacks _makeStacks() const;
     KXAxisProperty& _getValueAxisProperty() const;
+    /** @return where the labels of the views before this one stand */
+    std::vector<UXDoubleRect> _obtainEarlierLabels() const;
     /** Adds the sum of a stack of at least two to the footer of a hint. */
     void _addTotal(UXHintInfo& info, std::uint64_t category) const;
 

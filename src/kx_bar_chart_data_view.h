@@ -74,6 +74,7 @@ public:
     std::vector<KXAxisChartMark> obtainSingleMarks() const override;
     void updateLook() override;
     void layoutLabels() override;
+    std::vector<UXDoubleRect> obtainLabelRects() const override;
     void paint(UXPainter& painter, const UXRect& dirtyRect) const override;
     void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const override;
     std::optional<KXAxisChartMark> hitMark(UXPoint point) const override;

@@ -162,11 +162,21 @@ void KXBarChartDataView::_placeLabels(const LabelRequests& requests)
 {
     KXBarLabelPlacer placer(*this, {m_property->getLabelPosition(), m_property->getLabelOverflow(),
                                     m_property->getAutoLabelColor()});
+    for (const UXDoubleRect& rect : _obtainEarlierLabels())
+        placer.addObstacle(rect);
     for (const LabelRequests::Total& total : requests.totals)
         placer.addTotal(getSlots()[total.slot], total.value, total.text, m_property->getTotalProperty());
     for (const LabelRequests::Label& label : requests.labels)
         placer.add(label.bar, label.request);
     m_made->labels = placer.place();
+}
+
+std::vector<UXDoubleRect> KXBarChartDataView::obtainLabelRects() const
+{
+    std::vector<UXDoubleRect> rects;
+    for (const auto& label : m_made->labels)
+        rects.push_back(label.rect);
+    return rects;
 }
 
 void KXBarChartDataView::paintLabels(UXPainter& painter, const UXRect& dirtyRect) const

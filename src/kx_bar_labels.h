@@ -55,6 +55,8 @@ public:
         bool hasOwnColor = false;    /**< keeps the colour of property also on the bar */
     };
 
+    /** Keeps labels off what others have placed. */
+    void addObstacle(const UXDoubleRect& rect) { m_placer.addObstacle(rect); }
     /** A label that is longer than one and a half categories are wide tells nobody whose it is, so only
      * extremes get such a one.
      *  @param bar its index in the data view */

@@ -5,6 +5,7 @@
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_chart_property.h"
 #include "kx_key_definitions.h"
+#include "kx_legend.h"
 #include "kx_line_chart_data_view.h"
 #include "kx_line_chart_property.h"
 #include "ux/ux_object_watcher.h"
@@ -183,5 +184,9 @@ bool KXLineBarChart::customDeserialize()
     // What the legend shows and which axis a series stands on are among what was read.
     if (preparedAndReloadedData())
         reloadData();
+    else
+        _customReloadMarks();
+    if (self.isAlive())
+        getLegend()->markDataUpdated();
     return complete;
 }

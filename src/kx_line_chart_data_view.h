@@ -81,6 +81,7 @@ public:
     std::vector<KXAxisChartMark> obtainSingleMarks() const override;
     void updateLook() override;
     void layoutLabels() override;
+    std::vector<UXDoubleRect> obtainLabelRects() const override;
     void paint(UXPainter& painter, const UXRect& dirtyRect) const override;
     void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const override;
     /** @return the point that is nearest to the pointer of the line that is, if that is near enough, or of

@@ -58,6 +58,8 @@ void KXLineChartDataView::layoutLabels()
         return;
     KXLineLabelPlacer placer(m_frame, m_property->getLabelPosition(), m_property->obtainPointSize(),
                              [this](const UXDoubleRect& rect) { return _isOverLine(rect); });
+    for (const UXDoubleRect& rect : _obtainEarlierLabels())
+        placer.addObstacle(rect);
     if (_showsNames()) {
         _requestNames(placer);
     } else {
@@ -143,6 +145,14 @@ bool KXLineChartDataView::_isOverLine(const UXDoubleRect& rect) const
         }
         return false;
     });
+}
+
+std::vector<UXDoubleRect> KXLineChartDataView::obtainLabelRects() const
+{
+    std::vector<UXDoubleRect> rects;
+    for (const auto& label : m_labels)
+        rects.push_back(label.rect);
+    return rects;
 }
 
 void KXLineChartDataView::paintLabels(UXPainter& painter, const UXRect& dirtyRect) const

@@ -29,6 +29,12 @@ void KXLineLabelPlacer::addObstacle(const UXDoublePoint& point)
     m_placer.addObstacle({point.x - half, point.y - half, 2 * half, 2 * half});
 }
 
+void KXLineLabelPlacer::addObstacle(const UXDoubleRect& rect)
+{
+    m_placer.addObstacle(rect);
+    m_taken.push_back(rect);
+}
+
 UXDoubleRect KXLineLabelPlacer::_makeRect(const UXDoublePoint& point, KXLineLabelPosition side,
                                           const UXDoubleSize& size) const
 {
@@ -109,7 +115,11 @@ void KXLineLabelPlacer::_placeNames(std::vector<KXLineLabel>& labels) const
         if (obtainAlong(name).start < reached || m_frame.obtainAcross(name.rect).end > across.end)
             continue;
         reached = obtainAlong(name).end;
-        labels.push_back(std::move(name));
+        const bool isTaken = std::ranges::any_of(m_taken, [&name](const UXDoubleRect& taken) {
+            return uxIntersectionDoubleRect(taken, name.rect).width > 0;
+        });
+        if (!isTaken)
+            labels.push_back(std::move(name));
     }
 }
 

@@ -38,6 +38,7 @@ public:
     ~KXLineLabelPlacer();
 
     void addObstacle(const UXDoublePoint& point);
+    void addObstacle(const UXDoubleRect& rect);
     /** Whether a point is one of those whose labels stay also where most have no room. */
     enum class Extreme : int { None, Least, Greatest };
     /** The label of the least value stands below it where the user wants labels above, off the line. */
@@ -60,6 +61,7 @@ private:
     double m_distance; // of a label from the centre of its point
     std::function<bool(const UXDoubleRect&)> m_isOverLine;
     KXLabelPlacer m_placer;
+    std::vector<UXDoubleRect> m_taken; // by what is no point
     std::vector<KXLabelRequest> m_requests;
     std::vector<KXAxisChartMark> m_marks; // one a request
     std::vector<KXLineLabel> m_names;     // where they would like to be
