@@ -308,5 +308,6 @@ private:
     std::int64_t m_shownInterval = 1; // that one, whole and among the visible ticks
     int m_longestLabelLength = -1;
     int m_startOverhang = -1;
+    UXDoubleSize m_widestText; // of those that are known: how much room one is given that is still to come
     std::vector<PlacedLabel> m_placedLabels;
 };

@@ -6,6 +6,7 @@
 #include "kx_axis_tick_label_placed_label.h"
 #include "kx_axis_tick_label_view_delegate.h"
 #include "kx_axis_tick_search.h"
+#include "kx_data_requests.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -93,6 +94,11 @@ bool KXAxisTickLabelView::_measureTick(Tick& tick)
     if (!tick.size) {
         tick.lines = _obtainLines(*tick.text);
         tick.size = _measureText(tick.lines, m_textProperty);
+        const bool isToCome = *tick.text == KXDataRequests::placeholder;
+        if (!isToCome && tick.size->width > m_widestText.width)
+            m_widestText = *tick.size;
+        if (isToCome && tick.size->width < m_widestText.width)
+            tick.size = m_widestText;
     }
     return true;
 }
