@@ -190,6 +190,8 @@ void KXAxisTickLabelView::updateTexts()
         tick.text.reset();
         tick.size.reset();
     }
+    _forgetMeasures();
+    m_widestText = {};
     m_cacheStale = true;
     setRequireToVerifyLayout(true, true);
 }
