@@ -477,6 +477,7 @@ std::string SqlQueryBuilder::_obtainListParameter(std::size_t filter)
         throw _makeError(place("filters", filter), "a value at least is needed");
     const Type type = m_columns[m_filterColumns[filter]].type;
     std::vector<std::string> values;
+    values.reserve(binding.values.size());
     for (const std::string& value : binding.values)
         values.push_back(_obtainFilterText(filter, value, type == Type::Integer ? Type::Float : type));
     return _addParameter(

@@ -155,6 +155,7 @@ void KXAxisChart::customReloadData()
     if (!self.isAlive())
         return;
     std::vector<std::string> identities;
+    identities.reserve(getSeriesCount());
     for (std::uint64_t series = 0; series < getSeriesCount(); ++series)
         identities.push_back(getSeriesID(series));
     m_groups.reload(getSeriesCount(), identities);
