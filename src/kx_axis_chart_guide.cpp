@@ -68,12 +68,16 @@ std::vector<std::uint64_t> KXAxisChart::_obtainHintSeries(const std::optional<KX
     if (!first || !_drawsSeriesAsOne())
         return order;
     const double start = _obtainPlaceAlong(*first);
-    std::vector<std::pair<double, std::uint64_t>> distances;
-    for (const std::uint64_t series : order)
-        distances.emplace_back(std::abs(_obtainPlaceAlong({series, first->category}) - start), series);
-    std::ranges::stable_sort(distances, {}, &std::pair<double, std::uint64_t>::first);
-    std::ranges::transform(distances, order.begin(), &std::pair<double, std::uint64_t>::second);
-    return order;
+    std::vector<std::pair<double, std::size_t>>
+        distances; // and places in that order, which decide among equals
+    distances.reserve(order.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        distances.emplace_back(std::abs(_obtainPlaceAlong({order[i], first->category}) - start), i);
+    std::ranges::sort(distances);
+    std::vector<std::uint64_t> nearest(order.size());
+    std::ranges::transform(distances, nearest.begin(),
+                           [&](const auto& entry) { return order[entry.second]; });
+    return nearest;
 }
 
 /** @return between which values that of a mark is thought to lie, empty where nobody knows */

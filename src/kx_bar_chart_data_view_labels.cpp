@@ -174,6 +174,7 @@ void KXBarChartDataView::_placeLabels(const LabelRequests& requests)
 std::vector<UXDoubleRect> KXBarChartDataView::obtainLabelRects() const
 {
     std::vector<UXDoubleRect> rects;
+    rects.reserve(m_made->labels.size());
     for (const auto& label : m_made->labels)
         rects.push_back(label.rect);
     return rects;

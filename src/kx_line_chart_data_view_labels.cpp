@@ -150,6 +150,7 @@ bool KXLineChartDataView::_isOverLine(const UXDoubleRect& rect) const
 std::vector<UXDoubleRect> KXLineChartDataView::obtainLabelRects() const
 {
     std::vector<UXDoubleRect> rects;
+    rects.reserve(m_labels.size());
     for (const auto& label : m_labels)
         rects.push_back(label.rect);
     return rects;

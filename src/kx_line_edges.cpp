@@ -79,6 +79,7 @@ void KXLineEdges::_makeLines(const KXAxisChartStacks& source)
 void KXLineEdges::_makeStacks(const KXAxisChartStacks& source)
 {
     std::vector<bool> hasNegatives;
+    hasNegatives.reserve(source.series.size());
     for (const KXAxisChartStacks::Series& series : source.series)
         hasNegatives.push_back(source.form == KXAxisChartStacking::Stacked &&
                                std::ranges::any_of(series.values, [](double value) { return value < 0; }));
@@ -104,6 +105,7 @@ void KXLineEdges::_makeStacks(const KXAxisChartStacks& source)
 void KXLineEdges::_makeSums(const KXAxisChartStacks& source, const std::vector<bool>& hasNegatives)
 {
     std::vector<std::size_t> firstOwn;
+    firstOwn.reserve(hasNegatives.size());
     for (const bool isBelow : hasNegatives) {
         firstOwn.push_back(m_own.size());
         for (int i = 0; i < (isBelow ? 3 : 1); ++i)

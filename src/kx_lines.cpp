@@ -16,6 +16,7 @@ template <class Piece>
 std::vector<UXJsonObject*> listPieces(const std::vector<std::unique_ptr<Piece>>& pieces)
 {
     std::vector<UXJsonObject*> list;
+    list.reserve(pieces.size());
     for (const std::unique_ptr<Piece>& piece : pieces)
         list.push_back(piece.get());
     return list;

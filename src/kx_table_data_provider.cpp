@@ -318,6 +318,7 @@ const KXTableRows& KXTableDataProvider::_obtainRows()
 {
     if (!m_rows) {
         std::vector<const KXDataColumn*> columns;
+        columns.reserve(m_dimensions.size());
         for (const Dimension& dimension : m_dimensions)
             columns.push_back(&dimension.column);
         m_rows = std::make_unique<const KXTableRows>(columns);

@@ -37,6 +37,7 @@ double KXValueLabelTexts::_obtainPercentage(const KXXYAxisChart& chart, const KX
                                             const KXAxisChartMark& mark, std::size_t position)
 {
     std::vector<double> parts;
+    parts.reserve(source.series.size());
     if (source.form != KXAxisChartStacking::Plain) {
         for (std::size_t i = 0; i < source.series.size(); ++i)
             parts.push_back(std::abs(source.obtainValue(i, mark.category)));
