@@ -16,6 +16,7 @@
 // Hosts may refer to them, on Windows too
 constexpr std::uint64_t KXAxisChartDataUser::greatestSeriesCount;
 constexpr std::uint64_t KXAxisChartDataUser::greatestValueCount;
+constexpr std::size_t KXAxisChartDataUser::noSeries;
 
 namespace {
 

@@ -118,7 +118,7 @@ void KXDateTimePattern::_compile(std::string_view pattern, unsigned presentField
             return;
         const std::size_t place = text.find(tokens[i]);
         if (place != KXDateTimeText::nowhere)
-            text.replaceString(tokens[i].name, {"", 1}, place, static_cast<char>(i + 1));
+            text.replaceString(tokens[i].name, {"\0", 1}, place, static_cast<char>(i + 1));
     }
 
     // 2. Those bytes are the tokens, and what lies between them is literal.
