@@ -21,6 +21,7 @@ std::vector<UXDoublePoint> obtainEdge(const std::vector<Reach>& run, double Reac
                                       const KXAxisChartPlotFrame& frame, KXLineCurve curve)
 {
     std::vector<KXLineVertex> vertices;
+    vertices.reserve(run.size());
     for (const Reach& reach : run)
         vertices.push_back({0, reach.across, frame.values.obtainPosition(reach.*value), false});
     std::vector<UXDoublePoint> points;

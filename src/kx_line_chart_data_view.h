@@ -27,7 +27,7 @@ class KXLineChartProperty;
 class KXLines;
 class UXPainter;
 struct KXChartItemLook;
-class UXTextProperty;
+struct UXTextProperty;
 
 /** A point that is drawn. */
 struct KXLinePlace {
