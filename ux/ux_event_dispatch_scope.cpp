@@ -21,7 +21,7 @@ UXEventDispatchScope::UXEventDispatchScope(const UXEvent& event) : m_event(event
     }
 }
 
-UXEventDispatchScope::~UXEventDispatchScope()
+UXEventDispatchScope::~UXEventDispatchScope() noexcept(false)
 {
     if (!m_isFinished)
         m_event._endDispatch();

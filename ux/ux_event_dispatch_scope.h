@@ -14,7 +14,8 @@
 class UXEventDispatchScope {
 public:
     explicit UXEventDispatchScope(const UXEvent& event);
-    ~UXEventDispatchScope();
+    /** Ends the call, whose exceptions pass through, as UXNotificationScope says. */
+    ~UXEventDispatchScope() noexcept(false);
 
     UXEventDispatchScope(const UXEventDispatchScope&) = delete;
     UXEventDispatchScope& operator=(const UXEventDispatchScope&) = delete;
