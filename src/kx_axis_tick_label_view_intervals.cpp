@@ -177,7 +177,7 @@ double KXAxisTickLabelView::_obtainRoomAtEnd(const Tick& tick, int direction) co
  * of what is between two ticks, and what the other one leaves of its own */
 std::optional<double> KXAxisTickLabelView::_obtainRoomToNeighbor(const Tick& tick, int direction, double edge)
 {
-    const int notation = m_scale.xNotation > 0 ? 1 : -1;
+    const std::int64_t notation = m_scale.xNotation > 0 ? 1 : -1;
     const Tick* neighbor = _findVisibleTick(
         uxSaturateToInt(tick.index + direction * notation * m_shownInterval));
     if (!neighbor || !neighbor->size)
