@@ -6,7 +6,7 @@
 #include "data_binding.h"
 #include "kx_axis_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
-#include "kx_panel_chart_data_provider.h"
+#include "kx_pie_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "sql_data_set.h"
 
@@ -18,7 +18,7 @@ class SqlSession;
 class SqlDataProvider : public KXValueChartDataProvider,
                         public KXGaugeChartDataProvider,
                         public KXAxisChartDataProvider,
-                        public KXPanelChartDataProvider {
+                        public KXPieChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);

@@ -45,6 +45,8 @@ public:
 
     // What stands out
     const std::optional<KXChartItem>& getHovered() const { return m_hovered; }
+    /** @return what a click, a menu or a highlight is about */
+    const std::optional<KXChartItem>& getActionItem() const { return m_actionItem; }
     /** @return where the keyboard is or goes on from */
     const std::optional<KXChartItem>& getFocused() const { return m_focused; }
     /** @return ascending; the same below */

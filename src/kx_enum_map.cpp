@@ -104,6 +104,8 @@ template KX_EXPORT UXEnum::UXEnumMap<KXLineNullHandling>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXLinePointDisplay>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXPointShape>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXPieChartSliceStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXPieSliceOrder>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXPieLabelPosition>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableColumnHeaderInfoType>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableDatabarStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTablePanelType>* kxObtainEnumMap();

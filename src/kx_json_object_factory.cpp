@@ -27,6 +27,9 @@
 #include "kx_lines.h"
 #include "kx_menu.h"
 #include "kx_menu_item.h"
+#include "kx_pie.h"
+#include "kx_pie_chart.h"
+#include "kx_pie_segment_info.h"
 #include "kx_rectangle.h"
 #include "kx_stacked_bar.h"
 #include "kx_value_chart.h"
@@ -109,9 +112,9 @@ constexpr Type types[] = {
     KX_TYPE(KXLineChartProperty),
     KX_TYPE(KXMenu),
     KX_TYPE(KXMenuItem),
-    KX_TYPE_WITHOUT_CLASS(KXPieChart),
-    KX_TYPE_WITHOUT_CLASS(KXPieSegmentInfo),
-    KX_TYPE_WITHOUT_CLASS(KXPie),
+    KX_TYPE(KXPieChart),
+    KX_TYPE(KXPieSegmentInfo),
+    KX_TYPE(KXPie),
     KX_TYPE(KXRectangle),
     KX_TYPE_WITHOUT_CLASS(KXScatterChart),
     KX_TYPE_WITHOUT_CLASS(KXScatterChartDataView),

@@ -3,6 +3,7 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
+#include "kx_chart_property.h"
 #include "kx_drawing_layer.h"
 #include "kx_hint_text.h"
 #include "kx_key_definitions.h"
@@ -11,6 +12,7 @@
 #include "kx_panel_chart_data_provider.h"
 #include "kx_readable_color.h"
 #include "ux/ux_hint_info.h"
+#include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
@@ -18,12 +20,17 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 namespace {
 
 /** More names than anyone can read at once are not asked for. */
 constexpr std::size_t greatestNameCount = 4096;
+/** What paths call it that is gathered. */
+const std::string othersIdentifier = "Others";
+/** What is gathered is no more one of the members than another. */
+constexpr UXColor othersColor(140, 140, 146);
 
 } // namespace
 
@@ -60,14 +67,27 @@ std::uint64_t KXMemberPanelChart::obtainGroupCount() const
 
 std::string KXMemberPanelChart::obtainGroupName(std::uint64_t group)
 {
+    if (m_listed.isOthers(group))
+        return m_othersName;
     if (getDimensionCount() == 0)
         return getMeasureLabel(group);
     const UXObjectWatcher self(this);
     const std::uint64_t dimension = _obtainGroupDimension();
-    const std::string text = obtainMemberText(dimension, group);
+    const std::string text = _obtainMemberName(dimension, group);
     const bool isMissing = self.isAlive() && group < getMemberCount(dimension) &&
                            !hasMemberText(dimension, group);
     return isMissing ? KXDataRequests::placeholder : text;
+}
+
+/** @return the member's text, a date or a time as the format writes it */
+std::string KXMemberPanelChart::_obtainMemberName(std::uint64_t dimension, std::uint64_t member)
+{
+    const UXObjectWatcher self(this);
+    std::string text = obtainMemberText(dimension, member);
+    if (!self.isAlive() || !shouldFormatMemberText(dimension, member))
+        return text;
+    return m_dataFormat->formatDateTime(text, getDimensionDataType(dimension),
+                                        getDimensionAggregateType(dimension));
 }
 
 UXColor KXMemberPanelChart::obtainGroupColor(std::uint64_t group) const
@@ -75,7 +95,10 @@ UXColor KXMemberPanelChart::obtainGroupColor(std::uint64_t group) const
     return m_groups.obtainColor(group);
 }
 
-bool KXMemberPanelChart::isGroupShown(std::uint64_t group) const { return m_groups.isShown(group); }
+bool KXMemberPanelChart::isGroupShown(std::uint64_t group) const
+{
+    return m_listed.contains(group) && m_groups.isShown(group);
+}
 
 void KXMemberPanelChart::setGroupShown(std::uint64_t group, bool shown)
 {
@@ -117,11 +140,25 @@ KXIndexPath KXMemberPanelChart::_obtainValuePath(const KXChartItem& item) const
     return obtainValuePath(_obtainMeasure(item), _obtainCell(item));
 }
 
-double KXMemberPanelChart::obtainItemValue(const KXChartItem& item) const
+double KXMemberPanelChart::_obtainMemberValue(const KXChartItem& item) const
 {
     if (item.group >= obtainGroupCount() || item.index >= obtainIndexCount())
         return std::numeric_limits<double>::quiet_NaN();
     return getValue(_obtainMeasure(item), _obtainCell(item));
+}
+
+/** What has no part of a whole adds nothing to what is gathered. */
+double KXMemberPanelChart::obtainItemValue(const KXChartItem& item) const
+{
+    if (!m_listed.isOthers(item.group))
+        return _obtainMemberValue(item);
+    double sum = std::numeric_limits<double>::quiet_NaN();
+    for (const std::uint64_t member : m_listed.getGathered()) {
+        const double value = _obtainMemberValue({item.kind, member, item.index});
+        if (value > 0)
+            sum = std::min(std::isnan(sum) ? value : sum + value, (std::numeric_limits<double>::max)());
+    }
+    return sum;
 }
 
 std::string KXMemberPanelChart::obtainItemValueText(const KXChartItem& item) const
@@ -139,39 +176,88 @@ UXColor KXMemberPanelChart::_obtainItemColor(const KXChartItem& item) const
 
 std::vector<UXColor> KXMemberPanelChart::_obtainUsualColors() const { return getDefaultColors(); }
 std::string KXMemberPanelChart::_obtainItemKind() const { return "Item"; }
+
+KXObjectID KXMemberPanelChart::_obtainGroupObjectID(std::uint64_t group) const
+{
+    return KXObjectID::instance().path(kxCreateObjectIDPath(_obtainItemKind())).index(group);
+}
+
 std::uint64_t KXMemberPanelChart::_obtainGroupDimension() const { return 0; }
 void KXMemberPanelChart::_paintOverItems(UXPainter&) const {}
+UXHintInfo KXMemberPanelChart::_obtainHintLook() const { return {}; }
+UXDoublePoint KXMemberPanelChart::_obtainChosenShift(const KXPanelItem&) const { return {}; }
 
-std::uint64_t KXMemberPanelChart::obtainLegendCellSize() { return obtainGroupCount(); }
-std::string KXMemberPanelChart::obtainLegendLabel(std::uint64_t index) { return obtainGroupName(index); }
+std::uint64_t KXMemberPanelChart::_obtainGreatestGroupCount() const
+{
+    const KXChartProperty& property = *getChartProperty();
+    const std::int64_t most = std::max<std::int64_t>(property.getTopXItemsToShow(), 0);
+    return property.getShowOnlyTopX() ? static_cast<std::uint64_t>(most)
+                                      : (std::numeric_limits<std::uint64_t>::max)();
+}
+
+KXListedGroups KXMemberPanelChart::_listGroups()
+{
+    std::vector<std::uint64_t> kept(std::min(obtainGroupCount(), _obtainGreatestGroupCount()));
+    std::iota(kept.begin(), kept.end(), std::uint64_t{0});
+    return {std::move(kept), {}, obtainGroupCount()};
+}
+
+std::uint64_t KXMemberPanelChart::obtainLegendCellSize() { return m_listed.getAll().size(); }
+
+std::string KXMemberPanelChart::obtainLegendLabel(std::uint64_t index)
+{
+    return index < obtainLegendCellSize() ? obtainGroupName(m_listed.getAll()[index]) : std::string();
+}
 
 bool KXMemberPanelChart::obtainLegendSymbolColor(std::uint64_t index, UXColor& color)
 {
-    color = m_groups.obtainSymbolColor(index);
+    if (index < obtainLegendCellSize())
+        color = m_groups.obtainSymbolColor(m_listed.getAll()[index]);
     return true;
 }
 
 std::vector<KXObjectID> KXMemberPanelChart::obtainLegendCellObjectID(std::uint64_t index)
 {
-    return {KXObjectID::instance().path(kxCreateObjectIDPath(_obtainItemKind())).index(index)};
+    if (index >= obtainLegendCellSize())
+        return {};
+    return {_obtainGroupObjectID(m_listed.getAll()[index])};
 }
 
-bool KXMemberPanelChart::obtainLegendCellIsOn(std::uint64_t index) { return isGroupShown(index); }
+bool KXMemberPanelChart::obtainLegendCellIsOn(std::uint64_t index)
+{
+    return index < obtainLegendCellSize() && isGroupShown(m_listed.getAll()[index]);
+}
 
 void KXMemberPanelChart::legendCellClicked(std::uint64_t index, const UXEvent&)
 {
-    if (isInteractionEnabled())
-        setGroupShown(index, !isGroupShown(index));
+    if (!isInteractionEnabled() || index >= obtainLegendCellSize())
+        return;
+    const std::uint64_t group = m_listed.getAll()[index];
+    setGroupShown(group, !isGroupShown(group));
 }
 
 void KXMemberPanelChart::legendCellHovered(std::uint64_t index, bool hovered)
 {
-    getItems()->hoverGroup(index, hovered && isGroupShown(index));
+    if (index >= obtainLegendCellSize())
+        return;
+    const std::uint64_t group = m_listed.getAll()[index];
+    getItems()->hoverGroup(group, hovered && isGroupShown(group));
+}
+
+/** A document may list other groups. */
+bool KXMemberPanelChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    const bool isComplete = KXPanelChart::customDeserialize();
+    if (self.isAlive() && preparedAndReloadedData())
+        reloadData();
+    return isComplete;
 }
 
 void KXMemberPanelChart::resetData()
 {
     KXPanelChartDataUser::resetData();
+    m_listed = {};
     m_groups.clear();
     m_hostColors.clear();
 }
@@ -179,13 +265,22 @@ void KXMemberPanelChart::resetData()
 void KXMemberPanelChart::customReloadData()
 {
     const UXObjectWatcher self(this);
+    std::string othersName = uxLocalizeString("Others");
+    if (!self.isAlive())
+        return;
+    m_othersName = std::move(othersName);
+    m_listed = {};
+    KXListedGroups listed = _listGroups();
+    if (!self.isAlive())
+        return;
+    m_listed = std::move(listed);
     std::vector<std::string> names;
-    for (std::uint64_t group = 0; m_groups.needsIdentities() && group < obtainGroupCount(); ++group) {
-        names.push_back(obtainGroupName(group));
+    for (std::uint64_t group = 0; m_groups.needsIdentities() && group < m_listed.getBound(); ++group) {
+        names.push_back(m_listed.contains(group) ? obtainGroupName(group) : std::string());
         if (!self.isAlive())
             return;
     }
-    m_groups.reload(obtainGroupCount(), names);
+    m_groups.reload(m_listed.getBound(), names);
 }
 
 /** Where a group has a single item, a colour of the item is the group's. */
@@ -193,10 +288,14 @@ void KXMemberPanelChart::customReloadColors()
 {
     m_groups.setUsualColors(_obtainUsualColors());
     const bool areSingle = getDimensionCount() < 2;
-    std::vector<std::optional<UXColor>> groupColors(obtainGroupCount());
+    std::vector<std::optional<UXColor>> groupColors(m_listed.getBound());
     std::unordered_map<std::uint64_t, UXColor> itemColors;
     const KXChartDataProviderUse use(*this);
-    for (std::uint64_t group = 0; group < groupColors.size(); ++group) {
+    for (const std::uint64_t group : std::vector(m_listed.getAll())) {
+        if (m_listed.isOthers(group)) {
+            groupColors[group] = othersColor;
+            continue;
+        }
         UXColor color = m_groups.obtainColor(group);
         if (use.isCurrent() && use.get()->obtainValueDataColorForGroup(this, group, color))
             groupColors[group] = color;
@@ -235,8 +334,12 @@ void KXMemberPanelChart::afterReloadData()
 {
     const UXObjectWatcher self(this);
     KXPanelChart::afterReloadData();
+    // What is gathered is no item of the host's that could be clicked.
     if (self.isAlive())
-        registerLeftClickAction(this, KXTriggerCondition());
+        registerLeftClickAction(this, [this] {
+            const std::optional<KXChartItem>& item = getItems()->getActionItem();
+            return !item || !m_listed.isOthers(item->group);
+        });
 }
 
 UXRect KXMemberPanelChart::obtainHintArea(UXPoint point) { return getItems()->obtainHintArea(point); }
@@ -257,7 +360,7 @@ std::vector<KXChartItem> KXMemberPanelChart::obtainItems() const
 {
     std::vector<KXChartItem> items;
     for (std::uint64_t index = 0; index < obtainIndexCount(); ++index)
-        for (const std::uint64_t group : m_groups.getShown())
+        for (const std::uint64_t group : m_listed.getAll())
             if (hasItem({0, group, index}))
                 items.push_back({0, group, index});
     return items;
@@ -283,6 +386,14 @@ std::optional<KXChartItem> KXMemberPanelChart::obtainItemBeside(const std::optio
 KXChartDataPath* KXMemberPanelChart::createItemPath(const KXChartItem& item)
 {
     auto* path = new KXChartDataPath;
+    if (m_listed.isOthers(item.group)) {
+        path->identifier = othersIdentifier;
+        if (getDimensionCount() > 0)
+            path->dimensionIndexPath = {_obtainGroupDimension()};
+        const std::vector<std::uint64_t>& members = m_listed.getGathered();
+        path->dimensionIndexPath.insert(path->dimensionIndexPath.end(), members.begin(), members.end());
+        return path;
+    }
     path->identifier = _obtainItemKind();
     path->valueIndexPath = _obtainValuePath(item);
     if (getDimensionCount() > 0)
@@ -290,7 +401,8 @@ KXChartDataPath* KXMemberPanelChart::createItemPath(const KXChartItem& item)
     return path;
 }
 
-/** A value is named by its whole path, and all values of a member by the member. */
+/** A value is named by its whole path, and all values of a member by the member; what is gathered answers for
+ * each of its members. */
 std::vector<KXChartItem> KXMemberPanelChart::findItems(const KXChartDataPath& path)
 {
     const KXIndexPath& member = path.dimensionIndexPath;
@@ -302,17 +414,36 @@ std::vector<KXChartItem> KXMemberPanelChart::findItems(const KXChartDataPath& pa
         return {};
     std::vector<KXChartItem> items = obtainItems();
     std::erase_if(items, [&](const KXChartItem& item) {
-        const bool isValue = !namesValue || path.valueIndexPath == _obtainValuePath(item);
-        const bool isMember = member.empty() || (member.size() == 2 && member[0] < getDimensionCount() &&
-                                                 member[1] == _obtainMember(item, member[0]));
-        return !isValue || !isMember;
+        return (namesValue && !_holdsValue(item, path.valueIndexPath)) || !_isOfMembers(item, member);
     });
     return items;
 }
 
+bool KXMemberPanelChart::_holdsValue(const KXChartItem& item, const KXIndexPath& valuePath) const
+{
+    if (!m_listed.isOthers(item.group))
+        return valuePath == _obtainValuePath(item);
+    return std::ranges::any_of(m_listed.getGathered(), [&](std::uint64_t member) {
+        return valuePath == _obtainValuePath({item.kind, member, item.index});
+    });
+}
+
+/** @param path (dimension, member, ...), or empty for any */
+bool KXMemberPanelChart::_isOfMembers(const KXChartItem& item, const KXIndexPath& path) const
+{
+    if (path.empty())
+        return true;
+    if (path[0] >= getDimensionCount())
+        return false;
+    const bool isGroup = path[0] == _obtainGroupDimension();
+    return std::any_of(path.begin() + 1, path.end(), [&](std::uint64_t member) {
+        return isGroup ? m_listed.holds(item.group, member) : member == item.index;
+    });
+}
+
 std::vector<KXObjectID> KXMemberPanelChart::obtainItemObjectIDs(const KXChartItem& item) const
 {
-    KXObjectID id = KXObjectID::instance().path(kxCreateObjectIDPath(_obtainItemKind())).index(item.group);
+    KXObjectID id = _obtainGroupObjectID(item.group);
     if (getDimensionCount() > 1)
         id = id.path(kxCreateObjectIDPath(std::string("Member"))).index(item.index);
     return {id};
@@ -322,8 +453,10 @@ std::string KXMemberPanelChart::_obtainHintTitle(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
     std::string title = obtainGroupName(item.group);
+    if (m_listed.isOthers(item.group))
+        title += " (" + std::to_string(m_listed.getGathered().size()) + ")";
     if (self.isAlive() && getDimensionCount() > 1)
-        title += ", " + obtainMemberText(1 - _obtainGroupDimension(), item.index);
+        title += ", " + _obtainMemberName(1 - _obtainGroupDimension(), item.index);
     return title;
 }
 
@@ -333,16 +466,19 @@ UXHintInfo KXMemberPanelChart::obtainItemHint(const KXChartItem& item)
     KXChartDataProviderHintData data;
     const KXChartDataProviderUse use(*this);
     if (auto* provider = use.as<KXPanelChartDataProvider>())
-        data = provider->obtainHintData(this, _obtainValuePath(item));
-    if (!use.isAlive())
-        return UXHintInfo(false);
-    if (data.isEmpty()) {
-        data.title = _obtainHintTitle(item);
-        if (!use.isAlive())
-            return UXHintInfo(false);
-        data.value = obtainItemValueText(item);
-    }
-    return kxMakeHintInfo(data, UXHintInfo());
+        if (!m_listed.isOthers(item.group))
+            data = provider->obtainHintData(this, _obtainValuePath(item));
+    if (use.isAlive() && data.isEmpty())
+        data = _describeItem(item);
+    return use.isAlive() ? kxMakeHintInfo(data, _obtainHintLook()) : UXHintInfo(false);
+}
+
+KXChartDataProviderHintData KXMemberPanelChart::_describeItem(const KXChartItem& item)
+{
+    const UXObjectWatcher self(this);
+    const std::string title = _obtainHintTitle(item);
+    return self.isAlive() ? KXChartDataProviderHintData(title, obtainItemValueText(item))
+                          : KXChartDataProviderHintData();
 }
 
 void KXMemberPanelChart::_customLayout(UXRect plotArea)
@@ -368,12 +504,14 @@ bool KXMemberPanelChart::_loadNames()
         names.clear();
     for (std::uint64_t dimension = 0; dimension < getDimensionCount(); ++dimension)
         for (std::size_t i = 0; i < getLaidOutItems().size(); ++i) {
-            const std::uint64_t member = _obtainMember(getLaidOutItems()[i].item, dimension);
-            if (m_names[dimension].contains(member))
+            const KXChartItem& item = getLaidOutItems()[i].item;
+            const std::uint64_t member = _obtainMember(item, dimension);
+            const bool isGathered = dimension == _obtainGroupDimension() && m_listed.isOthers(item.group);
+            if (isGathered || m_names[dimension].contains(member))
                 continue;
             if (m_names[dimension].size() >= greatestNameCount)
                 break;
-            std::string name = obtainMemberText(dimension, member);
+            std::string name = _obtainMemberName(dimension, member);
             if (!self.isAlive())
                 return false;
             m_names[dimension][member] = std::move(name);
@@ -383,6 +521,8 @@ bool KXMemberPanelChart::_loadNames()
 
 std::string KXMemberPanelChart::_findName(const KXChartItem& item) const
 {
+    if (m_listed.isOthers(item.group))
+        return m_othersName;
     return getDimensionCount() > 0 ? _findMemberName(0, _obtainMember(item, 0)) : getMeasureLabel(item.group);
 }
 
@@ -425,7 +565,8 @@ void KXMemberPanelChart::_updateColors()
 {
     m_groups.setUsualColors(_obtainUsualColors());
     for (KXPanelItem& item : m_laidOut.getAll()) {
-        const auto own = m_hostColors.find(_obtainCell(item.item));
+        const auto own = m_listed.isOthers(item.item.group) ? m_hostColors.end()
+                                                            : m_hostColors.find(_obtainCell(item.item));
         item.color = own == m_hostColors.end() ? _obtainItemColor(item.item) : own->second;
     }
     for (Label& label : m_labels)
@@ -438,6 +579,9 @@ void KXMemberPanelChart::_updateColors()
 void KXMemberPanelChart::_updateLook(KXPanelItem& item) const
 {
     item.look = getItems()->obtainLook(item.item, item.color);
+    const std::vector<KXChartItem>& chosen = getItems()->getSelected();
+    const bool isChosen = std::ranges::binary_search(chosen, item.item);
+    item.shift = isChosen ? _obtainChosenShift(item) : UXDoublePoint();
 }
 
 void KXMemberPanelChart::_updateLabelLook(Label& label) const
@@ -468,7 +612,7 @@ void KXMemberPanelChart::itemLookChanged(const KXChartItem& item)
         return;
     const auto repaint = [&] {
         const KXPanelItem& drawn = getLaidOutItems()[*found];
-        const UXDoubleRect bounds = drawn.shape.obtainScaled(drawn.look.sizeRatio).getBounds();
+        const UXDoubleRect bounds = drawn.obtainDrawnShape().getBounds();
         m_layer->addDirtyRect(uxSurroundingRect(uxInflateDoubleRect(bounds, 1.0, 1.0)));
     };
     repaint(); // where it was drawn
@@ -491,7 +635,7 @@ void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect
         for (const KXPanelItem& item : getLaidOutItems()) {
             if (item.look.standsOut() != standsOut)
                 continue;
-            const KXPanelShape shape = standsOut ? item.shape.obtainScaled(item.look.sizeRatio) : item.shape;
+            const KXPanelShape shape = item.obtainDrawnShape();
             if (!isSeen(shape.getBounds()))
                 continue;
             painter.setColor(item.look.fill);
@@ -504,10 +648,15 @@ void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect
         }
     _paintOverItems(painter);
     for (const Label& label : m_labels) {
-        if (!isSeen(label.placed.rect))
+        UXDoubleRect rect = label.placed.rect;
+        if (label.placed.isOnGround) { // and goes along with its item
+            rect.x += getLaidOutItems()[label.item].shift.x;
+            rect.y += getLaidOutItems()[label.item].shift.y;
+        }
+        if (!isSeen(rect))
             continue;
         UXTextProperty property = label.placed.property;
         property.textColor = label.drawnColor;
-        painter.drawText(label.placed.text, label.placed.rect, property);
+        painter.drawText(label.placed.text, rect, property);
     }
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "kx_chart_data_action.h"
+#include "kx_chart_data_provider_hint_data.h"
 #include "kx_chart_groups.h"
 #include "kx_label_placer.h"
+#include "kx_listed_groups.h"
 #include "kx_panel_chart.h"
 #include "kx_panel_chart_data_user.h"
 #include "kx_panel_items.h"
@@ -24,6 +26,9 @@ class KXNoDataLabel;
  * A panel of shapes: one for each value of the first measure over the members of one or two dimensions, or
  * one for each measure where there is no dimension. The members of one dimension, or the measures, are the
  * groups, which have the colours, stand in the legend and can be switched off there.
+ *
+ * What is not to stand for itself is left out of the list of groups, or gathered in one that is named
+ * "Others" and stands last (_listGroups).
  *
  * KXChartItem{0, group, index} is the item of a group at a member of the other dimension, 0 without one.
  *
@@ -49,7 +54,10 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // Groups
+    /** @return the number of members or measures, however they are listed */
     std::uint64_t obtainGroupCount() const;
+    /** @return the groups in the order of the legend */
+    const KXListedGroups& getListedGroups() const { return m_listed; }
     /** @return the member's text or the measure's label. The provider may be asked, which may destroy the
      * chart. */
     std::string obtainGroupName(std::uint64_t group);
@@ -77,7 +85,8 @@ public:
     void legendCellClicked(std::uint64_t index, const UXEvent& event) override;
     void legendCellHovered(std::uint64_t index, bool hovered) override;
 
-    // From KXChartDataUser, KXChart, UXHintDelegate and KXChartDataAction
+    // From UXJsonObject, KXChartDataUser, KXChart, UXHintDelegate and KXChartDataAction
+    bool customDeserialize() override;
     void resetData() override;
     void customReloadData() override;
     void customReloadColors() override;
@@ -102,6 +111,9 @@ public:
 
 protected:
     // What a kind answers
+    /** @return the groups in their order; by default all, or the first ones where the user wants the top
+     * only. Called when there are new data, and may ask the host. */
+    virtual KXListedGroups _listGroups();
     /** @return the items that have a place in area, with their shapes, in the order in which one reads them
      */
     virtual std::vector<KXPanelItem> _layoutItems(const UXRect& area) = 0;
@@ -114,12 +126,25 @@ protected:
     virtual std::vector<UXColor> _obtainUsualColors() const;
     /** @return what an item is called in paths and identifiers; by default "Item" */
     virtual std::string _obtainItemKind() const;
+    /** @return the identifier of a group, which those of its items go on from; by default its kind */
+    virtual KXObjectID _obtainGroupObjectID(std::uint64_t group) const;
     /** @return the dimension whose members are the groups; by default 0 */
     virtual std::uint64_t _obtainGroupDimension() const;
+    /** @return what its hint says where the provider says nothing; by default its name and its value. The
+     * provider may be asked, which may destroy the chart. */
+    virtual KXChartDataProviderHintData _describeItem(const KXChartItem& item);
+    /** @return how hints look */
+    virtual UXHintInfo _obtainHintLook() const;
+    /** @return how far an item is drawn from its place while it is chosen; by default not at all */
+    virtual UXDoublePoint _obtainChosenShift(const KXPanelItem& item) const;
     /** Draws what belongs to no item, over the items and below the labels; by default nothing. */
     virtual void _paintOverItems(UXPainter& painter) const;
 
     // What a kind calls
+    /** @return how many groups the user wants to see at most */
+    std::uint64_t _obtainGreatestGroupCount() const;
+    /** @return what an item is called in hints: its group, and its other member */
+    std::string _obtainHintTitle(const KXChartItem& item);
     /** @return the texts of the members that are laid out, and the measures' labels; empty where one is still
      * to come */
     std::string _findName(const KXChartItem& item) const;
@@ -143,7 +168,10 @@ private:
     std::uint64_t _obtainMeasure(const KXChartItem& item) const;
     std::uint64_t _obtainCell(const KXChartItem& item) const;
     KXIndexPath _obtainValuePath(const KXChartItem& item) const;
-    std::string _obtainHintTitle(const KXChartItem& item);
+    std::string _obtainMemberName(std::uint64_t dimension, std::uint64_t member);
+    double _obtainMemberValue(const KXChartItem& item) const;
+    bool _holdsValue(const KXChartItem& item, const KXIndexPath& valuePath) const;
+    bool _isOfMembers(const KXChartItem& item, const KXIndexPath& path) const;
     bool _loadNames();
     void _placeLabels(const UXRect& area);
     void _updateColors();
@@ -154,7 +182,9 @@ private:
 
     KXDrawingLayer* m_layer;      // a child
     KXNoDataLabel* m_noDataLabel; // a child
+    KXListedGroups m_listed;
     KXChartGroups m_groups;
+    std::string m_othersName;                                // in the host's language
     std::unordered_map<std::uint64_t, UXColor> m_hostColors; // of items that have one of their own, by cell
     KXPanelItems m_laidOut;
     std::vector<Label> m_labels;

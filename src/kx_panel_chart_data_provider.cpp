@@ -65,6 +65,8 @@ bool KXPanelChartDataProvider::obtainMemberTexts(KXChartDataUser* user, std::uin
     return true;
 }
 
+bool KXPanelChartDataProvider::obtainValueAddsUp(KXChartDataUser*, std::uint64_t) { return true; }
+
 KXChartDataProviderHintData KXPanelChartDataProvider::obtainHintData(KXChartDataUser*, const KXIndexPath&)
 {
     return {};

@@ -43,6 +43,9 @@ public:
      *  @return false for "not yet": the host has them later and calls the user's dataArrived */
     virtual bool obtainMemberTexts(KXChartDataUser* user, std::uint64_t dimension, std::uint64_t first,
                                    std::span<std::string> texts);
+    /** @return whether the sum of several values of the measure says something, so that small ones can be
+     * gathered; by default yes */
+    virtual bool obtainValueAddsUp(KXChartDataUser* user, std::uint64_t measure);
     /** @return the hint of the value at path; an empty one leaves the hint to the chart */
     virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);
 };

@@ -60,9 +60,24 @@ const std::string& KXPanelChartDataUser::getMeasureLabel(std::uint64_t measure) 
     return measure < m_data.measures.size() ? m_data.measures[measure].label : noText;
 }
 
+bool KXPanelChartDataUser::obtainMeasuresAddUp() const
+{
+    return std::ranges::all_of(m_data.measures, &Measure::addsUp);
+}
+
 std::uint64_t KXPanelChartDataUser::getMemberCount(std::uint64_t dimension) const
 {
     return dimension < m_data.dimensionCount ? m_data.memberCounts[dimension] : 0;
+}
+
+KXChartDataType KXPanelChartDataUser::getDimensionDataType(std::uint64_t dimension) const
+{
+    return dimension < m_data.dimensionCount ? m_data.types[dimension] : KXChartDataType::String;
+}
+
+KXChartAggregateType KXPanelChartDataUser::getDimensionAggregateType(std::uint64_t dimension) const
+{
+    return dimension < m_data.dimensionCount ? m_data.levels[dimension] : KXChartAggregateType();
 }
 
 const std::vector<double>& KXPanelChartDataUser::getValues(std::uint64_t measure) const
@@ -94,12 +109,17 @@ std::string KXPanelChartDataUser::obtainMemberText(std::uint64_t dimension, std:
         if (!chart.isAlive() || !hasMemberText(dimension, member))
             return {};
     }
-    return m_memberTexts[dimension].at(member);
+    return m_memberTexts[dimension].at(member).text;
 }
 
 bool KXPanelChartDataUser::hasMemberText(std::uint64_t dimension, std::uint64_t member) const
 {
     return dimension < greatestDimensionCount && m_memberTexts[dimension].contains(member);
+}
+
+bool KXPanelChartDataUser::shouldFormatMemberText(std::uint64_t dimension, std::uint64_t member) const
+{
+    return hasMemberText(dimension, member) && m_memberTexts[dimension].at(member).shouldFormat;
 }
 
 /** @return false where the host does not have the texts yet */
@@ -110,13 +130,19 @@ bool KXPanelChartDataUser::_pullTexts(std::uint64_t dimension, std::uint64_t fir
     auto* provider = use.as<KXPanelChartDataProvider>();
     if (provider && !provider->obtainMemberTexts(this, dimension, first, pulled))
         return false;
+    const KXChartDataType type = use.isAlive() ? getDimensionDataType(dimension) : KXChartDataType::String;
+    const bool isTime = type == KXChartDataType::Date || type == KXChartDataType::Time ||
+                        type == KXChartDataType::DateTime;
+    std::vector<bool> shouldFormat(count, isTime);
+    for (std::uint64_t i = 0; i < count && isTime && use.isCurrent(); ++i)
+        shouldFormat[i] = use.get()->shouldFormatDimenionData(this, {dimension, first + i});
     if (!use.isAlive())
         return true;
     auto& texts = m_memberTexts[dimension];
     if (texts.size() >= greatestTextCount)
         texts.clear();
     for (std::uint64_t i = 0; i < count; ++i)
-        texts[first + i] = std::move(pulled[i]);
+        texts[first + i] = {std::move(pulled[i]), shouldFormat[i]};
     return true;
 }
 
@@ -161,6 +187,10 @@ void KXPanelChartDataUser::customPrepareData(KXChartDataProvider* provider, bool
         if (data.memberCounts[i] == 0)
             break;
         ++data.dimensionCount;
+        if (watcher.isCurrent())
+            data.types[i] = panelProvider->obtainDimensionDataType(this, i);
+        if (watcher.isCurrent())
+            data.levels[i] = panelProvider->obtainDimensionAggregateType(this, i);
     }
     const std::uint64_t count = watcher.isCurrent() ? panelProvider->obtainValueCount(this) : 0;
     const std::uint64_t most = (std::min)(greatestMeasureCount, greatestValueCount / data.obtainCellCount());
@@ -181,6 +211,9 @@ bool KXPanelChartDataUser::_pullMeasure(KXPanelChartDataProvider& provider, std:
     const KXChartDataProviderWatcher watcher(this);
     Measure pulled;
     pulled.label = provider.obtainValueLabel(this, measure);
+    if (!watcher.isCurrent())
+        return false;
+    pulled.addsUp = provider.obtainValueAddsUp(this, measure);
     if (!watcher.isCurrent())
         return false;
     pulled.values.resize(data.obtainCellCount(), noNumber);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kx_chart_aggregate_type.h"
+#include "kx_chart_data_type.h"
 #include "kx_chart_data_user.h"
 #include "kx_data_requests.h"
 
@@ -26,9 +28,13 @@ public:
     // What was pulled, empty until then
     std::uint64_t getMeasureCount() const { return m_data.measures.size(); }
     const std::string& getMeasureLabel(std::uint64_t measure) const;
+    /** @return whether all measures add up, so that a chart can gather small values */
+    bool obtainMeasuresAddUp() const;
     std::uint64_t getDimensionCount() const { return m_data.dimensionCount; }
     /** @return how many members the dimension has, 0 for one that there is not */
     std::uint64_t getMemberCount(std::uint64_t dimension) const;
+    KXChartDataType getDimensionDataType(std::uint64_t dimension) const;
+    KXChartAggregateType getDimensionAggregateType(std::uint64_t dimension) const;
     /** @return one value per cell, NaN where there is none; every other number is finite. The members of the
      * last dimension stand side by side; without a dimension there is one cell. */
     const std::vector<double>& getValues(std::uint64_t measure) const;
@@ -42,6 +48,8 @@ public:
     std::string obtainMemberText(std::uint64_t dimension, std::uint64_t member);
     /** @return whether the text is there */
     bool hasMemberText(std::uint64_t dimension, std::uint64_t member) const;
+    /** @return whether the text is a date or a time that is there and the chart is to write its own way */
+    bool shouldFormatMemberText(std::uint64_t dimension, std::uint64_t member) const;
 
     // From KXChartDataUser
     void customPrepareData(KXChartDataProvider* provider, bool& prepared) override;
@@ -58,13 +66,21 @@ private:
     struct Measure {
         std::string label;
         std::vector<double> values;
+        bool addsUp = true;
     };
     struct Data {
         std::vector<Measure> measures;
         std::array<std::uint64_t, greatestDimensionCount> memberCounts{};
+        std::array<KXChartDataType, greatestDimensionCount> types{};
+        std::array<KXChartAggregateType, greatestDimensionCount> levels{};
         std::uint64_t dimensionCount = 0;
 
         std::uint64_t obtainCellCount() const;
+    };
+
+    struct MemberText {
+        std::string text;
+        bool shouldFormat = false;
     };
 
     bool _pullMeasure(KXPanelChartDataProvider& provider, std::uint64_t measure, Data& data);
@@ -75,6 +91,6 @@ private:
     bool _pullTexts(std::uint64_t dimension, std::uint64_t first, std::uint64_t count);
 
     Data m_data;
-    std::array<std::unordered_map<std::uint64_t, std::string>, greatestDimensionCount> m_memberTexts;
+    std::array<std::unordered_map<std::uint64_t, MemberText>, greatestDimensionCount> m_memberTexts;
     std::array<KXDataRequests, greatestDimensionCount> m_textRequests;
 };

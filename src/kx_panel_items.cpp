@@ -4,6 +4,13 @@
 #include <numeric>
 #include <utility>
 
+KXPanelShape KXPanelItem::obtainDrawnShape() const
+{
+    const bool isMoved = shift.x != 0 || shift.y != 0;
+    const KXPanelShape drawn = isMoved ? shape.obtainMoved(shift) : shape;
+    return look.sizeRatio != 1 ? drawn.obtainScaled(look.sizeRatio) : drawn;
+}
+
 void KXPanelItems::set(std::vector<KXPanelItem> items, const UXDoubleRect& area)
 {
     m_items = std::move(items);

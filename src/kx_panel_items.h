@@ -14,11 +14,15 @@
 #include <vector>
 
 /** An item of a panel as it is drawn. */
-struct KXPanelItem {
+struct KX_EXPORT KXPanelItem {
     KXChartItem item;
     KXPanelShape shape; /**< in the chart's own space */
     UXColor color{};
     KXChartItemLook look{}; /**< made of the colour, as items stand out just now */
+    UXDoublePoint shift{};  /**< how far from its place it is drawn, while it is chosen */
+
+    /** @return the shape as it is drawn just now */
+    KXPanelShape obtainDrawnShape() const;
 };
 
 /** The items that a panel has laid out, by their name and by their place. */

@@ -97,6 +97,24 @@ std::vector<UXDoublePoint> scale(std::vector<UXDoublePoint> corners, double rati
     return corners;
 }
 
+UXDoubleRect move(const UXDoubleRect& rect, const UXDoublePoint& by)
+{
+    return {rect.x + by.x, rect.y + by.y, rect.width, rect.height};
+}
+
+KXSector move(KXSector sector, const UXDoublePoint& by)
+{
+    sector.center = {sector.center.x + by.x, sector.center.y + by.y};
+    return sector;
+}
+
+std::vector<UXDoublePoint> move(std::vector<UXDoublePoint> corners, const UXDoublePoint& by)
+{
+    for (UXDoublePoint& corner : corners)
+        corner = {corner.x + by.x, corner.y + by.y};
+    return corners;
+}
+
 void addPath(UXPainter& painter, const UXDoubleRect& rect) { painter.addRectanglePath(rect); }
 
 void addPath(UXPainter& painter, const KXSector& sector)
@@ -164,6 +182,11 @@ bool KXPanelShape::holdsRect(const UXDoubleRect& rect) const
 KXPanelShape KXPanelShape::obtainScaled(double ratio) const
 {
     return std::visit([&](const auto& outline) { return KXPanelShape(scale(outline, ratio)); }, m_outline);
+}
+
+KXPanelShape KXPanelShape::obtainMoved(const UXDoublePoint& by) const
+{
+    return std::visit([&](const auto& outline) { return KXPanelShape(move(outline, by)); }, m_outline);
 }
 
 void KXPanelShape::_addPath(UXPainter& painter) const

@@ -30,6 +30,8 @@ public:
 
     /** @return the rectangle around it, empty for an empty shape */
     const UXDoubleRect& getBounds() const { return m_bounds; }
+    /** @return null for another shape */
+    const KXSector* obtainSector() const { return std::get_if<KXSector>(&m_outline); }
     /** @return a place inside of it where a text stands well */
     UXDoublePoint obtainMiddle() const;
     bool holdsPoint(const UXDoublePoint& point) const;
@@ -37,6 +39,7 @@ public:
     bool holdsRect(const UXDoubleRect& rect) const;
     /** @return one whose extent is that times its own; of a sector the thickness */
     KXPanelShape obtainScaled(double ratio) const;
+    KXPanelShape obtainMoved(const UXDoublePoint& by) const;
     /** Fills it with the painter's colour. */
     void fill(UXPainter& painter) const;
     void stroke(UXPainter& painter) const;

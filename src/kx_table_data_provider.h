@@ -4,7 +4,7 @@
 #include "kx_data_column.h"
 #include "kx_export.h"
 #include "kx_gauge_chart_data_provider.h"
-#include "kx_panel_chart_data_provider.h"
+#include "kx_pie_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_color.h"
 #include "ux/ux_object_watcher.h"
@@ -34,7 +34,7 @@ class KXTableRows;
  * maximum. A host that wants more, such as clicks, derives and answers that.
  */
 class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
-                                      public KXPanelChartDataProvider,
+                                      public KXPieChartDataProvider,
                                       public KXValueChartDataProvider,
                                       public KXGaugeChartDataProvider {
 public:

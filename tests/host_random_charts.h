@@ -10,6 +10,8 @@
 #include "kx_gauge_chart_options.h"
 #include "kx_json_object_factory.h"
 #include "kx_line_chart_options.h"
+#include "kx_pie_chart_data_provider.h"
+#include "kx_pie_chart_options.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_enum_base.h"
 #include "ux/ux_padding.h"
@@ -29,7 +31,8 @@
 /** What a chart of any kind shows: one table of numbers, one list a measure, with names of every kind. */
 class RandomTable : public KXAxisChartTestProvider,
                     public KXValueChartDataProvider,
-                    public KXGaugeChartDataProvider {
+                    public KXGaugeChartDataProvider,
+                    public KXPieChartDataProvider {
 public:
     std::vector<std::string> labels{"s"};
     std::string text;
@@ -234,7 +237,7 @@ private:
             if (value.is_object() && value.contains("type"))
                 _changeKeys(value);
             else if (oneIn(m_rate))
-                _changeValue(_isOfLines(object, key) ? "lines." + key : key, value);
+                _changeValue(_tellApart(object, key), value);
         }
         // One character cannot be both; the format would move one of them.
         if (object.contains("m_thousandsSeparator") &&
@@ -242,10 +245,13 @@ private:
             object["m_thousandsSeparator"] = "Space";
     }
 
-    /** @return whether the key has other values in the property of lines than in that of bars */
-    static bool _isOfLines(const Json& object, const std::string& key)
+    /** @return the key, marked where it has other values in an object of this type than in bars */
+    static std::string _tellApart(const Json& object, const std::string& key)
     {
-        return key == "m_labelPosition" && object.value("type", "") == "KXLineChartProperty";
+        const std::string type = object.value("type", "");
+        if (key != "m_labelPosition" || (type != "KXLineChartProperty" && type != "KXPieChart"))
+            return key;
+        return (type == "KXPieChart" ? "slices." : "lines.") + key;
     }
 
     void _changeValue(const std::string& key, Json& value)
@@ -315,6 +321,12 @@ private:
             {"m_maxValueCache", {-5, 0, 100, 1e12, 1e300}},
             {"m_minValueCache", {-1e300, -100, 0, 3}},
             {"m_pipePartition", {0, 1, 2, 3, 5, 8, 20}},
+            {"m_holeRatio", {-1, 0, 0.3, 0.6, 1}},
+            {"m_startAngle", {-90, 0, 33, 1e300}},
+            {"m_sweep", {-10, 0, 90, 180, 270, 360}},
+            {"m_sliceCount", {-1, 0, 1, 3, 10}},
+            {"m_groupBelowPercent", {-1, 0, 2, 20, 101}},
+            {"m_sliceGap", {-1, 0, 1, 50}},
             {"m_pipeWithPercentage", {-0.5, 0, 0.02, 0.1, 0.28, 0.6, 1, 2}}};
         const auto found = numbers.find(key);
         if (key.ends_with("ontSize"))
@@ -345,6 +357,7 @@ private:
             {"m_dateTimeMode", uxObtainEnumNames(KXChartDataFormatDateTimeMode())},
             {"m_labelPosition", uxObtainEnumNames(KXBarLabelPosition())},
             {"lines.m_labelPosition", uxObtainEnumNames(KXLineLabelPosition())},
+            {"slices.m_labelPosition", uxObtainEnumNames(KXPieLabelPosition())},
             {"m_lineStyle", uxObtainEnumNames(KXChartLineStyle())},
             {"m_lineCapStyle", uxObtainEnumNames(KXChartLineCapStyle())},
             {"m_lineJoinStyle", uxObtainEnumNames(KXChartLineJoinStyle())},
@@ -352,6 +365,8 @@ private:
             {"m_nullHandling", uxObtainEnumNames(KXLineNullHandling())},
             {"m_pointDisplay", uxObtainEnumNames(KXLinePointDisplay())},
             {"m_pointShape", uxObtainEnumNames(KXPointShape())},
+            {"m_sliceStyle", uxObtainEnumNames(KXPieChartSliceStyle())},
+            {"m_sort", uxObtainEnumNames(KXPieSliceOrder())},
             {"m_labelOverflow", uxObtainEnumNames(KXBarLabelOverflow())},
             {"m_labelDisplayOption", uxObtainEnumNames(KXAxisChartLabelDisplayOption())},
             {"m_labelValueOption", uxObtainEnumNames(KXAxisChartValueOption())},
@@ -360,8 +375,9 @@ private:
             {"m_maxMinDisplay", display},
             {"m_partitionLabelDisplay", display},
             {"m_partitionStyle", uxObtainEnumNames(KXGaugeChartPartitionStyle())}};
-        static const std::set<std::string> texts = {"m_titleValue", "m_titleDefaultValue", "m_prefix",
-                                                    "m_suffix",     "m_targetCaption",     "m_remarks"};
+        static const std::set<std::string> texts = {"m_titleValue",  "m_titleDefaultValue", "m_prefix",
+                                                    "m_suffix",      "m_targetCaption",     "m_remarks",
+                                                    "m_totalCaption"};
         const auto found = names.find(key);
         if (found != names.end())
             value = _pickName(found->second);

@@ -7,7 +7,6 @@
 #include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_json_object_factory.h"
 #include "kx_line_chart_options.h"
-#include "kx_slice_chart.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
 #include "kx_value_chart.h"
@@ -83,15 +82,6 @@ private:
     }
 };
 
-/** Makes a panel of shapes as well, as kinds to come stand on it. */
-class Factory : public KXJsonObjectFactory {
-public:
-    UXJsonObject* customCreate(const std::string& type) override
-    {
-        return type == "KXSliceChart" ? new KXSliceChart : KXJsonObjectFactory::customCreate(type);
-    }
-};
-
 /** A chart with all that a host registers in its view. */
 class Board {
 public:
@@ -104,7 +94,7 @@ public:
         diagram.setRect({0, 0, viewWidth, viewHeight});
         diagram.registerGlobalEventDiagram(&hints);
         diagram.registerGlobalEventDiagram(&links);
-        std::unique_ptr<UXJsonObject> made(Factory().create(type));
+        std::unique_ptr<UXJsonObject> made(KXJsonObjectFactory().create(type));
         m_chart = UXObjectWatcher(dynamic_cast<KXChart*>(made.release()));
         getChart()->getChartProperty()->updateTitleValue("Title");
         getChart()->setRect(diagram.getRect());
@@ -183,8 +173,7 @@ private:
 /** Runs a test for each kind. */
 void forEachKind(const std::function<void(const std::string& type)>& test)
 {
-    std::vector<std::string> types = KXJsonObjectFactory::obtainChartTypeNames();
-    types.push_back("KXSliceChart");
+    const std::vector<std::string> types = KXJsonObjectFactory::obtainChartTypeNames();
     EXPECT_GE(types.size(), 3u);
     for (const std::string& type : types) {
         SCOPED_TRACE(type);
@@ -312,7 +301,7 @@ TEST(KXChartContract, IsReadBackAsItWasSaved)
                     [](const UXProperty& property, void* owner) { changeColor(property, owner); });
         board.load();
         const std::string saved = board.getChart()->serialize();
-        Factory factory;
+        KXJsonObjectFactory factory;
         EXPECT_TRUE(read.getChart()->deserialize(saved, &factory));
         EXPECT_EQ(read.getChart()->serialize(), saved);
         EXPECT_TRUE(read.getChart()->getDeserializedUnknownKeys().empty());

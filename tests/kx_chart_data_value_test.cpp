@@ -4,7 +4,7 @@
 #include "kx_gauge_chart.h"
 #include "kx_load_chart.h"
 #include "kx_panel_chart_data_provider.h"
-#include "kx_slice_chart.h"
+#include "kx_pie_chart.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
@@ -77,7 +77,7 @@ TEST(KXChartDataValue, WhatTheHostTakesBackIsANullForEveryKind)
         provider.isEmptyValue = c.isEmpty;
         const UXRect rect{0, 0, 300, 200};
         KXBarChart bars;
-        KXSliceChart panel;
+        KXPieChart panel;
         KXGaugeChart gauge;
         KXValueChart value;
         kxLoad(bars, provider, rect);
@@ -111,7 +111,7 @@ TEST(KXChartDataValue, APanelTakesAListOfCellsAndTextsThatComeLater)
     provider.addDimension("down", std::vector<std::string>{"a", "a", "a", "b"});
     provider.addDimension("across", std::vector<std::string>{"x", "y", "z", "x"});
     provider.addMeasure("value", std::vector<double>{1, 2, 3, 4});
-    KXSliceChart chart;
+    KXPieChart chart;
     kxLoad(chart, provider, {0, 0, 300, 200});
     const double values[] = {chart.getValue(0, 0), chart.getValue(0, 5)};
     EXPECT_EQ(values[0] + values[1], 12);

@@ -1,9 +1,8 @@
-#include "kx_slice_chart.h"
+#include "kx_pie_chart.h"
 
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_chart_selection_provider.h"
-#include "kx_key_definitions.h"
 #include "kx_load_chart.h"
 #include "kx_panel_chart_data_provider.h"
 #include "kx_test_input.h"
@@ -19,8 +18,6 @@
 #include <optional>
 #include <set>
 #include <tuple>
-
-KX_DEFINE_CHART_KEY_TABLE(KXSliceChart, KXMemberPanelChart, KX_SLICE_KEYS)
 
 namespace {
 
@@ -108,10 +105,12 @@ protected:
     }
     void makeChart()
     {
-        chart = std::make_unique<KXSliceChart>();
+        chart = std::make_unique<KXPieChart>();
         chart->setAlign(UXAlign::None);
         chart->getChartProperty()->setShowTitle(false);
         chart->getChartProperty()->setShowLegend(false);
+        chart->setLabelPosition(KXPieLabelPosition::Inside);
+        chart->setShowLabelPercentage(false);
         diagram.addChild(chart.get());
         kxLoad(*chart, provider, {0, 0, 400, 302});
     }
@@ -156,14 +155,14 @@ protected:
     MemberProvider provider;
     UXDiagram diagram;
     const KXTestInput input{diagram};
-    std::unique_ptr<KXSliceChart> chart;
+    std::unique_ptr<KXPieChart> chart;
 };
 
 TEST_F(KXMemberPanelChartTest, APanelOfSlicesAnswersPointerLegendAndLinks)
 {
     EXPECT_EQ(uxFindMissing(uxPaintToText(*chart), {"\"a\"", "\"b\"", "\"c\""}), "");
     input.move(middleOf(1));
-    EXPECT_EQ(obtainHint(), "b=2");
+    EXPECT_EQ(obtainHint(), "b=2 (50.0 %)");
     EXPECT_TRUE(isDrawnIn(chart->obtainGroupColor(1)));
     EXPECT_FALSE(isDrawnIn(chart->obtainGroupColor(0))) << "what is beside it gives way";
     input.move(middleOf(2));
@@ -201,7 +200,7 @@ TEST_F(KXMemberPanelChartTest, ASecondDimensionHasAWholeForEachOfItsMembers)
     EXPECT_NE(chart->obtainGroupColor(1), UXColor(255, 0, 0));
     EXPECT_TRUE(isDrawnIn(UXColor(255, 0, 0)));
     input.move(middleOf(1, 1));
-    EXPECT_EQ(obtainHint(), "b, row1=3");
+    EXPECT_EQ(obtainHint(), "b, row1=3 (42.8 %)");
 
     using Items = std::vector<KXChartItem>;
     const std::tuple<const char*, KXIndexPath, KXIndexPath, Items> paths[] = {
@@ -227,18 +226,18 @@ TEST_F(KXMemberPanelChartTest, ASecondDimensionHasAWholeForEachOfItsMembers)
 TEST_F(KXMemberPanelChartTest, AColorMovesNothingAndAsksNobody)
 {
     provider.asked = 0;
-    chart->setSliceColors({UXColor(1, 2, 3), UXColor(250, 250, 250)});
+    chart->setSeriesColors({UXColor(1, 2, 3), UXColor(250, 250, 250)});
     EXPECT_FALSE(chart->getRequireToVerifyLayout());
     EXPECT_TRUE(isDrawnIn(UXColor(250, 250, 250)));
     EXPECT_NE(uxPaintToText(*chart).find("color 38,38,38"), std::string::npos) << "read on a light ground";
     EXPECT_EQ(provider.asked, 0);
     chart->setHoleRatio(0.5);
     EXPECT_TRUE(chart->getRequireToVerifyLayout());
-    KXSliceChart read;
+    KXPieChart read;
     EXPECT_TRUE(read.deserialize(chart->serialize(), nullptr));
-    EXPECT_EQ(read.getSliceColors(), chart->getSliceColors());
+    EXPECT_EQ(read.getSeriesColors(), chart->getSeriesColors());
     read.setHoleRatio(0);
-    read.customResetProperties(KXChartResetType::All, chart.get(), {"Slices"});
+    read.customResetProperties(KXChartResetType::All, chart.get(), {"Pie"});
     EXPECT_EQ(read.getHoleRatio(), 0.5);
     provider.members = {{"a", 0}, {"b", NAN}};
     kxLoad(*chart);
@@ -277,6 +276,8 @@ TEST_F(KXMemberPanelChartTest, TheHostKeepsWhatIsChosen)
     std::swap(provider.members[1], provider.members[2]);
     kxLoad(*chart);
     EXPECT_EQ(chart->getItems()->getSelected(), (std::vector<KXChartItem>{{0, 2, 0}}));
+    for (const KXPanelItem& item : chart->getLaidOutItems())
+        EXPECT_EQ(item.shift != UXDoublePoint(), item.item.group == 2) << "what is chosen is pulled out";
     input.click({3, 3});
     EXPECT_EQ(provider.obtainChosen(), "") << "beside all";
     provider.canSelect = false;

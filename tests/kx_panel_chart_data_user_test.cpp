@@ -1,6 +1,6 @@
 #include "kx_load_chart.h"
 #include "kx_panel_chart_data_provider.h"
-#include "kx_slice_chart.h"
+#include "kx_pie_chart.h"
 #include "ux_fixed_measurer.h"
 
 #include <gtest/gtest.h>
@@ -54,7 +54,7 @@ TEST(KXPanelChartDataUser, KeepsDenseColumnsAndAsksForTextsOnDemand)
         const UXFixedMeasurer measurer;
         Grid grid;
         grid.counts = counts;
-        KXSliceChart chart;
+        KXPieChart chart;
         kxLoad(chart, grid, {0, 0, 300, 200});
         ASSERT_EQ(chart.getMeasureCount(), 2);
         ASSERT_EQ(chart.getValues(1).size(), expected.size());
