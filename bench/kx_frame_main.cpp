@@ -7,6 +7,7 @@
 #include "kx_line_bar_chart.h"
 #include "kx_line_chart.h"
 #include "line_board.h"
+#include "pie_board.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "value_board.h"
 
@@ -216,6 +217,8 @@ int main(int argc, char** argv)
         return run(start, command, {}, makeBoard<ValueBoard>);
     if (command.item == "gauge")
         return run(start, command, {}, makeBoard<GaugeBoard>);
+    if (command.item == "pie")
+        return run(start, command, {}, makeBoard<PieBoard>);
     if (command.item == "bars" || command.item == "bars3")
         return runBars(start, command, command.item == "bars" ? 1 : 3);
     if (command.item == "line")

@@ -4,6 +4,7 @@
 #include "kx_axis_chart_data_provider.h"
 #include "kx_chart_toolbox_menu_context.h"
 #include "kx_gauge_chart_data_provider.h"
+#include "kx_pie_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 
 #include <functional>
@@ -13,6 +14,7 @@
  * time, and after having done anything to the charts. */
 class FuzzProvider : public KXValueChartDataProvider,
                      public KXGaugeChartDataProvider,
+                     public KXPieChartDataProvider,
                      public KXAxisChartDataProvider {
 public:
     explicit FuzzProvider(FuzzInput& input) : m_input(input) {}
@@ -42,6 +44,7 @@ public:
     std::uint64_t obtainValueCount(KXChartDataUser* user) override;
     std::string obtainValueLabel(KXChartDataUser*, std::uint64_t) override { return _ask().takeText(); }
     KXChartDataType obtainValueDataType(KXChartDataUser*, const KXIndexPath&) override { return _takeType(); }
+    bool obtainValueAddsUp(KXChartDataUser*, std::uint64_t) override { return _ask().takeBool(); }
     KXChartAggregateType obtainValueAggregateType(KXChartDataUser*, const KXIndexPath&) override;
     bool obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath&) override;
     double obtainValueData(KXChartDataUser*, const KXIndexPath&) override { return _ask().takeNumber(); }

@@ -542,10 +542,12 @@ KXLabelRequest KXMemberPanelChart::_makeLabelInside(const KXLabelPlacer& placer,
     KXLabelRequest request{text, property, 0, false, item, {}};
     request.property.align = UXTextAlign::Center;
     const UXDoubleSize size = placer.measure(text, request.property);
-    const UXDoublePoint middle = laidOut.shape.obtainMiddle();
-    const UXDoubleRect rect(middle.x - size.width / 2, middle.y - size.height / 2, size.width, size.height);
-    if (laidOut.shape.holdsRect(rect))
-        request.candidates.push_back({rect, laidOut.color});
+    for (const UXDoublePoint& middle : laidOut.shape.obtainTextPlaces()) {
+        const UXDoubleRect rect(middle.x - size.width / 2, middle.y - size.height / 2, size.width,
+                                size.height);
+        if (laidOut.shape.holdsRect(rect))
+            request.candidates.push_back({rect, laidOut.color});
+    }
     return request;
 }
 

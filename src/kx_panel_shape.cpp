@@ -14,6 +14,7 @@ namespace {
 constexpr double allAround = 360, quarter = 90;
 /** Of the radius: where a text stands in a slice without a hole, which is wider outside. */
 constexpr double middleOfSlice = 0.6;
+constexpr double otherPlacesInSlice[] = {0.5, 0.7};
 /** A smaller hole is none. */
 constexpr double leastHole = 1;
 
@@ -163,6 +164,18 @@ UXDoublePoint KXPanelShape::obtainMiddle() const
     const double radius = sector->innerRadius > 0 ? (sector->innerRadius + sector->radius) / 2
                                                   : middleOfSlice * sector->radius;
     return obtainPlace(*sector, sector->startDegrees + sector->sweepDegrees / 2, radius);
+}
+
+/** A text that is too wide for a slice at its usual place may fit nearer to the middle or the edge. */
+std::vector<UXDoublePoint> KXPanelShape::obtainTextPlaces() const
+{
+    std::vector<UXDoublePoint> places{obtainMiddle()};
+    const KXSector* sector = obtainSector();
+    if (sector && !isAllAround(*sector) && sector->innerRadius <= 0)
+        for (const double share : otherPlacesInSlice)
+            places.push_back(obtainPlace(*sector, sector->startDegrees + sector->sweepDegrees / 2,
+                                         share * sector->radius));
+    return places;
 }
 
 bool KXPanelShape::holdsPoint(const UXDoublePoint& point) const

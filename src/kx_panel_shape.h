@@ -34,6 +34,8 @@ public:
     const KXSector* obtainSector() const { return std::get_if<KXSector>(&m_outline); }
     /** @return a place inside of it where a text stands well */
     UXDoublePoint obtainMiddle() const;
+    /** @return places inside of it where a text may stand, that one first */
+    std::vector<UXDoublePoint> obtainTextPlaces() const;
     bool holdsPoint(const UXDoublePoint& point) const;
     /** @return whether all of rect lies inside, as far as its corners and the middles of its edges tell */
     bool holdsRect(const UXDoubleRect& rect) const;

@@ -302,8 +302,9 @@ void KXPieChart::_requestInside(const KXLabelPlacer& placer, const SliceLabel& l
         KXLabelRequest request = _makeLabelInside(placer, label.item, text, m_labelProperty);
         if (request.candidates.empty())
             continue;
-        if (!m_autoLabelColor)
-            request.candidates.front().ground.reset();
+        for (KXLabelCandidate& candidate : request.candidates)
+            if (!m_autoLabelColor)
+                candidate.ground.reset();
         requests.push_back(std::move(request));
         return;
     }

@@ -52,6 +52,7 @@ std::vector<KXPieLabelPlace> KXPieLabelColumns::place(std::span<const KXPieLabel
     for (const bool left : {false, true}) {
         std::vector<Entry> entries = _makeEntries(requests, left, height);
         do {
+            _bendInside(entries, height);
             _stack(entries, height);
         } while (_dropOne(entries, left, height));
         const double room = left ? m_leftEnd - m_area.x : m_area.x + m_area.width - m_rightStart;
@@ -77,15 +78,8 @@ std::vector<KXPieLabelColumns::Entry> KXPieLabelColumns::_makeEntries(
         const double turn = request.degrees * std::numbers::pi / 180;
         const UXDoublePoint out(std::cos(turn) * m_radius, std::sin(turn) * m_radius);
         const UXDoublePoint edge(m_center.x + out.x, m_center.y + out.y);
-        UXDoublePoint elbow(edge.x + elbowShare * out.x, edge.y + elbowShare * out.y);
-        // A label at the end of its column can stand no further out, and lines are best level.
-        const double nearest = edge.y + elbowShare / 2 * out.y;
-        const double first = m_area.y + height / 2, last = m_area.y + m_area.height - height / 2;
-        elbow.y = elbow.y < first  ? std::min(first, std::max(nearest, elbow.y))
-                  : elbow.y > last ? std::max(last, std::min(nearest, elbow.y))
-                                   : elbow.y;
-        const double top = elbow.y - height / 2;
-        entries.push_back({i, request.size, request.width, edge, elbow, top, top, 0});
+        const UXDoublePoint elbow(edge.x + elbowShare * out.x, edge.y + elbowShare * out.y);
+        entries.push_back({i, request.size, request.width, edge, elbow, 0, 0, 0});
     }
     const double rows = height > 0 ? (m_area.height + rowGap) / (height + rowGap) : 0;
     if (static_cast<double>(entries.size()) > rows) {
@@ -96,6 +90,26 @@ std::vector<KXPieLabelColumns::Entry> KXPieLabelColumns::_makeEntries(
         return a.edge.y != b.edge.y ? a.edge.y < b.edge.y : a.request < b.request;
     });
     return entries;
+}
+
+/** A label at an end of its column can stand no further out than that. Its line is level where it can be, and
+ * those beside it turn the nearer to the pie the nearer they are to the end. */
+void KXPieLabelColumns::_bendInside(std::vector<Entry>& entries, double height) const
+{
+    const double first = m_area.y + height / 2, last = m_area.y + m_area.height - height / 2;
+    const double span = std::max(height, elbowShare * m_radius);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        Entry& entry = entries[i];
+        const double out = (entry.edge.y - m_center.y) * elbowShare, far = entry.edge.y + out;
+        const double room = span > 0 ? std::clamp(std::min(far - first, last - far) / span, 0.0, 1.0) : 0;
+        const double near = entry.edge.y + out * (1 + room) / 2;
+        entry.elbow.y = near;
+        if (i == 0 && far < first)
+            entry.elbow.y = std::min(first, near);
+        else if (i + 1 == entries.size() && far > last)
+            entry.elbow.y = std::max(last, near);
+        entry.wantedTop = entry.elbow.y - height / 2;
+    }
 }
 
 /** Moves labels apart by as little as keeps them off each other: those that meet stand in blocks, each as
@@ -126,12 +140,12 @@ void KXPieLabelColumns::_stack(std::vector<Entry>& entries, double height) const
             blocks.pop_back();
         }
     }
-    for (std::size_t block = 0; block < blocks.size(); ++block)
-        for (std::size_t i = 0; i < blocks[block].count; ++i) {
-            Entry& entry = entries[blocks[block].first + i];
-            entry.top = keepInside(blocks[block]) + pitch * static_cast<double>(i);
-            entry.block = block;
-        }
+    for (const Block& block : blocks)
+        for (std::size_t i = 0; i < block.count; ++i)
+            entries[block.first + i].top = keepInside(block) + pitch * static_cast<double>(i);
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        entries[i].group = i == 0 ? 0
+                                  : entries[i - 1].group + (entries[i].top - entries[i - 1].top > 2 * pitch);
 }
 
 UXDoublePoint KXPieLabelColumns::_obtainEnd(const Entry& entry, bool left, double height) const
@@ -149,26 +163,24 @@ bool KXPieLabelColumns::_isThroughPie(const Entry& entry, const UXDoublePoint& e
 bool KXPieLabelColumns::_dropOne(std::vector<Entry>& entries, bool left, double height) const
 {
     const auto drop = [&](std::size_t from, std::size_t to) {
-        const auto first = entries.begin() + static_cast<std::ptrdiff_t>(from);
-        const auto last = entries.begin() + static_cast<std::ptrdiff_t>(to);
+        const auto first = std::ranges::lower_bound(entries, entries[from].group, {}, &Entry::group);
+        const auto last = std::ranges::upper_bound(entries, entries[to].group, {}, &Entry::group);
         entries.erase(
             std::min_element(first, last, [](const Entry& a, const Entry& b) { return a.size < b.size; }));
         return true;
     };
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        const UXDoublePoint end = _obtainEnd(entries[i], left, height);
-        if (_isThroughPie(entries[i], end)) {
-            const auto [first, last] = std::ranges::equal_range(entries, entries[i].block, {}, &Entry::block);
-            return drop(static_cast<std::size_t>(first - entries.begin()),
-                        static_cast<std::size_t>(last - entries.begin()));
-        }
+        const Entry& one = entries[i];
+        const UXDoublePoint end = _obtainEnd(one, left, height);
+        if (_isThroughPie(one, end))
+            return drop(i, i);
         for (std::size_t k = i + 1; k < entries.size(); ++k) {
             const Entry& other = entries[k];
             const UXDoublePoint otherEnd = _obtainEnd(other, left, height);
-            if (doCross(entries[i].elbow, end, other.elbow, otherEnd) ||
-                doCross(entries[i].elbow, end, other.edge, other.elbow) ||
-                doCross(entries[i].edge, entries[i].elbow, other.elbow, otherEnd))
-                return drop(i, k + 1);
+            if (doCross(one.elbow, end, other.elbow, otherEnd) ||
+                doCross(one.elbow, end, other.edge, other.elbow) ||
+                doCross(one.edge, one.elbow, other.elbow, otherEnd))
+                return drop(i, k);
         }
     }
     return false;

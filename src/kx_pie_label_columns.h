@@ -50,11 +50,12 @@ private:
         double size, width;
         UXDoublePoint edge, elbow; // where its line begins, and leaves the pie
         double wantedTop, top;
-        std::size_t block; // labels that touch each other have the same one
+        std::size_t group; // labels that stand close together have the same one
     };
 
     std::vector<Entry> _makeEntries(std::span<const KXPieLabelRequest> requests, bool isLeft,
                                     double height) const;
+    void _bendInside(std::vector<Entry>& entries, double height) const;
     void _stack(std::vector<Entry>& entries, double height) const;
     UXDoublePoint _obtainEnd(const Entry& entry, bool isLeft, double height) const;
     bool _isThroughPie(const Entry& entry, const UXDoublePoint& end) const;

@@ -12,6 +12,7 @@
 #include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_json_object_factory.h"
 #include "kx_menu_event_diagram.h"
+#include "kx_pie_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
@@ -38,6 +39,7 @@ constexpr UXSize viewSize{480, 320};
  * linked. */
 class Values : public KXValueChartDataProvider,
                public KXGaugeChartDataProvider,
+               public KXPieChartDataProvider,
                public KXAxisChartDataProvider {
 public:
     double value = 0;
