@@ -73,9 +73,11 @@ std::vector<KXChartItem> KXChartItems::_obtainRange(const KXChartItem& from, con
     for (const auto& [start, end] : {std::pair(from, to), std::pair(to, from)}) {
         std::vector<KXChartItem> range{start};
         std::optional<KXChartItem> item = start;
-        while (item && *item != end)
-            if ((item = m_delegate.obtainItemBeside(item, KXChartItemStep::Next)))
+        while (item && *item != end) {
+            item = m_delegate.obtainItemBeside(item, KXChartItemStep::Next);
+            if (item)
                 range.push_back(*item);
+        }
         if (item)
             return range;
     }
