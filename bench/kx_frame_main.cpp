@@ -8,6 +8,7 @@
 #include "kx_line_chart.h"
 #include "line_board.h"
 #include "pie_board.h"
+#include "tree_board.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "value_board.h"
 
@@ -193,6 +194,14 @@ std::vector<double> readAreas(long categoryCount)
     return all;
 }
 
+int runTree(const Start& start, const Command& command)
+{
+    const std::vector<double> values = readNumbers("tree.f64", command.size);
+    if (values.empty())
+        return 3;
+    return run(start, command, {}, [&] { return std::make_unique<BoardFrame<TreeBoard>>(values); });
+}
+
 int runDash(const Start& start, const Command& command)
 {
     const std::vector<double> groups = readBars(12, 3), values = readBars(1000, 1),
@@ -228,6 +237,8 @@ int main(int argc, char** argv)
     if (command.item == "combo")
         return runLines<KXLineBarChart>(start, command, readNumbers("combo.f64", 2 * command.size), 2,
                                         "Combination");
+    if (command.item == "tree")
+        return runTree(start, command);
     if (command.item == "dash")
         return runDash(start, command);
     std::printf("{\"skip\":\"no such chart\"}\n");

@@ -7,6 +7,7 @@
 #include "kx_axis_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
+#include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "sql_data_set.h"
 
@@ -18,7 +19,8 @@ class SqlSession;
 class SqlDataProvider : public KXValueChartDataProvider,
                         public KXGaugeChartDataProvider,
                         public KXAxisChartDataProvider,
-                        public KXPieChartDataProvider {
+                        public KXPieChartDataProvider,
+                        public KXTreeMapChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);

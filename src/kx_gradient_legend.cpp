@@ -1,5 +1,6 @@
 #include "kx_gradient_legend.h"
 
+#include "kx_chart_property.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
@@ -60,6 +61,18 @@ void KXGradientLegend::setTextProperty(const UXTextProperty& property)
     m_textProperty = property;
     _placeTexts();
     invalidate();
+}
+
+UXRect KXGradientLegend::takeRoom(const UXRect& area, const KXChartProperty& property, bool isWanted)
+{
+    const bool isShown = isWanted && property.getShowLegend();
+    setVisible(isShown);
+    if (!isShown)
+        return area;
+    const UXPosition side = property.getLegendPosition();
+    const bool isUpright = side == UXPosition::Left || side == UXPosition::Right;
+    return takeRoom(area, side,
+                    isUpright ? property.getLegendVerticalAlign() : property.getLegendHorizontalAlign());
 }
 
 UXRect KXGradientLegend::takeRoom(const UXRect& area, UXPosition side, UXPosition position)

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+class KXChartProperty;
 class UXPainter;
 
 /** Shows which colours stand for which values: a strip of all colours, and beside it the values of its ends
@@ -33,6 +34,11 @@ public:
      * @return what is left of the area, in which the legend's own rectangle is not
      */
     [[nodiscard]] UXRect takeRoom(const UXRect& area, UXPosition side, UXPosition align);
+    /** Takes the place and the colour of texts that the user wants a chart's legend to have, or hides where
+     * the user wants none.
+     *  @param isWanted whether colours stand for values
+     *  @return what is left of the area */
+    [[nodiscard]] UXRect takeRoom(const UXRect& area, const KXChartProperty& property, bool isWanted);
 
     // From UXObject
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;

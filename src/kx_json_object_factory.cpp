@@ -32,6 +32,8 @@
 #include "kx_pie_segment_info.h"
 #include "kx_rectangle.h"
 #include "kx_stacked_bar.h"
+#include "kx_tile.h"
+#include "kx_tree_map_chart.h"
 #include "kx_value_chart.h"
 #include "kx_vertical_bar.h"
 #include "ux/ux_hint.h"
@@ -128,13 +130,13 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXTableChart),
     KX_TYPE_WITHOUT_CLASS(KXTableDatabarInfo),
     KX_TYPE_WITHOUT_CLASS(KXTablePanel),
-    KX_TYPE_WITHOUT_CLASS(KXTile),
+    KX_TYPE(KXTile),
     KX_TYPE(KXChartToolboxItem),
     KX_TYPE_WITHOUT_CLASS(KXTornadoChart),
     KX_TYPE_WITHOUT_CLASS(KXTornadoChartDataView),
     KX_TYPE_WITHOUT_CLASS(KXTornadoChartProperty),
     KX_TYPE_WITHOUT_CLASS(KXTornadoChartStackedBar),
-    KX_TYPE_WITHOUT_CLASS(KXTreeMapChart),
+    KX_TYPE(KXTreeMapChart),
     KX_TYPE_WITHOUT_CLASS(KXTrendChart),
     KX_TYPE(KXValueChart),
     KX_TYPE_WITHOUT_CLASS(KXValueList),

@@ -59,18 +59,10 @@ std::uint64_t KXLineChart::obtainLegendCellSize()
 
 void KXLineChart::_customLayout(UXRect plotArea)
 {
-    const KXChartProperty& property = *getChartProperty();
-    const bool isShown = getLineChartProperty()->getColorByValue() && property.getShowLegend() &&
-                         preparedAndReloadedData();
-    const UXPosition side = property.getLegendPosition();
-    const bool isUpright = side == UXPosition::Left || side == UXPosition::Right;
-    m_gradientLegend->setVisible(isShown);
+    const bool isWanted = getLineChartProperty()->getColorByValue() && preparedAndReloadedData();
+    m_gradientLegend->setVisible(isWanted && getChartProperty()->getShowLegend());
     _updateGradientLegend();
-    KXXYAxisChart::_customLayout(
-        isShown ? m_gradientLegend->takeRoom(plotArea, side,
-                                             isUpright ? property.getLegendVerticalAlign()
-                                                       : property.getLegendHorizontalAlign())
-                : plotArea);
+    KXXYAxisChart::_customLayout(m_gradientLegend->takeRoom(plotArea, *getChartProperty(), isWanted));
 }
 
 void KXLineChart::_applyKeyEffect(UXPropertyEffect effect)

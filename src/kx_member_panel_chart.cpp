@@ -16,11 +16,13 @@
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_text_measurer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -31,6 +33,16 @@ constexpr std::size_t greatestNameCount = 4096;
 const std::string othersIdentifier = "Others";
 /** What is gathered is no more one of the members than another. */
 constexpr UXColor othersColor(140, 140, 146);
+/** Items of less height have nothing told below them. */
+constexpr int leastHeightWithNote = 100;
+constexpr double noteGap = 4;
+
+/** @param sum NaN for none; it stops at the limit */
+void addPart(double& sum, double value)
+{
+    if (value > 0)
+        sum = std::min(std::isnan(sum) ? value : sum + value, (std::numeric_limits<double>::max)());
+}
 
 } // namespace
 
@@ -127,6 +139,30 @@ std::uint64_t KXMemberPanelChart::_obtainMeasure(const KXChartItem& item) const
     return getDimensionCount() > 0 ? 0 : item.group;
 }
 
+const KXListedGroups& KXMemberPanelChart::_obtainListed(std::uint64_t dimension) const
+{
+    return dimension == _obtainGroupDimension() ? m_listed : m_listedIndexes;
+}
+
+bool KXMemberPanelChart::_isOthers(const KXChartItem& item) const
+{
+    return m_listed.isOthers(item.group) || m_listedIndexes.isOthers(item.index);
+}
+
+std::vector<KXChartItem> KXMemberPanelChart::_obtainHeldItems(const KXChartItem& item) const
+{
+    std::vector<KXChartItem> items;
+    if (m_listed.isOthers(item.group))
+        for (const std::uint64_t group : m_listed.getGathered())
+            items.push_back({item.kind, group, item.index});
+    else if (m_listedIndexes.isOthers(item.index))
+        for (const std::uint64_t index : m_listedIndexes.getGathered())
+            items.push_back({item.kind, item.group, index});
+    else
+        items.push_back(item);
+    return items;
+}
+
 std::uint64_t KXMemberPanelChart::_obtainCell(const KXChartItem& item) const
 {
     if (getDimensionCount() == 0)
@@ -150,14 +186,11 @@ double KXMemberPanelChart::_obtainMemberValue(const KXChartItem& item) const
 /** What has no part of a whole adds nothing to what is gathered. */
 double KXMemberPanelChart::obtainItemValue(const KXChartItem& item) const
 {
-    if (!m_listed.isOthers(item.group))
+    if (!_isOthers(item))
         return _obtainMemberValue(item);
     double sum = std::numeric_limits<double>::quiet_NaN();
-    for (const std::uint64_t member : m_listed.getGathered()) {
-        const double value = _obtainMemberValue({item.kind, member, item.index});
-        if (value > 0)
-            sum = std::min(std::isnan(sum) ? value : sum + value, (std::numeric_limits<double>::max)());
-    }
+    for (const KXChartItem& held : _obtainHeldItems(item))
+        addPart(sum, _obtainMemberValue(held));
     return sum;
 }
 
@@ -200,6 +233,58 @@ KXListedGroups KXMemberPanelChart::_listGroups()
     std::vector<std::uint64_t> kept(std::min(obtainGroupCount(), _obtainGreatestGroupCount()));
     std::iota(kept.begin(), kept.end(), std::uint64_t{0});
     return {std::move(kept), {}, obtainGroupCount()};
+}
+
+KXListedGroups KXMemberPanelChart::_listIndexes()
+{
+    std::vector<std::uint64_t> kept(obtainIndexCount());
+    std::iota(kept.begin(), kept.end(), std::uint64_t{0});
+    return {std::move(kept), {}, obtainIndexCount()};
+}
+
+std::vector<double> KXMemberPanelChart::_sumMembers(std::uint64_t dimension) const
+{
+    const bool areGroups = getDimensionCount() == 0 || dimension == _obtainGroupDimension();
+    std::vector<double> sums(areGroups ? obtainGroupCount() : obtainIndexCount(),
+                             std::numeric_limits<double>::quiet_NaN());
+    const std::uint64_t across = areGroups ? obtainIndexCount() : obtainGroupCount();
+    for (std::uint64_t member = 0; member < sums.size(); ++member)
+        for (std::uint64_t other = 0; other < across; ++other)
+            addPart(sums[member], _obtainMemberValue(areGroups ? KXChartItem{0, member, other}
+                                                               : KXChartItem{0, other, member}));
+    return sums;
+}
+
+KXListedGroups KXMemberPanelChart::_gatherMembers(std::uint64_t dimension, std::vector<std::uint64_t> members,
+                                                  const std::vector<double>& sums, KXOthersRule rule)
+{
+    const UXObjectWatcher self(this);
+    rule.hostOthers = _findHostOthers(dimension, members);
+    if (!self.isAlive())
+        return {};
+    std::vector<double> values(members.size());
+    std::ranges::transform(members, values.begin(), [&](std::uint64_t member) { return sums[member]; });
+    KXOthers others = kxGatherOthers(values, rule);
+    for (std::vector<std::uint64_t>* list : {&others.kept, &others.gathered})
+        std::ranges::transform(*list, list->begin(), [&](std::uint64_t i) { return members[i]; });
+    std::ranges::sort(others.gathered);
+    return {std::move(others.kept), std::move(others.gathered), sums.size()};
+}
+
+/** @return the place of the one member that the host made up; several fill gaps, and gather nothing */
+std::optional<std::uint64_t> KXMemberPanelChart::_findHostOthers(std::uint64_t dimension,
+                                                                 const std::vector<std::uint64_t>& members)
+{
+    std::optional<std::uint64_t> found;
+    const KXChartDataProviderUse use(*this);
+    for (std::uint64_t i = 0; i < members.size() && getDimensionCount() > 0 && use.isCurrent(); ++i) {
+        if (!use.get()->obtainDimensionDataIsGenerated(this, {dimension, members[i]}))
+            continue;
+        if (found)
+            return std::nullopt;
+        found = i;
+    }
+    return found;
 }
 
 std::uint64_t KXMemberPanelChart::obtainLegendCellSize() { return m_listed.getAll().size(); }
@@ -258,6 +343,8 @@ void KXMemberPanelChart::resetData()
 {
     KXPanelChartDataUser::resetData();
     m_listed = {};
+    m_listedIndexes = {};
+    m_note.clear();
     m_groups.clear();
     m_hostColors.clear();
 }
@@ -266,14 +353,13 @@ void KXMemberPanelChart::customReloadData()
 {
     const UXObjectWatcher self(this);
     std::string othersName = uxLocalizeString("Others");
+    KXLeftOutWords words = KXLeftOutWords::load();
     if (!self.isAlive())
         return;
     m_othersName = std::move(othersName);
-    m_listed = {};
-    KXListedGroups listed = _listGroups();
-    if (!self.isAlive())
+    m_leftOutWords = std::move(words);
+    if (!_loadGroups())
         return;
-    m_listed = std::move(listed);
     std::vector<std::string> names;
     for (std::uint64_t group = 0; m_groups.needsIdentities() && group < m_listed.getBound(); ++group) {
         names.push_back(m_listed.contains(group) ? obtainGroupName(group) : std::string());
@@ -281,6 +367,23 @@ void KXMemberPanelChart::customReloadData()
             return;
     }
     m_groups.reload(m_listed.getBound(), names);
+}
+
+/** @return false where the host destroyed the chart */
+bool KXMemberPanelChart::_loadGroups()
+{
+    const UXObjectWatcher self(this);
+    m_listed = {};
+    m_listedIndexes = {};
+    KXListedGroups listed = _listGroups();
+    if (!self.isAlive())
+        return false;
+    KXListedGroups indexes = _listIndexes();
+    if (!self.isAlive())
+        return false;
+    m_listed = std::move(listed);
+    m_listedIndexes = std::move(indexes);
+    return true;
 }
 
 /** Where a group has a single item, a colour of the item is the group's. */
@@ -301,6 +404,8 @@ void KXMemberPanelChart::customReloadColors()
             groupColors[group] = color;
         for (std::uint64_t index = 0; use.isCurrent() && index < obtainIndexCount(); ++index) {
             const KXChartItem item{0, group, index};
+            if (std::isnan(_obtainMemberValue(item)) && !areSingle)
+                continue;
             if (!use.get()->obtainValueDataColor(this, _obtainValuePath(item), color) || !use.isAlive())
                 continue;
             if (areSingle)
@@ -338,7 +443,7 @@ void KXMemberPanelChart::afterReloadData()
     if (self.isAlive())
         registerLeftClickAction(this, [this] {
             const std::optional<KXChartItem>& item = getItems()->getActionItem();
-            return !item || !m_listed.isOthers(item->group);
+            return !item || !_isOthers(*item);
         });
 }
 
@@ -353,13 +458,14 @@ std::optional<KXChartItem> KXMemberPanelChart::obtainItemAt(UXPoint point) const
 
 bool KXMemberPanelChart::hasItem(const KXChartItem& item) const
 {
-    return item.kind == 0 && isGroupShown(item.group) && !std::isnan(obtainItemValue(item));
+    return item.kind == 0 && isGroupShown(item.group) && m_listedIndexes.contains(item.index) &&
+           !std::isnan(obtainItemValue(item));
 }
 
 std::vector<KXChartItem> KXMemberPanelChart::obtainItems() const
 {
     std::vector<KXChartItem> items;
-    for (std::uint64_t index = 0; index < obtainIndexCount(); ++index)
+    for (const std::uint64_t index : m_listedIndexes.getAll())
         for (const std::uint64_t group : m_listed.getAll())
             if (hasItem({0, group, index}))
                 items.push_back({0, group, index});
@@ -386,12 +492,16 @@ std::optional<KXChartItem> KXMemberPanelChart::obtainItemBeside(const std::optio
 KXChartDataPath* KXMemberPanelChart::createItemPath(const KXChartItem& item)
 {
     auto* path = new KXChartDataPath;
-    if (m_listed.isOthers(item.group)) {
+    if (_isOthers(item)) {
+        const std::uint64_t groups = _obtainGroupDimension();
+        const std::uint64_t gathered = m_listed.isOthers(item.group) ? groups : 1 - groups;
         path->identifier = othersIdentifier;
         if (getDimensionCount() > 0)
-            path->dimensionIndexPath = {_obtainGroupDimension()};
-        const std::vector<std::uint64_t>& members = m_listed.getGathered();
-        path->dimensionIndexPath.insert(path->dimensionIndexPath.end(), members.begin(), members.end());
+            path->dimensionIndexPath = {gathered};
+        for (const KXChartItem& held : _obtainHeldItems(item))
+            if (getDimensionCount() == 0 || _obtainMemberValue(held) > 0)
+                path->dimensionIndexPath.push_back(getDimensionCount() == 0 ? held.group
+                                                                            : _obtainMember(held, gathered));
         return path;
     }
     path->identifier = _obtainItemKind();
@@ -421,11 +531,10 @@ std::vector<KXChartItem> KXMemberPanelChart::findItems(const KXChartDataPath& pa
 
 bool KXMemberPanelChart::_holdsValue(const KXChartItem& item, const KXIndexPath& valuePath) const
 {
-    if (!m_listed.isOthers(item.group))
+    if (!_isOthers(item))
         return valuePath == _obtainValuePath(item);
-    return std::ranges::any_of(m_listed.getGathered(), [&](std::uint64_t member) {
-        return valuePath == _obtainValuePath({item.kind, member, item.index});
-    });
+    return std::ranges::any_of(_obtainHeldItems(item),
+                               [&](const KXChartItem& held) { return valuePath == _obtainValuePath(held); });
 }
 
 /** @param path (dimension, member, ...), or empty for any */
@@ -435,9 +544,14 @@ bool KXMemberPanelChart::_isOfMembers(const KXChartItem& item, const KXIndexPath
         return true;
     if (path[0] >= getDimensionCount())
         return false;
-    const bool isGroup = path[0] == _obtainGroupDimension();
-    return std::any_of(path.begin() + 1, path.end(), [&](std::uint64_t member) {
-        return isGroup ? m_listed.holds(item.group, member) : member == item.index;
+    const std::uint64_t dimension = path[0];
+    const auto isNamed = [&](const KXChartItem& held) {
+        return std::find(path.begin() + 1, path.end(), _obtainMember(held, dimension)) != path.end();
+    };
+    if (!_isOthers(item))
+        return isNamed(item);
+    return std::ranges::any_of(_obtainHeldItems(item), [&](const KXChartItem& held) {
+        return isNamed(held) && _obtainMemberValue(held) > 0;
     });
 }
 
@@ -453,9 +567,14 @@ std::string KXMemberPanelChart::_obtainHintTitle(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
     std::string title = obtainGroupName(item.group);
+    if (!self.isAlive())
+        return title;
+    const auto tellCount = [&] { return " (" + std::to_string(_obtainHeldItems(item).size()) + ")"; };
     if (m_listed.isOthers(item.group))
-        title += " (" + std::to_string(m_listed.getGathered().size()) + ")";
-    if (self.isAlive() && getDimensionCount() > 1)
+        title += tellCount();
+    if (m_listedIndexes.isOthers(item.index))
+        title += ", " + m_othersName + tellCount();
+    else if (getDimensionCount() > 1)
         title += ", " + _obtainMemberName(1 - _obtainGroupDimension(), item.index);
     return title;
 }
@@ -466,7 +585,7 @@ UXHintInfo KXMemberPanelChart::obtainItemHint(const KXChartItem& item)
     KXChartDataProviderHintData data;
     const KXChartDataProviderUse use(*this);
     if (auto* provider = use.as<KXPanelChartDataProvider>())
-        if (!m_listed.isOthers(item.group))
+        if (!_isOthers(item))
             data = provider->obtainHintData(this, _obtainValuePath(item));
     if (use.isAlive() && data.isEmpty())
         data = _describeItem(item);
@@ -488,6 +607,8 @@ void KXMemberPanelChart::_customLayout(UXRect plotArea)
     m_layer->setDrawingRect(plotArea);
     m_labels.clear();
     m_laidOut.set(_layoutItems(plotArea), UXDoubleRect(plotArea));
+    if (getLaidOutItems().empty())
+        m_note.clear(); // which says less than the words in its place
     m_noDataLabel->update(plotArea, !getLaidOutItems().empty());
     if (!self.isAlive() || !_loadNames())
         return;
@@ -503,12 +624,7 @@ bool KXMemberPanelChart::_loadNames()
     for (auto& names : m_names)
         names.clear();
     for (std::uint64_t dimension = 0; dimension < getDimensionCount(); ++dimension)
-        for (std::size_t i = 0; i < getLaidOutItems().size(); ++i) {
-            const KXChartItem& item = getLaidOutItems()[i].item;
-            const std::uint64_t member = _obtainMember(item, dimension);
-            const bool isGathered = dimension == _obtainGroupDimension() && m_listed.isOthers(item.group);
-            if (isGathered || m_names[dimension].contains(member))
-                continue;
+        for (const std::uint64_t member : _obtainNamedMembers(dimension)) {
             if (m_names[dimension].size() >= greatestNameCount)
                 break;
             std::string name = _obtainMemberName(dimension, member);
@@ -519,9 +635,22 @@ bool KXMemberPanelChart::_loadNames()
     return true;
 }
 
+std::vector<std::uint64_t> KXMemberPanelChart::_obtainNamedMembers(std::uint64_t dimension) const
+{
+    std::vector<std::uint64_t> members;
+    std::unordered_set<std::uint64_t> known;
+    for (const KXPanelItem& item : getLaidOutItems()) {
+        const std::uint64_t member = _obtainMember(item.item, dimension);
+        if (!_obtainListed(dimension).isOthers(member) && known.insert(member).second)
+            members.push_back(member);
+    }
+    return members;
+}
+
 std::string KXMemberPanelChart::_findName(const KXChartItem& item) const
 {
-    if (m_listed.isOthers(item.group))
+    if (getDimensionCount() > 0 ? _obtainListed(0).isOthers(_obtainMember(item, 0))
+                                : m_listed.isOthers(item.group))
         return m_othersName;
     return getDimensionCount() > 0 ? _findMemberName(0, _obtainMember(item, 0)) : getMeasureLabel(item.group);
 }
@@ -551,11 +680,27 @@ KXLabelRequest KXMemberPanelChart::_makeLabelInside(const KXLabelPlacer& placer,
     return request;
 }
 
+void KXMemberPanelChart::_takeNoteRoom(const KXLeftOutCounts& counts, const UXTextProperty& property,
+                                       UXDoubleRect& room)
+{
+    m_note = m_leftOutWords.tell(counts);
+    m_noteRequest = {};
+    if (m_note.empty() || room.height < leastHeightWithNote)
+        return;
+    const double height = std::ceil(uxMeasureText(m_note, property).height);
+    room.height -= height + noteGap;
+    m_noteRequest = {m_note, property, -1, true, KXCollisionGrid::noOwner, {}};
+    m_noteRequest.property.align = UXTextAlign::Left;
+    m_noteRequest.candidates = {{{room.x, room.y + room.height + noteGap, room.width, height}, {}}};
+}
+
 void KXMemberPanelChart::_placeLabels(const UXRect& area)
 {
     constexpr double gap = 3; // between two in one line
     KXLabelPlacer placer(UXDoubleRect(area), gap);
     std::vector<KXLabelRequest> requests;
+    if (!m_note.empty() && !m_noteRequest.candidates.empty())
+        requests.push_back(m_noteRequest);
     _requestLabels(placer, requests);
     for (KXPlacedLabel& placed : placer.place(requests)) {
         const std::size_t item = requests[placed.request].mark;
@@ -567,8 +712,11 @@ void KXMemberPanelChart::_updateColors()
 {
     m_groups.setUsualColors(_obtainUsualColors());
     for (KXPanelItem& item : m_laidOut.getAll()) {
-        const auto own = m_listed.isOthers(item.item.group) ? m_hostColors.end()
-                                                            : m_hostColors.find(_obtainCell(item.item));
+        if (_isOthers(item.item)) {
+            item.color = othersColor;
+            continue;
+        }
+        const auto own = m_hostColors.find(_obtainCell(item.item));
         item.color = own == m_hostColors.end() ? _obtainItemColor(item.item) : own->second;
     }
     for (Label& label : m_labels)
@@ -633,13 +781,33 @@ void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect
     const auto isSeen = [&](const UXDoubleRect& bounds) {
         return uxIntersectsRect(uxSurroundingRect(bounds), dirtyRect);
     };
+    std::vector<UXDoubleRect> rects; // of one colour, which are filled at once
+    UXColor color;
+    const auto fillRects = [&] {
+        if (rects.empty())
+            return;
+        painter.setColor(color);
+        painter.drawRects(rects);
+        rects.clear();
+    };
     for (const bool standsOut : {false, true})
         for (const KXPanelItem& item : getLaidOutItems()) {
             if (item.look.standsOut() != standsOut)
                 continue;
+            const UXDoubleRect* rect = item.shape.obtainRect();
+            if (rect && !standsOut && item.shift == UXDoublePoint()) {
+                if (!isSeen(*rect))
+                    continue;
+                if (item.look.fill != color)
+                    fillRects();
+                color = item.look.fill;
+                rects.push_back(*rect);
+                continue;
+            }
             const KXPanelShape shape = item.obtainDrawnShape();
             if (!isSeen(shape.getBounds()))
                 continue;
+            fillRects();
             painter.setColor(item.look.fill);
             shape.fill(painter);
             if (item.look.line.alpha <= 0)
@@ -648,6 +816,7 @@ void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect
             painter.setLineWidth(1);
             shape.stroke(painter);
         }
+    fillRects();
     _paintOverItems(painter);
     for (const Label& label : m_labels) {
         UXDoubleRect rect = label.placed.rect;

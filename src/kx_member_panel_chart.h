@@ -4,7 +4,9 @@
 #include "kx_chart_data_provider_hint_data.h"
 #include "kx_chart_groups.h"
 #include "kx_label_placer.h"
+#include "kx_left_out_words.h"
 #include "kx_listed_groups.h"
+#include "kx_others.h"
 #include "kx_panel_chart.h"
 #include "kx_panel_chart_data_user.h"
 #include "kx_panel_items.h"
@@ -27,8 +29,8 @@ class KXNoDataLabel;
  * one for each measure where there is no dimension. The members of one dimension, or the measures, are the
  * groups, which have the colours, stand in the legend and can be switched off there.
  *
- * What is not to stand for itself is left out of the list of groups, or gathered in one that is named
- * "Others" and stands last (_listGroups).
+ * What is not to stand for itself is left out of the list of groups, or of the other dimension's members, or
+ * gathered in one that is named "Others" and stands last (_listGroups, _listIndexes).
  *
  * KXChartItem{0, group, index} is the item of a group at a member of the other dimension, 0 without one.
  *
@@ -73,6 +75,8 @@ public:
     /** @return NaN where there is no such item or it has none */
     double obtainItemValue(const KXChartItem& item) const;
     std::string obtainItemValueText(const KXChartItem& item) const;
+    /** @return what tells of values that have no item, empty for none, as of the last layout */
+    const std::string& getNote() const { return m_note; }
     /** @return what is laid out, in the order in which one reads it */
     const std::vector<KXPanelItem>& getLaidOutItems() const { return m_laidOut.getAll(); }
 
@@ -114,13 +118,19 @@ protected:
     /** @return the groups in their order; by default all, or the first ones where the user wants the top
      * only. Called when there are new data, and may ask the host. */
     virtual KXListedGroups _listGroups();
+    /** @return the members of the other dimension in their order; by default all. Called when there are new
+     * data, and may ask the host. */
+    virtual KXListedGroups _listIndexes();
     /** @return the items that have a place in area, with their shapes, in the order in which one reads them
      */
     virtual std::vector<KXPanelItem> _layoutItems(const UXRect& area) = 0;
     /** Adds what is to be written; by default nothing. The mark of a request is the index of a laid-out item,
      * or none. */
     virtual void _requestLabels(const KXLabelPlacer& placer, std::vector<KXLabelRequest>& requests) const;
-    /** @return the colour of an item that the host gives none; by default its group's */
+    /** @return the members of a dimension whose names labels may show; by default those of all that is laid
+     * out */
+    virtual std::vector<std::uint64_t> _obtainNamedMembers(std::uint64_t dimension) const;
+    /** @return the colour of an item that the host gives none; by default its group's. Others has its own. */
     virtual UXColor _obtainItemColor(const KXChartItem& item) const;
     /** @return the colours that groups take in turn; by default the palette */
     virtual std::vector<UXColor> _obtainUsualColors() const;
@@ -143,6 +153,25 @@ protected:
     // What a kind calls
     /** @return how many groups the user wants to see at most */
     std::uint64_t _obtainGreatestGroupCount() const;
+    /** @return of each member of a dimension the sum of its values above zero, NaN for none */
+    std::vector<double> _sumMembers(std::uint64_t dimension) const;
+    /** Gathers members of a dimension that have a small part of the whole. The host may be asked which one it
+     * made up, which may destroy the chart.
+     *  @param members in their order
+     *  @param sums by member
+     *  @param rule without the host's */
+    KXListedGroups _gatherMembers(std::uint64_t dimension, std::vector<std::uint64_t> members,
+                                  const std::vector<double>& sums, KXOthersRule rule);
+    /** @return the groups, or without a dimension the measures, or the members of the other one */
+    const KXListedGroups& _getListedIndexes() const { return m_listedIndexes; }
+    /** @return the cell of its value among those of the measure */
+    std::uint64_t _obtainCell(const KXChartItem& item) const;
+    /** @return whether the item is what was gathered */
+    bool _isOthers(const KXChartItem& item) const;
+    /** Tells below the items what has none; to be called in a layout.
+     *  @param property of the text
+     *  @param room loses what the words take; where it is low, there are none */
+    void _takeNoteRoom(const KXLeftOutCounts& counts, const UXTextProperty& property, UXDoubleRect& room);
     /** @return what an item is called in hints: its group, and its other member */
     std::string _obtainHintTitle(const KXChartItem& item);
     /** @return the texts of the members that are laid out, and the measures' labels; empty where one is still
@@ -165,8 +194,13 @@ private:
 
     /** @return the item's member of a dimension */
     std::uint64_t _obtainMember(const KXChartItem& item, std::uint64_t dimension) const;
+    /** @return the items that it stands for: itself, or all that is gathered in it */
+    std::vector<KXChartItem> _obtainHeldItems(const KXChartItem& item) const;
+    const KXListedGroups& _obtainListed(std::uint64_t dimension) const;
+    std::optional<std::uint64_t> _findHostOthers(std::uint64_t dimension,
+                                                 const std::vector<std::uint64_t>& members);
+    bool _loadGroups();
     std::uint64_t _obtainMeasure(const KXChartItem& item) const;
-    std::uint64_t _obtainCell(const KXChartItem& item) const;
     KXIndexPath _obtainValuePath(const KXChartItem& item) const;
     std::string _obtainMemberName(std::uint64_t dimension, std::uint64_t member);
     double _obtainMemberValue(const KXChartItem& item) const;
@@ -180,14 +214,18 @@ private:
     void _updateLooks();
     void _paintItems(UXPainter& painter, const UXRect& dirtyRect) const;
 
-    KXDrawingLayer* m_layer;      // a child
-    KXNoDataLabel* m_noDataLabel; // a child
-    KXListedGroups m_listed;
+    KXDrawingLayer* m_layer;        // a child
+    KXNoDataLabel* m_noDataLabel;   // a child
+    KXListedGroups m_listed;        // the groups
+    KXListedGroups m_listedIndexes; // the members of the other dimension; without one it is 0 alone
     KXChartGroups m_groups;
     std::string m_othersName;                                // in the host's language
     std::unordered_map<std::uint64_t, UXColor> m_hostColors; // of items that have one of their own, by cell
     KXPanelItems m_laidOut;
     std::vector<Label> m_labels;
+    KXLeftOutWords m_leftOutWords;
+    std::string m_note;
+    KXLabelRequest m_noteRequest;
     std::array<std::unordered_map<std::uint64_t, std::string>, greatestDimensionCount> m_names;
     UXPropertyTableBinding m_panelPropertyBinding{*this, obtainPropertyTable()};
 };

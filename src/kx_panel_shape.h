@@ -30,7 +30,8 @@ public:
 
     /** @return the rectangle around it, empty for an empty shape */
     const UXDoubleRect& getBounds() const { return m_bounds; }
-    /** @return null for another shape */
+    /** @return null for another shape; so the next one */
+    const UXDoubleRect* obtainRect() const { return std::get_if<UXDoubleRect>(&m_outline); }
     const KXSector* obtainSector() const { return std::get_if<KXSector>(&m_outline); }
     /** @return a place inside of it where a text stands well */
     UXDoublePoint obtainMiddle() const;

@@ -1,18 +1,14 @@
 #include "kx_pie_chart.h"
 
-#include "kx_chart_data_provider.h"
-#include "kx_chart_data_provider_use.h"
 #include "kx_chart_object_id_types.h"
 #include "kx_key_definitions.h"
 #include "kx_others.h"
 #include "kx_percentages.h"
-#include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numbers>
 #include <numeric>
 #include <utility>
@@ -21,8 +17,6 @@ KX_DEFINE_CHART_KEY_TABLE(KXPieChart, KXMemberPanelChart, KX_PIE_CHART_KEYS)
 
 namespace {
 
-constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
-constexpr double greatest = (std::numeric_limits<double>::max)();
 /** Of the radius: how far a chosen slice is pulled out. */
 constexpr double chosenShare = 0.06;
 
@@ -60,20 +54,6 @@ std::vector<KXObjectID> KXPieChart::obtainItemObjectIDs(const KXChartItem& item)
                 .index(item.index)};
 }
 
-void KXPieChart::customReloadData()
-{
-    const UXObjectWatcher self(this);
-    KXMemberPanelChart::customReloadData();
-    std::array<std::string, 5> words{"Not shown", "negative", "zero", "without a value", "pies without room"};
-    for (std::string& word : words) {
-        if (!self.isAlive())
-            return;
-        word = uxLocalizeString(word);
-    }
-    if (self.isAlive())
-        m_noteWords = std::move(words);
-}
-
 void KXPieChart::resetData()
 {
     KXMemberPanelChart::resetData();
@@ -86,12 +66,8 @@ void KXPieChart::resetData()
 KXListedGroups KXPieChart::_listGroups()
 {
     // 1. What has no part of any whole counts nowhere.
-    const std::uint64_t count = obtainGroupCount();
-    std::vector<double> sums(count, noNumber);
-    for (std::uint64_t group = 0; group < count; ++group)
-        for (std::uint64_t index = 0; index < obtainIndexCount(); ++index)
-            if (const double value = obtainItemValue({0, group, index}); value > 0)
-                sums[group] = std::min(std::isnan(sums[group]) ? value : sums[group] + value, greatest);
+    const std::vector<double> sums = _sumMembers(_obtainGroupDimension());
+    const std::uint64_t count = sums.size();
 
     // 2. The first ones of what is shown, in the order in which it is shown.
     std::vector<std::uint64_t> members(count);
@@ -107,38 +83,12 @@ KXListedGroups KXPieChart::_listGroups()
         return {std::move(members), {}, count};
 
     // 3. Of these, the small ones together.
-    const UXObjectWatcher self(this);
     KXOthersRule rule;
     if (m_sliceStyle == KXPieChartSliceStyle::NumOfSliceDisplay)
         rule.greatestCount = static_cast<std::uint64_t>(std::max<std::int64_t>(m_sliceCount, 0));
     else
         rule.leastShare = m_groupBelowPercent / 100;
-    rule.hostOthers = _findHostOthers(members);
-    if (!self.isAlive())
-        return {};
-    std::vector<double> values;
-    for (const std::uint64_t member : members)
-        values.push_back(sums[member]);
-    KXOthers others = kxGatherOthers(values, rule);
-    for (std::vector<std::uint64_t>* list : {&others.kept, &others.gathered})
-        std::ranges::transform(*list, list->begin(), [&](std::uint64_t i) { return members[i]; });
-    std::ranges::sort(others.gathered);
-    return {std::move(others.kept), std::move(others.gathered), count};
-}
-
-/** @return the place of the one member that the host made up; several fill gaps, and gather nothing */
-std::optional<std::uint64_t> KXPieChart::_findHostOthers(const std::vector<std::uint64_t>& members)
-{
-    std::optional<std::uint64_t> found;
-    const KXChartDataProviderUse use(*this);
-    for (std::uint64_t i = 0; i < members.size() && getDimensionCount() > 0 && use.isCurrent(); ++i) {
-        if (!use.get()->obtainDimensionDataIsGenerated(this, {_obtainGroupDimension(), members[i]}))
-            continue;
-        if (found)
-            return std::nullopt;
-        found = i;
-    }
-    return found;
+    return _gatherMembers(_obtainGroupDimension(), std::move(members), sums, rule);
 }
 
 std::string KXPieChart::obtainPercentageText(const KXChartItem& item) const

@@ -80,14 +80,11 @@ public:
     /** @return one for each member of the second dimension that has a place */
     const std::vector<KXPie>& getPies() const { return m_pies; }
     const std::vector<Leader>& getLeaders() const { return m_leaders; }
-    /** @return what tells of values that have no slice, empty for none */
-    const std::string& getNote() const { return m_note; }
     /** @return "12.3 %", as of the slices that are shown; empty for an item without a slice */
     std::string obtainPercentageText(const KXChartItem& item) const;
 
     // From UXJsonObject, KXChartDataUser and KXChartItemsDelegate
     std::string customSerializeTypeID() override;
-    void customReloadData() override;
     void resetData() override;
     std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
 
@@ -123,9 +120,8 @@ private:
     static UXTextProperty _makeTextProperty(int fontSize, const UXColor& color);
     KXPieTurn _obtainTurn() const;
     double _obtainHoleShare() const;
-    std::optional<std::uint64_t> _findHostOthers(const std::vector<std::uint64_t>& members);
     void _divide(std::size_t greatestCount);
-    void _writeNote();
+    KXLeftOutCounts _countLeftOut() const;
     void _makeSliceLabels(UXLayoutHelper& helper, double height);
     PieRoom _measureRoom(const UXDoubleRect& place, double leastColumn) const;
     void _placePie(std::size_t pie, const UXDoubleRect& place, const PieRoom& room);
@@ -143,8 +139,4 @@ private:
     std::vector<UXDoubleRect> m_captions; // of several pies
     std::vector<SliceLabel> m_sliceLabels;
     std::vector<Leader> m_leaders;
-    std::string m_note;
-    UXDoubleRect m_noteRect;
-    /** The words of the note in the host's language, as they are said. */
-    std::array<std::string, 5> m_noteWords;
 };

@@ -27,8 +27,6 @@ constexpr double leastColumnShare = 4;
 constexpr double leastReadableShare = 0.5;
 /** A pie without a place of this extent is not drawn. */
 constexpr double leastPlace = 24;
-/** Pies of less height tell nothing below them. */
-constexpr int leastHeightWithNote = 100;
 constexpr double captionGap = 4;
 /** Of its height: a caption that is narrower says nothing. */
 constexpr double leastCaptionShare = 2;
@@ -70,13 +68,8 @@ std::vector<KXPanelItem> KXPieChart::_layoutItems(const UXRect& area)
     UXDoubleRect room(area);
     _divide(static_cast<std::size_t>(
         std::max(1.0, std::floor(room.width / leastPlace) * std::floor(room.height / leastPlace))));
-    _writeNote();
+    _takeNoteRoom(_countLeftOut(), m_labelProperty, room);
     const double lineHeight = measure(*helper, sampleText, m_labelProperty).height;
-    m_noteRect = {};
-    if (!m_note.empty() && area.height >= leastHeightWithNote) {
-        room.height -= lineHeight + captionGap;
-        m_noteRect = {room.x, room.y + room.height + captionGap, room.width, lineHeight};
-    }
 
     // 2. A place for each pie, and all pies as large as the labels of all let them be.
     double captionHeight = getDimensionCount() > 1
@@ -114,8 +107,6 @@ std::vector<KXPanelItem> KXPieChart::_layoutItems(const UXRect& area)
         if (pieRoom.columnWidth > 0)
             _placeBeside(*helper, pie, place, pieRoom);
     }
-    if (items.empty())
-        m_note.clear(); // which says less than the words in its place
     return items;
 }
 
@@ -141,23 +132,14 @@ void KXPieChart::_divide(std::size_t greatestCount)
 }
 
 /** Of two dimensions, members that do not meet have no value, which nobody misses. */
-void KXPieChart::_writeNote()
+KXLeftOutCounts KXPieChart::_countLeftOut() const
 {
-    std::array<std::uint64_t, 4> counts{};
-    auto& [negative, zero, missing, roomless] = counts;
+    KXLeftOutCounts counts;
     for (const std::uint64_t group : getListedGroups().getAll())
-        for (std::uint64_t pie = 0; isGroupShown(group) && pie < m_pies.size(); ++pie) {
-            const double value = obtainItemValue({0, group, pie});
-            negative += value < 0;
-            zero += value == 0;
-            missing += std::isnan(value) && getDimensionCount() < 2;
-        }
-    roomless = m_pies.empty() ? 0 : obtainIndexCount() - m_pies.size();
-    std::string told;
-    for (std::size_t i = 0; i < counts.size(); ++i)
-        if (counts[i] > 0)
-            told += (told.empty() ? "" : ", ") + std::to_string(counts[i]) + " " + m_noteWords[i + 1];
-    m_note = told.empty() ? "" : m_noteWords[0] + ": " + told;
+        for (std::uint64_t pie = 0; isGroupShown(group) && pie < m_pies.size(); ++pie)
+            counts.add(obtainItemValue({0, group, pie}), getDimensionCount() < 2);
+    counts.pies = m_pies.empty() ? 0 : obtainIndexCount() - m_pies.size();
+    return counts;
 }
 
 /** Makes the texts of the largest slices of each pie, as many as could stand in two columns. */
@@ -281,8 +263,6 @@ void KXPieChart::_requestLabels(const KXLabelPlacer& placer, std::vector<KXLabel
     for (std::size_t pie = 0; pie < m_captions.size(); ++pie)
         request(_findMemberName(1, pie), m_captionProperty, m_captions[pie], UXTextAlign::Center,
                 KXCollisionGrid::noOwner);
-    if (!m_note.empty() && !uxIsEmptyRect(uxSurroundingRect(m_noteRect)))
-        request(m_note, m_labelProperty, m_noteRect, UXTextAlign::Left, KXCollisionGrid::noOwner);
     _requestTotals(placer, requests);
     for (const SliceLabel& label : m_sliceLabels) {
         if (label.rect.width > 0)

@@ -5,6 +5,7 @@
 #include "kx_export.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
+#include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_color.h"
 #include "ux/ux_object_watcher.h"
@@ -35,6 +36,7 @@ class KXTableRows;
  */
 class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
                                       public KXPieChartDataProvider,
+                                      public KXTreeMapChartDataProvider,
                                       public KXValueChartDataProvider,
                                       public KXGaugeChartDataProvider {
 public:

@@ -12,6 +12,7 @@
 #include "kx_line_chart_options.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_pie_chart_options.h"
+#include "kx_tree_map_chart_options.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_enum_base.h"
 #include "ux/ux_padding.h"
@@ -326,6 +327,8 @@ private:
             {"m_sweep", {-10, 0, 90, 180, 270, 360}},
             {"m_sliceCount", {-1, 0, 1, 3, 10}},
             {"m_groupBelowPercent", {-1, 0, 2, 20, 101}},
+            {"m_tileGap", {-1, 0, 1, 50}},
+            {"m_groupGap", {-1, 0, 3, 50}},
             {"m_sliceGap", {-1, 0, 1, 50}},
             {"m_pipeWithPercentage", {-0.5, 0, 0.02, 0.1, 0.28, 0.6, 1, 2}}};
         const auto found = numbers.find(key);
@@ -367,6 +370,7 @@ private:
             {"m_pointShape", uxObtainEnumNames(KXPointShape())},
             {"m_sliceStyle", uxObtainEnumNames(KXPieChartSliceStyle())},
             {"m_sort", uxObtainEnumNames(KXPieSliceOrder())},
+            {"m_tileStyle", uxObtainEnumNames(KXTreeMapChartTileStyle())},
             {"m_labelOverflow", uxObtainEnumNames(KXBarLabelOverflow())},
             {"m_labelDisplayOption", uxObtainEnumNames(KXAxisChartLabelDisplayOption())},
             {"m_labelValueOption", uxObtainEnumNames(KXAxisChartValueOption())},
