@@ -197,6 +197,8 @@ void KXAxisChart::customReloadColors()
     m_hostLooks.clearColors();
     m_groups.setHostColors({});
     _updateSeriesColors();
+    if (!_areSeriesOfHost())
+        return;
     std::vector<std::optional<UXColor>> pulled(getSeriesCount());
     const KXChartDataProviderUse use(*this);
     for (std::uint64_t series = 0; use.isCurrent() && series < pulled.size(); ++series) {
@@ -215,13 +217,21 @@ void KXAxisChart::reloadChartColors()
     _updateLooks();
 }
 
-void KXAxisChart::_updateSeriesColors()
+bool KXAxisChart::_areSeriesOfHost() const { return true; }
+
+std::vector<UXColor> KXAxisChart::_obtainUsualColors() const
 {
     const std::vector<UXColor>& own = getAxisChartProperty()->getSeriesColors();
-    std::vector<UXColor> usual = own.empty() ? getDefaultColors() : own;
     if (own.empty() && getOwnSeriesCount() == 1)
-        usual = {getChartProperty()->getDefaultColor()};
-    m_groups.setUsualColors(std::move(usual));
+        return {getChartProperty()->getDefaultColor()};
+    return own.empty() ? getDefaultColors() : own;
+}
+
+void KXAxisChart::_updateSeriesColors() { m_groups.setUsualColors(_obtainUsualColors()); }
+
+KXIndexPath KXAxisChart::_obtainValuePath(KXAxisChartDataProvider& provider, const KXAxisChartMark& mark)
+{
+    return provider.obtainSeriesValuePath(this, mark.series, _obtainPulledCategory(mark.category));
 }
 
 void KXAxisChart::_updateLooks()
@@ -249,12 +259,11 @@ void KXAxisChart::_loadHostColors(const std::vector<KXAxisChartMark>& marks)
     const KXChartDataProviderUse use(*this);
     auto* provider = use.as<KXAxisChartDataProvider>();
     for (std::size_t i = 0; provider && i < unknown.size(); ++i) {
-        const KXIndexPath path = provider->obtainSeriesValuePath(this, unknown[i].series,
-                                                                 unknown[i].category);
+        const KXIndexPath path = _obtainValuePath(*provider, unknown[i]);
         if (!use.isCurrent())
             return;
         UXColor color = obtainSeriesColor(unknown[i].series);
-        const bool isGiven = provider->obtainValueDataColor(this, path, color);
+        const bool isGiven = !path.empty() && provider->obtainValueDataColor(this, path, color);
         if (!use.isCurrent())
             return;
         m_hostLooks.setMarkColor(unknown[i], isGiven ? std::optional(color) : std::nullopt);
@@ -283,9 +292,8 @@ void KXAxisChart::_askForLooks()
         const KXAxisChartHostLooks::Label usual = wanted->usual;
         const KXChartDataProviderUse use(*this);
         if (auto* provider = use.as<KXAxisChartDataProvider>()) {
-            const KXIndexPath path = provider->obtainSeriesValuePath(this, wanted->mark.series,
-                                                                     wanted->mark.category);
-            if (use.isCurrent())
+            const KXIndexPath path = _obtainValuePath(*provider, wanted->mark);
+            if (use.isCurrent() && !path.empty())
                 provider->customizeValueDataLabel(this, path, wanted->usual.text, wanted->usual.property);
         }
         if (!use.isAlive())

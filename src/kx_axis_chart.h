@@ -144,6 +144,13 @@ protected:
     virtual std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const = 0;
     /** Brings the data's ranges into the axes: the data changed, or other series are shown. */
     virtual void _updateDataRanges() = 0;
+    /** @return the path of a mark's value by which the host knows it; by default that of its series and
+     * category. Empty for a mark that the chart has made itself: nobody is asked about that. */
+    virtual KXIndexPath _obtainValuePath(KXAxisChartDataProvider& provider, const KXAxisChartMark& mark);
+    /** @return whether the host is asked for the colours of the series; by default, as they are its own */
+    virtual bool _areSeriesOfHost() const;
+    /** @return the colours that series take in turn */
+    virtual std::vector<UXColor> _obtainUsualColors() const;
     /** @return the series' identifiers for interactions with one mark */
     virtual std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const;
 

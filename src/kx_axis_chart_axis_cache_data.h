@@ -11,9 +11,11 @@ struct KXAxisChartAxisCacheData {
     double axisMin = 0, axisMax = 0, tickInterval = 0;
     double presetTickInterval = 0; /**< above 0, in place of the automatic interval */
     bool needsUpdate = true;
-    bool hasSums = false;           /**< only stacked axes need them, and they take a look at each value */
-    bool isValueAxis = true;        /**< off: the axis counts categories */
-    bool isSmallRange = false;      /**< a range below the wanted number of ticks is one interval */
+    bool isUnstackable = false; /**< the marks place themselves, whatever the property says of stacks */
+    bool isMirrored = false;    /**< the range from 0 to the data's maximum stands on both sides of zero */
+    bool hasSums = false;       /**< only stacked axes need them, and they take a look at each value */
+    bool isValueAxis = true;    /**< off: the axis counts categories */
+    bool isSmallRange = false;  /**< a range below the wanted number of ticks is one interval */
     bool isNumberDimension = false; /**< what the categories are, where there are some */
     bool isTemporalDimension = false;
     std::uint64_t categoryCount = 0;

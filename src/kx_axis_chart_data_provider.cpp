@@ -137,6 +137,8 @@ bool KXAxisChartDataProvider::obtainBandMeasures(KXChartDataUser*, std::uint64_t
     return false;
 }
 
+bool KXAxisChartDataProvider::obtainStepIsTotal(KXChartDataUser*, std::uint64_t) { return false; }
+
 KXChartDataProviderHintData KXAxisChartDataProvider::obtainHintData(KXChartDataUser*, const KXIndexPath&)
 {
     return {};

@@ -55,6 +55,9 @@ public:
      *  @return whether there is a band; by default not */
     virtual bool obtainBandMeasures(KXChartDataUser* user, std::uint64_t measure, std::uint64_t& low,
                                     std::uint64_t& high);
+    /** @return whether a member of the categories' dimension is the sum of what comes before it, so that a
+     * waterfall has it stand on zero; by default not */
+    virtual bool obtainStepIsTotal(KXChartDataUser* user, std::uint64_t category);
 
     /** @return the hint of the value at path; an empty one leaves the hint to the chart, which lists every
      * series of the category */

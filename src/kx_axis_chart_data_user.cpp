@@ -156,9 +156,14 @@ void KXAxisChartDataUser::resetData()
 {
     KXChartDataUser::resetData();
     m_oldValues.clear();
-    for (Series& series : m_series)
+    for (Series& series : m_isDrawn ? m_pulledSeries : m_series)
         m_oldValues.push_back(std::move(series.values));
     m_series.clear();
+    m_isDrawn = false;
+    m_pulledSeries.clear();
+    m_pulledCategoryCount = 0;
+    m_drawnCategories.clear();
+    m_ownTexts.clear();
     m_ownSeriesCount = 0;
     m_categoryCount = 0;
     m_categoryDimensionLabel.clear();
@@ -287,10 +292,90 @@ bool KXAxisChartDataUser::_hasNumbers(KXAxisChartDataProvider& provider, std::ui
     if (path.empty() || !pulled.watcher.isCurrent())
         return false;
     pulled.series.back().measure = path[0];
+    pulled.series.back().isDivided = path.size() > 2;
     pulled.series.back().member = path.size() > 2 ? path[2] : 0;
     const KXChartDataType type = provider.obtainValueDataType(this, {path[0]});
     const bool isNumber = type == KXChartDataType::Integer || type == KXChartDataType::Float;
     return isNumber && pulled.watcher.isCurrent();
+}
+
+void KXAxisChartDataUser::_drawInstead(KXAxisChartDrawnData drawn)
+{
+    if (!std::exchange(m_isDrawn, true)) {
+        m_pulledSeries = std::move(m_series);
+        m_pulledCategoryCount = m_categoryCount;
+    }
+    m_series.clear();
+    m_series.reserve(drawn.series.size());
+    for (KXAxisChartDrawnData::Series& own : drawn.series) {
+        Series& series = m_series.emplace_back();
+        series.label = std::move(own.label);
+        series.id = std::move(own.id);
+        series.values = std::move(own.values);
+        series.extremes = kxFindValueExtremes(series.values);
+    }
+    m_ownSeriesCount = m_series.size();
+    m_categoryCount = drawn.categories.size();
+    m_drawnCategories = std::move(drawn.categories);
+    m_ownTexts.clear();
+    m_ownTexts.reserve(drawn.ownTexts.size());
+    for (std::string& text : drawn.ownTexts)
+        m_ownTexts.push_back({std::move(text), false});
+}
+
+std::uint64_t KXAxisChartDataUser::_obtainPulledCategory(std::uint64_t category) const
+{
+    if (!m_isDrawn)
+        return category;
+    return category < m_drawnCategories.size() ? m_drawnCategories[category]
+                                               : (std::numeric_limits<std::uint64_t>::max)();
+}
+
+std::optional<std::uint64_t> KXAxisChartDataUser::_findDrawnCategory(std::uint64_t pulled) const
+{
+    if (!m_isDrawn)
+        return pulled < m_categoryCount ? std::optional(pulled) : std::nullopt;
+    const auto found = std::ranges::find(m_drawnCategories, pulled);
+    if (found == m_drawnCategories.end() || pulled >= m_pulledCategoryCount)
+        return std::nullopt;
+    return static_cast<std::uint64_t>(found - m_drawnCategories.begin());
+}
+
+std::uint64_t KXAxisChartDataUser::_getPulledCategoryCount() const
+{
+    return m_isDrawn ? m_pulledCategoryCount : m_categoryCount;
+}
+
+const std::string& KXAxisChartDataUser::_getPulledSeriesLabel(std::uint64_t series) const
+{
+    return series < _getPulled().size() ? _getPulled()[series].label : noText;
+}
+
+const std::string& KXAxisChartDataUser::_getPulledSeriesID(std::uint64_t series) const
+{
+    return series < _getPulled().size() ? _getPulled()[series].id : noText;
+}
+
+const std::vector<double>& KXAxisChartDataUser::_getPulledValues(std::uint64_t series) const
+{
+    return series < _getPulled().size() ? _getPulled()[series].values : noValues;
+}
+
+std::uint64_t KXAxisChartDataUser::_getPulledMeasure(std::uint64_t series) const
+{
+    return series < _getPulled().size() ? _getPulled()[series].measure : 0;
+}
+
+std::uint64_t KXAxisChartDataUser::_getPulledMember(std::uint64_t series) const
+{
+    return series < _getPulled().size() ? _getPulled()[series].member : 0;
+}
+
+bool KXAxisChartDataUser::hasCategoryText(std::uint64_t category) const
+{
+    const std::uint64_t pulled = _obtainPulledCategory(category);
+    return m_categoryTexts.contains(pulled) ||
+           (m_isDrawn && category < m_categoryCount && pulled >= m_pulledCategoryCount);
 }
 
 std::string KXAxisChartDataUser::obtainCategoryText(std::uint64_t category)
@@ -303,13 +388,16 @@ bool KXAxisChartDataUser::obtainShouldFormatCategoryText(std::uint64_t category)
     return _obtainText(category).shouldFormat;
 }
 
-const KXAxisChartDataUser::CategoryText& KXAxisChartDataUser::_obtainText(std::uint64_t category)
+const KXAxisChartDataUser::CategoryText& KXAxisChartDataUser::_obtainText(std::uint64_t drawn)
 {
     static const CategoryText none;
+    const std::uint64_t category = _obtainPulledCategory(drawn);
+    if (m_isDrawn && category >= m_pulledCategoryCount)
+        return drawn < m_categoryCount ? m_ownTexts[category - m_pulledCategoryCount] : none;
     const auto found = m_categoryTexts.find(category);
     if (found != m_categoryTexts.end())
         return found->second;
-    if (category >= m_categoryCount)
+    if (category >= _getPulledCategoryCount())
         return none;
 
     const UXObjectWatcher chart(getChart());
@@ -367,6 +455,8 @@ void KXAxisChartDataUser::dataArrived(std::uint64_t first, std::uint64_t count)
 
 const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()
 {
+    if (m_isDrawn)
+        return noValues; // their order is not that of the numbers
     if (m_categoryNumbersPulled || m_categoryDataType == KXChartDataType::String)
         return m_categoryNumbers;
     const KXChartDataProviderUse use(*this);

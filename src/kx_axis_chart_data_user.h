@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_axis_chart_drawn_data.h"
 #include "kx_chart_aggregate_type.h"
 #include "kx_chart_data_provider_dimension_setting.h"
 #include "kx_chart_data_type.h"
@@ -43,7 +44,8 @@ public:
     explicit KXAxisChartDataUser(KXChart* chart);
     ~KXAxisChartDataUser() override;
 
-    // What was pulled, empty until then. A series or category past the count has neither text nor value.
+    // What was pulled, or what the chart draws in place of that; empty until then. A series or category past
+    // the count has neither text nor value.
     std::uint64_t getSeriesCount() const { return m_series.size(); }
     std::uint64_t getCategoryCount() const { return m_categoryCount; }
     const std::string& getSeriesLabel(std::uint64_t series) const;
@@ -74,7 +76,7 @@ public:
      * is asked for when that has ended, and laid out then */
     std::string obtainCategoryText(std::uint64_t category);
     /** @return whether the text is there */
-    bool hasCategoryText(std::uint64_t category) const { return m_categoryTexts.contains(category); }
+    bool hasCategoryText(std::uint64_t category) const;
     /** @return whether the host wants that text formatted as the date or time that it is */
     bool obtainShouldFormatCategoryText(std::uint64_t category);
     /** @return where the categories stand on a continuous axis, one finite number each; empty where the
@@ -93,6 +95,24 @@ public:
     void dataArrived(std::uint64_t first, std::uint64_t count) override;
 
 protected:
+    // A chart that draws other categories than those of its data
+    /** Shows series and categories in place of those that were pulled, until the data are reset. */
+    void _drawInstead(KXAxisChartDrawnData drawn);
+    /** @return the category as the host counts them; past the count for one of the chart's own */
+    std::uint64_t _obtainPulledCategory(std::uint64_t category) const;
+    /** @return the category that has the text of one of the host's, none where it is not drawn */
+    std::optional<std::uint64_t> _findDrawnCategory(std::uint64_t pulled) const;
+    std::uint64_t _getPulledCategoryCount() const;
+    std::uint64_t _getPulledSeriesCount() const { return _getPulled().size(); }
+    const std::string& _getPulledSeriesLabel(std::uint64_t series) const;
+    const std::string& _getPulledSeriesID(std::uint64_t series) const;
+    const std::vector<double>& _getPulledValues(std::uint64_t series) const;
+    /** @return which measure a series of the host is, and which member of the dimension that divides it */
+    std::uint64_t _getPulledMeasure(std::uint64_t series) const;
+    std::uint64_t _getPulledMember(std::uint64_t series) const;
+    /** @return whether the measures are divided by the members of a second dimension */
+    bool _isPulledDivided() const { return !_getPulled().empty() && _getPulled().front().isDivided; }
+
     /** Texts that a layout missed are there, or can be asked for. By default the chart lays out anew.
      *  @param areFirst whether none was there before */
     virtual void _categoryTextsArrived(bool areFirst);
@@ -106,22 +126,24 @@ private:
         std::vector<double> values;
         KXValueExtremes extremes; // of all values
         std::uint64_t measure = 0, member = 0;
+        bool isDivided = false; // it is that of a member
         bool isOwn = true;
         std::size_t color = noSeries, low = noSeries, high = noSeries;
     };
     struct CategoryText {
         std::string text;
-        bool shouldFormat = true;
+        bool shouldFormat = true; // as the date or time that it is
     };
     struct Pulled;
 
+    const std::vector<Series>& _getPulled() const { return m_isDrawn ? m_pulledSeries : m_series; }
     bool _pullDimension(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled);
     bool _pullRoles(KXAxisChartDataProvider& provider, Pulled& pulled);
     const std::vector<double>& _getValues(std::uint64_t series, std::size_t Series::*role) const;
     static KXValueExtremes _findExtremes(const Series& series, std::size_t count);
-    const CategoryText& _obtainText(std::uint64_t category);
+    const CategoryText& _obtainText(std::uint64_t drawn);
     bool _pullTexts(std::uint64_t first, std::uint64_t count);
     void _tellOfTexts();
     void _keepText(std::uint64_t category, CategoryText text);
@@ -130,6 +152,13 @@ private:
     std::uint64_t m_ownSeriesCount = 0;
     std::vector<std::vector<double>> m_oldValues; // of the data before, whose memory the next ones take
     std::uint64_t m_categoryCount = 0;
+    // In place of which the chart draws others
+    bool m_isDrawn = false;
+    std::vector<Series> m_pulledSeries;
+    std::uint64_t m_pulledCategoryCount = 0;
+    std::vector<std::uint64_t> m_drawnCategories;
+    std::vector<CategoryText> m_ownTexts;
+
     std::string m_categoryDimensionLabel;
     std::string m_measureLabel;
     KXChartDataType m_categoryDataType = KXChartDataType::String;

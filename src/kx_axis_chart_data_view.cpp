@@ -25,6 +25,8 @@ void KXAxisChartDataView::updateIsOnSecondaryAxis(bool isOnSecondaryAxis)
 bool KXAxisChartDataView::canShowSeries() const { return true; }
 bool KXAxisChartDataView::drawsSeriesAsOne() const { return false; }
 bool KXAxisChartDataView::canStack() const { return true; }
+bool KXAxisChartDataView::placesItself() const { return false; }
+bool KXAxisChartDataView::isMirrored() const { return false; }
 
 KXAxisChartStacking KXAxisChartDataView::obtainStacking() const
 {

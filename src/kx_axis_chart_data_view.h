@@ -62,8 +62,13 @@ public:
     virtual bool drawsSeriesAsOne() const;
     /** @return whether the series pile up where the value axis is stacked; by default they do */
     virtual bool canStack() const;
+    /** @return whether the marks place themselves, so that stacks as the value axis has them mean nothing; by
+     * default not */
+    virtual bool placesItself() const;
+    /** @return whether the value axis shows 0 to the greatest value on both sides; by default not */
+    virtual bool isMirrored() const;
     /** @return how the series stand to each other on their value axis */
-    KXAxisChartStacking obtainStacking() const;
+    virtual KXAxisChartStacking obtainStacking() const;
 
     // What it needs of the axes
     /** @return what the value axis has to hold, by default the values of the series and their sums; none
@@ -141,7 +146,7 @@ public:
 
 protected:
     /** @return the values of the shown series, lent until the chart's data are replaced */
-    KXAxisChartStacks _makeStacks() const;
+    virtual KXAxisChartStacks _makeStacks() const;
     KXAxisProperty& _getValueAxisProperty() const;
     /** @return where the labels of the views before this one stand */
     std::vector<UXDoubleRect> _obtainEarlierLabels() const;

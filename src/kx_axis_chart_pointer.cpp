@@ -219,9 +219,10 @@ KXChartDataPath* KXAxisChart::createItemPath(const KXChartItem& item)
     const KXChartDataProviderUse use(*this);
     auto path = std::make_unique<KXChartDataPath>();
     path->identifier = "Mark";
-    path->dimensionIndexPath = {KXAxisChartDataProvider::categoryDimension, mark.category};
+    path->dimensionIndexPath = {KXAxisChartDataProvider::categoryDimension,
+                                _obtainPulledCategory(mark.category)};
     if (auto* provider = use.as<KXAxisChartDataProvider>())
-        path->valueIndexPath = provider->obtainSeriesValuePath(this, mark.series, mark.category);
+        path->valueIndexPath = _obtainValuePath(*provider, mark);
     return path.release();
 }
 
@@ -232,7 +233,8 @@ std::vector<KXChartItem> KXAxisChart::findItems(const KXChartDataPath& path)
     const bool namesValue = path.valueIndexPath.size() > 1;
     const KXIndexPath& indexes = namesValue ? path.valueIndexPath : path.dimensionIndexPath;
     const KXIndexPath& member = path.dimensionIndexPath;
-    if (indexes.size() < 2 || indexes[1] >= obtainShownCategoryCount())
+    const auto category = indexes.size() < 2 ? std::nullopt : _findDrawnCategory(indexes[1]);
+    if (!category || *category >= obtainShownCategoryCount())
         return {};
     if (member.empty() ? !path.identifier.empty()
                        : member != KXIndexPath{KXAxisChartDataProvider::categoryDimension, indexes[1]})
@@ -242,13 +244,12 @@ std::vector<KXChartItem> KXAxisChart::findItems(const KXChartDataPath& path)
     auto* provider = use.as<KXAxisChartDataProvider>();
     std::vector<KXChartItem> items;
     for (const std::uint64_t series : shown) {
-        const bool isNamed = !namesValue ||
-                             (provider && use.isCurrent() &&
-                              provider->obtainSeriesValuePath(this, series, indexes[1]) == indexes);
+        const bool isNamed = !namesValue || (provider && use.isCurrent() &&
+                                             _obtainValuePath(*provider, {series, *category}) == indexes);
         if (!use.isAlive())
             return {};
         if (isNamed)
-            items.push_back(_makeItem({series, indexes[1]}));
+            items.push_back(_makeItem({series, *category}));
     }
     return items;
 }
@@ -269,8 +270,8 @@ UXHintInfo KXAxisChart::obtainItemHint(const KXChartItem& item)
     KXChartDataProviderHintData data;
     const KXChartDataProviderUse use(*this);
     if (auto* provider = isMark ? use.as<KXAxisChartDataProvider>() : nullptr) {
-        const KXIndexPath path = provider->obtainSeriesValuePath(this, mark.series, mark.category);
-        if (use.isCurrent())
+        const KXIndexPath path = _obtainValuePath(*provider, mark);
+        if (use.isCurrent() && !path.empty())
             data = provider->obtainHintData(this, path);
     }
     if (!use.isAlive())

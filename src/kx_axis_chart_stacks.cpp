@@ -60,8 +60,11 @@ void KXAxisChartStacks::obtainPieces(std::uint64_t category,
     pieces.clear();
     for (std::size_t position = 0; position < series.size(); ++position) {
         const double value = obtainValue(position, category);
-        if (!std::isnan(value))
-            pieces.push_back({position, value, 0, value});
+        if (std::isnan(value))
+            continue;
+        const bool floats = form == KXAxisChartStacking::Floating && category < series[position].spans.size();
+        const KXAxisChartSpan span = floats ? series[position].spans[category] : KXAxisChartSpan{0, value};
+        pieces.push_back({position, value, span.from, span.to});
     }
     if (form == KXAxisChartStacking::Stacked)
         stack(pieces);

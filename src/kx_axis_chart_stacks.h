@@ -7,9 +7,22 @@
 #include <span>
 #include <vector>
 
-/** How the values of one category stand to each other: each from zero on, on each other, or on each other as
- * parts of 100 percent. */
-enum class KXAxisChartStacking : int { Plain, Stacked, Percentage };
+/** How the values of one category stand to each other: each from zero on, on each other, on each other as
+ * parts of 100 percent, or each where its series says, whatever else is there. */
+enum class KXAxisChartStacking : int { Plain, Stacked, Percentage, Floating };
+
+/** @return whether the values of one category are parts of a whole */
+[[nodiscard]] constexpr bool kxIsStack(KXAxisChartStacking form)
+{
+    return form == KXAxisChartStacking::Stacked || form == KXAxisChartStacking::Percentage;
+}
+
+/** Between which values of its axis a floating mark lies. */
+struct KXAxisChartSpan {
+    double from = 0, to = 0;
+
+    friend bool operator==(const KXAxisChartSpan&, const KXAxisChartSpan&) = default;
+};
 
 /** What one value is before it has a place: it reaches from one value of the axis to another. */
 struct KXAxisChartStackSegment {
@@ -24,8 +37,9 @@ struct KXAxisChartStackSegment {
 struct KX_EXPORT KXAxisChartStacks {
     /** One series of values, lent. */
     struct Series {
-        std::uint64_t index = 0;        /**< by which the chart knows it */
-        std::span<const double> values; /**< one a category, finite; NaN, or none, for a null */
+        std::uint64_t index = 0;                     /**< by which the chart knows it */
+        std::span<const double> values;              /**< one a category, finite; NaN, or none, for a null */
+        std::span<const KXAxisChartSpan> spans = {}; /**< of floating marks one a category, finite */
     };
 
     std::vector<Series> series; /**< those that are shown, the first one next to zero */

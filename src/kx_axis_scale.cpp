@@ -47,7 +47,7 @@ bool isCustomRangeUsable(const KXAxisProperty& property)
 
 Range obtainDataRange(const KXAxisProperty& property, const KXAxisChartAxisCacheData& cache)
 {
-    if (property.getIsStacked())
+    if (property.getIsStacked() && !cache.isUnstackable)
         return {saturate(cache.stackedMin), saturate(cache.stackedMax)};
     return {saturate(cache.dataMin), saturate(cache.dataMax)};
 }
@@ -83,16 +83,31 @@ Range addHeadroom(const Range& range, double interval)
     return {saturate(min) + 0.0, saturate(max) + 0.0};
 }
 
-double obtainCustomTickInterval(const KXAxisProperty& property)
+bool isPercentageAxis(const KXAxisProperty& property, const KXAxisChartAxisCacheData& cache)
 {
-    return property.obtainIs100PercentStacked() ? property.getCustomAxisTickIntervalFor100PercentStacked()
-                                                : property.getCustomAxisTickInterval();
+    return property.obtainIs100PercentStacked() && !cache.isUnstackable;
+}
+
+/** Turns the axis over to the other side of zero, ticks included. */
+void mirror(KXAxisChartAxisCacheData& cache)
+{
+    constexpr double greatestTickCount = 1000; // on each side
+    cache.axisMax = std::max(cache.axisMax, 0.0);
+    if (cache.axisMax == 0)
+        cache.axisMax = 1;
+    cache.axisMin = -cache.axisMax;
+    cache.ownTicks.clear();
+    const double count = std::floor(roundOffNoise(cache.axisMax / cache.tickInterval));
+    if (!(count >= 1 && count <= greatestTickCount))
+        return;
+    for (double i = -count; i <= count; ++i)
+        cache.ownTicks.push_back(i * cache.tickInterval + 0.0);
 }
 
 void updateValueAxis(KXAxisProperty& property, KXAxisChartAxisCacheData& cache, bool roundsRange)
 {
     // 1. Percentages need no look at the data, and their bounds are round.
-    const bool isPercentage = property.obtainIs100PercentStacked();
+    const bool isPercentage = isPercentageAxis(property, cache);
     const bool isAutomatic = property.getAutoAxisRange() && !isPercentage;
     const bool isCustom = !isPercentage && !isAutomatic && isCustomRangeUsable(property);
     Range bounds = obtainDataRange(property, cache);
@@ -117,12 +132,17 @@ void updateValueAxis(KXAxisProperty& property, KXAxisChartAxisCacheData& cache, 
         bounds = addHeadroom(bounds, interval);
 
     // 4. The user's interval comes last, so that it moves no bound.
-    const double custom = obtainCustomTickInterval(property);
+    const double custom = isPercentage ? property.getCustomAxisTickIntervalFor100PercentStacked()
+                                       : property.getCustomAxisTickInterval();
     if (!property.getAutoAxisTicks() && custom > 0 && std::isfinite(custom))
         interval = custom;
     cache.axisMin = bounds.min;
     cache.axisMax = bounds.max;
     cache.tickInterval = interval;
+
+    // 5. The other side is the same.
+    if (cache.isMirrored)
+        mirror(cache);
 }
 
 /** @return how many intervals lie between the axis's minimum and value */

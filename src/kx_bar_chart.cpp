@@ -6,6 +6,8 @@
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 
+#include <utility>
+
 namespace {
 
 KXObjectID makeSeriesID(std::uint64_t series)
@@ -15,7 +17,9 @@ KXObjectID makeSeriesID(std::uint64_t series)
 
 } // namespace
 
-KXBarChart::KXBarChart() : m_dataView(_addView(std::make_unique<KXBarChartDataView>()))
+KXBarChart::KXBarChart() : KXBarChart(std::make_unique<KXBarChartDataView>()) {}
+
+KXBarChart::KXBarChart(std::unique_ptr<KXBarChartDataView> view) : m_dataView(_addView(std::move(view)))
 {
     getBarChartProperty()->registerUpdatedEvents([this](const std::string& key) {
         _applyKeyEffect(KXBarChartProperty::obtainPropertyTable().obtainEffect(key));
@@ -50,7 +54,7 @@ std::vector<KXObjectID> KXBarChart::obtainLegendCellObjectID(std::uint64_t index
 std::vector<KXObjectID> KXBarChart::_obtainMarkObjectIDs(const KXAxisChartMark& mark) const
 {
     const KXObjectIDPath category = kxCreateObjectIDPath(KXBarChartObjectIDPath::Category);
-    return {makeSeriesID(mark.series).path(category).index(mark.category)};
+    return {makeSeriesID(mark.series).path(category).index(_obtainPulledCategory(mark.category))};
 }
 
 void KXBarChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)

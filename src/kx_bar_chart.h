@@ -43,6 +43,9 @@ public:
     std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
 
 protected:
+    /** @param view draws the bars of a kind that places them in its own way */
+    explicit KXBarChart(std::unique_ptr<KXBarChartDataView> view);
+
     std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 

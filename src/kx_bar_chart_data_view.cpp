@@ -95,6 +95,8 @@ void KXBarChartDataView::reload()
     m_made->labels.clear();
 }
 
+void KXBarChartDataView::_finishBars(std::vector<KXBar>&) {}
+
 void KXBarChartDataView::layout(const KXAxisChartPlotFrame& frame)
 {
     KXBarPlane plane;
@@ -128,6 +130,7 @@ void KXBarChartDataView::placeBars(const KXAxisChartStacks& source, const KXBarP
 {
     m_made->plane = plane;
     m_made->layout = kxLayoutBars(source, plane);
+    _finishBars(m_made->layout.bars);
     m_made->widestSlot = 0;
     for (const KXBarSlot& slot : m_made->layout.slots)
         m_made->widestSlot = std::max(m_made->widestSlot, slot.end - slot.start);

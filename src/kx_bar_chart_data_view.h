@@ -88,6 +88,13 @@ public:
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
 
+protected:
+    /** Changes bars that have their places; by default none. */
+    virtual void _finishBars(std::vector<KXBar>& bars);
+    /** @return whether the text of a bar may stand beyond its end; by default not in stacks, where another
+     * bar follows */
+    virtual bool _canStandOutside(std::size_t bar) const;
+
 private:
     struct LabelRequests;
 

@@ -52,7 +52,7 @@ struct KXBarChartDataView::LabelRequests {
 double KXBarChartDataView::obtainExtraLength() const
 {
     const KXAxisChartStacking form = obtainStacking();
-    const bool hasLabels = form == KXAxisChartStacking::Plain && m_property->getShowLabels() &&
+    const bool hasLabels = !kxIsStack(form) && m_property->getShowLabels() &&
                            m_property->getLabelPosition() == KXBarLabelPosition::Outside;
     const bool hasTotals = form == KXAxisChartStacking::Stacked && m_property->getShowTotals();
     const KXXYAxisChart& chart = *getChart();
@@ -141,6 +141,11 @@ void KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, Labe
     }
 }
 
+bool KXBarChartDataView::_canStandOutside(std::size_t) const
+{
+    return !kxIsStack(obtainStacking()) || getShownSeries().size() == 1;
+}
+
 void KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::size_t index,
                                           std::size_t position, bool isExtreme, LabelRequests& requests)
 {
@@ -151,7 +156,7 @@ void KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::
     request.property = m_property->getLabelProperty();
     request.barColor = m_made->barColors[index];
     request.isExtreme = isExtreme;
-    request.canStandOutside = source.form == KXAxisChartStacking::Plain || source.series.size() == 1;
+    request.canStandOutside = _canStandOutside(index);
     const UXColor usualColor = request.property.textColor;
     getChart()->customizeMarkLabel(bar.mark, request.text, request.property);
     request.hasOwnColor = request.property.textColor != usualColor;

@@ -53,13 +53,17 @@ public:
     KXBarLayout makeLayout();
 
 private:
-    bool _isStacked() const { return m_source.form != KXAxisChartStacking::Plain; }
+    bool _isStacked() const { return kxIsStack(m_source.form); }
+    bool _isFloating() const { return m_source.form == KXAxisChartStacking::Floating; }
     std::pair<std::int64_t, std::int64_t> _findColumnsOfOne(double centre) const;
     std::pair<std::int64_t, std::int64_t> _findColumnsOfGroup(double centre) const;
     void _collectSeries(std::size_t position, const Run& run);
     void _collectStacks(const Run& run);
+    void _collectFloating(const Run& run);
     void _take(std::int64_t first, std::int64_t end, const Extreme& above, const Extreme& below);
     void _addSlot(std::size_t first, std::size_t end);
+    void _addFloating(const Column& column, const KXAxisChartInterval& across);
+    KXAxisChartStackSegment _findPiece(const Extreme& extreme);
     void _addSide(const Extreme& extreme, const KXAxisChartInterval& across);
     void _addBar(std::size_t position, std::uint64_t category, double value, double from, double to,
                  const KXAxisChartInterval& across);
@@ -78,7 +82,8 @@ private:
 
 Columns::Columns(const KXAxisChartStacks& source, const KXBarPlane& plane)
     : m_source(source), m_plane(plane), m_pixels(plane), m_room(plane.spacing * plane.pixelScale),
-      m_laneCount(_isStacked() ? 1 : std::min(source.series.size(), greatestLaneCount)), m_groupWidth(0)
+      m_laneCount(_isStacked() || _isFloating() ? 1 : std::min(source.series.size(), greatestLaneCount)),
+      m_groupWidth(0)
 {
     m_columns.resize(m_pixels.getCount());
     m_halfWidth = std::min(m_room * (m_room < leastPixelsForGap ? 1 : plane.share),
@@ -133,8 +138,11 @@ void Columns::collect()
     for (const Run& run : m_pixels.findRuns(m_source, columnsOf)) {
         if (_isStacked())
             _collectStacks(run);
-        for (std::size_t position = 0; !_isStacked() && position < m_source.series.size(); ++position)
-            _collectSeries(position, run);
+        else if (_isFloating())
+            _collectFloating(run);
+        else
+            for (std::size_t position = 0; position < m_source.series.size(); ++position)
+                _collectSeries(position, run);
     }
 }
 
@@ -181,6 +189,30 @@ void Columns::_collectStacks(const Run& run)
     _take(run.firstColumn, run.endColumn, above, below);
 }
 
+/** Of bars that float a column shows the one that reaches highest and the one that reaches lowest. */
+void Columns::_collectFloating(const Run& run)
+{
+    Extreme above, below;
+    for (std::uint64_t category = run.firstCategory; category < run.endCategory; ++category) {
+        m_source.obtainPieces(category, m_pieces);
+        for (const KXAxisChartStackSegment& piece : m_pieces) {
+            const double high = std::max(piece.from, piece.to), low = std::min(piece.from, piece.to);
+            if (above.category == none || high > above.value)
+                above = {high, category, piece.position};
+            if (below.category == none || low < below.value)
+                below = {low, category, piece.position};
+        }
+    }
+    const std::int64_t end = std::min(run.endColumn, static_cast<std::int64_t>(m_columns.size()));
+    for (std::int64_t i = std::max<std::int64_t>(run.firstColumn, 0); i < end; ++i) {
+        Column& column = m_columns[static_cast<std::size_t>(i)];
+        if (above.category != none && (column.above.category == none || above.value > column.above.value))
+            column.above = above;
+        if (below.category != none && (column.below.category == none || below.value < column.below.value))
+            column.below = below;
+    }
+}
+
 void Columns::_take(std::int64_t first, std::int64_t end, const Extreme& above, const Extreme& below)
 {
     end = std::min(end, static_cast<std::int64_t>(m_columns.size()));
@@ -207,15 +239,41 @@ void Columns::_addSlot(std::size_t first, std::size_t end)
 {
     const Column& column = m_columns[first];
     Extreme furthest = column.above;
-    furthest.take(column.below);
+    if (!_isFloating())
+        furthest.take(column.below);
     if (furthest.category == none)
         return;
     const KXAxisChartInterval across = m_pixels.obtainAcross(first, end);
     KXBarSlot slot{across.start, across.end, furthest.category, m_layout.bars.size(), 0};
-    _addSide(column.above, across);
-    _addSide(column.below, across);
+    if (_isFloating()) {
+        _addFloating(column, across);
+    } else {
+        _addSide(column.above, across);
+        _addSide(column.below, across);
+    }
     slot.endBar = m_layout.bars.size();
     m_layout.slots.push_back(slot);
+}
+
+KXAxisChartStackSegment Columns::_findPiece(const Extreme& extreme)
+{
+    m_source.obtainPieces(extreme.category, m_pieces);
+    KXAxisChartStackSegment piece = *std::ranges::find(m_pieces, extreme.position,
+                                                       &KXAxisChartStackSegment::position);
+    if (piece.to < piece.from)
+        std::swap(piece.from, piece.to);
+    return piece;
+}
+
+/** Bars follow each other, so there is no gap between the highest and the lowest one of a column. */
+void Columns::_addFloating(const Column& column, const KXAxisChartInterval& across)
+{
+    const KXAxisChartStackSegment below = _findPiece(column.below);
+    KXAxisChartStackSegment above = _findPiece(column.above);
+    above.from = std::min(above.from, below.to);
+    _addBar(below.position, column.below.category, below.value, below.from, below.to, across);
+    if (above.to > below.to)
+        _addBar(above.position, column.above.category, above.value, above.from, above.to, across);
 }
 
 /** A stack shows its pieces on that side of zero. */

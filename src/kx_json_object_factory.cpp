@@ -36,6 +36,8 @@
 #include "kx_tree_map_chart.h"
 #include "kx_value_chart.h"
 #include "kx_vertical_bar.h"
+#include "kx_waterfall_chart.h"
+#include "kx_waterfall_chart_data_view.h"
 #include "ux/ux_hint.h"
 #include "ux/ux_hint_frame.h"
 #include "ux/ux_label.h"
@@ -143,8 +145,8 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXValueListBaseItem),
     KX_TYPE_WITHOUT_CLASS(KXValueListChart),
     KX_TYPE(KXVerticalBar),
-    KX_TYPE_WITHOUT_CLASS(KXWaterfallChart),
-    KX_TYPE_WITHOUT_CLASS(KXWaterfallChartDataView),
+    KX_TYPE(KXWaterfallChart),
+    KX_TYPE(KXWaterfallChartDataView),
 };
 #undef KX_TYPE
 #undef KX_TYPE_WITHOUT_CLASS

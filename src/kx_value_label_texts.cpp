@@ -38,7 +38,7 @@ double KXValueLabelTexts::_obtainPercentage(const KXXYAxisChart& chart, const KX
 {
     std::vector<double> parts;
     parts.reserve(source.series.size());
-    if (source.form != KXAxisChartStacking::Plain) {
+    if (kxIsStack(source.form)) {
         for (std::size_t i = 0; i < source.series.size(); ++i)
             parts.push_back(std::abs(source.obtainValue(i, mark.category)));
         return kxObtainPercentages(parts, decimals)[position];

@@ -1,5 +1,7 @@
 #include "kx_value_statistics.h"
 
+#include "kx_running_sum.h"
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -34,14 +36,10 @@ double obtainScale(std::span<const double> numbers)
 
 double sumOf(std::span<const double> numbers, double scale)
 {
-    double sum = 0, lost = 0;
-    for (const double number : numbers) {
-        const double value = number / scale;
-        const double next = sum + value;
-        lost += std::abs(sum) >= std::abs(value) ? (sum - next) + value : (value - next) + sum;
-        sum = next;
-    }
-    return sum + lost;
+    KXRunningSum sum;
+    for (const double number : numbers)
+        sum.add(number / scale);
+    return sum.obtainSum();
 }
 
 double meanOf(std::span<const double> numbers, double scale)

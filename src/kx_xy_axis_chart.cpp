@@ -194,9 +194,16 @@ void KXXYAxisChart::_updateCategoryRange()
 bool KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis)
 {
     std::optional<KXAxisChartValueRange> range;
+    const bool wasMirrored = axis.cache.isMirrored;
+    axis.cache.isUnstackable = axis.cache.isMirrored = false;
     for (const auto& view : getDataViews())
-        if (view->getIsOnSecondaryAxis() == (&axis == &m_secondaryY))
+        if (view->getIsOnSecondaryAxis() == (&axis == &m_secondaryY)) {
             range = kxUniteValueRanges(range, view->obtainValueRange());
+            axis.cache.isUnstackable = axis.cache.isUnstackable || view->placesItself();
+            axis.cache.isMirrored = axis.cache.isMirrored || view->isMirrored();
+        }
+    if (wasMirrored && !axis.cache.isMirrored)
+        axis.cache.ownTicks.clear();
     const bool isUsed = range.has_value();
     if (!range)
         range.emplace();
@@ -342,7 +349,9 @@ void KXXYAxisChart::axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, 
     if (axis == &m_x)
         text = _obtainCategoryTickText(value);
     else if (axis)
-        text = kxFormatAxisTick(*axis->property, *axis->dataFormat, value);
+        text = axis->cache.isUnstackable
+                   ? axis->dataFormat->formatNumber(axis->cache.isMirrored ? std::abs(value) : value)
+                   : kxFormatAxisTick(*axis->property, *axis->dataFormat, value);
 }
 
 /** On a continuous axis ticks are values between the categories. */

@@ -151,5 +151,8 @@
 #include "kx_value_chart_data_user.h"
 #include "kx_vertical_bar.h"
 #include "kx_virtual_axis_label_info.h"
+#include "kx_waterfall_chart.h"
+#include "kx_waterfall_chart_data_view.h"
 #include "kx_waterfall_chart_options.h"
+#include "kx_waterfall_steps.h"
 #include "kx_xy_axis_chart.h"

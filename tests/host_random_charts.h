@@ -20,6 +20,7 @@
 #include "ux/ux_text_option.h"
 
 #include <algorithm>
+#include <array>
 #include <initializer_list>
 #include <map>
 #include <memory>
@@ -115,9 +116,13 @@ public:
         table->categoryCount = hasAxes ? static_cast<std::uint64_t>(pick(categoryCounts)) : 1;
         const int measures = hasAxes ? pick(measureCounts) : type == "KXGaugeChart" ? 4 - below(12) / 9 : 1;
         const int kind = below(7);
+        if (type == "KXWaterfallChart" || type == "KXTornadoChart")
+            table->memberCount = static_cast<std::uint64_t>(pick(std::array{0, 0, 1, 2, 3, 5, 12}));
+        const std::uint64_t valueCount = table->categoryCount *
+                                         std::max<std::uint64_t>(table->memberCount, 1);
         table->values.assign(static_cast<std::size_t>(measures), {});
         for (std::vector<double>& values : table->values)
-            for (std::uint64_t i = 0; i < table->categoryCount; ++i)
+            for (std::uint64_t i = 0; i < valueCount; ++i)
                 values.push_back(oneIn(9) ? KXAxisChartTestProvider::null : _makeNumber(kind));
         if (type == "KXGaugeChart" && !oneIn(4) && measures == 4)
             std::sort(table->values.begin(), table->values.end());
