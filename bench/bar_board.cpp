@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_property.h"
 #include "kx_chart_property.h"
+#include "kx_waterfall_chart.h"
 
 #include <algorithm>
 #include <utility>
@@ -33,23 +34,32 @@ void BarTable::obtainSeriesValues(KXChartDataUser*, std::uint64_t series, std::u
     std::copy_n(numbers.begin() + static_cast<std::ptrdiff_t>(begin), values.size(), values.begin());
 }
 
-BarBoard::BarBoard(const std::vector<double>& values, std::size_t seriesCount)
+template <class Chart>
+BarBoardOf<Chart>::BarBoardOf(const std::vector<double>& values, std::size_t seriesCount)
 {
     constexpr double factor = 1.3;
     for (const double value : values)
         m_otherNumbers.push_back(factor * value);
     std::ranges::reverse(m_otherNumbers);
-    m_provider.numbers = values;
-    m_provider.seriesCount = seriesCount;
-    m_chart.getChartProperty()->updateTitleValue("Bars");
-    m_chart.getAxisChartProperty()->updateEnableScroll(false);
-    reload();
+    this->m_provider.numbers = values;
+    this->m_provider.seriesCount = seriesCount;
+    this->m_chart.getChartProperty()->updateTitleValue("Bars");
+    this->m_chart.getAxisChartProperty()->updateEnableScroll(false);
+    this->reload();
 }
 
-void BarBoard::update()
+template <class Chart>
+void BarBoardOf<Chart>::update()
 {
-    std::swap(m_provider.numbers, m_otherNumbers);
-    reload();
+    std::swap(this->m_provider.numbers, m_otherNumbers);
+    this->reload();
 }
 
-bool BarBoard::hit(const UXPoint& point) { return !uxIsEmptyRect(m_chart.obtainHintArea(point)); }
+template <class Chart>
+bool BarBoardOf<Chart>::hit(const UXPoint& point)
+{
+    return !uxIsEmptyRect(this->m_chart.obtainHintArea(point));
+}
+
+template class BarBoardOf<KXBarChart>;
+template class BarBoardOf<KXWaterfallChart>;

@@ -26,12 +26,13 @@ public:
     std::size_t seriesCount = 1;
 };
 
-/** A bar chart of one or some series: the pictures that the comparison of chart libraries calls "bars" and
- * "bars3". All categories are shown at once. */
-class BarBoard : public ChartBoard<KXBarChart, BarTable> {
+/** A chart of bars: the pictures that the comparison of chart libraries calls "bars" and "bars3", and a
+ * waterfall. All categories are shown at once. */
+template <class Chart>
+class BarBoardOf : public ChartBoard<Chart, BarTable> {
 public:
     /** @param values one series after the other, of the same length each */
-    BarBoard(const std::vector<double>& values, std::size_t seriesCount);
+    BarBoardOf(const std::vector<double>& values, std::size_t seriesCount);
 
     /** Replaces the data by other ones, with another range, and back again with the next call. */
     void update();
@@ -41,3 +42,5 @@ public:
 private:
     std::vector<double> m_otherNumbers; // those that the provider does not have just now
 };
+
+using BarBoard = BarBoardOf<KXBarChart>;

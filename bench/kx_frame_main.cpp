@@ -6,6 +6,7 @@
 #include "kx_area_chart.h"
 #include "kx_line_bar_chart.h"
 #include "kx_line_chart.h"
+#include "kx_waterfall_chart.h"
 #include "line_board.h"
 #include "pie_board.h"
 #include "tree_board.h"
@@ -163,13 +164,14 @@ std::vector<double> readBars(long categoryCount, std::size_t seriesCount)
                        categoryCount * static_cast<long>(seriesCount));
 }
 
+template <class Chart>
 int runBars(const Start& start, const Command& command, std::size_t seriesCount)
 {
     const std::vector<double> values = readBars(command.size, seriesCount);
     if (values.empty())
         return 3;
     return run(start, command, {},
-               [&] { return std::make_unique<BoardFrame<BarBoard>>(values, seriesCount); });
+               [&] { return std::make_unique<BoardFrame<BarBoardOf<Chart>>>(values, seriesCount); });
 }
 
 template <class Chart>
@@ -229,7 +231,9 @@ int main(int argc, char** argv)
     if (command.item == "pie")
         return run(start, command, {}, makeBoard<PieBoard>);
     if (command.item == "bars" || command.item == "bars3")
-        return runBars(start, command, command.item == "bars" ? 1 : 3);
+        return runBars<KXBarChart>(start, command, command.item == "bars" ? 1 : 3);
+    if (command.item == "waterfall")
+        return runBars<KXWaterfallChart>(start, command, 1);
     if (command.item == "line")
         return runLines<KXLineChart>(start, command, readNumbers("line.f64", command.size), 1, "Line");
     if (command.item == "area")

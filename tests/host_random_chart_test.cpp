@@ -206,10 +206,8 @@ void updateChart(KXChart& chart, const Json& wanted)
 }
 
 /** @return what the hint of the item says beside its name, nothing where none shows */
-std::optional<std::string> obtainHintValue(KXChart& chart, const KXIndexPath& value)
+std::optional<std::string> obtainHintValue(KXChart& chart, KXChartDataPath& path)
 {
-    KXChartDataPath path;
-    path.valueIndexPath = value;
     chart.showLinkedHighlight(path, nullptr);
     auto& hint = dynamic_cast<UXHintDelegate&>(chart);
     const UXHintInfo info = hint.getHintInfo();
@@ -240,9 +238,9 @@ std::vector<std::pair<KXAxisChartMark, std::string>> obtainMarkLabels(const KXXY
 }
 
 /** @return what is wrong with the hints of the items that have a label, empty where nothing is */
-std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
+std::string checkHints(KXChart& chart)
 {
-    const auto check = [&](const KXIndexPath& path, const std::string& label, bool isWhole) -> std::string {
+    const auto check = [&](KXChartDataPath& path, const std::string& label, bool isWhole) -> std::string {
         if (label.empty()) // there is no room for it, and nothing to point at
             return {};
         const std::optional<std::string> hint = obtainHintValue(chart, path);
@@ -253,21 +251,27 @@ std::string checkHints(KXChart& chart, KXAxisChartDataProvider& provider)
         return "the hint says \"" + *hint + "\", the label \"" + label + "\"";
     };
     std::string fault;
+    KXChartDataPath path;
     if (auto* value = dynamic_cast<KXValueChart*>(&chart)) {
+        path.valueIndexPath = {0, 0};
         if (value->getValueLabel()->getVisible())
-            fault = check({0, 0}, value->getValueLabel()->getText(), true);
+            fault = check(path, value->getValueLabel()->getText(), true);
     } else if (auto* gauge = dynamic_cast<KXGaugeChart*>(&chart)) {
         const KXChartLabel* labels[] = {gauge->getMainLabel(), gauge->getTargetLabel(), gauge->getMinLabel(),
                                         gauge->getMaxLabel()};
         for (std::uint64_t i = 0; i < std::size(labels) && fault.empty(); ++i) {
             const std::string caption = i == 1 ? gauge->getTargetCaption() : "";
+            path.valueIndexPath = {i, 0};
             if (labels[i]->getVisible())
-                fault = check({i, 0}, labels[i]->getText().substr(caption.size()), true);
+                fault = check(path, labels[i]->getText().substr(caption.size()), true);
         }
     } else if (auto* axes = dynamic_cast<KXXYAxisChart*>(&chart)) {
-        for (const auto& [mark, text] : obtainMarkLabels(*axes))
-            if (fault.empty())
-                fault = check(provider.obtainSeriesValuePath(axes, mark.series, mark.category), text, false);
+        for (const auto& [mark, text] : obtainMarkLabels(*axes)) {
+            const std::unique_ptr<KXChartDataPath> own(axes->createItemPath({0, mark.series, mark.category}));
+            // Of two totals the same members can be gathered.
+            if (fault.empty() && own->identifier != "Others")
+                fault = check(*own, text, false);
+        }
     }
     return fault;
 }
@@ -362,7 +366,7 @@ public:
         if (fault.empty())
             fault = _compare("drawn again", *chart);
         if (fault.empty())
-            fault = checkHints(*chart, *m_table);
+            fault = checkHints(*chart);
         if (fault.empty())
             fault = _compare("after its hints", *chart);
         if (fault.empty())
@@ -515,6 +519,6 @@ TEST(RandomChart, TheGallerysHintsSayWhatItsLabelsSay)
         ChartDataSource source(sample.data, sample.binding, {});
         document.loadData(&source.getProvider());
         draw(document.getChart(), {});
-        EXPECT_EQ(checkHints(document.getChart(), source.getProvider()), "") << sample.name;
+        EXPECT_EQ(checkHints(document.getChart()), "") << sample.name;
     }
 }
