@@ -226,7 +226,7 @@ bool KXChart::_showLegend()
 void KXChart::_reloadAnew()
 {
     KXChartDataUser* user = obtainLegendDataUser();
-    if (user && user->preparedAndReloadedData())
+    if (user && user->reloadedData()) // those without values have a legend as well
         user->reloadData();
 }
 

@@ -260,6 +260,7 @@ void KXLegend::_measureCells()
         m_cellObjectIDs.push_back(std::move(objectIDs));
     }
     m_dataUpdated = false;
+    m_cellVisibleUpdated = true; // the widest of those that are shown may be another one
 }
 
 void KXLegend::_collectShownCells()

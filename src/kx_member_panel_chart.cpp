@@ -152,6 +152,7 @@ bool KXMemberPanelChart::_isOthers(const KXChartItem& item) const
 std::vector<KXChartItem> KXMemberPanelChart::_obtainHeldItems(const KXChartItem& item) const
 {
     std::vector<KXChartItem> items;
+    items.reserve(1 + (m_listed.isOthers(item.group) ? m_listed : m_listedIndexes).getGathered().size());
     if (m_listed.isOthers(item.group))
         for (const std::uint64_t group : m_listed.getGathered())
             items.push_back({item.kind, group, item.index});
@@ -334,7 +335,7 @@ bool KXMemberPanelChart::customDeserialize()
 {
     const UXObjectWatcher self(this);
     const bool isComplete = KXPanelChart::customDeserialize();
-    if (self.isAlive() && preparedAndReloadedData())
+    if (self.isAlive() && reloadedData())
         reloadData();
     return isComplete;
 }

@@ -78,6 +78,7 @@ void KXPie::customSerialize()
     serializeDouble("m_holeRadius", m_holeRadius);
     serializeDouble("m_total", m_total);
     std::vector<UXJsonObject*> segments;
+    segments.reserve(m_segments.size());
     for (KXPieSegmentInfo& segment : m_segments)
         segments.push_back(&segment);
     serializeObjectList("m_segments", segments);
@@ -99,6 +100,7 @@ bool KXPie::customDeserialize()
         return false;
     m_segments.assign(static_cast<std::size_t>(std::min(count, mostSegments)), {});
     std::vector<UXJsonObject*> segments;
+    segments.reserve(m_segments.size());
     for (KXPieSegmentInfo& segment : m_segments)
         segments.push_back(&segment);
     return deserializeExistingObjectList("m_segments", segments) && count <= mostSegments && complete;

@@ -224,7 +224,11 @@ const std::vector<double>& KXTreeMapChart::_obtainPercentages() const
 {
     if (!m_percentages.empty())
         return m_percentages;
+    std::size_t count = 0;
+    for (const Branch& branch : m_branches)
+        count += branch.leaves.size();
     std::vector<double> values;
+    values.reserve(count);
     for (const Branch& branch : m_branches)
         for (const Leaf& leaf : branch.leaves)
             values.push_back(leaf.value);

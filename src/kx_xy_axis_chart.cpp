@@ -487,7 +487,7 @@ bool KXXYAxisChart::customDeserialize()
     bool complete = KXAxisChart::customDeserialize();
     complete = obtainPropertyTable().read(*this) && complete;
     const UXObjectWatcher self(this);
-    if (preparedAndReloadedData())
+    if (reloadedData())
         reloadData();
     else
         reloadColors(); // of a legend without values
