@@ -48,8 +48,17 @@ std::string obtainLink(const std::string& name)
     return "[" + name + "](#" + anchor + ")";
 }
 
+/** @return one of the objects of a list; null for what is no list of objects */
+std::unique_ptr<UXJsonObject> makeElement(const UXPropertyType& type)
+{
+    const char* const name = type.element ? type.element().name : nullptr;
+    return std::unique_ptr<UXJsonObject>(name ? KXJsonObjectFactory().create(name) : nullptr);
+}
+
 std::string obtainTypeText(const UXPropertyType& type)
 {
+    if (makeElement(type))
+        return "list of: object: " + obtainLink(type.element().name);
     if (type.element)
         return "list of: " + obtainTypeText(type.element());
     if (!type.names)
@@ -111,6 +120,8 @@ std::string KeyReference::_addObject(UXJsonObject& object, const std::string& pa
                 m_otherDefaults += "| `" + path + property.key + "` | " + value + " |\n";
             if (&property.type() == &uxObtainNestedObjectType())
                 _addObject(*static_cast<UXJsonObject*>(property.place(owner)), path + property.key + ".");
+            if (const std::unique_ptr<UXJsonObject> element = makeElement(property.type()))
+                _addObject(*element, path + property.key + ".");
         }
     }
     return links;

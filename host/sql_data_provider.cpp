@@ -4,10 +4,13 @@
 #include "sql_session.h"
 #include "time_step.h"
 
+#include <limits>
+
 namespace {
 
 /** What charts take for the level where none was given. */
 constexpr auto noLevel = static_cast<KXChartAggregateType>(0);
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr auto numberLevel = static_cast<KXChartAggregateType>(6);
 
 bool isNumeric(KXChartDataType type)
@@ -254,7 +257,8 @@ void SqlDataProvider::obtainCategoryNumbers(KXChartDataUser*, std::uint64_t firs
     const bool hasCategories = m_data.getDimensionCount() > categoryDimension;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const std::uint64_t category = firstCategory + i;
-        const bool isMember = hasCategories && category < m_data.getMembers(categoryDimension).size();
-        numbers[i] = isMember ? m_data.getMembers(categoryDimension)[category].number : 0;
+        const bool isMember = hasCategories && category < m_data.getMembers(categoryDimension).size() &&
+                              m_data.getMembers(categoryDimension)[category].hasNumber();
+        numbers[i] = isMember ? m_data.getMembers(categoryDimension)[category].number : noNumber;
     }
 }

@@ -142,6 +142,8 @@ protected:
     virtual UXPoint _obtainHintPoint(const KXAxisChartMark& mark) = 0;
     /** @return the category that is explained at a point of the plot's space beside the marks */
     virtual std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const = 0;
+    /** @return the next category along their axis, none after the last */
+    virtual std::optional<std::uint64_t> _obtainCategoryBeside(std::uint64_t category, bool forwards) const;
     /** Brings the data's ranges into the axes: the data changed, or other series are shown. */
     virtual void _updateDataRanges() = 0;
     /** @return the path of a mark's value by which the host knows it; by default that of its series and
@@ -153,6 +155,8 @@ protected:
     virtual std::vector<UXColor> _obtainUsualColors() const;
     /** @return the series' identifiers for interactions with one mark */
     virtual std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const;
+    /** Places the labels of the marks, whose texts may be others now. */
+    virtual void _layoutMarkLabels();
 
     // What a chart type calls
     /** Puts a view in front of those before that place. */
@@ -190,7 +194,6 @@ private:
     KXChartItem _makeItem(const KXAxisChartMark& mark) const;
     void _shownSeriesChanged();
     void _updateViewLooks();
-    void _layoutMarkLabels();
     void _loadHostColors(const std::vector<KXAxisChartMark>& marks);
     std::optional<KXAxisChartMark> _hitMark(UXPoint point) const;
     UXRect _obtainMarkPlace(const KXAxisChartMark& mark) const;

@@ -38,6 +38,7 @@ struct KX_EXPORT KXAxisChartAxis {
     KXAxisChartAxisCacheData cache;
     UXPosition position = UXPosition::Bottom; /**< the side of the marks at which it stands */
     bool isUsed = true;                       /**< off: nothing of it is shown, and it takes no room */
+    bool sharesGrid = true;                   /**< off: its grid lines would lie beside those of another */
     bool ticksChanged = true;                 /**< since the labels were told of them */
     KXAxis* axis = nullptr;
     KXAxisTickLabelView* labels = nullptr;

@@ -18,6 +18,8 @@ struct KXAxisChartAxisCacheData {
     bool isSmallRange = false;  /**< a range below the wanted number of ticks is one interval */
     bool isNumberDimension = false; /**< what the categories are, where there are some */
     bool isTemporalDimension = false;
+    bool isLogarithmic =
+        false; /**< the range made of the data's is one of exponents to base ten; so are ticks */
     std::uint64_t categoryCount = 0;
     /** Ticks of an axis of values that do not stand in even intervals, each above the one before: where there
      * are any, those are its ticks, as days that begin months are. */

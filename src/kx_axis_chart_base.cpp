@@ -88,6 +88,8 @@ double KXAxisChartBase::_obtainMinCategorySpacing() const
     return kxObtainDensityRoom(m_axisChartProperty->getDataDensity()).category;
 }
 
+void KXAxisChartBase::_customUpdateTicks() {}
+
 KXAxisChartAxis& KXAxisChartBase::_addAxis()
 {
     KXAxisChartAxis& added = *m_axes.emplace_back(std::make_unique<KXAxisChartAxis>());
@@ -251,7 +253,7 @@ void KXAxisChartBase::_layoutGrid()
             const UXDoublePoint point = axis.obtainDoubleValuePositionInAxis(value);
             return alongX ? point.x : point.y;
         };
-        if (own->property->getShowGridLine()) {
+        if (own->property->getShowGridLine() && own->sharesGrid) {
             const auto limit = static_cast<std::size_t>(
                 std::max(axis.obtainAxisLength() / leastGridPitch, 1.0));
             const auto [first, last] = axis.obtainCurrentFirstLastValues();
@@ -260,7 +262,8 @@ void KXAxisChartBase::_layoutGrid()
             for (const double tick : kxObtainAxisTicks(own->cache, first, last, limit))
                 lines.places.push_back(placeOf(tick));
         }
-        const bool hasZero = own->cache.isValueAxis && axis.getMinValue() < 0 && axis.getMaxValue() > 0;
+        const bool hasZero = own->cache.isValueAxis && !own->cache.isLogarithmic && axis.getMinValue() < 0 &&
+                             axis.getMaxValue() > 0;
         if (hasZero && own.get() != _obtainScrolledAxis() && m_axisChartProperty->getShowZeroLine())
             zeros.push_back({!alongX, {placeOf(0)}, own->property->getAxisColor()});
     }

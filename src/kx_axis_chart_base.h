@@ -67,6 +67,9 @@ protected:
     // What a chart type answers
     /** Brings the ranges of the axes up to date and gives them to the KXAxis objects. */
     virtual void _customUpdateAxes() = 0;
+    /** Brings ticks up to date that depend on how long the axes are, which may be others in each round of the
+     * layout; by default there are none. */
+    virtual void _customUpdateTicks();
     /** @return the axis along which the chart scrolls, the one of the categories; null for none */
     virtual KXAxisChartAxis* _obtainScrolledAxis() const = 0;
     /** @return the least room of a category along its axis, in logical units; with less the chart scrolls. By

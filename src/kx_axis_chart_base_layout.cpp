@@ -157,6 +157,9 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
     m_fitsCategories = false;
     for (int round = 0; round < rounds; ++round) {
         _placeAxes(_obtainArea(bands, scrolls));
+        _customUpdateTicks();
+        if (!self.isAlive())
+            return;
         _placeLabels(bands);
         bands = _measureBands(detail);
         if (!self.isAlive())
@@ -181,6 +184,9 @@ bool KXAxisChartBase::_settleScroll(const Bands& bands, bool scrolls)
     for (const auto& [tried, fits] : {std::pair(scrolls, false), {!scrolls, false}, {false, true}}) {
         m_fitsCategories = fits;
         _placeAxes(_obtainArea(bands, tried));
+        _customUpdateTicks();
+        if (!self.isAlive())
+            return false;
         _placeLabels(bands);
         // Asked for their length, the labels say what they need at the end of the axis, and the marks are
         // placed by that.
@@ -231,12 +237,14 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         labels.setTextProperty(property.getTickLabelProperty());
         labels.setTickLabelRotationType(property.getTickLabelRotationType());
         // Numbers that may be thinned out are not turned: they stay below their lines of the grid.
-        const bool isCategories = &axis == _obtainScrolledAxis();
+        const bool isScrolled = &axis == _obtainScrolledAxis();
+        const bool isCategories = isScrolled && !axis.cache.isValueAxis;
         const bool mayTurn = isCategories ||
                              property.getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Auto;
         labels.setAutoRotateLabels(mayTurn && plot.height / labelDivider >= leastTurnedLength);
         labels.setPrefersAllLabels(isCategories);
-        labels.setShowLabelInBound(isCategories && axis.isHorizontal());
+        const bool endsAtTitle = !isCategories && property.getShowTitleAtEndOfAxis();
+        labels.setShowLabelInBound(isScrolled && axis.isHorizontal() && !endsAtTitle);
         labels.setTickLabelIntervalMode(property.getTickLabelIntervalMode());
         labels.setUseFixedTickLabelIntervalForAutoIntervalMode(
             property.getUseFixedTickLabelIntervalForAutoIntervalMode());
@@ -362,10 +370,11 @@ void KXAxisChartBase::_placeAxes(const UXRect& area)
         KXAxis& axis = *own->axis;
         axis.setVisible(own->isUsed);
         axis.setShowAxis(own->property->getShowAxis());
+        const bool isReversed = own.get() != scrolled && m_axisChartProperty->getIsYReversed();
         if (own->isHorizontal())
-            axis.setVectorNotation(1, 0);
+            axis.setVectorNotation(isReversed ? -1 : 1, 0);
         else
-            axis.setVectorNotation(0, own.get() == scrolled ? -1 : 1);
+            axis.setVectorNotation(0, own.get() == scrolled || isReversed ? -1 : 1);
         if (own.get() == scrolled && m_fitsCategories)
             axis.setValueSpacing(-1);
         axis.setMinValueSpacing(own.get() == scrolled ? _obtainScrolledSpacing(*own, area) : -1);

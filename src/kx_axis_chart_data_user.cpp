@@ -466,7 +466,9 @@ const std::vector<double>& KXAxisChartDataUser::obtainCategoryNumbers()
     if (!use.isAlive())
         return noValues;
     m_categoryNumbersPulled = true;
-    if (std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); }))
+    std::ranges::replace_if(
+        numbers, [](double number) { return !std::isfinite(number); }, noNumber);
+    if (!std::ranges::all_of(numbers, [](double number) { return std::isnan(number); }))
         m_categoryNumbers = std::move(numbers);
     return m_categoryNumbers;
 }

@@ -79,8 +79,8 @@ public:
     bool hasCategoryText(std::uint64_t category) const;
     /** @return whether the host wants that text formatted as the date or time that it is */
     bool obtainShouldFormatCategoryText(std::uint64_t category);
-    /** @return where the categories stand on a continuous axis, one finite number each; empty where the
-     * categories are no numbers, or one of them has none */
+    /** @return where the categories stand on a continuous axis, NaN for one without a number; empty where the
+     * categories are no numbers, or none of them has one */
     const std::vector<double>& obtainCategoryNumbers();
 
     /** @param series those that count

@@ -8,6 +8,8 @@
 #include "ux/ux_symbol_style.h"
 
 #include <algorithm>
+#include <limits>
+#include <span>
 #include <tuple>
 
 KXAxisChartDataView::KXAxisChartDataView() = default;
@@ -27,6 +29,7 @@ bool KXAxisChartDataView::drawsSeriesAsOne() const { return false; }
 bool KXAxisChartDataView::canStack() const { return true; }
 bool KXAxisChartDataView::placesItself() const { return false; }
 bool KXAxisChartDataView::isMirrored() const { return false; }
+bool KXAxisChartDataView::prefersContinuousDates() const { return false; }
 
 KXAxisChartStacking KXAxisChartDataView::obtainStacking() const
 {
@@ -43,6 +46,13 @@ std::optional<KXAxisChartValueRange> KXAxisChartDataView::obtainValueRange() con
     if (m_shownSeries.empty())
         return std::nullopt;
     const bool withSums = canStack() && _getValueAxisProperty().getIsStacked();
+    if (m_chart->isLogarithmic(_getValueAxisProperty())) {
+        KXValueExtremes positive;
+        for (const std::uint64_t series : m_shownSeries)
+            positive.take(kxFindValueExtremes(m_chart->obtainPlottedValues(series)));
+        return positive.isEmpty() ? KXAxisChartValueRange()
+                                  : KXAxisChartValueRange{positive.min, positive.max};
+    }
     KXAxisChartValueRange range = m_chart->obtainValueRange(m_shownSeries,
                                                             m_chart->obtainShownCategoryCount(), withSums);
     if (!canStack()) {
@@ -73,6 +83,8 @@ std::vector<UXDoubleRect> KXAxisChartDataView::_obtainEarlierLabels() const
         const std::vector<UXDoubleRect> own = view->obtainLabelRects();
         rects.insert(rects.end(), own.begin(), own.end());
     }
+    if (const std::optional<UXDoubleRect> note = m_chart->obtainNoteRect())
+        rects.push_back(*note);
     return rects;
 }
 
@@ -94,7 +106,8 @@ std::optional<UXPoint> KXAxisChartDataView::obtainHintPoint(const KXAxisChartMar
 
 double KXAxisChartDataView::obtainValue(const KXAxisChartMark& mark) const
 {
-    return m_chart->getValue(mark.series, mark.category);
+    return m_chart->isPlaced(mark) ? m_chart->getValue(mark.series, mark.category)
+                                   : std::numeric_limits<double>::quiet_NaN();
 }
 
 void KXAxisChartDataView::fillHintRow(UXHintRowInfo&, const KXAxisChartMark&) {}
@@ -135,9 +148,10 @@ KXAxisChartStacks KXAxisChartDataView::_makeStacks() const
 {
     KXAxisChartStacks stacks;
     for (const std::uint64_t series : m_shownSeries)
-        stacks.series.push_back({series, m_chart->getSeriesValues(series)});
+        stacks.series.push_back({series, m_chart->obtainPlottedValues(series)});
     stacks.form = obtainStacking();
-    stacks.categoryNumbers = m_chart->getCategoryNumbers();
+    stacks.categoryNumbers = m_chart->getCategoryPlaces().getNumbers();
+    stacks.categories = m_chart->getCategoryPlaces().getCategories();
     std::tie(stacks.first, stacks.end) = m_chart->obtainVisibleCategories();
     return stacks;
 }

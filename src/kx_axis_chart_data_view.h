@@ -67,6 +67,9 @@ public:
     virtual bool placesItself() const;
     /** @return whether the value axis shows 0 to the greatest value on both sides; by default not */
     virtual bool isMirrored() const;
+    /** @return whether members that are dates lie at their numbers unless somebody says otherwise; by default
+     * they have slots, as bars want them */
+    virtual bool prefersContinuousDates() const;
     /** @return how the series stand to each other on their value axis */
     virtual KXAxisChartStacking obtainStacking() const;
 

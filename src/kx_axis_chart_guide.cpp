@@ -35,7 +35,7 @@ double KXAxisChart::_obtainPlaceAlong(const KXAxisChartMark& mark) const
     const KXAxisChartDataView* view = obtainViewOfSeries(mark.series);
     if (const auto own = view ? view->obtainHintPoint(mark) : std::nullopt)
         return isVertical() ? own->y : own->x;
-    return view ? view->getChart()->obtainLinearScale(mark.series).obtainPosition(_obtainMarkValue(mark)) : 0;
+    return view ? view->getChart()->obtainValueScale(mark.series).obtainPosition(_obtainMarkValue(mark)) : 0;
 }
 
 /** @return where series are read together, the one that lies next to a point of the plot's space */

@@ -28,14 +28,6 @@ std::uint64_t findRunEnd(std::uint64_t first, std::uint64_t guess, const IsInsid
     return last + 1;
 }
 
-bool neverGoesBack(const KXAxisChartStacks& values)
-{
-    for (std::uint64_t category = values.first + 1; category < values.end; ++category)
-        if (values.obtainCategoryValue(category - 1) > values.obtainCategoryValue(category))
-            return false;
-    return true;
-}
-
 } // namespace
 
 KXAxisChartPixelColumns::KXAxisChartPixelColumns(const KXAxisChartPlotFrame& frame) : m_frame(frame)
@@ -72,7 +64,6 @@ std::vector<KXAxisChartPixelRun> KXAxisChartPixelColumns::findRuns(const KXAxisC
         const double place = m_frame.categories.obtainPosition(values.obtainCategoryValue(category));
         return columnsOf(m_frame.toPixel(place) - m_firstPixel);
     };
-    const bool isSorted = values.categoryNumbers.empty() || neverGoesBack(values);
     std::vector<KXAxisChartPixelRun> runs;
     std::uint64_t guess = 0;
     for (std::uint64_t category = values.first; category < values.end;) {
@@ -80,7 +71,7 @@ std::vector<KXAxisChartPixelRun> KXAxisChartPixelColumns::findRuns(const KXAxisC
         const auto isInside = [&](std::uint64_t other) {
             return other < values.end && find(other) == columns;
         };
-        const std::uint64_t end = isSorted ? findRunEnd(category, guess, isInside) : category + 1;
+        const std::uint64_t end = findRunEnd(category, guess, isInside);
         if (columns.second > 0 && columns.first < static_cast<std::int64_t>(m_count))
             runs.push_back({category, end, columns.first, columns.second});
         // The next one is about as long.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kx_axis_chart_linear_scale.h"
+#include "kx_axis_chart_scale.h"
 #include "kx_export.h"
 #include "ux/ux_double_point.h"
 #include "ux/ux_double_rect.h"
@@ -23,7 +23,7 @@ struct KXAxisChartInterval {
 struct KX_EXPORT KXAxisChartPlotFrame {
     bool isVertical = true; /**< values grow upwards, and categories follow each other along x */
     UXRect area;            /**< nothing lies outside of it */
-    KXAxisChartLinearScale categories, values;
+    KXAxisChartScale categories, values;
     double spacing = 0;                     /**< the room of one category */
     double pixelScale = 1, pixelOffset = 0; /**< the device pixel at a place across: place * scale + offset */
 

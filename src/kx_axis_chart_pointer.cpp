@@ -151,14 +151,20 @@ std::optional<KXChartItem> KXAxisChart::obtainItemBeside(const std::optional<KXC
 
 std::optional<KXChartItem> KXAxisChart::_obtainMarkAlong(const KXAxisChartMark& from, bool forwards) const
 {
-    const std::uint64_t count = obtainShownCategoryCount();
     KXAxisChartMark mark = from;
-    while (forwards ? mark.category + 1 < count : mark.category > 0) {
-        mark.category += forwards ? 1 : std::uint64_t(-1);
+    while (const std::optional<std::uint64_t> beside = _obtainCategoryBeside(mark.category, forwards)) {
+        mark.category = *beside;
         if (hasItem(_makeItem(mark)))
             return _makeItem(mark);
     }
     return std::nullopt;
+}
+
+std::optional<std::uint64_t> KXAxisChart::_obtainCategoryBeside(std::uint64_t category, bool forwards) const
+{
+    if (forwards ? category + 1 >= obtainShownCategoryCount() : category == 0)
+        return std::nullopt;
+    return forwards ? category + 1 : category - 1;
 }
 
 std::optional<KXChartItem> KXAxisChart::_obtainMarkAcross(const KXAxisChartMark& from, bool forwards) const
@@ -179,15 +185,14 @@ std::optional<KXChartItem> KXAxisChart::_obtainMarkAcross(const KXAxisChartMark&
 /** Category by category, in each of them series by series. */
 std::optional<KXChartItem> KXAxisChart::_obtainMarkInOrder(const KXAxisChartMark& from, bool forwards) const
 {
-    const std::uint64_t count = obtainShownCategoryCount();
     KXAxisChartMark mark = from;
     while (true) {
         if (const std::optional<KXChartItem> beside = _obtainMarkAcross(mark, forwards))
             return beside;
-        if (forwards ? mark.category + 1 >= count : mark.category == 0)
+        const std::optional<std::uint64_t> next = _obtainCategoryBeside(mark.category, forwards);
+        if (!next)
             return std::nullopt;
-        mark = {forwards ? getShownSeries().front() : getShownSeries().back(),
-                mark.category + (forwards ? 1 : std::uint64_t(-1))};
+        mark = {forwards ? getShownSeries().front() : getShownSeries().back(), *next};
         if (hasItem(_makeItem(mark)))
             return _makeItem(mark);
     }

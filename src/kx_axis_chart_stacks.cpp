@@ -43,9 +43,14 @@ void divideWhole(std::vector<KXAxisChartStackSegment>& pieces)
 
 } // namespace
 
-double KXAxisChartStacks::obtainCategoryValue(std::uint64_t category) const
+std::uint64_t KXAxisChartStacks::obtainCategory(std::uint64_t place) const
 {
-    return category < categoryNumbers.size() ? categoryNumbers[category] : static_cast<double>(category);
+    return place < categories.size() ? categories[place] : place;
+}
+
+double KXAxisChartStacks::obtainCategoryValue(std::uint64_t place) const
+{
+    return place < categoryNumbers.size() ? categoryNumbers[place] : static_cast<double>(place);
 }
 
 double KXAxisChartStacks::obtainValue(std::size_t position, std::uint64_t category) const

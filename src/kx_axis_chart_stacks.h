@@ -44,11 +44,15 @@ struct KX_EXPORT KXAxisChartStacks {
 
     std::vector<Series> series; /**< those that are shown, the first one next to zero */
     KXAxisChartStacking form = KXAxisChartStacking::Plain;
-    std::span<const double> categoryNumbers; /**< where they lie on a continuous axis; empty for slots */
-    std::uint64_t first = 0, end = 0;        /**< the categories that can be seen */
+    // Places are the categories in the order in which they lie along their axis
+    std::span<const double> categoryNumbers;   /**< where on a continuous axis, by places; empty for slots */
+    std::span<const std::uint64_t> categories; /**< of the places; empty where these are the same */
+    std::uint64_t first = 0, end = 0;          /**< the places that can be seen */
 
-    /** @return where category lies on its axis */
-    double obtainCategoryValue(std::uint64_t category) const;
+    /** @return the category at a place */
+    std::uint64_t obtainCategory(std::uint64_t place) const;
+    /** @return where a place lies on its axis */
+    double obtainCategoryValue(std::uint64_t place) const;
     /** @return NaN for a null and past the data */
     double obtainValue(std::size_t position, std::uint64_t category) const;
     /**

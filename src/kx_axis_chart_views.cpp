@@ -43,7 +43,6 @@ void KXAxisChart::_layoutMarks()
     _layoutMarkLabels();
 }
 
-/** Places the labels of the marks, whose texts may be others now. */
 void KXAxisChart::_layoutMarkLabels()
 {
     const UXLayoutRounds layout;

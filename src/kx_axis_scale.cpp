@@ -2,6 +2,7 @@
 
 #include "kx_axis_property.h"
 #include "kx_chart_data_format.h"
+#include "kx_logarithmic_scale.h"
 #include "ux/ux_saturate.h"
 
 #include <algorithm>
@@ -104,8 +105,28 @@ void mirror(KXAxisChartAxisCacheData& cache)
         cache.ownTicks.push_back(i * cache.tickInterval + 0.0);
 }
 
+void updateLogarithmicAxis(const KXAxisProperty& property, KXAxisChartAxisCacheData& cache, bool roundsRange)
+{
+    const bool isCustom = !property.getAutoAxisRange() && isCustomRangeUsable(property) &&
+                          property.getCustomMinAxisValue() > 0;
+    const KXLogarithmicRange range = isCustom
+                                         ? kxObtainLogarithmicRange(property.getCustomMinAxisValue(),
+                                                                    property.getCustomMaxAxisValue(), false)
+                                         : kxObtainLogarithmicRange(cache.dataMin, cache.dataMax,
+                                                                    roundsRange);
+    cache.axisMin = range.low;
+    cache.axisMax = range.high;
+    cache.tickInterval = 1;
+    cache.ownTicks = kxObtainLogarithmicTicks(range.low, range.high, property.getAxisPossibleTickCount());
+}
+
 void updateValueAxis(KXAxisProperty& property, KXAxisChartAxisCacheData& cache, bool roundsRange)
 {
+    if (cache.isLogarithmic) {
+        updateLogarithmicAxis(property, cache, roundsRange);
+        return;
+    }
+
     // 1. Percentages need no look at the data, and their bounds are round.
     const bool isPercentage = isPercentageAxis(property, cache);
     const bool isAutomatic = property.getAutoAxisRange() && !isPercentage;
@@ -278,6 +299,17 @@ std::string kxFormatPercentage(double value)
     const std::to_chars_result written = std::to_chars(text, text + sizeof text, value,
                                                        std::chars_format::general, 3);
     return std::string(text, written.ptr) + '%';
+}
+
+double kxObtainValueOfExponent(double exponent)
+{
+    const double value = std::pow(10.0, exponent);
+    char text[64];
+    const std::to_chars_result written = std::to_chars(text, text + sizeof text, value,
+                                                       std::chars_format::scientific, 12);
+    double rounded = value;
+    std::from_chars(text, written.ptr, rounded);
+    return rounded;
 }
 
 std::string kxFormatAxisTick(const KXAxisProperty& property, const KXChartDataFormat& format, double value)

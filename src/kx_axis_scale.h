@@ -46,6 +46,9 @@ KX_EXPORT bool kxUpdateAxisCacheData(KXAxisProperty* property, KXAxisChartAxisCa
 [[nodiscard]] KX_EXPORT std::vector<double> kxObtainAxisTicks(const KXAxisChartAxisCacheData& cache,
                                                               double first, double last, std::size_t limit);
 
+/** @return ten to the power of exponent, without the noise of that: the exponent of 2 gives 2 */
+[[nodiscard]] KX_EXPORT double kxObtainValueOfExponent(double exponent);
+
 /** @return three significant digits and a percent sign: 33.3 is "33.3%" */
 [[nodiscard]] KX_EXPORT std::string kxFormatPercentage(double value);
 

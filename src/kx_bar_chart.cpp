@@ -48,6 +48,8 @@ bool KXBarChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty* property)
 
 std::vector<KXObjectID> KXBarChart::obtainLegendCellObjectID(std::uint64_t index)
 {
+    if (_isAssistantLineCell(index))
+        return KXXYAxisChart::obtainLegendCellObjectID(index);
     return {makeSeriesID(index)};
 }
 

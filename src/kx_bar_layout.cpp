@@ -16,22 +16,15 @@ constexpr double gapShare = 0.1;
 constexpr double greatestGap = 4;
 constexpr double leastWidthBesideGap = 3; // device pixels
 
-/** On a continuous axis categories may come in any order. */
-void sortSlots(std::vector<KXBarSlot>& slots)
-{
-    const auto placeOf = [](const KXBarSlot& slot) { return std::pair(slot.start, slot.category); };
-    if (!std::ranges::is_sorted(slots, {}, placeOf))
-        std::ranges::sort(slots, {}, placeOf);
-}
-
 KXBarLayout layoutEachCategory(const KXAxisChartStacks& source, const KXBarPlane& plane,
                                const KXBarWidths& widths)
 {
     KXBarLayout layout;
     std::vector<KXAxisChartStackSegment> pieces;
-    for (std::uint64_t category = source.first; category < source.end; ++category) {
+    for (std::uint64_t place = source.first; place < source.end; ++place) {
+        const std::uint64_t category = source.obtainCategory(place);
         source.obtainPieces(category, pieces);
-        const double centre = plane.categories.obtainPosition(source.obtainCategoryValue(category));
+        const double centre = plane.categories.obtainPosition(source.obtainCategoryValue(place));
         const double left = std::round(plane.toPixel(centre) - widths.total / 2);
         KXBarSlot slot{centre - plane.spacing / 2, centre + plane.spacing / 2, category, layout.bars.size(),
                        0};
@@ -50,7 +43,6 @@ KXBarLayout layoutEachCategory(const KXAxisChartStacks& source, const KXBarPlane
         slot.endBar = layout.bars.size();
         layout.slots.push_back(slot);
     }
-    sortSlots(layout.slots);
     return layout;
 }
 

@@ -57,6 +57,7 @@ private:
     bool _isFloating() const { return m_source.form == KXAxisChartStacking::Floating; }
     std::pair<std::int64_t, std::int64_t> _findColumnsOfOne(double centre) const;
     std::pair<std::int64_t, std::int64_t> _findColumnsOfGroup(double centre) const;
+    std::span<const double> _obtainValues(std::size_t position, const Run& run);
     void _collectSeries(std::size_t position, const Run& run);
     void _collectStacks(const Run& run);
     void _collectFloating(const Run& run);
@@ -77,6 +78,7 @@ private:
     std::int64_t m_groupWidth; // of a category's bars side by side, in pixels; 0 where categories share it
     std::vector<Column> m_columns;
     std::vector<KXAxisChartStackSegment> m_pieces;
+    std::vector<double> m_gathered; // of a run whose places are in another order than the categories
     KXBarLayout m_layout;
 };
 
@@ -146,22 +148,33 @@ void Columns::collect()
     }
 }
 
-void Columns::_collectSeries(std::size_t position, const Run& run)
+/** @return the values of the places of a run, in their order */
+std::span<const double> Columns::_obtainValues(std::size_t position, const Run& run)
 {
     const std::span<const double> values = m_source.series[position].values;
-    const std::uint64_t end = std::min<std::uint64_t>(run.endCategory, values.size());
-    if (run.firstCategory >= end)
-        return;
+    if (m_source.categories.empty()) {
+        const std::uint64_t end = std::min<std::uint64_t>(run.endCategory, values.size());
+        return run.firstCategory < end ? values.subspan(run.firstCategory, end - run.firstCategory)
+                                       : std::span<const double>();
+    }
+    m_gathered.clear();
+    for (std::uint64_t place = run.firstCategory; place < run.endCategory; ++place)
+        m_gathered.push_back(m_source.obtainValue(position, m_source.obtainCategory(place)));
+    return m_gathered;
+}
+
+void Columns::_collectSeries(std::size_t position, const Run& run)
+{
     // A null compares false. Whose the extremes are is looked up once they are known.
-    const std::span<const double> inside = values.subspan(run.firstCategory, end - run.firstCategory);
+    const std::span<const double> inside = _obtainValues(position, run);
     const KXValueExtremes extremes = kxFindValueExtremes(inside);
     const double least = std::min(extremes.min, 0.0), greatest = std::max(extremes.max, 0.0);
     const auto makeExtreme = [&](double value) {
         const auto found = value == 0 ? inside.end() : std::ranges::find(inside, value);
-        return found == inside.end()
-                   ? Extreme()
-                   : Extreme{value, run.firstCategory + static_cast<std::uint64_t>(found - inside.begin()),
-                             position};
+        if (found == inside.end())
+            return Extreme();
+        const std::uint64_t place = run.firstCategory + static_cast<std::uint64_t>(found - inside.begin());
+        return Extreme{value, m_source.obtainCategory(place), position};
     };
     const auto place = static_cast<std::int64_t>(position);
     const auto count = static_cast<std::int64_t>(m_source.series.size());
@@ -174,7 +187,8 @@ void Columns::_collectStacks(const Run& run)
 {
     const bool isWhole = m_source.form == KXAxisChartStacking::Percentage;
     Extreme above, below;
-    for (std::uint64_t category = run.firstCategory; category < run.endCategory; ++category) {
+    for (std::uint64_t place = run.firstCategory; place < run.endCategory; ++place) {
+        const std::uint64_t category = m_source.obtainCategory(place);
         double up = 0, down = 0;
         for (std::size_t position = 0; position < m_source.series.size(); ++position) {
             const double value = m_source.obtainValue(position, category);

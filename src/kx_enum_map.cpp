@@ -1,5 +1,6 @@
 #include "kx_enum_map.h"
 
+#include "kx_assistant_line_options.h"
 #include "kx_axis_chart_options.h"
 #include "kx_axis_tick_label_options.h"
 #include "kx_bar_chart_options.h"
@@ -75,6 +76,8 @@ UXEnum::UXEnumMap<E>* kxObtainEnumMap()
 template KX_EXPORT UXEnum::UXEnumMap<UXSymbolStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<UXPosition>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<UXHintPosition>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAssistantLineLabelContent>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXAssistantLineLabelPosition>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXAxisChartLabelDisplayOption>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXAxisChartValueOption>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXAxisChartOrientation>* kxObtainEnumMap();

@@ -1,6 +1,8 @@
 #include "kx_json_object_factory.h"
 
 #include "kx_area_chart.h"
+#include "kx_assistant_line_data_view.h"
+#include "kx_assistant_line_property.h"
 #include "kx_axis.h"
 #include "kx_axis_chart_base_layer.h"
 #include "kx_axis_chart_layer.h"
@@ -71,8 +73,8 @@ UXJsonObject* create()
     }
 constexpr Type types[] = {
     KX_TYPE(KXAreaChart),
-    KX_TYPE_WITHOUT_CLASS(KXAssistantLineDataView),
-    KX_TYPE_WITHOUT_CLASS(KXAssistantLineProperty),
+    KX_TYPE(KXAssistantLineDataView),
+    KX_TYPE(KXAssistantLineProperty),
     KX_TYPE(KXAxis),
     KX_TYPE(KXAxisChartBaseLayer),
     KX_TYPE(KXAxisChartLayer),

@@ -88,6 +88,8 @@ void KXLineChart::_updateGradientLegend()
 
 std::vector<KXObjectID> KXLineChart::obtainLegendCellObjectID(std::uint64_t index)
 {
+    if (_isAssistantLineCell(index))
+        return KXXYAxisChart::obtainLegendCellObjectID(index);
     return {makeSeriesID(index)};
 }
 

@@ -81,6 +81,7 @@ KXLineChartDataView::~KXLineChartDataView() = default;
 
 bool KXLineChartDataView::drawsSeriesAsOne() const { return true; }
 bool KXLineChartDataView::canStack() const { return m_canStack; }
+bool KXLineChartDataView::prefersContinuousDates() const { return true; }
 
 bool KXLineChartDataView::shouldIncludeZero() const
 {
@@ -397,7 +398,7 @@ std::optional<std::uint64_t> KXLineChartDataView::obtainCategoryAt(UXPoint point
     const auto hasValue = [&](std::uint64_t series) {
         return slot >= 0 && !std::isnan(getChart()->getValue(series, static_cast<std::uint64_t>(slot)));
     };
-    const bool areSlots = getChart()->getCategoryNumbers().empty();
+    const bool areSlots = !getChart()->isContinuous();
     if (areSlots && !isDense() && std::ranges::any_of(getChart()->getShownSeries(), hasValue))
         return std::nullopt;
     const KXLineVertex* nearest = nullptr;

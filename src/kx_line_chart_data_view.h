@@ -74,6 +74,7 @@ public:
     // From KXAxisChartDataView and UXJsonObject
     bool drawsSeriesAsOne() const override;
     bool canStack() const override;
+    bool prefersContinuousDates() const override;
     bool shouldIncludeZero() const override;
     double obtainExtraRoomAcross() const override;
     void reload() override;

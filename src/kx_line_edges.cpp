@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <utility>
 
 KXLineEdges::KXLineEdges() = default;
@@ -23,7 +22,7 @@ void KXLineEdges::take(const KXAxisChartStacks& source, KXLineNullHandling nulls
         m_isMade = true;
         m_form = form;
         m_placeCount = placeCount;
-        _sortPlaces(source.categoryNumbers.first(source.categoryNumbers.empty() ? 0 : placeCount));
+        m_order.assign(source.categories.begin(), source.categories.end());
         if (isStacked())
             _makeStacks(source);
         else
@@ -35,21 +34,9 @@ void KXLineEdges::take(const KXAxisChartStacks& source, KXLineNullHandling nulls
             m_lines[i] = source.series[i].values.first(std::min(placeCount, source.series[i].values.size()));
             m_bands[i] = {{{}, m_lines[i]}};
         }
-    m_places.categoryNumbers = m_order.empty() ? source.categoryNumbers
-                                               : std::span<const double>(m_sortedNumbers);
+    m_places.categoryNumbers = source.categoryNumbers;
     m_places.first = std::min<std::uint64_t>(source.first, placeCount);
     m_places.end = std::min<std::uint64_t>(source.end, placeCount);
-}
-
-void KXLineEdges::_sortPlaces(std::span<const double> numbers)
-{
-    if (std::ranges::is_sorted(numbers))
-        return;
-    m_order.resize(numbers.size());
-    std::iota(m_order.begin(), m_order.end(), std::uint64_t{0});
-    std::ranges::stable_sort(m_order, {}, [numbers](std::uint64_t category) { return numbers[category]; });
-    for (const std::uint64_t category : m_order)
-        m_sortedNumbers.push_back(numbers[category]);
 }
 
 KXLineEdges::Heights KXLineEdges::_keep(std::vector<double> heights)

@@ -58,7 +58,6 @@ private:
         friend bool operator==(const Form&, const Form&) = default;
     };
 
-    void _sortPlaces(std::span<const double> numbers);
     void _makeLines(const KXAxisChartStacks& source);
     void _makeStacks(const KXAxisChartStacks& source);
     void _makeSums(const KXAxisChartStacks& source, const std::vector<bool>& hasNegatives);
@@ -67,8 +66,7 @@ private:
     Form m_form;
     bool m_isMade = false;
     std::size_t m_placeCount = 0;
-    std::vector<std::uint64_t> m_order;  // the categories by their places; empty where these are the same
-    std::vector<double> m_sortedNumbers; // of the places, where they are not in the order of the categories
+    std::vector<std::uint64_t> m_order; // the categories by their places; empty where these are the same
     KXAxisChartStacks m_places;
     std::vector<std::vector<double>> m_own; // heights that are no lent values
     std::vector<Heights> m_lines;

@@ -30,8 +30,8 @@ UXDoubleRect KXValueBar::obtainFilledRect() const
     if (!std::isfinite(m_value) || !std::isfinite(span) || !(span > 0))
         return {};
     const double length = frame.obtainAlong().obtainLength();
-    frame.values = isVertical() ? KXAxisChartLinearScale{m_minValue, length, -length / span}
-                                : KXAxisChartLinearScale{m_minValue, 0, length / span};
+    frame.values = isVertical() ? KXAxisChartScale{m_minValue, length, -length / span}
+                                : KXAxisChartScale{m_minValue, 0, length / span};
     const std::optional<KXAxisChartInterval> along = frame.placeAlong(0, m_value);
     return along ? frame.makeRect(frame.obtainAcross(), *along) : UXDoubleRect();
 }

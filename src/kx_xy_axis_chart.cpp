@@ -5,10 +5,11 @@
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
-#include "kx_calendar_time.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_toolbox_item.h"
 #include "kx_key_definitions.h"
 #include "ux/ux_device_transform.h"
+#include "ux/ux_label.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -23,7 +24,7 @@ namespace {
 constexpr double placeNoise = 1e-6;
 
 /** @return where the values of an axis lie along it */
-KXAxisChartLinearScale makeMap(const KXAxisChartAxis& own)
+KXAxisChartScale makeMap(const KXAxisChartAxis& own)
 {
     KXAxis& axis = *own.axis;
     const double low = axis.getMinValue(), high = axis.getMaxValue();
@@ -31,20 +32,7 @@ KXAxisChartLinearScale makeMap(const KXAxisChartAxis& own)
     const UXDoublePoint end = axis.obtainDoubleValuePositionInAxis(high);
     const double from = own.isHorizontal() ? start.x : start.y, to = own.isHorizontal() ? end.x : end.y;
     const double span = high - low;
-    return {low, from, span > 0 && std::isfinite(span) ? (to - from) / span : 0};
-}
-
-/** Gives an axis exactly these bounds. Its setters take a value close to the one before for the same, but no
- * chart looks other for what it showed before. */
-void setBounds(KXAxis& axis, double min, double max)
-{
-    const auto awayFrom = [](double value) { return std::abs(value) < 1 ? 2.0 : 0.0; };
-    if (axis.getMinValue() != min)
-        axis.setMinValue(awayFrom(min));
-    axis.setMinValue(min);
-    if (axis.getMaxValue() != max)
-        axis.setMaxValue(awayFrom(max));
-    axis.setMaxValue(max);
+    return {low, from, span > 0 && std::isfinite(span) ? (to - from) / span : 0, own.cache.isLogarithmic};
 }
 
 std::uint64_t toIndex(double number, std::uint64_t count)
@@ -54,10 +42,16 @@ std::uint64_t toIndex(double number, std::uint64_t count)
 
 } // namespace
 
-KXXYAxisChart::KXXYAxisChart() : m_x(_addAxis()), m_y(_addAxis()), m_secondaryY(_addAxis())
+KXXYAxisChart::KXXYAxisChart()
+    : m_x(_addAxis()), m_y(_addAxis()), m_secondaryY(_addAxis()),
+      m_linesBehind(std::make_unique<KXAssistantLineDataView>(false)),
+      m_linesInFront(std::make_unique<KXAssistantLineDataView>(true)), m_zoomButton(new KXChartToolboxItem),
+      m_note(new UXLabel)
 {
     m_secondaryY.isUsed = false;
     m_y.property->setShowGridLine(true);
+    m_linesBehind->m_chart = m_linesInFront->m_chart = this;
+    _addZoomParts();
 }
 
 KXXYAxisChart::~KXXYAxisChart() = default;
@@ -105,6 +99,28 @@ double KXXYAxisChart::_calculateSuitableRange(double amount, bool forTicks) cons
     return kxCalculateSuitableRange(amount, forTicks);
 }
 
+bool KXXYAxisChart::isLogarithmic(const KXAxisProperty& property) const
+{
+    const KXAxisChartProperty& own = *getAxisChartProperty();
+    if (&property == m_x.property.get())
+        return own.getIsXLogarithmic() && (m_numberRange || !m_x.cache.isTemporalDimension);
+    const bool isWanted = &property == m_y.property.get() ? own.getIsYLogarithmic()
+                                                          : own.getIsSecondaryYLogarithmic();
+    return isWanted && !property.getIsStacked() && !_obtainCache(property).isUnstackable;
+}
+
+bool KXXYAxisChart::isPercentageAxis(const KXAxisProperty& property) const
+{
+    return property.obtainIs100PercentStacked() && !_obtainCache(property).isUnstackable;
+}
+
+const KXAxisChartAxisCacheData& KXXYAxisChart::_obtainCache(const KXAxisProperty& property) const
+{
+    return &property == m_x.property.get()   ? m_x.cache
+           : &property == m_y.property.get() ? m_y.cache
+                                             : m_secondaryY.cache;
+}
+
 KXAxisChartAxis* KXXYAxisChart::_obtainScrolledAxis() const { return &m_x; }
 
 KXAxisChartAxis& KXXYAxisChart::_obtainValueAxis(std::uint64_t series) const
@@ -135,89 +151,21 @@ double KXXYAxisChart::_obtainLabelledCategorySpacing() const
     return spacing;
 }
 
-bool KXXYAxisChart::_wantsContinuous() const
-{
-    if (getCategoryDataType() == KXChartDataType::String)
-        return false;
-    return m_x.property->getIsCustomizedIsContinuous() || m_x.property->getIsContinuous()
-               ? m_x.property->getIsContinuous()
-               : getCategorySetting().firstFlag;
-}
-
 void KXXYAxisChart::_updateDataRanges()
 {
     const UXObjectWatcher self(this);
-    const bool hasNumbers = !_takeNumberRange() && _wantsContinuous();
+    const bool hasNumbers = !_takeNumberRange() && _mayBeContinuous();
     const std::vector<double> numbers = hasNumbers ? obtainCategoryNumbers() : std::vector<double>();
     if (!self.isAlive())
         return;
-    m_categoryNumbers = numbers;
-    m_categoryNumbers.resize(std::min<std::size_t>(numbers.size(), obtainShownCategoryCount()));
+    kxSetAxisDimension(m_x.cache, m_numberRange ? KXChartDataType::Float : getCategoryDataType());
+    _takePlaces(std::span(numbers).first(std::min<std::size_t>(numbers.size(), obtainShownCategoryCount())));
     _updateCategoryRange();
     _updateValueRange(m_y);
     m_secondaryY.isUsed = _updateValueRange(m_secondaryY);
+    m_leftOutCount = _countLeftOut();
     _updateDefaultTitles();
-}
-
-/** @return whether the X axis is one of the values of marks */
-bool KXXYAxisChart::_takeNumberRange()
-{
-    KXValueExtremes all;
-    for (const auto& view : getDataViews())
-        all.take(view->obtainNumberRange().value_or(KXValueExtremes()));
-    m_numberRange = all.isEmpty() ? std::nullopt : std::optional(all);
-    return m_numberRange.has_value();
-}
-
-void KXXYAxisChart::_updateCategoryRange()
-{
-    KXAxisChartAxisCacheData& cache = m_x.cache;
-    kxSetAxisDimension(cache, m_numberRange ? KXChartDataType::Float : getCategoryDataType());
-    m_isContinuous = m_numberRange || !m_categoryNumbers.empty();
-    m_categoriesGrow = std::ranges::is_sorted(m_categoryNumbers);
-    m_categoryDistance = 1;
-    cache.isValueAxis = m_isContinuous;
-    cache.categoryCount = obtainShownCategoryCount();
-    if (!m_isContinuous)
-        return;
-    const KXValueExtremes range = m_numberRange ? *m_numberRange : kxFindValueExtremes(m_categoryNumbers);
-    cache.dataMin = range.min;
-    cache.dataMax = range.max;
-    double distance = std::numeric_limits<double>::infinity();
-    for (std::size_t i = 1; m_categoriesGrow && i < m_categoryNumbers.size(); ++i)
-        if (m_categoryNumbers[i] > m_categoryNumbers[i - 1])
-            distance = std::min(distance, m_categoryNumbers[i] - m_categoryNumbers[i - 1]);
-    if (std::isfinite(distance))
-        m_categoryDistance = distance;
-}
-
-bool KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis)
-{
-    std::optional<KXAxisChartValueRange> range;
-    const bool wasMirrored = axis.cache.isMirrored;
-    axis.cache.isUnstackable = axis.cache.isMirrored = false;
-    for (const auto& view : getDataViews())
-        if (view->getIsOnSecondaryAxis() == (&axis == &m_secondaryY)) {
-            range = kxUniteValueRanges(range, view->obtainValueRange());
-            axis.cache.isUnstackable = axis.cache.isUnstackable || view->placesItself();
-            axis.cache.isMirrored = axis.cache.isMirrored || view->isMirrored();
-        }
-    if (wasMirrored && !axis.cache.isMirrored)
-        axis.cache.ownTicks.clear();
-    const bool isUsed = range.has_value();
-    if (!range)
-        range.emplace();
-    if (shouldIncludeZero(axis.property.get())) {
-        range->min = std::min(range->min, 0.0);
-        range->max = std::max(range->max, 0.0);
-    }
-    axis.cache.dataMin = range->min;
-    axis.cache.dataMax = range->max;
-    axis.cache.stackedMin = range->stackedMin;
-    axis.cache.stackedMax = range->stackedMax;
-    axis.cache.hasSums = axis.property->getIsStacked();
-    axis.cache.needsUpdate = true;
-    return isUsed;
+    _updateAssistantLines();
 }
 
 void KXXYAxisChart::_updateDefaultTitles()
@@ -262,26 +210,6 @@ void KXXYAxisChart::_categoryTextsArrived(bool areFirst)
         _updateTickTexts(m_x);
 }
 
-void KXXYAxisChart::_customUpdateAxes()
-{
-    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY})
-        if (axis->property->getIsStacked() && !axis->cache.hasSums)
-            _updateValueRange(*axis);
-    _placeSides();
-    for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})
-        if (updateAxisCacheData(axis->property.get(), &axis->cache))
-            axis->ticksChanged = true;
-    _setCategoryScale();
-    for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY}) {
-        setBounds(*axis->axis, axis->cache.axisMin, axis->cache.axisMax);
-        double extra = 0;
-        for (const auto& view : getDataViews())
-            if (view->getIsOnSecondaryAxis() == (axis == &m_secondaryY))
-                extra = std::max(extra, view->obtainExtraLength());
-        axis->axis->setExtraLength("marks", extra);
-    }
-}
-
 /** The one place that knows the orientation: everything else follows the sides at which the axes stand. */
 void KXXYAxisChart::_placeSides()
 {
@@ -292,30 +220,6 @@ void KXXYAxisChart::_placeSides()
     m_x.isUsed = m_y.isUsed = hasData;
     if (!hasData)
         m_secondaryY.isUsed = false;
-}
-
-void KXXYAxisChart::_setCategoryScale()
-{
-    KXAxis& axis = *m_x.axis;
-    const KXAxisChartAxisCacheData& cache = m_x.cache;
-    // Where all categories are to be seen at once, a longer axis than there is room for fills the room.
-    const int length = getAxisChartProperty()->getEnableScroll() ? m_x.property->getAxisLength() : 0;
-    double room = 0;
-    for (const auto& view : getDataViews())
-        room = std::max(room, view->obtainExtraRoomAcross());
-    axis.setExtraLength("marks", room);
-    axis.setShiftHalfValueSpacing(!m_isContinuous);
-    if (m_isContinuous) {
-        double overhang = 0; // on both sides, so that marks at the ends are whole
-        for (const auto& view : getDataViews())
-            overhang = std::max(overhang, view->obtainOverhang() * m_categoryDistance);
-        setBounds(axis, cache.axisMin - overhang, cache.axisMax + overhang);
-        axis.setValueSpacing(-1);
-        return;
-    }
-    const auto count = static_cast<double>(cache.categoryCount);
-    setBounds(axis, -1, count - 1);
-    axis.setValueSpacing(length > 0 && count > 0 ? length / count : -1);
 }
 
 KXAxisProperty* KXXYAxisChart::obtainAxisPropertyOfTickLabelView(KXAxisTickLabelView* view)
@@ -349,9 +253,22 @@ void KXXYAxisChart::axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, 
     if (axis == &m_x)
         text = _obtainCategoryTickText(value);
     else if (axis)
-        text = axis->cache.isUnstackable
-                   ? axis->dataFormat->formatNumber(axis->cache.isMirrored ? std::abs(value) : value)
-                   : kxFormatAxisTick(*axis->property, *axis->dataFormat, value);
+        text = isPercentageAxis(*axis->property)
+                   ? kxFormatPercentage(value)
+                   : axis->dataFormat->formatNumber(axis->cache.isMirrored ? std::abs(value)
+                                                    : axis->cache.isLogarithmic
+                                                        ? kxObtainValueOfExponent(value)
+                                                        : value);
+}
+
+/** The last tick of a continuous axis may stand anywhere, and its label moves inside. */
+bool KXXYAxisChart::axisTickLabelViewShouldConsiderStartEndLabelLength(KXAxisTickLabelView* view,
+                                                                       bool& consider)
+{
+    if (!m_isContinuous || _findAxis(view) != &m_x)
+        return KXAxisChart::axisTickLabelViewShouldConsiderStartEndLabelLength(view, consider);
+    consider = false;
+    return true;
 }
 
 /** On a continuous axis ticks are values between the categories. */
@@ -359,31 +276,37 @@ std::string KXXYAxisChart::_obtainCategoryTickText(double value)
 {
     if (!m_isContinuous)
         return value >= 0 ? obtainCategoryLabel(toIndex(value, getCategoryCount())) : std::string();
-    if (!m_x.cache.isTemporalDimension)
-        return m_x.dataFormat->formatNumber(value);
-    const std::string moment = kxObtainCalendarText(kxObtainCalendarTime(value));
-    const bool isTime = getCategoryDataType() == KXChartDataType::Time;
-    return m_x.dataFormat->formatDateTime(isTime ? moment.substr(moment.find(' ') + 1) : moment,
-                                          getCategoryDataType(), getCategoryAggregateType());
+    const std::vector<double>& ticks = m_x.cache.ownTicks;
+    const auto tick = static_cast<std::size_t>(std::ranges::lower_bound(ticks, value) - ticks.begin());
+    if (m_x.cache.isTemporalDimension)
+        return tick < m_tickTexts.size() && ticks[tick] == value ? m_tickTexts[tick] : std::string();
+    return m_x.dataFormat->formatNumber(m_x.cache.isLogarithmic ? kxObtainValueOfExponent(value) : value);
 }
 
-double KXXYAxisChart::obtainCategoryValue(std::uint64_t category)
+double KXXYAxisChart::obtainCategoryValue(std::uint64_t category) const
 {
-    return category < m_categoryNumbers.size() ? m_categoryNumbers[category] : static_cast<double>(category);
+    if (m_places.isEmpty())
+        return static_cast<double>(category);
+    const std::uint64_t place = m_places.obtainPlace(category);
+    return place < m_places.getCount() ? m_places.getNumbers()[place]
+                                       : std::numeric_limits<double>::quiet_NaN();
 }
 
-KXAxisChartLinearScale KXXYAxisChart::obtainCategoryMap() const
+KXAxisChartScale KXXYAxisChart::obtainCategoryMap() const
 {
-    KXAxisChartLinearScale map = makeMap(m_x);
+    KXAxisChartScale map = makeMap(m_x);
     // The axis moves its values by whole units; slots begin exactly where the axis does.
     if (!m_isContinuous)
         map.position -= map.spacing / 2 - std::floor(map.spacing / 2);
     return map;
 }
 
-double KXXYAxisChart::obtainCategorySpacing() const { return makeMap(m_x).spacing * m_categoryDistance; }
+double KXXYAxisChart::obtainCategorySpacing() const
+{
+    return makeMap(m_x).spacing * (m_isContinuous ? _obtainCategoryDistance() : 1);
+}
 
-KXAxisChartLinearScale KXXYAxisChart::obtainLinearScale(std::uint64_t series) const
+KXAxisChartScale KXXYAxisChart::obtainValueScale(std::uint64_t series) const
 {
     return makeMap(_obtainValueAxis(series));
 }
@@ -391,21 +314,20 @@ KXAxisChartLinearScale KXXYAxisChart::obtainLinearScale(std::uint64_t series) co
 std::pair<std::uint64_t, std::uint64_t> KXXYAxisChart::obtainVisibleCategories()
 {
     const std::uint64_t count = obtainShownCategoryCount();
-    const KXAxisChartLinearScale map = obtainCategoryMap();
+    const KXAxisChartScale map = obtainCategoryMap();
     const UXRect& area = getMarksArea();
     if (uxIsEmptyRect(area) || map.spacing == 0 || !preparedAndReloadedData())
         return {0, 0};
-    const double first = map.obtainValue(m_x.isHorizontal() ? area.x : area.y);
-    const double last = map.obtainValue(m_x.isHorizontal() ? uxMaxX(area) : uxMaxY(area));
+    const double start = m_x.isHorizontal() ? area.x : area.y;
+    const double end = m_x.isHorizontal() ? uxMaxX(area) : uxMaxY(area);
     if (!m_isContinuous)
-        return {toIndex(std::floor(first + 0.5 + placeNoise), count),
-                toIndex(std::ceil(last + 0.5 - placeNoise), count)};
-    if (m_numberRange || !m_categoriesGrow)
+        return {toIndex(std::floor(map.obtainValue(start) + 0.5 + placeNoise), count),
+                toIndex(std::ceil(map.obtainValue(end) + 0.5 - placeNoise), count)};
+    if (m_numberRange)
         return {0, count};
-    const auto begin = m_categoryNumbers.begin();
-    const auto from = std::lower_bound(begin, m_categoryNumbers.end(), first - m_categoryDistance / 2);
-    const auto to = std::upper_bound(begin, m_categoryNumbers.end(), last + m_categoryDistance / 2);
-    return {static_cast<std::uint64_t>(from - begin), static_cast<std::uint64_t>(to - begin)};
+    // Marks reach half of their room to both sides.
+    const double reach = obtainCategorySpacing() / 2;
+    return m_places.findInside(map.obtainValue(start - reach), map.obtainValue(end + reach));
 }
 
 KXAxisChartPlotFrame KXXYAxisChart::obtainPlotFrame(bool isOnSecondaryAxis) const
@@ -423,7 +345,7 @@ KXAxisChartPlotFrame KXXYAxisChart::obtainPlotFrame(bool isOnSecondaryAxis) cons
 std::optional<std::uint64_t> KXXYAxisChart::_obtainPlacedCategoryAt(UXPoint point) const
 {
     const std::uint64_t count = obtainShownCategoryCount();
-    const KXAxisChartLinearScale map = obtainCategoryMap();
+    const KXAxisChartScale map = obtainCategoryMap();
     if (map.spacing == 0 || count == 0)
         return std::nullopt;
     // The middle of the pixel that the pointer is on.
@@ -434,13 +356,8 @@ std::optional<std::uint64_t> KXXYAxisChart::_obtainPlacedCategoryAt(UXPoint poin
                    ? std::optional<std::uint64_t>(static_cast<std::uint64_t>(category))
                    : std::nullopt;
     }
-    if (!m_categoriesGrow || m_categoryNumbers.empty())
-        return std::nullopt;
-    const auto begin = m_categoryNumbers.begin(), end = m_categoryNumbers.end();
-    auto nearest = std::lower_bound(begin, end, value);
-    if (nearest == end || (nearest != begin && value - *(nearest - 1) < *nearest - value))
-        --nearest;
-    return static_cast<std::uint64_t>(nearest - begin);
+    const std::optional<std::uint64_t> nearest = m_places.findNearest(value);
+    return nearest ? std::optional(m_places.obtainCategory(*nearest)) : std::nullopt;
 }
 
 const UXPropertyTable& KXXYAxisChart::obtainPropertyTable()

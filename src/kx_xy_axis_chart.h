@@ -1,15 +1,20 @@
 #pragma once
 
+#include "kx_assistant_line_data_view.h"
 #include "kx_axis_chart.h"
 #include "kx_axis_chart_data_view.h"
-#include "kx_axis_chart_linear_scale.h"
 #include "kx_axis_chart_plot_frame.h"
-#include "ux/ux_double_rect.h"
+#include "kx_axis_chart_scale.h"
+#include "kx_axis_chart_zoom.h"
+#include "kx_category_places.h"
+#include "kx_visible_range.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,6 +22,7 @@
 class KXAxis;
 class KXAxisProperty;
 class KXChartDataFormat;
+class KXChartToolboxItem;
 
 /**
  * Categories along one axis, values along the other. The X axis is that of the categories, whatever the
@@ -24,9 +30,10 @@ class KXChartDataFormat;
  * values stands across from the first one where a series asks for it.
  *
  * Categories are slots, counted from 0 with category c around the value c; on a continuous axis each lies at
- * its number. What stands against the axes are the marks of the chart's views, which are placed by the frame
- * of their value axis, so that one code serves both orientations and both kinds of axis. A chart type adds
- * its views, says which of them shows a series where there are several, and leaves the rest to them.
+ * its number, those without one nowhere. A continuous axis has ticks of its own, of what is shown of it, and
+ * can show a part. What stands against the axes are the marks of the chart's views, which are placed by the
+ * frame of their value axis, so that one code serves both orientations and both kinds of axis. A chart type
+ * adds its views, says which of them shows a series where there are several, and leaves the rest to them.
  */
 class KX_EXPORT KXXYAxisChart : public KXAxisChart {
 public:
@@ -45,6 +52,11 @@ public:
     KXAxis* getYAxis() const;
     KXAxis* getSecondaryYAxis() const;
 
+    /** @return the lines of reference in front of the marks, or behind them */
+    const KXAssistantLineDataView& getAssistantLineView(bool isInFront) const
+    {
+        return isInFront ? *m_linesInFront : *m_linesBehind;
+    }
     /** @return whether the values of a series are told by the secondary axis, as its view is */
     bool isSeriesOnSecondaryAxis(std::uint64_t series) const;
 
@@ -61,6 +73,25 @@ public:
     /** @return the ranges of an axis, as of the last layout; null for a property of no axis */
     const KXAxisChartAxisCacheData* obtainAxisCacheData(const KXAxisProperty* property) const;
 
+    /** @return whether an axis counts exponents to base ten; stacked ones never do, nor those of marks that
+     * place themselves */
+    bool isLogarithmic(const KXAxisProperty& property) const;
+    /** @return whether a value axis tells parts of 100 percent */
+    bool isPercentageAxis(const KXAxisProperty& property) const;
+
+    // Zoom
+    /** @return the axes of which the user can have a part shown: a continuous X axis, and the first value
+     * axis where marks lie at numbers of their own along both */
+    std::vector<KXAxis*> obtainZoomedAxes() const;
+    /** @return whether a part of such an axis is shown */
+    bool isZoomed() const;
+    /** Shows a part of one of these axes, as near to it as there are data.
+     *  @param range in what the axis counts */
+    void showRange(const KXAxis& axis, const KXVisibleRange& range);
+    void showAll();
+    /** @return what is shown of the axis, in what it counts */
+    KXVisibleRange obtainShownRange(const KXAxis& axis) const;
+
     // Tick labels
     /** @return the property of the axis that the view labels; null for a view of no axis */
     virtual KXAxisProperty* obtainAxisPropertyOfTickLabelView(KXAxisTickLabelView* view);
@@ -69,19 +100,28 @@ public:
     // Places, as of the last layout; in the plot's space
     /** @return whether the categories lie at their numbers instead of in slots */
     bool isContinuous() const { return m_isContinuous; }
-    /** @return where on the X axis a category lies: its index, or its number on a continuous axis */
-    double obtainCategoryValue(std::uint64_t category);
-    KXAxisChartLinearScale obtainCategoryMap() const;
+    /** @return where on the X axis a category lies: its index, or its number on a continuous axis, NaN where
+     * it has none */
+    double obtainCategoryValue(std::uint64_t category) const;
+    /** @return whether a mark's category and value can stand on their axes */
+    bool isPlaced(const KXAxisChartMark& mark) const;
+    KXAxisChartScale obtainCategoryMap() const;
     /** @return the room of one category along its axis: a slot, or the least distance of a continuous axis */
     double obtainCategorySpacing() const;
-    KXAxisChartLinearScale obtainLinearScale(std::uint64_t series) const;
+    KXAxisChartScale obtainValueScale(std::uint64_t series) const;
     /** @return where marks against one of the value axes are drawn, with the pixels of the device that is
      * known to show the chart */
     KXAxisChartPlotFrame obtainPlotFrame(bool isOnSecondaryAxis) const;
     /** @return where the categories lie on a continuous axis, as of the last reload; empty for slots */
-    const std::vector<double>& getCategoryNumbers() const { return m_categoryNumbers; }
-    /** @return the first category that can be seen, and the one after the last. On a continuous axis whose
-     * numbers do not grow these are all. */
+    const KXCategoryPlaces& getCategoryPlaces() const { return m_places; }
+    /** @return where it is told what a logarithmic axis cannot show, which labels keep off; in the plot's
+     * space, none where there is no such note */
+    std::optional<UXDoubleRect> obtainNoteRect() const;
+    /** @return the values of a series by categories, as they are drawn: on a logarithmic axis those that are
+     * not above zero are NaN; lent until the data are replaced or reloaded */
+    std::span<const double> obtainPlottedValues(std::uint64_t series) const;
+    /** @return the place of the first category that can be seen, and the one after the last; places of slots
+     * are the categories */
     std::pair<std::uint64_t, std::uint64_t> obtainVisibleCategories();
 
     /** The chart's properties by key, for UXPropertyAccessor. */
@@ -95,7 +135,23 @@ public:
     double axisTickLabelViewObtainTick(KXAxisTickLabelView* view, int index) override;
     void axisTickLabelViewObtainTickLabel(KXAxisTickLabelView* view, double value,
                                           std::string& text) override;
+    bool axisTickLabelViewShouldConsiderStartEndLabelLength(KXAxisTickLabelView* view,
+                                                            bool& consider) override;
     std::string obtainValueText(std::uint64_t series, double value) const override;
+    UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t series) override;
+    std::uint64_t obtainLegendCellSize() override;
+    bool obtainLegendShouldShowCell(std::uint64_t index) override;
+    std::string obtainLegendLabel(std::uint64_t index) override;
+    bool obtainLegendSymbolColor(std::uint64_t index, UXColor& color) override;
+    std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;
+    bool obtainLegendCellIsOn(std::uint64_t index) override;
+    void legendCellClicked(std::uint64_t index, const UXEvent& event) override;
+    void legendCellHovered(std::uint64_t index, bool hovered) override;
+    std::optional<KXChartItem> obtainExplainedAt(UXPoint point) const override;
+    UXHintInfo obtainItemHint(const KXChartItem& item) override;
+    void showItem(const KXChartItem& item) override;
+    /** @return false where it ends a drag, which is no click */
+    bool shouldTriggerMouseUp(const UXEvent& event) override;
 
 protected:
     void _categoryTextsArrived(bool areFirst) override;
@@ -110,6 +166,8 @@ protected:
     void _insertView(std::size_t place, std::unique_ptr<KXAxisChartDataView> view);
 
     double _calculateSuitableRange(double amount, bool forTicks) const;
+    /** @return whether a cell of the legend is that of a line of reference, as those after the series are */
+    bool _isAssistantLineCell(std::uint64_t index) { return _findLegendLine(index).has_value(); }
 
     // From KXAxisChartBase and KXAxisChart
     void _customUpdateAxes() override;
@@ -120,10 +178,28 @@ protected:
     std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const override;
     UXPoint _obtainHintPoint(const KXAxisChartMark& mark) override;
     void _updateDataRanges() override;
+    void _customReloadMarks() override;
+    void _layoutMarks() override;
+    void _layoutMarkLabels() override;
+    void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) override;
+    void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect) override;
+    void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _customUpdateTicks() override;
+    void _customLayout(UXRect plotArea) override;
+    void _paintOverMarks(UXPainter& painter) override;
+    std::optional<std::uint64_t> _obtainCategoryBeside(std::uint64_t category, bool forwards) const override;
+    bool customMouseDown(const UXEvent& event, bool& stop) override;
+    bool customMouseDragging(const UXEvent& event, bool& stop) override;
+    bool customMouseWheel(const UXEvent& event, bool& stop) override;
+    bool customMouseDoubleClick(const UXEvent& event, bool& stop) override;
+    bool customKeyDown(const UXEvent& event, bool& stop) override;
 
 private:
     KXAxisChartAxis& _obtainValueAxis(std::uint64_t series) const;
-    bool _wantsContinuous() const;
+    const KXAxisChartAxisCacheData& _obtainCache(const KXAxisProperty& property) const;
+    bool _mayBeContinuous() const;
+    bool _decidesContinuous() const;
+    void _takePlaces(std::span<const double> numbers);
     bool _takeNumberRange();
     void _updateCategoryRange();
     // Views by their places that the other axis of values tells than the one that the chart type gave them
@@ -133,6 +209,27 @@ private:
     static const UXPropertyType& _obtainViewsType();
     /** @return whether a view has values on the axis */
     bool _updateValueRange(KXAxisChartAxis& axis);
+    void _alignValueAxes();
+    void _setValueScale(KXAxisChartAxis& axis);
+    double _toAxis(const KXAxisChartAxis& axis, double value) const;
+    KXVisibleRange _obtainWholeRange(const KXAxisChartAxis& axis) const;
+    double _obtainLeastLength(const KXAxisChartAxis& axis) const;
+    KXVisibleRange _obtainShownRange(const KXAxisChartAxis& axis) const;
+    double _obtainCategoryDistance() const;
+    void _setTicks(KXAxisChartAxis& axis, std::vector<double> ticks);
+    void _updateCalendarTicks(const KXVisibleRange& shown);
+    void _updateNumberTicks(KXAxisChartAxis& axis, const KXVisibleRange& shown);
+    std::optional<KXAxisChartValueRange> _obtainShownValueRange(const KXAxisChartDataView& view) const;
+    std::uint64_t _countLeftOut() const;
+    std::string _obtainCustomTickText(double value) const;
+    void _updateAssistantLines();
+    void _includeFixedValues(const KXAxisChartAxis& axis, double& min, double& max) const;
+    const KXAssistantLineDataView::Line* _hitAssistantLine(UXPoint point) const;
+    std::vector<KXAssistantLineProperty> _obtainLegendLines() const;
+    std::optional<KXAssistantLineProperty> _findLegendLine(std::uint64_t index);
+    void _addZoomParts();
+    void _placeZoomButton();
+    void _placeNote();
     std::optional<std::uint64_t> _obtainPlacedCategoryAt(UXPoint point) const;
     void _updateDefaultTitles();
     std::string _obtainProposedTitle(const KXAxisChartAxis& axis) const;
@@ -143,10 +240,18 @@ private:
     KXAxisChartAxis& m_x; // the chart's axes
     KXAxisChartAxis& m_y;
     KXAxisChartAxis& m_secondaryY;
+    std::unique_ptr<KXAssistantLineDataView> m_linesBehind, m_linesInFront;
     bool m_isContinuous = false;
+    bool m_isPartOfYShown = false;
     std::optional<KXValueExtremes> m_numberRange; // of marks that lie at numbers of their own
-    bool m_categoriesGrow = true;                 // on a continuous axis: no number is below the one before
-    double m_categoryDistance = 1;                // the least one between two of them
-    std::vector<double> m_categoryNumbers;
+    KXCategoryPlaces m_places;
+    std::vector<std::string> m_tickTexts; // of the X axis's own ticks; empty where these are numbers
+    /** The values of series on a logarithmic axis without those that are not above zero; empty where all are.
+     */
+    mutable std::map<std::uint64_t, std::vector<double>> m_positiveValues;
+    std::uint64_t m_leftOutCount = 0; // of these
+    KXAxisChartZoom m_zoom{*this};
+    KXChartToolboxItem* m_zoomButton; // children of the plot
+    UXLabel* m_note;
     UXPropertyTableBinding m_xyPropertyBinding{*this, obtainPropertyTable()};
 };

@@ -1,6 +1,9 @@
 #include "kx_xy_axis_chart.h"
 
 #include "kx_key_definitions.h"
+#include "ux/ux_label.h"
+#include "ux/ux_layout_rounds.h"
+#include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 
@@ -16,6 +19,67 @@ void KXXYAxisChart::_insertView(std::size_t place, std::unique_ptr<KXAxisChartDa
     view->m_chart = this;
     view->m_isMadeForSecondaryAxis = view->m_isOnSecondaryAxis;
     _keepView(place, std::move(view));
+}
+
+void KXXYAxisChart::_customReloadMarks()
+{
+    m_positiveValues.clear();
+    KXAxisChart::_customReloadMarks();
+}
+
+/** Labels keep off the note. */
+void KXXYAxisChart::_layoutMarks()
+{
+    const UXObjectWatcher self(this);
+    _placeNote();
+    if (self.isAlive())
+        KXAxisChart::_layoutMarks();
+}
+
+/** Lines of reference keep off the labels of marks, and no label is crossed by any of these lines. */
+void KXXYAxisChart::_layoutMarkLabels()
+{
+    const UXLayoutRounds layout;
+    KXAxisChart::_layoutMarkLabels();
+    const KXAxisChartPlotFrame frame = obtainPlotFrame(false);
+    for (KXAssistantLineDataView* view : {m_linesBehind.get(), m_linesInFront.get()})
+        view->layout(frame);
+    for (KXAssistantLineDataView* view : {m_linesBehind.get(), m_linesInFront.get()})
+        view->layoutLabels();
+}
+
+std::optional<UXDoubleRect> KXXYAxisChart::obtainNoteRect() const
+{
+    return m_note->getVisible() ? std::optional(UXDoubleRect(m_note->getRect())) : std::nullopt;
+}
+
+void KXXYAxisChart::_paintMarks(UXPainter& painter, const UXRect& dirtyRect)
+{
+    m_linesBehind->paint(painter, dirtyRect);
+    KXAxisChart::_paintMarks(painter, dirtyRect);
+    m_linesInFront->paint(painter, dirtyRect);
+}
+
+void KXXYAxisChart::_paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect)
+{
+    KXAxisChart::_paintMarkLabels(painter, dirtyRect);
+    m_linesBehind->paintLabels(painter, dirtyRect);
+    m_linesInFront->paintLabels(painter, dirtyRect);
+}
+
+bool KXXYAxisChart::isPlaced(const KXAxisChartMark& mark) const
+{
+    if (!m_places.isEmpty() && m_places.obtainPlace(mark.category) == KXCategoryPlaces::none)
+        return false;
+    return !isLogarithmic(*_obtainValueAxis(mark.series).property) ||
+           getValue(mark.series, mark.category) > 0;
+}
+
+UXSymbolStyle KXXYAxisChart::obtainLegendSymbolStyle(std::uint64_t index)
+{
+    const std::optional<KXAssistantLineProperty> line = _findLegendLine(index);
+    return line ? KXAssistantLineDataView::obtainSymbolStyle(*line)
+                : KXAxisChart::obtainLegendSymbolStyle(index);
 }
 
 std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryAt(UXPoint point) const

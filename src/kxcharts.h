@@ -2,6 +2,8 @@
 
 // What a host or the author of a chart needs. Records of the layout come with what they are part of.
 #include "kx_area_chart.h"
+#include "kx_assistant_line_data_view.h"
+#include "kx_assistant_line_property.h"
 #include "kx_axis.h"
 #include "kx_axis_chart.h"
 #include "kx_axis_chart_axis.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chart_picture.h"
+#include "kx_assistant_line_property.h"
 #include "kx_axis_chart_options.h"
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_tick_label_options.h"
@@ -286,6 +287,20 @@ private:
         property["textColor"] = _makeJsonColor();
     }
 
+    Json _makeAssistantLine()
+    {
+        Json line = Json::parse(KXAssistantLineProperty().serialize());
+        for (const char* key : {"m_operation", "m_toOperation"})
+            line[key] = below(10);
+        for (const char* key : {"m_value", "m_toValue"})
+            line[key] = below(200) - 50;
+        for (const char* key :
+             {"m_isOnXAxis", "m_isOnSecondaryAxis", "m_isBand", "m_isInFront", "m_showInLegend"})
+            line[key] = oneIn(3);
+        line["m_labelText"] = oneIn(2) ? "Line" : "";
+        return line;
+    }
+
     void _changeList(const std::string& key, Json& list)
     {
         static const std::map<std::string, std::string> names = {
@@ -297,6 +312,8 @@ private:
         for (int i = below(9), reached = 0; i > 0; --i)
             if (key == "m_customParititonSegment")
                 list.push_back(reached += below(30) - 2);
+            else if (key == "m_assistantLines")
+                list.push_back(_makeAssistantLine());
             else if (key == "m_seriesLineWidths")
                 list.push_back(below(9) / 2.0);
             else

@@ -350,6 +350,7 @@ TEST(KXAxisChart, ContinuousCategoriesLieAtTheirNumbers)
     provider.categoryNumber = [](std::uint64_t i) { return 5.0 - static_cast<double>(i); };
     kxLoad(chart);
     EXPECT_EQ(chart.obtainVisibleCategories().second, 3) << "also where they do not grow";
+    EXPECT_EQ(chart.getCategoryPlaces().obtainCategory(0), 2);
     provider.categoryNumber = [](std::uint64_t) { return null; };
     kxLoad(chart);
     EXPECT_FALSE(chart.isContinuous());

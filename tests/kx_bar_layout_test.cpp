@@ -301,7 +301,6 @@ TEST(KXAxisChartPixelColumns, RunsOfCategoriesThatShareColumns)
         {"four a column", {}, 0.25, 1, {{0, 4, 0, 1}, {4, 8, 1, 2}}},
         {"on finer pixels", {}, 0.25, 2, {{0, 2, 0, 1}, {2, 4, 1, 2}, {4, 6, 2, 3}, {6, 8, 3, 4}}},
         {"beside the area", {-9, 0, 0, 1, 99}, 1, 1, {{1, 3, 0, 1}, {3, 4, 1, 2}}},
-        {"there and back", {1, 0, 1}, 1, 1, {{0, 1, 1, 2}, {1, 2, 0, 1}, {2, 3, 1, 2}}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);

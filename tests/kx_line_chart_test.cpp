@@ -120,7 +120,7 @@ TEST_F(KXLineChartTest, LinesRunThroughTheirValues)
             EXPECT_EQ(describe(chart.getDataView(), 0), c.first);
             EXPECT_EQ(describe(chart.getDataView(), 1), c.second);
             EXPECT_EQ(chart.getDataView().getPoints().size(), c.points);
-            const KXAxisChartLinearScale categories = chart.obtainCategoryMap();
+            const KXAxisChartScale categories = chart.obtainCategoryMap();
             const KXLineVertex& last = chart.getDataView().getShapes()[0].line.vertices.back();
             EXPECT_EQ(last.across, categories.obtainPosition(3));
         }
@@ -162,12 +162,12 @@ TEST_F(KXLineChartTest, AreasFillFromZeroOrFromEachOther)
     EXPECT_LE(chart.getYAxis()->getMinValue(), -10);
     const auto& shapes = chart.getDataView().getShapes();
     ASSERT_EQ(shapes[0].fills.size(), 1);
-    EXPECT_EQ(shapes[0].fills[0].back().y, chart.obtainLinearScale(0).obtainPosition(0));
+    EXPECT_EQ(shapes[0].fills[0].back().y, chart.obtainValueScale(0).obtainPosition(0));
     chart.getYAxisProperty()->updateIsStacked(true);
     chart.layout();
     ASSERT_EQ(shapes[0].fills.size(), 2) << "one band on each side of zero";
     ASSERT_EQ(shapes[1].fills.size(), 1);
-    EXPECT_EQ(shapes[1].fills[0].back().y, chart.obtainLinearScale(0).obtainPosition(20))
+    EXPECT_EQ(shapes[1].fills[0].back().y, chart.obtainValueScale(0).obtainPosition(20))
         << "on the first one";
     moveTo(chart, {shapes[1].fills[0].front().x, shapes[1].fills[0].front().y}, 2, 40);
     EXPECT_EQ(chart.getHoveredMark(), (Mark{1, 0})) << "in its fill, far from its line";

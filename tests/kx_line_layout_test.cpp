@@ -121,10 +121,12 @@ TEST(KXLineLayout, NeighboursOfWhatIsInSightArePartOfIt)
 
 TEST(KXLineLayout, PlacesThatGoBackAreJoinedByTheirNumbers)
 {
-    const std::vector<double> values{1, 2, 3, 4}, numbers{5, 1, 3, 1};
+    const std::vector<double> values{1, 2, 3, 4}, numbers{1, 1, 3, 5};
+    const std::vector<std::uint64_t> order{1, 3, 2, 0};
     KXAxisChartStacks source;
     source.series = {{0, values}};
     source.categoryNumbers = numbers;
+    source.categories = order;
     source.end = 4;
     KXLineEdges edges;
     edges.take(source, KXLineNullHandling::Gap);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_assistant_line_property.h"
 #include "kx_enum_map.h"
 #include "ux/ux_color.h"
 #include "ux/ux_font.h"
@@ -61,6 +62,12 @@ inline UXTextProperty kxMakeOtherValue(UXTextProperty value)
 inline UXHintInfo kxMakeOtherValue(UXHintInfo value)
 {
     value.distance += 1;
+    return value;
+}
+
+inline KXAssistantLineProperty kxMakeOtherValue(KXAssistantLineProperty value)
+{
+    value.setValue(value.getValue() + 1);
     return value;
 }
 
