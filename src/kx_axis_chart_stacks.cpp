@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace {
@@ -10,6 +11,8 @@ constexpr double greatest = (std::numeric_limits<double>::max)();
 constexpr double whole = 100;
 
 double add(double a, double b) { return std::clamp(a + b, -greatest, greatest); }
+
+double obtainLength(const KXAxisChartStackSegment& piece) { return std::abs(piece.to - piece.from); }
 
 void stack(std::vector<KXAxisChartStackSegment>& pieces)
 {
@@ -71,7 +74,9 @@ void KXAxisChartStacks::obtainPieces(std::uint64_t category,
         const KXAxisChartSpan span = floats ? series[position].spans[category] : KXAxisChartSpan{0, value};
         pieces.push_back({position, value, span.from, span.to});
     }
-    if (form == KXAxisChartStacking::Stacked)
+    if (form == KXAxisChartStacking::Floating) // none lies hidden behind a longer one
+        std::ranges::stable_sort(pieces, std::ranges::greater(), obtainLength);
+    else if (form == KXAxisChartStacking::Stacked)
         stack(pieces);
     else if (form == KXAxisChartStacking::Percentage)
         divideWhole(pieces);

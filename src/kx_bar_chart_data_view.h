@@ -89,6 +89,14 @@ public:
     bool customDeserialize() override;
 
 protected:
+    /** What stands beyond the bars of a slot. */
+    struct Total {
+        double place; /**< beyond the bars on that side of zero */
+        double value;
+    };
+
+    /** @return by default one, the sum of the category */
+    virtual std::vector<Total> _obtainTotals(const KXAxisChartStacks& source, std::uint64_t category) const;
     /** Changes bars that have their places; by default none. */
     virtual void _finishBars(std::vector<KXBar>& bars);
     /** @return whether the text of a bar may stand beyond its end; by default not in stacks, where another

@@ -33,9 +33,9 @@ constexpr double greatestTotalWidth = 0.5, greatestTotalLength = 0.2;
 /** What the labels say, in the order in which they choose their places. */
 struct KXBarChartDataView::LabelRequests {
     /** The sum of a category, at the end of its stack. */
-    struct Total {
+    struct Sum {
         std::size_t slot; // in the layout
-        double value;
+        double place;
         std::string text;
     };
     /** The text of one bar. */
@@ -43,7 +43,7 @@ struct KXBarChartDataView::LabelRequests {
         std::size_t bar; // in the layout
         KXBarLabelPlacer::Request request;
     };
-    std::vector<Total> totals;
+    std::vector<Sum> totals;
     std::vector<Label> labels;
 };
 
@@ -116,11 +116,17 @@ void KXBarChartDataView::layoutLabels()
 void KXBarChartDataView::_requestTotals(const KXAxisChartStacks& source, LabelRequests& requests) const
 {
     const std::vector<KXBarSlot>& slots = getSlots();
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        const double total = source.obtainTotal(slots[i].category);
-        requests.totals.push_back(
-            {i, total, getChart()->obtainValueText(source.series.front().index, total)});
-    }
+    for (std::size_t i = 0; i < slots.size(); ++i)
+        for (const Total& total : _obtainTotals(source, slots[i].category))
+            requests.totals.push_back(
+                {i, total.place, getChart()->obtainValueText(source.series.front().index, total.value)});
+}
+
+std::vector<KXBarChartDataView::Total> KXBarChartDataView::_obtainTotals(const KXAxisChartStacks& source,
+                                                                         std::uint64_t category) const
+{
+    const double total = source.obtainTotal(category);
+    return {{total, total}};
 }
 
 void KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, LabelRequests& requests,
@@ -135,7 +141,8 @@ void KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, Labe
         const auto position = static_cast<std::size_t>(found - source.series.begin());
         const KXSeriesFacts& facts = m_made->texts.obtainFacts(*getChart(), source, position);
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
-        if (isExtreme != extremes || !kxIsValueLabelled(option, facts, found->values, mark.category))
+        if (isExtreme != extremes ||
+            !kxIsValueLabelled(option, facts, getChart()->getSeriesValues(mark.series), mark.category))
             continue;
         _requestBarLabel(source, i, position, isExtreme, requests);
     }
@@ -152,7 +159,7 @@ void KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::
     const KXBar& bar = getBars()[index];
     KXBarLabelPlacer::Request request;
     request.text = m_made->texts.obtainText(*getChart(), source, bar.mark, position,
-                                            m_property->getLabelDisplayOption());
+                                            m_property->getLabelDisplayOption(), obtainValue(bar.mark));
     request.property = m_property->getLabelProperty();
     request.barColor = m_made->barColors[index];
     request.isExtreme = isExtreme;
@@ -169,8 +176,8 @@ void KXBarChartDataView::_placeLabels(const LabelRequests& requests)
                                     m_property->getAutoLabelColor()});
     for (const UXDoubleRect& rect : _obtainEarlierLabels())
         placer.addObstacle(rect);
-    for (const LabelRequests::Total& total : requests.totals)
-        placer.addTotal(getSlots()[total.slot], total.value, total.text, m_property->getTotalProperty());
+    for (const LabelRequests::Sum& total : requests.totals)
+        placer.addTotal(getSlots()[total.slot], total.place, total.text, m_property->getTotalProperty());
     for (const LabelRequests::Label& label : requests.labels)
         placer.add(label.bar, label.request);
     m_made->labels = placer.place();

@@ -29,8 +29,10 @@ bool KXDerivedBarChart::customDeserialize()
     if (!own)
         return false;
     isComplete = own->read(*this) && isComplete;
-    if (preparedAndReloadedData())
+    if (reloadedData())
         reloadData();
+    else
+        reloadColors();
     if (self.isAlive())
         getLegend()->markDataUpdated();
     return isComplete;

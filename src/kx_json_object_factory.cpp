@@ -35,6 +35,10 @@
 #include "kx_rectangle.h"
 #include "kx_stacked_bar.h"
 #include "kx_tile.h"
+#include "kx_tornado_chart.h"
+#include "kx_tornado_chart_data_view.h"
+#include "kx_tornado_chart_property.h"
+#include "kx_tornado_chart_stacked_bar.h"
 #include "kx_tree_map_chart.h"
 #include "kx_value_chart.h"
 #include "kx_vertical_bar.h"
@@ -136,10 +140,10 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXTablePanel),
     KX_TYPE(KXTile),
     KX_TYPE(KXChartToolboxItem),
-    KX_TYPE_WITHOUT_CLASS(KXTornadoChart),
-    KX_TYPE_WITHOUT_CLASS(KXTornadoChartDataView),
-    KX_TYPE_WITHOUT_CLASS(KXTornadoChartProperty),
-    KX_TYPE_WITHOUT_CLASS(KXTornadoChartStackedBar),
+    KX_TYPE(KXTornadoChart),
+    KX_TYPE(KXTornadoChartDataView),
+    KX_TYPE(KXTornadoChartProperty),
+    KX_TYPE(KXTornadoChartStackedBar),
     KX_TYPE(KXTreeMapChart),
     KX_TYPE_WITHOUT_CLASS(KXTrendChart),
     KX_TYPE(KXValueChart),

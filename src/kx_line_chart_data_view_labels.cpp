@@ -93,7 +93,8 @@ void KXLineChartDataView::_requestLabel(const KXAxisChartStacks& source, const K
                                         std::size_t position, KXLineLabelPlacer& placer)
 {
     std::string text = m_texts.obtainText(*getChart(), source, place.mark, position,
-                                          m_property->getLabelDisplayOption());
+                                          m_property->getLabelDisplayOption(),
+                                          source.obtainValue(position, place.mark.category));
     UXTextProperty property = m_property->getLabelProperty();
     getChart()->customizeMarkLabel(place.mark, text, property);
     const KXSeriesFacts& facts = m_texts.obtainFacts(*getChart(), source, position);

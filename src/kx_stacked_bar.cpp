@@ -57,6 +57,8 @@ void KXStackedBar::clearSegments()
     setRequireToVerifyLayout(true, true);
 }
 
+bool KXStackedBar::growsBackwards() const { return false; }
+
 /** Edges are rounded from the sums, so that segments touch each other. */
 void KXStackedBar::customLayout()
 {
@@ -76,8 +78,9 @@ void KXStackedBar::customLayout()
         const int start = edgeOf(reached);
         reached += obtainAmount(*segment);
         const int end = edgeOf(reached);
-        segment->setRect(isVertical ? UXRect(0, length - end, whole.width, end - start)
-                                    : UXRect(start, 0, end - start, whole.height));
+        const int place = growsBackwards() != isVertical ? length - end : start;
+        segment->setRect(isVertical ? UXRect(0, place, whole.width, end - start)
+                                    : UXRect(place, 0, end - start, whole.height));
     }
 }
 

@@ -36,6 +36,8 @@ public:
 
 protected:
     void customLayout() override;
+    /** @return whether the first segment is the right one, or the upper one; by default not */
+    virtual bool growsBackwards() const;
 
 private:
     bool _readSegments();

@@ -25,9 +25,9 @@ const KXSeriesFacts& KXValueLabelTexts::obtainFacts(const KXXYAxisChart& chart,
     if (m_facts.size() != source.series.size()) {
         m_facts.clear();
         for (const KXAxisChartStacks::Series& series : source.series) {
-            const std::size_t count = std::min<std::size_t>(series.values.size(),
-                                                            chart.obtainShownCategoryCount());
-            m_facts.push_back(kxObtainSeriesFacts(series.values.first(count)));
+            const std::span<const double> values = chart.getSeriesValues(series.index);
+            const std::size_t count = std::min<std::size_t>(values.size(), chart.obtainShownCategoryCount());
+            m_facts.push_back(kxObtainSeriesFacts(values.first(count)));
         }
     }
     return m_facts[position];
@@ -64,10 +64,10 @@ std::string KXValueLabelTexts::obtainPercentageText(const KXXYAxisChart& chart,
 
 std::string KXValueLabelTexts::obtainText(KXXYAxisChart& chart, const KXAxisChartStacks& source,
                                           const KXAxisChartMark& mark, std::size_t position,
-                                          KXAxisChartLabelDisplayOption option)
+                                          KXAxisChartLabelDisplayOption option, double number)
 {
     const auto obtainPart = [&] { return obtainPercentageText(chart, source, mark, position); };
-    const std::string value = chart.obtainValueText(mark.series, source.obtainValue(position, mark.category));
+    const std::string value = chart.obtainValueText(mark.series, number);
     switch (option) {
     case KXAxisChartLabelDisplayOption::ValueOnly:
         break;

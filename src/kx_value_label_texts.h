@@ -28,9 +28,10 @@ public:
      * parts of one whole add up to 100 as they are written */
     std::string obtainPercentageText(const KXXYAxisChart& chart, const KXAxisChartStacks& source,
                                      const KXAxisChartMark& mark, std::size_t position);
-    /** @return what the label of a mark says; the host may be asked, and may destroy the chart */
+    /** @param number as the mark tells it
+     *  @return what the label of a mark says; the host may be asked, and may destroy the chart */
     std::string obtainText(KXXYAxisChart& chart, const KXAxisChartStacks& source, const KXAxisChartMark& mark,
-                           std::size_t position, KXAxisChartLabelDisplayOption option);
+                           std::size_t position, KXAxisChartLabelDisplayOption option, double number);
 
 private:
     double _obtainPercentage(const KXXYAxisChart& chart, const KXAxisChartStacks& source,

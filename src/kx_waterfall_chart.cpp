@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <utility>
 
@@ -111,7 +112,7 @@ KXAxisChartDrawnData KXWaterfallChart::_deriveData()
     const std::uint64_t own = _getPulledCategoryCount();
     for (std::size_t i = 0; i < steps.size(); ++i) {
         const KXWaterfallStep& step = steps[i];
-        drawn.series[View::obtainSeries(step)].values[i] = step.value;
+        drawn.series[static_cast<std::size_t>(View::obtainSeries(step))].values[i] = step.value;
         const bool isPart = source.isDivided && step.kind == Kind::Change;
         if (step.kind == Kind::Total || (step.kind == Kind::Change && !isPart)) {
             drawn.categories.push_back(step.member);
