@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -34,6 +35,29 @@ void shareColor(KXAxisProperty& property)
     property.updateAxisColor(color);
     if (watcher.isAlive())
         property.updateTickLabelFontColor(color);
+}
+
+/** What labels ask for beside the marks, before the start of their axis and after its end; logical units. */
+struct LabelRoom {
+    int length = 0, startOverhang = 0;
+    double extraLength = 0;
+
+    friend bool operator==(const LabelRoom&, const LabelRoom&) = default;
+};
+
+/** @return nothing where an answer of the host destroyed the labels */
+std::optional<LabelRoom> measureLabelRoom(const KXAxisChartAxis& axis)
+{
+    KXAxisTickLabelView& labels = *axis.labels;
+    const UXObjectWatcher watcher(&labels);
+    LabelRoom room;
+    room.length = labels.obtainLabelLength();
+    if (watcher.isAlive())
+        room.startOverhang = labels.obtainStartOverhang();
+    if (!watcher.isAlive())
+        return std::nullopt;
+    room.extraLength = axis.axis->getExtraLength(labels.getExtraLengthKey());
+    return room;
 }
 
 } // namespace
@@ -281,12 +305,21 @@ void KXAxisChartBase::_keepLabelsInRoom()
         _layoutAnew();
 }
 
+/** Where other texts need no other room, the labels alone are laid out. */
 void KXAxisChartBase::_updateTickTexts(KXAxisChartAxis& axis)
 {
+    const UXLayoutRounds layout;
+    const UXObjectWatcher self(this);
+    const std::optional<LabelRoom> before = measureLabelRoom(axis);
+    if (!before)
+        return;
     axis.labels->updateTexts();
-    if (m_isScrolling)
+    if (m_isScrolling) {
         _keepLabelsInRoom();
-    else
+        return;
+    }
+    const std::optional<LabelRoom> after = self.isAlive() ? measureLabelRoom(axis) : std::nullopt;
+    if (after && (*after != *before || !axis.labels->getVisible()))
         _layoutAnew();
 }
 
@@ -322,16 +355,11 @@ const UXPropertyTable& KXAxisChartBase::obtainPropertyTable()
     return table;
 }
 
-void KXAxisChartBase::customSerialize()
-{
-    KXChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
 bool KXAxisChartBase::customDeserialize()
 {
-    bool complete = KXChart::customDeserialize();
-    complete = obtainPropertyTable().read(*this) && complete;
-    _layoutAnew();
-    return complete;
+    const UXObjectWatcher self(this);
+    const bool isComplete = KXChart::customDeserialize();
+    if (self.isAlive())
+        _layoutAnew();
+    return isComplete;
 }

@@ -54,7 +54,6 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // From UXJsonObject, KXAxisDelegate, KXAxisTickLabelViewDelegate and UXVirtualScrollViewDelegate
-    void customSerialize() override;
     bool customDeserialize() override;
     void axisAxisLengthChanged(KXAxis* axis, double totalLength) override;
     void axisVisibleValuesChanged(KXAxis* axis) override;

@@ -179,6 +179,7 @@ private:
         int index = 0;
         double value = 0;
         std::optional<std::string> text;
+        bool isToCome = false;            /**< whether another text is, in place of this one */
         std::string lines;                /**< the text as it is shown, known with its size */
         std::optional<UXDoubleSize> size; /**< of the lines, before they are turned */
         ShowState state = ShowState::Undecided;
@@ -210,6 +211,7 @@ private:
     bool _askDelegate(const std::function<void(KXAxisTickLabelViewDelegate&)>& ask);
     bool _obtainTick(int index, double& value);
     bool _obtainText(double value, std::string& text);
+    bool _knowText(Tick& tick);
     bool _measureTick(Tick& tick);
     bool _takeTick(int index, Tick& tick);
 
@@ -231,6 +233,7 @@ private:
     std::int64_t _obtainCustomInterval() const;
     bool _calcTickLabelInterval(double spacing);
     bool _updateShownInterval();
+    bool _wantTexts();
     bool _areLabelsApart(bool& areApart);
     double _obtainMoveInside(const Tick& tick, const KXAxisTickLabelLayout& layout) const;
     double _obtainRoomAtEnd(const Tick& tick, int direction) const;

@@ -15,3 +15,8 @@ bool KXAxisTickLabelViewDelegate::axisTickLabelViewShouldConsiderStartEndLabelLe
 {
     return false;
 }
+
+bool KXAxisTickLabelViewDelegate::axisTickLabelViewIsTickLabelToCome(KXAxisTickLabelView*, double)
+{
+    return false;
+}

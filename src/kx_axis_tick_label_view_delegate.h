@@ -31,4 +31,7 @@ public:
     /** The axis has to have this much extra length under the view's key.
      *  @param length in logical units, not below 0 */
     virtual void axisTickLabelViewRequestExtraLengthAtTheEnd(KXAxisTickLabelView* view, double length) = 0;
+    /** @return whether what was told last as the label of that value stands for a text that is still to come;
+     * none is unless overridden */
+    virtual bool axisTickLabelViewIsTickLabelToCome(KXAxisTickLabelView* view, double value);
 };

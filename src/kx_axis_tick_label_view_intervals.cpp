@@ -83,6 +83,18 @@ bool KXAxisTickLabelView::_updateShownInterval()
         if (!areApart)
             m_shownInterval += m_visibleStep;
     }
+    return m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto || _wantTexts();
+}
+
+/** Which step keeps labels apart depends on texts of ticks between them too. Where one is still to come, all
+ * that are visible are asked for together: one step at a time, the rounds of a layout would end too early. */
+bool KXAxisTickLabelView::_wantTexts()
+{
+    if (std::ranges::none_of(m_visibleTicks, [](const Tick& tick) { return tick.text && tick.isToCome; }))
+        return true;
+    for (Tick& tick : m_visibleTicks)
+        if (!_knowText(tick))
+            return false;
     return true;
 }
 

@@ -6,7 +6,6 @@
 #include "kx_axis_tick_label_placed_label.h"
 #include "kx_axis_tick_label_view_delegate.h"
 #include "kx_axis_tick_search.h"
-#include "kx_data_requests.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
@@ -85,21 +84,29 @@ bool KXAxisTickLabelView::_obtainText(double value, std::string& text)
 
 bool KXAxisTickLabelView::_measureTick(Tick& tick)
 {
-    if (!tick.text) {
-        std::string text;
-        if (!_obtainText(tick.value, text))
-            return false;
-        tick.text = text;
-    }
+    if (!_knowText(tick))
+        return false;
     if (!tick.size) {
         tick.lines = _obtainLines(*tick.text);
         tick.size = _measureText(tick.lines, m_textProperty);
-        const bool isToCome = *tick.text == KXDataRequests::placeholder;
-        if (!isToCome && tick.size->width > m_widestText.width)
+        if (!tick.isToCome && tick.size->width > m_widestText.width)
             m_widestText = *tick.size;
-        if (isToCome && tick.size->width < m_widestText.width)
+        if (tick.isToCome && tick.size->width < m_widestText.width)
             tick.size = m_widestText;
     }
+    return true;
+}
+
+bool KXAxisTickLabelView::_knowText(Tick& tick)
+{
+    std::string text;
+    if (tick.text)
+        return true;
+    if (!_obtainText(tick.value, text) || !_askDelegate([&](KXAxisTickLabelViewDelegate& delegate) {
+            tick.isToCome = delegate.axisTickLabelViewIsTickLabelToCome(this, tick.value);
+        }))
+        return false;
+    tick.text = std::move(text);
     return true;
 }
 

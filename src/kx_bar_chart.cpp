@@ -78,6 +78,6 @@ const UXPropertyTable& KXBarChart::obtainPropertyTable()
     return table;
 }
 
-KX_DEFINE_DOCUMENT(KXBarChart, KXXYAxisChart)
+std::string KXBarChart::customSerializeTypeID() { return "KXBarChart"; }
 
 std::string KXBarChart::customSerializeVersion() { return "1.0"; }

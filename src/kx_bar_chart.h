@@ -34,10 +34,8 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // From UXJsonObject
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
     std::string customSerializeVersion() override;
-    bool customDeserialize() override;
 
     // From KXLegendDelegate
     std::vector<KXObjectID> obtainLegendCellObjectID(std::uint64_t index) override;

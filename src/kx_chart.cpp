@@ -259,17 +259,22 @@ void KXChart::_makeItems(KXChartItemsDelegate& delegate, KXChartDataUser& user, 
 void KXChart::customSerialize()
 {
     UXObject::customSerialize();
-    obtainPropertyTable().getParent()->write(*this);
-    obtainPropertyTable().write(*this);
+    for (const UXPropertyTable* table : UXPropertyTable::obtainTable(*this)->obtainTables())
+        table->write(*this);
 }
 
 std::string KXChart::customSerializeTypeID() { return "KXChart"; }
 
 bool KXChart::customDeserialize()
 {
+    // The keys of the kinds above too, so that each part comes up to date once, with all that was read.
+    const UXObjectWatcher self(this);
     bool complete = UXObject::customDeserialize();
-    complete = obtainPropertyTable().getParent()->read(*this) && complete;
-    complete = obtainPropertyTable().read(*this) && complete;
+    for (const UXPropertyTable* table : UXPropertyTable::obtainTable(*this)->obtainTables())
+        if (self.isAlive())
+            complete = table->read(*this) && complete;
+    if (!self.isAlive())
+        return false;
     if (isInitialized())
         _applyAll();
     else

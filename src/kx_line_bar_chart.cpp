@@ -166,27 +166,4 @@ const UXPropertyTable& KXLineBarChart::obtainPropertyTable()
     return table;
 }
 
-void KXLineBarChart::customSerialize()
-{
-    KXXYAxisChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
 std::string KXLineBarChart::customSerializeTypeID() { return "KXLineBarChart"; }
-
-bool KXLineBarChart::customDeserialize()
-{
-    const UXObjectWatcher self(this);
-    bool complete = KXXYAxisChart::customDeserialize();
-    if (!self.isAlive())
-        return false;
-    complete = obtainPropertyTable().read(*this) && complete;
-    // What the legend shows and which axis a series stands on are among what was read.
-    if (preparedAndReloadedData())
-        reloadData();
-    else
-        _customReloadMarks();
-    if (self.isAlive())
-        getLegend()->markDataUpdated();
-    return complete;
-}

@@ -41,9 +41,7 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // From UXJsonObject
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
-    bool customDeserialize() override;
 
 protected:
     void _customReloadMarks() override;

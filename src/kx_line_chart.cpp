@@ -120,23 +120,4 @@ const UXPropertyTable& KXLineChart::obtainPropertyTable()
     return table;
 }
 
-void KXLineChart::customSerialize()
-{
-    KXXYAxisChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
 std::string KXLineChart::customSerializeTypeID() { return "KXLineChart"; }
-
-bool KXLineChart::customDeserialize()
-{
-    const UXObjectWatcher self(this);
-    bool complete = KXXYAxisChart::customDeserialize();
-    if (!self.isAlive())
-        return false;
-    complete = obtainPropertyTable().read(*this) && complete;
-    // What the legend shows and which axis a series stands on are among what was read.
-    if (preparedAndReloadedData())
-        reloadData();
-    return complete;
-}

@@ -33,9 +33,7 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // From UXJsonObject
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
-    bool customDeserialize() override;
 
     // From KXChart and KXLegendDelegate
     void registerChartPropertyUpdatedEvents() override;

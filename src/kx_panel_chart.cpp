@@ -8,20 +8,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/** @return the tables of a chart below those of every chart, the most derived class's last */
-std::vector<const UXPropertyTable*> obtainTables(const KXChart& chart)
-{
-    std::vector<const UXPropertyTable*> tables;
-    for (const UXPropertyTable* table = UXPropertyTable::obtainTable(chart);
-         table && table != &KXChart::obtainPropertyTable(); table = table->getParent())
-        tables.insert(tables.begin(), table);
-    return tables;
-}
-
-} // namespace
-
 KXPanelChart::KXPanelChart() : m_dataFormat(std::make_unique<KXChartDataFormat>())
 {
     m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
@@ -31,23 +17,13 @@ KXPanelChart::~KXPanelChart() { m_dataFormat->setUpdatedEvent({}); }
 
 KXChartDataFormat* KXPanelChart::getDataFormat() const { return m_dataFormat.get(); }
 
-void KXPanelChart::customSerialize()
-{
-    KXChart::customSerialize();
-    for (const UXPropertyTable* table : obtainTables(*this))
-        table->write(*this);
-}
-
 bool KXPanelChart::customDeserialize()
 {
     const UXObjectWatcher self(this);
-    bool complete = KXChart::customDeserialize();
-    if (!self.isAlive())
-        return false;
-    for (const UXPropertyTable* table : obtainTables(*this))
-        complete = table->read(*this) && complete;
-    setRequireToVerifyLayout(true, true);
-    return complete;
+    const bool isComplete = KXChart::customDeserialize();
+    if (self.isAlive())
+        setRequireToVerifyLayout(true, true);
+    return isComplete;
 }
 
 void KXPanelChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
@@ -58,9 +34,8 @@ void KXPanelChart::_customResetProperties(KXChartResetType type, KXChart* source
     const UXObjectWatcher self(this), sourceWatcher(source);
     if (groups.contains("DataFormat"))
         m_dataFormat->customResetProperties(KXChartResetType::All, other->m_dataFormat.get(), groups);
-    const std::vector<const UXPropertyTable*> tables = self.isAlive() ? obtainTables(*this)
-                                                                      : std::vector<const UXPropertyTable*>();
-    for (const UXPropertyTable* table : tables)
+    const UXPropertyTable& own = *UXPropertyTable::obtainTable(*source);
+    for (const UXPropertyTable* table : own.obtainTables(&KXChart::obtainPropertyTable()))
         if (self.isAlive() && sourceWatcher.isAlive())
             _resetKeys(*table, type, *source, groups);
 }

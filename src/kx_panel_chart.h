@@ -29,7 +29,6 @@ public:
     KXChartDataFormat* getDataFormat() const;
 
     // From UXJsonObject: the keys of the chart type, by its tables
-    void customSerialize() override;
     bool customDeserialize() override;
 
     // From KXChartItemsDelegate

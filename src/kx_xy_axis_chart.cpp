@@ -271,6 +271,13 @@ bool KXXYAxisChart::axisTickLabelViewShouldConsiderStartEndLabelLength(KXAxisTic
     return true;
 }
 
+bool KXXYAxisChart::axisTickLabelViewIsTickLabelToCome(KXAxisTickLabelView* view, double value)
+{
+    const std::uint64_t count = getCategoryCount();
+    return !m_isContinuous && _findAxis(view) == &m_x && value >= 0 && toIndex(value, count) < count &&
+           !hasCategoryText(toIndex(value, count));
+}
+
 /** On a continuous axis ticks are values between the categories. */
 std::string KXXYAxisChart::_obtainCategoryTickText(double value)
 {
@@ -391,27 +398,20 @@ const UXPropertyTable& KXXYAxisChart::obtainPropertyTable()
     return table;
 }
 
-void KXXYAxisChart::customSerialize()
-{
-    KXAxisChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
 std::string KXXYAxisChart::customSerializeTypeID() { return "KXXYAxisChart"; }
 
 bool KXXYAxisChart::customDeserialize()
 {
-    bool complete = KXAxisChart::customDeserialize();
-    complete = obtainPropertyTable().read(*this) && complete;
     const UXObjectWatcher self(this);
-    if (reloadedData())
+    const bool isComplete = KXAxisChart::customDeserialize();
+    if (self.isAlive() && preparedAndReloadedData())
         reloadData();
-    else
+    else if (self.isAlive())
         reloadColors(); // of a legend without values
     if (!self.isAlive())
-        return complete;
+        return false;
     for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})
         axis->cache.needsUpdate = true;
     _layoutAnew();
-    return complete;
+    return isComplete;
 }

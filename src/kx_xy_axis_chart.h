@@ -128,7 +128,6 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // From UXJsonObject, KXAxisTickLabelViewDelegate and KXAxisChart
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
     int axisTickLabelViewObtainTickLabelCount(KXAxisTickLabelView* view) override;
@@ -137,6 +136,7 @@ public:
                                           std::string& text) override;
     bool axisTickLabelViewShouldConsiderStartEndLabelLength(KXAxisTickLabelView* view,
                                                             bool& consider) override;
+    bool axisTickLabelViewIsTickLabelToCome(KXAxisTickLabelView* view, double value) override;
     std::string obtainValueText(std::uint64_t series, double value) const override;
     UXSymbolStyle obtainLegendSymbolStyle(std::uint64_t series) override;
     std::uint64_t obtainLegendCellSize() override;

@@ -46,6 +46,14 @@ std::vector<std::string> UXPropertyTable::obtainKeys() const
     return keys;
 }
 
+std::vector<const UXPropertyTable*> UXPropertyTable::obtainTables(const UXPropertyTable* ancestor) const
+{
+    std::vector<const UXPropertyTable*> tables;
+    for (const UXPropertyTable* table = this; table && table != ancestor; table = table->m_parent)
+        tables.insert(tables.begin(), table);
+    return tables;
+}
+
 std::span<const UXProperty> UXPropertyTable::getWrittenProperties() const
 {
     return m_properties.first(m_properties.size() - m_unwritten);

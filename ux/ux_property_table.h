@@ -58,6 +58,9 @@ public:
     UXPropertyEffect obtainEffect(const std::string& key) const;
     /** @return every key, the parent's first, in the order given */
     std::vector<std::string> obtainKeys() const;
+    /** @return the tables of the class and its parents, these first
+     *  @param ancestor if not null, the parent of which and of whose own parents the tables are left out */
+    std::vector<const UXPropertyTable*> obtainTables(const UXPropertyTable* ancestor = nullptr) const;
 
     // The class's own
     const char* getName() const { return m_name; }
