@@ -119,7 +119,8 @@ double KXAxis::getExtraLength(const std::string& key) const
 void KXAxis::setExtraLength(const std::string& key, double length)
 {
     length = (std::max)(saturate(length), 0.0);
-    if (std::abs(getExtraLength(key) - length) < tolerance)
+    // However small the difference: what the axis had before must not be seen in what it shows now.
+    if (getExtraLength(key) == length)
         return;
     if (length > 0)
         m_extraLengths[key] = length;

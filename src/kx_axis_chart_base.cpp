@@ -309,17 +309,16 @@ void KXAxisChartBase::_keepLabelsInRoom()
 void KXAxisChartBase::_updateTickTexts(KXAxisChartAxis& axis)
 {
     const UXLayoutRounds layout;
-    const UXObjectWatcher self(this);
-    const std::optional<LabelRoom> before = measureLabelRoom(axis);
+    const bool mayNeedSameRoom = axis.labels->getVisible() && !m_isScrolling;
+    const std::optional<LabelRoom> before = mayNeedSameRoom ? measureLabelRoom(axis) : LabelRoom();
     if (!before)
         return;
     axis.labels->updateTexts();
-    if (m_isScrolling) {
+    if (m_isScrolling)
         _keepLabelsInRoom();
-        return;
-    }
-    const std::optional<LabelRoom> after = self.isAlive() ? measureLabelRoom(axis) : std::nullopt;
-    if (after && (*after != *before || !axis.labels->getVisible()))
+    else if (!mayNeedSameRoom)
+        _layoutAnew();
+    else if (const std::optional<LabelRoom> after = measureLabelRoom(axis); after && *after != *before)
         _layoutAnew();
 }
 

@@ -195,7 +195,7 @@ std::string KXXYAxisChart::_obtainProposedTitle(const KXAxisChartAxis& axis) con
 void KXXYAxisChart::_axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect)
 {
     const UXObjectWatcher self(this);
-    if (effect == UXPropertyEffect::Reload && preparedAndReloadedData())
+    if (effect == UXPropertyEffect::Reload && reloadedData())
         reloadData();
     if (self.isAlive())
         KXAxisChart::_axisPropertyUpdated(axis, effect);
@@ -404,10 +404,8 @@ bool KXXYAxisChart::customDeserialize()
 {
     const UXObjectWatcher self(this);
     const bool isComplete = KXAxisChart::customDeserialize();
-    if (self.isAlive() && preparedAndReloadedData())
+    if (self.isAlive() && reloadedData()) // a legend shows series without values too
         reloadData();
-    else if (self.isAlive())
-        reloadColors(); // of a legend without values
     if (!self.isAlive())
         return false;
     for (KXAxisChartAxis* axis : {&m_x, &m_y, &m_secondaryY})

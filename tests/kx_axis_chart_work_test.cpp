@@ -152,11 +152,39 @@ TEST(KXAxisChartWork, AChangeReachesWhatItTouches)
          [](Board& board) { KXTestInput{board.getDiagram()}.move(obtainMiddle(board.getChart(), 2)); },
          {}},
         {"a second device", [](Board& board) { board.paint(1.5); }, {}},
+        {"its own document",
+         [](Board& board) { board.getChart().deserialize(board.getChart().serialize()); },
+         {260, 1, 1, 100}},
+        {"new data",
+         [](Board& board) {
+             board.getChart().prepareData();
+             board.getChart().reloadData();
+         },
+         {1115, 2, 2, 100}},
     };
     Board board;
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(board.count(c.change), c.expected);
+    }
+}
+
+/** Labels of many widths, of which few have room: which ones depends on texts that come while laying out. */
+TEST(KXAxisChartWork, AFirstPictureIsTheLastOne)
+{
+    const UXFixedMeasurer measurer;
+    KXAxisChartTestProvider provider;
+    provider.categoryCount = 300;
+    provider.values = {std::vector<double>(300, 1)};
+    for (int width = 200; width < 700; width += 7) {
+        SCOPED_TRACE(width);
+        KXBarChart chart;
+        chart.getAxisChartProperty()->updateEnableScroll(false);
+        kxLoad(chart, provider, {0, 0, width, 90});
+        const std::string first = uxPaintToText(chart);
+        chart.setRequireToVerifyLayout(true);
+        chart.layout();
+        EXPECT_EQ(uxPaintToText(chart), first);
     }
 }
 
