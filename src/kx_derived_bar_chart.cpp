@@ -1,6 +1,5 @@
 #include "kx_derived_bar_chart.h"
 
-#include "kx_legend.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_property_table.h"
 
@@ -19,24 +18,6 @@ void KXDerivedBarChart::customReloadData()
 }
 
 std::string KXDerivedBarChart::customSerializeVersion() { return KXXYAxisChart::customSerializeVersion(); }
-
-/** What is drawn follows from keys that were read after those of all bars. */
-bool KXDerivedBarChart::customDeserialize()
-{
-    const UXObjectWatcher self(this);
-    bool isComplete = KXBarChart::customDeserialize();
-    const UXPropertyTable* own = self.isAlive() ? UXPropertyTable::obtainTable(*this) : nullptr;
-    if (!own)
-        return false;
-    isComplete = own->read(*this) && isComplete;
-    if (reloadedData())
-        reloadData();
-    else
-        reloadColors();
-    if (self.isAlive())
-        getLegend()->markDataUpdated();
-    return isComplete;
-}
 
 void KXDerivedBarChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)
 {

@@ -16,7 +16,6 @@ public:
     // From KXChart and UXJsonObject
     void customReloadData() override;
     std::string customSerializeVersion() override;
-    bool customDeserialize() override;
 
 protected:
     /** @param view draws the bars, and belongs to the chart */

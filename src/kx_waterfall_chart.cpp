@@ -250,10 +250,4 @@ std::vector<KXChartItem> KXWaterfallChart::findItems(const KXChartDataPath& path
     return items;
 }
 
-void KXWaterfallChart::customSerialize()
-{
-    KXDerivedBarChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
 std::string KXWaterfallChart::customSerializeTypeID() { return "KXWaterfallChart"; }

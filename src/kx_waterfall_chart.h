@@ -61,7 +61,6 @@ public:
     void customPrepareData(KXChartDataProvider* provider, bool& prepared) override;
     void resetData() override;
     void afterReloadData() override;
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
 
     // From KXChartItemsDelegate
