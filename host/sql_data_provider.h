@@ -5,6 +5,7 @@
 
 #include "data_binding.h"
 #include "kx_axis_chart_data_provider.h"
+#include "kx_density_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
@@ -20,6 +21,7 @@ class SqlDataProvider : public KXValueChartDataProvider,
                         public KXGaugeChartDataProvider,
                         public KXAxisChartDataProvider,
                         public KXPieChartDataProvider,
+                        public KXDensityChartDataProvider,
                         public KXTreeMapChartDataProvider {
 public:
     /** @param session outlives this object */

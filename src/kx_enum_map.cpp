@@ -7,6 +7,7 @@
 #include "kx_chart_data_format_options.h"
 #include "kx_chart_data_type.h"
 #include "kx_control_chart_options.h"
+#include "kx_density_chart_options.h"
 #include "kx_gauge_chart_options.h"
 #include "kx_kpi_chart_options.h"
 #include "kx_line_chart_options.h"
@@ -114,6 +115,9 @@ template KX_EXPORT UXEnum::UXEnumMap<KXTableDatabarStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTablePanelType>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTornadoChartStackStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTreeMapChartTileStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXDensityStyle>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXDensitySmoothing>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXDensityHeightScale>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTrendChartDiffDisplay>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXWaterfallChartGroupValueSortOrder>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<UXAlign>* kxObtainEnumMap();

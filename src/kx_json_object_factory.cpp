@@ -16,6 +16,7 @@
 #include "kx_chart_stacked_bar_segment.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_item.h"
+#include "kx_density_chart.h"
 #include "kx_gauge_chart.h"
 #include "kx_horizontal_bar.h"
 #include "kx_legend.h"
@@ -97,7 +98,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXControlChartComboBox),
     KX_TYPE_WITHOUT_CLASS(KXControlChartComboBoxScrollView),
     KX_TYPE_WITHOUT_CLASS(KXControlChartRow),
-    KX_TYPE_WITHOUT_CLASS(KXDensityChart),
+    KX_TYPE(KXDensityChart),
     KX_TYPE(KXGaugeChart),
     KX_TYPE_WITHOUT_CLASS(KXHeatMapChart),
     KX_TYPE_WITHOUT_CLASS(KXHeatMapLabel),

@@ -217,6 +217,7 @@ KXObjectID KXMemberPanelChart::_obtainGroupObjectID(std::uint64_t group) const
 }
 
 std::uint64_t KXMemberPanelChart::_obtainGroupDimension() const { return 0; }
+void KXMemberPanelChart::_paintUnderItems(UXPainter&) const {}
 void KXMemberPanelChart::_paintOverItems(UXPainter&) const {}
 UXHintInfo KXMemberPanelChart::_obtainHintLook() const { return {}; }
 UXDoublePoint KXMemberPanelChart::_obtainChosenShift(const KXPanelItem&) const { return {}; }
@@ -718,7 +719,9 @@ void KXMemberPanelChart::_updateColors()
             continue;
         }
         const auto own = m_hostColors.find(_obtainCell(item.item));
-        item.color = own == m_hostColors.end() ? _obtainItemColor(item.item) : own->second;
+        const bool hasNone = own == m_hostColors.end() ||
+                             item.item.kind != 0; // as it is no value of the host's
+        item.color = hasNone ? _obtainItemColor(item.item) : own->second;
     }
     for (Label& label : m_labels)
         if (label.placed.isOnGround)
@@ -782,6 +785,7 @@ void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect
     const auto isSeen = [&](const UXDoubleRect& bounds) {
         return uxIntersectsRect(uxSurroundingRect(bounds), dirtyRect);
     };
+    _paintUnderItems(painter);
     std::vector<UXDoubleRect> rects; // of one colour, which are filled at once
     UXColor color;
     const auto fillRects = [&] {

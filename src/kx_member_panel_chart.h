@@ -147,6 +147,8 @@ protected:
     virtual UXHintInfo _obtainHintLook() const;
     /** @return how far an item is drawn from its place while it is chosen; by default not at all */
     virtual UXDoublePoint _obtainChosenShift(const KXPanelItem& item) const;
+    /** Draws what belongs to no item, below the items; by default nothing. */
+    virtual void _paintUnderItems(UXPainter& painter) const;
     /** Draws what belongs to no item, over the items and below the labels; by default nothing. */
     virtual void _paintOverItems(UXPainter& painter) const;
 

@@ -3,6 +3,7 @@
 #include "kx_axis_chart_data_provider.h"
 #include "kx_data_column.h"
 #include "kx_export.h"
+#include "kx_density_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
@@ -36,6 +37,7 @@ class KXTableRows;
  */
 class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
                                       public KXPieChartDataProvider,
+                                      public KXDensityChartDataProvider,
                                       public KXTreeMapChartDataProvider,
                                       public KXValueChartDataProvider,
                                       public KXGaugeChartDataProvider {

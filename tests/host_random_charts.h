@@ -7,6 +7,7 @@
 #include "kx_axis_tick_label_options.h"
 #include "kx_bar_chart_options.h"
 #include "kx_chart_data_format_options.h"
+#include "kx_density_chart_options.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_gauge_chart_options.h"
 #include "kx_json_object_factory.h"
@@ -353,6 +354,11 @@ private:
             {"m_sliceCount", {-1, 0, 1, 3, 10}},
             {"m_groupBelowPercent", {-1, 0, 2, 20, 101}},
             {"m_tileGap", {-1, 0, 1, 50}},
+            {"m_overlap", {-1, 0, 0.3, 2}},
+            {"m_kernelWidth", {-1, 0, 0.001, 3, 1e300}},
+            {"m_lowerBound", {-1e300, 0, 3}},
+            {"m_upperBound", {1e300, 0, 30}},
+            {"m_whisker", {-1, 0, 0.05, 0.5}},
             {"m_groupGap", {-1, 0, 3, 50}},
             {"m_sliceGap", {-1, 0, 1, 50}},
             {"m_pipeWithPercentage", {-0.5, 0, 0.02, 0.1, 0.28, 0.6, 1, 2}}};
@@ -395,6 +401,9 @@ private:
             {"m_pointShape", uxObtainEnumNames(KXPointShape())},
             {"m_sliceStyle", uxObtainEnumNames(KXPieChartSliceStyle())},
             {"m_sort", uxObtainEnumNames(KXPieSliceOrder())},
+            {"m_style", uxObtainEnumNames(KXDensityStyle())},
+            {"m_smoothing", uxObtainEnumNames(KXDensitySmoothing())},
+            {"m_heightScale", uxObtainEnumNames(KXDensityHeightScale())},
             {"m_tileStyle", uxObtainEnumNames(KXTreeMapChartTileStyle())},
             {"m_labelOverflow", uxObtainEnumNames(KXBarLabelOverflow())},
             {"m_labelDisplayOption", uxObtainEnumNames(KXAxisChartLabelDisplayOption())},
