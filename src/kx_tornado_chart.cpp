@@ -89,10 +89,4 @@ const UXPropertyTable& KXTornadoChart::obtainPropertyTable()
     return table;
 }
 
-void KXTornadoChart::customSerialize()
-{
-    KXDerivedBarChart::customSerialize();
-    obtainPropertyTable().write(*this);
-}
-
 std::string KXTornadoChart::customSerializeTypeID() { return "KXTornadoChart"; }

@@ -34,7 +34,6 @@ public:
     // From KXAxisChart, KXChartDataUser and UXJsonObject
     std::string obtainValueText(std::uint64_t series, double value) const override;
     void resetData() override;
-    void customSerialize() override;
     std::string customSerializeTypeID() override;
 
 protected:
