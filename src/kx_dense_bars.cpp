@@ -207,7 +207,8 @@ void Columns::_collectStacks(const Run& run)
 void Columns::_collectFloating(const Run& run)
 {
     Extreme above, below;
-    for (std::uint64_t category = run.firstCategory; category < run.endCategory; ++category) {
+    for (std::uint64_t place = run.firstCategory; place < run.endCategory; ++place) {
+        const std::uint64_t category = m_source.obtainCategory(place);
         m_source.obtainPieces(category, m_pieces);
         for (const KXAxisChartStackSegment& piece : m_pieces) {
             const double high = std::max(piece.from, piece.to), low = std::min(piece.from, piece.to);

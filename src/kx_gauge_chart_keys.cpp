@@ -5,6 +5,7 @@
 #include "kx_chart_label.h"
 #include "kx_gauge_measures.h"
 #include "kx_key_definitions.h"
+#include "ux/ux_object_watcher.h"
 
 #include <algorithm>
 #include <typeinfo>
@@ -58,8 +59,10 @@ std::string KXGaugeChart::customSerializeTypeID() { return "KXGaugeChart"; }
 
 bool KXGaugeChart::customDeserialize()
 {
+    const UXObjectWatcher self(this);
     const bool complete = KXPanelChart::customDeserialize();
-    _colorLabels();
+    if (self.isAlive())
+        _colorLabels();
     return complete;
 }
 
