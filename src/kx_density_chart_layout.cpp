@@ -257,6 +257,7 @@ void KXDensityChart::_addBars(const Row& row, std::vector<KXPanelItem>& items) c
 std::vector<std::uint64_t> KXDensityChart::_obtainNamedMembers(std::uint64_t dimension) const
 {
     std::vector<std::uint64_t> members;
+    members.reserve(m_rows.size());
     if (dimension == 0 && m_nameWidth > 0)
         for (const Row& row : m_rows)
             members.push_back(row.group);
