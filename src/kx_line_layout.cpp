@@ -14,9 +14,6 @@ using Heights = KXLineEdges::Heights;
 
 /** The straight pieces of a curve, in device pixels. */
 constexpr double curvePiece = 2;
-/** Columns of merged places are as many to a device pixel: strokes at the extremes of one alone would leave
- * room beside them that lines to and fro would fill. */
-constexpr double columnsPerPixel = 2;
 /** Runs of one column that are nearer to each other are drawn as one, in device pixels. */
 constexpr double leastRunDistance = 0.5;
 /** So many runs of a column are drawn as they are. */
@@ -24,18 +21,10 @@ constexpr std::size_t greatestRunCount = 4;
 /** So many places beyond what can be seen have a part in a curve. */
 constexpr std::uint64_t curveReach = 2;
 
-KXAxisChartPlotFrame divideColumns(KXAxisChartPlotFrame frame)
-{
-    frame.pixelScale *= columnsPerPixel;
-    frame.pixelOffset *= columnsPerPixel;
-    return frame;
-}
-
 class Layouter {
 public:
     Layouter(KXLineEdges& edges, const KXAxisChartPlotFrame& frame, const KXLineForm& form)
-        : m_edges(edges), m_places(edges.getPlaces()), m_frame(frame), m_form(form),
-          m_columnFrame(divideColumns(frame)), m_columns(m_columnFrame)
+        : m_edges(edges), m_places(edges.getPlaces()), m_frame(frame), m_form(form), m_columns(frame)
     {
         m_isDense = m_places.end - m_places.first > m_columns.getCount();
         if (m_isDense)
@@ -276,8 +265,7 @@ private:
     const KXAxisChartStacks& m_places;
     const KXAxisChartPlotFrame& m_frame;
     KXLineForm m_form;
-    const KXAxisChartPlotFrame m_columnFrame;
-    const KXAxisChartPixelColumns m_columns;
+    KXAxisChartPixelColumns m_columns;
     bool m_isDense = false;
     std::vector<KXAxisChartPixelRun> m_runs;
     std::vector<bool> m_isMerged;                // one a column, where lines may be dashed
