@@ -41,6 +41,7 @@ public:
         std::vector<UXDoublePoint> path; /**< points that are not finite are gaps; empty out of sight */
         std::vector<UXDoublePoint> band; /**< a polygon */
     };
+    /** What a line says of itself. */
     struct Label {
         std::size_t line = 0; /**< in the view's list */
         std::string text;

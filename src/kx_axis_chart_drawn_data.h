@@ -6,6 +6,7 @@
 
 /** What an axis chart draws in place of what it has pulled: series and categories that it makes of those. */
 struct KXAxisChartDrawnData {
+    /** One list of values, one a category. */
     struct Series {
         std::string label;
         std::string id;

@@ -219,6 +219,7 @@ void KXXYAxisChart::_updateCalendarTicks(const KXVisibleRange& shown)
 
     // 3. Without any there are none at even intervals either.
     std::vector<std::string> texts;
+    texts.reserve(ticks.values.size());
     for (std::size_t i = 0; i < ticks.values.size(); ++i)
         texts.push_back(obtainText(ticks, i));
     m_x.cache.tickInterval = ticks.values.empty() ? 0 : ticks.step.obtainSeconds();
