@@ -57,6 +57,12 @@ UXPosition obtainEndSide(const KXAxisChartAxis& axis)
     return axis.isHorizontal() ? UXPosition::Right : UXPosition::Top;
 }
 
+/** @return whether the first value stands at that side, as of categories from the top down */
+bool startsAtEndSide(const KXAxisChartAxis& axis)
+{
+    return (axis.isHorizontal() ? axis.axis->getVectorNotationX() : axis.axis->getVectorNotationY()) < 0;
+}
+
 /** @return by how much a label beside an axis along y reaches over its tick */
 int obtainHalfLine(const KXAxisChartAxis& axis)
 {
@@ -255,7 +261,7 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
     }
 }
 
-/** The first label below the marks may begin before their left edge, and one beside them may reach down. */
+/** The first label below the marks may begin before their edge, and one beside them may reach down. */
 void KXAxisChartBase::_measureOverhang(const KXAxisChartAxis& axis, Bands& bands)
 {
     const UXObjectWatcher self(this);
@@ -264,10 +270,11 @@ void KXAxisChartBase::_measureOverhang(const KXAxisChartAxis& axis, Bands& bands
                                              : obtainHalfLine(axis);
     if (!self.isAlive())
         return;
-    Band& band = axis.isHorizontal() ? bands.left : bands.bottom;
+    const bool startsAtEnd = startsAtEndSide(axis);
+    Band& band = !axis.isHorizontal() ? bands.bottom : startsAtEnd ? bands.right : bands.left;
     band.overhang = std::max(band.overhang, boundExtent(overhang));
     band.reach = band.overhang;
-    if (axis.isHorizontal() || &axis != _obtainScrolledAxis())
+    if (axis.isHorizontal() || !startsAtEnd)
         return; // values end below the top, as far as their last label needs
     const int above = axis.axis->isScrollable() ? overhang : axis.labels->obtainStartOverhang();
     if (self.isAlive())
@@ -327,11 +334,11 @@ void KXAxisChartBase::_measureTitle(const KXAxisChartAxis& axis, Bands& bands)
                              gap + (axis.isHorizontal() ? std::min(title.width, most) : title.height));
 }
 
-/** A title over the categories stands clear of the label of the uppermost one, wherever they are scrolled to.
+/** A title over what begins at the top stands clear of the uppermost label, wherever that is scrolled to.
  * Asking for it may destroy the chart. */
 int KXAxisChartBase::_obtainEndTitleGap(const KXAxisChartAxis& axis) const
 {
-    if (axis.isHorizontal() || &axis != _obtainScrolledAxis() || !axis.labels->getVisible())
+    if (axis.isHorizontal() || !startsAtEndSide(axis) || !axis.labels->getVisible())
         return titleGap;
     const bool moves = axis.axis->isScrollable();
     return std::max(titleGap, boundExtent(moves ? obtainHalfLine(axis) : axis.labels->obtainStartOverhang()));

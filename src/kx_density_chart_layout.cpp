@@ -141,7 +141,8 @@ void KXDensityChart::_layoutScale(UXDoubleRect& room)
     const double step = kxCalculateSuitableRange((m_to - m_from) / count, true);
     if (!(step > 0) || !std::isfinite(step))
         return;
-    for (double i = std::ceil(m_from / step); i * step <= m_to && m_ticks.size() < 2 * greatestTickCount; ++i)
+    for (double i = std::ceil(m_from / step);
+         i * step <= m_to && m_ticks.size() < std::size_t{2} * greatestTickCount; ++i)
         m_ticks.push_back(i * step + 0.0);
 }
 

@@ -42,7 +42,7 @@ class Values : public KXValueChartDataProvider,
                public KXPieChartDataProvider,
                public KXAxisChartDataProvider {
 public:
-    double value = 0;
+    double value = 1;
 
     explicit Values(std::uint64_t measureCount) : m_measureCount(measureCount)
     {
@@ -62,6 +62,10 @@ public:
     std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override
     {
         return "Category number " + std::to_string(path.at(1));
+    }
+    double obtainDimensionDataAsNumber(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return static_cast<double>(path.at(1));
     }
     std::uint64_t obtainValueCount(KXChartDataUser*) override { return m_measureCount; }
     std::string obtainValueLabel(KXChartDataUser*, std::uint64_t measure) override
@@ -195,7 +199,7 @@ bool soak(const std::string& name, int times)
     ShownChart shown(name, values);
     bool isUsed = true;
     const bool isUpdateFlat = isFlat(name + ", new values", updateCount * times, [&](int i) {
-        values.value = i % 1000 * 1.25;
+        values.value = (i % 1000 + 1) * 1.25;
         shown.update();
         if (i % frameDistance == 0)
             isUsed = shown.use() && isUsed;
