@@ -41,6 +41,7 @@ UXDoubleRect KXPieGrid::obtainPlace(std::size_t index) const
         return std::max(std::floor((whole - gap * (places - 1)) / places), 0.0);
     };
     const double width = obtainExtent(area.width, columnCount), height = obtainExtent(area.height, rowCount);
-    return {area.x + (width + gap) * static_cast<double>(index % columnCount),
-            area.y + (height + gap) * static_cast<double>(index / columnCount), width, height};
+    const std::size_t row = index / columnCount, column = index % columnCount;
+    return {area.x + (width + gap) * static_cast<double>(column),
+            area.y + (height + gap) * static_cast<double>(row), width, height};
 }
