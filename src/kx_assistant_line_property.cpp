@@ -70,8 +70,7 @@ const UXPropertyType& KXKeyTypeOf<KXAssistantLineProperty>::obtain()
                 object.serializeObject(key, const_cast<Line*>(static_cast<const Line*>(value)));
             },
         .read =
-            [](const UXPropertyType&, UXJsonObject& object, const std::string& key,
-               void* value) {
+            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, void* value) {
                 // A key that is missing keeps its default, and makes no element a wrong one.
                 auto* line = static_cast<Line*>(value);
                 return object.deserializeExistingObject(key, line) || !(*line == Line());

@@ -6,9 +6,9 @@
 /** Where the values of an axis lie along it, in logical units of the plot's space: on a straight line of what
  * the axis counts, which are the values or, on a logarithmic one, their exponents to base ten. */
 struct KXAxisChartScale {
-    double value = 0;           /**< any value of the axis, its least one where it is logarithmic */
-    double position = 0;        /**< where it lies */
-    double spacing = 0;         /**< from one value to the next whole one; below 0 where values grow upwards */
+    double value = 0;    /**< any value of the axis, its least one where it is logarithmic */
+    double position = 0; /**< where it lies */
+    double spacing = 0;  /**< from one value to the next whole one; below 0 where values grow upwards */
     bool isLogarithmic = false; /**< values that are not above zero lie where the axis begins */
 
     /** @return a place that a back end can draw at, whatever the number is; that of value for NaN */

@@ -2,8 +2,8 @@
 
 #include "kx_axis_chart_data_provider.h"
 #include "kx_data_column.h"
-#include "kx_export.h"
 #include "kx_density_chart_data_provider.h"
+#include "kx_export.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
