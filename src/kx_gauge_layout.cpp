@@ -370,7 +370,7 @@ void KXGaugeLayout::_moveIntoArea()
     const UXDoubleRect bounds = _obtainBounds();
     const double inset = (m_area.width - _obtainFreeWidth()) / 2;
     const double left = m_area.x + inset - bounds.x;
-    const double right = m_area.x + m_area.width - inset - obtainRight(bounds);
+    const double right = uxMaxX(m_area) - inset - obtainRight(bounds);
     const double dx = left > 0 ? left : std::min(right, 0.0);
     const double dy = std::floor(m_area.y + (m_area.height - bounds.height) / 2 - bounds.y);
     dial.center = dial.center + UXDoublePoint(dx, dy);

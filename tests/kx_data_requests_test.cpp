@@ -116,7 +116,7 @@ TEST(KXDataRequests, OutliveWhatTheHostDoesWhenItIsAsked)
         bool isAliveAfter;
     };
     const Case cases[] = {
-        {"destroys the chart", [&] { chart.reset(); }, false},
+        {"destroys the chart", [&] { chart.reset(), provider.hasTexts = false; }, false},
         {"takes itself away", [&] { chart->setDataProvider(&other); }, true},
         {"prepares and reloads", [&] { chart->prepareData(), chart->reloadData(); }, true},
         {"tells at once that they are there", [&] { chart->dataArrived(0, 3); }, true},
