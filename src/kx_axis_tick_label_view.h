@@ -213,6 +213,9 @@ private:
     bool _obtainText(double value, std::string& text);
     bool _knowText(Tick& tick);
     bool _measureTick(Tick& tick);
+    void _settleSize(Tick& tick);
+    const Tick* _findFormerTick(const Tick& tick) const;
+    void _keepFormerTicks();
     bool _takeTick(int index, Tick& tick);
 
     // Steps
@@ -224,6 +227,7 @@ private:
     bool _collectVisibleTicks(const std::vector<double>& indexes);
     std::optional<int> _findTick(double value);
     Tick* _findVisibleTick(int index);
+    static const Tick* _findTick(const std::vector<Tick>& ticks, int index);
     bool _updateCache();
     bool _updateRequireRotateCache(double spacing);
     bool _resolveAutoRotation(double spacing, bool& turns);
@@ -311,6 +315,10 @@ private:
     std::int64_t m_shownInterval = 1; // that one, whole and among the visible ticks
     int m_longestLabelLength = -1;
     int m_startOverhang = -1;
-    UXDoubleSize m_widestText; // of those that are known: how much room one is given that is still to come
+    // How much room a text is given that is still to come: that of the one before the last reload, or of the
+    // widest one that is known
+    std::vector<Tick> m_formerTicks; // measured, in m_formerLineCount lines
+    int m_formerLineCount = 1;
+    UXDoubleSize m_widestText;
     std::vector<PlacedLabel> m_placedLabels;
 };

@@ -83,14 +83,20 @@ bool KXAxisTickLabelView::_updateShownInterval()
         if (!areApart)
             m_shownInterval += m_visibleStep;
     }
-    return m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto || _wantTexts();
+    return true;
 }
 
-/** Which step keeps labels apart depends on texts of ticks between them too. Where one is still to come, all
- * that are visible are asked for together: one step at a time, the rounds of a layout would end too early. */
+/** Which step keeps labels apart depends on texts of ticks between them too. Where the room of one that is
+ * still to come is a guess, all that are visible are asked for together: one step at a time, the rounds of a
+ * layout would end too early. Only where the labels are placed: on the way there, while the axis finds its
+ * length, others are visible. */
 bool KXAxisTickLabelView::_wantTexts()
 {
-    if (std::ranges::none_of(m_visibleTicks, [](const Tick& tick) { return tick.text && tick.isToCome; }))
+    const auto isGuess = [this](const Tick& tick) {
+        return tick.text && tick.isToCome && !_findFormerTick(tick);
+    };
+    if (m_tickLabelIntervalMode != KXAxisTickLabelIntervalMode::Auto ||
+        std::ranges::none_of(m_visibleTicks, isGuess))
         return true;
     for (Tick& tick : m_visibleTicks)
         if (!_knowText(tick))

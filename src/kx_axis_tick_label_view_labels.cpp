@@ -104,7 +104,8 @@ void KXAxisTickLabelView::customLayout()
     if (!self.isAlive())
         return;
     UXFlagScope updating(this, m_updating);
-    isDone = isDone && _placeLabels();
+    isDone = isDone && _wantTexts();
+    isDone = isDone && self.isAlive() && _placeLabels();
     if (!self.isAlive())
         return;
     updating.end();

