@@ -144,6 +144,10 @@ protected:
     virtual std::optional<std::uint64_t> _obtainCategoryAt(UXPoint point) const = 0;
     /** @return the next category along their axis, none after the last */
     virtual std::optional<std::uint64_t> _obtainCategoryBeside(std::uint64_t category, bool forwards) const;
+    /** @return the next category along their axis that is drawn at another pixel, or, for a page, the one a
+     * tenth of what is seen away or the last; none after that */
+    virtual std::optional<std::uint64_t> _obtainCategoryBeyond(std::uint64_t category, bool forwards,
+                                                               bool isPage) const = 0;
     /** Brings the data's ranges into the axes: the data changed, or other series are shown. */
     virtual void _updateDataRanges() = 0;
     /** @return the path of a mark's value by which the host knows it; by default that of its series and
@@ -202,7 +206,8 @@ private:
     void _askForLooksLater();
     void _askForLooks();
     bool _hasData();
-    std::optional<KXChartItem> _obtainMarkAlong(const KXAxisChartMark& from, bool forwards) const;
+    std::optional<KXChartItem> _obtainMarkAlong(const KXAxisChartMark& from, bool forwards,
+                                                bool isPage) const;
     std::optional<KXChartItem> _obtainMarkAcross(const KXAxisChartMark& from, bool forwards) const;
     std::optional<KXChartItem> _obtainMarkInOrder(const KXAxisChartMark& from, bool forwards) const;
     void _placeLinkedTab();

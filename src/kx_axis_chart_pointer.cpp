@@ -141,23 +141,25 @@ std::optional<KXChartItem> KXAxisChart::obtainItemBeside(const std::optional<KXC
     }
     if (!from)
         return std::nullopt;
-    const bool forwards = step == Next || step == Right || step == Down;
+    const bool forwards = step == Next || step == Right || step == Down || step == PageDown;
     if (step == Previous || step == Next)
         return _obtainMarkInOrder(makeMark(*from), forwards);
-    const bool isAlong = isVertical() == (step == Left || step == Right);
-    return isAlong ? _obtainMarkAlong(makeMark(*from), forwards)
+    const bool isPage = step == PageUp || step == PageDown;
+    const bool isAlong = isPage || isVertical() == (step == Left || step == Right);
+    return isAlong ? _obtainMarkAlong(makeMark(*from), forwards, isPage)
                    : _obtainMarkAcross(makeMark(*from), forwards);
 }
 
-std::optional<KXChartItem> KXAxisChart::_obtainMarkAlong(const KXAxisChartMark& from, bool forwards) const
+/** Where many categories share a pixel, the walk goes from one pixel to the next, or by a part of what is
+ * seen, and on to the next mark from there. From a part at the end it goes as far as there are marks. */
+std::optional<KXChartItem> KXAxisChart::_obtainMarkAlong(const KXAxisChartMark& from, bool forwards,
+                                                         bool isPage) const
 {
-    KXAxisChartMark mark = from;
-    while (const std::optional<std::uint64_t> beside = _obtainCategoryBeside(mark.category, forwards)) {
-        mark.category = *beside;
-        if (hasItem(_makeItem(mark)))
-            return _makeItem(mark);
-    }
-    return std::nullopt;
+    std::optional<std::uint64_t> category = _obtainCategoryBeyond(from.category, forwards, isPage);
+    for (; category; category = _obtainCategoryBeside(*category, forwards))
+        if (const KXChartItem item = _makeItem({from.series, *category}); hasItem(item))
+            return item;
+    return isPage ? _obtainMarkAlong(from, forwards, false) : std::nullopt;
 }
 
 std::optional<std::uint64_t> KXAxisChart::_obtainCategoryBeside(std::uint64_t category, bool forwards) const

@@ -14,7 +14,7 @@ struct KXChartDataPath;
 struct UXHintInfo;
 
 /** Where the keyboard goes from an item; the first two follow the order in which one reads. */
-enum class KXChartItemStep { Previous, Next, Left, Right, Up, Down, First, Last };
+enum class KXChartItemStep { Previous, Next, Left, Right, Up, Down, PageUp, PageDown, First, Last };
 
 /** What a chart tells of its items to whoever keeps what becomes of them. Places are in the chart's own
  * space, as of the last layout. Answers may ask the host, which may destroy the chart, unless they are const.

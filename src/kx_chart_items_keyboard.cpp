@@ -27,6 +27,10 @@ std::optional<KXChartItemStep> obtainStep(UXKeyCode key)
         return KXChartItemStep::Up;
     case UXKeyCode::Down:
         return KXChartItemStep::Down;
+    case UXKeyCode::PageUp:
+        return KXChartItemStep::PageUp;
+    case UXKeyCode::PageDown:
+        return KXChartItemStep::PageDown;
     case UXKeyCode::Home:
         return KXChartItemStep::First;
     case UXKeyCode::End:

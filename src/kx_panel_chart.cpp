@@ -8,6 +8,13 @@
 
 #include <algorithm>
 
+namespace {
+
+/** A page is one part of the items of so many. */
+constexpr std::size_t pageDivider = 10;
+
+} // namespace
+
 KXPanelChart::KXPanelChart() : m_dataFormat(std::make_unique<KXChartDataFormat>())
 {
     m_dataFormat->setUpdatedEvent([this] { setRequireToVerifyLayout(true, true); });
@@ -82,10 +89,12 @@ std::optional<std::size_t> KXPanelChart::_obtainPlaceBeside(const std::optional<
         return step == First ? 0 : count - 1;
     if (!from)
         return std::nullopt;
-    const bool isBack = step == Previous || step == Left || step == Up;
+    const bool isBack = step == Previous || step == Left || step == Up || step == PageUp;
     if (isBack ? *from == 0 : *from + 1 >= count)
         return std::nullopt;
-    return isBack ? *from - 1 : *from + 1;
+    const bool isPage = step == PageUp || step == PageDown;
+    const std::size_t distance = isPage ? std::max<std::size_t>(count / pageDivider, 1) : 1;
+    return isBack ? *from - std::min(*from, distance) : std::min(*from + distance, count - 1);
 }
 
 std::vector<KXObjectID> KXPanelChart::obtainItemObjectIDs(const KXChartItem& item) const

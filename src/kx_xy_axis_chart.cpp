@@ -320,10 +320,15 @@ KXAxisChartScale KXXYAxisChart::obtainValueScale(std::uint64_t series) const
 
 std::pair<std::uint64_t, std::uint64_t> KXXYAxisChart::obtainVisibleCategories()
 {
+    return preparedAndReloadedData() ? _findVisibleCategories() : std::pair<std::uint64_t, std::uint64_t>();
+}
+
+std::pair<std::uint64_t, std::uint64_t> KXXYAxisChart::_findVisibleCategories() const
+{
     const std::uint64_t count = obtainShownCategoryCount();
     const KXAxisChartScale map = obtainCategoryMap();
     const UXRect& area = getMarksArea();
-    if (uxIsEmptyRect(area) || map.spacing == 0 || !preparedAndReloadedData())
+    if (uxIsEmptyRect(area) || map.spacing == 0)
         return {0, 0};
     const double start = m_x.isHorizontal() ? area.x : area.y;
     const double end = m_x.isHorizontal() ? uxMaxX(area) : uxMaxY(area);

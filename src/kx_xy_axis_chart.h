@@ -188,6 +188,8 @@ protected:
     void _customLayout(UXRect plotArea) override;
     void _paintOverMarks(UXPainter& painter) override;
     std::optional<std::uint64_t> _obtainCategoryBeside(std::uint64_t category, bool forwards) const override;
+    std::optional<std::uint64_t> _obtainCategoryBeyond(std::uint64_t category, bool forwards,
+                                                       bool isPage) const override;
     bool customMouseDown(const UXEvent& event, bool& stop) override;
     bool customMouseDragging(const UXEvent& event, bool& stop) override;
     bool customMouseWheel(const UXEvent& event, bool& stop) override;
@@ -216,6 +218,7 @@ private:
     double _obtainLeastLength(const KXAxisChartAxis& axis) const;
     KXVisibleRange _obtainShownRange(const KXAxisChartAxis& axis) const;
     double _obtainCategoryDistance() const;
+    std::pair<std::uint64_t, std::uint64_t> _findVisibleCategories() const;
     void _setTicks(KXAxisChartAxis& axis, std::vector<double> ticks);
     void _updateCalendarTicks(const KXVisibleRange& shown);
     void _updateNumberTicks(KXAxisChartAxis& axis, const KXVisibleRange& shown);

@@ -1,6 +1,7 @@
 #include "kx_xy_axis_chart.h"
 
 #include "kx_axis.h"
+#include "kx_axis_chart_pixel_columns.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
 #include "kx_axis_scale.h"
@@ -10,11 +11,14 @@
 #include "kx_chart_data_format.h"
 #include "kx_logarithmic_scale.h"
 #include "ux/ux_layout_helper.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <ranges>
 
 // The continuous X axis: which categories lie where on it, and its ticks.
 
@@ -29,6 +33,8 @@ constexpr double leastTickPitch = 12;
 constexpr double leastTickCount = 4;
 constexpr double greatestNumberTickCount = 1000;
 constexpr double tickNoise = 1e-9;
+/** A page of the keyboard's walk is one part of what is seen of so many. */
+constexpr double pageDivider = 10;
 
 bool isDate(KXChartDataType type)
 {
@@ -150,6 +156,40 @@ std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryBeside(std::uint64_t 
     if (place == KXCategoryPlaces::none || (forwards ? place + 1 >= m_places.getCount() : place == 0))
         return std::nullopt;
     return m_places.obtainCategory(forwards ? place + 1 : place - 1);
+}
+
+std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryBeyond(std::uint64_t category, bool forwards,
+                                                                  bool isPage) const
+{
+    // 1. Mostly it is the next one.
+    const std::optional<std::uint64_t> beside = _obtainCategoryBeside(category, forwards);
+    const KXAxisChartPlotFrame frame = obtainPlotFrame(false);
+    const KXAxisChartPixelColumns columns(frame);
+    const auto [first, end] = _findVisibleCategories();
+    if (!beside || uxIsEmptyRect(frame.area) || (!isPage && end - first <= columns.getCount()))
+        return beside;
+
+    // 2. Places that follow each other never go back.
+    const auto obtainPosition = [&](std::uint64_t place) {
+        return frame.categories.obtainPosition(obtainCategoryValue(m_places.obtainCategory(place)));
+    };
+    const std::uint64_t from = m_places.isEmpty() ? category : m_places.obtainPlace(category);
+    const std::uint64_t count = m_places.isEmpty() ? obtainShownCategoryCount() : m_places.getCount();
+    const double position = obtainPosition(from), page = frame.obtainAcross().obtainLength() / pageDivider;
+    const std::int64_t column = columns.findColumnAt(position);
+    const auto isBeyond = [&](std::uint64_t place) {
+        const double other = obtainPosition(place);
+        return isPage ? std::abs(other - position) >= page : columns.findColumnAt(other) != column;
+    };
+    const auto places = forwards ? std::views::iota(from + 1, count)
+                                 : std::views::iota(std::uint64_t{0}, from);
+    const auto found = std::ranges::partition_point(
+        places, [&](std::uint64_t place) { return isBeyond(place) != forwards; });
+    if (forwards ? found != places.end() : found != places.begin())
+        return m_places.obtainCategory(forwards ? *found : *std::ranges::prev(found));
+    if (!isPage)
+        return std::nullopt;
+    return m_places.obtainCategory(forwards ? count - 1 : 0);
 }
 
 void KXXYAxisChart::_customUpdateTicks()

@@ -499,8 +499,8 @@ TEST(KXAxisChart, TheKeyboardWalksMarksAndScrollsToThem)
     KXAxisChartTestProvider provider;
     provider.values = {{1, null, 3}, {4, 4, null}, {1, 2, 3}};
     const std::pair<UXKeyCode, Mark> steps[] = {
-        {Right, {0, 0}}, {Right, {0, 2}}, {Right, {0, 2}}, {Down, {2, 2}}, {Left, {2, 1}},
-        {Up, {1, 1}},    {Up, {1, 1}},    {End, {2, 2}},   {Home, {0, 0}},
+        {Right, {0, 0}}, {Right, {0, 2}}, {Right, {0, 2}}, {Down, {2, 2}},     {Left, {2, 1}},   {Up, {1, 1}},
+        {Up, {1, 1}},    {End, {2, 2}},   {Home, {0, 0}},  {PageDown, {0, 2}}, {PageUp, {0, 0}},
     };
     const auto turn = [](UXKeyCode key) {
         return key == Right ? Down : key == Down ? Right : key == Left ? Up : key == Up ? Left : key;

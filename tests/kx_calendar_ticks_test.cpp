@@ -167,19 +167,20 @@ TEST(KXCalendarTicks, FindsTheFinestBoundariesOfEverySpan)
                 for (std::size_t i = 0; i < ticks.values.size(); ++i) {
                     EXPECT_GE(ticks.values[i], start);
                     EXPECT_LE(ticks.values[i], to);
-                    const KXCalendarTime time = kxObtainCalendarTime(ticks.values[i]);
-                    const double count = ticks.step.count;
+                    const std::chrono::sys_days date{
+                        std::chrono::days{static_cast<int>(std::floor(ticks.values[i] / 86400))}};
+                    const std::chrono::year_month_day parts{date};
+                    const auto count = static_cast<int>(ticks.step.count);
                     const bool isBoundary =
-                        (ticks.step.unit != Unit::Year || std::fmod(time.year, count) == 0) &&
-                        (ticks.step.unit != Unit::Month || std::fmod(time.month - 1, count) == 0) &&
-                        (ticks.step.unit < Unit::Month || time.day == 1) &&
-                        (ticks.step.unit < Unit::Day || std::fmod(ticks.values[i], 86400) == 0);
-                    EXPECT_TRUE(isBoundary) << kxObtainCalendarText(time);
-                    if (ticks.step == KXCalendarStep{Unit::Day, 7}) {
-                        const std::chrono::sys_days date{
-                            std::chrono::days{static_cast<int>(ticks.values[i] / 86400)}};
-                        EXPECT_EQ(std::chrono::weekday{date}, std::chrono::Monday);
-                    }
+                        (ticks.step.unit < Unit::Day || std::fmod(ticks.values[i], 86400) == 0) &&
+                        (ticks.step.unit < Unit::Month || parts.day() == std::chrono::day{1}) &&
+                        (ticks.step.unit != Unit::Month ||
+                         (static_cast<unsigned>(parts.month()) - 1) % static_cast<unsigned>(count) == 0) &&
+                        (ticks.step.unit != Unit::Year || (parts.month() == std::chrono::January &&
+                                                           static_cast<int>(parts.year()) % count == 0)) &&
+                        (ticks.step != KXCalendarStep{Unit::Day, 7} ||
+                         std::chrono::weekday{date} == std::chrono::Monday);
+                    EXPECT_TRUE(isBoundary) << kxObtainCalendarText(kxObtainCalendarTime(ticks.values[i]));
                     if (i > 0) {
                         EXPECT_GT(ticks.values[i], ticks.values[i - 1]);
                         EXPECT_NE(ticks.texts[i], ticks.texts[i - 1]);

@@ -185,6 +185,26 @@ TEST_F(KXContinuousAxisTest, WhoIsContinuous)
     }
 }
 
+TEST_F(KXContinuousAxisTest, OfManyInOnePixelTheKeyboardTakesOne)
+{
+    count(20000);
+    KXLineChart dense;
+    kxLoad(dense, provider, {0, 0, 600, 200});
+    const auto step = [&](std::uint64_t from, KXChartItemStep key) {
+        const auto item = dense.obtainItemBeside(KXChartItem{0, 0, from}, key);
+        return item ? dense.obtainCategoryMap().obtainPosition(dense.obtainCategoryValue(item->index)) -
+                          dense.obtainCategoryMap().obtainPosition(dense.obtainCategoryValue(from))
+                    : 0;
+    };
+    const double page = dense.getMarksArea().width / 10.0;
+    EXPECT_NEAR(step(10000, KXChartItemStep::Right), 0.6, 0.6);
+    EXPECT_NEAR(step(10000, KXChartItemStep::Left), -0.6, 0.6);
+    EXPECT_NEAR(step(10000, KXChartItemStep::PageDown), page, 0.1);
+    EXPECT_NEAR(step(10000, KXChartItemStep::PageUp), -page, 0.1);
+    EXPECT_EQ(dense.obtainItemBeside(KXChartItem{0, 0, 19000}, KXChartItemStep::PageDown),
+              (KXChartItem{0, 0, 19999}));
+}
+
 TEST_F(KXContinuousAxisTest, MembersLieByNumberAndThoseWithoutAreLeftOut)
 {
     provider.categoryCount = 4;
