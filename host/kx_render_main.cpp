@@ -5,18 +5,20 @@
 #include "chart_picture.h"
 #include "command_line.h"
 #include "host_error.h"
+#include "kx_chart_theme.h"
 #include "picture_option.h"
 #include "progress_line.h"
 #include "sql_data_provider.h"
+#include "theme_option.h"
 #include "ux/cairo/ux_cairo_install.h"
 
-#include <cstdio>
+#include <memory>
 
 namespace {
 
 struct Options {
     std::string chart, data, binding, out;
-    std::string size = "1000x600", ground = "#ffffff";
+    std::string theme, size = "1000x600", ground;
     double scale = 1;
     int margin = 12;
 };
@@ -36,8 +38,11 @@ void declareOptions(CLI::App& app, Options& options)
     app.add_option("--scale", options.scale, "Pixels per logical unit in a PNG")->capture_default_str();
     app.add_option("-m,--margin", options.margin, "Logical units of ground around the chart")
         ->capture_default_str();
-    app.add_option("-g,--ground", options.ground, "What the chart stands on: #rrggbb, #rrggbbaa or none")
-        ->capture_default_str();
+    app.add_option("-t,--theme", options.theme,
+                   "The look of what the document leaves as it is made: light, dark, high-contrast, "
+                   "color-blind-light, color-blind-dark, or a theme document, a JSON file");
+    app.add_option("-g,--ground", options.ground,
+                   "What the chart stands on: #rrggbb, #rrggbbaa or none; the theme's, or white");
     app.footer(
         "Examples:\n"
         "  kx_render samples/employment.chart.json -d samples/data/us-employment.csv \\\n"
@@ -48,12 +53,19 @@ void declareOptions(CLI::App& app, Options& options)
 
 void render(const Options& options)
 {
-    const PictureSetting setting = {readSizeOption(options.size), readMarginOption(options.margin),
-                                    readScaleOption(options.scale), readColorOption(options.ground)};
+    const std::unique_ptr<KXChartTheme> theme = readThemeOption(options.theme);
+    PictureSetting setting = {readSizeOption(options.size), readMarginOption(options.margin),
+                              readScaleOption(options.scale)};
+    if (!options.ground.empty())
+        setting.ground = readColorOption(options.ground);
+    else if (theme)
+        setting.ground = theme->getGround();
     obtainPictureFormat(options.out);
     uxCairoInstall();
     ChartDocument document(options.chart);
     document.tellUnknownKeys();
+    if (theme)
+        kxApplyTheme(document.getChart(), nullptr, theme.get());
     ProgressLine progress("reading " + options.data);
     ChartDataSource source(options.data, options.binding,
                            [&](std::uint64_t done, std::uint64_t total) { progress.show(done, total); });

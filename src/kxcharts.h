@@ -54,6 +54,7 @@
 #include "kx_chart_property_base.h"
 #include "kx_chart_selection_provider.h"
 #include "kx_chart_stacked_bar_segment.h"
+#include "kx_chart_theme.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_item.h"
 #include "kx_chart_toolbox_menu_context.h"

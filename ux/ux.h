@@ -11,6 +11,7 @@
 #include "ux/ux_color.h"
 #include "ux/ux_color_contrast.h"
 #include "ux/ux_color_functions.h"
+#include "ux/ux_color_vision.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
 #include "ux/ux_control_dimension.h"
