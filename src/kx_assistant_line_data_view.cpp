@@ -60,7 +60,8 @@ KXAssistantLineDataView::Data KXAssistantLineDataView::_collectData(const KXAssi
 {
     // 1. The series that count: all of the axis, or the one that is named.
     const KXXYAxisChart& chart = *getChart();
-    std::vector<std::span<const double>> lists;
+    std::vector<std::span<const double>> lists,
+        numbers; // numbers are empty where marks lie at their categories
     bool isStacked = false;
     for (const std::uint64_t series : chart.getShownSeries()) {
         const KXAxisChartDataView* view = chart.obtainViewOfSeries(series);
@@ -70,6 +71,7 @@ KXAssistantLineDataView::Data KXAssistantLineDataView::_collectData(const KXAssi
         if (!isNamed || !view)
             continue;
         lists.push_back(chart.obtainPlottedValues(series));
+        numbers.push_back(view->obtainNumbers(series));
         isStacked = isStacked || view->obtainStacking() == KXAxisChartStacking::Stacked;
     }
     isStacked = isStacked && line.getSeriesID().empty();
@@ -86,18 +88,22 @@ KXAssistantLineDataView::Data KXAssistantLineDataView::_collectData(const KXAssi
         const std::uint64_t category = places.obtainCategory(place);
         const double x = places.isEmpty() ? static_cast<double>(place) : places.getNumbers()[place];
         double sum = 0, number = 0;
-        for (const std::span<const double>& values : lists) {
-            if (category >= values.size() || std::isnan(values[category]))
+        for (std::size_t i = 0; i < lists.size(); ++i) {
+            const std::span<const double> values = lists[i];
+            const double own = category < numbers[i].size() ? numbers[i][category] : x;
+            if (category >= values.size() || std::isnan(values[category]) || std::isnan(own))
                 continue;
             sum += values[category];
             ++number;
             if (!isStacked && !line.getIsOnXAxis())
-                add(x, values[category]);
+                add(own, values[category]);
+            else if (line.getIsOnXAxis() && !numbers[i].empty())
+                add(own, own);
         }
         sum = std::clamp(sum, std::numeric_limits<double>::lowest(), (std::numeric_limits<double>::max)());
         if (isStacked && number > 0 && !line.getIsOnXAxis())
             add(x, sum);
-        if (line.getIsOnXAxis())
+        if (line.getIsOnXAxis() && !chart.hasOwnNumbers())
             add(x, x);
         data.byPlaces.push_back(number == 0 ? noValue : isStacked ? sum : sum / number);
     }
@@ -154,7 +160,7 @@ std::string KXAssistantLineDataView::_obtainValueText(const KXAssistantLinePrope
         const bool isMember = value >= 0 && value < static_cast<double>(chart.obtainShownCategoryCount());
         return isMember ? chart.obtainCategoryLabel(static_cast<std::uint64_t>(value)) : std::string();
     }
-    if (type == KXChartDataType::Date || type == KXChartDataType::DateTime)
+    if (!chart.hasOwnNumbers() && (type == KXChartDataType::Date || type == KXChartDataType::DateTime))
         return chart.getXDataFormat()->formatDateTime(kxObtainCalendarText(kxObtainCalendarTime(value)), type,
                                                       KXChartAggregateType{});
     return chart.getXDataFormat()->formatNumber(value);
@@ -188,8 +194,9 @@ void KXAssistantLineDataView::_updateLine(Line& line) const
         line.edges = std::make_shared<KXLineEdges>();
     } else if (operation == KXChartValueOperation::Trend && !data.x.empty()) {
         line.trend = kxFitTrendLine(data.x, data.values, property.getConfidence());
-        line.firstX = data.x.front();
-        line.lastX = data.x.back();
+        const auto [first, last] = std::ranges::minmax_element(data.x);
+        line.firstX = *first;
+        line.lastX = *last;
     }
 }
 

@@ -159,6 +159,11 @@ protected:
     virtual std::vector<UXColor> _obtainUsualColors() const;
     /** @return the series' identifiers for interactions with one mark */
     virtual std::vector<KXObjectID> _obtainMarkObjectIDs(const KXAxisChartMark& mark) const;
+    /** Fills in what a hint tells of a category that the host says nothing of: by default each shown series
+     * that has a value there.
+     *  @param first the mark that the hint is about, none for the category as a whole */
+    virtual void _fillHint(UXHintInfo& info, std::uint64_t category,
+                           const std::optional<KXAxisChartMark>& first);
     /** Places the labels of the marks, whose texts may be others now. */
     virtual void _layoutMarkLabels();
 
@@ -181,8 +186,6 @@ protected:
     void _customLayout(UXRect plotArea) override;
 
 private:
-    void _fillHint(UXHintInfo& info, std::uint64_t category, const std::optional<KXAxisChartMark>& first);
-
     // What is explained together at one place
     bool _drawsSeriesAsOne() const;
     double _obtainPlaceAlong(const KXAxisChartMark& mark) const;

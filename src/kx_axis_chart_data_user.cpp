@@ -69,6 +69,7 @@ struct KXAxisChartDataUser::Pulled {
     std::uint64_t categoryCount = 0;
     std::string categoryDimensionLabel;
     std::string measureLabel;
+    std::array<std::string, 4> roleLabels;
     KXChartDataType categoryDataType = KXChartDataType::String;
     KXChartAggregateType categoryAggregateType{};
     KXChartDataProviderDimensionSetting categorySetting;
@@ -142,6 +143,21 @@ const std::vector<double>& KXAxisChartDataUser::getColorValues(std::uint64_t ser
     return _getValues(series, &Series::color);
 }
 
+const std::vector<double>& KXAxisChartDataUser::getXValues(std::uint64_t series) const
+{
+    return _getValues(series, &Series::x);
+}
+
+const std::vector<double>& KXAxisChartDataUser::getSizeValues(std::uint64_t series) const
+{
+    return _getValues(series, &Series::size);
+}
+
+const std::string& KXAxisChartDataUser::getRoleLabel(KXScatterChartRole role) const
+{
+    return m_roleLabels[static_cast<std::size_t>(role)];
+}
+
 const std::vector<double>& KXAxisChartDataUser::getBandLows(std::uint64_t series) const
 {
     return _getValues(series, &Series::low);
@@ -168,6 +184,7 @@ void KXAxisChartDataUser::resetData()
     m_categoryCount = 0;
     m_categoryDimensionLabel.clear();
     m_measureLabel.clear();
+    m_roleLabels = {};
     m_categoryDataType = KXChartDataType::String;
     m_categoryAggregateType = KXChartAggregateType{};
     m_categorySetting = {};
@@ -194,6 +211,7 @@ void KXAxisChartDataUser::customPrepareData(KXChartDataProvider* provider, bool&
     m_categoryCount = pulled.categoryCount;
     m_categoryDimensionLabel = std::move(pulled.categoryDimensionLabel);
     m_measureLabel = std::move(pulled.measureLabel);
+    m_roleLabels = std::move(pulled.roleLabels);
     m_categoryDataType = pulled.categoryDataType;
     m_categoryAggregateType = pulled.categoryAggregateType;
     m_categorySetting = std::move(pulled.categorySetting);
@@ -248,7 +266,64 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
 /** Finds out which series are there for others. */
 bool KXAxisChartDataUser::_pullRoles(KXAxisChartDataProvider& provider, Pulled& pulled)
 {
-    const std::int64_t color = pulled.series.size() > 1 ? provider.obtainColorMeasure(this) : -1;
+    const std::optional<RoleMeasures> measures = _obtainRoleMeasures(provider);
+    if (!pulled.watcher.isCurrent())
+        return false;
+    if (!(measures ? _pullPoints(provider, *measures, pulled)
+                   : _pullMeasuresForOthers(provider, this, pulled)))
+        return false;
+    pulled.hasNumber = std::ranges::any_of(
+        pulled.series, [](const Series& series) { return series.isOwn && !series.extremes.isEmpty(); });
+    return true;
+}
+
+std::optional<KXAxisChartDataUser::RoleMeasures> KXAxisChartDataUser::_obtainRoleMeasures(
+    KXAxisChartDataProvider&)
+{
+    return std::nullopt;
+}
+
+/** The measure along the Y axis is the series, or one series a member. */
+bool KXAxisChartDataUser::_pullPoints(KXAxisChartDataProvider& provider, const RoleMeasures& measures,
+                                      Pulled& pulled)
+{
+    const auto obtainMeasure = [&](KXScatterChartRole role) {
+        return measures[static_cast<std::size_t>(role)];
+    };
+    for (std::size_t role = 0; role < measures.size(); ++role) {
+        if (measures[role] >= 0)
+            pulled.roleLabels[role] = provider.obtainValueLabel(this,
+                                                                static_cast<std::uint64_t>(measures[role]));
+        if (!pulled.watcher.isCurrent())
+            return false;
+    }
+    for (Series& series : pulled.series) {
+        const std::int64_t y = obtainMeasure(KXScatterChartRole::Y);
+        series.isOwn = y >= 0 && series.measure == static_cast<std::uint64_t>(y);
+        if (!series.isOwn)
+            continue;
+        const auto find = [&](KXScatterChartRole role) {
+            const std::int64_t measure = obtainMeasure(role);
+            return measure < 0 ? noSeries
+                               : pulled.findSeries(static_cast<std::uint64_t>(measure), series.member);
+        };
+        series.x = find(KXScatterChartRole::X);
+        series.size = find(KXScatterChartRole::Size);
+        series.color = find(KXScatterChartRole::Color);
+        if (series.isDivided)
+            series.label = provider.obtainDimensionData(
+                this, {KXAxisChartDataProvider::seriesDimension, series.member});
+        if (!pulled.watcher.isCurrent())
+            return false;
+    }
+    return true;
+}
+
+/** Measures that colour others, and those that are the ends of bands, are no series. */
+bool KXAxisChartDataUser::_pullMeasuresForOthers(KXAxisChartDataProvider& provider, KXChartDataUser* user,
+                                                 Pulled& pulled)
+{
+    const std::int64_t color = pulled.series.size() > 1 ? provider.obtainColorMeasure(user) : -1;
     const auto takeAway = [&](std::uint64_t measure) {
         for (Series& series : pulled.series)
             series.isOwn = series.isOwn && series.measure != measure;
@@ -265,7 +340,7 @@ bool KXAxisChartDataUser::_pullRoles(KXAxisChartDataProvider& provider, Pulled& 
         // The members of a measure follow each other.
         if (!isAsked || measure != pulled.series[i].measure) {
             measure = pulled.series[i].measure;
-            hasBand = provider.obtainBandMeasures(this, measure, low, high);
+            hasBand = provider.obtainBandMeasures(user, measure, low, high);
             if (!pulled.watcher.isCurrent())
                 return false;
             hasBand = hasBand && low != measure && high != measure;
@@ -281,8 +356,6 @@ bool KXAxisChartDataUser::_pullRoles(KXAxisChartDataProvider& provider, Pulled& 
         series.low = hasBand ? pulled.findSeries(low, series.member) : noSeries;
         series.high = hasBand ? pulled.findSeries(high, series.member) : noSeries;
     }
-    pulled.hasNumber = std::ranges::any_of(
-        pulled.series, [](const Series& series) { return series.isOwn && !series.extremes.isEmpty(); });
     return true;
 }
 

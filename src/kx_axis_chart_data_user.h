@@ -6,8 +6,10 @@
 #include "kx_chart_data_type.h"
 #include "kx_chart_data_user.h"
 #include "kx_data_requests.h"
+#include "kx_scatter_chart_options.h"
 #include "kx_value_extremes.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -59,6 +61,13 @@ public:
     std::uint64_t getOwnSeriesCount() const { return m_ownSeriesCount; }
     /** @return the values that colour a series, one per category; empty for none */
     const std::vector<double>& getColorValues(std::uint64_t series) const;
+    /** @return where the points of a series lie along the X axis, one per category; empty where its marks
+     * belong to their categories */
+    const std::vector<double>& getXValues(std::uint64_t series) const;
+    /** @return what the points of a series are large by, one per category; empty for none */
+    const std::vector<double>& getSizeValues(std::uint64_t series) const;
+    /** @return the label of the measure that points have in a role; empty for none */
+    const std::string& getRoleLabel(KXScatterChartRole role) const;
     /** @return the ends of the band of a series, one per category each; empty for none */
     const std::vector<double>& getBandLows(std::uint64_t series) const;
     const std::vector<double>& getBandHighs(std::uint64_t series) const;
@@ -113,6 +122,13 @@ protected:
     /** @return whether the measures are divided by the members of a second dimension */
     bool _isPulledDivided() const { return !_getPulled().empty() && _getPulled().front().isDivided; }
 
+    // A chart whose marks are points of several measures each
+    /** A measure for each KXScatterChartRole, -1 for none. */
+    using RoleMeasures = std::array<std::int64_t, 4>;
+    /** @return which measures the points have; by default none, as each measure is a series. The provider is
+     * asked, which may destroy the chart. */
+    virtual std::optional<RoleMeasures> _obtainRoleMeasures(KXAxisChartDataProvider& provider);
+
     /** Texts that a layout missed are there, or can be asked for. By default the chart lays out anew.
      *  @param areFirst whether none was there before */
     virtual void _categoryTextsArrived(bool areFirst);
@@ -129,6 +145,7 @@ private:
         bool isDivided = false; // it is that of a member
         bool isOwn = true;
         std::size_t color = noSeries, low = noSeries, high = noSeries;
+        std::size_t x = noSeries, size = noSeries;
     };
     struct CategoryText {
         std::string text;
@@ -141,6 +158,9 @@ private:
     bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled);
     bool _pullRoles(KXAxisChartDataProvider& provider, Pulled& pulled);
+    static bool _pullMeasuresForOthers(KXAxisChartDataProvider& provider, KXChartDataUser* user,
+                                       Pulled& pulled);
+    bool _pullPoints(KXAxisChartDataProvider& provider, const RoleMeasures& measures, Pulled& pulled);
     const std::vector<double>& _getValues(std::uint64_t series, std::size_t Series::*role) const;
     static KXValueExtremes _findExtremes(const Series& series, std::size_t count);
     const CategoryText& _obtainText(std::uint64_t drawn);
@@ -161,6 +181,7 @@ private:
 
     std::string m_categoryDimensionLabel;
     std::string m_measureLabel;
+    std::array<std::string, 4> m_roleLabels; // by KXScatterChartRole
     KXChartDataType m_categoryDataType = KXChartDataType::String;
     KXChartAggregateType m_categoryAggregateType{};
     KXChartDataProviderDimensionSetting m_categorySetting;

@@ -28,8 +28,10 @@ bool KXAxisChartDataView::canShowSeries() const { return true; }
 bool KXAxisChartDataView::drawsSeriesAsOne() const { return false; }
 bool KXAxisChartDataView::canStack() const { return true; }
 bool KXAxisChartDataView::placesItself() const { return false; }
+bool KXAxisChartDataView::canBeLogarithmic() const { return !placesItself(); }
 bool KXAxisChartDataView::isMirrored() const { return false; }
 bool KXAxisChartDataView::prefersContinuousDates() const { return false; }
+bool KXAxisChartDataView::prefersContinuousNumbers() const { return false; }
 
 KXAxisChartStacking KXAxisChartDataView::obtainStacking() const
 {
@@ -63,6 +65,9 @@ std::optional<KXAxisChartValueRange> KXAxisChartDataView::obtainValueRange() con
 }
 
 std::optional<KXValueExtremes> KXAxisChartDataView::obtainNumberRange() const { return std::nullopt; }
+std::span<const double> KXAxisChartDataView::obtainNumbers(std::uint64_t) const { return {}; }
+bool KXAxisChartDataView::zoomsAlongValues() const { return false; }
+double KXAxisChartDataView::obtainReach() const { return 0; }
 bool KXAxisChartDataView::shouldIncludeZero() const { return false; }
 double KXAxisChartDataView::obtainMinCategorySpacing() const { return 0; }
 double KXAxisChartDataView::obtainLabelledCategorySpacing() const { return 0; }

@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -65,11 +66,15 @@ public:
     /** @return whether the marks place themselves, so that stacks as the value axis has them mean nothing; by
      * default not */
     virtual bool placesItself() const;
+    /** @return whether the value axis can count exponents; by default not where marks place themselves */
+    virtual bool canBeLogarithmic() const;
     /** @return whether the value axis shows 0 to the greatest value on both sides; by default not */
     virtual bool isMirrored() const;
     /** @return whether members that are dates lie at their numbers unless somebody says otherwise; by default
      * they have slots, as bars want them */
     virtual bool prefersContinuousDates() const;
+    /** @return the same of members that are numbers; by default these have slots too */
+    virtual bool prefersContinuousNumbers() const;
     /** @return how the series stand to each other on their value axis */
     virtual KXAxisChartStacking obtainStacking() const;
 
@@ -80,6 +85,15 @@ public:
     /** @return what the X axis has to hold where marks lie at numbers of their own along it; by default none:
      * marks belong to categories */
     virtual std::optional<KXValueExtremes> obtainNumberRange() const;
+    /** @return where the marks of a series lie along the X axis, one number a category, NaN for none; by
+     * default empty: each lies at its category. Lent until the data are replaced. */
+    virtual std::span<const double> obtainNumbers(std::uint64_t series) const;
+    /** @return whether the user can have a part of the value axis shown, too, wherever that can be had of the
+     * X axis; by default not */
+    virtual bool zoomsAlongValues() const;
+    /** @return how far marks reach around their places on both axes, in logical units; automatic ranges hold
+     * them whole. By default 0. */
+    virtual double obtainReach() const;
     /** @return whether an automatic range of the value axis holds zero, where the marks start; by default not
      */
     virtual bool shouldIncludeZero() const;

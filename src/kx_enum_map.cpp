@@ -12,6 +12,7 @@
 #include "kx_kpi_chart_options.h"
 #include "kx_line_chart_options.h"
 #include "kx_pie_chart_options.h"
+#include "kx_scatter_chart_options.h"
 #include "kx_table_chart_options.h"
 #include "kx_tornado_chart_options.h"
 #include "kx_tree_map_chart_options.h"
@@ -107,6 +108,7 @@ template KX_EXPORT UXEnum::UXEnumMap<KXLineCurve>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXLineNullHandling>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXLinePointDisplay>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXPointShape>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXScatterLabelContent>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXPieChartSliceStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXPieSliceOrder>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXPieLabelPosition>* kxObtainEnumMap();

@@ -1,6 +1,7 @@
 #include "kx_gradient_legend.h"
 
 #include "kx_chart_property.h"
+#include "kx_legend_place.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
@@ -15,18 +16,8 @@
 namespace {
 
 // Logical units, those of a legend of cells where both have them
-constexpr int partGap = 15;
-constexpr int leastHeight = 100, leastWidth = 300;
 constexpr int greatestLength = 280, greatestHeight = 200;
 constexpr double stripThickness = 10, textGap = 4, textDistance = 8;
-
-/** @return where an extent begins that is aligned in a room */
-int align(int start, int room, int extent, UXPosition position)
-{
-    if (position == UXPosition::Left || position == UXPosition::Top)
-        return start;
-    return position == UXPosition::Center ? start + (room - extent) / 2 : start + room - extent;
-}
 
 } // namespace
 
@@ -67,21 +58,12 @@ UXRect KXGradientLegend::takeRoom(const UXRect& area, const KXChartProperty& pro
 {
     const bool isShown = isWanted && property.getShowLegend();
     setVisible(isShown);
-    if (!isShown)
-        return area;
-    const UXPosition side = property.getLegendPosition();
-    const bool isUpright = side == UXPosition::Left || side == UXPosition::Right;
-    return takeRoom(area, side,
-                    isUpright ? property.getLegendVerticalAlign() : property.getLegendHorizontalAlign());
+    return isShown ? takeRoom(area, property.getLegendPosition(), kxObtainLegendAlign(property)) : area;
 }
 
 UXRect KXGradientLegend::takeRoom(const UXRect& area, UXPosition side, UXPosition position)
 {
     m_isUpright = side == UXPosition::Left || side == UXPosition::Right;
-    if (m_isUpright ? area.width < leastWidth : area.height < leastHeight) {
-        setRect(uxMakeRect(area.x, area.y, 0, 0));
-        return area;
-    }
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     double across = 0;
     for (const Value& value : m_values) {
@@ -89,23 +71,11 @@ UXRect KXGradientLegend::takeRoom(const UXRect& area, UXPosition side, UXPositio
         across = std::max(across, m_isUpright ? size.width : size.height);
     }
     const int thickness = uxSaturateToInt(std::ceil(stripThickness + textGap + across));
-    const int length = m_isUpright ? std::min(area.height, greatestHeight)
-                                   : std::min(area.width, greatestLength);
-    UXRect left = area, own;
-    if (m_isUpright) {
-        own = {side == UXPosition::Left ? area.x : uxMaxX(area) - thickness,
-               align(area.y, area.height, length, position), thickness, length};
-        left.x += side == UXPosition::Left ? thickness + partGap : 0;
-        left.width = std::max(area.width - thickness - partGap, 0);
-    } else {
-        own = {align(area.x, area.width, length, position),
-               side == UXPosition::Top ? area.y : area.getBottom() - thickness, length, thickness};
-        left.y += side == UXPosition::Top ? thickness + partGap : 0;
-        left.height = std::max(area.height - thickness - partGap, 0);
-    }
-    setRect(own);
+    const int length = m_isUpright ? greatestHeight : greatestLength;
+    const KXLegendPlace place = kxPlaceLegend(area, side, position, length, thickness);
+    setRect(place.own);
     _placeTexts();
-    return left;
+    return place.left;
 }
 
 UXDoubleRect KXGradientLegend::_obtainStrip() const

@@ -16,6 +16,7 @@
 #include "kx_chart_stacked_bar_segment.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_item.h"
+#include "kx_circle.h"
 #include "kx_density_chart.h"
 #include "kx_gauge_chart.h"
 #include "kx_horizontal_bar.h"
@@ -34,6 +35,12 @@
 #include "kx_pie_chart.h"
 #include "kx_pie_segment_info.h"
 #include "kx_rectangle.h"
+#include "kx_scatter_chart.h"
+#include "kx_scatter_chart_data_view.h"
+#include "kx_scatter_chart_property.h"
+#include "kx_scatter_plot_area.h"
+#include "kx_scatter_plot_data.h"
+#include "kx_scatter_point.h"
 #include "kx_stacked_bar.h"
 #include "kx_tile.h"
 #include "kx_tornado_chart.h"
@@ -93,7 +100,7 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXChartSlider),
     KX_TYPE(KXChartToolbox),
     KX_TYPE_WITHOUT_CLASS(KXCheckBox),
-    KX_TYPE_WITHOUT_CLASS(KXCircle),
+    KX_TYPE(KXCircle),
     KX_TYPE_WITHOUT_CLASS(KXControlChart),
     KX_TYPE_WITHOUT_CLASS(KXControlChartComboBox),
     KX_TYPE_WITHOUT_CLASS(KXControlChartComboBoxScrollView),
@@ -127,12 +134,12 @@ constexpr Type types[] = {
     KX_TYPE(KXPieSegmentInfo),
     KX_TYPE(KXPie),
     KX_TYPE(KXRectangle),
-    KX_TYPE_WITHOUT_CLASS(KXScatterChart),
-    KX_TYPE_WITHOUT_CLASS(KXScatterChartDataView),
-    KX_TYPE_WITHOUT_CLASS(KXScatterPlotArea),
-    KX_TYPE_WITHOUT_CLASS(KXScatterPlotData),
-    KX_TYPE_WITHOUT_CLASS(KXScatterPoint),
-    KX_TYPE_WITHOUT_CLASS(KXScatterChartProperty),
+    KX_TYPE(KXScatterChart),
+    KX_TYPE(KXScatterChartDataView),
+    KX_TYPE(KXScatterPlotArea),
+    KX_TYPE(KXScatterPlotData),
+    KX_TYPE(KXScatterPoint),
+    KX_TYPE(KXScatterChartProperty),
     KX_TYPE_WITHOUT_CLASS(KXScrollableValueList),
     KX_TYPE(KXStackedBar),
     KX_TYPE(KXChartStackedBarSegment),

@@ -1,24 +1,8 @@
 #include "kx_line_chart_property.h"
 
+#include "kx_drawn_extent.h"
+#include "kx_in_turn.h"
 #include "kx_key_definitions.h"
-
-#include <algorithm>
-
-namespace {
-
-/** No picture is so large, and so what is made of an extent can be drawn. */
-constexpr double greatestExtent = 1e5;
-
-double boundExtent(double extent) { return extent > 0 ? std::min(extent, greatestExtent) : 0; }
-
-/** @return the value that a series takes of a list in turn, or usual where that is empty */
-template <class T>
-T obtainInTurn(const std::vector<T>& list, std::uint64_t series, const T& usual)
-{
-    return list.empty() ? usual : list[series % list.size()];
-}
-
-} // namespace
 
 KX_DEFINE_KEYS(KXLineChartProperty, KXChartPropertyBase, KX_LINE_CHART_PROPERTY_KEYS)
 
@@ -29,20 +13,20 @@ KXLineChartProperty::~KXLineChartProperty() = default;
 
 KXChartLineStyle KXLineChartProperty::obtainLineStyle(std::uint64_t series) const
 {
-    return obtainInTurn(m_seriesLineStyles, series, m_lineStyle);
+    return kxObtainInTurn(m_seriesLineStyles, series, m_lineStyle);
 }
 
 double KXLineChartProperty::obtainLineWidth(std::uint64_t series) const
 {
-    return boundExtent(obtainInTurn(m_seriesLineWidths, series, m_lineWidth));
+    return kxBoundExtent(kxObtainInTurn(m_seriesLineWidths, series, m_lineWidth));
 }
 
 KXPointShape KXLineChartProperty::obtainPointShape(std::uint64_t series) const
 {
-    return obtainInTurn(m_seriesShapes, series, m_pointShape);
+    return kxObtainInTurn(m_seriesShapes, series, m_pointShape);
 }
 
-double KXLineChartProperty::obtainPointSize() const { return boundExtent(m_pointSize); }
+double KXLineChartProperty::obtainPointSize() const { return kxBoundExtent(m_pointSize); }
 
 UXTextProperty KXLineChartProperty::_makeDefaultLabelProperty()
 {

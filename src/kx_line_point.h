@@ -32,7 +32,7 @@ public:
     /** @param color of a ring around the point, which keeps it apart from what it lies on; clear for none */
     void setRingColor(const UXColor& color);
 
-    void paint(UXPainter& painter) const;
+    virtual void paint(UXPainter& painter) const;
 
     // From UXJsonObject
     void customSerialize() override;

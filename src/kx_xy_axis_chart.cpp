@@ -106,7 +106,10 @@ bool KXXYAxisChart::isLogarithmic(const KXAxisProperty& property) const
         return own.getIsXLogarithmic() && (m_numberRange || !m_x.cache.isTemporalDimension);
     const bool isWanted = &property == m_y.property.get() ? own.getIsYLogarithmic()
                                                           : own.getIsSecondaryYLogarithmic();
-    return isWanted && !property.getIsStacked() && !_obtainCache(property).isUnstackable;
+    const bool isStacked = property.getIsStacked() && !_obtainCache(property).isUnstackable;
+    return isWanted && !isStacked && std::ranges::all_of(getDataViews(), [&](const auto& view) {
+               return &view->_getValueAxisProperty() != &property || view->canBeLogarithmic();
+           });
 }
 
 bool KXXYAxisChart::isPercentageAxis(const KXAxisProperty& property) const
@@ -170,7 +173,7 @@ void KXXYAxisChart::_updateDataRanges()
 
 void KXXYAxisChart::_updateDefaultTitles()
 {
-    m_x.property->setDefaultTitleValue(getCategoryDimensionLabel());
+    m_x.property->setDefaultTitleValue(_obtainProposedTitle(m_x));
     m_y.property->setDefaultTitleValue(_obtainProposedTitle(m_y));
     m_secondaryY.property->setDefaultTitleValue(_obtainProposedTitle(m_secondaryY));
 }
@@ -179,6 +182,8 @@ void KXXYAxisChart::_updateDefaultTitles()
  * Shown or not makes no difference, so that switching a series off changes no title. */
 std::string KXXYAxisChart::_obtainProposedTitle(const KXAxisChartAxis& axis) const
 {
+    if (&axis == &m_x)
+        return getCategoryDimensionLabel();
     if (!getMeasureLabel().empty())
         return getMeasureLabel();
     std::optional<std::uint64_t> only;

@@ -88,6 +88,9 @@ public:
     /** Shows a part of one of these axes, as near to it as there are data.
      *  @param range in what the axis counts */
     void showRange(const KXAxis& axis, const KXVisibleRange& range);
+    /** Shows another part of such an axis, as near as it holds a value that it does not.
+     *  @return whether it did; the chart may have gone then */
+    bool showValue(const KXAxis& axis, double value);
     void showAll();
     /** @return what is shown of the axis, in what it counts */
     KXVisibleRange obtainShownRange(const KXAxis& axis) const;
@@ -100,6 +103,8 @@ public:
     // Places, as of the last layout; in the plot's space
     /** @return whether the categories lie at their numbers instead of in slots */
     bool isContinuous() const { return m_isContinuous; }
+    /** @return whether marks lie at numbers of their own along the X axis, whatever their categories are */
+    bool hasOwnNumbers() const { return m_numberRange.has_value(); }
     /** @return where on the X axis a category lies: its index, or its number on a continuous axis, NaN where
      * it has none */
     double obtainCategoryValue(std::uint64_t category) const;
@@ -166,6 +171,9 @@ protected:
     void _insertView(std::size_t place, std::unique_ptr<KXAxisChartDataView> view);
 
     double _calculateSuitableRange(double amount, bool forTicks) const;
+    /** @return what an axis is called where the user does not say; by default the dimension of the
+     * categories, and the measure that an axis of values tells */
+    virtual std::string _obtainProposedTitle(const KXAxisChartAxis& axis) const;
     /** @return whether a cell of the legend is that of a line of reference, as those after the series are */
     bool _isAssistantLineCell(std::uint64_t index) { return _findLegendLine(index).has_value(); }
 
@@ -215,6 +223,7 @@ private:
     void _setValueScale(KXAxisChartAxis& axis);
     double _toAxis(const KXAxisChartAxis& axis, double value) const;
     KXVisibleRange _obtainWholeRange(const KXAxisChartAxis& axis) const;
+    KXVisibleRange _makeRoomForMarks(const KXAxisChartAxis& axis, const KXVisibleRange& range) const;
     double _obtainLeastLength(const KXAxisChartAxis& axis) const;
     KXVisibleRange _obtainShownRange(const KXAxisChartAxis& axis) const;
     double _obtainCategoryDistance() const;
@@ -235,7 +244,6 @@ private:
     void _placeNote();
     std::optional<std::uint64_t> _obtainPlacedCategoryAt(UXPoint point) const;
     void _updateDefaultTitles();
-    std::string _obtainProposedTitle(const KXAxisChartAxis& axis) const;
     void _placeSides();
     void _setCategoryScale();
     std::string _obtainCategoryTickText(double value);

@@ -71,10 +71,13 @@ bool KXXYAxisChart::_mayBeContinuous() const
     if (_decidesContinuous())
         return !m_x.property->getIsCustomizedIsContinuous() || m_x.property->getIsContinuous();
     const auto mayShow = [](const auto& view) { return view->canShowSeries(); };
-    return isDate(getCategoryDataType()) && std::ranges::any_of(getDataViews(), mayShow) &&
-           std::ranges::all_of(getDataViews(), [&](const auto& view) {
-               return !mayShow(view) || view->prefersContinuousDates();
-           });
+    const auto prefersContinuous = [&](const auto& view) {
+        return isDate(getCategoryDataType()) ? view->prefersContinuousDates()
+                                             : view->prefersContinuousNumbers();
+    };
+    return std::ranges::any_of(getDataViews(), mayShow) &&
+           std::ranges::all_of(getDataViews(),
+                               [&](const auto& view) { return !mayShow(view) || prefersContinuous(view); });
 }
 
 /** Dates whose numbers do not tell them apart have none that anybody has given them. */
@@ -196,6 +199,12 @@ void KXXYAxisChart::_customUpdateTicks()
 {
     if (!m_isContinuous || !m_x.isUsed)
         return;
+    if (std::ranges::any_of(getDataViews(), [](const auto& view) { return view->obtainReach() > 0; })) {
+        // What marks reach is in units of the picture, and how long the axes are is known only now.
+        _setCategoryScale();
+        for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY})
+            _setValueScale(*axis);
+    }
     const KXVisibleRange shown{m_x.axis->getMinValue(), m_x.axis->getMaxValue()};
     if (m_x.cache.isTemporalDimension && !m_numberRange)
         _updateCalendarTicks(shown);

@@ -2,6 +2,7 @@
 
 #include "kx_axis.h"
 #include "kx_axis_chart_property.h"
+#include "kx_axis_property.h"
 #include "kx_chart_toolbox_item.h"
 #include "ux/ux_event.h"
 #include "ux/ux_label.h"
@@ -22,6 +23,9 @@ namespace {
 constexpr double leastMoment = 1e-3;
 /** Where no two points say what the least range is, this part of the whole is. */
 constexpr double leastPart = 1e-6;
+/** Marks that reach further along an axis than this part of it get no room of their own. */
+constexpr double greatestReachShare = 0.2;
+constexpr int reachRounds = 8;
 constexpr int partGap = 4;
 /** In a smaller plot there is no room for anything but marks. */
 constexpr UXSize leastAreaForParts{120, 80};
@@ -58,7 +62,7 @@ double KXXYAxisChart::_toAxis(const KXAxisChartAxis& axis, double value) const
 /** @return what there is to see of an axis, in what it counts */
 KXVisibleRange KXXYAxisChart::_obtainWholeRange(const KXAxisChartAxis& axis) const
 {
-    KXVisibleRange whole{axis.cache.axisMin, axis.cache.axisMax};
+    const KXVisibleRange whole = _makeRoomForMarks(axis, {axis.cache.axisMin, axis.cache.axisMax});
     if (&axis != &m_x)
         return whole;
     const double distance = _obtainCategoryDistance();
@@ -68,6 +72,30 @@ KXVisibleRange KXXYAxisChart::_obtainWholeRange(const KXAxisChartAxis& axis) con
     if (whole.from == whole.to)
         overhang = std::max(overhang, distance / 2);
     return {whole.from - overhang, whole.to + overhang};
+}
+
+/** @return range, wider where marks would reach beyond the axis */
+KXVisibleRange KXXYAxisChart::_makeRoomForMarks(const KXAxisChartAxis& axis,
+                                                const KXVisibleRange& range) const
+{
+    // 1. What marks need, of the length that there is.
+    double reach = 0;
+    for (const auto& view : getDataViews())
+        if (&axis == &m_x || view->getIsOnSecondaryAxis() == (&axis == &m_secondaryY))
+            reach = std::max(reach, view->obtainReach());
+    const double share = reach / axis.axis->obtainAxisLength();
+    const bool isFixed = !axis.property->getAutoAxisRange() || (&axis == &m_x && !m_isContinuous);
+    if (!(share > 0) || share > greatestReachShare || isFixed || !axis.isUsed)
+        return range;
+
+    // 2. Each end moves out as far as the marks next to it reach, which makes a unit shorter.
+    const double least = _toAxis(axis, axis.cache.dataMin), greatest = _toAxis(axis, axis.cache.dataMax);
+    KXVisibleRange wider = range;
+    for (int round = 0; round < reachRounds; ++round) {
+        const double room = share * wider.obtainLength();
+        wider = {std::min(range.from, least - room), std::max(range.to, greatest + room)};
+    }
+    return std::isfinite(wider.obtainLength()) ? wider : range;
 }
 
 double KXXYAxisChart::_obtainLeastLength(const KXAxisChartAxis& axis) const
@@ -103,7 +131,10 @@ std::vector<KXAxis*> KXXYAxisChart::obtainZoomedAxes() const
 {
     if (!m_isContinuous || !m_x.isUsed || !getAxisChartProperty()->getEnableZoom())
         return {};
-    return m_numberRange ? std::vector<KXAxis*>{m_x.axis, m_y.axis} : std::vector<KXAxis*>{m_x.axis};
+    const bool zoomsBoth = m_numberRange || std::ranges::any_of(getDataViews(), [](const auto& view) {
+                               return view->zoomsAlongValues() && !view->getIsOnSecondaryAxis();
+                           });
+    return zoomsBoth ? std::vector<KXAxis*>{m_x.axis, m_y.axis} : std::vector<KXAxis*>{m_x.axis};
 }
 
 bool KXXYAxisChart::isZoomed() const
@@ -141,6 +172,17 @@ void KXXYAxisChart::showRange(const KXAxis& axis, const KXVisibleRange& range)
         property.updateVisibleYTo(values.to);
 }
 
+bool KXXYAxisChart::showValue(const KXAxis& axis, double value)
+{
+    const KXAxisChartAxis* own = _findAxis(&axis);
+    const double place = own ? _toAxis(*own, value) : value;
+    const KXVisibleRange shown = obtainShownRange(axis);
+    if (!own || !std::isfinite(place) || (place >= shown.from && place <= shown.to))
+        return false;
+    showRange(axis, kxMoveVisibleRange(shown, place < shown.from ? place - shown.from : place - shown.to));
+    return true;
+}
+
 void KXXYAxisChart::showAll()
 {
     const UXObjectWatcher self(this);
@@ -156,14 +198,8 @@ void KXXYAxisChart::showItem(const KXChartItem& item)
         KXAxisChart::showItem(item);
         return;
     }
-    const double value = _toAxis(m_x, obtainCategoryValue(item.index));
-    const KXVisibleRange shown = _obtainShownRange(m_x);
-    if (!std::isfinite(value) || (value >= shown.from && value <= shown.to))
-        return;
     const UXObjectWatcher self(this);
-    showRange(*m_x.axis,
-              kxMoveVisibleRange(shown, value < shown.from ? value - shown.from : value - shown.to));
-    if (self.isAlive())
+    if (showValue(*m_x.axis, obtainCategoryValue(item.index)) && self.isAlive())
         layout();
 }
 

@@ -14,6 +14,7 @@
 #include "kx_line_chart_options.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_pie_chart_options.h"
+#include "kx_scatter_chart_options.h"
 #include "kx_tree_map_chart_options.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_enum_base.h"
@@ -103,7 +104,7 @@ public:
             document["m_yAxisProperty"]["m_isStacked"] = !oneIn(3);
             document["m_yAxisProperty"]["m_is100PercentStacked"] = oneIn(2);
             document["m_orientation"] = oneIn(2) ? "Vertical" : "Horizontal";
-            for (const char* marks : {"m_barChartProperty", "m_lineChartProperty"})
+            for (const char* marks : {"m_barChartProperty", "m_lineChartProperty", "m_scatterChartProperty"})
                 if (document.contains(marks))
                     document[marks]["m_showLabels"] = oneIn(2);
             if (document.contains("m_barChartProperty"))
@@ -121,7 +122,7 @@ public:
         table->categoryCount = hasAxes ? static_cast<std::uint64_t>(pick(categoryCounts)) : 1;
         const int measures = hasAxes ? pick(measureCounts) : type == "KXGaugeChart" ? 4 - below(12) / 9 : 1;
         const int kind = below(7);
-        if (type == "KXWaterfallChart" || type == "KXTornadoChart")
+        if (type == "KXWaterfallChart" || type == "KXTornadoChart" || type == "KXScatterChart")
             table->memberCount = static_cast<std::uint64_t>(pick(std::array{0, 0, 1, 2, 3, 5, 12}));
         const std::uint64_t valueCount = table->categoryCount *
                                          std::max<std::uint64_t>(table->memberCount, 1);
@@ -260,7 +261,8 @@ private:
     static std::string _tellApart(const Json& object, const std::string& key)
     {
         const std::string type = object.value("type", "");
-        if (key != "m_labelPosition" || (type != "KXLineChartProperty" && type != "KXPieChart"))
+        const bool isOfLines = type == "KXLineChartProperty" || type == "KXScatterChartProperty";
+        if (key != "m_labelPosition" || (!isOfLines && type != "KXPieChart"))
             return key;
         return (type == "KXPieChart" ? "slices." : "lines.") + key;
     }
@@ -342,6 +344,9 @@ private:
             {"m_lineWidth", {0, 0.4, 1, 7, 60}},
             {"m_pointSize", {-1, 0, 3, 14, 200}},
             {"m_fillOpacity", {-1, 0, 0.4, 3}},
+            {"m_opacity", {-1, 0, 0.4, 3}},
+            {"m_minPointSize", {-1, 0, 3, 300}},
+            {"m_maxPointSize", {-1, 0, 9, 60, 1e300}},
             {"m_middleValue", {-1e300, 0, 20}},
             {"m_classCount", {0, 1, 3, 1000}},
             {"m_targetValueCache", {-20, 0, 50, 1e12, 99.5}},
@@ -399,6 +404,7 @@ private:
             {"m_nullHandling", uxObtainEnumNames(KXLineNullHandling())},
             {"m_pointDisplay", uxObtainEnumNames(KXLinePointDisplay())},
             {"m_pointShape", uxObtainEnumNames(KXPointShape())},
+            {"m_labelContent", uxObtainEnumNames(KXScatterLabelContent())},
             {"m_sliceStyle", uxObtainEnumNames(KXPieChartSliceStyle())},
             {"m_sort", uxObtainEnumNames(KXPieSliceOrder())},
             {"m_style", uxObtainEnumNames(KXDensityStyle())},

@@ -1,0 +1,414 @@
+#include "kx_scatter_chart_data_view.h"
+
+#include "kx_axis_chart_property.h"
+#include "kx_chart_data_format.h"
+#include "kx_drawn_extent.h"
+#include "kx_key_definitions.h"
+#include "kx_point_shapes.h"
+#include "kx_scatter_chart_property.h"
+#include "kx_xy_axis_chart.h"
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_saturate.h"
+#include "ux/ux_symbol_style.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+namespace {
+
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+/** A point is hit as far from its edge, in logical units. */
+constexpr double hitReach = 12;
+/** Of more points than these the host is not asked for colours, which it has by measure or series. */
+constexpr std::size_t greatestSingleCount = 2000;
+/** Of points that have no value to be coloured by. */
+constexpr UXColor neutralColor(160, 160, 164);
+/** Points are opaque while they cover less of the plot than this, and never less opaque than the second. */
+constexpr double greatestOpaqueCrowding = 0.05, leastOpacity = 0.25;
+/** How much less opaque they are for each layer of them. */
+constexpr double crowdingWeight = 0.5;
+/** Of the shorter side of a chart, which no point with a size is larger than. */
+constexpr double greatestShare = 0.1;
+/** What a hint and the keyboard's ring keep off around a point. */
+constexpr double leastPlace = 8;
+/** How large a point of a legend's symbol can be, as a part of its height. */
+constexpr double greatestSymbolPoint = 0.8;
+
+double obtainAt(std::span<const double> values, std::uint64_t category)
+{
+    return category < values.size() ? values[category] : noNumber;
+}
+
+} // namespace
+
+KXScatterChartDataView::KXScatterChartDataView() : m_property(std::make_shared<KXScatterChartProperty>()) {}
+KXScatterChartDataView::~KXScatterChartDataView() = default;
+
+bool KXScatterChartDataView::canStack() const { return false; }
+bool KXScatterChartDataView::placesItself() const { return true; }
+bool KXScatterChartDataView::canBeLogarithmic() const { return true; }
+bool KXScatterChartDataView::prefersContinuousDates() const { return true; }
+bool KXScatterChartDataView::prefersContinuousNumbers() const { return true; }
+bool KXScatterChartDataView::zoomsAlongValues() const { return true; }
+
+double KXScatterChartDataView::obtainReach() const
+{
+    if (getShownSeries().empty())
+        return 0;
+    const KXScatterForm form = obtainForm();
+    return (form.hasSizes() ? std::max(form.greatestDiameter, form.leastDiameter) : form.usualDiameter) / 2;
+}
+
+std::size_t KXScatterChartDataView::_obtainCategoryCount() const
+{
+    return static_cast<std::size_t>(getChart()->obtainShownCategoryCount());
+}
+
+std::span<const double> KXScatterChartDataView::obtainNumbers(std::uint64_t series) const
+{
+    return getChart()->getXValues(series);
+}
+
+/** @return where each category lies on the X axis */
+const std::vector<double>& KXScatterChartDataView::_obtainCategoryNumbers() const
+{
+    if (m_categoryNumbers.empty()) {
+        m_categoryNumbers.resize(static_cast<std::size_t>(getChart()->getCategoryCount()));
+        for (std::size_t category = 0; category < m_categoryNumbers.size(); ++category)
+            m_categoryNumbers[category] = getChart()->obtainCategoryValue(category);
+    }
+    return m_categoryNumbers;
+}
+
+double KXScatterChartDataView::obtainX(const KXAxisChartMark& mark) const
+{
+    const std::span<const double> numbers = obtainNumbers(mark.series);
+    return numbers.empty() ? getChart()->obtainCategoryValue(mark.category)
+                           : obtainAt(numbers, mark.category);
+}
+
+std::string KXScatterChartDataView::obtainXText(const KXAxisChartMark& mark) const
+{
+    const std::span<const double> numbers = obtainNumbers(mark.series);
+    if (numbers.empty())
+        return getChart()->obtainCategoryLabel(mark.category);
+    const double x = obtainAt(numbers, mark.category);
+    return std::isnan(x) ? std::string() : getChart()->getXDataFormat()->formatNumber(x);
+}
+
+double KXScatterChartDataView::obtainValue(const KXAxisChartMark& mark) const
+{
+    const double x = obtainX(mark), y = getChart()->getValue(mark.series, mark.category);
+    const bool isOnX = getChart()->isLogarithmic(*getChart()->getXAxisProperty()) ? x > 0 : !std::isnan(x);
+    const bool isOnY = !getChart()->isLogarithmic(_getValueAxisProperty()) || y > 0;
+    return isOnX && isOnY ? y : noNumber;
+}
+
+std::optional<KXAxisChartValueRange> KXScatterChartDataView::obtainValueRange() const
+{
+    if (getShownSeries().empty())
+        return std::nullopt;
+    KXValueExtremes range;
+    const bool isLogarithmic = getChart()->isLogarithmic(_getValueAxisProperty());
+    for (const std::uint64_t series : getShownSeries()) {
+        const std::span<const double> x = obtainNumbers(series), y = getChart()->getSeriesValues(series);
+        for (std::size_t i = 0, count = std::min(y.size(), _obtainCategoryCount()); i < count; ++i)
+            if ((x.empty() || x[i] == x[i]) && (isLogarithmic ? y[i] > 0 : y[i] == y[i]))
+                range.take({y[i], y[i]});
+    }
+    return range.isEmpty() ? KXAxisChartValueRange()
+                           : KXAxisChartValueRange{range.min, range.max, std::min(range.min, 0.0),
+                                                   std::max(range.max, 0.0)};
+}
+
+std::optional<KXValueExtremes> KXScatterChartDataView::obtainNumberRange() const
+{
+    KXValueExtremes range;
+    const bool isLogarithmic = getChart()->getAxisChartProperty()->getIsXLogarithmic();
+    bool hasNumbers = false;
+    for (const std::uint64_t series : getShownSeries()) {
+        const std::span<const double> x = obtainNumbers(series), y = getChart()->getSeriesValues(series);
+        hasNumbers = hasNumbers || !x.empty();
+        for (std::size_t i = 0, count = std::min(x.size(), _obtainCategoryCount()); i < count; ++i)
+            if (y[i] == y[i] && (isLogarithmic ? x[i] > 0 : x[i] == x[i]))
+                range.take({x[i], x[i]});
+    }
+    if (hasNumbers && range.isEmpty())
+        return KXValueExtremes{0, 0}; // an axis of numbers, on which nothing lies
+    return range.isEmpty() ? std::nullopt : std::optional(range);
+}
+
+void KXScatterChartDataView::reload()
+{
+    m_layout.clear();
+    m_index.clear();
+    m_labels.clear();
+    m_batches.clear();
+    m_categoryNumbers.clear();
+    m_sizes = m_colors = {};
+    const auto takeFirst = [this](KXValueExtremes& extremes, std::span<const double> values) {
+        extremes.take(kxFindValueExtremes(values.first(std::min(values.size(), _obtainCategoryCount()))));
+    };
+    for (const std::uint64_t series : getShownSeries()) {
+        takeFirst(m_sizes, getChart()->getSizeValues(series));
+        takeFirst(m_colors, getChart()->getColorValues(series));
+    }
+}
+
+/** In a small chart the largest points would hide the others. */
+double KXScatterChartDataView::_obtainGreatestDiameter() const
+{
+    const UXRect& chart = getChart()->getRect();
+    return std::min(kxBoundExtent(m_property->getMaxPointSize()),
+                    greatestShare * std::max(std::min(chart.width, chart.height), 0));
+}
+
+KXScatterForm KXScatterChartDataView::obtainForm() const
+{
+    return {.usualDiameter = kxBoundExtent(m_property->getPointSize()),
+            .leastDiameter = kxBoundExtent(m_property->getMinPointSize()),
+            .greatestDiameter = _obtainGreatestDiameter(),
+            .greatestSize = m_sizes.isEmpty() ? 0 : std::max(m_sizes.max, 0.0),
+            .colors = m_property->getColorByValue() ? m_colors : KXValueExtremes()};
+}
+
+void KXScatterChartDataView::layout(const KXAxisChartPlotFrame& frame)
+{
+    m_frame = frame;
+    m_labels.clear();
+    m_index.clear();
+    m_batches.clear();
+    m_categoryNumbers.clear();
+    m_form = obtainForm();
+    const std::size_t count = _obtainCategoryCount();
+    const auto takeFirst = [count](std::span<const double> values) {
+        return values.first(std::min(values.size(), count));
+    };
+    std::vector<KXScatterSeries> sources;
+    sources.reserve(getShownSeries().size());
+    for (const std::uint64_t series : getShownSeries()) {
+        const std::span<const double> numbers = obtainNumbers(series);
+        sources.push_back({series, takeFirst(numbers.empty() ? std::span(_obtainCategoryNumbers()) : numbers),
+                           getChart()->getSeriesValues(series), getChart()->getSizeValues(series),
+                           getChart()->getColorValues(series)});
+    }
+    kxLayoutScatter(sources, frame, m_form, m_layout);
+}
+
+std::vector<KXAxisChartMark> KXScatterChartDataView::obtainSingleMarks() const
+{
+    std::vector<KXAxisChartMark> marks;
+    if (m_layout.getCount() > greatestSingleCount)
+        return marks;
+    marks.reserve(m_layout.getCount());
+    for (std::size_t point = 0; point < m_layout.getCount(); ++point)
+        marks.push_back(m_layout.obtainMark(point));
+    return marks;
+}
+
+std::optional<KXGradientScale> KXScatterChartDataView::obtainColorScale() const
+{
+    if (!m_property->getColorByValue() || m_colors.isEmpty())
+        return std::nullopt;
+    return KXGradientScale{m_colors.min,
+                           m_colors.max,
+                           m_property->getMiddleValue(),
+                           m_property->getMinColor(),
+                           m_property->getMiddleColor(),
+                           m_property->getMaxColor(),
+                           m_property->getClassCount()};
+}
+
+UXColor KXScatterChartDataView::obtainColor(const KXAxisChartMark& mark) const
+{
+    if (m_layout.getCount() <= greatestSingleCount)
+        if (const std::optional<UXColor> own = getChart()->obtainHostColor(mark))
+            return *own;
+    const std::optional<KXGradientScale> scale = obtainColorScale();
+    if (!scale)
+        return getChart()->obtainSeriesColor(mark.series);
+    const double value = obtainAt(getChart()->getColorValues(mark.series), mark.category);
+    return std::isnan(value) ? neutralColor : scale->obtainColor(value);
+}
+
+UXColor KXScatterChartDataView::_obtainPointColor(std::size_t point,
+                                                  const std::optional<KXGradientScale>& scale) const
+{
+    if (!scale || m_layout.colorSteps.empty())
+        return obtainColor(m_layout.obtainMark(point));
+    const double value = kxObtainScatterColorValue(m_layout.colorSteps[point], m_form.colors);
+    return std::isnan(value) ? neutralColor : scale->obtainColor(value);
+}
+
+/** @return whether a point may look other than the one before it */
+bool KXScatterChartDataView::_startsBatch(std::size_t point) const
+{
+    const bool isAlone = m_layout.getCount() <= greatestSingleCount ||
+                         (!m_form.colors.isEmpty() && m_layout.colorSteps.empty());
+    const auto differs = [point](const auto& list) {
+        return !list.empty() && list[point] != list[point - 1];
+    };
+    return point == 0 || isAlone || differs(m_layout.series) || differs(m_layout.diameters) ||
+           differs(m_layout.areHollow) || differs(m_layout.colorSteps);
+}
+
+void KXScatterChartDataView::updateLook()
+{
+    // 1. Where points crowd, those below are seen through those above.
+    const double crowding = m_layout.obtainCrowding(m_frame.area);
+    const double usual = crowding <= greatestOpaqueCrowding
+                             ? 1
+                             : std::max(1 / (1 + crowdingWeight * crowding), leastOpacity);
+    m_opacity = m_property->getOpacity() < 0 ? usual : std::min(m_property->getOpacity(), 1.0);
+
+    // 2. Neighbours that look alike are drawn at once.
+    const std::optional<KXGradientScale> scale = obtainColorScale();
+    m_batches.clear();
+    const auto isLike = [this](std::size_t point, std::size_t other) {
+        return m_layout.obtainDiameter(point) == m_layout.obtainDiameter(other) &&
+               m_layout.isHollow(point) == m_layout.isHollow(other) &&
+               m_layout.obtainMark(point).series == m_layout.obtainMark(other).series;
+    };
+    for (std::size_t point = 0; point < m_layout.getCount(); ++point) {
+        if (_startsBatch(point)) {
+            const UXColor color = _obtainPointColor(point, scale);
+            if (m_batches.empty() || m_batches.back().color != color || !isLike(point, point - 1))
+                m_batches.push_back({point, color});
+        }
+        m_batches.back().end = point + 1;
+    }
+}
+
+const KXScatterIndex& KXScatterChartDataView::_obtainIndex() const
+{
+    if (m_index.isEmpty() && m_layout.getCount() > 0)
+        m_index.build(m_layout, UXDoubleRect(m_frame.area));
+    return m_index;
+}
+
+double KXScatterChartDataView::obtainSize(const KXAxisChartMark& mark) const
+{
+    return obtainAt(getChart()->getSizeValues(mark.series), mark.category);
+}
+
+double KXScatterChartDataView::_obtainDiameter(const KXAxisChartMark& mark) const
+{
+    return m_form.hasSizes() ? m_form.obtainDiameter(obtainSize(mark)) : m_form.usualDiameter;
+}
+
+bool KXScatterChartDataView::_isHollow(const KXAxisChartMark& mark) const
+{
+    return m_form.hasSizes() && !(obtainSize(mark) >= 0);
+}
+
+std::optional<UXDoublePoint> KXScatterChartDataView::_placeMark(const KXAxisChartMark& mark) const
+{
+    const bool isShown = std::ranges::binary_search(getShownSeries(), mark.series) &&
+                         mark.category < getChart()->obtainShownCategoryCount();
+    const double value = isShown ? obtainValue(mark) : noNumber;
+    if (std::isnan(value))
+        return std::nullopt;
+    return m_frame.makePoint(m_frame.categories.obtainPosition(obtainX(mark)),
+                             m_frame.values.obtainPosition(value));
+}
+
+std::optional<KXAxisChartMark> KXScatterChartDataView::hitMark(UXPoint point) const
+{
+    // The middle of the pixel that the pointer is on.
+    const std::optional<std::size_t> found = _obtainIndex().findNearest(
+        m_layout, {point.x + 0.5, point.y + 0.5}, hitReach);
+    return found ? std::optional(m_layout.obtainMark(*found)) : std::nullopt;
+}
+
+std::vector<KXAxisChartMark> KXScatterChartDataView::findInside(const UXDoubleRect& rect) const
+{
+    std::vector<KXAxisChartMark> marks;
+    for (const std::uint32_t point : _obtainIndex().findInside(m_layout, rect))
+        marks.push_back(m_layout.obtainMark(point));
+    return marks;
+}
+
+/** The nearest of those that lie rather in the direction than beside it, else the nearest in that half; those
+ * at the same place follow each other in the provider's order. */
+std::optional<KXAxisChartMark> KXScatterChartDataView::findBeside(const KXAxisChartMark& from,
+                                                                  KXChartItemStep step) const
+{
+    using enum KXChartItemStep;
+    const std::optional<UXDoublePoint> start = _placeMark(from);
+    if (!start)
+        return std::nullopt;
+    const bool liesAlongX = step == Left || step == Right, isForwards = step == Right || step == Down;
+    std::optional<KXAxisChartMark> nearest;
+    std::tuple<int, double> best;
+    for (const std::uint64_t series : getShownSeries()) {
+        for (std::uint64_t category = 0; category < _obtainCategoryCount(); ++category) {
+            const KXAxisChartMark mark{series, category};
+            const std::optional<UXDoublePoint> place = mark == from ? std::nullopt : _placeMark(mark);
+            if (!place)
+                continue;
+            const double dx = place->x - start->x, dy = place->y - start->y;
+            const double along = (liesAlongX ? dx : dy) * (isForwards ? 1 : -1);
+            const double beside = std::abs(liesAlongX ? dy : dx);
+            const bool isSame = dx == 0 && dy == 0;
+            if (isSame ? (mark > from) != isForwards : !(along > 0))
+                continue;
+            const std::tuple own{isSame ? 0 : beside <= along ? 1 : 2, std::hypot(dx, dy)};
+            // Of those at one place the next one in the order.
+            const bool isNearer = !nearest || own < best || (own == best && !isForwards);
+            if (isNearer) {
+                best = own;
+                nearest = mark;
+            }
+        }
+    }
+    return nearest;
+}
+
+UXRect KXScatterChartDataView::obtainMarkPlace(const KXAxisChartMark& mark) const
+{
+    const std::optional<UXDoublePoint> place = _placeMark(mark);
+    if (!place)
+        return {};
+    const double size = std::max(_obtainDiameter(mark), leastPlace);
+    return uxSurroundingRect(UXDoubleRect(place->x - size / 2, place->y - size / 2, size, size));
+}
+
+std::optional<UXPoint> KXScatterChartDataView::obtainHintPoint(const KXAxisChartMark& mark) const
+{
+    const std::optional<UXDoublePoint> place = _placeMark(mark);
+    return place ? std::optional(UXPoint(uxSaturateToInt(place->x), uxSaturateToInt(place->y)))
+                 : std::nullopt;
+}
+
+std::optional<UXSymbolStyle> KXScatterChartDataView::obtainLegendSymbolStyle(std::uint64_t) const
+{
+    return UXSymbolStyle::Circle;
+}
+
+bool KXScatterChartDataView::paintLegendSymbol(std::uint64_t series, UXPainter& painter,
+                                               const UXDoubleRect& bounds, const UXColor& color) const
+{
+    const KXPointShape shape = m_property->obtainPointShape(series);
+    if (shape == KXPointShape::Circle || !(bounds.width > 0) || !(bounds.height > 0))
+        return false;
+    const UXDoublePoint centre(bounds.x + bounds.width / 2, bounds.y + bounds.height / 2);
+    painter.setColor(color);
+    kxDrawPoints(painter, shape, {&centre, 1}, greatestSymbolPoint * bounds.height);
+    return true;
+}
+
+const UXPropertyTable& KXScatterChartDataView::obtainPropertyTable()
+{
+    using Self = KXScatterChartDataView;
+    static constexpr UXProperty rows[] = {
+        KX_OBJECT_ROW("m_scatterChartProperty", uxObtainNestedObjectType, m_property, "the points")};
+    static const UXPropertyTable table("KXScatterChartDataView", &KXAxisChartDataView::obtainPropertyTable(),
+                                       kxObtainKeyOwner<Self>, rows);
+    return table;
+}
+
+KX_DEFINE_DOCUMENT(KXScatterChartDataView, KXAxisChartDataView)
