@@ -77,6 +77,8 @@ public:
     void leave(const UXEvent& event);
     /** Acts on a key. @return whether it is one of the items' */
     bool walk(const UXEvent& event);
+    /** Goes to an item as a key does, and explains it there. */
+    void walkTo(const KXChartItem& item);
     /** Lets a click on the label, which is the chart's, choose the item. */
     void followLabel(KXChartLabel* label, const KXChartItem& item);
     KXHighlightResult showLinked(const KXChartDataPath& path, UXControl* control);
@@ -111,7 +113,6 @@ private:
 
     // The keyboard
     bool _hasKeys() const;
-    void _walkTo(const KXChartItem& item);
     bool _escape(const UXEvent& event);
     bool _pressFocused(const UXEvent& event);
     bool _click(const UXEvent& event);

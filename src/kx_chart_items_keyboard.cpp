@@ -73,13 +73,13 @@ bool KXChartItems::walk(const UXEvent& event)
     if (!next)
         return false;
     const UXObjectWatcher self(&m_chart);
-    _walkTo(*next);
+    walkTo(*next);
     if (self.isAlive() && event.containsEventKey(UXEventKey::Shift))
         _choose(*next, event);
     return true;
 }
 
-void KXChartItems::_walkTo(const KXChartItem& item)
+void KXChartItems::walkTo(const KXChartItem& item)
 {
     const UXObjectWatcher self(&m_chart);
     m_focused = item;

@@ -37,10 +37,9 @@ void KXGradientLegend::setScale(const KXGradientScale& scale,
     }
     if (!(scale.least < scale.greatest))
         values = {scale.least};
-    const double span = scale.greatest / 2 - scale.least / 2;
     m_values.clear();
     for (const double value : values)
-        m_values.push_back({span > 0 ? (value / 2 - scale.least / 2) / span : 0.5, format(value), {}});
+        m_values.push_back({obtainShare(value), format(value), {}});
     _placeTexts();
     invalidate();
 }
@@ -78,7 +77,14 @@ UXRect KXGradientLegend::takeRoom(const UXRect& area, UXPosition side, UXPositio
     return place.left;
 }
 
-UXDoubleRect KXGradientLegend::_obtainStrip() const
+double KXGradientLegend::obtainShare(double value) const
+{
+    const double span = m_scale.greatest / 2 - m_scale.least / 2;
+    const double middle = 0.5; // of a range that is a single value
+    return span > 0 ? std::clamp((value / 2 - m_scale.least / 2) / span, 0.0, 1.0) : middle;
+}
+
+UXDoubleRect KXGradientLegend::obtainStrip() const
 {
     const UXRect own = getBoundingRect();
     return m_isUpright ? UXDoubleRect(0, 0, std::min<double>(stripThickness, own.width), own.height)
@@ -102,7 +108,7 @@ void KXGradientLegend::_placeText(Value& value)
 {
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
     const UXDoubleSize size = helper->getTextSize(value.text, m_textProperty);
-    const UXDoubleRect strip = _obtainStrip();
+    const UXDoubleRect strip = obtainStrip();
     UXDoubleRect rect(stripThickness + textGap, 0, size.width, size.height);
     if (m_isUpright) {
         rect.y = std::clamp((1 - value.share) * strip.height - size.height / 2, 0.0,
@@ -135,7 +141,7 @@ void KXGradientLegend::paint(UXPaintConfig* config, UXRect dirtyRect)
 
 void KXGradientLegend::_paintStrip(UXPainter& painter) const
 {
-    const UXDoubleRect strip = _obtainStrip();
+    const UXDoubleRect strip = obtainStrip();
     if (!(strip.width > 0) || !(strip.height > 0))
         return;
     const auto obtainPart = [&](double from, double to) {

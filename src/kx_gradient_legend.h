@@ -40,6 +40,11 @@ public:
      *  @return what is left of the area */
     [[nodiscard]] UXRect takeRoom(const UXRect& area, const KXChartProperty& property, bool isWanted);
 
+    /** @return where the strip of colours lies, in the own space */
+    UXDoubleRect obtainStrip() const;
+    /** @return how far along the strip a value lies, 0 to 1; not finite for one that is not */
+    double obtainShare(double value) const;
+
     // From UXObject
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
@@ -52,7 +57,6 @@ private:
 
     void _placeTexts();
     void _placeText(Value& value);
-    UXDoubleRect _obtainStrip() const;
     void _paintStrip(UXPainter& painter) const;
 
     KXGradientScale m_scale;

@@ -11,6 +11,7 @@
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_chart_property.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_heat_map_column_header_panel.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_chart_stacked_bar_segment.h"
@@ -19,6 +20,11 @@
 #include "kx_circle.h"
 #include "kx_density_chart.h"
 #include "kx_gauge_chart.h"
+#include "kx_heat_map_chart.h"
+#include "kx_heat_map_content_panel.h"
+#include "kx_heat_map_label.h"
+#include "kx_heat_map_legend.h"
+#include "kx_heat_map_panel.h"
 #include "kx_horizontal_bar.h"
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
@@ -107,12 +113,12 @@ constexpr Type types[] = {
     KX_TYPE_WITHOUT_CLASS(KXControlChartRow),
     KX_TYPE(KXDensityChart),
     KX_TYPE(KXGaugeChart),
-    KX_TYPE_WITHOUT_CLASS(KXHeatMapChart),
-    KX_TYPE_WITHOUT_CLASS(KXHeatMapLabel),
-    KX_TYPE_WITHOUT_CLASS(KXHeatMapLegend),
-    KX_TYPE_WITHOUT_CLASS(KXChartHeatMapColumnHeaderPanel),
-    KX_TYPE_WITHOUT_CLASS(KXHeatMapContentPanel),
-    KX_TYPE_WITHOUT_CLASS(KXHeatMapPanel),
+    KX_TYPE(KXHeatMapChart),
+    KX_TYPE(KXHeatMapLabel),
+    KX_TYPE(KXHeatMapLegend),
+    KX_TYPE(KXChartHeatMapColumnHeaderPanel),
+    KX_TYPE(KXHeatMapContentPanel),
+    KX_TYPE(KXHeatMapPanel),
     KX_TYPE(UXHint),
     KX_TYPE(UXHintFrame),
     KX_TYPE(KXHorizontalBar),

@@ -85,21 +85,10 @@ std::string KXMemberPanelChart::obtainGroupName(std::uint64_t group)
         return getMeasureLabel(group);
     const UXObjectWatcher self(this);
     const std::uint64_t dimension = _obtainGroupDimension();
-    const std::string text = _obtainMemberName(dimension, group);
+    const std::string text = obtainMemberName(dimension, group, *m_dataFormat);
     const bool isMissing = self.isAlive() && group < getMemberCount(dimension) &&
                            !hasMemberText(dimension, group);
     return isMissing ? KXDataRequests::placeholder : text;
-}
-
-/** @return the member's text, a date or a time as the format writes it */
-std::string KXMemberPanelChart::_obtainMemberName(std::uint64_t dimension, std::uint64_t member)
-{
-    const UXObjectWatcher self(this);
-    std::string text = obtainMemberText(dimension, member);
-    if (!self.isAlive() || !shouldFormatMemberText(dimension, member))
-        return text;
-    return m_dataFormat->formatDateTime(text, getDimensionDataType(dimension),
-                                        getDimensionAggregateType(dimension));
 }
 
 UXColor KXMemberPanelChart::obtainGroupColor(std::uint64_t group) const
@@ -577,7 +566,7 @@ std::string KXMemberPanelChart::_obtainHintTitle(const KXChartItem& item)
     if (m_listedIndexes.isOthers(item.index))
         title += ", " + m_othersName + tellCount();
     else if (getDimensionCount() > 1)
-        title += ", " + _obtainMemberName(1 - _obtainGroupDimension(), item.index);
+        title += ", " + obtainMemberName(1 - _obtainGroupDimension(), item.index, *m_dataFormat);
     return title;
 }
 
@@ -629,7 +618,7 @@ bool KXMemberPanelChart::_loadNames()
         for (const std::uint64_t member : _obtainNamedMembers(dimension)) {
             if (m_names[dimension].size() >= greatestNameCount)
                 break;
-            std::string name = _obtainMemberName(dimension, member);
+            std::string name = obtainMemberName(dimension, member, *m_dataFormat);
             if (!self.isAlive())
                 return false;
             m_names[dimension][member] = std::move(name);

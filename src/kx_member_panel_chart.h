@@ -204,7 +204,6 @@ private:
     bool _loadGroups();
     std::uint64_t _obtainMeasure(const KXChartItem& item) const;
     KXIndexPath _obtainValuePath(const KXChartItem& item) const;
-    std::string _obtainMemberName(std::uint64_t dimension, std::uint64_t member);
     double _obtainMemberValue(const KXChartItem& item) const;
     bool _holdsValue(const KXChartItem& item, const KXIndexPath& valuePath) const;
     bool _isOfMembers(const KXChartItem& item, const KXIndexPath& path) const;

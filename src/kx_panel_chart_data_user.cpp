@@ -1,6 +1,7 @@
 #include "kx_panel_chart_data_user.h"
 
 #include "kx_chart.h"
+#include "kx_chart_data_format.h"
 #include "kx_chart_data_provider_use.h"
 #include "kx_legend.h"
 #include "kx_panel_chart_data_provider.h"
@@ -110,6 +111,16 @@ std::string KXPanelChartDataUser::obtainMemberText(std::uint64_t dimension, std:
             return {};
     }
     return m_memberTexts[dimension].at(member).text;
+}
+
+std::string KXPanelChartDataUser::obtainMemberName(std::uint64_t dimension, std::uint64_t member,
+                                                   const KXChartDataFormat& format)
+{
+    const UXObjectWatcher chart(getChart());
+    std::string text = obtainMemberText(dimension, member);
+    if (!chart.isAlive() || !shouldFormatMemberText(dimension, member))
+        return text;
+    return format.formatDateTime(text, getDimensionDataType(dimension), getDimensionAggregateType(dimension));
 }
 
 bool KXPanelChartDataUser::hasMemberText(std::uint64_t dimension, std::uint64_t member) const

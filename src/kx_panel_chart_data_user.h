@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+class KXChartDataFormat;
 class KXPanelChartDataProvider;
 
 /** Pulls measures over the members of no, one or two dimensions: the values once, as one dense column per
@@ -46,6 +47,9 @@ public:
     /** @return the host's text of a member; empty past the count, and where it is not there: in a layout it
      * is asked for when that has ended, and laid out then, else at once, which may destroy the chart */
     std::string obtainMemberText(std::uint64_t dimension, std::uint64_t member);
+    /** @return the same, a date or a time as the format writes it where the chart is to write it */
+    std::string obtainMemberName(std::uint64_t dimension, std::uint64_t member,
+                                 const KXChartDataFormat& format);
     /** @return whether the text is there */
     bool hasMemberText(std::uint64_t dimension, std::uint64_t member) const;
     /** @return whether the text is a date or a time that is there and the chart is to write its own way */

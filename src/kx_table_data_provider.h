@@ -5,6 +5,7 @@
 #include "kx_density_chart_data_provider.h"
 #include "kx_export.h"
 #include "kx_gauge_chart_data_provider.h"
+#include "kx_heat_map_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
@@ -38,6 +39,7 @@ class KXTableRows;
 class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
                                       public KXPieChartDataProvider,
                                       public KXDensityChartDataProvider,
+                                      public KXHeatMapChartDataProvider,
                                       public KXTreeMapChartDataProvider,
                                       public KXValueChartDataProvider,
                                       public KXGaugeChartDataProvider {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "kx_export.h"
+#include "kx_gradient_scale.h"
+#include "kx_grid_block.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+/** The values of a heat map, or of its totals, and the colours that stand for them. */
+struct KX_EXPORT KXHeatMapCells {
+    std::span<const double> values; /**< row after row, NaN for a null; whose they are keeps them */
+    std::uint64_t rowCount = 0, columnCount = 0; /**< as many as there are values */
+    KXGradientScale scale;
+    std::optional<double> middle; /**< what values are compared with; none: the more the stronger */
+
+    /** @return NaN past the counts */
+    double obtainValue(const KXGridCell& cell) const;
+    /** @return whether a value shows rather than another one where there is no room for both; a null never
+     * does */
+    bool isStronger(double value, double other) const;
+    /** @return the first of the cells that shows rather than the others, none where all are null */
+    std::optional<KXGridCell> findStrongest(const KXGridBlock& block) const;
+};
