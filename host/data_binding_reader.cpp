@@ -14,11 +14,11 @@ const std::vector<std::string> aggregateNames = {"sum", "average", "count", "dis
 const std::vector<std::string> filterNames = {"equal",    "notEqual",       "less",     "lessOrEqual",
                                               "greater",  "greaterOrEqual", "in",       "notIn",
                                               "contains", "isNull",         "isNotNull"};
-const std::vector<std::string> levelNames = {"year", "quarter", "month",  "week",     "day",
-                                             "hour", "minute",  "second", "dayOfWeek"};
-constexpr std::array<DateLevel, 9> levels = {DateLevel::Year,   DateLevel::Quarter, DateLevel::Month,
-                                             DateLevel::Week,   DateLevel::Day,     DateLevel::Hour,
-                                             DateLevel::Minute, DateLevel::Second,  DateLevel::DayOfWeek};
+const std::vector<std::string> levelNames = {"year", "quarter", "month",  "week",      "day",
+                                             "hour", "minute",  "second", "dayOfWeek", "hourOfDay"};
+constexpr std::array<DateLevel, 10> levels = {
+    DateLevel::Year, DateLevel::Quarter, DateLevel::Month,  DateLevel::Week,      DateLevel::Day,
+    DateLevel::Hour, DateLevel::Minute,  DateLevel::Second, DateLevel::DayOfWeek, DateLevel::HourOfDay};
 
 std::string describeMeasure(const MeasureBinding& measure)
 {

@@ -20,7 +20,8 @@ class JsonCursor;
  *  }
  *  Only "measures" and the "column" and "aggregate" in them and the "column" in dimensions and filters are
  * needed. A CSV file has no schema. Types are guessed or the database's where none is given: text, integer,
- * float, date, time, datetime. Levels: year, quarter, month, week, day, hour, minute, second, dayOfWeek.
+ * float, date, time, datetime. Levels: year, quarter, month, week, day, hour, minute, second, dayOfWeek,
+ * hourOfDay.
  * Aggregates: sum, average, count (column optional), distinct, min, max. Filters: equal (where "is" is
  * missing), notEqual, less, lessOrEqual, greater, greaterOrEqual, in, notIn, contains, isNull, isNotNull. */
 class DataBindingReader {

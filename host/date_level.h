@@ -13,5 +13,6 @@ enum class DateLevel {
     Hour = static_cast<int>(KXChartAggregateType::Hour),
     Minute = static_cast<int>(KXChartAggregateType::Minute),
     Second = static_cast<int>(KXChartAggregateType::Second),
-    DayOfWeek = 24
+    DayOfWeek = 24,
+    HourOfDay = 25 /**< whose members are times without a date */
 };

@@ -15,6 +15,7 @@ std::optional<DatePattern> obtainDatePattern(DateLevel level)
         return DatePattern{"WD", ""};
     case DateLevel::Hour:
     case DateLevel::Minute:
+    case DateLevel::HourOfDay:
         return DatePattern{"YYYY-MM-DD", "HH:mm"};
     case DateLevel::Day:
     case DateLevel::Second:

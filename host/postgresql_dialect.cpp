@@ -115,6 +115,7 @@ std::string PostgresqlDialect::obtainGroupKey(const std::string& expression, con
     case DateLevel::DayOfWeek:
         return truncate("day");
     case DateLevel::Hour:
+    case DateLevel::HourOfDay:
         return truncate("hour");
     case DateLevel::Minute:
         return truncate("minute");
@@ -168,6 +169,8 @@ std::string PostgresqlDialect::obtainDateBucket(const std::string& expression, K
         return format(date + "HH24:MI:SS");
     case DateLevel::DayOfWeek:
         return "('2001-01-0' || " + extract("ISODOW") + ")";
+    case DateLevel::HourOfDay:
+        return format("HH24:\"00:00\"");
     }
     return expression;
 }

@@ -58,15 +58,18 @@ std::string SqlDataProvider::obtainDimensionLabel(KXChartDataUser*, std::uint64_
 
 KXChartDataType SqlDataProvider::obtainDimensionDataType(KXChartDataUser*, std::uint64_t dimension)
 {
-    return dimension < m_data.getDimensionCount() ? m_data.getDimensionType(dimension)
-                                                  : KXChartDataType::String;
+    if (dimension >= m_data.getDimensionCount())
+        return KXChartDataType::String;
+    return m_data.getDimensionLevel(dimension) == DateLevel::HourOfDay ? KXChartDataType::Time
+                                                                       : m_data.getDimensionType(dimension);
 }
 
 KXChartAggregateType SqlDataProvider::obtainDimensionAggregateType(KXChartDataUser*, std::uint64_t dimension)
 {
     if (dimension >= m_data.getDimensionCount() || !m_data.getDimensionLevel(dimension))
         return noLevel;
-    return static_cast<KXChartAggregateType>(*m_data.getDimensionLevel(dimension));
+    const DateLevel level = *m_data.getDimensionLevel(dimension);
+    return static_cast<KXChartAggregateType>(level == DateLevel::HourOfDay ? DateLevel::Hour : level);
 }
 
 std::uint64_t SqlDataProvider::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension)

@@ -7,6 +7,7 @@
 #include "kx_axis_chart_data_provider.h"
 #include "kx_density_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
+#include "kx_heat_map_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
@@ -22,6 +23,7 @@ class SqlDataProvider : public KXValueChartDataProvider,
                         public KXAxisChartDataProvider,
                         public KXPieChartDataProvider,
                         public KXDensityChartDataProvider,
+                        public KXHeatMapChartDataProvider,
                         public KXTreeMapChartDataProvider {
 public:
     /** @param session outlives this object */

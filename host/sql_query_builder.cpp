@@ -16,7 +16,8 @@ bool isNumeric(Type type) { return type == Type::Integer || type == Type::Float;
 bool isTemporal(Type type) { return type == Type::Date || type == Type::Time || type == Type::DateTime; }
 bool isClockLevel(DateLevel level)
 {
-    return level == DateLevel::Hour || level == DateLevel::Minute || level == DateLevel::Second;
+    return level == DateLevel::Hour || level == DateLevel::Minute || level == DateLevel::Second ||
+           level == DateLevel::HourOfDay;
 }
 
 /** @return name with a number behind it: the columns and steps of the query are numbered, never named from

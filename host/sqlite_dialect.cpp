@@ -134,6 +134,7 @@ std::string SqliteDialect::obtainGroupKey(const std::string& expression, const S
     case DateLevel::DayOfWeek:
         return cut(10, "");
     case DateLevel::Hour:
+    case DateLevel::HourOfDay:
         return cut(date + 2, ":00:00");
     case DateLevel::Minute:
         return cut(date + 5, ":00");
@@ -183,6 +184,8 @@ std::string SqliteDialect::obtainDateBucket(const std::string& expression, KXCha
         return format(date + "%H:%M:%S");
     case DateLevel::DayOfWeek:
         return "('2001-01-0' || ((" + number("%w") + " + 6) % 7 + 1))";
+    case DateLevel::HourOfDay:
+        return format("%H:00:00");
     }
     return expression;
 }

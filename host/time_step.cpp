@@ -108,7 +108,7 @@ std::string TimeStep::obtainText() const
     const std::string dateText = yearText + '-' + padNumber(monthNumber, 2) + '-' +
                                  padNumber(static_cast<int>(static_cast<unsigned>(date.day())), 2);
     const bool hasTime = m_level == DateLevel::Hour || m_level == DateLevel::Minute ||
-                         m_level == DateLevel::Second;
+                         m_level == DateLevel::Second || m_level == DateLevel::HourOfDay;
     if (!hasTime)
         return dateText;
     const hh_mm_ss clock(m_start - day);
@@ -147,6 +147,7 @@ sys_seconds TimeStep::_obtainNextStart() const
     case DateLevel::DayOfWeek:
         return m_start + days(1);
     case DateLevel::Hour:
+    case DateLevel::HourOfDay:
         return m_start + hours(1);
     case DateLevel::Minute:
         return m_start + minutes(1);

@@ -70,6 +70,7 @@ TEST(HostChartDocument, TimesReadAsTheirLevelAsks)
         {"moment", "day", "", "2024-02-29"},
         {"moment", "dayOfWeek", "", "Thursday"},
         {"moment", "hour", "", "2024-02-29 17:00"},
+        {"moment", "hourOfDay", "", "17:00"},
         {"at", "minute", "", "08:05"},
         {"at", "second", "", "08:05:09"},
         {"moment", "month", R"("m_datePresetFormat": "MM/YY")", "02/24"},
