@@ -3,6 +3,7 @@
 #include "frame.h"
 #include "frame_clock.h"
 #include "gauge_board.h"
+#include "heat_board.h"
 #include "kx_area_chart.h"
 #include "kx_line_bar_chart.h"
 #include "kx_line_chart.h"
@@ -204,6 +205,17 @@ int runTree(const Start& start, const Command& command)
     return run(start, command, {}, [&] { return std::make_unique<BoardFrame<TreeBoard>>(values); });
 }
 
+int runHeat(const Start& start, const Command& command)
+{
+    const std::vector<double> values = readNumbers("heat" + std::to_string(command.size) + ".f64",
+                                                   command.size * command.size);
+    if (values.empty())
+        return 3;
+    return run(start, command, {}, [&] {
+        return std::make_unique<BoardFrame<HeatBoard>>(values, static_cast<std::uint64_t>(command.size));
+    });
+}
+
 int runDash(const Start& start, const Command& command)
 {
     const std::vector<double> groups = readBars(12, 3), values = readBars(1000, 1),
@@ -243,6 +255,8 @@ int main(int argc, char** argv)
                                         "Combination");
     if (command.item == "tree")
         return runTree(start, command);
+    if (command.item == "heat")
+        return runHeat(start, command);
     if (command.item == "dash")
         return runDash(start, command);
     std::printf("{\"skip\":\"no such chart\"}\n");
