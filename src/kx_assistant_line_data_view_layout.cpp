@@ -45,16 +45,6 @@ UXDoubleRect obtainRect(const UXDoublePoint& from, const UXDoublePoint& to)
             std::max(std::abs(to.y - from.y), 1.0)};
 }
 
-void addPolygon(UXPainter& painter, const std::vector<UXDoublePoint>& polygon)
-{
-    for (std::size_t i = 0; i < polygon.size(); ++i)
-        if (i == 0)
-            painter.setStartPoint(polygon[i].x, polygon[i].y);
-        else
-            painter.addLinePath(polygon[i].x, polygon[i].y);
-    painter.closePath();
-}
-
 UXLineDashStyle toPaintStyle(KXChartLineStyle style)
 {
     switch (style) {
@@ -270,8 +260,7 @@ void KXAssistantLineDataView::paint(UXPainter& painter, const UXRect&) const
         if (!line.band.empty()) {
             color.alpha *= std::clamp(line.property.getBandOpacity(), 0.0, 1.0);
             painter.setColor(color);
-            addPolygon(painter, line.band);
-            painter.fill();
+            painter.drawPolygons({&line.band, 1});
         }
         if (line.path.size() < 2 || !(line.property.getLineWidth() > 0))
             continue;

@@ -29,19 +29,6 @@ constexpr double symbolAreaOpacity = 0.4;
 
 constexpr double whiskerWidth = 1.5;
 
-void fillPolygons(UXPainter& painter, const std::vector<std::vector<UXDoublePoint>>& polygons)
-{
-    for (const std::vector<UXDoublePoint>& polygon : polygons) {
-        for (std::size_t i = 0; i < polygon.size(); ++i)
-            if (i == 0)
-                painter.setStartPoint(polygon[i].x, polygon[i].y);
-            else
-                painter.addLinePath(polygon[i].x, polygon[i].y);
-        painter.closePath();
-    }
-    painter.fill();
-}
-
 } // namespace
 
 void KXLineChartDataView::paint(UXPainter& painter, const UXRect&) const
@@ -79,7 +66,7 @@ void KXLineChartDataView::_paintBand(UXPainter& painter, std::size_t position) c
         return;
     }
     m_colors[position].use(painter, m_frame, std::clamp(m_property->getBandOpacity(), 0.0, 1.0) * opacity);
-    fillPolygons(painter, m_bands[position]);
+    painter.drawPolygons(m_bands[position]);
 }
 
 void KXLineChartDataView::_paintArea(UXPainter& painter, std::size_t position) const
@@ -92,7 +79,7 @@ void KXLineChartDataView::_paintArea(UXPainter& painter, std::size_t position) c
     m_colors[position].use(painter, m_frame,
                            (own < 0 ? usual : std::min(own, 1.0)) *
                                _obtainOpacity(getShownSeries()[position]));
-    fillPolygons(painter, fills);
+    painter.drawPolygons(fills);
 }
 
 void KXLineChartDataView::_paintLine(UXPainter& painter, std::size_t position) const

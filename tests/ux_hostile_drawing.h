@@ -55,6 +55,7 @@ inline void uxDrawEverything(UXPainter& p, double a, double b)
     p.drawRects(std::vector<UXDoubleRect>{{a, 0, b, 1}, {0, 0, 0, 10}, {0, 0, a, a}});
     p.drawHorizontalLines(std::vector<double>{a, 1}, b, a, a);
     p.drawPolyline(points);
+    p.drawPolygons(std::vector<std::vector<UXDoublePoint>>{{{a, 0}, {b, a}, {0, b}}, points});
     p.drawMarks(points, a);
     p.beginLinearGradientPattern(a, b, 0, a, UXSourceOperator::None);
     p.addGradientPatternColorStop({1, 2, 3, a}, a);

@@ -29,6 +29,7 @@ TEST(UXRecordingPainter, EveryOperationIsOneReadableLine)
         "joinCircleArcPath 0,0,20,1.5,20\nstartNewSubPath\nclosePath\ntranslatePath 1.5,20\n"
         "rotatePath 1.5\nscalePath 1.5,20\nstrokePreserve\nfillPreserve\nstroke\n"
         "drawRects 2,0,20,1 0,0,2,2\ndrawRects 2,0,18,2 2,0,18,2\ndrawPolyline 1.5,0 gap 0,20 20,1.5\n"
+        "setStartPoint 1.5,0\naddLinePath 20,1.5\naddLinePath 0,20\nclosePath\nfill\n"
         "drawMarks radius 1.5 1.5,0 nan,0 0,20 20,1.5\nbeginLinearGradientPattern 1.5,20,0,1.5 None\n"
         "addGradientPatternColorStop 1,2,3,1.5 at 1.5\nendPattern\nusePattern\nfill\n"
         "drawText 1.5,0,20,20 \"a \\\"b\\\"\\n\\x01\" font \"Default\" 12 align Left option Default "

@@ -268,6 +268,19 @@ void UXPainter::drawPolyline(std::span<const UXDoublePoint> points)
     stroke();
 }
 
+void UXPainter::drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons)
+{
+    for (const std::vector<UXDoublePoint>& polygon : polygons) {
+        if (polygon.empty() || !std::ranges::all_of(polygon, isFinite))
+            continue;
+        setStartPoint(polygon.front().x, polygon.front().y);
+        for (const UXDoublePoint& point : std::span(polygon).subspan(1))
+            addLinePath(point.x, point.y);
+        closePath();
+    }
+    fill();
+}
+
 void UXPainter::drawMarks(std::span<const UXDoublePoint> centres, double radius)
 {
     for (const UXDoublePoint& centre : centres) {

@@ -217,6 +217,8 @@ public:
     virtual void drawVerticalLines(std::span<const double> xs, double top, double bottom, double thickness);
     /** Strokes the line through the points; a point that is not finite is a gap in it. */
     virtual void drawPolyline(std::span<const UXDoublePoint> points);
+    /** Fills the polygons together with the source; one with a point that is not finite is left out. */
+    virtual void drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons);
     /** Fills a disc about each centre with the source, each by itself. */
     virtual void drawMarks(std::span<const UXDoublePoint> centres, double radius);
 

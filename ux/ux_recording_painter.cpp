@@ -356,6 +356,13 @@ void UXRecordingPainter::drawPolyline(std::span<const UXDoublePoint> points)
     });
 }
 
+void UXRecordingPainter::drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons)
+{
+    m_recording.add([kept = std::vector(polygons.begin(), polygons.end())](UXPainter& painter) {
+        painter.drawPolygons(kept);
+    });
+}
+
 void UXRecordingPainter::drawMarks(std::span<const UXDoublePoint> centres, double radius)
 {
     m_recording.add([kept = std::vector(centres.begin(), centres.end()), radius](UXPainter& painter) {

@@ -97,6 +97,7 @@ public:
     /** Keeps the rectangles with their edges moved, the empty ones left out. */
     void drawRects(std::span<const UXDoubleRect> rects) override;
     void drawPolyline(std::span<const UXDoublePoint> points) override;
+    void drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons) override;
     void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
 
 private:

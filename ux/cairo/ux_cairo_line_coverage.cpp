@@ -7,6 +7,14 @@ namespace {
 
 /** Places beyond are cut, so that all that follows fits an int. No surface reaches so far. */
 constexpr double kFarthest = 1e6;
+/** Thinner lines cover no pixel of a row in full. */
+constexpr double kLeastSolidRadius = 0.5;
+/** Of pieces that are less high it is not worth while to look where they cover pixels in full. */
+constexpr double kLeastSolidHeight = 4;
+/** A piece that goes by less from one column to the next, as a part of its length, is upright. */
+constexpr double kLeastDirection = 1e-9;
+/** Rows that are filled at a time. */
+constexpr int kBandHeight = 32;
 
 /** @return the part of the piece from a to b that lies between low and high along one coordinate, as parts of
  * its length; none where first is above last */
@@ -34,32 +42,34 @@ int toPixel(double edge, int low, int high)
     return static_cast<int>(std::clamp(edge, static_cast<double>(low), static_cast<double>(high)));
 }
 
+/** @return the pixels, not before first nor from end on, whose middles lie from low to high; those at low
+ * itself may be left out */
+UXCairoLineCoverage::Range findPixels(double low, double high, int first, int end)
+{
+    return {toPixel(low + 0.5, first, end), toPixel(high + 0.5, first, end)};
+}
+
 } // namespace
 
-/** A straight piece of the line, made ready for the pixels of a row. */
+/** A straight piece of the line, made ready for the pixels of a column. */
 struct UXCairoLineCoverage::Piece {
     Piece(const UXDoublePoint& from, const UXDoublePoint& to) : start(from), end(to)
     {
         const double dx = to.x - from.x, dy = to.y - from.y;
-        length = std::hypot(dx, dy);
+        length = std::sqrt(dx * dx + dy * dy);
         if (length > 0) {
             x = dx / length;
             y = dy / length;
         }
-    }
-
-    /** @param along how far a point lies from the start, in the direction of the piece
-     *  @param beside how far it lies from its line
-     *  @return its distance from the piece */
-    double obtainDistance(double along, double beside) const
-    {
-        const double beyond = along < 0 ? along : along - length;
-        return along >= 0 && beyond <= 0 ? std::abs(beside) : std::sqrt(beyond * beyond + beside * beside);
+        isUpright = std::abs(x) <= kLeastDirection;
+        rise = isUpright ? 0 : y / x;
     }
 
     UXDoublePoint start, end;
     double x = 1, y = 0; // its direction
     double length = 0;
+    double rise = 0; // from one column to the next, unless it is upright
+    bool isUpright = false;
 };
 
 UXCairoLineCoverage::UXCairoLineCoverage(std::span<const UXDoublePoint> points, double width,
@@ -69,17 +79,23 @@ UXCairoLineCoverage::UXCairoLineCoverage(std::span<const UXDoublePoint> points, 
     _takeBox(points, clip);
     if (m_box.isEmpty())
         return;
-    const auto rows = static_cast<std::size_t>(m_box.bottom - m_box.top);
-    m_coverage.resize(rows * static_cast<std::size_t>(m_box.right - m_box.left));
-    m_rows.assign(rows, {m_box.right, m_box.left});
+    m_solid.assign(static_cast<std::size_t>(m_box.right - m_box.left), {m_box.top, m_box.top});
+    m_coverage.resize(static_cast<std::size_t>(m_box.bottom - m_box.top) * m_solid.size());
+    std::vector<Piece> pieces;
+    pieces.reserve(points.size());
     for (std::size_t i = 0; i < points.size(); ++i) {
-        if (!isFinite(points[i]))
-            continue;
-        if (i + 1 < points.size() && isFinite(points[i + 1]))
-            _addPiece(points[i], points[i + 1]);
-        else if (i == 0 || !isFinite(points[i - 1]))
-            _addPiece(points[i], points[i]);
+        if (i + 1 < points.size() && isFinite(points[i]) && isFinite(points[i + 1]))
+            _addPiece(points[i], points[i + 1], pieces);
     }
+    if (m_radius > kLeastSolidRadius)
+        for (const Piece& piece : pieces)
+            _addSolid(piece);
+    for (const Piece& piece : pieces)
+        _coverPiece(piece);
+    for (const UXDoublePoint& point : points)
+        if (isFinite(point))
+            _coverEnd(point);
+    _fillSolid();
 }
 
 /** No more pixels than the line can touch. */
@@ -100,7 +116,8 @@ void UXCairoLineCoverage::_takeBox(std::span<const UXDoublePoint> points, const 
 }
 
 /** Only the part near the box counts: a long piece costs no more than what is seen of it. */
-void UXCairoLineCoverage::_addPiece(const UXDoublePoint& from, const UXDoublePoint& to)
+void UXCairoLineCoverage::_addPiece(const UXDoublePoint& from, const UXDoublePoint& to,
+                                    std::vector<Piece>& pieces) const
 {
     const double reach = m_radius + 1;
     Interval interval;
@@ -115,56 +132,116 @@ void UXCairoLineCoverage::_addPiece(const UXDoublePoint& from, const UXDoublePoi
                    ? whole
                    : UXDoublePoint(from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part);
     };
-    const Piece piece(at(interval.first, from), at(interval.last, to));
-    const double top = std::min(piece.start.y, piece.end.y) - m_radius - 0.5;
-    const double bottom = std::max(piece.start.y, piece.end.y) + m_radius + 0.5;
-    const int first = toPixel(std::floor(top), m_box.top, m_box.bottom);
-    const int last = toPixel(std::ceil(bottom), m_box.top, m_box.bottom);
-    for (int y = first; y < last; ++y)
-        _coverRow(piece, y);
+    pieces.emplace_back(at(interval.first, from), at(interval.last, to));
 }
 
-void UXCairoLineCoverage::_coverRow(const Piece& piece, int y)
+UXCairoLineCoverage::Range UXCairoLineCoverage::_findColumns(const Piece& piece, double reach) const
 {
-    // 1. The pixels of the row that the piece can touch: those beside its ends, and beside its line.
-    const double reach = m_radius + 0.5;
-    const double middle = y + 0.5;
-    double left = std::min(piece.start.x, piece.end.x) - reach,
-           right = std::max(piece.start.x, piece.end.x) + reach;
-    if (std::abs(piece.y) > 1e-9) {
-        const double place = piece.start.x + (middle - piece.start.y) / piece.y * piece.x;
-        const double half = reach / std::abs(piece.y);
-        left = std::max(left, place - half);
-        right = std::min(right, place + half);
-    }
-    const int first = toPixel(std::floor(left - 0.5), m_box.left, m_box.right);
-    const int end = toPixel(std::ceil(right + 0.5), m_box.left, m_box.right);
-    if (first >= end)
-        return;
+    return findPixels(std::min(piece.start.x, piece.end.x) - reach,
+                      std::max(piece.start.x, piece.end.x) + reach, m_box.left, m_box.right);
+}
 
-    // 2. Each of them has the greatest part that any piece covers.
-    const auto index = static_cast<std::size_t>(y - m_box.top);
-    Row& row = m_rows[index];
-    row.first = std::min(row.first, first);
-    row.end = std::max(row.end, end);
-    std::uint8_t* pixels = m_coverage.data() + index * static_cast<std::size_t>(m_box.right - m_box.left);
-    const double dx = first + 0.5 - piece.start.x, dy = middle - piece.start.y;
-    double along = dx * piece.x + dy * piece.y, beside = dx * piece.y - dy * piece.x;
-    for (int x = first; x < end; ++x, along += piece.x, beside += piece.y) {
-        const double part = std::clamp(reach - piece.obtainDistance(along, beside), 0.0, m_greatest);
-        std::uint8_t& pixel = pixels[x - m_box.left];
-        pixel = std::max(pixel, static_cast<std::uint8_t>(part * 255 + 0.5));
+UXCairoLineCoverage::Range UXCairoLineCoverage::_findRows(const Piece& piece, int x, double half,
+                                                          double beyond) const
+{
+    double top = std::min(piece.start.y, piece.end.y) - beyond;
+    double bottom = std::max(piece.start.y, piece.end.y) + beyond;
+    if (!piece.isUpright) {
+        const double place = piece.start.y + (x + 0.5 - piece.start.x) * piece.rise;
+        top = std::max(top, place - half);
+        bottom = std::min(bottom, place + half);
     }
+    return findPixels(top, bottom, m_box.top, m_box.bottom);
+}
+
+/** The rows in which the piece passes so near to the middle of a column that it covers all of the pixel.
+ * Those of several pieces are kept as one range: where they do not meet, the longer one. */
+void UXCairoLineCoverage::_addSolid(const Piece& piece)
+{
+    if (std::abs(piece.end.y - piece.start.y) < kLeastSolidHeight)
+        return;
+    const double reach = m_radius - 0.5, half = reach * std::abs(piece.rise);
+    const Range columns = _findColumns(piece, reach);
+    for (int x = columns.first; x < columns.end; ++x) {
+        const Range rows = _findRows(piece, x, half, 0);
+        Range& solid = m_solid[static_cast<std::size_t>(x - m_box.left)];
+        if (rows.first <= solid.end && rows.end >= solid.first && solid.first < solid.end)
+            solid = {std::min(rows.first, solid.first), std::max(rows.end, solid.end)};
+        else if (rows.end - rows.first > solid.end - solid.first)
+            solid = rows;
+    }
+}
+
+/** Each pixel that is not covered in full has the greatest part that any piece, or end of one, covers: what
+ * lies beside a piece by its distance from the line, and what lies about an end by that from the point. */
+void UXCairoLineCoverage::_coverPiece(const Piece& piece)
+{
+    const double reach = m_radius + 0.5, half = piece.isUpright ? 0 : reach / std::abs(piece.x);
+    const Range columns = _findColumns(piece, reach);
+    for (int x = columns.first; x < columns.end; ++x) {
+        const Range rows = _findRows(piece, x, half, reach * std::abs(piece.x));
+        const Range& solid = m_solid[static_cast<std::size_t>(x - m_box.left)];
+        if (rows.first < solid.first)
+            _coverBeside(piece, x, {rows.first, std::min(rows.end, solid.first)});
+        if (rows.end > solid.end)
+            _coverBeside(piece, x, {std::max(rows.first, solid.end), rows.end});
+    }
+}
+
+void UXCairoLineCoverage::_coverBeside(const Piece& piece, int x, const Range& rows)
+{
+    const double dx = x + 0.5 - piece.start.x, dy = rows.first + 0.5 - piece.start.y;
+    double along = dx * piece.x + dy * piece.y, beside = dx * piece.y - dy * piece.x;
+    std::uint8_t* pixel = _at(static_cast<std::size_t>(x - m_box.left), rows.first);
+    for (int y = rows.first; y < rows.end; ++y, along += piece.y, beside -= piece.x) {
+        if (along >= 0 && along <= piece.length)
+            _raise(*pixel, std::abs(beside));
+        pixel += m_solid.size();
+    }
+}
+
+void UXCairoLineCoverage::_coverEnd(const UXDoublePoint& end)
+{
+    const double reach = m_radius + 0.5;
+    const Range columns = findPixels(end.x - reach, end.x + reach, m_box.left, m_box.right);
+    const Range rows = findPixels(end.y - reach, end.y + reach, m_box.top, m_box.bottom);
+    for (int x = columns.first; x < columns.end; ++x) {
+        const Range& solid = m_solid[static_cast<std::size_t>(x - m_box.left)];
+        if (rows.first < solid.first)
+            _coverAbout(end, x, {rows.first, std::min(rows.end, solid.first)});
+        if (rows.end > solid.end)
+            _coverAbout(end, x, {std::max(rows.first, solid.end), rows.end});
+    }
+}
+
+void UXCairoLineCoverage::_coverAbout(const UXDoublePoint& end, int x, const Range& rows)
+{
+    const double dx = x + 0.5 - end.x;
+    std::uint8_t* pixel = _at(static_cast<std::size_t>(x - m_box.left), rows.first);
+    for (int y = rows.first; y < rows.end; ++y, pixel += m_solid.size()) {
+        const double dy = y + 0.5 - end.y;
+        _raise(*pixel, std::sqrt(dx * dx + dy * dy));
+    }
+}
+
+/** Columns one after the other would touch a page of memory for every row: they are filled some rows at a
+ * time. */
+void UXCairoLineCoverage::_fillSolid()
+{
+    for (int top = m_box.top; top < m_box.bottom; top += kBandHeight)
+        for (std::size_t column = 0; column < m_solid.size(); ++column) {
+            const int first = std::max(m_solid[column].first, top);
+            const int end = std::min(m_solid[column].end, top + kBandHeight);
+            std::uint8_t* pixel = _at(column, first);
+            for (int y = first; y < end; ++y, pixel += m_solid.size())
+                *pixel = 255;
+        }
 }
 
 void UXCairoLineCoverage::draw(UXCairoPixels& pixels) const
 {
-    const auto width = static_cast<std::size_t>(m_box.right - m_box.left);
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        const Row& row = m_rows[i];
-        if (row.first < row.end)
-            pixels.blend(row.first, m_box.top + static_cast<int>(i),
-                         m_coverage.data() + i * width + (row.first - m_box.left),
-                         static_cast<std::size_t>(row.end - row.first));
-    }
+    const std::size_t width = m_solid.size();
+    for (int y = m_box.top; y < m_box.bottom; ++y)
+        pixels.blend(m_box.left, y, m_coverage.data() + static_cast<std::size_t>(y - m_box.top) * width,
+                     width);
 }

@@ -1,5 +1,6 @@
 #include "ux/cairo/ux_cairo_painter.h"
 
+#include "ux/cairo/ux_cairo_band_coverage.h"
 #include "ux/cairo/ux_cairo_line_coverage.h"
 #include "ux/cairo/ux_cairo_path_keeper.h"
 #include "ux/cairo/ux_cairo_pixel_filler.h"
@@ -26,7 +27,9 @@ constexpr double kFarthestPixel = 4e6;
 constexpr double kShortestDashes = 0.1;
 // With fewer it is not worth while to look whether they can be written.
 constexpr std::size_t kFewestWrittenRects = 4;
-constexpr std::size_t kFewestWrittenPoints = 16;
+constexpr std::size_t kFewestWrittenPoints = 16, kFewestBandPoints = 64;
+// More of them in one place could be too much for a sum.
+constexpr std::size_t kMostBands = 256;
 // Wide lines have an inside, which Cairo fills in one go.
 constexpr double kGreatestWrittenWidth = 16;
 constexpr double kSmallestScale = 1e-6, kLargestScale = 1e6;
@@ -42,6 +45,8 @@ bool isDrawable(const UXPicture* picture)
 }
 
 bool isDrawable(const UXImage* image) { return image && image->getPixels(); }
+
+bool isFinite(const UXDoublePoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
 double obtainShare(int part) { return std::clamp(part, 0, 255) / 255.0; }
 
@@ -397,15 +402,57 @@ bool UXCairoPainter::_writePolyline(std::span<const UXDoublePoint> points)
     UXCairoPixels pixels(m_context, m_toDevice);
     if (!pixels.isUsable())
         return false;
-    std::vector<UXDoublePoint> places;
-    places.reserve(points.size());
-    for (const UXDoublePoint& point : points)
-        places.push_back(m_toDevice.apply(point.x, point.y));
-    for (const UXCairoPixels::Box& clip : pixels.getClip()) {
-        UXCairoLineCoverage line(places, width, clip);
-        line.draw(pixels);
-    }
+    const std::vector<UXDoublePoint> places = _toPixels(points);
+    for (const UXCairoPixels::Box& clip : pixels.getClip())
+        UXCairoLineCoverage(places, width, clip).draw(pixels);
     return true;
+}
+
+void UXCairoPainter::drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons)
+{
+    if (_writeBands(polygons))
+        forgetPath();
+    else
+        UXPainter::drawPolygons(polygons);
+}
+
+/** The fill of an area that goes up and down in each column of pixels costs Cairo each of its crossings with
+ *  a row.
+ *  @return whether the polygons could be drawn so: areas along x, to pixels in memory */
+bool UXCairoPainter::_writeBands(std::span<const std::vector<UXDoublePoint>> polygons)
+{
+    const auto isLong = [](const auto& polygon) { return polygon.size() >= kFewestBandPoints; };
+    if (!std::ranges::any_of(polygons, isLong) || cairo_get_fill_rule(m_context) != CAIRO_FILL_RULE_WINDING ||
+        cairo_get_antialias(m_context) == CAIRO_ANTIALIAS_NONE)
+        return false;
+    UXCairoPixels pixels(m_context, m_toDevice);
+    if (!pixels.isUsable())
+        return false;
+    std::vector<std::vector<UXDoublePoint>> bands;
+    bands.reserve(polygons.size());
+    for (const std::vector<UXDoublePoint>& polygon : polygons) {
+        std::vector<UXDoublePoint> band = _toPixels(polygon);
+        if (!std::ranges::all_of(band, isFinite))
+            continue;
+        for (UXDoublePoint& point : band)
+            point = {std::clamp(point.x, -kFarthestPixel, kFarthestPixel),
+                     std::clamp(point.y, -kFarthestPixel, kFarthestPixel)};
+        if (!UXCairoBandCoverage::isBand(band))
+            return false;
+        bands.push_back(std::move(band));
+    }
+    for (const UXCairoPixels::Box& clip : pixels.getClip())
+        UXCairoBandCoverage(bands, clip).draw(pixels);
+    return true;
+}
+
+std::vector<UXDoublePoint> UXCairoPainter::_toPixels(std::span<const UXDoublePoint> points) const
+{
+    std::vector<UXDoublePoint> pixels;
+    pixels.reserve(points.size());
+    for (const UXDoublePoint& point : points)
+        pixels.push_back(m_toDevice.apply(point.x, point.y));
+    return pixels;
 }
 
 void UXCairoPainter::strokePreserve()

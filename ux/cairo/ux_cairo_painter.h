@@ -83,6 +83,7 @@ public:
     // Many at once
     void drawRects(std::span<const UXDoubleRect> rects) override;
     void drawPolyline(std::span<const UXDoublePoint> points) override;
+    void drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons) override;
 
     // The device behind
     double getDeviceScale() const override { return m_deviceScale; }
@@ -106,6 +107,8 @@ private:
     bool _isReachable(const UXDoubleRect& rect) const;
     void _runNested(const std::function<void()>& action);
     bool _writePolyline(std::span<const UXDoublePoint> points);
+    bool _writeBands(std::span<const std::vector<UXDoublePoint>> polygons);
+    std::vector<UXDoublePoint> _toPixels(std::span<const UXDoublePoint> points) const;
     void _placePicture(const UXPicture& picture, const UXDoubleRect& rect);
     UXCairoPatternHandle _drawLayer(Layer kind, const std::function<void()>& action);
     void _combineLayer(const UXCairoPatternHandle& layer, UXCompositionMode mode);

@@ -1,8 +1,11 @@
 #include "ux/cairo/ux_cairo_pixels.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cairo.h>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -23,6 +26,28 @@ std::uint32_t multiply(std::uint32_t pixel, std::uint32_t share)
         return ((product + ((product >> 8) & 0xFF00FF)) >> 8) & 0xFF00FF;
     };
     return half(pixel & 0xFF00FF) | half((pixel >> 8) & 0xFF00FF) << 8;
+}
+
+/** @return byte * share / 255, rounded; of 16 bits, so that compilers do many at once */
+std::uint8_t multiplyByte(std::uint8_t byte, std::uint8_t share)
+{
+    const auto product = static_cast<std::uint16_t>(byte * share + 128);
+    const auto sum = static_cast<std::uint16_t>(product + (product >> 8));
+    return static_cast<std::uint8_t>(sum >> 8);
+}
+
+std::uint8_t* toBytes(std::uint32_t* pixels) { return reinterpret_cast<std::uint8_t*>(pixels); }
+
+constexpr std::size_t kPartCount = 256;
+/** So many pixels of different parts are drawn at once. */
+constexpr std::size_t kTogether = 16;
+
+/** @return whether so many parts are all that one */
+bool areAll(const std::uint8_t* coverage, std::uint8_t part)
+{
+    std::array<std::uint8_t, kTogether> all;
+    all.fill(part);
+    return std::memcmp(coverage, all.data(), all.size()) == 0;
 }
 
 } // namespace
@@ -83,29 +108,66 @@ bool UXCairoPixels::_takeClip(UXCairoContext* context, const UXTransform& toDevi
 
 void UXCairoPixels::fill(const Box& box)
 {
-    const std::uint32_t rest = kOpaque - (m_color >> 24);
-    for (int y = box.top; y < box.bottom; ++y) {
-        std::uint32_t* row = _row(y);
-        if (rest == 0)
-            std::fill(row + box.left, row + box.right, m_color);
-        else
-            std::transform(row + box.left, row + box.right, row + box.left,
-                           [&](std::uint32_t pixel) { return m_color + multiply(pixel, rest); });
+    for (int y = box.top; y < box.bottom; ++y)
+        _drawOver(_row(y) + box.left, static_cast<std::size_t>(std::max(box.right - box.left, 0)));
+}
+
+void UXCairoPixels::_drawOver(std::uint32_t* pixels, std::size_t count) const
+{
+    const auto rest = static_cast<std::uint8_t>(kOpaque - (m_color >> 24));
+    if (rest == 0) {
+        std::fill_n(pixels, count, m_color);
+        return;
     }
+    const auto color = std::bit_cast<std::array<std::uint8_t, sizeof(m_color)>>(m_color);
+    std::uint8_t* bytes = toBytes(pixels);
+    for (std::size_t i = 0; i < count; ++i)
+        for (std::size_t part = 0; part < color.size(); ++part) {
+            std::uint8_t& byte = bytes[color.size() * i + part];
+            byte = static_cast<std::uint8_t>(color[part] + multiplyByte(byte, rest));
+        }
+}
+
+/** Makes the colour and the rest of what is there, in each byte of a pixel, for every part of a pixel. */
+void UXCairoPixels::_takeParts()
+{
+    m_partColors.resize(kPartCount);
+    m_partRests.resize(kPartCount);
+    for (std::uint32_t part = 0; part < kPartCount; ++part) {
+        m_partColors[part] = multiply(m_color, part);
+        m_partRests[part] = (kOpaque - (m_partColors[part] >> 24)) * 0x01010101U;
+    }
+}
+
+void UXCairoPixels::_blendTogether(std::uint32_t* pixels, const std::uint8_t* coverage) const
+{
+    std::array<std::uint32_t, kTogether> colors, rests;
+    for (std::size_t i = 0; i < kTogether; ++i) {
+        colors[i] = m_partColors[coverage[i]];
+        rests[i] = m_partRests[coverage[i]];
+    }
+    std::uint8_t* bytes = toBytes(pixels);
+    const std::uint8_t *colorBytes = toBytes(colors.data()), *restBytes = toBytes(rests.data());
+    for (std::size_t i = 0; i < sizeof(colors); ++i)
+        bytes[i] = static_cast<std::uint8_t>(colorBytes[i] + multiplyByte(bytes[i], restBytes[i]));
 }
 
 void UXCairoPixels::blend(int left, int y, const std::uint8_t* coverage, std::size_t count)
 {
+    if (m_partColors.empty())
+        _takeParts();
     std::uint32_t* row = _row(y) + left;
-    const bool isOpaque = m_color >> 24 == kOpaque;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (coverage[i] == 0)
+    std::size_t i = 0;
+    for (; i + kTogether <= count; i += kTogether) {
+        if (areAll(coverage + i, 0))
             continue;
-        if (coverage[i] == kOpaque && isOpaque) {
-            row[i] = m_color;
-            continue;
-        }
-        const std::uint32_t color = multiply(m_color, coverage[i]);
+        if (areAll(coverage + i, kOpaque))
+            _drawOver(row + i, kTogether);
+        else
+            _blendTogether(row + i, coverage + i);
+    }
+    for (; i < count; ++i) {
+        const std::uint32_t color = m_partColors[coverage[i]];
         row[i] = color + multiply(row[i], kOpaque - (color >> 24));
     }
 }

@@ -40,6 +40,9 @@ public:
 private:
     bool _takeSource(UXCairoContext* context);
     bool _takeClip(UXCairoContext* context, const UXTransform& toDevice, int width, int height);
+    void _drawOver(std::uint32_t* pixels, std::size_t count) const;
+    void _takeParts();
+    void _blendTogether(std::uint32_t* pixels, const std::uint8_t* coverage) const;
     std::uint32_t* _row(int y) { return m_rows + y * m_rowLength; }
 
     UXCairoSurface* m_surface = nullptr;
@@ -47,4 +50,6 @@ private:
     std::ptrdiff_t m_rowLength = 0;
     std::vector<Box> m_clip;
     std::uint32_t m_color = 0; // its parts multiplied by alpha
+    /** For each part of a pixel that can be covered; made when first needed. */
+    std::vector<std::uint32_t> m_partColors, m_partRests;
 };
