@@ -14,9 +14,11 @@
 #include "kx_chart_heat_map_column_header_panel.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_chart_slider.h"
 #include "kx_chart_stacked_bar_segment.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_item.h"
+#include "kx_check_box.h"
 #include "kx_circle.h"
 #include "kx_density_chart.h"
 #include "kx_gauge_chart.h"
@@ -103,9 +105,9 @@ constexpr Type types[] = {
     KX_TYPE(KXChartDataFormat),
     KX_TYPE(KXChartLabel),
     KX_TYPE(KXChartProperty),
-    KX_TYPE_WITHOUT_CLASS(KXChartSlider),
+    KX_TYPE(KXChartSlider),
     KX_TYPE(KXChartToolbox),
-    KX_TYPE_WITHOUT_CLASS(KXCheckBox),
+    KX_TYPE(KXCheckBox),
     KX_TYPE(KXCircle),
     KX_TYPE_WITHOUT_CLASS(KXControlChart),
     KX_TYPE_WITHOUT_CLASS(KXControlChartComboBox),

@@ -8,6 +8,7 @@
 #include "ux/ux_approximate_text_measurer.h"
 #include "ux/ux_arrangement.h"
 #include "ux/ux_assert.h"
+#include "ux/ux_clipboard.h"
 #include "ux/ux_color.h"
 #include "ux/ux_color_contrast.h"
 #include "ux/ux_color_functions.h"

@@ -1,5 +1,6 @@
 #include "ux/ux_input_delegate.h"
 
+#include "ux/ux_clipboard.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
@@ -7,8 +8,12 @@
 #include "ux/ux_object.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
+
+/** So many changes can be taken back. */
+constexpr std::size_t greatestUndoCount = 200;
 
 bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
@@ -30,15 +35,47 @@ UXInputDelegate::~UXInputDelegate() = default;
 
 void UXInputDelegate::setInputText(const std::string& text)
 {
-    m_text = text;
-    m_caret = text.size();
+    m_state = {text, text.size(), text.size()};
+    m_undone.clear();
+    m_redone.clear();
+    m_isTyping = false;
 }
 
-void UXInputDelegate::setCaretPosition(std::size_t position)
+void UXInputDelegate::setCaretPosition(std::size_t position) { selectInputText(position, position); }
+
+void UXInputDelegate::selectInputText(std::size_t anchor, std::size_t caret)
 {
-    m_caret = std::min(position, m_text.size());
-    while (m_caret > 0 && m_caret < m_text.size() && continuesCharacter(m_text[m_caret]))
-        --m_caret;
+    m_state.anchor = _obtainCharacterBegin(anchor);
+    m_state.caret = _obtainCharacterBegin(caret);
+    m_isTyping = false;
+}
+
+void UXInputDelegate::selectInputWord(std::size_t position)
+{
+    const std::string& text = m_state.text;
+    std::size_t begin = std::min(position, text.size());
+    if (begin == text.size() && begin > 0)
+        --begin;
+    std::size_t end = begin;
+    const bool isSpace = begin < text.size() && text[begin] == ' ';
+    while (begin > 0 && (text[begin - 1] == ' ') == isSpace)
+        --begin;
+    while (end < text.size() && (text[end] == ' ') == isSpace)
+        ++end;
+    selectInputText(begin, end);
+}
+
+std::pair<std::size_t, std::size_t> UXInputDelegate::getInputSelection() const
+{
+    return std::minmax(m_state.anchor, m_state.caret);
+}
+
+std::size_t UXInputDelegate::_obtainCharacterBegin(std::size_t position) const
+{
+    position = std::min(position, m_state.text.size());
+    while (position > 0 && position < m_state.text.size() && continuesCharacter(m_state.text[position]))
+        --position;
+    return position;
 }
 
 bool UXInputDelegate::beginInput()
@@ -62,28 +99,123 @@ bool UXInputDelegate::isTakingInput() const
     return diagram && diagram->getFocusedObject() == m_owner.getObject();
 }
 
-bool UXInputDelegate::insertInputText(const std::string& text) { return _replace(m_caret, m_caret, text); }
+bool UXInputDelegate::insertInputText(const std::string& text)
+{
+    const auto [begin, end] = getInputSelection();
+    return _replace(begin, end, text);
+}
+
+void UXInputDelegate::copyInputSelection() const
+{
+    const auto [begin, end] = getInputSelection();
+    if (begin != end)
+        uxWriteClipboard(m_state.text.substr(begin, end - begin));
+}
+
+void UXInputDelegate::cutInputSelection()
+{
+    const UXObjectWatcher owner = m_owner;
+    copyInputSelection();
+    const auto [begin, end] = owner.isAlive() ? getInputSelection() : std::pair<std::size_t, std::size_t>();
+    if (begin != end)
+        _replace(begin, end, {});
+}
+
+void UXInputDelegate::pasteInput()
+{
+    const UXObjectWatcher owner = m_owner;
+    std::string text = uxReadClipboard();
+    std::ranges::replace_if(
+        text, [](char byte) { return static_cast<unsigned char>(byte) < ' '; }, ' ');
+    if (owner.isAlive())
+        insertInputText(text);
+}
+
+bool UXInputDelegate::undoInput() { return _goBack(m_undone, m_redone); }
+
+bool UXInputDelegate::redoInput() { return _goBack(m_redone, m_undone); }
+
+bool UXInputDelegate::_goBack(std::vector<State>& from, std::vector<State>& to)
+{
+    if (from.empty())
+        return false;
+    to.push_back(std::move(m_state));
+    m_state = std::move(from.back());
+    from.pop_back();
+    m_isTyping = false;
+    inputTextChanged();
+    return true;
+}
+
+/** With Shift the selection's other end stays. */
+void UXInputDelegate::_moveCaret(std::size_t position, const UXEvent& event)
+{
+    selectInputText(event.containsEventKey(UXEventKey::Shift) ? m_state.anchor : position, position);
+}
+
+bool UXInputDelegate::_command(const UXEvent& event)
+{
+    if (!event.containsEventKey(UXEventKey::Ctrl) || event.containsEventKey(UXEventKey::Alt) ||
+        event.getKeyText().size() != 1)
+        return false;
+    switch (event.getKeyText().front()) {
+    case 'a':
+    case 'A':
+        selectInputText(0, m_state.text.size());
+        return true;
+    case 'c':
+    case 'C':
+        copyInputSelection();
+        return true;
+    case 'x':
+    case 'X':
+        cutInputSelection();
+        return true;
+    case 'v':
+    case 'V':
+        pasteInput();
+        return true;
+    case 'z':
+        undoInput();
+        return true;
+    case 'Z':
+    case 'y':
+    case 'Y':
+        redoInput();
+        return true;
+    default:
+        return false;
+    }
+}
 
 bool UXInputDelegate::inputKeyDown(const UXEvent& event)
 {
+    const std::size_t caret = m_state.caret;
+    const auto [begin, end] = getInputSelection();
+    const bool byWords = event.containsEventKey(UXEventKey::Ctrl);
+    // An arrow alone goes to the selection's end on its side.
+    const bool collapses = begin != end && !event.containsEventKey(UXEventKey::Shift) && !byWords;
     switch (static_cast<UXKeyCode>(event.getKeyCode())) {
     case UXKeyCode::Backspace:
-        _replace(_obtainPrevious(m_caret), m_caret, {});
+        _replace(begin != end ? begin
+                 : byWords    ? _obtainPreviousWord(caret)
+                              : _obtainPrevious(caret),
+                 end, {});
         return true;
     case UXKeyCode::Delete:
-        _replace(m_caret, _obtainNext(m_caret), {});
+        _replace(begin, begin != end ? end : byWords ? _obtainNextWord(caret) : _obtainNext(caret), {});
         return true;
     case UXKeyCode::Left:
-        m_caret = _obtainPrevious(m_caret);
+        _moveCaret(collapses ? begin : byWords ? _obtainPreviousWord(caret) : _obtainPrevious(caret), event);
         return true;
     case UXKeyCode::Right:
-        m_caret = _obtainNext(m_caret);
+        _moveCaret(collapses ? end : byWords ? _obtainNextWord(caret) : _obtainNext(caret), event);
         return true;
     case UXKeyCode::Home:
-        m_caret = 0;
+        _moveCaret(0, event);
         return true;
     case UXKeyCode::End:
-        m_caret = m_text.size();
+        _moveCaret(m_state.text.size(), event);
         return true;
     case UXKeyCode::Enter:
         inputFinished();
@@ -93,8 +225,8 @@ bool UXInputDelegate::inputKeyDown(const UXEvent& event)
         return true;
     default:
         if (!isTyped(event))
-            return false;
-        insertInputText(event.getKeyText());
+            return _command(event);
+        _replace(begin, end, event.getKeyText(), true);
         return true;
     }
 }
@@ -107,32 +239,59 @@ void UXInputDelegate::inputFinished() {}
 
 void UXInputDelegate::inputCancelled() {}
 
-bool UXInputDelegate::_replace(std::size_t begin, std::size_t end, const std::string& text)
+/** @param isTyped whether it is the text of a key: what several keys type one after the other is undone at
+ * once */
+bool UXInputDelegate::_replace(std::size_t begin, std::size_t end, const std::string& text, bool isTyped)
 {
     if (begin == end && text.empty())
         return false;
-    std::string candidate = m_text;
+    std::string candidate = m_state.text;
     candidate.replace(begin, end - begin, text);
     const UXObjectWatcher owner = m_owner;
     if (!shouldAcceptInput(candidate) || !owner.isAlive())
         return false;
-    m_text = std::move(candidate);
-    m_caret = begin + text.size();
+    const bool goesOn = isTyped && m_isTyping && begin == end && !m_undone.empty();
+    State before = std::exchange(m_state, {std::move(candidate), begin + text.size(), begin + text.size()});
+    if (!goesOn) {
+        if (m_undone.size() >= greatestUndoCount)
+            m_undone.erase(m_undone.begin());
+        m_undone.push_back(std::move(before));
+    }
+    m_redone.clear();
+    m_isTyping = isTyped;
     inputTextChanged();
     return true;
 }
 
 std::size_t UXInputDelegate::_obtainPrevious(std::size_t position) const
 {
-    while (position > 0 && continuesCharacter(m_text[--position])) {}
+    while (position > 0 && continuesCharacter(m_state.text[--position])) {}
     return position;
 }
 
 std::size_t UXInputDelegate::_obtainNext(std::size_t position) const
 {
-    if (position < m_text.size())
+    if (position < m_state.text.size())
         ++position;
-    while (position < m_text.size() && continuesCharacter(m_text[position]))
+    while (position < m_state.text.size() && continuesCharacter(m_state.text[position]))
+        ++position;
+    return position;
+}
+
+std::size_t UXInputDelegate::_obtainPreviousWord(std::size_t position) const
+{
+    while (position > 0 && m_state.text[position - 1] == ' ')
+        --position;
+    while (position > 0 && m_state.text[position - 1] != ' ')
+        --position;
+    return position;
+}
+
+std::size_t UXInputDelegate::_obtainNextWord(std::size_t position) const
+{
+    while (position < m_state.text.size() && m_state.text[position] != ' ')
+        ++position;
+    while (position < m_state.text.size() && m_state.text[position] == ' ')
         ++position;
     return position;
 }
