@@ -16,6 +16,15 @@ constexpr double barShare = 0.3;
 
 using Corners = std::vector<UXDoublePoint>;
 
+/** @return two bars that cross at the centre
+ *  @param half of their length */
+Corners obtainBars(double half)
+{
+    constexpr double side = barShare / 2;
+    return {{-half, -side}, {-side, -side}, {-side, -half}, {side, -half}, {side, -side}, {half, -side},
+            {half, side},   {side, side},   {side, half},   {-side, half}, {-side, side}, {-half, side}};
+}
+
 Corners obtainCorners(KXPointShape shape)
 {
     switch (shape) {
@@ -30,23 +39,20 @@ Corners obtainCorners(KXPointShape shape)
         const double side = triangleRadius * std::numbers::sqrt3 / 2;
         return {{0, -triangleRadius}, {side, triangleRadius / 2}, {-side, triangleRadius / 2}};
     }
-    default:
-        return {};
+    case KXPointShape::Plus:
+        return obtainBars(plusHalf);
+    case KXPointShape::Cross: {
+        // The same, turned by an eighth.
+        constexpr double half = std::numbers::sqrt2 / 2;
+        Corners corners = obtainBars(crossHalf * std::numbers::sqrt2);
+        for (UXDoublePoint& corner : corners)
+            corner = {(corner.x - corner.y) * half, (corner.x + corner.y) * half};
+        return corners;
     }
-}
-
-/** Two bars through the centre. */
-void drawBars(UXPainter& painter, std::span<const UXDoublePoint> centres, bool areDiagonal, double size)
-{
-    const double half = size * (areDiagonal ? crossHalf : plusHalf);
-    painter.setLineWidth(size * barShare);
-    painter.setLineCap(UXLineCapStyle::Butt);
-    for (const UXDoublePoint& at : centres) {
-        const double skew = areDiagonal ? half : 0;
-        painter.addLinePath(at.x - half, at.y - skew, at.x + half, at.y + skew);
-        painter.addLinePath(at.x - skew, at.y + half, at.x + skew, at.y - half);
+    case KXPointShape::Circle:
+        break;
     }
-    painter.stroke();
+    return {};
 }
 
 } // namespace
@@ -59,20 +65,8 @@ void kxDrawPoints(UXPainter& painter, KXPointShape shape, std::span<const UXDoub
         painter.drawMarks(centres, size / 2);
         return;
     }
-    if (shape == KXPointShape::Cross || shape == KXPointShape::Plus) {
-        drawBars(painter, centres, shape == KXPointShape::Cross, size);
-        return;
-    }
-    const Corners corners = obtainCorners(shape);
-    for (const UXDoublePoint& at : centres) {
-        for (std::size_t i = 0; i < corners.size(); ++i) {
-            const double x = at.x + size * corners[i].x, y = at.y + size * corners[i].y;
-            if (i == 0)
-                painter.setStartPoint(x, y);
-            else
-                painter.addLinePath(x, y);
-        }
-        painter.closePath();
-    }
-    painter.fill();
+    Corners corners = obtainCorners(shape);
+    for (UXDoublePoint& corner : corners)
+        corner = {size * corner.x, size * corner.y};
+    painter.drawShapes(centres, corners);
 }

@@ -57,6 +57,7 @@ inline void uxDrawEverything(UXPainter& p, double a, double b)
     p.drawPolyline(points);
     p.drawPolygons(std::vector<std::vector<UXDoublePoint>>{{{a, 0}, {b, a}, {0, b}}, points});
     p.drawMarks(points, a);
+    p.drawShapes(points, std::vector<UXDoublePoint>{{a, 0}, {0, b}, {-a, 0}});
     p.beginLinearGradientPattern(a, b, 0, a, UXSourceOperator::None);
     p.addGradientPatternColorStop({1, 2, 3, a}, a);
     p.endPattern();

@@ -291,3 +291,18 @@ void UXPainter::drawMarks(std::span<const UXDoublePoint> centres, double radius)
         fill();
     }
 }
+
+void UXPainter::drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners)
+{
+    for (const UXDoublePoint& centre : centres) {
+        if (!isFinite(centre))
+            continue;
+        for (std::size_t i = 0; i < corners.size(); ++i)
+            if (i == 0)
+                setStartPoint(centre.x + corners[i].x, centre.y + corners[i].y);
+            else
+                addLinePath(centre.x + corners[i].x, centre.y + corners[i].y);
+        closePath();
+        fill();
+    }
+}

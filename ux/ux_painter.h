@@ -221,6 +221,10 @@ public:
     virtual void drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons);
     /** Fills a disc about each centre with the source, each by itself. */
     virtual void drawMarks(std::span<const UXDoublePoint> centres, double radius);
+    /** Fills a polygon about each centre with the source, each by itself: those that are not opaque add up
+     * where they lie on each other, in their order.
+     *  @param corners of the polygon, from the centre */
+    virtual void drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners);
 
 private:
     friend class UXPaintConfig;

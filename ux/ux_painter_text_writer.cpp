@@ -283,6 +283,12 @@ void UXPainterTextWriter::drawMarks(std::span<const UXDoublePoint> centres, doub
     _write("drawMarks radius " + number(radius) + list(centres));
 }
 
+void UXPainterTextWriter::drawShapes(std::span<const UXDoublePoint> centres,
+                                     std::span<const UXDoublePoint> corners)
+{
+    _write("drawShapes corners" + list(corners) + " at" + list(centres));
+}
+
 void UXPainterTextWriter::_write(std::string line) { m_lines.push_back(m_indent + std::move(line)); }
 
 void UXPainterTextWriter::_writePicture(const std::string& opening, const UXPicture& picture)

@@ -86,6 +86,7 @@ public:
     void drawRects(std::span<const UXDoubleRect> rects) override;
     void drawPolyline(std::span<const UXDoublePoint> points) override;
     void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
+    void drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners) override;
 
 private:
     void _write(std::string line);

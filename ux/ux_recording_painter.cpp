@@ -370,6 +370,15 @@ void UXRecordingPainter::drawMarks(std::span<const UXDoublePoint> centres, doubl
     });
 }
 
+void UXRecordingPainter::drawShapes(std::span<const UXDoublePoint> centres,
+                                    std::span<const UXDoublePoint> corners)
+{
+    m_recording.add([places = std::vector(centres.begin(), centres.end()),
+                     shape = std::vector(corners.begin(), corners.end())](UXPainter& painter) {
+        painter.drawShapes(places, shape);
+    });
+}
+
 std::shared_ptr<const UXRecording> UXRecordingPainter::_recordPicture(const UXPicture& picture,
                                                                       const UXDoubleRect& rect) const
 {

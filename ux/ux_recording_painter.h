@@ -99,6 +99,7 @@ public:
     void drawPolyline(std::span<const UXDoublePoint> points) override;
     void drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons) override;
     void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
+    void drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners) override;
 
 private:
     void _setTransform(const UXTransform& transform);

@@ -2,6 +2,7 @@
 
 #include "ux/cairo/ux_cairo_band_coverage.h"
 #include "ux/cairo/ux_cairo_line_coverage.h"
+#include "ux/cairo/ux_cairo_mark_stamps.h"
 #include "ux/cairo/ux_cairo_path_keeper.h"
 #include "ux/cairo/ux_cairo_pixel_filler.h"
 #include "ux/cairo/ux_cairo_text_cache.h"
@@ -16,7 +17,9 @@
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
+#include <numbers>
 #include <numeric>
+#include <set>
 #include <utility>
 
 namespace {
@@ -32,6 +35,8 @@ constexpr std::size_t kFewestWrittenPoints = 16, kFewestBandPoints = 64;
 constexpr std::size_t kMostBands = 256;
 // Wide lines have an inside, which Cairo fills in one go.
 constexpr double kGreatestWrittenWidth = 16;
+// Marks that lie closer together than this part of a unit of the device lie at one place.
+constexpr double kPlacesPerUnit = 8;
 constexpr double kSmallestScale = 1e-6, kLargestScale = 1e6;
 
 bool hasArea(const UXDoubleRect& rect)
@@ -453,6 +458,67 @@ std::vector<UXDoublePoint> UXCairoPainter::_toPixels(std::span<const UXDoublePoi
     for (const UXDoublePoint& point : points)
         pixels.push_back(m_toDevice.apply(point.x, point.y));
     return pixels;
+}
+
+/** @param reach of a mark from its centre
+ *  @return whether equal marks could be drawn so: small ones, in one colour, to pixels in memory */
+bool UXCairoPainter::_stamp(std::span<const UXDoublePoint> centres, double reach,
+                            const std::function<void(UXCairoContext*)>& addPath)
+{
+    const double pixels = reach * std::max(std::abs(m_toDevice.xx), std::abs(m_toDevice.yy));
+    if (!(pixels > 0) || pixels > UXCairoMarkStamps::greatestReach ||
+        cairo_get_antialias(m_context) == CAIRO_ANTIALIAS_NONE)
+        return false;
+    UXCairoPixels target(m_context, m_toDevice);
+    if (!target.isUsable())
+        return false;
+    UXCairoMarkStamps(pixels, addPath, m_toDevice).draw(target, centres);
+    forgetPath();
+    return true;
+}
+
+/** Of opaque marks at one place all but one are hidden, and need no place in a file.
+ *  @return the centres that are to be drawn */
+std::vector<UXDoublePoint> UXCairoPainter::_leaveOutHidden(std::span<const UXDoublePoint> centres) const
+{
+    double red = 0, green = 0, blue = 0, alpha = 0;
+    const bool isOpaque = cairo_pattern_get_rgba(cairo_get_source(m_context), &red, &green, &blue, &alpha) ==
+                              CAIRO_STATUS_SUCCESS &&
+                          alpha >= 1 && cairo_get_operator(m_context) == CAIRO_OPERATOR_OVER;
+    std::vector<UXDoublePoint> shown;
+    std::set<std::pair<double, double>> places;
+    for (const UXDoublePoint& centre : centres) {
+        const UXDoublePoint at = m_toDevice.apply(centre.x, centre.y);
+        const auto round = [](double place) { return std::round(place * kPlacesPerUnit); };
+        if (!isOpaque || places.insert({round(at.x), round(at.y)}).second)
+            shown.push_back(centre);
+    }
+    return shown;
+}
+
+void UXCairoPainter::drawMarks(std::span<const UXDoublePoint> centres, double radius)
+{
+    if (_stamp(centres, radius, [radius](UXCairoContext* context) {
+            cairo_arc(context, 0, 0, radius, 0, 2 * std::numbers::pi);
+        }))
+        return;
+    UXPainter::drawMarks(_leaveOutHidden(centres), radius);
+}
+
+void UXCairoPainter::drawShapes(std::span<const UXDoublePoint> centres,
+                                std::span<const UXDoublePoint> corners)
+{
+    double reach = 0;
+    for (const UXDoublePoint& corner : corners)
+        reach = std::max({reach, std::abs(corner.x), std::abs(corner.y)});
+    const auto addPath = [corners](UXCairoContext* context) {
+        for (const UXDoublePoint& corner : corners)
+            cairo_line_to(context, corner.x, corner.y);
+        cairo_close_path(context);
+    };
+    if (std::isfinite(reach) && _stamp(centres, reach, addPath))
+        return;
+    UXPainter::drawShapes(_leaveOutHidden(centres), corners);
 }
 
 void UXCairoPainter::strokePreserve()

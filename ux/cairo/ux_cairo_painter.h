@@ -5,6 +5,8 @@
 #include "ux/ux_transform.h"
 
 #include <functional>
+#include <span>
+#include <vector>
 
 /** Draws with Cairo on one surface. Everything that would put a Cairo context into its error state is kept
  * out. */
@@ -84,6 +86,8 @@ public:
     void drawRects(std::span<const UXDoubleRect> rects) override;
     void drawPolyline(std::span<const UXDoublePoint> points) override;
     void drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons) override;
+    void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
+    void drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners) override;
 
     // The device behind
     double getDeviceScale() const override { return m_deviceScale; }
@@ -109,6 +113,9 @@ private:
     bool _writePolyline(std::span<const UXDoublePoint> points);
     bool _writeBands(std::span<const std::vector<UXDoublePoint>> polygons);
     std::vector<UXDoublePoint> _toPixels(std::span<const UXDoublePoint> points) const;
+    bool _stamp(std::span<const UXDoublePoint> centres, double reach,
+                const std::function<void(UXCairoContext*)>& addPath);
+    std::vector<UXDoublePoint> _leaveOutHidden(std::span<const UXDoublePoint> centres) const;
     void _placePicture(const UXPicture& picture, const UXDoubleRect& rect);
     UXCairoPatternHandle _drawLayer(Layer kind, const std::function<void()>& action);
     void _combineLayer(const UXCairoPatternHandle& layer, UXCompositionMode mode);

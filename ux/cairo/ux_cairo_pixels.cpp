@@ -50,6 +50,21 @@ bool areAll(const std::uint8_t* coverage, std::uint8_t part)
     return std::memcmp(coverage, all.data(), all.size()) == 0;
 }
 
+/** @return two of the four bytes of a pixel with room beside each, from shift on */
+std::uint64_t spread(std::uint32_t pixel, int shift)
+{
+    const std::uint64_t pair = pixel >> shift & 0xFF00FF;
+    return (pair | pair << 16) & 0xFF000000FFULL;
+}
+
+/** @return two bytes of a mix, in which below has the given share of 65535 */
+std::uint32_t mix(std::uint64_t over, std::uint64_t below, std::uint32_t share)
+{
+    const std::uint64_t sum = over * (65535 - share) + below * share + 0x800000008000ULL;
+    const std::uint64_t bytes = (sum + (sum >> 16 & 0xFF000000FFULL)) >> 16 & 0xFF000000FFULL;
+    return static_cast<std::uint32_t>(bytes | bytes >> 16);
+}
+
 } // namespace
 
 UXCairoPixels::UXCairoPixels(UXCairoContext* context, const UXTransform& toDevice)
@@ -81,6 +96,8 @@ bool UXCairoPixels::_takeSource(UXCairoContext* context)
     if (cairo_pattern_get_rgba(cairo_get_source(context), &red, &green, &blue, &alpha) !=
         CAIRO_STATUS_SUCCESS)
         return false;
+    m_opacity = alpha;
+    m_opaqueColor = kOpaque << 24 | toByte(red) << 16 | toByte(green) << 8 | toByte(blue);
     m_color = toByte(alpha) << 24 | toByte(red * alpha) << 16 | toByte(green * alpha) << 8 |
               toByte(blue * alpha);
     return true;
@@ -169,5 +186,16 @@ void UXCairoPixels::blend(int left, int y, const std::uint8_t* coverage, std::si
     for (; i < count; ++i) {
         const std::uint32_t color = m_partColors[coverage[i]];
         row[i] = color + multiply(row[i], kOpaque - (color >> 24));
+    }
+}
+
+void UXCairoPixels::lay(int left, int y, const std::uint16_t* transparencies, std::size_t count)
+{
+    std::uint32_t* row = _row(y) + left;
+    const std::uint64_t even = spread(m_opaqueColor, 0), odd = spread(m_opaqueColor, 8);
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t share = transparencies[i];
+        if (share < 65535)
+            row[i] = mix(even, spread(row[i], 0), share) | mix(odd, spread(row[i], 8), share) << 8;
     }
 }

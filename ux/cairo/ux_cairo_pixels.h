@@ -36,6 +36,11 @@ public:
     /** Draws the colour over the pixels of a row from left on, within the clip.
      *  @param coverage how much of each pixel is covered, 255 for all of it */
     void blend(int left, int y, const std::uint8_t* coverage, std::size_t count);
+    /** @return how opaque the colour is, 0 to 1 */
+    double getOpacity() const { return m_opacity; }
+    /** Lays the colour, as if it were opaque, over the pixels of a row from left on, within the clip.
+     *  @param transparencies how much of each pixel is left of what is there, 65535 for all of it */
+    void lay(int left, int y, const std::uint16_t* transparencies, std::size_t count);
 
 private:
     bool _takeSource(UXCairoContext* context);
@@ -52,4 +57,6 @@ private:
     std::uint32_t m_color = 0; // its parts multiplied by alpha
     /** For each part of a pixel that can be covered; made when first needed. */
     std::vector<std::uint32_t> m_partColors, m_partRests;
+    std::uint32_t m_opaqueColor = 0;
+    double m_opacity = 0;
 };

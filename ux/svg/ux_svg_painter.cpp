@@ -17,9 +17,14 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <set>
+#include <string>
 #include <utility>
 
 namespace {
+
+/** Fewer marks than these are not worth a definition of their own. */
+constexpr std::size_t kFewestUsed = 2;
 
 // Where the baseline stands in a line, as a share of its height: that of Roboto, and near that of other sans
 // serifs.
@@ -337,6 +342,66 @@ void UXSvgPainter::drawRects(std::span<const UXDoubleRect> rects)
             addRectanglePath(uxSnapRect(rect, m_state.toPage));
     }
     fill();
+}
+
+/** Defines a mark once and uses it at each centre; of opaque ones at one place all but one are hidden.
+ *  @param addPath adds the path of a mark about the origin
+ *  @return false where marks are not alike: a gradient shows each another part of it */
+bool UXSvgPainter::_useShape(std::span<const UXDoublePoint> centres, const std::function<void()>& addPath)
+{
+    if (m_state.gradient || m_state.mode != UXCompositionMode::Over || centres.size() < kFewestUsed)
+        return false;
+    forgetPath();
+    UXTransform map = m_state.toPage;
+    map.dx = map.dy = 0;
+    std::swap(m_state.toPage, map);
+    addPath();
+    std::swap(m_state.toPage, map);
+    if (!m_path.isDrawable() || _drawsNothing()) {
+        forgetPath();
+        return true;
+    }
+    const bool isOpaque = m_state.color.alpha >= 1;
+    const std::string name = m_document.define("path", " d=\"" + m_path.obtainData({}) + '"', "");
+    forgetPath();
+    std::string uses;
+    std::set<std::string> places;
+    for (const UXDoublePoint& centre : centres) {
+        const UXDoublePoint at = m_state.toPage.apply(centre.x, centre.y);
+        if (!std::isfinite(at.x) || !std::isfinite(at.y))
+            continue;
+        const std::string place = " x=\"" + uxFormatSvgNumber(at.x) + "\" y=\"" + uxFormatSvgNumber(at.y) +
+                                  '"';
+        if (!isOpaque || places.insert(place).second)
+            uses.append("<use href=\"#").append(name).append("\"").append(place).append("/>\n");
+    }
+    _add("<g" + _obtainPaint("fill", {}) +
+         (m_state.antialias == UXAntialiasStyle::None ? " shape-rendering=\"crispEdges\"" : "") + ">\n" +
+         uses + "</g>");
+    return true;
+}
+
+void UXSvgPainter::drawMarks(std::span<const UXDoublePoint> centres, double radius)
+{
+    const auto addPath = [this, radius] {
+        if (!(radius > 0))
+            return;
+        addCircleArcPath(0, 0, radius, 0, 360);
+        closePath();
+    };
+    if (!_useShape(centres, addPath))
+        UXPainter::drawMarks(centres, radius);
+}
+
+void UXSvgPainter::drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners)
+{
+    const auto addPath = [this, corners] {
+        for (const UXDoublePoint& corner : corners)
+            addLinePath(corner.x, corner.y);
+        closePath();
+    };
+    if (!_useShape(centres, addPath))
+        UXPainter::drawShapes(centres, corners);
 }
 
 void UXSvgPainter::_add(const std::string& element) { m_layer.add(m_state.clip, element); }

@@ -3,7 +3,9 @@
 #include "ux/svg/ux_svg_path.h"
 #include "ux/ux_path_painter.h"
 
+#include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -75,6 +77,8 @@ public:
     UXTransform getDeviceTransform() const override { return m_state.toPage; }
 
     void drawRects(std::span<const UXDoubleRect> rects) override;
+    void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
+    void drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners) override;
 
 protected:
     // From UXPathPainter
@@ -107,6 +111,7 @@ private:
     std::string _obtainPaint(const std::string& property, const UXTransform& elementToPage) const;
     std::string _obtainStroke(double scale) const;
     std::string _obtainFillElement(const UXSvgPath& path) const;
+    bool _useShape(std::span<const UXDoublePoint> centres, const std::function<void()>& addPath);
     std::string _obtainImageElement(const UXImage& image, const UXDoubleRect& rect) const;
     void _drawTextLine(const std::string& line, const UXDoubleRect& rect, double baseline, const UXFont& font,
                        UXTextAlign align);
