@@ -153,9 +153,14 @@ void KXAxisChartZoom::press(const UXEvent& event)
     m_held.clear();
     if (event.containsEventKey(UXEventKey::RightButton) || !_isInMarks(event))
         return;
+    const UXObjectWatcher chart(&m_chart);
+    const bool selects = !event.containsEventKey(UXEventKey::Shift) && m_chart.shouldSelectByBox();
+    if (!chart.isAlive())
+        return;
+    m_selects = selects;
     m_held = _hold();
     m_from = m_to = _obtainPlace(event);
-    m_drag = m_held.empty() ? Drag::None : Drag::Pressed;
+    m_drag = m_held.empty() && !m_selects ? Drag::None : Drag::Pressed;
 }
 
 bool KXAxisChartZoom::drag(const UXEvent& event)
@@ -166,7 +171,7 @@ bool KXAxisChartZoom::drag(const UXEvent& event)
     if (m_drag == Drag::Pressed) {
         if (std::max(std::abs(place.x - m_from.x), std::abs(place.y - m_from.y)) <= leastDrag)
             return false;
-        const bool boxes = event.containsEventKey(UXEventKey::Shift);
+        const bool boxes = m_selects || event.containsEventKey(UXEventKey::Shift);
         if (!boxes && !m_chart.isZoomed())
             return false; // there is nothing beside what is shown
         m_drag = boxes ? Drag::Boxing : Drag::Panning;
@@ -222,27 +227,45 @@ bool KXAxisChartZoom::release(const UXEvent& event)
     if (drag == Drag::Boxing) {
         m_to = _obtainPlace(event);
         m_chart.invalidate();
-        _showBox();
+        if (m_selects)
+            m_chart.selectInBox(_obtainBox(), event);
+        else
+            _showBox();
     }
     return true;
+}
+
+/** @return what is boxed, in the plot's space; what is not zoomed along is boxed as a whole */
+UXDoubleRect KXAxisChartZoom::_obtainBox() const
+{
+    const UXRect& area = m_chart.getMarksArea();
+    const UXDoubleRect whole(area);
+    const double left = std::clamp(std::min(m_from.x, m_to.x), area.x, uxMaxX(area));
+    const double right = std::clamp(std::max(m_from.x, m_to.x), area.x, uxMaxX(area));
+    const double top = std::clamp(std::min(m_from.y, m_to.y), area.y, area.getBottom());
+    const double bottom = std::clamp(std::max(m_from.y, m_to.y), area.y, area.getBottom());
+    const auto boxes = [this](bool alongX) {
+        return m_selects || std::ranges::any_of(m_held, [alongX](const Held& held) {
+                   return liesAlongX(*held.axis) == alongX;
+               });
+    };
+    UXDoubleRect box = whole;
+    if (boxes(true)) {
+        box.x = left;
+        box.width = right - left;
+    }
+    if (boxes(false)) {
+        box.y = top;
+        box.height = bottom - top;
+    }
+    return box;
 }
 
 void KXAxisChartZoom::paint(UXPainter& painter) const
 {
     if (m_drag != Drag::Boxing)
         return;
-    // What is not zoomed along is boxed as a whole.
-    const UXRect& area = m_chart.getMarksArea();
-    UXDoubleRect box(area);
-    for (const Held& held : m_held) {
-        if (liesAlongX(*held.axis)) {
-            box.x = std::clamp(std::min(m_from.x, m_to.x), area.x, uxMaxX(area));
-            box.width = std::clamp(std::max(m_from.x, m_to.x), area.x, uxMaxX(area)) - box.x;
-        } else {
-            box.y = std::clamp(std::min(m_from.y, m_to.y), area.y, uxMaxY(area));
-            box.height = std::clamp(std::max(m_from.y, m_to.y), area.y, uxMaxY(area)) - box.y;
-        }
-    }
+    const UXDoubleRect box = _obtainBox();
     painter.setColor(boxColor);
     painter.addRectanglePath(box.x, box.y, box.width, box.height);
     painter.fill();

@@ -79,6 +79,8 @@ public:
     bool walk(const UXEvent& event);
     /** Goes to an item as a key does, and explains it there. */
     void walkTo(const KXChartItem& item);
+    /** Chooses items together where the host keeps a choice, with Ctrl beside those that are chosen. */
+    void choose(const std::vector<KXChartItem>& items, const UXEvent& event);
     /** Lets a click on the label, which is the chart's, choose the item. */
     void followLabel(KXChartLabel* label, const KXChartItem& item);
     KXHighlightResult showLinked(const KXChartDataPath& path, UXControl* control);

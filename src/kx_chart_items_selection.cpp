@@ -11,6 +11,7 @@
 #include "ux/ux_rect_functions.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -64,6 +65,19 @@ void KXChartItems::_choose(const KXChartItem& item, const UXEvent& event)
                 wanted.push_back(item);
         }
     }
+    _tellSelection(wanted, event);
+}
+
+void KXChartItems::choose(const std::vector<KXChartItem>& items, const UXEvent& event)
+{
+    const UXObjectWatcher self(&m_chart);
+    if (!_obtainSelectionProvider() || !self.isAlive())
+        return;
+    std::vector<KXChartItem> wanted = items;
+    if (event.containsEventKey(UXEventKey::Ctrl))
+        std::ranges::copy_if(m_selected, std::back_inserter(wanted), [&](const KXChartItem& item) {
+            return std::ranges::find(items, item) == items.end();
+        });
     _tellSelection(wanted, event);
 }
 

@@ -4,7 +4,10 @@
 #include "kx_axis_chart_axis_cache_data.h"
 #include "kx_axis_property.h"
 #include "kx_chart_data_format.h"
+#include "kx_chart_data_path.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_data_provider_watcher.h"
+#include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
@@ -12,12 +15,16 @@
 #include "kx_scatter_chart_data_provider.h"
 #include "kx_scatter_chart_property.h"
 #include "kx_size_legend.h"
+#include "ux/ux_event.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_symbol_style.h"
 
 #include <cmath>
+#include <functional>
+#include <initializer_list>
+#include <utility>
 
 namespace {
 
@@ -56,6 +63,37 @@ KXScatterChartProperty* KXScatterChart::getScatterChartProperty() const
 bool KXScatterChart::calculateSuitableMinMaxIfNumberData(KXAxisProperty* property)
 {
     return property != getXAxisProperty() || !obtainAxisCacheData(property)->isTemporalDimension;
+}
+
+bool KXScatterChart::shouldSelectByBox()
+{
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXScatterChartDataProvider>();
+    return provider && isInteractionEnabled() && provider->shouldSelectByBox(this);
+}
+
+void KXScatterChart::selectInBox(const UXDoubleRect& box, const UXEvent& event)
+{
+    std::vector<KXChartItem> items;
+    for (const KXAxisChartMark& mark : m_dataView.findInside(box))
+        items.push_back({0, mark.series, mark.category});
+    const UXObjectWatcher self(this);
+    std::vector<KXChartDataPath> paths;
+    paths.reserve(items.size());
+    for (const KXChartItem& item : items) {
+        const std::unique_ptr<KXChartDataPath> path(createItemPath(item));
+        if (!self.isAlive())
+            return;
+        paths.push_back(*path);
+    }
+    {
+        const KXChartDataProviderUse use(*this);
+        if (auto* provider = use.as<KXScatterChartDataProvider>())
+            if (const std::function<void()> action = provider->obtainSelectionAction(this, paths))
+                event.postAction(action);
+    }
+    if (self.isAlive())
+        getItems()->choose(items, event);
 }
 
 void KXScatterChart::registerChartPropertyUpdatedEvents()

@@ -43,6 +43,10 @@ public:
 
     // From KXXYAxisChart, KXChart, KXLegendDelegate and UXJsonObject
     bool calculateSuitableMinMaxIfNumberData(KXAxisProperty* property) override;
+    bool shouldSelectByBox() override;
+    /** Tells the provider of the points whose centres lie in the box, and chooses them where it keeps a
+     * choice. */
+    void selectInBox(const UXDoubleRect& box, const UXEvent& event) override;
     void registerChartPropertyUpdatedEvents() override;
     std::uint64_t obtainLegendCellSize() override;
     std::string customSerializeTypeID() override;

@@ -20,7 +20,7 @@ struct KXScatterSeries {
 };
 
 /** How points are laid out, in logical units. */
-struct KXScatterForm {
+struct KX_EXPORT KXScatterForm {
     double usualDiameter = 8; /**< of points without sizes */
     double leastDiameter = 4, greatestDiameter = 40;
     double greatestSize = 0; /**< the value that has the greatest diameter; 0: all have the usual one */
@@ -36,7 +36,7 @@ struct KXScatterForm {
  * series. Lists that are as long as there are points, so that what lies next to each other and looks alike is
  * drawn at once.
  */
-struct KXScatterLayout {
+struct KX_EXPORT KXScatterLayout {
     std::vector<UXDoublePoint> centres; /**< in the plot's space */
     std::vector<std::uint32_t> series;  /**< past the count of all series for none; empty where all points
                                              are of firstSeries */

@@ -92,6 +92,10 @@ public:
      *  @return whether it did; the chart may have gone then */
     bool showValue(const KXAxis& axis, double value);
     void showAll();
+    /** @return whether a drag draws a box around marks to be selected; by default not. May ask the host. */
+    virtual bool shouldSelectByBox();
+    /** Selects the marks in a box of the plot's space; by default there is nothing to select. */
+    virtual void selectInBox(const UXDoubleRect& box, const UXEvent& event);
     /** @return what is shown of the axis, in what it counts */
     KXVisibleRange obtainShownRange(const KXAxis& axis) const;
 
@@ -254,6 +258,8 @@ private:
     std::unique_ptr<KXAssistantLineDataView> m_linesBehind, m_linesInFront;
     bool m_isContinuous = false;
     bool m_isPartOfYShown = false;
+    /** Off while a layout has not placed the axes yet: what it does must not depend on the one before. */
+    bool m_knowsAxisLengths = false;
     std::optional<KXValueExtremes> m_numberRange; // of marks that lie at numbers of their own
     KXCategoryPlaces m_places;
     std::vector<std::string> m_tickTexts; // of the X axis's own ticks; empty where these are numbers

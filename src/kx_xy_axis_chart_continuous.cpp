@@ -197,14 +197,14 @@ std::optional<std::uint64_t> KXXYAxisChart::_obtainCategoryBeyond(std::uint64_t 
 
 void KXXYAxisChart::_customUpdateTicks()
 {
-    if (!m_isContinuous || !m_x.isUsed)
-        return;
+    m_knowsAxisLengths = true;
     if (std::ranges::any_of(getDataViews(), [](const auto& view) { return view->obtainReach() > 0; })) {
-        // What marks reach is in units of the picture, and how long the axes are is known only now.
         _setCategoryScale();
         for (KXAxisChartAxis* axis : {&m_y, &m_secondaryY})
             _setValueScale(*axis);
     }
+    if (!m_isContinuous || !m_x.isUsed)
+        return;
     const KXVisibleRange shown{m_x.axis->getMinValue(), m_x.axis->getMaxValue()};
     if (m_x.cache.isTemporalDimension && !m_numberRange)
         _updateCalendarTicks(shown);

@@ -101,6 +101,7 @@ bool KXXYAxisChart::_updateValueRange(KXAxisChartAxis& axis)
 void KXXYAxisChart::_customUpdateAxes()
 {
     _placeSides();
+    m_knowsAxisLengths = false;
     if (updateAxisCacheData(m_x.property.get(), &m_x.cache))
         m_x.ticksChanged = true;
     _setCategoryScale();

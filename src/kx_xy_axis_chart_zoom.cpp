@@ -85,7 +85,7 @@ KXVisibleRange KXXYAxisChart::_makeRoomForMarks(const KXAxisChartAxis& axis,
             reach = std::max(reach, view->obtainReach());
     const double share = reach / axis.axis->obtainAxisLength();
     const bool isFixed = !axis.property->getAutoAxisRange() || (&axis == &m_x && !m_isContinuous);
-    if (!(share > 0) || share > greatestReachShare || isFixed || !axis.isUsed)
+    if (!m_knowsAxisLengths || !(share > 0) || share > greatestReachShare || isFixed || !axis.isUsed)
         return range;
 
     // 2. Each end moves out as far as the marks next to it reach, which makes a unit shorter.
@@ -182,6 +182,9 @@ bool KXXYAxisChart::showValue(const KXAxis& axis, double value)
     showRange(axis, kxMoveVisibleRange(shown, place < shown.from ? place - shown.from : place - shown.to));
     return true;
 }
+
+bool KXXYAxisChart::shouldSelectByBox() { return false; }
+void KXXYAxisChart::selectInBox(const UXDoubleRect&, const UXEvent&) {}
 
 void KXXYAxisChart::showAll()
 {
