@@ -19,4 +19,5 @@ struct DataBinding {
     std::vector<MeasureBinding> measures;
     std::vector<FilterBinding> filters; // all of them must hold
     std::string nullText = "(null)";
+    bool totals = false; // of two dimensions those of each one, where a chart shows them
 };

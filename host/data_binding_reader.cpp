@@ -37,7 +37,7 @@ DataBinding DataBindingReader::readText(const std::string& text) const
 {
     const nlohmann::json document = parseJsonDocument(m_file, text);
     const JsonCursor root(m_file, document);
-    root.requireKeys({"schema", "table", "types", "dimensions", "measures", "filters", "nullText"});
+    root.requireKeys({"schema", "table", "types", "dimensions", "measures", "filters", "nullText", "totals"});
 
     DataBinding binding;
     binding.name = m_file;
@@ -47,6 +47,8 @@ DataBinding DataBindingReader::readText(const std::string& text) const
         binding.table = root.getValue("table").readText();
     if (root.hasKey("nullText"))
         binding.nullText = root.getValue("nullText").readText();
+    if (root.hasKey("totals"))
+        binding.totals = root.getValue("totals").readFlag();
     if (root.hasKey("types"))
         _readTypes(root.getValue("types"), binding);
     root.getValue("measures").visitList([&](const JsonCursor& place) { _readMeasure(place, binding); });

@@ -16,7 +16,8 @@ class JsonCursor;
  *                    "top": {"count": 5, "measure": 0, "bottom": false, "others": "Others"}}],
  *    "measures": [{"column": "temp_max", "aggregate": "average", "label": "Mean high", "id": "high"}],
  *    "filters": [{"column": "weather", "is": "in", "value": ["rain", "snow"]}],
- *    "nullText": "(null)"
+ *    "nullText": "(null)",
+ *    "totals": true
  *  }
  *  Only "measures" and the "column" and "aggregate" in them and the "column" in dimensions and filters are
  * needed. A CSV file has no schema. Types are guessed or the database's where none is given: text, integer,

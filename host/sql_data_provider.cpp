@@ -35,8 +35,11 @@ void SqlDataProvider::beginPrepareData(KXChartDataUser*)
     // A chart that asks must not meet an exception; it shows its state without data, the host has the reason.
     m_error.clear();
     m_data = SqlDataSet();
+    m_totals = SqlTotals();
     try {
         m_data = SqlDataSet(m_session, m_binding);
+        if (m_binding.totals)
+            m_totals = SqlTotals(m_session, m_binding, m_data);
     } catch (const HostError& error) {
         m_error = error.what();
     }
@@ -233,6 +236,18 @@ std::string SqlDataProvider::obtainValueDataString(KXChartDataUser*, const KXInd
     const SqlValue value = _findValue(path);
     return value.isNull ? m_binding.nullText : value.text;
 }
+
+bool SqlDataProvider::obtainHasTotals(KXChartDataUser*, bool) { return !m_totals.isEmpty(); }
+
+void SqlDataProvider::obtainTotals(KXChartDataUser*, bool ofRows, std::uint64_t first,
+                                   std::span<double> totals)
+{
+    const std::vector<double>& all = m_totals.getValues(ofRows ? 0 : 1);
+    for (std::size_t i = 0; i < totals.size(); ++i)
+        totals[i] = first + i < all.size() ? all[first + i] : noNumber;
+}
+
+double SqlDataProvider::obtainGrandTotal(KXChartDataUser*) { return m_totals.getGrandTotal(); }
 
 void SqlDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t series,
                                          std::uint64_t firstCategory, std::span<double> values)

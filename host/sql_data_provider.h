@@ -12,6 +12,7 @@
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "sql_data_set.h"
+#include "sql_totals.h"
 
 class SqlSession;
 
@@ -77,6 +78,12 @@ public:
     double obtainValueData(KXChartDataUser* user, const KXIndexPath& path) override;
     std::string obtainValueDataString(KXChartDataUser* user, const KXIndexPath& path) override;
 
+    // From KXHeatMapChartDataProvider: where the binding wants them
+    bool obtainHasTotals(KXChartDataUser* user, bool ofRows) override;
+    void obtainTotals(KXChartDataUser* user, bool ofRows, std::uint64_t first,
+                      std::span<double> totals) override;
+    double obtainGrandTotal(KXChartDataUser* user) override;
+
     // From KXAxisChartDataProvider
     void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                             std::span<double> values) override;
@@ -96,5 +103,6 @@ private:
     SqlSession& m_session;
     DataBinding m_binding;
     SqlDataSet m_data;
+    SqlTotals m_totals;
     std::string m_error;
 };

@@ -134,6 +134,24 @@ TEST(HostSqlDataProvider, MembersAndCells)
     }
 }
 
+TEST(HostSqlDataProvider, TotalsAreTheDatabases)
+{
+    PreparedProvider prepared(visits,
+                              R"({"dimensions": [{"column": "day"}, {"column": "place"}], "totals": true,
+        "measures": [{"column": "score", "aggregate": "average"}]})");
+    SqlDataProvider& provider = prepared.get();
+    ASSERT_EQ(provider.getError(), "");
+    const auto read = [&](bool ofRows, std::size_t count) {
+        std::vector<double> totals(count);
+        provider.obtainTotals(nullptr, ofRows, 0, totals);
+        return totals;
+    };
+    EXPECT_TRUE(provider.obtainHasTotals(nullptr, true));
+    EXPECT_EQ(read(true, 4), (std::vector<double>{1, 1.5, 8, 1})) << "the last of no day";
+    EXPECT_EQ(read(false, 3), (std::vector<double>{3, 1, 3}));
+    EXPECT_EQ(provider.obtainGrandTotal(nullptr), 2.6);
+}
+
 TEST(HostSqlDataProvider, SeriesOfAnAxisChart)
 {
     PreparedProvider provider(visits,
