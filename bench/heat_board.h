@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-/** As many rows as columns, all of whose values are there. */
+/** Rows and columns, all of whose values are there. */
 class HeatTable : public KXHeatMapChartDataProvider {
 public:
     void beginPrepareData(KXChartDataUser*) override {}
@@ -21,18 +21,21 @@ public:
     double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override;
     void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values) override;
 
-    std::uint64_t side = 0;
+    std::uint64_t columnCount = 1;
     std::vector<double> numbers; // row after row
 };
 
 /** A heat map with its scale: the picture that the comparison of chart libraries calls "heat". */
 class HeatBoard : public ChartBoard<KXHeatMapChart, HeatTable> {
 public:
-    /** @param values of side x side cells */
-    HeatBoard(const std::vector<double>& values, std::uint64_t side);
+    /** @param values row after row
+     *  @param fit whether all of it is in sight; else a cell has at least 18 units, and the rest scrolls */
+    HeatBoard(const std::vector<double>& values, std::uint64_t columnCount, bool fit);
 
     /** Replaces the values by others in another order, and back again with the next call. */
     void update();
+    /** Scrolls and paints what that shows. */
+    void scroll(std::int64_t offset, UXPaintConfig& config);
     /** @return whether a cell lies there */
     bool hit(const UXPoint& point) { return m_chart.obtainItemAt(point).has_value(); }
 

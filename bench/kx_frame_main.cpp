@@ -212,7 +212,8 @@ int runHeat(const Start& start, const Command& command)
     if (values.empty())
         return 3;
     return run(start, command, {}, [&] {
-        return std::make_unique<BoardFrame<HeatBoard>>(values, static_cast<std::uint64_t>(command.size));
+        return std::make_unique<BoardFrame<HeatBoard>>(values, static_cast<std::uint64_t>(command.size),
+                                                       true);
     });
 }
 

@@ -1,3 +1,4 @@
+#include "heat_board.h"
 #include "turns.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_install.h"
@@ -73,5 +74,33 @@ void scrollRows(benchmark::State& state)
     state.counters["10,000,000/1,000 rows"] = turns.getFirst() / turns.getSecond();
 }
 BENCHMARK(scrollRows)->Iterations(200);
+
+/** @return a heat map of so many rows and a hundred columns */
+std::unique_ptr<HeatBoard> makeHeatBoard(std::size_t rowCount)
+{
+    constexpr std::size_t columnCount = 100;
+    std::vector<double> values(rowCount * columnCount);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = static_cast<double>(i * 7919 % 1000);
+    auto board = std::make_unique<HeatBoard>(values, columnCount, false);
+    board->layout(1000, 600);
+    return board;
+}
+
+void scrollHeatMap(benchmark::State& state)
+{
+    uxCairoInstall();
+    UXCairoImagePaintConfig image{UXDoubleSize(1000, 600)};
+    const std::unique_ptr<HeatBoard> few = makeHeatBoard(1000), many = makeHeatBoard(100'000);
+    Turns turns(5);
+    std::int64_t offset = 0;
+    for (auto _ : state) {
+        offset = (offset + 7) % 10'000;
+        turns.take([&] { many->scroll(offset, image); }, [&] { few->scroll(offset, image); });
+    }
+    state.counters["frame_us"] = turns.getFirst();
+    state.counters["10,000,000/100,000 cells"] = turns.getFirst() / turns.getSecond();
+}
+BENCHMARK(scrollHeatMap)->Iterations(200);
 
 } // namespace

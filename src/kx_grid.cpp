@@ -11,10 +11,12 @@
 #include <cmath>
 #include <utility>
 
+// Hosts may refer to them, on Windows too
+constexpr double KXGrid::greatestHeaderShare;
+constexpr double KXGrid::greatestTotalsShare;
+
 namespace {
 
-/** Of the extent: what headers, and what totals take at most, so that something of the content is seen. */
-constexpr double greatestHeaderShare = 0.6, greatestTotalsShare = 0.25;
 /** While a drag is beyond an edge. */
 constexpr std::int64_t edgeMilliseconds = 30;
 /** Of the way that the pointer is beyond the edge: how far each of these scrolls. */

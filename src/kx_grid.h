@@ -29,6 +29,10 @@ class KXGridPanel;
  */
 class KX_EXPORT KXGrid : public UXVirtualScrollView, public UXVirtualScrollViewDelegate {
 public:
+    /** Of the extent: what headers, and what totals take at most, so that something of the content is seen.
+     */
+    static constexpr double greatestHeaderShare = 0.6, greatestTotalsShare = 0.25;
+
     KXGrid();
     ~KXGrid() override;
 

@@ -203,8 +203,9 @@ double KXHeatMapChart::_obtainLeastCellExtent(bool ofRows) const
 {
     if (m_minCellSize > 0 && std::isfinite(m_minCellSize))
         return m_minCellSize;
-    if (m_showLabels && ofRows)
-        return std::ceil(uxMeasureText("0", m_labelProperty).height) + std::max(m_cellGap, 0.0);
+    if (m_showLabels && ofRows) // where each row has its name too
+        return std::ceil(std::max(uxMeasureText("0", m_labelProperty).height + std::max(m_cellGap, 0.0),
+                                  uxMeasureText("0", m_captionProperty).height));
     if (m_showLabels)
         return _measureWidest(m_labelRange);
     const UXTransform toDevice = uxObtainDeviceTransform(*this);

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -79,8 +80,26 @@ void KXHeatMapContentPanel::setScale(const KXGradientScale& scale)
 
 void KXHeatMapContentPanel::setHighlight(KXHeatMapHighlight highlight)
 {
-    m_highlight = std::move(highlight);
-    invalidate();
+    const KXHeatMapHighlight before = std::exchange(m_highlight, std::move(highlight));
+    const auto isLocal = [](const KXHeatMapHighlight& some) {
+        return some.restOpacity >= 1 &&
+               std::ranges::all_of(some.looks, [](const auto& entry) { return entry.second.sizeRatio <= 1; });
+    };
+    if (!isLocal(before) || !isLocal(m_highlight)) {
+        invalidate();
+        return;
+    }
+    // Nothing but these cells looks different.
+    const KXPixelGrid grid(uxObtainDeviceTransform(*this));
+    const auto repaint = [&](const KXGridCell& cell) {
+        addDirtyRect(uxSurroundingRect(
+            uxInflateDoubleRect(_obtainDrawnRect(cell, grid), leastRingExtent, leastRingExtent)));
+    };
+    for (const KXHeatMapHighlight* some : {&before, &std::as_const(m_highlight)}) {
+        std::ranges::for_each(some->rings, repaint);
+        for (const auto& [cell, look] : some->looks)
+            repaint(cell);
+    }
 }
 
 std::optional<KXGridBlock> KXHeatMapContentPanel::findCells(const UXDoublePoint& point) const

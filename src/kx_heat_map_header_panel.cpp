@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -67,6 +68,7 @@ int KXHeatMapHeaderPanel::fit(const KXGridLines& lines, const KXGridRange& seen,
     m_lineHeight = std::ceil(helper->getTextSize("0", m_property).height);
     m_isTurned = false;
     m_step = 1;
+    m_room = (std::numeric_limits<double>::max)();
     if (lines.getCount() == 0 || !(lines.obtainTotal() > 0))
         return 0;
     const double extent = lines.obtainTotal() / static_cast<double>(lines.getCount());
@@ -86,10 +88,14 @@ int KXHeatMapHeaderPanel::fit(const KXGridLines& lines, const KXGridRange& seen,
 
     // 2. Side by side, upright, or with longer steps.
     const std::uint64_t step = obtainStep(m_widest, m_widest + gap);
-    m_isTurned = step > 1 && m_mayTurn && m_step == 1;
+    const bool areWords = step > 1 && m_mayTurn && m_step == 1;
+    const bool isCutTurned = m_widest + padding > most; // and then more may be left of it side by side
+    m_isTurned = areWords && !(isCutTurned && extent - gap >= most - padding);
     if (m_isTurned)
         return obtainExtent(m_widest + padding);
-    m_step = step;
+    if (!areWords)
+        m_step = step;
+    m_room = static_cast<double>(m_step) * extent - gap;
     return obtainExtent(m_widest > 0 ? m_lineHeight + padding : 0);
 }
 
@@ -103,7 +109,7 @@ void KXHeatMapHeaderPanel::_layoutCells()
     if (!m_text || seen.isEmpty() || m_lineHeight > own.height)
         return;
     const bool areStacked = areRows || m_isTurned; // the height of a line stands along the lines
-    const double room = (areRows ? own.width : m_isTurned ? own.height : own.width) - padding;
+    const double room = std::min(m_room, (m_isTurned ? own.height : own.width) - padding);
     const UXDoubleRect first = obtainCellRect({0, 0});
     const double start = areRows ? first.y : first.x, end = start + lines.obtainTotal();
     double taken = -1e300; // by the labels so far

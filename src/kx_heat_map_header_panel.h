@@ -58,5 +58,6 @@ private:
     std::uint64_t m_step = 1;
     double m_widest = 0; // of the names seen so far, so that nothing moves when one scrolls back
     double m_lineHeight = 0;
+    double m_room = 0; // along the lines, where a longer name is cut
     std::vector<Label> m_labels;
 };

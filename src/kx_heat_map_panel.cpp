@@ -65,12 +65,16 @@ void KXHeatMapPanel::arrange(const KXHeatMapArrangement& arrangement)
         m_arrangedSize = {own.width, own.height};
         forgetNames();
     }
+    const double rowTotals = std::min(arrangement.rowTotalsExtent,
+                                      std::floor(own.width * greatestTotalsShare));
+    const double columnTotals = std::min(arrangement.columnTotalsExtent,
+                                         std::floor(own.height * greatestTotalsShare));
     using enum KXGridBand;
     const auto obtainOne = [](double extent) { return KXGridLines::makeEqual(extent > 0 ? 1 : 0, extent); };
     for (int round = 0; round < roundCount; ++round) {
         // 1. A bar of one direction takes room from the other one.
-        const double width = own.width - m_rowHeaderExtent - arrangement.rowTotalsExtent;
-        const double height = own.height - m_columnHeaderExtent - arrangement.columnTotalsExtent;
+        const double width = own.width - m_rowHeaderExtent - rowTotals;
+        const double height = own.height - m_columnHeaderExtent - columnTotals;
         const auto divideRows = [&](double room) {
             return divide(arrangement.rowCount, room, arrangement.leastRowExtent, arrangement.neverScrolls);
         };
@@ -88,8 +92,8 @@ void KXHeatMapPanel::arrange(const KXHeatMapArrangement& arrangement)
         _fitHeaders(arrangement, rows.lines, columns.lines);
         setColumns(Header, obtainOne(m_rowHeaderExtent));
         setRows(Header, obtainOne(m_columnHeaderExtent));
-        setColumns(Totals, obtainOne(arrangement.rowTotalsExtent));
-        setRows(Totals, obtainOne(arrangement.columnTotalsExtent));
+        setColumns(Totals, obtainOne(rowTotals));
+        setRows(Totals, obtainOne(columnTotals));
         setRows(Content, rows.lines);
         setColumns(Content, columns.lines);
     }
