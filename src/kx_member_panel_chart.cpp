@@ -173,6 +173,13 @@ double KXMemberPanelChart::_obtainMemberValue(const KXChartItem& item) const
     return getValue(_obtainMeasure(item), _obtainCell(item));
 }
 
+KXMemberPanelChart::MemberValues KXMemberPanelChart::_obtainMemberValues() const
+{
+    const std::uint64_t across = getDimensionCount() > 1 ? getMemberCount(1) : 1;
+    const bool areFirst = _obtainGroupDimension() == 0; // the groups
+    return {getValues(0), areFirst ? across : 1, areFirst ? 1 : across};
+}
+
 /** What has no part of a whole adds nothing to what is gathered. */
 double KXMemberPanelChart::obtainItemValue(const KXChartItem& item) const
 {
@@ -239,10 +246,15 @@ std::vector<double> KXMemberPanelChart::_sumMembers(std::uint64_t dimension) con
     std::vector<double> sums(areGroups ? obtainGroupCount() : obtainIndexCount(),
                              std::numeric_limits<double>::quiet_NaN());
     const std::uint64_t across = areGroups ? obtainIndexCount() : obtainGroupCount();
+    if (getDimensionCount() == 0) {
+        for (std::uint64_t group = 0; group < sums.size(); ++group)
+            addPart(sums[group], _obtainMemberValue({0, group, 0}));
+        return sums;
+    }
+    const MemberValues values = _obtainMemberValues();
     for (std::uint64_t member = 0; member < sums.size(); ++member)
         for (std::uint64_t other = 0; other < across; ++other)
-            addPart(sums[member], _obtainMemberValue(areGroups ? KXChartItem{0, member, other}
-                                                               : KXChartItem{0, other, member}));
+            addPart(sums[member], areGroups ? values.at(member, other) : values.at(other, member));
     return sums;
 }
 
@@ -384,20 +396,29 @@ void KXMemberPanelChart::customReloadColors()
     const bool areSingle = getDimensionCount() < 2;
     std::vector<std::optional<UXColor>> groupColors(m_listed.getBound());
     std::unordered_map<std::uint64_t, UXColor> itemColors;
+    MemberValues values = _obtainMemberValues();
     const KXChartDataProviderUse use(*this);
+    bool isCurrent = use.isCurrent();
     for (const std::uint64_t group : std::vector(m_listed.getAll())) {
         if (m_listed.isOthers(group)) {
             groupColors[group] = othersColor;
             continue;
         }
         UXColor color = m_groups.obtainColor(group);
-        if (use.isCurrent() && use.get()->obtainValueDataColorForGroup(this, group, color))
+        if (isCurrent && use.get()->obtainValueDataColorForGroup(this, group, color))
             groupColors[group] = color;
-        for (std::uint64_t index = 0; use.isCurrent() && index < obtainIndexCount(); ++index) {
-            const KXChartItem item{0, group, index};
-            if (std::isnan(_obtainMemberValue(item)) && !areSingle)
+        isCurrent = use.isCurrent();
+        const std::uint64_t indexCount = isCurrent ? obtainIndexCount() : 0;
+        for (std::uint64_t index = 0; isCurrent && index < indexCount; ++index) {
+            if (!areSingle && std::isnan(values.at(group, index)))
                 continue;
-            if (!use.get()->obtainValueDataColor(this, _obtainValuePath(item), color) || !use.isAlive())
+            const KXChartItem item{0, group, index};
+            const bool hasColor = use.get()->obtainValueDataColor(this, _obtainValuePath(item), color);
+            isCurrent = use.isCurrent();
+            if (!use.isAlive())
+                return;
+            values = _obtainMemberValues(); // the host may have had the chart pull others
+            if (!hasColor)
                 continue;
             if (areSingle)
                 groupColors[group] = color;
@@ -597,6 +618,7 @@ void KXMemberPanelChart::_customLayout(UXRect plotArea)
     m_layer->setRect(getBoundingRect());
     m_layer->setDrawingRect(plotArea);
     m_labels.clear();
+    m_runs = {};
     m_laidOut.set(_layoutItems(plotArea), UXDoubleRect(plotArea));
     if (getLaidOutItems().empty())
         m_note.clear(); // which says less than the words in its place
@@ -741,6 +763,7 @@ void KXMemberPanelChart::_updateLooks()
 {
     for (KXPanelItem& item : m_laidOut.getAll())
         _updateLook(item);
+    m_runs.set(getLaidOutItems());
     for (Label& label : m_labels)
         _updateLabelLook(label);
     m_layer->addDirtyRect(m_layer->getDrawingRect());
@@ -760,6 +783,7 @@ void KXMemberPanelChart::itemLookChanged(const KXChartItem& item)
     };
     repaint(); // where it was drawn
     _updateLook(m_laidOut.getAll()[*found]);
+    m_runs.set(getLaidOutItems());
     repaint();
     for (Label& label : m_labels)
         if (label.item == *found) {
@@ -768,49 +792,10 @@ void KXMemberPanelChart::itemLookChanged(const KXChartItem& item)
         }
 }
 
-/** What stands out by more than its colour reaches over the others. */
 void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect) const
 {
-    const auto isSeen = [&](const UXDoubleRect& bounds) {
-        return uxIntersectsRect(uxSurroundingRect(bounds), dirtyRect);
-    };
     _paintUnderItems(painter);
-    std::vector<UXDoubleRect> rects; // of one colour, which are filled at once
-    UXColor color;
-    const auto fillRects = [&] {
-        if (rects.empty())
-            return;
-        painter.setColor(color);
-        painter.drawRects(rects);
-        rects.clear();
-    };
-    for (const bool standsOut : {false, true})
-        for (const KXPanelItem& item : getLaidOutItems()) {
-            if (item.look.standsOut() != standsOut)
-                continue;
-            const UXDoubleRect* rect = item.shape.obtainRect();
-            if (rect && !standsOut && item.shift == UXDoublePoint()) {
-                if (!isSeen(*rect))
-                    continue;
-                if (item.look.fill != color)
-                    fillRects();
-                color = item.look.fill;
-                rects.push_back(*rect);
-                continue;
-            }
-            const KXPanelShape shape = item.obtainDrawnShape();
-            if (!isSeen(shape.getBounds()))
-                continue;
-            fillRects();
-            painter.setColor(item.look.fill);
-            shape.fill(painter);
-            if (item.look.line.alpha <= 0)
-                continue;
-            painter.setColor(item.look.line);
-            painter.setLineWidth(1);
-            shape.stroke(painter);
-        }
-    fillRects();
+    m_runs.paint(painter, dirtyRect, getLaidOutItems());
     _paintOverItems(painter);
     for (const Label& label : m_labels) {
         UXDoubleRect rect = label.placed.rect;
@@ -818,7 +803,7 @@ void KXMemberPanelChart::_paintItems(UXPainter& painter, const UXRect& dirtyRect
             rect.x += getLaidOutItems()[label.item].shift.x;
             rect.y += getLaidOutItems()[label.item].shift.y;
         }
-        if (!isSeen(rect))
+        if (!uxIntersectsRect(uxSurroundingRect(rect), dirtyRect))
             continue;
         UXTextProperty property = label.placed.property;
         property.textColor = label.drawnColor;

@@ -9,6 +9,7 @@
 #include "kx_others.h"
 #include "kx_panel_chart.h"
 #include "kx_panel_chart_data_user.h"
+#include "kx_panel_item_runs.h"
 #include "kx_panel_items.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_property_accessor.h"
@@ -16,7 +17,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -184,6 +187,21 @@ protected:
     KXLabelRequest _makeLabelInside(const KXLabelPlacer& placer, std::size_t item, const std::string& text,
                                     const UXTextProperty& property) const;
 
+    /** The values of the first measure by group and index, for work on all of them. */
+    struct MemberValues {
+        std::span<const double> values;
+        std::uint64_t groupStep = 1, indexStep = 1;
+
+        /** @return NaN for one that there is not */
+        double at(std::uint64_t group, std::uint64_t index) const
+        {
+            const std::uint64_t cell = group * groupStep + index * indexStep;
+            return cell < values.size() ? values[cell] : std::numeric_limits<double>::quiet_NaN();
+        }
+    };
+    /** @return those of a chart with a dimension, as long as its data stay */
+    MemberValues _obtainMemberValues() const;
+
     void _customLayout(UXRect plotArea) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
 
@@ -223,6 +241,7 @@ private:
     std::string m_othersName;                                // in the host's language
     std::unordered_map<std::uint64_t, UXColor> m_hostColors; // of items that have one of their own, by cell
     KXPanelItems m_laidOut;
+    KXPanelItemRuns m_runs; // of what is laid out, as it looks
     std::vector<Label> m_labels;
     KXLeftOutWords m_leftOutWords;
     std::string m_note;

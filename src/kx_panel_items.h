@@ -40,7 +40,17 @@ public:
     std::optional<std::size_t> findAt(const UXDoublePoint& point) const;
 
 private:
+    struct Entry {
+        KXChartItem item;
+        std::size_t index;
+    };
+
+    const std::vector<Entry>& _obtainOrder() const;
+    const KXCollisionGrid& _obtainGrid() const;
+
     std::vector<KXPanelItem> m_items;
-    std::vector<std::size_t> m_order; // indexes, ascending by item
-    KXCollisionGrid m_grid{{}};       // of the bounds, each its index's
+    UXDoubleRect m_area;
+    // Made when first asked for, as a pointer is not at every layout
+    mutable std::vector<Entry> m_order;            // ascending by item
+    mutable std::optional<KXCollisionGrid> m_grid; // of the bounds, each its index's
 };

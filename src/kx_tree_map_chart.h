@@ -167,5 +167,7 @@ private:
 
     // Made by the layout
     std::vector<Group> m_groupPlaces;
+    std::vector<std::size_t> m_labelledTiles; // those with room for a label, by index
+    double m_leastLabelledHeight = 0;         // of a tile
     UXDoubleRect m_wayBack;
 };

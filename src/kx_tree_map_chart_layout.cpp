@@ -94,11 +94,9 @@ void KXTreeMapChart::_fillBranches()
     m_leftOut = {};
     m_branches.clear();
     m_branches.resize(_hasGroups() ? m_sortedGroups.size() : 1);
-    const auto add = [this](Branch& branch, const KXChartItem& item) {
-        const double value = obtainItemValue(item);
+    const auto add = [this](Branch& branch, const KXChartItem& item, double value) {
         if (!(value > 0)) {
-            m_leftOut.add(value,
-                          !_hasGroups()); // members that do not meet have no value, which nobody misses
+            m_leftOut.add(value, true);
             return;
         }
         branch.leaves.push_back({item, value});
@@ -107,12 +105,18 @@ void KXTreeMapChart::_fillBranches()
     if (_hasGroups()) {
         for (std::size_t i = 0; i < m_branches.size(); ++i)
             m_branches[i].group = m_sortedGroups[i];
+        const MemberValues values = _obtainMemberValues();
         for (const std::uint64_t index : _getListedIndexes().getAll()) // whose values stand side by side
-            for (Branch& branch : m_branches)
-                add(branch, {0, branch.group, index});
+            for (Branch& branch : m_branches) {
+                const KXChartItem item{0, branch.group, index};
+                const double value = _isOthers(item) ? obtainItemValue(item) : values.at(branch.group, index);
+                // Members that do not meet have no value, which nobody misses.
+                if (!std::isnan(value))
+                    add(branch, item, value);
+            }
     } else
         for (const std::uint64_t group : m_sortedGroups)
-            add(m_branches.front(), {0, group, 0});
+            add(m_branches.front(), {0, group, 0}, obtainItemValue({0, group, 0}));
     std::erase_if(m_branches, [](const Branch& branch) { return branch.leaves.empty(); });
 }
 
@@ -120,6 +124,10 @@ std::vector<KXPanelItem> KXTreeMapChart::_layoutItems(const UXRect& area)
 {
     UXDoubleRect room(area);
     m_groupPlaces.clear();
+    m_labelledTiles.clear();
+    UXTextProperty small = m_labelProperty;
+    small.font.size = std::min(small.font.size, leastFontSize);
+    m_leastLabelledHeight = measureLine(small) + padding;
     _takeNoteRoom(m_leftOut, m_labelProperty, room);
     _layoutWayBack(room);
     const KXPixelGrid grid(uxObtainDeviceTransform(*this));
@@ -127,6 +135,10 @@ std::vector<KXPanelItem> KXTreeMapChart::_layoutItems(const UXRect& area)
     std::ranges::transform(m_branches, sums.begin(), &Branch::sum);
     const std::vector<KXTileEdges> places = kxSquarify(sums, room);
     std::vector<KXPanelItem> items;
+    std::size_t leafCount = 0;
+    for (const Branch& branch : m_branches)
+        leafCount += branch.leaves.size();
+    items.reserve(leafCount);
     for (std::size_t i = 0; i < places.size(); ++i)
         _layoutBranch(m_branches[i], grid.snap(places[i]), grid, items);
     return items;
@@ -173,16 +185,15 @@ void KXTreeMapChart::_layoutBranch(const Branch& branch, const UXDoubleRect& pla
             continue;
         rect.width = takeGap(rect.width, m_tileGap);
         rect.height = takeGap(rect.height, m_tileGap);
+        if (_mayHaveLabel(rect))
+            m_labelledTiles.push_back(items.size());
         items.push_back({branch.leaves[i].item, KXPanelShape(rect)});
     }
 }
 
 bool KXTreeMapChart::_mayHaveLabel(const UXDoubleRect& rect) const
 {
-    UXTextProperty small = m_labelProperty;
-    small.font.size = std::min(small.font.size, leastFontSize);
-    return m_showLabels && rect.width >= leastTextWidth + 2 * padding &&
-           rect.height >= measureLine(small) + padding;
+    return m_showLabels && rect.width >= leastTextWidth + 2 * padding && rect.height >= m_leastLabelledHeight;
 }
 
 std::vector<std::uint64_t> KXTreeMapChart::_obtainNamedMembers(std::uint64_t dimension) const
@@ -194,9 +205,9 @@ std::vector<std::uint64_t> KXTreeMapChart::_obtainNamedMembers(std::uint64_t dim
                 members.push_back(group.group);
         return members;
     }
-    for (const KXPanelItem& item : getLaidOutItems())
-        if (!_isOthers(item.item) && _mayHaveLabel(item.shape.getBounds()))
-            members.push_back(_hasGroups() ? item.item.index : item.item.group);
+    for (const std::size_t tile : m_labelledTiles)
+        if (const KXChartItem& item = getLaidOutItems()[tile].item; !_isOthers(item))
+            members.push_back(_hasGroups() ? item.index : item.group);
     std::ranges::sort(members);
     const auto twice = std::ranges::unique(members);
     members.erase(twice.begin(), twice.end());
@@ -217,7 +228,7 @@ void KXTreeMapChart::_requestLabels(const KXLabelPlacer& placer, std::vector<KXL
             requestLine(_findMemberName(1, group.group), m_captionProperty,
                         {group.caption.x, group.caption.y, group.caption.width - padding,
                          group.caption.height - padding / 2});
-    for (std::size_t i = 0; i < getLaidOutItems().size(); ++i) {
+    for (const std::size_t i : m_labelledTiles) {
         const KXPanelItem& item = getLaidOutItems()[i];
         const std::optional<TileText> written = _writeTile(placer, item);
         if (!written)
@@ -241,8 +252,6 @@ std::optional<KXTreeMapChart::TileText> KXTreeMapChart::_writeTile(const KXLabel
                                                                    const KXPanelItem& item) const
 {
     const UXDoubleRect& rect = item.shape.getBounds();
-    if (!_mayHaveLabel(rect))
-        return std::nullopt;
     const std::string name = _findName(item.item);
     if (name.empty())
         return std::nullopt;

@@ -30,7 +30,7 @@ constexpr double kFarthestPixel = 4e6;
 constexpr double kShortestDashes = 0.1;
 // With fewer it is not worth while to look whether they can be written.
 constexpr std::size_t kFewestWrittenRects = 4;
-constexpr std::size_t kFewestWrittenPoints = 16, kFewestBandPoints = 64;
+constexpr std::size_t kFewestWrittenPoints = 4, kFewestBandPoints = 64;
 // More of them in one place could be too much for a sum.
 constexpr std::size_t kMostBands = 256;
 // Wide lines have an inside, which Cairo fills in one go.

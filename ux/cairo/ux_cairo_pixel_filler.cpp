@@ -1,7 +1,5 @@
 #include "ux/cairo/ux_cairo_pixel_filler.h"
 
-#include "ux/ux_pixel_snapping.h"
-
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -13,6 +11,8 @@ namespace {
 /** Rows that are filled at a time: so many pages of memory are at hand at once. */
 constexpr int kBandHeight = 32;
 constexpr std::size_t kFewestBandedBoxes = 8;
+/** Edges further off are not moved to pixels. */
+constexpr double kLastPixel = 1e9;
 
 } // namespace
 
@@ -21,22 +21,30 @@ UXCairoPixelFiller::UXCairoPixelFiller(UXCairoContext* context, const UXTransfor
 {
 }
 
+/** Each edge goes to the nearest one of a pixel, as uxSnapRect moves it, and as many pixels are filled. */
 UXCairoPixels::Box UXCairoPixelFiller::_toBox(const UXDoubleRect& rect, const UXCairoPixels::Box& clip) const
 {
-    const UXDoubleRect snapped = uxSnapRect(rect, m_toDevice);
-    const UXDoublePoint first = m_toDevice.apply(snapped.x, snapped.y);
-    const UXDoublePoint second = m_toDevice.apply(snapped.x + snapped.width, snapped.y + snapped.height);
-    if (!std::isfinite(first.x) || !std::isfinite(first.y) || !std::isfinite(second.x) ||
-        !std::isfinite(second.y))
+    const UXDoublePoint first = m_toDevice.apply(rect.x, rect.y);
+    const UXDoublePoint second = m_toDevice.apply(rect.x + rect.width, rect.y + rect.height);
+    const bool isOnDevice = std::abs(first.x) <= kLastPixel && std::abs(first.y) <= kLastPixel &&
+                            std::abs(second.x) <= kLastPixel && std::abs(second.y) <= kLastPixel;
+    if (!isOnDevice && (!std::isfinite(first.x) || !std::isfinite(first.y) || !std::isfinite(second.x) ||
+                        !std::isfinite(second.y)))
         return {};
+    // One pixel beside the clip stands for all that lie there.
     const auto toPixel = [](double edge, int low, int high) {
-        return static_cast<int>(
-            std::clamp(std::floor(edge + 0.5), static_cast<double>(low), static_cast<double>(high)));
+        return static_cast<int>(std::clamp(edge + 0.5, low - 1.0, high + 1.0) + 1) - 1;
     };
-    return {toPixel(std::min(first.x, second.x), clip.left, clip.right),
-            toPixel(std::min(first.y, second.y), clip.top, clip.bottom),
-            toPixel(std::max(first.x, second.x), clip.left, clip.right),
-            toPixel(std::max(first.y, second.y), clip.top, clip.bottom)};
+    UXCairoPixels::Box box{toPixel(std::min(first.x, second.x), clip.left, clip.right),
+                           toPixel(std::min(first.y, second.y), clip.top, clip.bottom),
+                           toPixel(std::max(first.x, second.x), clip.left, clip.right),
+                           toPixel(std::max(first.y, second.y), clip.top, clip.bottom)};
+    if (isOnDevice) { // where a rectangle is at least one pixel wide
+        box.right = std::max(box.right, box.left + 1);
+        box.bottom = std::max(box.bottom, box.top + 1);
+    }
+    return {std::max(box.left, clip.left), std::max(box.top, clip.top), std::min(box.right, clip.right),
+            std::min(box.bottom, clip.bottom)};
 }
 
 void UXCairoPixelFiller::fill(std::span<const UXDoubleRect> rects)

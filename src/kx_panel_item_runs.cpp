@@ -1,0 +1,109 @@
+#include "kx_panel_item_runs.h"
+
+#include "ux/ux_painter.h"
+#include "ux/ux_rect_functions.h"
+
+#include <algorithm>
+#include <iterator>
+#include <span>
+
+namespace {
+
+/** Thinner rectangles are drawn wider than they are, so that they can be seen. */
+constexpr double leastMergedExtent = 1;
+
+/** Makes rect the larger one that it is together with another one beside or below.
+ *  @return whether they are one */
+bool merge(UXDoubleRect& rect, const UXDoubleRect& next)
+{
+    if (std::min({rect.width, rect.height, next.width, next.height}) < leastMergedExtent)
+        return false;
+    if (rect.x == next.x && rect.width == next.width && rect.y + rect.height == next.y) {
+        rect.height += next.height;
+        return true;
+    }
+    if (rect.y == next.y && rect.height == next.height && rect.x + rect.width == next.x) {
+        rect.width += next.width;
+        return true;
+    }
+    return false;
+}
+
+bool isSeen(const UXDoubleRect& bounds, const UXRect& dirtyRect)
+{
+    return uxIntersectsRect(uxSurroundingRect(bounds), dirtyRect);
+}
+
+} // namespace
+
+/** What stands out by more than its colour reaches over the others. */
+void KXPanelItemRuns::set(const std::vector<KXPanelItem>& items)
+{
+    m_runs.clear();
+    m_rects.clear();
+    m_bounds = {};
+    for (const bool standsOut : {false, true})
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            const KXPanelItem& item = items[i];
+            if (item.look.standsOut() != standsOut)
+                continue;
+            const UXDoubleRect* rect = item.shape.obtainRect();
+            if (rect && !standsOut && item.shift == UXDoublePoint())
+                _addRect(*rect, item.look.fill);
+            else
+                m_runs.push_back({item.look.fill, m_rects.size(), m_rects.size(), i});
+        }
+}
+
+void KXPanelItemRuns::_addRect(const UXDoubleRect& rect, const UXColor& color)
+{
+    const bool goesOn = !m_runs.empty() && m_runs.back().firstRect < m_runs.back().endRect &&
+                        m_runs.back().color == color;
+    m_bounds = m_rects.empty() ? rect : uxUnionDoubleRect(m_bounds, rect);
+    if (!goesOn)
+        m_runs.push_back({color, m_rects.size(), m_rects.size(), 0});
+    Run& run = m_runs.back();
+    m_rects.push_back(rect);
+    // A row of tiles that is whole now may go on the one before.
+    while (m_rects.size() > run.firstRect + 1 && merge(*(m_rects.end() - 2), m_rects.back()))
+        m_rects.pop_back();
+    run.endRect = m_rects.size();
+}
+
+void KXPanelItemRuns::paint(UXPainter& painter, const UXRect& dirtyRect,
+                            const std::vector<KXPanelItem>& items) const
+{
+    for (const Run& run : m_runs) {
+        if (run.firstRect < run.endRect) {
+            _paintRects(painter, dirtyRect, run);
+            continue;
+        }
+        const KXPanelItem& item = items[run.item];
+        const KXPanelShape shape = item.obtainDrawnShape();
+        if (!isSeen(shape.getBounds(), dirtyRect))
+            continue;
+        painter.setColor(run.color);
+        shape.fill(painter);
+        if (item.look.line.alpha <= 0)
+            continue;
+        painter.setColor(item.look.line);
+        painter.setLineWidth(1);
+        shape.stroke(painter);
+    }
+}
+
+void KXPanelItemRuns::_paintRects(UXPainter& painter, const UXRect& dirtyRect, const Run& run) const
+{
+    std::span<const UXDoubleRect> rects = std::span(m_rects).subspan(run.firstRect,
+                                                                     run.endRect - run.firstRect);
+    std::vector<UXDoubleRect> seen;
+    if (!uxContainsRect(dirtyRect, uxSurroundingRect(m_bounds))) {
+        std::ranges::copy_if(rects, std::back_inserter(seen),
+                             [&](const UXDoubleRect& rect) { return isSeen(rect, dirtyRect); });
+        rects = seen;
+    }
+    if (rects.empty())
+        return;
+    painter.setColor(run.color);
+    painter.drawRects(rects);
+}
