@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 
 namespace {
 
-/** The rows of bends that a place within the last one reaches. */
-constexpr std::size_t kBendReach = 2;
 /** A pixel that is covered in full. In whole numbers, no error adds up from row to row. */
 constexpr std::int32_t kWhole = 1 << 20;
+/** Less than this, in the same unit, cannot be seen. */
+constexpr std::int32_t kLeastRest = 256;
 /** An edge that rises by less across a column, in pixels, is level there. */
 constexpr double kLeastRise = 0.25;
 
@@ -24,17 +25,22 @@ double obtainTurn(std::span<const UXDoublePoint> polygon)
     return turn;
 }
 
-/** Goes on by one row in each of count columns. */
-void addRow(const std::int32_t* bends, std::int32_t* slopes, std::int32_t* heights, std::uint8_t* coverage,
-            std::size_t count)
+/** Goes on by one row in each column of a block.
+ *  @return whether what is covered changes in the next row too */
+template <std::size_t width>
+bool addRow(const std::array<std::int32_t, width>& bends, std::array<std::int32_t, width>& slopes,
+            std::array<std::int32_t, width>& heights, std::uint8_t* coverage)
 {
-    for (std::size_t column = 0; column < count; ++column) {
+    std::int32_t isSloping = 0;
+    for (std::size_t column = 0; column < width; ++column) {
         slopes[column] += bends[column];
         heights[column] += slopes[column];
+        isSloping |= slopes[column];
         const std::int32_t height = heights[column] < 0 ? -heights[column] : heights[column];
         const std::int32_t part = height < kWhole ? height : kWhole;
         coverage[column] = static_cast<std::uint8_t>((part * 255 + kWhole / 2) / kWhole);
     }
+    return isSloping != 0;
 }
 
 } // namespace
@@ -61,8 +67,10 @@ UXCairoBandCoverage::UXCairoBandCoverage(std::span<const std::vector<UXDoublePoi
     if (m_box.isEmpty())
         return;
     m_width = static_cast<std::size_t>(m_box.right - m_box.left);
+    m_blockCount = (m_width + kBlockWidth - 1) / kBlockWidth;
     m_height = static_cast<std::size_t>(m_box.bottom - m_box.top);
-    m_bends.resize((m_height + kBendReach) * m_width);
+    m_bendIndexes.resize((m_height + kBendReach) * m_blockCount);
+    m_bends.resize(1);
     for (const std::vector<UXDoublePoint>& band : bands)
         _add(band);
 }
@@ -97,17 +105,19 @@ void UXCairoBandCoverage::_addEdge(const UXDoublePoint& from, const UXDoublePoin
 {
     if (from.x > to.x)
         return _addEdge(to, from, -sign);
-    const double left = std::max(from.x - m_box.left, 0.0);
-    const double right = std::min(to.x - m_box.left, static_cast<double>(m_width));
+    const double start = from.x - m_box.left, end = to.x - m_box.left;
+    const double left = std::max(start, 0.0), right = std::min(end, static_cast<double>(m_width));
     if (!(left < right))
         return;
-    const double top = from.y - m_box.top, rise = (to.y - from.y) / (to.x - from.x);
-    const auto obtainHeight = [&](double x) { return top + (x - (from.x - m_box.left)) * rise; };
+    const double top = from.y - m_box.top, bottom = to.y - m_box.top;
     auto column = static_cast<std::size_t>(left);
-    double x = left, y = obtainHeight(left);
+    if (start >= 0 && end <= static_cast<double>(column + 1)) // as most edges of a dense line
+        return _addPart(column, sign * (end - start), top, bottom);
+    const double rise = (bottom - top) / (end - start);
+    double x = left, y = top + (left - start) * rise;
     for (; x < right; ++column) {
         const double next = std::min(static_cast<double>(column + 1), right);
-        const double nextY = next == to.x - m_box.left ? to.y - m_box.top : obtainHeight(next);
+        const double nextY = next == end ? bottom : top + (next - start) * rise;
         _addPart(column, sign * (next - x), y, nextY);
         x = next;
         y = nextY;
@@ -125,13 +135,14 @@ void UXCairoBandCoverage::_addPart(std::size_t column, double width, double from
     if (low <= 0 || low - high < kLeastRise)
         return _addStep(column, std::max((high + low) / 2, 0.0), whole);
     const auto slope = static_cast<std::int32_t>(width * kWhole / (low - high));
-    // What the slope, which is cut to a whole number, does not reach.
-    const double reached = slope * (low - high);
     if (high < 0)
         _addStep(column, 0, static_cast<std::int32_t>(slope * -high));
     _addBend(column, std::max(high, 0.0), slope);
     _addBend(column, low, -slope);
-    _addStep(column, low, static_cast<std::int32_t>(width * kWhole - reached));
+    // What the slope, which is cut to a whole number, does not reach.
+    const auto rest = static_cast<std::int32_t>(width * kWhole - slope * (low - high));
+    if (std::abs(rest) >= kLeastRest)
+        _addStep(column, low, rest);
 }
 
 /** The share of a pixel is the mean of what is covered over its height: within a pixel, a bend is one of the
@@ -144,9 +155,7 @@ void UXCairoBandCoverage::_addBend(std::size_t column, double at, std::int32_t s
     const double part = at - static_cast<double>(row), rest = 1 - part;
     const auto first = static_cast<std::int32_t>(slope * rest * rest / 2);
     const auto last = static_cast<std::int32_t>(slope * part * part / 2);
-    _at(row, column) += first;
-    _at(row + 1, column) += slope - first - last;
-    _at(row + 2, column) += last;
+    _addBends(row, column, {first, slope - first - last, last});
 }
 
 void UXCairoBandCoverage::_addStep(std::size_t column, double at, std::int32_t height)
@@ -156,17 +165,36 @@ void UXCairoBandCoverage::_addStep(std::size_t column, double at, std::int32_t h
     const auto row = static_cast<std::size_t>(at);
     const double part = at - static_cast<double>(row);
     const auto last = static_cast<std::int32_t>(height * part);
-    _at(row, column) += height - last;
-    _at(row + 1, column) += 2 * last - height;
-    _at(row + 2, column) -= last;
+    _addBends(row, column, {height - last, 2 * last - height, -last});
 }
 
+void UXCairoBandCoverage::_addBends(std::size_t row, std::size_t column,
+                                    const std::array<std::int32_t, kBendReach + 1>& bends)
+{
+    const std::size_t block = column / kBlockWidth;
+    for (const std::int32_t bend : bends) {
+        std::uint32_t& index = m_bendIndexes[row * m_blockCount + block];
+        if (index == 0) {
+            index = static_cast<std::uint32_t>(m_bends.size());
+            m_bends.emplace_back();
+        }
+        m_bends[index][column % kBlockWidth] += bend;
+        ++row;
+    }
+}
+
+/** Most of a large shape is as the row above it. */
 void UXCairoBandCoverage::draw(UXCairoPixels& pixels) const
 {
-    std::vector<std::int32_t> slopes(m_width), heights(m_width);
-    std::vector<std::uint8_t> coverage(m_width);
+    std::vector<Block> slopes(m_blockCount), heights(m_blockCount);
+    std::vector<std::uint8_t> coverage(m_blockCount * kBlockWidth), isSloping(m_blockCount);
     for (std::size_t row = 0; row < m_height; ++row) {
-        addRow(m_bends.data() + row * m_width, slopes.data(), heights.data(), coverage.data(), m_width);
+        for (std::size_t block = 0; block < m_blockCount; ++block) {
+            const std::uint32_t index = m_bendIndexes[row * m_blockCount + block];
+            if (isSloping[block] || index > 0)
+                isSloping[block] = addRow(m_bends[index], slopes[block], heights[block],
+                                          coverage.data() + block * kBlockWidth);
+        }
         pixels.blend(m_box.left, m_box.top + static_cast<int>(row), coverage.data(), m_width);
     }
 }

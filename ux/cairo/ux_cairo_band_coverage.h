@@ -3,6 +3,7 @@
 #include "ux/cairo/ux_cairo_pixels.h"
 #include "ux/ux_double_point.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -25,16 +26,25 @@ public:
     void draw(UXCairoPixels& pixels) const;
 
 private:
+    /** How many more rows a bend within one reaches. */
+    static constexpr std::size_t kBendReach = 2;
+    /** Columns beside each other, which are gone through together. */
+    static constexpr std::size_t kBlockWidth = 16;
+    using Block = std::array<std::int32_t, kBlockWidth>;
+
     void _takeBox(std::span<const std::vector<UXDoublePoint>> bands, const UXCairoPixels::Box& clip);
     void _add(std::span<const UXDoublePoint> band);
     void _addEdge(const UXDoublePoint& from, const UXDoublePoint& to, double sign);
     void _addPart(std::size_t column, double width, double from, double to);
     void _addBend(std::size_t column, double at, std::int32_t slope);
     void _addStep(std::size_t column, double at, std::int32_t height);
-    std::int32_t& _at(std::size_t row, std::size_t column) { return m_bends[row * m_width + column]; }
+    void _addBends(std::size_t row, std::size_t column,
+                   const std::array<std::int32_t, kBendReach + 1>& bends);
 
     UXCairoPixels::Box m_box;
-    std::size_t m_width = 0, m_height = 0;
-    /** By how much the slope, down a column, of what is covered changes at each row, row by row. */
-    std::vector<std::int32_t> m_bends;
+    std::size_t m_width = 0, m_height = 0, m_blockCount = 0; // the blocks of a row
+    /** By how much the slope, down a column, of what is covered changes at each row: where it does. */
+    std::vector<Block> m_bends;
+    /** Of each block of each row, row by row; 0 for one without bends. */
+    std::vector<std::uint32_t> m_bendIndexes;
 };

@@ -125,8 +125,17 @@ bool UXCairoPixels::_takeClip(UXCairoContext* context, const UXTransform& toDevi
 
 void UXCairoPixels::fill(const Box& box)
 {
-    for (int y = box.top; y < box.bottom; ++y)
-        _drawOver(_row(y) + box.left, static_cast<std::size_t>(std::max(box.right - box.left, 0)));
+    if (box.isEmpty())
+        return;
+    const auto count = static_cast<std::size_t>(box.right - box.left);
+    const bool isOpaque = m_color >> 24 == kOpaque;
+    std::uint32_t* pixels = _row(box.top) + box.left;
+    for (int y = box.top; y < box.bottom; ++y, pixels += m_rowLength)
+        if (isOpaque && count < kTogether) // too few for what it takes to begin a run
+            for (std::size_t i = 0; i < count; ++i)
+                pixels[i] = m_color;
+        else
+            _drawOver(pixels, count);
 }
 
 void UXCairoPixels::_drawOver(std::uint32_t* pixels, std::size_t count) const
@@ -178,10 +187,14 @@ void UXCairoPixels::blend(int left, int y, const std::uint8_t* coverage, std::si
     for (; i + kTogether <= count; i += kTogether) {
         if (areAll(coverage + i, 0))
             continue;
-        if (areAll(coverage + i, kOpaque))
-            _drawOver(row + i, kTogether);
-        else
+        if (!areAll(coverage + i, kOpaque)) {
             _blendTogether(row + i, coverage + i);
+            continue;
+        }
+        const std::size_t first = i;
+        while (i + 2 * kTogether <= count && areAll(coverage + i + kTogether, kOpaque))
+            i += kTogether;
+        _drawOver(row + first, i + kTogether - first);
     }
     for (; i < count; ++i) {
         const std::uint32_t color = m_partColors[coverage[i]];
