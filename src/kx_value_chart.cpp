@@ -5,6 +5,7 @@
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_font_fit.h"
 #include "kx_hint_text.h"
 #include "kx_key_definitions.h"
 #include "kx_value_chart_data_provider.h"
@@ -13,19 +14,12 @@
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
-#include "ux/ux_text_measurer.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace {
 
-/** A line of text is at least half as high as its font size, so larger sizes than this many heights never
- * fit. */
-constexpr int sizesPerHeight = 2;
-/** No value shrinks below this size, in logical units: smaller text cannot be read. */
-constexpr int leastFontSize = 9;
 constexpr KXChartItem valueItem{};
 
 } // namespace
@@ -123,7 +117,8 @@ void KXValueChart::_customLayout(UXRect plotArea)
     property.align = UXTextAlign::Center;
     property.textColor = _isNegativeNumber() ? m_negativeFontColor : m_fontColor;
     property.font.familyName = m_fontName;
-    const UXDoubleSize size = _fitFont(text, property, plotArea);
+    property.font.size = m_fontSize;
+    const UXDoubleSize size = kxFitFont({&text, 1}, UXDoubleSize(plotArea.width, plotArea.height), property);
     m_valueLabel->setTextProperty(property);
 
     const int width = uxSaturateToInt(std::ceil(size.width));
@@ -177,31 +172,6 @@ bool KXValueChart::_isNegativeNumber() const
     const bool isNumber = getDataType() == KXChartDataType::Integer ||
                           getDataType() == KXChartDataType::Float;
     return isNumber && getNumber() < 0 && getNumber() > std::numeric_limits<double>::lowest();
-}
-
-UXDoubleSize KXValueChart::_fitFont(const std::string& text, UXTextProperty& property,
-                                    const UXRect& plotArea) const
-{
-    const auto measure = [&](int size) {
-        property.font.size = size;
-        return uxMeasureText(text, property);
-    };
-    const auto fits = [&plotArea](const UXDoubleSize& size) {
-        return plotArea.width > size.width && plotArea.height > size.height;
-    };
-    const int greatest = uxSaturateToInt(std::int64_t{plotArea.height} * sizesPerHeight);
-    int tooLarge = text.empty() ? m_fontSize : std::min(m_fontSize, std::max(greatest, leastFontSize));
-    const UXDoubleSize size = measure(tooLarge);
-    if (tooLarge <= leastFontSize || fits(size))
-        return size;
-
-    // A text grows with its font, so halving finds the largest size that fits, the least if none does.
-    int fontSize = leastFontSize;
-    while (tooLarge - fontSize > 1) {
-        const int middle = fontSize + (tooLarge - fontSize) / 2;
-        (fits(measure(middle)) ? fontSize : tooLarge) = middle;
-    }
-    return measure(fontSize);
 }
 
 KX_DEFINE_CHART_KEYS(KXValueChart, KX_VALUE_CHART_KEYS)

@@ -4,7 +4,6 @@
 #include "kx_key_table.h"
 #include "kx_panel_chart.h"
 #include "kx_value_chart_data_user.h"
-#include "ux/ux_double_size.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_property_accessor.h"
 #include "ux/ux_text_align.h"
@@ -12,8 +11,6 @@
 
 #include <string>
 #include <vector>
-
-class UXLayoutHelper;
 
 // type, name, member and JSON key, default, reset, effect, meaning; a part and the data format stand before
 #define KX_VALUE_CHART_KEYS(KEY)                                                                          \
@@ -66,7 +63,6 @@ private:
     std::string _obtainValueText() const;
     bool _isNegativeNumber() const;
     void _colorValueLabel();
-    UXDoubleSize _fitFont(const std::string& text, UXTextProperty& property, const UXRect& plotArea) const;
 
     KXChartLabel* m_valueLabel; // a child
 };
