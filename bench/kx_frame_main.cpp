@@ -4,6 +4,7 @@
 #include "frame_clock.h"
 #include "gauge_board.h"
 #include "heat_board.h"
+#include "kpi_board.h"
 #include "kx_area_chart.h"
 #include "kx_line_bar_chart.h"
 #include "kx_line_chart.h"
@@ -12,7 +13,6 @@
 #include "pie_board.h"
 #include "tree_board.h"
 #include "ux/cairo/ux_cairo_install.h"
-#include "value_board.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -238,7 +238,10 @@ int main(int argc, char** argv)
     }
     const Command command{argv[1], std::atol(argv[2]), argv[3]};
     if (command.item == "kpi")
-        return run(start, command, {}, makeBoard<ValueBoard>);
+        return run(start, command, {}, [&] {
+            return std::make_unique<BoardFrame<KpiBoard>>(
+                static_cast<std::size_t>(std::max(command.size, 0L)));
+        });
     if (command.item == "gauge")
         return run(start, command, {}, makeBoard<GaugeBoard>);
     if (command.item == "pie")

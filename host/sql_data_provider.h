@@ -8,6 +8,7 @@
 #include "kx_density_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_heat_map_chart_data_provider.h"
+#include "kx_kpi_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
@@ -25,6 +26,7 @@ class SqlDataProvider : public KXValueChartDataProvider,
                         public KXPieChartDataProvider,
                         public KXDensityChartDataProvider,
                         public KXHeatMapChartDataProvider,
+                        public KXKpiChartDataProvider,
                         public KXTreeMapChartDataProvider {
 public:
     /** @param session outlives this object */

@@ -103,6 +103,7 @@ template KX_EXPORT UXEnum::UXEnumMap<KXControlChartStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXGaugeChartLabelDisplay>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXGaugeChartPartitionStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXKpiChartMainDisplay>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXKpiDifferenceDisplay>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXLineLabelPosition>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXLineCurve>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXLineNullHandling>* kxObtainEnumMap();

@@ -12,6 +12,7 @@
 #include "kx_bar_chart_property.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_heat_map_column_header_panel.h"
+#include "kx_chart_kpi_panel.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_chart_slider.h"
@@ -28,6 +29,7 @@
 #include "kx_heat_map_legend.h"
 #include "kx_heat_map_panel.h"
 #include "kx_horizontal_bar.h"
+#include "kx_kpi_chart.h"
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
 #include "kx_line_bar_chart.h"
@@ -124,8 +126,8 @@ constexpr Type types[] = {
     KX_TYPE(UXHint),
     KX_TYPE(UXHintFrame),
     KX_TYPE(KXHorizontalBar),
-    KX_TYPE_WITHOUT_CLASS(KXKpiChart),
-    KX_TYPE_WITHOUT_CLASS(KXChartKpiPanel),
+    KX_TYPE(KXKpiChart),
+    KX_TYPE(KXChartKpiPanel),
     KX_TYPE(UXLabel),
     KX_TYPE(KXLegend),
     KX_TYPE(KXLegendCell),

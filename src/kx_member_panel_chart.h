@@ -59,8 +59,8 @@ public:
     static const UXPropertyTable& obtainPropertyTable();
 
     // Groups
-    /** @return the number of members or measures, however they are listed */
-    std::uint64_t obtainGroupCount() const;
+    /** @return the number of members, or of measures where there is no dimension, however they are listed */
+    virtual std::uint64_t obtainGroupCount() const;
     /** @return the groups in the order of the legend */
     const KXListedGroups& getListedGroups() const { return m_listed; }
     /** @return the member's text or the measure's label. The provider may be asked, which may destroy the

@@ -6,6 +6,7 @@
 #include "kx_export.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_heat_map_chart_data_provider.h"
+#include "kx_kpi_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
@@ -40,6 +41,7 @@ class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
                                       public KXPieChartDataProvider,
                                       public KXDensityChartDataProvider,
                                       public KXHeatMapChartDataProvider,
+                                      public KXKpiChartDataProvider,
                                       public KXTreeMapChartDataProvider,
                                       public KXValueChartDataProvider,
                                       public KXGaugeChartDataProvider {

@@ -11,6 +11,7 @@
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_gauge_chart_options.h"
 #include "kx_json_object_factory.h"
+#include "kx_kpi_chart_options.h"
 #include "kx_line_chart_options.h"
 #include "kx_pie_chart_data_provider.h"
 #include "kx_pie_chart_options.h"
@@ -261,6 +262,8 @@ private:
     static std::string _tellApart(const Json& object, const std::string& key)
     {
         const std::string type = object.value("type", "");
+        if (key == "m_mainDisplay" && type == "KXKpiChart")
+            return "kpi." + key;
         const bool isOfLines = type == "KXLineChartProperty" || type == "KXScatterChartProperty";
         if (key != "m_labelPosition" || (!isOfLines && type != "KXPieChart"))
             return key;
@@ -320,6 +323,8 @@ private:
                 list.push_back(reached += below(30) - 2);
             else if (key == "m_assistantLines")
                 list.push_back(_makeAssistantLine());
+            else if (key == "m_thresholds")
+                list.push_back(below(300) / 2.0);
             else if (key == "m_seriesLineWidths")
                 list.push_back(below(9) / 2.0);
             else
@@ -364,6 +369,10 @@ private:
             {"m_lowerBound", {-1e300, 0, 3}},
             {"m_upperBound", {1e300, 0, 30}},
             {"m_whisker", {-1, 0, 0.05, 0.5}},
+            {"m_panelGap", {-1, 0, 3, 16, 500}},
+            {"m_panelPadding", {-1, 0, 12, 300}},
+            {"m_columnCount", {-1, 0, 1, 3, 7}},
+            {"m_percentageDecimals", {-1, 0, 2, 30}},
             {"m_groupGap", {-1, 0, 3, 50}},
             {"m_sliceGap", {-1, 0, 1, 50}},
             {"m_pipeWithPercentage", {-0.5, 0, 0.02, 0.1, 0.28, 0.6, 1, 2}}};
@@ -410,6 +419,8 @@ private:
             {"m_style", uxObtainEnumNames(KXDensityStyle())},
             {"m_smoothing", uxObtainEnumNames(KXDensitySmoothing())},
             {"m_heightScale", uxObtainEnumNames(KXDensityHeightScale())},
+            {"m_differenceDisplay", uxObtainEnumNames(KXKpiDifferenceDisplay())},
+            {"kpi.m_mainDisplay", uxObtainEnumNames(KXKpiChartMainDisplay())},
             {"m_tileStyle", uxObtainEnumNames(KXTreeMapChartTileStyle())},
             {"m_labelOverflow", uxObtainEnumNames(KXBarLabelOverflow())},
             {"m_labelDisplayOption", uxObtainEnumNames(KXAxisChartLabelDisplayOption())},
@@ -419,9 +430,9 @@ private:
             {"m_maxMinDisplay", display},
             {"m_partitionLabelDisplay", display},
             {"m_partitionStyle", uxObtainEnumNames(KXGaugeChartPartitionStyle())}};
-        static const std::set<std::string> texts = {"m_titleValue",  "m_titleDefaultValue", "m_prefix",
-                                                    "m_suffix",      "m_targetCaption",     "m_remarks",
-                                                    "m_totalCaption"};
+        static const std::set<std::string> texts = {"m_titleValue",   "m_titleDefaultValue", "m_prefix",
+                                                    "m_suffix",       "m_targetCaption",     "m_remarks",
+                                                    "m_totalCaption", "m_comparisonCaption"};
         const auto found = names.find(key);
         if (found != names.end())
             value = _pickName(found->second);
