@@ -12,6 +12,7 @@
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
+#include "kx_value_list_chart_data_provider.h"
 #include "sql_data_set.h"
 #include "sql_totals.h"
 
@@ -27,7 +28,8 @@ class SqlDataProvider : public KXValueChartDataProvider,
                         public KXDensityChartDataProvider,
                         public KXHeatMapChartDataProvider,
                         public KXKpiChartDataProvider,
-                        public KXTreeMapChartDataProvider {
+                        public KXTreeMapChartDataProvider,
+                        public KXValueListChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);

@@ -31,5 +31,5 @@ enum class KXControlChartPeriod : int {
     YearToDate
 };
 
-/** The look of one item of a value list. */
-enum class KXValueListBaseItemStyle : int {};
+/** Where the caption of an item of a value list stands, seen from its value. Documents hold its number. */
+enum class KXValueListBaseItemStyle : int { Left, Above, Below, Right };

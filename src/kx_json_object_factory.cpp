@@ -51,6 +51,7 @@
 #include "kx_scatter_plot_area.h"
 #include "kx_scatter_plot_data.h"
 #include "kx_scatter_point.h"
+#include "kx_scrollable_value_list.h"
 #include "kx_stacked_bar.h"
 #include "kx_tile.h"
 #include "kx_tornado_chart.h"
@@ -59,6 +60,9 @@
 #include "kx_tornado_chart_stacked_bar.h"
 #include "kx_tree_map_chart.h"
 #include "kx_value_chart.h"
+#include "kx_value_list.h"
+#include "kx_value_list_base_item.h"
+#include "kx_value_list_chart.h"
 #include "kx_vertical_bar.h"
 #include "kx_waterfall_chart.h"
 #include "kx_waterfall_chart_data_view.h"
@@ -150,7 +154,7 @@ constexpr Type types[] = {
     KX_TYPE(KXScatterPlotData),
     KX_TYPE(KXScatterPoint),
     KX_TYPE(KXScatterChartProperty),
-    KX_TYPE_WITHOUT_CLASS(KXScrollableValueList),
+    KX_TYPE(KXScrollableValueList),
     KX_TYPE(KXStackedBar),
     KX_TYPE(KXChartStackedBarSegment),
     KX_TYPE_WITHOUT_CLASS(KXTableChart),
@@ -165,9 +169,9 @@ constexpr Type types[] = {
     KX_TYPE(KXTreeMapChart),
     KX_TYPE_WITHOUT_CLASS(KXTrendChart),
     KX_TYPE(KXValueChart),
-    KX_TYPE_WITHOUT_CLASS(KXValueList),
-    KX_TYPE_WITHOUT_CLASS(KXValueListBaseItem),
-    KX_TYPE_WITHOUT_CLASS(KXValueListChart),
+    KX_TYPE(KXValueList),
+    KX_TYPE(KXValueListBaseItem),
+    KX_TYPE(KXValueListChart),
     KX_TYPE(KXVerticalBar),
     KX_TYPE(KXWaterfallChart),
     KX_TYPE(KXWaterfallChartDataView),

@@ -10,6 +10,7 @@
 #include "kx_pie_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
+#include "kx_value_list_chart_data_provider.h"
 #include "ux/ux_color.h"
 #include "ux/ux_object_watcher.h"
 
@@ -43,6 +44,7 @@ class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
                                       public KXHeatMapChartDataProvider,
                                       public KXKpiChartDataProvider,
                                       public KXTreeMapChartDataProvider,
+                                      public KXValueListChartDataProvider,
                                       public KXValueChartDataProvider,
                                       public KXGaugeChartDataProvider {
 public:

@@ -373,6 +373,7 @@ private:
             {"m_panelPadding", {-1, 0, 12, 300}},
             {"m_columnCount", {-1, 0, 1, 3, 7}},
             {"m_percentageDecimals", {-1, 0, 2, 30}},
+            {"m_itemStyle", {-1, 0, 1, 2, 3, 9}},
             {"m_groupGap", {-1, 0, 3, 50}},
             {"m_sliceGap", {-1, 0, 1, 50}},
             {"m_pipeWithPercentage", {-0.5, 0, 0.02, 0.1, 0.28, 0.6, 1, 2}}};
