@@ -122,6 +122,7 @@ template KX_EXPORT UXEnum::UXEnumMap<KXDensityStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXDensitySmoothing>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXDensityHeightScale>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTrendChartDiffDisplay>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTrendComparison>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXWaterfallChartGroupValueSortOrder>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<UXAlign>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<UXArrangement>* kxObtainEnumMap();

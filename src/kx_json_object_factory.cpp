@@ -59,6 +59,7 @@
 #include "kx_tornado_chart_property.h"
 #include "kx_tornado_chart_stacked_bar.h"
 #include "kx_tree_map_chart.h"
+#include "kx_trend_chart.h"
 #include "kx_value_chart.h"
 #include "kx_value_list.h"
 #include "kx_value_list_base_item.h"
@@ -167,7 +168,7 @@ constexpr Type types[] = {
     KX_TYPE(KXTornadoChartProperty),
     KX_TYPE(KXTornadoChartStackedBar),
     KX_TYPE(KXTreeMapChart),
-    KX_TYPE_WITHOUT_CLASS(KXTrendChart),
+    KX_TYPE(KXTrendChart),
     KX_TYPE(KXValueChart),
     KX_TYPE(KXValueList),
     KX_TYPE(KXValueListBaseItem),

@@ -189,6 +189,8 @@
 #include "kx_tree_map_chart.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_tree_map_chart_options.h"
+#include "kx_trend_chart.h"
+#include "kx_trend_chart_data_provider.h"
 #include "kx_trend_chart_options.h"
 #include "kx_value_change.h"
 #include "kx_value_chart.h"

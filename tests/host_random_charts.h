@@ -17,6 +17,7 @@
 #include "kx_pie_chart_options.h"
 #include "kx_scatter_chart_options.h"
 #include "kx_tree_map_chart_options.h"
+#include "kx_trend_chart_options.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_enum_base.h"
 #include "ux/ux_padding.h"
@@ -373,6 +374,7 @@ private:
             {"m_panelPadding", {-1, 0, 12, 300}},
             {"m_columnCount", {-1, 0, 1, 3, 7}},
             {"m_percentageDecimals", {-1, 0, 2, 30}},
+            {"m_compareBack", {-1, 0, 1, 12, 1e9}},
             {"m_itemStyle", {-1, 0, 1, 2, 3, 9}},
             {"m_groupGap", {-1, 0, 3, 50}},
             {"m_sliceGap", {-1, 0, 1, 50}},
@@ -422,6 +424,8 @@ private:
             {"m_heightScale", uxObtainEnumNames(KXDensityHeightScale())},
             {"m_differenceDisplay", uxObtainEnumNames(KXKpiDifferenceDisplay())},
             {"kpi.m_mainDisplay", uxObtainEnumNames(KXKpiChartMainDisplay())},
+            {"m_compareTo", uxObtainEnumNames(KXTrendComparison())},
+            {"m_diffDisplay", uxObtainEnumNames(KXTrendChartDiffDisplay())},
             {"m_tileStyle", uxObtainEnumNames(KXTreeMapChartTileStyle())},
             {"m_labelOverflow", uxObtainEnumNames(KXBarLabelOverflow())},
             {"m_labelDisplayOption", uxObtainEnumNames(KXAxisChartLabelDisplayOption())},

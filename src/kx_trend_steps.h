@@ -1,0 +1,27 @@
+#pragma once
+
+#include "kx_chart_aggregate_type.h"
+#include "kx_chart_data_type.h"
+#include "kx_export.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+/** The steps along which a trend runs. */
+struct KX_EXPORT KXTrendSteps {
+    std::span<const double> numbers; /**< by step: seconds since 1970, or years; empty where there are none */
+    std::size_t count = 0;
+    KXChartDataType type = KXChartDataType::String;
+    KXChartAggregateType level = KXChartAggregateType::None;
+
+    /** @return the step so many before one, none before the first one */
+    std::optional<std::size_t> findBack(std::size_t step, std::int64_t distance) const;
+    /** @return the step of the same month, quarter or date a year before, of weeks that 52 weeks before: of
+     * February 29 the 28th. None where the data lack it, however near a neighbour is. */
+    std::optional<std::size_t> findYearBefore(std::size_t step) const;
+
+private:
+    std::optional<double> _obtainYearBefore(double number) const;
+};
