@@ -23,8 +23,8 @@ namespace {
 constexpr double lineGap = 4;
 /** So many panels say how large all need to be. */
 constexpr std::size_t greatestSampleCount = 200;
-/** Of the width in which a panel shows all in full size: below, panels scroll. */
-constexpr double leastWidthShare = 0.6;
+/** Of the width of the values in full size: where they have less, panels scroll. */
+constexpr double leastValueShare = 0.6;
 constexpr double leastPanelWidth = 60;
 /** In full sizes of a panel. */
 constexpr double enoughRoom = 1.5;
@@ -142,9 +142,10 @@ void KXFigureChart::showItem(const KXChartItem& item)
     const auto found = std::ranges::find(groups, item.group);
     if (found == groups.end() || !m_view->getVisible())
         return;
-    const auto row = static_cast<double>(static_cast<std::uint64_t>(found - groups.begin()) / m_grid.columns);
-    const auto top = static_cast<std::int64_t>(row * m_grid.distance.y);
-    const auto bottom = static_cast<std::int64_t>(row * m_grid.distance.y + std::ceil(m_grid.panel.height));
+    const std::uint64_t row = static_cast<std::uint64_t>(found - groups.begin()) / m_grid.columns;
+    const double place = static_cast<double>(row) * m_grid.distance.y;
+    const auto top = static_cast<std::int64_t>(place);
+    const auto bottom = static_cast<std::int64_t>(place + std::ceil(m_grid.panel.height));
     const std::int64_t offset = m_view->getContentOffsetY();
     m_view->setContentOffsetY(std::min(std::max(offset, bottom - m_view->obtainDisplayArea().height), top));
 }
@@ -187,11 +188,10 @@ std::vector<KXPanelItem> KXFigureChart::_layoutItems(const UXRect& area)
     std::vector<KXPanelItem> items;
     items.reserve(end - first);
     for (std::size_t i = first; i < end; ++i) {
-        const auto row = static_cast<double>(i / m_grid.columns);
-        const auto column = static_cast<double>(i % m_grid.columns);
-        const UXDoubleRect panel(std::round(area.x + column * m_grid.distance.x),
-                                 std::round(area.y + row * m_grid.distance.y - offset), m_grid.panel.width,
-                                 m_grid.panel.height);
+        const std::uint64_t row = i / m_grid.columns, column = i % m_grid.columns;
+        const UXDoubleRect panel(std::round(area.x + static_cast<double>(column) * m_grid.distance.x),
+                                 std::round(area.y + static_cast<double>(row) * m_grid.distance.y - offset),
+                                 m_grid.panel.width, m_grid.panel.height);
         items.push_back({{0, groups[i], 0}, KXPanelShape(panel)});
         _layoutPanel(groups[i], {panel.x + padding, panel.y + padding, room.width, room.height});
     }
@@ -212,7 +212,7 @@ void KXFigureChart::_arrange(const std::vector<std::uint64_t>& groups, const UXR
 {
     m_lines = _makeLines();
     const std::size_t sampleCount = std::min(groups.size(), greatestSampleCount);
-    double width = leastPanelWidth, rowWidth = 0;
+    double otherWidth = leastPanelWidth, rowWidth = 0;
     for (std::size_t line = 0; line < m_lines.size(); ++line) {
         KXFigureLine& own = m_lines[line];
         double widest = own.isCaption ? usualCaptionWidth : 0;
@@ -226,14 +226,13 @@ void KXFigureChart::_arrange(const std::vector<std::uint64_t>& groups, const UXR
         if (own.rank == 0 || own.place != KXFigureLinePlace::Below)
             rowWidth += widest + lineGap;
         else
-            width = std::max(width, std::min(widest, greatestOtherWidth));
+            otherWidth = std::max(otherWidth, std::min(widest, greatestOtherWidth));
     }
-    width = std::max(width, rowWidth);
     const double padding = 2 * _obtainPadding();
     const UXDoubleSize room(area.width, area.height);
-    const UXDoubleSize natural(std::ceil(width) + 1 + padding,
+    const UXDoubleSize natural(std::ceil(std::max(otherWidth, rowWidth)) + 1 + padding,
                                kxMeasureFigureHeight(m_lines, lineGap) + padding);
-    const UXDoubleSize least(std::max(natural.width * leastWidthShare, leastPanelWidth),
+    const UXDoubleSize least(std::max(otherWidth, rowWidth * leastValueShare) + padding,
                              kxMeasureLeastFigureHeight(m_lines, lineGap) + padding);
     const auto obtainContentHeight = [&] {
         const std::uint64_t rows = (groups.size() + m_grid.columns - 1) / m_grid.columns;
@@ -273,7 +272,8 @@ KXFigureChart::Grid KXFigureChart::_arrangePanels(std::uint64_t count, const UXD
     double bestScale = -1;
     bool isBestFull = false;
     for (std::uint64_t columns = from; columns <= to; ++columns) {
-        const auto rows = static_cast<double>((count + columns - 1) / columns);
+        const std::uint64_t rowCount = (count + columns - 1) / columns;
+        const auto rows = static_cast<double>(rowCount);
         const double gap = std::min(_obtainGap(), room.height / (2 * rows));
         const Grid grid = _makeGrid(columns, room.width, (room.height - (rows - 1) * gap) / rows);
         // More room than enough makes no panel better; then a full last row does, and more side by side.
@@ -290,13 +290,12 @@ KXFigureChart::Grid KXFigureChart::_arrangePanels(std::uint64_t count, const UXD
     const bool fits = best.panel.width >= least.width && best.panel.height >= least.height;
     if (fits || count == 1)
         return best;
-    const double across = (room.width + _obtainGap()) / (least.width + _obtainGap());
+    // What scrolls need not be small.
+    const double across = (room.width + _obtainGap()) / (natural.width + _obtainGap());
     const std::uint64_t columns = wanted > 0
                                       ? from
                                       : std::min(static_cast<std::uint64_t>(std::max(across, 1.0)), to);
-    return _makeGrid(
-        columns, room.width,
-        std::min(std::max(least.height, natural.height * leastWidthShare), std::max(room.height, 1.0)));
+    return _makeGrid(columns, room.width, std::min(natural.height, room.height));
 }
 
 void KXFigureChart::_layoutPanel(std::uint64_t group, const UXDoubleRect& panel)

@@ -1,6 +1,7 @@
 #include "kx_figure_line.h"
 
 #include "kx_font_fit.h"
+#include "ux/ux_saturate.h"
 #include "ux/ux_text_measurer.h"
 
 #include <algorithm>
@@ -12,6 +13,8 @@ namespace {
 /** Of the height of a line: what lies above the line that its letters stand on. */
 constexpr double ascentShare = 0.8;
 constexpr double noise = 1e-6;
+/** Of the font size of the other lines: how large a value is at least, before they give way. */
+constexpr double leastLead = 1.4;
 /** Stands for every text of a line that has none yet. */
 const std::string sample = "0";
 
@@ -126,7 +129,8 @@ double kxMeasureFigureHeight(std::span<const KXFigureLine> lines, double gap)
 
 double kxMeasureLeastFigureHeight(std::span<const KXFigureLine> lines, double gap)
 {
-    return measureLines(lines, gap, obtainLargestOtherSize(lines));
+    const int size = uxRoundToInt(obtainLargestOtherSize(lines) * leastLead);
+    return measureLines(lines, gap, size);
 }
 
 double kxStackFigure(std::span<KXFigureLine> lines, const UXDoubleSize& room, double gap)

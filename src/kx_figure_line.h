@@ -34,12 +34,12 @@ struct KX_EXPORT KXFigureLine {
 
 /** @return the height of all lines, each in its largest font, in logical units; so the next one */
 [[nodiscard]] KX_EXPORT double kxMeasureFigureHeight(std::span<const KXFigureLine> lines, double gap);
-/** @return the height in which no line gives way, with a value no larger than the other lines */
+/** @return the height in which no line gives way, with a value that is a little larger than the others */
 [[nodiscard]] KX_EXPORT double kxMeasureLeastFigureHeight(std::span<const KXFigureLine> lines, double gap);
 
 /**
  * Places the lines from the top of their room on. Where it is low, lines give way until the value has a font
- * as large as theirs; then the value takes the largest font that fits in every figure.
+ * a little larger than theirs; then the value takes the largest font that fits in every figure.
  * @param room of one figure
  * @param gap between two lines, in logical units
  * @return the height that they take

@@ -25,7 +25,7 @@
     KEY(KXKpiDifferenceDisplay, DifferenceDisplay, m_differenceDisplay, KXKpiDifferenceDisplay::Both,        \
         Any(Kpi), Layout, "how the difference to the comparison is written")                                 \
     KEY(UXTextProperty, DifferenceProperty, m_differenceProperty,                                            \
-        _makeTextProperty(14, UXColor(105, 105, 110)), Any(Kpi), Layout,                                     \
+        _makeTextProperty(12, UXColor(105, 105, 110)), Any(Kpi), Layout,                                     \
         "text of the difference; its colour is that of what has no status")                                  \
     KEY(bool, ShowStatus, m_showStatus, true, Any(Kpi), Layout, "the status in words behind the difference") \
     KEY(bool, ShowProgress, m_showProgress, true, Any(Kpi), Layout,                                          \

@@ -175,6 +175,12 @@ std::string KXTrendChart::obtainLineText(Line line)
     return {};
 }
 
+UXDoubleRect KXTrendChart::obtainLineRect(Line line) const
+{
+    const auto found = std::ranges::find(m_texts, line, &Text::line);
+    return found == m_texts.end() ? UXDoubleRect() : found->rect;
+}
+
 std::vector<KXFigureLine> KXTrendChart::_makeLines()
 {
     const std::pair<const UXTextProperty*, int> looks[] = {
@@ -210,7 +216,7 @@ double KXTrendChart::_layoutTexts(const UXRect& area)
 
 void KXTrendChart::_placeText(const KXFigureLine& line, Line kind, const UXRect& area)
 {
-    Text placed{line.texts.front(), {}, line.property};
+    Text placed{kind, line.texts.front(), {}, line.property};
     placed.property.align = UXTextAlign::Left;
     placed.property.option = UXTextOption::Default;
     placed.property.lineMode = 2;

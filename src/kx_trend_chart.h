@@ -42,7 +42,7 @@
     KEY(UXTextProperty, ValueProperty, m_valueProperty, _makeTextProperty(36, UXColor(64, 64, 64)),         \
         Any(Trend), Layout, "text of the value; it shrinks until it fits")                                  \
     KEY(UXTextProperty, DifferenceProperty, m_differenceProperty,                                           \
-        _makeTextProperty(14, UXColor(105, 105, 110)), Any(Trend), Layout,                                  \
+        _makeTextProperty(12, UXColor(105, 105, 110)), Any(Trend), Layout,                                  \
         "text of the change; its colour is that of no change")                                              \
     KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeTextProperty(12, UXColor(105, 105, 110)),      \
         Any(Trend), Layout, "text of the period")                                                           \
@@ -73,6 +73,10 @@ public:
      * chart. */
     std::string obtainLineText(Line line);
 
+    /** @return where a line stands in the chart's own space, as of the last layout; empty for one that is not
+     * shown */
+    UXDoubleRect obtainLineRect(Line line) const;
+
     // From KXChart, KXAxisChart, KXXYAxisChart and UXJsonObject
     std::string customSerializeTypeID() override;
     void customReloadData() override;
@@ -88,6 +92,7 @@ protected:
 
 private:
     struct Text {
+        Line line;
         std::string text;
         UXDoubleRect rect;
         UXTextProperty property;

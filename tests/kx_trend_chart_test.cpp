@@ -1,14 +1,18 @@
 #include "kx_trend_chart.h"
 
 #include "kx_calendar_time.h"
+#include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_kpi_chart.h"
 #include "kx_table_data_provider.h"
 #include "kx_trend_steps.h"
+#include "kx_value_chart.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <limits>
 #include <string>
 #include <tuple>
@@ -55,13 +59,13 @@ class KXTrendChartTest : public testing::Test {
 protected:
     KXTrendChartTest() { chart.getChartProperty()->setShowTitle(false); }
 
-    void show(const Texts& months, Values values)
+    void show(const Texts& months, Values values, const UXRect& rect = {0, 0, 402, 302})
     {
         table.clear();
         table.addDimension("Month", months, KXChartDataType::Date);
         table.addMeasure("Jobs", std::move(values));
         table.serve(chart);
-        chart.setRect({0, 0, 402, 302});
+        chart.setRect(rect);
         chart.setRequireToVerifyLayout(true, true);
         chart.layout();
     }
@@ -175,6 +179,38 @@ TEST_F(KXTrendChartTest, TheValueStandsForItsStep)
     EXPECT_EQ(chart.obtainItemAt({20, 20}), (KXChartItem{0, 0, 2}));
     EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"\"Jobs\"", "\"2\"", "\"2015-12-01\""}), "");
     EXPECT_TRUE(chart.hasItem({0, 0, 1})) << "and the line has its own";
+}
+
+TEST_F(KXTrendChartTest, StandsOnOneLineWithOtherFigures)
+{
+    KXTableDataProvider one;
+    one.addMeasure("Jobs", {2});
+    KXKpiChart kpi;
+    KXValueChart value;
+    for (const bool isLow : {false, true}) {
+        const UXRect rect{0, 0, 300, isLow ? 60 : 200};
+        for (KXChart* each : std::initializer_list<KXChart*>{&chart, &kpi, &value}) {
+            each->getChartProperty()->setShowTitle(true);
+            each->getChartProperty()->setTitleValue("Title");
+            each->init();
+            each->setRect(rect);
+        }
+        one.serve(kpi);
+        one.serve(value);
+        show({"2015-11-01", "2015-12-01"}, {1, 2}, rect);
+        kpi.layout();
+        value.layout();
+        const UXDoubleRect trendPlace = chart.obtainLineRect(KXTrendChart::Value);
+        const UXDoubleRect kpiPlace = kpi.getPlacedTexts().at(0).rect;
+        const UXRect valuePlace = value.getValueLabel()->getRect();
+        EXPECT_EQ(kpi.getPlacedTexts().at(0).text, "2");
+        EXPECT_EQ(trendPlace.y, kpiPlace.y);
+        EXPECT_EQ(trendPlace.height, kpiPlace.height);
+        EXPECT_EQ(valuePlace.y, kpiPlace.y);
+        if (!isLow) {
+            EXPECT_EQ(valuePlace.height, kpiPlace.height);
+        }
+    }
 }
 
 } // namespace
