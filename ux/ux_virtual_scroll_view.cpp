@@ -396,6 +396,8 @@ void UXVirtualScrollView::_updateBar(bool horizontal, bool shown, const UXRect& 
     const auto isAlive = [&] { return self.isAlive() && watcher.isAlive(); };
     if (isNew)
         UXObject::addChild(bar);
+    if (isNew && isAlive())
+        _bringBarsToFront(); // in one order, whichever was needed first
     if (isAlive())
         bar->setVisible(shown);
     if (isAlive() && shown)
