@@ -1,9 +1,8 @@
 #include "kx_assistant_line_property.h"
 
 #include "kx_key_definitions.h"
+#include "kx_key_record_type.h"
 #include "ux/ux_localize.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -49,31 +48,12 @@ UXTextProperty KXAssistantLineProperty::_makeDefaultLabelProperty()
 
 bool operator==(const KXAssistantLineProperty& a, const KXAssistantLineProperty& b)
 {
-    const auto placeOf = [](const UXProperty& key, const KXAssistantLineProperty& line) {
-        return key.place(const_cast<KXAssistantLineProperty*>(&line));
-    };
-    return std::ranges::all_of(
-        KXAssistantLineProperty::obtainPropertyTable().getProperties(),
-        [&](const UXProperty& key) { return key.type().equal(placeOf(key, a), placeOf(key, b)); });
+    return kxEqualRecords(a, b);
 }
 
 const UXPropertyType& KXKeyTypeOf<KXAssistantLineProperty>::obtain()
 {
-    using Line = KXAssistantLineProperty;
-    static constexpr UXPropertyType type{
-        .info = &typeid(Line),
-        .name = "KXAssistantLineProperty",
-        .equal = uxEqualPropertyValues<Line>,
-        .assign = uxAssignPropertyValue<Line>,
-        .write =
-            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, const void* value) {
-                object.serializeObject(key, const_cast<Line*>(static_cast<const Line*>(value)));
-            },
-        .read =
-            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, void* value) {
-                // A key that is missing keeps its default, and makes no element a wrong one.
-                auto* line = static_cast<Line*>(value);
-                return object.deserializeExistingObject(key, line) || !(*line == Line());
-            }};
+    static constexpr UXPropertyType type = kxMakeRecordKeyType<KXAssistantLineProperty>(
+        "KXAssistantLineProperty");
     return type;
 }
