@@ -53,6 +53,9 @@
 #include "kx_scatter_point.h"
 #include "kx_scrollable_value_list.h"
 #include "kx_stacked_bar.h"
+#include "kx_table_chart.h"
+#include "kx_table_databar_info.h"
+#include "kx_table_panel.h"
 #include "kx_tile.h"
 #include "kx_tornado_chart.h"
 #include "kx_tornado_chart_data_view.h"
@@ -158,9 +161,9 @@ constexpr Type types[] = {
     KX_TYPE(KXScrollableValueList),
     KX_TYPE(KXStackedBar),
     KX_TYPE(KXChartStackedBarSegment),
-    KX_TYPE_WITHOUT_CLASS(KXTableChart),
-    KX_TYPE_WITHOUT_CLASS(KXTableDatabarInfo),
-    KX_TYPE_WITHOUT_CLASS(KXTablePanel),
+    KX_TYPE(KXTableChart),
+    KX_TYPE(KXTableDatabarInfo),
+    KX_TYPE(KXTablePanel),
     KX_TYPE(KXTile),
     KX_TYPE(KXChartToolboxItem),
     KX_TYPE(KXTornadoChart),

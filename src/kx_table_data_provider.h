@@ -8,6 +8,7 @@
 #include "kx_heat_map_chart_data_provider.h"
 #include "kx_kpi_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
+#include "kx_table_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "kx_value_list_chart_data_provider.h"
@@ -43,6 +44,7 @@ class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
                                       public KXDensityChartDataProvider,
                                       public KXHeatMapChartDataProvider,
                                       public KXKpiChartDataProvider,
+                                      public KXTableChartDataProvider,
                                       public KXTreeMapChartDataProvider,
                                       public KXValueListChartDataProvider,
                                       public KXValueChartDataProvider,

@@ -176,6 +176,8 @@
 #include "kx_squarify.h"
 #include "kx_stacked_bar.h"
 #include "kx_switch_part.h"
+#include "kx_table_chart.h"
+#include "kx_table_chart_data_provider.h"
 #include "kx_table_chart_options.h"
 #include "kx_table_data_provider.h"
 #include "kx_text_line.h"

@@ -16,6 +16,9 @@
 #include "kx_pie_chart_data_provider.h"
 #include "kx_pie_chart_options.h"
 #include "kx_scatter_chart_options.h"
+#include "kx_table_chart_data_provider.h"
+#include "kx_table_chart_options.h"
+#include "kx_table_databar_info.h"
 #include "kx_tree_map_chart_options.h"
 #include "kx_trend_chart_options.h"
 #include "kx_value_chart_data_provider.h"
@@ -40,7 +43,8 @@
 class RandomTable : public KXAxisChartTestProvider,
                     public KXValueChartDataProvider,
                     public KXGaugeChartDataProvider,
-                    public KXPieChartDataProvider {
+                    public KXPieChartDataProvider,
+                    public KXTableChartDataProvider {
 public:
     std::vector<std::string> labels{"s"};
     std::string text;
@@ -311,21 +315,40 @@ private:
         return line;
     }
 
+    Json _makeDatabar()
+    {
+        Json bar = Json::parse(KXTableDatabarInfo().serialize());
+        bar["m_style"] = _pickName(uxObtainEnumNames(KXTableDatabarStyle()));
+        bar["m_hasRange"] = oneIn(3);
+        bar["m_minimum"] = below(20) - 10;
+        bar["m_maximum"] = below(200) - 50;
+        return bar;
+    }
+
     void _changeList(const std::string& key, Json& list)
     {
         static const std::map<std::string, std::string> names = {
             {"m_seriesLineStyles", uxObtainEnumNames(KXChartLineStyle())},
             {"m_seriesShapes", uxObtainEnumNames(KXPointShape())},
+            {"m_showValuesAs", uxObtainEnumNames(KXTableShowValuesAs())},
             {"m_seriesTypes", uxObtainEnumNames(KXAxisChartType())}};
         const auto found = names.find(key);
         list = Json::array();
         for (int i = below(9), reached = 0; i > 0; --i)
             if (key == "m_customParititonSegment")
                 list.push_back(reached += below(30) - 2);
+            else if (key == "m_databars")
+                list.push_back(_makeDatabar());
             else if (key == "m_assistantLines")
                 list.push_back(_makeAssistantLine());
             else if (key == "m_thresholds")
                 list.push_back(below(300) / 2.0);
+            else if (key == "m_toggledRows" || key == "m_toggledColumns" || key == "m_sizedColumns")
+                list.push_back("c" + std::to_string(i));
+            else if (key == "m_sortOrder")
+                list.push_back("-/" + std::to_string(i));
+            else if (key == "m_columnWidths")
+                list.push_back(pick(std::array{-1, 0, 30, 200, 100'000}));
             else if (key == "m_seriesLineWidths")
                 list.push_back(below(9) / 2.0);
             else
@@ -364,6 +387,7 @@ private:
             {"m_sweep", {-10, 0, 90, 180, 270, 360}},
             {"m_sliceCount", {-1, 0, 1, 3, 10}},
             {"m_groupBelowPercent", {-1, 0, 2, 20, 101}},
+            {"m_rowHeight", {-1, 0, 9, 40, 100'000}},
             {"m_tileGap", {-1, 0, 1, 50}},
             {"m_overlap", {-1, 0, 0.3, 2}},
             {"m_kernelWidth", {-1, 0, 0.001, 3, 1e300}},
@@ -426,6 +450,9 @@ private:
             {"kpi.m_mainDisplay", uxObtainEnumNames(KXKpiChartMainDisplay())},
             {"m_compareTo", uxObtainEnumNames(KXTrendComparison())},
             {"m_diffDisplay", uxObtainEnumNames(KXTrendChartDiffDisplay())},
+            {"m_rowLayout", uxObtainEnumNames(KXTableRowLayout())},
+            {"m_rowTotals", uxObtainEnumNames(KXTableTotals())},
+            {"m_columnTotals", uxObtainEnumNames(KXTableTotals())},
             {"m_tileStyle", uxObtainEnumNames(KXTreeMapChartTileStyle())},
             {"m_labelOverflow", uxObtainEnumNames(KXBarLabelOverflow())},
             {"m_labelDisplayOption", uxObtainEnumNames(KXAxisChartLabelDisplayOption())},
@@ -437,7 +464,8 @@ private:
             {"m_partitionStyle", uxObtainEnumNames(KXGaugeChartPartitionStyle())}};
         static const std::set<std::string> texts = {"m_titleValue",   "m_titleDefaultValue", "m_prefix",
                                                     "m_suffix",       "m_targetCaption",     "m_remarks",
-                                                    "m_totalCaption", "m_comparisonCaption"};
+                                                    "m_totalCaption", "m_comparisonCaption", "m_nullText",
+                                                    "m_errorText"};
         const auto found = names.find(key);
         if (found != names.end())
             value = _pickName(found->second);

@@ -1,0 +1,111 @@
+#include "kx_table_chart_data_provider.h"
+
+#include <algorithm>
+
+// Hosts may refer to it, on Windows too
+constexpr std::uint64_t KXTableChartDataProvider::allMembers;
+
+namespace {
+
+/** So many values are asked for to know what they reach from and to. */
+constexpr std::uint64_t greatestFewCells = 65'536;
+
+} // namespace
+
+KXTableChartDataProvider::~KXTableChartDataProvider() = default;
+
+std::uint64_t KXTableChartDataProvider::obtainRowDimensionCount(KXChartDataUser* user)
+{
+    return obtainDimensionDataCount(user, 0) > 0 ? 1 : 0;
+}
+
+std::uint64_t KXTableChartDataProvider::obtainColumnDimensionCount(KXChartDataUser* user)
+{
+    return obtainDimensionDataCount(user, 0) > 0 && obtainDimensionDataCount(user, 1) > 0 ? 1 : 0;
+}
+
+std::uint64_t KXTableChartDataProvider::obtainHeaderCount(KXChartDataUser* user, bool isRow,
+                                                          const KXIndexPath& path)
+{
+    return path.empty() ? obtainDimensionDataCount(user, isRow ? 0 : 1) : 0;
+}
+
+bool KXTableChartDataProvider::obtainHeaders(KXChartDataUser* user, bool isRow, const KXIndexPath&,
+                                             std::uint64_t first, std::span<KXTableHeader> headers)
+{
+    const std::uint64_t dimension = isRow ? 0 : 1;
+    const KXChartDataType type = obtainDimensionDataType(user, dimension);
+    const bool isTime = type == KXChartDataType::Date || type == KXChartDataType::Time ||
+                        type == KXChartDataType::DateTime;
+    for (std::size_t i = 0; i < headers.size(); ++i) {
+        headers[i].text = obtainDimensionData(user, {dimension, first + i});
+        headers[i].shouldFormat = isTime && shouldFormatDimenionData(user, {dimension, first + i});
+    }
+    return true;
+}
+
+bool KXTableChartDataProvider::obtainCells(KXChartDataUser* user, const KXIndexPath& rowParent,
+                                           std::uint64_t firstRow, const KXIndexPath& columnParent,
+                                           std::uint64_t firstColumn, std::uint64_t measure,
+                                           const KXTableCellSpan& cells)
+{
+    if (firstRow == allMembers || firstColumn == allMembers || !rowParent.empty() || !columnParent.empty())
+        return true;
+    const bool hasColumns = obtainColumnDimensionCount(user) > 0;
+    for (std::uint64_t row = 0; row < cells.obtainRowCount(); ++row)
+        for (std::uint64_t column = 0; column < cells.columnCount; ++column) {
+            KXIndexPath path{measure, firstRow + row};
+            if (hasColumns)
+                path.push_back(firstColumn + column);
+            KXTableCell& cell = cells.at(row, column);
+            if (obtainValueDataIsNull(user, path))
+                cell.state = KXTableCellState::Null;
+            else if (obtainValueDataIsEmpty(user, path))
+                cell.state = KXTableCellState::Empty;
+            else if (!validateValueData(user, path))
+                cell.state = KXTableCellState::Error;
+            else {
+                const KXChartDataType type = obtainValueDataType(user, path);
+                cell.state = KXTableCellState::Value;
+                if (type == KXChartDataType::Integer || type == KXChartDataType::Float)
+                    cell.number = obtainValueData(user, path);
+                else
+                    cell.text = obtainValueDataString(user, path);
+            }
+        }
+    return true;
+}
+
+bool KXTableChartDataProvider::obtainHasTotals(KXChartDataUser*, bool, std::uint64_t) { return false; }
+
+KXTableExtent KXTableChartDataProvider::obtainExtent(KXChartDataUser* user, std::uint64_t measure)
+{
+    KXTableExtent extent;
+    if (obtainRowDimensionCount(user) > 1 || obtainColumnDimensionCount(user) > 1)
+        return extent;
+    const std::uint64_t rows = std::max<std::uint64_t>(obtainDimensionDataCount(user, 0), 1);
+    const std::uint64_t columns = std::max<std::uint64_t>(obtainDimensionDataCount(user, 1), 1);
+    if (rows > greatestFewCells || columns > greatestFewCells / rows)
+        return extent;
+    std::vector<KXTableCell> cells(rows * columns);
+    if (obtainCells(user, {}, 0, {}, 0, measure, {cells, columns}))
+        for (const KXTableCell& cell : cells)
+            if (cell.state == KXTableCellState::Value)
+                kxExtendTableExtent(extent, cell.number, false);
+    return extent;
+}
+
+void KXTableChartDataProvider::sortRequested(KXChartDataUser*, const std::vector<KXTableSort>&) {}
+
+std::optional<KXTablePlace> KXTableChartDataProvider::findNext(KXChartDataUser*, const std::string&,
+                                                               const KXTablePlace&, bool)
+{
+    return std::nullopt;
+}
+
+void KXTableChartDataProvider::cellsCopied(KXChartDataUser*, const std::string&, const std::string&) {}
+
+KXChartDataProviderHintData KXTableChartDataProvider::obtainHintData(KXChartDataUser*, const KXIndexPath&)
+{
+    return {};
+}

@@ -1,0 +1,615 @@
+#include "kx_chart_data_format.h"
+#include "kx_chart_items.h"
+#include "kx_no_data_label.h"
+#include "kx_readable_color.h"
+#include "kx_table_chart.h"
+#include "kx_table_grid.h"
+#include "ux/ux_flag_scope.h"
+#include "ux/ux_layout_rounds.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_rect_functions.h"
+#include "ux/ux_text_measurer.h"
+#include "ux/ux_text_shortening.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <span>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+/** Between a cell's edges and its text. */
+constexpr double paddingAcross = 7, paddingDown = 5;
+/** How much further in the next level of a tree stands, and what a mark takes. */
+constexpr double indent = 14, markWidth = 14;
+constexpr double leastWidth = 24, leastHeight = 8, greatestHeight = 1000;
+/** A column does not grow beyond these by itself. */
+constexpr double greatestValueWidth = 320, greatestHeaderWidth = 360;
+constexpr double firstHeaderWidth = 60, firstValueWidth = 56;
+/** Row headers leave so much of the width to the cells. */
+constexpr double greatestHeaderShare = 0.4;
+/** Cells become wider than they need, to fill a wide table, by this much at most. */
+constexpr double greatestStretch = 48;
+/** Where there are more columns, all are as wide as the widest measure needs. */
+constexpr std::uint64_t greatestGivenCount = 1 << 20;
+/** Columns that grow move others out of sight, so that more rounds than a few are not needed. */
+constexpr int greatestRoundCount = 6;
+constexpr double barGap = 3;
+constexpr UXColor highlightColor(33, 105, 199, 0.12);
+const std::string cutNumber = "\u2026";
+
+void makeOneLine(std::string& text)
+{
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+}
+
+KXIndexPath obtainStart(const KXIndexPath& path, std::size_t length)
+{
+    return {path.begin(), path.begin() + static_cast<std::ptrdiff_t>(std::min(length, path.size()))};
+}
+
+} // namespace
+
+void KXTableChart::_applyKeyEffect(UXPropertyEffect effect)
+{
+    const UXObjectWatcher self(this);
+    if (effect == UXPropertyEffect::Recolor) {
+        const UXFlagScope asksNobody(this, m_asksNobody);
+        for (KXTablePanel* panel : m_panels)
+            panel->placeCells();
+    }
+    if (self.isAlive())
+        KXPanelChart::_applyKeyEffect(effect);
+}
+
+void KXTableChart::_customLayout(UXRect plotArea)
+{
+    const UXObjectWatcher self(this);
+    const bool hasCells = preparedAndReloadedData() && obtainRowCount() > 0 && obtainColumnCount() > 0;
+    m_noDataLabel->update(plotArea, hasCells);
+    if (!self.isAlive())
+        return;
+    if (!std::exchange(m_keepsWidths, false)) { // what columns need goes by what is in sight now
+        m_headerWidths.clear();
+        m_measureWidths.clear();
+    }
+    m_grid->setVisible(hasCells);
+    m_grid->setRect(plotArea);
+    if (m_grid->getSelects() != (m_canSelect && isInteractionEnabled()))
+        m_grid->setSelects(!m_grid->getSelects());
+    _layoutGrid();
+    if (!self.isAlive())
+        return;
+    UXLayoutRounds::postAction([this, self] {
+        if (self.isAlive())
+            registerRightClickMenu(this, KXTriggerCondition());
+    });
+}
+
+/** Texts that do not fit make their columns wider, which then are laid out anew. */
+void KXTableChart::_layoutGrid()
+{
+    const UXFlagScope lays(this, m_isLayingOut);
+    for (int round = 0; round < greatestRoundCount; ++round) {
+        m_isGrowing = false;
+        _updateLines();
+        for (KXTablePanel* panel : m_panels)
+            panel->setRequireToVerifyLayout(true);
+        m_grid->setRequireToVerifyLayout(true);
+        m_grid->layout();
+        if (!m_isGrowing)
+            break;
+    }
+    m_isSettled = !_hasMissing();
+}
+
+void KXTableChart::_updateLines()
+{
+    m_fractionFormat->copyFrom(m_dataFormat.get());
+    m_fractionFormat->setDecimals(2);
+    const auto obtainTextHeight = [](const UXTextProperty& property) {
+        return std::ceil(uxMeasureText("Xg", property).height);
+    };
+    const double headerHeight = obtainTextHeight(m_headerProperty);
+    const double textHeight = std::max(obtainTextHeight(m_labelProperty), headerHeight);
+    const double given = std::clamp<double>(m_rowHeight, leastHeight, greatestHeight);
+    const double height = m_rowHeight > 0 ? std::max(given, textHeight) : textHeight + 2 * paddingDown;
+    m_grid->setTotalsBeforeContent(m_rowTotals == KXTableTotals::Before,
+                                   m_columnTotals == KXTableTotals::Before);
+    m_grid->setRows(KXGridBand::Header,
+                    KXGridLines::makeEqual(_obtainColumnHeaderCount(), headerHeight + 2 * paddingDown));
+    m_grid->setRows(KXGridBand::Content, KXGridLines::makeEqual(_obtainContentCount(true), height));
+    m_grid->setRows(KXGridBand::Totals,
+                    KXGridLines::makeEqual(obtainRowCount() - _obtainContentCount(true), height));
+    _updateColumns();
+}
+
+/** Columns are as wide as what was in sight of them needs, or as the user wants; what is left of the width
+ * goes to all of them. */
+void KXTableChart::_updateColumns()
+{
+    m_headerWidths.resize(_obtainRowHeaderCount(), firstHeaderWidth);
+    m_measureWidths.resize(std::max<std::size_t>(getMeasures().size(), 1), firstValueWidth);
+    const std::uint64_t content = _obtainContentCount(false), count = obtainColumnCount();
+    const bool areEqual = content > greatestGivenCount ||
+                          (m_sizedColumns.empty() && _obtainMeasuresAlong(false) == 1);
+    const auto obtainWidth = [this](KXGridBand band, std::uint64_t column) {
+        return _findGivenWidth(band, column).value_or(_obtainNaturalWidth(band, column));
+    };
+
+    // 1. Row headers
+    const double down = m_grid->getRows(KXGridBand::Header).obtainTotal() +
+                        m_grid->getRows(KXGridBand::Content).obtainTotal() +
+                        m_grid->getRows(KXGridBand::Totals).obtainTotal();
+    const bool scrollsDown = down > m_grid->getRect().height;
+    const double room = m_grid->getRect().width - (scrollsDown ? UXVirtualScrollView::extraExtent : 0);
+    double left = room * greatestHeaderShare;
+    std::vector<double> widths;
+    for (std::uint64_t column = 0; column < _obtainRowHeaderCount(); ++column) {
+        const std::optional<double> given = _findGivenWidth(KXGridBand::Header, column);
+        widths.push_back(given.value_or(std::min(_obtainNaturalWidth(KXGridBand::Header, column), left)));
+        left = std::max(left - widths.back(), leastWidth);
+    }
+    const KXGridLines headers = KXGridLines::makeGiven(widths);
+    m_grid->setColumns(KXGridBand::Header, headers);
+
+    // 2. What all cells of a row need
+    widths.clear();
+    double needed = 0;
+    if (areEqual)
+        needed = static_cast<double>(count) * *std::ranges::max_element(m_measureWidths);
+    for (std::uint64_t column = 0; !areEqual && column < count; ++column) {
+        const bool isTotal = column >= content;
+        widths.push_back(obtainWidth(isTotal ? KXGridBand::Totals : KXGridBand::Content,
+                                     isTotal ? column - content : column));
+        needed += widths.back();
+    }
+    const double spare = room - headers.obtainTotal() - needed;
+    m_stretch = std::floor(
+        std::clamp(spare / static_cast<double>(std::max<std::uint64_t>(count, 1)), 0.0, greatestStretch));
+
+    // 3. Their columns
+    if (areEqual) {
+        const double width = *std::ranges::max_element(m_measureWidths) + m_stretch;
+        m_grid->setColumns(KXGridBand::Content, KXGridLines::makeEqual(content, width));
+        m_grid->setColumns(KXGridBand::Totals, KXGridLines::makeEqual(count - content, width));
+        return;
+    }
+    for (double& width : widths)
+        width += m_stretch;
+    const std::span<const double> all(widths);
+    m_grid->setColumns(KXGridBand::Content, KXGridLines::makeGiven(all.first(content)));
+    m_grid->setColumns(KXGridBand::Totals, KXGridLines::makeGiven(all.subspan(content)));
+}
+
+std::string KXTableChart::_obtainSizeIdentity(KXGridBand band, std::uint64_t column)
+{
+    if (band == KXGridBand::Header)
+        return "//" + std::to_string(column);
+    return band == KXGridBand::Content ? _obtainColumnIdentity(column)
+                                       : "///" + getMeasures()[column % getMeasures().size()].id;
+}
+
+double& KXTableChart::_obtainNaturalWidth(KXGridBand band, std::uint64_t column)
+{
+    if (band == KXGridBand::Header)
+        return m_headerWidths[column];
+    return m_measureWidths[m_measuresOnRows ? 0 : column % m_measureWidths.size()];
+}
+
+std::optional<double> KXTableChart::_findGivenWidth(KXGridBand band, std::uint64_t column)
+{
+    if (m_sizedColumns.empty())
+        return std::nullopt;
+    const std::string identity = _obtainSizeIdentity(band, column);
+    const auto found = std::ranges::find(m_sizedColumns, identity);
+    const auto place = static_cast<std::size_t>(found - m_sizedColumns.begin());
+    if (identity.empty() || place >= m_columnWidths.size() || !std::isfinite(m_columnWidths[place]))
+        return std::nullopt;
+    return std::clamp(m_columnWidths[place], leastWidth, double{1 << 14});
+}
+
+/** A text does not fit its column, which is laid out anew with the room that it takes, unless the user wants
+ * it so. */
+void KXTableChart::_growColumn(KXGridBand band, std::uint64_t column, double width)
+{
+    const bool isHeader = band == KXGridBand::Header;
+    double& natural = _obtainNaturalWidth(band, column);
+    const double wanted = std::ceil(std::min(width, isHeader ? greatestHeaderWidth : greatestValueWidth));
+    if (wanted <= natural || _findGivenWidth(band, column))
+        return;
+    natural = wanted;
+    if (std::exchange(m_isGrowing, true) || m_isLayingOut || m_asksNobody)
+        return;
+    UXLayoutRounds::postAction([this, self = UXObjectWatcher(this)] { // it was scrolled into sight
+        if (!self.isAlive())
+            return;
+        m_keepsWidths = true;
+        setRequireToVerifyLayout(true, true);
+    });
+}
+
+/** @return whether the grid has the lines of the present data: other data may wait for their layout */
+bool KXTableChart::_isLaidOut() const
+{
+    return m_grid->getRows(KXGridBand::Content).getCount() == _obtainContentCount(true) &&
+           m_grid->getColumns(KXGridBand::Content).getCount() == _obtainContentCount(false) &&
+           m_grid->getRows(KXGridBand::Header).getCount() == _obtainColumnHeaderCount() &&
+           m_grid->getColumns(KXGridBand::Header).getCount() == _obtainRowHeaderCount() &&
+           m_headerWidths.size() == _obtainRowHeaderCount();
+}
+
+void KXTableChart::layoutTablePanel(KXTablePanel& panel)
+{
+    if (!_isLaidOut()) {
+        panel.setCells(_makeLook(panel), {});
+        return;
+    }
+    const bool isAbove = panel.getRowBand() == KXGridBand::Header;
+    const bool isBeside = panel.getColumnBand() == KXGridBand::Header;
+    std::vector<KXTableDrawnCell> cells = isAbove
+                                              ? (isBeside ? _layoutCorner(panel)
+                                                          : _layoutColumnHeaders(panel))
+                                              : (isBeside ? _layoutRowHeaders(panel) : _layoutValues(panel));
+    _leaveOutCutTexts(panel, cells);
+    panel.setCells(_makeLook(panel), std::move(cells));
+    panel.highlightCells([this](const KXChartItem& item) { return _isHighlighted(item); });
+    if (!m_asksNobody)
+        _requestMissing();
+}
+
+KXTablePanel::Look KXTableChart::_makeLook(const KXTablePanel& panel) const
+{
+    const bool isHeader = panel.getRowBand() == KXGridBand::Header ||
+                          panel.getColumnBand() == KXGridBand::Header;
+    const bool isTotal = panel.getRowBand() == KXGridBand::Totals ||
+                         panel.getColumnBand() == KXGridBand::Totals;
+    KXTablePanel::Look look;
+    look.font = (isHeader ? m_headerProperty : m_labelProperty).font;
+    if (isHeader || isTotal)
+        look.ground = isHeader ? m_headerColor : m_totalColor;
+    look.lineColor = m_gridLineColor;
+    look.highlightColor = highlightColor;
+    look.hasColumnLines = m_showColumnLines;
+    return look;
+}
+
+KXTableDrawnCell KXTableChart::_makeCell(const UXDoubleRect& rect, const std::string& text,
+                                         const UXTextProperty& property) const
+{
+    KXTableDrawnCell cell;
+    cell.rect = rect;
+    cell.textRect = {rect.x + paddingAcross, rect.y, std::max(rect.width - 2 * paddingAcross, 0.0),
+                     rect.height};
+    cell.text = text;
+    makeOneLine(cell.text);
+    cell.textColor = property.textColor;
+    return cell;
+}
+
+/** A number that is cut would look like another one, so that it is left out. */
+void KXTableChart::_fitText(KXTableDrawnCell& cell, const UXTextProperty& property, KXGridBand band,
+                            std::uint64_t column, bool isNumber)
+{
+    if (cell.text.empty())
+        return;
+    UXFont font = property.font;
+    font.bold = font.bold || cell.isBold;
+    const auto obtainWidth = [&font](const std::string& text) {
+        return uxMeasureText(text, font, UXTextOption::Default, 2).width;
+    };
+    cell.textWidth = obtainWidth(cell.text);
+    if (cell.textWidth <= cell.textRect.width)
+        return;
+    _growColumn(band, column, cell.textWidth + cell.rect.width - cell.textRect.width);
+    cell.isCut = true;
+    if (isNumber)
+        cell.text = cutNumber;
+    else
+        cell.text = uxShortenText(cell.text, UXTextOption::EllipsisEnd, cell.textRect.width,
+                                  [&](std::string_view part) { return obtainWidth(std::string(part)); });
+    cell.textWidth = obtainWidth(cell.text);
+    if (cell.textWidth > cell.textRect.width)
+        cell.text.clear();
+}
+
+/** Leaves out what the panel's edge would cut: of a number any part, of a text most of it. */
+void KXTableChart::_leaveOutCutTexts(const KXTablePanel& panel, std::vector<KXTableDrawnCell>& cells) const
+{
+    const UXDoubleRect seen(panel.getBoundingRect());
+    for (KXTableDrawnCell& cell : cells) {
+        if (cell.text.empty())
+            continue;
+        UXDoubleRect text = cell.textRect;
+        text.width = std::min(cell.textWidth, text.width);
+        if (cell.align == UXTextAlign::Right)
+            text.x = uxMaxDoubleX(cell.textRect) - text.width;
+        const UXDoubleRect shown = uxIntersectionDoubleRect(text, seen);
+        const bool isWhole = shown.width >= text.width;
+        if (cell.align == UXTextAlign::Right ? !isWhole : 2 * shown.width < text.width) {
+            cell.text.clear();
+            cell.isCut = true;
+        } else if (2 * shown.height < text.height) {
+            cell.text.clear();
+        }
+    }
+}
+
+// Headers
+
+/** The names of the dimensions stand beside and above their members. */
+std::vector<KXTableDrawnCell> KXTableChart::_layoutCorner(const KXTablePanel& panel)
+{
+    std::vector<KXTableDrawnCell> cells;
+    const KXGridRange rows = panel.obtainVisibleRows(), columns = panel.obtainVisibleColumns();
+    const std::vector<Dimension>& down = getDimensions(true);
+    const std::vector<Dimension>& across = getDimensions(false);
+    const std::uint64_t lastRow = _obtainColumnHeaderCount() - 1;
+    for (std::uint64_t row = rows.first; row < rows.end; ++row)
+        for (std::uint64_t column = columns.first; column < columns.end; ++column) {
+            std::string text;
+            const bool isMeasures = m_measuresOnRows && column + 1 == _obtainRowHeaderCount();
+            if (row == lastRow && !isMeasures && m_rowLayout == KXTableRowLayout::Columns)
+                text = down[column].label;
+            else if (row == lastRow && !isMeasures)
+                for (const Dimension& dimension : down)
+                    text += (text.empty() ? "" : " / ") + dimension.label;
+            const bool namesColumns = row != lastRow && row < across.size() &&
+                                      column + 1 == _obtainRowHeaderCount();
+            if (namesColumns)
+                text = across[row].label;
+            KXTableDrawnCell cell = _makeCell(panel.obtainCellRect({row, column}), text, m_headerProperty);
+            cell.align = namesColumns ? UXTextAlign::Right : UXTextAlign::Left;
+            cell.isBold = !namesColumns;
+            if (namesColumns)
+                cell.textColor = m_quietColor;
+            _fitText(cell, m_headerProperty, KXGridBand::Header, column, false);
+            cells.push_back(std::move(cell));
+        }
+    return cells;
+}
+
+std::vector<KXTableDrawnCell> KXTableChart::_layoutRowHeaders(const KXTablePanel& panel)
+{
+    std::vector<KXTableDrawnCell> cells;
+    const KXGridRange range = panel.obtainVisibleRows(), columns = panel.obtainVisibleColumns();
+    const Lines rows = _obtainLines(panel, true);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        for (std::uint64_t column = columns.first; column < columns.end; ++column) {
+            const UXDoubleRect rect = panel.obtainCellRect({range.first + i, column});
+            const Line* before = i > 0 ? &rows[i - 1] : nullptr;
+            KXTableDrawnCell cell;
+            if (m_measuresOnRows && column + 1 == _obtainRowHeaderCount())
+                cell = _layoutMeasureHeader(rect, rows[i].measure);
+            else if (m_rowLayout == KXTableRowLayout::Columns)
+                cell = _layoutLevelHeader(rect, rows[i], before, column);
+            else if (before && rows[i].measure > 0)
+                cell = _makeCell(rect, "", m_headerProperty);
+            else
+                cell = _layoutTreeHeader(rect, rows[i]);
+            cell.item = _makeItem(panel.getRowBand(), KXGridBand::Header, range.first + i, column);
+            cell.align = UXTextAlign::Left;
+            _fitText(cell, m_headerProperty, KXGridBand::Header, column, false);
+            cells.push_back(std::move(cell));
+        }
+    return cells;
+}
+
+KXTableDrawnCell KXTableChart::_layoutTreeHeader(const UXDoubleRect& rect, const Line& row)
+{
+    KXTableDrawnCell cell = _makeCell(rect, _obtainHeaderText(true, row), m_headerProperty);
+    const KXIndexPath& path = row.line.path;
+    const bool isTotal = row.line.kind == KXTableLine::Kind::Total;
+    const std::size_t level = isTotal || path.empty() ? path.size() : path.size() - 1;
+    const double inset = static_cast<double>(level) * indent +
+                         (getDimensions(true).size() > 1 && !path.empty() ? markWidth : 0);
+    cell.textRect.x += inset;
+    cell.textRect.width = std::max(cell.textRect.width - inset, 0.0);
+    cell.isBold = row.line.kind != KXTableLine::Kind::Member;
+    if (row.line.kind == KXTableLine::Kind::Group) {
+        cell.mark = row.line.isExpanded ? KXTableDrawnCell::Mark::Open : KXTableDrawnCell::Mark::Closed;
+        cell.markRect = {cell.textRect.x - markWidth, rect.y, markWidth, rect.height};
+        cell.group = path;
+    }
+    return cell;
+}
+
+/** A group's name stands in the first of its rows, the others are left blank. */
+KXTableDrawnCell KXTableChart::_layoutLevelHeader(const UXDoubleRect& rect, const Line& row,
+                                                  const Line* before, std::uint64_t level)
+{
+    using Kind = KXTableLine::Kind;
+    const KXIndexPath& path = row.line.path;
+    const bool isTotal = row.line.kind == Kind::Total;
+    const bool namesTotal = isTotal && level + 1 == std::max<std::size_t>(path.size(), 1);
+    std::string text;
+    KXIndexPath group;
+    if (namesTotal) {
+        text = _obtainHeaderText(true, row);
+    } else if (level < path.size() && !isTotal) {
+        const KXIndexPath start = obtainStart(path, level + 1);
+        const bool goesOn = before && before->line.kind != Kind::Total &&
+                            obtainStart(before->line.path, level + 1) == start;
+        if (!goesOn || m_repeatHeaders)
+            text = _obtainMemberText(true, start);
+        if (!goesOn && level + 1 < getDimensions(true).size() &&
+            (level + 1 < path.size() || row.line.kind == Kind::Group))
+            group = start;
+    }
+    KXTableDrawnCell cell = _makeCell(rect, text, m_headerProperty);
+    cell.isBold = isTotal || row.line.kind == Kind::Group;
+    if (level + 1 < getDimensions(true).size() && !namesTotal) {
+        cell.textRect.x += markWidth;
+        cell.textRect.width = std::max(cell.textRect.width - markWidth, 0.0);
+    }
+    if (!group.empty()) {
+        cell.mark = level + 1 < path.size() ? KXTableDrawnCell::Mark::Open : KXTableDrawnCell::Mark::Closed;
+        cell.markRect = {cell.textRect.x - markWidth, rect.y, markWidth, rect.height};
+        cell.group = std::move(group);
+    }
+    return cell;
+}
+
+KXTableDrawnCell KXTableChart::_layoutMeasureHeader(const UXDoubleRect& rect, std::uint64_t measure)
+{
+    const Measure& shown = getMeasures()[measure % getMeasures().size()];
+    KXTableDrawnCell cell = _makeCell(rect, shown.label, m_headerProperty);
+    cell.align = shown.isNumber() ? UXTextAlign::Right : UXTextAlign::Left;
+    return cell;
+}
+
+std::vector<KXTableDrawnCell> KXTableChart::_layoutColumnHeaders(const KXTablePanel& panel)
+{
+    std::vector<KXTableDrawnCell> cells;
+    const KXGridRange rows = panel.obtainVisibleRows(), range = panel.obtainVisibleColumns();
+    const Lines columns = _obtainLines(panel, false);
+    const std::uint64_t lastRow = _obtainColumnHeaderCount() - 1;
+    for (std::uint64_t row = rows.first; row < rows.end; ++row) {
+        if (row != lastRow || !_hasMeasureHeaders()) {
+            _layoutColumnLevel(panel, columns, row, cells);
+            continue;
+        }
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            const std::uint64_t column = range.first + i;
+            KXTableDrawnCell cell = _layoutMeasureHeader(panel.obtainCellRect({row, column}),
+                                                         columns[i].measure);
+            cell.item = _makeItem(KXGridBand::Header, panel.getColumnBand(), row, column);
+            _markSorting(cell, panel.getColumnBand(), column);
+            _fitText(cell, m_headerProperty, panel.getColumnBand(), column, false);
+            cells.push_back(std::move(cell));
+        }
+    }
+    return cells;
+}
+
+/** Columns below one parent have one header for it, whose text stays in sight with any of them. */
+void KXTableChart::_layoutColumnLevel(const KXTablePanel& panel, const Lines& columns, std::uint64_t level,
+                                      std::vector<KXTableDrawnCell>& cells)
+{
+    const std::uint64_t first = panel.obtainVisibleColumns().first;
+    const std::size_t levels = getDimensions(false).size();
+    const auto isSame = [level](const Line& a, const Line& b) {
+        const bool isBelow = a.line.path.size() > level;
+        return obtainStart(a.line.path, level + 1) == obtainStart(b.line.path, level + 1) &&
+               (isBelow || a.line.kind == b.line.kind);
+    };
+    for (std::size_t i = 0, end = 0; i < columns.size(); i = end) {
+        for (end = i + 1; end < columns.size() && isSame(columns[i], columns[end]);)
+            ++end;
+        const KXTableLine& line = columns[i].line;
+        UXDoubleRect rect = panel.obtainCellRect({level, first + i});
+        rect.width = uxMaxDoubleX(panel.obtainCellRect({level, first + end - 1})) - rect.x;
+        const bool isMember = line.path.size() > level;
+        const bool namesTotal = line.kind == KXTableLine::Kind::Total && line.path.size() == level;
+        const std::string text = isMember     ? _obtainMemberText(false, obtainStart(line.path, level + 1))
+                                 : namesTotal ? m_totalWord
+                                              : std::string();
+        KXTableDrawnCell cell = _makeCell(rect, text, m_headerProperty);
+        const double right = std::min(uxMaxDoubleX(cell.textRect), panel.getRect().width - paddingAcross);
+        cell.textRect.x = std::max(cell.textRect.x, paddingAcross);
+        cell.textRect.width = std::max(right - cell.textRect.x, 0.0);
+        cell.isBold = namesTotal;
+        const bool isSingle = end == i + 1;
+        const bool isNumber = getMeasures()[columns[i].measure].isNumber();
+        if (isSingle && isNumber && (level + 1 == levels || namesTotal))
+            cell.align = UXTextAlign::Right;
+        if (isMember && level + 1 < levels) {
+            const bool isOpen = line.path.size() > level + 1 || line.kind == KXTableLine::Kind::Total;
+            cell.mark = isOpen ? KXTableDrawnCell::Mark::Open : KXTableDrawnCell::Mark::Closed;
+            cell.markRect = {cell.textRect.x, rect.y, markWidth, rect.height};
+            cell.textRect.x += markWidth;
+            cell.textRect.width = std::max(cell.textRect.width - markWidth, 0.0);
+            cell.group = obtainStart(line.path, level + 1);
+        }
+        if (isSingle && (level + 1 == levels || levels == 0)) {
+            cell.item = _makeItem(KXGridBand::Header, panel.getColumnBand(), level, first + i);
+            if (!_hasMeasureHeaders())
+                _markSorting(cell, panel.getColumnBand(), first + i);
+        }
+        _fitText(cell, m_headerProperty, panel.getColumnBand(), first + i, false);
+        cells.push_back(std::move(cell));
+    }
+}
+
+void KXTableChart::_markSorting(KXTableDrawnCell& cell, KXGridBand band, std::uint64_t column)
+{
+    if (m_sortOrder.empty() || band != KXGridBand::Content)
+        return;
+    const std::string identity = _obtainColumnIdentity(column);
+    const bool isUp = std::ranges::count(m_sortOrder, "+" + identity) > 0;
+    if (identity.empty() || (!isUp && std::ranges::count(m_sortOrder, "-" + identity) == 0))
+        return;
+    cell.mark = isUp ? KXTableDrawnCell::Mark::Ascending : KXTableDrawnCell::Mark::Descending;
+    cell.markRect = {cell.textRect.x, cell.rect.y, markWidth, cell.rect.height};
+    cell.textRect.x += markWidth;
+    cell.textRect.width = std::max(cell.textRect.width - markWidth, 0.0);
+}
+
+// Cells
+
+std::vector<KXTableDrawnCell> KXTableChart::_layoutValues(const KXTablePanel& panel)
+{
+    std::vector<KXTableDrawnCell> cells;
+    const Lines rows = _obtainLines(panel, true), columns = _obtainLines(panel, false);
+    const std::uint64_t firstRow = panel.obtainVisibleRows().first;
+    const std::uint64_t firstColumn = panel.obtainVisibleColumns().first;
+    cells.reserve(rows.size() * columns.size());
+    for (std::size_t j = 0; j < columns.size(); ++j) // down each column, so that running totals go on
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const std::uint64_t row = firstRow + i, column = firstColumn + j;
+            const bool isOpenGroup = rows[i].line.kind == KXTableLine::Kind::Group && rows[i].line.isExpanded;
+            const bool isTotal = _isTotal(true, rows[i]) || _isTotal(false, columns[j]);
+            const KXTablePlace place = _makePlace(rows[i], columns[j]);
+            const UXDoubleRect rect = panel.obtainCellRect({row, column});
+            KXTableDrawnCell cell = isOpenGroup && m_rowTotals != KXTableTotals::Before
+                                        ? _makeCell(rect, "", m_labelProperty)
+                                        : _layoutValue(rect, place, isTotal);
+            if (isTotal)
+                cell.ground = m_totalColor;
+            else if (m_showBands && row % 2 == 1)
+                cell.ground = m_bandColor;
+            cell.item = _makeItem(panel.getRowBand(), panel.getColumnBand(), row, column);
+            _fitText(cell, m_labelProperty, panel.getColumnBand(), column,
+                     getMeasures()[place.measure].isNumber());
+            cells.push_back(std::move(cell));
+        }
+    return cells;
+}
+
+KXTableDrawnCell KXTableChart::_layoutValue(const UXDoubleRect& rect, const KXTablePlace& place, bool isTotal)
+{
+    const KXTableCell* found = findCell(place);
+    KXTableDrawnCell cell = _makeCell(rect, found ? _formatCell(place, *found) : std::string(),
+                                      m_labelProperty);
+    cell.isBold = isTotal;
+    if (getMeasures()[place.measure].isNumber())
+        cell.align = UXTextAlign::Right;
+    if (!found)
+        cell.mark = KXTableDrawnCell::Mark::Awaited;
+    else if (found->state == KXTableCellState::Null)
+        cell.textColor = m_quietColor;
+    else if (found->state == KXTableCellState::Error)
+        cell.textColor = m_errorColor;
+    else if (!isTotal)
+        _addBar(cell, place, found->number);
+    return cell;
+}
+
+void KXTableChart::_addBar(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const
+{
+    const KXTableDatabarInfo* databar = _findDatabar(place.measure);
+    const KXTableExtent& extent = getExtent(place.measure);
+    if (!databar || (!extent.hasValues && !databar->getHasRange()))
+        return;
+    const KXTableDatabarInfo::Bar bar = databar->obtainBar(number, extent.least, extent.greatest);
+    const double width = cell.rect.width - 2 * barGap;
+    if (!(bar.to > bar.from) || !(width > 0))
+        return;
+    cell.bar = {cell.rect.x + barGap + bar.from * width, cell.rect.y + barGap, (bar.to - bar.from) * width,
+                cell.rect.height - 2 * barGap};
+    cell.barColor = bar.isNegative ? databar->getNegativeColor() : databar->getPositiveColor();
+    cell.textColor = kxObtainReadableColor(cell.barColor);
+}
