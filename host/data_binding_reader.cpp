@@ -70,7 +70,7 @@ void DataBindingReader::_readTypes(const JsonCursor& types, DataBinding& binding
 
 void DataBindingReader::_readDimension(const JsonCursor& place, DataBinding& binding) const
 {
-    place.requireKeys({"column", "level", "label", "fillGaps", "sort", "top"});
+    place.requireKeys({"column", "level", "label", "fillGaps", "across", "sort", "top"});
     DimensionBinding dimension;
     dimension.column = place.getValue("column").readText();
     dimension.label = place.hasKey("label") ? place.getValue("label").readText() : dimension.column;
@@ -78,6 +78,10 @@ void DataBindingReader::_readDimension(const JsonCursor& place, DataBinding& bin
         dimension.level = levels.at(place.getValue("level").readName(levelNames));
     if (place.hasKey("fillGaps"))
         dimension.shouldFillGaps = place.getValue("fillGaps").readFlag();
+    if (place.hasKey("across"))
+        dimension.isAcross = place.getValue("across").readFlag();
+    if (!dimension.isAcross && !binding.dimensions.empty() && binding.dimensions.back().isAcross)
+        throw HostError(m_file, "dimensions", "those that are across come last");
     if (place.hasKey("sort")) {
         const JsonCursor sort = place.getValue("sort");
         sort.requireKeys({"measure", "descending"});

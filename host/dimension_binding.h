@@ -31,4 +31,5 @@ struct DimensionBinding {
     MemberOrder order;
     std::optional<TopMembers> top;
     bool shouldFillGaps = false; // members for the steps of time that the data leaves out
+    bool isAcross = false;       // in a table its members name columns
 };

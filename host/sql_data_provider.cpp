@@ -1,6 +1,7 @@
 #include "sql_data_provider.h"
 
 #include "host_error.h"
+#include "kx_chart_data_user.h"
 #include "sql_session.h"
 #include "time_step.h"
 
@@ -36,6 +37,7 @@ void SqlDataProvider::beginPrepareData(KXChartDataUser*)
     m_error.clear();
     m_data = SqlDataSet();
     m_totals = SqlTotals();
+    m_pivot.reset();
     try {
         m_data = SqlDataSet(m_session, m_binding);
         if (m_binding.totals)
@@ -279,4 +281,98 @@ void SqlDataProvider::obtainCategoryNumbers(KXChartDataUser*, std::uint64_t firs
                               m_data.getMembers(categoryDimension)[category].hasNumber();
         numbers[i] = isMember ? m_data.getMembers(categoryDimension)[category].number : noNumber;
     }
+}
+
+SqlPivot* SqlDataProvider::_obtainPivot()
+{
+    if (m_pivot || m_data.isEmpty())
+        return m_pivot.get();
+    try {
+        m_pivot = std::make_unique<SqlPivot>(m_session, m_binding);
+        m_pivot->sort(m_rowOrder);
+    } catch (const HostError& error) {
+        m_error = error.what();
+    }
+    return m_pivot.get();
+}
+
+std::uint64_t SqlDataProvider::obtainRowDimensionCount(KXChartDataUser*)
+{
+    const SqlPivot* pivot = _obtainPivot();
+    return pivot ? pivot->getDimensionCount(true) : 0;
+}
+
+std::uint64_t SqlDataProvider::obtainColumnDimensionCount(KXChartDataUser*)
+{
+    const SqlPivot* pivot = _obtainPivot();
+    return pivot ? pivot->getDimensionCount(false) : 0;
+}
+
+std::uint64_t SqlDataProvider::obtainHeaderCount(KXChartDataUser*, bool isRow, const KXIndexPath& path)
+{
+    const SqlPivot* pivot = _obtainPivot();
+    return pivot ? pivot->obtainCount(isRow, path) : 0;
+}
+
+bool SqlDataProvider::obtainHeaders(KXChartDataUser*, bool isRow, const KXIndexPath& path,
+                                    std::uint64_t first, std::span<KXTableHeader> headers)
+{
+    const SqlPivot* pivot = _obtainPivot();
+    KXIndexPath below = path;
+    below.push_back(first);
+    for (KXTableHeader& header : headers) {
+        if (const SqlMember* member = pivot ? pivot->findMember(isRow, below) : nullptr) {
+            header.text = member->text;
+            header.hasChildren = below.size() < pivot->getDimensionCount(isRow);
+            header.shouldFormat = !member->isNull && !member->isOthers();
+        }
+        ++below.back();
+    }
+    return true;
+}
+
+bool SqlDataProvider::obtainCells(KXChartDataUser*, const KXIndexPath& rowParent, std::uint64_t firstRow,
+                                  const KXIndexPath& columnParent, std::uint64_t firstColumn,
+                                  std::uint64_t measure, const KXTableCellSpan& cells)
+{
+    SqlPivot* pivot = _obtainPivot();
+    const auto makePath = [pivot](bool isRow, const KXIndexPath& parent, std::uint64_t position) {
+        KXIndexPath path = parent;
+        if (position != allMembers && parent.size() < pivot->getDimensionCount(isRow))
+            path.push_back(position);
+        return path;
+    };
+    for (std::uint64_t row = 0; pivot && row < cells.obtainRowCount(); ++row)
+        for (std::uint64_t column = 0; column < cells.columnCount; ++column) {
+            KXTableCell& cell = cells.at(row, column);
+            try {
+                const bool isAllRows = firstRow == allMembers, isAllColumns = firstColumn == allMembers;
+                cell = pivot->obtainCell(
+                    makePath(true, rowParent, isAllRows ? allMembers : firstRow + row),
+                    makePath(false, columnParent, isAllColumns ? allMembers : firstColumn + column), measure);
+            } catch (const HostError& error) {
+                cell = {.text = error.what(), .state = KXTableCellState::Error};
+            }
+        }
+    return true;
+}
+
+bool SqlDataProvider::obtainHasTotals(KXChartDataUser*, bool, std::uint64_t) { return true; }
+
+KXTableExtent SqlDataProvider::obtainExtent(KXChartDataUser*, std::uint64_t measure)
+{
+    SqlPivot* pivot = _obtainPivot();
+    try {
+        return pivot ? pivot->obtainExtent(measure) : KXTableExtent();
+    } catch (const HostError& error) {
+        m_error = error.what();
+        return {};
+    }
+}
+
+void SqlDataProvider::sortRequested(KXChartDataUser* user, const std::vector<KXTableSort>& order)
+{
+    m_rowOrder = order;
+    user->prepareData();
+    user->reloadData();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string>
 
@@ -10,11 +11,13 @@
 #include "kx_heat_map_chart_data_provider.h"
 #include "kx_kpi_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
+#include "kx_table_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "kx_value_list_chart_data_provider.h"
 #include "sql_data_set.h"
 #include "sql_totals.h"
+#include "sql_pivot.h"
 
 class SqlSession;
 
@@ -30,6 +33,8 @@ class SqlDataProvider : public KXValueChartDataProvider,
                         public KXKpiChartDataProvider,
                         public KXTreeMapChartDataProvider,
                         public KXValueListChartDataProvider {
+                        public KXTableChartDataProvider,
+                        public KXTreeMapChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);
@@ -94,6 +99,19 @@ public:
     void obtainCategoryNumbers(KXChartDataUser* user, std::uint64_t firstCategory,
                                std::span<double> numbers) override;
 
+    // From KXTableChartDataProvider: a pivot over the same binding
+    std::uint64_t obtainRowDimensionCount(KXChartDataUser* user) override;
+    std::uint64_t obtainColumnDimensionCount(KXChartDataUser* user) override;
+    std::uint64_t obtainHeaderCount(KXChartDataUser* user, bool isRow, const KXIndexPath& path) override;
+    bool obtainHeaders(KXChartDataUser* user, bool isRow, const KXIndexPath& path, std::uint64_t first,
+                       std::span<KXTableHeader> headers) override;
+    bool obtainCells(KXChartDataUser* user, const KXIndexPath& rowParent, std::uint64_t firstRow,
+                     const KXIndexPath& columnParent, std::uint64_t firstColumn, std::uint64_t measure,
+                     const KXTableCellSpan& cells) override;
+    bool obtainHasTotals(KXChartDataUser* user, bool isRow, std::uint64_t level) override;
+    KXTableExtent obtainExtent(KXChartDataUser* user, std::uint64_t measure) override;
+    void sortRequested(KXChartDataUser* user, const std::vector<KXTableSort>& order) override;
+
     // From KXPanelChartDataProvider
     void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values) override;
 
@@ -103,10 +121,14 @@ private:
     const SqlMember* _findMember(const KXIndexPath& path) const;
     SqlValue _findValue(const KXIndexPath& path) const;
     std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;
+    /** @return the binding as a table, made when it is first asked for; null where the database refuses */
+    SqlPivot* _obtainPivot();
 
     SqlSession& m_session;
     DataBinding m_binding;
     SqlDataSet m_data;
     SqlTotals m_totals;
+    std::unique_ptr<SqlPivot> m_pivot;
+    std::vector<KXTableSort> m_rowOrder; // of the table, as the user wants it
     std::string m_error;
 };

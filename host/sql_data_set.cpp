@@ -105,6 +105,17 @@ void SqlDataSet::_fillGaps(const DataBinding& binding, std::size_t index)
     dimension.members = std::move(filled);
 }
 
+std::uint64_t SqlDataSet::obtainMember(std::size_t row, std::size_t dimension) const
+{
+    const Dimension& found = m_dimensions[dimension];
+    const auto position = static_cast<std::uint64_t>(m_cells.getNumber(row, found.positionColumn));
+    // Members that fill gaps stand between, in either order, so that no member stands before its position.
+    std::uint64_t member = position;
+    while (member < found.members.size() && found.members[member].position != position)
+        ++member;
+    return member;
+}
+
 std::optional<std::size_t> SqlDataSet::_findRow(std::span<const std::uint64_t> members) const
 {
     if (m_isEmpty || members.size() < m_dimensions.size())
@@ -162,9 +173,16 @@ double SqlDataSet::obtainNumber(std::size_t measure, std::span<const std::uint64
 {
     constexpr double none = std::numeric_limits<double>::quiet_NaN();
     const std::optional<std::size_t> row = _findRow(members);
-    if (!row || measure >= m_measures.size() || m_cells.isNull(*row, m_measures[measure].column))
+    return row ? obtainRowNumber(measure, *row) : none;
+}
+
+double SqlDataSet::obtainRowNumber(std::size_t measure, std::size_t row) const
+{
+    constexpr double none = std::numeric_limits<double>::quiet_NaN();
+    if (measure >= m_measures.size() || row >= m_cells.getRowCount() ||
+        m_cells.isNull(row, m_measures[measure].column))
         return none;
     const auto& [type, column] = m_measures[measure];
     const bool isNumeric = type == KXChartDataType::Integer || type == KXChartDataType::Float;
-    return isNumeric ? m_cells.getNumber(*row, column) : 0;
+    return isNumeric ? m_cells.getNumber(row, column) : 0;
 }

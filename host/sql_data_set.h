@@ -57,6 +57,14 @@ public:
         return m_dimensions[dimension].members;
     }
 
+    /** @return how many cells have rows behind them; they are sorted by their members */
+    std::size_t getRowCount() const { return m_cells.getRowCount(); }
+    /** @return the index of a cell's member */
+    std::uint64_t obtainMember(std::size_t row, std::size_t dimension) const;
+
+    /** @return the number of a cell, NaN for a null */
+    double obtainRowNumber(std::size_t measure, std::size_t row) const;
+
     std::size_t getMeasureCount() const { return m_measures.size(); }
     KXChartDataType getMeasureType(std::size_t measure) const { return m_measures[measure].type; }
 
