@@ -32,6 +32,11 @@ public:
     /** Moves the pointer and paints what that changes.
      *  @return how many pixels were painted */
     virtual double hover(const UXPoint&) { return 0; }
+
+    /** @return whether the next one does anything */
+    virtual bool canScroll() const { return false; }
+    /** Scrolls to another place and paints. */
+    virtual void scroll(int) {}
 };
 
 /** A board with the image that it is painted on. */
@@ -83,8 +88,17 @@ public:
         else
             return 0;
     }
+    bool canScroll() const override { return scrolls; }
+    void scroll(int step) override
+    {
+        if constexpr (scrolls) {
+            m_board.scroll(step);
+            paint();
+        }
+    }
 
 private:
+    static constexpr bool scrolls = requires(Board & board) { board.scroll(1); };
     static constexpr bool hasMarks = requires(Board & board) { board.hit(UXPoint()); };
 
     Board m_board;

@@ -10,6 +10,7 @@
 #include "kx_line_chart.h"
 #include "kx_waterfall_chart.h"
 #include "line_board.h"
+#include "list_board.h"
 #include "pie_board.h"
 #include "tree_board.h"
 #include "ux/cairo/ux_cairo_install.h"
@@ -148,6 +149,10 @@ int run(const Start& start, const Command& command, const Sizes& sizes,
                 resize.cpu);
     if (frame->hasPointer())
         printPointerCosts(*frame);
+    if (frame->canScroll()) {
+        const frame_clock::Cost scroll = frame_clock::measure([&](int i) { frame->scroll(i); }, changeLimit);
+        std::printf(",\"scroll_ms\":%.4f,\"scroll_cpu_ms\":%.4f", scroll.wall, scroll.cpu);
+    }
     std::printf("}\n");
     return 0;
 }
@@ -257,6 +262,11 @@ int main(int argc, char** argv)
     if (command.item == "combo")
         return runLines<KXLineBarChart>(start, command, readNumbers("combo.f64", 2 * command.size), 2,
                                         "Combination");
+    if (command.item == "list")
+        return run(start, command, {}, [&] {
+            return std::make_unique<BoardFrame<ListBoard>>(
+                static_cast<std::uint64_t>(std::max(command.size, 0L)));
+        });
     if (command.item == "tree")
         return runTree(start, command);
     if (command.item == "heat")

@@ -57,7 +57,7 @@ void KXChartSlider::setRange(double from, double to)
 void KXChartSlider::setStep(double step) { m_step = std::isfinite(step) ? std::max(step, 0.0) : 0; }
 void KXChartSlider::setSnap(std::function<double(double, int)> snap) { m_snap = std::move(snap); }
 
-void KXChartSlider::setChangedHandler(std::function<void(bool)> handler)
+void KXChartSlider::setChangedHandler(std::function<void(bool, const UXEvent&)> handler)
 {
     m_changedHandler = std::move(handler);
 }
@@ -137,7 +137,7 @@ double KXChartSlider::_snap(double value, int direction) const
     return m_step > 0 ? std::round(value / m_step) * m_step : value;
 }
 
-void KXChartSlider::_moveThumb(double value, int direction, bool isFinal)
+void KXChartSlider::_moveThumb(double value, int direction, bool isFinal, const UXEvent& event)
 {
     const UXNotificationScope scope;
     const UXObjectWatcher self(this);
@@ -154,9 +154,9 @@ void KXChartSlider::_moveThumb(double value, int direction, bool isFinal)
         m_to = taken >= m_greatest ? std::numeric_limits<double>::quiet_NaN() : taken;
     invalidate();
     // A copy: the handler may destroy this, and itself with it.
-    const std::function<void(bool)> handler = m_changedHandler;
+    const std::function<void(bool, const UXEvent&)> handler = m_changedHandler;
     if (handler)
-        handler(isFinal);
+        handler(isFinal, event);
 }
 
 void KXChartSlider::_paintPart(UXPainter& painter) const
@@ -225,9 +225,9 @@ bool KXChartSlider::customKeyDown(const UXEvent& event, bool& stop)
     if (key == UXKeyCode::Tab && _goToOtherThumb(!isShift))
         return true;
     const double step = m_step > 0 ? m_step : (m_greatest / 2 - m_lowest / 2) / stepsPerTrack * 2;
-    const auto move = [this](double distance) {
+    const auto move = [this, &event](double distance) {
         _showRing();
-        _moveThumb(_obtainThumbValue(m_active) + distance, distance < 0 ? -1 : 1, true);
+        _moveThumb(_obtainThumbValue(m_active) + distance, distance < 0 ? -1 : 1, true, event);
         return true;
     };
     switch (key) {
@@ -263,7 +263,7 @@ bool KXChartSlider::customMouseDown(const UXEvent& event, bool& stop)
     // Held by its edge it stays where it is; a press beside it brings it there.
     m_grip = std::abs(distance) <= thumbExtent / 2 ? distance : 0;
     if (m_grip == 0 && distance != 0)
-        _moveThumb(obtainValue(place), 0, false);
+        _moveThumb(obtainValue(place), 0, false, event);
     return true;
 }
 
@@ -271,7 +271,7 @@ bool KXChartSlider::customMouseDragging(const UXEvent& event, bool&)
 {
     if (!m_isDragged)
         return false;
-    _moveThumb(obtainValue(getTranslatedPointFromEvent(event).x - m_grip), 0, false);
+    _moveThumb(obtainValue(getTranslatedPointFromEvent(event).x - m_grip), 0, false, event);
     return true;
 }
 
@@ -280,10 +280,10 @@ bool KXChartSlider::customMouseUp(const UXEvent& event, bool& stop)
     const UXNotificationScope scope;
     const UXObjectWatcher self(this);
     if (std::exchange(m_isDragged, false)) {
-        const std::function<void(bool)> handler = m_changedHandler;
+        const std::function<void(bool, const UXEvent&)> handler = m_changedHandler;
         invalidate();
         if (handler)
-            handler(true);
+            handler(true, event);
     }
     return self.isAlive() && KXControlPart::customMouseUp(event, stop);
 }

@@ -40,9 +40,9 @@ public:
     /** @param snap the place that a thumb takes in place of one that it is brought to, and which of the two
      * directions it comes from (-1, 0 for a drag, 1); empty for the steps' */
     void setSnap(std::function<double(double value, int direction)> snap);
-    /** @param handler called whenever the user moves a thumb, isFinal off while it is dragged; may destroy
-     * this */
-    void setChangedHandler(std::function<void(bool isFinal)> handler);
+    /** @param handler called whenever the user moves a thumb, with the event that did it and isFinal off
+     * while it is dragged; may destroy this */
+    void setChangedHandler(std::function<void(bool isFinal, const UXEvent& event)> handler);
 
     /** @return the thumbs of the type, none without a track */
     std::vector<KXChartSliderThumbType> obtainThumbs() const;
@@ -75,7 +75,7 @@ private:
     double _obtainLimit(KXChartSliderThumbType thumb, bool upper) const;
     KXChartSliderThumbType _obtainNearestThumb(double place) const;
     double _snap(double value, int direction) const;
-    void _moveThumb(double value, int direction, bool isFinal);
+    void _moveThumb(double value, int direction, bool isFinal, const UXEvent& event);
     bool _goToOtherThumb(bool forwards);
     void _paintTrack(UXPainter& painter) const;
     void _paintThumb(UXPainter& painter, KXChartSliderThumbType thumb) const;
@@ -88,5 +88,5 @@ private:
     double m_grip = 0; // where the pointer holds the thumb, from its middle
     bool m_isDragged = false;
     std::function<double(double, int)> m_snap;
-    std::function<void(bool)> m_changedHandler;
+    std::function<void(bool, const UXEvent&)> m_changedHandler;
 };

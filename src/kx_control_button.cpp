@@ -24,8 +24,8 @@ constexpr UXColor edgeColor(150, 155, 166);
 KXControlButton::KXControlButton()
 {
     setCursor(UXCursor::PointingHand);
-    registerEventHandler(UXEventType::LeftClick, [this](const UXEvent&) {
-        click();
+    registerEventHandler(UXEventType::LeftClick, [this](const UXEvent& event) {
+        click(event);
         return true;
     });
 }
@@ -42,16 +42,18 @@ void KXControlButton::setText(const std::string& text)
 
 void KXControlButton::setPrimary(bool primary) { m_primary = primary; }
 void KXControlButton::setQuiet(bool quiet) { m_quiet = quiet; }
-void KXControlButton::setAction(std::function<void()> action) { m_action = std::move(action); }
+
+void KXControlButton::setAction(std::function<void(const UXEvent&)> action) { m_action = std::move(action); }
+
 std::string KXControlButton::customSerializeTypeID() { return "KXControlButton"; }
 
-void KXControlButton::click()
+void KXControlButton::click(const UXEvent& event)
 {
     const UXNotificationScope scope;
     // A copy: the action may destroy this, and itself with it.
-    const std::function<void()> action = m_action;
+    const std::function<void(const UXEvent&)> action = m_action;
     if (isEnabled() && action)
-        action();
+        action(event);
 }
 
 void KXControlButton::autoResize()
@@ -100,6 +102,6 @@ bool KXControlButton::customKeyDown(const UXEvent& event, bool& stop)
     if ((key != UXKeyCode::Space && key != UXKeyCode::Enter) || !isEnabled())
         return KXControlPart::customKeyDown(event, stop);
     _showRing();
-    click();
+    click(event);
     return true;
 }

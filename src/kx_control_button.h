@@ -18,9 +18,9 @@ public:
     void setPrimary(bool primary);
     /** @param quiet whether it has no frame until the pointer is over it */
     void setQuiet(bool quiet);
-    /** @param action may destroy this */
-    void setAction(std::function<void()> action);
-    void click();
+    /** @param action takes the event that pressed the button; may destroy this */
+    void setAction(std::function<void(const UXEvent& event)> action);
+    void click(const UXEvent& event);
 
     // From UXJsonObject and UXObject
     std::string customSerializeTypeID() override;
@@ -33,7 +33,7 @@ protected:
 
 private:
     std::string m_text;
-    std::function<void()> m_action;
+    std::function<void(const UXEvent&)> m_action;
     bool m_primary = false;
     bool m_quiet = false;
 };

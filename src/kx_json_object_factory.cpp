@@ -21,6 +21,10 @@
 #include "kx_chart_toolbox_item.h"
 #include "kx_check_box.h"
 #include "kx_circle.h"
+#include "kx_control_chart.h"
+#include "kx_control_chart_combo_box.h"
+#include "kx_control_chart_combo_box_scroll_view.h"
+#include "kx_control_chart_row.h"
 #include "kx_density_chart.h"
 #include "kx_gauge_chart.h"
 #include "kx_heat_map_chart.h"
@@ -119,10 +123,10 @@ constexpr Type types[] = {
     KX_TYPE(KXChartToolbox),
     KX_TYPE(KXCheckBox),
     KX_TYPE(KXCircle),
-    KX_TYPE_WITHOUT_CLASS(KXControlChart),
-    KX_TYPE_WITHOUT_CLASS(KXControlChartComboBox),
-    KX_TYPE_WITHOUT_CLASS(KXControlChartComboBoxScrollView),
-    KX_TYPE_WITHOUT_CLASS(KXControlChartRow),
+    KX_TYPE(KXControlChart),
+    KX_TYPE(KXControlChartComboBox),
+    KX_TYPE(KXControlChartComboBoxScrollView),
+    KX_TYPE(KXControlChartRow),
     KX_TYPE(KXDensityChart),
     KX_TYPE(KXGaugeChart),
     KX_TYPE(KXHeatMapChart),

@@ -1,9 +1,8 @@
 #include "kx_table_data_provider.h"
 
-#include "kx_calendar_time.h"
 #include "kx_chart.h"
 #include "kx_chart_data_user.h"
-#include "kx_date_time_parser.h"
+#include "kx_date_time_seconds.h"
 #include "kx_table_rows.h"
 
 #include <algorithm>
@@ -20,21 +19,6 @@ bool isMoment(KXChartDataType type)
 {
     return type == KXChartDataType::Date || type == KXChartDataType::DateTime ||
            type == KXChartDataType::Time;
-}
-
-/** @return seconds since 1970, of a time since midnight; NaN for a text that is none */
-double obtainSeconds(const std::string& text, KXChartDataType type)
-{
-    const KXDateTimeFields fields = kxParseDateTime(text, type, KXChartAggregateType::None);
-    const auto orElse = [](int field, int otherwise) {
-        return field == KXDateTimeFields::absent ? otherwise : field;
-    };
-    const bool isTime = type == KXChartDataType::Time;
-    if ((isTime ? fields.hour : fields.year) == KXDateTimeFields::absent)
-        return noNumber;
-    const double ofDay = orElse(fields.hour, 0) * 3600.0 + orElse(fields.minute, 0) * 60.0 +
-                         orElse(fields.second, 0);
-    return isTime ? ofDay : kxObtainCalendarSeconds({fields.year, fields.month, fields.day}) + ofDay;
 }
 
 } // namespace
@@ -193,7 +177,7 @@ double KXTableDataProvider::obtainDimensionDataAsNumber(KXChartDataUser*, const 
     const Dimension& dimension = m_dimensions[path[0]];
     if (!dimension.column.hasTexts())
         return dimension.column.getNumber(row);
-    return isMoment(dimension.type) ? obtainSeconds(dimension.column.obtainText(row), dimension.type)
+    return isMoment(dimension.type) ? kxObtainSeconds(dimension.column.obtainText(row), dimension.type)
                                     : noNumber;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kx_axis_chart_data_provider.h"
+#include "kx_control_chart_data_provider.h"
 #include "kx_data_column.h"
 #include "kx_density_chart_data_provider.h"
 #include "kx_export.h"
@@ -48,7 +49,8 @@ class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
                                       public KXTreeMapChartDataProvider,
                                       public KXValueListChartDataProvider,
                                       public KXValueChartDataProvider,
-                                      public KXGaugeChartDataProvider {
+                                      public KXGaugeChartDataProvider,
+                                      public KXControlChartDataProvider {
 public:
     KXTableDataProvider();
     /** Charts that it still serves show what they have and ask no more. */

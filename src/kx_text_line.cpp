@@ -99,7 +99,11 @@ void KXTextLine::setText(const std::string& text)
 }
 
 void KXTextLine::setChangedHandler(std::function<void()> handler) { m_changedHandler = std::move(handler); }
-void KXTextLine::setFinishedHandler(std::function<void()> handler) { m_finishedHandler = std::move(handler); }
+
+void KXTextLine::setFinishedHandler(std::function<void(const UXEvent&)> handler)
+{
+    m_finishedHandler = std::move(handler);
+}
 
 void KXTextLine::setCancelledHandler(std::function<void()> handler)
 {
@@ -228,8 +232,16 @@ bool KXTextLine::customKeyDown(const UXEvent& event, bool& stop)
 {
     const UXNotificationScope scope;
     const UXObjectWatcher self(this);
-    const bool isEscape = event.getKeyCode() == static_cast<int>(UXKeyCode::Escape);
-    if (!isEnabled() || (isEscape && !m_cancelledHandler) || !inputKeyDown(event))
+    const auto key = static_cast<UXKeyCode>(event.getKeyCode());
+    const std::function<void(const UXEvent&)> finished = m_finishedHandler;
+    if (isEnabled() && finished && (key == UXKeyCode::Enter || (key == UXKeyCode::Tab && !m_forSearch))) {
+        finished(event);
+        if (key == UXKeyCode::Enter || !self.isAlive())
+            return true;
+    }
+    const bool isEscape = key == UXKeyCode::Escape;
+    const bool isCancelled = m_forSearch ? !getInputText().empty() : static_cast<bool>(m_cancelledHandler);
+    if (!isEnabled() || (isEscape && !isCancelled) || !inputKeyDown(event))
         return self.isAlive() && KXControlPart::customKeyDown(event, stop);
     if (self.isAlive())
         _showCaret();
@@ -283,5 +295,9 @@ void KXTextLine::inputTextChanged()
     call(m_changedHandler);
 }
 
-void KXTextLine::inputFinished() { call(m_finishedHandler); }
-void KXTextLine::inputCancelled() { call(m_cancelledHandler); }
+void KXTextLine::inputCancelled()
+{
+    if (m_forSearch)
+        setText({});
+    call(m_forSearch ? m_changedHandler : m_cancelledHandler);
+}

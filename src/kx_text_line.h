@@ -29,9 +29,11 @@ public:
     void setText(const std::string& text);
     /** @param handler called after each change that the user makes; may destroy this, as the others may */
     void setChangedHandler(std::function<void()> handler);
-    /** @param handler called for Enter */
-    void setFinishedHandler(std::function<void()> handler);
-    /** @param handler called for Escape, which is not taken without one */
+    /** @param handler called for Enter and Tab, which is not taken, with the event */
+    void setFinishedHandler(std::function<void(const UXEvent& event)> handler);
+    /** @param handler called for Escape, which is not taken without one; it clears a text that is searched
+     * for
+     */
     void setCancelledHandler(std::function<void()> handler);
 
     // From UXJsonObject and UXObject
@@ -49,7 +51,6 @@ protected:
 
     // From UXInputDelegate
     void inputTextChanged() override;
-    void inputFinished() override;
     void inputCancelled() override;
 
 private:
@@ -61,7 +62,8 @@ private:
     void _paintText(UXPainter& painter, const UXDoubleRect& rect) const;
 
     std::string m_placeholder;
-    std::function<void()> m_changedHandler, m_finishedHandler, m_cancelledHandler;
+    std::function<void()> m_changedHandler, m_cancelledHandler;
+    std::function<void(const UXEvent&)> m_finishedHandler;
     double m_scroll = 0; // how far the text is moved to the left
     bool m_forSearch = false;
     bool m_valid = true;

@@ -1,0 +1,46 @@
+#include "list_board.h"
+
+#include "kx_chart_property.h"
+#include "kx_control_chart_list.h"
+#include "ux/ux_virtual_scroll_view.h"
+
+#include <algorithm>
+
+std::uint64_t ListTable::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension)
+{
+    return dimension == 0 ? count : 0;
+}
+
+std::string ListTable::obtainDimensionData(KXChartDataUser*, const KXIndexPath& path)
+{
+    return "Member " + std::to_string(path.at(1) + 1);
+}
+
+double ListTable::obtainValueData(KXChartDataUser*, const KXIndexPath& path)
+{
+    const std::uint64_t member = path.at(1);
+    return factor * static_cast<double>((member * 7919 + 13) % 1000);
+}
+
+ListBoard::ListBoard(std::uint64_t memberCount)
+{
+    m_provider.count = memberCount;
+    m_chart.getChartProperty()->updateTitleValue("Airports");
+    reload();
+}
+
+void ListBoard::update()
+{
+    m_provider.factor = 3 - m_provider.factor;
+    reload();
+}
+
+void ListBoard::scroll(int step)
+{
+    UXVirtualScrollView& view = m_chart.getList()->getScrollView();
+    constexpr std::int64_t distance = 53;
+    const std::int64_t most = std::max<std::int64_t>(
+        view.getContentHeight() - view.obtainDisplayArea().height, 1);
+    view.setContentOffsetY(distance * step % most);
+    m_diagram.layout();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "chart_board.h"
+#include "kx_control_chart.h"
+#include "kx_control_chart_data_provider.h"
+
+#include <cstdint>
+#include <string>
+
+/** Airports, made up, with how many flights each has. */
+class ListTable : public KXControlChartDataProvider {
+public:
+    explicit ListTable(std::uint64_t memberCount = 0) : count(memberCount) {}
+    void beginPrepareData(KXChartDataUser*) override {}
+    void endPrepareData(KXChartDataUser*) override {}
+    bool obtainDataIsEmpty(KXChartDataUser*) override { return false; }
+    std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override;
+    std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override;
+    std::uint64_t obtainValueCount(KXChartDataUser*) override { return 1; }
+    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override;
+
+    std::uint64_t count = 0;
+    double factor = 1;
+};
+
+/** A filter control over a list: the picture that the comparison of chart libraries calls "list". */
+class ListBoard : public ChartBoard<KXControlChart, ListTable> {
+public:
+    explicit ListBoard(std::uint64_t memberCount);
+
+    /** Gives each member another count, and the one before with the next call. */
+    void update();
+    /** Scrolls by rows, to and fro. */
+    void scroll(int step);
+    bool hit(const UXPoint& point) { return m_chart.obtainItemAt(point).has_value(); }
+};
