@@ -21,6 +21,7 @@
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
 #include <cmath>
@@ -254,8 +255,10 @@ void KXControlChart::search(const std::string& text)
     m_search.begin(text, m_hostFinds);
     if (!self.isAlive())
         return;
-    for (KXControlChartList* list : _obtainLists())
+    for (KXControlChartList* list : _obtainLists()) {
+        list->getScrollView().setContentOffsetY(0);
         list->membersChanged();
+    }
 }
 
 void KXControlChart::findMore()
@@ -378,7 +381,12 @@ double KXControlChart::snapRangeEnd(double value, int direction)
                              : provider->obtainPreviousValidDimensionIndex(this, {0, *from});
     if (!use.isAlive())
         return value;
-    const double number = next >= 0 ? m_range.obtainNumber(static_cast<std::uint64_t>(next)) : std::nan("");
+    // A host that does not say has all members in their order.
+    const double passed = m_range.obtainNumber(*from);
+    const std::optional<std::uint64_t> member = next >= 0 ? std::optional(static_cast<std::uint64_t>(next))
+                                                : direction > 0 ? m_range.findMemberAbove(passed)
+                                                                : m_range.findMemberBelow(passed);
+    const double number = member ? m_range.obtainNumber(*member) : std::nan("");
     return std::isnan(number) ? m_range.obtainNearest(value) : number;
 }
 

@@ -250,7 +250,11 @@ std::optional<double> KXControlChart::parseInput(const std::string& text) const
     typed = typed.substr(begin, typed.find_last_not_of(' ') - begin + 1);
     if (_isMoment()) {
         const double seconds = kxObtainSeconds(typed, m_rangeType);
-        return std::isnan(seconds) ? std::nullopt : std::optional(seconds);
+        // A day beyond its month's last one is no day.
+        constexpr std::size_t dateLength = 10;
+        const bool isThere = m_rangeType == KXChartDataType::Time ||
+                             obtainInputText(seconds).substr(0, dateLength) == typed.substr(0, dateLength);
+        return std::isnan(seconds) || !isThere ? std::nullopt : std::optional(seconds);
     }
     const KXNumberPunctuation marks = kxObtainNumberPunctuation(m_dataFormat->getThousandsSeparator(),
                                                                 m_dataFormat->getDecimalSeparator());
