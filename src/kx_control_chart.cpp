@@ -98,6 +98,17 @@ const UXPropertyTable& KXControlChart::obtainPropertyTable()
 }
 
 std::string KXControlChart::customSerializeTypeID() { return "KXControlChart"; }
+
+/** A document may show the choice in another style, which asks for other data. */
+bool KXControlChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    const bool isComplete = KXPanelChart::customDeserialize();
+    if (self.isAlive() && reloadedData())
+        reloadData();
+    return isComplete;
+}
+
 std::uint64_t KXControlChart::obtainLegendCellSize() { return 0; }
 
 KXControlChartStyle KXControlChart::obtainShownStyle() const

@@ -151,6 +151,7 @@ public:
 
     // From UXJsonObject, KXChart, KXChartDataUser, UXHintDelegate and KXChartDataAction
     std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
     std::uint64_t obtainLegendCellSize() override;
     void beforeReloadData() override;
     void afterReloadData() override;

@@ -72,8 +72,9 @@ void KXControlChart::_customLayout(UXRect plotArea)
     m_noDataLabel->update(plotArea, hasData);
     if (!self.isAlive())
         return;
-    UXRect area = uxInflateRect(plotArea, -std::min(inset, plotArea.width / 8),
-                                -std::min(inset, plotArea.height / 8));
+    const int side = std::min(inset, plotArea.width / 8), end = std::min(inset, plotArea.height / 8);
+    // Below a title there is room already.
+    UXRect area = uxInflateRect(plotArea, -side, plotArea.y > inset ? 0 : -end, -side, -end);
     area.height -= _layoutFooter(area);
     m_list->setVisible(hasData && style == KXControlChartStyle::List);
     m_comboBox->setVisible(hasData && style == KXControlChartStyle::Combo);

@@ -34,7 +34,7 @@ constexpr double rowSpread = 10; // a row is this much higher than its text
 /** With fewer rows than these below what is seen, more are looked for. */
 constexpr std::size_t rowsAhead = 64;
 /** A header that leaves the rows less height than this is left out. */
-constexpr int leastRowsHeight = 40;
+constexpr int leastRowsHeight = 64;
 
 } // namespace
 
@@ -169,10 +169,12 @@ KXToggleSwitchState KXControlChartList::obtainRowState(std::uint64_t row) const
 {
     const KXControlChoice& choice = m_chart.getChoice();
     const std::optional<std::uint64_t> member = obtainMember(row);
-    if (!member)
+    const bool isOne = !m_chart.getMultipleSelection();
+    if (!member && !isOne)
         return choice.obtainState(m_chart.getMemberCount(0));
-    const bool isOne = !m_chart.getMultipleSelection() && choice.isAll();
-    return !isOne && choice.contains(*member) ? KXToggleSwitchState::On : KXToggleSwitchState::Off;
+    // One mark alone is on, be it that of all.
+    const bool isOn = !member ? choice.isAll() : choice.contains(*member) && !(isOne && choice.isAll());
+    return isOn ? KXToggleSwitchState::On : KXToggleSwitchState::Off;
 }
 
 bool KXControlChartList::isRowHighlighted(std::uint64_t row) const

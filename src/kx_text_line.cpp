@@ -95,7 +95,16 @@ void KXTextLine::setText(const std::string& text)
     if (getInputText() == text)
         return;
     setInputText(text);
-    _showCaret();
+    m_scroll = 0; // the user reads it from its beginning
+    invalidate();
+}
+
+void KXTextLine::setRect(UXRect rect)
+{
+    const bool isResized = rect.width != getRect().width;
+    KXControlPart::setRect(rect);
+    if (isResized)
+        _showCaret();
 }
 
 void KXTextLine::setChangedHandler(std::function<void()> handler) { m_changedHandler = std::move(handler); }
@@ -165,6 +174,10 @@ std::size_t KXTextLine::_obtainPosition(const UXEvent& event) const
 /** Scrolls as little as brings the caret into sight. */
 void KXTextLine::_showCaret()
 {
+    if (!isFocused()) {
+        m_scroll = 0;
+        return;
+    }
     const double width = _obtainTextRect().width, caret = _measure(0, getCaretPosition());
     const double most = std::max(_measure(0, getInputText().size()) + 1 - width, 0.0);
     m_scroll = std::clamp(std::clamp(m_scroll, caret + 1 - width, caret), 0.0, most);

@@ -38,6 +38,7 @@ public:
 
     // From UXJsonObject and UXObject
     std::string customSerializeTypeID() override;
+    void setRect(UXRect rect) override;
     /** Takes the height of a line, and leaves the width. */
     void autoResize() override;
 

@@ -7,6 +7,8 @@
 #include "kx_axis_tick_label_options.h"
 #include "kx_bar_chart_options.h"
 #include "kx_chart_data_format_options.h"
+#include "kx_control_chart_data_provider.h"
+#include "kx_control_chart_options.h"
 #include "kx_density_chart_options.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_gauge_chart_options.h"
@@ -44,7 +46,8 @@ class RandomTable : public KXAxisChartTestProvider,
                     public KXValueChartDataProvider,
                     public KXGaugeChartDataProvider,
                     public KXPieChartDataProvider,
-                    public KXTableChartDataProvider {
+                    public KXTableChartDataProvider,
+                    public KXControlChartDataProvider {
 public:
     std::vector<std::string> labels{"s"};
     std::string text;
@@ -267,6 +270,8 @@ private:
     static std::string _tellApart(const Json& object, const std::string& key)
     {
         const std::string type = object.value("type", "");
+        if (key == "m_style" && type == "KXControlChart")
+            return "control." + key;
         if (key == "m_mainDisplay" && type == "KXKpiChart")
             return "kpi." + key;
         const bool isOfLines = type == "KXLineChartProperty" || type == "KXScatterChartProperty";
@@ -444,6 +449,8 @@ private:
             {"m_sliceStyle", uxObtainEnumNames(KXPieChartSliceStyle())},
             {"m_sort", uxObtainEnumNames(KXPieSliceOrder())},
             {"m_style", uxObtainEnumNames(KXDensityStyle())},
+            {"control.m_style", uxObtainEnumNames(KXControlChartStyle())},
+            {"m_sliderType", uxObtainEnumNames(KXChartSliderType())},
             {"m_smoothing", uxObtainEnumNames(KXDensitySmoothing())},
             {"m_heightScale", uxObtainEnumNames(KXDensityHeightScale())},
             {"m_differenceDisplay", uxObtainEnumNames(KXKpiDifferenceDisplay())},
