@@ -1,7 +1,6 @@
 #include "data_binding_reader.h"
 
-#include <array>
-
+#include "date_level_name.h"
 #include "host_error.h"
 #include "json_cursor.h"
 #include "json_document.h"
@@ -14,11 +13,6 @@ const std::vector<std::string> aggregateNames = {"sum", "average", "count", "dis
 const std::vector<std::string> filterNames = {"equal",    "notEqual",       "less",     "lessOrEqual",
                                               "greater",  "greaterOrEqual", "in",       "notIn",
                                               "contains", "isNull",         "isNotNull"};
-const std::vector<std::string> levelNames = {"year", "quarter", "month",  "week",      "day",
-                                             "hour", "minute",  "second", "dayOfWeek", "hourOfDay"};
-constexpr std::array<DateLevel, 10> levels = {
-    DateLevel::Year, DateLevel::Quarter, DateLevel::Month,  DateLevel::Week,      DateLevel::Day,
-    DateLevel::Hour, DateLevel::Minute,  DateLevel::Second, DateLevel::DayOfWeek, DateLevel::HourOfDay};
 
 std::string describeMeasure(const MeasureBinding& measure)
 {
@@ -36,7 +30,11 @@ DataBinding DataBindingReader::readFile() const { return readText(readTextFile(m
 DataBinding DataBindingReader::readText(const std::string& text) const
 {
     const nlohmann::json document = parseJsonDocument(m_file, text);
-    const JsonCursor root(m_file, document);
+    return read(JsonCursor(m_file, document));
+}
+
+DataBinding DataBindingReader::read(const JsonCursor& root) const
+{
     root.requireKeys({"schema", "table", "types", "dimensions", "measures", "filters", "nullText", "totals"});
 
     DataBinding binding;
@@ -75,7 +73,7 @@ void DataBindingReader::_readDimension(const JsonCursor& place, DataBinding& bin
     dimension.column = place.getValue("column").readText();
     dimension.label = place.hasKey("label") ? place.getValue("label").readText() : dimension.column;
     if (place.hasKey("level"))
-        dimension.level = levels.at(place.getValue("level").readName(levelNames));
+        dimension.level = readDateLevel(place.getValue("level"));
     if (place.hasKey("fillGaps"))
         dimension.shouldFillGaps = place.getValue("fillGaps").readFlag();
     if (place.hasKey("across"))
@@ -122,7 +120,7 @@ void DataBindingReader::_readMeasure(const JsonCursor& place, DataBinding& bindi
 
 void DataBindingReader::_readFilter(const JsonCursor& place, DataBinding& binding) const
 {
-    place.requireKeys({"column", "is", "value"});
+    place.requireKeys({"column", "level", "is", "value"});
     FilterBinding filter;
     filter.column = place.getValue("column").readText();
     if (place.hasKey("is"))
@@ -132,10 +130,15 @@ void DataBindingReader::_readFilter(const JsonCursor& place, DataBinding& bindin
     const bool isList = filter.operation == FilterOperation::In || filter.operation == FilterOperation::NotIn;
     if (isNullTest && place.hasKey("value"))
         throw place.makeError("a test for null takes no value");
+    if (place.hasKey("level") && !isList)
+        throw place.makeError("a level is for a list of members");
+    if (place.hasKey("level"))
+        filter.level = readDateLevel(place.getValue("level"));
     if (isList)
-        place.getValue("value").visitList(
-            [&](const JsonCursor& value) { filter.values.push_back(value.readTextOrNumber()); });
+        filter.hasNull = place.getValue("value").readMembers(filter.values);
     else if (!isNullTest)
         filter.values.push_back(place.getValue("value").readTextOrNumber());
+    if (isList && filter.values.empty() && !filter.hasNull)
+        throw place.makeError("a value at least is needed");
     binding.filters.push_back(std::move(filter));
 }

@@ -15,7 +15,7 @@ class JsonCursor;
  *                    "sort": {"measure": 0, "descending": true},
  *                    "top": {"count": 5, "measure": 0, "bottom": false, "others": "Others"}}],
  *    "measures": [{"column": "temp_max", "aggregate": "average", "label": "Mean high", "id": "high"}],
- *    "filters": [{"column": "weather", "is": "in", "value": ["rain", "snow"]}],
+ *    "filters": [{"column": "weather", "is": "in", "value": ["rain", "snow", null]}],
  *    "nullText": "(null)",
  *    "totals": true
  *  }
@@ -33,6 +33,8 @@ public:
     /** @return the binding in the file; throws HostError for what cannot be read or is not understood */
     DataBinding readFile() const;
     DataBinding readText(const std::string& text) const;
+    /** @param root the binding inside of another document */
+    DataBinding read(const JsonCursor& root) const;
 
 private:
     void _readTypes(const JsonCursor& types, DataBinding& binding) const;

@@ -76,6 +76,18 @@ std::string JsonCursor::readTextOrNumber() const
     return m_value->is_number() ? m_value->dump() : readText();
 }
 
+bool JsonCursor::readMembers(std::vector<std::string>& members) const
+{
+    bool hasNull = false;
+    visitList([&](const JsonCursor& member) {
+        if (member.isNull())
+            hasNull = true;
+        else
+            members.push_back(member.readTextOrNumber());
+    });
+    return hasNull;
+}
+
 std::size_t JsonCursor::readName(const std::vector<std::string>& names) const
 {
     const std::string text = readText();

@@ -20,6 +20,9 @@ public:
     /** Throws HostError when this is no object or has another key: a misspelt key must not go unnoticed. */
     void requireKeys(std::initializer_list<const char*> known) const;
     bool hasKey(const char* key) const;
+    bool isList() const { return m_value->is_array(); }
+    bool isObject() const { return m_value->is_object(); }
+    bool isNull() const { return m_value->is_null(); }
     JsonCursor getValue(const char* key) const;
     /** Calls visit with each value of an object and its key, in the order of the keys. */
     void visitObject(const std::function<void(const std::string& key, const JsonCursor& value)>& visit) const;
@@ -32,6 +35,8 @@ public:
     std::uint64_t readCount() const;
     /** @return a text as it is, a number as its text */
     std::string readTextOrNumber() const;
+    /** Adds the texts and numbers of a list to members. @return whether the list holds a null as well */
+    bool readMembers(std::vector<std::string>& members) const;
 
     /** @return the index of the text among names */
     std::size_t readName(const std::vector<std::string>& names) const;

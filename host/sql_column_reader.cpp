@@ -53,7 +53,10 @@ bool SqlColumnReader::_isNamed(const std::string& column) const
     const auto isIn = [&](const auto& list) {
         return std::ranges::any_of(list, [&](const auto& binding) { return binding.column == column; });
     };
-    return isIn(m_binding.dimensions) || isIn(m_binding.measures) || isIn(m_binding.filters);
+    const bool isChosenFrom = std::ranges::any_of(m_binding.choices, [&](const FilterAlternatives& choice) {
+        return std::ranges::any_of(choice, isIn);
+    });
+    return isIn(m_binding.dimensions) || isIn(m_binding.measures) || isIn(m_binding.filters) || isChosenFrom;
 }
 
 void SqlColumnReader::_readType(std::vector<SqlColumn>& columns, std::size_t index) const

@@ -3,6 +3,8 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "data_binding.h"
 #include "kx_axis_chart_data_provider.h"
@@ -40,8 +42,11 @@ public:
     SqlDataProvider(SqlSession& session, DataBinding binding);
 
     const DataBinding& getBinding() const { return m_binding; }
+    /** Lets those rows alone take part that are chosen elsewhere, from the next preparation on. */
+    void setChoices(std::vector<FilterAlternatives> choices) { m_binding.choices = std::move(choices); }
     /** @return why the last preparation got no data, one line; empty when it did or found no rows */
     const std::string& getError() const { return m_error; }
+    const SqlDataSet& getData() const { return m_data; }
 
     // From KXChartDataProvider: around one preparation
     void beginPrepareData(KXChartDataUser* user) override;

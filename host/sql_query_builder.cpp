@@ -64,7 +64,11 @@ SqlQueryBuilder::SqlQueryBuilder(const SqlDialect& dialect, const DataBinding& b
         _checkDimension(i);
     }
     for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
-        m_filterColumns.push_back(_findColumn(m_binding.filters[i].column, place("filters", i)));
+        _addFilter(m_binding.filters[i], place("filters", i));
+    for (const FilterAlternatives& choice : m_binding.choices)
+        for (const std::vector<FilterBinding>& filters : choice)
+            for (const FilterBinding& filter : filters)
+                _addFilter(filter, "choice of " + filter.column);
     m_isMemberEachGroup = _isMemberEachGroup();
 }
 
@@ -106,6 +110,14 @@ std::size_t SqlQueryBuilder::_findColumn(const std::string& name, const std::str
                                 names + (m_columns.size() > mostNames ? ", ..." : ""));
 }
 
+void SqlQueryBuilder::_addFilter(const FilterBinding& filter, const std::string& where)
+{
+    const std::size_t column = _findColumn(filter.column, where);
+    if (filter.level)
+        _checkLevel(column, *filter.level, where);
+    m_filters.push_back({&filter, column, where});
+}
+
 void SqlQueryBuilder::_checkMeasure(std::size_t index) const
 {
     const MeasureBinding& measure = m_binding.measures[index];
@@ -122,12 +134,8 @@ void SqlQueryBuilder::_checkDimension(std::size_t index) const
     const DimensionBinding& dimension = m_binding.dimensions[index];
     const std::string where = place("dimensions", index);
     const Type type = m_columns[m_dimensionColumns[index]].type;
-    if (dimension.level && !isTemporal(type))
-        throw _makeError(where, "\"" + dimension.column + "\" holds no dates or times, so it has no levels");
-    if (dimension.level && type == Type::Date && isClockLevel(*dimension.level))
-        throw _makeError(where, "\"" + dimension.column + "\" holds dates without a time of day");
-    if (dimension.level && type == Type::Time && !isClockLevel(*dimension.level))
-        throw _makeError(where, "\"" + dimension.column + "\" holds times of day without a date");
+    if (dimension.level)
+        _checkLevel(m_dimensionColumns[index], *dimension.level, where);
     if (dimension.shouldFillGaps && (!isTemporal(type) || dimension.order.measure || dimension.top))
         throw _makeError(where, "gaps can be filled in dates and times in their own order only");
     for (const std::size_t measure :
@@ -137,6 +145,18 @@ void SqlQueryBuilder::_checkDimension(std::size_t index) const
     }
     if (dimension.top && (dimension.top->count == 0 || dimension.top->count > 1'000'000'000))
         throw _makeError(where + ".top", "a count from 1 to 1000000000 is needed");
+}
+
+void SqlQueryBuilder::_checkLevel(std::size_t column, DateLevel level, const std::string& where) const
+{
+    const Type type = m_columns[column].type;
+    const std::string name = '"' + m_columns[column].name + '"';
+    if (!isTemporal(type))
+        throw _makeError(where, name + " holds no dates or times, so it has no levels");
+    if (type == Type::Date && isClockLevel(level))
+        throw _makeError(where, name + " holds dates without a time of day");
+    if (type == Type::Time && !isClockLevel(level))
+        throw _makeError(where, name + " holds times of day without a date");
 }
 
 std::optional<DateLevel> SqlQueryBuilder::obtainDimensionLevel(std::size_t dimension) const
@@ -210,11 +230,31 @@ std::string SqlQueryBuilder::_writeGroups()
             keys += (keys.empty() ? "" : ", ") + part;
     }
     // The table stands inside of this step: an engine may copy what it finds outside of all steps.
-    std::string sql = "grouped AS (" + writeSqlSource(m_dialect, m_binding, m_columns.size()) + " SELECT " +
-                      list + " FROM source";
-    for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
-        sql += (i ? " AND (" : " WHERE (") + _obtainCondition(i) + ')';
+    const std::string sql = "grouped AS (" + writeSqlSource(m_dialect, m_binding, m_columns.size()) +
+                            " SELECT " + list + " FROM source" + _writeConditions();
     return sql + (keys.empty() ? "" : " GROUP BY " + keys) + ")";
+}
+
+std::string SqlQueryBuilder::_writeConditions()
+{
+    std::string sql;
+    const auto require = [&](const std::string& condition) {
+        sql += (sql.empty() ? " WHERE (" : " AND (") + condition + ')';
+    };
+    auto filter = m_filters.begin();
+    for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
+        require(_obtainCondition(*filter++));
+    for (const FilterAlternatives& choice : m_binding.choices) {
+        std::string alternatives;
+        for (const std::vector<FilterBinding>& filters : choice) {
+            std::string all;
+            for (std::size_t i = 0; i < filters.size(); ++i)
+                all += (i ? " AND (" : "(") + _obtainCondition(*filter++) + ')';
+            alternatives += (alternatives.empty() ? "" : " OR ") + (all.empty() ? "1 = 1" : all);
+        }
+        require(alternatives.empty() ? "1 = 0" : alternatives);
+    }
+    return sql;
 }
 
 std::string SqlQueryBuilder::_writeSortedGroups() const
@@ -422,15 +462,14 @@ std::string SqlQueryBuilder::_obtainMeasureOrder(const std::string& value, std::
     return makeOrderKey(isText ? m_dialect.obtainByteOrder(value) : value, isDescending) + ", ";
 }
 
-std::string SqlQueryBuilder::_obtainCondition(std::size_t filter)
+std::string SqlQueryBuilder::_obtainCondition(const Filter& filter)
 {
-    const FilterBinding& binding = m_binding.filters[filter];
-    const SqlColumn& column = m_columns[m_filterColumns[filter]];
-    const std::string own = _obtainColumn(m_filterColumns[filter]);
+    const SqlColumn& column = m_columns[filter.column];
+    const std::string own = _obtainColumn(filter.column);
     const std::string value = m_dialect.obtainComparable(own, column);
     const std::string ordered = column.type == Type::String ? m_dialect.obtainByteOrder(value) : value;
     const auto parameter = [&] { return _obtainParameter(filter, column.type); };
-    switch (binding.operation) {
+    switch (filter.binding->operation) {
     case FilterOperation::Equal:
         return value + " = " + parameter();
     case FilterOperation::NotEqual:
@@ -444,10 +483,9 @@ std::string SqlQueryBuilder::_obtainCondition(std::size_t filter)
     case FilterOperation::GreaterOrEqual:
         return ordered + " >= " + parameter();
     case FilterOperation::In:
-        return m_dialect.obtainIsInList(value, _obtainListParameter(filter), column);
+        return _obtainListCondition(filter, false);
     case FilterOperation::NotIn:
-        return own + " IS NULL OR NOT " +
-               m_dialect.obtainIsInList(value, _obtainListParameter(filter), column);
+        return _obtainListCondition(filter, true);
     case FilterOperation::Contains:
         return m_dialect.obtainContains(m_dialect.obtainText(own, column.type),
                                         _obtainParameter(filter, Type::String));
@@ -459,38 +497,59 @@ std::string SqlQueryBuilder::_obtainCondition(std::size_t filter)
     return "1 = 1";
 }
 
-std::string SqlQueryBuilder::_obtainParameter(std::size_t filter, Type type)
+std::string SqlQueryBuilder::_obtainListCondition(const Filter& filter, bool isOutside)
 {
-    const FilterBinding& binding = m_binding.filters[filter];
-    if (binding.values.size() != 1)
-        throw _makeError(place("filters", filter), "one value is needed");
-    // A fraction is compared with whole numbers as what it is.
-    const bool isFraction = type == Type::Integer && !obtainInteger(binding.values[0]);
-    const Type valueType = isFraction ? Type::Float : type;
-    const std::string text = _obtainFilterText(filter, binding.values[0], valueType);
-    return m_dialect.obtainParameter(_addParameter(text), valueType, m_columns[m_filterColumns[filter]]);
+    // A step of time is compared by the text that names it.
+    const std::string own = _obtainColumn(filter.column);
+    SqlColumn column = m_columns[filter.column];
+    std::string value = m_dialect.obtainComparable(own, column);
+    if (filter.binding->level) {
+        value = m_dialect.obtainDateBucket(own, column.type, *filter.binding->level);
+        column = {column.name, Type::String, "", false};
+    }
+    // Nothing is asked of a null but whether it is one: a comparison would leave it out either way.
+    const bool hasNull = filter.binding->hasNull;
+    if (filter.binding->values.empty() && !hasNull)
+        return isOutside ? "1 = 1" : "1 = 0";
+    const std::string nullTest = value + (isOutside == hasNull ? " IS NOT NULL" : " IS NULL");
+    if (filter.binding->values.empty())
+        return nullTest;
+    const std::string isIn = m_dialect.obtainIsInList(value, _obtainListParameter(filter, column.type),
+                                                      column);
+    if (isOutside)
+        return nullTest + (hasNull ? " AND NOT " : " OR NOT ") + isIn;
+    return hasNull ? nullTest + " OR " + isIn : isIn;
 }
 
-std::string SqlQueryBuilder::_obtainListParameter(std::size_t filter)
+std::string SqlQueryBuilder::_obtainParameter(const Filter& filter, Type type)
 {
-    const FilterBinding& binding = m_binding.filters[filter];
-    if (binding.values.empty())
-        throw _makeError(place("filters", filter), "a value at least is needed");
-    const Type type = m_columns[m_filterColumns[filter]].type;
+    const std::vector<std::string>& values = filter.binding->values;
+    if (values.size() != 1)
+        throw _makeError(filter.place, "one value is needed");
+    // A fraction is compared with whole numbers as what it is.
+    const bool isFraction = type == Type::Integer && !obtainInteger(values[0]);
+    const Type valueType = isFraction ? Type::Float : type;
+    const std::string text = _obtainFilterText(filter, values[0], valueType);
+    return m_dialect.obtainParameter(_addParameter(text), valueType, m_columns[filter.column]);
+}
+
+std::string SqlQueryBuilder::_obtainListParameter(const Filter& filter, Type type)
+{
     std::vector<std::string> values;
-    values.reserve(binding.values.size());
-    for (const std::string& value : binding.values)
+    values.reserve(filter.binding->values.size());
+    for (const std::string& value : filter.binding->values)
         values.push_back(_obtainFilterText(filter, value, type == Type::Integer ? Type::Float : type));
     return _addParameter(
         m_dialect.obtainListText(type == Type::Integer ? obtainWholeNumbers(values) : values));
 }
 
-std::string SqlQueryBuilder::_obtainFilterText(std::size_t filter, const std::string& value, Type type) const
+std::string SqlQueryBuilder::_obtainFilterText(const Filter& filter, const std::string& value,
+                                               Type type) const
 {
     const std::optional<std::string> text = obtainTypedText(value, type);
     if (!text)
-        throw _makeError(place("filters", filter), '"' + value + "\" cannot be compared with the column \"" +
-                                                       m_binding.filters[filter].column + '"');
+        throw _makeError(filter.place, '"' + value + "\" cannot be compared with the column \"" +
+                                           filter.binding->column + '"');
     return *text;
 }
 

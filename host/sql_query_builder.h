@@ -39,8 +39,17 @@ public:
     std::size_t obtainMeasureColumn(std::size_t measure) const { return obtainCountColumn() + 1 + measure; }
 
 private:
+    /** A condition of the binding's, or one of a choice. */
+    struct Filter {
+        const FilterBinding* binding;
+        std::size_t column;
+        std::string place;
+    };
+
     bool _isMemberEachGroup() const;
+    void _addFilter(const FilterBinding& filter, const std::string& place);
     void _checkDimension(std::size_t index) const;
+    void _checkLevel(std::size_t column, DateLevel level, const std::string& place) const;
     void _checkMeasure(std::size_t index) const;
     std::size_t _findColumn(const std::string& name, const std::string& place) const;
     HostError _makeError(const std::string& place, const std::string& cause) const;
@@ -54,13 +63,15 @@ private:
     std::string _obtainOwnOrder(std::size_t dimension) const;
     std::string _obtainGroupOrder(std::size_t measure, bool isByMeasure, bool isDescending) const;
     std::string _obtainMeasureOrder(const std::string& value, std::size_t measure, bool isDescending) const;
-    std::string _obtainCondition(std::size_t filter);
-    std::string _obtainParameter(std::size_t filter, KXChartDataType type);
-    std::string _obtainListParameter(std::size_t filter);
-    std::string _obtainFilterText(std::size_t filter, const std::string& value, KXChartDataType type) const;
+    std::string _obtainCondition(const Filter& filter);
+    std::string _obtainListCondition(const Filter& filter, bool isOutside);
+    std::string _obtainParameter(const Filter& filter, KXChartDataType type);
+    std::string _obtainListParameter(const Filter& filter, KXChartDataType type);
+    std::string _obtainFilterText(const Filter& filter, const std::string& value, KXChartDataType type) const;
     std::string _addParameter(const std::string& text);
 
     std::string _writeGroups();
+    std::string _writeConditions();
     std::string _writeSortedGroups() const;
     std::string _writeNames() const;
     std::string _writeMembers(std::size_t dimension) const;
@@ -71,7 +82,7 @@ private:
     std::vector<SqlColumn> m_columns;
     std::vector<std::size_t> m_dimensionColumns;
     std::vector<std::size_t> m_measureColumns; // of no meaning for a count of rows
-    std::vector<std::size_t> m_filterColumns;
+    std::vector<Filter> m_filters;             // the binding's own, then those of its choices in their order
     bool m_isMemberEachGroup = false;
     std::vector<std::string> m_parameters;
 };

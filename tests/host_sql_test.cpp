@@ -185,6 +185,19 @@ void expectEngineAnswers(SqlSession& session)
              filtered(
                  R"({"column": "kind", "is": "isNotNull"}, {"column": "amount", "is": "less", "value": 0})"),
              "-5"},
+            {"months and the null",
+             filtered(R"({"column": "day", "level": "month", "is": "in", "value": ["2023-01-01", null]})"),
+             "25"},
+            {"neither a month nor null",
+             filtered(R"({"column": "day", "level": "month", "is": "notIn", "value": ["2023-01-01", null]})"),
+             "2"},
+            {"hours of moments",
+             filtered(
+                 R"({"column": "moment", "level": "hour", "is": "in", "value": ["2023-01-02 10:00:00"]})"),
+             "3"},
+            {"the null alone, and neither", filtered(R"({"column": "kind", "is": "in", "value": [null]},
+                 {"column": "kind", "is": "notIn", "value": ["a"]})"),
+             "4"},
             {"nothing left", filtered(R"({"column": "kind", "value": "z"})"), "-"},
         });
 }
