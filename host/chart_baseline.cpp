@@ -1,11 +1,8 @@
 #include "chart_baseline.h"
 
-#include "chart_data_source.h"
-#include "chart_document.h"
-#include "chart_picture.h"
 #include "chart_sample.h"
 #include "gallery_page.h"
-#include "sql_data_provider.h"
+#include "opened_sample.h"
 #include "text_file.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_install.h"
@@ -26,28 +23,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr UXSize drawingSize{480, 320};
+constexpr UXSize drawingSize{480, 320}, dashboardDrawingSize{960, 640};
 
-/** A sample with its data, as a host shows it. */
-class LoadedSample {
-public:
-    explicit LoadedSample(const ChartSample& sample)
-        : m_source(sample.data, sample.binding, {}), m_document(sample.chart)
-    {
-        m_document.loadData(&m_source.getProvider());
-    }
-
-    void paint(UXSize size, UXPaintConfig& config) const
-    {
-        PictureSetting setting;
-        setting.size = size;
-        paintChart(m_document.getChart(), setting, config);
-    }
-
-private:
-    ChartDataSource m_source; // outlives the chart that asks it
-    ChartDocument m_document;
-};
+void paint(const OpenedSample& sample, UXSize size, UXPaintConfig& config)
+{
+    PictureSetting setting;
+    setting.size = size;
+    sample.paint(setting, config);
+}
 
 /** The 64-bit FNV-1a hash, by Fowler, Noll and Vo: http://www.isthe.com/chongo/tech/comp/fnv/ */
 std::string hashPixels(const UXCairoImagePaintConfig& config)
@@ -116,18 +99,18 @@ std::string ChartBaseline::drawSteps(const ChartSample& sample)
 {
     uxSetTextMeasurer(nullptr); // the one that looks at no font
     UXRecordingPaintConfig config;
-    LoadedSample(sample).paint(drawingSize, config);
+    paint(OpenedSample(sample), sample.isDashboard() ? dashboardDrawingSize : drawingSize, config);
     return joinDrawingSteps(config.getRecording().getLines());
 }
 
 std::string ChartBaseline::drawPictures(const ChartSample& sample)
 {
     uxCairoInstall();
-    const LoadedSample loaded(sample);
+    const OpenedSample opened(sample);
     std::string hashes;
-    for (const GalleryPicture& picture : galleryPictures) {
+    for (const GalleryPicture& picture : obtainGalleryPictures(sample)) {
         UXCairoImagePaintConfig config{UXDoubleSize(picture.size)};
-        loaded.paint(picture.size, config);
+        paint(opened, picture.size, config);
         hashes += (hashes.empty() ? "" : " ") + hashPixels(config);
     }
     return hashes;

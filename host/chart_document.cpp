@@ -27,36 +27,37 @@ bool hasDatePattern(const nlohmann::json& document)
 
 } // namespace
 
-ChartDocument::ChartDocument(const std::string& path) : m_path(path)
+ChartDocument::ChartDocument(const std::string& path) : ChartDocument(path, readTextFile(path)) {}
+
+ChartDocument::ChartDocument(std::string name, const std::string& text) : m_path(std::move(name))
 {
-    const std::string text = readTextFile(path);
-    const nlohmann::json parsed = parseJsonDocument(path, text);
+    const nlohmann::json parsed = parseJsonDocument(m_path, text);
     if (!parsed.is_object())
-        throw HostError(path, "", "holds no JSON object");
+        throw HostError(m_path, "", "holds no JSON object");
     const auto type = parsed.find("type");
     if (type == parsed.end() || !type->is_string())
-        throw HostError(path, "type", "does not name the kind of chart");
+        throw HostError(m_path, "type", "does not name the kind of chart");
 
     KXJsonObjectFactory factory;
     std::unique_ptr<UXJsonObject> made(factory.create(type->get<std::string>()));
     auto* chart = dynamic_cast<KXChart*>(made.get());
     if (!chart)
-        throw HostError(path, "type", "there is no chart called \"" + type->get<std::string>() + "\"");
+        throw HostError(m_path, "type", "there is no chart called \"" + type->get<std::string>() + "\"");
     made.release();
     m_hasDatePattern = hasDatePattern(parsed);
     m_chart.reset(chart);
     if (!m_chart->deserialize(text, &factory))
-        _requireUnderstood(path, text);
+        _requireUnderstood(text);
 }
 
 ChartDocument::~ChartDocument() = default;
 
-void ChartDocument::_requireUnderstood(const std::string& path, const std::string& text) const
+void ChartDocument::_requireUnderstood(const std::string& text) const
 {
     // The reader says only that something was amiss. A key that it took is saved as it was read.
     const std::string key = findRefusedKey(nlohmann::json::parse(text), nlohmann::json::parse(save()));
     if (!key.empty())
-        throw HostError(path, key, "holds a value that the chart does not take");
+        throw HostError(m_path, key, "holds a value that the chart does not take");
 }
 
 void ChartDocument::tellUnknownKeys() const
@@ -76,6 +77,14 @@ void ChartDocument::loadData(KXChartDataProvider* provider)
     if (!m_hasDatePattern)
         _takeDatePattern(user, provider);
     user->reloadData();
+}
+
+void ChartDocument::reloadData()
+{
+    if (KXChartDataUser* user = m_chart->obtainLegendDataUser()) {
+        user->prepareData();
+        user->reloadData();
+    }
 }
 
 void ChartDocument::_takeDatePattern(KXChartDataUser* user, KXChartDataProvider* provider)

@@ -34,29 +34,29 @@ void requireDrawable(const UXPaintConfig& config, const std::string& path)
         throw HostError(path, "", "cannot be this large or this small");
 }
 
-void writePng(KXChart& chart, const PictureSetting& setting, const std::string& path)
+void writePng(const PicturePainter& paint, const PictureSetting& setting, const std::string& path)
 {
     UXCairoImagePaintConfig config(UXDoubleSize(setting.size), setting.scale);
     requireDrawable(config, path);
-    paintChart(chart, setting, config);
+    paint(setting, config);
     if (!config.writePng(path))
         throw makeWriteError(path);
 }
 
-void writePdf(KXChart& chart, const PictureSetting& setting, const std::string& path)
+void writePdf(const PicturePainter& paint, const PictureSetting& setting, const std::string& path)
 {
     UXCairoPdfPaintConfig config{UXDoubleSize(setting.size)};
     requireDrawable(config, path);
-    paintChart(chart, setting, config);
+    paint(setting, config);
     if (!config.writePdf(path))
         throw makeWriteError(path);
 }
 
-void writeSvg(KXChart& chart, const PictureSetting& setting, const std::string& path)
+void writeSvg(const PicturePainter& paint, const PictureSetting& setting, const std::string& path)
 {
     UXSvgPaintConfig config(setting.size);
     requireDrawable(config, path);
-    paintChart(chart, setting, config);
+    paint(setting, config);
     writeWholeFile(path, config.getSvg());
 }
 
@@ -80,24 +80,24 @@ PictureFormat obtainPictureFormat(const std::string& path)
     throw HostError(path, "", "has to end in .png, .svg or .pdf, such as " + stem + ".png");
 }
 
-void writeChartPicture(KXChart& chart, const PictureSetting& setting, const std::string& path)
+void writePicture(const PicturePainter& paint, const PictureSetting& setting, const std::string& path)
 {
     switch (obtainPictureFormat(path)) {
     case PictureFormat::Png:
-        writePng(chart, setting, path);
+        writePng(paint, setting, path);
         break;
     case PictureFormat::Svg:
-        writeSvg(chart, setting, path);
+        writeSvg(paint, setting, path);
         break;
     case PictureFormat::Pdf:
-        writePdf(chart, setting, path);
+        writePdf(paint, setting, path);
         break;
     }
 }
 
-std::vector<std::string> checkChartPicture(KXChart& chart, const PictureSetting& setting)
+std::vector<std::string> checkPicture(const PicturePainter& paint, const PictureSetting& setting)
 {
     UXRecordingPaintConfig config(setting.scale);
-    paintChart(chart, setting, config);
+    paint(setting, config);
     return checkDrawing(config.getRecording(), UXDoubleRect(0, 0, setting.size.width, setting.size.height));
 }

@@ -3,21 +3,22 @@
 #include "ux/ux_color.h"
 #include "ux/ux_size.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
 class KXChart;
 class UXPaintConfig;
 
-/** The file formats that a chart can be drawn into. */
+/** The file formats that a picture can be drawn into. */
 enum class PictureFormat { Png, Svg, Pdf };
 
-/** How a chart becomes a picture. */
+/** How a chart or a dashboard becomes a picture. */
 struct PictureSetting {
     UXSize size{1000, 600};             // logical units
-    int margin = 12;                    // logical units of ground around the chart
+    int margin = 12;                    // logical units of ground around it
     double scale = 1;                   // device pixels per logical unit
-    UXColor ground{255, 255, 255, 1.0}; // what the chart stands on
+    UXColor ground{255, 255, 255, 1.0}; // what it stands on
 };
 
 /** @return the format that the file's ending names; throws HostError for another ending */
@@ -27,10 +28,13 @@ PictureFormat obtainPictureFormat(const std::string& path);
  */
 void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& config);
 
-/** Lays the chart out at the setting's size and writes its picture. Throws HostError where the file cannot be
- * written; a file of that name is then as it was. */
-void writeChartPicture(KXChart& chart, const PictureSetting& setting, const std::string& path);
+/** Lays out what a picture shows at the setting's size, and paints ground and content. */
+using PicturePainter = std::function<void(const PictureSetting& setting, UXPaintConfig& config)>;
 
-/** Lays the chart out at the setting's size and draws it without writing anything.
+/** Writes what paint paints. Throws HostError where the file cannot be written; a file of that name is then
+ * as it was. */
+void writePicture(const PicturePainter& paint, const PictureSetting& setting, const std::string& path);
+
+/** Draws without writing anything.
  *  @return a sentence for each fault that a reader would see, as checkDrawing finds them */
-std::vector<std::string> checkChartPicture(KXChart& chart, const PictureSetting& setting);
+std::vector<std::string> checkPicture(const PicturePainter& paint, const PictureSetting& setting);

@@ -17,11 +17,15 @@ std::vector<ChartSample> readChartSamples(const std::string& folder)
     const nlohmann::json parsed = parseJsonDocument(list, readTextFile(list));
     std::vector<ChartSample> samples;
     JsonCursor(list, parsed).visitList([&](const JsonCursor& entry) {
-        entry.requireKeys({"chart", "binding", "data"});
+        entry.requireKeys({"chart", "binding", "data", "dashboard"});
         const auto readPath = [&](const char* key) {
             return (fs::path(folder) / entry.getValue(key).readText()).string();
         };
-        ChartSample sample{"", readPath("chart"), readPath("binding"), readPath("data")};
+        ChartSample sample;
+        if (entry.hasKey("dashboard"))
+            sample.chart = readPath("dashboard");
+        else
+            sample = {"", readPath("chart"), readPath("binding"), readPath("data")};
         const std::string file = fs::path(sample.chart).filename().string();
         sample.name = file.substr(0, file.find('.'));
         samples.push_back(sample);

@@ -3,10 +3,13 @@
 #include <string>
 #include <vector>
 
-/** A chart document, and the data and binding that it is shown with. All three are paths. */
+/** A chart document, and the data and binding that it is shown with; or a dashboard, which names its own. All
+ * are paths. */
 struct ChartSample {
-    std::string name; // of the chart's file, up to its first dot
-    std::string chart, binding, data;
+    std::string name;                 // of the document's file, up to its first dot
+    std::string chart, binding, data; // the latter two are empty for a dashboard
+
+    bool isDashboard() const { return binding.empty(); }
 };
 
 /** @return the samples that the gallery.json of a folder lists, in its order; throws HostError where that

@@ -1,7 +1,10 @@
 #include "gallery_page.h"
 
+#include "chart_sample.h"
+
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <string_view>
 
 namespace {
@@ -55,18 +58,29 @@ std::string encodeLink(const std::string& file)
 
 } // namespace
 
-void GalleryPage::addSample(const std::string& name, const std::string& caption, const std::string& data)
+std::span<const GalleryPicture> obtainGalleryPictures(const ChartSample& sample)
 {
-    m_samples.push_back({encodeLink(name), escapeHtml(name), escapeHtml(caption), escapeHtml(data)});
+    static constexpr GalleryPicture ofCharts[] = {
+        {"", {1000, 600}}, {"-medium", {480, 320}}, {"-small", {240, 160}}, {"-tiny", {160, 120}}};
+    static constexpr GalleryPicture ofDashboards[] = {{"", {1280, 800}}, {"-medium", {800, 500}}};
+    return sample.isDashboard() ? std::span<const GalleryPicture>(ofDashboards) : ofCharts;
+}
+
+void GalleryPage::addSample(const ChartSample& sample, const std::string& caption)
+{
+    const std::string data = std::filesystem::path(sample.data).filename().string();
+    m_samples.push_back({encodeLink(sample.name), escapeHtml(sample.name), escapeHtml(caption),
+                         escapeHtml(data), obtainGalleryPictures(sample)});
 }
 
 std::string GalleryPage::obtainHtml() const
 {
     std::string html = head;
     for (const Sample& sample : m_samples) {
-        html += "<section>\n<h2>" + sample.caption + "</h2>\n<p>" + sample.name + ", from " + sample.data +
-                " (<a href=\"" + sample.link + ".svg\">SVG</a>)</p>\n";
-        for (const GalleryPicture& picture : galleryPictures)
+        html += "<section>\n<h2>" + sample.caption + "</h2>\n<p>" + sample.name +
+                (sample.data.empty() ? "" : ", from " + sample.data) + " (<a href=\"" + sample.link +
+                ".svg\">SVG</a>)</p>\n";
+        for (const GalleryPicture& picture : sample.pictures)
             html += "<img src=\"" + sample.link + picture.suffix + ".png\" width=\"" +
                     std::to_string(picture.size.width) + "\" height=\"" +
                     std::to_string(picture.size.height) + "\" alt=\"" + sample.caption + "\">\n";

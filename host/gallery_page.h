@@ -2,30 +2,34 @@
 
 #include "ux/ux_size.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
-/** A picture of every sample: how its file's name ends, before ".png", and its size in logical units. */
+struct ChartSample;
+
+/** A picture of a sample: how its file's name ends, before ".png", and its size in logical units. */
 struct GalleryPicture {
     const char* suffix;
     UXSize size;
 };
-inline constexpr GalleryPicture galleryPictures[] = {
-    {"", {1000, 600}}, {"-medium", {480, 320}}, {"-small", {240, 160}}, {"-tiny", {160, 120}}};
+/** @return the pictures that are made of a sample, the largest first */
+std::span<const GalleryPicture> obtainGalleryPictures(const ChartSample& sample);
 
 /** The index page of the gallery: every sample's caption with its pictures. */
 class GalleryPage {
 public:
-    /** @param name of the sample; its pictures stand beside the page, as does name.svg
+    /** @param sample its pictures stand beside the page, as does its SVG, all named after it
      *  @param caption what the sample shows, any text */
-    void addSample(const std::string& name, const std::string& caption, const std::string& data);
+    void addSample(const ChartSample& sample, const std::string& caption);
 
     /** @return the page, HTML in UTF-8 */
     std::string obtainHtml() const;
 
 private:
     struct Sample {
-        std::string link, name, caption, data;
+        std::string link, name, caption, data; // the data's file, empty for a dashboard
+        std::span<const GalleryPicture> pictures;
     };
 
     std::vector<Sample> m_samples;

@@ -2,53 +2,49 @@
 // can be accepted: tests then hold later ones against it.
 
 #include "chart_baseline.h"
-#include "chart_data_source.h"
 #include "chart_document.h"
 #include "chart_picture.h"
 #include "chart_sample.h"
 #include "command_line.h"
+#include "dashboard.h"
+#include "dashboard_reader.h"
 #include "gallery_page.h"
 #include "host_error.h"
-#include "kx_chart_property.h"
-#include "sql_data_provider.h"
+#include "opened_sample.h"
 #include "ux/cairo/ux_cairo_install.h"
+#include "view_data_provider.h"
 #include "whole_file.h"
 
 #include <cstdio>
 #include <filesystem>
+#include <span>
 
 namespace {
 
-/** A saved chart that is read and saved again has to be the same document. */
-void requireSavesAlike(const ChartSample& sample, const ChartDocument& document,
-                       const std::filesystem::path& out)
+/** What is saved, read and saved again has to be the same document. */
+void requireSavesAlike(const ChartSample& sample, const std::string& saved, const std::filesystem::path& out)
 {
-    const std::string saved = document.save();
-    const std::string path = (out / (sample.name + ".json")).string();
-    writeWholeFile(path, saved);
-    if (ChartDocument(path).save() != saved)
+    writeWholeFile((out / (sample.name + ".json")).string(), saved);
+    const std::string again = sample.isDashboard()
+                                  ? Dashboard(DashboardReader(sample.chart).readText(saved), {}).save()
+                                  : ChartDocument(sample.chart, saved).save();
+    if (again != saved)
         throw HostError(sample.chart, "", "changes when it is saved, read and saved again");
 }
 
-void drawSample(const ChartSample& sample, const std::filesystem::path& out)
+void drawSample(const ChartSample& sample, const OpenedSample& opened, const std::filesystem::path& out)
 {
-    ChartDocument document(sample.chart);
-    requireSavesAlike(sample, document, out);
-    ChartDataSource source(sample.data, sample.binding, {});
-    document.loadData(&source.getProvider());
-    if (!source.getProvider().getError().empty())
-        throw std::runtime_error(source.getProvider().getError());
-
     const std::string base = (out / sample.name).string();
+    const std::span<const GalleryPicture> pictures = obtainGalleryPictures(sample);
     PictureSetting setting;
-    for (const GalleryPicture& picture : galleryPictures) {
+    for (const GalleryPicture& picture : pictures) {
         setting.size = picture.size;
-        writeChartPicture(document.getChart(), setting, base + picture.suffix + ".png");
-        for (const std::string& fault : checkChartPicture(document.getChart(), setting))
+        writePicture(opened.obtainPainter(), setting, base + picture.suffix + ".png");
+        for (const std::string& fault : checkPicture(opened.obtainPainter(), setting))
             std::printf("%s%s: %s\n", sample.name.c_str(), picture.suffix, fault.c_str());
     }
-    setting.size = galleryPictures[0].size;
-    writeChartPicture(document.getChart(), setting, base + ".svg");
+    setting.size = pictures[0].size;
+    writePicture(opened.obtainPainter(), setting, base + ".svg");
 }
 
 void drawGallery(const std::filesystem::path& folder, const std::filesystem::path& out)
@@ -61,9 +57,10 @@ void drawGallery(const std::filesystem::path& folder, const std::filesystem::pat
     GalleryPage page;
     const std::vector<ChartSample> samples = readChartSamples(folder.string());
     for (const ChartSample& sample : samples) {
-        drawSample(sample, out);
-        page.addSample(sample.name, ChartDocument(sample.chart).getChart().getChartProperty()->getRemarks(),
-                       std::filesystem::path(sample.data).filename().string());
+        const OpenedSample opened(sample);
+        requireSavesAlike(sample, opened.save(), out);
+        drawSample(sample, opened, out);
+        page.addSample(sample, opened.getCaption());
     }
     writeWholeFile((out / "index.html").string(), page.obtainHtml());
     std::printf("%zu samples drawn, see %s\n", samples.size(), (out / "index.html").string().c_str());

@@ -1,18 +1,20 @@
-// kx_render: a chart document, data and a binding become a picture.
+// kx_render: a chart document, data and a binding become a picture, or a dashboard with all of its charts.
 
-#include "chart_data_source.h"
-#include "chart_document.h"
 #include "chart_picture.h"
+#include "chart_sample.h"
 #include "command_line.h"
+#include "dashboard_reader.h"
 #include "host_error.h"
 #include "kx_chart_theme.h"
+#include "opened_sample.h"
 #include "picture_option.h"
 #include "progress_line.h"
-#include "sql_data_provider.h"
 #include "theme_option.h"
 #include "ux/cairo/ux_cairo_install.h"
 
+#include <cstdint>
 #include <memory>
+#include <string>
 
 namespace {
 
@@ -25,13 +27,11 @@ struct Options {
 
 void declareOptions(CLI::App& app, Options& options)
 {
-    app.add_option("chart", options.chart, "The chart document, a JSON file")->required();
+    app.add_option("chart", options.chart, "The chart document or the dashboard, a JSON file")->required();
     app.add_option("-d,--data", options.data,
-                   "A CSV file, or a connection: sqlite://FILE, postgresql://..., odbc://...")
-        ->required();
+                   "A CSV file, or a connection: sqlite://FILE, postgresql://..., odbc://...");
     app.add_option("-b,--binding", options.binding,
-                   "The JSON file that says which columns are dimensions and measures")
-        ->required();
+                   "The JSON file that says which columns are dimensions and measures");
     app.add_option("-o,--out", options.out, "The picture: a file that ends in .png, .svg or .pdf")
         ->required();
     app.add_option("-s,--size", options.size, "Width x height in logical units")->capture_default_str();
@@ -47,7 +47,8 @@ void declareOptions(CLI::App& app, Options& options)
         "Examples:\n"
         "  kx_render samples/employment.chart.json -d samples/data/us-employment.csv \\\n"
         "      -b samples/employment.binding.json -o employment.png --scale 2\n"
-        "  kx_render sales.chart.json -d postgresql://localhost/sales -b sales.binding.json -o sales.svg\n\n"
+        "  kx_render sales.chart.json -d postgresql://localhost/sales -b sales.binding.json -o sales.svg\n"
+        "  kx_render samples/strikes.dashboard.json -s 1280x800 -o strikes.pdf\n\n"
         "Exit codes: 0 done, 2 bad input (one line on stderr says what; no file is touched).");
 }
 
@@ -62,24 +63,26 @@ void render(const Options& options)
         setting.ground = theme->getGround();
     obtainPictureFormat(options.out);
     uxCairoInstall();
-    ChartDocument document(options.chart);
-    document.tellUnknownKeys();
+    const bool isDashboard = DashboardReader(options.chart).isDashboard();
+    if (isDashboard != options.data.empty() || isDashboard != options.binding.empty())
+        throw HostError(options.chart, "",
+                        isDashboard ? "is a dashboard, which names its data itself"
+                                    : "needs --data and --binding");
+    const OpenedSample sample = [&] {
+        ProgressLine progress("reading " + (isDashboard ? options.chart : options.data));
+        return OpenedSample({"", options.chart, options.binding, options.data},
+                            [&](std::uint64_t done, std::uint64_t total) { progress.show(done, total); });
+    }();
     if (theme)
-        kxApplyTheme(document.getChart(), nullptr, theme.get());
-    ProgressLine progress("reading " + options.data);
-    ChartDataSource source(options.data, options.binding,
-                           [&](std::uint64_t done, std::uint64_t total) { progress.show(done, total); });
-    document.loadData(&source.getProvider());
-    if (!source.getProvider().getError().empty())
-        throw std::runtime_error(source.getProvider().getError());
-    writeChartPicture(document.getChart(), setting, options.out);
+        sample.takeTheme(*theme);
+    writePicture(sample.obtainPainter(), setting, options.out);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    CLI::App app("Renders a chart document over data to a picture.", "kx_render");
+    CLI::App app("Renders a chart document over data, or a dashboard, to a picture.", "kx_render");
     Options options;
     declareOptions(app, options);
     return runCommandLine(app, argc, argv, [&] { render(options); });

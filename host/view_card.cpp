@@ -10,7 +10,7 @@ namespace {
 
 constexpr int padding = 14;
 constexpr double cornerRadius = 8;
-constexpr UXColor groundColor(255, 255, 255), borderColor(222, 225, 230), ringColor(37, 99, 235);
+constexpr UXColor ringColor(37, 99, 235);
 
 } // namespace
 
@@ -31,17 +31,24 @@ void ViewCard::setShowRing(bool showRing)
     invalidate();
 }
 
+void ViewCard::setColors(const UXColor& ground, const UXColor& border)
+{
+    m_ground = ground;
+    m_border = border;
+    invalidate();
+}
+
 void ViewCard::paint(UXPaintConfig* config, UXRect dirtyRect)
 {
     if (UXPainter* painter = uxCreatePainterWithObject(config, this)) {
         // The line lies inside the card, which paints nothing outside of itself.
         const double line = m_showRing ? 2 : 1, inset = line / 2;
-        painter->setColor(groundColor);
+        painter->setColor(m_ground);
         uxAddRoundRectanglePath(*painter,
                                 uxInflateDoubleRect(UXDoubleRect(getBoundingRect()), -inset, -inset),
                                 cornerRadius - inset);
         painter->fillPreserve();
-        painter->setColor(m_showRing ? ringColor : borderColor);
+        painter->setColor(m_showRing ? ringColor : m_border);
         painter->setLineWidth(line);
         painter->stroke();
         uxDestroyPainter(painter);

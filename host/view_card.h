@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/ux_color.h"
 #include "ux/ux_object.h"
 
 class KXChart;
@@ -14,11 +15,13 @@ public:
     KXChart& getChart() const { return m_chart; }
     bool getShowRing() const { return m_showRing; }
     void setShowRing(bool showRing);
+    void setColors(const UXColor& ground, const UXColor& border);
 
     // From UXObject
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
 private:
     KXChart& m_chart;
+    UXColor m_ground{255, 255, 255}, m_border{222, 225, 230};
     bool m_showRing = false;
 };

@@ -17,6 +17,7 @@ class ViewBoard;
 enum class ViewKeyCode : int {
     Digit0 = 48,
     Q = 81,
+    S = 83,
     ContextMenu = 93,
     F10 = 121,
     F12 = 123,

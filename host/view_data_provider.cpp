@@ -14,6 +14,76 @@ ViewDataProvider::ViewDataProvider(SqlSession& session, DataBinding binding, con
 {
 }
 
+bool ViewDataProvider::obtainCanSelect(KXChartDataUser*)
+{
+    return m_choiceHandler && !getBinding().dimensions.empty();
+}
+
+bool ViewDataProvider::obtainIsSelected(KXChartDataPath* path)
+{
+    return path && std::ranges::binary_search(m_choice, _makeChosenItem(*path));
+}
+
+void ViewDataProvider::selectionChanged(KXChartDataUser*, const std::vector<KXChartDataPath>& paths)
+{
+    DataChoice choice;
+    choice.reserve(paths.size());
+    for (const KXChartDataPath& path : paths) {
+        if (ChosenItem item = _makeChosenItem(path); !item.empty())
+            choice.push_back(std::move(item));
+    }
+    std::ranges::sort(choice);
+    choice.erase(std::ranges::unique(choice).begin(), choice.end());
+    if (m_choiceHandler)
+        m_choiceHandler(choice);
+}
+
+/** @return what is true of the rows of an item: one condition for each dimension that its path names */
+ChosenItem ViewDataProvider::_makeChosenItem(const KXChartDataPath& path) const
+{
+    ChosenItem item;
+    const KXIndexPath& own = path.dimensionIndexPath;
+    const KXIndexPath& value = path.valueIndexPath;
+    for (std::size_t i = 0; i < getData().getDimensionCount(); ++i) {
+        // The dimension path may hold several members, as that of Others does; the other has one of each.
+        if (own.size() > 1 && own[0] == i)
+            item.push_back(_makeCondition(i, std::span(own).subspan(1)));
+        else if (i + 1 < value.size())
+            item.push_back(_makeCondition(i, std::span(value).subspan(i + 1, 1)));
+    }
+    return item;
+}
+
+ChoiceCondition ViewDataProvider::_makeCondition(std::size_t dimension,
+                                                 std::span<const std::uint64_t> members) const
+{
+    const std::vector<SqlMember>& all = getData().getMembers(dimension);
+    ChoiceCondition condition;
+    condition.column = getBinding().dimensions[dimension].column;
+    condition.level = getData().getDimensionLevel(dimension);
+    const auto isOthers = [&](std::uint64_t member) { return member < all.size() && all[member].isOthers(); };
+    // What stands for the rest is all but what stands beside it and is not chosen with it.
+    const bool isRest = std::ranges::any_of(members, isOthers);
+    condition.kind = isRest ? ChoiceCondition::Kind::AllBut : ChoiceCondition::Kind::Members;
+    const auto add = [&](const SqlMember& member) {
+        if (member.isNull)
+            condition.hasNull = true;
+        else if (!member.isOthers())
+            condition.members.push_back(member.text);
+    };
+    if (isRest) {
+        for (std::uint64_t i = 0; i < all.size(); ++i)
+            if (std::ranges::find(members, i) == members.end())
+                add(all[i]);
+    } else {
+        for (const std::uint64_t member : members)
+            if (member < all.size())
+                add(all[member]);
+    }
+    std::ranges::sort(condition.members);
+    return condition;
+}
+
 bool ViewDataProvider::obtainDataShouldRightClickAction(KXChartDataUser* user, KXChartDataPath* path)
 {
     return !_obtainItem(user, path).value.empty();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "data_choice.h"
 #include "item_facts.h"
+#include "kx_chart_selection_provider.h"
 #include "kx_chart_toolbox_menu_context.h"
 #include "sql_data_provider.h"
 #include "view_menu_entry.h"
@@ -8,7 +10,10 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 /** What a window does when its user turns to an item of a chart. Empty handlers do nothing. */
 struct ViewItemHandlers {
@@ -17,11 +22,24 @@ struct ViewItemHandlers {
 };
 
 /** Answers charts from a table, and lets their user turn to items: pointing explains the item, a left click
- * names it, a right click offers to copy it, and in charts that are linked to it its matches stand out. */
-class ViewDataProvider : public SqlDataProvider {
+ * names it and chooses it where choices are handled, a right click offers to copy it, and in charts that are
+ * linked to it its matches stand out. */
+class ViewDataProvider : public SqlDataProvider, public KXChartSelectionProvider {
 public:
+    using ChoiceHandler = std::function<void(const DataChoice& choice)>;
+
     /** @param session, handlers outlive this object; handlers are looked at when something is clicked */
     ViewDataProvider(SqlSession& session, DataBinding binding, const ViewItemHandlers& handlers);
+
+    /** @param handler told what the user chooses in charts with dimensions; empty lets nothing be chosen */
+    void setChoiceHandler(ChoiceHandler handler) { m_choiceHandler = std::move(handler); }
+    /** @param choice what is chosen, which the chart asks for when its data are loaded */
+    void setChoice(DataChoice choice) { m_choice = std::move(choice); }
+
+    // From KXChartSelectionProvider
+    bool obtainCanSelect(KXChartDataUser* user) override;
+    bool obtainIsSelected(KXChartDataPath* path) override;
+    void selectionChanged(KXChartDataUser* user, const std::vector<KXChartDataPath>& paths) override;
 
     // From KXChartDataProvider and KXInteractionProvider
     bool obtainDataShouldRightClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
@@ -50,6 +68,8 @@ private:
         std::string obtainLine() const { return label.empty() ? value : label + ": " + value; }
     };
 
+    ChosenItem _makeChosenItem(const KXChartDataPath& path) const;
+    ChoiceCondition _makeCondition(std::size_t dimension, std::span<const std::uint64_t> members) const;
     std::unique_ptr<KXChartDataPath> _makeTargetPath(const ItemFacts& facts, const std::string& measureLabel);
     std::optional<std::uint64_t> _findMember(std::uint64_t dimension, const ItemFacts& facts);
     std::string _obtainTable(bool withNames);
@@ -58,6 +78,8 @@ private:
     std::function<void()> _makeCopyAction(const std::string& text) const;
 
     const ViewItemHandlers& m_handlers;
+    ChoiceHandler m_choiceHandler;
+    DataChoice m_choice;
     ViewMenuEntries m_menu;
     KXChartToolboxMenuContext m_toolbox;
 };

@@ -1,10 +1,9 @@
 #include "drawing_check.h"
 
-#include "chart_data_source.h"
-#include "chart_document.h"
 #include "chart_picture.h"
 #include "chart_sample.h"
-#include "sql_data_provider.h"
+#include "gallery_page.h"
+#include "opened_sample.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_recording_painter.h"
 #include "ux_fixed_measurer.h"
@@ -156,16 +155,15 @@ TEST(DrawingCheck, RectanglesLieOnWholePixels)
 TEST(DrawingCheck, TheGalleryHasNoFault)
 {
     for (const ChartSample& sample : readChartSamples(KX_SOURCE_DIR "/samples")) {
-        ChartDocument document(sample.chart);
-        ChartDataSource source(sample.data, sample.binding, {});
-        document.loadData(&source.getProvider());
+        const OpenedSample opened(sample);
         PictureSetting setting;
-        for (const UXSize& size : {UXSize(1000, 600), UXSize(480, 320), UXSize(240, 160)}) {
+        for (const GalleryPicture& picture :
+             obtainGalleryPictures(sample).first(sample.isDashboard() ? 2 : 3)) {
             for (const double scale : {1.0, 1.5, 2.0}) {
-                setting.size = size;
+                setting.size = picture.size;
                 setting.scale = scale;
-                EXPECT_EQ(checkChartPicture(document.getChart(), setting), std::vector<std::string>())
-                    << sample.name << " " << size.width << " at " << scale;
+                EXPECT_EQ(checkPicture(opened.obtainPainter(), setting), std::vector<std::string>())
+                    << sample.name << picture.suffix << " at " << scale;
             }
         }
     }

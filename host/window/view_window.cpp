@@ -197,6 +197,9 @@ void ViewWindow::_handleKey(const SDL_KeyboardEvent& key)
     else if (event.getKeyCode() == static_cast<int>(ViewKeyCode::Q) &&
              event.containsEventKey(UXEventKey::Ctrl))
         m_isOpen = false;
+    else if (m_save && event.getKeyCode() == static_cast<int>(ViewKeyCode::S) &&
+             event.containsEventKey(UXEventKey::Ctrl))
+        m_save();
     else if (event.getKeyCode() == static_cast<int>(ViewKeyCode::F12))
         dumpRequested = 1;
     else

@@ -3,10 +3,12 @@
 #include "view_control.h"
 
 #include <SDL.h>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 /** How a window begins, and what it tells on standard output. */
 struct ViewWindowSetting {
@@ -32,6 +34,8 @@ public:
     void run();
 
     void setTitle(const std::string& title);
+    /** @param save what Ctrl+S does; may be empty */
+    void setSaveHandler(std::function<void()> save) { m_save = std::move(save); }
     void copyToClipboard(const std::string& text);
 
 private:
@@ -66,6 +70,7 @@ private:
     std::map<SDL_SystemCursor, std::unique_ptr<SDL_Cursor, decltype(&SDL_FreeCursor)>> m_cursors;
     SDL_SystemCursor m_cursor = SDL_SYSTEM_CURSOR_ARROW;
     UXControlPoint m_pointer;
+    std::function<void()> m_save;
     bool m_isExposed = false; // what the screen shows is lost
     bool m_isOpen = true;
 };

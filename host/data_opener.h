@@ -1,0 +1,22 @@
+#pragma once
+
+#include "csv_reader.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class SqlSession;
+struct DataBinding;
+
+/** Opens data for bindings: connects to a database, or makes a table of a CSV file in memory for each table
+ *  that the bindings name, with the types that they give.
+ *  @param data a CSV file, or a connection such as "sqlite:///data/sales.db"
+ *  @param progress told now and then how far the reading of a CSV file is; may be empty
+ *  Throws HostError for what cannot be opened, read or understood. */
+[[nodiscard]] std::unique_ptr<SqlSession> openData(const std::string& data,
+                                                   const std::vector<const DataBinding*>& bindings,
+                                                   const CsvReader::ProgressHandler& progress);
+
+/** @return whether data names a database rather than a file */
+[[nodiscard]] bool isConnection(const std::string& data);

@@ -1,0 +1,70 @@
+#include "opened_sample.h"
+
+#include "chart_data_source.h"
+#include "chart_document.h"
+#include "chart_sample.h"
+#include "dashboard_board.h"
+#include "dashboard_reader.h"
+#include "host_error.h"
+#include "kx_chart_property.h"
+#include "kx_chart_theme.h"
+#include "sql_data_provider.h"
+#include "view_data_provider.h"
+
+namespace {
+
+/** A picture has no clicks. */
+const ViewItemHandlers noHandlers;
+
+} // namespace
+
+OpenedSample::OpenedSample(const ChartSample& sample, const CsvReader::ProgressHandler& progress)
+{
+    if (sample.isDashboard()) {
+        m_board = std::make_unique<DashboardBoard>(DashboardReader(sample.chart).readFile(), noHandlers,
+                                                   progress);
+        return;
+    }
+    m_document = std::make_unique<ChartDocument>(sample.chart);
+    m_document->tellUnknownKeys();
+    m_source = std::make_unique<ChartDataSource>(sample.data, sample.binding, progress);
+    m_document->loadData(&m_source->getProvider());
+    if (!m_source->getProvider().getError().empty())
+        throw HostError(m_source->getProvider().getError(), "", "");
+}
+
+OpenedSample::~OpenedSample() = default;
+
+KXChart* OpenedSample::getChart() const { return m_document ? &m_document->getChart() : nullptr; }
+
+std::string OpenedSample::getCaption() const
+{
+    return m_board ? m_board->getDashboard().getDocument().title
+                   : m_document->getChart().getChartProperty()->getRemarks();
+}
+
+void OpenedSample::takeTheme(const KXChartTheme& theme) const
+{
+    if (m_board)
+        m_board->takeTheme(theme);
+    else
+        kxApplyTheme(m_document->getChart(), nullptr, &theme);
+}
+
+std::string OpenedSample::save() const
+{
+    return m_board ? m_board->getDashboard().save() : m_document->save();
+}
+
+void OpenedSample::paint(const PictureSetting& setting, UXPaintConfig& config) const
+{
+    if (m_board)
+        m_board->paintPicture(setting, config);
+    else
+        paintChart(m_document->getChart(), setting, config);
+}
+
+PicturePainter OpenedSample::obtainPainter() const
+{
+    return [this](const PictureSetting& setting, UXPaintConfig& config) { paint(setting, config); };
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "chart_picture.h"
+#include "csv_reader.h"
+
+#include <memory>
+#include <string>
+
+class ChartDataSource;
+class ChartDocument;
+class DashboardBoard;
+class KXChart;
+class KXChartTheme;
+class UXPaintConfig;
+struct ChartSample;
+
+/** A chart over its data, or a dashboard, read and loaded to become a picture. */
+class OpenedSample {
+public:
+    /** Throws HostError for what cannot be opened, read or understood, and where a database refuses.
+     *  @param progress may be empty */
+    explicit OpenedSample(const ChartSample& sample, const CsvReader::ProgressHandler& progress = {});
+    ~OpenedSample();
+
+    /** @return the chart; null for a dashboard */
+    KXChart* getChart() const;
+    /** @return what the sample shows: a dashboard's title, a chart's remarks */
+    std::string getCaption() const;
+    /** Gives every chart the theme's colours, but for those that its document sets. */
+    void takeTheme(const KXChartTheme& theme) const;
+    /** @return the document as it is saved now */
+    std::string save() const;
+    /** Lays out at the setting's size and paints ground and sample. */
+    void paint(const PictureSetting& setting, UXPaintConfig& config) const;
+    /** @return paint() of this object, which outlives it */
+    PicturePainter obtainPainter() const;
+
+private:
+    std::unique_ptr<ChartDataSource> m_source; // outlives the chart that asks it
+    std::unique_ptr<ChartDocument> m_document;
+    std::unique_ptr<DashboardBoard> m_board;
+};

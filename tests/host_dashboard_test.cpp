@@ -1,0 +1,257 @@
+#include "dashboard_board.h"
+#include "dashboard_reader.h"
+#include "data_choice_json.h"
+#include "host_error.h"
+#include "host_temporary_file.h"
+#include "json_cursor.h"
+#include "kx_axis_chart_property.h"
+#include "kx_chart_data_user.h"
+#include "kx_chart_items.h"
+#include "kx_no_data_label.h"
+#include "kx_xy_axis_chart.h"
+#include "ux/ux_virtual_scroll_view.h"
+#include "view_data_provider.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+std::string obtainBinding(const std::string& dimensions)
+{
+    return R"({"dimensions": [)" + dimensions + R"(], "measures": [{"aggregate": "count"}]})";
+}
+
+std::string obtainItem(int row, const std::string& binding, const std::string& more = {})
+{
+    return R"({"chart": {"type": "KXBarChart"}, "binding": )" + binding + R"(, "column": 0, "row": )" +
+           std::to_string(row) + R"(, "width": 1, "height": 1)" + more + '}';
+}
+
+/** @return a dashboard in JSON: in its items, one to a row, clicks filter; the last one counts all rows */
+std::string obtainDashboard(const std::string& data, const std::vector<std::string>& dimensions)
+{
+    std::string items;
+    int row = 0;
+    for (const std::string& own : dimensions)
+        items += obtainItem(row++, obtainBinding(own), R"(, "clickFilters": true)") + ", ";
+    return R"({"type": "Dashboard", "data": ")" + data + R"(", "columns": 1, "items": [)" + items +
+           obtainItem(row, obtainBinding("")) + "]}";
+}
+
+double obtainTotal(const Dashboard& dashboard)
+{
+    return dashboard.getProvider(dashboard.getItemCount() - 1).obtainValueData(nullptr, {0});
+}
+
+/** @return every cell that a chart shows, as a click on it names it */
+std::vector<KXChartDataPath> obtainCells(const SqlDataSet& data)
+{
+    std::vector<KXChartDataPath> cells;
+    for (std::uint64_t i = 0; i < data.getMembers(0).size(); ++i) {
+        const bool isDivided = data.getDimensionCount() > 1;
+        for (std::uint64_t j = 0; j < (isDivided ? data.getMembers(1).size() : 1); ++j) {
+            KXChartDataPath cell;
+            cell.dimensionIndexPath = {0, i};
+            cell.valueIndexPath = isDivided ? KXIndexPath{0, i, j} : KXIndexPath{0, i};
+            cells.push_back(cell);
+        }
+    }
+    return cells;
+}
+
+/** @return rows with texts that look like SQL, or like what stands for a null, and with nulls everywhere */
+std::string makeRows(std::mt19937& random, int count)
+{
+    const char* const kinds[] = {"a", "b", "\"x' OR 1=1 --\"", "(null)", ":p0", "\xC3\xA9", "", "Rest"};
+    const char* const days[] = {"2023-12-31", "2024-01-01", "2024-02-29", "2024-03-31", "2024-04-01", ""};
+    const char* const numbers[] = {"-1", "0", "0.5", "1e10", ""};
+    const char* const moments[] = {"2024-01-01T00:00:00", "2024-03-31T23:59:59", "2025-12-31T12:00:00", ""};
+    std::string rows = "kind,day,number,moment\n";
+    for (int i = 0; i < count; ++i)
+        rows += std::string(kinds[random() % 8]) + ',' + days[random() % 6] + ',' + numbers[random() % 5] +
+                ',' + moments[random() % 4] + '\n';
+    return rows;
+}
+
+const ViewItemHandlers noHandlers;
+
+} // namespace
+
+TEST(HostDashboard, ChosenItemsAddUpToWhatTheOthersShow)
+{
+    for (unsigned seed = 0; seed < 3; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        const TemporaryFile data(makeRows(random, 1 + static_cast<int>(random() % 300)));
+        const std::string text = obtainDashboard(
+            data.getPath(),
+            {R"({"column": "kind", "top": {"count": 3, "others": "Rest"}})",
+             R"({"column": "day", "level": "month", "fillGaps": true})",
+             R"({"column": "number"}, {"column": "kind"})", R"({"column": "moment", "level": "quarter"})"});
+        Dashboard dashboard(DashboardReader("d").readText(text), noHandlers);
+        for (int turn = 0; turn < 25; ++turn) {
+            const std::size_t item = random() % 4;
+            ViewDataProvider& provider = dashboard.getProvider(item);
+            const SqlDataSet& shown = provider.getData();
+            std::vector<KXChartDataPath> chosen = obtainCells(shown);
+            std::erase_if(chosen, [&](const KXChartDataPath&) { return random() % 3 != 0; });
+            if (random() % 3 == 0)
+                chosen.clear();
+            provider.selectionChanged(nullptr, chosen);
+
+            // Without a choice all that the chart shows takes part, and a choice leaves its own chart alone.
+            double expected = 0;
+            for (KXChartDataPath& cell : obtainCells(shown)) {
+                const bool isChosen = provider.obtainIsSelected(&cell);
+                if (isChosen || chosen.empty())
+                    expected += provider.obtainValueData(nullptr, cell.valueIndexPath);
+            }
+            EXPECT_EQ(obtainTotal(dashboard), expected) << "turn " << turn << " item " << item;
+        }
+        const std::string saved = dashboard.save();
+        const Dashboard again(DashboardReader("d").readText(saved), noHandlers);
+        EXPECT_EQ(again.save(), saved);
+        EXPECT_EQ(obtainTotal(again), obtainTotal(dashboard));
+    }
+}
+
+TEST(HostDashboard, ConditionsHoldWhatTheySay)
+{
+    const TemporaryFile data(
+        "kind,day,at,n\na,2024-01-31,23:59:59,1\nb,2024-02-01,00:00:00,2.5\n"
+        "x' OR 1=1 --,2024-02-29,12:00:00,-3\n(null),2024-03-01,12:59:59,\n,,13:00:00,4\n");
+    const std::pair<const char*, int> cases[] = {
+        {R"([])", 5},
+        {R"([{"column": "kind", "members": []}])", 0},
+        {R"([{"column": "kind", "except": []}])", 5},
+        {R"([{"column": "kind", "members": ["x' OR 1=1 --"]}])", 1},
+        {R"x([{"column": "kind", "members": ["(null)"]}])x", 1},
+        {R"([{"column": "kind", "members": [null]}])", 1},
+        {R"([{"column": "kind", "members": ["a", "gone", null]}])", 2},
+        {R"([{"column": "kind", "except": ["a"]}])", 4},
+        {R"([{"column": "kind", "except": ["a", null]}])", 3},
+        {R"([{"column": "day", "from": "2024-02-01", "to": "2024-02-29"}])", 2},
+        {R"([{"column": "day", "level": "month", "from": "2024-02-01", "to": "2024-02-01"}])", 2},
+        {R"([{"column": "day", "level": "month", "members": ["2024-02-01", null]}])", 3},
+        {R"([{"column": "day", "level": "quarter", "from": null, "to": "2024 Q1"}])", 4},
+        {R"([{"column": "day", "level": "dayOfWeek", "from": "2001-01-03", "to": "2001-01-04"}])", 3},
+        {R"([{"column": "day", "from": null, "to": null}])", 4},
+        {R"([{"column": "at", "level": "hour", "from": "12:00:00", "to": "12:00:00"}])", 2},
+        {R"([{"column": "at", "level": "hour", "from": "13:00:00", "to": "23:00:00"}])", 2},
+        {R"([{"column": "n", "from": -3, "to": 2.5}])", 3},
+        {R"([{"column": "n", "to": 1}])", 2},
+        {R"([[{"column": "kind", "members": ["a", "b"]}, {"column": "n", "from": 2}]])", 1},
+        {R"([{"column": "kind", "members": ["a"]}, {"column": "n", "from": 4}])", 2},
+    };
+    Dashboard dashboard(
+        DashboardReader("d").readText(obtainDashboard(data.getPath(), {R"({"column": "n"})"})), noHandlers);
+    for (const auto& [choice, expected] : cases) {
+        SCOPED_TRACE(choice);
+        const nlohmann::json parsed = nlohmann::json::parse(choice);
+        dashboard.choose(0, readDataChoice(JsonCursor("c", parsed)));
+        EXPECT_EQ(dashboard.getProvider(1).getError(), "");
+        EXPECT_EQ(obtainTotal(dashboard), expected);
+    }
+}
+
+TEST(HostDashboard, SaysWhatIsWrongAndWhere)
+{
+    const TemporaryFile data("kind,n\na,1\n");
+    const std::string count = R"({"measures": [{"aggregate": "count"}]})";
+    const auto withItems = [&](const std::string& items) {
+        return R"({"type": "Dashboard", "data": ")" + data.getPath() +
+               R"(", "columns": 1, "rows": 2, "items": [)" + items + "]}";
+    };
+    const auto withChoice = [&](const std::string& choice) {
+        return withItems(obtainItem(0, obtainBinding(R"({"column": "kind"})"), R"(, "choice": )" + choice) +
+                         ", " + obtainItem(1, count));
+    };
+    const std::pair<std::string, std::string> cases[] = {
+        {withItems(""), ""},
+        {withItems(obtainItem(0, count)), ""},
+        {"[]", "an object is needed here"},
+        {R"({"items": []})", "the key \"type\" is missing"},
+        {R"({"type": "Dashboard", "items": {}})", "items: a list is needed here"},
+        {R"({"type": "Dashboard", "columns": 49, "items": []})", "columns: has to be between 1 and 48"},
+        {R"({"type": "Dashboard", "items": [)" + obtainItem(0, count) + "]}",
+         "items[0]: neither this nor the dashboard names its data"},
+        {withItems("{}"), "items[0]: the key \"chart\" is missing"},
+        {withItems(obtainItem(2, count)), "items[0]: lies outside of 1 columns and 2 rows"},
+        {withItems(obtainItem(0, count) + ", " + obtainItem(0, count)), "items[1]: lies over items[0]"},
+        {withItems(obtainItem(0, R"("none.json")")), "none.json: "},
+        {withItems(obtainItem(0, R"({"measures": []})")),
+         "items[0]: d: items[0].binding: measures: a binding"},
+        {withItems(obtainItem(0, count, R"(, "tooltip": 1)")), "items[0]: unknown key \"tooltip\""},
+        {withChoice(R"([{"column": "kind"}])"), "items[0].choice[0]: either members, or except"},
+        {withChoice(R"([[]])"), "items[0].choice[0]: a condition at least is needed"},
+        {withChoice(R"([{"column": "kind", "members": ["a"], "from": 1}])"),
+         "items[0].choice[0]: either members, or except"},
+        {withChoice(R"([{"column": "n", "members": [1]}])"),
+         "items[0].choice: the binding has no column \"n\""},
+        {withChoice(R"([{"column": "kind", "level": "month", "to": "x"}])"),
+         "choice of kind: \"x\": is no step"},
+        {withChoice(R"([{"column": "kind", "level": "month", "members": []}])"),
+         "items[1]: d: items[1].binding: choice of kind: \"kind\" holds no dates or times"},
+    };
+    for (const auto& [text, expected] : cases) {
+        SCOPED_TRACE(text);
+        std::string complaint;
+        try {
+            const Dashboard dashboard(DashboardReader("d").readText(text), noHandlers);
+        } catch (const HostError& error) {
+            complaint = error.what();
+            complaint.erase(0, complaint.starts_with("d: ") ? 3 : 0);
+        }
+        EXPECT_TRUE(expected.empty() ? complaint.empty() : complaint.starts_with(expected)) << complaint;
+    }
+}
+
+TEST(HostDashboard, WhatUsersMadeOfTheirChartsStays)
+{
+    const TemporaryFile data("day,kind,n\n2024-01-01,a,1\n2024-01-02,b,2\n2024-01-03,a,3\n2024-01-04,b,4\n");
+    const std::string byDay = obtainBinding(R"({"column": "day"}, {"column": "kind"})");
+    DashboardBoard board(DashboardReader("d").readText(
+                             R"({"type": "Dashboard", "data": ")" + data.getPath() +
+                             R"(", "columns": 1, "title": "Days", "items": [)" +
+                             obtainItem(0, obtainBinding(R"({"column": "n"})"), R"(, "clickFilters": true)") +
+                             ", " + obtainItem(1, byDay) + ", " +
+                             obtainItem(2, byDay, R"(, "isFiltered": false)") + "]}"),
+                         noHandlers);
+    board.arrange({900, 900});
+    board.getDiagram().layout();
+    Dashboard& dashboard = board.getDashboard();
+    auto& source = dynamic_cast<KXXYAxisChart&>(dashboard.getChart(0));
+    auto& target = dynamic_cast<KXXYAxisChart&>(dashboard.getChart(1));
+    target.setSeriesShown(1, false);
+    target.getAxisChartProperty()->updateVisibleXFrom(1);
+
+    const auto choose = [&](const char* choice) {
+        const nlohmann::json parsed = nlohmann::json::parse(choice);
+        dashboard.choose(0, readDataChoice(JsonCursor("c", parsed)));
+        source.obtainLegendDataUser()->reloadData(); // asks for the choice
+        board.getDiagram().layout();
+    };
+    const auto saysNoData = [](KXXYAxisChart& chart) {
+        for (std::uint64_t i = 0; i < chart.getPlot()->getChildrenCount(); ++i)
+            if (dynamic_cast<KXNoDataLabel*>(chart.getPlot()->getChild(i)))
+                return chart.getPlot()->getChild(i)->getVisible();
+        return false;
+    };
+    choose(R"([{"column": "n", "members": [2, 3, 4]}])");
+    EXPECT_EQ(target.obtainShownCategoryCount(), 3U);
+    EXPECT_EQ(target.getShownSeries(), std::vector<std::uint64_t>{0});
+    EXPECT_EQ(target.getAxisChartProperty()->getVisibleXFrom(), 1);
+    EXPECT_EQ(source.obtainShownCategoryCount(), 4U);
+    EXPECT_EQ(dashboard.getProvider(2).getData().getMembers(0).size(), 4U);
+    choose(R"([{"column": "n", "members": [4]}])"); // what was hidden is the only series now
+    EXPECT_FALSE(target.isSeriesShown(0));
+    ASSERT_EQ(source.getItems()->getSelected().size(), 1U);
+    EXPECT_EQ(source.getItems()->getSelected()[0].index, 3U);
+    choose(R"([{"column": "n", "members": []}])");
+    EXPECT_TRUE(saysNoData(target));
+    choose("[]");
+    EXPECT_FALSE(saysNoData(target));
+    EXPECT_EQ(target.obtainShownCategoryCount(), 4U);
+    EXPECT_FALSE(target.isSeriesShown(1));
+}
