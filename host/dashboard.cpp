@@ -1,10 +1,12 @@
 #include "dashboard.h"
 
 #include "chart_document.h"
+#include "control_data_provider.h"
 #include "dashboard_writer.h"
 #include "data_binding_reader.h"
 #include "data_opener.h"
 #include "host_error.h"
+#include "kx_control_chart.h"
 #include "sql_session.h"
 #include "view_data_provider.h"
 
@@ -33,10 +35,15 @@ Dashboard::Dashboard(DashboardDocument document, const ViewItemHandlers& handler
     _openData(progress);
     for (std::size_t i = 0; i < m_items.size(); ++i) {
         const DashboardItem& item = m_document.items[i];
-        m_items[i].provider = std::make_unique<ViewDataProvider>(*m_items[i].session, m_items[i].binding,
-                                                                 handlers);
+        const bool isControl = dynamic_cast<KXControlChart*>(&getChart(i)) != nullptr;
+        if (isControl)
+            _requireOneCondition(i);
+        m_items[i].provider =
+            isControl
+                ? std::make_unique<ControlDataProvider>(*m_items[i].session, m_items[i].binding, handlers)
+                : std::make_unique<ViewDataProvider>(*m_items[i].session, m_items[i].binding, handlers);
         m_items[i].provider->setChoice(item.choice);
-        if (item.clickFilters)
+        if (item.clickFilters || isControl)
             m_items[i].provider->setChoiceHandler([this, i](const DataChoice& choice) { choose(i, choice); });
     }
     for (std::size_t i = 0; i < m_items.size(); ++i) {
@@ -77,6 +84,21 @@ void Dashboard::_readParts(std::size_t index)
             if (!hasColumn(opened.binding, condition.column))
                 throw HostError(place + "choice", "",
                                 "the binding has no column \"" + condition.column + '"');
+}
+
+/** A control shows members that are chosen, or a range, and no more. */
+void Dashboard::_requireOneCondition(std::size_t index) const
+{
+    const DataChoice& choice = m_document.items[index].choice;
+    const DataBinding& binding = m_items[index].binding;
+    const std::string place = "items[" + std::to_string(index) + "].choice";
+    if (choice.size() > 1 || (choice.size() == 1 && choice[0].size() > 1))
+        throw HostError(m_document.name, place, "a control has one condition");
+    const std::string column = binding.dimensions.empty()
+                                    ? (binding.measures.empty() ? "" : binding.measures[0].column)
+                                    : binding.dimensions[0].column;
+    if (!choice.empty() && choice[0][0].column != column)
+        throw HostError(m_document.name, place, "a control chooses from its own column alone");
 }
 
 void Dashboard::_openData(const CsvReader::ProgressHandler& progress)

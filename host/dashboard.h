@@ -56,6 +56,7 @@ private:
 
     std::string _obtainPath(const std::string& file) const;
     void _readParts(std::size_t index);
+    void _requireOneCondition(std::size_t index) const;
     void _openData(const CsvReader::ProgressHandler& progress);
     static bool _reaches(const Item& source, const Item& target, const FilterAlternatives& filters);
     std::vector<FilterAlternatives> _collectChoices(std::size_t target) const;

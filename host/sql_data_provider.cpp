@@ -39,13 +39,15 @@ void SqlDataProvider::beginPrepareData(KXChartDataUser*)
     m_totals = SqlTotals();
     m_pivot.reset();
     try {
-        m_data = SqlDataSet(m_session, m_binding);
+        m_data = askForData();
         if (m_binding.totals)
             m_totals = SqlTotals(m_session, m_binding, m_data);
     } catch (const HostError& error) {
         m_error = error.what();
     }
 }
+
+SqlDataSet SqlDataProvider::askForData() { return {m_session, m_binding}; }
 
 void SqlDataProvider::endPrepareData(KXChartDataUser*) {}
 

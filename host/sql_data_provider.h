@@ -8,6 +8,7 @@
 
 #include "data_binding.h"
 #include "kx_axis_chart_data_provider.h"
+#include "kx_control_chart_data_provider.h"
 #include "kx_density_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_heat_map_chart_data_provider.h"
@@ -41,6 +42,11 @@ public
     public:
         /** @param session outlives this object */
         SqlDataProvider(SqlSession & session, DataBinding binding);
+                        public KXTreeMapChartDataProvider,
+                        public KXControlChartDataProvider {
+public:
+    /** @param session outlives this object */
+    SqlDataProvider(SqlSession& session, DataBinding binding);
 
         const DataBinding& getBinding() const { return m_binding; }
         /** Lets those rows alone take part that are chosen elsewhere, from the next preparation on. */
@@ -119,6 +125,17 @@ public
         bool obtainHasTotals(KXChartDataUser * user, bool isRow, std::uint64_t level) override;
         KXTableExtent obtainExtent(KXChartDataUser * user, std::uint64_t measure) override;
         void sortRequested(KXChartDataUser * user, const std::vector<KXTableSort>& order) override;
+protected:
+    SqlSession& getSession() const { return m_session; }
+    /** @return what the database answers to the binding now; throws HostError where it refuses */
+    virtual SqlDataSet askForData();
+
+private:
+    /** Sets values[i] to the value at the path with i added to one of its indexes. */
+    void _obtainNumbers(KXIndexPath path, std::size_t counted, std::span<double> values) const;
+    const SqlMember* _findMember(const KXIndexPath& path) const;
+    SqlValue _findValue(const KXIndexPath& path) const;
+    std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;
 
         // From KXPanelChartDataProvider
         void obtainValues(KXChartDataUser * user, const KXIndexPath& first, std::span<double> values)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 #include "host_error.h"
 #include "number_text.h"
@@ -10,6 +11,13 @@
 #include "sql_query_builder.h"
 #include "sql_session.h"
 #include "time_step.h"
+
+namespace {
+
+/** The position of a member that no row has. */
+constexpr std::uint64_t nowhere = std::numeric_limits<std::uint32_t>::max();
+
+} // namespace
 
 SqlDataSet::SqlDataSet(SqlSession& session, const DataBinding& binding)
 {
@@ -114,6 +122,27 @@ std::uint64_t SqlDataSet::obtainMember(std::size_t row, std::size_t dimension) c
     while (member < found.members.size() && found.members[member].position != position)
         ++member;
     return member;
+}
+
+void SqlDataSet::setMembers(std::size_t dimension, std::vector<SqlMember> members)
+{
+    // Null and the others are told apart from members of their names.
+    const auto obtainKey = [](const SqlMember& member) {
+        return (member.isNull ? "n" : member.isOthers() ? "o" : "=") + member.text;
+    };
+    std::unordered_map<std::string, std::optional<std::uint64_t>> positions;
+    positions.reserve(m_dimensions[dimension].members.size());
+    for (const SqlMember& member : m_dimensions[dimension].members)
+        positions[obtainKey(member)] = member.position;
+    for (SqlMember& member : members) {
+        const auto found = positions.find(obtainKey(member));
+        // What stands for the others stays that, also without a row: no result has this position.
+        const bool isOthers = member.isOthers();
+        member.position = found != positions.end() ? found->second : std::nullopt;
+        if (!member.position && isOthers)
+            member.position = nowhere;
+    }
+    m_dimensions[dimension].members = std::move(members);
 }
 
 std::optional<std::size_t> SqlDataSet::_findRow(std::span<const std::uint64_t> members) const

@@ -64,6 +64,9 @@ public:
 
     /** @return the number of a cell, NaN for a null */
     double obtainRowNumber(std::size_t measure, std::size_t row) const;
+    /** Gives a dimension other members, in display order. Those that the data have are found by their texts;
+     * what is said of any other one, its values apart, is what members says. */
+    void setMembers(std::size_t dimension, std::vector<SqlMember> members);
 
     std::size_t getMeasureCount() const { return m_measures.size(); }
     KXChartDataType getMeasureType(std::size_t measure) const { return m_measures[measure].type; }

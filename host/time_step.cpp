@@ -94,6 +94,42 @@ std::optional<TimeStep> TimeStep::fromSeconds(double seconds)
     return TimeStep(sys_seconds(whole), DateLevel::Second, true);
 }
 
+std::optional<TimeStep> TimeStep::fromSeconds(double seconds, DateLevel level, bool hasDate)
+{
+    const std::optional<TimeStep> moment = fromSeconds(seconds);
+    constexpr double secondsOfDay = 24 * 60 * 60;
+    if (!moment || (!hasDate && (seconds < 0 || seconds >= secondsOfDay)))
+        return std::nullopt;
+    // A text of the level names the step, whichever of its moments it was made of.
+    sys_seconds start = moment->m_start;
+    const sys_days day = floor<days>(start);
+    const year_month_day date(day);
+    switch (level) {
+    case DateLevel::Year:
+        start = firstOfYear(date.year());
+        break;
+    case DateLevel::Month:
+        start = sys_days(date.year() / date.month() / 1);
+        break;
+    case DateLevel::Quarter:
+    case DateLevel::Week:
+        return parse(TimeStep(start, level, hasDate).obtainText(), level);
+    case DateLevel::Day:
+    case DateLevel::DayOfWeek:
+        start = day;
+        break;
+    case DateLevel::Hour:
+        start = floor<hours>(start);
+        break;
+    case DateLevel::Minute:
+        start = floor<minutes>(start);
+        break;
+    case DateLevel::Second:
+        break;
+    }
+    return TimeStep(start, level, hasDate);
+}
+
 std::string TimeStep::obtainText() const
 {
     const sys_days day = floor<days>(m_start);

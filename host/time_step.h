@@ -18,6 +18,10 @@ public:
      */
     static std::optional<TimeStep> fromSeconds(double seconds);
 
+    /** @return the step in which the given moment falls, since 1970 or, where a time has no date, since
+     * midnight; nothing outside of what it has */
+    static std::optional<TimeStep> fromSeconds(double seconds, DateLevel level, bool hasDate = true);
+
     std::string obtainText() const;
     /** @return the beginning in seconds since 1970, or since midnight where the text has a time alone */
     double obtainSeconds() const;

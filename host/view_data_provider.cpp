@@ -34,6 +34,11 @@ void ViewDataProvider::selectionChanged(KXChartDataUser*, const std::vector<KXCh
     }
     std::ranges::sort(choice);
     choice.erase(std::ranges::unique(choice).begin(), choice.end());
+    tellChoice(choice);
+}
+
+void ViewDataProvider::tellChoice(const DataChoice& choice) const
+{
     if (m_choiceHandler)
         m_choiceHandler(choice);
 }
@@ -47,15 +52,15 @@ ChosenItem ViewDataProvider::_makeChosenItem(const KXChartDataPath& path) const
     for (std::size_t i = 0; i < getData().getDimensionCount(); ++i) {
         // The dimension path may hold several members, as that of Others does; the other has one of each.
         if (own.size() > 1 && own[0] == i)
-            item.push_back(_makeCondition(i, std::span(own).subspan(1)));
+            item.push_back(makeCondition(i, std::span(own).subspan(1)));
         else if (i + 1 < value.size())
-            item.push_back(_makeCondition(i, std::span(value).subspan(i + 1, 1)));
+            item.push_back(makeCondition(i, std::span(value).subspan(i + 1, 1)));
     }
     return item;
 }
 
-ChoiceCondition ViewDataProvider::_makeCondition(std::size_t dimension,
-                                                 std::span<const std::uint64_t> members) const
+ChoiceCondition ViewDataProvider::makeCondition(std::size_t dimension,
+                                                std::span<const std::uint64_t> members) const
 {
     const std::vector<SqlMember>& all = getData().getMembers(dimension);
     ChoiceCondition condition;

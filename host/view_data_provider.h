@@ -40,6 +40,7 @@ public:
     bool obtainCanSelect(KXChartDataUser* user) override;
     bool obtainIsSelected(KXChartDataPath* path) override;
     void selectionChanged(KXChartDataUser* user, const std::vector<KXChartDataPath>& paths) override;
+    using SqlDataProvider::selectionChanged;
 
     // From KXChartDataProvider and KXInteractionProvider
     bool obtainDataShouldRightClickAction(KXChartDataUser* user, KXChartDataPath* path) override;
@@ -60,6 +61,12 @@ public:
     std::vector<KXInteractionEffect*> obtainInteractionEffects(
         const std::vector<KXObjectID>& objectIDs) override;
 
+protected:
+    const DataChoice& getChoice() const { return m_choice; }
+    void tellChoice(const DataChoice& choice) const;
+    /** @return the condition that members of a dimension are chosen */
+    ChoiceCondition makeCondition(std::size_t dimension, std::span<const std::uint64_t> members) const;
+
 private:
     /** What an item is called, and what it says. */
     struct Item {
@@ -69,7 +76,6 @@ private:
     };
 
     ChosenItem _makeChosenItem(const KXChartDataPath& path) const;
-    ChoiceCondition _makeCondition(std::size_t dimension, std::span<const std::uint64_t> members) const;
     std::unique_ptr<KXChartDataPath> _makeTargetPath(const ItemFacts& facts, const std::string& measureLabel);
     std::optional<std::uint64_t> _findMember(std::uint64_t dimension, const ItemFacts& facts);
     std::string _obtainTable(bool withNames);

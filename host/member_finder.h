@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+struct SqlMember;
+
+/** Finds members by a part of their texts, whatever their case and accents. At the first question it makes a
+ * folded copy of all texts, one behind the other, which takes their size and eight bytes for each member; a
+ * question then runs through that copy once. */
+class MemberFinder {
+public:
+    /** Sets found to the indexes of members whose texts hold text, in their order, and shortens it where
+     * there are fewer.
+     *  @param members the same at every question
+     *  @param first how many of them are left out before */
+    void find(const std::vector<SqlMember>& members, const std::string& text, std::uint64_t first,
+              std::span<std::uint64_t>& found);
+
+private:
+    void _fold(const std::vector<SqlMember>& members);
+
+    std::string m_folded;              // the texts, each with a zero byte behind it
+    std::vector<std::uint64_t> m_ends; // of the texts, behind their zero bytes
+};
