@@ -12,8 +12,12 @@
 #include "ux/ux_virtual_scroll_view.h"
 #include "view_data_provider.h"
 
+#include <array>
+#include <cmath>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
+#include <tuple>
 
 namespace {
 
@@ -22,20 +26,25 @@ std::string obtainBinding(const std::string& dimensions)
     return R"({"dimensions": [)" + dimensions + R"(], "measures": [{"aggregate": "count"}]})";
 }
 
-std::string obtainItem(int row, const std::string& binding, const std::string& more = {})
+std::string obtainItem(int row, const std::string& binding, const std::string& more = {},
+                       const std::string& type = "KXBarChart")
 {
-    return R"({"chart": {"type": "KXBarChart"}, "binding": )" + binding + R"(, "column": 0, "row": )" +
+    return R"({"chart": {"type": ")" + type + R"("}, "binding": )" + binding + R"(, "column": 0, "row": )" +
            std::to_string(row) + R"(, "width": 1, "height": 1)" + more + '}';
 }
 
-/** @return a dashboard in JSON: in its items, one to a row, clicks filter; the last one counts all rows */
-std::string obtainDashboard(const std::string& data, const std::vector<std::string>& dimensions)
+/** @return a dashboard in JSON: charts in which clicks filter, then controls, each by its dimensions and one
+ * to a row; the last item counts all rows */
+std::string obtainDashboard(const std::string& data, const std::vector<std::string>& charts,
+                            const std::vector<std::string>& controls = {})
 {
     std::string items;
     int row = 0;
-    for (const std::string& own : dimensions)
+    for (const std::string& own : charts)
         items += obtainItem(row++, obtainBinding(own), R"(, "clickFilters": true)") + ", ";
-    return R"({"type": "Dashboard", "data": ")" + data + R"(", "columns": 1, "items": [)" + items +
+    for (const std::string& own : controls)
+        items += obtainItem(row++, obtainBinding(own), "", "KXControlChart") + ", ";
+    return R"({"type": "Dashboard", "data": ")" + data + R"(", "columns": 1, "rows": 9, "items": [)" + items +
            obtainItem(row, obtainBinding("")) + "]}";
 }
 
@@ -74,13 +83,87 @@ std::string makeRows(std::mt19937& random, int count)
     return rows;
 }
 
+/** Chooses a random part of what a chart shows. @return how many rows that part holds */
+double chooseCells(ViewDataProvider& provider, std::mt19937& random)
+{
+    const SqlDataSet& shown = provider.getData();
+    std::vector<KXChartDataPath> chosen = obtainCells(shown);
+    std::erase_if(chosen, [&](const KXChartDataPath&) { return random() % 3 != 0; });
+    if (random() % 3 == 0)
+        chosen.clear();
+    provider.selectionChanged(nullptr, chosen);
+    // Without a choice all that the chart shows takes part, and a choice leaves its own chart alone.
+    double rows = 0;
+    for (KXChartDataPath& cell : obtainCells(shown)) {
+        const bool isChosen = provider.obtainIsSelected(&cell);
+        EXPECT_TRUE(isChosen || chosen.empty() || std::ranges::none_of(chosen, [&](const auto& path) {
+                        return path.valueIndexPath == cell.valueIndexPath;
+                    }));
+        if (isChosen || chosen.empty())
+            rows += provider.obtainValueData(nullptr, cell.valueIndexPath);
+    }
+    return rows;
+}
+
+/** The same in a control, whose answers have to be what it was told. */
+double chooseMembers(KXControlChartDataProvider& provider, std::mt19937& random)
+{
+    const std::uint64_t count = provider.obtainDimensionDataCount(nullptr, 0);
+    std::vector<std::uint64_t> members;
+    for (std::uint64_t i = 0; i < count; ++i)
+        if (random() % 3 == 0)
+            members.push_back(i);
+    const bool isExcluding = random() % 2 == 0;
+    provider.selectionChanged(nullptr, members, isExcluding);
+    std::vector<std::uint64_t> told;
+    bool tellsExcluding = true;
+    const bool isFiltered = provider.obtainSelection(nullptr, told, tellsExcluding);
+    EXPECT_EQ(isFiltered, !isExcluding || !members.empty());
+    EXPECT_EQ(told, members);
+    EXPECT_EQ(tellsExcluding, isExcluding);
+    std::vector<double> counts(count);
+    provider.obtainValues(nullptr, {0, 0}, counts);
+    double rows = 0;
+    for (std::uint64_t i = 0; i < count; ++i)
+        if ((std::ranges::find(members, i) == members.end()) == isExcluding && !std::isnan(counts[i]))
+            rows += counts[i];
+    return rows;
+}
+
+/** The same with two of its members as the ends of a range, either of which may be open. */
+double chooseRange(KXControlChartDataProvider& provider, std::mt19937& random)
+{
+    const std::uint64_t count = provider.obtainDimensionDataCount(nullptr, 0);
+    std::vector<double> counts(count), numbers(count);
+    provider.obtainValues(nullptr, {0, 0}, counts);
+    for (std::uint64_t i = 0; i < count; ++i)
+        numbers[i] = provider.obtainDimensionDataAsNumber(nullptr, {0, i});
+    const auto pickEnd = [&] { return count == 0 || random() % 4 == 0 ? NAN : numbers[random() % count]; };
+    const double from = pickEnd(), to = pickEnd();
+    provider.rangeChanged(nullptr, from, to);
+    double toldFrom = NAN, toldTo = NAN;
+    EXPECT_EQ(provider.obtainRange(nullptr, toldFrom, toldTo), !std::isnan(from) || !std::isnan(to));
+    EXPECT_TRUE(toldFrom == from || (std::isnan(from) && std::isnan(toldFrom)));
+    EXPECT_TRUE(toldTo == to || (std::isnan(to) && std::isnan(toldTo)));
+    double rows = 0;
+    for (std::uint64_t i = 0; i < count; ++i) {
+        const bool isOpen = std::isnan(from) && std::isnan(to); // then even those without a number are in
+        const bool isIn = !std::isnan(numbers[i]) && !(numbers[i] < from) && !(numbers[i] > to);
+        if ((isOpen || isIn) && !std::isnan(counts[i]))
+            rows += counts[i];
+    }
+    return rows;
+}
+
 const ViewItemHandlers noHandlers;
 
 } // namespace
 
 TEST(HostDashboard, ChosenItemsAddUpToWhatTheOthersShow)
 {
-    for (unsigned seed = 0; seed < 3; ++seed) {
+    const char* const wanted = std::getenv("KX_RANDOM_COUNT"); // each seed is 40 choices
+    const unsigned seeds = wanted ? static_cast<unsigned>(std::atoi(wanted)) : 2;
+    for (unsigned seed = 0; seed < seeds; ++seed) {
         SCOPED_TRACE(seed);
         std::mt19937 random(seed);
         const TemporaryFile data(makeRows(random, 1 + static_cast<int>(random() % 300)));
@@ -88,25 +171,17 @@ TEST(HostDashboard, ChosenItemsAddUpToWhatTheOthersShow)
             data.getPath(),
             {R"({"column": "kind", "top": {"count": 3, "others": "Rest"}})",
              R"({"column": "day", "level": "month", "fillGaps": true})",
-             R"({"column": "number"}, {"column": "kind"})", R"({"column": "moment", "level": "quarter"})"});
+             R"({"column": "number"}, {"column": "kind"})", R"({"column": "moment", "level": "quarter"})"},
+            {R"({"column": "kind", "sort": {"measure": 0}})", R"({"column": "number"})",
+             R"({"column": "moment", "level": "month"})", R"({"column": "day", "level": "week"})"});
         Dashboard dashboard(DashboardReader("d").readText(text), noHandlers);
-        for (int turn = 0; turn < 25; ++turn) {
-            const std::size_t item = random() % 4;
+        for (int turn = 0; turn < 40; ++turn) {
+            const std::size_t item = random() % 8;
             ViewDataProvider& provider = dashboard.getProvider(item);
-            const SqlDataSet& shown = provider.getData();
-            std::vector<KXChartDataPath> chosen = obtainCells(shown);
-            std::erase_if(chosen, [&](const KXChartDataPath&) { return random() % 3 != 0; });
-            if (random() % 3 == 0)
-                chosen.clear();
-            provider.selectionChanged(nullptr, chosen);
-
-            // Without a choice all that the chart shows takes part, and a choice leaves its own chart alone.
-            double expected = 0;
-            for (KXChartDataPath& cell : obtainCells(shown)) {
-                const bool isChosen = provider.obtainIsSelected(&cell);
-                if (isChosen || chosen.empty())
-                    expected += provider.obtainValueData(nullptr, cell.valueIndexPath);
-            }
+            const double expected = item < 4                    ? chooseCells(provider, random)
+                                    : item < 6 && turn % 2 == 0 ? chooseMembers(provider, random)
+                                    : item == 4                 ? chooseMembers(provider, random)
+                                                                : chooseRange(provider, random);
             EXPECT_EQ(obtainTotal(dashboard), expected) << "turn " << turn << " item " << item;
         }
         const std::string saved = dashboard.save();
@@ -114,6 +189,51 @@ TEST(HostDashboard, ChosenItemsAddUpToWhatTheOthersShow)
         EXPECT_EQ(again.save(), saved);
         EXPECT_EQ(obtainTotal(again), obtainTotal(dashboard));
     }
+}
+
+TEST(HostDashboard, ControlsFindMembersAndRanges)
+{
+    const TemporaryFile data("name,n\nÉclair,1\neclipse,9\nNECK,4\nPie,\nPie,5\n");
+    Dashboard dashboard(
+        DashboardReader("d").readText(
+            R"({"type": "Dashboard", "data": ")" + data.getPath() + R"(", "columns": 1, "items": [)" +
+            obtainItem(0, obtainBinding(R"({"column": "name"})"), R"(, "choice": [{"column": "name",
+                "members": ["Pie", "eclipse", "gone", null]}])",
+                       "KXControlChart") +
+            ", " +
+            obtainItem(1, R"({"measures": [{"column": "n", "aggregate": "max"}]})", "", "KXControlChart") +
+            ", " + obtainItem(2, obtainBinding("")) + "]}"),
+        noHandlers);
+    KXControlChartDataProvider& names = dashboard.getProvider(0);
+    KXControlChartDataProvider& range = dashboard.getProvider(1);
+    const std::tuple<const char*, std::uint64_t, std::vector<std::uint64_t>> searches[] = {
+        {"ECL", 0, {2, 3}}, {"éc", 0, {0, 2}}, {"éc", 1, {2, 3}}, {"k", 0, {0}}, {"x", 0, {}}, {"", 0, {}}};
+    ASSERT_EQ(names.obtainDimensionDataCount(nullptr, 0), 6U); // NECK, Pie, eclipse, Éclair, gone, (null)
+    for (const auto& [text, first, expected] : searches) {
+        std::array<std::uint64_t, 2> room{};
+        std::span<std::uint64_t> found(room);
+        ASSERT_TRUE(names.findMembers(nullptr, text, first, found));
+        EXPECT_EQ(std::vector(found.begin(), found.end()), expected) << text << first;
+    }
+    std::vector<std::uint64_t> members;
+    bool isExcluding = true;
+    EXPECT_TRUE(names.obtainSelection(nullptr, members, isExcluding));
+    EXPECT_EQ(members, (std::vector<std::uint64_t>{1, 2, 4, 5}));
+
+    // Bounds are those of all rows, and the picture behind them shows what is left of them.
+    double lowest = 0, greatest = 0;
+    EXPECT_TRUE(range.obtainRangeBounds(nullptr, lowest, greatest));
+    EXPECT_EQ(std::pair(lowest, greatest), std::pair(1.0, 9.0));
+    std::array<double, 2> counts{};
+    EXPECT_TRUE(range.obtainHistogram(nullptr, lowest, greatest, counts));
+    EXPECT_EQ(counts, (std::array{0.0, 2.0}));
+    range.rangeChanged(nullptr, 5, NAN);
+    EXPECT_EQ(obtainTotal(dashboard), 2);
+    EXPECT_EQ(names.obtainDimensionDataCount(nullptr, 0), 6U);
+    std::vector<double> left(6);
+    names.obtainValues(nullptr, {0, 0}, left);
+    EXPECT_EQ(left[1] + left[2], 2);
+    EXPECT_TRUE(std::isnan(left[0]) && std::isnan(left[3]) && std::isnan(left[4]));
 }
 
 TEST(HostDashboard, ConditionsHoldWhatTheySay)
@@ -184,6 +304,10 @@ TEST(HostDashboard, SaysWhatIsWrongAndWhere)
          "items[0]: d: items[0].binding: measures: a binding"},
         {withItems(obtainItem(0, count, R"(, "tooltip": 1)")), "items[0]: unknown key \"tooltip\""},
         {withChoice(R"([{"column": "kind"}])"), "items[0].choice[0]: either members, or except"},
+        {withItems(obtainItem(0, obtainBinding(R"({"column": "n"})"),
+                              R"(, "choice": [{"column": "n", "members": []}, {"column": "n", "from": 1}])",
+                              "KXControlChart")),
+         "items[0].choice: a control has one condition"},
         {withChoice(R"([[]])"), "items[0].choice[0]: a condition at least is needed"},
         {withChoice(R"([{"column": "kind", "members": ["a"], "from": 1}])"),
          "items[0].choice[0]: either members, or except"},
