@@ -1,42 +1,16 @@
 // A comma-separated file of any bytes: read row by row, and made a database table.
 
 #include "csv_importer.h"
+#include "fuzz_host.h"
 #include "fuzz_input.h"
-#include "host_error.h"
 #include "sql_session.h"
 
 #include <filesystem>
 #include <fstream>
-#include <unistd.h>
-
-namespace {
-
-std::string obtainPath()
-{
-    const std::filesystem::path memory("/dev/shm");
-    std::error_code none;
-    const auto folder = std::filesystem::is_directory(memory, none) ? memory
-                                                                    : std::filesystem::temp_directory_path();
-    return (folder / ("kx_fuzz_" + std::to_string(getpid()) + ".csv")).string();
-}
-
-/** Readers refuse a file by this error alone; any other ends the program. */
-template <class Read>
-bool accepts(const Read& read)
-{
-    try {
-        read();
-        return true;
-    } catch (const HostError&) {
-        return false;
-    }
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    static const std::string path = obtainPath();
+    static const std::string path = obtainFuzzPath(".csv");
     std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes), std::streamsize(size));
     CsvReader reader(path);
     const bool isRead = accepts([&] {

@@ -6,6 +6,7 @@
 #include "sql_session.h"
 
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <string_view>
@@ -15,6 +16,9 @@ namespace {
 /** Throws HostError for a file that is no table of texts but of a kind that many programs write. */
 void requireTextTable(const std::string& path)
 {
+    std::error_code none;
+    if (std::filesystem::exists(path, none) && !std::filesystem::is_regular_file(path, none))
+        throw HostError(path, "", "is no file"); // but a folder, or what may never end
     std::array<char, 16> head{};
     std::ifstream(path, std::ios::binary).read(head.data(), head.size());
     const std::string_view start(head.data(), head.size());
