@@ -5,19 +5,25 @@
 #include "kx_axis_property.h"
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
+#include "kx_chart_selection_provider.h"
 #include "kx_key_walk.h"
 #include "kx_line_gradient_legend.h"
 #include "kx_load_chart.h"
 #include "kx_scatter_chart_data_provider.h"
 #include "kx_scatter_chart_property.h"
 #include "kx_size_legend.h"
+#include "kx_test_input.h"
+#include "ux/ux_diagram.h"
 #include "ux/ux_hint_info.h"
+#include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <random>
 #include <sstream>
@@ -49,6 +55,51 @@ protected:
     UXPoint placeOf(const Mark& mark) const
     {
         return chart.getDataView().obtainHintPoint(mark).value_or(UXPoint());
+    }
+};
+
+/** Points (0, 0), (1, 1) ... by measures whose roles it gives itself, and boxes around them. */
+class PointTable : public KXScatterChartDataProvider, public KXChartSelectionProvider {
+public:
+    std::vector<std::string> boxed; // the indexes of the points that were told, box by box
+    std::vector<KXChartDataPath> chosen;
+    bool selectsByBox = true;
+
+    void beginPrepareData(KXChartDataUser*) override {}
+    void endPrepareData(KXChartDataUser*) override {}
+    bool obtainDataIsEmpty(KXChartDataUser*) override { return false; }
+    std::uint64_t obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension) override
+    {
+        return dimension == 0 ? 4 : 0;
+    }
+    std::uint64_t obtainValueCount(KXChartDataUser*) override { return 3; }
+    double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
+    {
+        return static_cast<double>(path.at(0) == 0 ? 7 : path.at(1));
+    }
+    std::int64_t obtainRoleMeasure(KXChartDataUser*, KXScatterChartRole role) override
+    {
+        return role == KXScatterChartRole::X ? 2 : role == KXScatterChartRole::Y ? 1 : -1;
+    }
+    bool shouldSelectByBox(KXChartDataUser*) override { return selectsByBox; }
+    std::function<void()> obtainSelectionAction(KXChartDataUser*,
+                                                const std::vector<KXChartDataPath>& paths) override
+    {
+        return [this, paths] {
+            std::string& told = boxed.emplace_back();
+            for (const KXChartDataPath& path : paths)
+                told += std::to_string(path.valueIndexPath.at(1));
+        };
+    }
+    bool obtainIsSelected(KXChartDataPath* path) override
+    {
+        return std::ranges::any_of(chosen, [path](const KXChartDataPath& each) {
+            return each.valueIndexPath == path->valueIndexPath;
+        });
+    }
+    void selectionChanged(KXChartDataUser*, const std::vector<KXChartDataPath>& paths) override
+    {
+        chosen = paths;
     }
 };
 
@@ -183,6 +234,36 @@ TEST_F(KXScatterChartTest, TheKeyboardGoesToTheNearestPointOfADirection)
     EXPECT_TRUE(chart.getMarksArea().x < placeOf({1, 4}).x &&
                 chart.getMarksArea().y <= placeOf({1, 4}).y + 1);
     EXPECT_EQ(chart.getDataView().hitMark(placeOf({1, 4})), (Mark{1, 4}));
+}
+
+TEST_F(KXScatterChartTest, ABoxSelectsThePointsInItWhereTheProviderWantsThat)
+{
+    PointTable table;
+    UXDiagram diagram;
+    diagram.setRect(usualRect);
+    diagram.addChild(&chart);
+    kxLoad(chart, table, usualRect);
+    const KXTestInput input{diagram};
+    const auto drag = [&](const UXPoint& from, const UXPoint& to) {
+        input.press(from);
+        UXEvent moved = KXTestInput::at(to);
+        moved.setEventType(UXEventType::MouseMove);
+        diagram.mouseMove(moved);
+        input.release(to);
+    };
+    const auto beside = [&](std::uint64_t category, int distance) {
+        const UXPoint point = chart.translatePointToParent(
+            chart.getPlot()->translatePointToParent(placeOf({1, category}), &chart), nullptr);
+        return UXPoint(point.x + distance, point.y - distance);
+    };
+    drag(beside(1, -20), beside(2, 20));
+    EXPECT_EQ(table.boxed, std::vector<std::string>{"12"});
+    EXPECT_EQ(chart.getItems()->getSelected(), (std::vector<KXChartItem>{{0, 1, 1}, {0, 1, 2}}));
+    EXPECT_FALSE(chart.isZoomed());
+
+    table.selectsByBox = false;
+    drag(beside(0, -20), beside(2, 20));
+    EXPECT_EQ(table.boxed.size(), 1u);
 }
 
 TEST_F(KXScatterChartTest, CrowdedPointsAreSeenThrough)
