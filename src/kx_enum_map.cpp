@@ -116,6 +116,7 @@ template KX_EXPORT UXEnum::UXEnumMap<KXPieLabelPosition>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableColumnHeaderInfoType>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableDatabarStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTablePanelType>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<KXTableColorRuleKind>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableRowLayout>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableShowValuesAs>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXTableTotals>* kxObtainEnumMap();

@@ -42,8 +42,7 @@ std::size_t obtainSlot(KXGridBand rowBand, KXGridBand columnBand)
 
 KXTableChart::KXTableChart()
     : KXTableChartDataUser(this), UXPropertyAccessor(this), UXHintDelegate(this), KXChartDataAction(this),
-      m_grid(new KXTableGrid), m_noDataLabel(new KXNoDataLabel),
-      m_fractionFormat(std::make_unique<KXChartDataFormat>())
+      m_grid(new KXTableGrid), m_noDataLabel(new KXNoDataLabel)
 {
     addChild(m_grid);
     addChild(m_noDataLabel);
@@ -110,6 +109,7 @@ void KXTableChart::resetData()
     m_headerWidths.clear();
     m_measureWidths.clear();
     m_isSettled = false;
+    m_shownFormats.clear();
 }
 
 void KXTableChart::customReloadData()
@@ -280,12 +280,20 @@ KXTableShowValuesAs KXTableChart::_obtainShown(std::uint64_t measure) const
 }
 
 /** Numbers of one measure have as many decimals as each other. */
-std::string KXTableChart::_formatNumber(double number, std::uint64_t measure) const
+const KXChartDataFormat& KXTableChart::_obtainFormat(std::uint64_t measure)
 {
-    if (kxIsPercentage(_obtainShown(measure)))
-        return kxFormatPartOfWhole(std::round(number * tenths) / tenths, number, 1);
-    const bool hasOwnDecimals = m_dataFormat->getDecimals() >= 0 || !getExtent(measure).hasFractions;
-    return (hasOwnDecimals ? *m_dataFormat : *m_fractionFormat).formatNumber(number);
+    if (m_shownFormats.size() == getMeasures().size())
+        return m_shownFormats[measure];
+    m_shownFormats.clear();
+    m_shownFormats.reserve(getMeasures().size());
+    for (std::uint64_t i = 0; i < getMeasures().size(); ++i) {
+        KXChartDataFormat format;
+        format.copyFrom(i < m_dataFormats.size() ? &m_dataFormats[i] : m_dataFormat.get());
+        if (format.getDecimals() < 0 && getExtent(i).hasFractions)
+            format.setDecimals(usualDecimals);
+        m_shownFormats.push_back(std::move(format));
+    }
+    return m_shownFormats[measure];
 }
 
 std::string KXTableChart::_formatCell(const KXTablePlace& place, const KXTableCell& cell)
@@ -303,11 +311,15 @@ std::string KXTableChart::_formatCell(const KXTablePlace& place, const KXTableCe
     }
     if (measure.isNumber()) {
         const double number = obtainShownNumber(place, _obtainShown(place.measure));
-        return std::isfinite(number) ? _formatNumber(number, place.measure) : std::string();
+        if (!std::isfinite(number))
+            return {};
+        return kxIsPercentage(_obtainShown(place.measure))
+                   ? kxFormatPartOfWhole(std::round(number * tenths) / tenths, number, 1)
+                   : _obtainFormat(place.measure).formatNumber(number);
     }
     return measure.type == KXChartDataType::String
                ? cell.text
-               : m_dataFormat->formatDateTime(cell.text, measure.type, measure.level);
+               : _obtainFormat(place.measure).formatDateTime(cell.text, measure.type, measure.level);
 }
 
 std::string KXTableChart::obtainCellText(std::uint64_t row, std::uint64_t column)
@@ -324,6 +336,7 @@ std::string KXTableChart::obtainCellText(std::uint64_t row, std::uint64_t column
             break;
         if (!self.isAlive() || place != obtainPlace(row, column))
             return {};
+        m_shownFormats.clear(); // there may be fractions among what has come
     }
     return text;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kx_chart_data_action.h"
+#include "kx_chart_data_format_key.h"
 #include "kx_grid_band.h"
 #include "kx_grid_hit.h"
 #include "kx_grid_lines.h"
@@ -9,6 +10,7 @@
 #include "kx_table_chart_data_user.h"
 #include "kx_table_chart_options.h"
 #include "kx_table_clip.h"
+#include "kx_table_color_rule.h"
 #include "kx_table_databar_info.h"
 #include "kx_table_panel.h"
 #include "kx_table_panel_delegate.h"
@@ -20,7 +22,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,6 +46,10 @@ class KXTableGrid;
         "the same of columns")                                                                               \
     KEY(std::vector<KXTableShowValuesAs>, ShowValuesAs, m_showValuesAs, {}, Any(Table), Layout,              \
         "what the cells of each measure tell of their values")                                               \
+    KEY(std::vector<KXChartDataFormat>, DataFormats, m_dataFormats, {}, Any(DataFormat), Layout,             \
+        "how the values of each measure are written; of those past the last one m_dataFormat")               \
+    KEY(std::vector<KXTableColorRule>, ColorRules, m_colorRules, {}, Any(Table), Layout,                     \
+        "colours of cells by their values; the first rule that holds counts")                                \
     KEY(std::vector<KXTableDatabarInfo>, Databars, m_databars, {}, Any(Table), Layout, "bars in cells")      \
     KEY(std::vector<std::string>, SortOrder, m_sortOrder, {}, Any(Table), None,                              \
         "what the user sorted by, the first one counts the most: + or -, then the identity of a column")     \
@@ -209,7 +214,7 @@ private:
 
     // What is written
     std::string _formatCell(const KXTablePlace& place, const KXTableCell& cell);
-    std::string _formatNumber(double number, std::uint64_t measure) const;
+    const KXChartDataFormat& _obtainFormat(std::uint64_t measure);
     KXTableShowValuesAs _obtainShown(std::uint64_t measure) const;
     std::string _obtainHeaderText(bool isRow, const Line& line);
     std::string _obtainMemberText(bool isRow, const KXIndexPath& path);
@@ -244,6 +249,7 @@ private:
     void _markSorting(KXTableDrawnCell& cell, KXGridBand band, std::uint64_t column);
     std::vector<KXTableDrawnCell> _layoutValues(const KXTablePanel& panel);
     KXTableDrawnCell _layoutValue(const UXDoubleRect& rect, const KXTablePlace& place, bool isTotal);
+    void _addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const;
     void _addBar(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const;
 
     // The user
@@ -260,8 +266,8 @@ private:
     std::array<KXTablePanel*, kxGridBandCount * kxGridBandCount> m_panels{}; // children of the grid
     std::string m_totalWord;                                                 // in the host's language
     std::vector<double> m_headerWidths, m_measureWidths; // what texts that were in sight need
-    std::unique_ptr<KXChartDataFormat> m_fractionFormat; // the format, with decimals for fractions
-    double m_stretch = 0;                                // what each column of cells has beyond that
+    std::vector<KXChartDataFormat> m_shownFormats; // by measure, with their decimals; empty until needed
+    double m_stretch = 0;                          // what each column of cells has beyond that
     std::optional<EdgeDrag> m_edgeDrag;
     std::uint64_t m_stepLength = 1; // how many rows or columns a key goes
     bool m_isGrowing = false;       // some column needs more than it has

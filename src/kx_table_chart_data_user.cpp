@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::uint64_t allMembers = KXTableChartDataProvider::allMembers;
 /** Headers and cells come in blocks of so many. */
-constexpr std::uint64_t headerBlock = 256, rowBlock = 128, columnBlock = 16;
+constexpr std::uint64_t headerBlock = 256, rowBlock = 64, columnBlock = 16;
 constexpr std::size_t greatestHeaderSize = std::size_t{16} << 20;
 /** Sums up to a member go over so many before it at most. */
 constexpr std::uint64_t greatestRun = 100'000;

@@ -76,6 +76,7 @@ void KXTableChart::_customLayout(UXRect plotArea)
         m_headerWidths.clear();
         m_measureWidths.clear();
     }
+    m_shownFormats.clear();
     m_grid->setVisible(hasCells);
     m_grid->setRect(plotArea);
     if (m_grid->getSelects() != (m_canSelect && isInteractionEnabled()))
@@ -108,8 +109,6 @@ void KXTableChart::_layoutGrid()
 
 void KXTableChart::_updateLines()
 {
-    m_fractionFormat->copyFrom(m_dataFormat.get());
-    m_fractionFormat->setDecimals(2);
     const auto obtainTextHeight = [](const UXTextProperty& property) {
         return std::ceil(uxMeasureText("Xg", property).height);
     };
@@ -569,7 +568,7 @@ std::vector<KXTableDrawnCell> KXTableChart::_layoutValues(const KXTablePanel& pa
                                         : _layoutValue(rect, place, isTotal);
             if (isTotal)
                 cell.ground = m_totalColor;
-            else if (m_showBands && row % 2 == 1)
+            else if (m_showBands && row % 2 == 1 && !(cell.ground.alpha > 0))
                 cell.ground = m_bandColor;
             cell.item = _makeItem(panel.getRowBand(), panel.getColumnBand(), row, column);
             _fitText(cell, m_labelProperty, panel.getColumnBand(), column,
@@ -593,9 +592,24 @@ KXTableDrawnCell KXTableChart::_layoutValue(const UXDoubleRect& rect, const KXTa
         cell.textColor = m_quietColor;
     else if (found->state == KXTableCellState::Error)
         cell.textColor = m_errorColor;
-    else if (!isTotal)
+    else if (!isTotal) {
+        _addColor(cell, place, found->number);
         _addBar(cell, place, found->number);
+    }
     return cell;
+}
+
+void KXTableChart::_addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const
+{
+    for (const KXTableColorRule& rule : m_colorRules) {
+        if (!rule.getMeasureID().empty() && rule.getMeasureID() != getMeasures()[place.measure].id)
+            continue;
+        if (const std::optional<UXColor> color = rule.obtainColor(number, getExtent(place.measure))) {
+            cell.ground = *color;
+            cell.textColor = kxObtainReadableColor(*color);
+            return;
+        }
+    }
 }
 
 void KXTableChart::_addBar(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const

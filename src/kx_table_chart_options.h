@@ -19,6 +19,10 @@ UX_NAMED_ENUM(KXTableRowLayout, Tree, Columns)
 /** Where totals stand: not at all, before their members, or after them. */
 UX_NAMED_ENUM(KXTableTotals, None, Before, After)
 
+/** What the range of a rule is of: values, percent of what a measure reaches from and to, or a scale of
+ * colours. */
+UX_NAMED_ENUM(KXTableColorRuleKind, Value, Percent, Scale)
+
 /** What a cell tells of its value: the value itself, its part of the total of its row, of its column or of
  * all, what it is more than the member before, or the sum up to it. */
 UX_NAMED_ENUM(KXTableShowValuesAs, Value, PercentOfRow, PercentOfColumn, PercentOfTotal, Difference,

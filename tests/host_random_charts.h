@@ -6,6 +6,7 @@
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_tick_label_options.h"
 #include "kx_bar_chart_options.h"
+#include "kx_chart_data_format.h"
 #include "kx_chart_data_format_options.h"
 #include "kx_control_chart_data_provider.h"
 #include "kx_control_chart_options.h"
@@ -20,6 +21,7 @@
 #include "kx_scatter_chart_options.h"
 #include "kx_table_chart_data_provider.h"
 #include "kx_table_chart_options.h"
+#include "kx_table_color_rule.h"
 #include "kx_table_databar_info.h"
 #include "kx_tree_map_chart_options.h"
 #include "kx_trend_chart_options.h"
@@ -320,6 +322,22 @@ private:
         return line;
     }
 
+    Json _makeFormat()
+    {
+        Json format = Json::parse(KXChartDataFormat().serialize());
+        format["m_decimals"] = below(4);
+        return format;
+    }
+
+    Json _makeColorRule()
+    {
+        Json rule = Json::parse(KXTableColorRule().serialize());
+        rule["m_kind"] = _pickName(uxObtainEnumNames(KXTableColorRuleKind()));
+        rule["m_from"] = below(50) - 20;
+        rule["m_to"] = below(150) - 20;
+        return rule;
+    }
+
     Json _makeDatabar()
     {
         Json bar = Json::parse(KXTableDatabarInfo().serialize());
@@ -342,6 +360,10 @@ private:
         for (int i = below(9), reached = 0; i > 0; --i)
             if (key == "m_customParititonSegment")
                 list.push_back(reached += below(30) - 2);
+            else if (key == "m_dataFormats")
+                list.push_back(_makeFormat());
+            else if (key == "m_colorRules")
+                list.push_back(_makeColorRule());
             else if (key == "m_databars")
                 list.push_back(_makeDatabar());
             else if (key == "m_assistantLines")

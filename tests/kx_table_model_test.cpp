@@ -1,10 +1,12 @@
 #include "kx_table_blocks.h"
 #include "kx_table_clip.h"
+#include "kx_table_color_rule.h"
 #include "kx_table_databar_info.h"
 #include "kx_table_header_tree.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -159,6 +161,39 @@ TEST(KXTableBlocks, KeepsWhatWasUsedLast)
     blocks.store({5}, std::vector<Item>(9)); // more than the limit by itself: it is what is shown
     EXPECT_NE(blocks.find({5}), nullptr);
     EXPECT_EQ(blocks.find({1}), nullptr);
+}
+
+TEST(KXTableColorRule, HoldsForARange)
+{
+    struct Case {
+        const char* name;
+        KXTableColorRuleKind kind;
+        double from, to, value;
+        int expected; // red, -1 for no colour
+    };
+    using enum KXTableColorRuleKind;
+    const Case cases[] = {
+        {"in the range", Value, 1, 3, 3, 200},
+        {"past it", Value, 1, 3, 3.5, -1},
+        {"of the lowest tenth", Percent, 0, 10, 12, 200},
+        {"not of it", Percent, 0, 10, 40, -1},
+        {"a scale's middle", Scale, 0, 0, 60, 150},
+        {"of a given scale", Scale, 0, 10, 5, 150},
+        {"beyond it", Scale, 0, 10, 99, 100},
+        {"not a number", Scale, 0, 10, NAN, -1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXTableColorRule rule;
+        rule.setKind(c.kind);
+        rule.setFrom(c.from);
+        rule.setTo(c.to);
+        rule.setFillColor(UXColor(200, 0, 0));
+        rule.setMiddleColor(UXColor(150, 0, 0));
+        rule.setToColor(UXColor(100, 0, 0));
+        const std::optional<UXColor> color = rule.obtainColor(c.value, {10, 110, true, false});
+        EXPECT_EQ(color ? color->red : -1, c.expected);
+    }
 }
 
 TEST(KXTableDatabarInfo, BarsGoFromZero)
