@@ -12,6 +12,7 @@
 #include "line_board.h"
 #include "list_board.h"
 #include "pie_board.h"
+#include "table_board.h"
 #include "tree_board.h"
 #include "ux/cairo/ux_cairo_install.h"
 
@@ -220,6 +221,10 @@ int runHeat(const Start& start, const Command& command)
         return std::make_unique<BoardFrame<HeatBoard>>(values, static_cast<std::uint64_t>(command.size),
                                                        true);
     });
+int runTable(const Start& start, const Command& command)
+{
+    const auto rowCount = static_cast<std::uint64_t>(std::max(command.size, 100L));
+    return run(start, command, {}, [&] { return std::make_unique<BoardFrame<TableBoard>>(rowCount); });
 }
 
 int runDash(const Start& start, const Command& command)
@@ -271,6 +276,8 @@ int main(int argc, char** argv)
         return runTree(start, command);
     if (command.item == "heat")
         return runHeat(start, command);
+    if (command.item == "table")
+        return runTable(start, command);
     if (command.item == "dash")
         return runDash(start, command);
     std::printf("{\"skip\":\"no such chart\"}\n");
