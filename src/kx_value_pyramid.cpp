@@ -39,23 +39,53 @@ KXValuePyramid::Block KXValuePyramid::_join(std::span<const double> values, cons
     return joined;
 }
 
+/** Without branches, whose outcome nobody could foretell: each value is compared once with either extreme. */
+KXValuePyramid::Block KXValuePyramid::_makeBlock(std::span<const double> values, std::size_t first)
+{
+    const auto base = static_cast<std::uint32_t>(first);
+    double least = values[first], greatest = least;
+    std::uint32_t leastAt = 0, greatestAt = 0;
+    bool hasNull = std::isnan(least);
+    for (std::uint32_t i = 1; i < valuesInBlock; ++i) {
+        const double value = values[first + i];
+        const bool isLess = value<least, isGreater = value> greatest;
+        least = isLess ? value : least;
+        leastAt = isLess ? i : leastAt;
+        greatest = isGreater ? value : greatest;
+        greatestAt = isGreater ? i : greatestAt;
+        hasNull |= std::isnan(value);
+    }
+    if (hasNull)
+        return _makeBlockWithNulls(values, first);
+    Block block;
+    block.least = base + leastAt;
+    block.greatest = (base + greatestAt) & Block::greatestIndex;
+    return block;
+}
+
+KXValuePyramid::Block KXValuePyramid::_makeBlockWithNulls(std::span<const double> values, std::size_t first)
+{
+    Block block;
+    block.hasNull = 1;
+    for (std::size_t at = first; at < first + valuesInBlock; ++at) {
+        const auto index = static_cast<std::uint32_t>(at);
+        if (std::isnan(values[at]))
+            continue;
+        if (block.least == Block::none)
+            block.least = block.greatest = index & Block::greatestIndex;
+        else if (values[at] < values[block.least])
+            block.least = index;
+        else if (values[at] > values[block.greatest])
+            block.greatest = index & Block::greatestIndex;
+    }
+    return block;
+}
+
 KXValuePyramid::KXValuePyramid(std::span<const double> values)
 {
     std::vector<Block> blocks(values.size() / valuesInBlock);
-    for (std::size_t i = 0; i < blocks.size(); ++i) {
-        Block& block = blocks[i];
-        for (std::size_t at = i * valuesInBlock; at < (i + 1) * valuesInBlock; ++at) {
-            const auto index = static_cast<std::uint32_t>(at);
-            if (std::isnan(values[at]))
-                block.hasNull = 1;
-            else if (block.least == Block::none)
-                block.least = block.greatest = index & 0x7fffffffU;
-            else if (values[at] < values[block.least])
-                block.least = index;
-            else if (values[at] > values[block.greatest])
-                block.greatest = index & 0x7fffffffU;
-        }
-    }
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+        blocks[i] = _makeBlock(values, i * valuesInBlock);
     while (!blocks.empty()) {
         std::vector<Block> next(blocks.size() / blocksInBlock);
         for (std::size_t i = 0; i < next.size(); ++i) {

@@ -35,6 +35,7 @@ public:
 private:
     struct Block {
         static constexpr std::uint32_t none = (std::numeric_limits<std::uint32_t>::max)();
+        static constexpr std::uint32_t greatestIndex = none >> 1;
 
         std::uint32_t least = none; // of no value at all
         std::uint32_t greatest : 31 = 0;
@@ -44,6 +45,8 @@ private:
         bool isMixed() const { return hasNull && least != none; }
     };
 
+    static Block _makeBlock(std::span<const double> values, std::size_t first);
+    static Block _makeBlockWithNulls(std::span<const double> values, std::size_t first);
     static Block _join(std::span<const double> values, const Block& a, const Block& b);
 
     std::vector<std::vector<Block>> m_levels; // the first one of values, each other one of that before

@@ -6,7 +6,9 @@
 #include "ux/ux_rect_functions.h"
 #include "ux_hostile_drawing.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
 #include <map>
@@ -22,6 +24,22 @@ void fillRect(UXPainter& painter, const UXColor& color, const UXDoubleRect& rect
     painter.setColor(color);
     painter.addRectanglePath(rect);
     painter.fill();
+}
+
+/** As far as smoothing makes edges, two ways of drawing the same may differ. */
+void expectSameButForEdges(const std::vector<std::uint32_t>& actual,
+                           const std::vector<std::uint32_t>& expected)
+{
+    double sum = 0;
+    std::size_t farOff = 0;
+    for (std::size_t i = 0; i < actual.size(); ++i) {
+        const int difference = std::abs(static_cast<int>(actual[i] & 255) -
+                                        static_cast<int>(expected[i] & 255));
+        sum += difference;
+        farOff += difference > 24;
+    }
+    EXPECT_LT(sum / static_cast<double>(actual.size()), 1);
+    EXPECT_LT(static_cast<double>(farOff), 0.01 * static_cast<double>(actual.size()));
 }
 
 UXPicture makePicture(const UXDoubleSize& size, UXPaintFunction action)
@@ -335,17 +353,67 @@ TEST(CairoPainter, WritesLinesAsItStrokesThem)
         for (const double scale : {1.0, 1.25, 2.0})
             for (const UXDoubleRect& clip : {UXDoubleRect(0, 0, 80, 60), UXDoubleRect(20, 12, 40, 28)}) {
                 SCOPED_TRACE(testing::Message() << width << " at " << scale << " from " << clip.x);
-                const std::vector<std::uint32_t> actual = draw(true, width, scale, clip);
-                const std::vector<std::uint32_t> expected = draw(false, width, scale, clip);
-                double sum = 0;
-                std::size_t farOff = 0;
-                for (std::size_t i = 0; i < actual.size(); ++i) {
-                    const int difference = std::abs(static_cast<int>(actual[i] & 255) -
-                                                    static_cast<int>(expected[i] & 255));
-                    sum += difference;
-                    farOff += difference > 24;
-                }
-                EXPECT_LT(sum / static_cast<double>(actual.size()), 1);
-                EXPECT_LT(static_cast<double>(farOff), 0.01 * static_cast<double>(actual.size()));
+                expectSameButForEdges(draw(true, width, scale, clip), draw(false, width, scale, clip));
+            }
+}
+
+/** Areas cover what their paths fill, wherever their points lie; a polygon that is none is filled as a path.
+ */
+TEST(CairoPainter, WritesAreasAsItFillsThem)
+{
+    using Polygon = std::vector<UXDoublePoint>;
+    // What lies between two edges, from right to left for a turn the other way.
+    const auto makeArea = [](double left, double step, const std::function<UXDoublePoint(int)>& obtainEdges) {
+        Polygon upper, lower;
+        for (int i = 0; i <= 200; ++i) {
+            const auto [high, low] = obtainEdges(i);
+            upper.emplace_back(left + i * step, high);
+            lower.emplace_back(left + i * step, low);
+        }
+        upper.insert(upper.end(), lower.rbegin(), lower.rend());
+        return upper;
+    };
+    const auto noise = [](int i) { return 25 + 20 * std::sin(i * 7.3) * std::cos(i * 0.31); };
+    const Polygon dense = makeArea(3.3, 0.37, [&](int i) { return UXDoublePoint(noise(i), 55.4); });
+    Polygon turned = dense;
+    std::rotate(turned.begin(), turned.begin() + 77, turned.end());
+    Polygon star;
+    for (int i = 0; i < 90; ++i)
+        star.emplace_back(40 + (i % 2 ? 28 : 9) * std::cos(i * 0.0698 * 2),
+                          30 + 28 * std::sin(i * 0.0698 * 2));
+    const struct {
+        const char* what;
+        std::vector<Polygon> polygons;
+    } rows[] = {
+        {"dense", {dense}},
+        {"begun anywhere", {turned}},
+        {"from right to left", {Polygon(dense.rbegin(), dense.rend())}},
+        {"few points", {makeArea(-20, 9.1, [](int i) { return UXDoublePoint(i % 2 ? 9.2 : 40.7, 52); })}},
+        {"edges that cross",
+         {makeArea(5, 0.35, [](int i) { return UXDoublePoint(5 + i * 0.25, 50 - i * 0.2); })}},
+        {"two that meet within a pixel",
+         {makeArea(5, 0.35, [&](int i) { return UXDoublePoint(noise(i) - 10, 40.4); }),
+          makeArea(5, 0.35, [](int i) { return UXDoublePoint(40.4, 45 + i % 3); })}},
+        {"far outside",
+         {makeArea(2, 0.39, [](int i) { return UXDoublePoint(i % 9 ? 20 : -1e12, i % 7 ? 40 : 1e300); })}},
+        {"with one that is not finite", {dense, {{1, 1}, {NAN, 4}, {9, 9}}}},
+        {"no area along x", {star}}};
+    for (const auto& row : rows)
+        for (const double scale : {1.0, 1.25})
+            for (const UXDoubleRect& clip : {UXDoubleRect(0, 0, 80, 60), UXDoubleRect(20, 12, 40, 28)}) {
+                SCOPED_TRACE(testing::Message() << row.what << " at " << scale << " from " << clip.x);
+                const auto draw = [&](bool written) {
+                    CairoTestCanvas canvas(80, 60, scale);
+                    canvas.drawWhiteGround().draw([&](UXPainter& painter) {
+                        painter.addRectanglePath(clip), painter.clip();
+                        painter.setColor(UXColor(20, 80, 160, 0.6));
+                        if (written)
+                            painter.drawPolygons(row.polygons);
+                        else
+                            painter.UXPainter::drawPolygons(row.polygons);
+                    });
+                    return canvas.pixels();
+                };
+                expectSameButForEdges(draw(true), draw(false));
             }
 }

@@ -129,18 +129,18 @@ void UXCairoBandCoverage::_addEdge(const UXDoublePoint& from, const UXDoublePoin
 void UXCairoBandCoverage::_addPart(std::size_t column, double width, double from, double to)
 {
     const double high = std::min(from, to), low = std::max(from, to);
-    const auto whole = static_cast<std::int32_t>(width * kWhole);
     if (high >= static_cast<double>(m_height))
         return;
+    const double whole = width * kWhole;
     if (low <= 0 || low - high < kLeastRise)
-        return _addStep(column, std::max((high + low) / 2, 0.0), whole);
-    const auto slope = static_cast<std::int32_t>(width * kWhole / (low - high));
+        return _addStep(column, std::max((high + low) / 2, 0.0), static_cast<std::int32_t>(whole));
+    const double exact = whole / (low - high), first = std::max(high, 0.0);
+    const auto slope = static_cast<std::int32_t>(exact);
     if (high < 0)
-        _addStep(column, 0, static_cast<std::int32_t>(slope * -high));
-    _addBend(column, std::max(high, 0.0), slope);
+        _addStep(column, 0, static_cast<std::int32_t>(exact * -high));
+    _addBend(column, first, slope);
     _addBend(column, low, -slope);
-    // What the slope, which is cut to a whole number, does not reach.
-    const auto rest = static_cast<std::int32_t>(width * kWhole - slope * (low - high));
+    const auto rest = static_cast<std::int32_t>((exact - slope) * (low - first));
     if (std::abs(rest) >= kLeastRest)
         _addStep(column, low, rest);
 }

@@ -81,19 +81,22 @@ UXCairoLineCoverage::UXCairoLineCoverage(std::span<const UXDoublePoint> points, 
         return;
     m_solid.assign(static_cast<std::size_t>(m_box.right - m_box.left), {m_box.top, m_box.top});
     m_coverage.resize(static_cast<std::size_t>(m_box.bottom - m_box.top) * m_solid.size());
+    const double left = m_box.left - m_radius - 1, right = m_box.right + m_radius + 1;
+    const auto mayBeSeen = [left, right](const UXDoublePoint& a, const UXDoublePoint& b) {
+        return isFinite(a) && isFinite(b) && std::max(a.x, b.x) >= left && std::min(a.x, b.x) <= right;
+    };
     std::vector<Piece> pieces;
     pieces.reserve(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        if (i + 1 < points.size() && isFinite(points[i]) && isFinite(points[i + 1]))
-            _addPiece(points[i], points[i + 1], pieces);
-    }
+    for (std::size_t i = 1; i < points.size(); ++i)
+        if (mayBeSeen(points[i - 1], points[i]))
+            _addPiece(points[i - 1], points[i], pieces);
     if (m_radius > kLeastSolidRadius)
         for (const Piece& piece : pieces)
             _addSolid(piece);
     for (const Piece& piece : pieces)
         _coverPiece(piece);
     for (const UXDoublePoint& point : points)
-        if (isFinite(point))
+        if (mayBeSeen(point, point))
             _coverEnd(point);
     _fillSolid();
 }
@@ -177,10 +180,15 @@ void UXCairoLineCoverage::_addSolid(const Piece& piece)
 void UXCairoLineCoverage::_coverPiece(const Piece& piece)
 {
     const double reach = m_radius + 0.5, half = piece.isUpright ? 0 : reach / std::abs(piece.x);
+    const double beyond = reach * std::abs(piece.x);
     const Range columns = _findColumns(piece, reach);
+    const Range all = findPixels(std::min(piece.start.y, piece.end.y) - beyond,
+                                 std::max(piece.start.y, piece.end.y) + beyond, m_box.top, m_box.bottom);
     for (int x = columns.first; x < columns.end; ++x) {
-        const Range rows = _findRows(piece, x, half, reach * std::abs(piece.x));
         const Range& solid = m_solid[static_cast<std::size_t>(x - m_box.left)];
+        if (all.first >= solid.first && all.end <= solid.end)
+            continue;
+        const Range rows = _findRows(piece, x, half, beyond);
         if (rows.first < solid.first)
             _coverBeside(piece, x, {rows.first, std::min(rows.end, solid.first)});
         if (rows.end > solid.end)
