@@ -132,8 +132,10 @@ KXChartSliderThumbType KXChartSlider::_obtainNearestThumb(double place) const
 
 double KXChartSlider::_snap(double value, int direction) const
 {
-    if (m_snap)
-        return m_snap(value, direction);
+    // A copy: what it asks may destroy this, and itself with it.
+    const std::function<double(double, int)> snap = m_snap;
+    if (snap)
+        return snap(value, direction);
     return m_step > 0 ? std::round(value / m_step) * m_step : value;
 }
 

@@ -39,6 +39,14 @@ bool isMoment(KXChartDataType type)
            type == KXChartDataType::Time;
 }
 
+/** @return text in one line */
+std::string makeLine(std::string text)
+{
+    std::ranges::replace_if(
+        text, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    return text;
+}
+
 } // namespace
 
 bool KXControlChart::Chosen::operator==(const Chosen& other) const
@@ -304,7 +312,7 @@ std::string KXControlChart::_obtainValueText(std::uint64_t member) const
     if (getMeasureCount() == 0)
         return {};
     const double value = getValue(0, member);
-    return std::isnan(value) ? "--" : m_dataFormat->formatNumber(value);
+    return std::isnan(value) ? "--" : makeLine(m_dataFormat->formatNumber(value));
 }
 
 KXControlChartRowContent KXControlChart::obtainRowContent(std::uint64_t member)
@@ -318,9 +326,7 @@ KXControlChartRowContent KXControlChart::obtainRowContent(std::uint64_t member)
         text = KXDataRequests::placeholder;
     else if (shouldFormatMemberText(0, member))
         text = _formatText(text);
-    std::ranges::replace_if(
-        text, [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    content.text = std::move(text);
+    content.text = makeLine(std::move(text));
     if (getMeasureCount() == 0)
         return content;
     const double value = getValue(0, member);
@@ -339,7 +345,7 @@ std::string KXControlChart::obtainInputText(double value) const
     if (!std::isfinite(value))
         return {};
     if (!_isMoment())
-        return m_dataFormat->formatNumber(value);
+        return makeLine(m_dataFormat->formatNumber(value));
     const std::string text = kxObtainCalendarText(kxObtainCalendarTime(value)); // YYYY-MM-DD HH:MM:SS
     constexpr std::size_t dateLength = 10;
     if (m_rangeType == KXChartDataType::Time)
@@ -351,7 +357,7 @@ std::string KXControlChart::formatRangeValue(double value) const
 {
     const std::string text = obtainInputText(value);
     return _isMoment() && !text.empty()
-               ? m_dataFormat->formatDateTime(text, m_rangeType, getDimensionAggregateType(0))
+               ? makeLine(m_dataFormat->formatDateTime(text, m_rangeType, getDimensionAggregateType(0)))
                : text;
 }
 
@@ -412,11 +418,11 @@ bool KXControlChart::hasChoice() const
 void KXControlChart::_choose(const Chosen& chosen, const UXEvent& event)
 {
     const UXNotificationScope scope;
-    if (!isInteractionEnabled())
-        return;
-    m_chosen = chosen;
-    _chosenChanged();
-    if (m_live)
+    const bool isTaken = isInteractionEnabled();
+    if (isTaken)
+        m_chosen = chosen;
+    _chosenChanged(); // also where a part shows what is not taken
+    if (isTaken && m_live)
         applyChoice(event);
 }
 
@@ -472,10 +478,11 @@ void KXControlChart::chooseRange(double from, double to, bool isFinal, const UXE
     next.relative = {};
     if (isFinal) {
         _choose(next, event);
-    } else if (isInteractionEnabled()) {
-        m_chosen = next;
-        _chosenChanged();
+        return;
     }
+    if (isInteractionEnabled())
+        m_chosen = next;
+    _chosenChanged();
 }
 
 void KXControlChart::chooseRelativeRange(const KXControlChartRelativeRange& range, const UXEvent& event)
@@ -498,6 +505,17 @@ void KXControlChart::applyChoice(const UXEvent& event)
         if (auto* chart = static_cast<KXControlChart*>(self.getObject()))
             chart->_tell(before);
     });
+}
+
+void KXControlChart::_interactionDisabled()
+{
+    const UXObjectWatcher self(this);
+    if (m_dropDown)
+        m_dropDown->close();
+    if (m_menu)
+        m_menu->closeMenu();
+    if (self.isAlive())
+        KXPanelChart::_interactionDisabled();
 }
 
 void KXControlChart::cancelChoice()

@@ -176,6 +176,7 @@ public:
 protected:
     bool customKeyDown(const UXEvent& event, bool& stop) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _interactionDisabled() override;
     void _customLayout(UXRect plotArea) override;
     void _memberTextsArrived() override;
 

@@ -86,8 +86,9 @@ void KXControlChart::_customLayout(UXRect plotArea)
     m_comboBox->setTextProperty(m_labelProperty);
     m_comboBox->setAccentColor(m_accentColor);
     m_comboBox->autoResize();
-    m_comboBox->setRect(uxMakeRect(area.x, area.y, std::min(area.width, greatestComboWidth),
-                                   std::min(m_comboBox->getRect().height, std::max(area.height, 0))));
+    const int height = m_comboBox->getRect().height;
+    m_comboBox->setVisible(height <= area.height);
+    m_comboBox->setRect(uxMakeRect(area.x, area.y, std::min(area.width, greatestComboWidth), height));
     _updateComboText();
 }
 
@@ -105,8 +106,10 @@ int KXControlChart::_layoutFooter(const UXRect& area)
     const bool isShown = !m_live && preparedData() && area.height > 2 * height;
     for (KXControlButton* button : {m_applyButton, m_cancelButton}) {
         button->setVisible(isShown);
-        right -= button->getRect().width;
-        button->setRect(uxMakeRect(right, area.getBottom() - height, button->getRect().width, height));
+        // In a narrow chart each has half of the width.
+        const int width = std::min(button->getRect().width, std::max((area.width - footerGap) / 2, 0));
+        right -= width;
+        button->setRect(uxMakeRect(right, area.getBottom() - height, width, height));
         right -= footerGap;
     }
     return isShown ? height + footerGap : 0;

@@ -105,7 +105,9 @@ bool KXControlChartList::_showsAllRow() const { return m_chart.getShowAll() && !
 
 int KXControlChartList::_obtainRowHeight() const
 {
-    return uxSaturateToInt(std::ceil(uxMeasureText("Wp", m_chart.getLabelProperty()).height + rowSpread));
+    const double height = std::max(uxMeasureText("Wp", m_chart.getLabelProperty()).height,
+                                   uxMeasureText("Wp", m_chart.getValueProperty()).height);
+    return uxSaturateToInt(std::ceil(height + rowSpread));
 }
 
 std::optional<std::uint64_t> KXControlChartList::obtainMember(std::uint64_t row) const
@@ -372,7 +374,9 @@ void KXControlChartList::customLayout()
     const int top = _layoutHeader(), rowHeight = _obtainRowHeight();
     const UXRect area = getBoundingRect();
     m_cells.setArrangement({false, 0, static_cast<double>(rowHeight), rowHeight, {}});
-    m_scrollView->setRect(uxMakeRect(0, top, area.width, std::max(area.height - top, 0)));
+    // Whole rows: one that is cut tells nobody more than the bar does.
+    const int height = std::max(area.height - top, 0) / rowHeight * rowHeight;
+    m_scrollView->setRect(uxMakeRect(0, top, area.width, height));
     m_scrollView->setContentHeight(std::int64_t{rowHeight} * std::ssize(m_rows));
     m_scrollView->setContentWidth(0);
     for (UXObject* child : {static_cast<UXObject*>(m_searchLine), static_cast<UXObject*>(m_clearButton),

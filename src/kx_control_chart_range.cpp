@@ -23,7 +23,7 @@
 namespace {
 
 constexpr int gap = 6, dashWidth = 14, sliderHeight = 22; // logical units
-constexpr int greatestHistogramHeight = 120, leastHistogramHeight = 16;
+constexpr int greatestHistogramHeight = 200, leastHistogramHeight = 16;
 constexpr int greatestLineWidth = 140, leastLineWidth = 56;
 constexpr UXColor restColor(214, 218, 226);
 
@@ -179,6 +179,8 @@ void KXControlChartRange::customLayout()
         top += height - sliderHeight / 2 + 2; // the bars stand on the track
     }
     m_slider->setRect(uxMakeRect(0, top, area.width, std::min(sliderHeight, std::max(area.height - top, 0))));
+    const bool hasRoom = area.height >= sliderHeight && area.width > 4 * KXChartSlider::trackInset;
+    m_slider->setVisible(hasRoom);
     top += sliderHeight;
     m_ends = showsEnds ? UXDoubleRect(0, top, area.width, endsHeight) : UXDoubleRect();
     UXObject::customLayout();
@@ -214,7 +216,7 @@ void KXControlChartRange::_paintHistogram(UXPainter& painter) const
     const double right = std::isnan(to) ? m_histogram.x + m_histogram.width : m_slider->obtainPlace(to);
     std::vector<UXDoubleRect> chosen, rest;
     for (std::size_t i = 0; i < counts.size(); ++i) {
-        const double height = counts[i] > 0 ? std::max(m_histogram.height * counts[i] / greatest, 1.0) : 0;
+        const double height = counts[i] > 0 ? std::max(counts[i] / greatest * m_histogram.height, 1.0) : 0;
         const double begin = m_histogram.x + width * static_cast<double>(i);
         const UXDoubleRect bar{begin, bottom - height, std::max(width - 1, 0.5), height};
         const double middle = begin + width / 2;

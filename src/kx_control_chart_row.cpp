@@ -133,6 +133,7 @@ void KXControlChartRow::_paintTexts(UXPainter& painter) const
                           UXTextAlign align) {
         property.align = align;
         property.option = UXTextOption::EllipsisEnd;
+        property.lineMode = UXTextProperty().lineMode; // a row is one line
         if (m_content.isFaint)
             property.textColor.alpha *= faintShare;
         painter.drawText(text, rect, property);

@@ -10,6 +10,8 @@
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_round_rectangle.h"
 
+#include <utility>
+
 namespace {
 
 constexpr double ringWidth = 2;
@@ -45,9 +47,11 @@ void KXControlPart::setAccentColor(const UXColor& color)
 
 void KXControlPart::setTextProperty(const UXTextProperty& property)
 {
-    if (m_textProperty == property)
+    UXTextProperty line = property;
+    line.lineMode = UXTextProperty().lineMode;
+    if (m_textProperty == line)
         return;
-    m_textProperty = property;
+    m_textProperty = std::move(line);
     invalidate();
 }
 

@@ -25,6 +25,7 @@ public:
     const UXColor& getAccentColor() const { return m_accentColor; }
     void setAccentColor(const UXColor& color);
     const UXTextProperty& getTextProperty() const { return m_textProperty; }
+    /** @param property taken for one line: texts do not wrap */
     void setTextProperty(const UXTextProperty& property);
 
     /** @return whether keys come here */

@@ -25,14 +25,31 @@ KXControlRange::KXControlRange(std::span<const double> numbers, std::span<const 
     std::ranges::sort(m_members);
     m_lowest = m_members.front().first;
     m_greatest = m_members.back().first;
-    m_counts.resize(partCount);
-    // Halves: the whole width may be beyond the greatest number.
-    const double half = m_greatest / 2 - m_lowest / 2;
+    _count(weights);
+}
+
+/** Where the numbers stand evenly, each part holds as many of them, so that none looks as if it held more. */
+void KXControlRange::_count(std::span<const double> weights)
+{
+    // 1. As many steps as different numbers, where these stand about evenly.
+    std::size_t steps = 1;
+    for (std::size_t i = 1; i < m_members.size(); ++i)
+        steps += m_members[i].first != m_members[i - 1].first;
+    const double half = m_greatest / 2 - m_lowest / 2; // the whole may be beyond the greatest number
+    constexpr double greatestUnevenness = 1.5;
+    if (steps > 1 && half * 2 > greatestUnevenness * static_cast<double>(steps - 1) * obtainLeastGap())
+        steps = partCount;
+
+    // 2. Whole numbers of steps to a part.
+    const std::size_t stepsPerPart = (steps + partCount - 1) / partCount;
+    m_counts.resize((steps - 1) / stepsPerPart + 1);
     for (const auto& [number, member] : m_members) {
         const double share = half > 0 ? (number / 2 - m_lowest / 2) / half : 0;
-        const auto part = std::min(static_cast<std::size_t>(share * partCount), partCount - 1);
+        const auto step = static_cast<std::size_t>(std::llround(share * static_cast<double>(steps - 1)));
+        double& count = m_counts[std::min(step, steps - 1) / stepsPerPart];
         const double weight = member < weights.size() ? weights[member] : 1;
-        m_counts[part] += weight > 0 ? weight : 0;
+        if (weight > 0)
+            count = std::min(count + weight, (std::numeric_limits<double>::max)());
     }
 }
 

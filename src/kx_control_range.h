@@ -14,7 +14,7 @@
  * members where ends are to stand on these. */
 class KX_EXPORT KXControlRange {
 public:
-    /** So many parts of the scale are told apart. */
+    /** No more parts of the scale are told apart, and so many by a host. */
     static constexpr std::size_t partCount = 48;
 
     /** Has no scale. */
@@ -44,6 +44,8 @@ public:
 
 private:
     using Member = std::pair<double, std::uint64_t>; // number and index
+
+    void _count(std::span<const double> weights);
 
     double m_lowest = std::numeric_limits<double>::quiet_NaN();
     double m_greatest = std::numeric_limits<double>::quiet_NaN();

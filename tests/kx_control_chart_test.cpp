@@ -1,3 +1,4 @@
+#include "kx_calendar_time.h"
 #include "kx_chart_property.h"
 #include "kx_chart_slider.h"
 #include "kx_control_button.h"
@@ -204,6 +205,41 @@ TEST(KXControlChoice, GoesOnFromAllOrNone)
         EXPECT_EQ(describe(choice.getMembers(), choice.isExcluding()), c.after);
         EXPECT_EQ(choice.obtainCount(4), c.count);
         EXPECT_EQ(choice.obtainState(4), c.state);
+    }
+}
+
+TEST(KXControlRange, CountsAlikeWhatStandsEvenly)
+{
+    constexpr double far = 1.7e308;
+    std::vector<double> months, even;
+    for (int month = 1; month <= 12; ++month)
+        months.push_back(kxObtainCalendarSeconds({2023, month, 1}));
+    for (int i = 0; i < 96; ++i)
+        even.push_back(i * 0.1);
+    struct Case {
+        const char* name;
+        std::vector<double> numbers, weights;
+        std::size_t partCount;
+        double first, last; // of the counts
+    };
+    const Case cases[] = {
+        {"nothing", {}, {}, 0, 0, 0},
+        {"nulls", {open, open}, {}, 0, 0, 0},
+        {"one", {7}, {}, 1, 1, 1},
+        {"months", months, {}, 12, 1, 1},
+        {"two steps to a part", even, {}, 48, 2, 2},
+        {"uneven", {0, 1, 2, 1000}, {}, 48, 3, 1},
+        {"weighed", {5, 3, 4}, {8, open, -2}, 3, 0, 8},
+        {"the widest", {-far, far, far}, {far, far, far}, 2, far, std::numeric_limits<double>::max()},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::vector<double> counts = KXControlRange(c.numbers, c.weights).getCounts();
+        ASSERT_EQ(counts.size(), c.partCount);
+        if (counts.empty())
+            continue;
+        EXPECT_EQ(counts.front(), c.first);
+        EXPECT_EQ(counts.back(), c.last);
     }
 }
 
@@ -455,6 +491,17 @@ TEST(KXControlChart, ARangeIsDraggedAndTyped)
          },
          "",
          "1o"},
+        {"not without interaction",
+         numbers,
+         {},
+         [](Board& b) {
+             b.chart.getChartProperty()->updateEnableInteraction(false);
+             b.chart.getRangePanel()->getSlider().takeKeys();
+             b.type(UXKeyCode::Right);
+             EXPECT_TRUE(std::isnan(b.chart.getRangePanel()->getSlider().getFrom()));
+         },
+         "",
+         ""},
         {"dates", KXChartDataType::Date, days,
          [&](Board& b) { typeInto(b.chart.getRangePanel()->getFromLine(), b, "2024-02-29"); },
          "1709164800 to open, ", "2024-02-29"},

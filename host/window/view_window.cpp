@@ -2,10 +2,13 @@
 
 #include "host_error.h"
 #include "sdl_input.h"
+#include "ux/ux_clipboard.h"
 #include "ux/ux_rect_functions.h"
 
 #include <csignal>
 #include <cstdio>
+#include <memory>
+#include <string>
 #include <utility>
 
 namespace {
@@ -35,9 +38,19 @@ ViewWindow::Library::Library()
         throw HostError("the window", "display", "there is none");
     }
     SDL_EnableScreenSaver();
+    uxSetClipboard(
+        [] {
+            const std::unique_ptr<char, decltype(&SDL_free)> text(SDL_GetClipboardText(), &SDL_free);
+            return text ? std::string(text.get()) : std::string();
+        },
+        [](const std::string& text) { SDL_SetClipboardText(text.c_str()); });
 }
 
-ViewWindow::Library::~Library() { SDL_Quit(); }
+ViewWindow::Library::~Library()
+{
+    uxSetClipboard({}, {});
+    SDL_Quit();
+}
 
 ViewWindow::ViewWindow(ViewBoard& board, const ViewWindowSetting& setting)
     : m_setting(setting), m_window(nullptr, &SDL_DestroyWindow), m_control(board)
@@ -192,6 +205,9 @@ void ViewWindow::_handleKey(const SDL_KeyboardEvent& key)
     const bool goesDown = key.type == SDL_KEYDOWN;
     UXEvent event = makeInputEvent(goesDown ? UXEventType::KeyDown : UXEventType::KeyUp, key.keysym.mod, 0);
     event.setKeyCode(obtainKeyCode(key.keysym.sym));
+    // A letter with Ctrl types nothing and comes with its event, as commands do.
+    if (event.containsEventKey(UXEventKey::Ctrl) && key.keysym.sym >= SDLK_a && key.keysym.sym <= SDLK_z)
+        event.setKeyText(std::string(1, static_cast<char>(key.keysym.sym)));
     if (!goesDown)
         m_control.keyUp(event);
     else if (event.getKeyCode() == static_cast<int>(ViewKeyCode::Q) &&
