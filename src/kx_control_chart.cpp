@@ -438,14 +438,29 @@ void KXControlChart::_chosenChanged()
         setRequireToVerifyLayout(true, true); // its text may be a member's, which is to be asked for
 }
 
-void KXControlChart::chooseMember(std::uint64_t member, bool chosen, const UXEvent& event)
+void KXControlChart::chooseMembers(const std::vector<std::uint64_t>& members, bool chosen,
+                                   const UXEvent& event)
 {
     Chosen next = m_chosen;
-    next.members.setChosen(member, chosen);
+    next.members.setChosen(members, chosen);
     // All of them, one by one, is everything.
     if (next.members.obtainState(getMemberCount(0)) == KXToggleSwitchState::On)
         next.members = KXControlChoice();
     _choose(next, event);
+}
+
+void KXControlChart::chooseFound(const UXEvent& event)
+{
+    const std::vector<std::uint64_t> found = m_search.getFound();
+    if (getChoice().isAll()) {
+        Chosen next = m_chosen;
+        next.members = KXControlChoice(found, false);
+        _choose(next, event);
+        return;
+    }
+    const bool isChosen = std::ranges::all_of(
+        found, [this](std::uint64_t member) { return getChoice().contains(member); });
+    chooseMembers(found, !isChosen, event);
 }
 
 void KXControlChart::chooseAll(const UXEvent& event)
@@ -611,7 +626,8 @@ UXHintInfo KXControlChart::obtainItemHint(const KXChartItem& item)
     const KXChartDataProviderUse use(*this);
     if (auto* provider = use.as<KXPanelChartDataProvider>(); provider && getMeasureCount() > 0)
         data = provider->obtainHintData(this, {0, item.group});
-    if (use.isAlive() && data.isEmpty()) {
+    // The row says the same, unless it is cut.
+    if (use.isAlive() && data.isEmpty() && m_list->isRowCut(item.group)) {
         data.title = obtainRowContent(item.group).text;
         if (use.isAlive() && getMeasureCount() > 0) {
             data.subtitle = getMeasureLabel(0);

@@ -112,6 +112,8 @@ public:
     /** @return the place of an end that is brought to value: that of a member, or a whole step. The host may
      * be asked, which may destroy the chart. */
     double snapRangeEnd(double value, int direction);
+    /** @return what the row of all says: all, or all that was found */
+    std::string obtainAllText() const;
     /** @return what the button of relative dates says */
     std::string obtainRelativeText() const;
 
@@ -127,9 +129,12 @@ public:
     bool hasUnappliedChoice() const { return m_chosen != m_told; }
 
     // What the user does; the host is told after the event
-    void chooseMember(std::uint64_t member, bool chosen, const UXEvent& event);
+    void chooseMembers(const std::vector<std::uint64_t>& members, bool chosen, const UXEvent& event);
     /** Chooses all members, or none where all are chosen already. */
     void chooseAll(const UXEvent& event);
+    /** Chooses what was found, in addition to what is chosen unless that is everything; or no more of it
+     * where all of it is chosen. */
+    void chooseFound(const UXEvent& event);
     void chooseOnly(std::uint64_t member, const UXEvent& event);
     void chooseAllBut(std::uint64_t member, const UXEvent& event);
     /** @param from, to NaN for an open end

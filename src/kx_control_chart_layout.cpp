@@ -181,6 +181,12 @@ void KXControlChart::openMemberMenu(std::uint64_t member, const UXEvent& event)
     _openMenu(entries, uxMakeRect(point.x, point.y, 0, 0));
 }
 
+std::string KXControlChart::obtainAllText() const
+{
+    const auto found = static_cast<double>(m_search.getFound().size());
+    return m_search.isActive() ? fill(m_words.allFound, m_dataFormat->formatNumber(found)) : m_words.all;
+}
+
 std::string KXControlChart::obtainRelativeText() const
 {
     using enum KXControlChartPeriod;

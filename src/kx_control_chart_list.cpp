@@ -81,6 +81,7 @@ void KXControlChartList::contentChanged()
 
 void KXControlChartList::choiceChanged()
 {
+    _updateAllState();
     if (m_clearButton->getVisible() != m_chart.hasChoice())
         requireLayout();
     invalidate();
@@ -100,8 +101,31 @@ int KXControlChartList::obtainWantedHeight() const
     return uxSaturateToInt(static_cast<double>(rows) * _obtainRowHeight() + header);
 }
 
-bool KXControlChartList::_isSearching() const { return m_chart.getSearch().isActive(); }
-bool KXControlChartList::_showsAllRow() const { return m_chart.getShowAll() && !_isSearching(); }
+bool KXControlChartList::_showsAllRow() const
+{
+    const KXMemberSearch& search = m_chart.getSearch();
+    const bool isAllFound = search.isComplete() && !search.getFound().empty() &&
+                            m_chart.getMultipleSelection();
+    return m_chart.getShowAll() && (!search.isActive() || isAllFound);
+}
+
+/** Of what was found the state is worked out once, and not whenever the row is drawn. */
+void KXControlChartList::_updateAllState()
+{
+    using enum KXToggleSwitchState;
+    const KXControlChoice& choice = m_chart.getChoice();
+    if (!m_chart.getMultipleSelection()) {
+        m_allState = choice.isAll() ? On : Off; // one mark alone is on, be it that of all
+        return;
+    }
+    if (!m_chart.getSearch().isActive()) {
+        m_allState = choice.obtainState(m_chart.getMemberCount(0));
+        return;
+    }
+    const auto count = std::ranges::count_if(
+        m_order, [&choice](std::uint64_t member) { return choice.contains(member); });
+    m_allState = count == 0 ? Off : count == std::ssize(m_order) ? On : Mixed;
+}
 
 int KXControlChartList::_obtainRowHeight() const
 {
@@ -171,11 +195,9 @@ KXToggleSwitchState KXControlChartList::obtainRowState(std::uint64_t row) const
 {
     const KXControlChoice& choice = m_chart.getChoice();
     const std::optional<std::uint64_t> member = obtainMember(row);
-    const bool isOne = !m_chart.getMultipleSelection();
-    if (!member && !isOne)
-        return choice.obtainState(m_chart.getMemberCount(0));
-    // One mark alone is on, be it that of all.
-    const bool isOn = !member ? choice.isAll() : choice.contains(*member) && !(isOne && choice.isAll());
+    if (!member)
+        return m_allState;
+    const bool isOn = choice.contains(*member) && (m_chart.getMultipleSelection() || !choice.isAll());
     return isOn ? KXToggleSwitchState::On : KXToggleSwitchState::Off;
 }
 
@@ -185,17 +207,48 @@ bool KXControlChartList::isRowHighlighted(std::uint64_t row) const
     return member && m_chart.isMemberHighlighted(*member);
 }
 
+bool KXControlChartList::isRowCut(std::uint64_t member) const
+{
+    for (const UXObject* child : m_scrollView->getChildren()) {
+        const auto* row = dynamic_cast<const KXControlChartRow*>(child);
+        if (row && row->getIndex() < m_rows.size() && obtainMember(row->getIndex()) == member)
+            return row->isCut();
+    }
+    return false;
+}
+
 void KXControlChartList::rowClicked(std::uint64_t row, const UXEvent& event)
 {
     if (row >= m_rows.size())
         return;
     const std::optional<std::uint64_t> member = obtainMember(row);
-    if (!member)
-        m_chart.chooseAll(event);
-    else if (m_chart.getMultipleSelection())
-        m_chart.chooseMember(*member, !m_chart.getChoice().contains(*member), event);
-    else
+    if (!member) {
+        m_chosenRow.reset();
+        if (m_chart.getSearch().isActive())
+            m_chart.chooseFound(event);
+        else
+            m_chart.chooseAll(event);
+        return;
+    }
+    if (!m_chart.getMultipleSelection())
         m_chart.chooseOnly(*member, event);
+    else if (event.containsEventKey(UXEventKey::Shift) && m_chosenRow && *m_chosenRow < m_rows.size())
+        _chooseUpTo(row, event);
+    else
+        m_chart.chooseMembers({*member}, !m_chart.getChoice().contains(*member), event);
+    m_chosenRow = row;
+}
+
+/** All rows from the one chosen before become as that one is. */
+void KXControlChartList::_chooseUpTo(std::uint64_t row, const UXEvent& event)
+{
+    const std::optional<std::uint64_t> before = obtainMember(*m_chosenRow);
+    std::vector<std::uint64_t> members;
+    for (std::uint64_t between = std::min(row, *m_chosenRow); between <= std::max(row, *m_chosenRow);
+         ++between)
+        if (const std::optional<std::uint64_t> member = obtainMember(between))
+            members.push_back(*member);
+    m_chart.chooseMembers(members, before && m_chart.getChoice().contains(*before), event);
 }
 
 void KXControlChartList::openRowMenu(std::uint64_t row, const UXEvent& event)
@@ -295,7 +348,7 @@ void KXControlChartList::fillCell(KXListCell& cell, std::uint64_t index)
     if (member)
         content = m_chart.obtainRowContent(*member);
     else
-        content.text = m_chart.getWords().all;
+        content.text = m_chart.obtainAllText();
     if (self.isAlive() && filled.isAlive())
         static_cast<KXControlChartRow&>(cell).showRow(index, std::move(content));
 }
@@ -328,6 +381,8 @@ void KXControlChartList::_listRows()
     if (m_rows.size() > before)
         std::iota(m_rows.begin() + static_cast<std::ptrdiff_t>(before), m_rows.end(),
                   static_cast<int>(before));
+    m_chosenRow.reset();
+    _updateAllState();
     m_cells.interrupt();
 }
 

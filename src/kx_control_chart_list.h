@@ -21,10 +21,11 @@ class UXVirtualScrollView;
 
 /**
  * The members of a filter control as rows that scroll, below a line for searching and a button that clears
- * the choice. The first row stands for all members while nothing is looked for.
+ * the choice. The first row stands for all members, or for all that were found.
  *
- * A click on a row, Space or Enter chooses; what is typed is looked for. There are objects for the rows in
- * sight only, and what else the rows need is a number each.
+ * A click on a row, Space or Enter chooses, with Shift all rows from the one before as that one; what is
+ * typed is looked for. There are objects for the rows in sight only, and what else the rows need is a number
+ * each.
  */
 class KX_EXPORT KXControlChartList : public UXObject,
                                      public UXVirtualScrollViewDelegate,
@@ -64,6 +65,8 @@ public:
     UXRect obtainMemberRect(std::uint64_t member) const;
     KXToggleSwitchState obtainRowState(std::uint64_t row) const;
     bool isRowHighlighted(std::uint64_t row) const;
+    /** @return whether the row of a member is in sight and has no room for all that it says */
+    bool isRowCut(std::uint64_t member) const;
     bool isWalkedTo(std::uint64_t row) const { return m_cells.isWalkedTo(row); }
 
     // What the rows and the chart hand on
@@ -100,6 +103,8 @@ private:
     bool _isSearching() const;
     bool _showsAllRow() const;
     void _listRows();
+    void _updateAllState();
+    void _chooseUpTo(std::uint64_t row, const UXEvent& event);
     void _search();
     void _findMoreWhenNeeded();
     int _layoutHeader();
@@ -112,9 +117,11 @@ private:
     KXControlButton* m_clearButton; // a child
     UXVirtualScrollView* m_scrollView;
     KXCellList m_cells{*this, *this};
-    std::vector<int> m_rows;            // 0, 1, 2 ... as the cells are listed
-    std::vector<std::uint64_t> m_order; // the members where they are not listed in their order
-    std::uint64_t m_memberCount = 0;    // of those in their order
+    std::vector<int> m_rows;                  // 0, 1, 2 ... as the cells are listed
+    std::vector<std::uint64_t> m_order;       // the members where they are not listed in their order
+    std::uint64_t m_memberCount = 0;          // of those in their order
+    std::optional<std::uint64_t> m_chosenRow; // by the last click or key
+    KXToggleSwitchState m_allState = KXToggleSwitchState::On;
     bool m_hasAllRow = false;
     bool m_listsAnew = true;
     bool m_fillsAnew = true;

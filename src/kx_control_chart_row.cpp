@@ -123,12 +123,36 @@ void KXControlChartRow::_paintRow(UXPainter& painter) const
     }
 }
 
-void KXControlChartRow::_paintTexts(UXPainter& painter) const
+KXControlChartRow::Places KXControlChartRow::_obtainPlaces() const
 {
     const UXDoubleRect bounds(getBoundingRect());
+    Places places;
+    places.text = {inset + markExtent + gap, bounds.y,
+                   std::max(bounds.width - markExtent - gap - 2 * inset - 2, 0.0), bounds.height};
+    const UXDoubleRect room = places.text;
+    const double width =
+        m_content.valueText.empty()
+            ? 0
+            : uxMeasureText(m_content.valueText, m_list->getChart().getValueProperty()).width + 1;
+    if (width > 0 && room.width - width - gap >= room.width * leastTextShare) {
+        places.value = {room.x + room.width - width, room.y, width, room.height};
+        places.text.width -= width + gap;
+    }
+    return places;
+}
+
+bool KXControlChartRow::isCut() const
+{
+    if (!m_list)
+        return false;
+    const Places places = _obtainPlaces();
+    const double width = uxMeasureText(m_content.text, m_list->getChart().getLabelProperty()).width;
+    return width > places.text.width || (!m_content.valueText.empty() && !(places.value.width > 0));
+}
+
+void KXControlChartRow::_paintTexts(UXPainter& painter) const
+{
     const KXControlChart& chart = m_list->getChart();
-    UXDoubleRect room{inset + markExtent + gap, bounds.y, bounds.width - markExtent - gap - 2 * inset - 2,
-                      bounds.height};
     const auto draw = [&](const std::string& text, const UXDoubleRect& rect, UXTextProperty property,
                           UXTextAlign align) {
         property.align = align;
@@ -136,18 +160,12 @@ void KXControlChartRow::_paintTexts(UXPainter& painter) const
         property.lineMode = UXTextProperty().lineMode; // a row is one line
         if (m_content.isFaint)
             property.textColor.alpha *= faintShare;
-        painter.drawText(text, rect, property);
+        if (rect.width > 0)
+            painter.drawText(text, rect, property);
     };
-    const double width = m_content.valueText.empty()
-                             ? 0
-                             : uxMeasureText(m_content.valueText, chart.getValueProperty()).width + 1;
-    if (width > 0 && room.width - width - gap >= room.width * leastTextShare) {
-        draw(m_content.valueText, {room.x + room.width - width, room.y, width, room.height},
-             chart.getValueProperty(), UXTextAlign::Right);
-        room.width -= width + gap;
-    }
-    if (room.width > 0)
-        draw(m_content.text, room, chart.getLabelProperty(), UXTextAlign::Left);
+    const Places places = _obtainPlaces();
+    draw(m_content.valueText, places.value, chart.getValueProperty(), UXTextAlign::Right);
+    draw(m_content.text, places.text, chart.getLabelProperty(), UXTextAlign::Left);
 }
 
 bool KXControlChartRow::customKeyDown(const UXEvent& event, bool& stop)

@@ -3,6 +3,7 @@
 #include "kx_control_chart_options.h"
 #include "kx_export.h"
 #include "kx_list_cell.h"
+#include "ux/ux_double_rect.h"
 
 #include <limits>
 #include <string>
@@ -34,6 +35,8 @@ public:
     const KXControlChartRowContent& getContent() const { return m_content; }
     /** Stands for the row of that index from now on. */
     void showRow(std::uint64_t index, KXControlChartRowContent content);
+    /** @return whether there is no room for all that the row says */
+    bool isCut() const;
 
     // From KXListCell, UXJsonObject and UXObject
     void endHover() override;
@@ -52,6 +55,12 @@ protected:
     bool customMouseLeave(const UXEvent& event, bool& stop) override;
 
 private:
+    /** Where the texts stand; that of the value is empty where it has none. */
+    struct Places {
+        UXDoubleRect text, value;
+    };
+
+    Places _obtainPlaces() const;
     void _paintRow(UXPainter& painter) const;
     void _paintTexts(UXPainter& painter) const;
 

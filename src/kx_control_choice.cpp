@@ -1,14 +1,24 @@
 #include "kx_control_choice.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
+
+namespace {
+
+void sortOnce(std::vector<std::uint64_t>& members)
+{
+    std::ranges::sort(members);
+    const auto rest = std::ranges::unique(members);
+    members.erase(rest.begin(), rest.end());
+}
+
+} // namespace
 
 KXControlChoice::KXControlChoice(std::vector<std::uint64_t> members, bool isExcluding)
     : m_members(std::move(members)), m_isExcluding(isExcluding)
 {
-    std::ranges::sort(m_members);
-    const auto rest = std::ranges::unique(m_members);
-    m_members.erase(rest.begin(), rest.end());
+    sortOnce(m_members);
 }
 
 bool KXControlChoice::_lists(std::uint64_t member) const
@@ -28,6 +38,17 @@ void KXControlChoice::setChosen(std::uint64_t member, bool chosen)
         m_members.insert(place, member);
     else
         m_members.erase(place);
+}
+
+void KXControlChoice::setChosen(std::vector<std::uint64_t> members, bool chosen)
+{
+    sortOnce(members);
+    std::vector<std::uint64_t> listed;
+    if (chosen != m_isExcluding)
+        std::ranges::set_union(m_members, members, std::back_inserter(listed));
+    else
+        std::ranges::set_difference(m_members, members, std::back_inserter(listed));
+    m_members = std::move(listed);
 }
 
 std::uint64_t KXControlChoice::obtainCount(std::uint64_t memberCount) const

@@ -20,6 +20,8 @@ public:
     bool isAll() const { return m_isExcluding && m_members.empty(); }
     bool contains(std::uint64_t member) const;
     void setChosen(std::uint64_t member, bool chosen);
+    /** @param members in any order */
+    void setChosen(std::vector<std::uint64_t> members, bool chosen);
     /** @return how many of memberCount members are chosen */
     std::uint64_t obtainCount(std::uint64_t memberCount) const;
     /** @return whether all of memberCount members are chosen, none, or some */

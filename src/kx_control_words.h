@@ -9,7 +9,8 @@ struct KX_EXPORT KXControlWords {
     /** @return those of the host's language; asking for them may destroy any chart */
     static KXControlWords load();
 
-    std::string all = "All", none = "None", someOfAll = "%1 of %2", search = "Search", noMatch = "No match";
+    std::string all = "All", allFound = "All %1 found", none = "None", someOfAll = "%1 of %2",
+                search = "Search", noMatch = "No match";
     std::string clear = "Clear", apply = "Apply", cancel = "Cancel";
     std::string onlyThis = "Only this", allButThis = "All but this";
     std::string from = "From", to = "To", relative = "Relative";

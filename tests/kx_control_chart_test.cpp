@@ -282,6 +282,29 @@ TEST(KXControlChart, TellsTheHostWhatIsChosen)
              b.type(UXKeyCode::Space);
          },
          "all but 3, "},
+        {"as far as another row",
+         [](Board& b) {
+             b.click(1);
+             b.diagram.setFocusedObject(b.chart.getList());
+             b.type(UXKeyCode::End);
+             UXEvent space;
+             space.setKeyCode(static_cast<int>(UXKeyCode::Space));
+             space.addEventKey(UXEventKey::Shift);
+             b.diagram.keyDown(space);
+         },
+         "all but 0, all but 0 1 2 3, "},
+        {"all that were found",
+         [](Board& b) {
+             b.chart.getList()->getSearchLine().takeKeys();
+             b.type(UXKeyCode(), "T");
+             b.click(0);
+             b.chart.getList()->getSearchLine().takeKeys();
+             b.type(UXKeyCode::Escape);
+             b.type(UXKeyCode(), "o");
+             b.click(0);
+             b.click(0);
+         },
+         "only 1 2, all but, only 0 1 3, "},
         {"cleared",
          [](Board& b) {
              b.click(1);
@@ -355,7 +378,7 @@ TEST(KXControlChart, FindsMembers)
         std::size_t found;
     };
     const Case cases[] = {
-        {"in the texts", false, true, "r 99", "Member 99|Member 990|", 11},
+        {"in the texts", false, true, "r 99", "All 11 found|Member 99|Member 990|", 11},
         {"nothing", false, true, "none", "", 0},
         {"by the host, page by page", true, true, "x", "Member 0|Member 3|", KXMemberSearch::pageSize},
         {"not yet", true, false, "x", "", 0},
