@@ -183,6 +183,13 @@ bool ControlDataProvider::obtainRange(KXChartDataUser*, double& from, double& to
     if (!condition || condition->kind != Kind::Range)
         return false;
     const KXChartDataType type = _obtainColumn().type;
+    if (condition->period) {
+        const std::optional<PeriodEnds> ends = obtainPeriodEnds(
+            *condition->period, condition->level.value_or(DateLevel::Day), readWallClock());
+        from = ends ? obtainNumber(ends->from, type, ends->level) : none;
+        to = ends ? obtainNumber(ends->to, type, ends->level) : none;
+        return ends.has_value();
+    }
     from = condition->from ? obtainNumber(*condition->from, type, condition->level) : none;
     to = condition->to ? obtainNumber(*condition->to, type, condition->level) : none;
     return true;
@@ -256,4 +263,45 @@ bool ControlDataProvider::obtainHistogram(KXChartDataUser*, double lowest, doubl
         return false;
     }
     return true;
+}
+
+bool ControlDataProvider::obtainCanChooseRelativeRange(KXChartDataUser* user)
+{
+    constexpr double twoYears = 2 * 366 * 24 * 60 * 60.0;
+    KXControlChartRelativeRange present;
+    const KXChartDataType type = _obtainColumn().type;
+    if (type != KXChartDataType::Date && type != KXChartDataType::DateTime)
+        return false;
+    if (obtainRelativeRange(user, present))
+        return true;
+    double lowest = none, greatest = none;
+    if (getData().getDimensionCount() == 0 && !obtainRangeBounds(user, lowest, greatest))
+        return false;
+    for (std::uint64_t i = 0; i < obtainDimensionDataCount(user, 0); ++i)
+        greatest = std::fmax(greatest, obtainDimensionDataAsNumber(user, {0, i}));
+    return greatest >= readWallClock() - twoYears;
+}
+
+bool ControlDataProvider::obtainRelativeRange(KXChartDataUser*, KXControlChartRelativeRange& range)
+{
+    const ChoiceCondition* condition = _getCondition();
+    if (!condition || !condition->period)
+        return false;
+    range = {condition->period->period, condition->period->steps};
+    return true;
+}
+
+void ControlDataProvider::relativeRangeChanged(KXChartDataUser*, const KXControlChartRelativeRange& range)
+{
+    const Column column = _obtainColumn();
+    if (range.period == KXControlChartPeriod::None) {
+        tellChoice({});
+        return;
+    }
+    ChoiceCondition condition;
+    condition.column = column.name;
+    condition.level = column.level;
+    condition.kind = Kind::Range;
+    condition.period = RelativePeriod{range.period, range.steps};
+    _tell(condition);
 }

@@ -39,6 +39,11 @@ public:
     bool obtainHistogram(KXChartDataUser* user, double lowest, double greatest,
                          std::span<double> counts) override;
 
+    /** @return whether the data reach into the last two years: what is long past has no today */
+    bool obtainCanChooseRelativeRange(KXChartDataUser* user) override;
+    bool obtainRelativeRange(KXChartDataUser* user, KXControlChartRelativeRange& range) override;
+    void relativeRangeChanged(KXChartDataUser* user, const KXControlChartRelativeRange& range) override;
+
 protected:
     SqlDataSet askForData() override;
 

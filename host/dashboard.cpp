@@ -95,8 +95,8 @@ void Dashboard::_requireOneCondition(std::size_t index) const
     if (choice.size() > 1 || (choice.size() == 1 && choice[0].size() > 1))
         throw HostError(m_document.name, place, "a control has one condition");
     const std::string column = binding.dimensions.empty()
-                                    ? (binding.measures.empty() ? "" : binding.measures[0].column)
-                                    : binding.dimensions[0].column;
+                                   ? (binding.measures.empty() ? "" : binding.measures[0].column)
+                                   : binding.dimensions[0].column;
     if (!choice.empty() && choice[0][0].column != column)
         throw HostError(m_document.name, place, "a control chooses from its own column alone");
 }

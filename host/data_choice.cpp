@@ -69,10 +69,27 @@ void addRange(const ChoiceCondition& range, std::vector<FilterBinding>& filters)
         filters.push_back({range.column, FilterOperation::IsNotNull, {}, false, std::nullopt});
 }
 
-std::vector<FilterBinding> obtainFilters(const ChosenItem& item)
+/** @return a range with the ends that its period has now; one without any lies nowhere */
+ChoiceCondition resolvePeriod(const ChoiceCondition& range, double now)
+{
+    ChoiceCondition resolved = range;
+    const std::optional<PeriodEnds> ends = obtainPeriodEnds(*range.period,
+                                                            range.level.value_or(DateLevel::Day), now);
+    resolved.period.reset();
+    resolved.kind = ends ? Kind::Range : Kind::Members;
+    if (ends) {
+        resolved.level = ends->level;
+        resolved.from = ends->from;
+        resolved.to = ends->to;
+    }
+    return resolved;
+}
+
+std::vector<FilterBinding> obtainFilters(const ChosenItem& item, double now)
 {
     std::vector<FilterBinding> filters;
-    for (const ChoiceCondition& condition : item) {
+    for (const ChoiceCondition& chosen : item) {
+        const ChoiceCondition condition = chosen.period ? resolvePeriod(chosen, now) : chosen;
         std::vector<FilterBinding> own;
         if (condition.kind == Kind::Range)
             addRange(condition, own);
@@ -87,7 +104,7 @@ std::vector<FilterBinding> obtainFilters(const ChosenItem& item)
 
 } // namespace
 
-FilterAlternatives obtainChoiceFilters(const DataChoice& choice)
+FilterAlternatives obtainChoiceFilters(const DataChoice& choice, double now)
 {
     // A list of any length is one parameter, and what is chosen by many clicks differs in one list mostly.
     std::map<ChosenItem, ChosenItem> merged; // by what the first list leaves
@@ -106,6 +123,6 @@ FilterAlternatives obtainChoiceFilters(const DataChoice& choice)
     }
     FilterAlternatives filters;
     for (const auto& [rest, item] : merged)
-        filters.push_back(obtainFilters(item));
+        filters.push_back(obtainFilters(item, now));
     return filters;
 }

@@ -7,6 +7,7 @@
 
 #include "date_level.h"
 #include "filter_binding.h"
+#include "relative_period.h"
 
 /** What is chosen of one column. */
 struct ChoiceCondition {
@@ -15,9 +16,10 @@ struct ChoiceCondition {
     std::string column;
     std::optional<DateLevel> level; // the step of time whose members or ends these are
     Kind kind = Kind::Members;
-    std::vector<std::string> members;    // by their texts
-    bool hasNull = false;                // whether the member without a value is among them
-    std::optional<std::string> from, to; // the ends of a range, which are in it; an open one has none
+    std::vector<std::string> members;     // by their texts
+    bool hasNull = false;                 // whether the member without a value is among them
+    std::optional<std::string> from, to;  // the ends of a range, which are in it; an open one has none
+    std::optional<RelativePeriod> period; // a range that moves with the clock, in place of ends
 
     friend auto operator<=>(const ChoiceCondition&, const ChoiceCondition&) = default;
 };
@@ -30,5 +32,6 @@ using ChosenItem = std::vector<ChoiceCondition>;
 using DataChoice = std::vector<ChosenItem>;
 
 /** @return the rows of a choice as filters; items that differ in one list of members share it. A range of
- *  steps of time holds the whole of its last step. Throws HostError where an end is no step of its level. */
-[[nodiscard]] FilterAlternatives obtainChoiceFilters(const DataChoice& choice);
+ *  steps of time holds the whole of its last step. Throws HostError where an end is no step of its level.
+ *  @param now what periods are relative to, seconds since 1970 by the clock on the wall */
+[[nodiscard]] FilterAlternatives obtainChoiceFilters(const DataChoice& choice, double now = readWallClock());

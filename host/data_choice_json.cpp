@@ -27,16 +27,24 @@ std::optional<std::string> readEnd(const JsonCursor& range, const char* key)
 
 ChoiceCondition readCondition(const JsonCursor& place)
 {
-    place.requireKeys({"column", "level", "members", "except", "from", "to"});
+    place.requireKeys({"column", "level", "members", "except", "from", "to", "period", "steps"});
     ChoiceCondition condition;
     condition.column = place.getValue("column").readText();
     if (place.hasKey("level"))
         condition.level = readDateLevel(place.getValue("level"));
-    const bool isRange = place.hasKey("from") || place.hasKey("to");
+    const bool isRange = place.hasKey("from") || place.hasKey("to"), isPeriod = place.hasKey("period");
     const bool isExcept = place.hasKey("except");
-    const int kinds = (isRange ? 1 : 0) + (isExcept ? 1 : 0) + (place.hasKey("members") ? 1 : 0);
+    const int kinds = (isRange ? 1 : 0) + (isPeriod ? 1 : 0) + (isExcept ? 1 : 0) +
+                      (place.hasKey("members") ? 1 : 0);
     if (kinds != 1)
-        throw place.makeError("either members, or except, or from and to are needed");
+        throw place.makeError("either members, or except, or from and to, or a period are needed");
+    if (isPeriod) {
+        condition.kind = Kind::Range;
+        condition.period = RelativePeriod{readPeriod(place.getValue("period")), 0};
+        if (condition.period->period == KXControlChartPeriod::LastSteps)
+            condition.period->steps = place.getValue("steps").readCount();
+        return condition;
+    }
     if (isRange) {
         condition.kind = Kind::Range;
         condition.from = readEnd(place, "from");
@@ -55,6 +63,12 @@ nlohmann::ordered_json writeCondition(const ChoiceCondition& condition)
     written["column"] = condition.column;
     if (condition.level)
         written["level"] = obtainDateLevelName(*condition.level);
+    if (condition.period) {
+        written["period"] = obtainPeriodName(condition.period->period);
+        if (condition.period->period == KXControlChartPeriod::LastSteps)
+            written["steps"] = condition.period->steps;
+        return written;
+    }
     if (condition.kind == Kind::Range) {
         const auto writeEnd = [&](const char* key, const std::optional<std::string>& end) {
             written[key] = end ? nlohmann::ordered_json(*end) : nlohmann::ordered_json(nullptr);

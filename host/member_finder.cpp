@@ -22,21 +22,22 @@ void MemberFinder::find(const std::vector<SqlMember>& members, const std::string
 {
     _fold(members);
     const std::string wanted = kxFoldText(text);
+    if (wanted != m_wanted || first < m_next) {
+        m_wanted = wanted;
+        m_next = 0;
+        m_at = 0;
+    }
     std::size_t count = 0;
-    std::uint64_t skipped = 0;
-    std::size_t at = 0;
     // A text with a zero byte could be found across the border of two members.
     const bool isText = !wanted.empty() && wanted.find('\0') == std::string::npos;
     while (isText && count < found.size()) {
-        at = m_folded.find(wanted, at);
+        const std::size_t at = m_folded.find(wanted, m_at);
         if (at == std::string::npos)
             break;
         const auto end = std::ranges::upper_bound(m_ends, at);
-        if (skipped < first)
-            ++skipped;
-        else
+        m_at = *end;
+        if (m_next++ >= first)
             found[count++] = static_cast<std::uint64_t>(end - m_ends.begin());
-        at = *end;
     }
     found = found.first(count);
 }

@@ -24,4 +24,9 @@ private:
 
     std::string m_folded;              // the texts, each with a zero byte behind it
     std::vector<std::uint64_t> m_ends; // of the texts, behind their zero bytes
+
+    // Where the last question ended, from where one for the next page goes on
+    std::string m_wanted;
+    std::uint64_t m_next = 0;
+    std::size_t m_at = 0;
 };

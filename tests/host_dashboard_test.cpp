@@ -7,14 +7,21 @@
 #include "kx_axis_chart_property.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_items.h"
+#include "kx_control_chart_row.h"
 #include "kx_no_data_label.h"
 #include "kx_xy_axis_chart.h"
+#include "time_step.h"
+#include "ux/cairo/ux_cairo_install.h"
+#include "ux/ux_event.h"
+#include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
+#include "view_control.h"
 #include "view_data_provider.h"
 
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <functional>
 #include <gtest/gtest.h>
 #include <random>
 #include <tuple>
@@ -275,6 +282,39 @@ TEST(HostDashboard, ConditionsHoldWhatTheySay)
     }
 }
 
+TEST(HostDashboard, PeriodsMoveWithTheClock)
+{
+    const std::tuple<const char*, const char*, std::string> cases[] = {
+        {"2024-02-29 12:30:00", R"("level": "month", "period": "today")", ">= 2024-02-29 < 2024-03-01 "},
+        {"2024-02-29 12:30:00", R"("period": "lastSteps", "steps": 1)", ">= 2024-02-29 < 2024-03-01 "},
+        {"2024-03-31 12:30:00", R"("level": "month", "period": "lastSteps", "steps": 2)",
+         ">= 2024-02-01 < 2024-04-01 "},
+        {"2024-01-01 00:10:00", R"("level": "hour", "period": "lastSteps", "steps": 2)",
+         ">= 2023-12-31 23:00:00 < 2024-01-01 01:00:00 "},
+        {"2024-01-31 00:00:00", R"("period": "lastMonth")", ">= 2023-12-01 < 2024-01-01 "},
+        {"2024-05-31 00:00:00", R"("period": "thisQuarter")", ">= 2024-04-01 < 2024-07-01 "},
+        {"2024-02-10 00:00:00", R"("period": "lastQuarter")", ">= 2023-10-01 < 2024-01-01 "},
+        {"2024-02-10 23:00:00", R"("period": "yearToDate")", ">= 2024-01-01 < 2024-02-11 "},
+        {"2024-02-10 00:00:00", R"("period": "lastSteps", "steps": 18446744073709551615)", "none"},
+    };
+    for (const auto& [now, period, expected] : cases) {
+        SCOPED_TRACE(period);
+        const nlohmann::json parsed = nlohmann::json::parse(R"([{"column": "d", )" + std::string(period) +
+                                                            "}]");
+        const DataChoice choice = readDataChoice(JsonCursor("c", parsed));
+        EXPECT_EQ(nlohmann::json::parse(writeDataChoice(choice).dump()), parsed);
+        std::string text;
+        const double seconds = TimeStep::parse(now, DateLevel::Second)->obtainSeconds();
+        const FilterAlternatives filters = obtainChoiceFilters(choice, seconds);
+        for (const FilterBinding& filter : filters.at(0))
+            text += filter.operation == FilterOperation::In
+                        ? "none"
+                        : (filter.operation == FilterOperation::Less ? "< " : ">= ") + filter.values.at(0) +
+                              ' ';
+        EXPECT_EQ(text, expected);
+    }
+}
+
 TEST(HostDashboard, SaysWhatIsWrongAndWhere)
 {
     const TemporaryFile data("kind,n\na,1\n");
@@ -378,4 +418,37 @@ TEST(HostDashboard, WhatUsersMadeOfTheirChartsStays)
     EXPECT_FALSE(saysNoData(target));
     EXPECT_EQ(target.obtainShownCategoryCount(), 4U);
     EXPECT_FALSE(target.isSeriesShown(1));
+}
+
+TEST(HostDashboard, AClickOnARowFiltersAndIsSaved)
+{
+    uxCairoInstall();
+    const TemporaryFile data("kind\na\nb\nb\nb\nc\n");
+    DashboardBoard board(DashboardReader("d").readText(
+                             R"({"type": "Dashboard", "data": ")" + data.getPath() +
+                             R"(", "columns": 1, "items": [)" +
+                             obtainItem(0, obtainBinding(R"({"column": "kind"})"), "", "KXControlChart") +
+                             ", " + obtainItem(1, obtainBinding("")) + "]}"),
+                         noHandlers);
+    ViewControl control(board);
+    control.resize({500, 3000}, 1);
+    control.paintDirtyAreas();
+    const std::function<KXControlChartRow*(UXObject*)> findRow = [&](UXObject* object) {
+        auto* row = dynamic_cast<KXControlChartRow*>(object);
+        for (std::uint64_t i = 0; i < object->getChildrenCount() && !(row && row->getContent().text == "b");
+             ++i)
+            row = findRow(object->getChild(i));
+        return row && row->getContent().text == "b" ? row : nullptr;
+    };
+    KXControlChartRow* row = findRow(&board.getDashboard().getChart(0));
+    ASSERT_TRUE(row);
+    const UXRect rect = row->translateRectToParent(row->getBoundingRect(), nullptr);
+    const UXControlPoint middle = control.diagramSpaceToControlSpace(UXPoint(uxMidX(rect), uxMidY(rect)));
+    UXEvent event;
+    event.addEventKey(UXEventKey::LeftButton);
+    control.mouseMove(middle, UXEvent());
+    control.press(middle, event);
+    control.mouseUp(middle, event);
+    EXPECT_EQ(obtainTotal(board.getDashboard()), 2); // of all rows that are chosen at first, b goes
+    EXPECT_NE(board.getDashboard().save().find(R"("except": [)"), std::string::npos);
 }
