@@ -51,7 +51,12 @@ SqlDataSet SqlDataProvider::askForData() { return {m_session, m_binding}; }
 
 void SqlDataProvider::endPrepareData(KXChartDataUser*) {}
 
-bool SqlDataProvider::obtainDataIsEmpty(KXChartDataUser*) { return m_data.isEmpty(); }
+bool SqlDataProvider::obtainDataIsEmpty(KXChartDataUser*)
+{
+    // A value over all rows is there also where no row takes part: it then says so.
+    const bool isTotal = m_data.getDimensionCount() == 0 && m_data.getMeasureCount() > 0;
+    return m_data.isEmpty() && !isTotal;
+}
 
 std::string SqlDataProvider::obtainDimensionName(KXChartDataUser*, std::uint64_t dimension)
 {
@@ -238,6 +243,8 @@ double SqlDataProvider::obtainValueData(KXChartDataUser*, const KXIndexPath& pat
 std::string SqlDataProvider::obtainValueDataString(KXChartDataUser*, const KXIndexPath& path)
 {
     const SqlValue value = _findValue(path);
+    if (m_data.isEmpty())
+        return "No data";
     return value.isNull ? m_binding.nullText : value.text;
 }
 

@@ -100,6 +100,20 @@ public:
         bool obtainValueDataIsGenerated(KXChartDataUser * user, const KXIndexPath& path) override;
         double obtainValueData(KXChartDataUser * user, const KXIndexPath& path) override;
         std::string obtainValueDataString(KXChartDataUser * user, const KXIndexPath& path) override;
+    // Values
+    std::uint64_t obtainValueCount(KXChartDataUser* user) override;
+    std::string obtainValueLabel(KXChartDataUser* user, std::uint64_t value) override;
+    std::string obtainValueID(KXChartDataUser* user, std::uint64_t value) override;
+    KXChartDataType obtainValueDataType(KXChartDataUser* user, const KXIndexPath& path) override;
+    KXChartAggregateType obtainValueAggregateType(KXChartDataUser* user, const KXIndexPath& path) override;
+    bool obtainValueDataIsNull(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return whether no row of the data is in the cell */
+    bool obtainValueDataIsEmpty(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return whether one of the cell's members was made up */
+    bool obtainValueDataIsGenerated(KXChartDataUser* user, const KXIndexPath& path) override;
+    double obtainValueData(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return words where the value is null, and others where no row takes part */
+    std::string obtainValueDataString(KXChartDataUser* user, const KXIndexPath& path) override;
 
         // From KXHeatMapChartDataProvider: where the binding wants them
         bool obtainHasTotals(KXChartDataUser * user, bool ofRows) override;

@@ -380,7 +380,8 @@ TEST(HostDashboard, WhatUsersMadeOfTheirChartsStays)
                              R"(", "columns": 1, "title": "Days", "items": [)" +
                              obtainItem(0, obtainBinding(R"({"column": "n"})"), R"(, "clickFilters": true)") +
                              ", " + obtainItem(1, byDay) + ", " +
-                             obtainItem(2, byDay, R"(, "isFiltered": false)") + "]}"),
+                             obtainItem(2, byDay, R"(, "isFiltered": false)") + ", " +
+                             obtainItem(3, obtainBinding("")) + "]}"),
                          noHandlers);
     board.arrange({900, 900});
     board.getDiagram().layout();
@@ -412,7 +413,10 @@ TEST(HostDashboard, WhatUsersMadeOfTheirChartsStays)
     EXPECT_FALSE(target.isSeriesShown(0));
     ASSERT_EQ(source.getItems()->getSelected().size(), 1U);
     EXPECT_EQ(source.getItems()->getSelected()[0].index, 3U);
+    EXPECT_EQ(dashboard.getProvider(3).obtainValueDataString(nullptr, {0, 0}), "1");
     choose(R"([{"column": "n", "members": []}])");
+    EXPECT_FALSE(dashboard.getProvider(3).obtainDataIsEmpty(nullptr));
+    EXPECT_EQ(dashboard.getProvider(3).obtainValueDataString(nullptr, {0, 0}), "No data");
     EXPECT_TRUE(saysNoData(target));
     choose("[]");
     EXPECT_FALSE(saysNoData(target));
