@@ -45,7 +45,8 @@ void KXPanelItemRuns::set(const std::vector<KXPanelItem>& items)
     for (const bool standsOut : {false, true})
         for (std::size_t i = 0; i < items.size(); ++i) {
             const KXPanelItem& item = items[i];
-            if (item.look.standsOut() != standsOut)
+            const bool isClear = item.look.fill.alpha <= 0 && item.look.line.alpha <= 0;
+            if (item.look.standsOut() != standsOut || isClear)
                 continue;
             const UXDoubleRect* rect = item.shape.obtainRect();
             if (rect && !standsOut && item.shift == UXDoublePoint())
