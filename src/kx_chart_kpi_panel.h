@@ -14,11 +14,6 @@
 /** The numbers of one panel of a KPI chart, NaN for what there is not, and what follows from them. */
 class KX_EXPORT KXChartKpiPanel : public UXJsonObject {
 public:
-    /** Numbers that decide on the status: the limits between poor, fair and good. */
-    struct Limits {
-        double fair, good;
-    };
-
     KXChartKpiPanel();
     /** @param group the index of the member that it shows */
     KXChartKpiPanel(std::uint64_t group, double actual, double comparison,
@@ -50,6 +45,11 @@ public:
     bool customDeserialize() override;
 
 private:
+    /** From which values on it is fair, and good. */
+    struct Limits {
+        double fair, good;
+    };
+
     std::optional<Limits> _obtainLimits(std::span<const double> thresholds, bool higherIsBetter) const;
 
     std::int64_t m_group = 0;

@@ -162,29 +162,29 @@ std::vector<KXPanelItem> KXFigureChart::_layoutItems(const UXRect& area)
     m_texts.clear();
     m_area = area;
     const std::vector<std::uint64_t> groups = _obtainShownGroups();
-    const bool hasData = preparedAndReloadedData() && !groups.empty() && !uxIsEmptyRect(area);
-    if (hasData)
-        _arrange(groups, area);
-    else
+    if (!preparedAndReloadedData() || groups.empty() || uxIsEmptyRect(area)) {
         m_view->setVisible(false);
-    if (!hasData)
         return {};
+    }
+    _arrange(groups, area);
 
+    // 1. Whole rows of panels are in sight.
     const double offset = static_cast<double>(m_view->getContentOffsetY());
     const auto count = static_cast<double>(groups.size()), columns = static_cast<double>(m_grid.columns);
     const double firstRow = std::floor(offset / m_grid.distance.y);
     const double endRow = std::ceil((offset + area.height) / m_grid.distance.y);
     const auto first = static_cast<std::size_t>(std::min(firstRow * columns, count));
     const auto end = static_cast<std::size_t>(std::min(endRow * columns, count));
+
+    // 2. Their lines, in whole units, so that texts of panels without a gap do not meet by rounding.
     const double padding = std::min({_obtainPadding(), m_grid.panel.width / 4, m_grid.panel.height / 4});
-    // Whole units, so that the texts of panels without a gap do not meet by rounding.
     const UXDoubleSize room(std::floor(m_grid.panel.width - 2 * padding), m_grid.panel.height - 2 * padding);
     for (std::size_t line = 0; line < m_lines.size(); ++line)
-        for (std::size_t i = first; i < end; ++i) {
+        for (std::size_t i = first; i < end; ++i)
             m_lines[line].texts.push_back(_obtainOneLine(groups[i], line).text);
-        }
     m_figureHeight = kxStackFigure(m_lines, room, lineGap);
 
+    // 3. The panels and their texts.
     std::vector<KXPanelItem> items;
     items.reserve(end - first);
     for (std::size_t i = first; i < end; ++i) {

@@ -57,12 +57,12 @@ public:
 
     /** A text as it is drawn. */
     struct PlacedText {
-        KXChartItem item;
-        std::size_t line = 0; /**< its index in getLines */
-        std::string text;     /**< with an ellipsis where it was too wide */
-        UXDoubleRect rect;
-        UXTextProperty property;
-        double indent = 0; /**< free before the text, for what is drawn there */
+        KXChartItem item;        /**< the panel */
+        std::size_t line = 0;    /**< its index in getLines */
+        std::string text;        /**< with an ellipsis where it was too wide */
+        UXDoubleRect rect;       /**< in the chart's own space */
+        UXTextProperty property; /**< with the colour that it has without a highlight */
+        double indent = 0;       /**< free before the text, for what is drawn there */
     };
 
     /** @return the lines of all panels, as of the last layout */

@@ -23,9 +23,9 @@ struct KX_EXPORT KXFigureLine {
     std::vector<std::string> texts; /**< by figure; an empty one leaves its place free */
     UXTextProperty property;        /**< of the value the largest font; it becomes the one that fits */
     int rank = 0; /**< 0: the value, the one that shrinks. Of the others a higher one gives way first. */
-    KXFigureLinePlace place = KXFigureLinePlace::Below;
-    std::optional<UXTextAlign> align{}; /**< none: as the figure */
-    double greatestWidth = 0;           /**< in logical units; 0: that of the room */
+    KXFigureLinePlace place = KXFigureLinePlace::Below; /**< one line at most stands beside the value */
+    std::optional<UXTextAlign> align{};                 /**< none: as the figure */
+    double greatestWidth = 0;                           /**< in logical units; 0: that of the room */
     bool isCaption = false; /**< its texts are the host's names, which are known of what is in sight only */
 
     // Made by kxStackFigure: a place in the room, without a height for a line that has given way

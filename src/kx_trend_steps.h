@@ -12,9 +12,9 @@
 /** The steps along which a trend runs. */
 struct KX_EXPORT KXTrendSteps {
     std::span<const double> numbers; /**< by step: seconds since 1970, or years; empty where there are none */
-    std::size_t count = 0;
-    KXChartDataType type = KXChartDataType::String;
-    KXChartAggregateType level = KXChartAggregateType::None;
+    std::size_t count = 0;           /**< only the first steps count */
+    KXChartDataType type = KXChartDataType::String;          /**< of the steps */
+    KXChartAggregateType level = KXChartAggregateType::None; /**< what the host grouped them by */
 
     /** @return the step so many before one, none before the first one */
     std::optional<std::size_t> findBack(std::size_t step, std::int64_t distance) const;

@@ -10,7 +10,7 @@ class KXChartDataFormat;
 
 /** How far a value is from what it is compared with; NaN where that cannot be told. */
 struct KX_EXPORT KXValueChange {
-    double difference = std::numeric_limits<double>::quiet_NaN();
+    double difference = std::numeric_limits<double>::quiet_NaN(); /**< the value less its base */
     double percentage = std::numeric_limits<double>::quiet_NaN(); /**< of the magnitude of the base */
 
     /** @return whether the change has a direction and a size, so that an arrow and a colour tell it */
