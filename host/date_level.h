@@ -14,5 +14,6 @@ enum class DateLevel {
     Minute = static_cast<int>(KXChartAggregateType::Minute),
     Second = static_cast<int>(KXChartAggregateType::Second),
     DayOfWeek = 24,
-    HourOfDay = 25 /**< whose members are times without a date */
+    HourOfDay = static_cast<int>(
+        KXChartAggregateType::HoursAlone) /**< its members are times without a date */
 };

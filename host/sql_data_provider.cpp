@@ -80,8 +80,7 @@ KXChartAggregateType SqlDataProvider::obtainDimensionAggregateType(KXChartDataUs
 {
     if (dimension >= m_data.getDimensionCount() || !m_data.getDimensionLevel(dimension))
         return noLevel;
-    const DateLevel level = *m_data.getDimensionLevel(dimension);
-    return static_cast<KXChartAggregateType>(level == DateLevel::HourOfDay ? DateLevel::Hour : level);
+    return static_cast<KXChartAggregateType>(*m_data.getDimensionLevel(dimension));
 }
 
 std::uint64_t SqlDataProvider::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension)
