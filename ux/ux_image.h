@@ -27,7 +27,11 @@ public:
      * pixels */
     const std::uint32_t* getPixels() const { return m_pixels ? m_pixels->data() : nullptr; }
 
+    /** @return whether nothing of what lies behind shows through, which is drawn faster */
+    bool isOpaque() const { return m_isOpaque; }
+
 private:
     UXSize m_size;
     std::shared_ptr<const std::vector<std::uint32_t>> m_pixels;
+    bool m_isOpaque = false;
 };

@@ -110,7 +110,8 @@ public:
     {
         const UXSize size = image.getSize();
         auto* pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(image.getPixels()));
-        m_surface = cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, size.width, size.height,
+        const cairo_format_t format = image.isOpaque() ? CAIRO_FORMAT_RGB24 : CAIRO_FORMAT_ARGB32;
+        m_surface = cairo_image_surface_create_for_data(pixels, format, size.width, size.height,
                                                         size.width * 4);
         m_pattern = cairo_pattern_create_for_surface(m_surface);
         const double sx = size.width / rect.width, sy = size.height / rect.height;
