@@ -138,7 +138,6 @@ void KXHeatMapChart::resetData()
     m_sorted.clear();
     m_note.clear();
     _fillPanels(); // which refer to the values
-    m_panel->forgetNames();
 }
 
 void KXHeatMapChart::customReloadData()
@@ -150,8 +149,24 @@ void KXHeatMapChart::customReloadData()
     if (!self.isAlive())
         return;
     m_words = std::move(words);
-    m_panel->forgetNames();
     _summarize();
+}
+
+/** A document may show other rows. */
+bool KXHeatMapChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    const bool isComplete = KXPanelChart::customDeserialize();
+    if (self.isAlive() && reloadedData())
+        reloadData();
+    return isComplete;
+}
+
+/** Nothing is to move under the eyes of who scrolls. */
+void KXHeatMapChart::_memberTextsArrived()
+{
+    m_keepsNames = m_panel->getContentOffsetX() > 0 || m_panel->getContentOffsetY() > 0;
+    KXPanelChartDataUser::_memberTextsArrived();
 }
 
 void KXHeatMapChart::afterReloadData()

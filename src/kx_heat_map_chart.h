@@ -110,6 +110,7 @@ public:
     void resetData() override;
     void afterReloadData() override;
     void registerChartPropertyUpdatedEvents() override;
+    bool customDeserialize() override;
     UXRect obtainHintArea(UXPoint point) override;
     KXChartDataPath* createDataPath() override;
 
@@ -135,6 +136,7 @@ protected:
     void _customLayout(UXRect plotArea) override;
     void _paintUnderChildren(UXPainter& painter) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _memberTextsArrived() override;
 
 private:
     /** The totals of the rows, or of the columns. */
@@ -196,4 +198,5 @@ private:
     std::array<std::string, 5> m_words; // in the host's language
     std::string m_note;
     UXRect m_noteRect;
+    bool m_keepsNames = false; // the layout that comes is for names that a scroll has brought into sight
 };

@@ -182,7 +182,7 @@ void KXHeatMapChart::_customLayout(UXRect plotArea)
     arrangement.neverScrolls = m_fit;
     arrangement.rowTotalsExtent = _hasTotals(true) ? _obtainTotalExtent(true) : 0;
     arrangement.columnTotalsExtent = _hasTotals(false) ? _obtainTotalExtent(false) : 0;
-    m_panel->arrange(arrangement);
+    m_panel->arrange(arrangement, std::exchange(m_keepsNames, false));
     if (!self.isAlive())
         return;
     _fillPanels();

@@ -19,7 +19,7 @@ namespace {
 /** More cells than these are drawn as an image. */
 constexpr std::uint64_t greatestRectCount = 1500;
 /** Cells that are shorter have no gaps between them, which would take too much of them. */
-constexpr double leastGaps = 6;
+constexpr double leastGaps = 12;
 /** Between a text and the edges of its cell. */
 constexpr double padding = 3;
 /** From one slanted line in a null to the next one, and how they look. */
@@ -221,8 +221,10 @@ void KXHeatMapContentPanel::_placeLabels(const KXGridBlock& seen)
             const UXDoubleSize size = helper->getTextSize(text, m_style.labelProperty);
             const UXDoubleRect rect = obtainCellRect(cell);
             const double width = std::ceil(size.width), height = std::ceil(size.height);
-            if (width + padding > rect.width || height > rect.height)
-                continue;
+            const UXDoublePoint middle(rect.x + rect.width / 2, rect.y + rect.height / 2);
+            if (width + padding > rect.width || height > rect.height ||
+                !uxPointInDoubleRect(middle, UXDoubleRect(getBoundingRect())))
+                continue; // or most of it would be cut where the panel ends
             const UXDoubleRect place(rect.x + (rect.width - _obtainGap() - width) / 2,
                                      rect.y + (rect.height - _obtainGap() - height) / 2, width, height);
             const UXColor& color = m_style.autoLabelColor ? kxObtainReadableColor(obtainColor(cell))

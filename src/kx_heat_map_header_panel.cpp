@@ -1,5 +1,6 @@
 #include "kx_heat_map_header_panel.h"
 
+#include "kx_data_requests.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
@@ -18,7 +19,9 @@ namespace {
 /** Between a name and the cells. */
 constexpr double padding = 6;
 /** Between two names in one line. */
-constexpr double gap = 8;
+constexpr double gap = 5;
+/** Of the height of a line: names that are shorter are easier to read in steps than turned. */
+constexpr double leastTurnedShare = 2;
 
 /** @return the least of 1, 2, 5, 10, 20 ... that is not below */
 std::uint64_t obtainRoundStep(double least)
@@ -55,11 +58,21 @@ double KXHeatMapHeaderPanel::_measure(const std::string& text) const
     return std::ceil(helper->getTextSize(text, m_property).width);
 }
 
+/** @return a name in one line */
+std::string KXHeatMapHeaderPanel::_obtainName(std::uint64_t line) const
+{
+    std::string name = m_text ? m_text(line) : std::string();
+    std::ranges::replace_if(
+        name, [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    return name;
+}
+
 void KXHeatMapHeaderPanel::_measureNames(const KXGridRange& seen)
 {
     const std::uint64_t first = (seen.first + m_step - 1) / m_step * m_step;
-    for (std::uint64_t line = first; line < seen.end && m_text; line += m_step)
-        m_widest = std::max(m_widest, _measure(m_text(line)));
+    for (std::uint64_t line = first; line < seen.end; line += m_step)
+        if (const std::string name = _obtainName(line); name != KXDataRequests::placeholder)
+            m_widest = std::max(m_widest, _measure(name));
 }
 
 int KXHeatMapHeaderPanel::fit(const KXGridLines& lines, const KXGridRange& seen, int most)
@@ -88,7 +101,7 @@ int KXHeatMapHeaderPanel::fit(const KXGridLines& lines, const KXGridRange& seen,
 
     // 2. Side by side, upright, or with longer steps.
     const std::uint64_t step = obtainStep(m_widest, m_widest + gap);
-    const bool areWords = step > 1 && m_mayTurn && m_step == 1;
+    const bool areWords = step > 1 && m_mayTurn && m_step == 1 && m_widest > leastTurnedShare * m_lineHeight;
     const bool isCutTurned = m_widest + padding > most; // and then more may be left of it side by side
     m_isTurned = areWords && !(isCutTurned && extent - gap >= most - padding);
     if (m_isTurned)
@@ -114,7 +127,7 @@ void KXHeatMapHeaderPanel::_layoutCells()
     const double start = areRows ? first.y : first.x, end = start + lines.obtainTotal();
     double taken = -1e300; // by the labels so far
     for (std::uint64_t line = (seen.first + m_step - 1) / m_step * m_step; line < seen.end; line += m_step) {
-        std::string text = m_text(line);
+        std::string text = _obtainName(line);
         if (_measure(text) > room)
             text = uxShortenText(text, UXTextOption::EllipsisEnd, room,
                                  [this](std::string_view part) { return _measure(std::string(part)); });
@@ -122,7 +135,9 @@ void KXHeatMapHeaderPanel::_layoutCells()
         const double middle = start + lines.obtainStart(line) + lines.obtainExtent(line) / 2;
         // All of it stands beside the lines, if these have the room, and none over another one.
         const double place = std::max(std::min(middle - extent / 2, end - extent), start);
-        if (text.empty() || place < taken)
+        const bool isInside = place + extent / 2 >= 0 &&
+                              place + extent / 2 <= (areRows ? own.height : own.width);
+        if (text.empty() || place < taken || !isInside)
             continue;
         taken = place + extent + (areStacked ? 0 : gap / 2);
         UXDoubleRect rect(place, own.height - padding / 2 - m_lineHeight, width, m_lineHeight);

@@ -13,7 +13,8 @@
  * steps of 1, 2, 5, 10 and so on. Those of columns are turned where they have no room otherwise. */
 class KX_EXPORT KXHeatMapHeaderPanel : public KXGridPanel {
 public:
-    /** @return the name of a line; called in a layout, and may note what the host is to be asked */
+    /** @return the name of a line, or the placeholder of one that is still to come; called in a layout, and
+     * may note what the host is to be asked */
     using TextFunction = std::function<std::string(std::uint64_t line)>;
 
     /** A name that is in sight. */
@@ -35,7 +36,7 @@ public:
      *  @param most how much it may take across
      *  @return how much it takes */
     int fit(const KXGridLines& lines, const KXGridRange& seen, int most);
-    /** Forgets how wide the names were that were seen. */
+    /** Forgets how wide the names were that have been seen. */
     void forgetWidths() { m_widest = 0; }
     const std::vector<Label>& getLabels() const { return m_labels; }
 
@@ -48,6 +49,7 @@ protected:
 
 private:
     bool _areRows() const { return getColumnBand() == KXGridBand::Header; }
+    std::string _obtainName(std::uint64_t line) const;
     double _measure(const std::string& text) const;
     void _measureNames(const KXGridRange& seen);
 

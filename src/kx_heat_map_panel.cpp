@@ -15,12 +15,12 @@ constexpr double greatestNameShare = 1.0 / 3;
 constexpr int roundCount = 2;
 
 /** The lines of one direction, and whether they scroll. */
-struct Division {
+struct Lines {
     KXGridLines lines;
     bool scrolls = false;
 };
 
-Division divide(std::uint64_t count, double room, double least, bool neverScrolls)
+Lines divide(std::uint64_t count, double room, double least, bool neverScrolls)
 {
     const double equal = count > 0 ? std::max(room, 0.0) / static_cast<double>(count) : 0;
     const bool scrolls = !neverScrolls && equal < least;
@@ -50,7 +50,7 @@ KXHeatMapPanel::~KXHeatMapPanel() = default;
 
 std::string KXHeatMapPanel::customSerializeTypeID() { return "KXHeatMapPanel"; }
 
-void KXHeatMapPanel::forgetNames()
+void KXHeatMapPanel::_forgetNames()
 {
     for (KXHeatMapHeaderPanel* header : {m_rowHeader, m_rowTotalsHeader, m_columnTotalsHeader,
                                          static_cast<KXHeatMapHeaderPanel*>(m_columnHeader)})
@@ -58,50 +58,57 @@ void KXHeatMapPanel::forgetNames()
     m_rowHeaderExtent = m_columnHeaderExtent = 0;
 }
 
-void KXHeatMapPanel::arrange(const KXHeatMapArrangement& arrangement)
+/** @return the rows and the columns in what the names leave */
+KXHeatMapPanel::Division KXHeatMapPanel::_divide(const KXHeatMapArrangement& arrangement) const
 {
     const UXRect own = getContentRect();
-    if (UXSize(own.width, own.height) != m_arrangedSize) {
-        m_arrangedSize = {own.width, own.height};
-        forgetNames();
-    }
-    const double rowTotals = std::min(arrangement.rowTotalsExtent,
-                                      std::floor(own.width * greatestTotalsShare));
-    const double columnTotals = std::min(arrangement.columnTotalsExtent,
-                                         std::floor(own.height * greatestTotalsShare));
-    using enum KXGridBand;
-    const auto obtainOne = [](double extent) { return KXGridLines::makeEqual(extent > 0 ? 1 : 0, extent); };
-    for (int round = 0; round < roundCount; ++round) {
-        // 1. A bar of one direction takes room from the other one.
-        const double width = own.width - m_rowHeaderExtent - rowTotals;
-        const double height = own.height - m_columnHeaderExtent - columnTotals;
-        const auto divideRows = [&](double room) {
-            return divide(arrangement.rowCount, room, arrangement.leastRowExtent, arrangement.neverScrolls);
-        };
-        const auto divideColumns = [&](double room) {
-            return divide(arrangement.columnCount, room, arrangement.leastColumnExtent,
-                          arrangement.neverScrolls);
-        };
-        Division rows = divideRows(height), columns = divideColumns(width);
-        if (rows.scrolls)
-            columns = divideColumns(width - extraExtent);
-        if (columns.scrolls)
-            rows = divideRows(height - extraExtent);
-
-        // 2. What the names need beside them.
-        _fitHeaders(arrangement, rows.lines, columns.lines);
-        setColumns(Header, obtainOne(m_rowHeaderExtent));
-        setRows(Header, obtainOne(m_columnHeaderExtent));
-        setColumns(Totals, obtainOne(rowTotals));
-        setRows(Totals, obtainOne(columnTotals));
-        setRows(Content, rows.lines);
-        setColumns(Content, columns.lines);
-    }
+    const double width = own.width - m_rowHeaderExtent - _obtainTotalsExtent(arrangement, true);
+    const double height = own.height - m_columnHeaderExtent - _obtainTotalsExtent(arrangement, false);
+    const auto divideRows = [&](double room) {
+        return divide(arrangement.rowCount, room, arrangement.leastRowExtent, arrangement.neverScrolls);
+    };
+    const auto divideColumns = [&](double room) {
+        return divide(arrangement.columnCount, room, arrangement.leastColumnExtent, arrangement.neverScrolls);
+    };
+    // A bar of one direction takes room from the other one.
+    Lines rows = divideRows(height), columns = divideColumns(width);
+    if (rows.scrolls)
+        columns = divideColumns(width - extraExtent);
+    if (columns.scrolls)
+        rows = divideRows(height - extraExtent);
+    return {rows.lines, columns.lines};
 }
 
-void KXHeatMapPanel::_fitHeaders(const KXHeatMapArrangement& arrangement, const KXGridLines& rows,
-                                 const KXGridLines& columns)
+double KXHeatMapPanel::_obtainTotalsExtent(const KXHeatMapArrangement& arrangement, bool ofRows) const
 {
+    const UXRect own = getContentRect();
+    return ofRows ? std::min(arrangement.rowTotalsExtent, std::floor(own.width * greatestTotalsShare))
+                  : std::min(arrangement.columnTotalsExtent, std::floor(own.height * greatestTotalsShare));
+}
+
+void KXHeatMapPanel::arrange(const KXHeatMapArrangement& arrangement, bool keepsNames)
+{
+    const UXRect own = getContentRect();
+    const bool hasThisSize = UXSize(own.width, own.height) == m_arrangedSize;
+    m_arrangedSize = {own.width, own.height};
+    if (!keepsNames || !hasThisSize)
+        _forgetNames();
+    for (int round = 0; round < roundCount; ++round)
+        _fitHeaders(arrangement, _divide(arrangement));
+    const Division division = _divide(arrangement);
+    using enum KXGridBand;
+    const auto obtainOne = [](double extent) { return KXGridLines::makeEqual(extent > 0 ? 1 : 0, extent); };
+    setColumns(Header, obtainOne(m_rowHeaderExtent));
+    setRows(Header, obtainOne(m_columnHeaderExtent));
+    setColumns(Totals, obtainOne(_obtainTotalsExtent(arrangement, true)));
+    setRows(Totals, obtainOne(_obtainTotalsExtent(arrangement, false)));
+    setRows(Content, division.rows);
+    setColumns(Content, division.columns);
+}
+
+void KXHeatMapPanel::_fitHeaders(const KXHeatMapArrangement& arrangement, const Division& division)
+{
+    const auto& [rows, columns] = division;
     const UXRect own = getContentRect();
     const auto left = static_cast<double>(getContentOffsetX()),
                top = static_cast<double>(getContentOffsetY());

@@ -46,17 +46,22 @@ public:
     }
 
     /** Gives rows and columns their extents, and the headers what their names need; called in a layout, with
-     * the rectangle set. */
-    void arrange(const KXHeatMapArrangement& arrangement);
-    /** Names are others from now on. */
-    void forgetNames();
+     * the rectangle set.
+     *  @param keepsNames whether the headers keep the room that names seen before have needed */
+    void arrange(const KXHeatMapArrangement& arrangement, bool keepsNames);
 
     // From UXJsonObject
     std::string customSerializeTypeID() override;
 
 private:
-    void _fitHeaders(const KXHeatMapArrangement& arrangement, const KXGridLines& rows,
-                     const KXGridLines& columns);
+    struct Division {
+        KXGridLines rows, columns;
+    };
+
+    Division _divide(const KXHeatMapArrangement& arrangement) const;
+    double _obtainTotalsExtent(const KXHeatMapArrangement& arrangement, bool ofRows) const;
+    void _fitHeaders(const KXHeatMapArrangement& arrangement, const Division& division);
+    void _forgetNames();
 
     KXHeatMapContentPanel *m_content, *m_rowTotals, *m_columnTotals, *m_grandTotal; // children
     KXChartHeatMapColumnHeaderPanel* m_columnHeader;

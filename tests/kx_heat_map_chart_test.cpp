@@ -104,7 +104,7 @@ public:
     std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override
     {
         ++askedTexts;
-        return (path.at(0) == 0 ? "row " : "") + std::to_string(path.at(1));
+        return (path.at(0) == 0 ? "row " : columnWord) + std::to_string(path.at(1));
     }
     std::uint64_t obtainValueCount(KXChartDataUser*) override { return 1; }
     double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
@@ -127,6 +127,7 @@ public:
     std::function<double(std::uint64_t, std::uint64_t)> number = [](std::uint64_t row, std::uint64_t column) {
         return static_cast<double>(10 * row + column);
     };
+    std::string columnWord;
     bool hasTotals = false;
     std::uint64_t askedTexts = 0;
 };
@@ -328,17 +329,21 @@ TEST_F(KXHeatMapChartTest, NamesAreShownAsFarAsThereIsRoom)
     struct Case {
         const char* name;
         std::uint64_t columnCount;
+        const char* word;
         std::string shown;
         bool turned;
     };
     const Case cases[] = {
-        {"all of them", 5, "0 1 2 3 4 ", false},
-        {"turned", 22, "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 ", true},
-        {"some", 150, "0 20 40 60 80 100 120 140 ", false},
+        {"all of them", 5, "", "0 1 2 3 4 ", false},
+        {"turned", 9, "column_",
+         "column_0 column_1 column_2 column_3 column_4 column_5 column_6 column_7 column_8 ", true},
+        {"short ones in steps", 40, "", "0 2 4 6 8 10 12 14 16 18 20 22 24 26 28 30 32 34 36 38 ", false},
+        {"some", 150, "", "0 20 40 60 80 100 120 140 ", false},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         table.columnCount = c.columnCount;
+        table.columnWord = c.word;
         load();
         std::string shown;
         for (const auto& label : chart.getPanel()->getColumnHeaderPanel().getLabels()) {
