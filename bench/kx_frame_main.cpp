@@ -13,6 +13,7 @@
 #include "list_board.h"
 #include "pie_board.h"
 #include "table_board.h"
+#include "scatter_board.h"
 #include "tree_board.h"
 #include "ux/cairo/ux_cairo_install.h"
 
@@ -203,6 +204,16 @@ std::vector<double> readAreas(long categoryCount)
     return all;
 }
 
+int runScatter(const Start& start, const Command& command)
+{
+    std::vector<double> places = readNumbers("scx.f64", command.size);
+    const std::vector<double> along = readNumbers("scy.f64", command.size);
+    if (places.empty() || along.empty())
+        return 3;
+    places.insert(places.end(), along.begin(), along.end());
+    return run(start, command, {}, [&] { return std::make_unique<BoardFrame<ScatterBoard>>(places); });
+}
+
 int runTree(const Start& start, const Command& command)
 {
     const std::vector<double> values = readNumbers("tree.f64", command.size);
@@ -272,6 +283,8 @@ int main(int argc, char** argv)
             return std::make_unique<BoardFrame<ListBoard>>(
                 static_cast<std::uint64_t>(std::max(command.size, 0L)));
         });
+    if (command.item == "scatter")
+        return runScatter(start, command);
     if (command.item == "tree")
         return runTree(start, command);
     if (command.item == "heat")
