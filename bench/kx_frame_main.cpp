@@ -279,7 +279,7 @@ int main(int argc, char** argv)
         return runLines<KXLineBarChart>(start, command, readNumbers("combo.f64", 2 * command.size), 2,
                                         "Combination");
     if (command.item == "list")
-        return run(start, command, {}, [&] {
+        return run(start, command, {{240, 600}, {216, 500}}, [&] {
             return std::make_unique<BoardFrame<ListBoard>>(
                 static_cast<std::uint64_t>(std::max(command.size, 0L)));
         });

@@ -22,10 +22,23 @@ double ListTable::obtainValueData(KXChartDataUser*, const KXIndexPath& path)
     return factor * static_cast<double>((member * 7919 + 13) % 1000);
 }
 
+bool ListTable::obtainSelection(KXChartDataUser*, std::vector<std::uint64_t>& members, bool& isExcluding)
+{
+    constexpr std::uint64_t period = 3;
+    for (std::uint64_t member = 0; member < count; member += period)
+        members.push_back(member);
+    isExcluding = false;
+    return true;
+}
+
 ListBoard::ListBoard(std::uint64_t memberCount)
 {
     m_provider.count = memberCount;
-    m_chart.getChartProperty()->updateTitleValue("Airports");
+    m_chart.getChartProperty()->updateShowTitle(false);
+    m_chart.setShowSearch(false);
+    m_chart.setShowAll(false);
+    m_chart.setShowCounts(false);
+    m_chart.setShowBars(false);
     reload();
 }
 

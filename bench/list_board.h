@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /** Airports, made up, with how many flights each has. */
 class ListTable : public KXControlChartDataProvider {
@@ -18,12 +19,14 @@ public:
     std::string obtainDimensionData(KXChartDataUser*, const KXIndexPath& path) override;
     std::uint64_t obtainValueCount(KXChartDataUser*) override { return 1; }
     double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override;
+    bool obtainSelection(KXChartDataUser*, std::vector<std::uint64_t>& members, bool& isExcluding) override;
 
     std::uint64_t count = 0;
     double factor = 1;
 };
 
-/** A filter control over a list: the picture that the comparison of chart libraries calls "list". */
+/** Rows with a check box and a name each, some of them chosen: the picture that the comparison of chart
+ * libraries calls "list". */
 class ListBoard : public ChartBoard<KXControlChart, ListTable> {
 public:
     explicit ListBoard(std::uint64_t memberCount);
