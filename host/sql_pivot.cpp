@@ -42,6 +42,7 @@ const SqlDataSet& SqlPivot::_obtainLevel(std::size_t rowLevels, std::size_t colu
         return found->second;
     DataBinding binding = m_binding;
     binding.dimensions.clear();
+    binding.dimensions.reserve(rowLevels + columnLevels);
     for (std::size_t i = 0; i < rowLevels; ++i)
         binding.dimensions.push_back(m_binding.dimensions[i]);
     for (std::size_t i = 0; i < columnLevels; ++i)

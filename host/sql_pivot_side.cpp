@@ -8,6 +8,7 @@ SqlPivotSide::SqlPivotSide(const SqlDataSet& data)
 {
     const std::size_t levels = data.getDimensionCount();
     if (levels == 1) { // with the members that fill gaps
+        m_root.below.reserve(data.getMembers(0).size());
         for (std::uint64_t member = 0; member < data.getMembers(0).size(); ++member)
             m_root.below.push_back({member, {}});
         return;

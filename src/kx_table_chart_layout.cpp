@@ -147,6 +147,7 @@ void KXTableChart::_updateColumns()
     const double room = m_grid->getRect().width - (scrollsDown ? UXVirtualScrollView::extraExtent : 0);
     double left = room * greatestHeaderShare;
     std::vector<double> widths;
+    widths.reserve(_obtainRowHeaderCount() + (areEqual ? 0 : count));
     for (std::uint64_t column = 0; column < _obtainRowHeaderCount(); ++column) {
         const std::optional<double> given = _findGivenWidth(KXGridBand::Header, column);
         widths.push_back(given.value_or(std::min(_obtainNaturalWidth(KXGridBand::Header, column), left)));

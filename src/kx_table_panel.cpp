@@ -81,6 +81,8 @@ void KXTablePanel::setCells(const Look& look, std::vector<KXTableDrawnCell> cell
     m_lineYs.clear();
     m_lineXs.clear();
     const KXGridRange rows = obtainVisibleRows(), columns = obtainVisibleColumns();
+    m_lineYs.reserve(rows.obtainCount());
+    m_lineXs.reserve(columns.obtainCount());
     for (std::uint64_t row = rows.first; row < rows.end; ++row) {
         const UXDoubleRect rect = obtainCellRect({row, columns.first});
         m_lineYs.push_back(rect.y + rect.height - 0.5);

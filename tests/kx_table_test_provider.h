@@ -2,13 +2,13 @@
 
 #include "kx_table_chart_data_provider.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
-#include <limits>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 /** A table that is worked out when it is asked for: groupCount groups of memberCount members down, or one
