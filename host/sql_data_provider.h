@@ -34,72 +34,51 @@ class SqlDataProvider : public KXValueChartDataProvider,
                         public KXDensityChartDataProvider,
                         public KXHeatMapChartDataProvider,
                         public KXKpiChartDataProvider,
+                        public KXTableChartDataProvider,
                         public KXTreeMapChartDataProvider,
-                        public KXValueListChartDataProvider {
-public
-    KXTableChartDataProvider, public KXTreeMapChartDataProvider
-    {
-    public:
-        /** @param session outlives this object */
-        SqlDataProvider(SqlSession & session, DataBinding binding);
-                        public KXTreeMapChartDataProvider,
+                        public KXValueListChartDataProvider,
                         public KXControlChartDataProvider {
 public:
     /** @param session outlives this object */
     SqlDataProvider(SqlSession& session, DataBinding binding);
 
-        const DataBinding& getBinding() const { return m_binding; }
-        /** Lets those rows alone take part that are chosen elsewhere, from the next preparation on. */
-        void setChoices(std::vector<FilterAlternatives> choices) { m_binding.choices = std::move(choices); }
-        /** @return why the last preparation got no data, one line; empty when it did or found no rows */
-        const std::string& getError() const { return m_error; }
-        const SqlDataSet& getData() const { return m_data; }
+    const DataBinding& getBinding() const { return m_binding; }
+    /** Lets those rows alone take part that are chosen elsewhere, from the next preparation on. */
+    void setChoices(std::vector<FilterAlternatives> choices) { m_binding.choices = std::move(choices); }
+    /** @return why the last preparation got no data, one line; empty when it did or found no rows */
+    const std::string& getError() const { return m_error; }
+    const SqlDataSet& getData() const { return m_data; }
 
-        // From KXChartDataProvider: around one preparation
-        void beginPrepareData(KXChartDataUser * user) override;
-        void endPrepareData(KXChartDataUser * user) override;
-        bool obtainDataIsEmpty(KXChartDataUser * user) override;
+    // From KXChartDataProvider: around one preparation
+    void beginPrepareData(KXChartDataUser* user) override;
+    void endPrepareData(KXChartDataUser* user) override;
+    bool obtainDataIsEmpty(KXChartDataUser* user) override;
 
-        // Dimensions
-        std::string obtainDimensionName(KXChartDataUser * user, std::uint64_t dimension) override;
-        std::string obtainDimensionLabel(KXChartDataUser * user, std::uint64_t dimension) override;
-        KXChartDataType obtainDimensionDataType(KXChartDataUser * user, std::uint64_t dimension) override;
-        KXChartAggregateType obtainDimensionAggregateType(KXChartDataUser * user, std::uint64_t dimension)
-            override;
-        std::uint64_t obtainDimensionDataCount(KXChartDataUser * user, std::uint64_t dimension) override;
-        std::string obtainDimensionData(KXChartDataUser * user, const KXIndexPath& path) override;
-        /** @return of the first dimension */
-        std::vector<std::uint64_t> obtainDimensionDataAsIndexRange(KXChartDataUser * user, double from,
-                                                                   double to) override;
-        bool obtainDimensionDataIsNull(KXChartDataUser * user, const KXIndexPath& path) override;
-        bool obtainDimensionDataIsEmpty(KXChartDataUser * user, const KXIndexPath& path) override;
-        bool obtainDimensionDataIsGenerated(KXChartDataUser * user, const KXIndexPath& path) override;
-        double obtainDimensionDataAsNumber(KXChartDataUser * user, const KXIndexPath& path) override;
-        /** @return how far the next member's number is from this one's, 0 for the last one and for texts */
-        double obtainDimensionDataAsRangeDifference(KXChartDataUser * user, const KXIndexPath& path) override;
-        /** @return YYYY-MM-DD HH:MM:SS of seconds since 1970, empty outside of the years 1 to 9999 */
-        std::string obtainDimensionDataAsDateTime(KXChartDataUser * user, double seconds) override;
-        /** @return the nearest member that the data itself has, neither null nor empty */
-        std::int64_t obtainNextValidDimensionIndex(KXChartDataUser * user, const KXIndexPath& path) override;
-        std::int64_t obtainPreviousValidDimensionIndex(KXChartDataUser * user, const KXIndexPath& path)
-            override;
-        /** @return false for words that stand for a null or for the other members */
-        bool shouldFormatDimenionData(KXChartDataUser * user, const KXIndexPath& path) override;
+    // Dimensions
+    std::string obtainDimensionName(KXChartDataUser* user, std::uint64_t dimension) override;
+    std::string obtainDimensionLabel(KXChartDataUser* user, std::uint64_t dimension) override;
+    KXChartDataType obtainDimensionDataType(KXChartDataUser* user, std::uint64_t dimension) override;
+    KXChartAggregateType obtainDimensionAggregateType(KXChartDataUser* user,
+                                                      std::uint64_t dimension) override;
+    std::uint64_t obtainDimensionDataCount(KXChartDataUser* user, std::uint64_t dimension) override;
+    std::string obtainDimensionData(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return of the first dimension */
+    std::vector<std::uint64_t> obtainDimensionDataAsIndexRange(KXChartDataUser* user, double from,
+                                                               double to) override;
+    bool obtainDimensionDataIsNull(KXChartDataUser* user, const KXIndexPath& path) override;
+    bool obtainDimensionDataIsEmpty(KXChartDataUser* user, const KXIndexPath& path) override;
+    bool obtainDimensionDataIsGenerated(KXChartDataUser* user, const KXIndexPath& path) override;
+    double obtainDimensionDataAsNumber(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return how far the next member's number is from this one's, 0 for the last one and for texts */
+    double obtainDimensionDataAsRangeDifference(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return YYYY-MM-DD HH:MM:SS of seconds since 1970, empty outside of the years 1 to 9999 */
+    std::string obtainDimensionDataAsDateTime(KXChartDataUser* user, double seconds) override;
+    /** @return the nearest member that the data itself has, neither null nor empty */
+    std::int64_t obtainNextValidDimensionIndex(KXChartDataUser* user, const KXIndexPath& path) override;
+    std::int64_t obtainPreviousValidDimensionIndex(KXChartDataUser* user, const KXIndexPath& path) override;
+    /** @return false for words that stand for a null or for the other members */
+    bool shouldFormatDimenionData(KXChartDataUser* user, const KXIndexPath& path) override;
 
-        // Values
-        std::uint64_t obtainValueCount(KXChartDataUser * user) override;
-        std::string obtainValueLabel(KXChartDataUser * user, std::uint64_t value) override;
-        std::string obtainValueID(KXChartDataUser * user, std::uint64_t value) override;
-        KXChartDataType obtainValueDataType(KXChartDataUser * user, const KXIndexPath& path) override;
-        KXChartAggregateType obtainValueAggregateType(KXChartDataUser * user, const KXIndexPath& path)
-            override;
-        bool obtainValueDataIsNull(KXChartDataUser * user, const KXIndexPath& path) override;
-        /** @return whether no row of the data is in the cell */
-        bool obtainValueDataIsEmpty(KXChartDataUser * user, const KXIndexPath& path) override;
-        /** @return whether one of the cell's members was made up */
-        bool obtainValueDataIsGenerated(KXChartDataUser * user, const KXIndexPath& path) override;
-        double obtainValueData(KXChartDataUser * user, const KXIndexPath& path) override;
-        std::string obtainValueDataString(KXChartDataUser * user, const KXIndexPath& path) override;
     // Values
     std::uint64_t obtainValueCount(KXChartDataUser* user) override;
     std::string obtainValueLabel(KXChartDataUser* user, std::uint64_t value) override;
@@ -115,30 +94,34 @@ public:
     /** @return words where the value is null, and others where no row takes part */
     std::string obtainValueDataString(KXChartDataUser* user, const KXIndexPath& path) override;
 
-        // From KXHeatMapChartDataProvider: where the binding wants them
-        bool obtainHasTotals(KXChartDataUser * user, bool ofRows) override;
-        void obtainTotals(KXChartDataUser * user, bool ofRows, std::uint64_t first, std::span<double> totals)
-            override;
-        double obtainGrandTotal(KXChartDataUser * user) override;
+    // From KXHeatMapChartDataProvider: where the binding wants them
+    bool obtainHasTotals(KXChartDataUser* user, bool ofRows) override;
+    void obtainTotals(KXChartDataUser* user, bool ofRows, std::uint64_t first,
+                      std::span<double> totals) override;
+    double obtainGrandTotal(KXChartDataUser* user) override;
 
-        // From KXAxisChartDataProvider
-        void obtainSeriesValues(KXChartDataUser * user, std::uint64_t series, std::uint64_t firstCategory,
-                                std::span<double> values) override;
-        void obtainCategoryNumbers(KXChartDataUser * user, std::uint64_t firstCategory,
-                                   std::span<double> numbers) override;
+    // From KXAxisChartDataProvider
+    void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
+                            std::span<double> values) override;
+    void obtainCategoryNumbers(KXChartDataUser* user, std::uint64_t firstCategory,
+                               std::span<double> numbers) override;
 
-        // From KXTableChartDataProvider: a pivot over the same binding
-        std::uint64_t obtainRowDimensionCount(KXChartDataUser * user) override;
-        std::uint64_t obtainColumnDimensionCount(KXChartDataUser * user) override;
-        std::uint64_t obtainHeaderCount(KXChartDataUser * user, bool isRow, const KXIndexPath& path) override;
-        bool obtainHeaders(KXChartDataUser * user, bool isRow, const KXIndexPath& path, std::uint64_t first,
-                           std::span<KXTableHeader> headers) override;
-        bool obtainCells(KXChartDataUser * user, const KXIndexPath& rowParent, std::uint64_t firstRow,
-                         const KXIndexPath& columnParent, std::uint64_t firstColumn, std::uint64_t measure,
-                         const KXTableCellSpan& cells) override;
-        bool obtainHasTotals(KXChartDataUser * user, bool isRow, std::uint64_t level) override;
-        KXTableExtent obtainExtent(KXChartDataUser * user, std::uint64_t measure) override;
-        void sortRequested(KXChartDataUser * user, const std::vector<KXTableSort>& order) override;
+    // From KXTableChartDataProvider: a pivot over the same binding
+    std::uint64_t obtainRowDimensionCount(KXChartDataUser* user) override;
+    std::uint64_t obtainColumnDimensionCount(KXChartDataUser* user) override;
+    std::uint64_t obtainHeaderCount(KXChartDataUser* user, bool isRow, const KXIndexPath& path) override;
+    bool obtainHeaders(KXChartDataUser* user, bool isRow, const KXIndexPath& path, std::uint64_t first,
+                       std::span<KXTableHeader> headers) override;
+    bool obtainCells(KXChartDataUser* user, const KXIndexPath& rowParent, std::uint64_t firstRow,
+                     const KXIndexPath& columnParent, std::uint64_t firstColumn, std::uint64_t measure,
+                     const KXTableCellSpan& cells) override;
+    bool obtainHasTotals(KXChartDataUser* user, bool isRow, std::uint64_t level) override;
+    KXTableExtent obtainExtent(KXChartDataUser* user, std::uint64_t measure) override;
+    void sortRequested(KXChartDataUser* user, const std::vector<KXTableSort>& order) override;
+
+    // From KXPanelChartDataProvider
+    void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values) override;
+
 protected:
     SqlSession& getSession() const { return m_session; }
     /** @return what the database answers to the binding now; throws HostError where it refuses */
@@ -150,26 +133,14 @@ private:
     const SqlMember* _findMember(const KXIndexPath& path) const;
     SqlValue _findValue(const KXIndexPath& path) const;
     std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;
+    /** @return the binding as a table, made when it is first asked for; null where the database refuses */
+    SqlPivot* _obtainPivot();
 
-        // From KXPanelChartDataProvider
-        void obtainValues(KXChartDataUser * user, const KXIndexPath& first, std::span<double> values)
-            override;
-
-    private:
-        /** Sets values[i] to the value at the path with i added to one of its indexes. */
-        void _obtainNumbers(KXIndexPath path, std::size_t counted, std::span<double> values) const;
-        const SqlMember* _findMember(const KXIndexPath& path) const;
-        SqlValue _findValue(const KXIndexPath& path) const;
-        std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;
-        /** @return the binding as a table, made when it is first asked for; null where the database refuses
-         */
-        SqlPivot* _obtainPivot();
-
-        SqlSession& m_session;
-        DataBinding m_binding;
-        SqlDataSet m_data;
-        SqlTotals m_totals;
-        std::unique_ptr<SqlPivot> m_pivot;
-        std::vector<KXTableSort> m_rowOrder; // of the table, as the user wants it
-        std::string m_error;
-    };
+    SqlSession& m_session;
+    DataBinding m_binding;
+    SqlDataSet m_data;
+    SqlTotals m_totals;
+    std::unique_ptr<SqlPivot> m_pivot;
+    std::vector<KXTableSort> m_rowOrder; // of the table, as the user wants it
+    std::string m_error;
+};
