@@ -232,6 +232,8 @@ int runHeat(const Start& start, const Command& command)
         return std::make_unique<BoardFrame<HeatBoard>>(values, static_cast<std::uint64_t>(command.size),
                                                        true);
     });
+}
+
 int runTable(const Start& start, const Command& command)
 {
     const auto rowCount = static_cast<std::uint64_t>(std::max(command.size, 100L));

@@ -55,6 +55,7 @@ double goBack(double now, DateLevel level, int steps)
     case DateLevel::DayOfWeek:
         return now - static_cast<double>(secondsOfDay) * steps;
     case DateLevel::Hour:
+    case DateLevel::HourOfDay:
         return now - 3600.0 * steps;
     case DateLevel::Minute:
         return now - 60.0 * steps;

@@ -119,6 +119,7 @@ std::optional<TimeStep> TimeStep::fromSeconds(double seconds, DateLevel level, b
         start = day;
         break;
     case DateLevel::Hour:
+    case DateLevel::HourOfDay:
         start = floor<hours>(start);
         break;
     case DateLevel::Minute:

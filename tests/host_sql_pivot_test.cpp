@@ -86,12 +86,17 @@ private:
     int _checkCell(const KXIndexPath& row, const Texts& rowTexts, const KXIndexPath& column,
                    const Texts& columnTexts)
     {
-        std::string sql = std::string("SELECT ") + aggregates + " FROM data WHERE 1 = 1";
+        std::string sql = "SELECT ";
+        sql.append(aggregates).append(" FROM data WHERE 1 = 1");
         const auto addCondition = [&](const char* name, const std::optional<std::string>& text) {
             std::string quoted;
             for (const char c : text.value_or(""))
                 quoted += c == '\'' ? "''" : std::string(1, c);
-            sql += std::string(" AND ") + name + (text ? " = '" + quoted + "'" : " IS NULL");
+            sql.append(" AND ").append(name);
+            if (text)
+                sql.append(" = '").append(quoted).append("'");
+            else
+                sql.append(" IS NULL");
         };
         for (std::size_t i = 0; i < rowTexts.size(); ++i)
             addCondition(i == 0 ? "a" : "b", rowTexts[i]);
