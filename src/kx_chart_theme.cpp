@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr double faintOpacity = 0.2, bandOpacity = 0.4;
+
 /** Grey texts and lines of a theme, from the ground to what stands out most. */
 struct Greys {
     UXColor ground, track, grid, axis, pointer, faintText, quietText, text, strongText;
@@ -145,3 +147,14 @@ std::unique_ptr<KXChartTheme> KXChartTheme::create(const std::string& name)
 }
 
 UXColor KXChartTheme::obtainFirstColor() const { return m_palette.empty() ? m_text : m_palette.front(); }
+
+UXColor KXChartTheme::obtainFaintColor() const
+{
+    const UXColor color = obtainFirstColor();
+    return {color.red, color.green, color.blue, faintOpacity};
+}
+
+UXColor KXChartTheme::obtainBandColor() const
+{
+    return {m_trackColor.red, m_trackColor.green, m_trackColor.blue, bandOpacity};
+}

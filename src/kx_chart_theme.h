@@ -62,6 +62,10 @@ public:
 
     /** @return the colour of what is one series alone: the palette's first, the text's without one */
     UXColor obtainFirstColor() const;
+    /** @return the same, so faint that texts can be read over it */
+    UXColor obtainFaintColor() const;
+    /** @return the ground of rows that are to be told from their neighbours */
+    UXColor obtainBandColor() const;
 };
 
 /** Gives a chart the colours of a theme, where it has those of the former one: what differs from these was

@@ -21,22 +21,35 @@ using Color = UXColor (KXChartTheme::*)() const;
 struct Role {
     const char* key;
     Color color; // null: the key keeps what it has
+    const char* type =
+        nullptr; // the class where the key plays another part than elsewhere, which comes first
 };
 
 /** Of lists of colours only those that take the palette stand here. */
 constexpr Role roles[] = {
+    {"m_totalColor", &KXChartTheme::obtainBandColor, "KXTableChart"}, // the ground of totals
+    {"m_accentColor", &KXChartTheme::obtainFirstColor},
     {"m_axisAndTickLabelColor", nullptr}, // the next two in one
     {"m_axisColor", &KXChartTheme::getAxisColor},
     {"m_tickLabelProperty", &KXChartTheme::getQuietText},
     {"m_backgroundColor", &KXChartTheme::getGround},
+    {"m_bandColor", &KXChartTheme::obtainBandColor},
+    {"m_barColor", &KXChartTheme::obtainFaintColor},
     {"m_borderColor", &KXChartTheme::getGridColor},
     {"m_captionProperty", &KXChartTheme::getQuietText},
     {"m_color", &KXChartTheme::getQuietText},
     {"m_customPartitionColor", nullptr},
     {"m_decreaseColor", &KXChartTheme::getDecreaseColor},
     {"m_defaultColor", &KXChartTheme::obtainFirstColor},
+    {"m_differenceProperty", &KXChartTheme::getQuietText},
+    {"m_errorColor", &KXChartTheme::getPoorColor},
+    {"m_extremeColor", &KXChartTheme::getPointerColor},
+    {"m_fairColor", &KXChartTheme::getFairColor},
     {"m_fontColor", &KXChartTheme::getStrongText},
+    {"m_goodColor", &KXChartTheme::getGoodColor},
     {"m_gridLineColor", &KXChartTheme::getGridColor},
+    {"m_headerColor", &KXChartTheme::getTrackColor},
+    {"m_headerProperty", &KXChartTheme::getText},
     {"m_hintInfo", nullptr}, // a window of its own
     {"m_increaseColor", &KXChartTheme::getIncreaseColor},
     {"m_itemColors", nullptr}, // the palette
@@ -47,8 +60,9 @@ constexpr Role roles[] = {
     {"m_maxMinFontColor", &KXChartTheme::getQuietText},
     {"m_middleColor", &KXChartTheme::getMiddleColor},
     {"m_minColor", &KXChartTheme::getLowColor},
-    {"m_negativeColor", nullptr}, // clear: none of its own
+    {"m_negativeColor", nullptr}, // clear, or of bars that the user asks for
     {"m_negativeFontColor", &KXChartTheme::getPoorColor},
+    {"m_panelColor", nullptr}, // clear: the ground shows
     {"m_partitionLabelFontColor", &KXChartTheme::getQuietText},
     {"m_pipeBackgroundColor", &KXChartTheme::getTrackColor},
     {"m_pipeTargetColor", &KXChartTheme::getPointerColor},
@@ -56,12 +70,19 @@ constexpr Role roles[] = {
     {"m_pipeValueMiddleColor", &KXChartTheme::getFairColor},
     {"m_pipeValueMinColor", &KXChartTheme::getGoodColor},
     {"m_pointerColor", &KXChartTheme::getPointerColor},
+    {"m_poorColor", &KXChartTheme::getPoorColor},
+    {"m_positiveColor", nullptr}, // of bars that the user asks for
+    {"m_progressColor", &KXChartTheme::obtainFirstColor},
+    {"m_quietColor", &KXChartTheme::getFaintText},
     {"m_scaleProperty", &KXChartTheme::getQuietText},
     {"m_scrollBarColor", &KXChartTheme::getTrackColor},
     {"m_scrollBarSliderColor", &KXChartTheme::getAxisColor},
+    {"m_separatorColor", &KXChartTheme::getGridColor},
     {"m_seriesColors", nullptr}, // the palette
+    {"m_targetColor", &KXChartTheme::getStrongText},
     {"m_targetFontColor", &KXChartTheme::getQuietText},
     {"m_titleProperty", &KXChartTheme::getStrongText},
+    {"m_trackColor", &KXChartTheme::getTrackColor},
     {"m_totalColor", &KXChartTheme::getTotalColor},
     {"m_totalProperty", &KXChartTheme::getText},
     {"m_valueProperty", &KXChartTheme::getStrongText},
@@ -69,9 +90,11 @@ constexpr Role roles[] = {
 
 const char* const paletteKeys[] = {"m_itemColors", "m_seriesColors"};
 
-const Role* findRole(const std::string& key)
+/** @param type the class of the key's object */
+const Role* findRole(const std::string& key, const std::string& type)
 {
-    const auto found = std::ranges::find(roles, key, &Role::key);
+    const auto found = std::ranges::find_if(
+        roles, [&](const Role& role) { return key == role.key && (!role.type || type == role.type); });
     return found == std::end(roles) ? nullptr : &*found;
 }
 
@@ -91,7 +114,7 @@ public:
         for (const std::string& key : table->obtainKeys()) {
             const UXPropertyTable::Found own = table->find(object, key), made = table->find(usual, key);
             if (own.property && made.property)
-                _change(*own.property, own.owner, made.owner);
+                _change(*own.property, table->getName(), own.owner, made.owner);
             if (!m_chart.isAlive())
                 return;
         }
@@ -100,7 +123,7 @@ public:
 private:
     using Lines = std::vector<KXAssistantLineProperty>;
 
-    void _change(const UXProperty& property, void* owner, void* usualOwner)
+    void _change(const UXProperty& property, const char* typeName, void* owner, void* usualOwner)
     {
         const UXPropertyType& type = property.type();
         void *const place = property.place(owner), *const usual = property.place(usualOwner);
@@ -110,7 +133,7 @@ private:
             _changePalette(property, owner, place, usual);
         else if (*type.info == typeid(Lines) && property.update)
             _changeLines(property, owner, *static_cast<const Lines*>(place));
-        else if (const Role* role = findRole(property.key); role && role->color && property.update)
+        else if (const Role* role = findRole(property.key, typeName); role && role->color && property.update)
             _changeColor(property, *role, owner, place, usual);
     }
 
@@ -175,4 +198,4 @@ void kxApplyTheme(KXChart& chart, const KXChartTheme* former, const KXChartTheme
         ThemeChange(chart, former, theme).walk(chart, *usual);
 }
 
-bool kxIsThemeKey(const std::string& key) { return findRole(key) != nullptr; }
+bool kxIsThemeKey(const std::string& key) { return findRole(key, {}) != nullptr; }
