@@ -14,6 +14,14 @@ class KXAxisTickLabelView;
 class KXChartDataFormat;
 class UXLabel;
 
+/** What labels ask for beside the marks, before the start of their axis and after its end; logical units. */
+struct KXAxisChartLabelRoom {
+    int length = 0, startOverhang = 0;
+    double extraLength = 0;
+
+    friend bool operator==(const KXAxisChartLabelRoom&, const KXAxisChartLabelRoom&) = default;
+};
+
 /** One axis of a chart: what the user set about it, its range, and the objects that show it, which are
  * children of the chart's plot. */
 struct KX_EXPORT KXAxisChartAxis {
@@ -40,6 +48,7 @@ struct KX_EXPORT KXAxisChartAxis {
     bool isUsed = true;                       /**< off: nothing of it is shown, and it takes no room */
     bool sharesGrid = true;                   /**< off: its grid lines would lie beside those of another */
     bool ticksChanged = true;                 /**< since the labels were told of them */
+    KXAxisChartLabelRoom labelRoom;           /**< by which the last layout has placed the marks */
     KXAxis* axis = nullptr;
     KXAxisTickLabelView* labels = nullptr;
     UXLabel* title = nullptr;

@@ -37,20 +37,12 @@ void shareColor(KXAxisProperty& property)
         property.updateTickLabelFontColor(color);
 }
 
-/** What labels ask for beside the marks, before the start of their axis and after its end; logical units. */
-struct LabelRoom {
-    int length = 0, startOverhang = 0;
-    double extraLength = 0;
-
-    friend bool operator==(const LabelRoom&, const LabelRoom&) = default;
-};
-
 /** @return nothing where an answer of the host destroyed the labels */
-std::optional<LabelRoom> measureLabelRoom(const KXAxisChartAxis& axis)
+std::optional<KXAxisChartLabelRoom> measureLabelRoom(const KXAxisChartAxis& axis)
 {
     KXAxisTickLabelView& labels = *axis.labels;
     const UXObjectWatcher watcher(&labels);
-    LabelRoom room;
+    KXAxisChartLabelRoom room;
     room.length = labels.obtainLabelLength();
     if (watcher.isAlive())
         room.startOverhang = labels.obtainStartOverhang();
@@ -309,16 +301,13 @@ void KXAxisChartBase::_keepLabelsInRoom()
 void KXAxisChartBase::_updateTickTexts(KXAxisChartAxis& axis)
 {
     const UXLayoutRounds layout;
-    const bool mayNeedSameRoom = axis.labels->getVisible() && !m_isScrolling;
-    const std::optional<LabelRoom> before = mayNeedSameRoom ? measureLabelRoom(axis) : LabelRoom();
-    if (!before)
-        return;
     axis.labels->updateTexts();
     if (m_isScrolling)
         _keepLabelsInRoom();
-    else if (!mayNeedSameRoom)
+    else if (!axis.labels->getVisible())
         _layoutAnew();
-    else if (const std::optional<LabelRoom> after = measureLabelRoom(axis); after && *after != *before)
+    else if (const std::optional<KXAxisChartLabelRoom> room = measureLabelRoom(axis);
+             room && *room != axis.labelRoom)
         _layoutAnew();
 }
 

@@ -162,6 +162,9 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
     bool scrolls = false;
     m_fitsCategories = false;
     for (int round = 0; round < rounds; ++round) {
+        // What was visible on the way here needs no room, known texts or not.
+        for (std::size_t i = 0; round == rounds - 1 && i < m_axes.size(); ++i)
+            m_axes[i]->labels->forgetRoom();
         _placeAxes(_obtainArea(bands, scrolls));
         _customUpdateTicks();
         if (!self.isAlive())
@@ -175,6 +178,8 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
     scrolls = _settleScroll(bands, scrolls);
     if (!self.isAlive())
         return;
+    for (const auto& axis : m_axes)
+        axis->labelRoom.extraLength = axis->axis->getExtraLength(axis->labels->getExtraLengthKey());
     _placeScroll(bands, scrolls);
     _placeTitles(bands, detail, scrolls);
     _placeLayers();
@@ -291,7 +296,11 @@ void KXAxisChartBase::_measureLabels(Bands& bands)
         if (!self.isAlive())
             return;
         bands.at(axis.position).labels = std::max(bands.at(axis.position).labels, length);
-        if (length > 0)
+        axis.labelRoom = {};
+        axis.labelRoom.length = length;
+        if (axis.labels->getVisible())
+            axis.labelRoom.startOverhang = axis.labels->obtainStartOverhang();
+        if (self.isAlive() && length > 0)
             _measureOverhang(axis, bands);
         if (!self.isAlive())
             return;

@@ -196,6 +196,12 @@ void KXAxisTickLabelView::updateTexts()
     setRequireToVerifyLayout(true, true);
 }
 
+void KXAxisTickLabelView::forgetRoom()
+{
+    m_longestLabelLength = m_startOverhang = -1;
+    m_cacheStale = true;
+}
+
 void KXAxisTickLabelView::requestLabels(std::uint64_t count)
 {
     _growLabels(static_cast<std::size_t>((std::min)(count, std::uint64_t{mostLabels})));

@@ -122,6 +122,8 @@ public:
     /** Forgets the texts of the labels, where the delegate has others now, and asks for a layout. Labels that
      * were turned stay so, as while scrolling. */
     void updateTexts();
+    /** Forgets how much room labels needed that have been seen: those that are visible count anew. */
+    void forgetRoom();
     /** Makes the view have at least that many label objects, up to what can be seen. */
     void requestLabels(std::uint64_t count);
 

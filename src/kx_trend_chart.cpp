@@ -8,6 +8,7 @@
 #include "kx_key_definitions.h"
 #include "kx_line_chart_property.h"
 #include "kx_trend_steps.h"
+#include "ux/ux_layout_rounds.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
@@ -209,7 +210,8 @@ double KXTrendChart::_layoutTexts(const UXRect& area)
     const double room = least >= leastSparklineHeight ? area.height - least : area.height;
     const double height = kxStackFigure(lines, UXDoubleSize(area.width, room), lineGap);
     for (std::size_t i = 0; i < lines.size(); ++i)
-        if (lines[i].height > 0)
+        // Of a line that is higher than the chart nothing could be read.
+        if (lines[i].height > 0 && lines[i].top + lines[i].height <= area.height)
             _placeText(lines[i], static_cast<Line>(i), area);
     return height;
 }
@@ -253,6 +255,16 @@ void KXTrendChart::_customLayout(UXRect plotArea)
     }
     getPlot()->setVisible(line.height > 0);
     KXLineChart::_customLayout(line);
+}
+
+/** The names of steps stand among the texts above the line. */
+void KXTrendChart::_categoryTextsArrived(bool areFirst)
+{
+    const UXLayoutRounds layout;
+    const UXObjectWatcher self(this);
+    KXLineChart::_categoryTextsArrived(areFirst);
+    if (self.isAlive())
+        _layoutAnew();
 }
 
 void KXTrendChart::_layoutMarks()

@@ -86,6 +86,7 @@ public:
 
 protected:
     void _customLayout(UXRect plotArea) override;
+    void _categoryTextsArrived(bool areFirst) override;
     void _layoutMarks() override;
     void _paintUnderChildren(UXPainter& painter) override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
