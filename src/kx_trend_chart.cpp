@@ -278,6 +278,8 @@ void KXTrendChart::_layoutMarks()
         return;
     const KXAxisChartPlotFrame frame = obtainPlotFrame(isSeriesOnSecondaryAxis(toldSeries));
     const UXRect plot = getPlot()->getRect();
+    if (std::min(plot.width, plot.height) < 2 * toldRadius)
+        return;
     for (const std::uint64_t step : m_markedSteps) {
         const KXAxisChartMark mark{toldSeries, step};
         const bool isTold = step == m_toldStep && step == m_markedSteps.back();
