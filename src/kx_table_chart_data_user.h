@@ -31,12 +31,14 @@ public:
     /** Where more groups than these would have to be looked at to open some, all are closed at first. */
     static constexpr std::uint64_t greatestOpenCount = 4096;
 
+    /** A dimension of the rows or of the columns. */
     struct Dimension {
         std::string label;
         std::string name; /**< what documents know it by */
         KXChartDataType type = KXChartDataType::String;
         KXChartAggregateType level{};
     };
+    /** A measure of the table. */
     struct Measure {
         std::string label;
         std::string id; /**< what documents know it by */
