@@ -293,13 +293,14 @@ void KXXYAxisChart::_updateNumberTicks(KXAxisChartAxis& axis, const KXVisibleRan
         interval = custom;
     else if (axis.cache.isSmallRange) // between whole numbers there is nothing
         interval = std::max(interval, 1.0);
+    // Far from zero neighbouring numbers may be further apart than ticks: those are counted, not the numbers.
+    const double first = std::ceil(shown.from / interval - tickNoise);
+    const double count = std::min(std::floor(shown.to / interval + tickNoise) - first,
+                                  greatestNumberTickCount - 1);
     std::vector<double> ticks;
-    for (double n = std::ceil(shown.from / interval - tickNoise);
-         interval > 0 && n <= shown.to / interval + tickNoise &&
-         static_cast<double>(ticks.size()) < greatestNumberTickCount;
-         ++n)
-        if (ticks.empty() || n * interval > ticks.back())
-            ticks.push_back(n * interval + 0.0);
+    for (double i = 0; interval > 0 && i <= count; ++i)
+        if (const double tick = (first + i) * interval + 0.0; ticks.empty() || tick > ticks.back())
+            ticks.push_back(tick);
     axis.cache.tickInterval = ticks.empty() ? 0 : interval;
     axis.labels->setTickInterval(axis.cache.tickInterval);
     _setTicks(axis, std::move(ticks));

@@ -8,11 +8,13 @@
 #include "kx_chart_property.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_menu_context.h"
+#include "kx_control_chart_data_provider.h"
 #include "kx_gauge_chart_data_provider.h"
 #include "kx_interaction_highlight_complementary_info_effect.h"
 #include "kx_json_object_factory.h"
 #include "kx_menu_event_diagram.h"
 #include "kx_pie_chart_data_provider.h"
+#include "kx_table_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
@@ -40,6 +42,8 @@ constexpr UXSize viewSize{480, 320};
 class Values : public KXValueChartDataProvider,
                public KXGaugeChartDataProvider,
                public KXPieChartDataProvider,
+               public KXTableChartDataProvider,
+               public KXControlChartDataProvider,
                public KXAxisChartDataProvider {
 public:
     double value = 1;
