@@ -16,7 +16,7 @@ using Period = KXControlChartPeriod;
 const std::vector<std::string> names = {"today",       "lastSteps",     "thisMonth", "lastMonth",
                                         "thisQuarter", "lastQuarter",   "thisYear",  "lastYear",
                                         "monthToDate", "quarterToDate", "yearToDate"};
-constexpr std::int64_t secondsOfDay = 24 * 60 * 60;
+constexpr std::int64_t secondsOfDay = std::int64_t{24} * 60 * 60;
 /** More steps than any years have; it keeps what is computed with them in range. */
 constexpr std::uint64_t mostSteps = 1'000'000;
 
@@ -86,7 +86,8 @@ std::optional<PeriodEnds> obtainPeriodEnds(const RelativePeriod& period, DateLev
         return makeEnds(level, goBack(now, level, static_cast<int>(period.steps - 1)), now);
     }
     const auto today = floor<days>(sys_seconds(seconds(static_cast<std::int64_t>(now))));
-    const sys_days quarter = obtainQuarter(today), month = addMonths(today, 0), year = obtainYear(today);
+    const sys_days thisQuarter = obtainQuarter(today), thisMonth = addMonths(today, 0),
+                   thisYear = obtainYear(today);
     const auto make = [](sys_days first, sys_days last) {
         return makeEnds(DateLevel::Day, static_cast<double>(sys_seconds(first).time_since_epoch().count()),
                         static_cast<double>(sys_seconds(last).time_since_epoch().count()));
@@ -95,23 +96,23 @@ std::optional<PeriodEnds> obtainPeriodEnds(const RelativePeriod& period, DateLev
     case Period::Today:
         return make(today, today);
     case Period::ThisMonth:
-        return make(month, addMonths(month, 1) - days(1));
+        return make(thisMonth, addMonths(thisMonth, 1) - days(1));
     case Period::LastMonth:
-        return make(addMonths(month, -1), month - days(1));
+        return make(addMonths(thisMonth, -1), thisMonth - days(1));
     case Period::ThisQuarter:
-        return make(quarter, addMonths(quarter, 3) - days(1));
+        return make(thisQuarter, addMonths(thisQuarter, 3) - days(1));
     case Period::LastQuarter:
-        return make(addMonths(quarter, -3), quarter - days(1));
+        return make(addMonths(thisQuarter, -3), thisQuarter - days(1));
     case Period::ThisYear:
-        return make(year, addMonths(year, 12) - days(1));
+        return make(thisYear, addMonths(thisYear, 12) - days(1));
     case Period::LastYear:
-        return make(addMonths(year, -12), year - days(1));
+        return make(addMonths(thisYear, -12), thisYear - days(1));
     case Period::MonthToDate:
-        return make(month, today);
+        return make(thisMonth, today);
     case Period::QuarterToDate:
-        return make(quarter, today);
+        return make(thisQuarter, today);
     case Period::YearToDate:
-        return make(year, today);
+        return make(thisYear, today);
     case Period::None:
     case Period::LastSteps:
         break;
