@@ -12,8 +12,8 @@
 #include "line_board.h"
 #include "list_board.h"
 #include "pie_board.h"
-#include "table_board.h"
 #include "scatter_board.h"
+#include "table_board.h"
 #include "tree_board.h"
 #include "ux/cairo/ux_cairo_install.h"
 

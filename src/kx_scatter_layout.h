@@ -13,15 +13,15 @@
 
 /** The values of the points of one series, one a category; lent. Points that lack x or y are left out. */
 struct KXScatterSeries {
-    std::uint64_t series = 0;     /**< as the chart counts them */
-    std::span<const double> x, y; /**< along the X axis and along the value axis, NaN for none */
+    std::uint64_t series = 0;       /**< as the chart counts them */
+    std::span<const double> x, y;   /**< along the X axis and along the value axis, NaN for none */
     std::span<const double> sizes;  /**< empty for none */
     std::span<const double> colors; /**< empty for none; they decide which of many points lie on top */
 };
 
 /** How points are laid out, in logical units. */
 struct KX_EXPORT KXScatterForm {
-    double usualDiameter = 8; /**< of points without sizes */
+    double usualDiameter = 8;                        /**< of points without sizes */
     double leastDiameter = 4, greatestDiameter = 40; /**< of points with sizes */
     double greatestSize = 0; /**< the value that has the greatest diameter; 0: all have the usual one */
     KXValueExtremes colors;  /**< empty where each series has one colour */
@@ -37,15 +37,15 @@ struct KX_EXPORT KXScatterForm {
  * drawn at once.
  */
 struct KX_EXPORT KXScatterLayout {
-    std::vector<UXDoublePoint> centres; /**< in the plot's space */
-    std::vector<std::uint32_t> series;  /**< past the count of all series for none; empty where all points
-                                             are of firstSeries */
+    std::vector<UXDoublePoint> centres;    /**< in the plot's space */
+    std::vector<std::uint32_t> series;     /**< past the count of all series for none; empty where all points
+                                                are of firstSeries */
     std::vector<std::uint32_t> categories; /**< the category of each point */
-    std::vector<float> diameters;         /**< empty where all have the usual one */
-    std::vector<std::uint8_t> areHollow;  /**< points that have no size; empty likewise */
-    std::vector<std::uint8_t> colorSteps; /**< where there are too many points for a colour each, see
-                                               kxObtainScatterColorValue; empty otherwise */
-    std::uint64_t firstSeries = 0; /**< of all points where series is empty */
+    std::vector<float> diameters;          /**< empty where all have the usual one */
+    std::vector<std::uint8_t> areHollow;   /**< points that have no size; empty likewise */
+    std::vector<std::uint8_t> colorSteps;  /**< where there are too many points for a colour each, see
+                                                kxObtainScatterColorValue; empty otherwise */
+    std::uint64_t firstSeries = 0;         /**< of all points where series is empty */
     double usualDiameter = 0, greatestDiameter = 0; /**< of points without sizes, and of the largest one */
 
     void clear();

@@ -19,7 +19,8 @@ const char* const binding = R"~({"nullText": "(null)", "dimensions": [{"column":
     {"column": "b", "sort": {"measure": 0, "descending": true}}, {"column": "c", "across": true}],
     "measures": [{"aggregate": "sum", "column": "v"}, {"aggregate": "average", "column": "v"},
     {"aggregate": "distinct", "column": "v"}, {"aggregate": "count"}, {"aggregate": "max", "column": "v"}]})~";
-const char* const aggregates = "SUM(v), AVG(CAST(v AS DOUBLE PRECISION)), COUNT(DISTINCT v), COUNT(*), MAX(v)";
+const char* const aggregates =
+    "SUM(v), AVG(CAST(v AS DOUBLE PRECISION)), COUNT(DISTINCT v), COUNT(*), MAX(v)";
 constexpr std::size_t measureCount = 5;
 
 /** Some hundred rows with nulls in every column. */
@@ -33,8 +34,8 @@ void fill(SqlSession& session)
     };
     for (int i = 0; i < 300; ++i) {
         const std::string value = random() % 6 == 0 ? "NULL" : std::to_string(int(random() % 40) - 9) + ".25";
-        session.execute("INSERT INTO data VALUES (" + pick(3, "a") + "," + pick(5, "b''") +
-                        "," + pick(3, "c") + "," + value + ")");
+        session.execute("INSERT INTO data VALUES (" + pick(3, "a") + "," + pick(5, "b''") + "," +
+                        pick(3, "c") + "," + value + ")");
     }
 }
 

@@ -153,7 +153,8 @@ void expectEngineAnswers(SqlSession& session)
              "23:00:00 "
              "2024-03-04 10:00:00 (null) ; 1 1 1 1 1 1 1"},
             {"hour of day", byLevel("at", "hour"), "00:00:00 10:00:00 23:00:00 (null) ; 2 3 1 1"},
-            {"hour of any day", byLevel("moment", "hourOfDay"), "00:00:00 10:00:00 23:00:00 (null) ; 1 3 2 1"},
+            {"hour of any day", byLevel("moment", "hourOfDay"),
+             "00:00:00 10:00:00 23:00:00 (null) ; 1 3 2 1"},
             {"minute", byLevel("at", "minute"),
              "00:00:00 00:01:00 10:30:00 10:59:00 23:00:00 (null) ; 1 1 2 1 1 1"},
             {"no level: a second", R"({"dimensions": [{"column": "at"}], )" + countRows + '}',
