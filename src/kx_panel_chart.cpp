@@ -89,12 +89,13 @@ std::optional<std::size_t> KXPanelChart::_obtainPlaceBeside(const std::optional<
         return step == First ? 0 : count - 1;
     if (!from)
         return std::nullopt;
+    const std::size_t place = *from;
     const bool isBack = step == Previous || step == Left || step == Up || step == PageUp;
-    if (isBack ? *from == 0 : *from + 1 >= count)
+    if (isBack ? place == 0 : place + 1 >= count)
         return std::nullopt;
     const bool isPage = step == PageUp || step == PageDown;
     const std::size_t distance = isPage ? std::max<std::size_t>(count / pageDivider, 1) : 1;
-    return isBack ? *from - std::min(*from, distance) : std::min(*from + distance, count - 1);
+    return isBack ? place - std::min(place, distance) : std::min(place + distance, count - 1);
 }
 
 std::vector<KXObjectID> KXPanelChart::obtainItemObjectIDs(const KXChartItem& item) const
