@@ -47,7 +47,9 @@ void KXControlChartComboBoxScrollView::setFrameRect(const UXRect& frame)
 
 int KXControlChartComboBoxScrollView::obtainWantedHeight() const
 {
-    return m_list ? uxSaturateToInt(std::int64_t{m_list->obtainWantedHeight()} + 2 * framePadding) : 0;
+    return m_list
+               ? uxSaturateToInt(std::int64_t{m_list->obtainWantedHeight()} + std::int64_t{2} * framePadding)
+               : 0;
 }
 
 bool KXControlChartComboBoxScrollView::ptInRect(UXPoint point) const

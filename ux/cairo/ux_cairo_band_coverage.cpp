@@ -137,7 +137,7 @@ void UXCairoBandCoverage::_addPart(std::size_t column, double width, double from
     const double exact = whole / (low - high), first = std::max(high, 0.0);
     const auto slope = static_cast<std::int32_t>(exact);
     if (high < 0)
-        _addStep(column, 0, static_cast<std::int32_t>(exact * -high));
+        _addStep(column, 0.0, static_cast<std::int32_t>(exact * -high));
     _addBend(column, first, slope);
     _addBend(column, low, -slope);
     const auto rest = static_cast<std::int32_t>((exact - slope) * (low - first));

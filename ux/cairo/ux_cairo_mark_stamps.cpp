@@ -71,7 +71,8 @@ void UXCairoMarkStamps::_takePlaces(std::span<const UXDoublePoint> centres, cons
         // Whole steps from a place that is left of and above all others, so that what is cut is not negative.
         const auto x = static_cast<int>((at.x - leastX) * kPhases + 0.5);
         const auto y = static_cast<int>((at.y - leastY) * kPhases + 0.5);
-        const auto phase = static_cast<std::size_t>(y % kPhases * kPhases + x % kPhases);
+        const std::size_t phase = static_cast<std::size_t>(y % kPhases) * std::size_t{kPhases} +
+                                  static_cast<std::size_t>(x % kPhases);
         if (m_stampOf[phase] < 0) {
             m_stampOf[phase] = static_cast<std::int32_t>(m_phases.size());
             m_phases.push_back(static_cast<std::uint32_t>(phase));
@@ -98,12 +99,13 @@ bool UXCairoMarkStamps::_makeStamps(double opacity)
     for (std::size_t stamp = 0; stamp < m_phases.size(); ++stamp) {
         const double top = m_height * static_cast<double>(stamp);
         const auto phase = static_cast<int>(m_phases[stamp]);
+        const int phaseY = phase / kPhases;
         const cairo_matrix_t matrix{m_toDevice.xx,
                                     m_toDevice.yx,
                                     m_toDevice.xy,
                                     m_toDevice.yy,
                                     m_origin + 1.0 * (phase % kPhases) / kPhases,
-                                    top + m_origin + static_cast<double>(phase / kPhases) / kPhases};
+                                    top + m_origin + 1.0 * phaseY / kPhases};
         cairo_set_matrix(context, &matrix);
         cairo_new_sub_path(context);
         m_addPath(context);
@@ -135,7 +137,7 @@ void UXCairoMarkStamps::_drawOneByOne(UXCairoPixels& pixels, const UXCairoPixels
             continue;
         const std::uint16_t* stamp = m_opacities.data() + place.stamp * stampSize;
         for (int y = top; y < bottom; ++y) {
-            const std::uint16_t* row = stamp + (y - place.top) * m_width;
+            const std::uint16_t* row = stamp + std::ptrdiff_t{y - place.top} * m_width;
             std::transform(row, row + m_width, transparencies.begin(), [](std::uint16_t opacity) {
                 return static_cast<std::uint16_t>(kClear - opacity);
             });
@@ -149,8 +151,8 @@ void UXCairoMarkStamps::_drawTogether(UXCairoPixels& pixels, const UXCairoPixels
 {
     // 1. What is left of each pixel; around the box there is room for what of a stamp lies beside it.
     const int frame = m_width;
-    const auto width = static_cast<std::ptrdiff_t>(m_box.right - m_box.left + 2 * frame);
-    const auto height = static_cast<std::ptrdiff_t>(m_box.bottom - m_box.top + 2 * m_height);
+    const auto width = std::ptrdiff_t{m_box.right} - m_box.left + std::ptrdiff_t{2} * frame;
+    const auto height = std::ptrdiff_t{m_box.bottom} - m_box.top + std::ptrdiff_t{2} * m_height;
     std::vector<std::uint16_t> plane(static_cast<std::size_t>(width * height), kClear);
     const auto stampSize = static_cast<std::size_t>(m_height) * static_cast<std::size_t>(m_width);
 
