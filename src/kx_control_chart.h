@@ -187,7 +187,7 @@ protected:
 
 private:
     /** What is chosen, by whichever style. */
-    struct Chosen {
+    struct KX_EXPORT Chosen {
         KXControlChoice members;
         double from = std::numeric_limits<double>::quiet_NaN();
         double to = std::numeric_limits<double>::quiet_NaN();

@@ -7,11 +7,12 @@
 #include "ux/ux_rect_functions.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 
 /** A page is one part of the items of so many. */
-constexpr std::size_t pageDivider = 10;
+constexpr std::int64_t pageDivider = 10;
 
 } // namespace
 
@@ -89,13 +90,15 @@ std::optional<std::size_t> KXPanelChart::_obtainPlaceBeside(const std::optional<
         return step == First ? 0 : count - 1;
     if (!from)
         return std::nullopt;
-    const std::size_t place = *from;
     const bool isBack = step == Previous || step == Left || step == Up || step == PageUp;
-    if (isBack ? place == 0 : place + 1 >= count)
-        return std::nullopt;
     const bool isPage = step == PageUp || step == PageDown;
-    const std::size_t distance = isPage ? std::max<std::size_t>(count / pageDivider, 1) : 1;
-    return isBack ? place - std::min(place, distance) : std::min(place + distance, count - 1);
+    const auto last = static_cast<std::int64_t>(count - 1), place = static_cast<std::int64_t>(*from);
+    const std::int64_t distance = isPage ? std::max(last / pageDivider, std::int64_t{1}) : 1;
+    const std::int64_t wanted = std::clamp(isBack ? place - distance : place + distance, std::int64_t{0},
+                                           last);
+    if (wanted == place)
+        return std::nullopt;
+    return static_cast<std::size_t>(wanted);
 }
 
 std::vector<KXObjectID> KXPanelChart::obtainItemObjectIDs(const KXChartItem& item) const
