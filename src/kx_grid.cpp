@@ -11,6 +11,8 @@
 #include <cmath>
 #include <utility>
 
+constexpr std::size_t KXGrid::panelCount;
+
 // Hosts may refer to them, on Windows too
 constexpr double KXGrid::greatestHeaderShare;
 constexpr double KXGrid::greatestTotalsShare;
