@@ -11,11 +11,10 @@
 #include <cmath>
 #include <utility>
 
-constexpr std::size_t KXGrid::panelCount;
-
 // Hosts may refer to them, on Windows too
 constexpr double KXGrid::greatestHeaderShare;
 constexpr double KXGrid::greatestTotalsShare;
+constexpr std::size_t KXGrid::panelCount;
 
 namespace {
 
