@@ -88,9 +88,9 @@ std::optional<PeriodEnds> obtainPeriodEnds(const RelativePeriod& period, DateLev
     const auto today = floor<days>(sys_seconds(seconds(static_cast<std::int64_t>(now))));
     const sys_days thisQuarter = obtainQuarter(today), thisMonth = addMonths(today, 0),
                    thisYear = obtainYear(today);
-    const auto make = [](sys_days first, sys_days last) {
-        return makeEnds(DateLevel::Day, static_cast<double>(sys_seconds(first).time_since_epoch().count()),
-                        static_cast<double>(sys_seconds(last).time_since_epoch().count()));
+    const auto make = [](sys_days from, sys_days to) {
+        return makeEnds(DateLevel::Day, static_cast<double>(sys_seconds(from).time_since_epoch().count()),
+                        static_cast<double>(sys_seconds(to).time_since_epoch().count()));
     };
     switch (period.period) {
     case Period::Today:

@@ -261,10 +261,11 @@ private:
     void _extendSelection(const std::optional<KXChartItem>& from, const UXEvent& event);
     bool _addClipRow(KXTableClip& clip, std::uint64_t row, const KXGridRange& columns, bool withHeaders);
 
-    KXTableGrid* m_grid;                                                     // a child
-    KXNoDataLabel* m_noDataLabel;                                            // a child
-    std::array<KXTablePanel*, kxGridBandCount * kxGridBandCount> m_panels{}; // children of the grid
-    std::string m_totalWord;                                                 // in the host's language
+    KXTableGrid* m_grid;          // a child
+    KXNoDataLabel* m_noDataLabel; // a child
+    // Children of the grid
+    std::array<KXTablePanel*, std::size_t{kxGridBandCount} * kxGridBandCount> m_panels{};
+    std::string m_totalWord;                             // in the host's language
     std::vector<double> m_headerWidths, m_measureWidths; // what texts that were in sight need
     std::vector<KXChartDataFormat> m_shownFormats; // by measure, with their decimals; empty until needed
     double m_stretch = 0;                          // what each column of cells has beyond that

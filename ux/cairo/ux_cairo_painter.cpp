@@ -428,7 +428,8 @@ void UXCairoPainter::drawPolygons(std::span<const std::vector<UXDoublePoint>> po
 bool UXCairoPainter::_writeBands(std::span<const std::vector<UXDoublePoint>> polygons)
 {
     const auto isLong = [](const auto& polygon) { return polygon.size() >= kFewestBandPoints; };
-    if (!std::ranges::any_of(polygons, isLong) || cairo_get_fill_rule(m_context) != CAIRO_FILL_RULE_WINDING ||
+    if (!std::ranges::any_of(polygons, isLong) || polygons.size() > kMostBands ||
+        cairo_get_fill_rule(m_context) != CAIRO_FILL_RULE_WINDING ||
         cairo_get_antialias(m_context) == CAIRO_ANTIALIAS_NONE)
         return false;
     UXCairoPixels pixels(m_context, m_toDevice);
