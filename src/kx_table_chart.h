@@ -21,6 +21,7 @@
 #include "ux/ux_text_property.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
