@@ -21,11 +21,11 @@ using Color = UXColor (KXChartTheme::*)() const;
 struct Role {
     const char* key;
     Color color; // null: the key keeps what it has
-    const char* type =
-        nullptr; // the class where the key plays another part than elsewhere, which comes first
+    /** The class where the key plays another part than elsewhere, which comes first; null for any. */
+    const char* type = nullptr;
+    bool takesPalette = false; // a list of colours
 };
 
-/** Of lists of colours only those that take the palette stand here. */
 constexpr Role roles[] = {
     {"m_totalColor", &KXChartTheme::obtainBandColor, "KXTableChart"}, // the ground of totals
     {"m_accentColor", &KXChartTheme::obtainFirstColor},
@@ -52,7 +52,7 @@ constexpr Role roles[] = {
     {"m_headerProperty", &KXChartTheme::getText},
     {"m_hintInfo", nullptr}, // a window of its own
     {"m_increaseColor", &KXChartTheme::getIncreaseColor},
-    {"m_itemColors", nullptr}, // the palette
+    {"m_itemColors", nullptr, nullptr, true},
     {"m_labelProperty", &KXChartTheme::getText},
     {"m_leaderLineColor", &KXChartTheme::getAxisColor},
     {"m_legendLabelColor", &KXChartTheme::getQuietText},
@@ -78,7 +78,7 @@ constexpr Role roles[] = {
     {"m_scrollBarColor", &KXChartTheme::getTrackColor},
     {"m_scrollBarSliderColor", &KXChartTheme::getAxisColor},
     {"m_separatorColor", &KXChartTheme::getGridColor},
-    {"m_seriesColors", nullptr}, // the palette
+    {"m_seriesColors", nullptr, nullptr, true},
     {"m_targetColor", &KXChartTheme::getStrongText},
     {"m_targetFontColor", &KXChartTheme::getQuietText},
     {"m_titleProperty", &KXChartTheme::getStrongText},
@@ -87,8 +87,6 @@ constexpr Role roles[] = {
     {"m_totalProperty", &KXChartTheme::getText},
     {"m_valueProperty", &KXChartTheme::getStrongText},
 };
-
-const char* const paletteKeys[] = {"m_itemColors", "m_seriesColors"};
 
 /** @param type the class of the key's object */
 const Role* findRole(const std::string& key, const std::string& type)
@@ -129,11 +127,13 @@ private:
         void *const place = property.place(owner), *const usual = property.place(usualOwner);
         if (type.isObject)
             walk(*static_cast<UXJsonObject*>(place), *static_cast<UXJsonObject*>(usual));
-        else if (*type.info == typeid(std::vector<UXColor>))
-            _changePalette(property, owner, place, usual);
         else if (*type.info == typeid(Lines) && property.update)
             _changeLines(property, owner, *static_cast<const Lines*>(place));
-        else if (const Role* role = findRole(property.key, typeName); role && role->color && property.update)
+        else if (const Role* role = findRole(property.key, typeName); !role || !property.update)
+            return;
+        else if (role->takesPalette)
+            _changePalette(property, owner, place, usual);
+        else if (role->color)
             _changeColor(property, *role, owner, place, usual);
     }
 
@@ -163,8 +163,6 @@ private:
     void _changePalette(const UXProperty& property, void* owner, const void* place, const void* usual)
     {
         using Colors = std::vector<UXColor>;
-        if (std::ranges::find(paletteKeys, std::string(property.key)) == std::end(paletteKeys))
-            return;
         const auto& made = *static_cast<const Colors*>(usual);
         const Colors wanted = m_theme ? m_theme->getPalette() : made;
         if (const auto& present = *static_cast<const Colors*>(place);
