@@ -1,5 +1,6 @@
 #include "kx_text_line.h"
 
+#include "ux/ux_color_contrast.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_notification_scope.h"
@@ -187,9 +188,12 @@ void KXTextLine::_showCaret()
 void KXTextLine::_paintPart(UXPainter& painter) const
 {
     const UXDoubleRect bounds(getBoundingRect());
-    painter.setColor(_obtainShownColor(groundColor));
-    uxAddRoundRectanglePath(painter, bounds, radius);
-    painter.fill();
+    // A light text is for a dark ground, which shows.
+    if (uxObtainContrast(getTextProperty().textColor, groundColor) >= uxReadableContrast) {
+        painter.setColor(_obtainShownColor(groundColor));
+        uxAddRoundRectanglePath(painter, bounds, radius);
+        painter.fill();
+    }
     painter.setColor(_obtainShownColor(!m_valid                      ? invalidColor
                                        : isFocused() || _isHovered() ? getAccentColor()
                                                                      : edgeColor));
