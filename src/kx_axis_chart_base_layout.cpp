@@ -5,6 +5,7 @@
 #include "kx_axis_chart_layer.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_property.h"
+#include "kx_axis_scale.h"
 #include "kx_axis_tick_label_view.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_label.h"
@@ -149,7 +150,7 @@ void KXAxisChartBase::_layoutAxes()
 }
 
 /** Labels take room from the axes, and what labels need depends on the axes' room: the second round settles
- * it but for labels that turn in the first, which a third one follows. */
+ * it but for labels that turn with it, which a third one follows. */
 void KXAxisChartBase::_layoutAxes(const Detail& detail)
 {
     constexpr int rounds = 3;
@@ -162,9 +163,9 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
     bool scrolls = false;
     m_fitsCategories = false;
     for (int round = 0; round < rounds; ++round) {
-        // What was visible on the way here needs no room, known texts or not.
-        for (std::size_t i = 0; round == rounds - 1 && i < m_axes.size(); ++i)
-            m_axes[i]->labels->forgetRoom();
+        // What was visible on the way here needs no room and turns no label, known texts or not.
+        for (const auto& axis : m_axes)
+            axis->labels->forgetRoom();
         _placeAxes(_obtainArea(bands, scrolls));
         _customUpdateTicks();
         if (!self.isAlive())
@@ -245,6 +246,7 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
         axis.axis->setExtraLength(labels.getExtraLengthKey(), 0);
         labels.setPosition(axis.position);
         labels.setTickInterval(axis.cache.tickInterval);
+        labels.setAnchorTick(kxObtainAxisAnchorTick(axis.cache));
         labels.setTextProperty(property.getTickLabelProperty());
         labels.setTickLabelRotationType(property.getTickLabelRotationType());
         // Numbers that may be thinned out are not turned: they stay below their lines of the grid.

@@ -261,6 +261,11 @@ double kxObtainAxisTick(const KXAxisChartAxisCacheData& cache, int index)
                     : cache.axisMin + index * cache.tickInterval;
 }
 
+int kxObtainAxisAnchorTick(const KXAxisChartAxisCacheData& cache)
+{
+    return cache.isMirrored && !cache.isLogarithmic ? uxSaturateToInt(cache.ownTicks.size() / 2) : 0;
+}
+
 std::vector<double> kxObtainAxisTicks(const KXAxisChartAxisCacheData& cache, double first, double last,
                                       std::size_t limit)
 {

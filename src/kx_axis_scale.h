@@ -38,6 +38,10 @@ KX_EXPORT bool kxUpdateAxisCacheData(KXAxisProperty* property, KXAxisChartAxisCa
 /** @return the value of a tick; its index counts from 0 at the axis's minimum */
 [[nodiscard]] KX_EXPORT double kxObtainAxisTick(const KXAxisChartAxisCacheData& cache, int index);
 
+/** @return the index of the tick from which those with a label are counted: that at zero of a mirrored axis,
+ *          else the first */
+[[nodiscard]] KX_EXPORT int kxObtainAxisAnchorTick(const KXAxisChartAxisCacheData& cache);
+
 /**
  * The ticks from first to last, without looking at those outside. Where there can be more than limit in
  * a window of this length, every n-th tick of the axis is kept.

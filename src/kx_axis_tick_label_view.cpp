@@ -98,6 +98,7 @@ void KXAxisTickLabelView::_setLength(double& member, double value)
 
 void KXAxisTickLabelView::setPosition(UXPosition position) { _setMember(m_position, position); }
 void KXAxisTickLabelView::setTickInterval(double interval) { _setLength(m_tickInterval, interval); }
+void KXAxisTickLabelView::setAnchorTick(int index) { _setMember(m_anchorTick, (std::max)(index, 0)); }
 void KXAxisTickLabelView::setShowTickLabels(bool show) { _setMember(m_showTickLabels, show); }
 void KXAxisTickLabelView::setShowLabelInBound(bool show) { _setMember(m_showLabelInBound, show); }
 void KXAxisTickLabelView::setCustomLabelLength(int length) { _setMember(m_customLabelLength, length); }
@@ -198,7 +199,7 @@ void KXAxisTickLabelView::updateTexts()
 
 void KXAxisTickLabelView::forgetRoom()
 {
-    m_longestLabelLength = m_startOverhang = -1;
+    _forgetMeasures();
     m_cacheStale = true;
 }
 

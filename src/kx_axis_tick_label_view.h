@@ -73,6 +73,8 @@ public:
     /** @param interval between two ticks' values where they are evenly spaced: it is where the search for the
      *                  visible ones begins */
     void setTickInterval(double interval);
+    /** @param index of a tick that has a label wherever the labels stand in even steps, counted from it */
+    void setAnchorTick(int index);
     bool getShowTickLabels() const { return m_showTickLabels; }
     void setShowTickLabels(bool show);
     bool getShowLabelInBound() const { return m_showLabelInBound; }
@@ -122,7 +124,8 @@ public:
     /** Forgets the texts of the labels, where the delegate has others now, and asks for a layout. Labels that
      * were turned stay so, as while scrolling. */
     void updateTexts();
-    /** Forgets how much room labels needed that have been seen: those that are visible count anew. */
+    /** Forgets how much room labels needed that have been seen, and which of them were turned or broken for
+     * want of it: those that are visible count anew. */
     void forgetRoom();
     /** Makes the view have at least that many label objects, up to what can be seen. */
     void requestLabels(std::uint64_t count);
@@ -237,6 +240,7 @@ private:
     void _setLineCount(int count);
     bool _findCollision(double spacing, bool staysInside, bool& found);
     std::int64_t _obtainCustomInterval() const;
+    std::int64_t _obtainLabelledIndex(std::int64_t from, std::int64_t step) const;
     bool _calcTickLabelInterval(double spacing);
     bool _updateShownInterval();
     bool _wantTexts();
@@ -296,6 +300,7 @@ private:
     UXRect m_scrollBarRect;
     UXTextProperty m_textProperty;
     bool m_prefersAllLabels = false;
+    int m_anchorTick = 0;
 
     // Stale until the step is done
     bool m_ticksStale = true, m_visibleTicksStale = true, m_cacheStale = true;

@@ -68,9 +68,9 @@ bool KXAxisTickLabelView::_calcExtraLengthRequired(double& length)
         return true;
 
     // 2. The last label counts, shown or not: which ones show depends on the room that is asked for here.
-    const std::int64_t interval = _obtainCustomInterval();
+    const std::int64_t beyond = _obtainLabelledIndex(m_tickCount, _obtainCustomInterval());
     Tick last;
-    if (!_takeTick(static_cast<int>((m_tickCount - 1) / interval * interval), last))
+    if (!_takeTick(static_cast<int>((std::max)(beyond - _obtainCustomInterval(), std::int64_t{0})), last))
         return false;
     const double valuesAfter = (std::max)(m_scale.maxValue - last.value, 0.0) + m_scale.shift;
     length = _obtainExtraLength(_obtainOverhang(*last.size, 1), valuesAfter);
@@ -84,9 +84,10 @@ bool KXAxisTickLabelView::_calcStartOverhang()
     if (m_startOverhang >= 0 || !m_showTickLabels || !m_scale.isValid)
         return true;
     double overhang = 0;
-    for (int i = 0; i < mostLabels && i * m_shownInterval < m_tickCount; ++i) {
+    std::int64_t index = _obtainLabelledIndex(0, m_shownInterval);
+    for (int i = 0; i < mostLabels && index < m_tickCount; ++i, index += m_shownInterval) {
         Tick tick;
-        if (!_takeTick(static_cast<int>(i * m_shownInterval), tick))
+        if (!_takeTick(static_cast<int>(index), tick))
             return false;
         const double distance = (tick.value - m_scale.minValue - m_scale.shift) * m_scale.spacing;
         overhang = (std::max)(overhang, _obtainOverhang(*tick.size, -1) - distance);

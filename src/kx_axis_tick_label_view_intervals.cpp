@@ -39,6 +39,15 @@ std::int64_t KXAxisTickLabelView::_obtainCustomInterval() const
                : 1;
 }
 
+/** @return the first index not below from, 0 or more, at which a label stands where every step-th tick has
+ * one
+ */
+std::int64_t KXAxisTickLabelView::_obtainLabelledIndex(std::int64_t from, std::int64_t step) const
+{
+    const std::int64_t first = m_anchorTick % step;
+    return first + roundUpToMultiple((std::max)(from - first, std::int64_t{0}), step);
+}
+
 bool KXAxisTickLabelView::_calcTickLabelInterval(double spacing)
 {
     m_calculatedInterval = -1;
@@ -111,9 +120,9 @@ bool KXAxisTickLabelView::_areLabelsApart(bool& areApart)
     const bool isUpright = _canTurnLabels() && m_resolvedRotation == KXAxisTickLabelRotationType::Horizontal;
     const double gap = isUpright ? decisionGap : 0;
     const Tick* previous = nullptr;
-    const std::int64_t step = m_shownInterval, before = m_visibleTicks.front().index - 1;
-    for (std::int64_t index = (before + step) / step * step; index <= m_visibleTicks.back().index;
-         index += step) {
+    const std::int64_t step = m_shownInterval;
+    for (std::int64_t index = _obtainLabelledIndex(m_visibleTicks.front().index, step);
+         index <= m_visibleTicks.back().index; index += step) {
         Tick* tick = _findVisibleTick(static_cast<int>(index));
         if (!tick)
             continue;
@@ -270,5 +279,6 @@ double KXAxisTickLabelView::_estimateLabelSize(const Tick& tick) const
 
 bool KXAxisTickLabelView::_isShown(const Tick& tick) const
 {
-    return _isEachDecided() ? tick.state == ShowState::Show : tick.index % m_shownInterval == 0;
+    return _isEachDecided() ? tick.state == ShowState::Show
+                            : (tick.index - m_anchorTick) % m_shownInterval == 0;
 }

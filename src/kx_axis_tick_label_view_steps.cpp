@@ -301,6 +301,11 @@ bool KXAxisTickLabelView::_updateVisibleTicks()
                                     static_cast<std::size_t>(limit));
     }
     m_visibleStep = indexes.size() > 1 ? uxSaturateToInt(indexes[1] - indexes[0]) : 1;
+    // Every step-th of them is taken so that the anchor is among them.
+    for (double& index : indexes)
+        index += m_anchorTick % m_visibleStep;
+    while (!indexes.empty() && indexes.back() >= m_tickCount)
+        indexes.pop_back();
     return _collectVisibleTicks(indexes);
 }
 
