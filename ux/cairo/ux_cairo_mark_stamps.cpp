@@ -1,31 +1,34 @@
 #include "ux/cairo/ux_cairo_mark_stamps.h"
 
 #include "ux/cairo/ux_cairo_handles.h"
+#include "ux/cairo/ux_cairo_mark_coverage.h"
+#include "ux/cairo/ux_cairo_mark_layers.h"
 
 #include <algorithm>
 #include <cairo.h>
 #include <cmath>
-#include <cstddef>
 #include <utility>
 
 namespace {
 
 /** Places within a pixel, along each side of it. */
-constexpr int kPhases = 8;
+constexpr std::uint32_t kPhases = 8;
 /** Numbers that are worked on at once. */
-constexpr int kBlock = 8;
+constexpr int kBlock = UXCairoMarkCoverage::blockWidth;
+static_assert(kBlock == UXCairoMarkLayers::blockWidth);
 /** What is left of a ground that nothing covers. */
 constexpr std::uint16_t kClear = 65535;
-/** Reading and writing a pixel of all that marks may lie on costs as much as covering so many of a mark. */
-constexpr double kPixelCost = 2;
+/** Drawing a mark by itself costs for each pixel of its stamp as much as so many of all that marks may lie on
+ * when these are drawn together. */
+constexpr double kPixelCost = 4;
+/** Marks that lie further away, in the painter's units, are nowhere on a surface. */
+constexpr double kFarthest = 1e9;
+/** Marks whose places are found at a time, so that these stay near at hand. */
+constexpr std::size_t kPlacesTogether = 1024;
 
-/** Takes from each of a block of pixels the part that a mark covers. */
-void cover(std::uint16_t* transparencies, const std::uint16_t* opacities)
+double obtainArea(const UXCairoPixels::Box& box)
 {
-    for (int i = 0; i < kBlock; ++i) {
-        const std::uint32_t product = std::uint32_t{transparencies[i]} * opacities[i];
-        transparencies[i] = static_cast<std::uint16_t>(transparencies[i] - ((product + 0x8000) >> 16));
-    }
+    return 1.0 * (box.right - box.left) * (box.bottom - box.top);
 }
 
 } // namespace
@@ -33,73 +36,99 @@ void cover(std::uint16_t* transparencies, const std::uint16_t* opacities)
 UXCairoMarkStamps::UXCairoMarkStamps(double reach, std::function<void(UXCairoContext*)> addPath,
                                      const UXTransform& toDevice)
     : m_addPath(std::move(addPath)), m_toDevice(toDevice),
-      m_origin(static_cast<int>(std::ceil(std::min(reach, greatestReach))) + 1), m_height(2 * m_origin + 1),
+      m_origin(static_cast<int>(std::ceil(std::min(reach, greatestReach)))), m_height(2 * m_origin + 1),
       m_width((m_height + kBlock - 1) / kBlock * kBlock)
 {
+    m_stampOf.fill(-1);
 }
 
 UXCairoMarkStamps::~UXCairoMarkStamps() = default;
 
 void UXCairoMarkStamps::draw(UXCairoPixels& pixels, std::span<const UXDoublePoint> centres)
 {
+    m_opacity = pixels.getOpacity();
     for (const UXCairoPixels::Box& clip : pixels.getClip()) {
-        _takePlaces(centres, clip);
-        if (m_places.empty() || !_makeStamps(pixels.getOpacity()))
+        const double cost = kPixelCost * static_cast<double>(centres.size()) * m_height * m_width;
+        // Where they are that many, all of the clip is cheaper than a look at where they lie.
+        const UXCairoPixels::Box box = cost > obtainArea(clip) ? clip : _findBox(centres, clip);
+        if (box.isEmpty())
             continue;
-        const double covered = static_cast<double>(m_places.size()) * m_height * m_width;
-        if (covered > kPixelCost * (m_box.right - m_box.left) * (m_box.bottom - m_box.top))
-            _drawTogether(pixels, clip);
+        if (cost < obtainArea(box))
+            _drawOneByOne(pixels, centres, box);
+        else if (m_opacity < 1)
+            _drawTogether<UXCairoMarkLayers>(pixels, centres, box, m_opacities);
         else
-            _drawOneByOne(pixels, clip);
+            _drawTogether<UXCairoMarkCoverage>(pixels, centres, box, m_coverage);
     }
 }
 
-/** Finds where the marks lie that cover something of clip, and which stamps they need. */
-void UXCairoMarkStamps::_takePlaces(std::span<const UXDoublePoint> centres, const UXCairoPixels::Box& clip)
+/** @return the pixels of clip that the marks may cover */
+UXCairoPixels::Box UXCairoMarkStamps::_findBox(std::span<const UXDoublePoint> centres,
+                                               const UXCairoPixels::Box& clip) const
+{
+    UXDoublePoint low(kFarthest, kFarthest), high(-kFarthest, -kFarthest);
+    for (const UXDoublePoint& centre : centres) {
+        low = {std::min(low.x, centre.x), std::min(low.y, centre.y)};
+        high = {std::max(high.x, centre.x), std::max(high.y, centre.y)};
+    }
+    if (low.x > high.x || low.y > high.y)
+        return {};
+    const auto place = [this](const UXDoublePoint& point) {
+        return m_toDevice.apply(std::clamp(point.x, -kFarthest, kFarthest),
+                                std::clamp(point.y, -kFarthest, kFarthest));
+    };
+    const UXDoublePoint first = place(low), last = place(high);
+    const double reach = m_origin + 1;
+    const auto toPixel = [](double edge, int least, int greatest) {
+        return static_cast<int>(std::clamp(edge, static_cast<double>(least), static_cast<double>(greatest)));
+    };
+    return {toPixel(std::floor(std::min(first.x, last.x) - reach), clip.left, clip.right),
+            toPixel(std::floor(std::min(first.y, last.y) - reach), clip.top, clip.bottom),
+            toPixel(std::ceil(std::max(first.x, last.x) + reach), clip.left, clip.right),
+            toPixel(std::ceil(std::max(first.y, last.y) + reach), clip.top, clip.bottom)};
+}
+
+/** Finds where the marks lie that cover something of box, and makes the stamps that they need.
+ *  @return false where there is no memory for these */
+bool UXCairoMarkStamps::_takePlaces(std::span<const UXDoublePoint> centres, const UXCairoPixels::Box& box)
 {
     m_places.clear();
-    m_places.reserve(centres.size());
-    m_phases.clear();
-    m_stampOf.fill(-1);
-    m_box = {clip.right, clip.bottom, clip.left, clip.top};
-    const double leastX = clip.left - m_origin - 1, leastY = clip.top - m_origin - 1;
-    const double greatestX = clip.right + m_origin + 1, greatestY = clip.bottom + m_origin + 1;
+    const double leastX = box.left - m_origin - 1, leastY = box.top - m_origin - 1;
+    const double greatestX = box.right + m_origin, greatestY = box.bottom + m_origin;
     for (const UXDoublePoint& centre : centres) {
         const UXDoublePoint at = m_toDevice.apply(centre.x, centre.y);
         if (!(at.x > leastX && at.x < greatestX && at.y > leastY && at.y < greatestY))
             continue;
         // Whole steps from a place that is left of and above all others, so that what is cut is not negative.
-        const auto x = static_cast<int>((at.x - leastX) * kPhases + 0.5);
-        const auto y = static_cast<int>((at.y - leastY) * kPhases + 0.5);
-        const std::size_t phase = static_cast<std::size_t>(y % kPhases) * std::size_t{kPhases} +
-                                  static_cast<std::size_t>(x % kPhases);
+        const auto x = static_cast<std::uint32_t>(static_cast<int>((at.x - leastX) * kPhases + 0.5));
+        const auto y = static_cast<std::uint32_t>(static_cast<int>((at.y - leastY) * kPhases + 0.5));
+        const std::uint32_t phase = y % kPhases * kPhases + x % kPhases;
         if (m_stampOf[phase] < 0) {
             m_stampOf[phase] = static_cast<std::int32_t>(m_phases.size());
-            m_phases.push_back(static_cast<std::uint32_t>(phase));
+            m_phases.push_back(phase);
         }
-        const int left = clip.left - m_origin - 1 + x / kPhases - m_origin;
-        const int top = clip.top - m_origin - 1 + y / kPhases - m_origin;
-        m_places.push_back({left, top, static_cast<std::uint32_t>(m_stampOf[phase])});
-        m_box = {std::min(m_box.left, left), std::min(m_box.top, top), std::max(m_box.right, left + m_height),
-                 std::max(m_box.bottom, top + m_height)};
+        m_places.push_back({box.left - 2 * m_origin - 1 + static_cast<std::int32_t>(x / kPhases),
+                            box.top - 2 * m_origin - 1 + static_cast<std::int32_t>(y / kPhases),
+                            static_cast<std::uint32_t>(m_stampOf[phase])});
     }
-    m_box = {std::max(m_box.left, clip.left), std::max(m_box.top, clip.top),
-             std::min(m_box.right, clip.right), std::min(m_box.bottom, clip.bottom)};
-    if (m_box.isEmpty())
-        m_places.clear();
+    return _makeStamps();
 }
 
-/** Has Cairo fill the mark once for each stamp, one below the other.
+/** Has Cairo fill the mark once for each stamp that there is none of yet, one below the other.
  *  @return false where there is no memory for that */
-bool UXCairoMarkStamps::_makeStamps(double opacity)
+bool UXCairoMarkStamps::_makeStamps()
 {
-    const int rows = m_height * static_cast<int>(m_phases.size());
+    const auto rowLength = static_cast<std::size_t>(m_width);
+    const std::size_t stampSize = static_cast<std::size_t>(m_height) * rowLength;
+    const std::size_t first = m_coverage.size() / stampSize, end = m_phases.size();
+    if (first == end)
+        return true;
+    const int rows = m_height * static_cast<int>(end - first);
     const UXCairoSurfaceHandle surface(cairo_image_surface_create(CAIRO_FORMAT_A8, m_height, rows));
     cairo_t* context = cairo_create(surface.get());
-    for (std::size_t stamp = 0; stamp < m_phases.size(); ++stamp) {
-        const double top = m_height * static_cast<double>(stamp);
-        const auto phase = static_cast<int>(m_phases[stamp]);
-        const int phaseY = phase / kPhases;
+    for (std::size_t stamp = first; stamp < end; ++stamp) {
+        const double top = m_height * static_cast<double>(stamp - first);
+        const std::uint32_t phase = m_phases[stamp], phaseY = phase / kPhases;
         const cairo_matrix_t matrix{m_toDevice.xx,
                                     m_toDevice.yx,
                                     m_toDevice.xy,
@@ -113,21 +142,28 @@ bool UXCairoMarkStamps::_makeStamps(double opacity)
     cairo_fill(context);
     cairo_destroy(context);
     cairo_surface_flush(surface.get());
-    const unsigned char* data = cairo_image_surface_get_data(surface.get());
-    if (!data)
+    const unsigned char* row = cairo_image_surface_get_data(surface.get());
+    if (!row)
         return false;
-    const int rowLength = cairo_image_surface_get_stride(surface.get());
-    m_opacities.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(m_width), 0);
-    for (int y = 0; y < rows; ++y)
-        for (int x = 0; x < m_height; ++x)
-            m_opacities[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_width) +
-                        static_cast<std::size_t>(x)] =
-                static_cast<std::uint16_t>(std::lround(opacity * data[y * rowLength + x] * (kClear / 255.0)));
+    m_coverage.resize(end * stampSize);
+    m_opacities.resize(end * stampSize);
+    for (std::size_t at = first * stampSize; at < m_coverage.size(); at += rowLength) {
+        std::copy_n(row, m_height, m_coverage.begin() + static_cast<std::ptrdiff_t>(at));
+        row += cairo_image_surface_get_stride(surface.get());
+    }
+    std::transform(m_coverage.begin() + static_cast<std::ptrdiff_t>(first * stampSize), m_coverage.end(),
+                   m_opacities.begin() + static_cast<std::ptrdiff_t>(first * stampSize),
+                   [factor = m_opacity * (kClear / 255.0)](std::uint8_t part) {
+                       return static_cast<std::uint16_t>(std::lround(factor * part));
+                   });
     return true;
 }
 
-void UXCairoMarkStamps::_drawOneByOne(UXCairoPixels& pixels, const UXCairoPixels::Box& clip) const
+void UXCairoMarkStamps::_drawOneByOne(UXCairoPixels& pixels, std::span<const UXDoublePoint> centres,
+                                      const UXCairoPixels::Box& clip)
 {
+    if (!_takePlaces(centres, clip))
+        return;
     std::vector<std::uint16_t> transparencies(static_cast<std::size_t>(m_width));
     const auto stampSize = static_cast<std::size_t>(m_height) * static_cast<std::size_t>(m_width);
     for (const Place& place : m_places) {
@@ -147,31 +183,18 @@ void UXCairoMarkStamps::_drawOneByOne(UXCairoPixels& pixels, const UXCairoPixels
     }
 }
 
-void UXCairoMarkStamps::_drawTogether(UXCairoPixels& pixels, const UXCairoPixels::Box& clip) const
+template <class Gathering, class Part>
+void UXCairoMarkStamps::_drawTogether(UXCairoPixels& pixels, std::span<const UXDoublePoint> centres,
+                                      const UXCairoPixels::Box& box, const std::vector<Part>& stamps)
 {
-    // 1. What is left of each pixel; around the box there is room for what of a stamp lies beside it.
-    const int frame = m_width;
-    const auto width = std::ptrdiff_t{m_box.right} - m_box.left + std::ptrdiff_t{2} * frame;
-    const auto height = std::ptrdiff_t{m_box.bottom} - m_box.top + std::ptrdiff_t{2} * m_height;
-    std::vector<std::uint16_t> plane(static_cast<std::size_t>(width * height), kClear);
+    Gathering gathering(box, m_width, m_height);
     const auto stampSize = static_cast<std::size_t>(m_height) * static_cast<std::size_t>(m_width);
-
-    // 2. Each mark takes its part.
-    for (const Place& place : m_places) {
-        if (place.left + m_height <= m_box.left || place.left >= m_box.right ||
-            place.top + m_height <= m_box.top || place.top >= m_box.bottom)
-            continue;
-        std::uint16_t* row = plane.data() + (place.top - m_box.top + m_height) * width +
-                             (place.left - m_box.left + frame);
-        const std::uint16_t* stamp = m_opacities.data() + place.stamp * stampSize;
-        for (int y = 0; y < m_height; ++y, row += width)
-            for (int x = 0; x < m_width; x += kBlock, stamp += kBlock)
-                cover(row + x, stamp);
+    for (std::size_t first = 0; first < centres.size(); first += kPlacesTogether) {
+        const std::size_t count = std::min(kPlacesTogether, centres.size() - first);
+        if (!_takePlaces(centres.subspan(first, count), box))
+            return;
+        for (const Place& place : m_places)
+            gathering.add(place.left, place.top, stamps.data() + place.stamp * stampSize);
     }
-
-    // 3. Write what is covered.
-    const int left = std::max(m_box.left, clip.left);
-    for (int y = m_box.top; y < m_box.bottom; ++y)
-        pixels.lay(left, y, plane.data() + (y - m_box.top + m_height) * width + (left - m_box.left + frame),
-                   static_cast<std::size_t>(m_box.right - left));
+    gathering.draw(pixels);
 }

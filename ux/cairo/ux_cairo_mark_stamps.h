@@ -5,6 +5,7 @@
 #include "ux/ux_transform.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -12,9 +13,8 @@
 
 /**
  * Draws equal marks by stamps: how much of each pixel a mark covers is worked out once for each of 64 places
- * within a pixel. Where many marks lie on each other, what they leave of the ground is gathered pixel by
- * pixel, and each pixel is written once: the same as if the marks were drawn one after the other, without the
- * rounding in between.
+ * within a pixel. Many marks are gathered, so that each pixel is drawn once: opaque ones as a
+ * UXCairoMarkCoverage, others as UXCairoMarkLayers.
  */
 class UXCairoMarkStamps {
 public:
@@ -37,20 +37,27 @@ private:
         std::int32_t left, top;
         std::uint32_t stamp;
     };
+    static constexpr std::size_t stampCount = 64;
 
-    void _takePlaces(std::span<const UXDoublePoint> centres, const UXCairoPixels::Box& clip);
-    bool _makeStamps(double opacity);
-    void _drawOneByOne(UXCairoPixels& pixels, const UXCairoPixels::Box& clip) const;
-    void _drawTogether(UXCairoPixels& pixels, const UXCairoPixels::Box& clip) const;
+    UXCairoPixels::Box _findBox(std::span<const UXDoublePoint> centres, const UXCairoPixels::Box& clip) const;
+    bool _takePlaces(std::span<const UXDoublePoint> centres, const UXCairoPixels::Box& clip);
+    bool _makeStamps();
+    void _drawOneByOne(UXCairoPixels& pixels, std::span<const UXDoublePoint> centres,
+                       const UXCairoPixels::Box& clip);
+    template <class Gathering, class Part>
+    void _drawTogether(UXCairoPixels& pixels, std::span<const UXDoublePoint> centres,
+                       const UXCairoPixels::Box& box, const std::vector<Part>& stamps);
 
     std::function<void(UXCairoContext*)> m_addPath;
     UXTransform m_toDevice;
     int m_origin; // of a mark in its stamp, in pixels
     int m_height; // of a stamp
     int m_width;  // whole blocks of it
+    double m_opacity = 1;
     std::vector<Place> m_places;
-    UXCairoPixels::Box m_box;               // of all that the places may cover
-    std::array<std::int32_t, 64> m_stampOf; // by the place within a pixel; -1 for one that is not needed
-    std::vector<std::uint32_t> m_phases;    // of the stamps
-    std::vector<std::uint16_t> m_opacities; // stamp by stamp, row by row: what a mark takes of the ground
+    std::array<std::int32_t, stampCount> m_stampOf; // by the place within a pixel; -1 for one not needed yet
+    std::vector<std::uint32_t> m_phases;            // of the stamps
+    // Stamp by stamp, row by row
+    std::vector<std::uint8_t> m_coverage;   // of a mark
+    std::vector<std::uint16_t> m_opacities; // what it takes of the ground
 };
