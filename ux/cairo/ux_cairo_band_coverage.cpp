@@ -4,11 +4,13 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
 /** A pixel that is covered in full. In whole numbers, no error adds up from row to row. */
-constexpr std::int32_t kWhole = 1 << 20;
+constexpr int kWholeBits = 20;
+constexpr std::int32_t kWhole = 1 << kWholeBits;
 /** Less than this, in the same unit, cannot be seen. */
 constexpr std::int32_t kLeastRest = 256;
 /** An edge that rises by less across a column, in pixels, is level there. */
@@ -31,15 +33,21 @@ template <std::size_t width>
 bool addRow(const std::array<std::int32_t, width>& bends, std::array<std::int32_t, width>& slopes,
             std::array<std::int32_t, width>& heights, std::uint8_t* coverage)
 {
+    // Of its own, which no other write changes: all columns are gone through at once.
+    std::array<std::int32_t, width> slope = slopes, height = heights;
+    std::array<std::uint8_t, width> parts;
     std::int32_t isSloping = 0;
     for (std::size_t column = 0; column < width; ++column) {
-        slopes[column] += bends[column];
-        heights[column] += slopes[column];
-        isSloping |= slopes[column];
-        const std::int32_t height = heights[column] < 0 ? -heights[column] : heights[column];
-        const std::int32_t part = height < kWhole ? height : kWhole;
-        coverage[column] = static_cast<std::uint8_t>((part * 255 + kWhole / 2) / kWhole);
+        slope[column] += bends[column];
+        height[column] += slope[column];
+        isSloping |= slope[column];
+        const std::int32_t whole = height[column] < 0 ? -height[column] : height[column];
+        const std::int32_t part = whole < kWhole ? whole : kWhole;
+        parts[column] = static_cast<std::uint8_t>((part * 255 + kWhole / 2) >> kWholeBits);
     }
+    slopes = slope;
+    heights = height;
+    std::memcpy(coverage, parts.data(), parts.size());
     return isSloping != 0;
 }
 

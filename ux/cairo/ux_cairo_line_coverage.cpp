@@ -123,11 +123,20 @@ void UXCairoLineCoverage::_addPiece(const UXDoublePoint& from, const UXDoublePoi
                                     std::vector<Piece>& pieces) const
 {
     const double reach = m_radius + 1;
+    const double left = std::max(m_box.left - reach, -kFarthest);
+    const double right = std::min(m_box.right + reach, kFarthest);
+    const double top = std::max(m_box.top - reach, -kFarthest);
+    const double bottom = std::min(m_box.bottom + reach, kFarthest);
+    const auto isInside = [&](const UXDoublePoint& point) {
+        return point.x >= left && point.x <= right && point.y >= top && point.y <= bottom;
+    };
+    if (isInside(from) && isInside(to)) { // as most pieces of a dense line
+        pieces.emplace_back(from, to);
+        return;
+    }
     Interval interval;
-    interval.cut(from.x, to.x, std::max(m_box.left - reach, -kFarthest),
-                 std::min(m_box.right + reach, kFarthest));
-    interval.cut(from.y, to.y, std::max(m_box.top - reach, -kFarthest),
-                 std::min(m_box.bottom + reach, kFarthest));
+    interval.cut(from.x, to.x, left, right);
+    interval.cut(from.y, to.y, top, bottom);
     if (!(interval.first <= interval.last))
         return;
     const auto at = [&](double part, const UXDoublePoint& whole) {
