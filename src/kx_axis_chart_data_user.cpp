@@ -29,6 +29,21 @@ const std::vector<double> noValues;
 
 constexpr double largest = (std::numeric_limits<double>::max)();
 
+/** Values that are pulled at a time: few enough to be at hand still when they are looked at. */
+constexpr std::size_t valuesTogether = std::size_t{1} << 16;
+
+/** Puts NaN in place of what is infinite.
+ *  @return the extremes of the others */
+KXValueExtremes takeFinite(std::span<double> values)
+{
+    const KXValueExtremes extremes = kxFindValueExtremes(values);
+    if (extremes.min >= -largest && extremes.max <= largest)
+        return extremes;
+    std::ranges::replace_if(
+        values, [](double value) { return std::isinf(value); }, noNumber);
+    return kxFindValueExtremes(values);
+}
+
 KXValueExtremes findStackedExtremes(const std::vector<std::span<const double>>& lists, std::size_t count)
 {
     KXValueExtremes sums;
@@ -84,14 +99,13 @@ struct KXAxisChartDataUser::Pulled {
         return found == series.end() ? noSeries : static_cast<std::size_t>(found - series.begin());
     }
 
-    /** @return a value for each category that is no number, where the series' old ones were if these were
-     * about as many */
+    /** @return any value for each category, where the series' old ones were if these were about as many */
     std::vector<double> takeValues(std::size_t index)
     {
         std::vector<double> values;
         if (index < oldValues.size() && oldValues[index].capacity() / 2 <= categoryCount)
             values.swap(oldValues[index]);
-        values.assign(static_cast<std::size_t>(categoryCount), noNumber);
+        values.resize(static_cast<std::size_t>(categoryCount));
         return values;
     }
 };
@@ -249,16 +263,26 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
         if (pulled.watcher.isCurrent())
             series.id = provider.obtainSeriesID(this, i);
         const bool hasNumbers = pulled.watcher.isCurrent() && _hasNumbers(provider, i, pulled);
+        if (!pulled.watcher.isCurrent() || !_pullValues(provider, i, hasNumbers, pulled))
+            return false;
+    }
+    return true;
+}
+
+/** Sets the values of the last series that was added, and finds their extremes. */
+bool KXAxisChartDataUser::_pullValues(KXAxisChartDataProvider& provider, std::uint64_t index, bool hasNumbers,
+                                      Pulled& pulled)
+{
+    Series& series = pulled.series.back();
+    for (std::size_t first = 0; first < series.values.size(); first += valuesTogether) {
+        const std::span some =
+            std::span(series.values).subspan(first, std::min(valuesTogether, series.values.size() - first));
+        std::ranges::fill(some, noNumber);
         if (hasNumbers)
-            provider.obtainSeriesValues(this, i, 0, series.values);
+            provider.obtainSeriesValues(this, index, first, some);
         if (!pulled.watcher.isCurrent())
             return false;
-        series.extremes = kxFindValueExtremes(series.values);
-        if (series.extremes.min < -largest || series.extremes.max > largest) {
-            std::ranges::replace_if(
-                series.values, [](double value) { return std::isinf(value); }, noNumber);
-            series.extremes = kxFindValueExtremes(series.values);
-        }
+        series.extremes.take(takeFinite(some));
     }
     return true;
 }

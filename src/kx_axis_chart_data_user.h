@@ -157,6 +157,7 @@ private:
     bool _pullDimension(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled);
+    bool _pullValues(KXAxisChartDataProvider& provider, std::uint64_t index, bool hasNumbers, Pulled& pulled);
     bool _pullRoles(KXAxisChartDataProvider& provider, Pulled& pulled);
     static bool _pullMeasuresForOthers(KXAxisChartDataProvider& provider, KXChartDataUser* user,
                                        Pulled& pulled);

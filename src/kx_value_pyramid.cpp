@@ -1,124 +1,134 @@
 #include "kx_value_pyramid.h"
 
-#include <algorithm>
-#include <cmath>
+#include <array>
+#include <limits>
+#include <optional>
+#include <utility>
 
 namespace {
 
 /** So many values are one block, and so many blocks one of the next level. */
-constexpr std::size_t valuesInBlock = 16, blocksInBlock = 4;
-
-/** Adds values that follow what was found, which begins at base, to the interval before or as a new one. */
-void take(std::span<const double> values, const KXValueInterval& next, std::size_t base,
-          std::vector<KXValueInterval>& found)
-{
-    if (found.size() == base || found.back().end != next.first) {
-        found.push_back(next);
-        return;
-    }
-    KXValueInterval& last = found.back();
-    last.end = next.end;
-    if (values[next.least] < values[last.least])
-        last.least = next.least;
-    if (values[next.greatest] > values[last.greatest])
-        last.greatest = next.greatest;
-}
+constexpr std::size_t valuesInBlock = 32, blocksInBlock = 4;
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
 } // namespace
 
-KXValuePyramid::Block KXValuePyramid::_join(std::span<const double> values, const Block& a, const Block& b)
+/** Several at a time and without branches, whose outcome nobody could foretell. */
+KXValuePyramid::Block KXValuePyramid::_makeBlock(std::span<const double> values)
 {
-    Block joined = a.least == Block::none ? b : a;
-    if (a.least != Block::none && b.least != Block::none) {
-        if (values[b.least] < values[a.least])
-            joined.least = b.least;
-        if (values[b.greatest] > values[a.greatest])
-            joined.greatest = b.greatest;
+    constexpr std::size_t lanes = 8;
+    std::array<double, lanes> mins, maxes, nulls{};
+    mins.fill(infinity);
+    maxes.fill(-infinity);
+    for (std::size_t first = 0; first < valuesInBlock; first += lanes)
+        for (std::size_t lane = 0; lane < lanes; ++lane) {
+            const double value = values[first + lane];
+            mins[lane] = value < mins[lane] ? value : mins[lane];
+            maxes[lane] = value > maxes[lane] ? value : maxes[lane];
+            nulls[lane] += value == value ? 0.0 : 1.0;
+        }
+    Block block{infinity, -infinity};
+    double nullCount = 0;
+    for (std::size_t lane = 0; lane < lanes; ++lane) {
+        block.min = mins[lane] < block.min ? mins[lane] : block.min;
+        block.max = maxes[lane] > block.max ? maxes[lane] : block.max;
+        nullCount += nulls[lane];
     }
-    joined.hasNull = a.hasNull | b.hasNull;
+    return nullCount > 0 && nullCount < valuesInBlock ? Block{noNumber, noNumber} : block;
+}
+
+KXValuePyramid::Block KXValuePyramid::_join(std::span<const Block> blocks)
+{
+    Block joined = blocks.front();
+    for (const Block& block : blocks.subspan(1)) {
+        if (block.isMixed() || block.hasValues() != joined.hasValues())
+            return {noNumber, noNumber};
+        joined.min = block.min < joined.min ? block.min : joined.min;
+        joined.max = block.max > joined.max ? block.max : joined.max;
+    }
     return joined;
-}
-
-/** Without branches, whose outcome nobody could foretell: each value is compared once with either extreme. */
-KXValuePyramid::Block KXValuePyramid::_makeBlock(std::span<const double> values, std::size_t first)
-{
-    const auto base = static_cast<std::uint32_t>(first);
-    double least = values[first], greatest = least;
-    std::uint32_t leastAt = 0, greatestAt = 0;
-    bool hasNull = std::isnan(least);
-    for (std::uint32_t i = 1; i < valuesInBlock; ++i) {
-        const double value = values[first + i];
-        const bool isLess = value<least, isGreater = value> greatest;
-        least = isLess ? value : least;
-        leastAt = isLess ? i : leastAt;
-        greatest = isGreater ? value : greatest;
-        greatestAt = isGreater ? i : greatestAt;
-        hasNull |= std::isnan(value);
-    }
-    if (hasNull)
-        return _makeBlockWithNulls(values, first);
-    Block block;
-    block.least = base + leastAt;
-    block.greatest = (base + greatestAt) & Block::greatestIndex;
-    return block;
-}
-
-KXValuePyramid::Block KXValuePyramid::_makeBlockWithNulls(std::span<const double> values, std::size_t first)
-{
-    Block block;
-    block.hasNull = 1;
-    for (std::size_t at = first; at < first + valuesInBlock; ++at) {
-        const auto index = static_cast<std::uint32_t>(at);
-        if (std::isnan(values[at]))
-            continue;
-        if (block.least == Block::none)
-            block.least = block.greatest = index & Block::greatestIndex;
-        else if (values[at] < values[block.least])
-            block.least = index;
-        else if (values[at] > values[block.greatest])
-            block.greatest = index & Block::greatestIndex;
-    }
-    return block;
 }
 
 KXValuePyramid::KXValuePyramid(std::span<const double> values)
 {
-    std::vector<Block> blocks(values.size() / valuesInBlock);
-    for (std::size_t i = 0; i < blocks.size(); ++i)
-        blocks[i] = _makeBlock(values, i * valuesInBlock);
+    std::vector<Block> blocks;
+    blocks.reserve(values.size() / valuesInBlock);
+    for (std::size_t end = valuesInBlock; end <= values.size(); end += valuesInBlock)
+        blocks.push_back(_makeBlock(values.subspan(end - valuesInBlock, valuesInBlock)));
     while (!blocks.empty()) {
-        std::vector<Block> next(blocks.size() / blocksInBlock);
-        for (std::size_t i = 0; i < next.size(); ++i) {
-            next[i] = blocks[i * blocksInBlock];
-            for (std::size_t part = 1; part < blocksInBlock; ++part)
-                next[i] = _join(values, next[i], blocks[i * blocksInBlock + part]);
-        }
+        std::vector<Block> next;
+        next.reserve(blocks.size() / blocksInBlock);
+        for (std::size_t end = blocksInBlock; end <= blocks.size(); end += blocksInBlock)
+            next.push_back(_join(std::span(blocks).subspan(end - blocksInBlock, blocksInBlock)));
         m_levels.push_back(std::move(blocks));
         blocks = std::move(next);
     }
+}
+
+void KXValuePyramid::Run::take(std::size_t newEnd, const Block& block, const Part& part)
+{
+    end = newEnd;
+    if (block.min < extremes.min) {
+        extremes.min = block.min;
+        least = part;
+    }
+    if (block.max > extremes.max) {
+        extremes.max = block.max;
+        greatest = part;
+    }
+}
+
+/** @return the index of the first value of a part that is its extreme */
+std::size_t KXValuePyramid::_find(std::span<const double> values, Part part, double Block::*extreme,
+                                  double value) const
+{
+    for (; part.level > 1; --part.level) {
+        const std::vector<Block>& blocks = m_levels[part.level - 2];
+        part.index *= blocksInBlock;
+        while (blocks[part.index].*extreme != value)
+            ++part.index;
+    }
+    if (part.level == 0)
+        return part.index;
+    std::size_t at = part.index * valuesInBlock;
+    while (values[at] != value)
+        ++at;
+    return at;
 }
 
 /** Each step takes the largest block that begins here, fits and has values only, or none; else one value. */
 void KXValuePyramid::findIntervals(std::span<const double> values, std::size_t first, std::size_t end,
                                    std::vector<KXValueInterval>& found) const
 {
-    const std::size_t base = found.size();
+    std::optional<Run> run;
+    const auto endRun = [&] {
+        if (run)
+            found.push_back({run->first, run->end, _find(values, run->least, &Block::min, run->extremes.min),
+                             _find(values, run->greatest, &Block::max, run->extremes.max)});
+        run.reset();
+    };
     for (std::size_t at = first; at < end;) {
-        const Block* largest = nullptr;
+        Block block{values[at], values[at]};
+        Part part{0, at};
         std::size_t extent = 1, length = valuesInBlock;
         for (const std::vector<Block>& level : m_levels) {
             if (at % length != 0 || at + length > end || level[at / length].isMixed())
                 break;
-            largest = &level[at / length];
+            part = {part.level + 1, at / length};
+            block = level[part.index];
             extent = length;
             length *= blocksInBlock;
         }
-        if (largest && largest->least != Block::none)
-            take(values, {at, at + extent, largest->least, largest->greatest}, base, found);
-        else if (!largest && !std::isnan(values[at]))
-            take(values, {at, at + 1, at, at}, base, found);
+        if (!block.hasValues())
+            endRun();
+        else if (!run)
+            run = Run{at, at + extent, block, part, part};
+        else
+            run->take(at + extent, block, part);
         at += extent;
     }
+    endRun();
 }
 
 std::size_t KXValuePyramid::obtainMemory() const

@@ -3,8 +3,6 @@
 #include "kx_export.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <limits>
 #include <span>
 #include <vector>
 
@@ -17,12 +15,12 @@ struct KXValueInterval {
 };
 
 /**
- * Finds the extremes of any part of a long list without looking at each of its values: it keeps where the
- * extremes of blocks are, of blocks of these, and so on, in less than a tenth of the values' own memory.
+ * Finds the extremes of any part of a long list without looking at each of its values: it keeps those of
+ * blocks, of blocks of these, and so on, in less than a tenth of the values' own memory.
  */
 class KX_EXPORT KXValuePyramid {
 public:
-    /** @param values NaN for a null; not kept, and not more than 2^31 */
+    /** @param values NaN for a null; not kept */
     explicit KXValuePyramid(std::span<const double> values);
 
     /** Appends the longest intervals without a null of the values from first to end, in their order. The work
@@ -33,21 +31,29 @@ public:
     std::size_t obtainMemory() const;
 
 private:
+    /** The extremes of some values. */
     struct Block {
-        static constexpr std::uint32_t none = (std::numeric_limits<std::uint32_t>::max)();
-        static constexpr std::uint32_t greatestIndex = none >> 1;
+        double min, max; // min above max where all are nulls, both NaN where some are
 
-        std::uint32_t least = none; // of no value at all
-        std::uint32_t greatest : 31 = 0;
-        std::uint32_t hasNull : 1 = 0;
+        bool isMixed() const { return min != min; }
+        bool hasValues() const { return min <= max; }
+    };
+    /** A value on level 0, a block of values on level 1, one of these on level 2, and so on. */
+    struct Part {
+        std::size_t level = 0, index = 0;
+    };
+    /** An interval, and in which parts of it the extremes are. */
+    struct Run {
+        std::size_t first, end;
+        Block extremes;
+        Part least, greatest;
 
-        /** @return whether some values are there and some are not */
-        bool isMixed() const { return hasNull && least != none; }
+        void take(std::size_t newEnd, const Block& block, const Part& part);
     };
 
-    static Block _makeBlock(std::span<const double> values, std::size_t first);
-    static Block _makeBlockWithNulls(std::span<const double> values, std::size_t first);
-    static Block _join(std::span<const double> values, const Block& a, const Block& b);
+    static Block _makeBlock(std::span<const double> values);
+    static Block _join(std::span<const Block> blocks);
+    std::size_t _find(std::span<const double> values, Part part, double Block::*extreme, double value) const;
 
     std::vector<std::vector<Block>> m_levels; // the first one of values, each other one of that before
 };
