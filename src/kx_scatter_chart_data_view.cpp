@@ -244,16 +244,26 @@ UXColor KXScatterChartDataView::_obtainPointColor(std::size_t point,
     return std::isnan(value) ? neutralColor : scale->obtainColor(value);
 }
 
-/** @return whether a point may look other than the one before it */
-bool KXScatterChartDataView::_startsBatch(std::size_t point) const
+/** @return the end of the points from first on that surely look alike */
+std::size_t KXScatterChartDataView::_findEndOfLike(std::size_t first) const
 {
-    const bool isAlone = m_layout.getCount() <= greatestSingleCount ||
+    const std::size_t count = m_layout.getCount();
+    const bool isAlone = count <= greatestSingleCount ||
                          (!m_form.colors.isEmpty() && m_layout.colorSteps.empty());
-    const auto differs = [point](const auto& list) {
-        return !list.empty() && list[point] != list[point - 1];
+    if (isAlone)
+        return first + 1;
+    const auto& [series, diameters, areHollow, steps] = std::tie(m_layout.series, m_layout.diameters,
+                                                                 m_layout.areHollow, m_layout.colorSteps);
+    if (series.empty() && diameters.empty() && steps.empty())
+        return count;
+    const auto isLike = [first](const auto& list, std::size_t point) {
+        return list.empty() || list[point] == list[first];
     };
-    return point == 0 || isAlone || differs(m_layout.series) || differs(m_layout.diameters) ||
-           differs(m_layout.areHollow) || differs(m_layout.colorSteps);
+    std::size_t end = first + 1;
+    while (end < count && isLike(series, end) && isLike(diameters, end) && isLike(areHollow, end) &&
+           isLike(steps, end))
+        ++end;
+    return end;
 }
 
 void KXScatterChartDataView::updateLook()
@@ -273,13 +283,13 @@ void KXScatterChartDataView::updateLook()
                m_layout.isHollow(point) == m_layout.isHollow(other) &&
                m_layout.obtainMark(point).series == m_layout.obtainMark(other).series;
     };
-    for (std::size_t point = 0; point < m_layout.getCount(); ++point) {
-        if (_startsBatch(point)) {
-            const UXColor color = _obtainPointColor(point, scale);
-            if (m_batches.empty() || m_batches.back().color != color || !isLike(point, point - 1))
-                m_batches.push_back({point, color});
-        }
-        m_batches.back().end = point + 1;
+    for (std::size_t point = 0, end = 0; point < m_layout.getCount(); point = end) {
+        end = _findEndOfLike(point);
+        const UXColor color = _obtainPointColor(point, scale);
+        if (m_batches.empty() || m_batches.back().color != color || !isLike(point, point - 1))
+            m_batches.push_back({end, color});
+        else
+            m_batches.back().end = end;
     }
 }
 

@@ -118,7 +118,7 @@ private:
     bool _isHollow(const KXAxisChartMark& mark) const;
     std::optional<UXDoublePoint> _placeMark(const KXAxisChartMark& mark) const;
     UXColor _obtainPointColor(std::size_t point, const std::optional<KXGradientScale>& scale) const;
-    bool _startsBatch(std::size_t point) const;
+    std::size_t _findEndOfLike(std::size_t first) const;
     const KXScatterIndex& _obtainIndex() const;
 
     // Paint
