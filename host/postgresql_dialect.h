@@ -18,6 +18,7 @@ public:
     std::string obtainDateBucket(const std::string& expression, KXChartDataType type,
                                  DateLevel level) const override;
     std::string obtainByteOrder(const std::string& expression) const override;
+    bool hasGroupingSets() const override { return true; }
     bool findsDistinctFasterAsGroups() const override { return true; }
     std::string obtainParameter(const std::string& placeholder, KXChartDataType type,
                                 const SqlColumn& column) const override;

@@ -2,6 +2,7 @@
 
 #include "host_error.h"
 #include "kx_chart_data_user.h"
+#include "kx_table_chart_data_user.h"
 #include "sql_session.h"
 #include "time_step.h"
 
@@ -31,14 +32,21 @@ SqlDataProvider::SqlDataProvider(SqlSession& session, DataBinding binding)
 {
 }
 
-void SqlDataProvider::beginPrepareData(KXChartDataUser*)
+void SqlDataProvider::beginPrepareData(KXChartDataUser* user)
 {
     // A chart that asks must not meet an exception; it shows its state without data, the host has the reason.
     m_error.clear();
     m_data = SqlDataSet();
     m_totals = SqlTotals();
+    m_isDataOpen = false;
     m_pivot.reset();
     try {
+        if (dynamic_cast<KXTableChartDataUser*>(user)) {
+            _makePivot();
+            m_data = m_pivot->obtainTypes();
+            m_isDataOpen = true;
+            return;
+        }
         m_data = askForData();
         if (m_binding.totals)
             m_totals = SqlTotals(m_session, m_binding, m_data);
@@ -49,13 +57,26 @@ void SqlDataProvider::beginPrepareData(KXChartDataUser*)
 
 SqlDataSet SqlDataProvider::askForData() { return {m_session, m_binding}; }
 
+const SqlDataSet& SqlDataProvider::getData() const
+{
+    if (!std::exchange(m_isDataOpen, false))
+        return m_data;
+    try {
+        m_data = SqlDataSet(m_session, m_binding);
+    } catch (const HostError& error) {
+        m_error = error.what();
+    }
+    return m_data;
+}
+
 void SqlDataProvider::endPrepareData(KXChartDataUser*) {}
 
 bool SqlDataProvider::obtainDataIsEmpty(KXChartDataUser*)
 {
     // A value over all rows is there also where no row takes part: it then says so.
     const bool isTotal = m_data.getDimensionCount() == 0 && m_data.getMeasureCount() > 0;
-    return m_data.isEmpty() && !isTotal;
+    const bool isEmpty = m_pivot && m_isDataOpen ? m_pivot->isEmpty() : getData().isEmpty();
+    return isEmpty && !isTotal;
 }
 
 std::string SqlDataProvider::obtainDimensionName(KXChartDataUser*, std::uint64_t dimension)
@@ -85,14 +106,14 @@ KXChartAggregateType SqlDataProvider::obtainDimensionAggregateType(KXChartDataUs
 
 std::uint64_t SqlDataProvider::obtainDimensionDataCount(KXChartDataUser*, std::uint64_t dimension)
 {
-    return dimension < m_data.getDimensionCount() ? m_data.getMembers(dimension).size() : 0;
+    return dimension < m_data.getDimensionCount() ? getData().getMembers(dimension).size() : 0;
 }
 
 const SqlMember* SqlDataProvider::_findMember(const KXIndexPath& path) const
 {
     if (path.size() < 2 || path[0] >= m_data.getDimensionCount())
         return nullptr;
-    const std::vector<SqlMember>& members = m_data.getMembers(path[0]);
+    const std::vector<SqlMember>& members = getData().getMembers(path[0]);
     return path[1] < members.size() ? &members[path[1]] : nullptr;
 }
 
@@ -108,7 +129,7 @@ std::vector<std::uint64_t> SqlDataProvider::obtainDimensionDataAsIndexRange(KXCh
     std::vector<std::uint64_t> indexes;
     if (m_data.getDimensionCount() == 0 || m_data.getDimensionType(0) == KXChartDataType::String)
         return indexes;
-    const std::vector<SqlMember>& members = m_data.getMembers(0);
+    const std::vector<SqlMember>& members = getData().getMembers(0);
     for (std::uint64_t i = 0; i < members.size(); ++i) {
         if (members[i].hasNumber() && members[i].number >= from && members[i].number <= to)
             indexes.push_back(i);
@@ -157,7 +178,7 @@ std::int64_t SqlDataProvider::_findValidMember(const KXIndexPath& path, std::int
 {
     if (!_findMember(path))
         return -1;
-    const std::vector<SqlMember>& members = m_data.getMembers(path[0]);
+    const std::vector<SqlMember>& members = getData().getMembers(path[0]);
     const auto count = static_cast<std::int64_t>(members.size());
     for (auto i = static_cast<std::int64_t>(path[1]) + step; i >= 0 && i < count; i += step) {
         if (isValid(members[static_cast<std::size_t>(i)]))
@@ -211,7 +232,7 @@ KXChartAggregateType SqlDataProvider::obtainValueAggregateType(KXChartDataUser* 
 
 SqlValue SqlDataProvider::_findValue(const KXIndexPath& path) const
 {
-    return path.empty() ? SqlValue() : m_data.obtainValue(path[0], std::span(path).subspan(1));
+    return path.empty() ? SqlValue() : getData().obtainValue(path[0], std::span(path).subspan(1));
 }
 
 bool SqlDataProvider::obtainValueDataIsNull(KXChartDataUser*, const KXIndexPath& path)
@@ -242,7 +263,7 @@ double SqlDataProvider::obtainValueData(KXChartDataUser*, const KXIndexPath& pat
 std::string SqlDataProvider::obtainValueDataString(KXChartDataUser*, const KXIndexPath& path)
 {
     const SqlValue value = _findValue(path);
-    if (m_data.isEmpty())
+    if (getData().isEmpty())
         return "No data";
     return value.isNull ? m_binding.nullText : value.text;
 }
@@ -274,7 +295,7 @@ void SqlDataProvider::_obtainNumbers(KXIndexPath path, std::size_t counted, std:
 {
     const std::span members = std::span(path).subspan(1);
     for (double& value : values) {
-        value = m_data.obtainNumber(path[0], members);
+        value = getData().obtainNumber(path[0], members);
         ++path[counted];
     }
 }
@@ -285,83 +306,83 @@ void SqlDataProvider::obtainCategoryNumbers(KXChartDataUser*, std::uint64_t firs
     const bool hasCategories = m_data.getDimensionCount() > categoryDimension;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const std::uint64_t category = firstCategory + i;
-        const bool isMember = hasCategories && category < m_data.getMembers(categoryDimension).size() &&
-                              m_data.getMembers(categoryDimension)[category].hasNumber();
-        numbers[i] = isMember ? m_data.getMembers(categoryDimension)[category].number : noNumber;
+        const bool isMember = hasCategories && category < getData().getMembers(categoryDimension).size() &&
+                              getData().getMembers(categoryDimension)[category].hasNumber();
+        numbers[i] = isMember ? getData().getMembers(categoryDimension)[category].number : noNumber;
     }
+}
+
+void SqlDataProvider::_makePivot()
+{
+    m_pivot = std::make_unique<SqlPivot>(m_session, m_binding);
+    if (!m_rowOrder.empty())
+        m_pivot->sort(m_rowOrder);
 }
 
 SqlPivot* SqlDataProvider::_obtainPivot()
 {
-    if (m_pivot || m_data.isEmpty())
+    if (m_pivot || !m_error.empty() || m_data.getMeasureCount() == 0)
         return m_pivot.get();
     try {
-        m_pivot = std::make_unique<SqlPivot>(m_session, m_binding);
-        m_pivot->sort(m_rowOrder);
+        _makePivot();
     } catch (const HostError& error) {
         m_error = error.what();
     }
     return m_pivot.get();
 }
 
+template <class Answer, class Question>
+Answer SqlDataProvider::_askPivot(Answer other, const Question& question)
+{
+    try {
+        SqlPivot* pivot = _obtainPivot();
+        return pivot ? question(*pivot) : other;
+    } catch (const HostError& error) {
+        m_error = error.what();
+        return other;
+    }
+}
+
 std::uint64_t SqlDataProvider::obtainRowDimensionCount(KXChartDataUser*)
 {
-    const SqlPivot* pivot = _obtainPivot();
-    return pivot ? pivot->getDimensionCount(true) : 0;
+    return _askPivot(std::uint64_t{0}, [](SqlPivot& pivot) { return pivot.getDimensionCount(true); });
 }
 
 std::uint64_t SqlDataProvider::obtainColumnDimensionCount(KXChartDataUser*)
 {
-    const SqlPivot* pivot = _obtainPivot();
-    return pivot ? pivot->getDimensionCount(false) : 0;
+    return _askPivot(std::uint64_t{0}, [](SqlPivot& pivot) { return pivot.getDimensionCount(false); });
 }
 
 std::uint64_t SqlDataProvider::obtainHeaderCount(KXChartDataUser*, bool isRow, const KXIndexPath& path)
 {
-    const SqlPivot* pivot = _obtainPivot();
-    return pivot ? pivot->obtainCount(isRow, path) : 0;
+    return _askPivot(std::uint64_t{0}, [&](SqlPivot& pivot) { return pivot.obtainCount(isRow, path); });
 }
 
 bool SqlDataProvider::obtainHeaders(KXChartDataUser*, bool isRow, const KXIndexPath& path,
                                     std::uint64_t first, std::span<KXTableHeader> headers)
 {
-    const SqlPivot* pivot = _obtainPivot();
-    KXIndexPath below = path;
-    below.push_back(first);
-    for (KXTableHeader& header : headers) {
-        if (const SqlMember* member = pivot ? pivot->findMember(isRow, below) : nullptr) {
-            header.text = member->text;
-            header.hasChildren = below.size() < pivot->getDimensionCount(isRow);
-            header.shouldFormat = !member->isNull && !member->isOthers();
+    return _askPivot(true, [&](SqlPivot& pivot) {
+        const std::vector<SqlMember> members = pivot.obtainMembers(isRow, path, first, headers.size());
+        for (std::size_t i = 0; i < members.size(); ++i) {
+            headers[i].text = members[i].text;
+            headers[i].hasChildren = path.size() + 1 < pivot.getDimensionCount(isRow);
+            headers[i].shouldFormat = !members[i].isNull && !members[i].isOthers();
         }
-        ++below.back();
-    }
-    return true;
+        return true;
+    });
 }
 
 bool SqlDataProvider::obtainCells(KXChartDataUser*, const KXIndexPath& rowParent, std::uint64_t firstRow,
                                   const KXIndexPath& columnParent, std::uint64_t firstColumn,
                                   std::uint64_t measure, const KXTableCellSpan& cells)
 {
-    SqlPivot* pivot = _obtainPivot();
-    const auto makePath = [pivot](bool isRow, const KXIndexPath& parent, std::uint64_t position) {
-        KXIndexPath path = parent;
-        if (position != allMembers && parent.size() < pivot->getDimensionCount(isRow))
-            path.push_back(position);
-        return path;
-    };
-    for (std::uint64_t row = 0; pivot && row < cells.obtainRowCount(); ++row)
-        for (std::uint64_t column = 0; column < cells.columnCount; ++column) {
-            KXTableCell& cell = cells.at(row, column);
-            try {
-                const bool isAllRows = firstRow == allMembers, isAllColumns = firstColumn == allMembers;
-                cell = pivot->obtainCell(
-                    makePath(true, rowParent, isAllRows ? allMembers : firstRow + row),
-                    makePath(false, columnParent, isAllColumns ? allMembers : firstColumn + column), measure);
-            } catch (const HostError& error) {
-                cell = {.text = error.what(), .state = KXTableCellState::Error};
-            }
-        }
+    try {
+        if (SqlPivot* pivot = _obtainPivot())
+            pivot->obtainCells(rowParent, firstRow, columnParent, firstColumn, measure, cells);
+    } catch (const HostError& error) {
+        for (KXTableCell& cell : cells.cells)
+            cell = {.text = error.what(), .state = KXTableCellState::Error};
+    }
     return true;
 }
 
@@ -369,13 +390,7 @@ bool SqlDataProvider::obtainHasTotals(KXChartDataUser*, bool, std::uint64_t) { r
 
 KXTableExtent SqlDataProvider::obtainExtent(KXChartDataUser*, std::uint64_t measure)
 {
-    SqlPivot* pivot = _obtainPivot();
-    try {
-        return pivot ? pivot->obtainExtent(measure) : KXTableExtent();
-    } catch (const HostError& error) {
-        m_error = error.what();
-        return {};
-    }
+    return _askPivot(KXTableExtent(), [&](SqlPivot& pivot) { return pivot.obtainExtent(measure); });
 }
 
 void SqlDataProvider::sortRequested(KXChartDataUser* user, const std::vector<KXTableSort>& order)

@@ -47,7 +47,9 @@ public:
     void setChoices(std::vector<FilterAlternatives> choices) { m_binding.choices = std::move(choices); }
     /** @return why the last preparation got no data, one line; empty when it did or found no rows */
     const std::string& getError() const { return m_error; }
-    const SqlDataSet& getData() const { return m_data; }
+    /** @return what was last prepared. For a table that is asked for here at the latest: a table shows pages
+     * of its pivot, of which there may be more than memory holds. */
+    const SqlDataSet& getData() const;
 
     // From KXChartDataProvider: around one preparation
     void beginPrepareData(KXChartDataUser* user) override;
@@ -135,12 +137,17 @@ private:
     std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;
     /** @return the binding as a table, made when it is first asked for; null where the database refuses */
     SqlPivot* _obtainPivot();
+    void _makePivot();
+    /** @return what a question to the pivot answers, or other where there is none or the database refuses */
+    template <class Answer, class Question>
+    Answer _askPivot(Answer other, const Question& question);
 
     SqlSession& m_session;
     DataBinding m_binding;
-    SqlDataSet m_data;
+    mutable SqlDataSet m_data;         // until it is asked for what a table shows, its types alone
+    mutable bool m_isDataOpen = false; // it is still to be asked for
     SqlTotals m_totals;
     std::unique_ptr<SqlPivot> m_pivot;
     std::vector<KXTableSort> m_rowOrder; // of the table, as the user wants it
-    std::string m_error;
+    mutable std::string m_error;
 };

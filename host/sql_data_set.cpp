@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <limits>
 #include <unordered_map>
+#include <utility>
 
-#include "host_error.h"
 #include "number_text.h"
 #include "sql_column_reader.h"
 #include "sql_dialect.h"
 #include "sql_query_builder.h"
 #include "sql_session.h"
-#include "time_step.h"
+#include "sql_time_gaps.h"
 
 namespace {
 
@@ -23,22 +23,29 @@ SqlDataSet::SqlDataSet(SqlSession& session, const DataBinding& binding)
 {
     // 1. One query answers everything, so that members and values are of one moment.
     SqlQueryBuilder builder(session.getDialect(), binding, SqlColumnReader(session, binding).readColumns());
+    *this = SqlDataSet(builder);
     m_cells = session.query(builder.obtainQuery());
     const std::size_t rows = m_cells.getRowCount();
     m_isEmpty = rows == 0 || m_cells.getNumber(0, builder.obtainCountColumn()) == 0;
 
-    // 2. Note where everything stands in its result.
-    for (std::size_t i = 0; i < binding.measures.size(); ++i)
-        m_measures.push_back({builder.obtainMeasureType(i), builder.obtainMeasureColumn(i)});
+    // 2. Name what stands in its result.
     for (std::size_t i = 0; i < binding.dimensions.size(); ++i) {
+        _readMembers(binding, i);
+        Dimension& dimension = m_dimensions[i];
+        if (binding.dimensions[i].shouldFillGaps)
+            dimension.members = fillSqlTimeGaps(std::move(dimension.members), binding, i, *dimension.level);
+    }
+}
+
+SqlDataSet::SqlDataSet(const SqlQueryBuilder& builder)
+{
+    for (std::size_t i = 0; i < builder.getMeasureCount(); ++i)
+        m_measures.push_back({builder.obtainMeasureType(i), builder.obtainMeasureColumn(i)});
+    for (std::size_t i = 0; i < builder.getDimensionCount(); ++i)
         m_dimensions.push_back({builder.obtainDimensionType(i),
                                 builder.obtainDimensionLevel(i),
                                 SqlQueryBuilder::obtainPositionColumn(i),
                                 {}});
-        _readMembers(binding, i);
-        if (binding.dimensions[i].shouldFillGaps)
-            _fillGaps(binding, i);
-    }
 }
 
 void SqlDataSet::_readMembers(const DataBinding& binding, std::size_t index)
@@ -48,69 +55,14 @@ void SqlDataSet::_readMembers(const DataBinding& binding, std::size_t index)
         const auto position = static_cast<std::size_t>(m_cells.getNumber(row, dimension.positionColumn));
         if (position >= dimension.members.size())
             dimension.members.resize(position + 1);
-        if (!dimension.members[position].position)
-            dimension.members[position] = _readMember(binding, index, row);
+        if (dimension.members[position].position)
+            continue;
+        const std::size_t text = dimension.positionColumn + 1, number = text + 1;
+        dimension.members[position] = readSqlMember(binding, index, dimension.type, dimension.level,
+                                                    {position, m_cells.isNull(row, text),
+                                                     m_cells.getText(row, text),
+                                                     m_cells.getNumber(row, number)});
     }
-}
-
-SqlMember SqlDataSet::_readMember(const DataBinding& binding, std::size_t index, std::size_t row) const
-{
-    const Dimension& dimension = m_dimensions[index];
-    const std::optional<TopMembers>& top = binding.dimensions[index].top;
-    const std::size_t column = dimension.positionColumn;
-    SqlMember member;
-    member.position = static_cast<std::uint64_t>(m_cells.getNumber(row, column));
-    if (top && member.position == top->count) {
-        member.isGenerated = true;
-        member.text = top->othersLabel.value_or("");
-        return member;
-    }
-
-    member.isNull = m_cells.isNull(row, column + 1);
-    member.number = member.isNull ? 0 : m_cells.getNumber(row, column + 2);
-    member.text = member.isNull ? binding.nullText : m_cells.getText(row, column + 1);
-    if (dimension.type == KXChartDataType::Float && !member.isNull)
-        member.text = obtainNumberText(member.number);
-    if (dimension.level && !member.isNull) {
-        const std::optional<TimeStep> step = TimeStep::parse(member.text, *dimension.level);
-        member.number = step ? step->obtainSeconds() : 0;
-    }
-    return member;
-}
-
-void SqlDataSet::_fillGaps(const DataBinding& binding, std::size_t index)
-{
-    constexpr std::size_t mostMembers = 1'000'000;
-    Dimension& dimension = m_dimensions[index];
-    const bool isDescending = binding.dimensions[index].order.isDescending;
-    std::vector<SqlMember> members = std::move(dimension.members);
-
-    // 1. Go from the earliest to the latest; the null, always last, stands aside.
-    const bool hasNull = !members.empty() && members.back().isNull;
-    const auto end = members.end() - (hasNull ? 1 : 0);
-    if (isDescending)
-        std::reverse(members.begin(), end);
-    std::vector<SqlMember> filled;
-    for (auto member = members.begin(); member != end; ++member) {
-        // 2. Make the steps that are missing before this member.
-        std::optional<TimeStep> step;
-        if (!filled.empty())
-            step = TimeStep::parse(filled.back().text, *dimension.level);
-        while (step && (step = step->obtainNext()) && step->obtainSeconds() < member->number) {
-            filled.push_back({step->obtainText(), step->obtainSeconds(), false, true, std::nullopt});
-            if (filled.size() > mostMembers)
-                throw HostError(binding.name, "dimensions[" + std::to_string(index) + ']',
-                                "more than a million members with the gaps filled; take a coarser level");
-        }
-        filled.push_back(std::move(*member));
-    }
-
-    // 3. Back into display order.
-    if (isDescending)
-        std::reverse(filled.begin(), filled.end());
-    if (hasNull)
-        filled.push_back(std::move(members.back()));
-    dimension.members = std::move(filled);
 }
 
 std::uint64_t SqlDataSet::obtainMember(std::size_t row, std::size_t dimension) const

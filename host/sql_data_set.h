@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -7,24 +8,11 @@
 #include <vector>
 
 #include "data_binding.h"
+#include "sql_member.h"
 #include "sql_table.h"
 
 class SqlQueryBuilder;
 class SqlSession;
-
-/** One member of a dimension in display order. The member that stands for the others is a made one with rows.
- */
-struct SqlMember {
-    std::string
-        text; // as the charts' formatting reads it; the words for a null or for the others where it is one
-    double number = 0; // of a number; of a date or time its seconds since 1970 or midnight
-    bool isNull = false;
-    bool isGenerated = false; // not in the data: a filled gap, or the member that stands for the others
-    std::optional<std::uint64_t> position; // in the query's result, nothing for a filled gap
-
-    bool isOthers() const { return isGenerated && position.has_value(); }
-    bool hasNumber() const { return !isNull && !isOthers(); }
-};
 
 /** One value of one cell. */
 struct SqlValue {
@@ -42,6 +30,8 @@ public:
     SqlDataSet() = default;
     /** Asks the database; throws HostError when it refuses or the binding does not fit. */
     SqlDataSet(SqlSession& session, const DataBinding& binding);
+    /** Only the types of what would be asked for, without rows. */
+    explicit SqlDataSet(const SqlQueryBuilder& builder);
 
     /** @return whether no row of the data takes part */
     bool isEmpty() const { return m_isEmpty; }
@@ -91,8 +81,6 @@ private:
     };
 
     void _readMembers(const DataBinding& binding, std::size_t index);
-    SqlMember _readMember(const DataBinding& binding, std::size_t index, std::size_t row) const;
-    void _fillGaps(const DataBinding& binding, std::size_t index);
     std::optional<std::size_t> _findRow(std::span<const std::uint64_t> members) const;
 
     bool m_isEmpty = true;

@@ -61,6 +61,8 @@ public:
     /** @return a text expression that sorts by its bytes */
     virtual std::string obtainByteOrder(const std::string& expression) const { return expression; }
 
+    /** @return whether one query can group in several ways */
+    virtual bool hasGroupingSets() const { return false; }
     /** @return whether values that differ are found faster by grouping than by COUNT(DISTINCT) */
     virtual bool findsDistinctFasterAsGroups() const { return false; }
 

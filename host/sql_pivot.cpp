@@ -1,132 +1,148 @@
 #include "sql_pivot.h"
 
 #include <algorithm>
-#include <cmath>
+#include <string>
 
+#include "kx_table_chart_data_provider.h"
+#include "sql_dialect.h"
 #include "sql_session.h"
 
 namespace {
 
-/** @return -1, 0 or 1; cells without a value come last whichever way is sorted */
-int compareCells(const KXTableCell& a, const KXTableCell& b, bool isDescending)
+std::size_t countRowDimensions(const DataBinding& binding)
 {
-    const bool hasA = a.state == KXTableCellState::Value, hasB = b.state == KXTableCellState::Value;
-    if (!hasA || !hasB)
-        return hasA == hasB ? 0 : hasA ? -1 : 1;
-    int result = 0;
-    if (std::isnan(a.number))
-        result = a.text.compare(b.text);
-    else
-        result = a.number < b.number ? -1 : a.number > b.number ? 1 : 0;
-    return isDescending ? -result : result;
+    return static_cast<std::size_t>(
+        std::ranges::count(binding.dimensions, false, &DimensionBinding::isAcross));
 }
+
+bool isNumeric(KXChartDataType type)
+{
+    return type == KXChartDataType::Integer || type == KXChartDataType::Float;
+}
+
+std::string nameMeasure(std::size_t measure) { return "m" + std::to_string(measure); }
 
 } // namespace
 
 SqlPivot::SqlPivot(SqlSession& session, const DataBinding& binding)
-    : m_session(session), m_binding(binding), m_rowCount(static_cast<std::size_t>(std::ranges::count(
-                                                  binding.dimensions, false, &DimensionBinding::isAcross))),
-      m_columnCount(binding.dimensions.size() - m_rowCount)
+    : m_tables(session, binding, countRowDimensions(binding)),
+      m_rows(m_tables, true, 0, countRowDimensions(binding)),
+      m_columns(m_tables, false, countRowDimensions(binding),
+                binding.dimensions.size() - countRowDimensions(binding))
 {
-    if (m_rowCount > 0)
-        m_rows = SqlPivotSide(_obtainLevel(m_rowCount, 0));
-    if (m_columnCount > 0)
-        m_columns = SqlPivotSide(_obtainLevel(0, m_columnCount));
 }
 
-const SqlDataSet& SqlPivot::_obtainLevel(std::size_t rowLevels, std::size_t columnLevels)
+/** @param first a position below the parent, or that of all members: then the parent's own line */
+SqlPivotSide::Range SqlPivot::_obtainRange(bool isRow, const KXIndexPath& parent, std::uint64_t first,
+                                           std::uint64_t count)
 {
-    const std::pair key(rowLevels, columnLevels);
-    const auto found = m_levels.find(key);
-    if (found != m_levels.end())
-        return found->second;
-    DataBinding binding = m_binding;
-    binding.dimensions.clear();
-    binding.dimensions.reserve(rowLevels + columnLevels);
-    for (std::size_t i = 0; i < rowLevels; ++i)
-        binding.dimensions.push_back(m_binding.dimensions[i]);
-    for (std::size_t i = 0; i < columnLevels; ++i)
-        binding.dimensions.push_back(m_binding.dimensions[m_rowCount + i]);
-    return m_levels.emplace(key, SqlDataSet(m_session, binding)).first->second;
+    SqlPivotSide& side = _side(isRow);
+    if (first != KXTableChartDataProvider::allMembers && side.getDimensionCount() > 0)
+        return side.obtainRange(parent, first, count);
+    return side.findLine(parent).value_or(SqlPivotSide::Range{0, 0, 0});
 }
 
-std::uint64_t SqlPivot::obtainCount(bool isRow, const KXIndexPath& path) const
+void SqlPivot::obtainCells(const KXIndexPath& rowParent, std::uint64_t firstRow,
+                           const KXIndexPath& columnParent, std::uint64_t firstColumn, std::size_t measure,
+                           const KXTableCellSpan& cells)
 {
-    return _side(isRow).obtainCount(path);
-}
+    // 1. Which lines meet
+    const SqlPivotSide::Range ranges[] = {_obtainRange(true, rowParent, firstRow, cells.obtainRowCount()),
+                                          _obtainRange(false, columnParent, firstColumn, cells.columnCount)};
+    const SqlQueryBuilder& builder = m_tables.getBuilder();
+    if (ranges[0].count == 0 || ranges[1].count == 0 || measure >= builder.getMeasureCount())
+        return;
 
-const SqlMember* SqlPivot::findMember(bool isRow, const KXIndexPath& path) const
-{
-    const std::vector<std::uint64_t> members = _side(isRow).obtainMembers(path);
-    if (path.empty() || members.size() < path.size())
-        return nullptr;
-    const SqlDataSet& all = m_levels.at(isRow ? std::pair(m_rowCount, std::size_t{0})
-                                              : std::pair(std::size_t{0}, m_columnCount));
-    return &all.getMembers(path.size() - 1)[members.back()];
-}
-
-KXTableCell SqlPivot::obtainCell(const KXIndexPath& row, const KXIndexPath& column, std::size_t measure)
-{
-    const std::vector<std::uint64_t> rowMembers = m_rows.obtainMembers(row);
-    const std::vector<std::uint64_t> columnMembers = m_columns.obtainMembers(column);
-    return rowMembers.size() < row.size() || columnMembers.size() < column.size()
-               ? KXTableCell()
-               : _obtainCell(rowMembers, columnMembers, measure);
-}
-
-KXTableCell SqlPivot::_obtainCell(const std::vector<std::uint64_t>& rowMembers,
-                                  const std::vector<std::uint64_t>& columnMembers, std::size_t measure)
-{
-    std::vector<std::uint64_t> members = rowMembers;
-    members.insert(members.end(), columnMembers.begin(), columnMembers.end());
-    const SqlDataSet& level = _obtainLevel(rowMembers.size(), columnMembers.size());
-    KXTableCell cell;
-    const SqlValue value = level.obtainValue(measure, members);
-    if (!value.isPresent)
-        return cell;
-    if (value.isNull) {
-        cell.state = KXTableCellState::Null;
-        return cell;
+    // 2. Each pair of them looks up its cell. Written as cross joins, because SQLite keeps the order of
+    // these.
+    const SqlPivotTables::Cells found = m_tables.obtainCells(ranges[0].level, ranges[1].level);
+    const std::string from = found.table + " c", name = "c." + nameMeasure(measure);
+    const KXChartDataType type = builder.obtainMeasureType(measure);
+    const SqlDialect& dialect = m_tables.getSession().getDialect();
+    std::string places[] = {"0", "0"}, tables, conditions = found.condition;
+    for (const bool isRow : {true, false}) {
+        const SqlPivotSide::Range& range = ranges[isRow ? 0 : 1];
+        if (range.level == 0)
+            continue;
+        const std::string line = isRow ? "x" : "y", id = line + ".id";
+        places[isRow ? 0 : 1] = id + " - " + std::to_string(range.first);
+        tables += _side(isRow).obtainTable(range.level) + ' ' + line + " CROSS JOIN ";
+        conditions += " AND " + id + " BETWEEN " + std::to_string(range.first) + " AND " +
+                      std::to_string(range.first + range.count - 1);
+        for (const std::size_t dimension :
+             m_tables.obtainDimensions(isRow ? range.level : 0, isRow ? 0 : range.level)) {
+            const std::string position = ".p" + std::to_string(dimension);
+            conditions += " AND c" + position + " = " + line + position;
+        }
     }
-    cell.state = KXTableCellState::Value;
-    const KXChartDataType type = level.getMeasureType(measure);
-    if (type == KXChartDataType::Integer || type == KXChartDataType::Float)
-        cell.number = value.number;
-    else
-        cell.text = value.text;
-    return cell;
+    const SqlTable rows = m_tables.getSession().query(
+        {"SELECT " + places[0] + ", " + places[1] + ", " +
+             (isNumeric(type) ? dialect.obtainExactNumber(name) : name) + " FROM " + tables + from +
+             " WHERE " + conditions,
+         {},
+         {SqlResultType::Number, SqlResultType::Number,
+          isNumeric(type) ? SqlResultType::Number : SqlResultType::Text}});
+
+    // 3. What is not found has no rows behind it.
+    for (std::size_t i = 0; i < rows.getRowCount(); ++i) {
+        KXTableCell& cell = cells.at(static_cast<std::uint64_t>(rows.getNumber(i, 0)),
+                                     static_cast<std::uint64_t>(rows.getNumber(i, 1)));
+        cell.state = rows.isNull(i, 2) ? KXTableCellState::Null : KXTableCellState::Value;
+        if (cell.state == KXTableCellState::Null)
+            continue;
+        if (isNumeric(type))
+            cell.number = rows.getNumber(i, 2);
+        else
+            cell.text = rows.getText(i, 2);
+    }
 }
 
 KXTableExtent SqlPivot::obtainExtent(std::size_t measure)
 {
     KXTableExtent extent;
-    const SqlDataSet& cells = _obtainLevel(m_rowCount, m_columnCount);
-    for (std::size_t row = 0; row < cells.getRowCount(); ++row)
-        kxExtendTableExtent(extent, cells.obtainRowNumber(measure, row), false);
-    if (m_rowCount + m_columnCount > 0) // the average of whole numbers may be none
-        kxExtendTableExtent(extent, _obtainLevel(0, 0).obtainRowNumber(measure, 0), true);
+    const SqlQueryBuilder& builder = m_tables.getBuilder();
+    if (measure >= builder.getMeasureCount() || !isNumeric(builder.obtainMeasureType(measure)))
+        return extent;
+    const std::string name = "c." + nameMeasure(measure);
+    const auto extend = [&](std::size_t rowLevels, std::size_t columnLevels, bool isTotal) {
+        const SqlPivotTables::Cells cells = m_tables.obtainCells(rowLevels, columnLevels);
+        const SqlTable ends = m_tables.getSession().query(
+            {"SELECT MIN(" + name + "), MAX(" + name + "), MIN(CASE WHEN " + name + " <> ROUND(" + name +
+                 ") THEN " + name + " END) FROM " + cells.table + " c WHERE " + cells.condition +
+                 " AND ABS(" + name + ") <= 1.7976931348623157e308",
+             {},
+             std::vector(3, SqlResultType::Number)});
+        for (std::size_t i = 0; i < 3; ++i)
+            if (!ends.isNull(0, i))
+                kxExtendTableExtent(extent, ends.getNumber(0, i), isTotal);
+    };
+    const std::size_t rows = m_rows.getDimensionCount(), columns = m_columns.getDimensionCount();
+    extend(rows, columns, false);
+    if (rows + columns > 0) // the average of whole numbers may be none
+        extend(0, 0, true);
     return extent;
 }
 
 void SqlPivot::sort(const std::vector<KXTableSort>& order)
 {
-    if (m_rowCount == 0)
-        return;
-    m_rows = SqlPivotSide(_obtainLevel(m_rowCount, 0));
-    if (order.empty())
-        return;
-    std::vector<std::vector<std::uint64_t>> columns;
-    columns.reserve(order.size());
-    for (const KXTableSort& sort : order)
-        columns.push_back(m_columns.obtainMembers(sort.column));
-    m_rows.sort([&](std::span<const std::uint64_t> a, std::span<const std::uint64_t> b) {
-        for (std::size_t i = 0; i < order.size(); ++i) {
-            const auto obtain = [&](std::span<const std::uint64_t> row) {
-                return _obtainCell({row.begin(), row.end()}, columns[i], order[i].measure);
-            };
-            if (const int result = compareCells(obtain(a), obtain(b), order[i].isDescending))
-                return result < 0;
+    const SqlQueryBuilder& builder = m_tables.getBuilder();
+    std::vector<SqlPivotSide::OrderKey> keys;
+    keys.reserve(order.size());
+    for (const KXTableSort& sort : order) {
+        SqlPivotSide::OrderKey key;
+        key.isDescending = sort.isDescending;
+        if (sort.measure >= builder.getMeasureCount()) {
+            key.dimension = sort.measure - builder.getMeasureCount();
+            keys.push_back(std::move(key));
+            continue;
         }
-        return false;
-    });
+        const std::optional<SqlPivotSide::Range> column = m_columns.findLine(sort.column);
+        if (!column)
+            continue; // no row has a value there
+        key.others = m_columns.obtainPositions(*column);
+        key.measure = nameMeasure(sort.measure);
+        key.isText = !isNumeric(builder.obtainMeasureType(sort.measure));
+        keys.push_back(std::move(key));
+    }
+    m_rows.sort(keys);
 }

@@ -2,9 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "data_binding.h"
@@ -14,43 +11,48 @@
 #include "kx_table_sort.h"
 #include "sql_data_set.h"
 #include "sql_pivot_side.h"
+#include "sql_pivot_tables.h"
 
 class SqlSession;
 
 /**
- * A binding as a pivot table: its dimensions down the rows, those that are across over the columns. Each
- * level of totals is grouped by the database from the rows of the data, one query a level when it is first
- * needed, so that averages and counts of different values are right in totals, too.
+ * A binding as a pivot table: its dimensions down the rows, those that are across over the columns. The
+ * database groups, ranks and keeps it all; what is asked for here, a page of members or a block of cells, is
+ * one query over a range of ranks.
  */
 class SqlPivot {
 public:
-    /** @param session outlives this object. Throws HostError when the database refuses. */
+    /** @param session outlives this object. Throws HostError when the database refuses; so does each
+     * question. */
     SqlPivot(SqlSession& session, const DataBinding& binding);
 
-    std::size_t getDimensionCount(bool isRow) const { return isRow ? m_rowCount : m_columnCount; }
+    /** @return the types of dimensions and measures, without what they hold */
+    SqlDataSet obtainTypes() const { return SqlDataSet(m_tables.getBuilder()); }
+    /** @return whether no row of the data takes part */
+    bool isEmpty() const { return m_tables.isEmpty(); }
+    std::size_t getDimensionCount(bool isRow) const { return _side(isRow).getDimensionCount(); }
     /** @return how many members there are below a path */
-    std::uint64_t obtainCount(bool isRow, const KXIndexPath& path) const;
-    /** @return the member at a path, null for none */
-    const SqlMember* findMember(bool isRow, const KXIndexPath& path) const;
-    /** @param row, column paths, shorter than there are dimensions for a total. Throws HostError when the
-     * database refuses. */
-    KXTableCell obtainCell(const KXIndexPath& row, const KXIndexPath& column, std::size_t measure);
+    std::uint64_t obtainCount(bool isRow, const KXIndexPath& path) { return _side(isRow).obtainCount(path); }
+    /** @return members below a path from one on, fewer or none at the end */
+    std::vector<SqlMember> obtainMembers(bool isRow, const KXIndexPath& path, std::uint64_t first,
+                                         std::uint64_t count)
+    {
+        return _side(isRow).obtainMembers(path, first, count);
+    }
+    /** Sets cells as KXTableChartDataProvider::obtainCells has it. */
+    void obtainCells(const KXIndexPath& rowParent, std::uint64_t firstRow, const KXIndexPath& columnParent,
+                     std::uint64_t firstColumn, std::size_t measure, const KXTableCellSpan& cells);
     /** @return what the cells that are no totals reach from and to, and whether any has a fraction */
     KXTableExtent obtainExtent(std::size_t measure);
-    /** Sorts the rows below each parent; without an order they stand as the binding has it. Throws HostError
-     * likewise. */
+    /** Sorts the rows below each parent; without an order they stand as the binding has it. */
     void sort(const std::vector<KXTableSort>& order);
 
 private:
+    SqlPivotSide& _side(bool isRow) { return isRow ? m_rows : m_columns; }
     const SqlPivotSide& _side(bool isRow) const { return isRow ? m_rows : m_columns; }
-    /** @return the data grouped by the first dimensions of each side */
-    const SqlDataSet& _obtainLevel(std::size_t rowLevels, std::size_t columnLevels);
-    KXTableCell _obtainCell(const std::vector<std::uint64_t>& rowMembers,
-                            const std::vector<std::uint64_t>& columnMembers, std::size_t measure);
+    SqlPivotSide::Range _obtainRange(bool isRow, const KXIndexPath& parent, std::uint64_t first,
+                                     std::uint64_t count);
 
-    SqlSession& m_session;
-    DataBinding m_binding;
-    std::size_t m_rowCount, m_columnCount;
-    std::map<std::pair<std::size_t, std::size_t>, SqlDataSet> m_levels;
+    SqlPivotTables m_tables;
     SqlPivotSide m_rows, m_columns;
 };

@@ -2,39 +2,65 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <map>
+#include <optional>
 #include <span>
+#include <string>
+#include <utility>
 #include <vector>
 
-class SqlDataSet;
+#include "kx_index_path.h"
+#include "sql_member.h"
+
+class SqlPivotTables;
 
 /** The rows, or the columns, of a pivot table: which members of each dimension the data have below those of
- * the one before. A path is positions below each parent, as tables have it; members are indexes as the data
- * set has them. */
+ * the one before. The lines of each level are ranked once into a temporary table, those below one parent
+ * together, so that a page of them is a range of ranks. A path is positions below each parent, as tables have
+ * it. */
 class SqlPivotSide {
 public:
-    /** No dimension. */
-    SqlPivotSide() = default;
-    /** @param data grouped by the dimensions of this side and by no other */
-    explicit SqlPivotSide(const SqlDataSet& data);
-
-    /** @return how many members there are below a path */
-    std::size_t obtainCount(std::span<const std::uint64_t> path) const;
-    /** @return the members along a path, as far as there are such */
-    std::vector<std::uint64_t> obtainMembers(std::span<const std::uint64_t> path) const;
-    /** Puts the members below each parent into another order; those that are equal stay in theirs.
-     *  @param isBefore asked about the members along two paths that differ in the last one */
-    using Order = std::function<bool(std::span<const std::uint64_t> a, std::span<const std::uint64_t> b)>;
-    void sort(const Order& isBefore);
-
-private:
-    struct Node {
-        std::uint64_t member = 0;
-        std::vector<Node> below;
+    /** Lines of one level that follow each other; of level 0 there is one, which stands for all. */
+    struct Range {
+        std::size_t level = 0;
+        std::uint64_t first = 0, count = 1;
+    };
+    /** What lines below one parent are to be in the order of. */
+    struct OrderKey {
+        std::string measure; // the column that holds it
+        bool isText = false;
+        std::vector<std::pair<std::size_t, double>> others; // of cells at these positions of other dimensions
+        std::optional<std::size_t> dimension;               // the order of its members instead
+        bool isDescending = false;
     };
 
-    const Node* _findNode(std::span<const std::uint64_t> path) const;
-    static void _sort(Node& node, std::vector<std::uint64_t>& members, const Order& isBefore);
+    /** @param tables outlives this object
+     *  @param firstDimension, count which of the binding's dimensions are this side's */
+    SqlPivotSide(SqlPivotTables& tables, bool isRow, std::size_t firstDimension, std::size_t count);
 
-    Node m_root;
+    std::size_t getDimensionCount() const { return m_count; }
+    /** @return how many members there are below a path. These throw HostError when the database refuses. */
+    std::uint64_t obtainCount(const KXIndexPath& path);
+    /** @return members from a position on, fewer or none at the end */
+    Range obtainRange(const KXIndexPath& parent, std::uint64_t first, std::uint64_t count);
+    /** @return the line of a path, none where there is none */
+    std::optional<Range> findLine(const KXIndexPath& path);
+    std::vector<SqlMember> obtainMembers(const KXIndexPath& parent, std::uint64_t first, std::uint64_t count);
+    /** @return the dimensions along a line and the positions of its members */
+    std::vector<std::pair<std::size_t, double>> obtainPositions(const Range& line);
+
+    /** Ranks the lines below each parent anew: by the keys, then by their own order. */
+    void sort(const std::vector<OrderKey>& keys);
+    /** @return the table of a level's lines: rank id, that of the line above, positions p0, p1 and so on */
+    std::string obtainTable(std::size_t level) const;
+
+private:
+    Range _obtainBelow(const Range& line);
+    void _rank(std::size_t level, const std::vector<OrderKey>& keys);
+    std::string _joinLines(const std::string& first, const std::string& second, std::size_t levels) const;
+
+    SqlPivotTables& m_tables;
+    bool m_isRow;
+    std::size_t m_first, m_count;
+    std::map<std::pair<std::size_t, std::uint64_t>, Range> m_below; // of lines that were looked at
 };

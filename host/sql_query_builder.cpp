@@ -193,7 +193,7 @@ SqlQuery SqlQueryBuilder::obtainQuery()
     SqlQuery query;
     query.text = "WITH " + _writeGroups();
     if (!m_isMemberEachGroup)
-        query.text += ", " + _writeNames();
+        query.text += ", " + _writeNames("grouped");
     for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
         if (!m_isMemberEachGroup)
             query.text += ", " + _writeMembers(i);
@@ -207,6 +207,46 @@ SqlQuery SqlQueryBuilder::obtainQuery()
                                                                 : SqlResultType::Text);
     query.parameters = m_parameters;
     return query;
+}
+
+SqlQuery SqlQueryBuilder::obtainGroupsQuery()
+{
+    m_parameters.clear();
+    m_isMemberEachGroup = false;
+    SqlQuery query;
+    query.text = "WITH " + _writeGroups() + " SELECT * FROM grouped";
+    query.parameters = m_parameters;
+    return query;
+}
+
+std::string SqlQueryBuilder::obtainMembersQuery(const std::string& groups, std::size_t dimension) const
+{
+    // Positions are no whole numbers, so that members which fill gaps find room between them.
+    return "WITH " + _writeNames(groups) + ", " + _writeMembers(dimension) + " SELECT k, d, n, " +
+           toDouble("p") + " AS p FROM " + number("placed", dimension);
+}
+
+std::string SqlQueryBuilder::obtainFactsQuery(const std::string& groups,
+                                              const std::vector<std::string>& members) const
+{
+    std::string values = "r", joins;
+    for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
+        values += number(", a", i) +
+                  (m_binding.measures[i].aggregate == SqlAggregate::Average ? number(", b", i) : "");
+    for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
+        const std::string placed = number("placed", i);
+        values += ", " + placed + ".p" + number(" AS p", i);
+        joins += " LEFT JOIN " + members[i] + ' ' + placed + " ON " + placed + ".k = named" + number(".k", i);
+    }
+    return "WITH " + _writeNames(groups) + " SELECT " + values + " FROM named" + joins;
+}
+
+std::string SqlQueryBuilder::obtainFactValues() const
+{
+    std::string values;
+    for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
+        values += (i ? ", " : "") + _obtainAggregate(i) + number(" AS m", i);
+    return values;
 }
 
 std::string SqlQueryBuilder::_writeGroups()
@@ -283,7 +323,7 @@ std::string SqlQueryBuilder::_writeSortedGroups() const
 }
 
 /** For each dimension the member's text (d), a key that is never null (k) and a number (n). */
-std::string SqlQueryBuilder::_writeNames() const
+std::string SqlQueryBuilder::_writeNames(const std::string& groups) const
 {
     std::string sql = "named AS (SELECT r";
     for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
@@ -296,7 +336,7 @@ std::string SqlQueryBuilder::_writeNames() const
                toDouble(isNumeric(m_columns[m_dimensionColumns[i]].type) ? number("g", i) : "0") +
                number(" AS n", i);
     }
-    return sql + " FROM grouped)";
+    return sql + " FROM " + groups + ')';
 }
 
 std::string SqlQueryBuilder::_writeMembers(std::size_t dimension) const

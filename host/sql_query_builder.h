@@ -27,6 +27,22 @@ public:
 
     SqlQuery obtainQuery();
 
+    // The same in steps that a pivot keeps, to group what comes of them in several ways
+    /** @return the one that reads the rows: groups that are put together once more */
+    SqlQuery obtainGroupsQuery();
+    /** @param groups a table of what the groups' query answers
+     *  @return for each key (k) of a dimension its member's position (p), text (d) and number (n) */
+    std::string obtainMembersQuery(const std::string& groups, std::size_t dimension) const;
+    /** @param members the table of each dimension's keys
+     *  @return the groups with the positions of their members (p0, p1 and so on), null for one that is left
+     * out */
+    std::string obtainFactsQuery(const std::string& groups, const std::vector<std::string>& members) const;
+    /** @return what the measures (m0, m1 and so on) are over facts that are grouped */
+    std::string obtainFactValues() const;
+
+    std::size_t getDimensionCount() const { return m_dimensionColumns.size(); }
+    std::size_t getMeasureCount() const { return m_measureColumns.size(); }
+
     /** @return the type of a dimension's members: Date above hours, else the column's */
     KXChartDataType obtainDimensionType(std::size_t dimension) const;
     /** @return the level that members are cut down to, nothing for a column without dates and times */
@@ -73,7 +89,7 @@ private:
     std::string _writeGroups();
     std::string _writeConditions();
     std::string _writeSortedGroups() const;
-    std::string _writeNames() const;
+    std::string _writeNames(const std::string& groups) const;
     std::string _writeMembers(std::size_t dimension) const;
     std::string _writeCells() const;
 

@@ -158,6 +158,21 @@ void SqlSession::execute(const std::string& statement)
     }
 }
 
+void SqlSession::execute(const SqlQuery& statement)
+{
+    try {
+        soci::statement prepared(*m_native);
+        for (const std::string& parameter : statement.parameters)
+            prepared.exchange(soci::use(parameter));
+        prepared.alloc();
+        prepared.prepare(statement.text);
+        prepared.define_and_bind();
+        prepared.execute(true);
+    } catch (const soci::soci_error& error) {
+        throw makeError("statement", error);
+    }
+}
+
 HostError SqlSession::makeError(const std::string& place, const soci::soci_error& error) const
 {
     return {m_name, place, error.get_error_message()};

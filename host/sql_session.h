@@ -44,6 +44,8 @@ public:
     std::vector<SqlColumn> obtainColumns(const std::string& table, const std::string& schema = {});
     SqlTable query(const SqlQuery& query);
     void execute(const std::string& statement);
+    /** Runs a statement that answers nothing, with the values bound to it. */
+    void execute(const SqlQuery& statement);
 
     /** @return what the database refused, as one line without the statement */
     HostError makeError(const std::string& place, const soci::soci_error& error) const;

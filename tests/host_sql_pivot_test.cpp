@@ -165,13 +165,18 @@ TEST(HostSqlPivot, RowsAreSortedBelowEachParent)
     session.execute("INSERT INTO data VALUES ('x','p','l',1),('x','q','l',5),('x','r','r',9),('y','p','l',7),"
                     "('y','q','l',NULL),('y','q','r',2)");
     SqlPivot pivot(session, DataBindingReader("b").readText(binding));
+    const auto list = [&](const KXIndexPath& path) {
+        return pivot.obtainMembers(true, path, 0, pivot.obtainCount(true, path));
+    };
     const auto names = [&] {
         std::string text;
-        for (std::uint64_t a = 0; a < pivot.obtainCount(true, {}); ++a) {
-            text += pivot.findMember(true, {a})->text + ":";
-            for (std::uint64_t b = 0; b < pivot.obtainCount(true, {a}); ++b)
-                text += pivot.findMember(true, {a, b})->text;
+        std::uint64_t place = 0;
+        for (const SqlMember& a : list({})) {
+            text += a.text + ":";
+            for (const SqlMember& b : list({place}))
+                text += b.text;
             text += " ";
+            ++place;
         }
         return text;
     };
@@ -185,6 +190,7 @@ TEST(HostSqlPivot, RowsAreSortedBelowEachParent)
         {"by the column l", {{0, {0}, true}}, "y:pq x:qpr "},
         {"upwards, without a value last", {{0, {0}, false}}, "x:pqr y:pq "},
         {"by the total, then by another measure", {{3, {}, true}, {0, {}, false}}, "y:qp x:pqr "},
+        {"by their names", {{6, {}, true}}, "x:qpr y:qp "}, // those of b, the other way round
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
