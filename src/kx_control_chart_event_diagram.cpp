@@ -8,7 +8,6 @@
 #include "ux/ux_saturate.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -27,41 +26,24 @@ UXRect placeFrame(int wantedHeight, const UXRect& anchor, const UXRect& bounds)
     return uxShiftAndBoundInRect({anchor.x, top, width, height}, bounds);
 }
 
-bool standsOn(const UXObject* object, const UXDiagram* diagram)
-{
-    while (object && object != diagram && object->getVisible())
-        object = object->getParent();
-    return object == diagram;
-}
-
 } // namespace
 
-KXControlChartEventDiagram::KXControlChartEventDiagram(UXContext* context) : UXGlobalEventDiagram(context)
-{
-    setVisible(false);
-}
+KXControlChartEventDiagram::KXControlChartEventDiagram(UXContext* context) : KXPopupEventDiagram(context) {}
 
 KXControlChartEventDiagram::~KXControlChartEventDiagram()
 {
-    m_closedHandler = {};
+    setClosedHandler({});
     clearChildren();
 }
 
 void KXControlChartEventDiagram::open(UXDiagram* diagram, KXControlChartComboBoxScrollView* view,
                                       const UXRect& anchor, UXObject* owner)
 {
-    close();
-    for (UXDiagram* before : std::vector<UXDiagram*>(getServedDiagrams()))
-        if (before != diagram)
-            before->unregisterGlobalEventDiagram(this);
-    diagram->registerGlobalEventDiagram(this);
-    diagram->bringGlobalEventDiagramToFront(this);
-    setActiveDiagram(diagram);
-    m_owner = UXObjectWatcher(owner);
+    if (!_openOver(diagram, owner)) {
+        delete view;
+        return;
+    }
     m_view = UXObjectWatcher(view);
-    m_keepsRelease = false;
-    setVisible(true);
-    setRect(diagram->getBoundingRect());
     addChild(view);
     view->setFrameRect(placeFrame(view->obtainWantedHeight(), anchor, getBoundingRect()));
     layout();
@@ -69,58 +51,14 @@ void KXControlChartEventDiagram::open(UXDiagram* diagram, KXControlChartComboBox
         shown->getList()->walkParts(true);
 }
 
-void KXControlChartEventDiagram::close()
-{
-    if (!isOpen())
-        return;
-    const UXObjectWatcher self(this);
-    delete m_view.getObject();
-    if (!self.isAlive())
-        return;
-    setVisible(false);
-    if (!self.isAlive())
-        return;
-    // A copy: the handler may destroy this diagram, and itself with it.
-    const std::function<void()> handler = m_closedHandler;
-    if (handler)
-        handler();
-}
+void KXControlChartEventDiagram::_removeContent() { delete m_view.getObject(); }
 
 KXControlChartComboBoxScrollView* KXControlChartEventDiagram::getView() const
 {
     return static_cast<KXControlChartComboBoxScrollView*>(m_view.getObject());
 }
 
-void KXControlChartEventDiagram::setClosedHandler(std::function<void()> handler)
-{
-    m_closedHandler = std::move(handler);
-}
-
-void KXControlChartEventDiagram::endActions() { close(); }
-
 std::string KXControlChartEventDiagram::customSerializeTypeID() { return "KXControlChartEventDiagram"; }
-
-bool KXControlChartEventDiagram::controlSize(const UXEvent& event)
-{
-    const UXObjectWatcher self(this);
-    close();
-    return self.isAlive() && UXGlobalEventDiagram::controlSize(event);
-}
-
-void KXControlChartEventDiagram::setActiveDiagram(UXDiagram* diagram)
-{
-    UXGlobalEventDiagram::setActiveDiagram(diagram);
-    // A list that was placed inside another rectangle might stand out of this one.
-    const bool isPlaced = diagram && getRect() == diagram->getBoundingRect();
-    if (isOpen() && (!isPlaced || !standsOn(m_owner.getObject(), diagram)))
-        close();
-}
-
-void KXControlChartEventDiagram::servedDiagramLeft()
-{
-    if (!getActiveDiagram())
-        close();
-}
 
 bool KXControlChartEventDiagram::customMouseDown(const UXEvent& event, bool&)
 {
@@ -128,7 +66,7 @@ bool KXControlChartEventDiagram::customMouseDown(const UXEvent& event, bool&)
     if (!view)
         return false;
     if (!uxPointInRect(event.getMousePoint(), view->getFrameRect())) {
-        m_keepsRelease = true;
+        _keepRelease();
         close();
     }
     return true;
@@ -136,19 +74,14 @@ bool KXControlChartEventDiagram::customMouseDown(const UXEvent& event, bool&)
 
 bool KXControlChartEventDiagram::customMouseMove(const UXEvent&, bool&) { return isOpen(); }
 
-bool KXControlChartEventDiagram::customMouseUp(const UXEvent&, bool&)
-{
-    return std::exchange(m_keepsRelease, false) || isOpen();
-}
+bool KXControlChartEventDiagram::customMouseUp(const UXEvent&, bool&) { return _takeRelease() || isOpen(); }
 
 bool KXControlChartEventDiagram::customMouseDragging(const UXEvent&, bool&)
 {
-    return m_keepsRelease || isOpen();
+    return _keepsRelease() || isOpen();
 }
 
 bool KXControlChartEventDiagram::customMouseWheel(const UXEvent&, bool&) { return isOpen(); }
-bool KXControlChartEventDiagram::customMouseDoubleClick(const UXEvent&, bool&) { return isOpen(); }
-bool KXControlChartEventDiagram::customKeyUp(const UXEvent&, bool&) { return isOpen(); }
 
 bool KXControlChartEventDiagram::customKeyDown(const UXEvent& event, bool&)
 {

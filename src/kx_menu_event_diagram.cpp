@@ -46,14 +46,6 @@ double cross(const UXPoint& origin, const UXPoint& a, const UXPoint& b)
     return ax * by - ay * bx;
 }
 
-/** @return whether object can be seen on diagram, as far as visibility goes */
-bool standsOn(const UXObject* object, const UXDiagram* diagram)
-{
-    while (object && object != diagram && object->getVisible())
-        object = object->getParent();
-    return object == diagram;
-}
-
 /** @return whether a pointer that went from one point to another is on its way to frame: between the lines to
  * the two corners on its side */
 bool movesTowards(const UXPoint& from, const UXPoint& to, const UXRect& frame)
@@ -68,14 +60,11 @@ bool movesTowards(const UXPoint& from, const UXPoint& to, const UXRect& frame)
 
 } // namespace
 
-KXMenuEventDiagram::KXMenuEventDiagram(UXContext* context) : UXGlobalEventDiagram(context)
-{
-    setVisible(false);
-}
+KXMenuEventDiagram::KXMenuEventDiagram(UXContext* context) : KXPopupEventDiagram(context) {}
 
 KXMenuEventDiagram::~KXMenuEventDiagram()
 {
-    m_closedHandler = {};
+    setClosedHandler({});
     clearChildren();
 }
 
@@ -84,28 +73,15 @@ KXMenuEventDiagram::~KXMenuEventDiagram()
 void KXMenuEventDiagram::openMenu(UXDiagram* diagram, std::vector<KXMenuEntry> entries, const UXRect& anchor,
                                   UXObject* owner)
 {
-    const UXObjectWatcher self(this), over(diagram), ownerWatcher(owner);
-    closeMenu();
-    if (!self.isAlive() || !over.isAlive() || entries.empty() || ownerWatcher.getObject() != owner)
+    if (entries.empty()) {
+        close();
         return;
-    const std::vector<UXDiagram*> served = getServedDiagrams();
-    for (UXDiagram* before : served) {
-        if (before != diagram)
-            before->unregisterGlobalEventDiagram(this);
     }
-    diagram->registerGlobalEventDiagram(this);
-    diagram->bringGlobalEventDiagramToFront(this);
-    setActiveDiagram(diagram);
-    m_owner = ownerWatcher;
-    m_hasOwner = owner != nullptr;
-    m_lastPoint.reset();
-    m_pointerUsed = m_keepsRelease = false;
-    setVisible(true);
-    if (!self.isAlive() || !over.isAlive())
+    if (!_openOver(diagram, owner))
         return;
-    setRect(diagram->getBoundingRect());
-    if (self.isAlive())
-        _addMenu(entries, anchor, Side::Below);
+    m_lastPoint.reset();
+    m_pointerUsed = false;
+    _addMenu(entries, anchor, Side::Below);
 }
 
 void KXMenuEventDiagram::selectFirstItem()
@@ -115,22 +91,7 @@ void KXMenuEventDiagram::selectFirstItem()
         menus.back()->setCurrentIndex(menus.back()->obtainNextIndex(-1, 1));
 }
 
-void KXMenuEventDiagram::closeMenu()
-{
-    if (!isOpen())
-        return;
-    const UXObjectWatcher self(this);
-    _closeDeeperThan(0);
-    if (!self.isAlive())
-        return;
-    setVisible(false);
-    if (!self.isAlive())
-        return;
-    // A copy, because the handler may destroy this diagram and with it the handler.
-    const std::function<void()> handler = m_closedHandler;
-    if (handler)
-        handler();
-}
+void KXMenuEventDiagram::_removeContent() { _closeDeeperThan(0); }
 
 bool KXMenuEventDiagram::isOpen() const { return !getMenus().empty(); }
 
@@ -144,37 +105,7 @@ std::vector<KXMenu*> KXMenuEventDiagram::getMenus() const
     return menus;
 }
 
-void KXMenuEventDiagram::setClosedHandler(std::function<void()> handler)
-{
-    m_closedHandler = std::move(handler);
-}
-
-void KXMenuEventDiagram::endActions() { closeMenu(); }
-
 std::string KXMenuEventDiagram::customSerializeTypeID() { return "KXMenuEventDiagram"; }
-
-bool KXMenuEventDiagram::controlSize(const UXEvent& event)
-{
-    const UXObjectWatcher self(this);
-    closeMenu();
-    return self.isAlive() && UXGlobalEventDiagram::controlSize(event);
-}
-
-void KXMenuEventDiagram::setActiveDiagram(UXDiagram* diagram)
-{
-    UXGlobalEventDiagram::setActiveDiagram(diagram);
-    // A menu that was placed inside another rectangle might stand out of this one.
-    const bool isPlaced = diagram && getRect() == diagram->getBoundingRect();
-    const bool isWanted = !m_hasOwner || (diagram && standsOn(m_owner.getObject(), diagram));
-    if (!isPlaced || !isWanted)
-        closeMenu();
-}
-
-void KXMenuEventDiagram::servedDiagramLeft()
-{
-    if (!getActiveDiagram())
-        closeMenu();
-}
 
 void KXMenuEventDiagram::_addMenu(const std::vector<KXMenuEntry>& entries, const UXRect& anchor, Side side)
 {
@@ -276,7 +207,7 @@ bool KXMenuEventDiagram::customMouseDown(const UXEvent& event, bool&)
 {
     if (!isOpen())
         return false;
-    m_keepsRelease = true;
+    _keepRelease();
     m_pointerUsed = true;
     if (_obtainDepthAt(event.getMousePoint()) == 0)
         closeMenu();
@@ -295,7 +226,7 @@ bool KXMenuEventDiagram::customMouseMove(const UXEvent& event, bool&)
 
 bool KXMenuEventDiagram::customMouseDragging(const UXEvent& event, bool&)
 {
-    const bool keeps = m_keepsRelease || isOpen();
+    const bool keeps = _keepsRelease() || isOpen();
     if (isOpen())
         _pointAt(event.getMousePoint());
     return keeps;
@@ -303,7 +234,7 @@ bool KXMenuEventDiagram::customMouseDragging(const UXEvent& event, bool&)
 
 bool KXMenuEventDiagram::customMouseUp(const UXEvent& event, bool&)
 {
-    const bool keepsRelease = std::exchange(m_keepsRelease, false);
+    const bool keepsRelease = _takeRelease();
     if (!isOpen()) {
         if (keepsRelease)
             _pointBehindLater(event); // the press has closed the menu
@@ -343,10 +274,6 @@ bool KXMenuEventDiagram::customMouseWheel(const UXEvent& event, bool&)
             uxSaturateToInt(std::round(event.getWheelDelta().y * rowsPerWheelStep * rowExtent)));
     return true;
 }
-
-bool KXMenuEventDiagram::customMouseDoubleClick(const UXEvent&, bool&) { return isOpen(); }
-
-bool KXMenuEventDiagram::customKeyUp(const UXEvent&, bool&) { return isOpen(); }
 
 bool KXMenuEventDiagram::customKeyDown(const UXEvent& event, bool&)
 {

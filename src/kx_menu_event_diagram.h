@@ -2,10 +2,8 @@
 
 #include "kx_export.h"
 #include "kx_menu_entry.h"
-#include "ux/ux_global_event_diagram.h"
-#include "ux/ux_object_watcher.h"
+#include "kx_popup_event_diagram.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,7 +18,7 @@ class KXMenu;
  * Up, Down, Home, End and what a row begins with move the current row, Right and Left open and close
  * sub-menus, Enter and Space choose, Escape closes the last menu and Tab all.
  */
-class KX_EXPORT KXMenuEventDiagram : public UXGlobalEventDiagram {
+class KX_EXPORT KXMenuEventDiagram : public KXPopupEventDiagram {
 public:
     explicit KXMenuEventDiagram(UXContext* context = nullptr);
     ~KXMenuEventDiagram() override;
@@ -36,31 +34,22 @@ public:
                   UXObject* owner = nullptr);
     /** Begins with the first row, as for someone who opened the menu by a key. */
     void selectFirstItem();
-    void closeMenu();
-    bool isOpen() const;
+    void closeMenu() { close(); }
     /** @return the open menus, each the sub-menu of the one before */
     std::vector<KXMenu*> getMenus() const;
-    /** @param handler called when the menu has closed, before the action of what was chosen runs; it may
-     * destroy this diagram */
-    void setClosedHandler(std::function<void()> handler);
 
-    // From UXGlobalEventDiagram and UXObject
-    /** Closes the menu, as when the host's window loses the focus. */
-    void endActions() override;
+    // From KXPopupEventDiagram and UXJsonObject
+    bool isOpen() const override;
     std::string customSerializeTypeID() override;
-    bool controlSize(const UXEvent& event) override;
 
 protected:
-    void setActiveDiagram(UXDiagram* diagram) override;
-    void servedDiagramLeft() override;
+    void _removeContent() override;
     bool customMouseDown(const UXEvent& event, bool& stop) override;
     bool customMouseMove(const UXEvent& event, bool& stop) override;
     bool customMouseUp(const UXEvent& event, bool& stop) override;
     bool customMouseDragging(const UXEvent& event, bool& stop) override;
     bool customMouseWheel(const UXEvent& event, bool& stop) override;
-    bool customMouseDoubleClick(const UXEvent& event, bool& stop) override;
     bool customKeyDown(const UXEvent& event, bool& stop) override;
-    bool customKeyUp(const UXEvent& event, bool& stop) override;
 
 private:
     enum class Side { Below, Beside };
@@ -76,10 +65,6 @@ private:
     void _goBack();
     void _pointBehindLater(const UXEvent& event) const;
 
-    std::function<void()> m_closedHandler;
-    UXObjectWatcher m_owner{nullptr};
-    bool m_hasOwner = false;
     std::optional<UXPoint> m_lastPoint; // of the pointer, since the menu opened
     bool m_pointerUsed = false;         // the menu did not just open under a button that is down
-    bool m_keepsRelease = false;        // the press was the menu's, and so is its release
 };
