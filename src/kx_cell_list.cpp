@@ -161,25 +161,25 @@ bool KXCellList::walk(const UXEvent& event)
     const auto [first, end] = _obtainVisiblePlaces();
     // A page keeps one cell, so that the eye finds its place.
     const auto page = std::max<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(end - first) - 2, 1);
-    const auto walkTo = [&](std::ptrdiff_t wanted) {
-        _walkTo(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(wanted, 0, last)));
+    const auto goTo = [&](std::ptrdiff_t wanted) {
+        walkTo(static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(wanted, 0, last)));
         return true;
     };
     switch (static_cast<UXKeyCode>(event.getKeyCode())) {
     case UXKeyCode::Left:
     case UXKeyCode::Up:
-        return walkTo(place - 1);
+        return goTo(place - 1);
     case UXKeyCode::Right:
     case UXKeyCode::Down:
-        return walkTo(place + 1);
+        return goTo(place + 1);
     case UXKeyCode::PageUp:
-        return walkTo(place - page);
+        return goTo(place - page);
     case UXKeyCode::PageDown:
-        return walkTo(place + page);
+        return goTo(place + page);
     case UXKeyCode::Home:
-        return walkTo(0);
+        return goTo(0);
     case UXKeyCode::End:
-        return walkTo(last);
+        return goTo(last);
     case UXKeyCode::Enter:
         if (KXListCell* cell = walked ? _findCell(*m_walkedCell) : nullptr)
             m_delegate.clickCell(*cell, event);
@@ -193,7 +193,7 @@ bool KXCellList::walk(const UXEvent& event)
     }
 }
 
-void KXCellList::beginWalk() { _walkTo(_obtainWalkedPlace().value_or(_obtainVisiblePlaces().first)); }
+void KXCellList::beginWalk() { walkTo(_obtainWalkedPlace().value_or(_obtainVisiblePlaces().first)); }
 
 void KXCellList::press(const std::optional<std::uint64_t>& index)
 {
@@ -227,7 +227,7 @@ std::optional<std::size_t> KXCellList::_obtainWalkedPlace() const
     return static_cast<std::size_t>(found - listed.begin());
 }
 
-void KXCellList::_walkTo(std::size_t place)
+void KXCellList::walkTo(std::size_t place)
 {
     const UXObjectWatcher owner(&m_owner);
     if (KXListCell* left = m_walkedCell ? _findCell(*m_walkedCell) : nullptr)

@@ -53,6 +53,8 @@ public:
     // The keyboard; the owner has the focus
     /** Acts on a key. @return whether it is one of the list's */
     bool walk(const UXEvent& event);
+    /** Comes to the cell at a place of the list, which is scrolled into sight. */
+    void walkTo(std::size_t place);
     /** The walk begins, or goes on from where it had come to. */
     void beginWalk();
     /** The pointer pressed a cell, none for the list beside them: keys go on from there. */
@@ -69,7 +71,6 @@ private:
     bool _fillPlace(std::size_t place, const UXObjectWatcher& taken, bool contentChanged);
     void _placeCell(KXListCell* cell, const UXRect& rect);
     std::optional<std::size_t> _obtainWalkedPlace() const;
-    void _walkTo(std::size_t place);
     void _showPlace(std::size_t place);
     KXListCell* _findCell(std::uint64_t index) const;
     std::vector<KXListCell*> _obtainCells() const;

@@ -151,6 +151,12 @@ public:
     /** Lists the members whose texts contain text; all for an empty one. */
     void search(const std::string& text);
     void findMore();
+    /** @param order of the members, empty for their own
+     * @return the first one whose text begins so; the provider may be asked, which may destroy the chart */
+    std::optional<std::uint64_t> findBeginning(const std::string& text, std::span<const std::uint64_t> order)
+    {
+        return m_search.findBeginning(text, order);
+    }
     /** Tells of a member in a hint beside row, as the keyboard does. */
     void explainMember(std::uint64_t member, KXControlChartRow& row);
 

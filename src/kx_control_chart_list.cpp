@@ -29,6 +29,7 @@
 
 namespace {
 
+constexpr std::int64_t typingPause = 1000; // milliseconds after which what is typed begins anew
 constexpr int headerGap = 6;     // between the header's parts, and below it; in logical units
 constexpr double rowSpread = 10; // a row is this much higher than its text
 /** With fewer rows than these below what is seen, more are looked for. */
@@ -487,11 +488,27 @@ bool KXControlChartList::_typeAhead(const UXEvent& event)
     const std::string& text = event.getKeyText();
     const bool isCommand = event.containsEventKey(UXEventKey::Ctrl) ||
                            event.containsEventKey(UXEventKey::Alt);
-    if (isCommand || text.empty() || static_cast<unsigned char>(text.front()) <= ' ' ||
-        !m_searchLine->takeKeys())
+    if (isCommand || text.empty() || static_cast<unsigned char>(text.front()) <= ' ')
         return false;
-    m_searchLine->insertInputText(text);
+    if (m_searchLine->takeKeys())
+        m_searchLine->insertInputText(text);
+    else
+        _walkToText(event);
     return true;
+}
+
+/** Neither case nor accents count, as in a search. */
+void KXControlChartList::_walkToText(const UXEvent& event)
+{
+    const UXObjectWatcher self(this);
+    if (!m_typing.isRunning())
+        m_typed.clear();
+    m_typed += event.getKeyText();
+    m_typing.start(event.getControl(), typingPause, UXTimer::Mode::Once);
+    const std::optional<std::uint64_t> member = m_chart.findBeginning(m_typed, m_order);
+    const std::optional<std::uint64_t> row = member && self.isAlive() ? findRow(*member) : std::nullopt;
+    if (row)
+        m_cells.walkTo(static_cast<std::size_t>(*row));
 }
 
 bool KXControlChartList::customKeyDown(const UXEvent& event, bool& stop)

@@ -5,6 +5,7 @@
 #include "kx_control_chart_options.h"
 #include "kx_export.h"
 #include "ux/ux_object.h"
+#include "ux/ux_timer.h"
 #include "ux/ux_virtual_scroll_view_delegate.h"
 
 #include <cstdint>
@@ -24,8 +25,8 @@ class UXVirtualScrollView;
  * the choice. The first row stands for all members, or for all that were found.
  *
  * A click on a row, Space or Enter chooses, with Shift all rows from the one before as that one; what is
- * typed is looked for. There are objects for the rows in sight only, and what else the rows need is a number
- * each.
+ * typed is looked for, or, where no line for searching is shown, goes to the first row that begins so. There
+ * are objects for the rows in sight only, and what else the rows need is a number each.
  */
 class KX_EXPORT KXControlChartList : public UXObject,
                                      public UXVirtualScrollViewDelegate,
@@ -110,6 +111,7 @@ private:
     int _layoutHeader();
     int _obtainRowHeight() const;
     bool _typeAhead(const UXEvent& event);
+    void _walkToText(const UXEvent& event);
     void _styleParts();
 
     KXControlChart& m_chart;
@@ -122,6 +124,8 @@ private:
     std::uint64_t m_memberCount = 0;          // of those in their order
     std::optional<std::uint64_t> m_chosenRow; // by the last click or key
     KXToggleSwitchState m_allState = KXToggleSwitchState::On;
+    std::string m_typed; // in one go, where there is no line to search in
+    UXTimer m_typing{{}};
     bool m_hasAllRow = false;
     bool m_listsAnew = true;
     bool m_fillsAnew = true;

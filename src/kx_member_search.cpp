@@ -65,6 +65,24 @@ void KXMemberSearch::findMore()
         _scan();
 }
 
+std::optional<std::uint64_t> KXMemberSearch::findBeginning(const std::string& text,
+                                                           std::span<const std::uint64_t> order)
+{
+    const KXChartDataProviderUse use(m_user);
+    auto* provider = use.as<KXControlChartDataProvider>();
+    const std::vector<std::uint64_t> members(order.begin(), order.end());
+    const bool isThere = provider && _loadTexts(*provider) && use.isAlive();
+    if (!isThere || m_texts.size() != m_user.getMemberCount(0))
+        return std::nullopt;
+    const std::string wanted = kxFoldText(text);
+    for (std::uint64_t place = 0; place < m_texts.size(); ++place) {
+        const std::uint64_t member = place < members.size() ? members[place] : place;
+        if (member < m_texts.size() && m_texts[member].starts_with(wanted))
+            return member;
+    }
+    return std::nullopt;
+}
+
 /** @return false for "not yet" */
 bool KXMemberSearch::_askHost(KXControlChartDataProvider& provider)
 {

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -29,6 +31,10 @@ public:
     void begin(const std::string& text, bool hostFinds);
     /** Finds a further page, unless there is none or the host has it not yet. */
     void findMore();
+    /** @param order the members, those of the whole dimension in their order where it is empty
+     * @return the first one whose text begins so, none where there is none or the host has not all texts yet;
+     * it is asked, as above */
+    std::optional<std::uint64_t> findBeginning(const std::string& text, std::span<const std::uint64_t> order);
     /** What the host did not have has arrived. */
     void arrive();
     /** The members are others; what is looked for stays. */
