@@ -2,6 +2,8 @@
 
 #include "kx_chart.h"
 #include "ux/ux_event.h"
+#include "ux/ux_global_event_diagram.h"
+#include "ux/ux_input_delegate.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_message_right_click_param.h"
 #include "ux/ux_paint_clip.h"
@@ -158,6 +160,27 @@ void ViewControl::turnWheel(const UXControlPoint& point, const UXEvent& event)
         zoomIn(true, own);
     for (; m_wheelTurn >= 1; --m_wheelTurn)
         zoomOut(true, own);
+}
+
+void ViewControl::compose(const std::string& text, int caret)
+{
+    // What lies over the board has the keys before it.
+    UXDiagram& board = m_board.getDiagram();
+    std::vector<UXDiagram*> diagrams(board.getGlobalEventDiagrams().begin(),
+                                     board.getGlobalEventDiagrams().end());
+    diagrams.push_back(&board);
+    for (const UXDiagram* diagram : diagrams) {
+        auto* input = dynamic_cast<UXInputDelegate*>(diagram->getFocusedObject());
+        if (!input || !diagram->getVisible())
+            continue;
+        const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+        std::size_t position = 0;
+        for (int left = caret; position < text.size(); ++position)
+            if (begins(text[position]) && left-- <= 0)
+                break;
+        input->setInputComposition(text, position);
+        return;
+    }
 }
 
 void ViewControl::pressKey(const UXEvent& event)

@@ -45,6 +45,9 @@ public:
     /** With Ctrl it zooms; otherwise the board, or what lies under the pointer, scrolls. */
     void turnWheel(const UXControlPoint& point, const UXEvent& event);
     void pressKey(const UXEvent& event);
+    /** Shows what an input method composes where what is typed would go.
+     * @param caret in characters of text, which is UTF-8 */
+    void compose(const std::string& text, int caret);
 
     /** On: the board jumps where it would glide. */
     void setReduceMotion(bool reduceMotion) { m_reduceMotion = reduceMotion; }

@@ -153,6 +153,15 @@ double KXTextLine::_measure(std::size_t begin, std::size_t end) const
     return uxMeasureText(getInputText().substr(begin, end - begin), getTextProperty()).width;
 }
 
+/** @return how far the caret is from where the text begins, with what is composed before it */
+double KXTextLine::_measureCaret() const
+{
+    const std::string before = getInputText().substr(0, getCaretPosition());
+    return uxMeasureText(before + getInputComposition().substr(0, getInputCompositionCaret()),
+                         getTextProperty())
+        .width;
+}
+
 /** @return the position between characters that is nearest to the event's point */
 std::size_t KXTextLine::_obtainPosition(const UXEvent& event) const
 {
@@ -179,8 +188,9 @@ void KXTextLine::_showCaret()
         m_scroll = 0;
         return;
     }
-    const double width = _obtainTextRect().width, caret = _measure(0, getCaretPosition());
-    const double most = std::max(_measure(0, getInputText().size()) + 1 - width, 0.0);
+    const double width = _obtainTextRect().width, caret = _measureCaret();
+    const double whole = uxMeasureText(getInputText() + getInputComposition(), getTextProperty()).width;
+    const double most = std::max(whole + 1 - width, 0.0);
     m_scroll = std::clamp(std::clamp(m_scroll, caret + 1 - width, caret), 0.0, most);
     invalidate();
 }
@@ -219,7 +229,9 @@ void KXTextLine::_paintText(UXPainter& painter, const UXDoubleRect& rect) const
 {
     UXTextProperty property = getTextProperty();
     property.textColor = _obtainShownColor(property.textColor);
-    const std::string& text = getInputText();
+    std::string text = getInputText();
+    if (isFocused())
+        text.insert(getCaretPosition(), getInputComposition());
     const double left = rect.x - m_scroll;
     const double height = uxMeasureText("Wp", property).height, top = uxMidDoubleY(rect) - height / 2;
     if (text.empty()) {
@@ -228,7 +240,13 @@ void KXTextLine::_paintText(UXPainter& painter, const UXDoubleRect& rect) const
         painter.drawText(m_placeholder, rect, property);
     }
     const auto [begin, end] = getInputSelection();
-    if (isFocused() && begin != end) {
+    if (isFocused() && !getInputComposition().empty()) {
+        const double from = _measure(0, getCaretPosition());
+        const double length = uxMeasureText(getInputComposition(), property).width;
+        painter.setColor(property.textColor);
+        painter.addRectanglePath(left + from, top + height - 1, length, 1);
+        painter.fill();
+    } else if (isFocused() && begin != end) {
         UXColor selected = getAccentColor();
         selected.alpha *= selectionShare;
         painter.setColor(selected);
@@ -237,10 +255,11 @@ void KXTextLine::_paintText(UXPainter& painter, const UXDoubleRect& rect) const
         painter.fill();
     }
     if (!text.empty())
-        painter.drawText(text, {left, rect.y, _measure(0, text.size()) + 1, rect.height}, property);
+        painter.drawText(text, {left, rect.y, uxMeasureText(text, property).width + 1, rect.height},
+                         property);
     if (isFocused()) {
         painter.setColor(getTextProperty().textColor);
-        const double caret = left + _measure(0, getCaretPosition());
+        const double caret = left + _measureCaret();
         painter.drawVerticalLines(std::span(&caret, 1), top, top + height, 1);
     }
 }
@@ -311,6 +330,8 @@ void KXTextLine::inputTextChanged()
     _showCaret();
     call(m_changedHandler);
 }
+
+void KXTextLine::inputCompositionChanged() { _showCaret(); }
 
 void KXTextLine::inputCancelled()
 {

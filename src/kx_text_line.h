@@ -52,12 +52,14 @@ protected:
 
     // From UXInputDelegate
     void inputTextChanged() override;
+    void inputCompositionChanged() override;
     void inputCancelled() override;
 
 private:
     UXDoubleRect _obtainTextRect() const;
     UXDoubleRect _obtainClearRect() const;
     double _measure(std::size_t begin, std::size_t end) const;
+    double _measureCaret() const;
     std::size_t _obtainPosition(const UXEvent& event) const;
     void _showCaret();
     void _paintText(UXPainter& painter, const UXDoubleRect& rect) const;

@@ -8,6 +8,7 @@
 #include "ux/ux_clipboard.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <cmath>
 #include <functional>
@@ -245,6 +246,23 @@ TEST(KXTextLine, EditsWhatIsSelected)
         shown.insert(begin, "[");
         EXPECT_EQ(shown, c.expected);
     }
+    // What an input method composes is drawn at the caret with a line below, and is no text before it is
+    // typed.
+    Line composing;
+    composing.part->setText("one two");
+    composing.part->takeKeys();
+    type(Home)(composing);
+    composing.part->setInputComposition("\xE3\x81\x8B\xE3\x81\xAA", 4);
+    EXPECT_EQ(composing.part->getInputCompositionCaret(), 3U) << "between characters";
+    EXPECT_EQ(composing.part->getInputText(), "one two");
+    const std::string drawn = composing.paint();
+    EXPECT_EQ(uxFindMissing(drawn, {"addRectanglePath 7,", "\"\xE3\x81\x8B\xE3\x81\xAAone two\""}), "")
+        << drawn;
+    composing.part->setInputComposition("", 0);
+    EXPECT_EQ(composing.paint().find("\xE3"), std::string::npos) << "cancelled";
+    composing.part->setInputComposition("\xE3\x81\x8B", 3);
+    typed("\xE8\x8F\xAF")(composing);
+    EXPECT_EQ(composing.part->getInputText() + composing.part->getInputComposition(), "\xE8\x8F\xAFone two");
     // Where the host has a clipboard, that one counts.
     std::string hosts = "host's";
     uxSetClipboard([&] { return hosts; }, [&](const std::string& text) { hosts = text; });

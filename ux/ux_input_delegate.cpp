@@ -27,6 +27,14 @@ bool isTyped(const UXEvent& event)
            !isCommand;
 }
 
+std::size_t findCharacterBegin(const std::string& text, std::size_t position)
+{
+    position = std::min(position, text.size());
+    while (position > 0 && position < text.size() && continuesCharacter(text[position]))
+        --position;
+    return position;
+}
+
 } // namespace
 
 UXInputDelegate::UXInputDelegate(UXObject* owner) : m_owner(owner) {}
@@ -35,10 +43,27 @@ UXInputDelegate::~UXInputDelegate() = default;
 
 void UXInputDelegate::setInputText(const std::string& text)
 {
+    _endComposition();
     m_state = {text, text.size(), text.size()};
     m_undone.clear();
     m_redone.clear();
     m_isTyping = false;
+}
+
+void UXInputDelegate::setInputComposition(const std::string& text, std::size_t caret)
+{
+    if (text == m_composition && caret == m_compositionCaret)
+        return;
+    m_composition = text;
+    m_compositionCaret = findCharacterBegin(text, caret);
+    inputCompositionChanged();
+}
+
+/** Tells nobody, as what ends it changes the text anyway. */
+void UXInputDelegate::_endComposition()
+{
+    m_composition.clear();
+    m_compositionCaret = 0;
 }
 
 void UXInputDelegate::setCaretPosition(std::size_t position) { selectInputText(position, position); }
@@ -72,10 +97,7 @@ std::pair<std::size_t, std::size_t> UXInputDelegate::getInputSelection() const
 
 std::size_t UXInputDelegate::_obtainCharacterBegin(std::size_t position) const
 {
-    position = std::min(position, m_state.text.size());
-    while (position > 0 && position < m_state.text.size() && continuesCharacter(m_state.text[position]))
-        --position;
-    return position;
+    return findCharacterBegin(m_state.text, position);
 }
 
 bool UXInputDelegate::beginInput()
@@ -235,6 +257,8 @@ bool UXInputDelegate::shouldAcceptInput(const std::string&) { return true; }
 
 void UXInputDelegate::inputTextChanged() {}
 
+void UXInputDelegate::inputCompositionChanged() {}
+
 void UXInputDelegate::inputFinished() {}
 
 void UXInputDelegate::inputCancelled() {}
@@ -251,6 +275,7 @@ bool UXInputDelegate::_replace(std::size_t begin, std::size_t end, const std::st
     if (!shouldAcceptInput(candidate) || !owner.isAlive())
         return false;
     const bool goesOn = isTyped && m_isTyping && begin == end && !m_undone.empty();
+    _endComposition();
     State before = std::exchange(m_state, {std::move(candidate), begin + text.size(), begin + text.size()});
     if (!goesOn) {
         if (m_undone.size() >= greatestUndoCount)

@@ -41,6 +41,14 @@ public:
     std::pair<std::size_t, std::size_t> getInputSelection() const;
     bool hasInputSelection() const { return m_state.anchor != m_state.caret; }
 
+    // What an input method composes at the caret before it types it
+    /** Shows text in place of what was composed before; what is typed, and any other change, ends it.
+     * @param text empty to cancel
+     * @param caret a position in it, moved as those of the caret are */
+    void setInputComposition(const std::string& text, std::size_t caret);
+    const std::string& getInputComposition() const { return m_composition; }
+    std::size_t getInputCompositionCaret() const { return m_compositionCaret; }
+
     /** Makes the owner receive the keys of its diagram.
      *  @return false where it stands on none */
     bool beginInput();
@@ -68,6 +76,8 @@ protected:
     /** @return whether the text may become candidate; any may unless overridden */
     virtual bool shouldAcceptInput(const std::string& candidate);
     virtual void inputTextChanged();
+    /** Something else is composed, or nothing any more. */
+    virtual void inputCompositionChanged();
     /** Enter was pressed. */
     virtual void inputFinished();
     /** Escape was pressed. */
@@ -83,6 +93,7 @@ private:
     bool _goBack(std::vector<State>& from, std::vector<State>& to);
     void _moveCaret(std::size_t position, const UXEvent& event);
     bool _command(const UXEvent& event);
+    void _endComposition();
     std::size_t _obtainCharacterBegin(std::size_t position) const;
     std::size_t _obtainPrevious(std::size_t position) const;
     std::size_t _obtainNext(std::size_t position) const;
@@ -91,6 +102,8 @@ private:
 
     UXObjectWatcher m_owner;
     State m_state;
+    std::string m_composition;
+    std::size_t m_compositionCaret = 0;
     std::vector<State> m_undone, m_redone; // what the text was before each change, and after those taken back
     bool m_isTyping = false;               // the last change was a key's text, which the next one goes on
 };

@@ -150,6 +150,9 @@ void ViewWindow::_handle(const SDL_Event& event)
         m_control.keyDown(typed);
         break;
     }
+    case SDL_TEXTEDITING:
+        m_control.compose(event.edit.text, event.edit.start);
+        break;
     default:
         break;
     }
