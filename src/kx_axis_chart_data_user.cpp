@@ -141,6 +141,26 @@ double KXAxisChartDataUser::getValue(std::uint64_t series, std::uint64_t categor
     return category < values.size() ? values[category] : noNumber;
 }
 
+const std::vector<double>& KXAxisChartDataUser::getHighlightedParts(std::uint64_t series) const
+{
+    return series < m_series.size() ? m_series[series].parts.getAll() : noValues;
+}
+
+double KXAxisChartDataUser::getHighlightedPart(std::uint64_t series, std::uint64_t category) const
+{
+    return series < m_series.size() ? m_series[series].parts.obtainPart(category) : noNumber;
+}
+
+bool KXAxisChartDataUser::hasHighlightedParts() const
+{
+    return std::ranges::any_of(_getPulled(), [](const Series& series) { return series.parts.areTold(); });
+}
+
+double KXAxisChartDataUser::_getPulledPart(std::uint64_t series, std::uint64_t category) const
+{
+    return series < _getPulled().size() ? _getPulled()[series].parts.obtainPart(category) : noNumber;
+}
+
 bool KXAxisChartDataUser::isOwnSeries(std::uint64_t series) const
 {
     return series < m_series.size() && m_series[series].isOwn;
@@ -265,6 +285,8 @@ bool KXAxisChartDataUser::_pullSeries(KXAxisChartDataProvider& provider, Pulled&
         const bool hasNumbers = pulled.watcher.isCurrent() && _hasNumbers(provider, i, pulled);
         if (!pulled.watcher.isCurrent() || !_pullValues(provider, i, hasNumbers, pulled))
             return false;
+        if (hasNumbers && !_pullParts(provider, i, pulled))
+            return false;
     }
     return true;
 }
@@ -285,6 +307,17 @@ bool KXAxisChartDataUser::_pullValues(KXAxisChartDataProvider& provider, std::ui
         series.extremes.take(takeFinite(some));
     }
     return true;
+}
+
+/** The values of a series stand along the categories. */
+bool KXAxisChartDataUser::_pullParts(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled)
+{
+    const KXIndexPath first = provider.obtainSeriesValuePath(this, series, 0);
+    if (!pulled.watcher.isCurrent())
+        return false;
+    Series& own = pulled.series.back();
+    own.parts = KXHighlightedParts::pull(provider, this, first, 1, own.values);
+    return pulled.watcher.isCurrent();
 }
 
 /** Finds out which series are there for others. */
@@ -410,6 +443,8 @@ void KXAxisChartDataUser::_drawInstead(KXAxisChartDrawnData drawn)
         series.id = std::move(own.id);
         series.values = std::move(own.values);
         series.extremes = kxFindValueExtremes(series.values);
+        if (!own.parts.empty())
+            series.parts = KXHighlightedParts(std::move(own.parts), series.values);
     }
     m_ownSeriesCount = m_series.size();
     m_categoryCount = drawn.categories.size();

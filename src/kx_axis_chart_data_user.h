@@ -6,6 +6,7 @@
 #include "kx_chart_data_type.h"
 #include "kx_chart_data_user.h"
 #include "kx_data_requests.h"
+#include "kx_highlighted_parts.h"
 #include "kx_scatter_chart_options.h"
 #include "kx_value_extremes.h"
 
@@ -59,6 +60,12 @@ public:
      * ends of their bands. */
     bool isOwnSeries(std::uint64_t series) const;
     std::uint64_t getOwnSeriesCount() const { return m_ownSeriesCount; }
+    /** @return which part of a value belongs to what is chosen elsewhere; NaN where nothing is chosen */
+    double getHighlightedPart(std::uint64_t series, std::uint64_t category) const;
+    /** @return the parts of a series, one per category; empty where nothing is chosen */
+    const std::vector<double>& getHighlightedParts(std::uint64_t series) const;
+    /** @return whether something is chosen elsewhere, so that marks are drawn in part */
+    bool hasHighlightedParts() const;
     /** @return the values that colour a series, one per category; empty for none */
     const std::vector<double>& getColorValues(std::uint64_t series) const;
     /** @return where the points of a series lie along the X axis, one per category; empty where its marks
@@ -116,6 +123,7 @@ protected:
     const std::string& _getPulledSeriesLabel(std::uint64_t series) const;
     const std::string& _getPulledSeriesID(std::uint64_t series) const;
     const std::vector<double>& _getPulledValues(std::uint64_t series) const;
+    double _getPulledPart(std::uint64_t series, std::uint64_t category) const;
     /** @return which measure a series of the host is, and which member of the dimension that divides it */
     std::uint64_t _getPulledMeasure(std::uint64_t series) const;
     std::uint64_t _getPulledMember(std::uint64_t series) const;
@@ -140,6 +148,7 @@ private:
         std::string label;
         std::string id;
         std::vector<double> values;
+        KXHighlightedParts parts;
         KXValueExtremes extremes; // of all values
         std::uint64_t measure = 0, member = 0;
         bool isDivided = false; // it is that of a member
@@ -158,6 +167,7 @@ private:
     bool _pullSeries(KXAxisChartDataProvider& provider, Pulled& pulled);
     bool _hasNumbers(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled);
     bool _pullValues(KXAxisChartDataProvider& provider, std::uint64_t index, bool hasNumbers, Pulled& pulled);
+    bool _pullParts(KXAxisChartDataProvider& provider, std::uint64_t series, Pulled& pulled);
     bool _pullRoles(KXAxisChartDataProvider& provider, Pulled& pulled);
     static bool _pullMeasuresForOthers(KXAxisChartDataProvider& provider, KXChartDataUser* user,
                                        Pulled& pulled);

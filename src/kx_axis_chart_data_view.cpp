@@ -153,7 +153,8 @@ KXAxisChartStacks KXAxisChartDataView::_makeStacks() const
 {
     KXAxisChartStacks stacks;
     for (const std::uint64_t series : m_shownSeries)
-        stacks.series.push_back({series, m_chart->obtainPlottedValues(series)});
+        stacks.series.push_back(
+            {series, m_chart->obtainPlottedValues(series), {}, m_chart->getHighlightedParts(series)});
     stacks.form = obtainStacking();
     stacks.categoryNumbers = m_chart->getCategoryPlaces().getNumbers();
     stacks.categories = m_chart->getCategoryPlaces().getCategories();

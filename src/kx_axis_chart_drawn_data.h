@@ -11,6 +11,8 @@ struct KXAxisChartDrawnData {
         std::string label;
         std::string id;
         std::vector<double> values; /**< one a category; NaN for none, else finite */
+        std::vector<double>
+            parts; /**< of these what belongs to what is chosen elsewhere; empty for nothing */
     };
 
     std::vector<Series> series;

@@ -6,6 +6,7 @@
 #include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
+#include "kx_highlighted_parts.h"
 #include "kx_hint_text.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
@@ -315,8 +316,11 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
             ++info.omittedRowCount;
             return;
         }
+        std::string text = obtainValueText(series, value);
+        if (const double part = getHighlightedPart(series, category); !std::isnan(part))
+            text = KXHighlightedParts::tellPart(obtainValueText(series, part), text);
         UXHintRowInfo& row = info.addRow(obtainSeriesColor(series), obtainLegendSymbolStyle(series),
-                                         getSeriesLabel(series), obtainValueText(series, value));
+                                         getSeriesLabel(series), text);
         row.showSymbol = true;
         if (KXAxisChartDataView* view = obtainViewOfSeries(series))
             view->fillHintRow(row, {series, category});

@@ -40,6 +40,7 @@ struct KX_EXPORT KXAxisChartStacks {
         std::uint64_t index = 0;                     /**< by which the chart knows it */
         std::span<const double> values;              /**< one a category, finite; NaN, or none, for a null */
         std::span<const KXAxisChartSpan> spans = {}; /**< of floating marks one a category, finite */
+        std::span<const double> parts = {}; /**< of the values what is drawn in full; empty for all of it */
     };
 
     std::vector<Series> series; /**< those that are shown, the first one next to zero */

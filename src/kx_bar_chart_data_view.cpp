@@ -4,6 +4,7 @@
 #include "kx_bar_chart_property.h"
 #include "kx_bar_chart_records.h"
 #include "kx_density_room.h"
+#include "kx_highlighted_parts.h"
 #include "kx_key_definitions.h"
 #include "kx_readable_color.h"
 #include "kx_whiskers.h"
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -90,6 +92,7 @@ void KXBarChartDataView::reload()
 {
     m_made->texts.clear();
     m_made->layout = {};
+    m_made->shares.clear();
     m_made->whiskers.clear();
     m_made->barColors.clear();
     m_made->labels.clear();
@@ -134,7 +137,55 @@ void KXBarChartDataView::placeBars(const KXAxisChartStacks& source, const KXBarP
     m_made->widestSlot = 0;
     for (const KXBarSlot& slot : m_made->layout.slots)
         m_made->widestSlot = std::max(m_made->widestSlot, slot.end - slot.start);
+    _takeShares();
     m_made->areBarsInOrder = std::ranges::is_sorted(m_made->layout.slots, {}, &KXBarSlot::firstBar);
+}
+
+/** Of each bar the share that belongs to what is chosen elsewhere. */
+void KXBarChartDataView::_takeShares()
+{
+    m_made->shares.clear();
+    if (!getChart() || !getChart()->hasHighlightedParts())
+        return;
+    m_made->shares.reserve(m_made->layout.bars.size());
+    for (const KXBar& bar : m_made->layout.bars) {
+        const auto& [series, category] = bar.mark;
+        m_made->shares.push_back(KXHighlightedParts::obtainShare(
+            getChart()->getHighlightedPart(series, category), getChart()->getValue(series, category)));
+    }
+}
+
+double KXBarChartDataView::obtainFullShare(std::size_t bar) const
+{
+    return bar < m_made->shares.size() ? m_made->shares[bar] : 1;
+}
+
+/** @return the part of a bar that is drawn in full: from where it begins on */
+UXDoubleRect KXBarChartDataView::_obtainFullPart(std::size_t bar, const UXDoubleRect& rect) const
+{
+    if (obtainFullShare(bar) >= 1)
+        return rect;
+    const KXBar& own = m_made->layout.bars[bar];
+    const KXBarPlane& plane = m_made->plane;
+    KXAxisChartInterval along = plane.obtainAlong(rect);
+    const double length = along.obtainLength() * obtainFullShare(bar);
+    if (plane.growsForwards() == (own.to >= own.from))
+        along.end = along.start + length;
+    else
+        along.start = along.end - length;
+    return plane.makeRect(plane.obtainAcross(rect), along);
+}
+
+/** @return what a text on the bar is read on */
+UXColor KXBarChartDataView::_obtainTextGround(std::size_t bar, const UXColor& color) const
+{
+    return KXHighlightedParts::obtainTextGround(color, obtainFullShare(bar),
+                                                getChart()->obtainDimmedOpacity());
+}
+
+UXColor KXBarChartDataView::_obtainLight(const UXColor& color) const
+{
+    return KXHighlightedParts::obtainLightColor(color, getChart()->obtainDimmedOpacity());
 }
 
 std::vector<KXAxisChartMark> KXBarChartDataView::obtainSingleMarks() const
@@ -164,8 +215,11 @@ void KXBarChartDataView::updateLook()
     for (const KXBar& bar : m_made->layout.bars)
         m_made->barColors.push_back(obtainBarColor(bar.mark));
     for (KXBarLabel& label : m_made->labels)
-        if (label.mark && label.isReadOnBar)
-            label.property.textColor = kxObtainReadableColor(obtainBarColor(*label.mark));
+        if (label.mark && label.isReadOnBar) {
+            const auto bar = std::ranges::find(m_made->layout.bars, *label.mark, &KXBar::mark);
+            label.property.textColor = kxObtainReadableColor(_obtainTextGround(
+                static_cast<std::size_t>(bar - m_made->layout.bars.begin()), obtainBarColor(*label.mark)));
+        }
 }
 
 double KXBarChartDataView::_obtainPlaceAcross(UXPoint point) const
@@ -315,9 +369,23 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
         }
         batches.clear();
     };
-    std::vector<std::pair<UXDoubleRect, KXChartItemLook>> standingOut;
-    const bool isHighlighting = getChart()->isHighlighting();
     std::size_t last = 0;
+    const auto add = [&](const UXColor& color, const UXDoubleRect& rect) {
+        if (last >= batches.size() || batches[last].first != color) {
+            const auto found = std::ranges::find(batches, color,
+                                                 [](const auto& batch) { return batch.first; });
+            last = static_cast<std::size_t>(found - batches.begin());
+            if (found == batches.end()) {
+                if (batches.size() == greatestBatchCount)
+                    drawAll();
+                last = batches.size();
+                batches.push_back({color, {}});
+            }
+        }
+        batches[last].second.push_back(rect);
+    };
+    std::vector<std::tuple<std::size_t, UXDoubleRect, KXChartItemLook>> standingOut;
+    const bool isHighlighting = getChart()->isHighlighting();
     const auto [first, end] = _findBars(dirtyRect);
     for (std::size_t i = first; i < end; ++i) {
         const KXBar& bar = m_made->layout.bars[i];
@@ -326,25 +394,19 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
             look = getChart()->obtainMarkLook(bar.mark, m_made->barColors[i]);
         const UXDoubleRect rect = moves ? device.snapAcross(bar.rect) : bar.rect;
         if (look.standsOut()) {
-            standingOut.emplace_back(rect, look);
+            standingOut.emplace_back(i, rect, look);
             continue;
         }
-        if (last >= batches.size() || batches[last].first != look.fill) {
-            const auto found = std::ranges::find(batches, look.fill,
-                                                 [](const auto& batch) { return batch.first; });
-            last = static_cast<std::size_t>(found - batches.begin());
-            if (found == batches.end()) {
-                if (batches.size() == greatestBatchCount)
-                    drawAll();
-                last = batches.size();
-                batches.push_back({look.fill, {}});
-            }
+        if (obtainFullShare(i) >= 1) {
+            add(look.fill, rect);
+            continue;
         }
-        batches[last].second.push_back(rect);
+        add(_obtainLight(look.fill), rect);
+        add(look.fill, _obtainFullPart(i, rect));
     }
     drawAll();
-    for (const auto& [rect, look] : standingOut)
-        _paintStandingOut(painter, rect, look);
+    for (const auto& [bar, rect, look] : standingOut)
+        _paintStandingOut(painter, bar, rect, look);
     if (!m_made->whiskers.empty()) {
         painter.setColor(getChart()->obtainTextColor(std::nullopt, whiskerColor));
         painter.setLineWidth(whiskerWidth);
@@ -353,12 +415,17 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
 }
 
 /** Over the others, which it may reach over. */
-void KXBarChartDataView::_paintStandingOut(UXPainter& painter, const UXDoubleRect& rect,
+void KXBarChartDataView::_paintStandingOut(UXPainter& painter, std::size_t bar, const UXDoubleRect& rect,
                                            const KXChartItemLook& look) const
 {
     const UXDoubleRect drawn = obtainEnlargedRect(rect, look);
+    const UXDoubleRect part = _obtainFullPart(bar, drawn);
+    if (obtainFullShare(bar) < 1) {
+        painter.setColor(_obtainLight(look.fill));
+        painter.drawRects({&drawn, 1});
+    }
     painter.setColor(look.fill);
-    painter.drawRects({&drawn, 1});
+    painter.drawRects({&part, 1});
     if (look.line.alpha <= 0)
         return;
     painter.setColor(look.line);

@@ -49,6 +49,9 @@ public:
     bool isDense() const;
     /** @return the colour of a bar: the host's, else its category's or its series' */
     UXColor obtainBarColor(const KXAxisChartMark& mark) const;
+    /** @return the share of a bar that belongs to what is chosen elsewhere and is drawn in full: all of it,
+     * 1, where nothing is chosen */
+    double obtainFullShare(std::size_t bar) const;
 
     /** Places the bars anew. Nothing of source is kept. */
     void placeBars(const KXAxisChartStacks& source, const KXBarPlane& plane);
@@ -112,7 +115,12 @@ private:
     /** @return the bars to be painted of what lies in rect, by their indexes: the first and the one after the
      * last */
     std::pair<std::size_t, std::size_t> _findBars(const UXRect& rect) const;
-    void _paintStandingOut(UXPainter& painter, const UXDoubleRect& rect, const KXChartItemLook& look) const;
+    void _takeShares();
+    UXDoubleRect _obtainFullPart(std::size_t bar, const UXDoubleRect& rect) const;
+    UXColor _obtainTextGround(std::size_t bar, const UXColor& color) const;
+    UXColor _obtainLight(const UXColor& color) const;
+    void _paintStandingOut(UXPainter& painter, std::size_t bar, const UXDoubleRect& rect,
+                           const KXChartItemLook& look) const;
 
     // Labels
     void _requestTotals(const KXAxisChartStacks& source, LabelRequests& requests) const;

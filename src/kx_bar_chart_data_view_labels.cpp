@@ -161,7 +161,7 @@ void KXBarChartDataView::_requestBarLabel(const KXAxisChartStacks& source, std::
     request.text = m_made->texts.obtainText(*getChart(), source, bar.mark, position,
                                             m_property->getLabelDisplayOption(), obtainValue(bar.mark));
     request.property = m_property->getLabelProperty();
-    request.barColor = m_made->barColors[index];
+    request.barColor = _obtainTextGround(index, m_made->barColors[index]);
     request.isExtreme = isExtreme;
     request.canStandOutside = _canStandOutside(index);
     const UXColor usualColor = request.property.textColor;

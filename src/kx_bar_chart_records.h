@@ -19,6 +19,7 @@ struct KXBarChartRecords {
     double widestSlot = 0;
     bool areBarsInOrder = true; /**< of the slots */
     std::vector<KXBarLabel> labels;
+    std::vector<double> shares; /**< what is drawn in full, one a bar; empty where all are drawn so */
     std::vector<UXDoublePoint> whiskers; /**< one line with gaps */
 
     // By the look

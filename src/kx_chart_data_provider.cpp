@@ -144,3 +144,9 @@ KXChartToolboxMenuContext* KXChartDataProvider::obtainDataDropDownMenuContext(KX
 {
     return nullptr;
 }
+
+bool KXChartDataProvider::obtainHighlightedValues(KXChartDataUser*, const KXIndexPath&, std::size_t,
+                                                  std::span<double>)
+{
+    return false;
+}

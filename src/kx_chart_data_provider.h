@@ -8,8 +8,10 @@
 #include "kx_index_path.h"
 #include "kx_interaction_provider.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -99,4 +101,11 @@ public:
     virtual bool obtainDataShouldDropDownMenu(KXChartDataUser* user, KXChartDataPath* path);
     virtual KXChartToolboxMenuContext* obtainDataDropDownMenuContext(KXChartDataUser* user,
                                                                      KXChartDataPath* path);
+
+    /** Tells which part of each value belongs to what is chosen elsewhere; the chart draws it in full over
+     * the whole in light. Sets parts[i] to that of the value at first with i added to its index along, NaN
+     * for none. Asked when the values are.
+     *  @return whether something is chosen; by default not, so that values stand as they are */
+    virtual bool obtainHighlightedValues(KXChartDataUser* user, const KXIndexPath& first, std::size_t along,
+                                         std::span<double> parts);
 };

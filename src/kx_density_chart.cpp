@@ -56,6 +56,9 @@ UXColor KXDensityChart::_obtainItemColor(const KXChartItem& item) const
     return obtainGroupColor(_obtainRow(item));
 }
 
+/** Bins count values; none is a value of which there is a part. */
+double KXDensityChart::_obtainFullShare(const KXChartItem&) const { return 1; }
+
 KXObjectID KXDensityChart::_obtainGroupObjectID(std::uint64_t group) const
 {
     return KXObjectID::instance().path(kxCreateObjectIDPath(std::string("Row"))).index(group);

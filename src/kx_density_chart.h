@@ -97,6 +97,7 @@ protected:
     void _requestLabels(const KXLabelPlacer& placer, std::vector<KXLabelRequest>& requests) const override;
     std::vector<std::uint64_t> _obtainNamedMembers(std::uint64_t dimension) const override;
     UXColor _obtainItemColor(const KXChartItem& item) const override;
+    double _obtainFullShare(const KXChartItem& item) const override;
     std::vector<UXColor> _obtainUsualColors() const override;
     std::string _obtainItemKind() const override;
     KXObjectID _obtainGroupObjectID(std::uint64_t group) const override;

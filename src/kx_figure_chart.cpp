@@ -3,6 +3,7 @@
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_figure_drawing.h"
+#include "kx_highlighted_parts.h"
 #include "kx_key_definitions.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_painter.h"
@@ -74,6 +75,10 @@ std::uint64_t KXFigureChart::obtainLegendCellSize() { return 0; }
 std::string KXFigureChart::_obtainItemKind() const { return "Panel"; }
 UXHintInfo KXFigureChart::_obtainHintLook() const { return m_hintInfo; }
 UXColor KXFigureChart::_obtainItemColor(const KXChartItem&) const { return m_panelColor; }
+double KXFigureChart::_obtainFullShare(const KXChartItem&) const
+{
+    return 1;
+} // a line below the figures tells
 double KXFigureChart::_obtainGap() const { return bound(m_panelGap, greatestGap); }
 
 double KXFigureChart::_obtainPadding() const
@@ -337,6 +342,15 @@ void KXFigureChart::_placeText(const KXFigureLine& line, const Text& said, const
 
 void KXFigureChart::_paintOverItems(UXPainter& painter) const
 {
+    for (const KXPanelItem& item : getLaidOutItems())
+        if (const UXDoubleRect* rect = item.shape.obtainRect();
+            rect && !std::isnan(obtainItemPart(item.item)) && rect->height > KXHighlightedParts::lineHeight)
+            KXHighlightedParts::paintLine(painter,
+                                          {rect->x, rect->y + rect->height - KXHighlightedParts::lineHeight,
+                                           rect->width, KXHighlightedParts::lineHeight},
+                                          KXMemberPanelChart::_obtainFullShare(item.item),
+                                          _obtainDrawnColor(item.item, m_valueProperty.textColor),
+                                          obtainDimmedOpacity());
     for (const PlacedText& placed : m_texts) {
         UXTextProperty property = placed.property;
         property.textColor = _obtainDrawnColor(placed.item, property.textColor);

@@ -130,6 +130,7 @@ protected:
     std::vector<KXPanelItem> _layoutItems(const UXRect& area) override;
     std::vector<std::uint64_t> _obtainNamedMembers(std::uint64_t dimension) const override;
     UXColor _obtainItemColor(const KXChartItem& item) const override;
+    double _obtainFullShare(const KXChartItem& item) const override;
     std::string _obtainItemKind() const override;
     UXHintInfo _obtainHintLook() const override;
     void _paintOverItems(UXPainter& painter) const override;

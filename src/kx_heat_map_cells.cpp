@@ -1,5 +1,7 @@
 #include "kx_heat_map_cells.h"
 
+#include "kx_highlighted_parts.h"
+
 #include <cmath>
 #include <limits>
 
@@ -8,6 +10,14 @@ double KXHeatMapCells::obtainValue(const KXGridCell& cell) const
     if (cell.row >= rowCount || cell.column >= columnCount)
         return std::numeric_limits<double>::quiet_NaN();
     return values[cell.row * columnCount + cell.column];
+}
+
+double KXHeatMapCells::obtainFullShare(const KXGridCell& cell) const
+{
+    const std::uint64_t index = cell.row * columnCount + cell.column;
+    return cell.column < columnCount && index < parts.size()
+               ? KXHighlightedParts::obtainShare(parts[index], obtainValue(cell))
+               : 1;
 }
 
 bool KXHeatMapCells::isStronger(double value, double other) const

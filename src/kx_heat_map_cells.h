@@ -11,12 +11,15 @@
 /** The values of a heat map, or of its totals, and the colours that stand for them. */
 struct KX_EXPORT KXHeatMapCells {
     std::span<const double> values; /**< row after row, NaN for a null; whose they are keeps them */
+    std::span<const double> parts;  /**< of the values what is drawn in full; empty for all of it */
     std::uint64_t rowCount = 0, columnCount = 0; /**< as many as there are values */
     KXGradientScale scale;
     std::optional<double> middle; /**< what values are compared with; none: the more the stronger */
 
     /** @return NaN past the counts */
     double obtainValue(const KXGridCell& cell) const;
+    /** @return what of a cell is drawn in full, 0 to 1 */
+    double obtainFullShare(const KXGridCell& cell) const;
     /** @return whether a value shows rather than another one where there is no room for both; a null never
      * does */
     bool isStronger(double value, double other) const;

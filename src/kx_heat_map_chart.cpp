@@ -507,6 +507,10 @@ std::string KXHeatMapChart::_obtainName(std::uint64_t dimension, std::uint64_t m
 std::string KXHeatMapChart::_writeValue(const KXChartItem& item) const
 {
     std::string text = m_dataFormat->formatNumber(obtainItemValue(item));
+    const double part = item.kind == cellKind ? getHighlightedPart(0, _obtainCell({item.group, item.index}))
+                                              : noNumber;
+    if (!std::isnan(part))
+        text = KXHighlightedParts::tellPart(m_dataFormat->formatNumber(part), text);
     const KXHeatMapContentPanel& content = m_panel->getContentPanel();
     if (item.kind != cellKind || !content.isMerged())
         return text;

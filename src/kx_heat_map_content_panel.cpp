@@ -1,6 +1,7 @@
 #include "kx_heat_map_content_panel.h"
 
 #include "kx_heat_map_raster.h"
+#include "kx_highlighted_parts.h"
 #include "kx_pixel_grid.h"
 #include "kx_readable_color.h"
 #include "ux/ux_device_transform.h"
@@ -28,10 +29,9 @@ constexpr UXColor hatchColor(205, 205, 212);
 constexpr UXColor darkRing(33, 33, 33), lightRing(255, 255, 255);
 constexpr double ringWidth = 2, leastRingExtent = 6;
 
-UXColor dim(UXColor color, double opacity)
+UXColor dim(const UXColor& color, double opacity)
 {
-    color.alpha *= opacity;
-    return color;
+    return KXHighlightedParts::obtainLightColor(color, opacity);
 }
 
 /** Adds the slanted lines of a rectangle, which go on in those beside it. */
@@ -73,8 +73,7 @@ void KXHeatMapContentPanel::setScale(const KXGradientScale& scale)
     _drawCells();
     for (KXHeatMapLabel& label : m_labels)
         if (m_style.autoLabelColor)
-            label = {label.getCell(), label.getText(), label.getRect(),
-                     kxObtainReadableColor(obtainColor(label.getCell()))};
+            label = {label.getCell(), label.getText(), label.getRect(), _obtainLabelColor(label.getCell())};
     invalidate();
 }
 
@@ -227,10 +226,16 @@ void KXHeatMapContentPanel::_placeLabels(const KXGridBlock& seen)
                 continue; // or most of it would be cut where the panel ends
             const UXDoubleRect place(rect.x + (rect.width - _obtainGap() - width) / 2,
                                      rect.y + (rect.height - _obtainGap() - height) / 2, width, height);
-            const UXColor& color = m_style.autoLabelColor ? kxObtainReadableColor(obtainColor(cell))
-                                                          : m_style.labelProperty.textColor;
-            m_labels.emplace_back(cell, std::move(text), place, color);
+            m_labels.emplace_back(cell, std::move(text), place,
+                                  m_style.autoLabelColor ? _obtainLabelColor(cell)
+                                                         : m_style.labelProperty.textColor);
         }
+}
+
+UXColor KXHeatMapContentPanel::_obtainLabelColor(const KXGridCell& cell) const
+{
+    return kxObtainReadableColor(KXHighlightedParts::obtainTextGround(
+        obtainColor(cell), m_cells.obtainFullShare(cell), m_style.lightOpacity));
 }
 
 bool KXHeatMapContentPanel::_standsOut(const KXGridCell& cell) const
@@ -255,8 +260,15 @@ void KXHeatMapContentPanel::_paintRects(UXPainter& painter, const UXRect& dirtyR
         if (!uxIntersectsRect(uxSurroundingRect(drawn.rect), dirtyRect))
             continue;
         const bool isFull = m_highlight.restOpacity >= 1 || _standsOut(drawn.cell);
-        painter.setColor(isFull ? drawn.color : dim(drawn.color, m_highlight.restOpacity));
+        const UXColor color = isFull ? drawn.color : dim(drawn.color, m_highlight.restOpacity);
+        const double share = m_cells.obtainFullShare(drawn.cell);
+        painter.setColor(share < 1 ? dim(color, m_style.lightOpacity) : color);
         painter.drawRects({&drawn.rect, 1});
+        if (share >= 1)
+            continue;
+        const UXDoubleRect part(drawn.rect.x, drawn.rect.y, drawn.rect.width * share, drawn.rect.height);
+        painter.setColor(color);
+        painter.drawRects({&part, 1});
     }
     if (m_hatch.empty())
         return;

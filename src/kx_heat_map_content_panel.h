@@ -25,6 +25,7 @@ struct KXHeatMapCellStyle {
     bool showsLabels = false;
     UXTextProperty labelProperty;
     bool autoLabelColor = true; /**< dark or white, whichever can be read on the cell */
+    double lightOpacity = 1;    /**< of cells that are drawn in part, beside that part */
 };
 
 /**
@@ -72,6 +73,7 @@ private:
         UXColor color; // clear for a null
     };
 
+    UXColor _obtainLabelColor(const KXGridCell& cell) const;
     double _obtainGap() const;
     void _drawCells();
     void _drawRects(const KXGridBlock& seen, const KXPixelGrid& grid);

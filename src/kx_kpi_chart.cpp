@@ -259,8 +259,9 @@ KXChartDataProviderHintData KXKpiChart::_describeItem(const KXChartItem& item)
         add(_obtainDifferenceText(panel));
     }
     add(m_statusWords[static_cast<std::size_t>(obtainStatus(item.group))]);
-    return told.empty() ? KXChartDataProviderHintData(std::move(title), _obtainValueText(panel))
-                        : KXChartDataProviderHintData(std::move(title), _obtainValueText(panel), told);
+    std::string value = _tellPart(item, _obtainValueText(panel));
+    return told.empty() ? KXChartDataProviderHintData(std::move(title), std::move(value))
+                        : KXChartDataProviderHintData(std::move(title), std::move(value), told);
 }
 
 void KXKpiChart::_paintOverItems(UXPainter& painter) const

@@ -125,8 +125,10 @@ private:
     // Paint
     double _obtainOpacity(std::uint64_t series) const;
     void _paintBand(UXPainter& painter, std::size_t position) const;
-    void _paintArea(UXPainter& painter, std::size_t position) const;
-    void _paintLine(UXPainter& painter, std::size_t position) const;
+    const KXLineShape* _findPart(std::size_t position) const;
+    double _obtainWholeOpacity(std::size_t position) const;
+    void _paintArea(UXPainter& painter, std::size_t position, const KXLineShape& shape, double opacity) const;
+    void _paintLine(UXPainter& painter, std::size_t position, const KXLineShape& shape, double opacity) const;
     void _paintPoints(UXPainter& painter, std::size_t position) const;
     void _paintHighlighted(UXPainter& painter) const;
     void _addStandingOut(KXLines& lines, const KXAxisChartMark& mark) const;

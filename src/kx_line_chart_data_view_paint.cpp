@@ -2,6 +2,7 @@
 
 #include "kx_axis_chart_property.h"
 #include "kx_chart_item_look.h"
+#include "kx_highlighted_parts.h"
 #include "kx_line_chart_property.h"
 #include "kx_line_point.h"
 #include "kx_line_segment.h"
@@ -35,11 +36,17 @@ void KXLineChartDataView::paint(UXPainter& painter, const UXRect&) const
 {
     const UXPainterState state(painter);
     for (std::size_t position = 0; position < m_colors.size(); ++position) {
-        _paintArea(painter, position);
+        const double opacity = _obtainOpacity(getShownSeries()[position]);
+        _paintArea(painter, position, m_layout.shapes[position], _obtainWholeOpacity(position));
+        if (const KXLineShape* part = _findPart(position))
+            _paintArea(painter, position, *part, opacity);
         _paintBand(painter, position);
     }
     for (std::size_t position = 0; position < m_colors.size(); ++position) {
-        _paintLine(painter, position);
+        const double opacity = _obtainOpacity(getShownSeries()[position]);
+        _paintLine(painter, position, m_layout.shapes[position], _obtainWholeOpacity(position));
+        if (const KXLineShape* part = _findPart(position))
+            _paintLine(painter, position, *part, opacity);
         _paintPoints(painter, position);
     }
     _paintHighlighted(painter);
@@ -51,6 +58,23 @@ double KXLineChartDataView::_obtainOpacity(std::uint64_t series) const
     return chart.isHighlighting() && !chart.isSeriesHighlighted(series)
                ? std::clamp(chart.getAxisChartProperty()->getDimmedOpacity(), 0.0, 1.0)
                : 1;
+}
+
+/** @return what is drawn in full of a series that is drawn in part; null for one that is not */
+const KXLineShape* KXLineChartDataView::_findPart(std::size_t position) const
+{
+    const bool isPart = position < m_layout.parts.size() && !m_layout.parts[position].line.points.empty();
+    return isPart ? &m_layout.parts[position] : nullptr;
+}
+
+/** The whole gives way to the part of it that belongs to what is chosen elsewhere. */
+double KXLineChartDataView::_obtainWholeOpacity(std::size_t position) const
+{
+    const double opacity = _obtainOpacity(getShownSeries()[position]);
+    return _findPart(position)
+               ? KXHighlightedParts::obtainLightColor({0, 0, 0, opacity}, getChart()->obtainDimmedOpacity())
+                     .alpha
+               : opacity;
 }
 
 void KXLineChartDataView::_paintBand(UXPainter& painter, std::size_t position) const
@@ -69,28 +93,27 @@ void KXLineChartDataView::_paintBand(UXPainter& painter, std::size_t position) c
     painter.drawPolygons(m_bands[position]);
 }
 
-void KXLineChartDataView::_paintArea(UXPainter& painter, std::size_t position) const
+void KXLineChartDataView::_paintArea(UXPainter& painter, std::size_t position, const KXLineShape& shape,
+                                     double opacity) const
 {
-    const auto& fills = m_layout.shapes[position].fills;
-    if (fills.empty())
+    if (shape.fills.empty())
         return;
     const double usual = m_edges.isStacked() ? stackedFillOpacity : usualFillOpacity;
     const double own = m_property->getFillOpacity();
-    m_colors[position].use(painter, m_frame,
-                           (own < 0 ? usual : std::min(own, 1.0)) *
-                               _obtainOpacity(getShownSeries()[position]));
-    painter.drawPolygons(fills);
+    m_colors[position].use(painter, m_frame, (own < 0 ? usual : std::min(own, 1.0)) * opacity);
+    painter.drawPolygons(shape.fills);
 }
 
-void KXLineChartDataView::_paintLine(UXPainter& painter, std::size_t position) const
+void KXLineChartDataView::_paintLine(UXPainter& painter, std::size_t position, const KXLineShape& shape,
+                                     double opacity) const
 {
     const std::uint64_t series = getShownSeries()[position];
-    const std::vector<UXDoublePoint>& points = m_layout.shapes[position].line.points;
+    const std::vector<UXDoublePoint>& points = shape.line.points;
     if (!(_obtainLineWidth(series) > 0) || points.size() < 2)
         return;
     KXLinePen pen = _obtainPen(series);
-    const std::vector<KXLinePiece>& pieces = m_layout.shapes[position].line.pieces;
-    m_colors[position].use(painter, m_frame, _obtainOpacity(series));
+    const std::vector<KXLinePiece>& pieces = shape.line.pieces;
+    m_colors[position].use(painter, m_frame, opacity);
     if (!pen.isDashed() || pieces.empty()) {
         pen.use(painter);
         painter.drawPolyline(points);
@@ -112,7 +135,7 @@ void KXLineChartDataView::_paintPoints(UXPainter& painter, std::size_t position)
     if (range.empty())
         return;
     painter.setLineDash(std::vector<double>());
-    const double opacity = _obtainOpacity(series);
+    const double opacity = _obtainWholeOpacity(position);
     const auto obtainColor = [&](auto point) {
         return m_pointColors[static_cast<std::size_t>(point - m_points.begin())];
     };

@@ -1,5 +1,7 @@
 #include "kx_line_edges.h"
 
+#include "kx_highlighted_parts.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -16,8 +18,12 @@ void KXLineEdges::take(const KXAxisChartStacks& source, KXLineNullHandling nulls
         placeCount = std::max(placeCount, series.values.size());
     if (!source.categoryNumbers.empty())
         placeCount = std::min(placeCount, source.categoryNumbers.size());
-    const Form form{source.form, nulls == KXLineNullHandling::Zero, source.series.size(), placeCount};
-    if (!m_isMade || form != m_form) {
+    const bool hasParts = std::ranges::any_of(
+        source.series, [](const KXAxisChartStacks::Series& series) { return !series.parts.empty(); });
+    const Form form{source.form, nulls == KXLineNullHandling::Zero, hasParts, source.series.size(),
+                    placeCount};
+    const bool isNew = !m_isMade || form != m_form;
+    if (isNew) {
         clear();
         m_isMade = true;
         m_form = form;
@@ -34,6 +40,8 @@ void KXLineEdges::take(const KXAxisChartStacks& source, KXLineNullHandling nulls
             m_lines[i] = source.series[i].values.first(std::min(placeCount, source.series[i].values.size()));
             m_bands[i] = {{{}, m_lines[i]}};
         }
+    if (isNew && hasParts)
+        _makeParts(source);
     m_places.categoryNumbers = source.categoryNumbers;
     m_places.first = std::min<std::uint64_t>(source.first, placeCount);
     m_places.end = std::min<std::uint64_t>(source.end, placeCount);
@@ -118,6 +126,42 @@ void KXLineEdges::_makeSums(const KXAxisChartStacks& source, const std::vector<b
             m_own[own + 2][place] = isBelow ? below : above;
         }
     }
+}
+
+/** Where a series is divided into what is drawn in full, from where it begins on, and the rest. */
+void KXLineEdges::_makeParts(const KXAxisChartStacks& source)
+{
+    m_partLines.resize(m_lines.size());
+    m_partBands.resize(m_lines.size());
+    for (std::size_t position = 0; position < m_lines.size(); ++position) {
+        if (source.series[position].parts.empty())
+            continue;
+        for (const Band& band : m_bands[position]) {
+            std::vector<double> heights(m_lines[position].size());
+            for (std::size_t place = 0; place < heights.size(); ++place)
+                heights[place] = _obtainPartHeight(source, position, band, place);
+            m_partBands[position].push_back({band.lower, m_partHeights.emplace_back(std::move(heights))});
+        }
+        // The line is that of the side on which the value lies.
+        std::vector<double> line(m_lines[position].size());
+        for (std::size_t place = 0; place < line.size(); ++place) {
+            const bool isBelow = source.obtainValue(position, obtainCategory(place)) < 0;
+            const std::vector<Band>& parts = m_partBands[position];
+            line[place] = (isBelow ? parts.back() : parts.front()).upper[place];
+        }
+        m_partLines[position] = m_partHeights.emplace_back(std::move(line));
+    }
+}
+
+double KXLineEdges::_obtainPartHeight(const KXAxisChartStacks& source, std::size_t position, const Band& band,
+                                      std::size_t place) const
+{
+    const std::uint64_t category = obtainCategory(place);
+    const std::span<const double> parts = source.series[position].parts;
+    const double share = KXHighlightedParts::obtainShare(category < parts.size() ? parts[category] : 0,
+                                                         source.obtainValue(position, category));
+    const double lower = place < band.lower.size() ? band.lower[place] : 0;
+    return lower + share * (band.upper[place] - lower);
 }
 
 std::uint64_t KXLineEdges::obtainCategory(std::size_t place) const

@@ -40,6 +40,12 @@ public:
     Heights getLine(std::size_t position) const { return m_lines[position]; }
     /** @return one band, or, stacked with values on both sides of zero, one on each side */
     const std::vector<Band>& getBands(std::size_t position) const { return m_bands[position]; }
+    /** @return whether some series are drawn in part */
+    bool hasParts() const { return m_form.hasParts; }
+    /** @return what is drawn in full of a series: where that ends; empty where it is all of it */
+    Heights getPartLine(std::size_t position) const { return m_partLines[position]; }
+    /** @return the same of its bands */
+    const std::vector<Band>& getPartBands(std::size_t position) const { return m_partBands[position]; }
     bool isStacked() const { return m_form.stacking != KXAxisChartStacking::Plain; }
 
     std::size_t getPlaceCount() const { return m_placeCount; }
@@ -53,6 +59,7 @@ private:
     struct Form {
         KXAxisChartStacking stacking = KXAxisChartStacking::Plain;
         bool hasZeros = false; // in place of nulls
+        bool hasParts = false;
         std::size_t seriesCount = 0, placeCount = 0;
 
         friend bool operator==(const Form&, const Form&) = default;
@@ -61,6 +68,9 @@ private:
     void _makeLines(const KXAxisChartStacks& source);
     void _makeStacks(const KXAxisChartStacks& source);
     void _makeSums(const KXAxisChartStacks& source, const std::vector<bool>& hasNegatives);
+    void _makeParts(const KXAxisChartStacks& source);
+    double _obtainPartHeight(const KXAxisChartStacks& source, std::size_t position, const Band& band,
+                             std::size_t place) const;
     Heights _keep(std::vector<double> heights);
 
     Form m_form;
@@ -71,5 +81,8 @@ private:
     std::vector<std::vector<double>> m_own; // heights that are no lent values
     std::vector<Heights> m_lines;
     std::vector<std::vector<Band>> m_bands;
+    std::vector<std::vector<double>> m_partHeights;
+    std::vector<Heights> m_partLines;
+    std::vector<std::vector<Band>> m_partBands;
     std::map<const double*, KXValuePyramid> m_pyramids; // by the first of their heights
 };

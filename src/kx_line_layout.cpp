@@ -41,17 +41,27 @@ public:
         KXLineLayout layout;
         layout.isDense = m_isDense;
         for (std::size_t position = 0; position < m_edges.getCount(); ++position) {
-            KXLineShape shape;
-            shape.line = _obtainPath(m_edges.getLine(position));
-            if (m_form.isFilled)
-                for (const KXLineEdges::Band& band : m_edges.getBands(position))
-                    _fill(band, shape.fills);
-            layout.shapes.push_back(std::move(shape));
+            layout.shapes.push_back(_makeShape(m_edges.getLine(position), m_edges.getBands(position)));
+            if (m_edges.hasParts())
+                layout.parts.push_back(
+                    _makeShape(m_edges.getPartLine(position), m_edges.getPartBands(position)));
         }
         return layout;
     }
 
 private:
+    KXLineShape _makeShape(Heights line, const std::vector<KXLineEdges::Band>& bands)
+    {
+        KXLineShape shape;
+        if (line.empty())
+            return shape;
+        shape.line = _obtainPath(line);
+        if (m_form.isFilled)
+            for (const KXLineEdges::Band& band : bands)
+                _fill(band, shape.fills);
+        return shape;
+    }
+
     void _findMergedColumns()
     {
         m_isMerged.assign(m_columns.getCount(), false);

@@ -26,7 +26,9 @@ struct KXLineShape {
 /** The lines that can be seen, one a series. */
 struct KXLineLayout {
     std::vector<KXLineShape> shapes;
-    bool isDense = false; /**< a vertex can stand for many categories */
+    std::vector<KXLineShape> parts; /**< of these what is drawn in full over the rest; without any point for
+                                         all of it, and empty for all of all */
+    bool isDense = false;           /**< a vertex can stand for many categories */
 };
 
 /** How lines are laid out. */

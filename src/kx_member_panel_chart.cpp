@@ -180,15 +180,41 @@ KXMemberPanelChart::MemberValues KXMemberPanelChart::_obtainMemberValues() const
     return {getValues(0), areFirst ? across : 1, areFirst ? 1 : across};
 }
 
+double KXMemberPanelChart::_obtainMemberPart(const KXChartItem& item) const
+{
+    if (item.group >= obtainGroupCount() || item.index >= obtainIndexCount())
+        return std::numeric_limits<double>::quiet_NaN();
+    return getHighlightedPart(_obtainMeasure(item), _obtainCell(item));
+}
+
 /** What has no part of a whole adds nothing to what is gathered. */
-double KXMemberPanelChart::obtainItemValue(const KXChartItem& item) const
+double KXMemberPanelChart::_sumHeld(const KXChartItem& item,
+                                    double (KXMemberPanelChart::*obtain)(const KXChartItem& item) const) const
 {
     if (!_isOthers(item))
-        return _obtainMemberValue(item);
+        return (this->*obtain)(item);
     double sum = std::numeric_limits<double>::quiet_NaN();
     for (const KXChartItem& held : _obtainHeldItems(item))
-        addPart(sum, _obtainMemberValue(held));
+        addPart(sum, (this->*obtain)(held));
     return sum;
+}
+
+double KXMemberPanelChart::obtainItemValue(const KXChartItem& item) const
+{
+    return _sumHeld(item, &KXMemberPanelChart::_obtainMemberValue);
+}
+
+double KXMemberPanelChart::obtainItemPart(const KXChartItem& item) const
+{
+    if (!hasHighlightedParts())
+        return std::numeric_limits<double>::quiet_NaN();
+    const double part = _sumHeld(item, &KXMemberPanelChart::_obtainMemberPart);
+    return std::isnan(part) && _isOthers(item) ? 0 : part;
+}
+
+double KXMemberPanelChart::_obtainFullShare(const KXChartItem& item) const
+{
+    return KXHighlightedParts::obtainShare(obtainItemPart(item), obtainItemValue(item));
 }
 
 std::string KXMemberPanelChart::obtainItemValueText(const KXChartItem& item) const
@@ -604,12 +630,19 @@ UXHintInfo KXMemberPanelChart::obtainItemHint(const KXChartItem& item)
     return use.isAlive() ? kxMakeHintInfo(data, _obtainHintLook()) : UXHintInfo(false);
 }
 
+std::string KXMemberPanelChart::_tellPart(const KXChartItem& item, const std::string& whole) const
+{
+    const double part = obtainItemPart(item);
+    return std::isnan(part) ? whole : KXHighlightedParts::tellPart(m_dataFormat->formatNumber(part), whole);
+}
+
 KXChartDataProviderHintData KXMemberPanelChart::_describeItem(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
     const std::string title = _obtainHintTitle(item);
-    return self.isAlive() ? KXChartDataProviderHintData(title, obtainItemValueText(item))
-                          : KXChartDataProviderHintData();
+    if (!self.isAlive())
+        return {};
+    return {title, _tellPart(item, obtainItemValueText(item))};
 }
 
 void KXMemberPanelChart::_customLayout(UXRect plotArea)
@@ -620,6 +653,9 @@ void KXMemberPanelChart::_customLayout(UXRect plotArea)
     m_labels.clear();
     m_runs = {};
     m_laidOut.set(_layoutItems(plotArea), UXDoubleRect(plotArea));
+    if (hasHighlightedParts())
+        for (KXPanelItem& item : m_laidOut.getAll())
+            item.share = _obtainFullShare(item.item);
     if (getLaidOutItems().empty())
         m_note.clear(); // which says less than the words in its place
     m_noDataLabel->update(plotArea, !getLaidOutItems().empty());
@@ -735,8 +771,11 @@ void KXMemberPanelChart::_updateColors()
         item.color = hasNone ? _obtainItemColor(item.item) : own->second;
     }
     for (Label& label : m_labels)
-        if (label.placed.isOnGround)
-            label.placed.property.textColor = kxObtainReadableColor(getLaidOutItems()[label.item].color);
+        if (label.placed.isOnGround) {
+            const KXPanelItem& item = getLaidOutItems()[label.item];
+            label.placed.property.textColor = kxObtainReadableColor(
+                KXHighlightedParts::obtainTextGround(item.color, item.share, obtainDimmedOpacity()));
+        }
     updateLegendColor();
     _updateLooks();
 }
@@ -744,6 +783,7 @@ void KXMemberPanelChart::_updateColors()
 void KXMemberPanelChart::_updateLook(KXPanelItem& item) const
 {
     item.look = getItems()->obtainLook(item.item, item.color);
+    item.light = KXHighlightedParts::obtainLightColor(item.look.fill, obtainDimmedOpacity());
     const std::vector<KXChartItem>& chosen = getItems()->getSelected();
     const bool isChosen = std::ranges::binary_search(chosen, item.item);
     item.shift = isChosen ? _obtainChosenShift(item) : UXDoublePoint();

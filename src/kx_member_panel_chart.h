@@ -78,6 +78,8 @@ public:
     /** @return NaN where there is no such item or it has none */
     double obtainItemValue(const KXChartItem& item) const;
     std::string obtainItemValueText(const KXChartItem& item) const;
+    /** @return which part of its value belongs to what is chosen elsewhere; NaN where nothing is chosen */
+    double obtainItemPart(const KXChartItem& item) const;
     /** @return what tells of values that have no item, empty for none, as of the last layout */
     const std::string& getNote() const { return m_note; }
     /** @return what is laid out, in the order in which one reads it */
@@ -146,6 +148,8 @@ protected:
     /** @return what its hint says where the provider says nothing; by default its name and its value. The
      * provider may be asked, which may destroy the chart. */
     virtual KXChartDataProviderHintData _describeItem(const KXChartItem& item);
+    /** @return what of an item's shape is drawn in full; by default its part's share of its value */
+    virtual double _obtainFullShare(const KXChartItem& item) const;
     /** @return how hints look */
     virtual UXHintInfo _obtainHintLook() const;
     /** @return how far an item is drawn from its place while it is chosen; by default not at all */
@@ -156,6 +160,9 @@ protected:
     virtual void _paintOverItems(UXPainter& painter) const;
 
     // What a kind calls
+    /** @return what a hint says of an item's value: its text, and that of its part where something is chosen
+     * elsewhere */
+    std::string _tellPart(const KXChartItem& item, const std::string& whole) const;
     /** @return how many groups the user wants to see at most */
     std::uint64_t _obtainGreatestGroupCount() const;
     /** @return of each member of a dimension the sum of its values above zero, NaN for none */
@@ -223,6 +230,9 @@ private:
     std::uint64_t _obtainMeasure(const KXChartItem& item) const;
     KXIndexPath _obtainValuePath(const KXChartItem& item) const;
     double _obtainMemberValue(const KXChartItem& item) const;
+    double _obtainMemberPart(const KXChartItem& item) const;
+    double _sumHeld(const KXChartItem& item,
+                    double (KXMemberPanelChart::*obtain)(const KXChartItem& item) const) const;
     bool _holdsValue(const KXChartItem& item, const KXIndexPath& valuePath) const;
     bool _isOfMembers(const KXChartItem& item, const KXIndexPath& path) const;
     bool _loadNames();

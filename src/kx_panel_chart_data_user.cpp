@@ -92,6 +92,22 @@ double KXPanelChartDataUser::getValue(std::uint64_t measure, std::uint64_t cell)
     return cell < values.size() ? values[cell] : noNumber;
 }
 
+const std::vector<double>& KXPanelChartDataUser::getHighlightedParts(std::uint64_t measure) const
+{
+    return measure < m_data.measures.size() ? m_data.measures[measure].parts.getAll() : noValues;
+}
+
+bool KXPanelChartDataUser::hasHighlightedParts() const
+{
+    return std::ranges::any_of(m_data.measures,
+                               [](const Measure& measure) { return measure.parts.areTold(); });
+}
+
+double KXPanelChartDataUser::getHighlightedPart(std::uint64_t measure, std::uint64_t cell) const
+{
+    return measure < m_data.measures.size() ? m_data.measures[measure].parts.obtainPart(cell) : noNumber;
+}
+
 KXIndexPath KXPanelChartDataUser::obtainValuePath(std::uint64_t measure, std::uint64_t cell) const
 {
     if (m_data.dimensionCount < 2)
@@ -236,8 +252,30 @@ bool KXPanelChartDataUser::_pullMeasure(KXPanelChartDataProvider& provider, std:
     for (double& value : pulled.values)
         if (!std::isfinite(value))
             value = noNumber;
+    _pullParts(provider, measure, data, pulled);
+    if (!watcher.isCurrent())
+        return false;
     data.measures.push_back(std::move(pulled));
     return true;
+}
+
+/** In rows, as values are; a host for whom nothing is chosen is asked once. */
+void KXPanelChartDataUser::_pullParts(KXPanelChartDataProvider& provider, std::uint64_t measure,
+                                      const Data& data, Measure& pulled)
+{
+    const KXChartDataProviderWatcher watcher(this);
+    const bool hasRows = data.dimensionCount > 1;
+    const std::uint64_t rowLength = hasRows ? data.memberCounts[1] : pulled.values.size();
+    std::vector<double> parts;
+    for (std::uint64_t row = 0; parts.size() < pulled.values.size() && watcher.isCurrent(); ++row) {
+        const KXIndexPath first = hasRows ? KXIndexPath{measure, row, 0} : KXIndexPath{measure, 0};
+        const auto own = KXHighlightedParts::pull(provider, this, first, first.size() - 1,
+                                                  std::span(pulled.values).subspan(parts.size(), rowLength));
+        if (!own.areTold())
+            return;
+        parts.insert(parts.end(), own.getAll().begin(), own.getAll().end());
+    }
+    pulled.parts = KXHighlightedParts(std::move(parts), pulled.values);
 }
 
 /** @return false where the provider has all cells, which are pulled in rows */

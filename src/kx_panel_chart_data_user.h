@@ -4,6 +4,7 @@
 #include "kx_chart_data_type.h"
 #include "kx_chart_data_user.h"
 #include "kx_data_requests.h"
+#include "kx_highlighted_parts.h"
 
 #include <array>
 #include <cstdint>
@@ -41,6 +42,12 @@ public:
     const std::vector<double>& getValues(std::uint64_t measure) const;
     /** @return NaN past the counts */
     double getValue(std::uint64_t measure, std::uint64_t cell) const;
+    /** @return which part of a value belongs to what is chosen elsewhere; NaN where nothing is chosen */
+    double getHighlightedPart(std::uint64_t measure, std::uint64_t cell) const;
+    /** @return whether something is chosen elsewhere, so that values are drawn in part */
+    bool hasHighlightedParts() const;
+    /** @return the parts of a measure, one per cell; empty where nothing is chosen */
+    const std::vector<double>& getHighlightedParts(std::uint64_t measure) const;
     /** @return where the value of a cell stands in the provider's data */
     KXIndexPath obtainValuePath(std::uint64_t measure, std::uint64_t cell) const;
 
@@ -70,6 +77,7 @@ private:
     struct Measure {
         std::string label;
         std::vector<double> values;
+        KXHighlightedParts parts;
         bool addsUp = true;
     };
     struct Data {
@@ -91,6 +99,8 @@ private:
     bool _pullItems(KXPanelChartDataProvider& provider, const Data& data, std::vector<double>& values);
     void _pullRows(KXPanelChartDataProvider& provider, std::uint64_t measure, const Data& data,
                    std::vector<double>& values);
+    void _pullParts(KXPanelChartDataProvider& provider, std::uint64_t measure, const Data& data,
+                    Measure& pulled);
     KXDataRequests _makeRequests(std::uint64_t dimension);
     bool _pullTexts(std::uint64_t dimension, std::uint64_t first, std::uint64_t count);
 

@@ -48,12 +48,21 @@ void KXPanelItemRuns::set(const std::vector<KXPanelItem>& items)
             const bool isClear = item.look.fill.alpha <= 0 && item.look.line.alpha <= 0;
             if (item.look.standsOut() != standsOut || isClear)
                 continue;
-            const UXDoubleRect* rect = item.shape.obtainRect();
-            if (rect && !standsOut && item.shift == UXDoublePoint())
-                _addRect(*rect, item.look.fill);
-            else
-                m_runs.push_back({item.look.fill, m_rects.size(), m_rects.size(), i});
+            if (item.share < 1)
+                _addItem(item, i, item.light, 1);
+            if (item.share > 0)
+                _addItem(item, i, item.look.fill, item.share);
         }
+}
+
+void KXPanelItemRuns::_addItem(const KXPanelItem& item, std::size_t index, const UXColor& color, double share)
+{
+    const KXPanelShape part = share < 1 ? item.shape.obtainPart(share) : KXPanelShape();
+    const UXDoubleRect* rect = (share < 1 ? part : item.shape).obtainRect();
+    if (rect && !item.look.standsOut() && item.shift == UXDoublePoint())
+        _addRect(*rect, color);
+    else
+        m_runs.push_back({color, m_rects.size(), m_rects.size(), index, share});
 }
 
 void KXPanelItemRuns::_addRect(const UXDoubleRect& rect, const UXColor& color)
@@ -62,7 +71,7 @@ void KXPanelItemRuns::_addRect(const UXDoubleRect& rect, const UXColor& color)
                         m_runs.back().color == color;
     m_bounds = m_rects.empty() ? rect : uxUnionDoubleRect(m_bounds, rect);
     if (!goesOn)
-        m_runs.push_back({color, m_rects.size(), m_rects.size(), 0});
+        m_runs.push_back({color, m_rects.size(), m_rects.size()});
     Run& run = m_runs.back();
     m_rects.push_back(rect);
     // A row of tiles that is whole now may go on the one before.
@@ -84,7 +93,10 @@ void KXPanelItemRuns::paint(UXPainter& painter, const UXRect& dirtyRect,
         if (!isSeen(shape.getBounds(), dirtyRect))
             continue;
         painter.setColor(run.color);
-        shape.fill(painter);
+        if (run.share < 1)
+            shape.obtainPart(run.share).fill(painter);
+        else
+            shape.fill(painter);
         if (item.look.line.alpha <= 0)
             continue;
         painter.setColor(item.look.line);

@@ -28,8 +28,10 @@ private:
         UXColor color;
         std::size_t firstRect = 0, endRect = 0;
         std::size_t item = 0; // where there is no rectangle
+        double share = 1;     // what is drawn of that
     };
 
+    void _addItem(const KXPanelItem& item, std::size_t index, const UXColor& color, double share);
     void _addRect(const UXDoubleRect& rect, const UXColor& color);
     void _paintRects(UXPainter& painter, const UXRect& dirtyRect, const Run& run) const;
 

@@ -19,6 +19,8 @@ struct KX_EXPORT KXPanelItem {
     KXPanelShape shape; /**< in the chart's own space */
     UXColor color{};
     KXChartItemLook look{}; /**< made of the colour, as items stand out just now */
+    double share = 1;       /**< what of it is drawn in full, over the whole in light */
+    UXColor light{};        /**< of the whole where that is not all of it */
     UXDoublePoint shift{};  /**< how far from its place it is drawn, while it is chosen */
 
     /** @return the shape as it is drawn just now */

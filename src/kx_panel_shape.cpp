@@ -197,6 +197,19 @@ KXPanelShape KXPanelShape::obtainScaled(double ratio) const
     return std::visit([&](const auto& outline) { return KXPanelShape(scale(outline, ratio)); }, m_outline);
 }
 
+KXPanelShape KXPanelShape::obtainPart(double share) const
+{
+    if (const UXDoubleRect* rect = obtainRect())
+        return UXDoubleRect(rect->x, rect->y, rect->width * share, rect->height);
+    KXPanelShape part = *this;
+    if (const KXSector* sector = obtainSector()) {
+        KXSector own = *sector;
+        own.sweepDegrees *= share;
+        part = own;
+    }
+    return part;
+}
+
 KXPanelShape KXPanelShape::obtainMoved(const UXDoublePoint& by) const
 {
     return std::visit([&](const auto& outline) { return KXPanelShape(move(outline, by)); }, m_outline);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -19,6 +20,7 @@ struct KXTableCell {
     double number = std::numeric_limits<double>::quiet_NaN(); /**< of a measure of numbers */
     std::string text; /**< of other measures; of an error what there is to say about it */
     KXTableCellState state = KXTableCellState::Empty;
+    std::optional<double> part = {}; /**< of the number what belongs to what is chosen elsewhere */
 
     /** @return its bytes in memory */
     std::size_t obtainSize() const { return sizeof(*this) + text.size(); }

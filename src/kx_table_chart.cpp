@@ -5,6 +5,7 @@
 #include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_data_requests.h"
+#include "kx_highlighted_parts.h"
 #include "kx_hint_text.h"
 #include "kx_key_definitions.h"
 #include "kx_no_data_label.h"
@@ -625,7 +626,12 @@ UXHintInfo KXTableChart::obtainItemHint(const KXChartItem& item)
     std::string text = cell && cell->state == KXTableCellState::Error ? cell->text : std::string();
     if (text.empty())
         text = obtainCellText(item.group, item.index);
-    return use.isAlive() ? kxMakeHintInfo({title, label, text}, m_hintInfo) : UXHintInfo(false);
+    if (!use.isAlive() || obtainPlace(item.group, item.index) != place)
+        return UXHintInfo(false);
+    const KXTableCell* told = findCell(*place);
+    if (told && told->part && _obtainShown(place->measure) == KXTableShowValuesAs::Value)
+        text = KXHighlightedParts::tellPart(_obtainFormat(place->measure).formatNumber(*told->part), text);
+    return kxMakeHintInfo({title, label, text}, m_hintInfo);
 }
 
 UXRect KXTableChart::obtainHintArea(UXPoint point) { return getItems()->obtainHintArea(point); }

@@ -252,6 +252,7 @@ private:
     KXTableDrawnCell _layoutValue(const UXDoubleRect& rect, const KXTablePlace& place, bool isTotal);
     void _addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const;
     void _addBar(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const;
+    void _addPart(KXTableDrawnCell& cell, double share) const;
 
     // The user
     std::optional<std::uint64_t> _findEdge(KXTablePanel& panel, const UXEvent& event) const;

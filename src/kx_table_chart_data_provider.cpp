@@ -73,7 +73,27 @@ bool KXTableChartDataProvider::obtainCells(KXChartDataUser* user, const KXIndexP
                     cell.text = obtainValueDataString(user, path);
             }
         }
+    _obtainParts(user, firstRow, firstColumn, measure, cells);
     return true;
+}
+
+/** Row by row, or all at once where there are no columns; a host for whom nothing is chosen is asked once. */
+void KXTableChartDataProvider::_obtainParts(KXChartDataUser* user, std::uint64_t firstRow,
+                                            std::uint64_t firstColumn, std::uint64_t measure,
+                                            const KXTableCellSpan& cells)
+{
+    const bool hasColumns = obtainColumnDimensionCount(user) > 0;
+    std::vector<double> parts(hasColumns ? cells.columnCount : cells.cells.size());
+    KXIndexPath path{measure, firstRow};
+    if (hasColumns)
+        path.push_back(firstColumn);
+    for (std::size_t first = 0; first < cells.cells.size(); first += parts.size(), ++path[1]) {
+        if (!obtainHighlightedValues(user, path, path.size() - 1, parts))
+            return;
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            if (KXTableCell& cell = cells.cells[first + i]; cell.state == KXTableCellState::Value)
+                cell.part = parts[i];
+    }
 }
 
 bool KXTableChartDataProvider::obtainHasTotals(KXChartDataUser*, bool, std::uint64_t) { return false; }

@@ -44,7 +44,8 @@ public:
     /**
      * Sets the cells of a measure at rows firstRow and on below a parent and columns firstColumn and on below
      * another. A first position of allMembers is the one total of what is below the parent; so are subtotals
-     * and grand totals asked for, where obtainHasTotals says that there are any.
+     * and grand totals asked for, where obtainHasTotals says that there are any. A cell tells its part of
+     * what is chosen elsewhere, too; by default obtainHighlightedValues is asked for it.
      */
     virtual bool obtainCells(KXChartDataUser* user, const KXIndexPath& rowParent, std::uint64_t firstRow,
                              const KXIndexPath& columnParent, std::uint64_t firstColumn,
@@ -68,4 +69,8 @@ public:
     /** @return the hint of the value at (measure, row positions, column positions); an empty one leaves it to
      * the chart */
     virtual KXChartDataProviderHintData obtainHintData(KXChartDataUser* user, const KXIndexPath& path);
+
+private:
+    void _obtainParts(KXChartDataUser* user, std::uint64_t firstRow, std::uint64_t firstColumn,
+                      std::uint64_t measure, const KXTableCellSpan& cells);
 };

@@ -2,6 +2,7 @@
 
 #include "kx_chart.h"
 #include "kx_chart_data_provider_use.h"
+#include "kx_highlighted_parts.h"
 #include "kx_table_chart_data_provider.h"
 #include "ux/ux_assert.h"
 #include "ux/ux_layout_rounds.h"
@@ -464,10 +465,13 @@ bool KXTableChartDataUser::_pullCells(const KXIndexPath& key)
         return false;
     if (!use.isAlive() || generation != m_generation)
         return true;
-    for (KXTableCell& cell : cells)
+    for (KXTableCell& cell : cells) {
         if (cell.state == KXTableCellState::Value && m_data.measures[measure].isNumber() &&
             !std::isfinite(cell.number))
             cell.state = KXTableCellState::Null;
+        if (cell.part)
+            cell.part = KXHighlightedParts::clampPart(*cell.part, cell.number);
+    }
     if (!m_data.extents[measure].hasValues)
         _noteCells(measure, cells, firstRow == allMembers || firstColumn == allMembers);
     m_cells.store(key, std::move(cells));

@@ -1,5 +1,6 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_items.h"
+#include "kx_highlighted_parts.h"
 #include "kx_no_data_label.h"
 #include "kx_readable_color.h"
 #include "kx_table_chart.h"
@@ -597,7 +598,32 @@ KXTableDrawnCell KXTableChart::_layoutValue(const UXDoubleRect& rect, const KXTa
         _addColor(cell, place, found->number);
         _addBar(cell, place, found->number);
     }
+    if (found && found->part && found->state == KXTableCellState::Value)
+        _addPart(cell, KXHighlightedParts::obtainShare(*found->part, found->number));
     return cell;
+}
+
+/** Of a cell's bar the part is drawn in full that belongs to what is chosen elsewhere; without a bar a line
+ * below its text tells. */
+void KXTableChart::_addPart(KXTableDrawnCell& cell, double share) const
+{
+    const bool hasBar = cell.bar.width > 0;
+    if (!hasBar) {
+        cell.bar = {cell.rect.x + barGap,
+                    cell.rect.y + cell.rect.height - barGap - KXHighlightedParts::lineHeight,
+                    std::max(cell.rect.width - 2 * barGap, 0.0), KXHighlightedParts::lineHeight};
+        cell.barColor = cell.textColor;
+    }
+    cell.fullBar = cell.bar;
+    cell.fullBarColor = cell.barColor;
+    cell.barColor = KXHighlightedParts::obtainLightColor(cell.barColor, obtainDimmedOpacity());
+    cell.fullBar.width *= share;
+    // From where the bar begins: that of what is below zero ends there.
+    if (hasBar && cell.isBarBackwards)
+        cell.fullBar.x += cell.bar.width - cell.fullBar.width;
+    if (hasBar)
+        cell.textColor = kxObtainReadableColor(
+            KXHighlightedParts::obtainTextGround(cell.fullBarColor, share, obtainDimmedOpacity()));
 }
 
 void KXTableChart::_addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const
@@ -625,6 +651,7 @@ void KXTableChart::_addBar(KXTableDrawnCell& cell, const KXTablePlace& place, do
         return;
     cell.bar = {cell.rect.x + barGap + bar.from * width, cell.rect.y + barGap, (bar.to - bar.from) * width,
                 cell.rect.height - 2 * barGap};
+    cell.isBarBackwards = bar.isNegative != (databar->getStyle() == KXTableDatabarStyle::RightToLeft);
     cell.barColor = bar.isNegative ? databar->getNegativeColor() : databar->getPositiveColor();
     cell.textColor = kxObtainReadableColor(cell.barColor);
 }

@@ -20,9 +20,12 @@ struct KXTableDrawnCell {
     bool isBold = false;
     UXTextAlign align = UXTextAlign::Left;
     UXColor textColor;
-    UXColor ground{0, 0, 0, 0}; /**< over the panel's; nothing where its alpha is 0 */
-    UXDoubleRect bar;           /**< behind the text; empty for none */
+    UXColor ground{0, 0, 0, 0};  /**< over the panel's; nothing where its alpha is 0 */
+    UXDoubleRect bar;            /**< behind the text; empty for none */
+    bool isBarBackwards = false; /**< it begins at its right end */
     UXColor barColor;
+    UXDoubleRect fullBar; /**< over that what of it is drawn in full; the same */
+    UXColor fullBarColor;
     Mark mark = Mark::None;
     UXDoubleRect markRect;
     KXIndexPath group;               /**< which a mark opens or closes */

@@ -146,6 +146,8 @@ void KXTablePanel::_paintGrounds(UXPainter& painter, const UXDoubleRect& seen) c
     for (const KXTableDrawnCell& cell : m_cells) {
         if (cell.bar.width > 0)
             add(cell.bar, cell.barColor);
+        if (cell.fullBar.width > 0)
+            add(cell.fullBar, cell.fullBarColor);
         if (cell.mark == KXTableDrawnCell::Mark::Awaited)
             add({cell.textRect.x + cell.textRect.width * (1 - awaitedShare),
                  cell.textRect.y + (cell.textRect.height - awaitedHeight) / 2,

@@ -59,6 +59,10 @@ KXAxisChartDrawnData KXTornadoChart::_deriveData()
         series.values.reserve(rows.categories.size());
         for (const std::uint64_t category : rows.categories)
             series.values.push_back(_getPulledValues(i)[category]);
+        // Only a bar that begins at zero has parts.
+        if (hasHighlightedParts() && obtainForm() == KXTornadoForm::Mirrored)
+            for (const std::uint64_t category : rows.categories)
+                series.parts.push_back(_getPulledPart(i, category));
     }
     m_tornadoView.takeRows(std::move(rows), obtainForm(), m_tornadoProperty->getCenter());
     return drawn;

@@ -5,7 +5,9 @@
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
+#include "kx_drawing_layer.h"
 #include "kx_font_fit.h"
+#include "kx_highlighted_parts.h"
 #include "kx_hint_text.h"
 #include "kx_key_definitions.h"
 #include "kx_value_chart_data_provider.h"
@@ -21,14 +23,26 @@
 namespace {
 
 constexpr KXChartItem valueItem{};
+/** Of the line that tells a part, and what it takes of the value's room. */
+constexpr int partHeight = static_cast<int>(KXHighlightedParts::lineHeight);
+constexpr int partRoom = partHeight + static_cast<int>(KXHighlightedParts::lineGap);
 
 } // namespace
 
 KXValueChart::KXValueChart()
     : KXValueChartDataUser(this), UXPropertyAccessor(this), UXHintDelegate(this), KXChartDataAction(this),
-      m_valueLabel(new KXChartLabel)
+      m_valueLabel(new KXChartLabel), m_partLayer(new KXDrawingLayer)
 {
     addChild(m_valueLabel);
+    addChild(m_partLayer);
+    m_partLayer->setPaintFunction([this](UXPainter& painter, const UXRect&) {
+        KXHighlightedParts::paintLine(
+            painter, UXDoubleRect(m_partLayer->getDrawingRect()),
+            KXHighlightedParts::obtainShare(getHighlightedPart(), getNumber()),
+            m_valueLabel->obtainDrawnColor(m_valueLabel->getTextProperty().textColor,
+                                           KXInteractionEffectTarget::NonFilled),
+            obtainDimmedOpacity());
+    });
     _makeItems(*this, *this, *this, *this);
     getItems()->followLabel(m_valueLabel, valueItem);
     UXTextProperty title = getChartProperty()->getTitleProperty();
@@ -100,6 +114,9 @@ UXHintInfo KXValueChart::obtainItemHint(const KXChartItem&)
         data = provider->obtainHintData(this, {0, 0});
     if (provider && use.isCurrent() && data.isEmpty()) {
         data.value = m_valueLabel->getText();
+        if (!std::isnan(getHighlightedPart()))
+            data.value = KXHighlightedParts::tellPart(m_dataFormat->formatNumber(getHighlightedPart()),
+                                                      data.value);
         data.title = provider->obtainValueLabel(this, 0);
     }
     return kxMakeHintInfo(data, UXHintInfo());
@@ -108,8 +125,11 @@ UXHintInfo KXValueChart::obtainItemHint(const KXChartItem&)
 void KXValueChart::_customLayout(UXRect plotArea)
 {
     m_valueLabel->setVisible(getValueCount() == 1);
+    m_partLayer->setVisible(getValueCount() == 1 && !std::isnan(getHighlightedPart()));
     if (getValueCount() != 1)
         return;
+    if (m_partLayer->getVisible())
+        plotArea.height -= partRoom;
 
     const std::string text = _obtainValueText();
     m_valueLabel->setText(text);
@@ -132,6 +152,12 @@ void KXValueChart::_customLayout(UXRect plotArea)
     m_valueLabel->setRect(uxMakeRect(uxSaturateToInt(left), plotArea.y, width, height));
     // It may reach over the plot area; a number that the chart's edge cuts would look like another one.
     m_valueLabel->keepTextInside(getBoundingRect());
+    if (m_partLayer->getVisible()) {
+        const UXRect& value = m_valueLabel->getRect();
+        m_partLayer->setRect(getBoundingRect());
+        m_partLayer->setDrawingRect(
+            {value.x, value.getBottom() + partRoom - partHeight, value.width, partHeight});
+    }
     UXLayoutRounds::postAction([this, self = UXObjectWatcher(this)] {
         if (self.isAlive())
             registerRightClickMenu(this, KXTriggerCondition());

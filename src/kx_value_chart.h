@@ -24,6 +24,8 @@
     KEY(UXColor, NegativeFontColor, m_negativeFontColor, UXColor(255, 110, 110), Any(Value), Recolor,     \
         "colour of a number below zero")
 
+class KXDrawingLayer;
+
 /** Shows one value, as large as fits. */
 class KX_EXPORT KXValueChart : public KXPanelChart,
                                public KXValueChartDataUser,
@@ -64,5 +66,6 @@ private:
     bool _isNegativeNumber() const;
     void _colorValueLabel();
 
-    KXChartLabel* m_valueLabel; // a child
+    KXChartLabel* m_valueLabel;  // a child
+    KXDrawingLayer* m_partLayer; // a child; draws the line below the value
 };

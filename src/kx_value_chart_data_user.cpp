@@ -3,6 +3,7 @@
 #include "kx_chart.h"
 #include "kx_chart_data_provider_watcher.h"
 #include "kx_chart_data_value.h"
+#include "kx_highlighted_parts.h"
 #include "kx_value_chart_data_provider.h"
 #include "ux/ux_assert.h"
 
@@ -46,6 +47,10 @@ void KXValueChartDataUser::customPrepareData(KXChartDataProvider* provider, bool
         if (isNumber)
             pull(data.number, [&] { return values->obtainValueData(this, cellPath); });
         const bool isUsable = isNumber && !data.isNull;
+        if (isUsable)
+            pull(data.part, [&] {
+                return KXHighlightedParts::pull(*values, this, cellPath, 1, {&data.number, 1}).obtainPart(0);
+            });
         if (!isUsable)
             pull(data.text, [&] { return values->obtainValueDataString(this, cellPath); });
         prepared = isUsable && watcher.isCurrent();

@@ -20,6 +20,8 @@ public:
     KXChartAggregateType getAggregateType() const { return m_data.aggregateType; }
     bool getIsNull() const { return m_data.isNull; }
     double getNumber() const { return m_data.number; }
+    /** @return which part of the number belongs to what is chosen elsewhere; NaN where nothing is chosen */
+    double getHighlightedPart() const { return m_data.part; }
     std::string getText() const { return m_data.text; }
 
     // From KXChartDataUser
@@ -34,6 +36,7 @@ private:
         KXChartAggregateType aggregateType{6};
         bool isNull = false;
         double number = (std::numeric_limits<double>::max)(); // stands for no number
+        double part = std::numeric_limits<double>::quiet_NaN();
         std::string text;
     };
 

@@ -107,7 +107,10 @@ KXAxisChartDrawnData KXWaterfallChart::_deriveData()
     const char* const names[] = {"Increase", "Decrease", "Total"};
     const std::vector<KXWaterfallStep>& steps = getSteps().steps;
     for (const char* name : names)
-        drawn.series.push_back({uxLocalizeString(name), name, std::vector<double>(steps.size(), none)});
+        drawn.series.push_back({uxLocalizeString(name), name, std::vector<double>(steps.size(), none), {}});
+    const std::vector<double> parts = _deriveParts();
+    for (KXAxisChartDrawnData::Series& series : drawn.series)
+        series.parts = parts;
     drawn.categories.reserve(steps.size());
     const std::uint64_t own = _getPulledCategoryCount();
     for (std::size_t i = 0; i < steps.size(); ++i) {
@@ -123,6 +126,41 @@ KXAxisChartDrawnData KXWaterfallChart::_deriveData()
                                         : uxLocalizeString(step.kind == Kind::End ? "Total" : "Others"));
     }
     return drawn;
+}
+
+/** Works out of the parts what the steps are of the values; empty where nothing is chosen elsewhere. */
+std::vector<double> KXWaterfallChart::_deriveParts() const
+{
+    std::vector<double> parts;
+    if (!hasHighlightedParts())
+        return parts;
+    const auto obtainPart = [this](std::uint64_t part, std::optional<std::uint64_t> member) {
+        const double own = member ? _getPulledPart(m_partSeries[part], *member) : 0;
+        return std::isnan(own) ? 0 : own;
+    };
+    std::optional<std::uint64_t> before; // the total that the present changes start from
+    const auto obtainChange = [&](std::uint64_t part, const KXWaterfallStep& step) {
+        return obtainPart(part, step.member) - (getSteps().isDivided ? obtainPart(part, before) : 0);
+    };
+    double running = 0;
+    parts.reserve(getSteps().steps.size());
+    for (const KXWaterfallStep& step : getSteps().steps) {
+        double part = 0;
+        if (step.kind == Kind::Change)
+            part = obtainChange(step.part, step);
+        else if (step.kind == Kind::Others)
+            for (const std::uint64_t member : getSteps().gathered[step.member])
+                part += obtainChange(member, step);
+        else if (step.kind == Kind::Total) {
+            running = 0;
+            before = step.member;
+            for (std::uint64_t i = 0; i < m_partSeries.size(); ++i)
+                part += obtainPart(i, step.member);
+        }
+        running += part;
+        parts.push_back(step.kind == Kind::End ? running : part);
+    }
+    return parts;
 }
 
 std::uint64_t KXWaterfallChart::obtainShownCategoryCount() const { return getCategoryCount(); }

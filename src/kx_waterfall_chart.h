@@ -78,6 +78,7 @@ protected:
 
 private:
     explicit KXWaterfallChart(std::unique_ptr<KXWaterfallChartDataView> view);
+    std::vector<double> _deriveParts() const;
     const KXWaterfallStep* _findStep(std::uint64_t category) const;
     bool _isStepOf(const KXWaterfallStep& step, const KXChartDataPath& path) const;
     bool _holdsPart(const KXWaterfallStep& step, std::uint64_t part) const;

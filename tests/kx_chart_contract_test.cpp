@@ -21,6 +21,9 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
+#include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -33,7 +36,18 @@ class Host : public KXTableDataProvider {
 public:
     int questions = 0;
     std::function<void()> whenAsked;
+    std::optional<double> share; // of each value that belongs to what is chosen elsewhere
 
+    bool obtainHighlightedValues(KXChartDataUser* user, const KXIndexPath& first, std::size_t along,
+                                 std::span<double> parts) override
+    {
+        KXIndexPath path = first;
+        for (double& part : parts) {
+            part = share.value_or(1) * KXTableDataProvider::obtainValueData(user, path);
+            ++path[along];
+        }
+        return _asked(share.has_value());
+    }
     bool obtainDataIsEmpty(KXChartDataUser* user) override
     {
         return _asked(KXTableDataProvider::obtainDataIsEmpty(user));
@@ -335,6 +349,28 @@ TEST(KXChartContract, SaysInWordsThatThereIsNothing)
     });
 }
 
+/** What is drawn of a value where a part of it is chosen elsewhere, and what a hint tells. */
+TEST(KXChartContract, DrawsThePartThatIsChosenElsewhere)
+{
+    // Places of points, counts of values, ends of ranges and pointers have no parts.
+    const std::set<std::string> without{"KXScatterChart", "KXDensityChart", "KXGaugeChart", "KXControlChart"};
+    forEachKind([&](const std::string& type) {
+        const auto paint = [&](std::optional<double> share) {
+            Board board(type);
+            board.fill();
+            board.host.share = share;
+            board.load();
+            board.paint();
+            return board.paint();
+        };
+        const std::string whole = paint(std::nullopt), half = paint(0.5);
+        EXPECT_EQ(whole == half, without.contains(type));
+        EXPECT_EQ(half == paint(0), without.contains(type));
+        EXPECT_EQ(paint(1), paint(7)) << "beyond the whole";
+        EXPECT_EQ(paint(0), paint(-1)) << "the other way";
+    });
+}
+
 TEST(KXChartContract, AnyAnswerMayDestroyIt)
 {
     forEachKind([](const std::string& type) {
@@ -342,6 +378,7 @@ TEST(KXChartContract, AnyAnswerMayDestroyIt)
         do {
             Board board(type);
             board.fill();
+            board.host.share = 0.5;
             const int destroyedAt = ++asked;
             board.host.whenAsked = [&] {
                 if (board.host.questions == destroyedAt)
