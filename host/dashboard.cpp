@@ -48,7 +48,7 @@ Dashboard::Dashboard(DashboardDocument document, const ViewItemHandlers& handler
     }
     for (std::size_t i = 0; i < m_items.size(); ++i) {
         const Item& item = m_items[i];
-        item.provider->setChoices(_collectChoices(i));
+        _takeChoices(i);
         item.chart->loadData(item.provider.get());
         if (!item.provider->getError().empty())
             throw HostError(m_document.name, "items[" + std::to_string(i) + ']', item.provider->getError());
@@ -125,12 +125,12 @@ bool Dashboard::_reaches(const Item& source, const Item& target, const FilterAlt
            });
 }
 
-/** @return what is chosen in the other items, as far as it is about the target's rows */
-std::vector<FilterAlternatives> Dashboard::_collectChoices(std::size_t target) const
+/** @return what is chosen in the other items to one effect, as far as it is about the target's rows */
+std::vector<FilterAlternatives> Dashboard::_collectChoices(std::size_t target, ChoiceEffect effect) const
 {
     std::vector<FilterAlternatives> choices;
     for (std::size_t i = 0; i < m_items.size() && m_document.items[target].isFiltered; ++i) {
-        if (i == target || m_document.items[i].choice.empty())
+        if (i == target || m_document.items[i].choice.empty() || m_document.items[i].effect != effect)
             continue;
         FilterAlternatives filters = obtainChoiceFilters(m_document.items[i].choice);
         if (_reaches(m_items[i], m_items[target], filters))
@@ -144,12 +144,24 @@ void Dashboard::choose(std::size_t item, const DataChoice& choice)
     m_document.items[item].choice = choice;
     m_items[item].provider->setChoice(choice);
     for (std::size_t i = 0; i < m_items.size(); ++i) {
-        std::vector<FilterAlternatives> choices = _collectChoices(i);
-        if (choices == m_items[i].provider->getBinding().choices)
-            continue;
-        m_items[i].provider->setChoices(std::move(choices));
-        m_items[i].chart->reloadData();
+        if (_takeChoices(i))
+            m_items[i].chart->reloadData();
     }
+}
+
+/** Gives an item what is chosen in the others. @return whether that is something else than before */
+bool Dashboard::_takeChoices(std::size_t target) const
+{
+    ViewDataProvider& provider = *m_items[target].provider;
+    std::vector<FilterAlternatives> choices = _collectChoices(target, ChoiceEffect::Filter), highlights;
+    if (!dynamic_cast<KXControlChart*>(&getChart(target))) // which shows members and no parts of them
+        highlights = _collectChoices(target, ChoiceEffect::Highlight);
+    const DataBinding& binding = provider.getBinding();
+    if (choices == binding.choices && highlights == binding.highlights)
+        return false;
+    provider.setChoices(std::move(choices));
+    provider.setHighlights(std::move(highlights));
+    return true;
 }
 
 std::string Dashboard::save() const

@@ -17,7 +17,8 @@ class ViewDataProvider;
 struct ViewItemHandlers;
 
 /** Charts over their data that filter each other: what is chosen in one of them is a condition in the queries
- * of all others over the same data whose table has the column. Several choices hold together. */
+ * of all others over the same data whose table has the column, or highlights its part of their values.
+ * Several choices hold together. */
 class Dashboard {
 public:
     /** Opens the document's parts and data, applies its choices and loads its charts. Throws HostError for
@@ -59,7 +60,8 @@ private:
     void _requireOneCondition(std::size_t index) const;
     void _openData(const CsvReader::ProgressHandler& progress);
     static bool _reaches(const Item& source, const Item& target, const FilterAlternatives& filters);
-    std::vector<FilterAlternatives> _collectChoices(std::size_t target) const;
+    std::vector<FilterAlternatives> _collectChoices(std::size_t target, ChoiceEffect effect) const;
+    bool _takeChoices(std::size_t target) const;
 
     DashboardDocument m_document;
     std::map<std::string, std::unique_ptr<SqlSession>> m_sessions; // by what they opened

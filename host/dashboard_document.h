@@ -12,13 +12,18 @@ struct DashboardPart {
     std::string text; // of the object, JSON
 };
 
+/** What a choice does to the other items: their rows are those that are chosen, or the part of each of their
+ * values stands out that is. */
+enum class ChoiceEffect { Filter, Highlight };
+
 /** A chart or a control of a dashboard with its place and its data. */
 struct DashboardItem {
     DashboardPart chart, binding;
     std::string data;          // empty for the dashboard's
     UXRect cells;              // of the grid, at least one
     bool clickFilters = false; // whether what is clicked in the chart is a choice
-    bool isFiltered = true;    // whether choices made in other items count here
+    ChoiceEffect effect = ChoiceEffect::Filter;
+    bool isFiltered = true; // whether choices made in other items count here
     DataChoice choice;
 };
 

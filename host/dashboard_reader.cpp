@@ -92,7 +92,7 @@ void DashboardReader::_readItem(const JsonCursor& place, const nlohmann::ordered
                                 DashboardDocument& document) const
 {
     place.requireKeys({"chart", "binding", "data", "column", "row", "width", "height", "clickFilters",
-                       "isFiltered", "choice"});
+                       "effect", "isFiltered", "choice"});
     DashboardItem item;
     item.chart = readPart(place, written, "chart");
     item.binding = readPart(place, written, "binding");
@@ -102,6 +102,8 @@ void DashboardReader::_readItem(const JsonCursor& place, const nlohmann::ordered
         throw place.makeError("neither this nor the dashboard names its data");
     item.cells = readCells(place, document);
     item.clickFilters = place.hasKey("clickFilters") && place.getValue("clickFilters").readFlag();
+    if (place.hasKey("effect"))
+        item.effect = static_cast<ChoiceEffect>(place.getValue("effect").readName({"filter", "highlight"}));
     item.isFiltered = !place.hasKey("isFiltered") || place.getValue("isFiltered").readFlag();
     if (place.hasKey("choice"))
         item.choice = readDataChoice(place.getValue("choice"));

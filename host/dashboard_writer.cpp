@@ -25,6 +25,8 @@ Json writeItem(const DashboardItem& item)
     written["height"] = item.cells.height;
     if (item.clickFilters)
         written["clickFilters"] = true;
+    if (item.effect == ChoiceEffect::Highlight)
+        written["effect"] = "highlight";
     if (!item.isFiltered)
         written["isFiltered"] = false;
     if (!item.choice.empty())

@@ -17,8 +17,9 @@ struct DataBinding {
     std::map<std::string, KXChartDataType> columnTypes; // what columns hold, whatever the database says
     std::vector<DimensionBinding> dimensions;
     std::vector<MeasureBinding> measures;
-    std::vector<FilterBinding> filters;      // all of them must hold
-    std::vector<FilterAlternatives> choices; // what is chosen elsewhere; all of it must hold too
+    std::vector<FilterBinding> filters;         // all of them must hold
+    std::vector<FilterAlternatives> choices;    // what is chosen elsewhere; all of it must hold too
+    std::vector<FilterAlternatives> highlights; // the same, of which the part is told that holds it
     std::string nullText = "(null)";
     bool totals = false; // of two dimensions those of each one, where a chart shows them
 };

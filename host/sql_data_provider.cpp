@@ -39,6 +39,7 @@ void SqlDataProvider::beginPrepareData(KXChartDataUser* user)
     m_data = SqlDataSet();
     m_totals = SqlTotals();
     m_isDataOpen = false;
+    m_highlight = SqlHighlight();
     m_pivot.reset();
     try {
         if (dynamic_cast<KXTableChartDataUser*>(user)) {
@@ -50,6 +51,7 @@ void SqlDataProvider::beginPrepareData(KXChartDataUser* user)
         m_data = askForData();
         if (m_binding.totals)
             m_totals = SqlTotals(m_session, m_binding, m_data);
+        m_highlight = SqlHighlight(m_session, m_binding, m_data);
     } catch (const HostError& error) {
         m_error = error.what();
     }
@@ -298,6 +300,19 @@ void SqlDataProvider::_obtainNumbers(KXIndexPath path, std::size_t counted, std:
         value = getData().obtainNumber(path[0], members);
         ++path[counted];
     }
+}
+
+bool SqlDataProvider::obtainHighlightedValues(KXChartDataUser*, const KXIndexPath& first, std::size_t along,
+                                              std::span<double> parts)
+{
+    if (first.empty() || along >= first.size() || !m_highlight.isTold(first[0]))
+        return false;
+    KXIndexPath path = first;
+    for (double& part : parts) {
+        part = m_highlight.obtainNumber(path[0], std::span(path).subspan(1));
+        ++path[along];
+    }
+    return true;
 }
 
 void SqlDataProvider::obtainCategoryNumbers(KXChartDataUser*, std::uint64_t firstCategory,

@@ -19,6 +19,7 @@
 #include "kx_value_chart_data_provider.h"
 #include "kx_value_list_chart_data_provider.h"
 #include "sql_data_set.h"
+#include "sql_highlight.h"
 #include "sql_pivot.h"
 #include "sql_totals.h"
 
@@ -45,6 +46,8 @@ public:
     const DataBinding& getBinding() const { return m_binding; }
     /** Lets those rows alone take part that are chosen elsewhere, from the next preparation on. */
     void setChoices(std::vector<FilterAlternatives> choices) { m_binding.choices = std::move(choices); }
+    /** Has the part of each value told that belongs to what is chosen elsewhere; the same. */
+    void setHighlights(std::vector<FilterAlternatives> choices) { m_binding.highlights = std::move(choices); }
     /** @return why the last preparation got no data, one line; empty when it did or found no rows */
     const std::string& getError() const { return m_error; }
     /** @return what was last prepared. For a table that is asked for here at the latest: a table shows pages
@@ -95,6 +98,9 @@ public:
     double obtainValueData(KXChartDataUser* user, const KXIndexPath& path) override;
     /** @return words where the value is null, and others where no row takes part */
     std::string obtainValueDataString(KXChartDataUser* user, const KXIndexPath& path) override;
+
+    bool obtainHighlightedValues(KXChartDataUser* user, const KXIndexPath& first, std::size_t along,
+                                 std::span<double> parts) override;
 
     // From KXHeatMapChartDataProvider: where the binding wants them
     bool obtainHasTotals(KXChartDataUser* user, bool ofRows) override;
@@ -147,6 +153,7 @@ private:
     mutable SqlDataSet m_data;         // until it is asked for what a table shows, its types alone
     mutable bool m_isDataOpen = false; // it is still to be asked for
     SqlTotals m_totals;
+    SqlHighlight m_highlight;
     std::unique_ptr<SqlPivot> m_pivot;
     std::vector<KXTableSort> m_rowOrder; // of the table, as the user wants it
     mutable std::string m_error;

@@ -198,6 +198,88 @@ TEST(HostDashboard, ChosenItemsAddUpToWhatTheOthersShow)
     }
 }
 
+/** Of every value that adds up the part is what the database answers where the same choice is a filter. */
+TEST(HostDashboard, AHighlightedPartIsWhatAFilterLeaves)
+{
+    std::mt19937 random(7);
+    const TemporaryFile data(makeRows(random, 300));
+    struct Case {
+        const char *dimensions, *all; // as the chart shows them, and with all of their members
+        bool hasOthers;
+    };
+    const Case cases[] = {
+        {R"({"column": "kind", "top": {"count": 2, "others": "Rest"}})", R"({"column": "kind"})", true},
+        {R"({"column": "day", "level": "month", "fillGaps": true})", R"({"column": "day", "level": "month"})",
+         false},
+        {R"({"column": "number"}, {"column": "kind", "top": {"count": 3}})",
+         R"({"column": "number"}, {"column": "kind"})", false},
+        {"", "", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.dimensions);
+        const auto open = [&](const char* effect, const std::string& dimensions) {
+            return std::make_unique<Dashboard>(
+                DashboardReader("d").readText(
+                    R"({"type": "Dashboard", "data": ")" + data.getPath() + R"(", "columns": 1, "items": [)" +
+                    obtainItem(0, obtainBinding(R"({"column": "moment", "level": "year"})"),
+                               R"(, "choice": [{"column": "moment", "level": "year", "members":
+                                   ["2024", null]}], "effect": ")" +
+                                   std::string(effect) + '"',
+                               "KXControlChart") +
+                    ", " + obtainItem(1, R"({"dimensions": [)" + dimensions + R"(], "measures": [
+                        {"aggregate": "count"}, {"column": "number", "aggregate": "sum"},
+                        {"column": "number", "aggregate": "average"}]})") +
+                    "]}"),
+                noHandlers);
+        };
+        const auto highlighted = open("highlight", c.dimensions), filtered = open("filter", c.all);
+        EXPECT_NE(highlighted->save().find(R"("effect": "highlight")"), std::string::npos);
+        ViewDataProvider& provider = highlighted->getProvider(1);
+        const SqlDataSet &shown = provider.getData(), &left = filtered->getProvider(1).getData();
+        /** The index of each of the path's members where only what is chosen is left; none for one that is
+         * gone, or stands for others. */
+        const auto find = [&](const KXIndexPath& path) {
+            std::vector<std::uint64_t> indexes;
+            for (std::size_t i = 0; i < shown.getDimensionCount(); ++i) {
+                const SqlMember& member = shown.getMembers(i)[path[i + 1]];
+                const auto found = std::ranges::find_if(left.getMembers(i), [&](const SqlMember& other) {
+                    return other.isNull == member.isNull && other.text == member.text && !member.isOthers();
+                });
+                indexes.push_back(static_cast<std::uint64_t>(found - left.getMembers(i).begin()));
+            }
+            return indexes;
+        };
+        std::vector<KXIndexPath> paths{{0, 0}};
+        if (shown.getDimensionCount() > 0) {
+            paths.clear();
+            for (const KXChartDataPath& cell : obtainCells(shown))
+                paths.push_back(cell.valueIndexPath);
+        }
+        double rows = 0, othersRows = 0;
+        for (KXIndexPath path : paths)
+            for (path[0] = 0; path[0] < 2; ++path[0]) {
+                double part = NAN;
+                ASSERT_TRUE(provider.obtainHighlightedValues(nullptr, path, path.size() - 1, {&part, 1}));
+                const bool isOthers = shown.getDimensionCount() > 0 &&
+                                      shown.getMembers(0)[path[1]].isOthers();
+                const double expected = left.obtainNumber(path[0], find(path));
+                if (!isOthers)
+                    EXPECT_EQ(part, std::isnan(expected) ? 0 : expected);
+                (isOthers ? othersRows : rows) += path[0] == 0 ? part : 0;
+            }
+        EXPECT_GT(rows, 0);
+        EXPECT_EQ(othersRows > 0, c.hasOthers);
+        if (c.hasOthers) {
+            double all = 0;
+            for (std::size_t row = 0; row < left.getRowCount(); ++row)
+                all += left.obtainRowNumber(0, row);
+            EXPECT_EQ(rows + othersRows, all);
+        }
+        double none = NAN;
+        EXPECT_FALSE(provider.obtainHighlightedValues(nullptr, {2, 0}, 1, {&none, 1})) << "an average";
+    }
+}
+
 TEST(HostDashboard, ControlsFindMembersAndRanges)
 {
     const TemporaryFile data("name,n\nÉclair,1\neclipse,9\nNECK,4\nPie,\nPie,5\n");
