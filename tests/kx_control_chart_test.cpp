@@ -14,10 +14,14 @@
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
 #include "kx_text_line.h"
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <cmath>
+#include <cstdio>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -406,6 +410,66 @@ TEST(KXControlChart, FindsMembers)
         }
         board.type(UXKeyCode::Escape);
         EXPECT_EQ(board.obtainTexts().substr(0, 13), "All|Member 0|");
+    }
+}
+
+/** What is typed within a second is one text, where no line is there to search in. */
+TEST(KXControlChart, GoesToTheRowThatBeginsSo)
+{
+    Board board;
+    board.chart.setShowSearch(false);
+    board.load({"Anna", "Beta", "\xC3\x89lan", "Elba", "Element"});
+    UXContext context;
+    UXControl control;
+    context.addDiagram(&board.diagram);
+    context.setActiveDiagram(&control, &board.diagram);
+    control.timer(0);
+    board.chart.getList()->takeKeys();
+    struct Case {
+        std::int64_t at; // milliseconds
+        const char *text, *row;
+    };
+    const Case cases[] = {{0, "e", "\xC3\x89lan"},
+                          {300, "l", "\xC3\x89lan"},
+                          {600, "E", "Element"},
+                          {2000, "b", "Beta"},
+                          {3500, "x", "Beta"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        control.timer(c.at);
+        UXEvent event(UXEventType::KeyDown);
+        event.setKeyText(c.text);
+        control.keyDown(event);
+        control.timer(c.at + 1);
+        board.diagram.layout();
+        std::string walked;
+        for (const KXControlChartRow* row : board.obtainRows())
+            if (board.chart.getList()->isWalkedTo(row->getIndex()))
+                walked = row->getContent().text;
+        EXPECT_EQ(walked, c.row);
+    }
+    context.setActiveDiagram(&control, nullptr);
+}
+
+/** A picture without a window shows what was chosen, too. */
+TEST(KXControlChart, ASavedRangeIsWrittenInItsLines)
+{
+    Board board;
+    board.chart.setStyle(KXControlChartStyle::Range);
+    board.host.from = 20;
+    board.host.to = 30;
+    board.host.addMeasure("Value", {10, 20, 30, 40});
+    board.reload();
+    const std::string drawn = uxPaintToText(board.diagram);
+    for (const KXTextLine* line :
+         {&board.chart.getRangePanel()->getFromLine(), &board.chart.getRangePanel()->getToLine()}) {
+        SCOPED_TRACE(line->getInputText());
+        const std::size_t found = drawn.find(" \"" + line->getInputText() + "\" font ");
+        ASSERT_NE(found, std::string::npos) << drawn;
+        const std::string drawText = drawn.substr(drawn.rfind('\n', found) + 1, 80);
+        double left = -1;
+        std::sscanf(drawText.c_str(), "%*s %lf", &left);
+        EXPECT_TRUE(left >= 0 && left < line->getRect().width) << drawText;
     }
 }
 
