@@ -455,10 +455,9 @@ TEST(KXControlChart, GoesToTheRowThatBeginsSo)
 TEST(KXControlChart, ASavedRangeIsWrittenInItsLines)
 {
     Board board;
-    board.chart.setStyle(KXControlChartStyle::Range);
     board.host.from = 20;
     board.host.to = 30;
-    board.host.addMeasure("Value", {10, 20, 30, 40});
+    board.host.addDimension("Number", std::vector<double>{0, 10, 20, 30, 40}, KXChartDataType::Float);
     board.reload();
     const std::string drawn = uxPaintToText(board.diagram);
     for (const KXTextLine* line :
