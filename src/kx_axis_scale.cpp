@@ -3,6 +3,7 @@
 #include "kx_axis_property.h"
 #include "kx_chart_data_format.h"
 #include "kx_logarithmic_scale.h"
+#include "ux/ux_read_double.h"
 #include "ux/ux_saturate.h"
 
 #include <algorithm>
@@ -194,7 +195,7 @@ double obtainPowerOfTen(int exponent)
     char text[16] = "1e";
     char* const end = std::to_chars(text + 2, text + sizeof text, exponent).ptr;
     double power = 1;
-    std::from_chars(text, end, power);
+    uxReadDouble(text, end, power);
     return power;
 }
 
@@ -313,7 +314,7 @@ double kxObtainValueOfExponent(double exponent)
     const std::to_chars_result written = std::to_chars(text, text + sizeof text, value,
                                                        std::chars_format::scientific, 12);
     double rounded = value;
-    std::from_chars(text, written.ptr, rounded);
+    uxReadDouble(text, written.ptr, rounded);
     return rounded;
 }
 

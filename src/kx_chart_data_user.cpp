@@ -6,6 +6,7 @@
 #include "kx_chart_property.h"
 #include "kx_interaction_provider_use.h"
 #include "ux/ux_assert.h"
+#include "ux/ux_exceptions.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 
@@ -45,9 +46,9 @@ public:
     }
     ~Preparation()
     {
-        try {
-            end();
-        } catch (...) {
+        UX_TRY { end(); }
+        UX_CATCH_ALL
+        {
             // An answer has thrown already, and that is what the caller is to hear of.
         }
     }

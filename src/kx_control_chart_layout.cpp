@@ -18,10 +18,10 @@
 #include "ux/ux_key_code.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
+#include "ux/ux_read_double.h"
 #include "ux/ux_rect_functions.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <utility>
 
@@ -271,7 +271,7 @@ std::optional<double> KXControlChart::parseInput(const std::string& text) const
     std::erase(typed, marks.thousandsSeparator);
     std::ranges::replace(typed, marks.decimalPoint, '.');
     double value = 0;
-    const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), value);
+    const auto [end, error] = uxReadDouble(typed.data(), typed.data() + typed.size(), value);
     const bool isNumber = error == std::errc() && end == typed.data() + typed.size() && std::isfinite(value);
     return isNumber ? std::optional(value) : std::nullopt;
 }

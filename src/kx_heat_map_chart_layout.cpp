@@ -113,7 +113,7 @@ void KXHeatMapChart::_countBeyond()
     if (m_countedScale == m_scale)
         return;
     m_countedScale = m_scale;
-    m_beyond = {};
+    m_beyond = std::pair<std::uint64_t, std::uint64_t>();
     if (m_least >= m_scale.least && m_greatest <= m_scale.greatest)
         return;
     const std::span<const double> values = _obtainShownValues();

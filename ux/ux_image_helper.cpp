@@ -1,37 +1,16 @@
 #include "ux/ux_image_helper.h"
 
 #include "ux/ux_image_resource_provider.h"
+#include "ux/ux_whole_file.h"
 
-#include <filesystem>
-#include <fstream>
-#include <memory>
 #include <utility>
 
 namespace {
-
-constexpr std::uint64_t largestFile = std::uint64_t{64} << 20;
 
 std::function<UXImageHelper*()>& helperFactory()
 {
     static std::function<UXImageHelper*()> factory;
     return factory;
-}
-
-/** The size comes first, as a device or a pipe has none and must not be read to its end. */
-std::uint64_t readFile(const std::string& path, unsigned char*& bytes)
-{
-    std::error_code failed;
-    const std::filesystem::path place(std::u8string(path.begin(), path.end()));
-    const std::uint64_t size = std::filesystem::file_size(place, failed);
-    if (failed || size == 0 || size > largestFile)
-        return 0;
-
-    std::ifstream file(place, std::ios::binary);
-    std::unique_ptr<unsigned char[]> read(new unsigned char[size]);
-    if (!file.read(reinterpret_cast<char*>(read.get()), static_cast<std::streamsize>(size)))
-        return 0;
-    bytes = read.release();
-    return size;
 }
 
 } // namespace
@@ -59,16 +38,12 @@ UXImage* UXImageHelper::imageFromResource(UXImageResourceProvider* provider, con
 
 std::uint64_t UXImageHelper::loadImageBufferFromFile(const std::string& path, unsigned char*& bytes)
 {
-    bytes = nullptr;
-    try {
-        return readFile(path, bytes);
-    } catch (const std::exception&) {
-        // A path that this system cannot spell, or no memory for the file: there is no image either way.
-        return 0;
-    }
+    UXWholeFile file = uxReadWholeFile(path);
+    bytes = file.size > 0 ? reinterpret_cast<unsigned char*>(file.bytes.release()) : nullptr;
+    return bytes ? file.size : 0;
 }
 
-void UXImageHelper::freeImageBuffer(unsigned char* bytes) { delete[] bytes; }
+void UXImageHelper::freeImageBuffer(unsigned char* bytes) { delete[] reinterpret_cast<char*>(bytes); }
 
 UXImageHelper* uxCreateImageHelper()
 {

@@ -8,9 +8,9 @@
 #include "ux/ux_json_path_resolver.h"
 #include "ux/ux_json_value.h"
 #include "ux/ux_notification_scope.h"
+#include "ux/ux_read_double.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 #include <set>
 #include <utility>
@@ -51,7 +51,7 @@ bool isOfType(const UXJsonValue& value, UXJsonObject& object)
 bool readDecimal(const std::string& text, double& value)
 {
     const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    const auto [stop, error] = uxReadDouble(text.data(), end, value);
     return error == std::errc() && stop == end;
 }
 

@@ -1,6 +1,15 @@
 #include "ux/ux_lock.h"
 
-#include <mutex>
+#if defined(__wasi__)
+
+// A page runs on one thread: nobody else could hold the lock.
+void uxLock() {}
+
+void uxUnlock() {}
+
+#else
+
+#    include <mutex>
 
 namespace {
 
@@ -16,3 +25,5 @@ std::recursive_mutex& theLock()
 void uxLock() { theLock().lock(); }
 
 void uxUnlock() { theLock().unlock(); }
+
+#endif

@@ -6,7 +6,9 @@
 #define JSON_ASSERT(condition) static_cast<void>(0)
 #include <nlohmann/json.hpp>
 
-#include <charconv>
+#include "ux/ux_exceptions.h"
+#include "ux/ux_read_double.h"
+
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -78,7 +80,7 @@ bool Builder::number_float(double value, const std::string& digits)
 
     // 2. What is too small for a double is zero, what is too large ends the parsing.
     double exact = 0;
-    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), exact);
+    const auto [end, error] = uxReadDouble(plain.data(), plain.data() + plain.size(), exact);
     if (error == std::errc::result_out_of_range) {
         if (std::abs(value) >= 1)
             return false;
@@ -142,11 +144,14 @@ std::unique_ptr<UXJsonValue> uxParseJson(const std::string& text)
     // The parser takes a zero byte for the end of the text.
     if (text.size() > c_longestText || text.find('\0') != std::string::npos)
         return nullptr;
-    try {
+    UX_TRY
+    {
         Builder builder;
         if (nlohmann::json::sax_parse(text.begin(), text.end(), &builder))
             return builder.takeRoot();
-    } catch (const std::exception&) {
+    }
+    UX_CATCH_ALL
+    {
         // A text can ask for more memory than there is; it is then as good as broken.
     }
     return nullptr;
