@@ -119,6 +119,30 @@ TEST(UXControl, StopsWhatItsLeaveEventsStart)
     EXPECT_FALSE(timer.isRunning());
 }
 
+TEST(UXContext, TimersSayWhenTheyAreDue)
+{
+    UXControl control;
+    EXPECT_EQ(control.obtainNextTimer(0), std::nullopt);
+    control.postAction([] {});
+    EXPECT_EQ(control.obtainNextTimer(0), 0);
+    control.timer(0);
+    UXTimer slow([] {}), fast([] {});
+    slow.start(&control, 500, UXTimer::Mode::Once);
+    EXPECT_EQ(control.obtainNextTimer(0), 0) << "it has yet to begin to count";
+    control.timer(1000);
+    fast.start(&control, 16);
+    control.timer(1100);
+    const struct {
+        std::int64_t now, rest;
+    } cases[] = {{1100, 16}, {1110, 6}, {1116, 0}, {2000, 0}, {900, 16}};
+    for (const auto& [now, rest] : cases)
+        EXPECT_EQ(control.obtainNextTimer(now), rest) << now;
+    fast.stop();
+    EXPECT_EQ(control.obtainNextTimer(1100), 400);
+    control.timer(1500);
+    EXPECT_EQ(control.obtainNextTimer(1500), std::nullopt) << "once is over";
+}
+
 TEST(UXContext, PostedActionsRunAfterTheEvent)
 {
     UXContext context;

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 // Hosts may refer to them, on Windows too
@@ -406,6 +407,17 @@ void UXControl::timer(std::int64_t nowMilliseconds)
     }
     if (!life.expired())
         runPostedActions();
+}
+
+std::optional<std::int64_t> UXControl::obtainNextTimer(std::int64_t nowMilliseconds) const
+{
+    if (!m_postedActions.empty())
+        return 0;
+    std::optional<std::int64_t> next;
+    for (const UXTimer* timer : m_timers)
+        next = std::min(next.value_or((std::numeric_limits<std::int64_t>::max)()),
+                        timer->_obtainRest(nowMilliseconds));
+    return next;
 }
 
 void UXControl::resizeDiagramAlignClient()

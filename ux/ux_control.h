@@ -18,6 +18,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class UXContext;
@@ -131,6 +132,11 @@ public:
     /** Runs the timers that are due and the actions posted so far.
      *  @param nowMilliseconds on a clock of the host's that does not go back */
     virtual void timer(std::int64_t nowMilliseconds);
+    /** @return how many milliseconds from now timer() has something to do: 0 where a timer is due or has yet
+     * to begin to count, or an action waits; nothing while there is nothing to wait for, so that a host may
+     * sleep
+     *  @param nowMilliseconds on the clock of timer() */
+    std::optional<std::int64_t> obtainNextTimer(std::int64_t nowMilliseconds) const;
     /** Makes a diagram that is aligned to the control as large as the control shows it. */
     virtual void resizeDiagramAlignClient();
     /** Keeps action until the present event has been dispatched, or until the next timer without one. */

@@ -29,6 +29,19 @@ void UXTimer::stop()
     m_control = nullptr;
 }
 
+std::int64_t UXTimer::_obtainRest(std::int64_t nowMilliseconds) const
+{
+    if (!m_counting)
+        return 0;
+    if (nowMilliseconds < m_startMilliseconds)
+        return m_intervalMilliseconds;
+    // Unsigned, so that times at both ends of the clock have a distance too.
+    const auto elapsed = static_cast<std::uint64_t>(nowMilliseconds) -
+                         static_cast<std::uint64_t>(m_startMilliseconds);
+    const auto interval = static_cast<std::uint64_t>(m_intervalMilliseconds);
+    return elapsed < interval ? static_cast<std::int64_t>(interval - elapsed) : 0;
+}
+
 void UXTimer::_tick(std::int64_t nowMilliseconds)
 {
     if (!m_counting) {
@@ -36,10 +49,7 @@ void UXTimer::_tick(std::int64_t nowMilliseconds)
         m_startMilliseconds = nowMilliseconds;
         return;
     }
-    // Unsigned, so that times at both ends of the clock have a distance too.
-    const auto elapsed = static_cast<std::uint64_t>(nowMilliseconds) -
-                         static_cast<std::uint64_t>(m_startMilliseconds);
-    if (nowMilliseconds < m_startMilliseconds || elapsed < static_cast<std::uint64_t>(m_intervalMilliseconds))
+    if (_obtainRest(nowMilliseconds) > 0)
         return;
     m_startMilliseconds = nowMilliseconds;
     const UXNotificationScope scope;

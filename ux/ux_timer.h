@@ -32,6 +32,8 @@ private:
 
     /** Runs the action if its time has come. A late call runs it once, however many intervals have passed. */
     void _tick(std::int64_t nowMilliseconds);
+    /** @return milliseconds until _tick runs the action, or begins to count; 0 for at once */
+    std::int64_t _obtainRest(std::int64_t nowMilliseconds) const;
 
     std::function<void()> m_action;
     UXControl* m_control = nullptr;
