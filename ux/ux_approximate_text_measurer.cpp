@@ -1,9 +1,9 @@
 #include "ux/ux_approximate_text_measurer.h"
 
+#include "ux/ux_drawn_lines.h"
 #include "ux/ux_text_lines.h"
 #include "ux/ux_utf8.h"
 
-#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -63,14 +63,5 @@ UXDoubleSize UXApproximateTextMeasurer::measureText(const std::string& text, con
         return {};
     const double em = font.bold ? font.size * boldFactor : font.size;
     const auto widthOf = [em](std::string_view piece) { return advanceOf(piece) * em; };
-
-    const bool isLimited = widthLimit >= 0;
-    const bool isWrapped = lineMode == 1 && isLimited;
-    const std::vector<std::string_view> lines = uxBreakTextLines(text, isWrapped ? widthLimit : -1, widthOf);
-    double width = 0;
-    for (const std::string_view line : lines)
-        width = std::max(width, widthOf(line));
-    if (isLimited && !isWrapped && option != UXTextOption::Default)
-        width = std::min(width, widthLimit);
-    return {width, static_cast<double>(lines.size()) * lineHeight * font.size};
+    return uxMeasureTextLines(text, option, lineMode, widthLimit, lineHeight * font.size, widthOf);
 }

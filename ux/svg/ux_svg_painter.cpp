@@ -4,15 +4,14 @@
 #include "ux/svg/ux_svg_document.h"
 #include "ux/svg/ux_svg_gradient.h"
 #include "ux/svg/ux_svg_text.h"
+#include "ux/ux_drawn_lines.h"
 #include "ux/ux_image.h"
 #include "ux/ux_picture.h"
 #include "ux/ux_pixel_snapping.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_text_bound.h"
-#include "ux/ux_text_lines.h"
 #include "ux/ux_text_measurer.h"
 #include "ux/ux_text_placement.h"
-#include "ux/ux_text_shortening.h"
 
 #include <algorithm>
 #include <cmath>
@@ -83,22 +82,6 @@ std::string formatBlanks(const std::string& line)
 {
     const bool hasMore = line.starts_with(' ') || line.ends_with(' ') || line.find("  ") != std::string::npos;
     return hasMore ? " xml:space=\"preserve\"" : "";
-}
-
-/** @return the lines as they are drawn in a rectangle of that width, wrapped or shortened */
-std::vector<std::string> obtainDrawnLines(const std::string& text, const UXFont& font, UXTextOption option,
-                                          int lineMode, double width)
-{
-    const auto widthOf = [&font](std::string_view piece) {
-        return uxMeasureText(std::string(piece), font, UXTextOption::Default, 2).width;
-    };
-    const bool isWrapped = lineMode == 1;
-    std::vector<std::string> lines;
-    for (const std::string_view line : uxBreakTextLines(text, isWrapped ? width : -1, widthOf)) {
-        const UXTextOption lineOption = isWrapped ? UXTextOption::Default : option;
-        lines.push_back(uxShortenText(line, lineOption, width, widthOf));
-    }
-    return lines;
 }
 
 } // namespace
@@ -260,7 +243,7 @@ void UXSvgPainter::drawText(const std::string& content, const UXDoubleRect& rect
         return;
     const std::string text(uxBoundDrawnText(content, font.size));
     const double width = std::max(0.0, rect.width);
-    const std::vector<std::string> lines = obtainDrawnLines(text, font, option, lineMode, width);
+    const std::vector<std::string> lines = uxObtainDrawnLines(text, font, option, lineMode, width);
     const UXDoubleSize size = uxMeasureText(text, font, option, lineMode, width);
     const double lineHeight = size.height / static_cast<double>(lines.size());
     double baseline = uxPlaceText(size, rect, align).y + lineHeight * baselineShare;
