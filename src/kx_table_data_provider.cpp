@@ -47,10 +47,10 @@ std::size_t KXTableDataProvider::addDimension(std::string label, KXDataColumn co
     return index;
 }
 
-std::size_t KXTableDataProvider::addMeasure(std::string label, KXDataColumn column)
+std::size_t KXTableDataProvider::addMeasure(std::string label, KXDataColumn column, KXChartDataType type)
 {
     const std::size_t index = m_measures.size();
-    m_measures.push_back({std::move(label), std::move(column)});
+    m_measures.push_back({std::move(label), std::move(column), type});
     _change(Change::Data);
     return index;
 }
@@ -190,8 +190,9 @@ std::string KXTableDataProvider::obtainValueLabel(KXChartDataUser*, std::uint64_
 
 KXChartDataType KXTableDataProvider::obtainValueDataType(KXChartDataUser*, const KXIndexPath& path)
 {
-    const bool isText = !path.empty() && path[0] < m_measures.size() && m_measures[path[0]].column.hasTexts();
-    return isText ? KXChartDataType::String : KXChartDataType::Float;
+    if (path.empty() || path[0] >= m_measures.size())
+        return KXChartDataType::Float;
+    return m_measures[path[0]].column.hasTexts() ? KXChartDataType::String : m_measures[path[0]].type;
 }
 
 bool KXTableDataProvider::obtainValueDataIsNull(KXChartDataUser* user, const KXIndexPath& path)

@@ -69,7 +69,9 @@ public:
      *  @return its index */
     std::size_t addDimension(std::string label, KXDataColumn column,
                              KXChartDataType type = KXChartDataType::String, KXChartAggregateType level = {});
-    std::size_t addMeasure(std::string label, KXDataColumn column);
+    /** @param type of numbers: whole ones are written without decimals */
+    std::size_t addMeasure(std::string label, KXDataColumn column,
+                           KXChartDataType type = KXChartDataType::Float);
     /** Does nothing past the last one; so does replaceMeasure. */
     void replaceDimension(std::size_t dimension, KXDataColumn column);
     void replaceMeasure(std::size_t measure, KXDataColumn column);
@@ -129,6 +131,7 @@ private:
     struct Measure {
         std::string label;
         KXDataColumn column;
+        KXChartDataType type;
     };
     struct User {
         UXObjectWatcher chart;
