@@ -3,12 +3,16 @@
 #include "csv_importer.h"
 #include "data_binding.h"
 #include "host_error.h"
+#include "sql_dialect.h"
 #include "sql_session.h"
+#include "text_file.h"
 
 #include <array>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <set>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -30,6 +34,16 @@ void requireTextTable(const std::string& path)
         throw HostError(path, "", "is a Parquet file; save its table as CSV");
 }
 
+bool isQuery(const std::string& data) { return std::filesystem::path(data).extension() == ".sql"; }
+
+/** Makes a table of a file's query, which can do nothing but be asked: what it is put into takes no other
+ * statement. */
+void importQuery(SqlSession& session, const std::string& path, const std::string& table)
+{
+    session.execute("CREATE TABLE " + session.getDialect().quoteIdentifier(table) + " AS\n" +
+                    readTextFile(path));
+}
+
 } // namespace
 
 bool isConnection(const std::string& data) { return data.find("://") != std::string::npos; }
@@ -41,6 +55,13 @@ std::unique_ptr<SqlSession> openData(const std::string& data, const std::vector<
     if (isConnection(data))
         return session;
     requireTextTable(data);
+    if (isQuery(data)) {
+        std::set<std::string> tables;
+        for (const DataBinding* binding : bindings)
+            if (tables.insert(binding->table).second)
+                importQuery(*session, data, binding->table);
+        return session;
+    }
     std::map<std::string, CsvImporter> importers;
     for (const DataBinding* binding : bindings) {
         if (!binding->schema.empty())

@@ -9,9 +9,10 @@
 class SqlSession;
 struct DataBinding;
 
-/** Opens data for bindings: connects to a database, or makes a table of a CSV file in memory for each table
- *  that the bindings name, with the types that they give.
- *  @param data a CSV file, or a connection such as "sqlite:///data/sales.db"
+/** Opens data for bindings: connects to a database, or makes a table in memory for each table that the
+ * bindings name, of a CSV file, with the types that they give, or of the rows of a query.
+ *  @param data a CSV file, a file of one query whose name ends in ".sql", or a connection such as
+ * "sqlite:///data/sales.db"
  *  @param progress told now and then how far the reading of a CSV file is; may be empty
  *  Throws HostError for what cannot be opened, read or understood. */
 [[nodiscard]] std::unique_ptr<SqlSession> openData(const std::string& data,

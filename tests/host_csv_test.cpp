@@ -5,6 +5,8 @@
 
 #include "column_type_guess.h"
 #include "csv_importer.h"
+#include "data_binding.h"
+#include "data_opener.h"
 #include "host_error.h"
 #include "host_temporary_file.h"
 #include "sql_session.h"
@@ -170,5 +172,31 @@ TEST(HostCsv, ImportFailsAsAWhole)
         }
         EXPECT_THROW(session.obtainColumns("data"), HostError);
         EXPECT_EQ(std::filesystem::file_size(database.getPath()), 0U);
+    }
+}
+
+TEST(DataOpener, AFileOfAQueryIsItsRowsAndNothingElse)
+{
+    struct Case {
+        const char* query;
+        const char* text; // of the only column
+    };
+    const Case cases[] = {
+        {"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3) SELECT i AS a FROM n",
+         "1|2|3"},
+        {"-- a comment\nSELECT 'x' AS a\n-- and another", "x"},
+        {"DROP TABLE x", nullptr},
+        {"", nullptr},
+    };
+    const DataBinding binding;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.query);
+        const TemporaryFile file(c.query, "rows.sql");
+        if (!c.text) {
+            EXPECT_THROW((void)openData(file.getPath(), {&binding}, {}), HostError);
+            continue;
+        }
+        const std::unique_ptr<SqlSession> session = openData(file.getPath(), {&binding, &binding}, {});
+        EXPECT_EQ(readColumn(*session, "a", binding.table), c.text);
     }
 }
