@@ -129,11 +129,18 @@ void KXAxis::setExtraLength(const std::string& key, double length)
     _markStale();
 }
 
+void KXAxis::setGap(double length)
+{
+    m_gap = (std::max)(saturate(length), 0.0);
+    setExtraLength("gap", m_gap);
+}
+
 void KXAxis::clearExtraLengths()
 {
     if (m_extraLengths.empty())
         return;
     m_extraLengths.clear();
+    m_gap = 0;
     _markStale();
 }
 
@@ -231,10 +238,11 @@ UXDoublePoint KXAxis::obtainDoubleValuePositionInAxis(double value, std::int64_t
     if (isReversed() && m_applyExtralengthToTheEnd)
         moved += m_currentExtraLength;
     const double farthest = saturate(m_totalLength * farthestLengths);
+    const double beyond = value < 0 ? 0 : value > 0 ? m_gap : m_gap / 2; // of the gap
     if (m_xVectorNotation != 0)
-        point.x = std::clamp(point.x + moved, -farthest, farthest);
+        point.x = std::clamp(point.x + moved + beyond * m_xVectorNotation, -farthest, farthest);
     if (m_yVectorNotation != 0)
-        point.y = std::clamp(point.y + moved, -farthest, farthest);
+        point.y = std::clamp(point.y + moved - beyond * m_yVectorNotation, -farthest, farthest);
     return point;
 }
 

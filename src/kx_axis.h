@@ -68,6 +68,10 @@ public:
     /** Keeps room in the content beside the values, for what key names. Lengths below 0 are 0. */
     void setExtraLength(const std::string& key, double length);
     void clearExtraLengths();
+    /** @return the room within the axis between the values below zero and those above */
+    double getGap() const { return m_gap; }
+    /** Keeps such a room; zero lies in its middle. It is an extra length. */
+    void setGap(double length);
     /** @return whether a reversed axis has the extra room at its end, beyond the maximum */
     bool getApplyExtralengthToTheEnd() const { return m_applyExtralengthToTheEnd; }
     void setApplyExtralengthToTheEnd(bool apply);
@@ -142,6 +146,7 @@ private:
     bool m_shiftHalfValueSpacing = false;
     std::map<std::string, double> m_extraLengths;
     bool m_applyExtralengthToTheEnd = true;
+    double m_gap = 0; // not saved: it follows from what a chart puts there
     bool m_showAxis = true;
 
     // The scale as it was worked out last

@@ -47,6 +47,7 @@ struct KX_EXPORT KXAxisChartAxis {
     UXPosition position = UXPosition::Bottom; /**< the side of the marks at which it stands */
     bool isUsed = true;                       /**< off: nothing of it is shown, and it takes no room */
     bool sharesGrid = true;                   /**< off: its grid lines would lie beside those of another */
+    bool labelsInGap = false;                 /**< its labels stand in a gap of the axis of values */
     bool ticksChanged = true;                 /**< since the labels were told of them */
     KXAxisChartLabelRoom labelRoom;           /**< by which the last layout has placed the marks */
     KXAxis* axis = nullptr;

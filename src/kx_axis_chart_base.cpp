@@ -37,6 +37,13 @@ void shareColor(KXAxisProperty& property)
         property.updateTickLabelFontColor(color);
 }
 
+/** @return where zero lies along an axis, which is on both sides of a gap */
+std::vector<double> obtainZeroPlaces(const KXAxis& axis, double middle)
+{
+    const double half = axis.getGap() / 2;
+    return half > 0 ? std::vector<double>{middle - half, middle + half} : std::vector<double>{middle};
+}
+
 /** @return nothing where an answer of the host destroyed the labels */
 std::optional<KXAxisChartLabelRoom> measureLabelRoom(const KXAxisChartAxis& axis)
 {
@@ -276,12 +283,13 @@ void KXAxisChartBase::_layoutGrid()
             KXAxisChartGridLines& lines = grid.emplace_back(!alongX, std::vector<double>(),
                                                             own->property->getGridLineColor());
             for (const double tick : kxObtainAxisTicks(own->cache, first, last, limit))
-                lines.places.push_back(placeOf(tick));
+                if (tick != 0 || axis.getGap() == 0)
+                    lines.places.push_back(placeOf(tick));
         }
         const bool hasZero = own->cache.isValueAxis && !own->cache.isLogarithmic && axis.getMinValue() < 0 &&
                              axis.getMaxValue() > 0;
         if (hasZero && own.get() != _obtainScrolledAxis() && m_axisChartProperty->getShowZeroLine())
-            zeros.push_back({!alongX, {placeOf(0)}, own->property->getAxisColor()});
+            zeros.push_back({!alongX, obtainZeroPlaces(axis, placeOf(0)), own->property->getAxisColor()});
     }
     grid.insert(grid.end(), zeros.begin(), zeros.end());
     m_gridLayer->setLines(grid, m_marksArea);

@@ -132,6 +132,7 @@ private:
     };
     struct Bands {
         Band left, top, right, bottom;
+        int gap = 0; // between the marks, for labels there
 
         Band& at(UXPosition side);
         const Band& at(UXPosition side) const { return const_cast<Bands*>(this)->at(side); }
@@ -155,7 +156,8 @@ private:
     void _measureTitle(const KXAxisChartAxis& axis, Bands& bands);
     int _obtainEndTitleGap(const KXAxisChartAxis& axis) const;
     UXRect _obtainArea(const Bands& bands, bool scrolls) const;
-    void _placeAxes(const UXRect& area);
+    void _placeAxes(const UXRect& area, int gap);
+    UXRect _obtainGapRect(int gap) const;
     void _placeLabels(const Bands& bands);
     void _placeTitles(const Bands& bands, const Detail& detail, bool scrolls);
     UXRect _obtainTitleRect(const KXAxisChartAxis& axis, const Bands& bands, int bar) const;

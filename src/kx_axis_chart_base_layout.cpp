@@ -166,7 +166,7 @@ void KXAxisChartBase::_layoutAxes(const Detail& detail)
         // What was visible on the way here needs no room and turns no label, known texts or not.
         for (const auto& axis : m_axes)
             axis->labels->forgetRoom();
-        _placeAxes(_obtainArea(bands, scrolls));
+        _placeAxes(_obtainArea(bands, scrolls), bands.gap);
         _customUpdateTicks();
         if (!self.isAlive())
             return;
@@ -195,7 +195,7 @@ bool KXAxisChartBase::_settleScroll(const Bands& bands, bool scrolls)
     const KXAxisChartAxis* scrolled = _obtainScrolledAxis();
     for (const auto& [tried, fits] : {std::pair(scrolls, false), {!scrolls, false}, {false, true}}) {
         m_fitsCategories = fits;
-        _placeAxes(_obtainArea(bands, tried));
+        _placeAxes(_obtainArea(bands, tried), bands.gap);
         _customUpdateTicks();
         if (!self.isAlive())
             return false;
@@ -256,6 +256,7 @@ void KXAxisChartBase::_updateLabels(const Detail& detail)
                              property.getTickLabelIntervalMode() != KXAxisTickLabelIntervalMode::Auto;
         labels.setAutoRotateLabels(mayTurn && plot.height / labelDivider >= leastTurnedLength);
         labels.setPrefersAllLabels(isCategories);
+        labels.setCentersLabels(axis.labelsInGap);
         const bool endsAtTitle = !isCategories && property.getShowTitleAtEndOfAxis();
         labels.setShowLabelInBound(isScrolled && axis.isHorizontal() && !endsAtTitle);
         labels.setTickLabelIntervalMode(property.getTickLabelIntervalMode());
@@ -297,7 +298,10 @@ void KXAxisChartBase::_measureLabels(Bands& bands)
         const int length = axis.labels->getVisible() ? boundExtent(axis.labels->obtainLabelLength()) : 0;
         if (!self.isAlive())
             return;
-        bands.at(axis.position).labels = std::max(bands.at(axis.position).labels, length);
+        if (!axis.labelsInGap)
+            bands.at(axis.position).labels = std::max(bands.at(axis.position).labels, length);
+        else if (length > 0)
+            bands.gap = length + 2 * labelGap;
         axis.labelRoom = {};
         axis.labelRoom.length = length;
         if (axis.labels->getVisible())
@@ -379,7 +383,8 @@ UXRect KXAxisChartBase::_obtainArea(const Bands& bands, bool scrolls) const
     return area;
 }
 
-void KXAxisChartBase::_placeAxes(const UXRect& area)
+/** @param gap of an axis of values between its sides */
+void KXAxisChartBase::_placeAxes(const UXRect& area, int gap)
 {
     m_marksArea = area;
     _colorAxes();
@@ -387,7 +392,8 @@ void KXAxisChartBase::_placeAxes(const UXRect& area)
     for (const auto& own : m_axes) {
         KXAxis& axis = *own->axis;
         axis.setVisible(own->isUsed);
-        axis.setShowAxis(own->property->getShowAxis());
+        axis.setShowAxis(own->property->getShowAxis() && !own->labelsInGap);
+        axis.setGap(own.get() == scrolled ? 0 : gap);
         const bool isReversed = own.get() != scrolled && m_axisChartProperty->getIsYReversed();
         if (own->isHorizontal())
             axis.setVectorNotation(isReversed ? -1 : 1, 0);
@@ -423,8 +429,25 @@ void KXAxisChartBase::_placeLabels(const Bands& bands)
             rect = {area.x - gap - length, 0, length, plot.height};
         else
             rect = {uxMaxX(area) + gap, 0, length, plot.height};
+        if (axis->labelsInGap)
+            rect = _obtainGapRect(bands.gap);
         axis->labels->setRect(rect);
     }
+}
+
+/** @return the room between the two sides of the marks, less what stays free of it; empty without one */
+UXRect KXAxisChartBase::_obtainGapRect(int gap) const
+{
+    const KXAxisChartAxis* scrolled = _obtainScrolledAxis();
+    for (const auto& own : m_axes) {
+        if (own.get() == scrolled || !own->isUsed || !own->isHorizontal())
+            continue;
+        const int length = std::max(gap - 2 * labelGap, 0);
+        const double middle = own->axis->obtainDoubleValuePositionInAxis(0).x;
+        return {uxSaturateToInt(std::round(middle - length / 2.0)), 0, length,
+                m_plot->getBoundingRect().height};
+    }
+    return {};
 }
 
 void KXAxisChartBase::_placeTitles(const Bands& bands, const Detail& detail, bool scrolls)

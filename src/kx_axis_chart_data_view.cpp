@@ -30,6 +30,7 @@ bool KXAxisChartDataView::canStack() const { return true; }
 bool KXAxisChartDataView::placesItself() const { return false; }
 bool KXAxisChartDataView::canBeLogarithmic() const { return !placesItself(); }
 bool KXAxisChartDataView::isMirrored() const { return false; }
+bool KXAxisChartDataView::labelsCategoriesInGap() const { return false; }
 bool KXAxisChartDataView::prefersContinuousDates() const { return false; }
 bool KXAxisChartDataView::prefersContinuousNumbers() const { return false; }
 

@@ -70,6 +70,9 @@ public:
     virtual bool canBeLogarithmic() const;
     /** @return whether the value axis shows 0 to the greatest value on both sides; by default not */
     virtual bool isMirrored() const;
+    /** @return whether the categories are named between the two sides of a mirrored axis, in a gap of it; by
+     * default not */
+    virtual bool labelsCategoriesInGap() const;
     /** @return whether members that are dates lie at their numbers unless somebody says otherwise; by default
      * they have slots, as bars want them */
     virtual bool prefersContinuousDates() const;

@@ -41,7 +41,9 @@ UXDoubleRect KXAxisChartPlotFrame::snapAcross(const UXDoubleRect& rect) const
 
 std::optional<KXAxisChartInterval> KXAxisChartPlotFrame::placeAlong(double from, double to) const
 {
-    const double first = values.obtainPosition(from), second = values.obtainPosition(to);
+    // Zero lies at the side of a gap at which the other end is.
+    const double first = values.obtainPosition(from == 0 ? std::copysign(0, to) : from),
+                 second = values.obtainPosition(to == 0 ? std::copysign(0, from) : to);
     const KXAxisChartInterval room = obtainAlong();
     const double start = std::min(first, second), end = std::max(first, second);
     if (end < room.start || start > room.end)

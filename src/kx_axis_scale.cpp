@@ -90,7 +90,8 @@ bool isPercentageAxis(const KXAxisProperty& property, const KXAxisChartAxisCache
     return property.obtainIs100PercentStacked() && !cache.isUnstackable;
 }
 
-/** Turns the axis over to the other side of zero, ticks included. */
+/** Turns the axis over to the other side of zero, ticks included. Zero is always one of them; of more than
+ * anybody can see, every n-th one from there is. */
 void mirror(KXAxisChartAxisCacheData& cache)
 {
     constexpr double greatestTickCount = 1000; // on each side
@@ -100,10 +101,11 @@ void mirror(KXAxisChartAxisCacheData& cache)
     cache.axisMin = -cache.axisMax;
     cache.ownTicks.clear();
     const double count = std::floor(roundOffNoise(cache.axisMax / cache.tickInterval));
-    if (!(count >= 1 && count <= greatestTickCount))
+    if (!std::isfinite(count))
         return;
-    for (double i = -count; i <= count; ++i)
-        cache.ownTicks.push_back(i * cache.tickInterval + 0.0);
+    const double step = std::max(std::ceil(count / greatestTickCount), 1.0), half = std::floor(count / step);
+    for (double i = -half; i <= half; ++i)
+        cache.ownTicks.push_back(i * step * cache.tickInterval + 0.0);
 }
 
 void updateLogarithmicAxis(const KXAxisProperty& property, KXAxisChartAxisCacheData& cache, bool roundsRange)

@@ -107,6 +107,8 @@ void KXAxisTickLabelView::setAutoRotateLabels(bool rotate) { _setMember(m_autoRo
 
 void KXAxisTickLabelView::setPrefersAllLabels(bool prefer) { _setMember(m_prefersAllLabels, prefer); }
 
+void KXAxisTickLabelView::setCentersLabels(bool centers) { _setMember(m_centersLabels, centers); }
+
 void KXAxisTickLabelView::setTickLabelRotationType(KXAxisTickLabelRotationType type)
 {
     _setMember(m_tickLabelRotationType, type);

@@ -93,6 +93,8 @@ public:
      * shows all of each, and are shortened to what there is between two ticks before they are left out, where
      * that is enough to read. */
     void setPrefersAllLabels(bool prefer);
+    /** On: upright labels beside the axis stand in the middle of the view rather than next to the axis. */
+    void setCentersLabels(bool centers);
     KXAxisTickLabelRotationType getTickLabelRotationType() const { return m_tickLabelRotationType; }
     void setTickLabelRotationType(KXAxisTickLabelRotationType type);
     KXAxisTickLabelIntervalMode getTickLabelIntervalMode() const { return m_tickLabelIntervalMode; }
@@ -299,7 +301,7 @@ private:
     KXAxisTickLabelViewDelegate* m_delegate = nullptr; // the chart's
     UXRect m_scrollBarRect;
     UXTextProperty m_textProperty;
-    bool m_prefersAllLabels = false;
+    bool m_prefersAllLabels = false, m_centersLabels = false;
     int m_anchorTick = 0;
 
     // Stale until the step is done

@@ -194,7 +194,7 @@ double KXAxisTickLabelView::_obtainRoomAtEnd(const Tick& tick, int direction) co
     if (direction < 0)
         return values * m_scale.spacing + (grows ? low : high);
     const KXAxis* axis = getAxis();
-    const double extra = axis ? axis->obtainTotalExtraLength() : 0;
+    const double extra = axis ? axis->obtainTotalExtraLength() - axis->getGap() : 0;
     return values * m_scale.spacing + extra + (grows ? high : low) - m_scale.length;
 }
 

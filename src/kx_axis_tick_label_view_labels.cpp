@@ -77,6 +77,8 @@ UXPoint KXAxisTickLabelView::_obtainTickPoint(const UXPoint& positionInAxis) con
     const UXRect& area = m_scale.area;
     if (_obtainLayout().isAlongX())
         point.y = std::clamp(point.y, area.y, (std::max)(uxMaxY(area), area.y));
+    else if (m_centersLabels) // the axis may be anywhere
+        point.x = m_position == UXPosition::Right ? area.x : uxMaxX(area);
     else
         point.x = std::clamp(point.x, area.x, (std::max)(uxMaxX(area), area.x));
     return point;
@@ -213,6 +215,8 @@ bool KXAxisTickLabelView::_fitLabel(PlacedLabel& label, const UXPoint& tick, dou
 
     // 3. What still sticks out is half the height of a line.
     label.place = layout.obtainPlace(size, tick);
+    if (m_centersLabels && !layout.isAlongX())
+        label.place.center.x = m_scale.area.x + m_scale.area.width / 2.0;
     const UXRect rect = layout.obtainRect(label.place);
     label.rect = updateLabelRectToShowInBoundary(rect);
     label.movedBy = std::abs(layout.isAlongX() ? label.rect.x - rect.x : label.rect.y - rect.y);
@@ -336,7 +340,9 @@ bool KXAxisTickLabelView::_findTickAt(const UXPoint& point, Tick& tick, bool& is
     const double x = static_cast<double>(foot.x) + m_scale.origin.x - m_scale.start.x;
     const double y = static_cast<double>(foot.y) + m_scale.origin.y - m_scale.start.y;
     const double along = x * m_scale.xNotation - (m_scale.xNotation == 0 ? y * m_scale.yNotation : 0);
-    const double value = m_scale.first + along / m_scale.spacing;
+    double value = m_scale.first + along / m_scale.spacing;
+    if (const KXAxis* axis = getAxis(); axis && value > 0)
+        value = (std::max)(value - axis->getGap() / m_scale.spacing, 0.0);
     const std::optional<int> next = _findTick(value);
     if (!next)
         return false;

@@ -48,6 +48,8 @@ KXAxisChartDrawnData KXTornadoChart::_deriveData()
     else if (_isPulledDivided())
         source.leftCount = 1;
 
+    m_tornadoView.setLabelsInGap(m_tornadoProperty->getLabelsInCenter());
+
     // 2. Their rows, in the order in which they are shown.
     KXTornadoRows rows = kxMakeTornadoRows(source, obtainForm(), m_tornadoProperty->getSortBySize());
     KXAxisChartDrawnData drawn;

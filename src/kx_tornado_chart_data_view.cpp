@@ -73,6 +73,7 @@ bool KXTornadoChartDataView::isHatched(const KXAxisChartMark& mark) const
 
 bool KXTornadoChartDataView::placesItself() const { return true; }
 bool KXTornadoChartDataView::isMirrored() const { return m_form == KXTornadoForm::Mirrored; }
+bool KXTornadoChartDataView::labelsCategoriesInGap() const { return m_labelsInGap && isMirrored(); }
 
 KXAxisChartStacking KXTornadoChartDataView::obtainStacking() const
 {

@@ -20,6 +20,7 @@ public:
 
     /** @param center where bars start that are not mirrored */
     void takeRows(KXTornadoRows rows, KXTornadoForm form, double center);
+    void setLabelsInGap(bool labelsInGap) { m_labelsInGap = labelsInGap; }
     const KXTornadoRows& getRows() const { return m_rows; }
     KXTornadoForm getForm() const { return m_form; }
     /** @return whether a bar is drawn by the magnitude of a negative value */
@@ -28,6 +29,7 @@ public:
     // From KXBarChartDataView
     bool placesItself() const override;
     bool isMirrored() const override;
+    bool labelsCategoriesInGap() const override;
     KXAxisChartStacking obtainStacking() const override;
     std::optional<KXAxisChartValueRange> obtainValueRange() const override;
     bool shouldIncludeZero() const override;
@@ -58,5 +60,6 @@ private:
     KXTornadoRows m_rows;
     KXTornadoForm m_form = KXTornadoForm::Mirrored;
     double m_center = 0;
+    bool m_labelsInGap = false;
     std::vector<std::vector<KXAxisChartSpan>> m_spans; // by series and rows, where bars start from the center
 };

@@ -10,6 +10,8 @@
     KEY(KXTornadoChartStackStyle, StackStyle, m_stackStyle, KXTornadoChartStackStyle::StackedBar,       \
         Any(Tornado), Reload, "both sides, or the difference of the right one to the left one")         \
     KEY(bool, SortBySize, m_sortBySize, true, Any(Tornado), Reload, "the longest row first")            \
+    KEY(bool, LabelsInCenter, m_labelsInCenter, false, Any(Tornado), Reload,                            \
+        "the categories are named between the two sides of a mirrored axis; off: left of all bars")     \
     KEY(bool, IsMirrored, m_isMirrored, true, Any(Tornado), Reload,                                     \
         "the sides run from zero to the left and to the right; off: all values from m_center on along " \
         "one axis")                                                                                     \

@@ -31,8 +31,9 @@ KXAxisChartScale makeMap(const KXAxisChartAxis& own)
     const UXDoublePoint start = axis.obtainDoubleValuePositionInAxis(low);
     const UXDoublePoint end = axis.obtainDoubleValuePositionInAxis(high);
     const double from = own.isHorizontal() ? start.x : start.y, to = own.isHorizontal() ? end.x : end.y;
-    const double span = high - low;
-    return {low, from, span > 0 && std::isfinite(span) ? (to - from) / span : 0, own.cache.isLogarithmic};
+    const double span = high - low, gap = low < 0 && high > 0 ? std::copysign(axis.getGap(), to - from) : 0;
+    const double spacing = span > 0 && std::isfinite(span) ? (to - from - gap) / span : 0;
+    return {low, from, spacing, own.cache.isLogarithmic, gap};
 }
 
 std::uint64_t toIndex(double number, std::uint64_t count)
@@ -223,6 +224,9 @@ void KXXYAxisChart::_placeSides()
     m_y.position = isVertical() ? UXPosition::Left : UXPosition::Bottom;
     m_secondaryY.position = isVertical() ? UXPosition::Right : UXPosition::Top;
     m_x.isUsed = m_y.isUsed = hasData;
+    m_x.labelsInGap = !isVertical() && !m_isContinuous &&
+                      std::ranges::any_of(getDataViews(),
+                                          [](const auto& view) { return view->labelsCategoriesInGap(); });
     if (!hasData)
         m_secondaryY.isUsed = false;
 }

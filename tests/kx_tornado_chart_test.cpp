@@ -1,8 +1,10 @@
 #include "kx_tornado_chart.h"
 
+#include "kx_axis.h"
 #include "kx_axis_chart_axis_cache_data.h"
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
+#include "kx_axis_tick_label_view.h"
 #include "kx_bar_chart_property.h"
 #include "kx_bar_labels.h"
 #include "kx_bar_layout.h"
@@ -13,6 +15,8 @@
 #include "kx_tornado_chart_property.h"
 #include "kx_tornado_chart_stacked_bar.h"
 #include "ux/ux_hint_info.h"
+#include "ux/ux_label.h"
+#include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
 
@@ -22,6 +26,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -65,6 +70,24 @@ std::string describe(const KXTornadoChart& chart)
         text << "; ";
     }
     return text.str();
+}
+
+/** @return the labels of the categories in the plot's space, and what they say */
+std::vector<std::pair<UXRect, std::string>> obtainCategoryLabels(const KXTornadoChart& chart)
+{
+    std::vector<std::pair<UXRect, std::string>> labels;
+    for (UXObject* part : chart.getPlot()->getChildren()) {
+        const auto* view = dynamic_cast<KXAxisTickLabelView*>(part);
+        if (!view || view->getAxis() != chart.getXAxis())
+            continue;
+        for (const UXLabel* label : view->obtainLabels()) {
+            UXRect rect = label->getRect();
+            rect.x += view->getRect().x;
+            if (label->getVisible())
+                labels.emplace_back(rect, label->getText());
+        }
+    }
+    return labels;
 }
 
 } // namespace
@@ -179,6 +202,44 @@ TEST_F(KXTornadoChartTest, BothSidesShareOneScaleWithZeroInTheMiddle)
     for (const char* tick : {"\"0\"", "\"8\"", "\"16\""})
         EXPECT_NE(text.find(tick), std::string::npos) << tick << text;
     EXPECT_EQ(text.find("\"-8\""), std::string::npos);
+
+    // However many of them have a label, the middle has.
+    for (const double interval : {1.0, 3.0, 8.0, 0.01})
+        for (int width = 160; width <= 400; width += 40) {
+            chart.getYAxisProperty()->updateCustomAxisTickInterval(interval);
+            chart.setRect({0, 0, width, 160});
+            chart.layout();
+            EXPECT_NE(uxPaintToText(chart).find("\"0\""), std::string::npos) << interval << " " << width;
+        }
+}
+
+TEST_F(KXTornadoChartTest, CategoriesMayBeNamedBetweenTheSides)
+{
+    KXTornadoChart chart;
+    chart.getTornadoChartProperty()->updateLabelsInCenter(true);
+    load(chart, {{3, 17, -5, null}, {4, 9, 2, 0}});
+    KXAxis& axis = *chart.getYAxis();
+    const double gap = axis.getGap(), middle = axis.obtainDoubleValuePositionInAxis(0).x;
+    const KXTornadoChartDataView& view = chart.getDataView();
+    for (const KXBar& bar : view.getBars()) {
+        const bool isLeft = bar.mark.series == 0;
+        const double start = isLeft ? bar.rect.x + bar.rect.width : bar.rect.x;
+        EXPECT_NEAR(start, middle + (isLeft ? -gap : gap) / 2, 1e-6) << bar.value;
+        EXPECT_NEAR(bar.rect.width, std::abs(bar.value) * view.getPlane().values.spacing, 1e-6);
+        EXPECT_NEAR(view.getPlane().values.obtainValue(isLeft ? bar.rect.x : bar.rect.x + bar.rect.width),
+                    bar.to, 1e-6);
+    }
+    int count = 0;
+    for (const auto& [rect, text] : obtainCategoryLabels(chart)) {
+        EXPECT_NEAR(rect.x + rect.width / 2.0, middle, 1) << text;
+        EXPECT_LT(rect.width, gap);
+        ++count;
+    }
+    EXPECT_EQ(count, 4);
+
+    setForm(chart, KXTornadoForm::Difference);
+    chart.layout();
+    EXPECT_EQ(axis.getGap(), 0);
 }
 
 TEST_F(KXTornadoChartTest, HintsAndTotalsAreThoseOfTheSides)
