@@ -52,23 +52,27 @@ std::vector<double> obtainTangents(std::span<const KXLineVertex> run)
     return tangents;
 }
 
+/** Appends the cubic of Hermite by the slopes at its ends. */
+void appendCubic(const KXLineVertex& from, const KXLineVertex& to, double fromSlope, double toSlope,
+                 double pieceLength, std::vector<UXDoublePoint>& points)
+{
+    const double width = to.across - from.across, height = to.along - from.along;
+    const double count = std::clamp(std::ceil(width / pieceLength), 1.0, greatestPieceCount);
+    for (double piece = 1; piece < count; ++piece) {
+        const double t = piece / count, rest = 1 - t;
+        const double along = from.along + height * t * t * (3 - 2 * t) +
+                             width * t * rest * (fromSlope * rest - toSlope * t);
+        points.emplace_back(from.across + width * t, along);
+    }
+    points.emplace_back(to.across, to.along);
+}
+
 void appendSmooth(std::span<const KXLineVertex> run, double pieceLength, std::vector<UXDoublePoint>& points)
 {
     const std::vector<double> tangents = obtainTangents(run);
     points.emplace_back(run[0].across, run[0].along);
-    for (std::size_t i = 1; i < run.size(); ++i) {
-        const KXLineVertex &from = run[i - 1], &to = run[i];
-        const double width = to.across - from.across, height = to.along - from.along;
-        const double count = std::clamp(std::ceil(width / pieceLength), 1.0, greatestPieceCount);
-        for (double piece = 1; piece < count; ++piece) {
-            // The cubic of Hermite by its two slopes.
-            const double t = piece / count, rest = 1 - t;
-            const double along = from.along + height * t * t * (3 - 2 * t) +
-                                 width * t * rest * (tangents[i - 1] * rest - tangents[i] * t);
-            points.emplace_back(from.across + width * t, along);
-        }
-        points.emplace_back(to.across, to.along);
-    }
+    for (std::size_t i = 1; i < run.size(); ++i)
+        appendCubic(run[i - 1], run[i], tangents[i - 1], tangents[i], pieceLength, points);
 }
 
 /** @param share of the way to the next vertex at which the step is taken */
@@ -87,6 +91,13 @@ void appendSteps(std::span<const KXLineVertex> run, double share, std::vector<UX
 }
 
 } // namespace
+
+void kxAppendSmoothPiece(std::span<const KXLineVertex> run, std::size_t vertex, double pieceLength,
+                         std::vector<UXDoublePoint>& points)
+{
+    const std::vector<double> tangents = obtainTangents(run);
+    appendCubic(run[vertex - 1], run[vertex], tangents[vertex - 1], tangents[vertex], pieceLength, points);
+}
 
 void kxAppendCurve(std::span<const KXLineVertex> run, KXLineCurve curve, double pieceLength,
                    std::vector<UXDoublePoint>& points)

@@ -4,6 +4,7 @@
 #include "kx_line_chart_options.h"
 #include "ux/ux_double_point.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -16,6 +17,14 @@ struct KXLineVertex {
 
     friend bool operator==(const KXLineVertex&, const KXLineVertex&) = default;
 };
+
+/**
+ * Appends the straight pieces of a smooth line from the vertex before one to that one, without its start.
+ * @param run the two and their neighbours in the data; one where the line ends has none
+ * @param vertex the place of the end in run, above 0
+ */
+KX_EXPORT void kxAppendSmoothPiece(std::span<const KXLineVertex> run, std::size_t vertex, double pieceLength,
+                                   std::vector<UXDoublePoint>& points);
 
 /**
  * Appends the straight pieces of a line through the vertices of one run, x across and y along.

@@ -3,9 +3,11 @@
 #include "kx_axis_chart_pixel_columns.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <map>
+#include <span>
 #include <utility>
 
 namespace {
@@ -95,6 +97,7 @@ private:
         if (!isNew)
             return path;
         m_vertices = &path.vertices;
+        m_vertexPlaces.clear();
         m_isBroken = true;
         const auto [from, to] = _obtainReach(heights);
         _takeAll(heights, from, m_places.first);
@@ -103,7 +106,7 @@ private:
         else
             _takeAll(heights, m_places.first, m_places.end);
         _takeAll(heights, m_places.end, to);
-        _trace(path);
+        _trace(path, heights);
         return path;
     }
 
@@ -136,10 +139,21 @@ private:
     {
         const bool startsRun = m_vertices->empty() || (m_isBroken && !m_form.connectsOverNulls);
         m_isBroken = false;
-        m_vertices->push_back({m_edges.obtainCategory(place),
-                               m_frame.categories.obtainPosition(m_places.obtainCategoryValue(place)),
-                               m_frame.values.obtainPosition(heights[place]), startsRun});
+        m_vertices->push_back(_makeVertex(heights, place, startsRun));
+        if (_bendsBetweenColumns())
+            m_vertexPlaces.push_back(place);
     }
+
+    KXLineVertex _makeVertex(Heights heights, std::uint64_t place, bool startsRun) const
+    {
+        return {m_edges.obtainCategory(place),
+                m_frame.categories.obtainPosition(m_places.obtainCategoryValue(place)),
+                m_frame.values.obtainPosition(heights[place]), startsRun};
+    }
+
+    /** What lies within a pixel has no curve, only extremes; what leads from one far column to the next has.
+     */
+    bool _bendsBetweenColumns() const { return m_isDense && m_form.curve == KXLineCurve::Smooth; }
 
     void _takeColumns(Heights heights)
     {
@@ -220,11 +234,44 @@ private:
         }
     }
 
-    /** Draws through the vertices, run by run. */
-    void _trace(KXLinePath& path) const
+    /** Draws from a vertex to the next one as the line through all of the data would, of which the vertices
+     * are only those that can be seen. */
+    void _appendBend(Heights heights, std::uint64_t from, std::uint64_t to, double piece,
+                     std::vector<UXDoublePoint>& points) const
+    {
+        const auto isMissing = [&](std::uint64_t place) { return std::isnan(heights[place]); };
+        std::uint64_t before = from, after = to;
+        while (before > 0 && isMissing(--before) && m_form.connectsOverNulls)
+            continue;
+        while (after + 1 < heights.size() && isMissing(++after) && m_form.connectsOverNulls)
+            continue;
+        std::array<KXLineVertex, 4> run;
+        std::size_t count = 0;
+        if (before < from && !isMissing(before))
+            run[count++] = _makeVertex(heights, before, false);
+        run[count++] = _makeVertex(heights, from, false);
+        run[count++] = _makeVertex(heights, to, false);
+        const std::size_t end = count - 1;
+        if (after > to && !isMissing(after))
+            run[count++] = _makeVertex(heights, after, false);
+        kxAppendSmoothPiece(std::span(run).first(count), end, piece, points);
+    }
+
+    void _traceBends(Heights heights, std::size_t first, std::size_t end, double piece,
+                     KXLinePath& path) const
     {
         const std::vector<KXLineVertex>& vertices = path.vertices;
-        const bool isSmoothed = m_form.curve == KXLineCurve::Smooth;
+        for (std::size_t i = first; i < end; ++i)
+            if (i > first && vertices[i].across - vertices[i - 1].across > piece)
+                _appendBend(heights, m_vertexPlaces[i - 1], m_vertexPlaces[i], piece, path.points);
+            else
+                path.points.emplace_back(vertices[i].across, vertices[i].along);
+    }
+
+    /** Draws through the vertices, run by run. */
+    void _trace(KXLinePath& path, Heights heights) const
+    {
+        const std::vector<KXLineVertex>& vertices = path.vertices;
         const double piece = curvePiece / m_frame.pixelScale;
         for (std::size_t first = 0; first < vertices.size();) {
             std::size_t end = first + 1;
@@ -232,9 +279,11 @@ private:
                 ++end;
             if (first > 0)
                 path.points.emplace_back(vertices[first].across, std::numeric_limits<double>::quiet_NaN());
-            // What lies within a pixel has no curve, only extremes.
-            const KXLineCurve curve = m_isDense && isSmoothed ? KXLineCurve::Straight : m_form.curve;
-            kxAppendCurve(std::span(vertices).subspan(first, end - first), curve, piece, path.points);
+            if (_bendsBetweenColumns())
+                _traceBends(heights, first, end, piece, path);
+            else
+                kxAppendCurve(std::span(vertices).subspan(first, end - first), m_form.curve, piece,
+                              path.points);
             first = end;
         }
         for (UXDoublePoint& point : path.points)
@@ -283,6 +332,7 @@ private:
     std::vector<KXValueInterval> m_intervals;    // of the present column
 
     std::vector<KXLineVertex>* m_vertices = nullptr; // of the present path
+    std::vector<std::uint64_t> m_vertexPlaces;       // of these, where they are needed
     bool m_isBroken = false;                         // there was a null before
 };
 

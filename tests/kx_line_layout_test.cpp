@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <vector>
@@ -135,4 +136,49 @@ TEST(KXLineLayout, PlacesThatGoBackAreJoinedByTheirNumbers)
     for (const KXLineVertex& vertex : layout.shapes[0].line.vertices)
         categories.push_back(vertex.category);
     EXPECT_EQ(categories, (std::vector<std::uint64_t>{1, 3, 2, 0}));
+}
+
+/** Crowded places beside far ones make a line dense, and leave it as smooth as it is elsewhere. */
+TEST(KXLineLayout, WhatLeadsFromOneFarColumnToTheNextIsBentAsByAllPlaces)
+{
+    for (const bool hasGap : {false, true}) {
+        std::mt19937 random(5);
+        std::vector<double> values, numbers;
+        for (double number = 0; number < 190;
+             number += number < 1 || (number > 90 && number < 91) ? 0.001 : 7) {
+            numbers.push_back(number);
+            values.push_back(static_cast<double>(random() % 800));
+        }
+        if (hasGap)
+            values[values.size() - 4] = null;
+        KXAxisChartStacks source;
+        source.series = {{0, values}};
+        source.categoryNumbers = numbers;
+        source.end = values.size();
+        KXAxisChartPlotFrame frame = kxMakeLineFrame(200, 200);
+        frame.categories = {0, 0, 1};
+        std::vector<KXLineVertex> all;
+        std::vector<UXDoublePoint> expected, found;
+        const auto trace = [&] {
+            kxAppendCurve(all, KXLineCurve::Smooth, 2, expected);
+            all.clear();
+        };
+        for (std::size_t i = 0; i < values.size(); ++i)
+            if (!std::isnan(values[i]))
+                all.push_back({i, numbers[i], frame.values.obtainPosition(values[i]), false});
+            else
+                trace();
+        trace();
+        KXLineEdges edges;
+        edges.take(source, KXLineNullHandling::Gap);
+        const KXLineLayout layout = kxLayoutLines(edges, frame, {.curve = KXLineCurve::Smooth});
+        EXPECT_TRUE(layout.isDense);
+        const auto isFar = [](const UXDoublePoint& point) {
+            return std::isfinite(point.y) && (point.x > 92 || (point.x > 2 && point.x < 90));
+        };
+        std::erase_if(expected, [&](const UXDoublePoint& point) { return !isFar(point); });
+        std::ranges::copy_if(layout.shapes[0].line.points, std::back_inserter(found), isFar);
+        EXPECT_GT(found.size(), 60U);
+        EXPECT_EQ(found, expected) << hasGap;
+    }
 }
