@@ -25,6 +25,15 @@ KXGradientLegend::KXGradientLegend() { m_textProperty.font.size = 12; }
 
 KXGradientLegend::~KXGradientLegend() = default;
 
+void KXGradientLegend::setScale(const KXGradientScale& scale, const UXColor& textColor,
+                                const std::function<std::string(double)>& format)
+{
+    UXTextProperty text = m_textProperty;
+    text.textColor = textColor;
+    setTextProperty(text);
+    setScale(scale, format);
+}
+
 void KXGradientLegend::setScale(const KXGradientScale& scale,
                                 const std::function<std::string(double)>& format)
 {

@@ -2,6 +2,7 @@
 
 #include "kx_export.h"
 #include "kx_gradient_scale.h"
+#include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_object.h"
 #include "ux/ux_position.h"
@@ -23,6 +24,9 @@ public:
 
     /** @param format words a value; it is called at once and asks nobody */
     void setScale(const KXGradientScale& scale, const std::function<std::string(double)>& format);
+    /** The same with texts in that colour. */
+    void setScale(const KXGradientScale& scale, const UXColor& textColor,
+                  const std::function<std::string(double)>& format);
     const KXGradientScale& getScale() const { return m_scale; }
     const UXTextProperty& getTextProperty() const { return m_textProperty; }
     void setTextProperty(const UXTextProperty& property);

@@ -133,10 +133,8 @@ std::span<const double> KXHeatMapChart::_obtainShownValues() const
 void KXHeatMapChart::_updateColors()
 {
     _updateScale();
-    UXTextProperty text = m_legend->getTextProperty();
-    text.textColor = getChartProperty()->getLegendLabelColor();
-    m_legend->setTextProperty(text);
-    m_legend->setScale(m_scale, [this](double value) { return m_dataFormat->formatNumber(value); });
+    m_legend->setScale(m_scale, getChartProperty()->getLegendLabelColor(),
+                       [this](double value) { return m_dataFormat->formatNumber(value); });
 }
 
 void KXHeatMapChart::registerChartPropertyUpdatedEvents()

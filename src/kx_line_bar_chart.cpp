@@ -2,12 +2,15 @@
 
 #include "kx_axis_chart_data_provider.h"
 #include "kx_axis_property.h"
+#include "kx_axis_scale.h"
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_chart_property.h"
+#include "kx_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
 #include "kx_line_chart_data_view.h"
 #include "kx_line_chart_property.h"
+#include "kx_line_gradient_legend.h"
 #include "ux/ux_object_watcher.h"
 
 #include <algorithm>
@@ -27,8 +30,13 @@ KXLineBarChart::KXLineBarChart()
       m_bars(_addView(std::make_unique<KXBarChartDataView>())),
       m_lines(_addLines(KXAxisChartType::Line, false)),
       m_secondaryLines(_addLines(KXAxisChartType::Line, true)),
-      m_points(_addLines(KXAxisChartType::Scatter, false))
+      m_points(_addLines(KXAxisChartType::Scatter, false)), m_gradientLegends{new KXLineGradientLegend,
+                                                                              new KXLineGradientLegend}
 {
+    for (KXLineGradientLegend* legend : m_gradientLegends) {
+        legend->setVisible(false);
+        addChild(legend);
+    }
     getBarChartProperty()->registerUpdatedEvents([this](const std::string& key) {
         _applyKeyEffect(KXBarChartProperty::obtainPropertyTable().obtainEffect(key));
     });
@@ -55,6 +63,11 @@ KXLineChartDataView& KXLineBarChart::_addLines(KXAxisChartType type, bool isOnSe
 
 KXBarChartProperty* KXLineBarChart::getBarChartProperty() const { return m_bars.getBarChartProperty(); }
 KXLineChartProperty* KXLineBarChart::getLineChartProperty() const { return m_lineProperty.get(); }
+
+KXLineGradientLegend* KXLineBarChart::getGradientLegend(bool isSecondary) const
+{
+    return m_gradientLegends[isSecondary ? 1 : 0];
+}
 
 KXAxisChartType KXLineBarChart::obtainSeriesType(std::uint64_t series) const
 {
@@ -141,6 +154,65 @@ bool KXLineBarChart::_loadMeasures()
     }
     endUseDataProvider();
     return true;
+}
+
+/** @return which colours stand for which values on an axis, none where no lines are told by it. */
+std::optional<KXGradientScale> KXLineBarChart::_obtainColorScale(bool isSecondary) const
+{
+    for (const KXLineChartDataView* view :
+         {&m_areas, &m_secondaryAreas, &m_lines, &m_secondaryLines, &m_points})
+        if (view->getIsOnSecondaryAxis() == isSecondary && !view->getShownSeries().empty())
+            return view->obtainColorScale();
+    return std::nullopt;
+}
+
+void KXLineBarChart::_updateGradientLegends()
+{
+    for (const bool isSecondary : {false, true}) {
+        const std::optional<KXGradientScale> scale = _obtainColorScale(isSecondary);
+        const KXAxisProperty& axis = isSecondary ? *getSecondaryYAxisProperty() : *getYAxisProperty();
+        const KXChartDataFormat& format = isSecondary ? *getSecondaryYDataFormat() : *getYDataFormat();
+        if (scale)
+            getGradientLegend(isSecondary)
+                ->setScale(*scale, getChartProperty()->getLegendLabelColor(),
+                           [&](double value) { return kxFormatAxisTick(axis, format, value); });
+    }
+}
+
+void KXLineBarChart::registerChartPropertyUpdatedEvents()
+{
+    KXXYAxisChart::registerChartPropertyUpdatedEvents();
+    // In place of the base's own: all legends have that colour.
+    getChartProperty()->registerUpdatedEvents({"m_legendLabelColor"}, [this](const std::string&) {
+        getLegend()->setLabelColor(getChartProperty()->getLegendLabelColor());
+        _updateGradientLegends();
+    });
+}
+
+/** The legends show the ranges of what is seen now, so that the axes come first. One is enough where lines on
+ * both axes have the colours of the same values, as of another measure.
+ */
+void KXLineBarChart::_customLayout(UXRect plotArea)
+{
+    const UXObjectWatcher self(this);
+    _customUpdateAxes();
+    if (!self.isAlive())
+        return;
+    _updateGradientLegends();
+    const std::optional<KXGradientScale> first = _obtainColorScale(false), second = _obtainColorScale(true);
+    const bool hasData = preparedAndReloadedData();
+    const KXChartProperty& property = *getChartProperty();
+    const UXRect rest = getGradientLegend(false)->takeRoom(plotArea, property, hasData && first);
+    KXXYAxisChart::_customLayout(
+        getGradientLegend(true)->takeRoom(rest, property, hasData && second && second != first));
+}
+
+void KXLineBarChart::_applyKeyEffect(UXPropertyEffect effect)
+{
+    const UXObjectWatcher self(this);
+    KXXYAxisChart::_applyKeyEffect(effect);
+    if (self.isAlive())
+        _updateGradientLegends();
 }
 
 void KXLineBarChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "kx_axis_chart_options.h"
+#include "kx_gradient_scale.h"
 #include "kx_xy_axis_chart.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +15,7 @@ class KXBarChartDataView;
 class KXBarChartProperty;
 class KXLineChartDataView;
 class KXLineChartProperty;
+class KXLineGradientLegend;
 
 /**
  * Bars, areas, lines and points in one plot: each measure is drawn as m_seriesTypes of the lines' property
@@ -26,6 +30,11 @@ public:
     // Properties: objects that the chart made and destroys, never null
     KXBarChartProperty* getBarChartProperty() const;
     KXLineChartProperty* getLineChartProperty() const;
+    /** @return the legend of the colours of lines that stand for values, beside the usual one, which names
+     * the series; a child of the chart, never null
+     *  @param isSecondary that of lines on the second axis, which shows where their colours stand for others
+     */
+    KXLineGradientLegend* getGradientLegend(bool isSecondary) const;
 
     // Queries
     /** @return how a series is drawn, never Unknown. A measure that the user says nothing about is bars if it
@@ -40,16 +49,21 @@ public:
     /** The chart's properties by key, for UXPropertyAccessor. */
     static const UXPropertyTable& obtainPropertyTable();
 
-    // From UXJsonObject
+    // From KXChart and UXJsonObject
+    void registerChartPropertyUpdatedEvents() override;
     std::string customSerializeTypeID() override;
 
 protected:
+    void _customLayout(UXRect plotArea) override;
+    void _applyKeyEffect(UXPropertyEffect effect) override;
     void _customReloadMarks() override;
     void _customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups) override;
 
 private:
     KXLineChartDataView& _addLines(KXAxisChartType type, bool isOnSecondaryAxis);
     bool _loadMeasures();
+    std::optional<KXGradientScale> _obtainColorScale(bool isSecondary) const;
+    void _updateGradientLegends();
     KXAxisChartDataView& _obtainView(KXAxisChartType type) const;
     KXAxisChartType _guessType(std::uint64_t measure) const;
     double _obtainMagnitude(std::uint64_t measure) const;
@@ -62,6 +76,7 @@ private:
     KXLineChartDataView& m_lines;
     KXLineChartDataView& m_secondaryLines;
     KXLineChartDataView& m_points;
+    std::array<KXLineGradientLegend*, 2> m_gradientLegends; // children, by the axis
     // One a series
     std::vector<std::uint64_t> m_measures;
     std::vector<KXAxisChartDataView*> m_seriesViews; // the chart's

@@ -57,8 +57,13 @@ std::uint64_t KXLineChart::obtainLegendCellSize()
     return getLineChartProperty()->getColorByValue() ? 0 : KXXYAxisChart::obtainLegendCellSize();
 }
 
+/** The legend shows the range of what is seen now, so that the axes come first. */
 void KXLineChart::_customLayout(UXRect plotArea)
 {
+    const UXObjectWatcher self(this);
+    _customUpdateAxes();
+    if (!self.isAlive())
+        return;
     const bool isWanted = getLineChartProperty()->getColorByValue() && preparedAndReloadedData();
     m_gradientLegend->setVisible(isWanted && getChartProperty()->getShowLegend());
     _updateGradientLegend();
@@ -78,10 +83,7 @@ void KXLineChart::_updateGradientLegend()
     const std::optional<KXGradientScale> scale = m_dataView.obtainColorScale();
     if (!scale || !m_gradientLegend->getVisible())
         return;
-    UXTextProperty text = m_gradientLegend->getTextProperty();
-    text.textColor = getChartProperty()->getLegendLabelColor();
-    m_gradientLegend->setTextProperty(text);
-    m_gradientLegend->setScale(*scale, [this](double value) {
+    m_gradientLegend->setScale(*scale, getChartProperty()->getLegendLabelColor(), [this](double value) {
         return kxFormatAxisTick(*getYAxisProperty(), *getYDataFormat(), value);
     });
 }

@@ -214,7 +214,8 @@ std::optional<KXGradientScale> KXLineChartDataView::obtainColorScale() const
     if (!m_property->getColorByValue() || !axis)
         return std::nullopt;
     KXValueExtremes range;
-    for (const std::uint64_t series : getShownSeries())
+    // All that the chart colours by another measure is coloured alike.
+    for (const std::uint64_t series : getChart()->getShownSeries())
         range.take(kxFindValueExtremes(getChart()->getColorValues(series)));
     if (range.isEmpty())
         range = {axis->dataMin, std::max(axis->dataMin, axis->dataMax)};

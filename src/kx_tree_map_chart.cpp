@@ -106,10 +106,8 @@ void KXTreeMapChart::_updateGradientLegend()
     const std::optional<KXGradientScale> scale = obtainColorScale();
     if (!scale)
         return;
-    UXTextProperty text = m_gradientLegend->getTextProperty();
-    text.textColor = getChartProperty()->getLegendLabelColor();
-    m_gradientLegend->setTextProperty(text);
-    m_gradientLegend->setScale(*scale, [this](double value) { return m_dataFormat->formatNumber(value); });
+    m_gradientLegend->setScale(*scale, getChartProperty()->getLegendLabelColor(),
+                               [this](double value) { return m_dataFormat->formatNumber(value); });
 }
 
 void KXTreeMapChart::registerChartPropertyUpdatedEvents()

@@ -9,6 +9,7 @@
 #include "kx_key_walk.h"
 #include "kx_line_bar_chart.h"
 #include "kx_line_chart_property.h"
+#include "kx_line_gradient_legend.h"
 #include "kx_load_chart.h"
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
@@ -22,6 +23,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <set>
@@ -379,6 +381,31 @@ TEST_F(KXLineChartTest, MeasuresThatAreThereForOthersAreNoSeries)
     chart.layout();
     EXPECT_EQ(chart.getDataView().obtainColorScale()->greatest, 3);
     EXPECT_EQ(chart.obtainItemHint({0, 0, 1}).rows.at(0).color, UXColor(1, 2, 3));
+
+    // In a combination strips of colours stand beside the names, one for each axis unless one says all.
+    table.setColorMeasure(-1);
+    table.addMeasure("Far", {1000, 3000, 2000, 2000});
+    KXLineBarChart combined;
+    combined.setRect({0, 0, 600, 500});
+    combined.getLineChartProperty()->updateColorByValue(true);
+    combined.getLineChartProperty()->updateSeriesTypes({KXAxisChartType::Line});
+    table.serve(combined);
+    struct Strips {
+        std::int64_t measure;
+        double first, second; // their greatest values, 0 for none
+    };
+    for (const Strips& c : {Strips{-1, 95, 3000}, Strips{3, 3, 0}}) {
+        table.setColorMeasure(c.measure);
+        combined.layout();
+        EXPECT_GT(combined.obtainLegendCellSize(), 1);
+        for (const bool isSecondary : {false, true}) {
+            const double greatest = isSecondary ? c.second : c.first;
+            const KXLineGradientLegend& legend = *combined.getGradientLegend(isSecondary);
+            EXPECT_EQ(legend.getVisible(), greatest > 0) << c.measure << isSecondary;
+            EXPECT_TRUE(!legend.getVisible() || legend.getScale().greatest == greatest)
+                << legend.getScale().greatest;
+        }
+    }
     EXPECT_NE(chart.obtainItemHint({0, 0, 3}).rows.at(0).color, UXColor(1, 2, 3)) << "no value, no colour";
 }
 
