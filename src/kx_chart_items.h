@@ -125,7 +125,10 @@ private:
     std::vector<KXChartItem> _obtainRange(const KXChartItem& from, const KXChartItem& to) const;
     void _tellSelection(const std::vector<KXChartItem>& wanted, const UXEvent& event);
     void _askForSelectionAnew();
-    void _askForSelection(const std::vector<KXChartItem>& items);
+    void _askForSelection(const std::optional<std::vector<KXChartItem>>& items);
+    std::vector<KXChartItem> _findNamedItems(const std::vector<KXChartDataPath>& paths);
+    std::vector<KXChartItem> _findSelectedItems(KXChartSelectionProvider& provider,
+                                                const std::vector<KXChartItem>& items);
 
     KXChartItemsDelegate& m_delegate;
     KXChartDataUser& m_user;

@@ -1,7 +1,9 @@
 #include "kx_chart.h"
 #include "kx_chart_data_action.h"
+#include "kx_chart_data_path.h"
 #include "kx_chart_data_provider.h"
 #include "kx_chart_data_provider_use.h"
+#include "kx_chart_data_provider_watcher.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
@@ -13,6 +15,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <utility>
 
 /** A click on the chart itself, not on a label. It is about the item that was pressed, if it is still under
@@ -124,33 +127,59 @@ void KXChartItems::_tellSelection(const std::vector<KXChartItem>& wanted, const 
 }
 
 /** What was chosen may stand elsewhere among new data, or be gone. */
-void KXChartItems::_askForSelectionAnew()
+void KXChartItems::_askForSelectionAnew() { _askForSelection(std::nullopt); }
+
+/** @return the items of paths that the host has named */
+std::vector<KXChartItem> KXChartItems::_findNamedItems(const std::vector<KXChartDataPath>& paths)
 {
-    const UXObjectWatcher self(&m_chart);
-    const bool canSelect = _obtainSelectionProvider() != nullptr;
-    if (self.isAlive())
-        _askForSelection(canSelect ? m_delegate.obtainItems() : std::vector<KXChartItem>());
+    const KXChartDataProviderWatcher watcher(&m_user);
+    std::vector<KXChartItem> found;
+    for (const KXChartDataPath& path : paths) {
+        const std::vector<KXChartItem> items = m_delegate.findItems(path);
+        if (!watcher.isCurrent())
+            break;
+        std::ranges::copy_if(items, std::back_inserter(found),
+                             [this](const KXChartItem& item) { return m_delegate.hasItem(item); });
+    }
+    return found;
 }
 
-/** Takes over from the host which of some items are chosen. */
-void KXChartItems::_askForSelection(const std::vector<KXChartItem>& items)
+/** @return those of the items that are chosen, asked for one by one */
+std::vector<KXChartItem> KXChartItems::_findSelectedItems(KXChartSelectionProvider& provider,
+                                                          const std::vector<KXChartItem>& items)
+{
+    const KXChartDataProviderWatcher watcher(&m_user);
+    std::vector<KXChartItem> found;
+    for (const KXChartItem& item : items) {
+        if (!watcher.isCurrent())
+            break;
+        if (!m_delegate.hasItem(item))
+            continue;
+        const std::unique_ptr<KXChartDataPath> path(m_delegate.createItemPath(item));
+        if (path && watcher.isCurrent() && provider.obtainIsSelected(path.get()))
+            found.push_back(item);
+    }
+    return found;
+}
+
+/** Takes over from the host which items are chosen.
+ *  @param items that may be, none for all */
+void KXChartItems::_askForSelection(const std::optional<std::vector<KXChartItem>>& items)
 {
     const UXObjectWatcher self(&m_chart);
     const KXChartDataProviderWatcher watcher(&m_user);
     KXChartSelectionProvider* provider = _obtainSelectionProvider();
     std::vector<KXChartItem> selected;
-    for (const KXChartItem& item : items) {
-        if (!provider || !watcher.isCurrent())
-            break;
-        if (!m_delegate.hasItem(item))
-            continue;
-        const std::unique_ptr<KXChartDataPath> path(m_delegate.createItemPath(item));
-        if (path && watcher.isCurrent() && provider->obtainIsSelected(path.get()))
-            selected.push_back(item);
-    }
+    std::vector<KXChartDataPath> paths;
+    const bool areNamed = provider && watcher.isCurrent() && provider->obtainSelectedPaths(&m_user, paths);
+    if (areNamed && watcher.isCurrent())
+        selected = _findNamedItems(paths);
+    else if (provider && watcher.isCurrent())
+        selected = _findSelectedItems(*provider, items ? *items : m_delegate.obtainItems());
     if (!self.isAlive())
         return;
     std::ranges::sort(selected);
+    selected.erase(std::ranges::unique(selected).begin(), selected.end());
     if (selected == m_selected)
         return;
     std::vector<KXChartItem> before = std::exchange(m_selected, std::move(selected));

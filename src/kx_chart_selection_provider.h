@@ -16,6 +16,10 @@ public:
 
     /** @return whether items of the user's chart can be chosen now; by default they can */
     virtual bool obtainCanSelect(KXChartDataUser* user);
+    /** Asked before any obtainIsSelected, so that a chart of many items need not ask about each of them.
+     *  @param paths receives what names the chosen items, as clicks name them
+     *  @return whether these are all; by default not, and each item is asked about */
+    virtual bool obtainSelectedPaths(KXChartDataUser* user, std::vector<KXChartDataPath>& paths);
     /** @param path names an item as clicks do, lent for the call */
     virtual bool obtainIsSelected(KXChartDataPath* path) = 0;
     /** The user chose. Called after the event; what then is chosen is asked for again.
