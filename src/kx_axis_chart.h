@@ -175,6 +175,8 @@ protected:
     void _updateLooks();
     /** @return the value of a mark as hints tell it, NaN where it has none */
     double _obtainMarkValue(const KXAxisChartMark& mark) const;
+    /** @return between which values that of a mark is thought to lie, empty where nobody knows */
+    std::string _obtainBandText(const KXAxisChartMark& mark) const;
 
     void _applyKeyEffect(UXPropertyEffect effect) override;
     void _categoryTextsArrived(bool areFirst) override;
@@ -191,7 +193,6 @@ private:
     double _obtainPlaceAlong(const KXAxisChartMark& mark) const;
     std::optional<std::uint64_t> _obtainFirstSeries(UXPoint point, std::uint64_t category) const;
     std::vector<std::uint64_t> _obtainHintSeries(const std::optional<KXAxisChartMark>& first) const;
-    std::string _obtainBandText(const KXAxisChartMark& mark) const;
     std::vector<std::uint64_t> _obtainSeriesStandingOut() const;
     double _obtainGuidePlace();
     void _paintGuide(UXPainter& painter);

@@ -99,6 +99,13 @@ struct KXAxisChartDataUser::Pulled {
         return found == series.end() ? noSeries : static_cast<std::size_t>(found - series.begin());
     }
 
+    /** Tells a series which ones are the ends of its band. */
+    void findBand(Series& own, const std::optional<Band>& band) const
+    {
+        own.low = band ? findSeries(band->low, own.member) : noSeries;
+        own.high = band ? findSeries(band->high, own.member) : noSeries;
+    }
+
     /** @return any value for each category, where the series' old ones were if these were about as many */
     std::vector<double> takeValues(std::size_t index)
     {
@@ -340,7 +347,8 @@ std::optional<KXAxisChartDataUser::RoleMeasures> KXAxisChartDataUser::_obtainRol
     return std::nullopt;
 }
 
-/** The measure along the Y axis is the series, or one series a member. */
+/** The measure along the Y axis is the series, or one series a member. The ends of its band are nothing else.
+ */
 bool KXAxisChartDataUser::_pullPoints(KXAxisChartDataProvider& provider, const RoleMeasures& measures,
                                       Pulled& pulled)
 {
@@ -354,19 +362,24 @@ bool KXAxisChartDataUser::_pullPoints(KXAxisChartDataProvider& provider, const R
         if (!pulled.watcher.isCurrent())
             return false;
     }
+    const std::int64_t y = obtainMeasure(KXScatterChartRole::Y);
+    const std::optional<Band> band = y < 0 ? std::nullopt
+                                           : _pullBand(provider, this, static_cast<std::uint64_t>(y));
+    if (!pulled.watcher.isCurrent())
+        return false;
     for (Series& series : pulled.series) {
-        const std::int64_t y = obtainMeasure(KXScatterChartRole::Y);
         series.isOwn = y >= 0 && series.measure == static_cast<std::uint64_t>(y);
         if (!series.isOwn)
             continue;
         const auto find = [&](KXScatterChartRole role) {
-            const std::int64_t measure = obtainMeasure(role);
-            return measure < 0 ? noSeries
-                               : pulled.findSeries(static_cast<std::uint64_t>(measure), series.member);
+            const auto measure = static_cast<std::uint64_t>(obtainMeasure(role));
+            const bool isEnd = band && (measure == band->low || measure == band->high);
+            return obtainMeasure(role) < 0 || isEnd ? noSeries : pulled.findSeries(measure, series.member);
         };
         series.x = find(KXScatterChartRole::X);
         series.size = find(KXScatterChartRole::Size);
         series.color = find(KXScatterChartRole::Color);
+        pulled.findBand(series, band);
         if (series.isDivided)
             series.label = provider.obtainDimensionData(
                 this, {KXAxisChartDataProvider::seriesDimension, series.member});
@@ -374,6 +387,17 @@ bool KXAxisChartDataUser::_pullPoints(KXAxisChartDataProvider& provider, const R
             return false;
     }
     return true;
+}
+
+/** @return none where the host names a measure as an end of its own band; it may have taken the chart away */
+std::optional<KXAxisChartDataUser::Band> KXAxisChartDataUser::_pullBand(KXAxisChartDataProvider& provider,
+                                                                        KXChartDataUser* user,
+                                                                        std::uint64_t measure)
+{
+    Band band{};
+    const bool isThere = provider.obtainBandMeasures(user, measure, band.low, band.high) &&
+                         band.low != measure && band.high != measure;
+    return isThere ? std::optional(band) : std::nullopt;
 }
 
 /** Measures that colour others, and those that are the ends of bands, are no series. */
@@ -389,29 +413,28 @@ bool KXAxisChartDataUser::_pullMeasuresForOthers(KXAxisChartDataProvider& provid
         return false;
     if (color >= 0)
         takeAway(static_cast<std::uint64_t>(color));
-    std::uint64_t measure = 0, low = 0, high = 0;
-    bool hasBand = false, isAsked = false;
+    std::uint64_t measure = 0;
+    std::optional<Band> band;
+    bool isAsked = false;
     for (std::size_t i = 0; i < pulled.series.size() && pulled.series.size() > 1; ++i) {
         if (!pulled.series[i].isOwn)
             continue;
         // The members of a measure follow each other.
         if (!isAsked || measure != pulled.series[i].measure) {
             measure = pulled.series[i].measure;
-            hasBand = provider.obtainBandMeasures(user, measure, low, high);
+            band = _pullBand(provider, user, measure);
             if (!pulled.watcher.isCurrent())
                 return false;
-            hasBand = hasBand && low != measure && high != measure;
             isAsked = true;
-            if (hasBand) {
-                takeAway(low);
-                takeAway(high);
+            if (band) {
+                takeAway(band->low);
+                takeAway(band->high);
             }
         }
         Series& series = pulled.series[i];
         series.color = color >= 0 ? pulled.findSeries(static_cast<std::uint64_t>(color), series.member)
                                   : noSeries;
-        series.low = hasBand ? pulled.findSeries(low, series.member) : noSeries;
-        series.high = hasBand ? pulled.findSeries(high, series.member) : noSeries;
+        pulled.findBand(series, band);
     }
     return true;
 }

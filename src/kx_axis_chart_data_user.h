@@ -160,6 +160,10 @@ private:
         std::string text;
         bool shouldFormat = true; // as the date or time that it is
     };
+    /** The measures between whose values those of another one are thought to lie. */
+    struct Band {
+        std::uint64_t low, high;
+    };
     struct Pulled;
 
     const std::vector<Series>& _getPulled() const { return m_isDrawn ? m_pulledSeries : m_series; }
@@ -172,6 +176,8 @@ private:
     static bool _pullMeasuresForOthers(KXAxisChartDataProvider& provider, KXChartDataUser* user,
                                        Pulled& pulled);
     bool _pullPoints(KXAxisChartDataProvider& provider, const RoleMeasures& measures, Pulled& pulled);
+    static std::optional<Band> _pullBand(KXAxisChartDataProvider& provider, KXChartDataUser* user,
+                                         std::uint64_t measure);
     const std::vector<double>& _getValues(std::uint64_t series, std::size_t Series::*role) const;
     static KXValueExtremes _findExtremes(const Series& series, std::size_t count);
     const CategoryText& _obtainText(std::uint64_t drawn);

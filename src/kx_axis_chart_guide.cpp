@@ -80,7 +80,6 @@ std::vector<std::uint64_t> KXAxisChart::_obtainHintSeries(const std::optional<KX
     return nearest;
 }
 
-/** @return between which values that of a mark is thought to lie, empty where nobody knows */
 std::string KXAxisChart::_obtainBandText(const KXAxisChartMark& mark) const
 {
     const std::vector<double>&lows = getBandLows(mark.series), &highs = getBandHighs(mark.series);

@@ -32,10 +32,6 @@ constexpr double lineWidth = 1;
 
 constexpr double leastShare = 0.1;
 
-/** Of whiskers, in logical units. */
-constexpr double whiskerWidth = 1.5, greatestWhiskerCap = 10;
-constexpr UXColor whiskerColor(70, 70, 74);
-
 /** @return how far outside of interval place lies, 0 inside */
 double obtainDistance(const KXAxisChartInterval& interval, double place)
 {
@@ -125,7 +121,7 @@ void KXBarChartDataView::_placeWhiskers()
             continue;
         const KXAxisChartInterval across = m_made->plane.obtainAcross(bar.rect);
         kxAppendWhisker(m_made->whiskers, m_made->plane, (across.start + across.end) / 2, lows[category],
-                        highs[category], std::min(across.obtainLength() / 2, greatestWhiskerCap));
+                        highs[category], std::min(across.obtainLength() / 2, kxGreatestWhiskerCap));
     }
 }
 
@@ -408,8 +404,8 @@ void KXBarChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) cons
     for (const auto& [bar, rect, look] : standingOut)
         _paintStandingOut(painter, bar, rect, look);
     if (!m_made->whiskers.empty()) {
-        painter.setColor(getChart()->obtainTextColor(std::nullopt, whiskerColor));
-        painter.setLineWidth(whiskerWidth);
+        painter.setColor(getChart()->obtainTextColor(std::nullopt, kxWhiskerColor));
+        painter.setLineWidth(kxWhiskerWidth);
         painter.drawPolyline(m_made->whiskers);
     }
 }

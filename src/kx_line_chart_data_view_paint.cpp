@@ -8,6 +8,7 @@
 #include "kx_line_segment.h"
 #include "kx_lines.h"
 #include "kx_point_shapes.h"
+#include "kx_whiskers.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
@@ -27,8 +28,6 @@ constexpr UXColor ringColor(255, 255, 255);
 constexpr double greatestSymbolWidth = 0.4, greatestSymbolPoint = 0.8;
 /** How opaque the area of such a symbol is. */
 constexpr double symbolAreaOpacity = 0.4;
-
-constexpr double whiskerWidth = 1.5;
 
 } // namespace
 
@@ -84,7 +83,7 @@ void KXLineChartDataView::_paintBand(UXPainter& painter, std::size_t position) c
     const double opacity = _obtainOpacity(getShownSeries()[position]);
     if (m_drawsWhiskers) {
         painter.setLineDash(std::vector<double>());
-        painter.setLineWidth(whiskerWidth);
+        painter.setLineWidth(kxWhiskerWidth);
         m_colors[position].use(painter, m_frame, opacity);
         painter.drawPolyline(m_bands[position].front());
         return;

@@ -169,7 +169,7 @@ void KXScatterChart::_fillHint(UXHintInfo& info, std::uint64_t category,
                 .showSymbol = true;
         if (!getXValues(mark.series).empty())
             addRow(getRoleLabel(KXScatterChartRole::X), m_dataView.obtainXText(mark));
-        addRow(getRoleLabel(KXScatterChartRole::Y), obtainValueText(mark.series, y));
+        addRow(getRoleLabel(KXScatterChartRole::Y), obtainValueText(mark.series, y) + _obtainBandText(mark));
         if (!std::isnan(size))
             addRow(getRoleLabel(KXScatterChartRole::Size), m_sizeDataFormat->formatNumber(size));
         const std::vector<double>& colors = getColorValues(mark.series);
@@ -232,13 +232,9 @@ void KXScatterChart::_applyKeyEffect(UXPropertyEffect effect)
 void KXScatterChart::_updateLegends()
 {
     const UXColor labelColor = getChartProperty()->getLegendLabelColor();
-    if (const std::optional<KXGradientScale> scale = m_dataView.obtainColorScale()) {
-        UXTextProperty text = m_gradientLegend->getTextProperty();
-        text.textColor = labelColor;
-        m_gradientLegend->setTextProperty(text);
-        m_gradientLegend->setScale(*scale,
+    if (const std::optional<KXGradientScale> scale = m_dataView.obtainColorScale())
+        m_gradientLegend->setScale(*scale, labelColor,
                                    [this](double value) { return m_colorDataFormat->formatNumber(value); });
-    }
     m_sizeLegend->setTextColor(labelColor);
     m_sizeLegend->setSizes(m_dataView.obtainForm(), labelColor,
                            [this](double value) { return m_sizeDataFormat->formatNumber(value); });

@@ -6,6 +6,7 @@
 #include "kx_key_definitions.h"
 #include "kx_point_shapes.h"
 #include "kx_scatter_chart_property.h"
+#include "kx_whiskers.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
@@ -108,6 +109,7 @@ double KXScatterChartDataView::obtainValue(const KXAxisChartMark& mark) const
     return isOnX && isOnY ? y : noNumber;
 }
 
+/** With the value of a point the axis shows between which ones it is thought to lie. */
 std::optional<KXAxisChartValueRange> KXScatterChartDataView::obtainValueRange() const
 {
     if (getShownSeries().empty())
@@ -116,9 +118,14 @@ std::optional<KXAxisChartValueRange> KXScatterChartDataView::obtainValueRange() 
     const bool isLogarithmic = getChart()->isLogarithmic(_getValueAxisProperty());
     for (const std::uint64_t series : getShownSeries()) {
         const std::span<const double> x = obtainNumbers(series), y = getChart()->getSeriesValues(series);
-        for (std::size_t i = 0, count = std::min(y.size(), _obtainCategoryCount()); i < count; ++i)
-            if ((x.empty() || x[i] == x[i]) && (isLogarithmic ? y[i] > 0 : y[i] == y[i]))
-                range.take({y[i], y[i]});
+        const std::size_t count = std::min(y.size(), _obtainCategoryCount());
+        for (const std::span<const double> values :
+             {y, std::span<const double>(getChart()->getBandLows(series)),
+              std::span<const double>(getChart()->getBandHighs(series))})
+            for (std::size_t i = 0; i < std::min(count, values.size()); ++i)
+                if ((x.empty() || x[i] == x[i]) && y[i] == y[i] &&
+                    (isLogarithmic ? values[i] > 0 : values[i] == values[i]))
+                    range.take({values[i], values[i]});
     }
     return range.isEmpty() ? KXAxisChartValueRange()
                            : KXAxisChartValueRange{range.min, range.max, std::min(range.min, 0.0),
@@ -148,6 +155,7 @@ void KXScatterChartDataView::reload()
     m_index.clear();
     m_labels.clear();
     m_batches.clear();
+    m_whiskers.clear();
     m_categoryNumbers.clear();
     m_sizes = m_colors = {};
     const auto takeFirst = [this](KXValueExtremes& extremes, std::span<const double> values) {
@@ -197,6 +205,31 @@ void KXScatterChartDataView::layout(const KXAxisChartPlotFrame& frame)
                            getChart()->getColorValues(series)});
     }
     kxLayoutScatter(sources, frame, m_form, m_layout);
+    _placeWhiskers();
+}
+
+/** A point shows between which values its own is thought to lie, where these can be seen and it cannot too.
+ */
+void KXScatterChartDataView::_placeWhiskers()
+{
+    m_whiskers.clear();
+    const KXAxisChartInterval room = m_frame.obtainAcross();
+    for (const std::uint64_t series : getShownSeries()) {
+        const std::vector<double>&lows = getChart()->getBandLows(series),
+              &highs = getChart()->getBandHighs(series);
+        const std::size_t count = std::min({lows.size(), highs.size(), _obtainCategoryCount()});
+        for (std::size_t category = 0; category < count; ++category) {
+            const double low = lows[category], high = highs[category];
+            const KXAxisChartMark mark{series, category};
+            if (std::isnan(low) || std::isnan(high) || std::isnan(obtainValue(mark)) ||
+                (m_frame.values.isLogarithmic && !(low > 0 && high > 0)))
+                continue;
+            const double across = m_frame.categories.obtainPosition(obtainX(mark));
+            const double cap = std::min(_obtainDiameter(mark), kxGreatestWhiskerCap);
+            if (across + cap >= room.start && across - cap <= room.end)
+                kxAppendWhisker(m_whiskers, m_frame, across, low, high, cap);
+        }
+    }
 }
 
 std::vector<KXAxisChartMark> KXScatterChartDataView::obtainSingleMarks() const

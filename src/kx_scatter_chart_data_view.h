@@ -112,6 +112,7 @@ private:
     };
 
     std::size_t _obtainCategoryCount() const;
+    void _placeWhiskers();
     double _obtainGreatestDiameter() const;
     const std::vector<double>& _obtainCategoryNumbers() const;
     double _obtainDiameter(const KXAxisChartMark& mark) const;
@@ -143,6 +144,7 @@ private:
     KXScatterLayout m_layout;
     mutable KXScatterIndex m_index; // made when it is first needed
     std::vector<KXScatterLabel> m_labels;
+    std::vector<UXDoublePoint> m_whiskers; // one line with gaps
 
     // Made by the look
     double m_opacity = 1;

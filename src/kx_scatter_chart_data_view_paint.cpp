@@ -9,6 +9,7 @@
 #include "kx_scatter_plot_area.h"
 #include "kx_scatter_plot_data.h"
 #include "kx_scatter_point.h"
+#include "kx_whiskers.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
@@ -81,6 +82,11 @@ void KXScatterChartDataView::_paintRun(UXPainter& painter, const Batch& batch, s
 void KXScatterChartDataView::paint(UXPainter& painter, const UXRect& dirtyRect) const
 {
     const UXPainterState state(painter);
+    if (!m_whiskers.empty()) { // below the points, which may be seen through
+        painter.setColor(getChart()->obtainTextColor(std::nullopt, kxWhiskerColor));
+        painter.setLineWidth(kxWhiskerWidth);
+        painter.drawPolyline(m_whiskers);
+    }
     const UXRect part = uxIntersectionRect(dirtyRect, m_frame.area);
     const bool isPart = m_layout.getCount() >= fewestPartlyPainted &&
                         1.0 * part.width * part.height <

@@ -78,6 +78,7 @@ void KXTableDataProvider::clear()
     m_seriesColors.clear();
     m_colorMeasure = -1;
     m_bands.clear();
+    m_roles.clear();
     _change(Change::Data);
 }
 
@@ -99,6 +100,40 @@ void KXTableDataProvider::setBand(std::uint64_t measure, std::uint64_t low, std:
 {
     m_bands[measure] = {low, high};
     _change(Change::Data);
+}
+
+void KXTableDataProvider::setRole(KXScatterChartRole role, std::int64_t measure)
+{
+    m_roles[role] = measure;
+    _change(Change::Data);
+}
+
+/** @return whether it is given one, or is the end of a band */
+bool KXTableDataProvider::_hasRole(std::uint64_t measure) const
+{
+    return std::ranges::any_of(m_roles,
+                               [&](const auto& entry) { return std::cmp_equal(entry.second, measure); }) ||
+           std::ranges::any_of(m_bands, [&](const auto& entry) {
+               return entry.second.first == measure || entry.second.second == measure;
+           });
+}
+
+std::int64_t KXTableDataProvider::obtainRoleMeasure(KXChartDataUser*, KXScatterChartRole role)
+{
+    using enum KXScatterChartRole;
+    if (const auto given = m_roles.find(role); given != m_roles.end())
+        return given->second;
+    std::vector<std::int64_t> others;
+    for (std::uint64_t measure = 0; measure < m_measures.size(); ++measure)
+        if (!_hasRole(measure))
+            others.push_back(static_cast<std::int64_t>(measure));
+    // One that is alone is Y, as it is without any given.
+    const bool isAlone = others.size() == 1 && !m_roles.contains(Y);
+    std::size_t place = 0;
+    for (const KXScatterChartRole other : {X, Y, Size, Color})
+        if (other < role && !m_roles.contains(other) && !(isAlone && other == X))
+            ++place;
+    return place < others.size() && !(isAlone && role == X) ? others[place] : -1;
 }
 
 std::int64_t KXTableDataProvider::obtainColorMeasure(KXChartDataUser*) { return m_colorMeasure; }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "kx_axis_chart_data_provider.h"
 #include "kx_control_chart_data_provider.h"
 #include "kx_data_column.h"
 #include "kx_density_chart_data_provider.h"
@@ -9,6 +8,7 @@
 #include "kx_heat_map_chart_data_provider.h"
 #include "kx_kpi_chart_data_provider.h"
 #include "kx_pie_chart_data_provider.h"
+#include "kx_scatter_chart_data_provider.h"
 #include "kx_table_chart_data_provider.h"
 #include "kx_tree_map_chart_data_provider.h"
 #include "kx_value_chart_data_provider.h"
@@ -40,7 +40,7 @@ class KXTableRows;
  * A value chart shows the first row of one measure, a gauge that of up to four: value, target, minimum and
  * maximum. A host that wants more, such as clicks, derives and answers that.
  */
-class KX_EXPORT KXTableDataProvider : public KXAxisChartDataProvider,
+class KX_EXPORT KXTableDataProvider : public KXScatterChartDataProvider,
                                       public KXPieChartDataProvider,
                                       public KXDensityChartDataProvider,
                                       public KXHeatMapChartDataProvider,
@@ -84,6 +84,10 @@ public:
     void setColorMeasure(std::int64_t measure);
     /** Has two measures be the ends of the band of another one. */
     void setBand(std::uint64_t measure, std::uint64_t low, std::uint64_t high);
+    /** Says what a measure is of the points of scatter charts. Roles that are not given are those of the
+     * other measures in their order, the ends of bands left out.
+     *  @param measure -1 for none: points do not have that role */
+    void setRole(KXScatterChartRole role, std::int64_t measure);
     void beginUpdate();
     void endUpdate();
 
@@ -117,6 +121,9 @@ public:
     void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                             std::span<double> values) override;
 
+    // From KXScatterChartDataProvider
+    std::int64_t obtainRoleMeasure(KXChartDataUser* user, KXScatterChartRole role) override;
+
     // From KXPanelChartDataProvider
     void obtainValues(KXChartDataUser* user, const KXIndexPath& first, std::span<double> values) override;
 
@@ -142,6 +149,7 @@ private:
     static void _tell(const std::vector<User>& users, const KXChartDataProvider* self, Change change);
     static bool _serves(const KXChartDataProvider* self, const User& user);
     void _remember(KXChartDataUser& user);
+    bool _hasRole(std::uint64_t measure) const;
     /** @return by member where there are several dimensions, made anew after a change */
     const KXTableRows& _obtainRows();
     /** Sets values[i] to the value at the path with i added to one of its indexes, that of a dimension. */
@@ -156,6 +164,7 @@ private:
     std::map<std::uint64_t, UXColor> m_seriesColors;
     std::int64_t m_colorMeasure = -1;
     std::map<std::uint64_t, std::pair<std::uint64_t, std::uint64_t>> m_bands; // low and high by measures
+    std::map<KXScatterChartRole, std::int64_t> m_roles;                       // those that are given
     std::unique_ptr<const KXTableRows> m_rows; // null until it is needed after a change
     std::vector<User> m_users;
     int m_updateDepth = 0;

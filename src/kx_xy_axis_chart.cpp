@@ -167,7 +167,7 @@ void KXXYAxisChart::_updateDataRanges()
     _updateCategoryRange();
     _updateValueRange(m_y);
     m_secondaryY.isUsed = _updateValueRange(m_secondaryY);
-    m_leftOutCount = _countLeftOut();
+    m_leftOutCount = _countLeftOut(numbers);
     _updateDefaultTitles();
     _updateAssistantLines();
 }

@@ -236,7 +236,7 @@ private:
     void _updateCalendarTicks(const KXVisibleRange& shown);
     void _updateNumberTicks(KXAxisChartAxis& axis, const KXVisibleRange& shown);
     std::optional<KXAxisChartValueRange> _obtainShownValueRange(const KXAxisChartDataView& view) const;
-    std::uint64_t _countLeftOut() const;
+    std::uint64_t _countLeftOut(std::span<const double> categoryNumbers) const;
     std::string _obtainCustomTickText(double value) const;
     void _updateAssistantLines();
     void _includeFixedValues(const KXAxisChartAxis& axis, double& min, double& max) const;

@@ -116,13 +116,26 @@ std::span<const double> KXXYAxisChart::obtainPlottedValues(std::uint64_t series)
     return found->second.empty() ? std::span(values) : std::span<const double>(found->second);
 }
 
-std::uint64_t KXXYAxisChart::_countLeftOut() const
+/** @param categoryNumbers where marks lie that have no number of their own along the X axis; may be empty
+ *  @return how many marks have no place on a logarithmic axis */
+std::uint64_t KXXYAxisChart::_countLeftOut(std::span<const double> categoryNumbers) const
 {
     std::uint64_t count = 0;
-    for (const std::uint64_t series : getShownSeries())
-        if (isLogarithmic(*_obtainValueAxis(series).property))
-            count += static_cast<std::uint64_t>(
-                std::ranges::count_if(getSeriesValues(series), [](double value) { return value <= 0; }));
+    for (const std::uint64_t series : getShownSeries()) {
+        const bool isLogarithmicAlong = isLogarithmic(*_obtainValueAxis(series).property);
+        if (!isLogarithmicAlong && !m_x.cache.isLogarithmic)
+            continue;
+        const std::span<const double> y = getSeriesValues(series);
+        std::span<const double> x = obtainViewOfSeries(series)->obtainNumbers(series);
+        if (x.empty())
+            x = categoryNumbers;
+        const std::size_t shown = std::min<std::size_t>(y.size(), obtainShownCategoryCount());
+        for (std::size_t i = 0; i < shown; ++i) {
+            const bool isLeftOut = (isLogarithmicAlong && y[i] <= 0) ||
+                                   (m_x.cache.isLogarithmic && i < x.size() && x[i] <= 0);
+            count += isLeftOut && y[i] == y[i] ? 1 : 0;
+        }
+    }
     return count;
 }
 

@@ -1,5 +1,6 @@
 #include "kx_scatter_chart.h"
 
+#include "kx_axis.h"
 #include "kx_axis_chart_property.h"
 #include "kx_axis_chart_test_provider.h"
 #include "kx_axis_property.h"
@@ -12,11 +13,13 @@
 #include "kx_scatter_chart_data_provider.h"
 #include "kx_scatter_chart_property.h"
 #include "kx_size_legend.h"
+#include "kx_table_data_provider.h"
 #include "kx_test_input.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <gtest/gtest.h>
 
@@ -63,7 +66,8 @@ class PointTable : public KXScatterChartDataProvider, public KXChartSelectionPro
 public:
     std::vector<std::string> boxed; // the indexes of the points that were told, box by box
     std::vector<KXChartDataPath> chosen;
-    bool selectsByBox = true;
+    bool selectsByBox = true, namesChosen = false;
+    int questionCount = 0;
 
     void beginPrepareData(KXChartDataUser*) override {}
     void endPrepareData(KXChartDataUser*) override {}
@@ -76,6 +80,12 @@ public:
     double obtainValueData(KXChartDataUser*, const KXIndexPath& path) override
     {
         return static_cast<double>(path.at(0) == 0 ? 7 : path.at(1));
+    }
+    bool obtainSelectedPaths(KXChartDataUser*, std::vector<KXChartDataPath>& paths) override
+    {
+        if (namesChosen)
+            paths = chosen;
+        return namesChosen;
     }
     std::int64_t obtainRoleMeasure(KXChartDataUser*, KXScatterChartRole role) override
     {
@@ -93,6 +103,7 @@ public:
     }
     bool obtainIsSelected(KXChartDataPath* path) override
     {
+        ++questionCount;
         return std::ranges::any_of(chosen, [path](const KXChartDataPath& each) {
             return each.valueIndexPath == path->valueIndexPath;
         });
@@ -161,6 +172,44 @@ TEST_F(KXScatterChartTest, PointsHaveTheMeasuresOfTheirRoles)
     }
 }
 
+TEST_F(KXScatterChartTest, WhiskersShowBetweenWhichValuesAPointIsThoughtToLie)
+{
+    KXTableDataProvider table;
+    table.addDimension("Day", std::vector<std::string>{"a", "b", "c", "d"});
+    table.addMeasure("High", {15, 95, 25, 30});
+    table.addMeasure("X", {1, 2, 3, null});
+    table.addMeasure("Y", {10, 20, 20, 20});
+    table.addMeasure("Low", {5, 15, null, 3});
+    table.addMeasure("Size", {5, 5, 5, 5});
+    table.setBand(2, 3, 0);
+    struct Case {
+        const char* name;
+        std::function<void()> change;
+        std::vector<double> sizes; // of the legend
+    };
+    const Case cases[] = {
+        {"the others in their order", [] {}, {5, 1, 0.2}},
+        {"no size", [&] { table.setRole(KXScatterChartRole::Size, -1); }, {}},
+        {"a colour", [&] { table.setRole(KXScatterChartRole::Color, 4); }, {}},
+    };
+    chart.setRect(usualRect);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        c.change();
+        table.serve(chart);
+        chart.layout();
+        EXPECT_EQ(chart.getSizeLegend()->getValues(), c.sizes);
+        EXPECT_GE(chart.getYAxis()->getMaxValue(), 95);
+        EXPECT_EQ(chart.obtainItemHint({0, 2, 1}).rows.at(1).value, "20 (15 \u2013 95)");
+        // Each is three lines: c has one end alone, d no place.
+        const std::string painted = uxPaintToText(chart);
+        std::size_t gaps = 0;
+        for (std::size_t at = painted.find("gap"); at != std::string::npos; at = painted.find("gap", at + 1))
+            ++gaps;
+        EXPECT_EQ(gaps, 6);
+    }
+}
+
 TEST_F(KXScatterChartTest, ALargePointAtTheEdgeIsWhole)
 {
     chart.getScatterChartProperty()->updateMaxPointSize(40);
@@ -182,6 +231,7 @@ TEST_F(KXScatterChartTest, BothAxesMayCountExponents)
     chart.getAxisChartProperty()->updateIsYLogarithmic(true);
     load({{1, 10, 100, 0, 5}, {1, 10, 100, 5, -5}});
     EXPECT_EQ(describe(chart.getDataView().getLayout()), "1:0 8; 1:1 8; 1:2 8; ");
+    EXPECT_NE(uxPaintToText(chart).find("2 values not above zero are left out"), std::string::npos);
     EXPECT_NEAR(placeOf({1, 1}).x - placeOf({1, 0}).x, placeOf({1, 2}).x - placeOf({1, 1}).x, 1);
     EXPECT_NEAR(placeOf({1, 1}).y - placeOf({1, 0}).y, placeOf({1, 2}).y - placeOf({1, 1}).y, 1);
 }
@@ -260,6 +310,16 @@ TEST_F(KXScatterChartTest, ABoxSelectsThePointsInItWhereTheProviderWantsThat)
     EXPECT_EQ(table.boxed, std::vector<std::string>{"12"});
     EXPECT_EQ(chart.getItems()->getSelected(), (std::vector<KXChartItem>{{0, 1, 1}, {0, 1, 2}}));
     EXPECT_FALSE(chart.isZoomed());
+
+    // Asked for all that is chosen, the host is asked about no item, and names may be those of what is gone.
+    table.namesChosen = true;
+    table.questionCount = 0;
+    table.chosen.erase(table.chosen.begin());
+    table.chosen.emplace_back().valueIndexPath = {1, 9};
+    chart.reloadData();
+    chart.layout();
+    EXPECT_EQ(chart.getItems()->getSelected(), (std::vector<KXChartItem>{{0, 1, 2}}));
+    EXPECT_EQ(table.questionCount, 0);
 
     table.selectsByBox = false;
     drag(beside(0, -20), beside(2, 20));
