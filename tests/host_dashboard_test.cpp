@@ -263,8 +263,9 @@ TEST(HostDashboard, AHighlightedPartIsWhatAFilterLeaves)
                 const bool isOthers = shown.getDimensionCount() > 0 &&
                                       shown.getMembers(0)[path[1]].isOthers();
                 const double expected = left.obtainNumber(path[0], find(path));
-                if (!isOthers)
+                if (!isOthers) {
                     EXPECT_EQ(part, std::isnan(expected) ? 0 : expected);
+                }
                 (isOthers ? othersRows : rows) += path[0] == 0 ? part : 0;
             }
         EXPECT_GT(rows, 0);
