@@ -7,6 +7,7 @@
 #include <fontconfig/fontconfig.h>
 #include <pango/pangocairo.h>
 #include <pango/pangofc-fontmap.h>
+#include <utility>
 
 namespace {
 
@@ -42,7 +43,7 @@ UXCairoFonts::UXCairoFonts() : m_map(pango_cairo_font_map_new_for_font_type(CAIR
     cairo_font_options_destroy(options);
 }
 
-const UXCairoFonts::Face& UXCairoFonts::obtainFace(const UXFont& font)
+UXCairoFonts::Face& UXCairoFonts::obtainFace(const UXFont& font)
 {
     const int size = std::clamp(font.size, 1, 10000);
     const std::pair<std::string, int> key{uxBoundFamilyName(font.familyName),
@@ -76,5 +77,5 @@ const UXCairoFonts::Face& UXCairoFonts::obtainFace(const UXFont& font)
         }
         g_object_unref(primary);
     }
-    return m_faces.emplace(key, face).first->second;
+    return m_faces.emplace(key, std::move(face)).first->second;
 }

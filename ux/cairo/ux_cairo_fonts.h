@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/cairo/ux_cairo_number_font.h"
 #include "ux/ux_font.h"
 
 #include <map>
@@ -21,6 +22,7 @@ public:
         _PangoFontDescription* description; /**< owned by this class */
         double ascent;                      /**< from the top of a line to its baseline, in logical units */
         double lineHeight;
+        UXCairoNumberFont numbers = {}; /**< how it writes them, as far as it is known */
     };
 
     static UXCairoFonts& obtainShared();
@@ -29,7 +31,7 @@ public:
     _PangoContext* getContext() const { return m_context; }
 
     /** @return what the font stands for, with its size between 1 and 10000; this object's */
-    const Face& obtainFace(const UXFont& font);
+    Face& obtainFace(const UXFont& font);
 
 private:
     UXCairoFonts();

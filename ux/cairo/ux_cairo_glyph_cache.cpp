@@ -23,27 +23,33 @@ UXCairoGlyphCache& UXCairoGlyphCache::obtainShared()
     return *shared;
 }
 
-const UXCairoGlyphPixels& UXCairoGlyphCache::obtainPixels(_cairo_scaled_font* font,
-                                                          const UXTransform& toDevice, unsigned long glyph,
-                                                          int phaseX, int phaseY)
+void UXCairoGlyphCache::makeRoom()
 {
-    const FaceKey faceKey{font, {toDevice.xx, toDevice.yx, toDevice.xy, toDevice.yy}};
+    if (m_bytes <= kMostBytes)
+        return;
+    m_bytes = 0;
+    m_faces.clear();
+}
+
+UXCairoGlyphCache::Face& UXCairoGlyphCache::obtainFace(_cairo_scaled_font* font, const UXTransform& toDevice)
+{
+    Face& face = m_faces[FaceKey{font, {toDevice.xx, toDevice.yx, toDevice.xy, toDevice.yy}}];
+    if (!face.font) {
+        face.font.reset(cairo_scaled_font_reference(font));
+        face.toDevice = toDevice;
+    }
+    return face;
+}
+
+const UXCairoGlyphPixels& UXCairoGlyphCache::obtainPixels(Face& face, unsigned long glyph, int phaseX,
+                                                          int phaseY)
+{
     const std::uint64_t key = (std::uint64_t{glyph} * kPhases + std::uint64_t(phaseX)) * kPhases +
                               std::uint64_t(phaseY);
-    if (const auto face = m_faces.find(faceKey); face != m_faces.end()) {
-        if (const auto found = face->second.glyphs.find(key); found != face->second.glyphs.end())
-            return found->second;
-    }
-
-    UXCairoGlyphPixels pixels = _render(font, toDevice, glyph, phaseX, phaseY);
+    if (const auto found = face.glyphs.find(key); found != face.glyphs.end())
+        return found->second;
+    UXCairoGlyphPixels pixels = _render(face.font.get(), face.toDevice, glyph, phaseX, phaseY);
     m_bytes += pixels.coverage.size() + kGlyphOverhead;
-    if (m_bytes > kMostBytes) {
-        m_bytes = pixels.coverage.size() + kGlyphOverhead;
-        m_faces.clear();
-    }
-    Face& face = m_faces[faceKey];
-    if (!face.font)
-        face.font.reset(cairo_scaled_font_reference(font));
     return face.glyphs.emplace(key, std::move(pixels)).first->second;
 }
 

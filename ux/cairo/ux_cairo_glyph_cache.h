@@ -20,28 +20,36 @@ struct UXCairoGlyphPixels {
 
 /**
  * Keeps the pixels of glyphs at quarters of a pixel. Cairo itself puts every glyph on a whole pixel, which
- * tears the letters of small text apart. Bounded: when it is full it starts anew.
+ * tears the letters of small text apart. Bounded: when it is full and asked to, it starts anew.
  */
 class UXCairoGlyphCache {
 public:
     static constexpr int kPhases = 4; // of a pixel, each way
 
-    static UXCairoGlyphCache& obtainShared();
-
-    /**
-     * @param toDevice only its linear part counts
-     * @param phaseX quarters of a pixel that the glyph's origin is right of a whole pixel, 0 to 3; phaseY
-     * below it
-     * @return this object's, valid until the next call
-     */
-    const UXCairoGlyphPixels& obtainPixels(_cairo_scaled_font* font, const UXTransform& toDevice,
-                                           unsigned long glyph, int phaseX, int phaseY);
-
-private:
+    /** The glyphs of one font for devices that turn and scale it alike. */
     struct Face {
         UXCairoScaledFontHandle font; // keeps the pointer in the key from being given to another font
+        UXTransform toDevice;
         std::unordered_map<std::uint64_t, UXCairoGlyphPixels> glyphs;
     };
+
+    static UXCairoGlyphCache& obtainShared();
+
+    /** Before a line is drawn: what is answered for it stays valid until the next call. */
+    void makeRoom();
+
+    /** @param toDevice only its linear part counts
+     *  @return this object's, valid until makeRoom */
+    Face& obtainFace(_cairo_scaled_font* font, const UXTransform& toDevice);
+
+    /**
+     * @param phaseX quarters of a pixel that the glyph's origin is right of a whole pixel, 0 to 3; phaseY
+     * below it
+     * @return this object's, valid until makeRoom
+     */
+    const UXCairoGlyphPixels& obtainPixels(Face& face, unsigned long glyph, int phaseX, int phaseY);
+
+private:
     using FaceKey = std::pair<_cairo_scaled_font*, std::array<double, 4>>;
 
     static UXCairoGlyphPixels _render(_cairo_scaled_font* font, const UXTransform& toDevice,

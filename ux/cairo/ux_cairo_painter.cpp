@@ -197,6 +197,7 @@ void UXCairoPainter::restoreState()
         return;
     --m_depth;
     cairo_restore(m_context);
+    m_pixels.reset();
     cairo_matrix_t matrix;
     cairo_get_matrix(m_context, &matrix);
     m_toDevice = m_ground.combined({matrix.xx, matrix.yx, matrix.xy, matrix.yy, matrix.x0, matrix.y0});
@@ -208,6 +209,7 @@ void UXCairoPainter::setColor(const UXColor& color)
         return;
     cairo_set_source_rgba(m_context, obtainShare(color.red), obtainShare(color.green),
                           obtainShare(color.blue), std::clamp(color.alpha, 0.0, 1.0));
+    m_isSourceTaken = false;
 }
 
 void UXCairoPainter::setLineWidth(double width)
@@ -258,6 +260,7 @@ void UXCairoPainter::setAntialias(UXAntialiasStyle style)
 void UXCairoPainter::setCompositionMode(UXCompositionMode mode)
 {
     cairo_set_operator(m_context, obtainOperator(mode));
+    m_isSourceTaken = false;
 }
 
 /** @return false, and nothing changed, where the space could not be left again */
@@ -375,15 +378,12 @@ void UXCairoPainter::fillPreserve()
 
 void UXCairoPainter::drawRects(std::span<const UXDoubleRect> rects)
 {
-    if (rects.size() >= kFewestWrittenRects) {
-        UXCairoPixelFiller filler(m_context, m_toDevice);
-        if (filler.isUsable()) {
-            forgetPath();
-            filler.fill(rects);
-            return;
-        }
-    }
-    UXPainter::drawRects(rects);
+    UXCairoPixels* pixels = rects.size() >= kFewestWrittenRects ? _obtainPixels() : nullptr;
+    if (!pixels)
+        return UXPainter::drawRects(rects);
+    forgetPath();
+    const UXCairoPixels::Writing writing(*pixels);
+    UXCairoPixelFiller(*pixels, m_toDevice).fill(rects);
 }
 
 void UXCairoPainter::drawPolyline(std::span<const UXDoublePoint> points)
@@ -405,12 +405,13 @@ bool UXCairoPainter::_writePolyline(std::span<const UXDoublePoint> points)
         cairo_get_line_join(m_context) != CAIRO_LINE_JOIN_ROUND || cairo_get_dash_count(m_context) > 0 ||
         cairo_get_antialias(m_context) == CAIRO_ANTIALIAS_NONE)
         return false;
-    UXCairoPixels pixels(m_context, m_toDevice);
-    if (!pixels.isUsable())
+    UXCairoPixels* pixels = _obtainPixels();
+    if (!pixels)
         return false;
+    const UXCairoPixels::Writing writing(*pixels);
     const std::vector<UXDoublePoint> places = _toPixels(points);
-    for (const UXCairoPixels::Box& clip : pixels.getClip())
-        UXCairoLineCoverage(places, width, clip).draw(pixels);
+    for (const UXCairoPixels::Box& clip : pixels->getClip())
+        UXCairoLineCoverage(places, width, clip).draw(*pixels);
     return true;
 }
 
@@ -432,8 +433,8 @@ bool UXCairoPainter::_writeBands(std::span<const std::vector<UXDoublePoint>> pol
         cairo_get_fill_rule(m_context) != CAIRO_FILL_RULE_WINDING ||
         cairo_get_antialias(m_context) == CAIRO_ANTIALIAS_NONE)
         return false;
-    UXCairoPixels pixels(m_context, m_toDevice);
-    if (!pixels.isUsable())
+    UXCairoPixels* pixels = _obtainPixels();
+    if (!pixels)
         return false;
     std::vector<std::vector<UXDoublePoint>> bands;
     bands.reserve(polygons.size());
@@ -448,8 +449,9 @@ bool UXCairoPainter::_writeBands(std::span<const std::vector<UXDoublePoint>> pol
             return false;
         bands.push_back(std::move(band));
     }
-    for (const UXCairoPixels::Box& clip : pixels.getClip())
-        UXCairoBandCoverage(bands, clip).draw(pixels);
+    const UXCairoPixels::Writing writing(*pixels);
+    for (const UXCairoPixels::Box& clip : pixels->getClip())
+        UXCairoBandCoverage(bands, clip).draw(*pixels);
     return true;
 }
 
@@ -471,10 +473,11 @@ bool UXCairoPainter::_stamp(std::span<const UXDoublePoint> centres, double reach
     if (!(pixels > 0) || pixels > UXCairoMarkStamps::greatestReach ||
         cairo_get_antialias(m_context) == CAIRO_ANTIALIAS_NONE)
         return false;
-    UXCairoPixels target(m_context, m_toDevice);
-    if (!target.isUsable())
+    UXCairoPixels* target = _obtainPixels();
+    if (!target)
         return false;
-    UXCairoMarkStamps(pixels, addPath, m_toDevice).draw(target, centres);
+    const UXCairoPixels::Writing writing(*target);
+    UXCairoMarkStamps(pixels, addPath, m_toDevice).draw(*target, centres);
     forgetPath();
     return true;
 }
@@ -531,6 +534,7 @@ void UXCairoPainter::strokePreserve()
 
 void UXCairoPainter::clipPreserve()
 {
+    m_pixels.reset();
     if (!m_pathBroken)
         return cairo_clip_preserve(m_context);
     const UXCairoPathKeeper keeper(m_context);
@@ -572,6 +576,7 @@ void UXCairoPainter::usePattern()
 {
     if (m_endedPattern)
         cairo_set_source(m_context, m_endedPattern.get());
+    m_isSourceTaken = false;
 }
 
 void UXCairoPainter::drawText(const std::string& text, const UXDoubleRect& rect, const UXFont& font,
@@ -603,7 +608,7 @@ void UXCairoPainter::_drawText(const std::string& text, const UXDoubleRect& rect
         result->fits = size.width <= rect.width && size.height <= rect.height;
     }
 
-    layout.draw(m_context, m_toDevice, m_ground, rect.x, placed.y, rect.width, align);
+    layout.draw(m_context, _obtainPixels(), m_toDevice, m_ground, rect.x, placed.y, rect.width, align);
 }
 
 /** Whether every point of rect has device coordinates that Cairo can count. */
@@ -628,6 +633,19 @@ bool UXCairoPainter::_clipToRect(const UXDoubleRect& rect)
     return true;
 }
 
+/** @return the pixels behind the present clip; null where they cannot be written */
+UXCairoPixels* UXCairoPainter::_obtainPixels()
+{
+    if (!m_toDevice.isUpright())
+        return nullptr;
+    if (!m_pixels)
+        m_pixels.emplace(m_context, m_toDevice);
+    else if (!m_isSourceTaken)
+        m_pixels->takeSource(m_context);
+    m_isSourceTaken = true;
+    return m_pixels->isUsable() ? &*m_pixels : nullptr;
+}
+
 /** Runs what the host draws with, unless it stands too deep in others or in itself. */
 void UXCairoPainter::_runNested(const std::function<void()>& action)
 {
@@ -645,10 +663,12 @@ UXCairoPatternHandle UXCairoPainter::_drawLayer(Layer kind, const std::function<
     cairo_push_group_with_content(m_context,
                                   kind == Layer::AlphaOnly ? CAIRO_CONTENT_ALPHA : CAIRO_CONTENT_COLOR_ALPHA);
     cairo_set_operator(m_context, CAIRO_OPERATOR_OVER);
+    m_pixels.reset();
     {
         const Scope inner(*this);
         action();
     }
+    m_pixels.reset();
     return UXCairoPatternHandle(cairo_pop_group(m_context));
 }
 

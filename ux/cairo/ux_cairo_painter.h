@@ -1,10 +1,12 @@
 #pragma once
 
 #include "ux/cairo/ux_cairo_handles.h"
+#include "ux/cairo/ux_cairo_pixels.h"
 #include "ux/ux_path_painter.h"
 #include "ux/ux_transform.h"
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -109,6 +111,7 @@ private:
     bool _isPathDrawable() const { return m_hasPath && !m_pathBroken; }
     bool _clipToRect(const UXDoubleRect& rect);
     bool _isReachable(const UXDoubleRect& rect) const;
+    UXCairoPixels* _obtainPixels();
     void _runNested(const std::function<void()>& action);
     bool _writePolyline(std::span<const UXDoublePoint> points);
     bool _writeBands(std::span<const std::vector<UXDoublePoint>> polygons);
@@ -133,6 +136,9 @@ private:
 
     bool m_hasPath = false;    // whether anything was added to the path
     bool m_pathBroken = false; // whether anything of it was not finite
+
+    std::optional<UXCairoPixels> m_pixels; // for the present clip
+    bool m_isSourceTaken = false;          // by m_pixels
 
     UXCairoPatternHandle m_begunPattern, m_endedPattern;
     double m_lastOffset = 0; // of the pattern that was begun

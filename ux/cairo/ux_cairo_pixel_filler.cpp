@@ -16,8 +16,8 @@ constexpr double kLastPixel = 1e9;
 
 } // namespace
 
-UXCairoPixelFiller::UXCairoPixelFiller(UXCairoContext* context, const UXTransform& toDevice)
-    : m_pixels(context, toDevice), m_toDevice(toDevice)
+UXCairoPixelFiller::UXCairoPixelFiller(UXCairoPixels& pixels, const UXTransform& toDevice)
+    : m_pixels(pixels), m_toDevice(toDevice)
 {
 }
 

@@ -11,10 +11,10 @@
  * one. */
 class UXCairoPixelFiller {
 public:
-    /** @param toDevice from the present space of context to the pixels of its surface */
-    UXCairoPixelFiller(UXCairoContext* context, const UXTransform& toDevice);
+    /** @param pixels usable ones, being written as long as this lives
+     *  @param toDevice from the present space to the pixels */
+    UXCairoPixelFiller(UXCairoPixels& pixels, const UXTransform& toDevice);
 
-    bool isUsable() const { return m_pixels.isUsable(); }
     /** Fills one after the other.
      *  @param rects in the present space, moved to pixels; what is not finite or empty is left out */
     void fill(std::span<const UXDoubleRect> rects);
@@ -24,7 +24,7 @@ private:
     void _fillRow();
     void _fillBand(int top, int bottom);
 
-    UXCairoPixels m_pixels;
+    UXCairoPixels& m_pixels;
     UXTransform m_toDevice;
     std::vector<UXCairoPixels::Box> m_row; // from left to right, sharing no column, to be filled together
 };

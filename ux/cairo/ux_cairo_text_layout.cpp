@@ -2,10 +2,13 @@
 
 #include "ux/cairo/ux_cairo_fonts.h"
 #include "ux/cairo/ux_cairo_glyph_cache.h"
+#include "ux/cairo/ux_cairo_number_font.h"
 #include "ux/cairo/ux_cairo_path_keeper.h"
+#include "ux/cairo/ux_cairo_pixels.h"
 #include "ux/ux_text_bound.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <cstddef>
 #include <iostream>
@@ -31,8 +34,6 @@ constexpr double kLargestKeptText = 40, kWidestKeptText = 4096, kMostKeptPixels 
                  kLargestGlyph = 256;
 // A text is drawn on two devices in turn, in a window and in its preview, and seldom on more.
 constexpr std::size_t kMostRenderings = 2;
-// About what a line's surface and pattern take beside their pixels.
-constexpr std::size_t kSurfaceOverhead = 768;
 
 double inUnits(int pangoUnits) { return double(pangoUnits) / PANGO_SCALE; }
 
@@ -136,6 +137,27 @@ void reportUncovered(const std::string& text)
     std::cerr << "ux_cairo: no font has every character of \"" << shown << "\"\n";
 }
 
+/** Lets numbers learn from one that Pango has shaped. */
+void learnNumber(std::string_view text, PangoLayout* layout, UXCairoNumberFont& numbers)
+{
+    std::vector<UXCairoNumberFont::Letter> letters;
+    const GSList* runs = pango_layout_get_line_readonly(layout, 0)->runs;
+    const auto* run = runs ? static_cast<const PangoLayoutRun*>(runs->data) : nullptr;
+    PangoFont* font = run ? run->item->analysis.font : nullptr;
+    cairo_scaled_font_t* scaled = font ? pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font)) : nullptr;
+    if (!scaled)
+        return;
+    letters.reserve(text.size());
+    for (int i = 0; i < run->glyphs->num_glyphs; ++i) {
+        const PangoGlyphInfo& glyph = run->glyphs->glyphs[i];
+        const bool isPlain = glyph.glyph < PANGO_GLYPH_EMPTY && glyph.geometry.x_offset == 0 &&
+                             glyph.geometry.y_offset == 0;
+        if (isPlain)
+            letters.push_back({glyph.glyph, glyph.geometry.width});
+    }
+    numbers.learn(text, letters, scaled);
+}
+
 PangoEllipsizeMode obtainEllipsizeMode(UXTextOption option)
 {
     switch (option) {
@@ -159,12 +181,17 @@ UXCairoTextLayout::UXCairoTextLayout(const std::string& text, const UXFont& font
     if (text.empty() || font.size <= 0)
         return;
     UXCairoFonts& fonts = UXCairoFonts::obtainShared();
-    const UXCairoFonts::Face& face = fonts.obtainFace(font);
+    UXCairoFonts::Face& face = fonts.obtainFace(font);
     m_fontSize = std::clamp(font.size, 1, 10000);
     m_ascent = face.ascent;
     m_lineHeight = face.lineHeight;
 
-    // 2. Let Pango break and shape it. The limit is rounded up so that a text fits the width that it
+    // 2. The font may have written such numbers before.
+    const bool isNumber = widthLimit < 0 && UXCairoNumberFont::isNumber(text);
+    if (isNumber && _writeNumber(text, face.numbers))
+        return;
+
+    // 3. Let Pango break and shape it. The limit is rounded up so that a text fits the width that it
     // measured.
     std::string valid = boundShaping(obtainValidText(text, m_fontSize));
     if (lineMode == 1 && widthLimit >= 0)
@@ -182,11 +209,33 @@ UXCairoTextLayout::UXCairoTextLayout(const std::string& text, const UXFont& font
     if (pango_layout_get_unknown_glyphs_count(layout) > 0)
         reportUncovered(valid);
 
-    // 3. Keep the places of the glyphs; the layout itself is of no further use.
+    if (isNumber)
+        learnNumber(text, layout, face.numbers);
+
+    // 4. Keep the places of the glyphs; the layout itself is of no further use.
     for (GSList* each = pango_layout_get_lines_readonly(layout); each; each = each->next)
         _keepLine(each->data);
     m_size.height = m_lineHeight * static_cast<double>(m_lines.size());
     g_object_unref(layout);
+}
+
+/** @return whether the glyphs of text are known */
+bool UXCairoTextLayout::_writeNumber(std::string_view text, UXCairoNumberFont& numbers)
+{
+    const std::vector<UXCairoNumberFont::Letter>& letters = numbers.write(text);
+    if (letters.empty())
+        return false;
+    double x = 0;
+    m_glyphs.reserve(letters.size());
+    for (const UXCairoNumberFont::Letter& letter : letters) {
+        m_glyphs.push_back({letter.glyph, x, 0});
+        x += inUnits(letter.advance);
+    }
+    m_runs.push_back(
+        {UXCairoScaledFontHandle(cairo_scaled_font_reference(numbers.getFont())), 0, m_glyphs.size()});
+    m_lines.push_back({x, 0, 1});
+    m_size = {x, m_lineHeight};
+    return true;
 }
 
 void UXCairoTextLayout::_keepLine(const void* pangoLine)
@@ -227,20 +276,21 @@ std::size_t UXCairoTextLayout::getBytes() const
     return bytes;
 }
 
-void UXCairoTextLayout::draw(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground,
-                             double left, double top, double width, UXTextAlign align) const
+void UXCairoTextLayout::draw(UXCairoContext* context, UXCairoPixels* pixels, const UXTransform& toDevice,
+                             const UXTransform& ground, double left, double top, double width,
+                             UXTextAlign align) const
 {
     const double scale = std::sqrt(std::abs(toDevice.xx * toDevice.yy - toDevice.xy * toDevice.yx));
-    const double pixels = scale * m_fontSize;
+    const double height = scale * m_fontSize;
     const double extent = (m_size.width + m_size.height + std::abs(width)) * 2 * scale;
     const UXDoublePoint corner = toDevice.apply(left, top);
-    if (!(pixels > kSmallestText && pixels < kLargestText) ||
+    if (!(height > kSmallestText && height < kLargestText) ||
         !(std::abs(corner.x) + std::abs(corner.y) + extent < kFarthestPixel))
         return;
 
     const bool isOnPixels = cairo_surface_get_type(cairo_get_group_target(context)) ==
                             CAIRO_SURFACE_TYPE_IMAGE;
-    const bool keepsPixels = isOnPixels && pixels <= kLargestKeptText &&
+    const bool keepsPixels = isOnPixels && height <= kLargestKeptText &&
                              m_size.width * scale <= kWidestKeptText &&
                              m_size.width * m_size.height * scale * scale <= kMostKeptPixels;
     const Rendering* rendering = keepsPixels ? &_obtainRendering(toDevice) : nullptr;
@@ -250,9 +300,9 @@ void UXCairoTextLayout::draw(UXCairoContext* context, const UXTransform& toDevic
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         start.x = left + (width - m_lines[i].width) * share;
         if (rendering)
-            _drawPixels(context, toDevice, ground, rendering->lines[i], start);
+            _drawPixels(context, pixels, toDevice, ground, rendering->lines[i], start);
         else
-            _drawGlyphs(context, m_lines[i], start, isOnPixels && pixels > kLargestGlyph);
+            _drawGlyphs(context, m_lines[i], start, isOnPixels && height > kLargestGlyph);
         start.y += m_lineHeight;
     }
 }
@@ -277,26 +327,40 @@ void UXCairoTextLayout::_drawGlyphs(UXCairoContext* context, const Line& line, c
     }
 }
 
-void UXCairoTextLayout::_drawPixels(UXCairoContext* context, const UXTransform& toDevice,
-                                    const UXTransform& ground, const LinePixels& line,
-                                    const UXDoublePoint& start)
+void UXCairoTextLayout::_drawPixels(UXCairoContext* context, UXCairoPixels* pixels,
+                                    const UXTransform& toDevice, const UXTransform& ground,
+                                    const LinePixels& line, const UXDoublePoint& start)
 {
     // A line begins on a whole pixel, wherever it stands: it looks the same everywhere and is made once.
-    if (!line.pattern)
+    if (line.coverage.empty())
         return;
     const UXDoublePoint origin = toDevice.apply(start.x, start.y);
-    const cairo_matrix_t toPixels = {
-        1, 0, 0, 1, -std::round(origin.x) - line.left, -std::round(origin.y) - line.top};
-    cairo_pattern_set_matrix(line.pattern.get(), &toPixels);
+    const double left = std::round(origin.x) + line.left, top = std::round(origin.y) + line.top;
+    if (pixels) {
+        const int x = static_cast<int>(left), y = static_cast<int>(top);
+        const UXCairoPixels::Writing writing(*pixels);
+        pixels->blendBox({x, y, x + line.width, y + line.height}, line.coverage.data(), line.rowLength);
+        return;
+    }
 
+    // Cairo reads a mask and does not write it.
+    const UXCairoSurfaceHandle mask(cairo_image_surface_create_for_data(
+        const_cast<unsigned char*>(line.coverage.data()), CAIRO_FORMAT_A8, line.width, line.height,
+        static_cast<int>(line.rowLength)));
     cairo_matrix_t before;
     cairo_get_matrix(context, &before);
     const UXTransform fromPixels = ground.inverted();
-    const cairo_matrix_t pixels = {fromPixels.xx, fromPixels.yx, fromPixels.xy,
-                                   fromPixels.yy, fromPixels.dx, fromPixels.dy};
-    cairo_set_matrix(context, &pixels);
-    cairo_mask(context, line.pattern.get());
+    const cairo_matrix_t toContext = {fromPixels.xx, fromPixels.yx, fromPixels.xy,
+                                      fromPixels.yy, fromPixels.dx, fromPixels.dy};
+    cairo_set_matrix(context, &toContext);
+    const UXCairoPatternHandle pattern(cairo_pattern_create_for_surface(mask.get()));
+    const cairo_matrix_t toMask = {1, 0, 0, 1, -left, -top};
+    cairo_pattern_set_matrix(pattern.get(), &toMask);
+    cairo_pattern_set_filter(pattern.get(), CAIRO_FILTER_NEAREST);
+    cairo_mask(context, pattern.get());
     cairo_set_matrix(context, &before);
+    // What still refers to the mask copies it now.
+    cairo_surface_finish(mask.get());
 }
 
 const UXCairoTextLayout::Rendering& UXCairoTextLayout::_obtainRendering(const UXTransform& toDevice) const
@@ -314,7 +378,7 @@ const UXCairoTextLayout::Rendering& UXCairoTextLayout::_obtainRendering(const UX
     Rendering made{linear, {}, sizeof(Rendering)};
     for (const Line& line : m_lines) {
         made.lines.push_back(_renderLine(line, linear));
-        made.bytes += made.lines.back().bytes;
+        made.bytes += sizeof(LinePixels) + made.lines.back().coverage.size();
     }
     return *m_renderings.insert(m_renderings.begin(), std::move(made));
 }
@@ -324,52 +388,49 @@ UXCairoTextLayout::LinePixels UXCairoTextLayout::_renderLine(const Line& line,
 {
     // 1. Where each glyph goes, to a quarter of a pixel, and what they cover together.
     struct Placed {
-        UXCairoGlyphPixels pixels;
+        const UXCairoGlyphPixels* pixels;
         int left, top;
     };
     constexpr int phases = UXCairoGlyphCache::kPhases;
+    UXCairoGlyphCache& cache = UXCairoGlyphCache::obtainShared();
+    cache.makeRoom();
     std::vector<Placed> placed;
-    int left = 0, top = 0, right = 0, bottom = 0;
+    placed.reserve(m_glyphs.size());
+    int left = INT_MAX, top = INT_MAX, right = INT_MIN, bottom = INT_MIN;
     for (std::size_t i = line.begin; i < line.end; ++i) {
+        UXCairoGlyphCache::Face& face = cache.obtainFace(m_runs[i].font.get(), toDevice);
         for (std::size_t k = m_runs[i].begin; k < m_runs[i].end; ++k) {
             const UXDoublePoint at = toDevice.apply(m_glyphs[k].x, m_glyphs[k].y);
             const int x = static_cast<int>(std::lround(at.x * phases)),
                       y = static_cast<int>(std::lround(at.y * phases));
-            const UXCairoGlyphPixels& pixels = UXCairoGlyphCache::obtainShared().obtainPixels(
-                m_runs[i].font.get(), toDevice, m_glyphs[k].index, x & (phases - 1), y & (phases - 1));
+            const UXCairoGlyphPixels& pixels = cache.obtainPixels(face, m_glyphs[k].index, x & (phases - 1),
+                                                                  y & (phases - 1));
             if (pixels.coverage.empty())
                 continue;
             // Shifting right rounds down, also below 0.
-            const Placed& next = placed.emplace_back(pixels, (x >> 2) + pixels.left, (y >> 2) + pixels.top);
-            const bool isFirst = placed.size() == 1;
-            left = isFirst ? next.left : std::min(left, next.left);
-            top = isFirst ? next.top : std::min(top, next.top);
-            right = isFirst ? next.left + pixels.width : std::max(right, next.left + pixels.width);
-            bottom = isFirst ? next.top + pixels.height : std::max(bottom, next.top + pixels.height);
+            const Placed next{&pixels, (x >> 2) + pixels.left, (y >> 2) + pixels.top};
+            placed.push_back(next);
+            left = std::min(left, next.left);
+            top = std::min(top, next.top);
+            right = std::max(right, next.left + pixels.width);
+            bottom = std::max(bottom, next.top + pixels.height);
         }
     }
     if (placed.empty())
         return {};
 
     // 2. Add the coverages up.
-    const UXCairoSurfaceHandle surface(
-        cairo_image_surface_create(CAIRO_FORMAT_A8, right - left, bottom - top));
-    unsigned char* data = cairo_image_surface_get_data(surface.get());
-    if (!data)
-        return {};
-    const int stride = cairo_image_surface_get_stride(surface.get());
+    LinePixels made{left, top, right - left, bottom - top, 0, {}};
+    made.rowLength = (static_cast<std::size_t>(made.width) + 3) / 4 * 4;
+    made.coverage.resize(made.rowLength * static_cast<std::size_t>(made.height));
     for (const Placed& glyph : placed) {
-        const std::uint8_t* from = glyph.pixels.coverage.data();
-        for (int y = 0; y < glyph.pixels.height; ++y) {
-            unsigned char* to = data + std::ptrdiff_t{stride} * (glyph.top - top + y) + (glyph.left - left);
-            for (int x = 0; x < glyph.pixels.width; ++x, ++from, ++to)
-                *to = static_cast<unsigned char>(std::min(*to + *from, 255));
-        }
+        const std::uint8_t* from = glyph.pixels->coverage.data();
+        std::uint8_t* to = made.coverage.data() + static_cast<std::size_t>(glyph.top - top) * made.rowLength +
+                           static_cast<std::size_t>(glyph.left - left);
+        const auto width = static_cast<std::size_t>(glyph.pixels->width);
+        for (int y = 0; y < glyph.pixels->height; ++y, from += width, to += made.rowLength)
+            for (std::size_t x = 0; x < width; ++x)
+                to[x] = static_cast<std::uint8_t>(std::min(to[x] + from[x], 255));
     }
-    cairo_surface_mark_dirty(surface.get());
-    LinePixels made{left, top, UXCairoPatternHandle(cairo_pattern_create_for_surface(surface.get())),
-                    kSurfaceOverhead +
-                        static_cast<std::size_t>(stride) * static_cast<std::size_t>(bottom - top)};
-    cairo_pattern_set_filter(made.pattern.get(), CAIRO_FILTER_NEAREST);
     return made;
 }

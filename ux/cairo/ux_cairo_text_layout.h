@@ -9,8 +9,13 @@
 #include "ux/ux_transform.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
+
+class UXCairoNumberFont;
+class UXCairoPixels;
 
 /** A text that has been broken into lines and shaped: glyphs in their places, ready to be drawn anywhere. */
 class UXCairoTextLayout {
@@ -32,13 +37,14 @@ public:
     /**
      * Draws with the context's source and leaves its path as it was. Text too small to be seen, or too large
      * or too far away for Cairo to count its pixels, is left out.
+     * @param pixels of what context draws on, null where they cannot be written past it
      * @param toDevice from the context's present space to device pixels, of which ground is the part that
      * does not belong to the context's transform
      * @param top of the first line
      * @param width that the lines are aligned in, from left
      */
-    void draw(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground, double left,
-              double top, double width, UXTextAlign align) const;
+    void draw(UXCairoContext* context, UXCairoPixels* pixels, const UXTransform& toDevice,
+              const UXTransform& ground, double left, double top, double width, UXTextAlign align) const;
 
 private:
     struct Glyph {
@@ -51,9 +57,9 @@ private:
     };
     /** The pixels of a whole line, from the pixel that the left end of its baseline lies in. */
     struct LinePixels {
-        int left = 0, top = 0;
-        UXCairoPatternHandle pattern; // none where the line covers no pixel
-        std::size_t bytes = 0;
+        int left = 0, top = 0, width = 0, height = 0; // 0 by 0 where the line covers no pixel
+        std::size_t rowLength = 0;                    // a multiple of 4, as Cairo has it
+        std::vector<std::uint8_t> coverage;
     };
     struct Line {
         double width;
@@ -66,11 +72,12 @@ private:
         std::size_t bytes;
     };
 
+    bool _writeNumber(std::string_view text, UXCairoNumberFont& numbers);
     void _keepLine(const void* pangoLine);
     LinePixels _renderLine(const Line& line, const UXTransform& toDevice) const;
     const Rendering& _obtainRendering(const UXTransform& toDevice) const;
-    static void _drawPixels(UXCairoContext* context, const UXTransform& toDevice, const UXTransform& ground,
-                            const LinePixels& line, const UXDoublePoint& start);
+    static void _drawPixels(UXCairoContext* context, UXCairoPixels* pixels, const UXTransform& toDevice,
+                            const UXTransform& ground, const LinePixels& line, const UXDoublePoint& start);
     void _drawGlyphs(UXCairoContext* context, const Line& line, const UXDoublePoint& start,
                      bool asOutlines) const;
 
