@@ -6,6 +6,7 @@
 #include "ux/ux_round_rectangle.h"
 
 #include <algorithm>
+#include <string>
 
 namespace {
 
@@ -50,15 +51,8 @@ void drawSign(UXPainter& painter, const UXDoubleRect& square, const KXCheckMarkL
     }
 }
 
-} // namespace
-
-void kxDrawCheckMark(UXPainter& painter, const UXDoubleRect& bounds, const KXCheckMarkLook& look)
+void drawMark(UXPainter& painter, const UXDoubleRect& square, const KXCheckMarkLook& look)
 {
-    const double extent = std::min(bounds.width, bounds.height);
-    if (!(extent > 2))
-        return;
-    const UXDoubleRect square{uxMidDoubleX(bounds) - extent / 2, uxMidDoubleY(bounds) - extent / 2, extent,
-                              extent};
     painter.saveState();
     if (look.state == KXToggleSwitchState::Off) {
         painter.setColor(fade(look.isPressed   ? pressedColor
@@ -81,4 +75,27 @@ void kxDrawCheckMark(UXPainter& painter, const UXDoubleRect& bounds, const KXChe
         drawSign(painter, square, look);
     }
     painter.restoreState();
+}
+
+/** @return what tells this look from all others */
+std::string makeName(const KXCheckMarkLook& look)
+{
+    std::string name = "check mark";
+    for (const int part :
+         {static_cast<int>(look.state), look.isRound ? 1 : 0, look.isEnabled ? 1 : 0, look.isHovered ? 1 : 0,
+          look.isPressed ? 1 : 0, look.accent.red, look.accent.green, look.accent.blue})
+        name.append(" ").append(std::to_string(part));
+    return name.append(" ").append(std::to_string(look.accent.alpha));
+}
+
+} // namespace
+
+void kxDrawCheckMark(UXPainter& painter, const UXDoubleRect& bounds, const KXCheckMarkLook& look)
+{
+    const double extent = std::min(bounds.width, bounds.height);
+    if (!(extent > 2))
+        return;
+    const UXDoubleRect square{uxMidDoubleX(bounds) - extent / 2, uxMidDoubleY(bounds) - extent / 2, extent,
+                              extent};
+    painter.drawStamp(makeName(look), square, [&](UXPainter* stamp) { drawMark(*stamp, square, look); });
 }

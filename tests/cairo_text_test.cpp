@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <malloc.h>
+#include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -114,6 +116,61 @@ TEST_F(CairoText, WrapsAndCutsAtItsLimit)
     // A word longer than the limit is broken, and a limit of nothing still ends.
     EXPECT_GT(measure("Donaudampfschiff", wrapped, 40).height, natural.height * 1.5);
     EXPECT_GT(measure(text, wrapped, 0).height, natural.height * 5);
+}
+
+/** A sign of no width has a number shaped as any text is. */
+TEST_F(CairoText, WritesNumbersAsTheyAreShaped)
+{
+    constexpr std::string_view letters = "0123456789,.-+ %";
+    std::mt19937 random(1);
+    const auto draw = [](const std::string& text, const UXTextProperty& property) {
+        return CairoTestCanvas(330, 30)
+            .draw([&](UXPainter& painter) {
+                painter.drawText(text, {2, 2, 326, 26}, property);
+            })
+            .pixels();
+    };
+    for (const char* family : {"DejaVu Sans", "DejaVu Serif", "no such family"}) {
+        UXTextProperty property = makeProperty(13);
+        property.font.familyName = family;
+        for (int i = 0; i < 600; ++i) {
+            property.font.bold = i % 2 == 1;
+            std::string text;
+            for (std::size_t length = 1 + random() % 9; text.size() < length;)
+                text.push_back(letters[random() % letters.size()]);
+            SCOPED_TRACE(text);
+            ASSERT_EQ(measure(text, property), measure(text + "\u200B", property));
+            if (i % 8 < 2) {
+                ASSERT_EQ(draw(text, property), draw(text + "\u200B", property));
+            }
+        }
+    }
+}
+
+/** Where a clip is no rectangle Cairo draws what is written to the pixels elsewhere. */
+TEST_F(CairoText, IsWrittenAsCairoDrawsIt)
+{
+    UXTextProperty property = makeProperty(15, UXTextAlign::Center);
+    for (const UXColor& color : {UXColor(0, 0, 0), UXColor(210, 40, 90), UXColor(20, 90, 200, 0.4)}) {
+        for (const double scale : {1.0, 1.5}) {
+            property.textColor = color;
+            const auto draw = [&](bool byCairo) {
+                CairoTestCanvas canvas(160, 40, scale);
+                canvas.drawWhiteGround().draw([&](UXPainter& painter) {
+                    if (byCairo) {
+                        painter.setStartPoint(-1000, -1000);
+                        painter.addLinePath(3000, -1000);
+                        painter.addLinePath(-1000, 3000);
+                        painter.clip();
+                    }
+                    painter.drawText("Written 1,284.9", {3, 5, 150, 30}, property);
+                    painter.drawText("cut by the edge of the picture", {0, 20, 160, 30}, property);
+                });
+                return canvas.pixels();
+            };
+            EXPECT_EQ(draw(false), draw(true));
+        }
+    }
 }
 
 TEST_F(CairoText, SurvivesAnyText)

@@ -292,6 +292,11 @@ void UXPainter::drawMarks(std::span<const UXDoublePoint> centres, double radius)
     }
 }
 
+void UXPainter::drawStamp(const std::string&, const UXDoubleRect&, const UXPaintFunction& draw)
+{
+    draw(this);
+}
+
 void UXPainter::drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners)
 {
     for (const UXDoublePoint& centre : centres) {

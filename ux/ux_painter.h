@@ -225,6 +225,14 @@ public:
      * where they lie on each other, in their order.
      *  @param corners of the polygon, from the centre */
     virtual void drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners);
+    /**
+     * Draws what is drawn often in the same way, a check mark for one, so that a back end may keep its
+     * pixels.
+     * @param name of all that decides what it looks like, beside the size of bounds
+     * @param bounds that nothing is drawn outside of
+     * @param draw sets all that it draws with and leaves the state as it was; it may not be called
+     */
+    virtual void drawStamp(const std::string& name, const UXDoubleRect& bounds, const UXPaintFunction& draw);
 
 private:
     friend class UXPaintConfig;

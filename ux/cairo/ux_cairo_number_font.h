@@ -11,8 +11,8 @@
 /**
  * How a font writes numbers: the glyph of each digit and sign, and how far it is from there to the next one.
  * It learns both from numbers that were shaped, and then places others without shaping. A font in which a
- * letter's glyph depends on more than the letter after it, or in which it depends on that one by more than its
- * distance, places none.
+ * letter's glyph depends on more than the letter after it, or in which it depends on that one by more than
+ * its distance, places none.
  */
 class UXCairoNumberFont {
 public:

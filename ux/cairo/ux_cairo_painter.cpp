@@ -5,6 +5,7 @@
 #include "ux/cairo/ux_cairo_mark_stamps.h"
 #include "ux/cairo/ux_cairo_path_keeper.h"
 #include "ux/cairo/ux_cairo_pixel_filler.h"
+#include "ux/cairo/ux_cairo_stamp_cache.h"
 #include "ux/cairo/ux_cairo_text_cache.h"
 #include "ux/ux_draw_text_result.h"
 #include "ux/ux_image.h"
@@ -29,7 +30,6 @@ constexpr double kFarthestPixel = 4e6;
 // Dashes of less than this many pixels in all look like a thin line and would be counted one by one.
 constexpr double kShortestDashes = 0.1;
 // With fewer it is not worth while to look whether they can be written.
-constexpr std::size_t kFewestWrittenRects = 4;
 constexpr std::size_t kFewestWrittenPoints = 4, kFewestBandPoints = 64;
 // More of them in one place could be too much for a sum.
 constexpr std::size_t kMostBands = 256;
@@ -378,7 +378,7 @@ void UXCairoPainter::fillPreserve()
 
 void UXCairoPainter::drawRects(std::span<const UXDoubleRect> rects)
 {
-    UXCairoPixels* pixels = rects.size() >= kFewestWrittenRects ? _obtainPixels() : nullptr;
+    UXCairoPixels* pixels = rects.empty() ? nullptr : _obtainPixels();
     if (!pixels)
         return UXPainter::drawRects(rects);
     forgetPath();
@@ -524,6 +524,32 @@ void UXCairoPainter::drawShapes(std::span<const UXDoublePoint> centres,
     if (std::isfinite(reach) && _stamp(centres, reach, addPath))
         return;
     UXPainter::drawShapes(_leaveOutHidden(centres), corners);
+}
+
+void UXCairoPainter::drawStamp(const std::string& name, const UXDoubleRect& bounds,
+                               const UXPaintFunction& draw)
+{
+    const double scale = m_toDevice.xx;
+    const UXDoublePoint first = m_toDevice.apply(bounds.x, bounds.y);
+    const UXDoublePoint last = m_toDevice.apply(bounds.x + bounds.width, bounds.y + bounds.height);
+    const bool isKept = scale > 0 && scale == m_toDevice.yy && bounds.width > 0 && bounds.height > 0 &&
+                        std::max(last.x - first.x, last.y - first.y) <= UXCairoStampCache::greatestExtent &&
+                        std::abs(first.x) + std::abs(first.y) <= kFarthestPixel;
+    UXCairoPixels* pixels = isKept ? _obtainPixels() : nullptr;
+    if (!pixels)
+        return UXPainter::drawStamp(name, bounds, draw);
+    forgetPath();
+    const int left = static_cast<int>(std::floor(first.x)), top = static_cast<int>(std::floor(first.y));
+    const UXCairoPixels::Box box{left, top, static_cast<int>(std::ceil(last.x)),
+                                 static_cast<int>(std::ceil(last.y))};
+    const UXDoublePoint phase(first.x - left, first.y - top);
+    const std::vector<std::uint32_t>& stamp = UXCairoStampCache::obtainShared().obtainStamp(
+        name, {scale, phase, {box.right - left, box.bottom - top}}, [&](UXCairoSurface* surface) {
+            UXCairoPainter painter(surface, scale, {phase.x - bounds.x * scale, phase.y - bounds.y * scale});
+            draw(&painter);
+        });
+    const UXCairoPixels::Writing writing(*pixels);
+    pixels->drawOver(box, stamp);
 }
 
 void UXCairoPainter::strokePreserve()

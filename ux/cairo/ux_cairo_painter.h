@@ -90,6 +90,7 @@ public:
     void drawPolygons(std::span<const std::vector<UXDoublePoint>> polygons) override;
     void drawMarks(std::span<const UXDoublePoint> centres, double radius) override;
     void drawShapes(std::span<const UXDoublePoint> centres, std::span<const UXDoublePoint> corners) override;
+    void drawStamp(const std::string& name, const UXDoubleRect& bounds, const UXPaintFunction& draw) override;
 
     // The device behind
     double getDeviceScale() const override { return m_deviceScale; }

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <cstring>
 #ifdef __SSE2__
-#include <emmintrin.h>
+#    include <emmintrin.h>
 #endif
 
 namespace {
@@ -152,6 +152,12 @@ void UXCairoPixels::takeSource(UXCairoContext* context)
         m_partColors.clear();
 }
 
+UXCairoPixels::Box UXCairoPixels::_intersect(const Box& a, const Box& b)
+{
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
+}
+
 bool UXCairoPixels::_takeClip(UXCairoContext* context, const UXTransform& toDevice, int width, int height)
 {
     cairo_rectangle_list_t* list = cairo_copy_clip_rectangle_list(context);
@@ -275,8 +281,7 @@ void UXCairoPixels::_blendRow(std::uint32_t* pixels, const std::uint8_t* coverag
 void UXCairoPixels::blendBox(const Box& box, const std::uint8_t* coverage, std::size_t rowLength)
 {
     for (const Box& clip : m_clip) {
-        const Box part{std::max(box.left, clip.left), std::max(box.top, clip.top),
-                       std::min(box.right, clip.right), std::min(box.bottom, clip.bottom)};
+        const Box part = _intersect(box, clip);
         if (part.isEmpty())
             continue;
         const auto count = static_cast<std::size_t>(part.right - part.left);
@@ -284,6 +289,23 @@ void UXCairoPixels::blendBox(const Box& box, const std::uint8_t* coverage, std::
                                    static_cast<std::size_t>(part.left - box.left);
         for (int y = part.top; y < part.bottom; ++y, from += rowLength)
             _blendRow(_row(y) + part.left, from, count);
+    }
+}
+
+void UXCairoPixels::drawOver(const Box& box, std::span<const std::uint32_t> pixels)
+{
+    const std::ptrdiff_t width = box.right - box.left;
+    for (const Box& clip : m_clip) {
+        const Box part = _intersect(box, clip);
+        for (int y = part.top; y < part.bottom; ++y) {
+            std::uint32_t* const row = _row(y);
+            const std::uint32_t* from = pixels.data() + (y - box.top) * width + (part.left - box.left);
+            for (int x = part.left; x < part.right; ++x, ++from)
+                if (*from >> 24 == kOpaque)
+                    row[x] = *from;
+                else if (*from != 0)
+                    row[x] = *from + multiply(row[x], kOpaque - (*from >> 24));
+        }
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /**
@@ -50,10 +51,13 @@ public:
     /** Draws the colour over the pixels of a row from left on, within the clip.
      *  @param coverage how much of each pixel is covered, 255 for all of it */
     void blend(int left, int y, const std::uint8_t* coverage, std::size_t count);
-    /** Draws the colour over a rectangle of pixels, as far as the clip lets it: of a text, of which much is not
-     * covered.
+    /** Draws the colour over a rectangle of pixels, as far as the clip lets it: of a text, of which much is
+     * not covered.
      *  @param coverage as many rows as box has, each rowLength from the one before */
     void blendBox(const Box& box, const std::uint8_t* coverage, std::size_t rowLength);
+    /** Draws other pixels over those of box, as far as the clip lets it.
+     *  @param pixels row after row of box, their colours multiplied by alpha */
+    void drawOver(const Box& box, std::span<const std::uint32_t> pixels);
     /** @return how opaque the colour is, 0 to 1 */
     double getOpacity() const { return m_opacity; }
     /** Lays the colour, as if it were opaque, over the pixels of a row from left on, within the clip.
@@ -61,6 +65,7 @@ public:
     void lay(int left, int y, const std::uint16_t* transparencies, std::size_t count);
 
 private:
+    static Box _intersect(const Box& a, const Box& b);
     bool _takeClip(UXCairoContext* context, const UXTransform& toDevice, int width, int height);
     void _drawOver(std::uint32_t* pixels, std::size_t count) const;
     void _takeParts();

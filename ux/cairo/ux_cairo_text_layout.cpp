@@ -344,9 +344,9 @@ void UXCairoTextLayout::_drawPixels(UXCairoContext* context, UXCairoPixels* pixe
     }
 
     // Cairo reads a mask and does not write it.
-    const UXCairoSurfaceHandle mask(cairo_image_surface_create_for_data(
-        const_cast<unsigned char*>(line.coverage.data()), CAIRO_FORMAT_A8, line.width, line.height,
-        static_cast<int>(line.rowLength)));
+    const UXCairoSurfaceHandle mask(
+        cairo_image_surface_create_for_data(const_cast<unsigned char*>(line.coverage.data()), CAIRO_FORMAT_A8,
+                                            line.width, line.height, static_cast<int>(line.rowLength)));
     cairo_matrix_t before;
     cairo_get_matrix(context, &before);
     const UXTransform fromPixels = ground.inverted();
