@@ -1,31 +1,42 @@
 #include "dash_frame.h"
 
 #include "bar_board.h"
-#include "gauge_board.h"
 #include "kx_line_chart.h"
 #include "line_board.h"
+#include "pie_board.h"
+#include "scatter_board.h"
 
 #include <cstddef>
 
 namespace {
 
 constexpr int columns = 5, rows = 4;
+static_assert(columns * rows == DashFrame::chartCount);
 
 } // namespace
 
-DashFrame::DashFrame(const std::vector<double>& groups, const std::vector<double>& values,
-                     const std::vector<double>& line)
+DashFrame::DashFrame(const std::vector<double>& groups, const std::vector<double>& line,
+                     const std::vector<double>& along, const std::vector<double>& up)
 {
-    for (int i = 0; i < columns * rows; ++i) {
-        if (i % 4 == 0)
+    const auto append = [](std::vector<double>& values, const std::vector<double>& all, std::size_t chart) {
+        const auto first = all.begin() + static_cast<std::ptrdiff_t>(chart * pointCount);
+        values.insert(values.end(), first, first + pointCount);
+    };
+    for (std::size_t i = 0; i < chartCount; ++i) {
+        std::vector<double> values;
+        if (i % 4 == 0) {
             m_frames.push_back(std::make_unique<BoardFrame<BarBoard>>(groups, std::size_t{3}));
-        else if (i % 4 == 1)
+        } else if (i % 4 == 1) {
+            append(values, line, i);
             m_frames.push_back(
-                std::make_unique<BoardFrame<LineBoard<KXLineChart>>>(line, std::size_t{1}, "Line"));
-        else if (i % 4 == 3)
-            m_frames.push_back(std::make_unique<BoardFrame<GaugeBoard>>());
-        else
-            m_frames.push_back(std::make_unique<BoardFrame<BarBoard>>(values, std::size_t{1}));
+                std::make_unique<BoardFrame<LineBoard<KXLineChart>>>(values, std::size_t{1}, "Line"));
+        } else if (i % 4 == 2) {
+            append(values, along, i);
+            append(values, up, i);
+            m_frames.push_back(std::make_unique<BoardFrame<ScatterBoard>>(values));
+        } else {
+            m_frames.push_back(std::make_unique<BoardFrame<PieBoard>>());
+        }
     }
 }
 

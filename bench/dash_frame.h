@@ -6,15 +6,17 @@
 #include <memory>
 #include <vector>
 
-/** Twenty charts of one process, each on an image of its own: the picture that the comparison of chart
- * libraries calls "dash". Where a kind of chart is missing, bars of a thousand categories or a gauge stand
- * for it. */
+/** Twenty charts of one process, each on an image of its own, bars, a line, points and a pie in turns: the
+ * picture that the comparison of chart libraries calls "dash". */
 class DashFrame : public Frame {
 public:
+    static constexpr int chartCount = 20, pointCount = 1000;
+
     /** @param groups three series of twelve values each, one after the other
-     *  @param values, line a thousand values each */
-    DashFrame(const std::vector<double>& groups, const std::vector<double>& values,
-              const std::vector<double>& line);
+     *  @param line, along, up pointCount values for each of the charts: of lines, and of points in both
+     *  directions */
+    DashFrame(const std::vector<double>& groups, const std::vector<double>& line,
+              const std::vector<double>& along, const std::vector<double>& up);
 
     // From Frame
     /** @param size of one chart */

@@ -242,12 +242,13 @@ int runTable(const Start& start, const Command& command)
 
 int runDash(const Start& start, const Command& command)
 {
-    const std::vector<double> groups = readBars(12, 3), values = readBars(1000, 1),
-                              line = readNumbers("line.f64", 1000);
-    if (groups.empty() || values.empty() || line.empty())
+    constexpr long count = long{DashFrame::chartCount} * DashFrame::pointCount;
+    const std::vector<double> groups = readBars(12, 3), line = readNumbers("line.f64", count),
+                              along = readNumbers("scx.f64", count), up = readNumbers("scy.f64", count);
+    if (groups.empty() || line.empty() || along.empty() || up.empty())
         return 3;
     return run(start, command, {{400, 300}, {360, 250}},
-               [&] { return std::make_unique<DashFrame>(groups, values, line); });
+               [&] { return std::make_unique<DashFrame>(groups, line, along, up); });
 }
 
 } // namespace

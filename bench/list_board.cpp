@@ -2,6 +2,7 @@
 
 #include "kx_chart_property.h"
 #include "kx_control_chart_list.h"
+#include "mixed_number.h"
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ std::string ListTable::obtainDimensionData(KXChartDataUser*, const KXIndexPath& 
 double ListTable::obtainValueData(KXChartDataUser*, const KXIndexPath& path)
 {
     const std::uint64_t member = path.at(1);
-    return factor * static_cast<double>((member * 7919 + 13) % 1000);
+    return static_cast<double>((member * 7919 + 13) % 1000);
 }
 
 bool ListTable::obtainSelection(KXChartDataUser*, std::vector<std::uint64_t>& members, bool& isExcluding)
@@ -44,8 +45,12 @@ ListBoard::ListBoard(std::uint64_t memberCount)
 
 void ListBoard::update()
 {
-    m_provider.factor = 3 - m_provider.factor;
-    reload();
+    UXVirtualScrollView& view = m_chart.getList()->getScrollView();
+    const std::int64_t most = view.getContentHeight() - view.obtainDisplayArea().height;
+    const std::uint64_t place = mixNumber(++m_turn) %
+                                static_cast<std::uint64_t>(std::max<std::int64_t>(most, 1));
+    view.setContentOffsetY(static_cast<std::int64_t>(place));
+    m_diagram.layout();
 }
 
 void ListBoard::scroll(int step)

@@ -22,7 +22,6 @@ public:
     bool obtainSelection(KXChartDataUser*, std::vector<std::uint64_t>& members, bool& isExcluding) override;
 
     std::uint64_t count = 0;
-    double factor = 1;
 };
 
 /** Rows with a check box and a name each, some of them chosen: the picture that the comparison of chart
@@ -31,9 +30,12 @@ class ListBoard : public ChartBoard<KXControlChart, ListTable> {
 public:
     explicit ListBoard(std::uint64_t memberCount);
 
-    /** Gives each member another count, and the one before with the next call. */
+    /** Scrolls to another place, each time another one. */
     void update();
     /** Scrolls by rows, to and fro. */
     void scroll(int step);
     bool hit(const UXPoint& point) { return m_chart.obtainItemAt(point).has_value(); }
+
+private:
+    std::uint64_t m_turn = 0;
 };

@@ -3,6 +3,7 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_property.h"
 #include "kx_table_grid.h"
+#include "mixed_number.h"
 
 #include <vector>
 
@@ -12,24 +13,15 @@ constexpr int rowHeight = 22, columnWidth = 96, headerWidth = 72;
 /** So many rows and columns are in sight at the end. */
 constexpr std::uint64_t lastRows = 30, firstColumns = 11;
 
-/** The numbers of the comparison: the finalizer of SplitMix64 (Steele, Lea and Flood 2014). */
-std::uint64_t mix(std::uint64_t z)
-{
-    z += 0x9E3779B97F4A7C15U;
-    z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9U;
-    z = (z ^ (z >> 27)) * 0x94D049BB133111EBU;
-    return z ^ (z >> 31);
-}
-
 double obtainNumber(std::uint64_t row, std::uint64_t column)
 {
     constexpr std::uint64_t ends[] = {1'000'000, 10'000'000, 100'000'000, 1'000'000'000};
-    return static_cast<double>(mix(row * TableRows::columnCount + column) % ends[column % 4]) / 100;
+    return static_cast<double>(mixNumber(row * TableRows::columnCount + column) % ends[column % 4]) / 100;
 }
 
 std::uint64_t obtainTurnPlace(std::uint64_t turn, std::uint64_t count)
 {
-    return mix(turn + (std::uint64_t{1} << 41)) % count;
+    return mixNumber(turn + (std::uint64_t{1} << 41)) % count;
 }
 
 std::string writeRowNumber(std::uint64_t number)
