@@ -7,9 +7,9 @@
 
 struct SqlMember;
 
-/** Finds members by a part of their texts, whatever their case and accents. At the first question it makes a
- * folded copy of all texts, one behind the other, which takes their size and eight bytes for each member; a
- * question then runs through that copy once. */
+/** Finds members by a part of their texts, whatever their case and accents. It makes a folded copy of the
+ * texts, one behind the other, as far as questions have come, which takes their size and eight bytes for each
+ * member; a question runs through that copy once. */
 class MemberFinder {
 public:
     /** Sets found to the indexes of members whose texts hold text, in their order, and shortens it where
@@ -20,7 +20,7 @@ public:
               std::span<std::uint64_t>& found);
 
 private:
-    void _fold(const std::vector<SqlMember>& members);
+    bool _foldMore(const std::vector<SqlMember>& members);
 
     std::string m_folded;              // the texts, each with a zero byte behind it
     std::vector<std::uint64_t> m_ends; // of the texts, behind their zero bytes

@@ -19,6 +19,11 @@ bool isIn(char32_t character, char32_t first, char32_t last)
     return character >= first && character <= last;
 }
 
+char lowerAscii(char byte)
+{
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
 /** @return the small letter of a Greek or Cyrillic one */
 char32_t lower(char32_t character)
 {
@@ -40,14 +45,26 @@ std::string kxFoldText(std::string_view text)
 {
     std::string folded;
     folded.reserve(text.size());
+    kxAppendFoldedText(folded, text);
+    return folded;
+}
+
+void kxAppendFoldedText(std::string& folded, std::string_view text)
+{
     for (std::size_t next = 0; next < text.size();) {
+        // 1. What is ASCII is copied as far as it goes.
         const std::size_t begin = next;
-        const char byte = text[begin];
-        if (static_cast<unsigned char>(byte) < 0x80) {
-            folded += byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+        while (next < text.size() && static_cast<unsigned char>(text[next]) < 0x80)
             ++next;
+        if (next > begin) {
+            const std::size_t first = folded.size();
+            folded.append(text, begin, next - begin);
+            for (std::size_t i = first; i < folded.size(); ++i)
+                folded[i] = lowerAscii(folded[i]);
             continue;
         }
+
+        // 2. Other letters one by one.
         const char32_t character = uxDecodeUtf8(text, next);
         const char plain = isIn(character, latinBegin, 0x17F) ? latin[character - latinBegin] : '.';
         if (plain >= '1' && plain <= '5')
@@ -59,5 +76,4 @@ std::string kxFoldText(std::string_view text)
         else if (!isIn(character, 0x300, 0x36F)) // accents that stand behind their letter
             folded += text.substr(begin, next - begin);
     }
-    return folded;
 }
