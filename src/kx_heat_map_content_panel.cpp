@@ -220,12 +220,12 @@ void KXHeatMapContentPanel::_placeLabels(const KXGridBlock& seen)
             const UXDoubleSize size = helper->getTextSize(text, m_style.labelProperty);
             const UXDoubleRect rect = obtainCellRect(cell);
             const double width = std::ceil(size.width), height = std::ceil(size.height);
-            const UXDoublePoint middle(rect.x + rect.width / 2, rect.y + rect.height / 2);
-            if (width + padding > rect.width || height > rect.height ||
-                !uxPointInDoubleRect(middle, UXDoubleRect(getBoundingRect())))
-                continue; // or most of it would be cut where the panel ends
             const UXDoubleRect place(rect.x + (rect.width - _obtainGap() - width) / 2,
                                      rect.y + (rect.height - _obtainGap() - height) / 2, width, height);
+            const UXDoubleRect shown = uxIntersectionDoubleRect(place, UXDoubleRect(getBoundingRect()));
+            if (width + padding > rect.width || height > rect.height ||
+                2 * shown.width * shown.height < width * height)
+                continue; // or most of it would be cut where the panel ends
             m_labels.emplace_back(cell, std::move(text), place,
                                   m_style.autoLabelColor ? _obtainLabelColor(cell)
                                                          : m_style.labelProperty.textColor);
