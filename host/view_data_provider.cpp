@@ -19,6 +19,11 @@ bool ViewDataProvider::obtainCanSelect(KXChartDataUser*)
     return m_choiceHandler && !getBinding().dimensions.empty();
 }
 
+bool ViewDataProvider::obtainSelectedPaths(KXChartDataUser*, std::vector<KXChartDataPath>&)
+{
+    return m_choice.empty();
+}
+
 bool ViewDataProvider::obtainIsSelected(KXChartDataPath* path)
 {
     return path && std::ranges::binary_search(m_choice, _makeChosenItem(*path));

@@ -38,6 +38,8 @@ public:
 
     // From KXChartSelectionProvider
     bool obtainCanSelect(KXChartDataUser* user) override;
+    /** Names nothing where nothing is chosen; what is chosen is found item by item. */
+    bool obtainSelectedPaths(KXChartDataUser* user, std::vector<KXChartDataPath>& paths) override;
     bool obtainIsSelected(KXChartDataPath* path) override;
     void selectionChanged(KXChartDataUser* user, const std::vector<KXChartDataPath>& paths) override;
     using SqlDataProvider::selectionChanged;
