@@ -7,6 +7,8 @@
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "ux/cairo/ux_cairo_versions.h"
+#include "ux/ux_accessible_node.h"
+#include "ux/ux_accessible_text.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_text_measurer.h"
@@ -87,6 +89,11 @@ std::string obtainPath(const ChartSample& sample)
     return obtainPath(fs::path(sample.chart).parent_path(), sample.name);
 }
 
+std::string obtainTreePath(const ChartSample& sample)
+{
+    return obtainPath(fs::path(sample.chart).parent_path(), sample.name + ".tree");
+}
+
 std::string readIfThere(const std::string& path)
 {
     std::error_code none;
@@ -95,12 +102,15 @@ std::string readIfThere(const std::string& path)
 
 } // namespace
 
-std::string ChartBaseline::drawSteps(const ChartSample& sample)
+ChartBaseline ChartBaseline::drawSteps(const ChartSample& sample)
 {
     uxSetTextMeasurer(nullptr); // the one that looks at no font
     UXRecordingPaintConfig config;
-    paint(OpenedSample(sample), sample.isDashboard() ? dashboardDrawingSize : drawingSize, config);
-    return joinDrawingSteps(config.getRecording().getLines());
+    const OpenedSample opened(sample);
+    paint(opened, sample.isDashboard() ? dashboardDrawingSize : drawingSize, config);
+    return {joinDrawingSteps(config.getRecording().getLines()),
+            uxWriteAccessibleTree(*opened.createAccessibleNode()),
+            {}};
 }
 
 std::string ChartBaseline::drawPictures(const ChartSample& sample)
@@ -118,8 +128,9 @@ std::string ChartBaseline::drawPictures(const ChartSample& sample)
 
 ChartBaseline ChartBaseline::draw(const ChartSample& sample)
 {
-    std::string steps = drawSteps(sample);
-    return {std::move(steps), drawPictures(sample)};
+    ChartBaseline baseline = drawSteps(sample);
+    baseline.pictures = drawPictures(sample);
+    return baseline;
 }
 
 ChartBaseline ChartBaseline::read(const ChartSample& sample)
@@ -128,13 +139,14 @@ ChartBaseline ChartBaseline::read(const ChartSample& sample)
     const std::size_t end = text.find('\n');
     if (end == std::string::npos)
         return {};
-    return {text.substr(end + 1), text.substr(0, end)};
+    return {text.substr(end + 1), readIfThere(obtainTreePath(sample)), text.substr(0, end)};
 }
 
 void ChartBaseline::write(const ChartSample& sample) const
 {
     fs::create_directories(fs::path(obtainPath(sample)).parent_path());
     writeWholeFile(obtainPath(sample), pictures + '\n' + drawing);
+    writeWholeFile(obtainTreePath(sample), tree);
 }
 
 std::string ChartBaseline::readVersions(const std::string& folder)

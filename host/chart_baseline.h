@@ -7,6 +7,7 @@ struct ChartSample;
 /** What a sample looks like, in a form that can be kept and compared. */
 struct ChartBaseline {
     std::string drawing;  // what the chart draws at 480 x 320, a step a line; the same on every machine
+    std::string tree;     // what it says there to those who do not see it, a node a line; the same
     std::string pictures; // the hashes of the gallery's pictures; the same where uxCairoObtainVersions() is
 
     /** Draws a sample. Throws HostError for a sample that cannot be read. Afterwards texts are measured by
@@ -14,10 +15,10 @@ struct ChartBaseline {
     static ChartBaseline draw(const ChartSample& sample);
     /** @return the hashes alone */
     static std::string drawPictures(const ChartSample& sample);
-    /** @return the drawing alone; afterwards texts are measured without fonts */
-    static std::string drawSteps(const ChartSample& sample);
+    /** @return drawing and tree, without pictures; afterwards texts are measured without fonts */
+    static ChartBaseline drawSteps(const ChartSample& sample);
 
-    /** @return what was kept of the sample; both empty where nothing was */
+    /** @return what was kept of the sample; all empty where nothing was */
     static ChartBaseline read(const ChartSample& sample);
     /** Keeps it beside the sample, in the folder baselines. */
     void write(const ChartSample& sample) const;

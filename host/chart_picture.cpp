@@ -5,6 +5,7 @@
 #include "kx_chart.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
 #include "ux/cairo/ux_cairo_pdf_paint_config.h"
+#include "ux/ux_accessible_node.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_paint_picture.h"
 #include "ux/ux_recording_paint_config.h"
@@ -52,11 +53,17 @@ void writePdf(const PicturePainter& paint, const PictureSetting& setting, const 
         throw makeWriteError(path);
 }
 
-void writeSvg(const PicturePainter& paint, const PictureSetting& setting, const std::string& path)
+void writeSvg(const PicturePainter& paint, const PictureSetting& setting, const std::string& path,
+              const PictureReader& read)
 {
     UXSvgPaintConfig config(setting.size);
     requireDrawable(config, path);
     paint(setting, config);
+    if (const std::unique_ptr<UXAccessibleNode> node = read ? read() : nullptr) {
+        // A chart that was painted stands on no diagram any more, and its node begins at its own corner.
+        const bool isChart = dynamic_cast<const KXChart*>(node->getObject()) != nullptr;
+        config.describe(*node, isChart ? UXPoint(setting.margin, setting.margin) : UXPoint());
+    }
     writeWholeFile(path, config.getSvg());
 }
 
@@ -80,14 +87,15 @@ PictureFormat obtainPictureFormat(const std::string& path)
     throw HostError(path, "", "has to end in .png, .svg or .pdf, such as " + stem + ".png");
 }
 
-void writePicture(const PicturePainter& paint, const PictureSetting& setting, const std::string& path)
+void writePicture(const PicturePainter& paint, const PictureSetting& setting, const std::string& path,
+                  const PictureReader& read)
 {
     switch (obtainPictureFormat(path)) {
     case PictureFormat::Png:
         writePng(paint, setting, path);
         break;
     case PictureFormat::Svg:
-        writeSvg(paint, setting, path);
+        writeSvg(paint, setting, path, read);
         break;
     case PictureFormat::Pdf:
         writePdf(paint, setting, path);

@@ -4,10 +4,12 @@
 #include "ux/ux_size.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 class KXChart;
+class UXAccessibleNode;
 class UXPaintConfig;
 
 /** The file formats that a picture can be drawn into. */
@@ -31,9 +33,14 @@ void paintChart(KXChart& chart, const PictureSetting& setting, UXPaintConfig& co
 /** Lays out what a picture shows at the setting's size, and paints ground and content. */
 using PicturePainter = std::function<void(const PictureSetting& setting, UXPaintConfig& config)>;
 
-/** Writes what paint paints. Throws HostError where the file cannot be written; a file of that name is then
- * as it was. */
-void writePicture(const PicturePainter& paint, const PictureSetting& setting, const std::string& path);
+/** @return what a picture that was painted last shows to those who do not see it */
+using PictureReader = std::function<std::unique_ptr<UXAccessibleNode>()>;
+
+/** Writes what paint paints.
+ *  @param read an SVG says what it answers; may be empty Throws HostError where the file cannot be written; a
+ * file of that name is then as it was. */
+void writePicture(const PicturePainter& paint, const PictureSetting& setting, const std::string& path,
+                  const PictureReader& read = {});
 
 /** Draws without writing anything.
  *  @return a sentence for each fault that a reader would see, as checkDrawing finds them */

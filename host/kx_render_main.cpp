@@ -4,15 +4,22 @@
 #include "chart_sample.h"
 #include "command_line.h"
 #include "dashboard_reader.h"
+#include "diagnostic_text.h"
 #include "host_error.h"
+#include "kx_chart.h"
+#include "kx_chart_diagnostic.h"
 #include "kx_chart_theme.h"
 #include "opened_sample.h"
 #include "picture_option.h"
 #include "progress_line.h"
 #include "theme_option.h"
 #include "ux/cairo/ux_cairo_install.h"
+#include "ux/ux_accessible_node.h"
+#include "ux/ux_accessible_text.h"
+#include "ux/ux_recording_paint_config.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -23,6 +30,9 @@ struct Options {
     std::string theme, size = "1000x600", ground;
     double scale = 1;
     int margin = 12;
+    bool isAccessible = false, writesTree = false, writesSummary = false, writesDiagnostics = false;
+
+    bool hasWords() const { return writesTree || writesSummary || writesDiagnostics; }
 };
 
 void declareOptions(CLI::App& app, Options& options)
@@ -32,8 +42,7 @@ void declareOptions(CLI::App& app, Options& options)
                    "A CSV file, or a connection: sqlite://FILE, postgresql://..., odbc://...");
     app.add_option("-b,--binding", options.binding,
                    "The JSON file that says which columns are dimensions and measures");
-    app.add_option("-o,--out", options.out, "The picture: a file that ends in .png, .svg or .pdf")
-        ->required();
+    app.add_option("-o,--out", options.out, "The picture: a file that ends in .png, .svg or .pdf");
     app.add_option("-s,--size", options.size, "Width x height in logical units")->capture_default_str();
     app.add_option("--scale", options.scale, "Pixels per logical unit in a PNG")->capture_default_str();
     app.add_option("-m,--margin", options.margin, "Logical units of ground around the chart")
@@ -43,6 +52,12 @@ void declareOptions(CLI::App& app, Options& options)
                    "color-blind-light, color-blind-dark, or a theme document, a JSON file");
     app.add_option("-g,--ground", options.ground,
                    "What the chart stands on: #rrggbb, #rrggbbaa or none; the theme's, or white");
+    app.add_flag("--accessible", options.isAccessible,
+                 "An SVG says what it shows to those who do not see it: titles, roles and labels");
+    app.add_flag("--tree", options.writesTree, "Print what those hear who do not see it, a node a line");
+    app.add_flag("--summary", options.writesSummary, "Print what each chart shows, in sentences");
+    app.add_flag("--diagnose", options.writesDiagnostics,
+                 "Print what is not seen in full, shortened or left out, and why, one a line");
     app.footer(
         "Examples:\n"
         "  kx_render samples/employment.chart.json -d samples/data/us-employment.csv \\\n"
@@ -50,6 +65,20 @@ void declareOptions(CLI::App& app, Options& options)
         "  kx_render sales.chart.json -d postgresql://localhost/sales -b sales.binding.json -o sales.svg\n"
         "  kx_render samples/strikes.dashboard.json -s 1280x800 -o strikes.pdf\n\n"
         "Exit codes: 0 done, 2 bad input (one line on stderr says what; no file is touched).");
+}
+
+/** Prints what was asked for of the sample, as it was painted last. */
+void writeWords(const Options& options, const OpenedSample& sample)
+{
+    for (KXChart* chart : sample.obtainCharts()) {
+        if (options.writesSummary)
+            std::printf("%s\n", chart->summary().c_str());
+        if (options.writesDiagnostics)
+            for (const KXChartDiagnostic& diagnostic : chart->diagnostics())
+                std::printf("%s\n", writeDiagnostic(diagnostic).c_str());
+    }
+    if (options.writesTree)
+        std::fputs(uxWriteAccessibleTree(*sample.createAccessibleNode()).c_str(), stdout);
 }
 
 void render(const Options& options)
@@ -61,7 +90,10 @@ void render(const Options& options)
         setting.ground = readColorOption(options.ground);
     else if (theme)
         setting.ground = theme->getGround();
-    obtainPictureFormat(options.out);
+    if (!options.out.empty())
+        obtainPictureFormat(options.out);
+    else if (!options.hasWords())
+        throw HostError("--out", "", "is needed, or --tree, --summary or --diagnose");
     uxCairoInstall();
     const bool isDashboard = DashboardReader(options.chart).isDashboard();
     if (isDashboard != options.data.empty() || isDashboard != options.binding.empty())
@@ -75,7 +107,15 @@ void render(const Options& options)
     }();
     if (theme)
         sample.takeTheme(*theme);
-    writePicture(sample.obtainPainter(), setting, options.out);
+    if (options.out.empty()) {
+        UXRecordingPaintConfig config(setting.scale);
+        sample.paint(setting, config);
+    } else {
+        const PictureReader read = [&] { return sample.createAccessibleNode(); };
+        writePicture(sample.obtainPainter(), setting, options.out,
+                     options.isAccessible ? read : PictureReader());
+    }
+    writeWords(options, sample);
 }
 
 } // namespace

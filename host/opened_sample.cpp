@@ -9,6 +9,8 @@
 #include "kx_chart_property.h"
 #include "kx_chart_theme.h"
 #include "sql_data_provider.h"
+#include "ux/ux_accessible_object.h"
+#include "ux/ux_diagram.h"
 #include "view_data_provider.h"
 
 namespace {
@@ -62,6 +64,22 @@ void OpenedSample::paint(const PictureSetting& setting, UXPaintConfig& config) c
         m_board->paintPicture(setting, config);
     else
         paintChart(m_document->getChart(), setting, config);
+}
+
+std::unique_ptr<UXAccessibleNode> OpenedSample::createAccessibleNode() const
+{
+    return m_board ? uxCreateAccessibleNode(m_board->getDiagram())
+                   : uxCreateAccessibleNode(m_document->getChart());
+}
+
+std::vector<KXChart*> OpenedSample::obtainCharts() const
+{
+    if (!m_board)
+        return {getChart()};
+    std::vector<KXChart*> charts;
+    for (std::size_t i = 0; i < m_board->getChartCount(); ++i)
+        charts.push_back(&m_board->getChart(i));
+    return charts;
 }
 
 PicturePainter OpenedSample::obtainPainter() const

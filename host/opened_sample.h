@@ -5,12 +5,14 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class ChartDataSource;
 class ChartDocument;
 class DashboardBoard;
 class KXChart;
 class KXChartTheme;
+class UXAccessibleNode;
 class UXPaintConfig;
 struct ChartSample;
 
@@ -32,6 +34,10 @@ public:
     std::string save() const;
     /** Lays out at the setting's size and paints ground and sample. */
     void paint(const PictureSetting& setting, UXPaintConfig& config) const;
+    /** @return what the sample says to those who do not see it, as it was painted last */
+    std::unique_ptr<UXAccessibleNode> createAccessibleNode() const;
+    /** @return all charts, that of the sample or those of the dashboard */
+    std::vector<KXChart*> obtainCharts() const;
     /** @return paint() of this object, which outlives it */
     PicturePainter obtainPainter() const;
 

@@ -239,6 +239,7 @@ void KXAssistantLineDataView::layoutLabels()
     }
     for (const KXPlacedLabel& placed : placer.place(requests))
         m_labels.push_back({owners[placed.request], placed.text, placed.rect, placed.property});
+    _setLabelLosses(placer.getLosses());
 }
 
 const KXAssistantLineDataView::Line* KXAssistantLineDataView::hitLine(UXPoint point) const

@@ -11,6 +11,7 @@
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
 #include "kx_no_data_label.h"
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_layout_rounds.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_virtual_scroll_view.h"
@@ -83,6 +84,8 @@ void KXAxisChart::_shownSeriesChanged()
     _customReloadMarks();
     if (self.isAlive())
         _updateDataRanges();
+    if (self.isAlive())
+        uxTellAccessibleChange(*this, UXAccessibleChange::Children);
 }
 
 std::uint64_t KXAxisChart::obtainShownCategoryCount() const

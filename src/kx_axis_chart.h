@@ -128,6 +128,13 @@ public:
     std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
     KXChartItem obtainExplained(const std::vector<KXChartItem>& items) const override;
+    // A row is a shown series, with all of its categories
+    std::uint64_t obtainItemRowCount() const override;
+    std::string obtainItemRowName(std::uint64_t row) override;
+    std::uint64_t obtainItemRowLength(std::uint64_t row) const override;
+    KXChartItem obtainItemInRow(std::uint64_t row, std::uint64_t place) const override;
+    double obtainItemValue(const KXChartItem& item) const override;
+    std::string obtainItemValueText(const KXChartItem& item) const override;
     double obtainDimmedOpacity() const override;
     void itemLookChanged(const KXChartItem& item) override;
     void itemLooksChanged() override;
@@ -179,6 +186,7 @@ protected:
     std::string _obtainBandText(const KXAxisChartMark& mark) const;
 
     void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
     void _categoryTextsArrived(bool areFirst) override;
     void _visibleCategoriesChanged() override;
     void _layoutMarks() override;

@@ -93,6 +93,7 @@ protected:
     /** A key of an axis's property changed. */
     virtual void _axisPropertyUpdated(KXAxisChartAxis& axis, UXPropertyEffect effect);
     void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
     /** Other categories became visible, or the first layout of some showed them. */
     virtual void _visibleCategoriesChanged() = 0;
     void _customLayout(UXRect plotArea) override;

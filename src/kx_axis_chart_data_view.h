@@ -5,6 +5,7 @@
 #include "kx_axis_chart_plot_frame.h"
 #include "kx_axis_chart_stacks.h"
 #include "kx_export.h"
+#include "kx_text_losses.h"
 #include "kx_value_extremes.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_json_object.h"
@@ -16,6 +17,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 class KXAxisProperty;
@@ -127,6 +129,8 @@ public:
     virtual void updateLook() = 0;
     /** Places the labels. Asks nobody: for what the host has not said of them it is asked afterwards. */
     virtual void layoutLabels();
+    /** @return the labels that found no place, or one for a part of their texts; in the plot's space */
+    const KXTextLosses& getLabelLosses() const { return m_labelLosses; }
     /** @return where its labels stand, in the plot's space, which those of the views after it keep off */
     virtual std::vector<UXDoubleRect> obtainLabelRects() const;
     /** @param dirtyRect what is to be painted; a mark that does not reach into it may be left out */
@@ -165,6 +169,8 @@ public:
     bool customDeserialize() override;
 
 protected:
+    /** Notes what is to be told of the labels; forgotten before they are placed anew. */
+    void _setLabelLosses(KXTextLosses losses) { m_labelLosses = std::move(losses); }
     /** @return the values of the shown series, lent until the chart's data are replaced */
     virtual KXAxisChartStacks _makeStacks() const;
     KXAxisProperty& _getValueAxisProperty() const;
@@ -179,6 +185,7 @@ private:
 
     KXXYAxisChart* m_chart = nullptr; // which owns this
     std::vector<std::uint64_t> m_shownSeries;
+    KXTextLosses m_labelLosses;
     bool m_isOnSecondaryAxis = false;
     bool m_isMadeForSecondaryAxis = false; // by the chart that keeps it
     UXPropertyTableBinding m_keyBinding{*this, obtainPropertyTable()};

@@ -23,6 +23,7 @@ class KXAxisTickLabelLayout;
 class KXAxisTickLabelViewDelegate;
 class UXLabel;
 struct KXAxisTickLabelPlace;
+struct KXChartDiagnostic;
 
 /**
  * The tick labels beside one axis. It knows no data: its delegate, the chart, tells how many ticks there are,
@@ -152,6 +153,10 @@ public:
     UXRect obtainTickLabelRectForIntersection(double value);
     /** @return the key under which the axis keeps the extra length that this view requests */
     std::string getExtraLengthKey() const;
+    /** Adds the labels of ticks in sight that have no room, or for a part of their texts. Asks nobody for
+     * texts.
+     *  @param chart in whose space the places are */
+    void diagnose(std::vector<KXChartDiagnostic>& diagnostics, const UXObject& chart) const;
     /** @return the label objects, children; those not in use are invisible */
     std::vector<UXLabel*> obtainLabels() const;
 

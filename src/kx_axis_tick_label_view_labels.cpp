@@ -4,6 +4,8 @@
 #include "kx_axis_tick_label_layout.h"
 #include "kx_axis_tick_label_placed_label.h"
 #include "kx_axis_tick_label_view_delegate.h"
+#include "kx_chart_diagnostic.h"
+#include "kx_text_losses.h"
 #include "ux/ux_event.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_label.h"
@@ -362,4 +364,29 @@ bool KXAxisTickLabelView::_findTickAt(const UXPoint& point, Tick& tick, bool& is
     }
     isFound = found >= 0;
     return !isFound || _takeTick(found, tick);
+}
+
+void KXAxisTickLabelView::diagnose(std::vector<KXChartDiagnostic>& diagnostics, const UXObject& chart) const
+{
+    auto* axis = static_cast<KXAxis*>(m_axis.getObject());
+    if (!m_showTickLabels || !m_scale.isValid || !axis)
+        return;
+    KXTextLosses losses;
+    const UXRect reach = uxInflateRect(m_scale.area, 1, 1);
+    for (const Tick& tick : m_visibleTicks) {
+        const auto placed = std::ranges::find(m_placedLabels, tick.index, &PlacedLabel::index);
+        if (placed != m_placedLabels.end()) {
+            if (placed->isCut)
+                losses.shorten(placed->wholeText, UXDoubleRect(placed->rect));
+            continue;
+        }
+        const UXPoint point = _obtainTickPoint(axis->obtainValuePositionInAxis(tick.value));
+        if (!uxPointInRect(point, reach))
+            continue;
+        if (tick.text && !tick.text->empty())
+            losses.leaveOut(*tick.text, UXDoubleRect(point.x, point.y, 1, 1));
+        else if (!tick.text)
+            losses.leaveOutMore(1);
+    }
+    losses.tell(diagnostics, *this, chart);
 }

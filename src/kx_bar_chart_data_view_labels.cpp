@@ -181,6 +181,7 @@ void KXBarChartDataView::_placeLabels(const LabelRequests& requests)
     for (const LabelRequests::Label& label : requests.labels)
         placer.add(label.bar, label.request);
     m_made->labels = placer.place();
+    _setLabelLosses(placer.getLosses());
 }
 
 std::vector<UXDoubleRect> KXBarChartDataView::obtainLabelRects() const

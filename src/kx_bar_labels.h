@@ -68,6 +68,8 @@ public:
 
     /** @return those that have a place */
     std::vector<KXBarLabel> place();
+    /** @return the texts of the others */
+    const KXTextLosses& getLosses() const { return m_placer.getLosses(); }
 
 private:
     UXDoubleRect _makeRect(const UXDoubleRect& bar, KXBarLabelPosition position, bool growsForwards,

@@ -2,10 +2,13 @@
 
 #include "kx_cell_list_delegate.h"
 #include "kx_list_cell.h"
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
+#include "ux/ux_notification_scope.h"
+#include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_saturate.h"
 #include "ux/ux_virtual_scroll_view.h"
@@ -193,6 +196,35 @@ bool KXCellList::walk(const UXEvent& event)
     }
 }
 
+std::uint64_t KXCellList::obtainIndex(std::uint64_t place) const
+{
+    return static_cast<std::uint64_t>(_obtainPlaces()[static_cast<std::size_t>(place)]);
+}
+
+UXRect KXCellList::obtainSeenRect(std::uint64_t place) const
+{
+    const UXRect rect = _obtainCellRect(static_cast<std::size_t>(place));
+    const UXRect seen = uxIntersectionRect(rect, m_view->obtainScrollContentRect());
+    return uxIsEmptyRect(seen) ? UXRect() : m_view->translateRectToParent(seen, nullptr);
+}
+
+void KXCellList::goTo(std::uint64_t place, bool clicks)
+{
+    const UXNotificationScope scope;
+    UXDiagram* diagram = uxObtainDiagram(&m_owner);
+    if (!diagram || place >= obtainCount())
+        return;
+    const UXObjectWatcher owner(&m_owner);
+    diagram->setFocusedObject(&m_owner);
+    walkTo(static_cast<std::size_t>(place));
+    KXListCell* cell = owner.isAlive() && clicks && m_walkedCell ? _findCell(*m_walkedCell) : nullptr;
+    if (!cell)
+        return;
+    const UXEvent event(UXEventType::KeyDown);
+    m_delegate.clickCell(*cell, event);
+    event.runPostedActions();
+}
+
 void KXCellList::beginWalk() { walkTo(_obtainWalkedPlace().value_or(_obtainVisiblePlaces().first)); }
 
 void KXCellList::press(const std::optional<std::uint64_t>& index)
@@ -241,6 +273,8 @@ void KXCellList::walkTo(std::size_t place)
     if (!owner.isAlive())
         return;
     m_view->invalidate();
+    if (owner.isAlive())
+        uxTellAccessibleChange(m_owner, UXAccessibleChange::Focus);
     if (KXListCell* cell = owner.isAlive() ? _findCell(*m_walkedCell) : nullptr)
         cell->explain(UXPoint(0, cell->getRect().height), nullptr);
 }

@@ -50,6 +50,17 @@ public:
     /** No cell looks any more as if the pointer were on it. */
     void endHover();
 
+    // For those who do not see the list
+    UXObject& getOwner() const { return m_owner; }
+    KXCellListDelegate& getDelegate() const { return m_delegate; }
+    std::uint64_t obtainCount() const { return _obtainPlaces().size(); }
+    std::uint64_t obtainIndex(std::uint64_t place) const;
+    /** @return what can be seen of the cell at a place, in the diagram's space; empty for nothing */
+    UXRect obtainSeenRect(std::uint64_t place) const;
+    /** The keyboard comes to the cell at a place from wherever it is.
+     *  @param clicks does what Enter does there, too; the owner may have gone then */
+    void goTo(std::uint64_t place, bool clicks);
+
     // The keyboard; the owner has the focus
     /** Acts on a key. @return whether it is one of the list's */
     bool walk(const UXEvent& event);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kx_export.h"
+#include "ux/ux_accessible_info.h"
 
 #include <cstdint>
 #include <memory>
@@ -21,6 +22,9 @@ public:
     virtual std::unique_ptr<KXListCell> makeCell() = 0;
     /** Has cell, which may stand for another one, stand for that index. */
     virtual void fillCell(KXListCell& cell, std::uint64_t index) = 0;
+    /** @return what a cell is to those who do not see it, its role, texts and states; by default an item that
+     * says nothing */
+    virtual UXAccessibleInfo obtainCellInfo(std::uint64_t index);
     /** Enter was pressed on the cell, which is in sight: by default nothing happens, as below. */
     virtual void clickCell(KXListCell& cell, const UXEvent& event);
     /** Space was pressed on the cell. */

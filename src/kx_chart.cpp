@@ -8,6 +8,7 @@
 #include "kx_chart_toolbox.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_child_walk.h"
 #include "ux/ux_event.h"
 #include "ux/ux_ground.h"
@@ -393,6 +394,7 @@ void KXChart::afterReloadData()
     const UXObjectWatcher self(this);
     m_legend->markDataUpdated();
     m_legend->markCellVisibleUpdated();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Children);
     if (m_items)
         m_items->takeNewData();
     if (!self.isAlive())

@@ -5,6 +5,7 @@
 #include "kx_export.h"
 #include "kx_keys.h"
 #include "kx_legend_delegate.h"
+#include "ux/ux_accessible_source.h"
 #include "ux/ux_color.h"
 #include "ux/ux_object.h"
 #include "ux/ux_position.h"
@@ -24,12 +25,17 @@ class KXLegend;
 class UXControl;
 class UXHintDelegate;
 class UXPainter;
+struct KXChartDescription;
+struct KXChartDiagnostic;
 struct UXHintInfo;
 
 /** The base of every chart: it divides its content between title, legend and plot area, hands the plot area
  * to the concrete chart, and brings the parts up to date when a chart-wide property changes. The host owns
  * the chart. */
-class KX_EXPORT KXChart : public UXObject, public KXLegendDelegate, public KXChartLinkedAction {
+class KX_EXPORT KXChart : public UXObject,
+                          public KXLegendDelegate,
+                          public KXChartLinkedAction,
+                          public UXAccessibleSource {
 public:
     KXChart();
     ~KXChart() override;
@@ -43,6 +49,19 @@ public:
     KXChartItems* getItems() const { return m_items.get(); }
     /** @return the ten colours that series take in turn */
     std::vector<UXColor> getDefaultColors() const;
+
+    // In words, as of the last layout
+    /** @return in sentences of the host's language what the chart shows: its kind and title, what is on which
+     * axis, between which numbers, and how they run. Numbers are written as on the chart. The host may be
+     * asked, which may destroy the chart. */
+    std::string summary();
+    /** @return what a reader of the chart does not see in full, and why; nothing is asked */
+    std::vector<KXChartDiagnostic> diagnostics() const;
+    /** Says what summary() is made of: by default what the items tell. The host may be asked, which may
+     * destroy the chart. */
+    virtual void describe(KXChartDescription& description);
+    /** @return the title, or what the host gives for it, whole */
+    std::string obtainTitleText() const;
 
     /** The chart-wide properties by key, as the document holds them. */
     static const UXPropertyTable& obtainPropertyTable();
@@ -83,7 +102,8 @@ public:
     virtual void afterReloadData();
     virtual void reloadChartColors();
 
-    // From UXJsonObject, KXLegendDelegate, KXChartLinkedAction and UXObject
+    // From UXAccessibleSource, UXJsonObject, KXLegendDelegate, KXChartLinkedAction and UXObject
+    std::unique_ptr<UXAccessibleNode> createAccessibleNode() override;
     void customSerialize() override;
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
@@ -108,6 +128,8 @@ protected:
      * the first and the last it is the host's. */
     bool customKeyDown(const UXEvent& event, bool& stop) override;
 
+    /** Adds what is not seen in full of that which the concrete chart draws. */
+    virtual void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const;
     /** What a change of a key asks of the chart. A chart that colours more than its items adds it here. */
     virtual void _applyKeyEffect(UXPropertyEffect effect);
     /** Stores a value of the chart's own that differs, and applies the effect. */

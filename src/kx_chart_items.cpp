@@ -271,7 +271,7 @@ void KXChartItems::_explain(const std::optional<KXChartItem>& item, UXPoint poin
         return;
     }
     const UXObjectWatcher self(&m_chart);
-    UXHintInfo info = isSame ? m_hint.getHintInfo() : _obtainHint(*item);
+    UXHintInfo info = isSame ? m_hint.getHintInfo() : obtainHint(*item);
     if (self.isAlive() && m_explained == item)
         m_hint.showHint(point, nullptr, &info);
 }
@@ -409,7 +409,7 @@ KXHighlightResult KXChartItems::showLinked(const KXChartDataPath& path, UXContro
     setLinked(std::move(items));
     if (!self.isAlive())
         return KXHighlightResult::Highlighted;
-    UXHintInfo info = _obtainHint(explained);
+    UXHintInfo info = obtainHint(explained);
     if (self.isAlive() && info.enabled && (!control || !controlLife.expired()))
         m_chart.showLinkedHighlightHint(&info, &m_chart, m_delegate.obtainItemHintPoint(first), control);
     return KXHighlightResult::Highlighted;
@@ -462,7 +462,7 @@ KXChartDataPath* KXChartItems::createActionPath()
 }
 
 /** @return what the hint of an item says, and that the data have no such item where it was filled in */
-UXHintInfo KXChartItems::_obtainHint(const KXChartItem& item)
+UXHintInfo KXChartItems::obtainHint(const KXChartItem& item)
 {
     const UXObjectWatcher self(&m_chart);
     UXHintInfo info = m_delegate.obtainItemHint(item);

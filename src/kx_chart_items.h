@@ -79,6 +79,11 @@ public:
     bool walk(const UXEvent& event);
     /** Goes to an item as a key does, and explains it there. */
     void walkTo(const KXChartItem& item);
+    /** The same from wherever the keys are now. @param presses clicks the item, too, as Enter does
+     *  @return whether there is such an item that answers */
+    bool goTo(const KXChartItem& item, bool presses);
+    /** @return whether the keyboard is on the item, and shows it */
+    bool isWalkedTo(const KXChartItem& item) const { return m_showsFocus && m_focused == item && _hasKeys(); }
     /** Chooses items together where the host keeps a choice, with Ctrl beside those that are chosen. */
     void choose(const std::vector<KXChartItem>& items, const UXEvent& event);
     /** Lets a click on the label, which is the chart's, choose the item. */
@@ -92,6 +97,9 @@ public:
     void takeNewData();
 
     // What the chart answers with
+    /** @return what is said of an item wherever it is explained. The host may be asked, which may destroy the
+     * chart. */
+    UXHintInfo obtainHint(const KXChartItem& item);
     /** @return the path of the item that a click, a menu or a highlight is about, owned by the caller; null
      * where there is none */
     KXChartDataPath* createActionPath();
@@ -100,7 +108,6 @@ public:
 
 private:
     void _setHovered(const std::optional<KXChartItem>& item, const UXEvent& event);
-    UXHintInfo _obtainHint(const KXChartItem& item);
     void _explain(const std::optional<KXChartItem>& item, UXPoint point);
     void _askForLinks(const KXChartItem& item, const UXEvent& event, bool wanted);
     KXInteractionChartObject& _obtainLook(const KXChartItem& item);

@@ -2,6 +2,8 @@
 
 #include "ux/ux_rect_functions.h"
 
+#include <limits>
+
 namespace {
 
 /** What gives way can still be read, but draws no eye. */
@@ -19,6 +21,27 @@ std::vector<KXChartItem> KXChartItemsDelegate::obtainItems() const
         items.push_back(*item);
     return items;
 }
+
+std::uint64_t KXChartItemsDelegate::obtainItemRowCount() const { return 0; }
+std::string KXChartItemsDelegate::obtainItemRowName(std::uint64_t) { return {}; }
+std::uint64_t KXChartItemsDelegate::obtainItemRowLength(std::uint64_t) const { return 0; }
+
+KXChartItem KXChartItemsDelegate::obtainItemInRow(std::uint64_t row, std::uint64_t place) const
+{
+    return {0, row, place};
+}
+
+UXAccessibleRole KXChartItemsDelegate::obtainItemRole(const KXChartItem&) const
+{
+    return UXAccessibleRole::Mark;
+}
+
+double KXChartItemsDelegate::obtainItemValue(const KXChartItem&) const
+{
+    return std::numeric_limits<double>::quiet_NaN();
+}
+
+std::string KXChartItemsDelegate::obtainItemValueText(const KXChartItem&) const { return {}; }
 
 UXPoint KXChartItemsDelegate::obtainItemHintPoint(const KXChartItem& item)
 {

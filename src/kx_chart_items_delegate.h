@@ -3,10 +3,13 @@
 #include "kx_chart_item.h"
 #include "kx_export.h"
 #include "kx_object_id.h"
+#include "ux/ux_accessible_role.h"
 #include "ux/ux_point.h"
 #include "ux/ux_rect.h"
 
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 class KXChartLabel;
@@ -40,7 +43,22 @@ public:
     /** Scrolls as little as brings the item into sight; by default nothing scrolls. */
     virtual void showItem(const KXChartItem& item);
 
+    // How they are read by those who do not see them
+    /** @return how many rows of items there are, such as those of a series or of a table; 0, as by default,
+     * where all stand in one row, the order of obtainItems */
+    virtual std::uint64_t obtainItemRowCount() const;
+    virtual std::string obtainItemRowName(std::uint64_t row);
+    virtual std::uint64_t obtainItemRowLength(std::uint64_t row) const;
+    /** @return the item at a place of a row, for which hasItem may say no; not to grow with the data */
+    virtual KXChartItem obtainItemInRow(std::uint64_t row, std::uint64_t place) const;
+    /** @return what an item is; by default a mark, and in a table a cell or a header of one */
+    virtual UXAccessibleRole obtainItemRole(const KXChartItem& item) const;
+
     // What they are
+    /** @return what an item stands for, NaN where that is no number, as by default. Asks nobody. */
+    virtual double obtainItemValue(const KXChartItem& item) const;
+    /** @return the same as it is written on the chart; by default empty */
+    virtual std::string obtainItemValueText(const KXChartItem& item) const;
     /** @return the path that names the item for the provider, owned by the caller */
     virtual KXChartDataPath* createItemPath(const KXChartItem& item) = 0;
     /** @return the items that a path of this chart's own data names, empty for none */

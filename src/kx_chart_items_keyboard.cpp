@@ -4,12 +4,14 @@
 #include "kx_chart_label.h"
 #include "kx_chart_toolbox.h"
 #include "kx_legend.h"
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_key_code.h"
+#include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 
 #include <utility>
@@ -90,8 +92,26 @@ void KXChartItems::walkTo(const KXChartItem& item)
     m_actionItem = item;
     m_delegate.itemExplained(std::nullopt); // the keyboard's ring shows it
     m_chart.invalidate();
+    uxTellAccessibleChange(m_chart, UXAccessibleChange::Focus);
     if (self.isAlive())
         _explain(item, m_delegate.obtainItemHintPoint(item));
+}
+
+bool KXChartItems::goTo(const KXChartItem& item, bool presses)
+{
+    const UXNotificationScope scope;
+    UXDiagram* diagram = uxObtainDiagram(&m_chart);
+    if (!diagram || !m_user.isInteractionEnabled() || !m_delegate.hasItem(item))
+        return false;
+    const UXObjectWatcher self(&m_chart);
+    diagram->setFocusedObject(&m_chart);
+    walkTo(item);
+    if (!self.isAlive() || !presses || m_focused != item)
+        return true;
+    const UXEvent event(UXEventType::KeyDown);
+    _pressFocused(event);
+    event.runPostedActions();
+    return true;
 }
 
 /** @return whether there was anything to give up */

@@ -8,6 +8,7 @@
 #include "kx_chart_items.h"
 #include "kx_chart_label.h"
 #include "kx_chart_selection_provider.h"
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_event.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_rect_functions.h"
@@ -183,6 +184,7 @@ void KXChartItems::_askForSelection(const std::optional<std::vector<KXChartItem>
     if (selected == m_selected)
         return;
     std::vector<KXChartItem> before = std::exchange(m_selected, std::move(selected));
+    uxTellAccessibleChange(m_chart, UXAccessibleChange::Selection);
     if (!m_toldSelected)
         m_toldSelected = std::move(before);
     _tellLooksLater();

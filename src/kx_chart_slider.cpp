@@ -1,6 +1,9 @@
 #include "kx_chart_slider.h"
 
+#include "kx_chart_data_format.h"
 #include "kx_key_type.h"
+#include "ux/ux_accessible_change.h"
+#include "ux/ux_accessible_info.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
@@ -29,6 +32,20 @@ constexpr int stepsPerPage = 10;
 KXChartSlider::KXChartSlider() : KXChartDataAction(this) {}
 KXChartSlider::~KXChartSlider() { setParent(nullptr); }
 
+void KXChartSlider::describe(UXAccessibleInfo& info) const
+{
+    info.role = UXAccessibleRole::Slider;
+    const auto write = [this](double value, double end) {
+        const double shown = std::isnan(value) ? end : value;
+        return m_valueWriter ? m_valueWriter(shown) : KXChartDataFormat().formatNumber(shown);
+    };
+    if (m_type == KXChartSliderType::Val)
+        info.value = write(m_from, m_lowest);
+    else
+        info.value = write(m_from, m_lowest) + " - " + write(m_to, m_greatest);
+    info.actions = {UXAccessibleAction::Increase, UXAccessibleAction::Decrease};
+}
+
 void KXChartSlider::setType(KXChartSliderType type)
 {
     if (m_type == type)
@@ -52,9 +69,14 @@ void KXChartSlider::setRange(double from, double to)
     m_from = from;
     m_to = to;
     invalidate();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Content);
 }
 
 void KXChartSlider::setStep(double step) { m_step = std::isfinite(step) ? std::max(step, 0.0) : 0; }
+void KXChartSlider::setValueWriter(std::function<std::string(double)> writer)
+{
+    m_valueWriter = std::move(writer);
+}
 void KXChartSlider::setSnap(std::function<double(double, int)> snap) { m_snap = std::move(snap); }
 
 void KXChartSlider::setChangedHandler(std::function<void(bool, const UXEvent&)> handler)

@@ -37,6 +37,8 @@ public:
     /** @param step what an arrow adds, and what a thumb that is dragged stands at whole numbers of, from 0
      * on; 0: a hundredth of the track, and a thumb stands anywhere */
     void setStep(double step);
+    /** @param writer writes a value for those who do not see the track; without one it is a plain number */
+    void setValueWriter(std::function<std::string(double)> writer);
     /** @param snap the place that a thumb takes in place of one that it is brought to, and which of the two
      * directions it comes from (-1, 0 for a drag, 1); empty for the steps' */
     void setSnap(std::function<double(double value, int direction)> snap);
@@ -54,6 +56,9 @@ public:
     double obtainValue(double place) const;
     /** How far the track is away from the left and right edge, so that thumbs have room there. */
     static constexpr int trackInset = 9;
+
+    // From KXControlPart
+    void describe(UXAccessibleInfo& info) const override;
 
     // From UXJsonObject, UXObject and KXChartDataAction
     void customSerialize() override;
@@ -88,5 +93,6 @@ private:
     double m_grip = 0; // where the pointer holds the thumb, from its middle
     bool m_isDragged = false;
     std::function<double(double, int)> m_snap;
+    std::function<std::string(double)> m_valueWriter;
     std::function<void(bool, const UXEvent&)> m_changedHandler;
 };

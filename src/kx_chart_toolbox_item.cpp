@@ -1,5 +1,6 @@
 #include "kx_chart_toolbox_item.h"
 
+#include "kx_accessible_button.h"
 #include "kx_chart_toolbox.h"
 #include "kx_menu_style.h"
 #include "ux/ux_double_rect.h"
@@ -20,6 +21,11 @@ KXChartToolboxItem::KXChartToolboxItem() : UXHintDelegate(this)
 }
 
 KXChartToolboxItem::~KXChartToolboxItem() { setParent(nullptr); }
+
+std::unique_ptr<UXAccessibleNode> KXChartToolboxItem::createAccessibleNode()
+{
+    return std::make_unique<KXAccessibleButton>(*this, m_entry.text, m_entry.enabled);
+}
 
 void KXChartToolboxItem::setEntry(const KXMenuEntry& entry)
 {

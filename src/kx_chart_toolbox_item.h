@@ -2,6 +2,7 @@
 
 #include "kx_export.h"
 #include "kx_menu_entry.h"
+#include "ux/ux_accessible_source.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_object.h"
 
@@ -9,7 +10,7 @@
 
 /** One button of a chart's strip: an icon, whose text a hint says. What a click does is the strip's affair.
  */
-class KX_EXPORT KXChartToolboxItem : public UXObject, public UXHintDelegate {
+class KX_EXPORT KXChartToolboxItem : public UXObject, public UXHintDelegate, public UXAccessibleSource {
 public:
     /** Width and height that a button takes, in logical units. */
     static constexpr int extent = 24;
@@ -25,6 +26,9 @@ public:
     /** @return whether keys act on the button, which a ring around it shows */
     bool getFocused() const { return m_focused; }
     void setFocused(bool focused);
+
+    // From UXAccessibleSource: a button
+    std::unique_ptr<UXAccessibleNode> createAccessibleNode() override;
 
     // From UXHintDelegate, UXJsonObject and UXObject
     /** @return the button as a whole */

@@ -2,6 +2,8 @@
 
 #include "kx_menu_style.h"
 #include "kx_readable_color.h"
+#include "ux/ux_accessible_change.h"
+#include "ux/ux_accessible_info.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_notification_scope.h"
@@ -31,6 +33,13 @@ KXControlButton::KXControlButton()
 }
 
 KXControlButton::~KXControlButton() = default;
+
+void KXControlButton::describe(UXAccessibleInfo& info) const
+{
+    info.role = UXAccessibleRole::Button;
+    info.name = m_text;
+    info.actions = {UXAccessibleAction::Press};
+}
 
 void KXControlButton::setText(const std::string& text)
 {

@@ -22,6 +22,9 @@ public:
     void setAction(std::function<void(const UXEvent& event)> action);
     void click(const UXEvent& event);
 
+    // From KXControlPart
+    void describe(UXAccessibleInfo& info) const override;
+
     // From UXJsonObject and UXObject
     std::string customSerializeTypeID() override;
     /** Takes the size of its text. */

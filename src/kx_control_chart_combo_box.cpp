@@ -1,6 +1,8 @@
 #include "kx_control_chart_combo_box.h"
 
 #include "kx_menu_style.h"
+#include "ux/ux_accessible_change.h"
+#include "ux/ux_accessible_info.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_notification_scope.h"
@@ -31,12 +33,21 @@ KXControlChartComboBox::KXControlChartComboBox()
 
 KXControlChartComboBox::~KXControlChartComboBox() = default;
 
+void KXControlChartComboBox::describe(UXAccessibleInfo& info) const
+{
+    info.role = UXAccessibleRole::ComboBox;
+    info.value = m_text;
+    info.expanded = m_open;
+    info.actions = {UXAccessibleAction::Press};
+}
+
 void KXControlChartComboBox::setText(const std::string& text)
 {
     if (m_text == text)
         return;
     m_text = text;
     invalidate();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Content);
 }
 
 void KXControlChartComboBox::setOpen(bool open)
@@ -45,6 +56,7 @@ void KXControlChartComboBox::setOpen(bool open)
         return;
     m_open = open;
     invalidate();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Content);
 }
 
 void KXControlChartComboBox::setOpenHandler(std::function<void()> handler)

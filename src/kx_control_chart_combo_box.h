@@ -19,6 +19,9 @@ public:
     /** @param handler called for a click, Enter, Space and Down; may destroy this */
     void setOpenHandler(std::function<void()> handler);
 
+    // From KXControlPart
+    void describe(UXAccessibleInfo& info) const override;
+
     // From UXJsonObject and UXObject
     void customSerialize() override;
     std::string customSerializeTypeID() override;

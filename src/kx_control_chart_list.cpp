@@ -1,5 +1,6 @@
 #include "kx_control_chart_list.h"
 
+#include "kx_accessible_cells.h"
 #include "kx_control_button.h"
 #include "kx_control_chart.h"
 #include "kx_control_chart_row.h"
@@ -358,6 +359,30 @@ void KXControlChartList::clickCell(KXListCell& cell, const UXEvent& event)
 {
     rowClicked(cell.getIndex(), event);
 }
+UXAccessibleInfo KXControlChartList::obtainCellInfo(std::uint64_t index)
+{
+    UXAccessibleInfo info;
+    const std::optional<std::uint64_t> member = obtainMember(index);
+    const KXToggleSwitchState state = obtainRowState(index);
+    info.role = UXAccessibleRole::CheckBox;
+    info.checked = state == KXToggleSwitchState::On      ? UXAccessibleToggle::On
+                   : state == KXToggleSwitchState::Mixed ? UXAccessibleToggle::Mixed
+                                                         : UXAccessibleToggle::Off;
+    if (!member) {
+        info.name = m_chart.obtainAllText();
+        return info;
+    }
+    const KXControlChartRowContent content = m_chart.obtainRowContent(*member); // this may have gone then
+    info.name = content.text;
+    info.value = content.valueText;
+    return info;
+}
+
+std::unique_ptr<UXAccessibleNode> KXControlChartList::createAccessibleNode()
+{
+    return std::make_unique<KXAccessibleCells>(m_cells, UXAccessibleRole::Group, std::string());
+}
+
 void KXControlChartList::switchCell(std::uint64_t index, const UXEvent& event) { rowClicked(index, event); }
 
 void KXControlChartList::_listRows()

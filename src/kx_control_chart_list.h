@@ -4,6 +4,7 @@
 #include "kx_cell_list_delegate.h"
 #include "kx_control_chart_options.h"
 #include "kx_export.h"
+#include "ux/ux_accessible_source.h"
 #include "ux/ux_object.h"
 #include "ux/ux_timer.h"
 #include "ux/ux_virtual_scroll_view_delegate.h"
@@ -30,7 +31,8 @@ class UXVirtualScrollView;
  */
 class KX_EXPORT KXControlChartList : public UXObject,
                                      public UXVirtualScrollViewDelegate,
-                                     public KXCellListDelegate {
+                                     public KXCellListDelegate,
+                                     public UXAccessibleSource {
 public:
     /** @param chart whose members these are; destroys this, or has it destroyed */
     explicit KXControlChartList(KXControlChart& chart);
@@ -92,6 +94,8 @@ public:
     void fillCell(KXListCell& cell, std::uint64_t index) override;
     void clickCell(KXListCell& cell, const UXEvent& event) override;
     void switchCell(std::uint64_t index, const UXEvent& event) override;
+    UXAccessibleInfo obtainCellInfo(std::uint64_t index) override;
+    std::unique_ptr<UXAccessibleNode> createAccessibleNode() override;
     std::string customSerializeTypeID() override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 

@@ -38,6 +38,7 @@ KXControlChartRange::KXControlChartRange(KXControlChart& chart)
     m_slider->setChangedHandler([this](bool isFinal, const UXEvent& event) {
         m_chart.chooseRange(m_slider->getFrom(), m_slider->getTo(), isFinal, event);
     });
+    m_slider->setValueWriter([this](double value) { return m_chart.formatRangeValue(value); });
     m_slider->setSnap([this](double value, int direction) { return m_chart.snapRangeEnd(value, direction); });
     for (KXTextLine* line : {m_fromLine, m_toLine}) {
         line->setFinishedHandler([this](const UXEvent& event) { _takeTyped(event); });
@@ -123,6 +124,8 @@ int KXControlChartRange::_layoutInputs()
     const KXControlWords& words = m_chart.getWords();
     for (KXControlPart* part : _obtainParts())
         part->setTextProperty(m_chart.getLabelProperty());
+    m_fromLine->setName(words.from);
+    m_toLine->setName(words.to);
     m_fromLine->setPlaceholder(m_chart.formatRangeValue(m_chart.getRange().getLowest()));
     m_toLine->setPlaceholder(m_chart.formatRangeValue(m_chart.getRange().getGreatest()));
     m_clearButton->setText(words.clear);

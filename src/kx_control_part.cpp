@@ -1,5 +1,6 @@
 #include "kx_control_part.h"
 
+#include "kx_accessible_part.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
@@ -99,6 +100,11 @@ void KXControlPart::_paintRing(UXPainter& painter, const UXDoubleRect& rect, dou
 }
 
 UXRect KXControlPart::customDirtyRect() { return uxInflateRect(getBoundingRect(), ringReach, ringReach); }
+
+std::unique_ptr<UXAccessibleNode> KXControlPart::createAccessibleNode()
+{
+    return std::make_unique<KXAccessiblePart>(*this);
+}
 
 void KXControlPart::paint(UXPaintConfig* config, UXRect dirtyRect)
 {

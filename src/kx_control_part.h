@@ -1,19 +1,21 @@
 #pragma once
 
 #include "kx_export.h"
+#include "ux/ux_accessible_source.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_object.h"
 #include "ux/ux_text_property.h"
 
 class UXPainter;
+struct UXAccessibleInfo;
 
 /**
  * What the user operates with pointer and keyboard: knows whether it can be used, whether the pointer is over
  * it or presses it and whether keys come to it, and is drawn anew when any of that changes. A press gives it
  * the keys; a ring shows that it has them where they came from the keyboard.
  */
-class KX_EXPORT KXControlPart : public UXObject {
+class KX_EXPORT KXControlPart : public UXObject, public UXAccessibleSource {
 public:
     KXControlPart();
     ~KXControlPart() override;
@@ -34,7 +36,12 @@ public:
      *  @return false where it stands in no view, or cannot be used */
     bool takeKeys();
 
-    // From UXObject
+    /** Adds to info, which has place and focus, what the part is to those who do not see it: role, texts,
+     * states, and what Space and arrows do there. */
+    virtual void describe(UXAccessibleInfo& info) const = 0;
+
+    // From UXAccessibleSource and UXObject
+    std::unique_ptr<UXAccessibleNode> createAccessibleNode() override;
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;
 
 protected:

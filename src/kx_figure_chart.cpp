@@ -165,6 +165,7 @@ std::vector<KXPanelItem> KXFigureChart::_layoutItems(const UXRect& area)
 {
     UXFlagScope layingOut(this, m_layingOut);
     m_texts.clear();
+    m_textLosses.clear();
     m_area = area;
     const std::vector<std::uint64_t> groups = _obtainShownGroups();
     if (!preparedAndReloadedData() || groups.empty() || uxIsEmptyRect(area)) {
@@ -336,8 +337,13 @@ void KXFigureChart::_placeText(const KXFigureLine& line, const Text& said, const
     const double top = std::max(placed.rect.y, static_cast<double>(m_area.y));
     const double bottom = std::min(placed.rect.y + placed.rect.height,
                                    static_cast<double>(m_area.y) + m_area.height);
-    if (placed.rect.width > 0 && bottom - top > placed.rect.height * leastSeenShare)
-        m_texts.push_back(std::move(placed));
+    if (placed.rect.width <= 0 || bottom - top <= placed.rect.height * leastSeenShare) {
+        m_textLosses.leaveOut(said.text, room);
+        return;
+    }
+    if (placed.text != said.text)
+        m_textLosses.shorten(said.text, placed.rect);
+    m_texts.push_back(std::move(placed));
 }
 
 void KXFigureChart::_paintOverItems(UXPainter& painter) const

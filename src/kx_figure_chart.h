@@ -3,6 +3,7 @@
 #include "kx_figure_line.h"
 #include "kx_key_table.h"
 #include "kx_member_panel_chart.h"
+#include "kx_text_losses.h"
 #include "ux/ux_double_point.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_double_size.h"
@@ -134,6 +135,7 @@ protected:
     std::string _obtainItemKind() const override;
     UXHintInfo _obtainHintLook() const override;
     void _paintOverItems(UXPainter& painter) const override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
 
 private:
     double _obtainPadding() const;
@@ -149,5 +151,6 @@ private:
     Grid m_grid;
     UXRect m_area; // in which panels are seen
     std::vector<PlacedText> m_texts;
+    KXTextLosses m_textLosses;
     bool m_layingOut = false;
 };

@@ -5,6 +5,7 @@
 #include "kx_gauge_chart_options.h"
 #include "kx_key_table.h"
 #include "kx_panel_chart.h"
+#include "kx_text_losses.h"
 #include "ux/ux_hint_delegate.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_property_accessor.h"
@@ -164,6 +165,7 @@ public:
 
 protected:
     void _customLayout(UXRect plotArea) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
     bool _shouldPaintChild(const UXObject* child) const override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
     void _paintOverChildren(UXPaintConfig* config, const UXRect& dirtyRect) override;
@@ -194,7 +196,7 @@ private:
     void _layoutAnew();
     void _colorLabels();
     void _growPartitionLabelsPool(std::size_t count);
-    void _takeText(KXChartLabel* label, const KXGaugeText& text) const;
+    void _takeText(KXChartLabel* label, const KXGaugeText& text);
     KXGaugeDial _obtainDial() const;
     bool _hasValue() const;
     bool _showsMeasure(std::uint64_t measure) const;
@@ -223,4 +225,5 @@ private:
     double m_targetRatio = noValue;
     UXTextProperty m_maxMinProperty; // of the try that the layout makes
     UXRect m_pipeRect;
+    KXTextLosses m_textLosses; // of the last layout
 };

@@ -136,6 +136,7 @@ void KXGaugeChart::_customLayout_setRect(KXGaugeLayout& layout, const UXRect& pl
             room.endHeight, room.mainHeight, room.targetSize);
     });
     m_pipeRect = toWholeRect(layout.dial.obtainRect());
+    m_textLosses.clear();
     _takeText(m_mainLabel, layout.main);
     _takeText(m_minLabel, layout.minimum);
     _takeText(m_maxLabel, layout.maximum);
@@ -190,11 +191,14 @@ UXRect KXGaugeChart::_customLayout_getRect_targetLabel_core(UXPoint center, int 
                                          dial.obtainTickClearance()));
 }
 
-void KXGaugeChart::_takeText(KXChartLabel* label, const KXGaugeText& text) const
+void KXGaugeChart::_takeText(KXChartLabel* label, const KXGaugeText& text)
 {
     label->setVisible(text.shown);
-    if (!text.shown)
+    if (!text.shown) {
+        if (!text.text.empty())
+            m_textLosses.leaveOut(text.text, text.rect);
         return;
+    }
     label->setText(text.text);
     label->setTextProperty(text.property);
     label->setRect(toWholeRect(text.rect));

@@ -264,6 +264,33 @@ std::vector<KXChartItem> KXHeatMapChart::obtainItems() const
     return items;
 }
 
+std::uint64_t KXHeatMapChart::obtainItemRowCount() const
+{
+    return obtainRowCount() == 0 ? 0 : 1 + obtainRowCount() + (_hasTotals(false) ? 1 : 0);
+}
+
+std::uint64_t KXHeatMapChart::obtainItemRowLength(std::uint64_t row) const
+{
+    return obtainColumnCount() + (_hasTotals(true) ? 1 : 0) + (row > 0 ? 1 : 0);
+}
+
+/** Names stand before the cells, so that they have the place -1 in the grid. */
+KXChartItem KXHeatMapChart::obtainItemInRow(std::uint64_t row, std::uint64_t place) const
+{
+    const auto column = static_cast<std::int64_t>(place);
+    return row == 0 ? _obtainItem({-1, column})
+                    : _obtainItem({static_cast<std::int64_t>(row) - 1, column - 1});
+}
+
+UXAccessibleRole KXHeatMapChart::obtainItemRole(const KXChartItem& item) const
+{
+    return item.kind == rowKind      ? UXAccessibleRole::RowHeader
+           : item.kind == columnKind ? UXAccessibleRole::ColumnHeader
+                                     : UXAccessibleRole::Cell;
+}
+
+std::string KXHeatMapChart::obtainItemValueText(const KXChartItem& item) const { return _writeValue(item); }
+
 std::vector<KXObjectID> KXHeatMapChart::obtainItemObjectIDs(const KXChartItem& item) const
 {
     const std::optional<Place> place = _obtainPlace(item);

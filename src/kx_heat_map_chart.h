@@ -97,7 +97,7 @@ public:
     std::uint64_t obtainRowCount() const;
     std::uint64_t obtainColumnCount() const;
     /** @return NaN for a null, and where there is no such item */
-    double obtainItemValue(const KXChartItem& item) const;
+    double obtainItemValue(const KXChartItem& item) const override;
     /** @return the colours of the cells, as of the last layout */
     const KXGradientScale& getScale() const { return m_scale; }
     /** @return what tells of values beyond the range of the colours, empty for none, as of the last layout */
@@ -127,6 +127,12 @@ public:
     std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
     double obtainDimmedOpacity() const override;
+    // The first row is that of the columns' names; each other one begins with its own
+    std::uint64_t obtainItemRowCount() const override;
+    std::uint64_t obtainItemRowLength(std::uint64_t row) const override;
+    KXChartItem obtainItemInRow(std::uint64_t row, std::uint64_t place) const override;
+    UXAccessibleRole obtainItemRole(const KXChartItem& item) const override;
+    std::string obtainItemValueText(const KXChartItem& item) const override;
     void itemLooksChanged() override;
 
     // From UXObject
@@ -134,6 +140,7 @@ public:
 
 protected:
     void _customLayout(UXRect plotArea) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
     void _paintUnderChildren(UXPainter& painter) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
     void _memberTextsArrived() override;

@@ -115,6 +115,7 @@ int KXHeatMapHeaderPanel::fit(const KXGridLines& lines, const KXGridRange& seen,
 void KXHeatMapHeaderPanel::_layoutCells()
 {
     m_labels.clear();
+    m_losses.clear();
     const bool areRows = _areRows();
     const KXGridLines& lines = areRows ? getRows() : getColumns();
     const KXGridRange seen = areRows ? obtainVisibleRows() : obtainVisibleColumns();
@@ -127,7 +128,8 @@ void KXHeatMapHeaderPanel::_layoutCells()
     const double start = areRows ? first.y : first.x, end = start + lines.obtainTotal();
     double taken = -1e300; // by the labels so far
     for (std::uint64_t line = (seen.first + m_step - 1) / m_step * m_step; line < seen.end; line += m_step) {
-        std::string text = _obtainName(line);
+        const std::string name = _obtainName(line);
+        std::string text = name;
         if (_measure(text) > room)
             text = uxShortenText(text, UXTextOption::EllipsisEnd, room,
                                  [this](std::string_view part) { return _measure(std::string(part)); });
@@ -137,14 +139,20 @@ void KXHeatMapHeaderPanel::_layoutCells()
         const double place = std::max(std::min(middle - extent / 2, end - extent), start);
         const bool isInside = place + extent / 2 >= 0 &&
                               place + extent / 2 <= (areRows ? own.height : own.width);
-        if (text.empty() || place < taken || !isInside)
+        m_losses.leaveOutMore(std::min(m_step, seen.end - line) - 1);
+        if (text.empty() || place < taken || !isInside) {
+            if (!name.empty())
+                m_losses.leaveOut(name, {});
             continue;
+        }
         taken = place + extent + (areStacked ? 0 : gap / 2);
         UXDoubleRect rect(place, own.height - padding / 2 - m_lineHeight, width, m_lineHeight);
         if (areRows)
             rect = {own.width - padding - width, place, width, m_lineHeight};
         else if (m_isTurned)
             rect = {place, own.height - padding, width, m_lineHeight};
+        if (text != name)
+            m_losses.shorten(name, rect);
         m_labels.push_back({line, std::move(text), rect, m_isTurned});
     }
 }

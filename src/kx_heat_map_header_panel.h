@@ -2,6 +2,7 @@
 
 #include "kx_export.h"
 #include "kx_grid_panel.h"
+#include "kx_text_losses.h"
 #include "ux/ux_text_property.h"
 
 #include <cstdint>
@@ -39,6 +40,8 @@ public:
     /** Forgets how wide the names were that have been seen. */
     void forgetWidths() { m_widest = 0; }
     const std::vector<Label>& getLabels() const { return m_labels; }
+    /** @return the names that are not written, or in part; in the own space */
+    const KXTextLosses& getLosses() const { return m_losses; }
 
     // From UXJsonObject
     std::string customSerializeTypeID() override;
@@ -62,4 +65,5 @@ private:
     double m_lineHeight = 0;
     double m_room = 0; // along the lines, where a longer name is cut
     std::vector<Label> m_labels;
+    KXTextLosses m_losses;
 };

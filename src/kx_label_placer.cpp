@@ -96,7 +96,11 @@ std::vector<KXPlacedLabel> KXLabelPlacer::place(std::span<const KXLabelRequest> 
     for (const std::size_t index : order) {
         if (std::optional<KXPlacedLabel> label = _placeOne(requests[index])) {
             label->request = index;
+            if (label->text != requests[index].text)
+                m_losses.shorten(requests[index].text, label->rect);
             placed.push_back(std::move(*label));
+        } else if (!requests[index].text.empty() && !requests[index].candidates.empty()) {
+            m_losses.leaveOut(requests[index].text, requests[index].candidates.front().rect);
         }
     }
     return placed;

@@ -2,6 +2,7 @@
 
 #include "kx_collision_grid.h"
 #include "kx_export.h"
+#include "kx_text_losses.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_double_size.h"
@@ -62,6 +63,10 @@ public:
     void addLabel(const UXDoubleRect& rect);
     /** @return those that found a place, in the order of their ranks; they are obstacles from now on */
     std::vector<KXPlacedLabel> place(std::span<const KXLabelRequest> requests);
+    /** Notes a text that is not even asked a place for. */
+    void leaveOut(const std::string& text, const UXDoubleRect& rect) { m_losses.leaveOut(text, rect); }
+    /** @return what has found no place, or one for a part of it */
+    const KXTextLosses& getLosses() const { return m_losses; }
 
 private:
     bool _isInside(const UXDoubleRect& rect) const;
@@ -71,5 +76,6 @@ private:
     UXDoubleRect m_area;
     double m_gap;
     KXCollisionGrid m_grid;
+    KXTextLosses m_losses;
     std::unique_ptr<UXLayoutHelper> m_helper;
 };

@@ -1,5 +1,6 @@
 #include "kx_legend.h"
 
+#include "kx_accessible_cells.h"
 #include "kx_chart_data_user.h"
 #include "kx_key_type.h"
 #include "kx_legend_cell.h"
@@ -9,6 +10,7 @@
 #include "ux/ux_event.h"
 #include "ux/ux_flag_scope.h"
 #include "ux/ux_layout_helper.h"
+#include "ux/ux_localize.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_paint_clip.h"
@@ -487,6 +489,28 @@ void KXLegend::clickCell(KXListCell& cell, const UXEvent& event)
 }
 
 void KXLegend::switchCell(std::uint64_t index, const UXEvent& event) { cellClicked(index, event); }
+
+UXAccessibleInfo KXLegend::obtainCellInfo(std::uint64_t index)
+{
+    UXAccessibleInfo info;
+    const UXObjectWatcher self(this);
+    info.role = m_cellClickEnabled ? UXAccessibleRole::CheckBox : UXAccessibleRole::ListItem;
+    info.name = m_delegate ? _obtainLabel(index) : std::string();
+    if (self.isAlive() && m_cellClickEnabled)
+        info.checked = isCellOn(index) ? UXAccessibleToggle::On : UXAccessibleToggle::Off;
+    return info;
+}
+
+std::unique_ptr<UXAccessibleNode> KXLegend::createAccessibleNode()
+{
+    const UXAccessibleRole role = m_cellClickEnabled ? UXAccessibleRole::Group : UXAccessibleRole::List;
+    return std::make_unique<KXAccessibleCells>(m_cells, role, uxLocalizeString("Legend"));
+}
+
+bool KXLegend::isAccessible() const
+{
+    return m_delegate && !uxIsEmptyRect(getRect()) && m_cells.obtainCount() > 0;
+}
 
 UXDoubleRect KXLegend::obtainSymbolRect() const
 {

@@ -4,6 +4,7 @@
 #include "kx_cell_list_delegate.h"
 #include "kx_export.h"
 #include "kx_interaction.h"
+#include "ux/ux_accessible_source.h"
 #include "ux/ux_arrangement.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
@@ -31,7 +32,8 @@ class UXVirtualScrollView;
 class KX_EXPORT KXLegend : public UXObject,
                            public UXVirtualScrollViewDelegate,
                            public KXInteraction,
-                           public KXCellListDelegate {
+                           public KXCellListDelegate,
+                           public UXAccessibleSource {
 public:
     KXLegend();
     ~KXLegend() override;
@@ -123,6 +125,11 @@ public:
     void fillCell(KXListCell& cell, std::uint64_t index) override;
     void clickCell(KXListCell& cell, const UXEvent& event) override;
     void switchCell(std::uint64_t index, const UXEvent& event) override;
+    UXAccessibleInfo obtainCellInfo(std::uint64_t index) override;
+
+    // From UXAccessibleSource: where there are cells
+    std::unique_ptr<UXAccessibleNode> createAccessibleNode() override;
+    bool isAccessible() const override;
 
     // From UXObject and UXVirtualScrollViewDelegate
     void paint(UXPaintConfig* config, UXRect dirtyRect) override;

@@ -68,6 +68,7 @@ void KXLineChartDataView::layoutLabels()
         _requestLabels(_makeStacks(), placer);
     }
     m_labels = placer.place();
+    _setLabelLosses(placer.getLosses());
 }
 
 void KXLineChartDataView::_requestLabels(const KXAxisChartStacks& source, KXLineLabelPlacer& placer)

@@ -50,6 +50,8 @@ public:
 
     /** @return those that have a place */
     std::vector<KXLineLabel> place();
+    /** @return the texts of the others */
+    const KXTextLosses& getLosses() const { return m_placer.getLosses(); }
 
 private:
     UXDoubleRect _makeRect(const UXDoublePoint& point, KXLineLabelPosition side,

@@ -11,6 +11,7 @@
 #include "kx_no_data_label.h"
 #include "kx_panel_chart_data_provider.h"
 #include "kx_readable_color.h"
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
@@ -108,6 +109,7 @@ void KXMemberPanelChart::setGroupShown(std::uint64_t group, bool shown)
     if (!self.isAlive() || !m_groups.setShown(group, name, shown))
         return;
     updateLegendColor();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Children);
     getItems()->forgetPointer();
     if (self.isAlive())
         setRequireToVerifyLayout(true, true);
@@ -510,6 +512,33 @@ std::vector<KXChartItem> KXMemberPanelChart::obtainItems() const
     return items;
 }
 
+std::uint64_t KXMemberPanelChart::obtainItemRowCount() const
+{
+    if (getDimensionCount() < 2)
+        return 0;
+    return static_cast<std::uint64_t>(std::ranges::count_if(
+        m_listed.getAll(), [this](std::uint64_t group) { return isGroupShown(group); }));
+}
+
+std::string KXMemberPanelChart::obtainItemRowName(std::uint64_t row)
+{
+    return obtainGroupName(obtainItemInRow(row, 0).group);
+}
+
+std::uint64_t KXMemberPanelChart::obtainItemRowLength(std::uint64_t) const
+{
+    return m_listedIndexes.getAll().size();
+}
+
+KXChartItem KXMemberPanelChart::obtainItemInRow(std::uint64_t row, std::uint64_t place) const
+{
+    std::uint64_t before = row;
+    for (const std::uint64_t group : m_listed.getAll())
+        if (isGroupShown(group) && before-- == 0)
+            return {0, group, m_listedIndexes.getAll()[static_cast<std::size_t>(place)]};
+    return {0, m_listed.getBound(), 0}; // none
+}
+
 UXRect KXMemberPanelChart::obtainItemRect(const KXChartItem& item) const
 {
     const std::optional<std::size_t> found = m_laidOut.find(item);
@@ -755,6 +784,7 @@ void KXMemberPanelChart::_placeLabels(const UXRect& area)
         const std::size_t item = requests[placed.request].mark;
         m_labels.push_back({std::move(placed), item, {}});
     }
+    m_labelLosses = placer.getLosses();
 }
 
 void KXMemberPanelChart::_updateColors()

@@ -75,9 +75,8 @@ public:
     // Items
     /** @return how many items a group has at most: the members of the other dimension */
     std::uint64_t obtainIndexCount() const;
-    /** @return NaN where there is no such item or it has none */
-    double obtainItemValue(const KXChartItem& item) const;
-    std::string obtainItemValueText(const KXChartItem& item) const;
+    double obtainItemValue(const KXChartItem& item) const override;
+    std::string obtainItemValueText(const KXChartItem& item) const override;
     /** @return which part of its value belongs to what is chosen elsewhere; NaN where nothing is chosen */
     double obtainItemPart(const KXChartItem& item) const;
     /** @return what tells of values that have no item, empty for none, as of the last layout */
@@ -114,6 +113,11 @@ public:
     KXChartDataPath* createItemPath(const KXChartItem& item) override;
     std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
     std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
+    /** @return the shown groups where there are two dimensions */
+    std::uint64_t obtainItemRowCount() const override;
+    std::string obtainItemRowName(std::uint64_t row) override;
+    std::uint64_t obtainItemRowLength(std::uint64_t row) const override;
+    KXChartItem obtainItemInRow(std::uint64_t row, std::uint64_t place) const override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
     void itemLookChanged(const KXChartItem& item) override;
     void itemLooksChanged() override;
@@ -211,6 +215,7 @@ protected:
 
     void _customLayout(UXRect plotArea) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
 
 private:
     struct Label {
@@ -253,6 +258,7 @@ private:
     KXPanelItems m_laidOut;
     KXPanelItemRuns m_runs; // of what is laid out, as it looks
     std::vector<Label> m_labels;
+    KXTextLosses m_labelLosses;
     KXLeftOutWords m_leftOutWords;
     std::string m_note;
     KXLabelRequest m_noteRequest;

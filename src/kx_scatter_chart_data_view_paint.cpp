@@ -235,6 +235,7 @@ void KXScatterChartDataView::layoutLabels()
     for (KXPlacedLabel& label : placer.place(requests))
         m_labels.push_back(
             {m_layout.obtainMark(label.request), std::move(label.text), label.rect, label.property});
+    _setLabelLosses(placer.getLosses());
 }
 
 std::vector<UXDoubleRect> KXScatterChartDataView::obtainLabelRects() const

@@ -1,5 +1,7 @@
 #include "kx_switch_part.h"
 
+#include "ux/ux_accessible_change.h"
+#include "ux/ux_accessible_info.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
 #include "ux/ux_notification_scope.h"
@@ -30,6 +32,16 @@ KXSwitchPart::KXSwitchPart()
 
 KXSwitchPart::~KXSwitchPart() = default;
 
+void KXSwitchPart::describe(UXAccessibleInfo& info) const
+{
+    info.role = UXAccessibleRole::CheckBox;
+    info.name = m_text;
+    info.checked = m_state == KXToggleSwitchState::On      ? UXAccessibleToggle::On
+                   : m_state == KXToggleSwitchState::Mixed ? UXAccessibleToggle::Mixed
+                                                           : UXAccessibleToggle::Off;
+    info.actions = {UXAccessibleAction::Press};
+}
+
 void KXSwitchPart::setText(const std::string& text)
 {
     if (m_text == text)
@@ -44,6 +56,7 @@ void KXSwitchPart::setState(KXToggleSwitchState state)
         return;
     m_state = state;
     invalidate();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Content);
 }
 
 void KXSwitchPart::setChangedHandler(std::function<void(KXToggleSwitchState)> handler)

@@ -25,6 +25,9 @@ public:
     /** Switches as a click does. */
     void toggle();
 
+    // From KXControlPart
+    void describe(UXAccessibleInfo& info) const override;
+
     // From UXJsonObject and UXObject
     void customSerialize() override;
     bool customDeserialize() override;

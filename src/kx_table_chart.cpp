@@ -434,6 +434,30 @@ std::vector<KXChartItem> KXTableChart::obtainItems() const
     return items;
 }
 
+std::uint64_t KXTableChart::obtainItemRowCount() const
+{
+    return obtainRowCount() == 0 ? 0 : 1 + obtainRowCount();
+}
+
+std::uint64_t KXTableChart::obtainItemRowLength(std::uint64_t row) const
+{
+    return obtainColumnCount() + (row > 0 ? 1 : 0);
+}
+
+KXChartItem KXTableChart::obtainItemInRow(std::uint64_t row, std::uint64_t place) const
+{
+    if (row == 0)
+        return {columnKind, 0, place};
+    return place == 0 ? KXChartItem{rowKind, row - 1, 0} : KXChartItem{cellKind, row - 1, place - 1};
+}
+
+UXAccessibleRole KXTableChart::obtainItemRole(const KXChartItem& item) const
+{
+    return item.kind == rowKind      ? UXAccessibleRole::RowHeader
+           : item.kind == columnKind ? UXAccessibleRole::ColumnHeader
+                                     : UXAccessibleRole::Cell;
+}
+
 UXRect KXTableChart::obtainItemRect(const KXChartItem& item) const
 {
     const std::optional<KXGridHit> hit = m_grid->getVisible() ? _findHit(item) : std::nullopt;

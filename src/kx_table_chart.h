@@ -153,6 +153,11 @@ public:
     std::vector<KXChartItem> findItems(const KXChartDataPath& path) override;
     std::vector<KXObjectID> obtainItemObjectIDs(const KXChartItem& item) const override;
     UXHintInfo obtainItemHint(const KXChartItem& item) override;
+    // The first row is that of the columns' names; each other one begins with its own
+    std::uint64_t obtainItemRowCount() const override;
+    std::uint64_t obtainItemRowLength(std::uint64_t row) const override;
+    KXChartItem obtainItemInRow(std::uint64_t row, std::uint64_t place) const override;
+    UXAccessibleRole obtainItemRole(const KXChartItem& item) const override;
     void itemLooksChanged() override;
     UXRect obtainHintArea(UXPoint point) override;
     KXChartDataPath* createDataPath() override;
@@ -173,6 +178,7 @@ protected:
 
     // From KXChart
     void _customLayout(UXRect plotArea) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
     bool customKeyDown(const UXEvent& event, bool& stop) override;
 

@@ -307,6 +307,7 @@ void KXTableChart::_fitText(KXTableDrawnCell& cell, const UXTextProperty& proper
         return;
     _growColumn(band, column, cell.textWidth + cell.rect.width - cell.textRect.width);
     cell.isCut = true;
+    cell.wholeText = cell.text;
     if (isNumber)
         cell.text = cutNumber;
     else
@@ -330,12 +331,15 @@ void KXTableChart::_leaveOutCutTexts(const KXTablePanel& panel, std::vector<KXTa
             text.x = uxMaxDoubleX(cell.textRect) - text.width;
         const UXDoubleRect shown = uxIntersectionDoubleRect(text, seen);
         const bool isWhole = shown.width >= text.width;
+        const std::string whole = cell.wholeText.empty() ? cell.text : cell.wholeText;
         if (cell.align == UXTextAlign::Right ? !isWhole : 2 * shown.width < text.width) {
             cell.text.clear();
             cell.isCut = true;
         } else if (2 * shown.height < text.height) {
             cell.text.clear();
         }
+        if (cell.text.empty())
+            cell.wholeText = whole;
     }
 }
 

@@ -30,6 +30,7 @@ struct KXTableDrawnCell {
     UXDoubleRect markRect;
     KXIndexPath group;               /**< which a mark opens or closes */
     bool isCut = false;              /**< there is more to say than is written */
+    std::string wholeText;           /**< of a cell that does not write all of it */
     bool isHighlighted = false;      /**< stands out just now */
     std::optional<KXChartItem> item; /**< what it shows */
 };

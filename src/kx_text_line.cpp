@@ -1,5 +1,7 @@
 #include "kx_text_line.h"
 
+#include "ux/ux_accessible_change.h"
+#include "ux/ux_accessible_info.h"
 #include "ux/ux_color_contrast.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
@@ -71,6 +73,13 @@ KXTextLine::KXTextLine() : UXInputDelegate(this)
 
 KXTextLine::~KXTextLine() { setParent(nullptr); }
 
+void KXTextLine::describe(UXAccessibleInfo& info) const
+{
+    info.role = UXAccessibleRole::TextLine;
+    info.name = getName().empty() ? m_placeholder : getName();
+    info.value = getInputText();
+}
+
 void KXTextLine::setPlaceholder(const std::string& text)
 {
     m_placeholder = text;
@@ -98,6 +107,7 @@ void KXTextLine::setText(const std::string& text)
     setInputText(text);
     m_scroll = 0; // the user reads it from its beginning
     invalidate();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Content);
 }
 
 void KXTextLine::setRect(UXRect rect)
@@ -328,6 +338,7 @@ void KXTextLine::inputTextChanged()
 {
     m_valid = true;
     _showCaret();
+    uxTellAccessibleChange(*this, UXAccessibleChange::Content);
     call(m_changedHandler);
 }
 

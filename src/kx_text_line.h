@@ -36,6 +36,9 @@ public:
      */
     void setCancelledHandler(std::function<void()> handler);
 
+    // From KXControlPart
+    void describe(UXAccessibleInfo& info) const override;
+
     // From UXJsonObject and UXObject
     std::string customSerializeTypeID() override;
     void setRect(UXRect rect) override;

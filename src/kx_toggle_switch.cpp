@@ -1,5 +1,6 @@
 #include "kx_toggle_switch.h"
 
+#include "ux/ux_accessible_info.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_round_rectangle.h"
@@ -14,6 +15,12 @@ constexpr UXColor offColor(122, 128, 140), hoveredOffColor(104, 110, 122), knobC
 
 KXToggleSwitch::KXToggleSwitch() = default;
 KXToggleSwitch::~KXToggleSwitch() = default;
+
+void KXToggleSwitch::describe(UXAccessibleInfo& info) const
+{
+    KXSwitchPart::describe(info);
+    info.role = UXAccessibleRole::Switch;
+}
 
 std::string KXToggleSwitch::customSerializeTypeID() { return "KXToggleSwitch"; }
 double KXToggleSwitch::_obtainMarkWidth() const { return trackWidth; }

@@ -10,7 +10,8 @@ public:
     KXToggleSwitch();
     ~KXToggleSwitch() override;
 
-    // From UXJsonObject
+    // From KXControlPart and UXJsonObject
+    void describe(UXAccessibleInfo& info) const override;
     std::string customSerializeTypeID() override;
 
 protected:

@@ -202,6 +202,7 @@ std::vector<KXFigureLine> KXTrendChart::_makeLines()
 double KXTrendChart::_layoutTexts(const UXRect& area)
 {
     m_texts.clear();
+    m_textLosses.clear();
     m_arrow = {};
     if (!m_toldStep || !preparedAndReloadedData() || uxIsEmptyRect(area))
         return 0;
@@ -213,7 +214,15 @@ double KXTrendChart::_layoutTexts(const UXRect& area)
         // Of a line that is higher than the chart nothing could be read.
         if (lines[i].height > 0 && lines[i].top + lines[i].height <= area.height)
             _placeText(lines[i], static_cast<Line>(i), area);
+        else if (!lines[i].texts.empty() && !lines[i].texts.front().empty())
+            m_textLosses.leaveOut(lines[i].texts.front(), UXDoubleRect(area));
     return height;
+}
+
+void KXTrendChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) const
+{
+    KXLineChart::_diagnose(diagnostics);
+    m_textLosses.tell(diagnostics, *this, *this);
 }
 
 void KXTrendChart::_placeText(const KXFigureLine& line, Line kind, const UXRect& area)
@@ -230,8 +239,13 @@ void KXTrendChart::_placeText(const KXFigureLine& line, Line kind, const UXRect&
     placed.rect = kxPlaceFigureText(placed.text, placed.property,
                                     {area.x + line.left, area.y + line.top, line.width, line.height}, indent,
                                     m_mainLabelAlign);
-    if (placed.rect.width <= 0)
+    const std::string& whole = line.texts.front();
+    if (placed.rect.width <= 0) {
+        m_textLosses.leaveOut(whole, UXDoubleRect(area));
         return;
+    }
+    if (placed.text != whole)
+        m_textLosses.shorten(whole, placed.rect);
     if (hasArrow)
         m_arrow = kxPlaceArrow(placed.rect, placed.property, indent);
     m_texts.push_back(std::move(placed));

@@ -86,6 +86,7 @@ public:
 
 protected:
     void _customLayout(UXRect plotArea) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
     void _categoryTextsArrived(bool areFirst) override;
     void _layoutMarks() override;
     void _paintUnderChildren(UXPainter& painter) override;
@@ -116,6 +117,7 @@ private:
 
     // Made by the layout
     std::vector<Text> m_texts;
+    KXTextLosses m_textLosses;
     UXDoubleRect m_arrow; // empty for none
     UXRect m_textArea;
     std::vector<Point> m_points;

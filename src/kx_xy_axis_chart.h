@@ -7,6 +7,7 @@
 #include "kx_axis_chart_scale.h"
 #include "kx_axis_chart_zoom.h"
 #include "kx_category_places.h"
+#include "kx_chart_description.h"
 #include "kx_visible_range.h"
 
 #include <cstddef>
@@ -136,6 +137,9 @@ public:
     /** The chart's properties by key, for UXPropertyAccessor. */
     static const UXPropertyTable& obtainPropertyTable();
 
+    // From KXChart: what is on which axis
+    void describe(KXChartDescription& description) override;
+
     // From UXJsonObject, KXAxisTickLabelViewDelegate and KXAxisChart
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
@@ -196,6 +200,7 @@ protected:
     void _paintMarks(UXPainter& painter, const UXRect& dirtyRect) override;
     void _paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect) override;
     void _applyKeyEffect(UXPropertyEffect effect) override;
+    void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
     void _customUpdateTicks() override;
     void _customLayout(UXRect plotArea) override;
     void _paintOverMarks(UXPainter& painter) override;
@@ -209,6 +214,8 @@ protected:
     bool customKeyDown(const UXEvent& event, bool& stop) override;
 
 private:
+    void _describeCategories(KXChartDescription::Axis& told);
+    void _describeRange(const KXAxisChartAxis& axis, KXChartDescription::Axis& told) const;
     KXAxisChartAxis& _obtainValueAxis(std::uint64_t series) const;
     const KXAxisChartAxisCacheData& _obtainCache(const KXAxisProperty& property) const;
     bool _mayBeContinuous() const;

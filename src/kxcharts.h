@@ -1,6 +1,10 @@
 #pragma once
 
 // What a host or the author of a chart needs. Records of the layout come with what they are part of.
+#include "kx_accessible_cells.h"
+#include "kx_accessible_chart.h"
+#include "kx_accessible_item.h"
+#include "kx_accessible_items.h"
 #include "kx_area_chart.h"
 #include "kx_assistant_line_data_view.h"
 #include "kx_assistant_line_property.h"
@@ -40,6 +44,8 @@
 #include "kx_chart_data_provider_hint_data.h"
 #include "kx_chart_data_type.h"
 #include "kx_chart_data_user.h"
+#include "kx_chart_description.h"
+#include "kx_chart_diagnostic.h"
 #include "kx_chart_groups.h"
 #include "kx_chart_heat_map_column_header_panel.h"
 #include "kx_chart_item.h"
@@ -57,6 +63,7 @@
 #include "kx_chart_selection_provider.h"
 #include "kx_chart_slider.h"
 #include "kx_chart_stacked_bar_segment.h"
+#include "kx_chart_summary.h"
 #include "kx_chart_theme.h"
 #include "kx_chart_toolbox.h"
 #include "kx_chart_toolbox_item.h"

@@ -13,11 +13,13 @@ constexpr const char* advice = "\nLook at out/gallery, then: ./run gallery --acc
 
 } // namespace
 
-TEST(HostBaseline, SamplesDrawWhatWasAccepted)
+TEST(HostBaseline, SamplesDrawAndSayWhatWasAccepted)
 {
-    for (const ChartSample& sample : readChartSamples(folder))
-        EXPECT_EQ(findDifference(ChartBaseline::read(sample).drawing, ChartBaseline::drawSteps(sample)), "")
-            << sample.name << advice;
+    for (const ChartSample& sample : readChartSamples(folder)) {
+        const ChartBaseline kept = ChartBaseline::read(sample), now = ChartBaseline::drawSteps(sample);
+        EXPECT_EQ(findDifference(kept.drawing, now.drawing), "") << sample.name << advice;
+        EXPECT_EQ(findDifference(kept.tree, now.tree), "") << sample.name << advice;
+    }
 }
 
 TEST(HostBaseline, PicturesAreThoseThatWereAccepted)

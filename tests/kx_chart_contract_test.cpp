@@ -10,13 +10,18 @@
 #include "kx_table_data_provider.h"
 #include "kx_test_input.h"
 #include "kx_value_chart.h"
+#include "ux/ux_accessible_object.h"
+#include "ux/ux_accessible_text.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_global_control_space_event_diagram.h"
+#include "ux/ux_hint_delegate.h"
+#include "ux/ux_hint_words.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
@@ -169,6 +174,13 @@ public:
         diagram.setFocusedObject(nullptr);
     }
 
+    /** Reads what those hear who do not see the view. */
+    std::string read()
+    {
+        std::string words = getChart() ? getChart()->summary() : std::string();
+        return words + uxWriteAccessibleTree(*uxCreateAccessibleNode(diagram));
+    }
+
     KXChart* getChart() const { return static_cast<KXChart*>(m_chart.getObject()); }
     void destroy() { delete getChart(); }
 
@@ -280,6 +292,7 @@ TEST(KXChartContract, LooksAsBeforeWhenItsUserIsGone)
          }},
         {"pointed at", [](Board& board) { board.point(); }},
         {"walked through", [](Board& board) { board.walk(); }},
+        {"read", [](Board& board) { EXPECT_NE(board.read().find("Title"), std::string::npos); }},
         {"on three devices",
          [](Board& board) {
              for (const double scale : {1.25, 1.5, 2.0})
@@ -371,6 +384,39 @@ TEST(KXChartContract, DrawsThePartThatIsChosenElsewhere)
     });
 }
 
+/** Goes to each node that keys can go to, in the order of the tree. @return how many there are */
+int visitNodes(UXAccessibleNode& node, Board& board)
+{
+    int count = 0;
+    const UXAccessibleInfo info = node.obtainInfo();
+    if (std::ranges::count(info.actions, UXAccessibleAction::Focus) > 0) {
+        EXPECT_TRUE(node.perform(UXAccessibleAction::Focus)) << info.name;
+        EXPECT_TRUE(node.obtainInfo().isFocused) << info.name;
+        EXPECT_FALSE((info.name + info.value).empty()) << uxWriteAccessibleInfo(info);
+        const auto* hint = dynamic_cast<UXHintDelegate*>(board.getChart());
+        if (node.getObject() == board.getChart() && hint && hint->getHintVisible()) {
+            EXPECT_EQ(uxWriteHint(hint->getHintInfo()), info.name);
+        }
+        ++count;
+    }
+    for (std::uint64_t i = 0; i < node.obtainChildCount(); ++i)
+        count += visitNodes(*node.createChild(i), board);
+    return count;
+}
+
+TEST(KXChartContract, SaysToThoseWhoDoNotSeeItWhatItsHintsSay)
+{
+    forEachKind([](const std::string& type) {
+        Board board(type);
+        board.fill();
+        board.load();
+        board.paint();
+        const int count = visitNodes(*uxCreateAccessibleNode(board.diagram), board);
+        EXPECT_TRUE(count > 0 || board.read().find("No data") != std::string::npos) << board.read();
+        EXPECT_NE(board.getChart()->summary().find("Title"), std::string::npos);
+    });
+}
+
 TEST(KXChartContract, AnyAnswerMayDestroyIt)
 {
     forEachKind([](const std::string& type) {
@@ -388,6 +434,7 @@ TEST(KXChartContract, AnyAnswerMayDestroyIt)
             board.paint();
             board.point();
             board.walk();
+            board.read();
             board.paint();
             if (board.getChart())
                 asked = 0; // it was asked less often

@@ -3,6 +3,15 @@
 // Everything that the view framework offers, for hosts that do not care to pick.
 
 #include "ux/ut.h"
+#include "ux/ux_accessible_action.h"
+#include "ux/ux_accessible_change.h"
+#include "ux/ux_accessible_info.h"
+#include "ux/ux_accessible_leaf.h"
+#include "ux/ux_accessible_node.h"
+#include "ux/ux_accessible_object.h"
+#include "ux/ux_accessible_role.h"
+#include "ux/ux_accessible_source.h"
+#include "ux/ux_accessible_text.h"
 #include "ux/ux_align.h"
 #include "ux/ux_angle.h"
 #include "ux/ux_approximate_text_measurer.h"
@@ -49,6 +58,7 @@
 #include "ux/ux_hint_position.h"
 #include "ux/ux_hint_row.h"
 #include "ux/ux_hint_row_info.h"
+#include "ux/ux_hint_words.h"
 #include "ux/ux_image.h"
 #include "ux/ux_image_helper.h"
 #include "ux/ux_image_resource_provider.h"

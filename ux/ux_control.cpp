@@ -486,3 +486,4 @@ void UXControl::notifyEvent(const UXEvent&, UXObject*, UXPoint) {}
 void UXControl::notifyRightClickMenu(UXMessageRightClickParam*, UXPoint) {}
 
 void UXControl::notifyResetScroller() {}
+void UXControl::notifyAccessibleChange(UXObject*, UXAccessibleChange) {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_control_dimension.h"
 #include "ux/ux_control_point.h"
 #include "ux/ux_control_rect.h"
@@ -180,6 +181,10 @@ public:
     virtual void notifyRightClickMenu(UXMessageRightClickParam* param, UXPoint point);
     /** The origin, the zoom or an extent changed, and with it what scroll bars show. */
     virtual void notifyResetScroller();
+    /** Something that is read instead of seen is different: the host's adapter reads object's node anew
+     *  (uxCreateAccessibleNode) and tells its system.
+     *  @param object on what the control shows */
+    virtual void notifyAccessibleChange(UXObject* object, UXAccessibleChange change);
 
     static constexpr double minZoomRatio = 0.1;
     static constexpr double maxZoomRatio = 10;

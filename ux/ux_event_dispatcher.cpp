@@ -1,5 +1,6 @@
 #include "ux/ux_event_dispatcher.h"
 
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object.h"
 #include "ux/ux_saturate.h"
@@ -212,6 +213,8 @@ void UXEventDispatcher::setFocusedObject(UXObject* object)
     for (const UXObjectWatcher& changed : {old, UXObjectWatcher(m_focus)})
         if (changed.isAlive() && changed.getObject()->getShowsFocus())
             changed.getObject()->invalidate();
+    if (m_focus.isAlive())
+        uxTellAccessibleChange(*m_focus.getObject(), UXAccessibleChange::Focus);
 }
 
 bool UXEventDispatcher::_isOnDiagram(const UXObject* object) const

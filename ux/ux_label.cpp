@@ -1,5 +1,6 @@
 #include "ux/ux_label.h"
 
+#include "ux/ux_accessible_leaf.h"
 #include "ux/ux_ground.h"
 #include "ux/ux_layout_helper.h"
 #include "ux/ux_paint_config.h"
@@ -89,6 +90,15 @@ bool UXLabel::getDrawRoundRect() const { return m_drawRoundRect; }
 std::string UXLabel::customSerializeTypeID() { return "UXLabel"; }
 
 std::string UXLabel::obtainText() { return m_text; }
+
+bool UXLabel::isAccessible() const { return !m_text.empty(); }
+
+std::unique_ptr<UXAccessibleNode> UXLabel::createAccessibleNode()
+{
+    UXAccessibleInfo info = UXAccessibleObject(*this, UXAccessibleRole::Text).obtainInfo();
+    info.name = m_text;
+    return std::make_unique<UXAccessibleLeaf>(*this, info);
+}
 
 UXDoubleSize UXLabel::_measureText(const std::string& text, const UXTextProperty& property) const
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ux/ux_accessible_source.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_double_size.h"
 #include "ux/ux_export.h"
@@ -11,7 +12,7 @@
 class UXPainter;
 
 /** Shows one text inside its rectangle, turned by an angle where wanted. */
-class UX_EXPORT UXLabel : public UXObject {
+class UX_EXPORT UXLabel : public UXObject, public UXAccessibleSource {
 public:
     UXLabel();
     ~UXLabel() override;
@@ -30,6 +31,10 @@ public:
     /** @param round whether background and border have round corners */
     void setDrawRoundRect(bool round);
     bool getDrawRoundRect() const;
+
+    // From UXAccessibleSource: a text where there is one
+    std::unique_ptr<UXAccessibleNode> createAccessibleNode() override;
+    bool isAccessible() const override;
 
     // From UXJsonObject and UXObject
     std::string customSerializeTypeID() override;

@@ -1,5 +1,6 @@
 #include "ux/ux_notification_scope.h"
 
+#include "ux/ux_accessible_change.h"
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_object_watcher.h"
@@ -19,6 +20,8 @@ struct PendingNotification {
     UXObjectWatcher diagram;
     bool isAboutDiagram;
     int cursor;
+    UXObjectWatcher object{nullptr};
+    UXAccessibleChange change = UXAccessibleChange::Content;
 };
 
 // Calls arrive on the host's one thread.
@@ -58,6 +61,10 @@ void tell(const PendingNotification& told)
         return told.control->notifyResetScroller();
     case UXNotification::CursorChange:
         return told.control->notifyCursorChange(told.cursor);
+    case UXNotification::AccessibleChange:
+        if (UXObject* object = told.object.getObject())
+            told.control->notifyAccessibleChange(object, told.change);
+        return;
     }
 }
 
@@ -112,6 +119,22 @@ void UXNotificationScope::post(UXNotification notification, UXControl* control, 
     else
         pending.push_back({notification, control, control->getLife(), UXObjectWatcher(diagram),
                            diagram != nullptr, cursor});
+}
+
+void UXNotificationScope::postAccessibleChange(UXControl* control, UXObject& object,
+                                               UXAccessibleChange change)
+{
+    if (!control)
+        return;
+    const UXNotificationScope scope;
+    std::deque<PendingNotification>& pending = pendingNotifications();
+    const bool isKnown = std::ranges::any_of(pending, [&](const PendingNotification& other) {
+        return other.notification == UXNotification::AccessibleChange && other.control == control &&
+               !other.controlLife.expired() && other.object.getObject() == &object && other.change == change;
+    });
+    if (!isKnown)
+        pending.push_back({UXNotification::AccessibleChange, control, control->getLife(),
+                           UXObjectWatcher(nullptr), false, 0, UXObjectWatcher(&object), change});
 }
 
 void UXNotificationScope::postAction(std::function<void()> action)

@@ -6,6 +6,8 @@
 
 class UXControl;
 class UXDiagram;
+class UXObject;
+enum class UXAccessibleChange;
 
 /** What a control is told once the framework has done what it was called for. */
 enum class UXNotification {
@@ -14,7 +16,8 @@ enum class UXNotification {
     DiagramAlignChanged,
     DiagramSizeChanged,
     ResetScroller,
-    CursorChange
+    CursorChange,
+    AccessibleChange
 };
 
 /**
@@ -48,6 +51,8 @@ public:
      *  @param cursor of a CursorChange; the last one counts */
     static void post(UXNotification notification, UXControl* control, UXDiagram* diagram = nullptr,
                      int cursor = 0);
+    /** The same of an AccessibleChange: one of an object that is gone by then is not told. */
+    static void postAccessibleChange(UXControl* control, UXObject& object, UXAccessibleChange change);
     /** Has action make dirty what the call has changed, once and for all: it runs when the outermost call
      * ends, before the controls are told, at once outside of any, and in any case before the next paint. It
      * calls no host. */

@@ -10,6 +10,11 @@ UXSvgPaintConfig::UXSvgPaintConfig(const UXSize& size) : m_document(std::make_un
 
 UXSvgPaintConfig::~UXSvgPaintConfig() = default;
 
+void UXSvgPaintConfig::describe(UXAccessibleNode& node, UXPoint origin, std::uint64_t greatestChildCount)
+{
+    m_document->setAccessible(uxMakeSvgAccessible(node, origin, greatestChildCount));
+}
+
 std::string UXSvgPaintConfig::getSvg() const
 {
     std::ostringstream out;

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "ux/ux_paint_config.h"
+#include "ux/ux_point.h"
 #include "ux/ux_size.h"
 
+#include <cstdint>
 #include <iosfwd>
 #include <memory>
 #include <string>
 
+class UXAccessibleNode;
 class UXSvgDocument;
 
 /**
@@ -22,6 +25,12 @@ public:
     /** @param size of the page in logical units; a page without an area cannot be painted on */
     explicit UXSvgPaintConfig(const UXSize& size);
     ~UXSvgPaintConfig() override;
+
+    /** Has the page tell those who do not see it what a view says (uxCreateAccessibleNode), as titles, roles
+     * and labels; without a call it is a drawing alone. The host may be asked, which may destroy any object.
+     *  @param origin where the node's diagram has its origin on the page
+     *  @param greatestChildCount so many children of a node are told of */
+    void describe(UXAccessibleNode& node, UXPoint origin = {}, std::uint64_t greatestChildCount = 1000);
 
     /** @return the page as painted so far, UTF-8 */
     std::string getSvg() const;

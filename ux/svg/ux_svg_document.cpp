@@ -47,14 +47,23 @@ std::string UXSvgDocument::defineImage(const UXImage& image)
     return name;
 }
 
+void UXSvgDocument::setAccessible(UXSvgAccessible accessible) { m_accessible = std::move(accessible); }
+
 void UXSvgDocument::write(std::ostream& out) const
 {
     const std::string width = std::to_string(m_size.width), height = std::to_string(m_size.height);
     // Put together first: a stream may group the digits of a number, but it leaves a text alone.
     out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" +
                width + "\" height=\"" + height + "\" viewBox=\"0 0 " + width + ' ' + height +
-               "\" stroke-miterlimit=\"10\">\n";
+               "\" stroke-miterlimit=\"10\"" + (m_accessible ? m_accessible->attributes : std::string()) +
+               ">\n";
+    if (m_accessible)
+        out << m_accessible->head;
     if (!m_definitions.empty())
         out << "<defs>\n" + m_definitions + "</defs>\n";
-    out << m_ground.obtainContent() << "</svg>\n";
+    if (m_accessible)
+        out << "<g aria-hidden=\"true\">\n" << m_ground.obtainContent() << "</g>\n" << m_accessible->elements;
+    else
+        out << m_ground.obtainContent();
+    out << "</svg>\n";
 }

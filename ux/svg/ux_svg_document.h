@@ -1,9 +1,11 @@
 #pragma once
 
+#include "ux/svg/ux_svg_accessible.h"
 #include "ux/ux_image.h"
 #include "ux/ux_size.h"
 
 #include <map>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <unordered_map>
@@ -42,12 +44,16 @@ public:
     /** @return the name of the image, which is as large as its number of pixels, at the origin */
     std::string defineImage(const UXImage& image);
 
+    /** Has the page say something to those who do not see it; what is drawn is then hidden from them. */
+    void setAccessible(UXSvgAccessible accessible);
+
     void write(std::ostream& out) const;
 
 private:
     UXSize m_size;
     UXSvgLayer m_ground;
     std::string m_definitions;
+    std::optional<UXSvgAccessible> m_accessible;
     std::unordered_map<std::string, std::string> m_names;
     /** By the place of their pixels; the copies keep it from being used anew. */
     std::map<const void*, std::pair<UXImage, std::string>> m_images;

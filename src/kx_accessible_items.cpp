@@ -1,0 +1,74 @@
+#include "kx_accessible_items.h"
+
+#include "kx_accessible_item.h"
+#include "kx_chart.h"
+#include "kx_chart_items_delegate.h"
+
+#include <cstddef>
+
+KXAccessibleItems::KXAccessibleItems(KXChart& chart) : m_chart(&chart) {}
+
+KXAccessibleItems::KXAccessibleItems(KXChart& chart, Part part, std::uint64_t row)
+    : m_chart(&chart), m_part(part), m_row(row)
+{
+}
+
+KXAccessibleItems::~KXAccessibleItems() = default;
+
+UXObject* KXAccessibleItems::getObject() const { return m_chart.getObject(); }
+
+KXChartItemsDelegate* KXAccessibleItems::_getDelegate() const
+{
+    return dynamic_cast<KXChartItemsDelegate*>(m_chart.getObject());
+}
+
+/** @return whether the rows are those of a table, in which names stand before cells */
+bool KXAccessibleItems::_isTable() const
+{
+    const KXChartItemsDelegate& delegate = *_getDelegate();
+    return delegate.obtainItemRowCount() > 0 && delegate.obtainItemRowLength(0) > 0 &&
+           delegate.obtainItemRole(delegate.obtainItemInRow(0, 0)) != UXAccessibleRole::Mark;
+}
+
+UXAccessibleInfo KXAccessibleItems::obtainInfo()
+{
+    UXAccessibleInfo info;
+    KXChartItemsDelegate* delegate = _getDelegate();
+    if (!delegate)
+        return info;
+    info.role = m_part == Part::Table ? UXAccessibleRole::Table
+                : _isTable()          ? UXAccessibleRole::Row
+                                      : UXAccessibleRole::Group;
+    if (m_part == Part::Row && m_row < delegate->obtainItemRowCount())
+        info.name = delegate->obtainItemRowName(m_row);
+    return info;
+}
+
+std::uint64_t KXAccessibleItems::obtainChildCount()
+{
+    KXChartItemsDelegate* delegate = _getDelegate();
+    if (!delegate)
+        return 0;
+    const std::uint64_t rows = delegate->obtainItemRowCount();
+    if (m_part == Part::Row)
+        return m_row < rows ? delegate->obtainItemRowLength(m_row) : 0;
+    if (rows > 0)
+        return m_part == Part::All && _isTable() ? 1 : rows;
+    if (!m_listed)
+        m_listed = delegate->obtainItems();
+    return m_listed->size();
+}
+
+std::unique_ptr<UXAccessibleNode> KXAccessibleItems::createChild(std::uint64_t index)
+{
+    if (index >= obtainChildCount())
+        return nullptr;
+    auto& chart = static_cast<KXChart&>(*getObject());
+    const KXChartItemsDelegate& delegate = *_getDelegate();
+    if (m_part == Part::Row)
+        return std::make_unique<KXAccessibleItem>(chart, delegate.obtainItemInRow(m_row, index));
+    if (m_listed)
+        return std::make_unique<KXAccessibleItem>(chart, (*m_listed)[static_cast<std::size_t>(index)]);
+    const Part part = m_part == Part::All && _isTable() ? Part::Table : Part::Row;
+    return std::unique_ptr<UXAccessibleNode>(new KXAccessibleItems(chart, part, index));
+}

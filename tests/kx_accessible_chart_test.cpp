@@ -1,0 +1,175 @@
+#include "kx_accessible_chart.h"
+
+#include "kx_axis_chart_test_provider.h"
+#include "kx_bar_chart.h"
+#include "kx_chart_description.h"
+#include "kx_chart_property.h"
+#include "kx_chart_summary.h"
+#include "kx_legend.h"
+#include "kx_line_chart.h"
+#include "kx_load_chart.h"
+#include "kx_sentence.h"
+#include "kx_table_chart.h"
+#include "kx_table_data_provider.h"
+#include "ux/ux_accessible_object.h"
+#include "ux/ux_accessible_text.h"
+#include "ux/ux_context.h"
+#include "ux/ux_control.h"
+#include "ux/ux_diagram.h"
+#include "ux_fixed_measurer.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+/** @return the node that a way of child indexes leads to */
+std::unique_ptr<UXAccessibleNode> find(UXObject& object, const std::vector<std::uint64_t>& way)
+{
+    std::unique_ptr<UXAccessibleNode> node = uxCreateAccessibleNode(object);
+    for (const std::uint64_t index : way)
+        node = node->createChild(index);
+    return node;
+}
+
+TEST(KXAccessibleChart, SaysTitleAxesSeriesAndLegend)
+{
+    const UXFixedMeasurer measurer;
+    UXDiagram diagram;
+    KXBarChart chart;
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {4, KXAxisChartTestProvider::null, 1}};
+    chart.getChartProperty()->updateTitleValue("Cars");
+    diagram.addChild(&chart);
+    kxLoad(chart, provider, {0, 0, 480, 320});
+    const std::string tree = uxWriteAccessibleTree(*uxCreateAccessibleNode(chart));
+    std::string places; // of which the layout is the judge
+    for (std::size_t i = 0, end = 0; end != std::string::npos; i = end + 1) {
+        end = tree.find('\n', i);
+        const std::string line = tree.substr(i, end - i);
+        places += line.substr(0, line.rfind(" at ")) + '\n';
+    }
+    EXPECT_EQ(places,
+              "figure \"Cars\" : \"Bar chart: Cars. Horizontal axis, Categories: 3 members, from c0 to c2. "
+              "Vertical axis: from 0 to 5. 2 series. s0: lowest 1 (c0), highest 3 (c2). "
+              "s1: lowest 1 (c2), highest 4 (c0).\"\n"
+              "  heading \"Cars\"\n"
+              "  group \"Horizontal axis, Categories\" = \"from c0 to c2\"\n"
+              "  group \"Vertical axis\" = \"from 0 to 5\"\n"
+              "  group \"s0\"\n"
+              "    img \"c0, s0: 1, s1: 4\" (focus, press)\n"
+              "    img \"c1, s0: 2\" (focus, press)\n"
+              "    img \"c2, s0: 3, s1: 1\" (focus, press)\n"
+              "  group \"s1\"\n"
+              "    img \"c0, s1: 4, s0: 1\" (focus, press)\n"
+              "    img \"c1: no value\"\n"
+              "    img \"c2, s1: 1, s0: 3\" (focus, press)\n"
+              "  group \"Legend\"\n"
+              "    checkbox \"s0\" [checked] (focus, press)\n"
+              "    checkbox \"s1\" [checked] (focus, press)\n"
+              "\n");
+}
+
+TEST(KXAccessibleChart, MarksAreANumberUntilTheyAreAskedFor)
+{
+    const UXFixedMeasurer measurer;
+    KXLineChart chart;
+    KXAxisChartTestProvider provider;
+    constexpr std::uint64_t count = 200'000;
+    provider.categoryCount = count;
+    provider.values = {std::vector<double>(count, 1)};
+    kxLoad(chart, provider, {0, 0, 480, 320});
+    provider.askedTexts.clear();
+    const std::unique_ptr<UXAccessibleNode> series = find(chart, {2});
+    ASSERT_EQ(series->obtainChildCount(), count);
+    EXPECT_EQ(series->createChild(count - 1)->obtainInfo().name, "c199999, s0: 1");
+    EXPECT_LT(provider.askedTexts.size(), 1000u);
+}
+
+TEST(KXAccessibleChart, ATableHasRowsOfCells)
+{
+    const UXFixedMeasurer measurer;
+    KXTableChart chart;
+    KXTableDataProvider provider;
+    provider.addDimension("Place", std::vector<std::string>{"here", "there"});
+    provider.addMeasure("Cars", {1, 2});
+    kxLoad(chart, provider, {0, 0, 480, 320});
+    const std::unique_ptr<UXAccessibleNode> table = find(chart, {0});
+    EXPECT_EQ(table->obtainInfo().role, UXAccessibleRole::Table);
+    const UXAccessibleRole roles[][2] = {{UXAccessibleRole::ColumnHeader, UXAccessibleRole::ColumnHeader},
+                                         {UXAccessibleRole::RowHeader, UXAccessibleRole::Cell}};
+    for (std::uint64_t row = 0; row < 2; ++row)
+        for (std::uint64_t place = 0; place < row + 1; ++place)
+            EXPECT_EQ(find(chart, {0, row, place})->obtainInfo().role, roles[row][place]);
+    EXPECT_NE(find(chart, {0, 2, 1})->obtainInfo().name.find('2'), std::string::npos);
+}
+
+TEST(KXAccessibleChart, ALegendIsSwitchedAndTheControlHearsOfIt)
+{
+    struct Control : UXControl {
+        int childrenChanged = 0;
+        void notifyAccessibleChange(UXObject*, UXAccessibleChange change) override
+        {
+            childrenChanged += change == UXAccessibleChange::Children;
+        }
+    };
+    const UXFixedMeasurer measurer;
+    UXContext context;
+    UXDiagram diagram(&context);
+    Control control;
+    context.addControl(&control);
+    context.setActiveDiagram(&control, &diagram);
+    KXBarChart chart;
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {4, 5, 6}};
+    chart.getLegend()->enableCellClick();
+    diagram.addChild(&chart);
+    kxLoad(chart, provider, {0, 0, 480, 320});
+    control.childrenChanged = 0;
+    const std::unique_ptr<UXAccessibleNode> cell = uxCreateAccessibleNode(*chart.getLegend())->createChild(1);
+    EXPECT_EQ(cell->obtainInfo().checked, UXAccessibleToggle::On);
+    EXPECT_TRUE(cell->perform(UXAccessibleAction::Press));
+    EXPECT_EQ(cell->obtainInfo().checked, UXAccessibleToggle::Off);
+    EXPECT_FALSE(chart.isSeriesShown(1));
+    EXPECT_EQ(control.childrenChanged, 1);
+    EXPECT_FALSE(cell->perform(UXAccessibleAction::Increase));
+}
+
+TEST(KXChartSummary, TellsHowValuesRun)
+{
+    struct Case {
+        std::vector<double> values;
+        const char* told;
+    };
+    const Case cases[] = {
+        {{1, 2, 3}, "Values: lowest 1 (c0), highest 3 (c2). Rises from 1 (c0) to 3 (c2)."},
+        {{9, 2, 1}, "Values: lowest 1 (c2), highest 9 (c0). Falls from 9 (c0) to 1 (c2)."},
+        {{1, 5, 1}, "Values: lowest 1 (c0), highest 5 (c1). Goes up and down, from 1 (c0) to 1 (c2)."},
+        {{2, 2, 2}, "Values: always 2."},
+        {{KXAxisChartTestProvider::null, 5, KXAxisChartTestProvider::null}, "Values: 5 (c1)."},
+        {{KXAxisChartTestProvider::null}, "No data."},
+    };
+    const UXFixedMeasurer measurer;
+    for (const Case& c : cases) {
+        KXLineChart chart;
+        KXAxisChartTestProvider provider;
+        provider.categoryType = KXChartDataType::Float;
+        provider.categoryCount = c.values.size();
+        provider.values = {c.values};
+        provider.categoryText = [](std::uint64_t category) { return "c" + std::to_string(category); };
+        kxLoad(chart, provider, {0, 0, 480, 320});
+        const std::string summary = chart.summary();
+        EXPECT_TRUE(summary.ends_with(c.told)) << summary;
+    }
+}
+
+TEST(KXSentence, KeepsThePercentSignsOfValues)
+{
+    EXPECT_EQ(kxWriteSentence("%2 of %1, 5 % and %3", {"%2", "1"}), "1 of %2, 5 % and %3");
+}
+
+} // namespace
