@@ -1,5 +1,7 @@
 #include "kx_no_data_label.h"
 
+#include "ux/ux_color_contrast.h"
+#include "ux/ux_ground.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_text_property.h"
@@ -34,4 +36,14 @@ void KXNoDataLabel::update(const UXRect& place, bool hasData)
     autoResize();
     setVisible(!hasData && getRect().height <= place.height);
     setRect(place);
+}
+
+void KXNoDataLabel::drawLabel(UXPainter& painter, const UXDoubleRect& textRect,
+                              const UXTextProperty& property)
+{
+    UXTextProperty drawn = property;
+    const UXColor ground = uxObtainGroundColor(*this);
+    if (ground != UXColor(255, 255, 255)) // for which its colour is made
+        drawn.textColor = uxMakeReadableColor(property.textColor, ground);
+    UXLabel::drawLabel(painter, textRect, drawn);
 }

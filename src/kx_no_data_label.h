@@ -14,4 +14,8 @@ public:
      * destroy this.
      *  @param place in the parent's space */
     void update(const UXRect& place, bool hasData);
+
+protected:
+    /** In a colour that can be read on the parent's ground. */
+    void drawLabel(UXPainter& painter, const UXDoubleRect& textRect, const UXTextProperty& property) override;
 };

@@ -22,3 +22,11 @@ void uxDrawGround(UXPainter& painter, const UXObject& object, double cornerRadiu
         painter.stroke();
     }
 }
+
+UXColor uxObtainGroundColor(const UXObject& object)
+{
+    for (const UXObject* under = &object; under; under = under->getParent())
+        if (under->getBackgroundColor().alpha >= 1)
+            return under->getBackgroundColor();
+    return {255, 255, 255};
+}

@@ -3,6 +3,7 @@
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
+#include "ux/ux_ground.h"
 #include "ux/ux_hint_frame.h"
 #include "ux/ux_hint_placement.h"
 #include "ux/ux_rect_functions.h"
@@ -127,6 +128,7 @@ bool UXHint::_place(UXControl& control, const std::optional<UXPoint>& pointer)
     if (!uxPointInRect(placement.point, inControl) && !uxIntersectsRect(placement.area, inControl))
         return false;
 
+    m_frame->standOn(uxObtainGroundColor(*m_target.getObject()));
     const double scale = control.getScalingFactor();
     const UXRect& bounds = placement.bounds;
     UXHintLayout layout = m_frame->obtainLayout(toUnits(UXSize(bounds.width, bounds.height), scale));

@@ -1,5 +1,6 @@
 #include "ux/ux_hint_frame.h"
 
+#include "ux/ux_color_contrast.h"
 #include "ux/ux_hint_details_row.h"
 #include "ux/ux_paint_config.h"
 #include "ux/ux_painter.h"
@@ -19,6 +20,9 @@ constexpr std::array<double, shadowReach> shadowAlphas{0.004, 0.005, 0.006, 0.00
                                                        0.009, 0.011, 0.013, 0.015};
 constexpr UXColor groundColor(255, 255, 255), borderColor(17, 24, 39, 0.16);
 constexpr UXColor separatorColor(17, 24, 39, 0.12);
+/** What is as much lighter than a dark ground under the hint as a sheet that lies over it. */
+constexpr UXColor liftColor(255, 255, 255, 0.1);
+constexpr UXColor darkBorderColor(255, 255, 255, 0.24), darkSeparatorColor(255, 255, 255, 0.16);
 constexpr int separatorInset = 12;
 
 } // namespace
@@ -38,6 +42,19 @@ void UXHintFrame::setHintInfo(const UXHintInfo& info)
         return;
     m_hintInfo = info;
     m_layoutIsValid = false;
+}
+
+void UXHintFrame::standOn(const UXColor& ground)
+{
+    const bool isDark = uxObtainContrast(groundColor, ground) >= uxReadableContrast;
+    const UXColor own = isDark ? uxLayColorOver(liftColor, ground) : groundColor;
+    if (own == getBackgroundColor())
+        return;
+    setBackgroundColor(own);
+    setBorderColor(isDark ? darkBorderColor : borderColor);
+    m_isDark = isDark;
+    m_layoutIsValid = false;
+    invalidate();
 }
 
 void UXHintFrame::setMoreText(const std::string& text)
@@ -159,7 +176,7 @@ void UXHintFrame::_drawSeparator(UXPainter& painter) const
 {
     if (m_separatorY < 0)
         return;
-    painter.setColor(separatorColor);
+    painter.setColor(m_isDark ? darkSeparatorColor : separatorColor);
     const double ys[] = {m_separatorY + 0.5};
     painter.drawHorizontalLines(ys, separatorInset, getRect().width - separatorInset, 1);
 }

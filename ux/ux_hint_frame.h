@@ -11,8 +11,8 @@
 class UXHintRow;
 class UXPainter;
 
-/** The box of a hint with its lines: a quiet frame with round corners and a soft shadow, in the background
- * colour, white unless set. */
+/** The box of a hint with its lines: a quiet frame with round corners and a soft shadow, white unless it
+ * stands on a dark ground. */
 class UX_EXPORT UXHintFrame : public UXObject {
 public:
     UXHintFrame();
@@ -21,6 +21,9 @@ public:
     const UXHintInfo& getHintInfo() const { return m_hintInfo; }
     /** Shows nothing of it before showLayout. */
     void setHintInfo(const UXHintInfo& info);
+    /** Takes colours that go with what lies under the hint: dark ones on a dark ground.
+     *  @param ground opaque */
+    void standOn(const UXColor& ground);
     /** @param text what tells how many rows are left out, see uxLayOutHint */
     void setMoreText(const std::string& text);
 
@@ -53,6 +56,7 @@ private:
     UXHintLayout m_layout; // for m_limit
     UXSize m_limit;
     bool m_layoutIsValid = false;
+    bool m_isDark = false;
     std::vector<UXHintRow*> m_rows; // children
     int m_separatorY = -1;
 };
