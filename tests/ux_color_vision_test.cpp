@@ -1,5 +1,7 @@
 #include "ux/ux_color_vision.h"
 
+#include "ux/ux_palette.h"
+
 #include <gtest/gtest.h>
 
 /** The pairs that the authors of the implementation notes publish, which meet every branch of the formula. */
@@ -71,4 +73,33 @@ TEST(UXColorVision, EyesWithoutAKindOfConeMixUpWhatItTellsApart)
     EXPECT_NEAR(white.lightness, 100, 1e-3);
     EXPECT_NEAR(white.a, 0, 1e-2);
     EXPECT_NEAR(white.b, 0, 1e-2);
+}
+
+TEST(UXPalette, IsMadeOfColorsThatAllEyesTellApart)
+{
+    const UXColor white(255, 255, 255), black(0, 0, 0), red(200, 60, 60);
+    struct Case {
+        const char* name;
+        std::vector<UXColor> colors;
+        UXColor ground;
+        bool isEnough;
+    };
+    const Case cases[] = {
+        {"nothing", {}, white, true},
+        {"one that is seen", {red}, white, true},
+        {"one that is not", {{255, 221, 0}}, white, false},
+        {"the same on black", {{255, 221, 0}}, black, true},
+        {"twice the same", {red, red}, white, false},
+        {"red and green", {red, {120, 120, 40}}, white, false},
+        {"half clear", {{0, 0, 0, 0.2}}, white, false},
+        {"many alike", {red, red, red, red, red, red}, white, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(uxMeasurePalette(c.colors, c.ground).areEnough(), c.isEnough);
+        const std::vector<UXColor> made = uxMakeDistinctPalette(c.colors, c.ground);
+        EXPECT_EQ(made.size(), c.colors.size());
+        EXPECT_TRUE(uxMeasurePalette(made, c.ground).areEnough());
+        EXPECT_EQ(made == c.colors, c.isEnough) << "what is well stays";
+    }
 }

@@ -88,6 +88,7 @@
 #include "ux/ux_paint_styles.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
+#include "ux/ux_palette.h"
 #include "ux/ux_panel.h"
 #include "ux/ux_path_painter.h"
 #include "ux/ux_picture.h"
