@@ -16,8 +16,9 @@ constexpr double pixelNoise = 1e-6;
 
 void KXAxisChartPlotFrame::takePixels(const UXTransform& toDevice)
 {
-    const double scale = isVertical ? toDevice.xx : toDevice.yy;
-    const double offset = isVertical ? toDevice.dx : toDevice.dy;
+    const UXTransform pixels = toDevice.unmirrored();
+    const double scale = isVertical ? pixels.xx : pixels.yy;
+    const double offset = isVertical ? pixels.dx : pixels.dy;
     if (!toDevice.isUpright() || !(scale >= leastScale && scale <= greatestScale) || !std::isfinite(offset))
         return;
     pixelScale = scale;

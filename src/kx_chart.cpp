@@ -30,6 +30,35 @@ constexpr int chartPadding = 1;
 constexpr int presentUseCase = 1;
 constexpr int interactiveUseCase = 2;
 
+/** The direction of a chart, as a property of which the chart is the place. Documents leave it out where it
+ * is that of what the chart stands on, as do those of charts that have no other. */
+const UXPropertyType& obtainDirectionType()
+{
+    static constexpr auto obtain = [](const void* chart) {
+        return static_cast<const KXChart*>(chart)->getDirection();
+    };
+    static const UXPropertyType type{
+        .info = &typeid(UXDirection),
+        .assign = [](void* to, const void* chart) { *static_cast<UXDirection*>(to) = obtain(chart); },
+        .write =
+            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, const void* chart) {
+                if (obtain(chart) != UXDirection::AsParent)
+                    kxWriteKey(&object, key, obtain(chart));
+            },
+        .read =
+            [](const UXPropertyType&, UXJsonObject& object, const std::string& key, void* chart) {
+                const bool isLeftOut = !UXPropertyTable::holdsKey(object, key);
+                UXDirection direction = isLeftOut ? UXDirection::AsParent : obtain(chart);
+                const bool isRead = isLeftOut || kxReadKey(&object, key, direction);
+                static_cast<KXChart*>(chart)->setDirection(direction);
+                return isRead;
+            },
+        .names = kxObtainEnumNames<UXDirection>,
+        .obtainNumber = [](const void* chart) { return static_cast<int>(obtain(chart)); },
+        .makeOfNumber = kxObtainKeyType<UXDirection>().makeOfNumber};
+    return type;
+}
+
 } // namespace
 
 KXChart::KXChart()
@@ -109,6 +138,15 @@ const UXPropertyTable& KXChart::obtainPropertyTable()
              },
          .effect = UXPropertyEffect::Layout,
          .meaning = "font size of the title, in logical units; part of m_titleProperty"},
+        {.key = "m_direction",
+         .type = obtainDirectionType,
+         .place = [](void* owner) { return owner; },
+         .update =
+             [](void* owner, const void* direction) {
+                 static_cast<Self*>(owner)->setDirection(*static_cast<const UXDirection*>(direction));
+             },
+         .effect = UXPropertyEffect::Layout,
+         .meaning = "RightToLeft mirrors the chart, but for texts; documents leave AsParent out"},
     };
     static const UXPropertyTable table("KXChart", &properties, kxObtainKeyOwner<Self>, rows);
     return table;

@@ -4,6 +4,7 @@
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_round_rectangle.h"
+#include "ux/ux_unmirrored_space.h"
 
 #include <algorithm>
 #include <string>
@@ -41,6 +42,7 @@ void drawSign(UXPainter& painter, const UXDoubleRect& square, const KXCheckMarkL
         addFrame(painter, uxInflateDoubleRect(square, -extent * 0.3, -extent * 0.3), true);
         painter.fill();
     } else {
+        const UXUnmirroredSpace space(painter, uxMidDoubleX(square));
         painter.setLineWidth(extent * 0.13);
         painter.setLineCap(UXLineCapStyle::Round);
         painter.setLineJoin(UXLineJoinStyle::Round);

@@ -20,6 +20,7 @@
 #include "kx_waterfall_chart_options.h"
 #include "ux/ux_align.h"
 #include "ux/ux_arrangement.h"
+#include "ux/ux_direction.h"
 #include "ux/ux_hint_position.h"
 #include "ux/ux_lock.h"
 #include "ux/ux_named_enum_map.h"
@@ -40,8 +41,8 @@ constexpr bool isOneOf = (std::is_same_v<E, Others> || ...);
 
 /** Whether the framework itself has the map of E, because it writes E too. */
 template <class E>
-constexpr bool isOfFramework = isOneOf<E, UXAlign, UXArrangement, UXHintPosition, UXPosition, UXRectEdge,
-                                       UXSymbolStyle, UXTextAlign, UXTextOption>;
+constexpr bool isOfFramework = isOneOf<E, UXAlign, UXArrangement, UXDirection, UXHintPosition, UXPosition,
+                                       UXRectEdge, UXSymbolStyle, UXTextAlign, UXTextOption>;
 
 /** @return the owners of the other maps, emptied when the library is unloaded */
 std::vector<std::shared_ptr<UXEnum::UXEnumBase>>& obtainOwnedMaps()
@@ -77,6 +78,7 @@ UXEnum::UXEnumMap<E>* kxObtainEnumMap()
 
 template KX_EXPORT UXEnum::UXEnumMap<UXSymbolStyle>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<UXPosition>* kxObtainEnumMap();
+template KX_EXPORT UXEnum::UXEnumMap<UXDirection>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<UXHintPosition>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXAssistantLineLabelContent>* kxObtainEnumMap();
 template KX_EXPORT UXEnum::UXEnumMap<KXAssistantLineLabelPosition>* kxObtainEnumMap();

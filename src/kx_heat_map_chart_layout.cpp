@@ -206,7 +206,7 @@ double KXHeatMapChart::_obtainLeastCellExtent(bool ofRows) const
                                   uxMeasureText("0", m_captionProperty).height));
     if (m_showLabels)
         return _measureWidest(m_labelRange);
-    const UXTransform toDevice = uxObtainDeviceTransform(*this);
+    const UXTransform toDevice = uxObtainDeviceTransform(*this).unmirrored();
     return leastPixels / (toDevice.xx > 0 ? toDevice.xx : 1);
 }
 

@@ -108,7 +108,7 @@ std::optional<KXGridBlock> KXHeatMapContentPanel::findCells(const UXDoublePoint&
         return std::nullopt;
     if (!m_isMerged)
         return KXGridBlock{{cell->row, cell->row + 1}, {cell->column, cell->column + 1}};
-    const UXTransform toDevice = uxObtainDeviceTransform(*this);
+    const UXTransform toDevice = uxObtainDeviceTransform(*this).unmirrored();
     const UXDoubleRect first = obtainCellRect({0, 0}); // where the lines begin
     const auto obtainRange = [](const KXGridLines& lines, double start, double place, double scale) {
         const double pixel = 1 / scale;
@@ -137,7 +137,7 @@ void KXHeatMapContentPanel::_drawCells()
     const KXGridBlock seen{obtainVisibleRows(), obtainVisibleColumns()};
     if (m_cells.values.empty() || seen.rows.isEmpty() || seen.columns.isEmpty())
         return;
-    const UXTransform toDevice = uxObtainDeviceTransform(*this);
+    const UXTransform toDevice = uxObtainDeviceTransform(*this).unmirrored();
     const UXDoubleRect cell = obtainCellRect({seen.rows.first, seen.columns.first});
     m_isMerged = cell.width * toDevice.xx < 1 || cell.height * toDevice.yy < 1;
     if (!m_isMerged && seen.rows.obtainCount() * seen.columns.obtainCount() <= greatestRectCount)
@@ -179,7 +179,7 @@ void KXHeatMapContentPanel::_drawRects(const KXGridBlock& seen, const KXPixelGri
 
 void KXHeatMapContentPanel::_drawImage()
 {
-    const UXTransform toDevice = uxObtainDeviceTransform(*this);
+    const UXTransform shown = uxObtainDeviceTransform(*this), toDevice = shown.unmirrored();
     const KXPixelGrid grid(toDevice);
     const UXRect own = getBoundingRect();
     const double right = grid.snapX(own.width), bottom = grid.snapY(own.height);
@@ -195,8 +195,10 @@ void KXHeatMapContentPanel::_drawImage()
     const double gap = _obtainGap();
     const std::vector<KXPixelLine> rows = kxObtainPixelLines(getRows(), m_imageRect.y - first.y,
                                                              1 / toDevice.yy, height, gap);
-    const std::vector<KXPixelLine> columns = kxObtainPixelLines(getColumns(), m_imageRect.x - first.x,
-                                                                1 / toDevice.xx, width, gap);
+    std::vector<KXPixelLine> columns = kxObtainPixelLines(getColumns(), m_imageRect.x - first.x,
+                                                          1 / toDevice.xx, width, gap);
+    if (shown.xx < 0)
+        std::ranges::reverse(columns); // no painter mirrors what an image shows
     KXHeatMapHatch hatch;
     if (m_style.hatchesNulls)
         hatch = {kxObtainPixel(hatchColor), static_cast<int>(std::lround(hatchDistance * toDevice.xx))};

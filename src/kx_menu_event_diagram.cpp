@@ -112,7 +112,10 @@ void KXMenuEventDiagram::_addMenu(const std::vector<KXMenuEntry>& entries, const
     auto* menu = new KXMenu;
     menu->setEntries(entries);
     const UXRect bounds = getBoundingRect();
-    menu->setFrameRect(placeFrame(menu->getWantedSize(), anchor, bounds, side == Side::Beside));
+    const bool isMirrored = isRightToLeft();
+    const UXRect frame = placeFrame(menu->getWantedSize(), isMirrored ? uxMirrorRect(anchor, bounds) : anchor,
+                                    bounds, side == Side::Beside);
+    menu->setFrameRect(isMirrored ? uxMirrorRect(frame, bounds) : frame);
     addChild(menu);
 }
 

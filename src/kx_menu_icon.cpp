@@ -3,6 +3,7 @@
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_rect_functions.h"
+#include "ux/ux_unmirrored_space.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -170,9 +171,11 @@ void kxDrawMenuIcon(UXPainter& painter, KXMenuIcon icon, const UXDoubleRect& bou
     case KXMenuIcon::Chart:
         pen.bars({{2.5, 8, 3, 5.5}, {6.5, 3, 3, 10.5}, {10.5, 6, 3, 7.5}});
         break;
-    case KXMenuIcon::Check:
+    case KXMenuIcon::Check: {
+        const UXUnmirroredSpace space(painter, uxMidDoubleX(bounds));
         pen.line({{3, 8.5}, {6.5, 12}, {13, 4.5}});
         break;
+    }
     case KXMenuIcon::SubMenu:
         pen.line({{6, 4}, {10, 8}, {6, 12}});
         break;

@@ -13,13 +13,14 @@ bool isScale(double scale) { return scale >= leastScale && scale <= greatestScal
 
 KXPixelGrid::KXPixelGrid(const UXTransform& toDevice)
 {
-    const bool isFinite = std::isfinite(toDevice.dx) && std::isfinite(toDevice.dy);
-    if (!toDevice.isUpright() || !isScale(toDevice.xx) || !isScale(toDevice.yy) || !isFinite)
+    const UXTransform pixels = toDevice.unmirrored();
+    const bool isFinite = std::isfinite(pixels.dx) && std::isfinite(pixels.dy);
+    if (!pixels.isUpright() || !isScale(pixels.xx) || !isScale(pixels.yy) || !isFinite)
         return;
-    m_scaleX = toDevice.xx;
-    m_scaleY = toDevice.yy;
-    m_offsetX = toDevice.dx - std::floor(toDevice.dx);
-    m_offsetY = toDevice.dy - std::floor(toDevice.dy);
+    m_scaleX = pixels.xx;
+    m_scaleY = pixels.yy;
+    m_offsetX = pixels.dx - std::floor(pixels.dx);
+    m_offsetY = pixels.dy - std::floor(pixels.dy);
 }
 
 double KXPixelGrid::snapX(double x) const

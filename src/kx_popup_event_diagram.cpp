@@ -38,6 +38,7 @@ bool KXPopupEventDiagram::_openOver(UXDiagram* diagram, UXObject* owner)
     m_owner = ownerWatcher;
     m_hasOwner = owner != nullptr;
     m_keepsRelease = false;
+    setDirection(owner && owner->isRightToLeft() ? UXDirection::RightToLeft : UXDirection::LeftToRight);
     setVisible(true);
     if (!self.isAlive() || !over.isAlive())
         return false;

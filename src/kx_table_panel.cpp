@@ -169,6 +169,8 @@ void KXTablePanel::_paintLines(UXPainter& painter) const
 void KXTablePanel::_paintTexts(UXPainter& painter, const UXDoubleRect& seen) const
 {
     UXFont font = m_look.font;
+    // The places of numbers stand under each other only where their last digits do, also in a mirrored table.
+    const UXTextAlign numbers = isRightToLeft() ? UXTextAlign::Left : UXTextAlign::Right;
     for (const KXTableDrawnCell& cell : m_cells) {
         if (!overlaps(cell.rect, seen))
             continue;
@@ -177,7 +179,9 @@ void KXTablePanel::_paintTexts(UXPainter& painter, const UXDoubleRect& seen) con
             continue;
         font.bold = m_look.font.bold || cell.isBold;
         painter.setColor(cell.textColor);
-        painter.drawText(cell.text, cell.textRect, font, cell.align, UXTextOption::EllipsisEnd, 2);
+        painter.drawText(cell.text, cell.textRect, font,
+                         cell.align == UXTextAlign::Right ? numbers : cell.align, UXTextOption::EllipsisEnd,
+                         2);
     }
 }
 

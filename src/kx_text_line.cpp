@@ -60,10 +60,10 @@ void drawCross(UXPainter& painter, const UXDoubleRect& rect)
 KXTextLine::KXTextLine() : UXInputDelegate(this)
 {
     setCursor(UXCursor::Text);
+    // A caret goes by the places of the letters, which no direction mirrors.
+    setDirection(UXDirection::LeftToRight);
     registerEventHandler(UXEventType::LeftClick, [this](const UXEvent& event) {
-        const UXPoint point = getTranslatedPointFromEvent(event);
-        const UXDoubleRect clear = _obtainClearRect();
-        if (!(clear.width > 0) || point.x < clear.x || getInputText().empty() || !isEnabled())
+        if (!_isOnClear(event) || getInputText().empty() || !isEnabled())
             return false;
         setText({});
         call(m_changedHandler);
@@ -154,8 +154,37 @@ UXDoubleRect KXTextLine::_obtainClearRect() const
 {
     if (!m_forSearch || getInputText().empty())
         return {};
+    return _obtainSignRect(!_beginsAtRight());
+}
+
+/** @return whether point is on the cross or between it and the line's end */
+bool KXTextLine::_isOnClear(const UXEvent& event) const
+{
+    const UXDoubleRect clear = _obtainClearRect();
+    const double x = getTranslatedPointFromEvent(event).x;
+    return clear.width > 0 && (_beginsAtRight() ? x < uxMaxDoubleX(clear) : x >= clear.x);
+}
+
+/** @return the place of a sign beside the text */
+UXDoubleRect KXTextLine::_obtainSignRect(bool isAtRight) const
+{
     const UXDoubleRect bounds(getBoundingRect());
-    return {bounds.width - inset - signExtent, uxMidDoubleY(bounds) - signExtent / 2, signExtent, signExtent};
+    return {isAtRight ? bounds.width - inset - signExtent : inset, uxMidDoubleY(bounds) - signExtent / 2,
+            signExtent, signExtent};
+}
+
+/** @return whether what stands around runs from right to left: text and signs then begin at the right, each
+ * of them unmirrored */
+bool KXTextLine::_beginsAtRight() const { return getParent() && getParent()->isRightToLeft(); }
+
+/** @return where the text begins, scrolled as it is */
+double KXTextLine::_obtainTextLeft() const
+{
+    const UXDoubleRect rect = _obtainTextRect();
+    if (!_beginsAtRight())
+        return rect.x - m_scroll;
+    const double whole = uxMeasureText(getInputText() + getInputComposition(), getTextProperty()).width;
+    return rect.x - m_scroll + std::max(rect.width - 1 - whole, 0.0);
 }
 
 double KXTextLine::_measure(std::size_t begin, std::size_t end) const
@@ -175,7 +204,7 @@ double KXTextLine::_measureCaret() const
 /** @return the position between characters that is nearest to the event's point */
 std::size_t KXTextLine::_obtainPosition(const UXEvent& event) const
 {
-    const double x = getTranslatedPointFromEvent(event).x - _obtainTextRect().x + m_scroll;
+    const double x = getTranslatedPointFromEvent(event).x - _obtainTextLeft();
     const std::string& text = getInputText();
     std::size_t nearest = 0;
     double distance = std::abs(x);
@@ -223,7 +252,7 @@ void KXTextLine::_paintPart(UXPainter& painter) const
     painter.stroke();
     if (m_forSearch) {
         painter.setColor(_obtainShownColor(signColor));
-        drawGlass(painter, {inset, uxMidDoubleY(bounds) - signExtent / 2, signExtent, signExtent});
+        drawGlass(painter, _obtainSignRect(_beginsAtRight()));
         if (!getInputText().empty())
             drawCross(painter, _obtainClearRect());
     }
@@ -242,11 +271,12 @@ void KXTextLine::_paintText(UXPainter& painter, const UXDoubleRect& rect) const
     std::string text = getInputText();
     if (isFocused())
         text.insert(getCaretPosition(), getInputComposition());
-    const double left = rect.x - m_scroll;
+    const double left = _obtainTextLeft();
     const double height = uxMeasureText("Wp", property).height, top = uxMidDoubleY(rect) - height / 2;
     if (text.empty()) {
         property.textColor.alpha *= fadedShare;
         property.option = UXTextOption::EllipsisEnd;
+        property.align = _beginsAtRight() ? UXTextAlign::Right : property.align;
         painter.drawText(m_placeholder, rect, property);
     }
     const auto [begin, end] = getInputSelection();
@@ -328,9 +358,7 @@ bool KXTextLine::customMouseDoubleClick(const UXEvent& event, bool&)
 
 bool KXTextLine::customMouseMove(const UXEvent& event, bool& stop)
 {
-    const UXDoubleRect clear = _obtainClearRect();
-    const bool isOnClear = clear.width > 0 && getTranslatedPointFromEvent(event).x >= clear.x;
-    setCursor(isOnClear ? UXCursor::PointingHand : UXCursor::Text);
+    setCursor(_isOnClear(event) ? UXCursor::PointingHand : UXCursor::Text);
     return KXControlPart::customMouseMove(event, stop);
 }
 

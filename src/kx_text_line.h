@@ -61,6 +61,10 @@ protected:
 private:
     UXDoubleRect _obtainTextRect() const;
     UXDoubleRect _obtainClearRect() const;
+    UXDoubleRect _obtainSignRect(bool isAtRight) const;
+    bool _isOnClear(const UXEvent& event) const;
+    bool _beginsAtRight() const;
+    double _obtainTextLeft() const;
     double _measure(std::size_t begin, std::size_t end) const;
     double _measureCaret() const;
     std::size_t _obtainPosition(const UXEvent& event) const;

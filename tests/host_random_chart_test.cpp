@@ -15,8 +15,13 @@
 #include "kx_line_chart_property.h"
 #include "kx_value_chart.h"
 #include "opened_sample.h"
+#include "ux/cairo/ux_cairo_image_paint_config.h"
+#include "ux/ux_diagram.h"
 #include "ux/ux_enum_map.h"
 #include "ux/ux_label.h"
+#include "ux/ux_mirror_painter.h"
+#include "ux/ux_object_watcher.h"
+#include "ux/ux_painter.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_virtual_scroll_view.h"
@@ -53,7 +58,8 @@ void load(KXChart& chart, KXChartDataProvider& provider)
 /** @return where a part of the chart stood when the chart stood on its diagram */
 UXDoubleRect obtainPlaceOnDiagram(const UXObject& part, KXChart& chart)
 {
-    UXDoubleRect place(part.translateRectToParent(part.getBoundingRect(), &chart));
+    const UXRect inChart = part.translateRectToParent(part.getBoundingRect(), &chart);
+    UXDoubleRect place(chart.isRightToLeft() ? uxMirrorRect(inChart, chart.getBoundingRect()) : inChart);
     place.x += chart.getRect().x;
     place.y += chart.getRect().y;
     return place;
@@ -142,6 +148,45 @@ DrawingExcuses obtainExcuses(KXChart& chart)
         return isTiny || isAmong(cells, text);
     };
     return excuses;
+}
+
+/** A page that shows all that is painted on it in a mirror, but for texts and images. */
+class MirroredPage : public UXPaintConfig {
+public:
+    MirroredPage(UXPaintConfig& page, double width) : m_page(page), m_width(width) {}
+
+    UXPainter* createPainter(UXObject* object) override
+    {
+        std::unique_ptr<UXPainter> painter(m_page.createPainter(object));
+        painter->translate(m_width, 0);
+        return new UXMirrorPainter(std::move(painter));
+    }
+
+private:
+    UXPaintConfig& m_page;
+    double m_width;
+};
+
+/** @return the pixels of the chart's picture, on a page or on a mirrored one */
+std::vector<std::uint32_t> drawPixels(KXChart& chart, const PictureSetting& setting, bool isMirrored)
+{
+    UXCairoImagePaintConfig page(UXDoubleSize(setting.size), setting.scale);
+    MirroredPage mirrored(page, setting.size.width);
+    paintChart(chart, setting, isMirrored ? mirrored : static_cast<UXPaintConfig&>(page));
+    const std::uint32_t* const pixels = page.getPixels();
+    const auto count = static_cast<std::size_t>(page.getPixelSize().height) *
+                       static_cast<std::size_t>(page.getRowLength());
+    return {pixels, pixels + (pixels ? count : 0)};
+}
+
+/** @return what lies under a point of the chart, from the front, by kinds and places in the chart */
+std::string describeHit(UXDiagram& diagram, const KXChart& chart, UXPoint point)
+{
+    std::string hit;
+    for (const UXObjectWatcher& under :
+         diagram.obtainObjectsUnder(chart.translatePointToParent(point, nullptr)))
+        hit += under.getObject()->customSerializeTypeID() + ' ' + under.getObject()->getName() + ';';
+    return hit;
 }
 
 std::string draw(KXChart& chart, const PictureSetting& setting, std::vector<std::string>* faults = nullptr)
@@ -368,6 +413,8 @@ public:
         if (fault.empty())
             fault = _compare("after its hints", *chart);
         if (fault.empty())
+            fault = _checkMirrored(*chart);
+        if (fault.empty())
             fault = _checkSaving(*chart);
         if (fault.empty())
             fault = _checkReturns();
@@ -422,6 +469,40 @@ private:
     {
         const std::string drawing = draw(chart, m_setting);
         return drawing == m_drawing ? "" : when + " " + findDifference(m_drawing, drawing);
+    }
+
+    /** From right to left the chart has no faults of its own, twice mirrored it is as it was, and what lies
+     * where is the same. */
+    std::string _checkMirrored(KXChart& chart)
+    {
+        const std::vector<std::uint32_t> pixels = drawPixels(chart, m_setting, false);
+        const std::vector<std::string> hits = _obtainHits(chart);
+        chart.setDirection(UXDirection::RightToLeft);
+        std::vector<std::string> faults;
+        draw(chart, m_setting, &faults);
+        if (!faults.empty())
+            return "from right to left " + faults.front();
+        if (drawPixels(chart, m_setting, true) != pixels)
+            return "twice mirrored it looks otherwise";
+        if (_obtainHits(chart) != hits)
+            return "from right to left something else is hit";
+        chart.setDirection(UXDirection::AsParent);
+        return _compare("mirrored and back", chart);
+    }
+
+    std::vector<std::string> _obtainHits(KXChart& chart) const
+    {
+        UXDiagram diagram;
+        diagram.addChild(&chart);
+        diagram.setRect(chart.getRect());
+        diagram.layout();
+        std::vector<std::string> hits;
+        for (int i = 0; i < 200; ++i)
+            hits.push_back(describeHit(
+                diagram, chart,
+                {i * 37 % std::max(chart.getRect().width, 1), i * 53 % std::max(chart.getRect().height, 1)}));
+        chart.setParent(nullptr);
+        return hits;
     }
 
     std::string _checkSaving(KXChart& chart)

@@ -113,6 +113,22 @@ TEST_F(KXMenuTest, StandsInsideTheDiagramWhereverItOpens)
     EXPECT_FALSE(menus->isOpen());
 }
 
+TEST_F(KXMenuTest, OpensToTheOtherSideOfWhatRunsFromRightToLeft)
+{
+    UXObject owner;
+    diagram->addChild(&owner);
+    owner.setDirection(UXDirection::RightToLeft);
+    menus->openMenu(diagram.get(), entries, {300, 10, 24, 24}, &owner);
+    const UXRect frame = menus->getMenus().at(0)->getFrameRect();
+    EXPECT_EQ(uxMaxX(frame), 324);
+    for (const UXKeyCode key : {UXKeyCode::Down, UXKeyCode::Down, UXKeyCode::Left})
+        input().type(key);
+    EXPECT_EQ(state(), "3/0") << "the sub-menu lies to the left";
+    EXPECT_EQ(uxMaxX(menus->getMenus().at(1)->getFrameRect()), frame.x + 4);
+    input().type(UXKeyCode::Right);
+    EXPECT_EQ(state(), "3");
+}
+
 TEST_F(KXMenuTest, AnswersKeys)
 {
     using enum UXKeyCode;

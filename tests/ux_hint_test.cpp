@@ -32,6 +32,7 @@ TEST(UXHintPlacement, StandsWhereNothingOfInterestIsCovered)
         UXRect area, pointer;
         UXSize size;
         UXRect expected;
+        bool isRightToLeft = false;
     };
     const UXRect none;
     const Case cases[] = {
@@ -47,12 +48,13 @@ TEST(UXHintPlacement, StandsWhereNothingOfInterestIsCovered)
         {"too large for any", AboveValue, {100, 50}, none, none, {120, 60}, none},
         {"at the top", Top, {100, 80}, none, none, {40, 20}, {106, 30, 40, 20}},
         {"at the top, flipped", Top, {190, 80}, none, none, {40, 20}, {145, 30, 40, 20}},
+        {"at the top, from right to left", Top, {100, 80}, none, none, {40, 20}, {55, 30, 40, 20}, true},
         {"far away", AboveValue, {INT_MAX, INT_MIN}, none, none, {40, 20}, none},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        const UXHintPlacement placement{{0, 0, 200, 100}, c.point, c.area,    {0, 30, 200, 70},
-                                        c.pointer,        5,       c.position};
+        const UXHintPlacement placement{{0, 0, 200, 100}, c.point, c.area,     {0, 30, 200, 70},
+                                        c.pointer,        5,       c.position, c.isRightToLeft};
         EXPECT_EQ(placement.place(c.size), c.expected);
     }
 }

@@ -1,6 +1,5 @@
 #include "ux/ux_diagram.h"
 
-#include "ux/ux_child_walk.h"
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
 #include "ux/ux_event_dispatch_scope.h"
@@ -38,17 +37,6 @@ bool haveSamePixels(const UXTransform& a, const UXTransform& b)
     const auto isWhole = [](double distance) { return distance == std::round(distance); };
     return a.xx == b.xx && a.xy == b.xy && a.yx == b.yx && a.yy == b.yy && isWhole(a.dx - b.dx) &&
            isWhole(a.dy - b.dy);
-}
-
-void requireLayoutOfAll(UXObject& object)
-{
-    const UXObjectWatcher watcher(&object);
-    object.setRequireToVerifyLayout(true);
-    if (!watcher.isAlive())
-        return;
-    UXChildWalk walk(&object);
-    while (UXObject* child = walk.next())
-        requireLayoutOfAll(*child);
 }
 
 } // namespace
@@ -142,7 +130,7 @@ void UXDiagram::setDeviceTransform(const UXTransform& toDevice)
     const bool liesAsBefore = haveSamePixels(m_deviceTransform, toDevice);
     m_deviceTransform = toDevice;
     if (!liesAsBefore)
-        requireLayoutOfAll(*this);
+        requireLayoutOfAll();
 }
 
 void UXDiagram::addDirtyRect(UXRect rect)

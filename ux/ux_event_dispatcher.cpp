@@ -3,7 +3,6 @@
 #include "ux/ux_accessible_change.h"
 #include "ux/ux_notification_scope.h"
 #include "ux/ux_object.h"
-#include "ux/ux_saturate.h"
 #include "ux/ux_transform.h"
 
 #include <algorithm>
@@ -241,8 +240,7 @@ void UXEventDispatcher::_appendHit(Path& path, UXObject* object, UXPoint point, 
             if (child == skipped || !child->getVisible())
                 return false;
             toChild = child->_obtainTransformToNextParent().inverted().combined(fromRoot);
-            const UXDoublePoint own = toChild.apply(point.x, point.y);
-            return child->ptInRect({uxRoundToInt(own.x), uxRoundToInt(own.y)});
+            return child->ptInRect(UXObject::_mapPoint(toChild, point));
         });
         hit = found == children.rend() ? nullptr : *found;
         fromRoot = toChild;

@@ -139,6 +139,8 @@ bool UXHint::_place(UXControl& control, const std::optional<UXPoint>& pointer)
     }
     if (layout.isEmpty() || uxIsEmptyRect(place))
         return false;
+    m_frame->setDirection(m_target.getObject()->isRightToLeft() ? UXDirection::RightToLeft
+                                                                : UXDirection::LeftToRight);
     m_ownSpace.setXScale(scale);
     m_ownSpace.setYScale(scale);
     setRect(place);
@@ -160,6 +162,7 @@ UXHintPlacement UXHint::_obtainPlacement(const UXControl& control,
     placement.object = toPixels(target, target.getBoundingRect(), control);
     placement.distance = toPixels(info.distance > 0 ? info.distance : ownDistance, scale);
     placement.position = info.position;
+    placement.isRightToLeft = target.isRightToLeft();
     if (pointer) {
         placement.pointer = UXRect(
             uxSaturateToInt(std::int64_t{pointer->x} + toPixels(pointerShape.x, scale)),

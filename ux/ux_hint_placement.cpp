@@ -8,11 +8,11 @@
 
 namespace {
 
-enum class Side { Above, Below, Right, Left };
+enum class Side { Above, Below, Ahead, Behind }; // the last two as a line runs
 
 /** Above a value is where a hand on the pointer hides least; at the top of an object a hint stands beside. */
-constexpr std::array sidesAboveValue{Side::Above, Side::Below, Side::Right, Side::Left};
-constexpr std::array sidesAtTop{Side::Right, Side::Left, Side::Above, Side::Below};
+constexpr std::array sidesAboveValue{Side::Above, Side::Below, Side::Ahead, Side::Behind};
+constexpr std::array sidesAtTop{Side::Ahead, Side::Behind, Side::Above, Side::Below};
 
 constexpr const std::array<Side, 4>& obtainSides(UXHintPosition position)
 {
@@ -44,7 +44,8 @@ UXRect obtainPlace(const UXHintPlacement& placement, Side side, const UXRect& an
     const std::int64_t level = placement.position == UXHintPosition::Top
                                    ? placement.object.y
                                    : std::int64_t{uxMidY(anchor)} - size.height / 2;
-    const std::int64_t x = side == Side::Right ? uxMaxX(around) + distance : around.x - distance - size.width;
+    const bool isToTheRight = (side == Side::Ahead) != placement.isRightToLeft;
+    const std::int64_t x = isToTheRight ? uxMaxX(around) + distance : around.x - distance - size.width;
     return {uxSaturateToInt(x), shiftInside(level, size.height, bounds.y, bounds.height), size.width,
             size.height};
 }

@@ -15,6 +15,7 @@ struct UX_EXPORT UXHintPlacement {
     UXRect pointer;   /**< what the pointer covers; empty where it is elsewhere */
     int distance = 0; /**< free room between the hint and what it explains */
     UXHintPosition position = UXHintPosition::AboveValue;
+    bool isRightToLeft = false; /**< of the sides beside, the left one comes first */
 
     /** @return where a hint of the given size stands: on the first side of the area, or else of the point, on
      * which it is inside the bounds and clear of the pointer; empty where there is none */

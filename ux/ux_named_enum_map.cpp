@@ -2,6 +2,7 @@
 
 #include "ux/ux_align.h"
 #include "ux/ux_arrangement.h"
+#include "ux/ux_direction.h"
 #include "ux/ux_hint_position.h"
 #include "ux/ux_position.h"
 #include "ux/ux_rect_edge.h"
@@ -18,6 +19,7 @@ UXEnum::UXEnumMap<E>& uxObtainNamedEnumMap()
 
 template UX_EXPORT UXEnum::UXEnumMap<UXAlign>& uxObtainNamedEnumMap();
 template UX_EXPORT UXEnum::UXEnumMap<UXArrangement>& uxObtainNamedEnumMap();
+template UX_EXPORT UXEnum::UXEnumMap<UXDirection>& uxObtainNamedEnumMap();
 template UX_EXPORT UXEnum::UXEnumMap<UXHintPosition>& uxObtainNamedEnumMap();
 template UX_EXPORT UXEnum::UXEnumMap<UXPosition>& uxObtainNamedEnumMap();
 template UX_EXPORT UXEnum::UXEnumMap<UXRectEdge>& uxObtainNamedEnumMap();

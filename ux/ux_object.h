@@ -3,6 +3,7 @@
 #include "ux/ux_align.h"
 #include "ux/ux_color.h"
 #include "ux/ux_cursor.h"
+#include "ux/ux_direction.h"
 #include "ux/ux_dirty_region.h"
 #include "ux/ux_event.h"
 #include "ux/ux_event_key.h"
@@ -39,6 +40,12 @@ inline constexpr int uxDeepestObjectNesting = 500;
  * Spaces. getRect() is in the parent's space; an object's own space has its origin at the rectangle's top
  * left corner. An object without a parent is the root, and its own space is the space of the whole tree: on a
  * diagram, the diagram's space. Results of translations stop at int's limits.
+ *
+ * Direction. An object that runs from right to left inside one that does not, or the other way round, has its
+ * own space mirrored: its origin is the rectangle's top right corner, and x grows to the left. It is written,
+ * laid out and hit as if it were not; what it paints is mirrored except for texts and images, and keys and
+ * wheels that go sideways reach it exchanged. A root's own space never is: its direction is that of what
+ * stands on it.
  *
  * Ownership. An object destroys the children that it still has. An object that is destroyed, or added
  * elsewhere, leaves its parent by itself. A class whose own end makes anything dirty, or that mixes in a
@@ -307,6 +314,12 @@ public:
     UXSpace* getSpace() const { return m_space.lock().get(); }
     const UXPadding& getPadding() const { return m_padding; }
     UXAlign getAlign() const { return m_align; }
+    /** @return as it was set; AsParent unless it was, which for a root is LeftToRight */
+    UXDirection getDirection() const { return m_direction; }
+    /** Another direction lays out and paints anew, with all inside. */
+    void setDirection(UXDirection direction);
+    /** @return the direction of the object, or of the next one around it that has one */
+    bool isRightToLeft() const;
     /** @return what the pointer looks like over the object */
     UXCursor getCursor() const { return m_cursor; }
     /** A control takes it up with the next event. */
@@ -332,6 +345,8 @@ protected:
 
     /** Gives every child with an alignment its rectangle inside area, which is in the own space. */
     void layoutAlignedChildren(UXRect area);
+    /** Marks the object and all inside for layout: what they are laid out for has changed. */
+    void requireLayoutOfAll();
     /** Stores the selection without telling anyone.
      *  @return whether it changed, which it does not where the object cannot be selected */
     bool storeSelected(bool selected);
@@ -370,6 +385,8 @@ private:
     UXTransform _obtainTransformToNextParent() const;
     UXTransform _obtainTransform(const UXObject* from, const UXObject* to) const;
     const UXObject* _obtainRoot() const;
+    bool _isMirroredInParent() const;
+    static UXPoint _mapPoint(const UXTransform& transform, const UXPoint& point);
 
     // Events
     bool _dispatchEvent(UXEventType type, const UXEvent& event);
@@ -402,6 +419,7 @@ private:
     int m_fpsControlDepth = 0;
     std::chrono::steady_clock::time_point m_lastFrame;
     UXAlign m_align = UXAlign::None;
+    UXDirection m_direction = UXDirection::AsParent;
     UXCursor m_cursor = UXCursor::AsParent;
     bool m_showBorder = false;
     bool m_requireToVerifyLayout = true;

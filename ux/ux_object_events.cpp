@@ -2,12 +2,29 @@
 
 #include "ux/ux_child_walk.h"
 #include "ux/ux_event_dispatch_scope.h"
+#include "ux/ux_key_code.h"
 #include "ux/ux_object_watcher.h"
 
 #include <algorithm>
 #include <array>
 #include <deque>
 #include <utility>
+
+namespace {
+
+/** Exchanges left and right in what an event says beside its point. */
+void mirrorEvent(UXEvent& event)
+{
+    const UXDoublePoint& wheel = event.getWheelDelta();
+    event.setWheelDelta({0 - wheel.x, wheel.y});
+    const auto key = static_cast<UXKeyCode>(event.getKeyCode());
+    if (key == UXKeyCode::Left)
+        event.setKeyCode(static_cast<int>(UXKeyCode::Right));
+    else if (key == UXKeyCode::Right)
+        event.setKeyCode(static_cast<int>(UXKeyCode::Left));
+}
+
+} // namespace
 
 struct UXObject::EventRegistry {
     struct Handler {
@@ -250,6 +267,8 @@ bool UXObject::deliverEvent(UXEventType type, const UXEvent& event, bool& stop)
 {
     UXEvent own = event;
     own.setEventType(type);
+    if (isRightToLeft())
+        mirrorEvent(own);
     UXObjectWatcher watcher(this);
     const bool accepted = _shouldTriggerEvent(type, own);
     if (!watcher.isAlive())

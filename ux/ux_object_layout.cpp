@@ -94,6 +94,29 @@ bool UXObject::requireLayout()
     return true;
 }
 
+void UXObject::requireLayoutOfAll()
+{
+    const UXObjectWatcher watcher(this);
+    setRequireToVerifyLayout(true);
+    if (!watcher.isAlive())
+        return;
+    UXChildWalk walk(this);
+    while (UXObject* child = walk.next())
+        child->requireLayoutOfAll();
+}
+
+void UXObject::setDirection(UXDirection direction)
+{
+    if (m_direction == direction)
+        return;
+    m_direction = direction;
+    const UXNotificationScope scope;
+    const UXObjectWatcher watcher(this);
+    requireLayoutOfAll();
+    if (watcher.isAlive())
+        invalidate();
+}
+
 void UXObject::layout()
 {
     if (UXObject* batch = _obtainOutermostBatch()) {

@@ -10,15 +10,9 @@ namespace {
 // What lies this close to a whole number is meant to be it: chains of scales leave such traces.
 constexpr double roundingTrace = 1e-6;
 
-UXPoint mapPoint(const UXTransform& transform, const UXPoint& point)
-{
-    const UXDoublePoint mapped = transform.apply(point.x, point.y);
-    return {uxRoundToInt(mapped.x), uxRoundToInt(mapped.y)};
-}
-
 UXSize mapSize(const UXTransform& transform, const UXSize& size)
 {
-    return {uxRoundToInt(transform.xx * size.width), uxRoundToInt(transform.yy * size.height)};
+    return {uxRoundToInt(std::abs(transform.xx) * size.width), uxRoundToInt(transform.yy * size.height)};
 }
 
 struct Span {
@@ -28,12 +22,13 @@ struct Span {
 /** @return the smallest whole span around the exact one; a span without length stays one */
 Span mapSpan(double scale, double offset, int start, int length)
 {
-    const double low = scale * start + offset, extent = scale * length;
+    const double end = start + 1.0 * length;
+    const double low = scale * (scale < 0 ? end : start) + offset, extent = std::abs(scale) * length;
     if (length <= 0)
         return {uxRoundToInt(low), uxRoundToInt(extent)};
-    const int first = uxSaturateToInt(std::floor(low + roundingTrace));
-    const int last = uxSaturateToInt(std::ceil(low + extent - roundingTrace));
-    return {first, uxSaturateToInt(std::int64_t{last} - first)};
+    const int from = uxSaturateToInt(std::floor(low + roundingTrace));
+    const int to = uxSaturateToInt(std::ceil(low + extent - roundingTrace));
+    return {from, uxSaturateToInt(std::int64_t{to} - from)};
 }
 
 UXRect mapRect(const UXTransform& transform, const UXRect& rect)
@@ -46,14 +41,23 @@ UXRect mapRect(const UXTransform& transform, const UXRect& rect)
 /** A length without direction grows by the geometric mean of the two scales. */
 double mapDimension(const UXTransform& transform, double dimension)
 {
-    return dimension * (transform.xx == transform.yy ? transform.xx : std::sqrt(transform.xx * transform.yy));
+    const double across = std::abs(transform.xx);
+    return dimension * (across == transform.yy ? across : std::sqrt(across * transform.yy));
 }
 
 } // namespace
 
+/** A point is the unit square to its right: where left and right are exchanged, its other edge comes first.
+ */
+UXPoint UXObject::_mapPoint(const UXTransform& transform, const UXPoint& point)
+{
+    const UXDoublePoint mapped = transform.apply(transform.xx < 0 ? point.x + 1.0 : point.x, point.y);
+    return {uxRoundToInt(mapped.x), uxRoundToInt(mapped.y)};
+}
+
 UXPoint UXObject::translatePointToParent(UXPoint point, UXObject* parent) const
 {
-    return mapPoint(_obtainTransform(this, parent), point);
+    return _mapPoint(_obtainTransform(this, parent), point);
 }
 
 UXSize UXObject::translateSizeToParent(UXSize size, UXObject* parent) const
@@ -73,7 +77,7 @@ double UXObject::translateDimensionToParent(double dimension, UXObject* parent) 
 
 UXPoint UXObject::translatePointToChild(UXPoint point, UXObject* child) const
 {
-    return mapPoint(_obtainTransform(this, child), point);
+    return _mapPoint(_obtainTransform(this, child), point);
 }
 
 UXSize UXObject::translateSizeToChild(UXSize size, UXObject* child) const
@@ -98,7 +102,7 @@ UXPoint UXObject::translatePoint(UXPoint point, UXObject* to) const
 
 UXPoint UXObject::translatePoint(UXPoint point, UXObject* from, UXObject* to) const
 {
-    return mapPoint(_obtainTransform(from, to), point);
+    return _mapPoint(_obtainTransform(from, to), point);
 }
 
 UXSize UXObject::translateSize(UXSize size, UXObject* from, UXObject* to) const
@@ -142,7 +146,26 @@ UXTransform UXObject::_obtainTransformToNextParent() const
     }
     transform.dx += m_rect.x;
     transform.dy += m_rect.y;
+    if (_isMirroredInParent())
+        transform = UXTransform{-1, 0, 0, 1, 2.0 * m_rect.x + m_rect.width, 0}.combined(transform);
     return transform;
+}
+
+bool UXObject::isRightToLeft() const
+{
+    const UXObject* object = this;
+    while (object->m_direction == UXDirection::AsParent && object->m_parent)
+        object = object->m_parent;
+    return object->m_direction == UXDirection::RightToLeft;
+}
+
+bool UXObject::_isMirroredInParent() const
+{
+    const bool isOnRoot = !m_parent->m_parent;
+    if (m_direction == UXDirection::AsParent && !isOnRoot)
+        return false;
+    const bool isParentMirrored = !isOnRoot && m_parent->isRightToLeft();
+    return isRightToLeft() != isParentMirrored;
 }
 
 /** Null stands for the root. Objects of two trees meet in their roots, which are taken for the same. */

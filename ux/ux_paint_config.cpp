@@ -1,5 +1,6 @@
 #include "ux/ux_paint_config.h"
 
+#include "ux/ux_mirror_painter.h"
 #include "ux/ux_object.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_rect_functions.h"
@@ -28,10 +29,11 @@ UXPainter* UXPaintConfig::_startPainter(UXObject* object, const UXTransform& obj
         return nullptr;
     if (const UXDoubleRect* clip = getClip())
         painter->m_rootClip = *clip;
-    painter->m_objectToRoot = objectToRoot;
+    const bool isMirrored = objectToRoot.xx < 0;
+    painter->m_objectToRoot = isMirrored ? objectToRoot.scaled(-1, 1) : objectToRoot;
     painter->preparePaintConfig();
     painter->initializeSpace();
-    return painter;
+    return isMirrored ? new UXMirrorPainter(std::unique_ptr<UXPainter>(painter)) : painter;
 }
 
 UXPainter* uxCreatePainter(UXPaintConfig* config)

@@ -94,5 +94,13 @@
 /** @return whether no field differs by more than utCompareDoubles allows */
 [[nodiscard]] UX_EXPORT bool uxEqualDoubleRects(const UXDoubleRect& a, const UXDoubleRect& b);
 
+/** @return rect as far from the right of within as it was from its left */
+[[nodiscard]] constexpr UXRect uxMirrorRect(const UXRect& rect, const UXRect& within)
+{
+    const std::int64_t right = std::int64_t{rect.x} + rect.width;
+    return {uxSaturateToInt(std::int64_t{2} * within.x + within.width - right), rect.y, rect.width,
+            rect.height};
+}
+
 /** @return rect moved by as little as brings it inside bound; cut to bound's size where it is larger */
 [[nodiscard]] UX_EXPORT UXRect uxShiftAndBoundInRect(const UXRect& rect, const UXRect& bound);

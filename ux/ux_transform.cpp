@@ -32,6 +32,11 @@ UXTransform UXTransform::combined(const UXTransform& inner) const
             origin.y};
 }
 
+UXTransform UXTransform::unmirrored() const
+{
+    return xx < 0 ? UXTransform{-xx, yx, -xy, yy, -dx, dy} : *this;
+}
+
 bool UXTransform::isInvertible() const
 {
     const double inverse = 1 / (xx * yy - xy * yx);

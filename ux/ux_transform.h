@@ -22,6 +22,10 @@ struct UX_EXPORT UXTransform {
     [[nodiscard]] UXTransform inverted() const;
     bool isInvertible() const;
 
+    /** @return the map with the same whole places, as those of pixels, that runs to the right where this one
+     * runs to the left: for who only wants to know where pixels lie */
+    [[nodiscard]] UXTransform unmirrored() const;
+
     /** Whether upright rectangles stay upright: no turn and no skew. */
     bool isUpright() const { return xy == 0 && yx == 0; }
 
