@@ -53,6 +53,7 @@ DashboardBoard::DashboardBoard(DashboardDocument document, const ViewItemHandler
 {
     for (std::size_t i = 0; i < m_dashboard.getItemCount(); ++i)
         addChart(m_dashboard.getChart(i));
+    getDiagram().setDirection(m_dashboard.getDocument().direction);
     if (m_dashboard.getDocument().title.empty())
         return;
     m_title = new UXLabel;
@@ -63,16 +64,13 @@ DashboardBoard::DashboardBoard(DashboardDocument document, const ViewItemHandler
 
 DashboardBoard::~DashboardBoard() = default;
 
-void DashboardBoard::takeTheme(const KXChartTheme& theme)
+void DashboardBoard::takeTheme(const KXChartTheme* theme)
 {
-    for (std::size_t i = 0; i < m_dashboard.getItemCount(); ++i) {
-        kxApplyTheme(m_dashboard.getChart(i), nullptr, &theme);
-        getCards()[i]->setColors(theme.getGround(), theme.getGridColor());
-    }
+    ViewBoard::takeTheme(theme);
     if (!m_title)
         return;
     UXTextProperty property = m_title->getTextProperty();
-    property.textColor = theme.getStrongText();
+    property.textColor = theme ? theme->getStrongText() : titleColor;
     m_title->setTextProperty(property);
 }
 
@@ -106,8 +104,7 @@ void DashboardBoard::_place(const UXSize& size, int margin)
         const int right = obtainLine(area.width, uxMaxX(cells), document.columns) - ViewGrid::gap;
         const int top = obtainLine(area.height, cells.y, document.rows);
         const int bottom = obtainLine(area.height, uxMaxY(cells), document.rows) - ViewGrid::gap;
-        getCards()[i]->setRect(
-            UXRect(area.x + left, area.y + top, std::max(right - left, 0), std::max(bottom - top, 0)));
+        placeCard(i, {area.x + left, area.y + top, std::max(right - left, 0), std::max(bottom - top, 0)});
     }
 }
 

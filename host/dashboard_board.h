@@ -4,7 +4,6 @@
 #include "ux/ux_label.h"
 #include "view_board.h"
 
-class KXChartTheme;
 class UXPaintConfig;
 struct PictureSetting;
 
@@ -19,8 +18,8 @@ public:
 
     Dashboard& getDashboard() { return m_dashboard; }
 
-    /** Gives title, cards and charts the theme's colours, but for those that documents set. */
-    void takeTheme(const KXChartTheme& theme);
+    /** Gives the title its colour as well. */
+    void takeTheme(const KXChartTheme* theme) override;
     /** Fills the room, or as much more as items need to be read. */
     void arrange(const UXSize& room) override;
     /** Lays the board out at the setting's size, whatever its items need, and paints ground and board. */

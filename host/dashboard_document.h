@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data_choice.h"
+#include "ux/ux_direction.h"
 #include "ux/ux_rect.h"
 
 #include <string>
@@ -31,9 +32,10 @@ struct DashboardItem {
 struct DashboardDocument {
     static constexpr int mostCells = 48; // along either side
 
-    std::string name;  // what errors call it, the file it came from
-    std::string title; // above the items, empty for none
-    std::string data;  // of the items that name none of their own
+    std::string name;                              // what errors call it, the file it came from
+    std::string title;                             // above the items, empty for none
+    std::string data;                              // of the items that name none of their own
+    UXDirection direction = UXDirection::AsParent; // RightToLeft: columns count from the right, charts mirror
     int columns = 12, rows = 8;
     std::vector<DashboardItem> items;
 };

@@ -50,6 +50,11 @@ UXRect readCells(const JsonCursor& place, const DashboardDocument& document)
     return cells;
 }
 
+UXDirection readDirection(const JsonCursor& place)
+{
+    return static_cast<UXDirection>(place.readName({"AsParent", "LeftToRight", "RightToLeft"}));
+}
+
 } // namespace
 
 DashboardReader::DashboardReader(std::string file) : m_file(std::move(file)) {}
@@ -67,7 +72,7 @@ DashboardDocument DashboardReader::readText(const std::string& text) const
 {
     const nlohmann::json parsed = parseJsonDocument(m_file, text);
     const JsonCursor root(m_file, parsed);
-    root.requireKeys({"type", "title", "data", "columns", "rows", "items"});
+    root.requireKeys({"type", "title", "data", "direction", "columns", "rows", "items"});
     root.getValue("type").readName({typeName});
 
     DashboardDocument document;
@@ -76,6 +81,8 @@ DashboardDocument DashboardReader::readText(const std::string& text) const
         document.title = root.getValue("title").readText();
     if (root.hasKey("data"))
         document.data = root.getValue("data").readText();
+    if (root.hasKey("direction"))
+        document.direction = readDirection(root.getValue("direction"));
     if (root.hasKey("columns"))
         document.columns = readCells(root, "columns", 1);
     if (root.hasKey("rows"))

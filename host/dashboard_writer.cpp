@@ -2,6 +2,7 @@
 
 #include "dashboard_document.h"
 #include "data_choice_json.h"
+#include "ux/ux_named_enum_map.h"
 
 namespace {
 
@@ -44,6 +45,8 @@ std::string writeDashboard(const DashboardDocument& document)
         written["title"] = document.title;
     if (!document.data.empty())
         written["data"] = document.data;
+    if (document.direction != UXDirection::AsParent)
+        written["direction"] = uxObtainNamedEnumMap<UXDirection>().obtainName(document.direction);
     written["columns"] = document.columns;
     written["rows"] = document.rows;
     written["items"] = Json::array();

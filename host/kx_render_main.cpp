@@ -1,14 +1,18 @@
 // kx_render: a chart document, data and a binding become a picture, or a dashboard with all of its charts.
 
+#include "chart_document.h"
 #include "chart_picture.h"
 #include "chart_sample.h"
 #include "command_line.h"
+#include "dashboard.h"
 #include "dashboard_reader.h"
 #include "diagnostic_text.h"
 #include "host_error.h"
 #include "kx_chart.h"
 #include "kx_chart_diagnostic.h"
+#include "kx_chart_property.h"
 #include "kx_chart_theme.h"
+#include "look_check.h"
 #include "opened_sample.h"
 #include "picture_option.h"
 #include "progress_line.h"
@@ -17,7 +21,9 @@
 #include "ux/ux_accessible_node.h"
 #include "ux/ux_accessible_text.h"
 #include "ux/ux_recording_paint_config.h"
+#include "view_data_provider.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -31,6 +37,7 @@ struct Options {
     double scale = 1;
     int margin = 12;
     bool isAccessible = false, writesTree = false, writesSummary = false, writesDiagnostics = false;
+    bool runsRightToLeft = false, checksLook = false;
 
     bool hasWords() const { return writesTree || writesSummary || writesDiagnostics; }
 };
@@ -42,7 +49,13 @@ void declareOptions(CLI::App& app, Options& options)
                    "A CSV file, or a connection: sqlite://FILE, postgresql://..., odbc://...");
     app.add_option("-b,--binding", options.binding,
                    "The JSON file that says which columns are dimensions and measures");
-    app.add_option("-o,--out", options.out, "The picture: a file that ends in .png, .svg or .pdf");
+    CLI::Option* out = app.add_option("-o,--out", options.out,
+                                      "The picture: a file that ends in .png, .svg or .pdf");
+    app.add_flag(
+           "--check", options.checksLook,
+           "Instead of painting, print how well the colours of the document, in the theme, are read and "
+           "told apart by all eyes, and the nearest ones that would be")
+        ->excludes(out);
     app.add_option("-s,--size", options.size, "Width x height in logical units")->capture_default_str();
     app.add_option("--scale", options.scale, "Pixels per logical unit in a PNG")->capture_default_str();
     app.add_option("-m,--margin", options.margin, "Logical units of ground around the chart")
@@ -58,6 +71,8 @@ void declareOptions(CLI::App& app, Options& options)
     app.add_flag("--summary", options.writesSummary, "Print what each chart shows, in sentences");
     app.add_flag("--diagnose", options.writesDiagnostics,
                  "Print what is not seen in full, shortened or left out, and why, one a line");
+    app.add_flag("--rtl", options.runsRightToLeft,
+                 "Mirror what the document does not give a direction, for readers from right to left");
     app.footer(
         "Examples:\n"
         "  kx_render samples/employment.chart.json -d samples/data/us-employment.csv \\\n"
@@ -81,9 +96,35 @@ void writeWords(const Options& options, const OpenedSample& sample)
         std::fputs(uxWriteAccessibleTree(*sample.createAccessibleNode()).c_str(), stdout);
 }
 
+void printLook(const std::string& name, KXChart& chart, const KXChartTheme* theme)
+{
+    if (theme)
+        kxApplyTheme(chart, nullptr, theme);
+    for (const std::string& line : checkLook(chart))
+        std::printf("%s: %s\n", name.c_str(), line.c_str());
+}
+
+/** The look of a chart needs no data; a dashboard names its own. */
+void check(const Options& options, const KXChartTheme* theme)
+{
+    uxCairoInstall();
+    if (!DashboardReader(options.chart).isDashboard()) {
+        printLook(options.chart, ChartDocument(options.chart).getChart(), theme);
+        return;
+    }
+    const ViewItemHandlers noHandlers;
+    const Dashboard dashboard(DashboardReader(options.chart).readFile(), noHandlers);
+    for (std::size_t i = 0; i < dashboard.getItemCount(); ++i)
+        printLook(dashboard.getChart(i).getChartProperty()->getTitleValue(), dashboard.getChart(i), theme);
+}
+
 void render(const Options& options)
 {
     const std::unique_ptr<KXChartTheme> theme = readThemeOption(options.theme);
+    if (options.checksLook) {
+        check(options, theme.get());
+        return;
+    }
     PictureSetting setting = {readSizeOption(options.size), readMarginOption(options.margin),
                               readScaleOption(options.scale)};
     if (!options.ground.empty())
@@ -93,7 +134,7 @@ void render(const Options& options)
     if (!options.out.empty())
         obtainPictureFormat(options.out);
     else if (!options.hasWords())
-        throw HostError("--out", "", "is needed, or --tree, --summary or --diagnose");
+        throw HostError("--out", "", "is needed, or --check, --tree, --summary or --diagnose");
     uxCairoInstall();
     const bool isDashboard = DashboardReader(options.chart).isDashboard();
     if (isDashboard != options.data.empty() || isDashboard != options.binding.empty())
@@ -107,6 +148,8 @@ void render(const Options& options)
     }();
     if (theme)
         sample.takeTheme(*theme);
+    if (options.runsRightToLeft)
+        sample.setRightToLeft();
     if (options.out.empty()) {
         UXRecordingPaintConfig config(setting.scale);
         sample.paint(setting, config);

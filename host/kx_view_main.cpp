@@ -5,8 +5,10 @@
 #include "dashboard_board.h"
 #include "dashboard_reader.h"
 #include "host_error.h"
+#include "kx_chart_theme.h"
 #include "picture_option.h"
 #include "progress_line.h"
+#include "theme_option.h"
 #include "ux/cairo/ux_cairo_install.h"
 #include "view_board.h"
 #include "view_data_provider.h"
@@ -24,10 +26,10 @@ namespace {
 
 struct Options {
     std::vector<std::string> charts;
-    std::string data, binding, save;
+    std::string data, binding, save, theme;
     std::string size = "1000x640";
     double scale = 0; // 0 for the display's own
-    bool reducesMotion = false, logsPaints = false, logsActions = false;
+    bool reducesMotion = false, logsPaints = false, logsActions = false, runsRightToLeft = false;
     std::string dump;
 };
 
@@ -45,6 +47,10 @@ void declareOptions(CLI::App& app, Options& options)
     app.add_option("-s,--size", options.size, "Width x height of the window in logical units")
         ->capture_default_str();
     app.add_option("--scale", options.scale, "Pixels per logical unit, instead of the display's own");
+    app.add_option("-t,--theme", options.theme,
+                   "The look to begin with: light, dark, high-contrast, color-blind-light, color-blind-dark, "
+                   "or a theme document, a JSON file");
+    app.add_flag("--rtl", options.runsRightToLeft, "Mirror what no document gives a direction");
     app.add_flag("--reduce-motion", options.reducesMotion, "Jump where the board would glide");
     app.add_flag("--log-paints", options.logsPaints, "Print each painted area, in pixels");
     app.add_flag("--log-actions", options.logsActions, "Print what is clicked and copied");
@@ -56,7 +62,8 @@ void declareOptions(CLI::App& app, Options& options)
         "  kx_view samples/strikes.dashboard.json --size 1280x800\n\n"
         "Keys: Tab moves between the charts and their legends and buttons, Enter clicks, Shift+F10 opens\n"
         "the menu, Escape closes hints; "
-        "Ctrl with plus, minus, 0 or the wheel zooms; Ctrl+S saves a dashboard; Ctrl+Q quits.\n\n"
+        "Ctrl with plus, minus, 0 or the wheel zooms; Ctrl+T changes the theme; Ctrl+S saves a dashboard;\n"
+        "Ctrl+Q quits.\n\n"
         "Exit codes: 0 closed by its user, 2 bad input or no display (one line on stderr says what).");
 }
 
@@ -113,9 +120,14 @@ void saveDashboard(const Options& options, const Dashboard& dashboard)
 void view(const Options& options)
 {
     const ViewWindowSetting setting = readSetting(options);
+    const std::unique_ptr<KXChartTheme> theme = readThemeOption(options.theme);
     uxCairoInstall();
     ViewItemHandlers handlers;
     const std::unique_ptr<ViewBoard> board = openBoard(options, handlers);
+    if (theme)
+        board->takeTheme(theme.get());
+    if (options.runsRightToLeft && board->getDiagram().getDirection() == UXDirection::AsParent)
+        board->getDiagram().setDirection(UXDirection::RightToLeft);
     ViewWindow window(*board, setting);
     handlers.itemClicked = [&](const std::string& text) {
         logAction(options, "click", text);

@@ -48,9 +48,16 @@ std::string OpenedSample::getCaption() const
 void OpenedSample::takeTheme(const KXChartTheme& theme) const
 {
     if (m_board)
-        m_board->takeTheme(theme);
+        m_board->takeTheme(&theme);
     else
         kxApplyTheme(m_document->getChart(), nullptr, &theme);
+}
+
+void OpenedSample::setRightToLeft() const
+{
+    UXObject& shown = m_board ? static_cast<UXObject&>(m_board->getDiagram()) : m_document->getChart();
+    if (shown.getDirection() == UXDirection::AsParent)
+        shown.setDirection(UXDirection::RightToLeft);
 }
 
 std::string OpenedSample::save() const

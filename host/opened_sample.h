@@ -30,6 +30,8 @@ public:
     std::string getCaption() const;
     /** Gives every chart the theme's colours, but for those that its document sets. */
     void takeTheme(const KXChartTheme& theme) const;
+    /** Mirrors what does not say itself to which side it runs. */
+    void setRightToLeft() const;
     /** @return the document as it is saved now */
     std::string save() const;
     /** Lays out at the setting's size and paints ground and sample. */

@@ -8,12 +8,20 @@
 #include "kx_chart_data_action.h"
 #include "kx_chart_data_provider.h"
 #include "kx_chart_data_user.h"
+#include "kx_chart_theme.h"
 #include "progress_line.h"
+#include "ux/ux_rect_functions.h"
 #include "view_data_provider.h"
 #include "view_grid.h"
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+constexpr UXColor usualGround(243, 244, 246), usualCard(255, 255, 255), usualBorder(222, 225, 230);
+
+} // namespace
 
 ViewBoard::ViewBoard() = default;
 
@@ -49,8 +57,37 @@ void ViewBoard::arrange(const UXSize& room)
     const ViewGrid grid = arrangeViewGrid(m_cards.size(), room);
     m_diagram.setRect(UXRect(0, 0, grid.size.width, grid.size.height));
     for (std::size_t i = 0; i < grid.cells.size(); ++i)
-        m_cards[i]->setRect(grid.cells[i]);
+        placeCard(i, grid.cells[i]);
 }
+
+void ViewBoard::placeCard(std::size_t index, const UXRect& rect)
+{
+    m_cards[index]->setRect(m_diagram.isRightToLeft() ? uxMirrorRect(rect, m_diagram.getBoundingRect())
+                                                      : rect);
+}
+
+void ViewBoard::takeTheme(const KXChartTheme* theme)
+{
+    const UXColor ground = theme ? theme->getGround() : usualCard,
+                  border = theme ? theme->getGridColor() : usualBorder;
+    for (const std::unique_ptr<ViewCard>& card : m_cards) {
+        kxApplyTheme(card->getChart(), m_theme.get(), theme);
+        card->setColors(ground, border);
+    }
+    m_theme = theme ? std::make_unique<KXChartTheme>(*theme) : nullptr;
+    m_diagram.invalidate();
+}
+
+void ViewBoard::takeNextTheme()
+{
+    const std::vector<std::string> names = KXChartTheme::obtainNames();
+    const auto present = std::ranges::find(names, getThemeName());
+    const auto next = present == names.end() ? names.begin() : present + 1;
+    takeTheme(next == names.end() ? nullptr : KXChartTheme::create(*next).get());
+}
+
+std::string ViewBoard::getThemeName() const { return m_theme ? m_theme->getName() : std::string(); }
+UXColor ViewBoard::getGround() const { return m_theme ? m_theme->getTrackColor() : usualGround; }
 
 ViewCard* ViewBoard::getFocusedCard() const
 {

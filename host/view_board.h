@@ -7,11 +7,13 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 class ChartDataSource;
 class ChartDocument;
 class KXChart;
+class KXChartTheme;
 struct ChartSample;
 struct ViewItemHandlers;
 
@@ -40,6 +42,18 @@ public:
      *  @param room what a window shows without scrolling, logical units */
     virtual void arrange(const UXSize& room);
 
+    // Look
+    /** Gives charts and cards the colours of a theme in place of the one before, but for those that documents
+     * set.
+     *  @param theme copied; null for the look that charts are made with */
+    virtual void takeTheme(const KXChartTheme* theme);
+    /** Goes on to the next theme of the library; after the last one comes the usual look. */
+    void takeNextTheme();
+    /** @return the name of the theme, empty without one */
+    std::string getThemeName() const;
+    /** @return what is seen between the cards */
+    UXColor getGround() const;
+
     // Keyboard
     /** @return the card whose chart, or a part of it, receives keys; null for none */
     ViewCard* getFocusedCard() const;
@@ -52,12 +66,16 @@ public:
 
 protected:
     const std::vector<std::unique_ptr<ViewCard>>& getCards() const { return m_cards; }
+    /** Gives a card its place on the diagram, which has its size.
+     *  @param rect as the board runs from left to right; one that does not is mirrored */
+    void placeCard(std::size_t index, const UXRect& rect);
 
 private:
     // Charts leave their cards first, and cards their diagram; what charts ask goes last.
     std::vector<std::unique_ptr<ChartDataSource>> m_sources;
     UXContext m_context;
     UXDiagram m_diagram{&m_context};
+    std::unique_ptr<KXChartTheme> m_theme; // null for none
     std::vector<std::unique_ptr<ViewCard>> m_cards;
     std::vector<std::unique_ptr<ChartDocument>> m_documents;
 };

@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr UXColor groundColor(243, 244, 246);
 constexpr int presentUseCase = 1, interactiveUseCase = 2;
 /** One press of an arrow key, in logical units. */
 constexpr double scrollStep = 48;
@@ -122,7 +121,7 @@ void ViewControl::_paintArea(const UXRect& pixels)
     UXDiagram& diagram = m_board.getDiagram();
     const UXPaintClip clip(*m_picture, UXDoubleRect(pixels));
     if (UXPainter* painter = uxCreatePainter(m_picture.get())) {
-        painter->setColor(groundColor);
+        painter->setColor(m_board.getGround());
         painter->addRectanglePath(UXDoubleRect(pixels));
         painter->fill();
         uxDestroyPainter(painter);
@@ -185,7 +184,7 @@ void ViewControl::compose(const std::string& text, int caret)
 
 void ViewControl::pressKey(const UXEvent& event)
 {
-    if (keyDown(event) || _zoomByKey(event) || _scrollByKey(event))
+    if (keyDown(event) || _changeThemeByKey(event) || _zoomByKey(event) || _scrollByKey(event))
         return;
     const bool isShift = event.containsEventKey(UXEventKey::Shift);
     switch (event.getKeyCode()) {
@@ -207,6 +206,15 @@ void ViewControl::pressKey(const UXEvent& event)
     default:
         break;
     }
+}
+
+bool ViewControl::_changeThemeByKey(const UXEvent& event)
+{
+    if (!event.containsEventKey(UXEventKey::Ctrl) || event.getKeyCode() != static_cast<int>(ViewKeyCode::T))
+        return false;
+    m_board.takeNextTheme();
+    m_allDirty = true; // the ground between the cards, too
+    return true;
 }
 
 bool ViewControl::_zoomByKey(const UXEvent& event)

@@ -18,6 +18,7 @@ enum class ViewKeyCode : int {
     Digit0 = 48,
     Q = 81,
     S = 83,
+    T = 84,
     ContextMenu = 93,
     F10 = 121,
     F12 = 123,
@@ -72,6 +73,7 @@ private:
     UXDirtyRegion _takeDirtyPixels();
     void _paintArea(const UXRect& pixels);
     void _scroll(double dx, double dy);
+    bool _changeThemeByKey(const UXEvent& event);
     bool _zoomByKey(const UXEvent& event);
     bool _scrollByKey(const UXEvent& event);
     void _showFocusedCard();

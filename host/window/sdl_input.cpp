@@ -31,6 +31,7 @@ constexpr KeyCode keyCodes[] = {
     {SDLK_KP_0, static_cast<int>(ViewKeyCode::Digit0)},
     {SDLK_q, static_cast<int>(ViewKeyCode::Q)},
     {SDLK_s, static_cast<int>(ViewKeyCode::S)},
+    {SDLK_t, static_cast<int>(ViewKeyCode::T)},
     {SDLK_APPLICATION, static_cast<int>(ViewKeyCode::ContextMenu)},
     {SDLK_MENU, static_cast<int>(ViewKeyCode::ContextMenu)},
     {SDLK_F10, static_cast<int>(ViewKeyCode::F10)},
