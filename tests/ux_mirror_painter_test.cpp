@@ -13,7 +13,7 @@
 TEST(UXMirrorPainter, TwiceMirroredIsAsDrawn)
 {
     UXRecordingPainter plain, recorder;
-    UXMirrorPainter once(recorder), twice(once);
+    UXMirrorPainter once(recorder), twice(static_cast<UXPainter&>(once));
     uxDrawEverything(plain, 1.5, 20);
     uxDrawEverything(twice, 1.5, 20);
     EXPECT_EQ(recorder.getText(), plain.getText());
