@@ -16,6 +16,11 @@ function(kx_set_warnings target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
         target_compile_options(${target} PRIVATE -Wno-restrict)
     endif()
+    # Counts and indexes have 64 bits, as hosts may have that many rows; where addresses have 32, what a chart keeps is
+    # bounded by them. A host there answers no larger counts.
+    if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        target_compile_options(${target} PRIVATE -Wno-shorten-64-to-32 -Wno-c++11-narrowing)
+    endif()
     # With the sanitizers' checks in the way, GCC loses track of what std::regex and std::function have set.
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize")
         target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
@@ -30,7 +35,10 @@ function(kx_precompile_standard_headers target)
         <string> <string_view> <unordered_map> <utility> <vector>)
 endfunction()
 
-# kx_add_library(<target> <source folder> [<folder>...]): one shared library of all the sources in its folder, and in
+# What is linked into one module, as for a page, has no shared libraries.
+set(KX_LIBRARY_TYPE SHARED CACHE STRING "SHARED or STATIC: what the libraries are built as")
+
+# kx_add_library(<target> <source folder> [<folder>...]): one library of all the sources in its folder, and in
 # those for what parts of it keep to themselves. Headers are included as "ux/ux_rect.h" and "kx_chart.h" by everyone in
 # this project, and as <ux/ux_rect.h> and <kxcharts/kx_chart.h> by hosts.
 # Installed libraries look for each other where they are themselves.
@@ -39,7 +47,7 @@ function(kx_add_library target folder)
     list(TRANSFORM ARGN APPEND /*.h OUTPUT_VARIABLE more_headers)
     file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp ${more_sources})
     file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h ${more_headers})
-    add_library(${target} SHARED ${sources} ${headers})
+    add_library(${target} ${KX_LIBRARY_TYPE} ${sources} ${headers})
     kx_set_warnings(${target})
     kx_precompile_standard_headers(${target})
     target_compile_features(${target} PUBLIC cxx_std_20) # its headers ask the same of a host
