@@ -3,11 +3,13 @@
 import { Words } from './words.js';
 
 export class Chart {
-  /** @param options {document, data?, place?: {x, y, width, height} as shares of the view, onclick?, onmenu?} */
+  /** @param options {document, data?, place?: {x, y, width, height} as shares of the view, padding?,
+   *  onclick?, onmenu?} */
   constructor(view, options) {
     this.view = view;
     this.module = view.module;
     this.place = options.place ?? { x: 0, y: 0, width: 1, height: 1 };
+    this.padding = options.padding ?? 8;
     this.onclick = options.onclick ?? null;
     this.onmenu = options.onmenu ?? null;
     this.theme = '';
@@ -87,7 +89,9 @@ export class Chart {
     const left = Math.round(this.place.x * width), top = Math.round(this.place.y * height);
     const right = Math.round((this.place.x + this.place.width) * width);
     const bottom = Math.round((this.place.y + this.place.height) * height);
-    this.module.exports.placeChart(this.handle, left, top, right - left, bottom - top);
+    const inset = this.padding;
+    this.module.exports.placeChart(this.handle, left + inset, top + inset, Math.max(right - left - 2 * inset, 0),
+      Math.max(bottom - top - 2 * inset, 0));
     Object.assign(this.element.style, { left: `${left}px`, top: `${top}px`, width: `${right - left}px`, height: `${bottom - top}px` });
   }
 

@@ -62,6 +62,8 @@ export interface ChartOptions {
   data?: Table | TableData;
   /** The whole view unless given. */
   place?: Place;
+  /** Ground around the chart inside its place, in CSS pixels; 8 unless given. */
+  padding?: number;
   onclick?: (this: Chart, event: ItemEvent) => void;
   onmenu?: (this: Chart, event: ItemEvent) => void;
 }

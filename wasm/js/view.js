@@ -30,7 +30,7 @@ export class View {
     this.size = { width: 1, height: 1 };
     this.frame = 0;
     this.timeout = 0;
-    this.isInSight = true;
+    this.isInSight = !this.window.IntersectionObserver; // which says so at once
     this.framesDrawn = 0;
     this.canvas = this.makeCanvas();
     this.player = new CanvasPlayer(this.canvas, charts.ruler);
@@ -118,7 +118,7 @@ export class View {
     this.module.exports.resizeView(this.handle, ...pixels, scale);
     for (const chart of this.items) chart.layout();
     // A canvas that was resized is clear until it is drawn.
-    this.draw();
+    if (this.isInSight) this.draw();
   }
 
   // Frames: one for each change, and none while nothing changes

@@ -1,6 +1,8 @@
 // What a chart says to those who do not see it: an element over the chart for the keyboard, with its name, and its values
 // as a table.
 
+import { SharedNumbers } from './table.js';
+
 /** A table of more cells than this says how many there are. */
 const MOST_ROWS = 200;
 
@@ -53,7 +55,8 @@ export class Words {
     const columns = [...dimensions, ...measures];
     const head = table.appendChild(makeElement(document, 'tr'));
     for (const column of columns) head.append(makeElement(document, 'th', column.label ?? ''));
-    const lists = columns.map(({ numbers, texts }) => numbers?.values ?? numbers ?? texts ?? []);
+    const lists = columns.map(({ numbers, texts }) =>
+      (numbers instanceof SharedNumbers ? numbers.values : numbers) ?? texts ?? []);
     const count = Math.max(0, ...lists.map((list) => list.length));
     for (let row = 0; row < Math.min(count, MOST_ROWS); ++row) {
       const line = table.appendChild(makeElement(document, 'tr'));
