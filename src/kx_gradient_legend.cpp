@@ -18,6 +18,8 @@ namespace {
 // Logical units, those of a legend of cells where both have them
 constexpr int greatestLength = 280, greatestHeight = 200;
 constexpr double stripThickness = 10, textGap = 4, textDistance = 8;
+/** Of sums that made a place. */
+constexpr double noise = 1e-6;
 
 } // namespace
 
@@ -73,10 +75,13 @@ UXRect KXGradientLegend::takeRoom(const UXRect& area, UXPosition side, UXPositio
 {
     m_isUpright = side == UXPosition::Left || side == UXPosition::Right;
     const std::unique_ptr<UXLayoutHelper> helper(uxCreateLayoutHelper());
+    // A text that would leave the chart less than the legend has no room.
+    const double most = (m_isUpright ? area.width : area.height) / 2.0 - stripThickness - textGap;
     double across = 0;
     for (const Value& value : m_values) {
         const UXDoubleSize size = helper->getTextSize(value.text, m_textProperty);
-        across = std::max(across, m_isUpright ? size.width : size.height);
+        const double own = m_isUpright ? size.width : size.height;
+        across = std::max(across, own <= most ? own : 0);
     }
     const int thickness = uxSaturateToInt(std::ceil(stripThickness + textGap + across));
     const int length = m_isUpright ? greatestHeight : greatestLength;
@@ -132,7 +137,7 @@ void KXGradientLegend::_placeText(Value& value)
         return &other != &value && uxIntersectionDoubleRect(room, other.rect).width > 0;
     });
     const UXRect own = getBoundingRect();
-    if (isFree && rect.width <= own.width && rect.height <= own.height)
+    if (isFree && rect.x + rect.width <= own.width + noise && rect.y + rect.height <= own.height + noise)
         value.rect = rect;
 }
 
