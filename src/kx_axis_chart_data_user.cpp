@@ -102,8 +102,11 @@ struct KXAxisChartDataUser::Pulled {
     /** Tells a series which ones are the ends of its band. */
     void findBand(Series& own, const std::optional<Band>& band) const
     {
-        own.low = band ? findSeries(band->low, own.member) : noSeries;
-        own.high = band ? findSeries(band->high, own.member) : noSeries;
+        own.low = own.high = noSeries;
+        if (!band)
+            return;
+        own.low = findSeries(band->low, own.member);
+        own.high = findSeries(band->high, own.member);
     }
 
     /** @return any value for each category, where the series' old ones were if these were about as many */
@@ -363,8 +366,9 @@ bool KXAxisChartDataUser::_pullPoints(KXAxisChartDataProvider& provider, const R
             return false;
     }
     const std::int64_t y = obtainMeasure(KXScatterChartRole::Y);
-    const std::optional<Band> band = y < 0 ? std::nullopt
-                                           : _pullBand(provider, this, static_cast<std::uint64_t>(y));
+    std::optional<Band> band;
+    if (y >= 0)
+        band = _pullBand(provider, this, static_cast<std::uint64_t>(y));
     if (!pulled.watcher.isCurrent())
         return false;
     for (Series& series : pulled.series) {

@@ -14,6 +14,7 @@
 #include "ux/ux_symbol_style.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <tuple>
@@ -38,6 +39,27 @@ constexpr double greatestShare = 0.1;
 constexpr double leastPlace = 8;
 /** How large a point of a legend's symbol can be, as a part of its height. */
 constexpr double greatestSymbolPoint = 0.8;
+
+/** @param others of the same points, along the other axis
+ *  @param isLogarithmic whether only values above zero lie on the axis
+ *  @return the extremes of the values of the first count points that lie on both axes */
+KXValueExtremes findExtremes(std::span<const double> values, std::span<const double> x,
+                             std::span<const double> y, std::size_t count, bool isLogarithmic)
+{
+    const double below = isLogarithmic ? 0 : -std::numeric_limits<double>::infinity();
+    KXValueExtremes extremes;
+    std::array<double, 256> shown;
+    count = std::min({count, values.size(), x.size(), y.size()});
+    for (std::size_t first = 0; first < count; first += shown.size()) {
+        const std::size_t some = std::min(shown.size(), count - first);
+        for (std::size_t i = 0; i < some; ++i) {
+            const std::size_t at = first + i;
+            shown[i] = values[at] > below && x[at] == x[at] && y[at] == y[at] ? values[at] : noNumber;
+        }
+        extremes.take(kxFindValueExtremes(std::span(shown).first(some)));
+    }
+    return extremes;
+}
 
 double obtainAt(std::span<const double> values, std::uint64_t category)
 {
@@ -118,14 +140,10 @@ std::optional<KXAxisChartValueRange> KXScatterChartDataView::obtainValueRange() 
     const bool isLogarithmic = getChart()->isLogarithmic(_getValueAxisProperty());
     for (const std::uint64_t series : getShownSeries()) {
         const std::span<const double> x = obtainNumbers(series), y = getChart()->getSeriesValues(series);
-        const std::size_t count = std::min(y.size(), _obtainCategoryCount());
         for (const std::span<const double> values :
              {y, std::span<const double>(getChart()->getBandLows(series)),
               std::span<const double>(getChart()->getBandHighs(series))})
-            for (std::size_t i = 0; i < std::min(count, values.size()); ++i)
-                if ((x.empty() || x[i] == x[i]) && y[i] == y[i] &&
-                    (isLogarithmic ? values[i] > 0 : values[i] == values[i]))
-                    range.take({values[i], values[i]});
+            range.take(findExtremes(values, x.empty() ? y : x, y, _obtainCategoryCount(), isLogarithmic));
     }
     return range.isEmpty() ? KXAxisChartValueRange()
                            : KXAxisChartValueRange{range.min, range.max, std::min(range.min, 0.0),
@@ -140,9 +158,7 @@ std::optional<KXValueExtremes> KXScatterChartDataView::obtainNumberRange() const
     for (const std::uint64_t series : getShownSeries()) {
         const std::span<const double> x = obtainNumbers(series), y = getChart()->getSeriesValues(series);
         hasNumbers = hasNumbers || !x.empty();
-        for (std::size_t i = 0, count = std::min(x.size(), _obtainCategoryCount()); i < count; ++i)
-            if (y[i] == y[i] && (isLogarithmic ? x[i] > 0 : x[i] == x[i]))
-                range.take({x[i], x[i]});
+        range.take(findExtremes(x, x, y, _obtainCategoryCount(), isLogarithmic));
     }
     if (hasNumbers && range.isEmpty())
         return KXValueExtremes{0, 0}; // an axis of numbers, on which nothing lies

@@ -117,6 +117,34 @@ TEST(KXAxisChartDataUser, PullsNoMoreThanAChartHolds)
     }
 }
 
+TEST(KXAxisChartDataUser, ManyValuesArriveInTheirPlacesAndNoneStaysFromBefore)
+{
+    struct Provider : KXAxisChartTestProvider {
+        void obtainSeriesValues(KXChartDataUser*, std::uint64_t, std::uint64_t first,
+                                std::span<double> some) override
+        {
+            for (std::size_t i = 0; i < some.size(); ++i)
+                if (first + i != leftOut)
+                    some[i] = first + i == 69'000 ? infinite : static_cast<double>(first + i);
+        }
+        std::uint64_t leftOut = 0;
+    } provider;
+    provider.categoryCount = 70'000;
+    DataChart chart;
+    chart.setDataProvider(&provider);
+    for (const std::uint64_t leftOut : {std::uint64_t{3}, std::uint64_t{69'999}}) {
+        provider.leftOut = leftOut;
+        chart.prepareData();
+        for (const std::uint64_t category : {3u, 65'535u, 65'536u, 69'998u, 69'999u})
+            if (category != leftOut) {
+                EXPECT_EQ(chart.getValue(0, category), static_cast<double>(category));
+            }
+        EXPECT_TRUE(std::isnan(chart.getValue(0, leftOut)));
+        EXPECT_TRUE(std::isnan(chart.getValue(0, 69'000))) << "it was infinite";
+        EXPECT_EQ(chart.obtainValueRange({0}, 70'000, false).max, leftOut == 3 ? 69'999 : 69'998);
+    }
+}
+
 TEST(KXAxisChartDataUser, Ranges)
 {
     constexpr double largest = (std::numeric_limits<double>::max)();
