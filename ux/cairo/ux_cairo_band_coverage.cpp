@@ -16,6 +16,9 @@ constexpr std::int32_t kLeastRest = 256;
 /** An edge that rises by less across a column, in pixels, is level there. */
 constexpr double kLeastRise = 0.25;
 
+/** Blocks that are kept ready for each point of a band. */
+constexpr std::size_t kBlocksForPoint = 2;
+
 /** @return twice the area of the polygon, above 0 where its upper edge runs from left to right */
 double obtainTurn(std::span<const UXDoublePoint> polygon)
 {
@@ -78,6 +81,10 @@ UXCairoBandCoverage::UXCairoBandCoverage(std::span<const std::vector<UXDoublePoi
     m_blockCount = (m_width + kBlockWidth - 1) / kBlockWidth;
     m_height = static_cast<std::size_t>(m_box.bottom - m_box.top);
     m_bendIndexes.resize((m_height + kBendReach) * m_blockCount);
+    std::size_t pointCount = 0;
+    for (const std::vector<UXDoublePoint>& band : bands)
+        pointCount += band.size();
+    m_bends.reserve(1 + std::min(kBlocksForPoint * pointCount, m_bendIndexes.size()));
     m_bends.resize(1);
     for (const std::vector<UXDoublePoint>& band : bands)
         _add(band);

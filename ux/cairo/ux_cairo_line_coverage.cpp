@@ -81,14 +81,10 @@ UXCairoLineCoverage::UXCairoLineCoverage(std::span<const UXDoublePoint> points, 
         return;
     m_solid.assign(static_cast<std::size_t>(m_box.right - m_box.left), {m_box.top, m_box.top});
     m_coverage.resize(static_cast<std::size_t>(m_box.bottom - m_box.top) * m_solid.size());
-    const double left = m_box.left - m_radius - 1, right = m_box.right + m_radius + 1;
-    const auto mayBeSeen = [left, right](const UXDoublePoint& a, const UXDoublePoint& b) {
-        return isFinite(a) && isFinite(b) && std::max(a.x, b.x) >= left && std::min(a.x, b.x) <= right;
-    };
     std::vector<Piece> pieces;
     pieces.reserve(points.size());
     for (std::size_t i = 1; i < points.size(); ++i)
-        if (mayBeSeen(points[i - 1], points[i]))
+        if (isFinite(points[i - 1]) && isFinite(points[i]))
             _addPiece(points[i - 1], points[i], pieces);
     if (m_radius > kLeastSolidRadius)
         for (const Piece& piece : pieces)
@@ -96,7 +92,7 @@ UXCairoLineCoverage::UXCairoLineCoverage(std::span<const UXDoublePoint> points, 
     for (const Piece& piece : pieces)
         _coverPiece(piece);
     for (const UXDoublePoint& point : points)
-        if (mayBeSeen(point, point))
+        if (isFinite(point))
             _coverEnd(point);
     _fillSolid();
 }

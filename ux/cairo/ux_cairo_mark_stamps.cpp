@@ -12,7 +12,7 @@
 namespace {
 
 /** Places within a pixel, along each side of it. */
-constexpr std::uint32_t kPhases = 8;
+constexpr int kPhases = 8;
 /** Numbers that are worked on at once. */
 constexpr int kBlock = UXCairoMarkCoverage::blockWidth;
 static_assert(kBlock == UXCairoMarkLayers::blockWidth);
@@ -25,6 +25,14 @@ constexpr double kPixelCost = 4;
 constexpr double kFarthest = 1e9;
 /** Marks whose places are found at a time, so that these stay near at hand. */
 constexpr std::size_t kPlacesTogether = 1024;
+
+/** @return the nearest whole step, from 0 to greatest; 0 for NaN */
+int toStep(double place, int greatest)
+{
+    const double limit = greatest, rounded = place + 0.5;
+    const double above = rounded > 0 ? rounded : 0;
+    return static_cast<int>(above < limit ? above : limit);
+}
 
 double obtainArea(const UXCairoPixels::Box& box)
 {
@@ -92,23 +100,29 @@ UXCairoPixels::Box UXCairoMarkStamps::_findBox(std::span<const UXDoublePoint> ce
  *  @return false where there is no memory for these */
 bool UXCairoMarkStamps::_takePlaces(std::span<const UXDoublePoint> centres, const UXCairoPixels::Box& box)
 {
+    // 1. In steps from a place that is left of and above all that cover something, up to one beyond.
+    const int left = box.left - m_origin - 1, top = box.top - m_origin - 1;
+    const UXCairoPixels::Box limits{0, 0, (box.right + m_origin - left) * kPhases,
+                                    (box.bottom + m_origin - top) * kPhases};
+    m_steps.resize(centres.size());
+    const UXTransform toDevice = m_toDevice; // upright, as pixels are written only then
+    UXPoint* steps = m_steps.data();
+    for (std::size_t i = 0; i < centres.size(); ++i) {
+        steps[i].x = toStep((centres[i].x * toDevice.xx + toDevice.dx - left) * kPhases, limits.right);
+        steps[i].y = toStep((centres[i].y * toDevice.yy + toDevice.dy - top) * kPhases, limits.bottom);
+    }
+
+    // 2. The stamps of those in between.
     m_places.clear();
-    const double leastX = box.left - m_origin - 1, leastY = box.top - m_origin - 1;
-    const double greatestX = box.right + m_origin, greatestY = box.bottom + m_origin;
-    for (const UXDoublePoint& centre : centres) {
-        const UXDoublePoint at = m_toDevice.apply(centre.x, centre.y);
-        if (!(at.x > leastX && at.x < greatestX && at.y > leastY && at.y < greatestY))
+    for (const UXPoint& step : m_steps) {
+        if (step.x == 0 || step.y == 0 || step.x == limits.right || step.y == limits.bottom)
             continue;
-        // Whole steps from a place that is left of and above all others, so that what is cut is not negative.
-        const auto x = static_cast<std::uint32_t>(static_cast<int>((at.x - leastX) * kPhases + 0.5));
-        const auto y = static_cast<std::uint32_t>(static_cast<int>((at.y - leastY) * kPhases + 0.5));
-        const std::uint32_t phase = y % kPhases * kPhases + x % kPhases;
+        const auto phase = static_cast<std::size_t>(step.y % kPhases * kPhases + step.x % kPhases);
         if (m_stampOf[phase] < 0) {
             m_stampOf[phase] = static_cast<std::int32_t>(m_phases.size());
-            m_phases.push_back(phase);
+            m_phases.push_back(static_cast<int>(phase));
         }
-        m_places.push_back({box.left - 2 * m_origin - 1 + static_cast<std::int32_t>(x / kPhases),
-                            box.top - 2 * m_origin - 1 + static_cast<std::int32_t>(y / kPhases),
+        m_places.push_back({left - m_origin + step.x / kPhases, top - m_origin + step.y / kPhases,
                             static_cast<std::uint32_t>(m_stampOf[phase])});
     }
     return _makeStamps();
@@ -128,7 +142,7 @@ bool UXCairoMarkStamps::_makeStamps()
     cairo_t* context = cairo_create(surface.get());
     for (std::size_t stamp = first; stamp < end; ++stamp) {
         const double top = m_height * static_cast<double>(stamp - first);
-        const std::uint32_t phase = m_phases[stamp], phaseY = phase / kPhases;
+        const int phase = m_phases[stamp], phaseY = phase / kPhases;
         const cairo_matrix_t matrix{m_toDevice.xx,
                                     m_toDevice.yx,
                                     m_toDevice.xy,

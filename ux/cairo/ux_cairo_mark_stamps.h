@@ -2,6 +2,7 @@
 
 #include "ux/cairo/ux_cairo_pixels.h"
 #include "ux/ux_double_point.h"
+#include "ux/ux_point.h"
 #include "ux/ux_transform.h"
 
 #include <array>
@@ -54,9 +55,10 @@ private:
     int m_height; // of a stamp
     int m_width;  // whole blocks of it
     double m_opacity = 1;
+    std::vector<UXPoint> m_steps; // of marks that places are found for
     std::vector<Place> m_places;
     std::array<std::int32_t, stampCount> m_stampOf; // by the place within a pixel; -1 for one not needed yet
-    std::vector<std::uint32_t> m_phases;            // of the stamps
+    std::vector<int> m_phases;                      // of the stamps
     // Stamp by stamp, row by row
     std::vector<std::uint8_t> m_coverage;   // of a mark
     std::vector<std::uint16_t> m_opacities; // what it takes of the ground
