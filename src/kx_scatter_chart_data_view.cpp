@@ -40,7 +40,7 @@ constexpr double leastPlace = 8;
 /** How large a point of a legend's symbol can be, as a part of its height. */
 constexpr double greatestSymbolPoint = 0.8;
 
-/** @param others of the same points, along the other axis
+/** @param x, y the numbers of the same points along both axes
  *  @param isLogarithmic whether only values above zero lie on the axis
  *  @return the extremes of the values of the first count points that lie on both axes */
 KXValueExtremes findExtremes(std::span<const double> values, std::span<const double> x,
