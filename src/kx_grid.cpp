@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <utility>
+#include <vector>
 
 // Hosts may refer to them, on Windows too
 constexpr double KXGrid::greatestHeaderShare;
@@ -23,8 +25,11 @@ constexpr std::int64_t edgeMilliseconds = 30;
 /** Of the way that the pointer is beyond the edge: how far each of these scrolls. */
 constexpr double edgeShare = 0.5;
 constexpr double leastEdgeStep = 4;
+/** So far the pointer goes before a press is a drag. */
+constexpr int leastDrag = 4;
 
-constexpr KXGridBand allBands[] = {KXGridBand::Header, KXGridBand::Content, KXGridBand::Totals};
+constexpr KXGridBand allBands[] = {KXGridBand::Header, KXGridBand::Content, KXGridBand::Totals,
+                                   KXGridBand::Frozen};
 
 std::int64_t obtainWhole(double extent)
 {
@@ -73,7 +78,12 @@ std::optional<KXGridStep> obtainStep(UXKeyCode key, bool toEnds)
 
 } // namespace
 
-KXGrid::KXGrid() : m_edgeTimer([this] { _scrollAtEdge(); }) { setDelegate(this); }
+KXGrid::KXGrid() : m_edgeTimer([this] { _scrollAtEdge(); })
+{
+    setDelegate(this);
+    registerEventHandler(UXEventType::LeftClick,
+                         [this](const UXEvent&) { return std::exchange(m_ignoresClick, false); });
+}
 
 KXGrid::~KXGrid()
 {
@@ -130,9 +140,24 @@ void KXGrid::setTotalsBeforeContent(bool rows, bool columns)
 
 void KXGrid::_updateSelectionExtent()
 {
-    m_selection.setExtent(getRows(KXGridBand::Content).getCount() + getRows(KXGridBand::Totals).getCount(),
-                          getColumns(KXGridBand::Content).getCount() +
-                              getColumns(KXGridBand::Totals).getCount());
+    const auto count = [](const Bands& bands) {
+        return _countBefore(bands, KXGridBand::Totals) + bands.lines[2].getCount();
+    };
+    m_selection.setExtent(count(m_rows), count(m_columns));
+}
+
+/** @return how many lines the selection counts before those of a band */
+std::uint64_t KXGrid::_countBefore(const Bands& bands, KXGridBand band)
+{
+    const std::uint64_t frozen = bands.lines[3].getCount();
+    switch (band) {
+    case KXGridBand::Content:
+        return frozen;
+    case KXGridBand::Totals:
+        return frozen + bands.lines[1].getCount();
+    default:
+        return 0;
+    }
 }
 
 void KXGrid::setRect(UXRect rect)
@@ -152,7 +177,9 @@ void KXGrid::_reserveRoom()
         auto& extents = bands.extents;
         extents[0] = obtainCapped(bands.lines[0], room, greatestHeaderShare);
         extents[2] = obtainCapped(bands.lines[2], room, greatestTotalsShare);
-        return extents[0] + (bands.totalsFirst ? extents[2] : 0);
+        extents[3] = obtainCapped(bands.lines[3],
+                                  static_cast<int>(std::max(room, 0) * greatestHeaderShare) - extents[0], 1);
+        return extents[0] + extents[3] + (bands.totalsFirst ? extents[2] : 0);
     };
     const UXObjectWatcher self(this);
     UXPadding padding;
@@ -179,7 +206,8 @@ void KXGrid::_placeBands(Bands& bands, int start, int shown, int bandsBefore) co
     bands.starts[0] = bandsBefore;
     bands.starts[1] = start;
     bands.extents[1] = static_cast<int>(std::min<std::int64_t>(content, std::max(shown - after, 0)));
-    bands.starts[2] = bands.totalsFirst ? start - totals : start + bands.extents[1];
+    bands.starts[3] = start - bands.extents[3];
+    bands.starts[2] = bands.totalsFirst ? bands.starts[3] - totals : start + bands.extents[1];
 }
 
 void KXGrid::_layoutPanels()
@@ -249,16 +277,18 @@ UXRect KXGrid::obtainSeenRect(const KXGridHit& hit) const
 
 void KXGrid::showCell(const KXGridCell& cell)
 {
-    const KXGridLines& rows = getRows(KXGridBand::Content);
-    const KXGridLines& columns = getColumns(KXGridBand::Content);
-    if (cell.row >= rows.getCount() || cell.column >= columns.getCount())
-        return;
+    const auto obtainOffset = [](const Bands& bands, std::uint64_t line, std::int64_t offset, int shown) {
+        const KXGridLines& content = bands.lines[1];
+        const std::uint64_t before = _countBefore(bands, KXGridBand::Content);
+        if (line < before || line - before >= content.getCount())
+            return offset; // it stays in sight
+        const double start = content.obtainStart(line - before);
+        return reach(offset, shown - (bands.totalsFirst ? 0 : bands.extents[2]), start,
+                     start + content.obtainExtent(line - before));
+    };
     const UXSize shown = obtainDisplayArea();
-    const int across = shown.width - (m_columns.totalsFirst ? 0 : m_columns.extents[2]);
-    const int down = shown.height - (m_rows.totalsFirst ? 0 : m_rows.extents[2]);
-    const double left = columns.obtainStart(cell.column), top = rows.obtainStart(cell.row);
-    const std::int64_t x = reach(getContentOffsetX(), across, left, left + columns.obtainExtent(cell.column));
-    const std::int64_t y = reach(getContentOffsetY(), down, top, top + rows.obtainExtent(cell.row));
+    const std::int64_t x = obtainOffset(m_columns, cell.column, getContentOffsetX(), shown.width);
+    const std::int64_t y = obtainOffset(m_rows, cell.row, getContentOffsetY(), shown.height);
     const UXObjectWatcher self(this);
     setContentOffsetX(x);
     if (self.isAlive())
@@ -291,12 +321,8 @@ std::optional<KXGridCell> KXGrid::obtainSelectionCell(const KXGridHit& hit) cons
 {
     if (hit.rowBand == KXGridBand::Header || hit.columnBand == KXGridBand::Header)
         return std::nullopt;
-    KXGridCell cell = hit.cell;
-    if (hit.rowBand == KXGridBand::Totals)
-        cell.row += getRows(KXGridBand::Content).getCount();
-    if (hit.columnBand == KXGridBand::Totals)
-        cell.column += getColumns(KXGridBand::Content).getCount();
-    return cell;
+    return KXGridCell{hit.cell.row + _countBefore(m_rows, hit.rowBand),
+                      hit.cell.column + _countBefore(m_columns, hit.columnBand)};
 }
 
 bool KXGrid::_press(const UXEvent& event)
@@ -332,8 +358,55 @@ void KXGrid::_tellSelection(const UXEvent& event)
         handler(event);
 }
 
+void KXGrid::setDragHandler(std::function<bool()> mayBegin,
+                            std::function<void(const KXGridBlock&, const UXEvent&)> handler)
+{
+    m_mayDrag = std::move(mayBegin);
+    m_dragged = std::move(handler);
+}
+
+/** @return whether the drag that a press may be has begun */
+bool KXGrid::_startDrag(const UXEvent& event)
+{
+    const UXPoint point = getTranslatedPointFromEvent(event, this);
+    const bool isNear = std::abs(point.x - m_pressPoint.x) <= leastDrag &&
+                        std::abs(point.y - m_pressPoint.y) <= leastDrag;
+    if (!m_dragStart || isNear)
+        return false;
+    m_selection.press(*m_dragStart, KXGridSelectionUnit::Cells, false, false);
+    m_dragStart.reset();
+    m_drags = true;
+    m_ignoresClick = true;
+    return true;
+}
+
+/** What a drag has chosen is the handler's from now on. */
+void KXGrid::_endDrag(const UXEvent& event)
+{
+    const std::vector<KXGridBlock> blocks = m_selection.getBlocks();
+    m_selection.clear();
+    const UXObjectWatcher self(this);
+    invalidate();
+    const auto handler = self.isAlive() ? m_dragged : nullptr;
+    if (handler && !blocks.empty())
+        handler(blocks.back(), event);
+}
+
 bool KXGrid::customMouseDown(const UXEvent& event, bool& stop)
 {
+    m_ignoresClick = false;
+    m_dragStart.reset();
+    if (!m_selects && m_dragged && event.containsEventKey(UXEventKey::LeftButton)) {
+        const UXObjectWatcher self(this);
+        const std::function<bool()> mayBegin = m_mayDrag;
+        if (mayBegin && mayBegin() && self.isAlive()) {
+            m_pressPoint = getTranslatedPointFromEvent(event, this);
+            const std::optional<KXGridHit> hit = findCell(m_pressPoint);
+            m_dragStart = hit ? obtainSelectionCell(*hit) : std::nullopt;
+        }
+        if (!self.isAlive())
+            return true;
+    }
     if (!m_selects || !event.containsEventKey(UXEventKey::LeftButton) || !_press(event))
         return UXVirtualScrollView::customMouseDown(event, stop);
     m_drags = true;
@@ -344,7 +417,7 @@ bool KXGrid::customMouseDown(const UXEvent& event, bool& stop)
 
 bool KXGrid::customMouseDragging(const UXEvent& event, bool& stop)
 {
-    if (!m_drags)
+    if (!m_drags && !_startDrag(event))
         return UXVirtualScrollView::customMouseDragging(event, stop);
     m_dragPoint = getTranslatedPointFromEvent(event, this);
     const bool isBeyond = !uxPointInRect(m_dragPoint, _obtainContentRect());
@@ -360,6 +433,12 @@ bool KXGrid::customMouseUp(const UXEvent& event, bool& stop)
 {
     m_edgeTimer.stop();
     const bool dragged = std::exchange(m_drags, false);
+    m_dragStart.reset();
+    const UXObjectWatcher self(this);
+    if (dragged && !m_selects)
+        _endDrag(event);
+    if (!self.isAlive())
+        return true;
     return UXVirtualScrollView::customMouseUp(event, stop) || dragged;
 }
 

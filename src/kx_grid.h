@@ -2,6 +2,7 @@
 
 #include "kx_export.h"
 #include "kx_grid_band.h"
+#include "kx_grid_block.h"
 #include "kx_grid_hit.h"
 #include "kx_grid_lines.h"
 #include "kx_grid_selection.h"
@@ -21,7 +22,8 @@ class KXGridPanel;
 
 /**
  * Rows and columns of any number, of which only those in sight cost anything. Headers and totals stay in
- * sight while the content scrolls both ways; each of up to nine panels shows where two bands cross.
+ * sight while the content scrolls both ways, and so do lines that are frozen; each panel shows where two
+ * bands cross.
  *
  * Where it selects, presses choose cells, and on headers rows, columns or all, a drag goes on from there and
  * scrolls while it is beyond an edge, and the keys move: arrows, Page, Home, End, with Ctrl to the ends, with
@@ -29,8 +31,8 @@ class KXGridPanel;
  */
 class KX_EXPORT KXGrid : public UXVirtualScrollView, public UXVirtualScrollViewDelegate {
 public:
-    /** Of the extent: what headers, and what totals take at most, so that something of the content is seen.
-     */
+    /** Of the extent: what headers and frozen lines, and what totals take at most, so that something of the
+     * content is seen. */
     static constexpr double greatestHeaderShare = 0.6, greatestTotalsShare = 0.25;
 
     KXGrid();
@@ -56,7 +58,8 @@ public:
     std::optional<KXGridHit> findCell(const UXPoint& point) const;
     /** @return what can be seen of a cell, empty where that is nothing */
     UXRect obtainSeenRect(const KXGridHit& hit) const;
-    /** Scrolls as little as brings a cell of the content into sight. */
+    /** Scrolls as little as brings a cell into sight, as far as it scrolls.
+     *  @param cell as the selection counts it */
     void showCell(const KXGridCell& cell);
     /** @return how many rows of the content fit, at least one */
     std::uint64_t obtainPageRows() const;
@@ -65,7 +68,8 @@ public:
     bool getSelects() const { return m_selects; }
     /** Off at first: presses and keys are left to whoever is around the grid. */
     void setSelects(bool selects);
-    /** @return what counts the totals after the content; headers are not in it */
+    /** @return what counts the frozen lines before the content and the totals after it; headers are not in it
+     */
     KXGridSelection& getSelection() { return m_selection; }
     const KXGridSelection& getSelection() const { return m_selection; }
     /** Called when the user has chosen something else; may destroy the grid. */
@@ -73,6 +77,13 @@ public:
     {
         m_selectionChanged = std::move(handler);
     }
+    /** Where it does not select by itself: a drag from one cell to another chooses those between them, which
+     * the handler is told at the end; a press without a drag is left to whoever is around the grid.
+     *  @param mayBegin asked at each press; may destroy the grid, as the handler may */
+    void setDragHandler(std::function<bool()> mayBegin,
+                        std::function<void(const KXGridBlock&, const UXEvent&)> handler);
+    /** @return whether what is chosen is to be seen */
+    bool showsSelection() const { return m_selects || m_drags; }
     /** @return the cell as the selection counts it, none for a header's */
     std::optional<KXGridCell> obtainSelectionCell(const KXGridHit& hit) const;
     /** Acts on a key. @return whether it is one of the selection's */
@@ -112,10 +123,13 @@ private:
     void _placeBands(Bands& bands, int start, int shown, int bandsBefore) const;
     void _layoutPanels();
     void _updateSelectionExtent();
+    static std::uint64_t _countBefore(const Bands& bands, KXGridBand band);
     UXRect _obtainContentRect() const;
 
     // The user
     bool _press(const UXEvent& event);
+    bool _startDrag(const UXEvent& event);
+    void _endDrag(const UXEvent& event);
     void _dragTo(const UXPoint& point, const UXEvent& event);
     void _scrollAtEdge();
     bool _act(const UXEvent& event);
@@ -126,8 +140,12 @@ private:
     KXGridSelection m_selection;
     std::function<void()> m_scrolled;
     std::function<void(const UXEvent&)> m_selectionChanged;
+    std::function<bool()> m_mayDrag;
+    std::function<void(const KXGridBlock&, const UXEvent&)> m_dragged;
     UXTimer m_edgeTimer;
-    UXPoint m_dragPoint;
+    UXPoint m_dragPoint, m_pressPoint;
+    std::optional<KXGridCell> m_dragStart; // pressed, where a drag would begin
+    bool m_ignoresClick = false;           // that ends a drag
     bool m_selects = false;
     bool m_showsFocus = false;
     bool m_drags = false;

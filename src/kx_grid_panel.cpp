@@ -87,7 +87,7 @@ UXDoubleRect KXGridPanel::_obtainBlockRect(const KXGridRange& rows, const KXGrid
             m_rows.obtainStart(rows.end) - top};
 }
 
-/** @param selected lines as the selection counts them, the totals after the content
+/** @param selected lines as the selection counts them
  *  @return those that are in sight here; of headers, which the selection does not count, all */
 KXGridRange KXGridPanel::_obtainOwnRange(const KXGridRange& selected, bool areRows) const
 {
@@ -95,11 +95,7 @@ KXGridRange KXGridPanel::_obtainOwnRange(const KXGridRange& selected, bool areRo
     const KXGridLines& own = areRows ? m_rows : m_columns;
     if (band == KXGridBand::Header)
         return {0, own.getCount()};
-    const std::uint64_t before = band == KXGridBand::Content
-                                     ? 0
-                                     : (areRows ? m_grid->getRows(KXGridBand::Content)
-                                                : m_grid->getColumns(KXGridBand::Content))
-                                           .getCount();
+    const std::uint64_t before = KXGrid::_countBefore(areRows ? m_grid->m_rows : m_grid->m_columns, band);
     const KXGridRange found = kxIntersectRanges(selected, {before, before + own.getCount()});
     return found.isEmpty() ? KXGridRange() : KXGridRange{found.first - before, found.end - before};
 }
@@ -108,7 +104,7 @@ KXGridRange KXGridPanel::_obtainOwnRange(const KXGridRange& selected, bool areRo
 void KXGridPanel::_paintSelection(UXPainter& painter) const
 {
     const bool isHeader = m_rowBand == KXGridBand::Header || m_columnBand == KXGridBand::Header;
-    if (!m_grid->getSelects() || (m_rowBand == KXGridBand::Header && m_columnBand == KXGridBand::Header))
+    if (!m_grid->showsSelection() || (m_rowBand == KXGridBand::Header && m_columnBand == KXGridBand::Header))
         return;
     const KXGridSelection& selection = m_grid->getSelection();
     for (const KXGridBlock& block : selection.getBlocks()) {

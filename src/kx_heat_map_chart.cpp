@@ -7,6 +7,7 @@
 #include "kx_chart_items.h"
 #include "kx_chart_object_id_types.h"
 #include "kx_chart_property.h"
+#include "kx_chart_selection_provider.h"
 #include "kx_heat_map_chart_data_provider.h"
 #include "kx_heat_map_legend.h"
 #include "kx_heat_map_panel.h"
@@ -51,6 +52,8 @@ namespace {
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 /** What stands for more cells than these is not listed one by one. */
 constexpr std::uint64_t greatestListedCount = std::uint64_t{1} << 20;
+/** Not more cells are chosen by one drag: the host is told each of them. */
+constexpr std::uint64_t greatestChosenCount = 65'536;
 
 } // namespace
 
@@ -63,6 +66,9 @@ KXHeatMapChart::KXHeatMapChart()
     addChild(m_noDataLabel);
     m_legend->setVisible(false);
     m_panel->setScrolledHandler([this] { getItems()->forgetPointer(); });
+    m_panel->setDragHandler(
+        [this] { return _canChoose(); },
+        [this](const KXGridBlock& block, const UXEvent& event) { _choose(block, event); });
     _makeItems(*this, *this, *this, *this);
 }
 
@@ -357,6 +363,32 @@ std::vector<KXChartItem> KXHeatMapChart::findItems(const KXChartDataPath& path)
 }
 
 // The pointer and the keys
+
+bool KXHeatMapChart::_canChoose()
+{
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXChartSelectionProvider>();
+    return provider && isInteractionEnabled() && provider->obtainCanSelect(this) && use.isAlive();
+}
+
+/** A drag chooses the cells that have a value; totals are none of them. */
+void KXHeatMapChart::_choose(const KXGridBlock& block, const UXEvent& event)
+{
+    const KXGridRange rows = kxIntersectRanges(block.rows, {0, obtainRowCount()});
+    const KXGridRange columns = kxIntersectRanges(block.columns, {0, obtainColumnCount()});
+    std::vector<KXChartItem> items;
+    if (rows.isEmpty() || columns.isEmpty() ||
+        rows.obtainCount() > greatestChosenCount / columns.obtainCount())
+        return;
+    items.reserve(rows.obtainCount() * columns.obtainCount());
+    for (std::uint64_t row = rows.first; row < rows.end; ++row)
+        for (std::uint64_t column = columns.first; column < columns.end; ++column)
+            if (const KXChartItem item = _obtainItem(
+                    {static_cast<std::int64_t>(row), static_cast<std::int64_t>(column)});
+                hasItem(item))
+                items.push_back(item);
+    getItems()->choose(items, event);
+}
 
 UXRect KXHeatMapChart::obtainHintArea(UXPoint point) { return getItems()->obtainHintArea(point); }
 KXChartDataPath* KXHeatMapChart::createDataPath() { return getItems()->createActionPath(); }

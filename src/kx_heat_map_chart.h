@@ -159,6 +159,8 @@ private:
     static UXTextProperty _makeTextProperty(int fontSize, const UXColor& color);
     std::optional<Place> _obtainPlace(const KXChartItem& item) const;
     KXChartItem _obtainItem(const Place& place) const;
+    bool _canChoose();
+    void _choose(const KXGridBlock& block, const UXEvent& event);
     bool _hasTotals(bool ofRows) const { return !m_totals[ofRows ? 0 : 1].values.empty(); }
     const Totals& _getTotals(bool ofRows) const { return m_totals[ofRows ? 0 : 1]; }
     std::optional<KXGridBlock> _obtainBlock(const KXChartItem& item) const;

@@ -1,12 +1,9 @@
 #include "kx_table_chart.h"
 
 #include "kx_chart_data_format.h"
-#include "kx_chart_data_path.h"
 #include "kx_chart_data_provider_use.h"
 #include "kx_chart_items.h"
 #include "kx_data_requests.h"
-#include "kx_highlighted_parts.h"
-#include "kx_hint_text.h"
 #include "kx_key_definitions.h"
 #include "kx_no_data_label.h"
 #include "kx_percentages.h"
@@ -32,7 +29,11 @@ constexpr std::uint64_t allMembers = KXTableChartDataProvider::allMembers;
 /** Of numbers of which some have a fraction and no format says how many decimals. */
 constexpr int usualDecimals = 2;
 constexpr double tenths = 10;
-constexpr KXGridBand bands[] = {KXGridBand::Header, KXGridBand::Content, KXGridBand::Totals};
+/** Not more columns are frozen: all of these are laid out. */
+constexpr std::uint64_t greatestFrozenCount = 64;
+constexpr KXGridBand rowBands[] = {KXGridBand::Header, KXGridBand::Content, KXGridBand::Totals};
+constexpr KXGridBand columnBands[] = {KXGridBand::Header, KXGridBand::Content, KXGridBand::Totals,
+                                      KXGridBand::Frozen};
 
 std::size_t obtainSlot(KXGridBand rowBand, KXGridBand columnBand)
 {
@@ -48,11 +49,12 @@ KXTableChart::KXTableChart()
     addChild(m_grid);
     addChild(m_noDataLabel);
     static constexpr KXTablePanelType types[] = {
-        KXTablePanelType::LeftTop,    KXTablePanelType::Top,     KXTablePanelType::RightTop,
-        KXTablePanelType::Left,       KXTablePanelType::Content, KXTablePanelType::Right,
-        KXTablePanelType::LeftBottom, KXTablePanelType::Bottom,  KXTablePanelType::RightBottom};
-    for (const KXGridBand rowBand : bands)
-        for (const KXGridBand columnBand : bands) {
+        KXTablePanelType::LeftTop, KXTablePanelType::Top,         KXTablePanelType::RightTop,
+        KXTablePanelType::Top,     KXTablePanelType::Left,        KXTablePanelType::Content,
+        KXTablePanelType::Right,   KXTablePanelType::Content,     KXTablePanelType::LeftBottom,
+        KXTablePanelType::Bottom,  KXTablePanelType::RightBottom, KXTablePanelType::Bottom};
+    for (const KXGridBand rowBand : rowBands)
+        for (const KXGridBand columnBand : columnBands) {
             const std::size_t slot = obtainSlot(rowBand, columnBand);
             m_panels[slot] = new KXTablePanel(types[slot]);
             m_panels[slot]->setDelegate(this);
@@ -104,6 +106,17 @@ bool KXTableChart::_isGroupOpen(bool isRow, const std::string& identity) const
     return m_expandsGroups != (std::ranges::count(isRow ? m_toggledRows : m_toggledColumns, identity) > 0);
 }
 
+bool KXTableChart::_hidesEmptyMembers(bool isRow) const
+{
+    return isRow ? m_hideEmptyRows : m_hideEmptyColumns;
+}
+
+const std::vector<std::string>& KXTableChart::_obtainMemberOrder(bool isRow) const
+{
+    static const std::vector<std::string> asTheHostHasIt;
+    return isRow ? asTheHostHasIt : m_columnOrder;
+}
+
 void KXTableChart::resetData()
 {
     KXTableChartDataUser::resetData();
@@ -111,6 +124,7 @@ void KXTableChart::resetData()
     m_measureWidths.clear();
     m_isSettled = false;
     m_shownFormats.clear();
+    m_measureOrder.clear();
 }
 
 void KXTableChart::customReloadData()
@@ -119,6 +133,7 @@ void KXTableChart::customReloadData()
     KXTableChartDataUser::customReloadData();
     if (!self.isAlive())
         return;
+    _orderMeasures();
     std::string total = uxLocalizeString("Total");
     if (self.isAlive())
         m_totalWord = std::move(total);
@@ -184,24 +199,52 @@ std::uint64_t KXTableChart::obtainColumnCount() const
     return _obtainContentCount(false) + (_hasGrandTotal(false) ? _obtainMeasuresAlong(false) : 0);
 }
 
+std::uint64_t KXTableChart::_obtainFrozenCount() const
+{
+    const auto wanted = static_cast<std::uint64_t>(std::max(m_frozenColumns, 0));
+    return std::min({wanted, _obtainContentCount(false), greatestFrozenCount});
+}
+
+KXTableChart::Columns KXTableChart::_obtainColumns(KXGridBand band) const
+{
+    if (band == KXGridBand::Frozen)
+        return {KXGridBand::Content, 0};
+    return {band, band == KXGridBand::Content ? _obtainFrozenCount() : 0};
+}
+
+std::uint64_t KXTableChart::_obtainMeasureAt(bool isRow, std::uint64_t place) const
+{
+    return isRow == m_measuresOnRows && place < m_measureOrder.size() ? m_measureOrder[place] : place;
+}
+
 KXTableChart::Line KXTableChart::_obtainLine(bool isRow, KXGridBand band, std::uint64_t index) const
 {
     if (band == KXGridBand::Header)
         return {true, index, {}, 0};
     const std::uint64_t along = _obtainMeasuresAlong(isRow);
+    const std::uint64_t measure = _obtainMeasureAt(isRow, index % along);
     if (band == KXGridBand::Totals)
-        return {false, 0, {{}, KXTableLine::Kind::Total, false}, index % along};
-    return {false, 0, getTree(isRow).obtainLine(index / along), index % along};
+        return {false, 0, {{}, KXTableLine::Kind::Total, false}, measure};
+    return {false, 0, getTree(isRow).obtainLine(index / along), measure};
+}
+
+/** @param index as items count: the totals of all after the content */
+KXTableChart::Line KXTableChart::_obtainLineAt(bool isRow, std::uint64_t index) const
+{
+    const std::uint64_t count = _obtainContentCount(isRow);
+    return index < count ? _obtainLine(isRow, KXGridBand::Content, index)
+                         : _obtainLine(isRow, KXGridBand::Totals, index - count);
 }
 
 KXTableChart::Lines KXTableChart::_obtainLines(const KXGridPanel& panel, bool isRow) const
 {
     const KXGridRange range = isRow ? panel.obtainVisibleRows() : panel.obtainVisibleColumns();
-    const KXGridBand band = isRow ? panel.getRowBand() : panel.getColumnBand();
+    const Columns columns = _obtainColumns(panel.getColumnBand());
     Lines lines;
     lines.reserve(range.obtainCount());
     for (std::uint64_t index = range.first; index < range.end; ++index)
-        lines.push_back(_obtainLine(isRow, band, index));
+        lines.push_back(isRow ? _obtainLine(true, panel.getRowBand(), index)
+                              : _obtainLine(false, columns.band, columns.first + index));
     return lines;
 }
 
@@ -214,12 +257,7 @@ std::optional<KXTablePlace> KXTableChart::obtainPlace(std::uint64_t row, std::ui
 {
     if (row >= obtainRowCount() || column >= obtainColumnCount())
         return std::nullopt;
-    const auto obtain = [this](bool isRow, std::uint64_t index) {
-        const std::uint64_t count = _obtainContentCount(isRow);
-        return index < count ? _obtainLine(isRow, KXGridBand::Content, index)
-                             : _obtainLine(isRow, KXGridBand::Totals, index - count);
-    };
-    return _makePlace(obtain(true, row), obtain(false, column));
+    return _makePlace(_obtainLineAt(true, row), _obtainLineAt(false, column));
 }
 
 /** @return whether a line stands for several members */
@@ -235,10 +273,15 @@ std::optional<KXGridHit> KXTableChart::_findHit(const KXChartItem& item) const
         return std::nullopt;
     KXGridHit hit;
     const std::uint64_t rows = _obtainContentCount(true), columns = _obtainContentCount(false);
+    const std::uint64_t frozen = _obtainFrozenCount();
     hit.rowBand = item.group < rows ? KXGridBand::Content : KXGridBand::Totals;
-    hit.columnBand = item.index < columns ? KXGridBand::Content : KXGridBand::Totals;
-    hit.cell = {item.group < rows ? item.group : item.group - rows,
-                item.index < columns ? item.index : item.index - columns};
+    hit.columnBand = item.index < frozen    ? KXGridBand::Frozen
+                     : item.index < columns ? KXGridBand::Content
+                                            : KXGridBand::Totals;
+    hit.cell = {item.group < rows ? item.group : item.group - rows, item.index < frozen ? item.index
+                                                                    : item.index < columns
+                                                                        ? item.index - frozen
+                                                                        : item.index - columns};
     if (item.kind == rowKind) {
         hit.columnBand = KXGridBand::Header;
         hit.cell.column = 0;
@@ -344,11 +387,9 @@ std::string KXTableChart::obtainCellText(std::uint64_t row, std::uint64_t column
 
 std::string KXTableChart::obtainHeaderText(bool isRow, std::uint64_t index)
 {
-    const std::uint64_t count = _obtainContentCount(isRow);
     if (index >= (isRow ? obtainRowCount() : obtainColumnCount()))
         return {};
-    const Line line = index < count ? _obtainLine(isRow, KXGridBand::Content, index)
-                                    : _obtainLine(isRow, KXGridBand::Totals, index - count);
+    const Line line = _obtainLineAt(isRow, index);
     std::string text = _describeLine(isRow, line);
     if (isRow == m_measuresOnRows && (getMeasures().size() > 1 || text.empty()))
         text += (text.empty() ? "" : ", ") + getMeasures()[line.measure].label;
@@ -406,273 +447,4 @@ const KXTableDatabarInfo* KXTableChart::_findDatabar(std::uint64_t measure) cons
         if (databar.getMeasureID().empty() || databar.getMeasureID() == getMeasures()[measure].id)
             return &databar;
     return nullptr;
-}
-
-// Items
-
-std::optional<KXChartItem> KXTableChart::obtainItemAt(UXPoint point) const
-{
-    const UXRect area = m_grid->getRect();
-    if (!m_grid->getVisible() || !uxPointInRect(point, area))
-        return std::nullopt;
-    const std::optional<KXGridHit> hit = m_grid->findCell({point.x - area.x, point.y - area.y});
-    if (!hit || (hit->rowBand == KXGridBand::Header && hit->columnBand == KXGridBand::Header))
-        return std::nullopt;
-    return _makeItem(hit->rowBand, hit->columnBand, hit->cell.row, hit->cell.column);
-}
-
-bool KXTableChart::hasItem(const KXChartItem& item) const { return _findHit(item).has_value(); }
-
-std::vector<KXChartItem> KXTableChart::obtainItems() const
-{
-    std::vector<KXChartItem> items;
-    for (const KXTablePanel* panel : m_panels)
-        for (const KXTableDrawnCell& cell : panel->getCells())
-            if (m_grid->getVisible() && cell.item && cell.item->kind == cellKind && hasItem(*cell.item))
-                items.push_back(*cell.item);
-    std::ranges::sort(items);
-    return items;
-}
-
-std::uint64_t KXTableChart::obtainItemRowCount() const
-{
-    return obtainRowCount() == 0 ? 0 : 1 + obtainRowCount();
-}
-
-std::uint64_t KXTableChart::obtainItemRowLength(std::uint64_t row) const
-{
-    return obtainColumnCount() + (row > 0 ? 1 : 0);
-}
-
-KXChartItem KXTableChart::obtainItemInRow(std::uint64_t row, std::uint64_t place) const
-{
-    if (row == 0)
-        return {columnKind, 0, place};
-    return place == 0 ? KXChartItem{rowKind, row - 1, 0} : KXChartItem{cellKind, row - 1, place - 1};
-}
-
-UXAccessibleRole KXTableChart::obtainItemRole(const KXChartItem& item) const
-{
-    return item.kind == rowKind      ? UXAccessibleRole::RowHeader
-           : item.kind == columnKind ? UXAccessibleRole::ColumnHeader
-                                     : UXAccessibleRole::Cell;
-}
-
-UXRect KXTableChart::obtainItemRect(const KXChartItem& item) const
-{
-    const std::optional<KXGridHit> hit = m_grid->getVisible() ? _findHit(item) : std::nullopt;
-    if (!hit)
-        return {};
-    UXRect rect = m_grid->obtainSeenRect(*hit);
-    if (uxIsEmptyRect(rect))
-        return {};
-    rect.x += m_grid->getRect().x;
-    rect.y += m_grid->getRect().y;
-    return uxIntersectionRect(rect, getBoundingRect());
-}
-
-std::optional<KXChartItem> KXTableChart::obtainItemBeside(const std::optional<KXChartItem>& from,
-                                                          KXChartItemStep step) const
-{
-    using enum KXChartItemStep;
-    const std::uint64_t rows = obtainRowCount(), columns = obtainColumnCount();
-    if (rows == 0 || columns == 0)
-        return std::nullopt;
-    if (step == First)
-        return KXChartItem{cellKind, 0, 0};
-    if (step == Last)
-        return KXChartItem{cellKind, rows - 1, columns - 1};
-    if (!from)
-        return std::nullopt;
-    KXChartItem item = *from;
-    item.kind = cellKind;
-    const auto moveBack = [this](std::uint64_t& place) {
-        const std::uint64_t before = place;
-        place -= std::min(place, m_stepLength);
-        return place != before;
-    };
-    const auto moveOn = [this](std::uint64_t& place, std::uint64_t count) {
-        const std::uint64_t before = place;
-        place += std::min(count - 1 - place, m_stepLength);
-        return place != before;
-    };
-    switch (step) {
-    case Left:
-        return moveBack(item.index) ? std::optional(item) : std::nullopt;
-    case Right:
-        return moveOn(item.index, columns) ? std::optional(item) : std::nullopt;
-    case Up:
-        return moveBack(item.group) ? std::optional(item) : std::nullopt;
-    case Down:
-        return moveOn(item.group, rows) ? std::optional(item) : std::nullopt;
-    case Previous:
-        if (item.index > 0)
-            return KXChartItem{cellKind, item.group, item.index - 1};
-        return item.group > 0 ? std::optional(KXChartItem{cellKind, item.group - 1, columns - 1})
-                              : std::nullopt;
-    default: // Next
-        if (item.index + 1 < columns)
-            return KXChartItem{cellKind, item.group, item.index + 1};
-        return item.group + 1 < rows ? std::optional(KXChartItem{cellKind, item.group + 1, 0}) : std::nullopt;
-    }
-}
-
-/** Totals stay in sight, so that of a place among them the other direction alone scrolls. */
-void KXTableChart::showItem(const KXChartItem& item)
-{
-    const std::uint64_t rows = _obtainContentCount(true), columns = _obtainContentCount(false);
-    if (rows == 0 || columns == 0 || !hasItem(item))
-        return;
-    const UXPoint offset(uxSaturateToInt(m_grid->getContentOffsetX()),
-                         uxSaturateToInt(m_grid->getContentOffsetY()));
-    const UXObjectWatcher self(this);
-    m_grid->showCell({std::min(item.group, rows - 1), std::min(item.index, columns - 1)});
-    if (self.isAlive() && item.group >= rows)
-        m_grid->setContentOffsetY(offset.y);
-    if (self.isAlive() && item.index >= columns)
-        m_grid->setContentOffsetX(offset.x);
-    if (self.isAlive())
-        m_grid->layout(); // so that what is explained of the cell stands where it is
-}
-
-KXChartDataPath* KXTableChart::createItemPath(const KXChartItem& item)
-{
-    auto* path = new KXChartDataPath;
-    static constexpr const char* identifiers[] = {"Cell", "Row", "Column"};
-    const std::optional<KXTablePlace> place = obtainPlace(item.group, item.index);
-    if (!place || item.kind < cellKind || item.kind > columnKind)
-        return path;
-    path->identifier = identifiers[item.kind];
-    if (item.kind == cellKind) {
-        path->valueIndexPath = _makeValuePath(*place);
-        return path;
-    }
-    const bool isRow = item.kind == rowKind;
-    const KXIndexPath& positions = isRow ? place->row : place->column;
-    if (positions.empty())
-        return path; // a total of all, or the name of a measure
-    path->dimensionIndexPath = {(isRow ? 0 : getDimensions(true).size()) + positions.size() - 1};
-    path->dimensionIndexPath.insert(path->dimensionIndexPath.end(), positions.begin(), positions.end());
-    return path;
-}
-
-/** @param positions of a total with allMembers at their end, or shorter
- *  @return the first row or column that stands for them, none where it is not shown */
-std::optional<std::uint64_t> KXTableChart::_findLine(bool isRow, KXIndexPath positions) const
-{
-    while (!positions.empty() && positions.back() == allMembers)
-        positions.pop_back();
-    if (positions.empty() && !getDimensions(isRow).empty())
-        return _hasGrandTotal(isRow) ? std::optional(_obtainContentCount(isRow)) : std::nullopt;
-    std::optional<std::uint64_t> line = getTree(isRow).findLine(positions);
-    if (!line)
-        line = getTree(isRow).findLine(positions, true);
-    return line ? std::optional(*line * _obtainMeasuresAlong(isRow)) : std::nullopt;
-}
-
-std::optional<KXChartItem> KXTableChart::_findCell(const KXTablePlace& place) const
-{
-    const std::optional<std::uint64_t> row = _findLine(true, place.row);
-    const std::optional<std::uint64_t> column = _findLine(false, place.column);
-    if (!row || !column || place.measure >= getMeasures().size())
-        return std::nullopt;
-    return m_measuresOnRows ? KXChartItem{cellKind, *row + place.measure, *column}
-                            : KXChartItem{cellKind, *row, *column + place.measure};
-}
-
-/** A path of another chart may name fewer dimensions: then it is about a row or a column. */
-std::vector<KXChartItem> KXTableChart::findItems(const KXChartDataPath& path)
-{
-    const std::size_t rowLevels = getDimensions(true).size(), columnLevels = getDimensions(false).size();
-    const KXIndexPath &value = path.valueIndexPath, &member = path.dimensionIndexPath;
-    if (value.size() == 1 + rowLevels + columnLevels && value[0] < getMeasures().size()) {
-        const auto middle = value.begin() + 1 + static_cast<std::ptrdiff_t>(rowLevels);
-        const std::optional<KXChartItem> item = _findCell(
-            {{value.begin() + 1, middle}, {middle, value.end()}, value[0]});
-        return item ? std::vector{*item} : std::vector<KXChartItem>();
-    }
-    // The member of a dimension, or the value of a chart that has the first of them alone
-    KXIndexPath positions(member.begin() + (member.empty() ? 0 : 1), member.end());
-    std::uint64_t dimension = member.empty() ? 0 : member[0];
-    if (member.empty() && value.size() == 2)
-        positions = {value[1]};
-    if (positions.empty() || rowLevels + columnLevels == 0)
-        return {};
-    const bool isRow = dimension < rowLevels;
-    dimension -= isRow ? 0 : rowLevels;
-    if (dimension + 1 != positions.size())
-        return {};
-    const std::optional<std::uint64_t> line = _findLine(isRow, positions);
-    const KXChartItem item = isRow ? KXChartItem{rowKind, line.value_or(0), 0}
-                                   : KXChartItem{columnKind, 0, line.value_or(0)};
-    return line && hasItem(item) ? std::vector{item} : std::vector<KXChartItem>();
-}
-
-std::vector<KXObjectID> KXTableChart::obtainItemObjectIDs(const KXChartItem& item) const
-{
-    const auto make = [](const char* kind, std::uint64_t index) {
-        return KXObjectID::instance().path(kxCreateObjectIDPath(std::string(kind))).index(index);
-    };
-    if (item.kind == rowKind)
-        return {make("Row", item.group)};
-    if (item.kind == columnKind)
-        return {make("Column", item.index)};
-    return {make("Row", item.group).path(kxCreateObjectIDPath(std::string("Column"))).index(item.index)};
-}
-
-/** @return what the provider says about a cell, or else its row, its column and what it shows */
-UXHintInfo KXTableChart::obtainItemHint(const KXChartItem& item)
-{
-    const std::optional<KXTablePlace> place = obtainPlace(item.group, item.index);
-    const std::optional<KXGridHit> hit = _findHit(item);
-    if (!place || !hit)
-        return UXHintInfo(false);
-    const KXChartDataProviderUse use(*this);
-    KXChartDataProviderHintData data;
-    auto* provider = use.as<KXTableChartDataProvider>();
-    if (provider && item.kind == cellKind)
-        data = provider->obtainHintData(this, _makeValuePath(*place));
-    if (!use.isAlive() || obtainPlace(item.group, item.index) != place)
-        return UXHintInfo(false);
-    if (!data.isEmpty())
-        return kxMakeHintInfo(data, m_hintInfo);
-
-    const bool hasRow = item.kind != columnKind, hasColumn = item.kind != rowKind;
-    std::string title = hasRow ? _describeLine(true, _obtainLine(true, hit->rowBand, hit->cell.row)) : "";
-    std::string column = hasColumn
-                             ? _describeLine(false, _obtainLine(false, hit->columnBand, hit->cell.column))
-                             : "";
-    title += (title.empty() || column.empty() ? "" : ", ") + column;
-    if (item.kind != cellKind)
-        return kxMakeHintInfo({title, ""}, m_hintInfo);
-    const std::string label = getMeasures()[place->measure].label;
-    const KXTableCell* cell = findCell(*place);
-    std::string text = cell && cell->state == KXTableCellState::Error ? cell->text : std::string();
-    if (text.empty())
-        text = obtainCellText(item.group, item.index);
-    if (!use.isAlive() || obtainPlace(item.group, item.index) != place)
-        return UXHintInfo(false);
-    const KXTableCell* told = findCell(*place);
-    if (told && told->part && _obtainShown(place->measure) == KXTableShowValuesAs::Value)
-        text = KXHighlightedParts::tellPart(_obtainFormat(place->measure).formatNumber(*told->part), text);
-    return kxMakeHintInfo({title, label, text}, m_hintInfo);
-}
-
-UXRect KXTableChart::obtainHintArea(UXPoint point) { return getItems()->obtainHintArea(point); }
-KXChartDataPath* KXTableChart::createDataPath() { return getItems()->createActionPath(); }
-
-/** A row or a column that stands out does so in all of its cells. */
-bool KXTableChart::_isHighlighted(const KXChartItem& item) const
-{
-    const KXChartItems& items = *getItems();
-    return items.isHighlighted(item) ||
-           (item.kind == cellKind && (items.isHighlighted({rowKind, item.group, 0}) ||
-                                      items.isHighlighted({columnKind, 0, item.index})));
-}
-
-void KXTableChart::itemLooksChanged()
-{
-    for (KXTablePanel* panel : m_panels)
-        if (panel->highlightCells([this](const KXChartItem& item) { return _isHighlighted(item); }))
-            panel->invalidate();
 }

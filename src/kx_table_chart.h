@@ -60,6 +60,13 @@ class KXTableGrid;
         "their widths in logical units")                                                                     \
     KEY(bool, RepeatHeaders, m_repeatHeaders, false, Any(Table), Layout,                                     \
         "in columns of their own, a group's name is written in each of its rows")                            \
+    KEY(std::vector<std::string>, ColumnOrder, m_columnOrder, {}, Any(Table), Reload,                        \
+        "members of the columns, and measures, that the user has put before the others, by identity")        \
+    KEY(int, FrozenColumns, m_frozenColumns, 0, Any(Table), Layout,                                          \
+        "so many of the first columns of cells stay in sight as well")                                       \
+    KEY(bool, HideEmptyRows, m_hideEmptyRows, false, Any(Table), Reload,                                     \
+        "rows without a value in any cell are left out")                                                     \
+    KEY(bool, HideEmptyColumns, m_hideEmptyColumns, false, Any(Table), Reload, "the same of columns")        \
     KEY(int, RowHeight, m_rowHeight, 0, Any(Table), Layout,                                                  \
         "in logical units, a line of text at least; 0: that and a margin")                                   \
     KEY(std::string, NullText, m_nullText, std::string("--"), Any(Table), Layout, "in a cell without value") \
@@ -174,6 +181,8 @@ protected:
     // From KXTableChartDataUser
     KXTableHeaderTree::Style _obtainTreeStyle(bool isRow) const override;
     bool _isGroupOpen(bool isRow, const std::string& identity) const override;
+    bool _hidesEmptyMembers(bool isRow) const override;
+    const std::vector<std::string>& _obtainMemberOrder(bool isRow) const override;
     void _blocksArrived() override;
 
     // From KXChart
@@ -191,6 +200,20 @@ private:
         std::uint64_t measure = 0; // where measures stand along this side
     };
     using Lines = std::vector<Line>;
+    /** Which columns a panel shows: those of a band, frozen ones being the first of the content. */
+    struct Columns {
+        KXGridBand band = KXGridBand::Content;
+        std::uint64_t first = 0; // that of the panel's first one
+    };
+    /** What a header that is dragged to another place is the name of: a member, or a measure. */
+    struct ColumnDrag {
+        bool isMeasure = false;
+        KXIndexPath path;          // of the member
+        std::uint64_t measure = 0; // of the measure
+        int startX = 0;
+        bool hasMoved = false;
+        std::optional<std::uint64_t> place; // among its siblings
+    };
     /** The edge of a column that is dragged. */
     struct EdgeDrag {
         std::string identity;
@@ -207,7 +230,11 @@ private:
     std::uint64_t _obtainRowHeaderCount() const;
     std::uint64_t _obtainColumnHeaderCount() const;
     std::uint64_t _obtainContentCount(bool isRow) const;
+    std::uint64_t _obtainFrozenCount() const;
+    Columns _obtainColumns(KXGridBand band) const;
+    std::uint64_t _obtainMeasureAt(bool isRow, std::uint64_t place) const;
     Line _obtainLine(bool isRow, KXGridBand band, std::uint64_t index) const;
+    Line _obtainLineAt(bool isRow, std::uint64_t index) const;
     Lines _obtainLines(const KXGridPanel& panel, bool isRow) const;
     KXTablePlace _makePlace(const Line& row, const Line& column) const;
     bool _isTotal(bool isRow, const Line& line) const;
@@ -256,7 +283,7 @@ private:
     void _markSorting(KXTableDrawnCell& cell, KXGridBand band, std::uint64_t column);
     std::vector<KXTableDrawnCell> _layoutValues(const KXTablePanel& panel);
     KXTableDrawnCell _layoutValue(const UXDoubleRect& rect, const KXTablePlace& place, bool isTotal);
-    void _addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const;
+    void _addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number);
     void _addBar(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const;
     void _addPart(KXTableDrawnCell& cell, double share) const;
 
@@ -268,20 +295,29 @@ private:
     bool _copy(const UXEvent& event);
     void _extendSelection(const std::optional<KXChartItem>& from, const UXEvent& event);
     bool _addClipRow(KXTableClip& clip, std::uint64_t row, const KXGridRange& columns, bool withHeaders);
+    void _takeColumn(KXTablePanel& panel, const UXEvent& event);
+    void _dragColumn(KXTablePanel& panel, const UXEvent& event);
+    void _dropColumn(const UXEvent& event);
+    std::optional<std::uint64_t> _findSibling(const ColumnDrag& drag, const Line& column) const;
+    std::vector<std::uint64_t> _obtainSiblings(const ColumnDrag& drag) const;
+    void _moveColumn(const ColumnDrag& drag);
+    void _orderMeasures();
 
-    KXTableGrid* m_grid;          // a child
-    KXNoDataLabel* m_noDataLabel; // a child
-    // Children of the grid
-    std::array<KXTablePanel*, std::size_t{kxGridBandCount} * kxGridBandCount> m_panels{};
-    std::string m_totalWord;                             // in the host's language
+    KXTableGrid* m_grid;                                                        // a child
+    KXNoDataLabel* m_noDataLabel;                                               // a child
+    static constexpr std::size_t panelCount = std::size_t{3} * kxGridBandCount; // no rows are frozen
+    std::array<KXTablePanel*, panelCount> m_panels{};                           // children of the grid
+    std::string m_totalWord;                                                    // in the host's language
     std::vector<double> m_headerWidths, m_measureWidths; // what texts that were in sight need
     std::vector<KXChartDataFormat> m_shownFormats; // by measure, with their decimals; empty until needed
     double m_stretch = 0;                          // what each column of cells has beyond that
     std::optional<EdgeDrag> m_edgeDrag;
-    std::uint64_t m_stepLength = 1; // how many rows or columns a key goes
-    bool m_isGrowing = false;       // some column needs more than it has
-    bool m_keepsWidths = false;     // through the next layout, as more was scrolled into sight
-    bool m_isSettled = false;       // all that was in sight was there
+    std::optional<ColumnDrag> m_columnDrag;
+    std::vector<std::uint64_t> m_measureOrder; // which measure stands at each place
+    std::uint64_t m_stepLength = 1;            // how many rows or columns a key goes
+    bool m_isGrowing = false;                  // some column needs more than it has
+    bool m_keepsWidths = false;                // through the next layout, as more was scrolled into sight
+    bool m_isSettled = false;                  // all that was in sight was there
     bool m_isLayingOut = false;
     bool m_asksNobody = false; // what is missing stays so, as colours alone change
 };

@@ -1,6 +1,8 @@
 #include "kx_table_chart_data_provider.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 
 // Hosts may refer to it, on Windows too
 constexpr std::uint64_t KXTableChartDataProvider::allMembers;
@@ -98,21 +100,78 @@ void KXTableChartDataProvider::_obtainParts(KXChartDataUser* user, std::uint64_t
 
 bool KXTableChartDataProvider::obtainHasTotals(KXChartDataUser*, bool, std::uint64_t) { return false; }
 
-KXTableExtent KXTableChartDataProvider::obtainExtent(KXChartDataUser* user, std::uint64_t measure)
+/** @return the cells of a measure that are no totals where they are few; nothing where they are not, or not
+ * there yet */
+std::vector<KXTableCell> KXTableChartDataProvider::_obtainFewCells(KXChartDataUser* user,
+                                                                   std::uint64_t measure)
 {
-    KXTableExtent extent;
     if (obtainRowDimensionCount(user) > 1 || obtainColumnDimensionCount(user) > 1)
-        return extent;
+        return {};
     const std::uint64_t rows = std::max<std::uint64_t>(obtainDimensionDataCount(user, 0), 1);
     const std::uint64_t columns = std::max<std::uint64_t>(obtainDimensionDataCount(user, 1), 1);
     if (rows > greatestFewCells || columns > greatestFewCells / rows)
-        return extent;
+        return {};
     std::vector<KXTableCell> cells(rows * columns);
-    if (obtainCells(user, {}, 0, {}, 0, measure, {cells, columns}))
-        for (const KXTableCell& cell : cells)
-            if (cell.state == KXTableCellState::Value)
-                kxExtendTableExtent(extent, cell.number, false);
+    if (!obtainCells(user, {}, 0, {}, 0, measure, {cells, columns}))
+        cells.clear();
+    return cells;
+}
+
+KXTableExtent KXTableChartDataProvider::obtainExtent(KXChartDataUser* user, std::uint64_t measure)
+{
+    KXTableExtent extent;
+    for (const KXTableCell& cell : _obtainFewCells(user, measure))
+        if (cell.state == KXTableCellState::Value)
+            kxExtendTableExtent(extent, cell.number, false);
     return extent;
+}
+
+bool KXTableChartDataProvider::obtainPercentiles(KXChartDataUser* user, std::uint64_t measure,
+                                                 std::span<double> values)
+{
+    std::vector<double> sorted;
+    for (const KXTableCell& cell : _obtainFewCells(user, measure))
+        if (cell.state == KXTableCellState::Value && std::isfinite(cell.number))
+            sorted.push_back(cell.number);
+    if (sorted.empty())
+        return false;
+    std::ranges::sort(sorted);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const double place = static_cast<double>(i) * static_cast<double>(sorted.size() - 1) /
+                             static_cast<double>(std::max<std::size_t>(values.size() - 1, 1));
+        const auto before = static_cast<std::size_t>(place);
+        const std::size_t after = std::min(before + 1, sorted.size() - 1);
+        values[i] = std::lerp(sorted[before], sorted[after], place - static_cast<double>(before));
+    }
+    return true;
+}
+
+std::vector<bool> KXTableChartDataProvider::obtainEmptyHeaders(KXChartDataUser* user, bool isRow,
+                                                               const KXIndexPath& path, std::uint64_t first,
+                                                               std::uint64_t count)
+{
+    // 1. What stands for all of the other side: its total, or its members where these are few.
+    const bool hasTotal = obtainHasTotals(user, !isRow, 0);
+    const std::uint64_t levels = isRow ? obtainColumnDimensionCount(user) : obtainRowDimensionCount(user);
+    const bool hasOne = hasTotal || levels == 0;
+    const std::uint64_t across = hasOne ? 1 : obtainHeaderCount(user, !isRow, {});
+    if (count == 0 || (!hasOne && levels > 1) || across == 0 || across > greatestFewCells / count)
+        return std::vector<bool>(count, false);
+
+    // 2. A line with one value in it is not empty.
+    std::vector<bool> areEmpty(count, true);
+    std::vector<KXTableCell> cells;
+    for (std::uint64_t measure = 0; measure < obtainValueCount(user); ++measure) {
+        cells.assign(count * across, {});
+        const std::uint64_t other = hasTotal ? allMembers : 0;
+        const bool isThere = isRow ? obtainCells(user, path, first, {}, other, measure, {cells, across})
+                                   : obtainCells(user, {}, other, path, first, measure, {cells, count});
+        for (std::uint64_t i = 0; i < cells.size(); ++i)
+            if (!isThere || cells[i].state == KXTableCellState::Value ||
+                cells[i].state == KXTableCellState::Error)
+                areEmpty[isRow ? i / across : i % count] = false;
+    }
+    return areEmpty;
 }
 
 void KXTableChartDataProvider::sortRequested(KXChartDataUser*, const std::vector<KXTableSort>&) {}

@@ -57,6 +57,14 @@ public:
      * bars, colours, decimals. By default the host is asked for the values where there are few; of others
      * nothing is known before they have been in sight. */
     virtual KXTableExtent obtainExtent(KXChartDataUser* user, std::uint64_t measure);
+    /** Sets values to those of the measure at equal steps from the least to the greatest: of 101 the one in
+     * the middle is the median. Totals are not among them. By default as obtainExtent.
+     *  @return false where the host cannot tell, or not yet: rules about them hold nowhere */
+    virtual bool obtainPercentiles(KXChartDataUser* user, std::uint64_t measure, std::span<double> values);
+    /** @return of members below a path, from one on, which have no value in any cell. By default those whose
+     * totals have none; without totals the host is asked for the cells where there are few. */
+    virtual std::vector<bool> obtainEmptyHeaders(KXChartDataUser* user, bool isRow, const KXIndexPath& path,
+                                                 std::uint64_t first, std::uint64_t count);
     /** The user wants another order of the rows. Called after the event; the host sorts, and has the chart
      * prepare and reload. @param order the first one counts the most; empty for the host's own */
     virtual void sortRequested(KXChartDataUser* user, const std::vector<KXTableSort>& order);
@@ -73,4 +81,5 @@ public:
 private:
     void _obtainParts(KXChartDataUser* user, std::uint64_t firstRow, std::uint64_t firstColumn,
                       std::uint64_t measure, const KXTableCellSpan& cells);
+    std::vector<KXTableCell> _obtainFewCells(KXChartDataUser* user, std::uint64_t measure);
 };

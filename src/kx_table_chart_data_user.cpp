@@ -27,6 +27,8 @@ constexpr std::uint64_t headerBlock = 256, rowBlock = 64, columnBlock = 16;
 constexpr std::size_t greatestHeaderSize = std::size_t{16} << 20;
 /** Sums up to a member go over so many before it at most. */
 constexpr std::uint64_t greatestRun = 100'000;
+constexpr std::size_t percentileCount = 101;
+const std::vector<double> noPercentiles;
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 const KXTableExtent noExtent;
 const KXTableCell noCell;
@@ -119,6 +121,8 @@ void KXTableChartDataUser::resetData()
     ++m_generation;
     m_data = {};
     m_extents.clear();
+    m_percentiles.clear();
+    m_wantedPercentiles.clear();
     m_rows = {};
     m_columns = {};
     m_headers.clear();
@@ -196,6 +200,7 @@ void KXTableChartDataUser::customReloadData()
     const KXChartDataProviderUse use(*this);
     m_headers.takeWanted();
     m_cells.takeWanted();
+    m_wantedPercentiles.clear();
     for (const bool isRow : {true, false}) {
         const Side& side = _side(isRow);
         KXTableHeaderTree::Style style = _obtainTreeStyle(isRow);
@@ -216,11 +221,15 @@ void KXTableChartDataUser::_openGroups(bool isRow, const KXIndexPath& parent, st
     auto* provider = use.as<KXTableChartDataProvider>();
     KXTableHeaderTree& tree = isRow ? m_rows : m_columns;
     const std::uint64_t count = tree.obtainMemberCount(parent);
-    if (!provider || parent.size() + 1 >= tree.getLevelCount() || count > room)
+    const bool isAboveLeaves = parent.size() + 1 < tree.getLevelCount();
+    if (!provider || parent.size() >= tree.getLevelCount() || count > room)
         return;
-    room -= count;
     const unsigned generation = m_generation;
     const auto isCurrent = [&] { return use.isCurrent() && generation == m_generation; };
+    _arrangeMembers(isRow, parent);
+    if (!isCurrent() || !isAboveLeaves)
+        return;
+    room -= count;
     KXIndexPath path = parent;
     path.push_back(0);
     for (; path.back() < count; ++path.back()) {
@@ -237,6 +246,51 @@ void KXTableChartDataUser::_openGroups(bool isRow, const KXIndexPath& parent, st
         if (!isCurrent())
             return;
     }
+}
+
+/** Members below a parent are shown in the order that is wanted, without those that have no values. */
+void KXTableChartDataUser::_arrangeMembers(bool isRow, const KXIndexPath& parent)
+{
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXTableChartDataProvider>();
+    KXTableHeaderTree& tree = isRow ? m_rows : m_columns;
+    const bool hidesEmpty = _hidesEmptyMembers(isRow);
+    if (!provider || (!hidesEmpty && _obtainMemberOrder(isRow).empty()))
+        return;
+
+    // 1. Ask for what it takes
+    const unsigned generation = m_generation;
+    const auto isCurrent = [&] { return use.isCurrent() && generation == m_generation; };
+    const std::uint64_t count = tree.obtainMemberCount(parent);
+    std::vector<bool> areEmpty;
+    if (hidesEmpty)
+        areEmpty = provider->obtainEmptyHeaders(this, isRow, parent, 0, count);
+    areEmpty.resize(count, false);
+    std::vector<std::string> identities(count);
+    KXIndexPath path = parent;
+    path.push_back(0);
+    for (; path.back() < count && isCurrent(); ++path.back())
+        if (_fetchHeader(isRow, path) && isCurrent())
+            identities[path.back()] = obtainIdentity(isRow, path);
+    if (!isCurrent())
+        return;
+
+    // 2. Those without a place of their own stay in the host's order.
+    const std::vector<std::string>& order = _obtainMemberOrder(isRow);
+    std::map<std::string, std::size_t> places;
+    for (std::size_t place = 0; place < order.size(); ++place)
+        places.try_emplace(order[place], place);
+    const auto obtainRank = [&](std::uint64_t position) {
+        const auto found = places.find(identities[position]);
+        return found == places.end() ? order.size() : found->second;
+    };
+    std::vector<std::uint64_t> shown;
+    shown.reserve(count);
+    for (std::uint64_t position = 0; position < count; ++position)
+        if (!areEmpty[position])
+            shown.push_back(position);
+    std::ranges::stable_sort(shown, {}, obtainRank);
+    tree.setShownMembers(parent, std::move(shown));
 }
 
 void KXTableChartDataUser::_setGroupOpen(bool isRow, const KXIndexPath& path, bool isOpen)
@@ -412,6 +466,12 @@ bool KXTableChartDataUser::_requestAll()
     const unsigned generation = m_generation;
     const auto isCurrent = [&] { return chart.isAlive() && generation == m_generation; };
     bool hasCome = false;
+    for (const std::uint64_t measure : std::exchange(m_wantedPercentiles, {})) {
+        const bool isThere = _pullPercentiles(measure);
+        if (!isCurrent())
+            return false;
+        hasCome = hasCome || isThere;
+    }
     for (const KXIndexPath& key : m_headers.takeWanted()) {
         const bool isThere = _pullHeaders(key);
         if (!isCurrent())
@@ -429,6 +489,31 @@ bool KXTableChartDataUser::_requestAll()
         hasCome = hasCome || isThere;
     }
     return hasCome;
+}
+
+const std::vector<double>& KXTableChartDataUser::findPercentiles(std::uint64_t measure)
+{
+    if (const auto found = m_percentiles.find(measure); found != m_percentiles.end())
+        return found->second;
+    if (measure < m_data.measures.size() && m_data.measures[measure].isNumber())
+        m_wantedPercentiles.insert(measure);
+    return noPercentiles;
+}
+
+/** @return whether the host knows them */
+bool KXTableChartDataUser::_pullPercentiles(std::uint64_t measure)
+{
+    const KXChartDataProviderUse use(*this);
+    auto* provider = use.as<KXTableChartDataProvider>();
+    const unsigned generation = m_generation;
+    std::vector<double> values(percentileCount);
+    const bool isKnown = provider && provider->obtainPercentiles(this, measure, values);
+    if (!use.isAlive() || generation != m_generation)
+        return false;
+    if (!isKnown)
+        values.clear();
+    m_percentiles[measure] = std::move(values);
+    return isKnown;
 }
 
 bool KXTableChartDataUser::_pullHeaders(const KXIndexPath& key)
@@ -489,6 +574,7 @@ void KXTableChartDataUser::_noteCells(std::uint64_t measure, const std::vector<K
 
 void KXTableChartDataUser::dataArrived(std::uint64_t, std::uint64_t)
 {
+    std::erase_if(m_percentiles, [](const auto& known) { return known.second.empty(); });
     const bool hasHeaders = m_headers.arrive(), hasCells = m_cells.arrive();
     if (hasHeaders || hasCells)
         _blocksArrived();

@@ -11,7 +11,10 @@
 #include "kx_table_header_tree.h"
 #include "kx_table_place.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -54,6 +57,9 @@ public:
     const std::vector<Dimension>& getDimensions(bool isRow) const { return _side(isRow).dimensions; }
     const std::vector<Measure>& getMeasures() const { return m_data.measures; }
     const KXTableExtent& getExtent(std::uint64_t measure) const;
+    /** @return values of a measure in steps of one percent of its cells; empty where the host cannot tell, or
+     * where they are not there, which is asked for when the layout has ended */
+    const std::vector<double>& findPercentiles(std::uint64_t measure);
     /** @return whether members of a level have totals; level 0: whether there are grand totals */
     bool hasTotals(bool isRow, std::uint64_t level) const;
     const KXTableHeaderTree& getTree(bool isRow) const { return isRow ? m_rows : m_columns; }
@@ -80,11 +86,18 @@ protected:
     virtual KXTableHeaderTree::Style _obtainTreeStyle(bool isRow) const = 0;
     /** @return whether a group is open, by what documents know it by */
     virtual bool _isGroupOpen(bool isRow, const std::string& identity) const = 0;
+    /** @return whether members without any value are left out */
+    virtual bool _hidesEmptyMembers(bool isRow) const = 0;
+    /** @return what documents know members by that stand before the others, in this order */
+    virtual const std::vector<std::string>& _obtainMemberOrder(bool isRow) const = 0;
     /** Headers or cells that were missed are there. */
     virtual void _blocksArrived() = 0;
 
     /** @return whether something that a layout looked for is not there and will be asked for */
-    bool _hasMissing() const { return m_headers.hasWanted() || m_cells.hasWanted(); }
+    bool _hasMissing() const
+    {
+        return m_headers.hasWanted() || m_cells.hasWanted() || !m_wantedPercentiles.empty();
+    }
     /** Has what was missed be asked for: after a layout when that has ended, else at once. The host may
      * destroy the chart. */
     void _requestMissing();
@@ -112,6 +125,8 @@ private:
     bool _pullSide(KXTableChartDataProvider& provider, bool isRow, Side& side, std::uint64_t firstDimension);
     bool _pullMeasures(KXTableChartDataProvider& provider, Data& data);
     void _openGroups(bool isRow, const KXIndexPath& parent, std::uint64_t& room);
+    void _arrangeMembers(bool isRow, const KXIndexPath& parent);
+    bool _pullPercentiles(std::uint64_t measure);
     bool _pullHeaders(const KXIndexPath& key);
     bool _pullCells(const KXIndexPath& key);
     void _noteCells(std::uint64_t measure, const std::vector<KXTableCell>& cells, bool areTotals);
@@ -121,7 +136,9 @@ private:
     bool _isAnswered(const KXTablePlace& place) const;
 
     Data m_data;
-    std::vector<KXTableExtent> m_extents; // of the host, or of what has been there
+    std::vector<KXTableExtent> m_extents;                       // of the host, or of what has been there
+    std::map<std::uint64_t, std::vector<double>> m_percentiles; // of measures that were asked for
+    std::set<std::uint64_t> m_wantedPercentiles;
     KXTableHeaderTree m_rows, m_columns;
     KXTableBlocks<KXTableHeader> m_headers;
     KXTableBlocks<KXTableCell> m_cells;

@@ -25,20 +25,12 @@ namespace {
 constexpr double paddingAcross = 7, paddingDown = 5;
 /** How much further in the next level of a tree stands, and what a mark takes. */
 constexpr double indent = 14, markWidth = 14;
-constexpr double leastWidth = 24, leastHeight = 8, greatestHeight = 1000;
-/** A column does not grow beyond these by itself. */
-constexpr double greatestValueWidth = 320, greatestHeaderWidth = 360;
-constexpr double firstHeaderWidth = 60, firstValueWidth = 56;
-/** Row headers leave so much of the width to the cells. */
-constexpr double greatestHeaderShare = 0.4;
-/** Cells become wider than they need, to fill a wide table, by this much at most. */
-constexpr double greatestStretch = 48;
-/** Where there are more columns, all are as wide as the widest measure needs. */
-constexpr std::uint64_t greatestGivenCount = 1 << 20;
+constexpr double leastHeight = 8, greatestHeight = 1000;
 /** Columns that grow move others out of sight, so that more rounds than a few are not needed. */
 constexpr int greatestRoundCount = 6;
 constexpr double barGap = 3;
 constexpr UXColor highlightColor(33, 105, 199, 0.12);
+const std::vector<double> noPercentiles;
 const std::string cutNumber = "\u2026";
 
 void makeOneLine(std::string& text)
@@ -127,117 +119,13 @@ void KXTableChart::_updateLines()
     _updateColumns();
 }
 
-/** Columns are as wide as what was in sight of them needs, or as the user wants; what is left of the width
- * goes to all of them. */
-void KXTableChart::_updateColumns()
-{
-    m_headerWidths.resize(_obtainRowHeaderCount(), firstHeaderWidth);
-    m_measureWidths.resize(std::max<std::size_t>(getMeasures().size(), 1), firstValueWidth);
-    const std::uint64_t content = _obtainContentCount(false), count = obtainColumnCount();
-    const bool areEqual = content > greatestGivenCount ||
-                          (m_sizedColumns.empty() && _obtainMeasuresAlong(false) == 1);
-    const auto obtainWidth = [this](KXGridBand band, std::uint64_t column) {
-        return _findGivenWidth(band, column).value_or(_obtainNaturalWidth(band, column));
-    };
-
-    // 1. Row headers
-    const double down = m_grid->getRows(KXGridBand::Header).obtainTotal() +
-                        m_grid->getRows(KXGridBand::Content).obtainTotal() +
-                        m_grid->getRows(KXGridBand::Totals).obtainTotal();
-    const bool scrollsDown = down > m_grid->getRect().height;
-    const double room = m_grid->getRect().width - (scrollsDown ? UXVirtualScrollView::extraExtent : 0);
-    double left = room * greatestHeaderShare;
-    std::vector<double> widths;
-    widths.reserve(_obtainRowHeaderCount() + (areEqual ? 0 : count));
-    for (std::uint64_t column = 0; column < _obtainRowHeaderCount(); ++column) {
-        const std::optional<double> given = _findGivenWidth(KXGridBand::Header, column);
-        widths.push_back(given.value_or(std::min(_obtainNaturalWidth(KXGridBand::Header, column), left)));
-        left = std::max(left - widths.back(), leastWidth);
-    }
-    const KXGridLines headers = KXGridLines::makeGiven(widths);
-    m_grid->setColumns(KXGridBand::Header, headers);
-
-    // 2. What all cells of a row need
-    widths.clear();
-    double needed = 0;
-    if (areEqual)
-        needed = static_cast<double>(count) * *std::ranges::max_element(m_measureWidths);
-    for (std::uint64_t column = 0; !areEqual && column < count; ++column) {
-        const bool isTotal = column >= content;
-        widths.push_back(obtainWidth(isTotal ? KXGridBand::Totals : KXGridBand::Content,
-                                     isTotal ? column - content : column));
-        needed += widths.back();
-    }
-    const double spare = room - headers.obtainTotal() - needed;
-    m_stretch = std::floor(
-        std::clamp(spare / static_cast<double>(std::max<std::uint64_t>(count, 1)), 0.0, greatestStretch));
-
-    // 3. Their columns
-    if (areEqual) {
-        const double width = *std::ranges::max_element(m_measureWidths) + m_stretch;
-        m_grid->setColumns(KXGridBand::Content, KXGridLines::makeEqual(content, width));
-        m_grid->setColumns(KXGridBand::Totals, KXGridLines::makeEqual(count - content, width));
-        return;
-    }
-    for (double& width : widths)
-        width += m_stretch;
-    const std::span<const double> all(widths);
-    m_grid->setColumns(KXGridBand::Content, KXGridLines::makeGiven(all.first(content)));
-    m_grid->setColumns(KXGridBand::Totals, KXGridLines::makeGiven(all.subspan(content)));
-}
-
-std::string KXTableChart::_obtainSizeIdentity(KXGridBand band, std::uint64_t column)
-{
-    if (band == KXGridBand::Header)
-        return "//" + std::to_string(column);
-    return band == KXGridBand::Content ? _obtainColumnIdentity(column)
-                                       : "///" + getMeasures()[column % getMeasures().size()].id;
-}
-
-double& KXTableChart::_obtainNaturalWidth(KXGridBand band, std::uint64_t column)
-{
-    if (band == KXGridBand::Header)
-        return m_headerWidths[column];
-    return m_measureWidths[m_measuresOnRows ? 0 : column % m_measureWidths.size()];
-}
-
-std::optional<double> KXTableChart::_findGivenWidth(KXGridBand band, std::uint64_t column)
-{
-    if (m_sizedColumns.empty())
-        return std::nullopt;
-    const std::string identity = _obtainSizeIdentity(band, column);
-    const auto found = std::ranges::find(m_sizedColumns, identity);
-    const auto place = static_cast<std::size_t>(found - m_sizedColumns.begin());
-    if (identity.empty() || place >= m_columnWidths.size() || !std::isfinite(m_columnWidths[place]))
-        return std::nullopt;
-    return std::clamp(m_columnWidths[place], leastWidth, double{1 << 14});
-}
-
-/** A text does not fit its column, which is laid out anew with the room that it takes, unless the user wants
- * it so. */
-void KXTableChart::_growColumn(KXGridBand band, std::uint64_t column, double width)
-{
-    const bool isHeader = band == KXGridBand::Header;
-    double& natural = _obtainNaturalWidth(band, column);
-    const double wanted = std::ceil(std::min(width, isHeader ? greatestHeaderWidth : greatestValueWidth));
-    if (wanted <= natural || _findGivenWidth(band, column))
-        return;
-    natural = wanted;
-    if (std::exchange(m_isGrowing, true) || m_isLayingOut || m_asksNobody)
-        return;
-    UXLayoutRounds::postAction([this, self = UXObjectWatcher(this)] { // it was scrolled into sight
-        if (!self.isAlive())
-            return;
-        m_keepsWidths = true;
-        setRequireToVerifyLayout(true, true);
-    });
-}
-
 /** @return whether the grid has the lines of the present data: other data may wait for their layout */
 bool KXTableChart::_isLaidOut() const
 {
     return m_grid->getRows(KXGridBand::Content).getCount() == _obtainContentCount(true) &&
-           m_grid->getColumns(KXGridBand::Content).getCount() == _obtainContentCount(false) &&
+           m_grid->getColumns(KXGridBand::Frozen).getCount() == _obtainFrozenCount() &&
+           m_grid->getColumns(KXGridBand::Content).getCount() + _obtainFrozenCount() ==
+               _obtainContentCount(false) &&
            m_grid->getRows(KXGridBand::Header).getCount() == _obtainColumnHeaderCount() &&
            m_grid->getColumns(KXGridBand::Header).getCount() == _obtainRowHeaderCount() &&
            m_headerWidths.size() == _obtainRowHeaderCount();
@@ -275,6 +163,8 @@ KXTablePanel::Look KXTableChart::_makeLook(const KXTablePanel& panel) const
     look.lineColor = m_gridLineColor;
     look.highlightColor = highlightColor;
     look.hasColumnLines = m_showColumnLines;
+    if (panel.getColumnBand() == KXGridBand::Frozen)
+        look.edgeColor = m_quietColor;
     return look;
 }
 
@@ -471,6 +361,7 @@ std::vector<KXTableDrawnCell> KXTableChart::_layoutColumnHeaders(const KXTablePa
     std::vector<KXTableDrawnCell> cells;
     const KXGridRange rows = panel.obtainVisibleRows(), range = panel.obtainVisibleColumns();
     const Lines columns = _obtainLines(panel, false);
+    const auto [band, start] = _obtainColumns(panel.getColumnBand());
     const std::uint64_t lastRow = _obtainColumnHeaderCount() - 1;
     for (std::uint64_t row = rows.first; row < rows.end; ++row) {
         if (row != lastRow || !_hasMeasureHeaders()) {
@@ -478,12 +369,12 @@ std::vector<KXTableDrawnCell> KXTableChart::_layoutColumnHeaders(const KXTablePa
             continue;
         }
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            const std::uint64_t column = range.first + i;
-            KXTableDrawnCell cell = _layoutMeasureHeader(panel.obtainCellRect({row, column}),
+            const std::uint64_t column = start + range.first + i;
+            KXTableDrawnCell cell = _layoutMeasureHeader(panel.obtainCellRect({row, range.first + i}),
                                                          columns[i].measure);
-            cell.item = _makeItem(KXGridBand::Header, panel.getColumnBand(), row, column);
-            _markSorting(cell, panel.getColumnBand(), column);
-            _fitText(cell, m_headerProperty, panel.getColumnBand(), column, false);
+            cell.item = _makeItem(KXGridBand::Header, band, row, column);
+            _markSorting(cell, band, column);
+            _fitText(cell, m_headerProperty, band, column, false);
             cells.push_back(std::move(cell));
         }
     }
@@ -495,6 +386,7 @@ void KXTableChart::_layoutColumnLevel(const KXTablePanel& panel, const Lines& co
                                       std::vector<KXTableDrawnCell>& cells)
 {
     const std::uint64_t first = panel.obtainVisibleColumns().first;
+    const auto [band, start] = _obtainColumns(panel.getColumnBand());
     const std::size_t levels = getDimensions(false).size();
     const auto isSame = [level](const Line& a, const Line& b) {
         const bool isBelow = a.line.path.size() > level;
@@ -530,11 +422,11 @@ void KXTableChart::_layoutColumnLevel(const KXTablePanel& panel, const Lines& co
             cell.group = obtainStart(line.path, level + 1);
         }
         if (isSingle && (level + 1 == levels || levels == 0)) {
-            cell.item = _makeItem(KXGridBand::Header, panel.getColumnBand(), level, first + i);
+            cell.item = _makeItem(KXGridBand::Header, band, level, start + first + i);
             if (!_hasMeasureHeaders())
-                _markSorting(cell, panel.getColumnBand(), first + i);
+                _markSorting(cell, band, start + first + i);
         }
-        _fitText(cell, m_headerProperty, panel.getColumnBand(), first + i, false);
+        _fitText(cell, m_headerProperty, band, start + first + i, false);
         cells.push_back(std::move(cell));
     }
 }
@@ -561,6 +453,7 @@ std::vector<KXTableDrawnCell> KXTableChart::_layoutValues(const KXTablePanel& pa
     const Lines rows = _obtainLines(panel, true), columns = _obtainLines(panel, false);
     const std::uint64_t firstRow = panel.obtainVisibleRows().first;
     const std::uint64_t firstColumn = panel.obtainVisibleColumns().first;
+    const auto [band, start] = _obtainColumns(panel.getColumnBand());
     cells.reserve(rows.size() * columns.size());
     for (std::size_t j = 0; j < columns.size(); ++j) // down each column, so that running totals go on
         for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -576,9 +469,8 @@ std::vector<KXTableDrawnCell> KXTableChart::_layoutValues(const KXTablePanel& pa
                 cell.ground = m_totalColor;
             else if (m_showBands && row % 2 == 1 && !(cell.ground.alpha > 0))
                 cell.ground = m_bandColor;
-            cell.item = _makeItem(panel.getRowBand(), panel.getColumnBand(), row, column);
-            _fitText(cell, m_labelProperty, panel.getColumnBand(), column,
-                     getMeasures()[place.measure].isNumber());
+            cell.item = _makeItem(panel.getRowBand(), band, row, start + column);
+            _fitText(cell, m_labelProperty, band, start + column, getMeasures()[place.measure].isNumber());
             cells.push_back(std::move(cell));
         }
     return cells;
@@ -630,12 +522,15 @@ void KXTableChart::_addPart(KXTableDrawnCell& cell, double share) const
             KXHighlightedParts::obtainTextGround(cell.fullBarColor, share, obtainDimmedOpacity()));
 }
 
-void KXTableChart::_addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number) const
+void KXTableChart::_addColor(KXTableDrawnCell& cell, const KXTablePlace& place, double number)
 {
     for (const KXTableColorRule& rule : m_colorRules) {
         if (!rule.getMeasureID().empty() && rule.getMeasureID() != getMeasures()[place.measure].id)
             continue;
-        if (const std::optional<UXColor> color = rule.obtainColor(number, getExtent(place.measure))) {
+        const bool isOfCells = rule.getKind() == KXTableColorRuleKind::Percentile;
+        const std::vector<double>& percentiles = isOfCells ? findPercentiles(place.measure) : noPercentiles;
+        if (const std::optional<UXColor> color = rule.obtainColor(number, getExtent(place.measure),
+                                                                  percentiles)) {
             cell.ground = *color;
             cell.textColor = kxObtainReadableColor(*color);
             return;

@@ -20,8 +20,8 @@ UX_NAMED_ENUM(KXTableRowLayout, Tree, Columns)
 UX_NAMED_ENUM(KXTableTotals, None, Before, After)
 
 /** What the range of a rule is of: values, percent of what a measure reaches from and to, or a scale of
- * colours. */
-UX_NAMED_ENUM(KXTableColorRuleKind, Value, Percent, Scale)
+ * colours; or percent of the cells, in the order of their values. */
+UX_NAMED_ENUM(KXTableColorRuleKind, Value, Percent, Scale, Percentile)
 
 /** What a cell tells of its value: the value itself, its part of the total of its row, of its column or of
  * all, what it is more than the member before, or the sum up to it. */

@@ -143,14 +143,17 @@ bool KXTableChart::tablePanelPressed(KXTablePanel& panel, const UXEvent& event)
     if (const std::optional<std::uint64_t> edge = _findEdge(panel, event)) {
         const double width = panel.obtainCellRect({0, *edge}).width;
         const bool isStretched = panel.getColumnBand() != KXGridBand::Header;
-        m_edgeDrag = EdgeDrag{_obtainSizeIdentity(panel.getColumnBand(), *edge),
+        const Columns columns = _obtainColumns(panel.getColumnBand());
+        m_edgeDrag = EdgeDrag{_obtainSizeIdentity(columns.band, columns.first + *edge),
                               width - (isStretched ? m_stretch : 0),
                               panel.getTranslatedPointFromEvent(event, &panel).x};
         return true;
     }
     const KXTableDrawnCell* mark = _findMark(panel, event);
-    if (!mark)
+    if (!mark) {
+        _takeColumn(panel, event);
         return false;
+    }
     const bool isRow = panel.getColumnBand() == KXGridBand::Header;
     if (!mark->group.empty())
         setGroupExpanded(isRow, KXIndexPath(mark->group), mark->mark == KXTableDrawnCell::Mark::Closed);
@@ -161,15 +164,18 @@ bool KXTableChart::tablePanelPressed(KXTablePanel& panel, const UXEvent& event)
 
 bool KXTableChart::tablePanelDragged(KXTablePanel& panel, const UXEvent& event)
 {
+    if (m_columnDrag)
+        _dragColumn(panel, event);
     if (!m_edgeDrag)
-        return false;
+        return m_columnDrag.has_value() && m_columnDrag->hasMoved;
     const int x = panel.getTranslatedPointFromEvent(event, &panel).x;
     _setWidth(m_edgeDrag->identity, m_edgeDrag->width + x - m_edgeDrag->startX);
     return true;
 }
 
-bool KXTableChart::tablePanelReleased(KXTablePanel&, const UXEvent&)
+bool KXTableChart::tablePanelReleased(KXTablePanel&, const UXEvent& event)
 {
+    _dropColumn(event);
     return std::exchange(m_edgeDrag, std::nullopt).has_value();
 }
 
@@ -178,15 +184,16 @@ bool KXTableChart::tablePanelDoubleClicked(KXTablePanel& panel, const UXEvent& e
 {
     if (!isInteractionEnabled() || panel.getRowBand() != KXGridBand::Header)
         return false;
+    const Columns columns = _obtainColumns(panel.getColumnBand());
     if (const std::optional<std::uint64_t> edge = _findEdge(panel, event)) {
-        _setWidth(_obtainSizeIdentity(panel.getColumnBand(), *edge), std::nullopt);
+        _setWidth(_obtainSizeIdentity(columns.band, columns.first + *edge), std::nullopt);
         return true;
     }
     const UXPoint point = panel.getTranslatedPointFromEvent(event, &panel);
     const std::optional<KXGridCell> cell = panel.findCell(UXDoublePoint(point.x, point.y));
-    if (!cell || panel.getColumnBand() != KXGridBand::Content || cell->row + 1 != _obtainColumnHeaderCount())
+    if (!cell || columns.band != KXGridBand::Content || cell->row + 1 != _obtainColumnHeaderCount())
         return false;
-    sortByColumn(cell->column, event.containsEventKey(UXEventKey::Shift), event);
+    sortByColumn(columns.first + cell->column, event.containsEventKey(UXEventKey::Shift), event);
     return true;
 }
 

@@ -4,13 +4,26 @@
 #include "kx_key_definitions.h"
 #include "kx_key_record_type.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 KX_DEFINE_KEYS(KXTableColorRule, KXChartPropertyBase, KX_TABLE_COLOR_RULE_KEYS)
 
 namespace {
 
 constexpr double percent = 100;
+
+/** @return the value that a percentage of the cells has or is below */
+double obtainPercentile(std::span<const double> percentiles, double share)
+{
+    const double place = std::clamp(share / percent, 0.0, 1.0) * static_cast<double>(percentiles.size() - 1);
+    const auto before = static_cast<std::size_t>(place);
+    const std::size_t after = std::min(before + 1, percentiles.size() - 1);
+    const double part = place - static_cast<double>(before);
+    return part > 0 ? percentiles[before] + part * (percentiles[after] - percentiles[before])
+                    : percentiles[before];
+}
 
 } // namespace
 
@@ -19,7 +32,8 @@ KXTableColorRule::KXTableColorRule(const KXTableColorRule&) = default;
 KXTableColorRule& KXTableColorRule::operator=(const KXTableColorRule&) = default;
 KXTableColorRule::~KXTableColorRule() = default;
 
-std::optional<UXColor> KXTableColorRule::obtainColor(double value, const KXTableExtent& extent) const
+std::optional<UXColor> KXTableColorRule::obtainColor(double value, const KXTableExtent& extent,
+                                                     std::span<const double> percentiles) const
 {
     if (!std::isfinite(value))
         return std::nullopt;
@@ -30,6 +44,11 @@ std::optional<UXColor> KXTableColorRule::obtainColor(double value, const KXTable
     case KXTableColorRuleKind::Percent: {
         const double share = length > 0 ? percent * ((value - extent.least) / length) : 0;
         const bool holds = extent.hasValues && share >= m_from && share <= m_to;
+        return holds ? std::optional(m_fillColor) : std::nullopt;
+    }
+    case KXTableColorRuleKind::Percentile: {
+        const bool holds = !percentiles.empty() && value >= obtainPercentile(percentiles, m_from) &&
+                           value <= obtainPercentile(percentiles, m_to);
         return holds ? std::optional(m_fillColor) : std::nullopt;
     }
     case KXTableColorRuleKind::Scale:

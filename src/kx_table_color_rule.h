@@ -9,6 +9,7 @@
 #include "ux/ux_color.h"
 
 #include <optional>
+#include <span>
 #include <string>
 
 // type, name, member and JSON key, default, reset, effect, meaning
@@ -16,8 +17,9 @@
     KEY(std::string, MeasureID, m_measureID, std::string(), Any(Table), Layout,                             \
         "the measure whose cells it colours; empty: every one")                                             \
     KEY(KXTableColorRuleKind, Kind, m_kind, KXTableColorRuleKind::Value, Any(Table), Layout,                \
-        "what the range is of: values, or percent of what the measure reaches from and to; Scale: colours " \
-        "run from one to the other over the values, or over all where the range is empty")                  \
+        "what the range is of: values, percent of what the measure reaches from and to, or percent of its " \
+        "cells, the least values first; Scale: colours run from one to the other over the values, or over " \
+        "all where the range is empty")                                                                     \
     KEY(double, From, m_from, 0, Any(Table), Layout, "where the range begins")                              \
     KEY(double, To, m_to, 0, Any(Table), Layout, "where it ends, which still belongs to it")                \
     KEY(UXColor, FillColor, m_fillColor, UXColor(255, 236, 179), Any(Table), Layout,                        \
@@ -36,8 +38,10 @@ public:
     ~KXTableColorRule() override;
 
     /** @param extent of the measure
+     *  @param percentiles its values at equal steps from the least to the greatest, as far as they are known
      *  @return the colour of a value, none where the rule does not hold */
-    std::optional<UXColor> obtainColor(double value, const KXTableExtent& extent) const;
+    std::optional<UXColor> obtainColor(double value, const KXTableExtent& extent,
+                                       std::span<const double> percentiles = {}) const;
 
     /** Whether all keys are the same. */
     KX_EXPORT friend bool operator==(const KXTableColorRule& a, const KXTableColorRule& b);

@@ -7,7 +7,7 @@
 struct KXTableHeaderTree::Node {
     /** An open group among the members. */
     struct Open {
-        std::uint64_t position;
+        std::uint64_t place;     // among the members that are shown
         std::uint64_t firstLine; // from the first line of all members
         std::uint64_t lineCount;
         std::unique_ptr<Node> node;
@@ -15,30 +15,40 @@ struct KXTableHeaderTree::Node {
 
     std::uint64_t memberCount = 0;
     std::uint64_t lineCount = 0; // of all members
-    std::vector<Open> open;      // by position
+    std::vector<Open> open;      // by place
+    bool isArranged = false;     // shown says what is shown
+    std::vector<std::uint64_t> shown;
 
-    /** @return the first open group at a position or behind it */
-    auto findFrom(std::uint64_t position)
+    std::uint64_t obtainShownCount() const { return isArranged ? shown.size() : memberCount; }
+    std::uint64_t obtainPosition(std::uint64_t place) const { return isArranged ? shown[place] : place; }
+    /** @return where a member is shown; none where it is not */
+    std::optional<std::uint64_t> findPlace(std::uint64_t position) const
     {
-        return std::ranges::lower_bound(open, position, {}, &Open::position);
+        if (!isArranged)
+            return position < memberCount ? std::optional(position) : std::nullopt;
+        const auto found = std::ranges::find(shown, position);
+        return found == shown.end() ? std::nullopt
+                                    : std::optional(static_cast<std::uint64_t>(found - shown.begin()));
     }
-    auto findFrom(std::uint64_t position) const
+    /** @return the first open group at a place or behind it */
+    auto findFrom(std::uint64_t place) { return std::ranges::lower_bound(open, place, {}, &Open::place); }
+    auto findFrom(std::uint64_t place) const
     {
-        return std::ranges::lower_bound(open, position, {}, &Open::position);
+        return std::ranges::lower_bound(open, place, {}, &Open::place);
     }
-    const Open* find(std::uint64_t position) const
+    const Open* find(std::uint64_t place) const
     {
-        const auto found = findFrom(position);
-        return found != open.end() && found->position == position ? &*found : nullptr;
+        const auto found = findFrom(place);
+        return found != open.end() && found->place == place ? &*found : nullptr;
     }
     /** @return the first line of a member, from the first line of all members */
-    std::uint64_t obtainFirstLine(std::uint64_t position) const
+    std::uint64_t obtainFirstLine(std::uint64_t place) const
     {
-        const auto found = findFrom(position);
+        const auto found = findFrom(place);
         if (found == open.begin())
-            return position;
+            return place;
         const Open& before = *std::prev(found);
-        return before.firstLine + before.lineCount + (position - before.position - 1);
+        return before.firstLine + before.lineCount + (place - before.place - 1);
     }
 };
 
@@ -74,11 +84,11 @@ void KXTableHeaderTree::_update(Node& node, std::uint64_t level) const
 {
     std::uint64_t added = 0; // lines beyond one for each member
     for (Node::Open& open : node.open) {
-        open.firstLine = open.position + added;
+        open.firstLine = open.place + added;
         open.lineCount = _countLines(*open.node, level + 1);
         added += open.lineCount - 1;
     }
-    node.lineCount = node.memberCount + added;
+    node.lineCount = node.obtainShownCount() + added;
 }
 
 /** Counts anew from a node up to the root. */
@@ -87,10 +97,11 @@ void KXTableHeaderTree::_updateAlong(const KXIndexPath& path)
     std::vector<Node*> nodes{m_root.get()};
     nodes.reserve(path.size() + 1);
     for (const std::uint64_t position : path) {
-        const auto found = nodes.back()->findFrom(position);
-        if (found == nodes.back()->open.end() || found->position != position)
+        const std::optional<std::uint64_t> place = nodes.back()->findPlace(position);
+        const Node::Open* open = place ? nodes.back()->find(*place) : nullptr;
+        if (!open)
             break;
-        nodes.push_back(found->node.get());
+        nodes.push_back(open->node.get());
     }
     for (std::size_t level = nodes.size(); level-- > 0;)
         _update(*nodes[level], level);
@@ -100,7 +111,8 @@ KXTableHeaderTree::Node* KXTableHeaderTree::_findNode(const KXIndexPath& path) c
 {
     Node* node = m_root.get();
     for (const std::uint64_t position : path) {
-        const Node::Open* open = node->find(position);
+        const std::optional<std::uint64_t> place = node->findPlace(position);
+        const Node::Open* open = place ? node->find(*place) : nullptr;
         if (!open)
             return nullptr;
         node = open->node.get();
@@ -114,6 +126,24 @@ std::uint64_t KXTableHeaderTree::obtainMemberCount(const KXIndexPath& parent) co
 {
     const Node* node = _findNode(parent);
     return node ? node->memberCount : 0;
+}
+
+void KXTableHeaderTree::setShownMembers(const KXIndexPath& parent, std::vector<std::uint64_t> positions)
+{
+    Node* node = _findNode(parent);
+    if (!node)
+        return;
+    node->open.clear();
+    node->shown = std::move(positions);
+    node->isArranged = true;
+    _updateAlong(parent);
+}
+
+const std::vector<std::uint64_t>& KXTableHeaderTree::getShownMembers(const KXIndexPath& parent) const
+{
+    static const std::vector<std::uint64_t> all;
+    const Node* node = _findNode(parent);
+    return node ? node->shown : all;
 }
 
 bool KXTableHeaderTree::isExpanded(const KXIndexPath& path) const
@@ -134,14 +164,14 @@ KXTableLine KXTableHeaderTree::obtainLine(std::uint64_t line) const
         const auto next = std::ranges::upper_bound(node->open, line, {}, &Node::Open::firstLine);
         const Node::Open* open = next == node->open.begin() ? nullptr : &*std::prev(next);
         if (!open || line >= open->firstLine + open->lineCount) {
-            found.path.push_back(open ? open->position + 1 + (line - open->firstLine - open->lineCount)
-                                      : line);
+            found.path.push_back(node->obtainPosition(
+                open ? open->place + 1 + (line - open->firstLine - open->lineCount) : line));
             found.kind = _isAboveLeaves(level) ? KXTableLine::Kind::Group : KXTableLine::Kind::Member;
             return found;
         }
 
         // 2. In the group its own line is the first one, and its total stands before or after the members.
-        found.path.push_back(open->position);
+        found.path.push_back(node->obtainPosition(open->place));
         found.isExpanded = true;
         line -= open->firstLine;
         if (m_style.hasGroupLines && line-- == 0) {
@@ -165,10 +195,11 @@ std::optional<std::uint64_t> KXTableHeaderTree::findLine(const KXIndexPath& path
     std::uint64_t line = 0;
     const Node* node = m_root.get();
     for (std::size_t level = 0; node; ++level) {
-        if (path[level] >= node->memberCount)
+        const std::optional<std::uint64_t> place = node->findPlace(path[level]);
+        if (!place)
             return std::nullopt;
-        line += node->obtainFirstLine(path[level]);
-        const Node::Open* open = node->find(path[level]);
+        line += node->obtainFirstLine(*place);
+        const Node::Open* open = node->find(*place);
         const bool isBefore = m_style.totals == KXTableTotals::Before;
         const bool hasTotal = open && _hasTotalLine(level + 1);
         if (level + 1 < path.size()) {
@@ -191,11 +222,12 @@ void KXTableHeaderTree::expand(const KXIndexPath& path, std::uint64_t memberCoun
     if (path.empty() || path.size() >= m_levelCount || memberCount == 0 || isExpanded(path))
         return;
     Node* parent = _findNode(KXIndexPath(path.begin(), path.end() - 1));
-    if (!parent || path.back() >= parent->memberCount)
+    const std::optional<std::uint64_t> place = parent ? parent->findPlace(path.back()) : std::nullopt;
+    if (!place)
         return;
     auto node = std::make_unique<Node>();
     node->memberCount = memberCount;
-    parent->open.insert(parent->findFrom(path.back()), {path.back(), 0, 0, std::move(node)});
+    parent->open.insert(parent->findFrom(*place), {*place, 0, 0, std::move(node)});
     _updateAlong(path);
 }
 
@@ -205,6 +237,6 @@ void KXTableHeaderTree::collapse(const KXIndexPath& path)
         return;
     const KXIndexPath above(path.begin(), path.end() - 1);
     Node* parent = _findNode(above);
-    parent->open.erase(parent->findFrom(path.back()));
+    parent->open.erase(parent->findFrom(*parent->findPlace(path.back())));
     _updateAlong(above);
 }

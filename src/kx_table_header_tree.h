@@ -42,8 +42,14 @@ public:
     KXTableLine obtainLine(std::uint64_t line) const;
     /** @return the line of a member or a group, or of an open group's total, none where it is not shown */
     std::optional<std::uint64_t> findLine(const KXIndexPath& path, bool isTotal = false) const;
-    /** @return how many members there are below an open parent, the empty path for the first dimension */
+    /** @return how many members there are below an open parent, the empty path for the first dimension; those
+     * that are not shown, too */
     std::uint64_t obtainMemberCount(const KXIndexPath& parent) const;
+    /** Shows these of the members below an open parent and no others, in this order. Groups among them are
+     * closed by it. */
+    void setShownMembers(const KXIndexPath& parent, std::vector<std::uint64_t> positions);
+    /** @return those, empty where all are shown in their own order */
+    const std::vector<std::uint64_t>& getShownMembers(const KXIndexPath& parent) const;
 
     bool isExpanded(const KXIndexPath& path) const;
     /** Opens a group whose parents are open; without members it stays closed. */

@@ -7,6 +7,7 @@
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_text_option.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -16,6 +17,9 @@ constexpr double markSize = 7; // of a triangle's long side
 /** Of the bar that stands for what is still to come: its share of the cell's width, and its height. */
 constexpr double awaitedShare = 0.5, awaitedHeight = 6;
 constexpr UXColor awaitedColor(232, 233, 237);
+/** Where a header would be put down. */
+constexpr double dropWidth = 3;
+constexpr UXColor dropColor(33, 105, 199);
 
 bool overlaps(const UXDoubleRect& a, const UXDoubleRect& b)
 {
@@ -93,6 +97,12 @@ void KXTablePanel::setCells(const Look& look, std::vector<KXTableDrawnCell> cell
     }
 }
 
+void KXTablePanel::setDropEdge(std::optional<double> edge)
+{
+    if (std::exchange(m_dropEdge, edge) != edge)
+        invalidate();
+}
+
 void KXTablePanel::placeCells()
 {
     _layoutCells();
@@ -115,6 +125,7 @@ void KXTablePanel::_paintCells(UXPainter& painter, const UXRect& dirtyRect) cons
     _paintGrounds(painter, seen);
     _paintLines(painter);
     _paintTexts(painter, seen);
+    _paintDropEdge(painter);
 }
 
 /** Grounds of one colour side by side are filled at once. */
@@ -164,6 +175,22 @@ void KXTablePanel::_paintLines(UXPainter& painter) const
     painter.setColor(m_look.lineColor);
     painter.drawHorizontalLines(m_lineYs, 0, getRect().width, 0);
     painter.drawVerticalLines(m_lineXs, 0, getRect().height, 0);
+    if (m_look.edgeColor.alpha > 0) {
+        const double x = getRect().width - 0.5;
+        painter.setColor(m_look.edgeColor);
+        painter.drawVerticalLines({&x, 1}, 0, getRect().height, 0);
+    }
+}
+
+/** Within the panel also at its edges. */
+void KXTablePanel::_paintDropEdge(UXPainter& painter) const
+{
+    if (!m_dropEdge)
+        return;
+    const double x = std::clamp(*m_dropEdge - dropWidth / 2, 0.0, std::max(getRect().width - dropWidth, 0.0));
+    const UXDoubleRect rect{x, 0, dropWidth, static_cast<double>(getRect().height)};
+    painter.setColor(dropColor);
+    painter.drawRects({&rect, 1});
 }
 
 void KXTablePanel::_paintTexts(UXPainter& painter, const UXDoubleRect& seen) const

@@ -6,6 +6,7 @@
 #include "ux/ux_color.h"
 #include "ux/ux_font.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,7 @@ public:
         UXColor lineColor{0, 0, 0, 0};
         UXColor highlightColor{0, 0, 0, 0};
         bool hasColumnLines = false;
+        UXColor edgeColor{0, 0, 0, 0}; /**< of a line at its right edge; nothing where its alpha is 0 */
     };
 
     KXTablePanel();
@@ -33,6 +35,8 @@ public:
     /** Takes what is to be drawn from now on. */
     void setCells(const Look& look, std::vector<KXTableDrawnCell> cells);
     const std::vector<KXTableDrawnCell>& getCells() const { return m_cells; }
+    /** Shows where a header that is dragged would be put down, in the own space; none for nowhere. */
+    void setDropEdge(std::optional<double> edge);
     /** Has the delegate place all anew, without a layout. */
     void placeCells();
     /** Marks what stands out. @return whether something looks different now */
@@ -66,6 +70,7 @@ protected:
 private:
     void _paintGrounds(UXPainter& painter, const UXDoubleRect& seen) const;
     void _paintLines(UXPainter& painter) const;
+    void _paintDropEdge(UXPainter& painter) const;
     void _paintTexts(UXPainter& painter, const UXDoubleRect& seen) const;
 
     KXTablePanelType m_type = KXTablePanelType::Content;
@@ -73,4 +78,5 @@ private:
     Look m_look;
     std::vector<KXTableDrawnCell> m_cells;
     std::vector<double> m_lineYs, m_lineXs;
+    std::optional<double> m_dropEdge;
 };

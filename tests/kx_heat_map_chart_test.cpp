@@ -5,6 +5,7 @@
 #include "kx_chart_heat_map_column_header_panel.h"
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
+#include "kx_chart_selection_provider.h"
 #include "kx_heat_map_chart_data_provider.h"
 #include "kx_heat_map_legend.h"
 #include "kx_heat_map_panel.h"
@@ -12,6 +13,7 @@
 #include "kx_load_chart.h"
 #include "kx_test_input.h"
 #include "ux/ux_diagram.h"
+#include "ux/ux_event.h"
 #include "ux_fixed_measurer.h"
 #include "ux_paint_to_text.h"
 
@@ -92,7 +94,7 @@ TEST(KXHeatMapColors, StandForValuesAndClasses)
 }
 
 /** Numbers by row and column, with totals where a test wants them. */
-class HeatTable : public KXHeatMapChartDataProvider {
+class HeatTable : public KXHeatMapChartDataProvider, public KXChartSelectionProvider {
 public:
     void beginPrepareData(KXChartDataUser*) override {}
     void endPrepareData(KXChartDataUser*) override {}
@@ -122,6 +124,17 @@ public:
             totals[i] = (ofRows ? 1000.0 : 2000.0) + static_cast<double>(first + i);
     }
     double obtainGrandTotal(KXChartDataUser*) override { return 9000; }
+    bool obtainCanSelect(KXChartDataUser*) override { return canSelect; }
+    bool obtainIsSelected(KXChartDataPath* path) override
+    {
+        return std::ranges::count(chosen, path->valueIndexPath) > 0;
+    }
+    void selectionChanged(KXChartDataUser*, const std::vector<KXChartDataPath>& paths) override
+    {
+        chosen.clear();
+        for (const KXChartDataPath& path : paths)
+            chosen.push_back(path.valueIndexPath);
+    }
 
     std::uint64_t rowCount = 4, columnCount = 5;
     std::function<double(std::uint64_t, std::uint64_t)> number = [](std::uint64_t row, std::uint64_t column) {
@@ -129,6 +142,8 @@ public:
     };
     std::string columnWord;
     bool hasTotals = false;
+    bool canSelect = false;
+    std::vector<KXIndexPath> chosen;
     std::uint64_t askedTexts = 0;
 };
 
@@ -225,6 +240,37 @@ TEST_F(KXHeatMapChartTest, TheRangeOfTheColoursAndWhatIsBeyondIt)
         EXPECT_DOUBLE_EQ(chart.getScale().greatest, c.greatest);
         EXPECT_EQ(chart.getNote(), c.note);
     }
+}
+
+TEST_F(KXHeatMapChartTest, ADragChoosesCells)
+{
+    table.number = [](std::uint64_t row, std::uint64_t column) {
+        return row == 2 && column == 2 ? null : static_cast<double>(10 * row + column);
+    };
+    load();
+    const KXTestInput input{diagram};
+    const auto middle = [&](std::uint64_t row, std::uint64_t column) {
+        const UXRect rect = chart.obtainItemRect({0, row, column});
+        return UXPoint(rect.x + rect.width / 2, rect.y + rect.height / 2);
+    };
+    const auto drag = [&](UXPoint from, UXPoint to) {
+        input.press(from);
+        UXEvent event = KXTestInput::at(to);
+        event.setEventType(UXEventType::MouseDragging);
+        diagram.mouseDragging(event);
+        input.release(to);
+    };
+    drag(middle(1, 1), middle(2, 3));
+    EXPECT_TRUE(table.chosen.empty()) << "the host does not let the user choose";
+    table.canSelect = true;
+    drag(middle(1, 1), middle(2, 3));
+    using Paths = std::vector<KXIndexPath>;
+    EXPECT_EQ(table.chosen, (Paths{{0, 1, 1}, {0, 1, 2}, {0, 1, 3}, {0, 2, 1}, {0, 2, 3}}));
+    EXPECT_TRUE(chart.getPanel()->getSelection().isEmpty()) << "the host has it now";
+    drag(middle(3, 0), middle(3, 1));
+    EXPECT_EQ(table.chosen, (Paths{{0, 3, 0}, {0, 3, 1}}));
+    input.click(middle(0, 4));
+    EXPECT_EQ(table.chosen, (Paths{{0, 0, 4}}));
 }
 
 TEST_F(KXHeatMapChartTest, ManyRowsCostWhatIsInSight)

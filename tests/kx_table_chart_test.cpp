@@ -5,11 +5,14 @@
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_json_object_factory.h"
+#include "kx_table_color_rule.h"
+#include "kx_table_data_provider.h"
 #include "kx_table_grid.h"
 #include "kx_table_test_provider.h"
 #include "kx_test_input.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_recording_paint_config.h"
+#include "ux/ux_rect_functions.h"
 #include "ux_fixed_measurer.h"
 
 #include <algorithm>
@@ -280,6 +283,93 @@ TEST(KXTableChart, TheUserOpensSortsSizesAndItIsSavedByIdentity)
     EXPECT_EQ(other.rows(), board.rows());
     EXPECT_EQ(other.texts(KXTablePanelType::Top), board.texts(KXTablePanelType::Top));
     EXPECT_EQ(other.chart->serialize(), board.chart->serialize());
+}
+
+TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
+{
+    Board board(400, 300);
+    board.provider.groupCount = 0;
+    board.provider.memberCount = 2;
+    board.provider.columnCount = 12;
+    board.provider.measureCount = 2;
+    board.provider.answer = [](const KXTablePlace& place) -> std::optional<KXTableCell> {
+        if (place.column == KXIndexPath{1} || place.row == KXIndexPath{1})
+            return KXTableCell{NAN, "", KXTableCellState::Null};
+        const double column = place.column.empty() ? 99 : static_cast<double>(place.column[0]);
+        return KXTableCell{10 * column + static_cast<double>(place.measure), "", KXTableCellState::Value};
+    };
+    const auto drag = [&](const std::string& from, const std::string& to) {
+        const UXPoint start = board.find(KXTablePanelType::Top, from);
+        UXPoint end = board.find(KXTablePanelType::Top, to);
+        end.x += start.x < end.x ? 10 : -10;
+        board.input.press(start);
+        UXEvent event = KXTestInput::at(end);
+        event.setEventType(UXEventType::MouseDragging);
+        board.diagram.mouseDragging(event);
+        board.input.release(end);
+        board.diagram.layout();
+    };
+    board.chart->setHideEmptyColumns(true);
+    board.chart->setHideEmptyRows(true);
+    board.load();
+    EXPECT_EQ(board.rows().substr(0, 19), "r0|0|1|20|21|30|31|") << "neither c1 nor r1";
+    EXPECT_EQ(board.chart->obtainRowCount(), 2u);
+    drag("c2", "c0");
+    EXPECT_EQ(board.rows().substr(0, 19), "r0|20|21|0|1|30|31|");
+    drag("M0", "M1");
+    EXPECT_EQ(board.rows().substr(0, 19), "r0|21|20|1|0|31|30|");
+    EXPECT_EQ(board.chart->getColumnOrder().front(), "c2");
+    EXPECT_EQ(board.chart->getColumnOrder().back(), "/m0");
+    const KXChartItem cell = board.chart->findItems(*board.chart->createItemPath({0, 0, 2})).at(0);
+    EXPECT_EQ(cell, (KXChartItem{0, 0, 2}));
+
+    board.chart->setFrozenColumns(2);
+    board.diagram.layout();
+    const KXTablePanel* frozen = static_cast<KXTablePanel*>(
+        board.chart->getGrid()->getPanel(KXGridBand::Content, KXGridBand::Frozen));
+    ASSERT_FALSE(frozen->getCells().empty());
+    EXPECT_EQ(frozen->getCells()[0].text + "|" + frozen->getCells()[1].text, "21|20");
+    for (const std::uint64_t column : {std::uint64_t{21}, std::uint64_t{1}, std::uint64_t{3}}) {
+        board.chart->showItem({KXTableChart::cellKind, 0, column});
+        const UXRect rect = board.chart->obtainItemRect({KXTableChart::cellKind, 0, column});
+        EXPECT_GT(rect.width, 30) << column;
+        EXPECT_EQ(board.chart->obtainItemAt({uxMidX(rect), uxMidY(rect)}),
+                  (KXChartItem{KXTableChart::cellKind, 0, column}));
+        EXPECT_EQ(frozen->getCells()[0].text, "21") << "in sight at any place";
+    }
+
+    Board other(400, 300);
+    other.provider.groupCount = 0;
+    other.provider.memberCount = 2;
+    other.provider.columnCount = 12;
+    other.provider.measureCount = 2;
+    other.provider.answer = board.provider.answer;
+    KXJsonObjectFactory factory;
+    EXPECT_TRUE(other.chart->deserialize(board.chart->serialize(), &factory));
+    other.load();
+    EXPECT_EQ(other.rows(), board.rows());
+}
+
+TEST(KXTableChart, RulesColourAPartOfTheCells)
+{
+    Board board;
+    KXTableDataProvider provider;
+    provider.addDimension("Name", std::vector<std::string>{"a", "b", "c", "d", "e"});
+    provider.addMeasure("Value", std::vector<double>{4, 1, 5, 2, 3});
+    KXTableColorRule rule;
+    rule.setKind(KXTableColorRuleKind::Percentile);
+    rule.setFrom(75);
+    rule.setTo(100);
+    board.chart->setColorRules({rule});
+    board.chart->setDataProvider(&provider);
+    board.chart->prepareData();
+    board.chart->reloadData();
+    board.diagram.layout();
+    std::string colored;
+    for (const KXTableDrawnCell& cell : board.chart->getPanel(KXTablePanelType::Content)->getCells())
+        if (cell.ground == rule.getFillColor())
+            colored += cell.text;
+    EXPECT_EQ(colored, "45");
 }
 
 TEST(KXTableChart, KeysWalkChooseAndCopy)

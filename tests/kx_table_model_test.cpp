@@ -79,6 +79,15 @@ TEST(KXTableHeaderTree, LinesComeOfMembersGroupsAndTotals)
     tree.expand({1}, 2);
     tree.expand({1, 0}, 2);
     EXPECT_EQ(describe(tree), "0+ 1/0/0 1/0/1 1/1+ 1= 2+ 3+") << "the last level has no total";
+    KXTableHeaderTree arranged(2, 4, {true, After, {true, true}});
+    arranged.setShownMembers({}, {3, 1});
+    arranged.expand({1}, 3);
+    arranged.setShownMembers({1}, {2, 0});
+    arranged.expand({0}, 2); // is not shown
+    EXPECT_EQ(describe(arranged), "3+ 1- 1/2 1/0 1=");
+    EXPECT_EQ(arranged.findLine({1, 0}), 3u);
+    EXPECT_FALSE(arranged.findLine({1, 1}));
+    EXPECT_EQ(arranged.obtainMemberCount({1}), 3u);
     EXPECT_EQ(describe(KXTableHeaderTree()), "") << "one line for all";
     EXPECT_EQ(KXTableHeaderTree().obtainLineCount(), 1u);
 }
@@ -181,6 +190,9 @@ TEST(KXTableColorRule, HoldsForARange)
         {"of a given scale", Scale, 0, 10, 5, 150},
         {"beyond it", Scale, 0, 10, 99, 100},
         {"not a number", Scale, 0, 10, NAN, -1},
+        {"of the lower half of the cells", Percentile, 0, 50, 12, 200},
+        {"not of it", Percentile, 0, 50, 13, -1},
+        {"between two steps", Percentile, 90, 200, 74.5, 200},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -191,7 +203,8 @@ TEST(KXTableColorRule, HoldsForARange)
         rule.setFillColor(UXColor(200, 0, 0));
         rule.setMiddleColor(UXColor(150, 0, 0));
         rule.setToColor(UXColor(100, 0, 0));
-        const std::optional<UXColor> color = rule.obtainColor(c.value, {10, 110, true, false});
+        const std::optional<UXColor> color = rule.obtainColor(c.value, {10, 110, true, false},
+                                                              std::vector<double>{10, 11, 12, 14, 110});
         EXPECT_EQ(color ? color->red : -1, c.expected);
     }
 }
