@@ -4,7 +4,11 @@
 #include "host_error.h"
 #include "json_cursor.h"
 #include "json_document.h"
+#include "number_text.h"
 #include "text_file.h"
+
+#include <cmath>
+#include <optional>
 
 namespace {
 
@@ -19,6 +23,29 @@ std::string describeMeasure(const MeasureBinding& measure)
     if (measure.column.empty())
         return "count";
     return aggregateNames[static_cast<std::size_t>(measure.aggregate)] + " of " + measure.column;
+}
+
+/** A count, or a width and where the bins begin. */
+NumberBins readBins(const JsonCursor& place)
+{
+    place.requireKeys({"count", "width", "origin"});
+    const auto readNumber = [&](const char* key) {
+        const std::optional<double> number = obtainFloat(place.getValue(key).readTextOrNumber());
+        if (!number || !std::isfinite(*number))
+            throw place.getValue(key).makeError("a number is needed");
+        return *number;
+    };
+    NumberBins bins;
+    if (place.hasKey("count"))
+        bins.count = place.getValue("count").readCount();
+    else
+        bins.width = readNumber("width");
+    if (place.hasKey("origin"))
+        bins.origin = readNumber("origin");
+    const bool isCount = bins.count && *bins.count > 0 && *bins.count <= 1'000'000;
+    if (!isCount && !(bins.width > 0))
+        throw place.makeError("a count from 1 to 1000000 or a width above 0 is needed");
+    return bins;
 }
 
 } // namespace
@@ -68,7 +95,7 @@ void DataBindingReader::_readTypes(const JsonCursor& types, DataBinding& binding
 
 void DataBindingReader::_readDimension(const JsonCursor& place, DataBinding& binding) const
 {
-    place.requireKeys({"column", "level", "label", "fillGaps", "across", "sort", "top"});
+    place.requireKeys({"column", "level", "label", "bins", "fillGaps", "across", "sort", "top"});
     DimensionBinding dimension;
     dimension.column = place.getValue("column").readText();
     dimension.label = place.hasKey("label") ? place.getValue("label").readText() : dimension.column;
@@ -87,6 +114,8 @@ void DataBindingReader::_readDimension(const JsonCursor& place, DataBinding& bin
             dimension.order.measure = sort.getValue("measure").readCount();
         dimension.order.isDescending = sort.hasKey("descending") && sort.getValue("descending").readFlag();
     }
+    if (place.hasKey("bins"))
+        dimension.bins = readBins(place.getValue("bins"));
     if (place.hasKey("top"))
         _readTop(place.getValue("top"), dimension);
     binding.dimensions.push_back(std::move(dimension));

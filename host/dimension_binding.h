@@ -5,6 +5,7 @@
 #include <string>
 
 #include "date_level.h"
+#include "number_bins.h"
 
 /** The order of a dimension's members: their own (of numbers, of time, of text bytes), or that of a measure
  * over each member. Nulls come last either way. */
@@ -28,6 +29,7 @@ struct DimensionBinding {
     std::optional<DateLevel>
         level; // of dates and times only; without it a day, or a second where there is a time
     std::string label;
+    std::optional<NumberBins> bins; // of numbers only; their lower ends are the members
     MemberOrder order;
     std::optional<TopMembers> top;
     bool shouldFillGaps = false; // members for the steps of time that the data leaves out

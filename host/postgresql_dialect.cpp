@@ -208,3 +208,8 @@ std::string PostgresqlDialect::obtainContains(const std::string& expression, con
 {
     return "STRPOS(" + expression + ", " + part + ") > 0";
 }
+
+std::string PostgresqlDialect::obtainQuantiles(const std::string& share) const
+{
+    return " SELECT d, PERCENTILE_CONT(" + share + ") WITHIN GROUP (ORDER BY v) AS q FROM named GROUP BY d";
+}

@@ -19,6 +19,7 @@ public:
                                  DateLevel level) const override;
     std::string obtainByteOrder(const std::string& expression) const override;
     bool hasGroupingSets() const override { return true; }
+    std::string obtainQuantiles(const std::string& share) const override;
     bool findsDistinctFasterAsGroups() const override { return true; }
     std::string obtainParameter(const std::string& placeholder, KXChartDataType type,
                                 const SqlColumn& column) const override;

@@ -41,6 +41,7 @@ void SqlDataProvider::beginPrepareData(KXChartDataUser* user)
     m_isDataOpen = false;
     m_highlight = SqlHighlight();
     m_pivot.reset();
+    m_density.reset();
     try {
         if (dynamic_cast<KXTableChartDataUser*>(user)) {
             _makePivot();
@@ -166,6 +167,8 @@ double SqlDataProvider::obtainDimensionDataAsNumber(KXChartDataUser*, const KXIn
 double SqlDataProvider::obtainDimensionDataAsRangeDifference(KXChartDataUser*, const KXIndexPath& path)
 {
     const SqlMember* member = _findMember(path);
+    if (member && m_data.getBinWidth(path[0]))
+        return *m_data.getBinWidth(path[0]);
     const SqlMember* next = member ? _findMember({path[0], path[1] + 1}) : nullptr;
     return next && member->hasNumber() && next->hasNumber() ? next->number - member->number : 0;
 }
@@ -281,6 +284,32 @@ void SqlDataProvider::obtainTotals(KXChartDataUser*, bool ofRows, std::uint64_t 
 }
 
 double SqlDataProvider::obtainGrandTotal(KXChartDataUser*) { return m_totals.getGrandTotal(); }
+
+double SqlDataProvider::_obtainQuantile(std::uint64_t group, std::optional<double> share)
+{
+    const bool hasGroups = m_data.getDimensionCount() > 1;
+    const SqlMember* member = hasGroups ? _findMember({0, group}) : nullptr;
+    if (m_data.getDimensionCount() == 0 || (hasGroups && !member))
+        return noNumber;
+    try {
+        if (!m_density)
+            m_density.emplace(m_session, m_binding);
+        return m_density->obtainQuantile(member, share);
+    } catch (const HostError& error) {
+        m_error = error.what();
+        return noNumber;
+    }
+}
+
+double SqlDataProvider::obtainQuantile(KXChartDataUser*, std::uint64_t group, double share)
+{
+    return _obtainQuantile(group, share);
+}
+
+double SqlDataProvider::obtainMean(KXChartDataUser*, std::uint64_t group)
+{
+    return _obtainQuantile(group, std::nullopt);
+}
 
 void SqlDataProvider::obtainSeriesValues(KXChartDataUser* user, std::uint64_t series,
                                          std::uint64_t firstCategory, std::span<double> values)
@@ -406,6 +435,11 @@ bool SqlDataProvider::obtainHasTotals(KXChartDataUser*, bool, std::uint64_t) { r
 KXTableExtent SqlDataProvider::obtainExtent(KXChartDataUser*, std::uint64_t measure)
 {
     return _askPivot(KXTableExtent(), [&](SqlPivot& pivot) { return pivot.obtainExtent(measure); });
+}
+
+bool SqlDataProvider::obtainPercentiles(KXChartDataUser*, std::uint64_t measure, std::span<double> values)
+{
+    return _askPivot(false, [&](SqlPivot& pivot) { return pivot.obtainPercentiles(measure, values); });
 }
 
 void SqlDataProvider::sortRequested(KXChartDataUser* user, const std::vector<KXTableSort>& order)

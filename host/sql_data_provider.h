@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -19,6 +20,7 @@
 #include "kx_value_chart_data_provider.h"
 #include "kx_value_list_chart_data_provider.h"
 #include "sql_data_set.h"
+#include "sql_density.h"
 #include "sql_highlight.h"
 #include "sql_pivot.h"
 #include "sql_totals.h"
@@ -108,6 +110,10 @@ public:
                       std::span<double> totals) override;
     double obtainGrandTotal(KXChartDataUser* user) override;
 
+    // From KXDensityChartDataProvider: of the rows behind bins of which the measure is the count
+    double obtainQuantile(KXChartDataUser* user, std::uint64_t group, double share) override;
+    double obtainMean(KXChartDataUser* user, std::uint64_t group) override;
+
     // From KXAxisChartDataProvider
     void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                             std::span<double> values) override;
@@ -125,6 +131,7 @@ public:
                      const KXTableCellSpan& cells) override;
     bool obtainHasTotals(KXChartDataUser* user, bool isRow, std::uint64_t level) override;
     KXTableExtent obtainExtent(KXChartDataUser* user, std::uint64_t measure) override;
+    bool obtainPercentiles(KXChartDataUser* user, std::uint64_t measure, std::span<double> values) override;
     void sortRequested(KXChartDataUser* user, const std::vector<KXTableSort>& order) override;
 
     // From KXPanelChartDataProvider
@@ -143,6 +150,7 @@ private:
     std::int64_t _findValidMember(const KXIndexPath& path, std::int64_t step) const;
     /** @return the binding as a table, made when it is first asked for; null where the database refuses */
     SqlPivot* _obtainPivot();
+    double _obtainQuantile(std::uint64_t group, std::optional<double> share);
     void _makePivot();
     /** @return what a question to the pivot answers, or other where there is none or the database refuses */
     template <class Answer, class Question>
@@ -155,6 +163,7 @@ private:
     SqlTotals m_totals;
     SqlHighlight m_highlight;
     std::unique_ptr<SqlPivot> m_pivot;
+    std::optional<SqlDensity> m_density;
     std::vector<KXTableSort> m_rowOrder; // of the table, as the user wants it
     mutable std::string m_error;
 };

@@ -8,6 +8,7 @@
 #include "number_text.h"
 #include "sql_column_reader.h"
 #include "sql_dialect.h"
+#include "sql_number_bins.h"
 #include "sql_query_builder.h"
 #include "sql_session.h"
 #include "sql_time_gaps.h"
@@ -19,8 +20,9 @@ constexpr std::uint64_t nowhere = std::numeric_limits<std::uint32_t>::max();
 
 } // namespace
 
-SqlDataSet::SqlDataSet(SqlSession& session, const DataBinding& binding)
+SqlDataSet::SqlDataSet(SqlSession& session, const DataBinding& wanted)
 {
+    const DataBinding binding = resolveNumberBins(session, wanted);
     // 1. One query answers everything, so that members and values are of one moment.
     SqlQueryBuilder builder(session.getDialect(), binding, SqlColumnReader(session, binding).readColumns());
     *this = SqlDataSet(builder);
@@ -45,6 +47,7 @@ SqlDataSet::SqlDataSet(const SqlQueryBuilder& builder)
         m_dimensions.push_back({builder.obtainDimensionType(i),
                                 builder.obtainDimensionLevel(i),
                                 SqlQueryBuilder::obtainPositionColumn(i),
+                                builder.obtainBinWidth(i),
                                 {}});
 }
 

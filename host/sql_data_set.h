@@ -29,7 +29,7 @@ public:
     /** Without rows, dimensions and measures. */
     SqlDataSet() = default;
     /** Asks the database; throws HostError when it refuses or the binding does not fit. */
-    SqlDataSet(SqlSession& session, const DataBinding& binding);
+    SqlDataSet(SqlSession& session, const DataBinding& wanted);
     /** Only the types of what would be asked for, without rows. */
     explicit SqlDataSet(const SqlQueryBuilder& builder);
 
@@ -41,6 +41,11 @@ public:
     std::optional<DateLevel> getDimensionLevel(std::size_t dimension) const
     {
         return m_dimensions[dimension].level;
+    }
+    /** @return of bins of numbers, nothing of other members */
+    std::optional<double> getBinWidth(std::size_t dimension) const
+    {
+        return m_dimensions[dimension].binWidth;
     }
     const std::vector<SqlMember>& getMembers(std::size_t dimension) const
     {
@@ -73,6 +78,7 @@ private:
         KXChartDataType type = KXChartDataType::String;
         std::optional<DateLevel> level;
         std::size_t positionColumn = 0;
+        std::optional<double> binWidth;
         std::vector<SqlMember> members;
     };
     struct Measure {

@@ -58,6 +58,15 @@ public:
     }
     /** @return a number, null or not, in a form that reaches the result with all of its digits */
     virtual std::string obtainExactNumber(const std::string& expression) const { return expression; }
+    /** @return the greatest whole number that is not above a number */
+    virtual std::string obtainFloor(const std::string& expression) const
+    {
+        return "FLOOR(" + expression + ')';
+    }
+    /** @return the end of a query that has rows of a name d and a number v in a step called named: for each
+     * name the number q below which a share of its numbers lies, halfway between two where it falls between
+     * them */
+    virtual std::string obtainQuantiles(const std::string& share) const;
     /** @return a text expression that sorts by its bytes */
     virtual std::string obtainByteOrder(const std::string& expression) const { return expression; }
 

@@ -1,6 +1,9 @@
 #include "sql_pivot.h"
 
 #include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
 #include <string>
 
 #include "kx_table_chart_data_provider.h"
@@ -21,6 +24,8 @@ bool isNumeric(KXChartDataType type)
 }
 
 std::string nameMeasure(std::size_t measure) { return "m" + std::to_string(measure); }
+/** @return a condition that leaves out nulls, too */
+std::string isFinite(const std::string& name) { return "ABS(" + name + ") <= 1.7976931348623157e308"; }
 
 } // namespace
 
@@ -108,8 +113,8 @@ KXTableExtent SqlPivot::obtainExtent(std::size_t measure)
         const SqlPivotTables::Cells cells = m_tables.obtainCells(rowLevels, columnLevels);
         const SqlTable ends = m_tables.getSession().query(
             {"SELECT MIN(" + name + "), MAX(" + name + "), MIN(CASE WHEN " + name + " <> ROUND(" + name +
-                 ") THEN " + name + " END) FROM " + cells.table + " c WHERE " + cells.condition +
-                 " AND ABS(" + name + ") <= 1.7976931348623157e308",
+                 ") THEN " + name + " END) FROM " + cells.table + " c WHERE " + cells.condition + " AND " +
+                 isFinite(name),
              {},
              std::vector(3, SqlResultType::Number)});
         for (std::size_t i = 0; i < 3; ++i)
@@ -121,6 +126,52 @@ KXTableExtent SqlPivot::obtainExtent(std::size_t measure)
     if (rows + columns > 0) // the average of whole numbers may be none
         extend(0, 0, true);
     return extent;
+}
+
+bool SqlPivot::obtainPercentiles(std::size_t measure, std::span<double> values)
+{
+    const SqlQueryBuilder& builder = m_tables.getBuilder();
+    if (measure >= builder.getMeasureCount() || !isNumeric(builder.obtainMeasureType(measure)))
+        return false;
+
+    // 1. Which of the cells, in their order, lie around each step
+    const SqlPivotTables::Cells cells = m_tables.obtainCells(m_rows.getDimensionCount(),
+                                                             m_columns.getDimensionCount());
+    const std::string name = "c." + nameMeasure(measure);
+    const std::string from = " FROM " + cells.table + " c WHERE " + cells.condition + " AND " +
+                             isFinite(name);
+    SqlSession& session = m_tables.getSession();
+    const double count =
+        session.query({"SELECT COUNT(*)" + from, {}, {SqlResultType::Number}}).getNumber(0, 0);
+    if (!(count > 0))
+        return false;
+    std::set<std::uint64_t> ranks;
+    const auto obtainPlace = [&](std::size_t step) {
+        return (count - 1) * static_cast<double>(step) /
+               static_cast<double>(std::max<std::size_t>(values.size() - 1, 1));
+    };
+    for (std::size_t step = 0; step < values.size(); ++step)
+        ranks.insert({static_cast<std::uint64_t>(std::floor(obtainPlace(step))),
+                      static_cast<std::uint64_t>(std::ceil(obtainPlace(step)))});
+
+    // 2. Their values
+    std::string list;
+    for (const std::uint64_t rank : ranks)
+        list += (list.empty() ? "" : ", ") + std::to_string(rank);
+    const SqlTable found = session.query(
+        {"SELECT ranked.n, " + session.getDialect().obtainExactNumber("ranked.v") + " FROM (SELECT " + name +
+             " AS v, ROW_NUMBER() OVER (ORDER BY " + name + ") - 1 AS n" + from +
+             ") AS ranked WHERE ranked.n IN (" + list + ')',
+         {},
+         {SqlResultType::Number, SqlResultType::Number}});
+    std::map<double, double> byRank;
+    for (std::size_t row = 0; row < found.getRowCount(); ++row)
+        byRank[found.getNumber(row, 0)] = found.getNumber(row, 1);
+    for (std::size_t step = 0; step < values.size(); ++step) {
+        const double place = obtainPlace(step), before = std::floor(place);
+        values[step] = std::lerp(byRank[before], byRank[std::ceil(place)], place - before);
+    }
+    return true;
 }
 
 void SqlPivot::sort(const std::vector<KXTableSort>& order)

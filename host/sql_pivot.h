@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "data_binding.h"
@@ -44,6 +45,9 @@ public:
                      std::uint64_t firstColumn, std::size_t measure, const KXTableCellSpan& cells);
     /** @return what the cells that are no totals reach from and to, and whether any has a fraction */
     KXTableExtent obtainExtent(std::size_t measure);
+    /** Sets values to those of the cells that are no totals, at equal steps from the least to the greatest.
+     *  @return whether there are any */
+    bool obtainPercentiles(std::size_t measure, std::span<double> values);
     /** Sorts the rows below each parent; without an order they stand as the binding has it. */
     void sort(const std::vector<KXTableSort>& order);
 

@@ -8,6 +8,7 @@
 #include "number_text.h"
 #include "sql_column_reader.h"
 #include "sql_dialect.h"
+#include "sql_number_bins.h"
 #include "sql_session.h"
 #include "sql_time_gaps.h"
 
@@ -27,7 +28,7 @@ std::string listPositions(const std::vector<std::size_t>& dimensions)
 } // namespace
 
 SqlPivotTables::SqlPivotTables(SqlSession& session, DataBinding binding, std::size_t rowCount)
-    : m_session(session), m_binding(std::move(binding)),
+    : m_session(session), m_binding(resolveNumberBins(session, std::move(binding))),
       m_builder(session.getDialect(), m_binding, SqlColumnReader(session, m_binding).readColumns()),
       m_rowCount(rowCount)
 {
@@ -53,15 +54,13 @@ void SqlPivotTables::_make()
     m_isEmpty = rows.getNumber(0, 0) == 0;
 
     // 2. Members get their positions, and groups those of their members.
-    std::vector<std::string> keys;
+    std::vector<SqlQueryBuilder::MemberKeys> keys;
     keys.reserve(m_binding.dimensions.size());
-    for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
-        _placeMembers(groups, i);
-        keys.push_back(obtainName(column("keys", i)));
-    }
+    for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i)
+        keys.push_back(_placeMembers(groups, i));
     makeTable(obtainFacts(), {m_builder.obtainFactsQuery(groups, keys), {}, {}});
-    for (const std::string& table : keys)
-        _drop(table);
+    for (const SqlQueryBuilder::MemberKeys& each : keys)
+        _drop(each.table);
     _drop(groups);
     if (m_session.getDialect().hasGroupingSets())
         _makeAllLevels();
@@ -92,11 +91,11 @@ void SqlPivotTables::_drop(const std::string& name)
 }
 
 /** What is put together as one member has a key each: members of their own are what these share. */
-void SqlPivotTables::_placeMembers(const std::string& groups, std::size_t dimension)
+SqlQueryBuilder::MemberKeys SqlPivotTables::_placeMembers(const std::string& groups, std::size_t dimension)
 {
     const std::string keys = obtainName(column("keys", dimension));
     makeTable(keys, {m_builder.obtainMembersQuery(groups, dimension), {}, {}});
-    m_session.execute("CREATE INDEX " + keys + "_k ON " + keys + " (k)");
+    m_session.execute("CREATE INDEX " + keys + "_g ON " + keys + " (g)");
     const std::string members = obtainMembers(dimension);
     makeTable(members, {"SELECT p, MIN(d) AS d, MIN(n) AS n FROM " + keys + " GROUP BY p", {}, {}});
     const bool isAlone = (dimension < m_rowCount ? m_rowCount : m_binding.dimensions.size() - m_rowCount) ==
@@ -104,6 +103,9 @@ void SqlPivotTables::_placeMembers(const std::string& groups, std::size_t dimens
     if (isAlone && m_binding.dimensions[dimension].shouldFillGaps)
         _fillGaps(members, dimension);
     m_session.execute("CREATE UNIQUE INDEX " + members + "_p ON " + members + " (p)");
+    const SqlTable null = m_session.query(
+        {"SELECT p FROM " + keys + " WHERE g IS NULL", {}, {SqlResultType::Number}});
+    return {keys, null.getRowCount() > 0 ? std::optional(null.getNumber(0, 0)) : std::nullopt};
 }
 
 /** Steps of time that the data leave out stand between those that they have. */

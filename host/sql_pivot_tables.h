@@ -62,7 +62,7 @@ public:
 private:
     void _make();
     void _dropAll();
-    void _placeMembers(const std::string& groups, std::size_t dimension);
+    SqlQueryBuilder::MemberKeys _placeMembers(const std::string& groups, std::size_t dimension);
     void _fillGaps(const std::string& keys, std::size_t dimension);
     void _makeAllLevels();
     void _drop(const std::string& name);

@@ -1,6 +1,8 @@
 #include "sql_query_builder.h"
 
 #include <algorithm>
+#include <numeric>
+#include <set>
 
 #include "host_error.h"
 #include "number_text.h"
@@ -87,7 +89,7 @@ bool SqlQueryBuilder::_isMemberEachGroup() const
     const Type type = m_columns[m_dimensionColumns[0]].type;
     const std::optional<TopMembers>& top = m_binding.dimensions[0].top;
     return m_binding.dimensions.size() == 1 && (type == Type::Integer || type == Type::String) &&
-           !(top && top->othersLabel);
+           !m_binding.dimensions[0].bins && !(top && top->othersLabel);
 }
 
 HostError SqlQueryBuilder::_makeError(const std::string& where, const std::string& cause) const
@@ -136,6 +138,9 @@ void SqlQueryBuilder::_checkDimension(std::size_t index) const
     const Type type = m_columns[m_dimensionColumns[index]].type;
     if (dimension.level)
         _checkLevel(m_dimensionColumns[index], *dimension.level, where);
+    if (dimension.bins && !isNumeric(type))
+        throw _makeError(where,
+                         '"' + m_columns[m_dimensionColumns[index]].name + "\" holds no numbers for bins");
     if (dimension.shouldFillGaps && (!isTemporal(type) || dimension.order.measure || dimension.top))
         throw _makeError(where, "gaps can be filled in dates and times in their own order only");
     for (const std::size_t measure :
@@ -171,7 +176,15 @@ std::optional<DateLevel> SqlQueryBuilder::obtainDimensionLevel(std::size_t dimen
 KXChartDataType SqlQueryBuilder::obtainDimensionType(std::size_t dimension) const
 {
     const std::optional<DateLevel> level = obtainDimensionLevel(dimension);
+    if (m_binding.dimensions[dimension].bins)
+        return Type::Float;
     return level && !isClockLevel(*level) ? Type::Date : m_columns[m_dimensionColumns[dimension]].type;
+}
+
+std::optional<double> SqlQueryBuilder::obtainBinWidth(std::size_t dimension) const
+{
+    const std::optional<NumberBins>& bins = m_binding.dimensions[dimension].bins;
+    return bins ? std::optional(bins->width) : std::nullopt;
 }
 
 KXChartDataType SqlQueryBuilder::obtainMeasureType(std::size_t measure) const
@@ -192,8 +205,10 @@ SqlQuery SqlQueryBuilder::obtainQuery()
     m_parameters.clear();
     SqlQuery query;
     query.text = "WITH " + _writeGroups();
+    std::vector<std::size_t> dimensions(m_binding.dimensions.size());
+    std::iota(dimensions.begin(), dimensions.end(), std::size_t{0});
     if (!m_isMemberEachGroup)
-        query.text += ", " + _writeNames("grouped");
+        query.text += ", " + _writeNames("grouped", dimensions);
     for (std::size_t i = 0; i < m_binding.dimensions.size(); ++i) {
         if (!m_isMemberEachGroup)
             query.text += ", " + _writeMembers(i);
@@ -219,26 +234,93 @@ SqlQuery SqlQueryBuilder::obtainGroupsQuery()
     return query;
 }
 
+bool SqlQueryBuilder::hasValuesBehindMembers() const
+{
+    const std::size_t count = m_dimensionColumns.size();
+    return (count == 1 || count == 2) && isNumeric(m_columns[m_dimensionColumns.back()].type) &&
+           m_binding.measures[0].aggregate == SqlAggregate::Count &&
+           (m_binding.measures[0].column.empty() || m_measureColumns[0] == m_dimensionColumns.back());
+}
+
+SqlQuery SqlQueryBuilder::obtainQuantileQuery(std::optional<double> share)
+{
+    m_parameters.clear();
+    m_isMemberEachGroup = false;
+    const std::size_t column = m_dimensionColumns.back();
+    const bool hasGroups = m_dimensionColumns.size() > 1;
+    const std::string value = toDouble(m_dialect.obtainComparable(_obtainColumn(column), m_columns[column]));
+    SqlQuery query;
+    query.text = "WITH valued AS (" + writeSqlSource(m_dialect, m_binding, m_columns.size()) + " SELECT " +
+                 (hasGroups ? _obtainGroupKey(0) : "0") + " AS g0, " + value + " AS v FROM source" +
+                 _writeConditions() + "), named AS (SELECT " + (hasGroups ? _obtainMemberText(0) : "'all'") +
+                 " AS d, v FROM valued WHERE v IS NOT NULL)" +
+                 (share ? m_dialect.obtainQuantiles(obtainNumberText(*share))
+                        : " SELECT d, AVG(v) AS q FROM named GROUP BY d");
+    query.text = "WITH answered AS (" + query.text + ") SELECT d, " + m_dialect.obtainExactNumber("q") +
+                 " FROM answered";
+    query.results = {SqlResultType::Text, SqlResultType::Number};
+    query.parameters = m_parameters;
+    return query;
+}
+
 std::string SqlQueryBuilder::obtainMembersQuery(const std::string& groups, std::size_t dimension) const
 {
     // Positions are no whole numbers, so that members which fill gaps find room between them.
-    return "WITH " + _writeNames(groups) + ", " + _writeMembers(dimension) + " SELECT k, d, n, " +
-           toDouble("p") + " AS p FROM " + number("placed", dimension);
+    const std::string index = std::to_string(dimension);
+    return "WITH " + _writeNames(_writeMemberGroups(groups, dimension), {dimension}) + ", " +
+           _writeMembers(dimension) + " SELECT DISTINCT named.g" + index + " AS g, placed" + index +
+           ".d, placed" + index + ".n, " + toDouble("placed" + index + ".p") +
+           " AS p FROM named JOIN placed" + index + " ON placed" + index + ".k = named.k" + index;
+}
+
+/** @return groups of one dimension alone, with what its members are ranked by: there are far fewer of them to
+ * be named. Different values cannot be counted of what is put together. */
+std::string SqlQueryBuilder::_writeMemberGroups(const std::string& groups, std::size_t dimension) const
+{
+    const DimensionBinding& binding = m_binding.dimensions[dimension];
+    std::set<std::size_t> measures;
+    if (binding.order.measure)
+        measures.insert(*binding.order.measure);
+    if (binding.top)
+        measures.insert(binding.top->measure);
+    std::string values;
+    for (const std::size_t measure : measures) {
+        const std::string part = number("a", measure), count = number("b", measure);
+        const SqlAggregate aggregate = m_binding.measures[measure].aggregate;
+        if (aggregate == SqlAggregate::DistinctCount)
+            return groups;
+        const char* function = aggregate == SqlAggregate::Minimum   ? "MIN("
+                               : aggregate == SqlAggregate::Maximum ? "MAX("
+                                                                    : "SUM(";
+        const std::string own = obtainMeasureType(measure) == Type::String ? m_dialect.obtainByteOrder(part)
+                                                                           : part;
+        values += ", " + (function + own) + ") AS " + part;
+        if (aggregate == SqlAggregate::Average)
+            values += ", SUM(" + count + ") AS " + count;
+    }
+    const std::string key = number("g", dimension);
+    return "(SELECT " + key + values + " FROM " + groups + " GROUP BY " + key + ") AS keyed";
 }
 
 std::string SqlQueryBuilder::obtainFactsQuery(const std::string& groups,
-                                              const std::vector<std::string>& members) const
+                                              const std::vector<MemberKeys>& keys) const
 {
-    std::string values = "r", joins;
+    std::string values = "grouped.r", joins;
     for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
-        values += number(", a", i) +
-                  (m_binding.measures[i].aggregate == SqlAggregate::Average ? number(", b", i) : "");
+        values += number(", grouped.a", i) +
+                  (m_binding.measures[i].aggregate == SqlAggregate::Average ? number(", grouped.b", i) : "");
     for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
-        const std::string placed = number("placed", i);
-        values += ", " + placed + ".p" + number(" AS p", i);
-        joins += " LEFT JOIN " + members[i] + ' ' + placed + " ON " + placed + ".k = named" + number(".k", i);
+        const std::string own = number("keys", i), key = number("grouped.g", i);
+        const std::string found = own + ".p";
+        values += ", " +
+                  (keys[i].nullPosition
+                       ? "CASE WHEN " + key + " IS NULL THEN " +
+                             toDouble(obtainNumberText(*keys[i].nullPosition)) + " ELSE " + found + " END"
+                       : found) +
+                  number(" AS p", i);
+        joins += " LEFT JOIN " + keys[i].table + ' ' + own + " ON " + own + ".g = " + key;
     }
-    return "WITH " + _writeNames(groups) + " SELECT " + values + " FROM named" + joins;
+    return "SELECT " + values + " FROM " + groups + " grouped" + joins;
 }
 
 std::string SqlQueryBuilder::obtainFactValues() const
@@ -323,13 +405,11 @@ std::string SqlQueryBuilder::_writeSortedGroups() const
 }
 
 /** For each dimension the member's text (d), a key that is never null (k) and a number (n). */
-std::string SqlQueryBuilder::_writeNames(const std::string& groups) const
+std::string SqlQueryBuilder::_writeNames(const std::string& groups,
+                                         const std::vector<std::size_t>& dimensions) const
 {
-    std::string sql = "named AS (SELECT r";
-    for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
-        sql += number(", a", i) +
-               (m_binding.measures[i].aggregate == SqlAggregate::Average ? number(", b", i) : "");
-    for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
+    std::string sql = "named AS (SELECT *";
+    for (const std::size_t i : dimensions) {
         const std::string text = _obtainMemberText(i);
         sql += ", " + text + number(" AS d", i) + ", CAST(COALESCE('=' || " + text + ", '') AS TEXT)" +
                number(" AS k", i) + ", " +
@@ -345,8 +425,8 @@ std::string SqlQueryBuilder::_writeMembers(std::size_t dimension) const
     const DimensionBinding& binding = m_binding.dimensions[dimension];
     const std::string index = std::to_string(dimension);
     std::string sql = "members" + index + " AS (SELECT k" + index + " AS k, MIN(d" + index + ") AS d, MIN(n" +
-                      index + ") AS n, " + _obtainAggregate(binding.top ? binding.top->measure : 0) +
-                      " AS t, " + _obtainAggregate(binding.order.measure.value_or(0)) +
+                      index + ") AS n, " + (binding.top ? _obtainAggregate(binding.top->measure) : "0") +
+                      " AS t, " + (binding.order.measure ? _obtainAggregate(*binding.order.measure) : "0") +
                       " AS s FROM named GROUP BY k" + index + "), ";
 
     // 2. Those behind the first N are outside (x = 1).
@@ -403,7 +483,8 @@ std::string SqlQueryBuilder::_obtainColumn(std::size_t column) const
 std::string SqlQueryBuilder::_obtainMemberText(std::size_t dimension) const
 {
     const std::optional<DateLevel> level = obtainDimensionLevel(dimension);
-    const Type type = m_columns[m_dimensionColumns[dimension]].type;
+    const Type type = m_binding.dimensions[dimension].bins ? Type::Float
+                                                           : m_columns[m_dimensionColumns[dimension]].type;
     return level ? m_dialect.obtainDateBucket(number("g", dimension), type, *level)
                  : m_dialect.obtainText(number("g", dimension), type);
 }
@@ -469,6 +550,13 @@ std::string SqlQueryBuilder::_obtainGroupKey(std::size_t dimension) const
 {
     const SqlColumn& column = m_columns[m_dimensionColumns[dimension]];
     const std::string own = _obtainColumn(m_dimensionColumns[dimension]);
+    if (const std::optional<NumberBins>& bins = m_binding.dimensions[dimension].bins) {
+        const std::string origin = toDouble(obtainNumberText(bins->origin));
+        const std::string width = toDouble(obtainNumberText(bins->width));
+        const std::string value = toDouble(m_dialect.obtainComparable(own, column));
+        return origin + " + " + width + " * " +
+               m_dialect.obtainFloor("((" + value + " - " + origin + ") / " + width + ')');
+    }
     return m_isMemberEachGroup ? m_dialect.obtainComparable(own, column)
                                : m_dialect.obtainGroupKey(own, column, obtainDimensionLevel(dimension));
 }

@@ -31,14 +31,27 @@ public:
     /** @return the one that reads the rows: groups that are put together once more */
     SqlQuery obtainGroupsQuery();
     /** @param groups a table of what the groups' query answers
-     *  @return for each key (k) of a dimension its member's position (p), text (d) and number (n) */
+     *  @return for each key (g) of a dimension its member's position (p), text (d) and number (n) */
     std::string obtainMembersQuery(const std::string& groups, std::size_t dimension) const;
-    /** @param members the table of each dimension's keys
+    /** The members of a dimension by their keys. */
+    struct MemberKeys {
+        std::string table;
+        std::optional<double> nullPosition; // a null equals no key
+    };
+    /** @param keys of each dimension
      *  @return the groups with the positions of their members (p0, p1 and so on), null for one that is left
      * out */
-    std::string obtainFactsQuery(const std::string& groups, const std::vector<std::string>& members) const;
+    std::string obtainFactsQuery(const std::string& groups, const std::vector<MemberKeys>& keys) const;
     /** @return what the measures (m0, m1 and so on) are over facts that are grouped */
     std::string obtainFactValues() const;
+
+    /** @return whether there are numbers behind the members of the last dimension, of which the first measure
+     * counts the rows */
+    bool hasValuesBehindMembers() const;
+    /** @param share 0 to 1; without it the mean
+     *  @return of each member of the first of two dimensions, or of all where there is one, the text (null
+     * for a null) and this quantile of the numbers behind the last dimension's members */
+    SqlQuery obtainQuantileQuery(std::optional<double> share);
 
     std::size_t getDimensionCount() const { return m_dimensionColumns.size(); }
     std::size_t getMeasureCount() const { return m_measureColumns.size(); }
@@ -47,6 +60,8 @@ public:
     KXChartDataType obtainDimensionType(std::size_t dimension) const;
     /** @return the level that members are cut down to, nothing for a column without dates and times */
     std::optional<DateLevel> obtainDimensionLevel(std::size_t dimension) const;
+    /** @return how wide the bins of numbers are that are its members, nothing for other members */
+    std::optional<double> obtainBinWidth(std::size_t dimension) const;
     KXChartDataType obtainMeasureType(std::size_t measure) const;
 
     // Where a cell's parts stand in the result
@@ -89,7 +104,8 @@ private:
     std::string _writeGroups();
     std::string _writeConditions();
     std::string _writeSortedGroups() const;
-    std::string _writeNames(const std::string& groups) const;
+    std::string _writeNames(const std::string& groups, const std::vector<std::size_t>& dimensions) const;
+    std::string _writeMemberGroups(const std::string& groups, std::size_t dimension) const;
     std::string _writeMembers(std::size_t dimension) const;
     std::string _writeCells() const;
 

@@ -212,3 +212,10 @@ std::string SqliteDialect::obtainContains(const std::string& expression, const s
 {
     return "INSTR(" + expression + ", " + part + ") > 0";
 }
+
+std::string SqliteDialect::obtainFloor(const std::string& expression) const
+{
+    // It is not said that there are mathematical functions.
+    const std::string whole = "CAST(" + expression + " AS INTEGER)";
+    return '(' + whole + " - (" + expression + " < " + whole + "))";
+}

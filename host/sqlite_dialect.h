@@ -15,6 +15,7 @@ public:
     std::string obtainGroupKey(const std::string& expression, const SqlColumn& column,
                                std::optional<DateLevel> level) const override;
     std::string obtainAddend(const std::string& expression, const SqlColumn& column) const override;
+    std::string obtainFloor(const std::string& expression) const override;
     std::string obtainText(const std::string& expression, KXChartDataType type) const override;
     std::string obtainDateBucket(const std::string& expression, KXChartDataType type,
                                  DateLevel level) const override;

@@ -55,6 +55,8 @@ ChosenItem ViewDataProvider::_makeChosenItem(const KXChartDataPath& path) const
     const KXIndexPath& own = path.dimensionIndexPath;
     const KXIndexPath& value = path.valueIndexPath;
     for (std::size_t i = 0; i < getData().getDimensionCount(); ++i) {
+        if (getData().getBinWidth(i))
+            continue; // no value is chosen by where its bin begins
         // The dimension path may hold several members, as that of Others does; the other has one of each.
         if (own.size() > 1 && own[0] == i)
             item.push_back(makeCondition(i, std::span(own).subspan(1)));

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -8,7 +9,9 @@
 
 #include "data_binding_reader.h"
 #include "host_postgresql_server.h"
+#include "number_text.h"
 #include "sql_data_provider.h"
+#include "sql_pivot.h"
 #include "sql_session.h"
 
 namespace {
@@ -141,6 +144,107 @@ private:
     SqlDataProvider m_provider;
 };
 
+/** Writes a whole table: each row's name and cells, its total after "=", in the end the totals of columns. */
+std::string writeTable(SqlSession& session, const std::string& text)
+{
+    SqlPivot pivot(session, DataBindingReader("b").readText(text));
+    constexpr std::uint64_t all = KXTableChartDataProvider::allMembers;
+    const auto write = [&](std::uint64_t row, std::uint64_t column) {
+        KXTableCell cell;
+        pivot.obtainCells({}, row, {}, column, 0, {{&cell, 1}, 1});
+        return cell.state != KXTableCellState::Value ? std::string(".") : obtainNumberText(cell.number);
+    };
+    std::string table;
+    for (const SqlMember& column : pivot.obtainMembers(false, {}, 0, 100))
+        table += column.text.substr(column.text.size() - 2) + (column.isGenerated ? "+ " : " ");
+    const auto addRow = [&](const std::string& name, std::uint64_t row) {
+        table += "| " + name + ": ";
+        for (std::uint64_t column = 0; column < pivot.obtainCount(false, {}); ++column)
+            table += write(row, column) + " ";
+        table += "= " + write(row, all) + " ";
+    };
+    std::uint64_t row = 0;
+    for (const SqlMember& member : pivot.obtainMembers(true, {}, 0, 100))
+        addRow(member.text, row++);
+    addRow("all", all);
+    return table;
+}
+
+void checkMadeMembers(SqlSession& session)
+{
+    session.execute("CREATE TABLE days (d DATE, name TEXT, v INTEGER)");
+    session.execute("INSERT INTO days VALUES ('2024-01-01','x',5),('2024-01-04','y',2),('2024-01-01','z',1),"
+                    "('2024-01-04',NULL,NULL),(NULL,'x',1)");
+    const std::string head = R"({"table": "days", "measures": [{"aggregate": "sum", "column": "v"}],
+        "nullText": "no", "dimensions": [{"column": "name", "top": {"count": 1)";
+    const std::string tail = R"(}}, {"column": "d", "across": true, "fillGaps": true}]})";
+    EXPECT_EQ(writeTable(session, head + R"(, "others": "rest")" + tail),
+              "01 02+ 03+ 04 no | x: 5 . . . 1 = 6 | rest: 1 . . 2 . = 3 | all: 6 . . 2 1 = 9 ");
+    EXPECT_EQ(writeTable(session, head + tail), "01 02+ 03+ 04 no | x: 5 . . . 1 = 6 | all: 6 . . 2 1 = 9 ");
+}
+
+/** The totals of a heat map over the same rows. */
+void checkHeatTotals(SqlSession& session)
+{
+    SqlDataProvider provider(session, DataBindingReader("b").readText(R"({"totals": true, "dimensions":
+        [{"column": "a"}, {"column": "c"}], "measures": [{"aggregate": "average", "column": "v"}]})"));
+    provider.beginPrepareData(nullptr);
+    for (const bool ofRows : {true, false}) {
+        const std::string column = ofRows ? "a" : "c";
+        std::string sql = "SELECT AVG(CAST(v AS DOUBLE PRECISION)) FROM data GROUP BY ";
+        sql.append(column).append(" ORDER BY ").append(column).append(" NULLS LAST");
+        const SqlTable expected = session.query({sql, {}, {SqlResultType::Number}});
+        std::vector<double> totals(expected.getRowCount());
+        provider.obtainTotals(nullptr, ofRows, 0, totals);
+        ASSERT_EQ(totals.size(), provider.obtainDimensionDataCount(nullptr, ofRows ? 0 : 1));
+        for (std::size_t i = 0; i < totals.size(); ++i)
+            EXPECT_NEAR(totals[i], expected.getNumber(i, 0), 1e-9) << column << i;
+    }
+}
+
+/** @return the value that a share of sorted ones lies below */
+double findQuantile(const std::vector<double>& sorted, double share)
+{
+    const double place = share * static_cast<double>(sorted.size() - 1);
+    const auto before = static_cast<std::size_t>(place);
+    const std::size_t after = std::min(before + 1, sorted.size() - 1);
+    return sorted[before] + (place - static_cast<double>(before)) * (sorted[after] - sorted[before]);
+}
+
+/** Bins of the same rows, and what is told of the numbers behind them. */
+void checkBins(SqlSession& session)
+{
+    SqlDataProvider provider(session, DataBindingReader("b").readText(R"({"dimensions": [{"column": "a"},
+        {"column": "v", "bins": {"count": 10}}], "measures": [{"aggregate": "count"}]})"));
+    provider.beginPrepareData(nullptr);
+    const auto read = [&](const std::string& sql) {
+        const SqlTable rows = session.query({sql, {}, {SqlResultType::Number}});
+        std::vector<double> values;
+        for (std::size_t row = 0; row < rows.getRowCount(); ++row)
+            values.push_back(rows.getNumber(row, 0));
+        return values;
+    };
+    ASSERT_EQ(provider.obtainDimensionDataCount(nullptr, 1), 10u) << "from -10 to 35, and the null";
+    for (std::uint64_t group = 0; group < provider.obtainDimensionDataCount(nullptr, 0); ++group) {
+        const std::string name = provider.obtainDimensionData(nullptr, {0, group});
+        std::string condition = " FROM data WHERE a ";
+        condition.append(name == "(null)" ? "IS NULL" : "= '" + name + "'");
+        SCOPED_TRACE(condition);
+        const std::vector<double> values = read("SELECT v" + condition + " AND v IS NOT NULL ORDER BY v");
+        for (const double share : {0.05, 0.25, 0.5, 1.0})
+            EXPECT_NEAR(provider.obtainQuantile(nullptr, group, share), findQuantile(values, share), 1e-9);
+        EXPECT_NEAR(provider.obtainMean(nullptr, group), read("SELECT AVG(v)" + condition).at(0), 1e-9);
+        for (std::uint64_t bin = 0; bin < 9; ++bin) {
+            const double start = provider.obtainDimensionDataAsNumber(nullptr, {1, bin});
+            EXPECT_EQ(start, static_cast<double>(bin) * 5 - 10);
+            EXPECT_EQ(provider.obtainDimensionDataAsRangeDifference(nullptr, {1, bin}), 5);
+            const auto isInside = [&](double value) { return value >= start && value < start + 5; };
+            EXPECT_EQ(provider.obtainValueData(nullptr, {0, group, bin}),
+                      static_cast<double>(std::ranges::count_if(values, isInside)));
+        }
+    }
+}
+
 TEST(HostSqlPivot, EveryNumberIsTheDatabasesOwn)
 {
     const PostgresqlServer server;
@@ -153,6 +257,9 @@ TEST(HostSqlPivot, EveryNumberIsTheDatabasesOwn)
         EXPECT_EQ(pivot.get().obtainRowDimensionCount(nullptr), 2u);
         EXPECT_EQ(pivot.get().obtainColumnDimensionCount(nullptr), 1u);
         EXPECT_GT(pivot.check({}, {}, {}, {}), 100);
+        checkHeatTotals(session);
+        checkBins(session);
+        checkMadeMembers(session);
         if (server.getConnection().empty())
             break;
     }
