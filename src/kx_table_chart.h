@@ -269,7 +269,7 @@ private:
     KXTableDrawnCell _makeCell(const UXDoubleRect& rect, const std::string& text,
                                const UXTextProperty& property) const;
     void _fitText(KXTableDrawnCell& cell, const UXTextProperty& property, KXGridBand band,
-                  std::uint64_t column, bool isNumber);
+                  std::uint64_t column, bool isNumber, bool mayGrow = true);
     void _leaveOutCutTexts(const KXTablePanel& panel, std::vector<KXTableDrawnCell>& cells) const;
     std::vector<KXTableDrawnCell> _layoutCorner(const KXTablePanel& panel);
     std::vector<KXTableDrawnCell> _layoutRowHeaders(const KXTablePanel& panel);

@@ -183,7 +183,7 @@ KXTableDrawnCell KXTableChart::_makeCell(const UXDoubleRect& rect, const std::st
 
 /** A number that is cut would look like another one, so that it is left out. */
 void KXTableChart::_fitText(KXTableDrawnCell& cell, const UXTextProperty& property, KXGridBand band,
-                            std::uint64_t column, bool isNumber)
+                            std::uint64_t column, bool isNumber, bool mayGrow)
 {
     if (cell.text.empty())
         return;
@@ -195,7 +195,8 @@ void KXTableChart::_fitText(KXTableDrawnCell& cell, const UXTextProperty& proper
     cell.textWidth = obtainWidth(cell.text);
     if (cell.textWidth <= cell.textRect.width)
         return;
-    _growColumn(band, column, cell.textWidth + cell.rect.width - cell.textRect.width);
+    if (mayGrow)
+        _growColumn(band, column, cell.textWidth + cell.rect.width - cell.textRect.width);
     cell.isCut = true;
     cell.wholeText = cell.text;
     if (isNumber)
@@ -426,7 +427,10 @@ void KXTableChart::_layoutColumnLevel(const KXTablePanel& panel, const Lines& co
             if (!_hasMeasureHeaders())
                 _markSorting(cell, band, start + first + i);
         }
-        _fitText(cell, m_headerProperty, band, start + first + i, false);
+        // What the panel's edge alone leaves too little room for needs no wider column.
+        const double whole = cell.rect.width - 2 * paddingAcross -
+                             (cell.mark == KXTableDrawnCell::Mark::None ? 0 : markWidth);
+        _fitText(cell, m_headerProperty, band, start + first + i, false, cell.textRect.width >= whole);
         cells.push_back(std::move(cell));
     }
 }

@@ -99,9 +99,16 @@ std::optional<std::uint64_t> KXTableChart::_findEdge(KXTablePanel& panel, const 
         return std::nullopt;
     const UXPoint point = panel.getTranslatedPointFromEvent(event, &panel);
     const KXGridRange columns = panel.obtainVisibleColumns();
+    // The name of several columns has no edges between them.
+    const auto isWithinName = [&](double edge) {
+        return std::ranges::any_of(panel.getCells(), [&](const KXTableDrawnCell& cell) {
+            return uxPointInDoubleRect(UXDoublePoint(point.x, point.y), cell.rect) &&
+                   edge > cell.rect.x + 1 && edge < uxMaxDoubleX(cell.rect) - 1;
+        });
+    };
     for (std::uint64_t column = columns.first; column < columns.end; ++column) {
         const double edge = uxMaxDoubleX(panel.obtainCellRect({0, column}));
-        if (std::abs(edge - point.x) <= edgeReach)
+        if (std::abs(edge - point.x) <= edgeReach && !isWithinName(edge))
             return column;
     }
     return std::nullopt;
