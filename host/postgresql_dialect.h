@@ -18,6 +18,7 @@ public:
     std::string obtainDateBucket(const std::string& expression, KXChartDataType type,
                                  DateLevel level) const override;
     std::string obtainByteOrder(const std::string& expression) const override;
+    std::string obtainAnalysis(const std::string& table) const override { return "ANALYZE " + table; }
     bool hasGroupingSets() const override { return true; }
     std::string obtainQuantiles(const std::string& share) const override;
     bool findsDistinctFasterAsGroups() const override { return true; }

@@ -41,6 +41,8 @@ SqlDataSet::SqlDataSet(SqlSession& session, const DataBinding& wanted)
 
 SqlDataSet::SqlDataSet(const SqlQueryBuilder& builder)
 {
+    m_measures.reserve(builder.getMeasureCount());
+    m_dimensions.reserve(builder.getDimensionCount());
     for (std::size_t i = 0; i < builder.getMeasureCount(); ++i)
         m_measures.push_back({builder.obtainMeasureType(i), builder.obtainMeasureColumn(i)});
     for (std::size_t i = 0; i < builder.getDimensionCount(); ++i)

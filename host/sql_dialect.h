@@ -70,6 +70,9 @@ public:
     /** @return a text expression that sorts by its bytes */
     virtual std::string obtainByteOrder(const std::string& expression) const { return expression; }
 
+    /** @return a statement to run when a table has been filled, so that queries over it are planned by what
+     * is in it; empty where the engine needs none */
+    virtual std::string obtainAnalysis(const std::string& /*table*/) const { return {}; }
     /** @return whether one query can group in several ways */
     virtual bool hasGroupingSets() const { return false; }
     /** @return whether values that differ are found faster by grouping than by COUNT(DISTINCT) */

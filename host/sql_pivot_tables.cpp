@@ -82,6 +82,8 @@ void SqlPivotTables::makeTable(const std::string& name, SqlQuery query)
     m_tables.push_back(name);
     query.text = "CREATE TEMPORARY TABLE " + name + " AS " + query.text;
     m_session.execute(query);
+    if (const std::string analysis = m_session.getDialect().obtainAnalysis(name); !analysis.empty())
+        m_session.execute(analysis);
 }
 
 void SqlPivotTables::_drop(const std::string& name)
