@@ -11,10 +11,11 @@
 /** The values of a heat map, or of its totals, and the colours that stand for them. */
 struct KX_EXPORT KXHeatMapCells {
     std::span<const double> values; /**< row after row, NaN for a null; whose they are keeps them */
-    std::span<const double> parts;  /**< of the values what is drawn in full; empty for all of it */
     std::uint64_t rowCount = 0, columnCount = 0; /**< as many as there are values */
     KXGradientScale scale;
-    std::optional<double> middle; /**< what values are compared with; none: the more the stronger */
+    std::optional<double> middle;       /**< what values are compared with; none: the more the stronger */
+    std::span<const double> parts = {}; /**< of the values what is drawn in full; empty for all of it */
+    double lightOpacity = 1;            /**< of a cell beside its part */
 
     /** @return NaN past the counts */
     double obtainValue(const KXGridCell& cell) const;

@@ -251,11 +251,11 @@ void KXHeatMapChart::_fillPanels()
     cells.columnCount = obtainColumnCount();
     cells.values = _obtainShownValues();
     cells.parts = getHighlightedParts(0);
+    cells.lightOpacity = KXPanelChart::obtainDimmedOpacity();
     cells.scale = m_scale;
     if (m_isDiverging && std::isfinite(m_middleValue))
         cells.middle = m_middleValue;
-    KXHeatMapCellStyle style{m_cellGap,       m_showNullPattern, m_showLabels,
-                             m_labelProperty, m_autoLabelColor,  KXPanelChart::obtainDimmedOpacity()};
+    KXHeatMapCellStyle style{m_cellGap, m_showNullPattern, m_showLabels, m_labelProperty, m_autoLabelColor};
     m_panel->getContentPanel().setCells(cells, style,
                                         [this](const KXGridCell& cell) { return _writeLabel(cell); });
     style.showsLabels = true; // as no legend tells what their colours stand for

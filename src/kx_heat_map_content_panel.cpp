@@ -237,7 +237,7 @@ void KXHeatMapContentPanel::_placeLabels(const KXGridBlock& seen)
 UXColor KXHeatMapContentPanel::_obtainLabelColor(const KXGridCell& cell) const
 {
     return kxObtainReadableColor(KXHighlightedParts::obtainTextGround(
-        obtainColor(cell), m_cells.obtainFullShare(cell), m_style.lightOpacity));
+        obtainColor(cell), m_cells.obtainFullShare(cell), m_cells.lightOpacity));
 }
 
 bool KXHeatMapContentPanel::_standsOut(const KXGridCell& cell) const
@@ -264,7 +264,7 @@ void KXHeatMapContentPanel::_paintRects(UXPainter& painter, const UXRect& dirtyR
         const bool isFull = m_highlight.restOpacity >= 1 || _standsOut(drawn.cell);
         const UXColor color = isFull ? drawn.color : dim(drawn.color, m_highlight.restOpacity);
         const double share = m_cells.obtainFullShare(drawn.cell);
-        painter.setColor(share < 1 ? dim(color, m_style.lightOpacity) : color);
+        painter.setColor(share < 1 ? dim(color, m_cells.lightOpacity) : color);
         painter.drawRects({&drawn.rect, 1});
         if (share >= 1)
             continue;

@@ -25,7 +25,6 @@ struct KXHeatMapCellStyle {
     bool showsLabels = false;
     UXTextProperty labelProperty;
     bool autoLabelColor = true; /**< dark or white, whichever can be read on the cell */
-    double lightOpacity = 1;    /**< of cells that are drawn in part, beside that part */
 };
 
 /**

@@ -1,5 +1,8 @@
 #include "kx_heat_map_raster.h"
 
+#include "kx_highlighted_parts.h"
+#include "ux/ux_color.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -45,6 +48,7 @@ UXImage kxDrawHeatMapRaster(const KXHeatMapCells& cells, const KXHeatMapColors& 
     const std::size_t width = columns.size();
     std::vector<std::uint32_t> pixels(width * rows.size());
     std::vector<double> strongest(width);
+    std::vector<KXGridCell> strongestCells(cells.parts.empty() ? 0 : width);
     bool hasNulls = false;
     for (std::size_t y = 0; y < rows.size(); ++y) {
         std::uint32_t* const line = pixels.data() + y * width;
@@ -64,8 +68,11 @@ UXImage kxDrawHeatMapRaster(const KXHeatMapCells& cells, const KXHeatMapColors& 
             const double* const values = cells.values.data() + row * cells.columnCount;
             for (std::size_t x = 0; x < width; ++x)
                 for (std::uint64_t column = columns[x].lines.first; column < columns[x].lines.end; ++column)
-                    if (cells.isStronger(values[column], strongest[x]))
+                    if (cells.isStronger(values[column], strongest[x])) {
                         strongest[x] = values[column];
+                        if (!strongestCells.empty())
+                            strongestCells[x] = {row, column};
+                    }
         }
 
         // 3. Its colour.
@@ -74,7 +81,12 @@ UXImage kxDrawHeatMapRaster(const KXHeatMapCells& cells, const KXHeatMapColors& 
                 continue;
             const bool isNull = std::isnan(strongest[x]);
             hasNulls = hasNulls || isNull;
-            if (!isNull)
+            const double share = isNull || strongestCells.empty() ? 1
+                                                                  : cells.obtainFullShare(strongestCells[x]);
+            if (share < 1)
+                line[x] = kxObtainPixel(KXHighlightedParts::obtainLightColor(
+                    colors.obtainColor(strongest[x]), std::lerp(cells.lightOpacity, 1.0, share)));
+            else if (!isNull)
                 line[x] = colors.obtainPixel(strongest[x]);
             else if ((x + y) % static_cast<std::size_t>(std::max(hatch.period, 1)) == 0)
                 line[x] = hatch.pixel;

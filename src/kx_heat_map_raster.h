@@ -33,7 +33,8 @@ struct KXHeatMapHatch {
     int period = 1;          /**< from one line to the next, in pixels */
 };
 
-/** @return an image of as many pixels as there are lines, each in the colour of the strongest of its cells */
+/** @return an image of as many pixels as there are lines, each in the colour of the strongest of its cells. A
+ * cell that is drawn in part is the more opaque the larger its part is. */
 [[nodiscard]] KX_EXPORT UXImage kxDrawHeatMapRaster(const KXHeatMapCells& cells,
                                                     const KXHeatMapColors& colors,
                                                     const std::vector<KXPixelLine>& rows,

@@ -3,7 +3,9 @@
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_layout.h"
 #include "kx_chart_items.h"
+#include "kx_heat_map_raster.h"
 #include "kx_highlighted_parts.h"
+#include "kx_line_edges.h"
 #include "kx_load_chart.h"
 #include "kx_pie_chart.h"
 #include "kx_table_data_provider.h"
@@ -130,6 +132,40 @@ TEST(KXHighlightedParts, APartOfASliceIsPartOfItsAngle)
     EXPECT_EQ(part.startDegrees, whole.startDegrees);
     EXPECT_EQ(part.sweepDegrees, whole.sweepDegrees / 4);
     EXPECT_EQ(KXPanelShape(UXDoubleRect(1, 2, 8, 4)).obtainPart(0.25).getBounds(), UXDoubleRect(1, 2, 2, 4));
+}
+
+/** A line of parts runs below that of the values; on others it starts where its series does. */
+TEST(KXHighlightedParts, AreasEndWhereTheirPartsDo)
+{
+    const std::vector<double> low{10, 20}, high{30, none}, lowParts{5, 0}, highParts{15, none};
+    KXAxisChartStacks source;
+    source.series = {{0, low, {}, lowParts}, {1, high, {}, highParts}};
+    source.end = 2;
+    for (const bool isStacked : {false, true}) {
+        SCOPED_TRACE(isStacked);
+        source.form = isStacked ? KXAxisChartStacking::Stacked : KXAxisChartStacking::Plain;
+        KXLineEdges edges;
+        edges.take(source, KXLineNullHandling::Gap);
+        EXPECT_EQ(edges.getPartLine(0)[0], 5);
+        EXPECT_EQ(edges.getPartLine(0)[1], 0);
+        EXPECT_EQ(edges.getPartLine(1)[0], isStacked ? 25 : 15);
+        EXPECT_EQ(std::isnan(edges.getPartLine(1)[1]), !isStacked) << "a null";
+    }
+}
+
+/** Cells without room for a part are the more opaque the larger it is. */
+TEST(KXHighlightedParts, SmallCellsFadeWithTheirParts)
+{
+    const std::vector<double> values{4, 4, 4}, parts{4, 2, 0};
+    KXHeatMapCells cells{values, 1, 3, {0, 4, 0, {0, 0, 0}, {0, 0, 0}, {0, 0, 0}, 0}, {}};
+    cells.parts = parts;
+    cells.lightOpacity = 0.2;
+    const std::vector<KXPixelLine> rows{{{0, 1}}}, columns{{{0, 1}}, {{1, 2}}, {{2, 3}}};
+    const UXImage image = kxDrawHeatMapRaster(cells, KXHeatMapColors(cells.scale), rows, columns, {});
+    const auto obtainAlpha = [&](std::size_t x) { return image.getPixels()[x] >> 24; };
+    EXPECT_EQ(obtainAlpha(0), 255U);
+    EXPECT_NEAR(obtainAlpha(1), 0.6 * 255, 1);
+    EXPECT_NEAR(obtainAlpha(2), 0.2 * 255, 1);
 }
 
 } // namespace
