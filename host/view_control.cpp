@@ -163,23 +163,34 @@ void ViewControl::turnWheel(const UXControlPoint& point, const UXEvent& event)
 
 void ViewControl::compose(const std::string& text, int caret)
 {
-    // What lies over the board has the keys before it.
+    UXInputDelegate* input = _findInput();
+    // What is left behind composes nothing any more.
+    auto* before = dynamic_cast<UXInputDelegate*>(m_composing.getObject());
+    if (before && before != input)
+        before->setInputComposition({}, 0);
+    m_composing = UXObjectWatcher(input ? input->getInputOwner() : nullptr);
+    if (!input)
+        return;
+    const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
+    std::size_t position = 0;
+    for (int left = caret; position < text.size(); ++position)
+        if (begins(text[position]) && left-- <= 0)
+            break;
+    input->setInputComposition(text, position);
+}
+
+/** @return what takes the keys, null where it is no text; what lies over the board has them before it */
+UXInputDelegate* ViewControl::_findInput() const
+{
     UXDiagram& board = m_board.getDiagram();
     std::vector<UXDiagram*> diagrams(board.getGlobalEventDiagrams().begin(),
                                      board.getGlobalEventDiagrams().end());
     diagrams.push_back(&board);
-    for (const UXDiagram* diagram : diagrams) {
-        auto* input = dynamic_cast<UXInputDelegate*>(diagram->getFocusedObject());
-        if (!input || !diagram->getVisible())
-            continue;
-        const auto begins = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; };
-        std::size_t position = 0;
-        for (int left = caret; position < text.size(); ++position)
-            if (begins(text[position]) && left-- <= 0)
-                break;
-        input->setInputComposition(text, position);
-        return;
-    }
+    for (const UXDiagram* diagram : diagrams)
+        if (auto* input = dynamic_cast<UXInputDelegate*>(diagram->getFocusedObject());
+            input && diagram->getVisible())
+            return input;
+    return nullptr;
 }
 
 void ViewControl::pressKey(const UXEvent& event)

@@ -5,12 +5,15 @@
 #include "ux/ux_control.h"
 #include "ux/ux_dirty_region.h"
 #include "ux/ux_global_smooth_scrolling_event_diagram.h"
+#include "ux/ux_object_watcher.h"
 #include "view_menu.h"
 #include "view_scroll_bars.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
+class UXInputDelegate;
 class ViewBoard;
 
 /** The codes of the keys that the view answers beside those of the framework. */
@@ -76,6 +79,7 @@ private:
     bool _changeThemeByKey(const UXEvent& event);
     bool _zoomByKey(const UXEvent& event);
     bool _scrollByKey(const UXEvent& event);
+    UXInputDelegate* _findInput() const;
     void _showFocusedCard();
     void _openFocusedMenu();
 
@@ -86,6 +90,7 @@ private:
     UXGlobalSmoothScrollingEventDiagram m_scroller;
     KXChartLinkedActionDiagram m_linked;
     std::unique_ptr<UXCairoImagePaintConfig> m_picture;
+    UXObjectWatcher m_composing{nullptr}; // what an input method composes for
     bool m_allDirty = true;
     bool m_reduceMotion = false;
     double m_wheelTurn = 0; // towards the next step of the zoom, in notches

@@ -7,8 +7,11 @@
 #include "kx_axis_chart_property.h"
 #include "kx_chart_data_user.h"
 #include "kx_chart_items.h"
+#include "kx_control_chart.h"
+#include "kx_control_chart_list.h"
 #include "kx_control_chart_row.h"
 #include "kx_no_data_label.h"
+#include "kx_text_line.h"
 #include "kx_xy_axis_chart.h"
 #include "time_step.h"
 #include "ux/cairo/ux_cairo_install.h"
@@ -538,4 +541,35 @@ TEST(HostDashboard, AClickOnARowFiltersAndIsSaved)
     control.mouseUp(middle, event);
     EXPECT_EQ(obtainTotal(board.getDashboard()), 2); // of all rows that are chosen at first, b goes
     EXPECT_NE(board.getDashboard().save().find(R"("except": [)"), std::string::npos);
+}
+
+TEST(HostDashboard, AnInputMethodComposesWhereTextIsTyped)
+{
+    uxCairoInstall();
+    const TemporaryFile data("kind\na\nb\n");
+    DashboardBoard board(
+        DashboardReader("d").readText(
+            R"({"type": "Dashboard", "data": ")" + data.getPath() + R"(", "columns": 1, "items": [)" +
+            obtainItem(0, obtainBinding(R"({"column": "kind"})"), "", "KXControlChart") + ", " +
+            obtainItem(1, obtainBinding(R"({"column": "kind"})"), "", "KXControlChart") + "]}"),
+        noHandlers);
+    ViewControl control(board);
+    control.resize({500, 3000}, 1);
+    control.paintDirtyAreas();
+    const auto obtainLine = [&](std::size_t item) -> KXTextLine& {
+        return dynamic_cast<KXControlChart&>(board.getDashboard().getChart(item)).getList()->getSearchLine();
+    };
+    control.compose("x", 1); // for nobody
+    obtainLine(0).takeKeys();
+    control.compose("\xE3\x81\x8B\xE3\x81\xAA", 1);
+    EXPECT_EQ(obtainLine(0).getInputComposition(), "\xE3\x81\x8B\xE3\x81\xAA");
+    EXPECT_EQ(obtainLine(0).getInputCompositionCaret(), 3U);
+    obtainLine(1).takeKeys();
+    control.compose("y", 9);
+    EXPECT_EQ(obtainLine(0).getInputComposition(), "");
+    EXPECT_EQ(obtainLine(1).getInputComposition(), "y");
+    UXEvent typed(UXEventType::KeyDown);
+    typed.setKeyText("z");
+    control.keyDown(typed);
+    EXPECT_EQ(obtainLine(1).getInputText() + obtainLine(1).getInputComposition(), "z");
 }
