@@ -346,17 +346,29 @@ void KXFigureChart::_placeText(const KXFigureLine& line, const Text& said, const
     m_texts.push_back(std::move(placed));
 }
 
+/** At the lower edge of each panel, as far below its texts as the gap to the next one lets it be. */
+void KXFigureChart::_paintPartLines(UXPainter& painter) const
+{
+    if (!hasHighlightedParts())
+        return;
+    const double below = std::min(_obtainGap() / 2, KXHighlightedParts::lineHeight);
+    for (const KXPanelItem& item : getLaidOutItems()) {
+        const UXDoubleRect* rect = item.shape.obtainRect();
+        if (!rect || std::isnan(obtainItemPart(item.item)))
+            continue;
+        const double bottom = std::min(rect->y + rect->height + below,
+                                       static_cast<double>(m_area.getBottom()));
+        const double top = bottom - KXHighlightedParts::lineHeight;
+        KXHighlightedParts::paintLine(painter, {rect->x, top, rect->width, KXHighlightedParts::lineHeight},
+                                      KXMemberPanelChart::_obtainFullShare(item.item),
+                                      _obtainDrawnColor(item.item, m_valueProperty.textColor),
+                                      obtainDimmedOpacity());
+    }
+}
+
 void KXFigureChart::_paintOverItems(UXPainter& painter) const
 {
-    for (const KXPanelItem& item : getLaidOutItems())
-        if (const UXDoubleRect* rect = item.shape.obtainRect();
-            rect && !std::isnan(obtainItemPart(item.item)) && rect->height > KXHighlightedParts::lineHeight)
-            KXHighlightedParts::paintLine(painter,
-                                          {rect->x, rect->y + rect->height - KXHighlightedParts::lineHeight,
-                                           rect->width, KXHighlightedParts::lineHeight},
-                                          KXMemberPanelChart::_obtainFullShare(item.item),
-                                          _obtainDrawnColor(item.item, m_valueProperty.textColor),
-                                          obtainDimmedOpacity());
+    _paintPartLines(painter);
     for (const PlacedText& placed : m_texts) {
         UXTextProperty property = placed.property;
         property.textColor = _obtainDrawnColor(placed.item, property.textColor);

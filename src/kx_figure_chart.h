@@ -138,6 +138,7 @@ protected:
     void _diagnose(std::vector<KXChartDiagnostic>& diagnostics) const override;
 
 private:
+    void _paintPartLines(UXPainter& painter) const;
     double _obtainPadding() const;
     Text _obtainOneLine(std::uint64_t group, std::size_t line);
     std::vector<std::uint64_t> _obtainShownGroups() const;

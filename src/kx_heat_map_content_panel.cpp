@@ -23,6 +23,9 @@ constexpr std::uint64_t greatestRectCount = 1500;
 constexpr double leastGaps = 12;
 /** Between a text and the edges of its cell. */
 constexpr double padding = 3;
+/** The colour of a cell says what its value is, so that a line at its lower edge tells the part that is
+ * chosen elsewhere; smaller cells fade instead. */
+constexpr double leastLineExtent = 16, lineInset = 2;
 /** From one slanted line in a null to the next one, and how they look. */
 constexpr double hatchDistance = 6;
 constexpr UXColor hatchColor(205, 205, 212);
@@ -73,7 +76,8 @@ void KXHeatMapContentPanel::setScale(const KXGradientScale& scale)
     _drawCells();
     for (KXHeatMapLabel& label : m_labels)
         if (m_style.autoLabelColor)
-            label = {label.getCell(), label.getText(), label.getRect(), _obtainLabelColor(label.getCell())};
+            label = {label.getCell(), label.getText(), label.getRect(),
+                     kxObtainReadableColor(obtainColor(label.getCell()))};
     invalidate();
 }
 
@@ -228,16 +232,10 @@ void KXHeatMapContentPanel::_placeLabels(const KXGridBlock& seen)
             if (width + padding > rect.width || height > rect.height ||
                 2 * shown.width * shown.height < width * height)
                 continue; // or most of it would be cut where the panel ends
-            m_labels.emplace_back(cell, std::move(text), place,
-                                  m_style.autoLabelColor ? _obtainLabelColor(cell)
-                                                         : m_style.labelProperty.textColor);
+            const UXColor& color = m_style.autoLabelColor ? kxObtainReadableColor(obtainColor(cell))
+                                                          : m_style.labelProperty.textColor;
+            m_labels.emplace_back(cell, std::move(text), place, color);
         }
-}
-
-UXColor KXHeatMapContentPanel::_obtainLabelColor(const KXGridCell& cell) const
-{
-    return kxObtainReadableColor(KXHighlightedParts::obtainTextGround(
-        obtainColor(cell), m_cells.obtainFullShare(cell), m_cells.lightOpacity));
 }
 
 bool KXHeatMapContentPanel::_standsOut(const KXGridCell& cell) const
@@ -263,14 +261,20 @@ void KXHeatMapContentPanel::_paintRects(UXPainter& painter, const UXRect& dirtyR
             continue;
         const bool isFull = m_highlight.restOpacity >= 1 || _standsOut(drawn.cell);
         const UXColor color = isFull ? drawn.color : dim(drawn.color, m_highlight.restOpacity);
+        const bool hasPart = !m_cells.parts.empty();
         const double share = m_cells.obtainFullShare(drawn.cell);
-        painter.setColor(share < 1 ? dim(color, m_cells.lightOpacity) : color);
+        const bool hasLine = hasPart && std::min(drawn.rect.width, drawn.rect.height) >= leastLineExtent;
+        painter.setColor(hasPart && !hasLine ? dim(color, std::lerp(m_cells.lightOpacity, 1.0, share))
+                                             : color);
         painter.drawRects({&drawn.rect, 1});
-        if (share >= 1)
-            continue;
-        const UXDoubleRect part(drawn.rect.x, drawn.rect.y, drawn.rect.width * share, drawn.rect.height);
-        painter.setColor(color);
-        painter.drawRects({&part, 1});
+        if (hasLine)
+            KXHighlightedParts::paintLine(
+                painter,
+                {drawn.rect.x + lineInset,
+                 drawn.rect.y + drawn.rect.height - lineInset - KXHighlightedParts::lineHeight,
+                 drawn.rect.width - 2 * lineInset, KXHighlightedParts::lineHeight},
+                share, dim(kxObtainReadableColor(drawn.color), isFull ? 1 : m_highlight.restOpacity),
+                m_cells.lightOpacity);
     }
     if (m_hatch.empty())
         return;

@@ -72,7 +72,6 @@ private:
         UXColor color; // clear for a null
     };
 
-    UXColor _obtainLabelColor(const KXGridCell& cell) const;
     double _obtainGap() const;
     void _drawCells();
     void _drawRects(const KXGridBlock& seen, const KXPixelGrid& grid);

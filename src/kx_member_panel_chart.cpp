@@ -803,8 +803,10 @@ void KXMemberPanelChart::_updateColors()
     for (Label& label : m_labels)
         if (label.placed.isOnGround) {
             const KXPanelItem& item = getLaidOutItems()[label.item];
+            const UXDoublePoint middle(uxMidDoubleX(label.placed.rect), uxMidDoubleY(label.placed.rect));
+            const bool isOnPart = item.share >= 1 || item.shape.obtainPart(item.share).holdsPoint(middle);
             label.placed.property.textColor = kxObtainReadableColor(
-                KXHighlightedParts::obtainTextGround(item.color, item.share, obtainDimmedOpacity()));
+                KXHighlightedParts::obtainTextGround(item.color, isOnPart ? 1 : 0, obtainDimmedOpacity()));
         }
     updateLegendColor();
     _updateLooks();

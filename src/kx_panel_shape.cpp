@@ -200,7 +200,7 @@ KXPanelShape KXPanelShape::obtainScaled(double ratio) const
 KXPanelShape KXPanelShape::obtainPart(double share) const
 {
     if (const UXDoubleRect* rect = obtainRect())
-        return UXDoubleRect(rect->x, rect->y, rect->width * share, rect->height);
+        return UXDoubleRect(rect->x, rect->y + rect->height * (1 - share), rect->width, rect->height * share);
     KXPanelShape part = *this;
     if (const KXSector* sector = obtainSector()) {
         KXSector own = *sector;

@@ -42,7 +42,8 @@ public:
     bool holdsRect(const UXDoubleRect& rect) const;
     /** @return one whose extent is that times its own; of a sector the thickness */
     KXPanelShape obtainScaled(double ratio) const;
-    /** @return what of it is drawn in full: of a rectangle from the left on, of a sector from where it starts
+    /** @return what of it is drawn in full: of a rectangle from the bottom up, as texts
+     * stand at its top, of a sector from where it starts
      * @param share 0 to 1; a polygon has no parts */
     KXPanelShape obtainPart(double share) const;
     KXPanelShape obtainMoved(const UXDoublePoint& by) const;

@@ -131,7 +131,7 @@ TEST(KXHighlightedParts, APartOfASliceIsPartOfItsAngle)
                    part = *items[0].shape.obtainPart(0.25).obtainSector();
     EXPECT_EQ(part.startDegrees, whole.startDegrees);
     EXPECT_EQ(part.sweepDegrees, whole.sweepDegrees / 4);
-    EXPECT_EQ(KXPanelShape(UXDoubleRect(1, 2, 8, 4)).obtainPart(0.25).getBounds(), UXDoubleRect(1, 2, 2, 4));
+    EXPECT_EQ(KXPanelShape(UXDoubleRect(1, 2, 8, 4)).obtainPart(0.25).getBounds(), UXDoubleRect(1, 5, 8, 1));
 }
 
 /** A line of parts runs below that of the values; on others it starts where its series does. */
