@@ -71,7 +71,7 @@ void addTitle(const KXChart& chart, Diagnostics& diagnostics)
     const bool wraps = chart.getChartProperty()->getTitleValueWrap();
     const UXDoubleSize size = uxMeasureText(text, property, wraps ? rect.width : 0);
     const UXRect seen = uxIntersectionRect(rect, chart.getContentRect());
-    const bool isLeftOut = uxIsEmptyRect(seen);
+    const bool isLeftOut = uxIsEmptyRect(seen) || seen.height + 1 < uxMeasureText(text, property).height;
     if (isLeftOut || size.width > rect.width + 1 || size.height > seen.height + 1)
         diagnostics.push_back(
             {isLeftOut ? LeftOutText : ShortenedText, text, uxLocalizeString(noRoom), seen, 1});

@@ -5,12 +5,14 @@
 #include "kx_chart_items.h"
 #include "kx_chart_items_delegate.h"
 #include "kx_chart_label.h"
+#include "kx_sentence.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_hint_words.h"
 #include "ux/ux_object_watcher.h"
 
 #include <cmath>
 #include <cstddef>
+#include <string>
 #include <utility>
 
 namespace {
@@ -99,6 +101,10 @@ public:
         }
         if (m_chart.isAlive())
             _addSeries(sum, {});
+        if (m_chart.isAlive() && m_description.series.empty() && isTable)
+            m_description.values.push_back(
+                kxWriteSentence("%1 rows, %2 columns", {std::to_string(rows - 1),
+                                                        std::to_string(m_delegate.obtainItemRowLength(0))}));
         if (m_chart.isAlive() && m_description.series.empty() && items.size() <= greatestToldCount)
             for (std::size_t i = 0; i < items.size() && m_chart.isAlive(); ++i)
                 _addValue(items[i]);
@@ -155,6 +161,6 @@ private:
 void kxDescribeItems(KXChart& chart, KXChartDescription& description)
 {
     auto* delegate = dynamic_cast<KXChartItemsDelegate*>(&chart);
-    if (delegate && chart.getItems())
+    if (delegate && chart.getItems() && description.values.empty())
         ItemsTeller(chart, *delegate, description).tell();
 }

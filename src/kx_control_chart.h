@@ -160,6 +160,9 @@ public:
     /** Tells of a member in a hint beside row, as the keyboard does. */
     void explainMember(std::uint64_t member, KXControlChartRow& row);
 
+    // From KXChart: what is chosen
+    void describe(KXChartDescription& description) override;
+
     // From UXJsonObject, KXChart, KXChartDataUser, UXHintDelegate and KXChartDataAction
     std::string customSerializeTypeID() override;
     bool customDeserialize() override;
@@ -212,6 +215,7 @@ private:
     void _choose(const Chosen& chosen, const UXEvent& event);
     void _chosenChanged();
     void _tell(const Chosen& before);
+    std::string _writeChosenMembers();
     void _updateComboText();
     std::vector<KXControlChartList*> _obtainLists() const;
     void _openMenu(const std::vector<KXMenuEntry>& entries, const UXRect& anchor);

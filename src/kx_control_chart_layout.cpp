@@ -1,6 +1,7 @@
 #include "kx_control_chart.h"
 
 #include "kx_chart_data_format.h"
+#include "kx_chart_description.h"
 #include "kx_control_button.h"
 #include "kx_control_chart_combo_box.h"
 #include "kx_control_chart_combo_box_scroll_view.h"
@@ -12,6 +13,7 @@
 #include "kx_menu_event_diagram.h"
 #include "kx_no_data_label.h"
 #include "kx_number_punctuation.h"
+#include "kx_sentence.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_diagram_lookup.h"
 #include "ux/ux_event.h"
@@ -115,18 +117,37 @@ int KXControlChart::_layoutFooter(const UXRect& area)
     return isShown ? height + footerGap : 0;
 }
 
-void KXControlChart::_updateComboText()
+/** In a layout nobody is asked; else that may destroy the chart. */
+std::string KXControlChart::_writeChosenMembers()
 {
     const std::uint64_t count = getMemberCount(0), chosen = getChoice().obtainCount(count);
-    std::string text = fill(m_words.someOfAll, m_dataFormat->formatNumber(static_cast<double>(chosen)),
-                            m_dataFormat->formatNumber(static_cast<double>(count)));
     if (getChoice().isAll() || chosen == count)
-        text = m_words.all;
-    else if (chosen == 0)
-        text = m_words.none;
-    else if (chosen == 1 && !getChoice().isExcluding())
-        text = obtainRowContent(getChoice().getMembers().front()).text; // in a layout, which asks nobody
-    m_comboBox->setText(text);
+        return m_words.all;
+    if (chosen == 0)
+        return m_words.none;
+    if (chosen == 1 && !getChoice().isExcluding())
+        return obtainRowContent(getChoice().getMembers().front()).text;
+    return fill(m_words.someOfAll, m_dataFormat->formatNumber(static_cast<double>(chosen)),
+                m_dataFormat->formatNumber(static_cast<double>(count)));
+}
+
+void KXControlChart::_updateComboText() { m_comboBox->setText(_writeChosenMembers()); }
+
+void KXControlChart::describe(KXChartDescription& description)
+{
+    const UXObjectWatcher self(this);
+    KXPanelChart::describe(description);
+    if (!self.isAlive() || !preparedAndReloadedData())
+        return;
+    if (obtainShownStyle() != KXControlChartStyle::Range) {
+        description.values = {_writeChosenMembers()};
+        return;
+    }
+    const auto write = [this](double value, double end) {
+        return formatRangeValue(std::isnan(value) ? end : value);
+    };
+    description.values = {kxWriteSentence("from %1 to %2", {write(getRangeFrom(), m_range.getLowest()),
+                                                            write(getRangeTo(), m_range.getGreatest())})};
 }
 
 void KXControlChart::openDropDown()

@@ -242,12 +242,13 @@ UXHintInfo KXTableChart::obtainItemHint(const KXChartItem& item)
     if (!data.isEmpty())
         return kxMakeHintInfo(data, m_hintInfo);
 
-    const bool hasRow = item.kind != columnKind, hasColumn = item.kind != rowKind;
-    std::string title = hasRow ? _describeLine(true, _obtainLineAt(true, item.group)) : "";
-    const std::string column = hasColumn ? _describeLine(false, _obtainLineAt(false, item.index)) : "";
+    if (item.kind != cellKind) {
+        const bool isRow = item.kind == rowKind;
+        return kxMakeHintInfo({obtainHeaderText(isRow, isRow ? item.group : item.index), ""}, m_hintInfo);
+    }
+    std::string title = _describeLine(true, _obtainLineAt(true, item.group));
+    const std::string column = _describeLine(false, _obtainLineAt(false, item.index));
     title += (title.empty() || column.empty() ? "" : ", ") + column;
-    if (item.kind != cellKind)
-        return kxMakeHintInfo({title, ""}, m_hintInfo);
     const std::string label = getMeasures()[place->measure].label;
     const KXTableCell* cell = findCell(*place);
     std::string text = cell && cell->state == KXTableCellState::Error ? cell->text : std::string();

@@ -1,10 +1,11 @@
 #include "kx_accessible_chart.h"
 
 #include "kx_axis_chart_test_provider.h"
+#include "kx_axis_property.h"
+#include "kx_axis_tick_label_view.h"
 #include "kx_bar_chart.h"
-#include "kx_chart_description.h"
+#include "kx_chart_diagnostic.h"
 #include "kx_chart_property.h"
-#include "kx_chart_summary.h"
 #include "kx_legend.h"
 #include "kx_line_chart.h"
 #include "kx_load_chart.h"
@@ -16,6 +17,8 @@
 #include "ux/ux_context.h"
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
+#include "ux/ux_label.h"
+#include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 
 #include <gtest/gtest.h>
@@ -165,6 +168,65 @@ TEST(KXChartSummary, TellsHowValuesRun)
         const std::string summary = chart.summary();
         EXPECT_TRUE(summary.ends_with(c.told)) << summary;
     }
+}
+
+TEST(KXChartDiagnostics, TellWhatIsNotSeenInFull)
+{
+    using enum KXChartDiagnosticKind;
+    struct Case {
+        const char* name;
+        UXRect rect;
+        const char* title;
+        std::vector<std::pair<KXChartDiagnosticKind, std::string>> told;
+    };
+    const std::string longTitle = "A title of which a narrow chart shows no more than a part";
+    const Case cases[] = {
+        {"all is seen", {0, 0, 480, 320}, "Cars", {}},
+        {"a long title", {0, 0, 320, 320}, longTitle.c_str(), {{ShortenedText, longTitle}}},
+        {"too narrow for a legend", {0, 0, 280, 200}, "Cars", {{LeftOutText, "Legend"}}},
+    };
+    const UXFixedMeasurer measurer;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        KXBarChart chart;
+        KXAxisChartTestProvider provider;
+        provider.values = {{1, 2, 3}, {4, 5, 6}};
+        chart.getChartProperty()->updateTitleValue(c.title);
+        chart.getChartProperty()->updateLegendPosition(UXPosition::Right);
+        kxLoad(chart, provider, c.rect);
+        std::vector<std::pair<KXChartDiagnosticKind, std::string>> told;
+        for (const KXChartDiagnostic& diagnostic : chart.diagnostics()) {
+            told.emplace_back(diagnostic.kind, diagnostic.text);
+            EXPECT_FALSE(diagnostic.reason.empty());
+        }
+        EXPECT_EQ(told, c.told);
+    }
+}
+
+TEST(KXChartDiagnostics, CountLabelsOfTicksAndValuesBeyondTheAxis)
+{
+    const UXFixedMeasurer measurer;
+    KXBarChart chart;
+    KXAxisChartTestProvider provider;
+    provider.categoryCount = 60;
+    provider.values = {std::vector<double>(60, 5)};
+    provider.values[0][7] = 50;
+    chart.getYAxisProperty()->updateAutoAxisRange(false);
+    chart.getYAxisProperty()->updateCustomMaxAxisValue(10);
+    kxLoad(chart, provider, {0, 0, 300, 320});
+    std::uint64_t labels = 0, clipped = 0, seen = 0;
+    for (const KXChartDiagnostic& diagnostic : chart.diagnostics()) {
+        labels += diagnostic.kind == KXChartDiagnosticKind::LeftOutText ? diagnostic.count : 0;
+        clipped += diagnostic.kind == KXChartDiagnosticKind::ClippedValue ? diagnostic.count : 0;
+    }
+    for (UXObject* part : chart.getPlot()->getChildren())
+        if (const auto* view = dynamic_cast<KXAxisTickLabelView*>(part); view && view->getVisible())
+            for (const UXLabel* label : view->obtainLabels())
+                seen += label->getVisible() && label->getText().starts_with('c');
+    EXPECT_EQ(clipped, 1u);
+    EXPECT_GT(labels, 0u);
+    const auto [first, end] = chart.obtainVisibleCategories();
+    EXPECT_EQ(seen + labels, end - first);
 }
 
 TEST(KXSentence, KeepsThePercentSignsOfValues)
