@@ -7,6 +7,7 @@
 #include "kx_bar_chart.h"
 #include "kx_bar_chart_property.h"
 #include "kx_bar_labels.h"
+#include "kx_chart_diagnostic.h"
 #include "kx_chart_label.h"
 #include "kx_gauge_chart.h"
 #include "kx_legend.h"
@@ -16,6 +17,8 @@
 #include "kx_value_chart.h"
 #include "opened_sample.h"
 #include "ux/cairo/ux_cairo_image_paint_config.h"
+#include "ux/ux_accessible_object.h"
+#include "ux/ux_accessible_text.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_enum_map.h"
 #include "ux/ux_label.h"
@@ -33,6 +36,7 @@
 #include <limits>
 #include <optional>
 #include <sstream>
+#include <string_view>
 
 namespace {
 
@@ -383,6 +387,30 @@ std::string findTextOverData(KXChart& chart)
     return {};
 }
 
+/** @return the first text that is drawn with an ellipsis without the chart saying so, empty where there is
+ * none */
+std::string findUntoldEllipsis(const KXChart& chart, const std::string& drawing)
+{
+    constexpr std::string_view ellipsis = "\u2026", start = "drawText \"";
+    const std::vector<KXChartDiagnostic> diagnostics = chart.diagnostics();
+    const auto isTold = [&](std::string_view shown) {
+        return std::ranges::any_of(diagnostics, [&](const KXChartDiagnostic& diagnostic) {
+            return diagnostic.kind == KXChartDiagnosticKind::ShortenedText &&
+                   diagnostic.text.starts_with(shown);
+        });
+    };
+    std::istringstream lines(drawing);
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t end = line.rfind(std::string(ellipsis) + '"');
+        if (!line.starts_with(start) || end == std::string::npos || end <= start.size())
+            continue;
+        const std::string_view shown = std::string_view(line).substr(start.size(), end - start.size());
+        if (shown.find_first_of("\\\"") == std::string_view::npos && !isTold(shown))
+            return "nobody is told that \"" + std::string(shown) + "\" is shortened";
+    }
+    return {};
+}
+
 /** A random chart, and for its document, its data and its size another one each, to go to and come back from.
  */
 class ChartCase {
@@ -408,6 +436,12 @@ public:
             fault = findTextOverData(*chart);
         if (fault.empty())
             fault = _compare("drawn again", *chart);
+        if (fault.empty())
+            fault = findUntoldEllipsis(*chart, m_drawing);
+        if (fault.empty()) {
+            static_cast<void>(chart->summary() + uxWriteAccessibleTree(*uxCreateAccessibleNode(*chart)));
+            fault = _compare("after it was read", *chart);
+        }
         if (fault.empty())
             fault = checkHints(*chart);
         if (fault.empty())
