@@ -53,6 +53,7 @@ TableExport::TableExport(SqlDataProvider& provider)
             most = std::max(most, provider.obtainDimensionDataCount(nullptr, i));
         for (std::uint64_t row = 0; row < most; ++row) {
             std::vector<std::uint64_t> members;
+            members.reserve(m_dimensions.size());
             for (std::uint64_t i = 0; i < m_dimensions.size(); ++i)
                 members.push_back(std::min(row, provider.obtainDimensionDataCount(nullptr, i) - 1));
             _addRow(provider, members, false);
@@ -79,6 +80,7 @@ void TableExport::_addRow(SqlDataProvider& provider, const std::vector<std::uint
 {
     // 1. The values; of several dimensions a combination without any has no row.
     std::vector<KXIndexPath> paths;
+    paths.reserve(m_measures.size());
     for (std::uint64_t i = 0; i < m_measures.size(); ++i) {
         KXIndexPath path{i};
         path.insert(path.end(), members.begin(), members.end());

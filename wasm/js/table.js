@@ -70,7 +70,7 @@ export class Table {
         exports.setNumbers(this.handle, isMeasure, index, at, size, integer ? 1 : 0, numbers.address, numbers.length, 1);
         this.borrowed.push(numbers.use());
       } else if (numbers) {
-        const own = Float64Array.from(numbers, (value) => value ?? NaN);
+        const own = numbers instanceof Float64Array ? numbers : Float64Array.from(numbers, (value) => value ?? NaN);
         this.module.withBytes(own, (address) => exports.setNumbers(this.handle, isMeasure, index, at, size,
           integer ? 1 : 0, address, own.length, 0));
       } else {

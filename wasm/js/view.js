@@ -113,7 +113,9 @@ export class View {
     if (this.scale === scale && this.canvas.width === pixels[0] && this.canvas.height === pixels[1]) return;
     this.scale = scale;
     this.size = { width, height };
-    [this.canvas.width, this.canvas.height] = pixels;
+    // Each makes a new canvas, even where it is the same number.
+    if (this.canvas.width !== pixels[0]) this.canvas.width = pixels[0];
+    if (this.canvas.height !== pixels[1]) this.canvas.height = pixels[1];
     this.player.layers = [];
     this.module.exports.resizeView(this.handle, ...pixels, scale);
     for (const chart of this.items) chart.layout();
