@@ -6,6 +6,9 @@ export type ColumnType = 'text' | 'integer' | 'float' | 'date' | 'time' | 'datet
 export interface Column {
   numbers?: ArrayLike<number | null> | SharedNumbers;
   texts?: readonly (string | null)[];
+  /** In place of a list: how many rows there are, and what stands in each; asked whenever the column is set. */
+  count?: number;
+  at?: (row: number) => number | string | null;
 }
 
 export interface Dimension extends Column {

@@ -2,8 +2,17 @@
 
 const TYPES = ['text', 'integer', 'float', 'date', 'time', 'datetime'];
 
+/** @return the column with what it answers in lists; whether it is of numbers shows in its first answer that is no null */
+function askColumn(column) {
+  if (!column.at) return column;
+  const cells = Array.from({ length: column.count ?? 0 }, (_, row) => column.at(row) ?? null);
+  const isOfTexts = typeof cells.find((cell) => cell !== null) === 'string';
+  return { ...column, ...(isOfTexts ? { texts: cells } : { numbers: cells }) };
+}
+
 export class Table {
   /** @param data {dimensions: [{label, texts | numbers, type?, level?}], measures: [{label, numbers | texts, integer?}],
+   *  where count and at(row) may answer in place of a list;
    *  colorMeasure?, bands?: [[measure, low, high]]} */
   constructor(charts, data = {}) {
     this.charts = charts;
@@ -14,14 +23,17 @@ export class Table {
   }
 
   /** Replaces everything; the charts show it at once. */
-  set(data) {
+  set(given) {
     const { exports } = this.module;
+    const data = {
+      ...given, dimensions: (given.dimensions ?? []).map(askColumn), measures: (given.measures ?? []).map(askColumn),
+    };
     this.data = data;
     exports.beginUpdate(this.handle);
     exports.clearTable(this.handle);
     this.releaseBorrowed();
-    for (const each of data.dimensions ?? []) this.put(0, -1, each);
-    for (const each of data.measures ?? []) this.put(1, -1, each);
+    for (const each of data.dimensions) this.put(0, -1, each);
+    for (const each of data.measures) this.put(1, -1, each);
     exports.setColorMeasure(this.handle, data.colorMeasure ?? -1);
     for (const [measure, low, high] of data.bands ?? []) exports.setBand(this.handle, measure, low, high);
     exports.endUpdate(this.handle);
@@ -56,7 +68,8 @@ export class Table {
     this.releaseBorrowed();
   }
 
-  replace(isMeasure, index, list, column) {
+  replace(isMeasure, index, list, given) {
+    const column = askColumn(given);
     this.put(isMeasure, index, column);
     const own = this.data[list]?.[index];
     if (own) Object.assign(own, column);

@@ -30,6 +30,20 @@ test('every sample at every size is the bytes that the library draws', () => {
   console.log(`${pictures} pictures are the same`);
 });
 
+test('a column that answers is one that lists', () => {
+  const charts = makeCharts();
+  const sample = readSamples().find(({ data }) => data.dimensions.length === 1 && data.measures.length > 1);
+  const answering = (column) => {
+    const { texts, numbers, ...rest } = column;
+    const list = texts ?? numbers;
+    return { ...rest, count: list.length, at: (row) => list[row] };
+  };
+  const { dimensions, measures } = sample.data;
+  const asked = { ...sample, data: { ...sample.data, dimensions: dimensions.map(answering), measures: measures.map(answering) } };
+  const [listed, answered] = [sample, asked].map((each) => drawSvg(charts, openSample(charts, each).handle, 480, 320));
+  assert.equal(answered, listed);
+});
+
 test('hostile documents are refused or drawn', () => {
   const charts = makeCharts();
   const kept = readdirSync('fuzz/corpus/json').map((file) => readFileSync(join('fuzz/corpus/json', file), 'latin1'));
