@@ -19,6 +19,8 @@ bool MemberFinder::_foldMore(const std::vector<SqlMember>& members)
     if (m_ends.size() == end)
         return false;
     m_ends.reserve(members.size());
+    if (!m_ends.empty()) // further texts may be as long as these
+        m_folded.reserve(m_folded.size() / m_ends.size() * (members.size() + membersAtOnce));
     for (std::size_t i = m_ends.size(); i < end; ++i) {
         kxAppendFoldedText(m_folded, members[i].text);
         m_folded += '\0';

@@ -21,7 +21,8 @@ bool isIn(char32_t character, char32_t first, char32_t last)
 
 char lowerAscii(char byte)
 {
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+    const bool isCapital = static_cast<unsigned char>(byte - 'A') < 26;
+    return static_cast<char>(byte + (isCapital ? 'a' - 'A' : 0));
 }
 
 /** @return the small letter of a Greek or Cyrillic one */
@@ -51,20 +52,26 @@ std::string kxFoldText(std::string_view text)
 
 void kxAppendFoldedText(std::string& folded, std::string_view text)
 {
+    // 1. Most texts are ASCII.
+    const std::size_t first = folded.size();
+    folded.append(text);
+    unsigned all = 0;
+    for (char *at = folded.data() + first, *end = folded.data() + folded.size(); at < end; ++at) {
+        all |= static_cast<unsigned char>(*at);
+        *at = lowerAscii(*at);
+    }
+    if (all < 0x80)
+        return;
+
+    // 2. Others are folded letter by letter.
+    folded.resize(first);
     for (std::size_t next = 0; next < text.size();) {
-        // 1. What is ASCII is copied as far as it goes.
         const std::size_t begin = next;
-        while (next < text.size() && static_cast<unsigned char>(text[next]) < 0x80)
+        if (static_cast<unsigned char>(text[begin]) < 0x80) {
+            folded += lowerAscii(text[begin]);
             ++next;
-        if (next > begin) {
-            const std::size_t first = folded.size();
-            folded.append(text, begin, next - begin);
-            for (std::size_t i = first; i < folded.size(); ++i)
-                folded[i] = lowerAscii(folded[i]);
             continue;
         }
-
-        // 2. Other letters one by one.
         const char32_t character = uxDecodeUtf8(text, next);
         const char plain = isIn(character, latinBegin, 0x17F) ? latin[character - latinBegin] : '.';
         if (plain >= '1' && plain <= '5')
