@@ -17,6 +17,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <span>
 #include <tuple>
 
 namespace {
@@ -27,7 +28,8 @@ public:
     std::vector<std::pair<std::string, double>> members{{"a", 1}, {"b", 2}, {"c", 1}};
     std::uint64_t rowCount = 0; // of the second dimension; row r has values r times as large, plus 1
     std::set<std::string> chosen;
-    bool canSelect = true;
+    bool canSelect = true, answersAtOnce = false;
+    int askedOneByOne = 0;
     std::vector<KXChartDataPath> clicked;
     std::vector<KXIndexPath> red;
     int asked = 0;
@@ -65,7 +67,18 @@ public:
         return _answer(std::function<void()>());
     }
     bool obtainCanSelect(KXChartDataUser*) override { return _answer(canSelect); }
-    bool obtainIsSelected(KXChartDataPath* path) override { return _answer(chosen.contains(_nameOf(*path))); }
+    bool obtainIsSelected(KXChartDataPath* path) override
+    {
+        ++askedOneByOne;
+        return _answer(chosen.contains(_nameOf(*path)));
+    }
+    bool obtainAreSelected(KXChartDataUser*, std::span<KXChartDataPath* const> paths,
+                           std::vector<bool>& selected) override
+    {
+        for (std::size_t i = 0; answersAtOnce && i < paths.size(); ++i)
+            selected[i] = chosen.contains(_nameOf(*paths[i]));
+        return _answer(answersAtOnce);
+    }
     void selectionChanged(KXChartDataUser*, const std::vector<KXChartDataPath>& paths) override
     {
         chosen.clear();
@@ -288,8 +301,14 @@ TEST_F(KXMemberPanelChartTest, TheHostKeepsWhatIsChosen)
     for (int i = 0; i < 30'000; ++i)
         provider.members.emplace_back("m" + std::to_string(i), 1);
     provider.chosen = {"m29999"};
-    kxLoad(*chart);
-    EXPECT_EQ(chart->getItems()->getSelected(), (std::vector<KXChartItem>{{0, 29'999, 0}})) << "however many";
+    for (const bool atOnce : {false, true}) {
+        provider.answersAtOnce = atOnce;
+        provider.askedOneByOne = 0;
+        kxLoad(*chart);
+        EXPECT_EQ(chart->getItems()->getSelected(), (std::vector<KXChartItem>{{0, 29'999, 0}}))
+            << "however many";
+        EXPECT_EQ(provider.askedOneByOne, atOnce ? 0 : 30'000);
+    }
 }
 
 } // namespace
