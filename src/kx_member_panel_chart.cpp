@@ -795,7 +795,8 @@ void KXMemberPanelChart::_updateColors()
             item.color = othersColor;
             continue;
         }
-        const auto own = m_hostColors.find(_obtainCell(item.item));
+        const auto own = m_hostColors.empty() ? m_hostColors.end()
+                                              : m_hostColors.find(_obtainCell(item.item));
         const bool hasNone = own == m_hostColors.end() ||
                              item.item.kind != 0; // as it is no value of the host's
         item.color = hasNone ? _obtainItemColor(item.item) : own->second;
@@ -833,8 +834,15 @@ void KXMemberPanelChart::_updateLabelLook(Label& label) const
 
 void KXMemberPanelChart::_updateLooks()
 {
-    for (KXPanelItem& item : m_laidOut.getAll())
-        _updateLook(item);
+    const bool arePlain = !getItems()->isHighlighting() && getItems()->getSelected().empty();
+    for (KXPanelItem& item : m_laidOut.getAll()) {
+        if (!arePlain) {
+            _updateLook(item);
+            continue;
+        }
+        item.look = {item.color};
+        item.shift = {};
+    }
     m_runs.set(getLaidOutItems());
     for (Label& label : m_labels)
         _updateLabelLook(label);

@@ -5,12 +5,14 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <span>
 
 namespace {
 
 /** Thinner rectangles are drawn wider than they are, so that they can be seen. */
 constexpr double leastMergedExtent = 1;
+constexpr double greatest = (std::numeric_limits<double>::max)();
 
 /** Makes rect the larger one that it is together with another one beside or below.
  *  @return whether they are one */
@@ -41,18 +43,25 @@ void KXPanelItemRuns::set(const std::vector<KXPanelItem>& items)
 {
     m_runs.clear();
     m_rects.clear();
-    m_bounds = {};
-    for (const bool standsOut : {false, true})
-        for (std::size_t i = 0; i < items.size(); ++i) {
-            const KXPanelItem& item = items[i];
-            const bool isClear = item.look.fill.alpha <= 0 && item.look.line.alpha <= 0;
-            if (item.look.standsOut() != standsOut || isClear)
-                continue;
-            if (item.share < 1)
-                _addItem(item, i, item.light, 1);
-            if (item.share > 0)
-                _addItem(item, i, item.look.fill, item.share);
-        }
+    m_edges = {greatest, greatest, -greatest, -greatest};
+    std::vector<std::size_t> above;
+    const auto addItem = [&](std::size_t i) {
+        const KXPanelItem& item = items[i];
+        if (item.share < 1)
+            _addItem(item, i, item.light, 1);
+        if (item.share > 0)
+            _addItem(item, i, item.look.fill, item.share);
+    };
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const KXPanelItemLook& look = items[i].look;
+        if (look.fill.alpha <= 0 && look.line.alpha <= 0)
+            continue;
+        if (look.standsOut())
+            above.push_back(i);
+        else
+            addItem(i);
+    }
+    std::ranges::for_each(above, addItem);
 }
 
 void KXPanelItemRuns::_addItem(const KXPanelItem& item, std::size_t index, const UXColor& color, double share)
@@ -69,7 +78,8 @@ void KXPanelItemRuns::_addRect(const UXDoubleRect& rect, const UXColor& color)
 {
     const bool goesOn = !m_runs.empty() && m_runs.back().firstRect < m_runs.back().endRect &&
                         m_runs.back().color == color;
-    m_bounds = m_rects.empty() ? rect : uxUnionDoubleRect(m_bounds, rect);
+    m_edges = {std::min(m_edges.left, rect.x), std::min(m_edges.top, rect.y),
+               std::max(m_edges.right, rect.x + rect.width), std::max(m_edges.bottom, rect.y + rect.height)};
     if (!goesOn)
         m_runs.push_back({color, m_rects.size(), m_rects.size()});
     Run& run = m_runs.back();
@@ -110,7 +120,9 @@ void KXPanelItemRuns::_paintRects(UXPainter& painter, const UXRect& dirtyRect, c
     std::span<const UXDoubleRect> rects = std::span(m_rects).subspan(run.firstRect,
                                                                      run.endRect - run.firstRect);
     std::vector<UXDoubleRect> seen;
-    if (!uxContainsRect(dirtyRect, uxSurroundingRect(m_bounds))) {
+    const UXDoubleRect bounds{m_edges.left, m_edges.top, m_edges.right - m_edges.left,
+                              m_edges.bottom - m_edges.top};
+    if (!uxContainsRect(dirtyRect, uxSurroundingRect(bounds))) {
         std::ranges::copy_if(rects, std::back_inserter(seen),
                              [&](const UXDoubleRect& rect) { return isSeen(rect, dirtyRect); });
         rects = seen;

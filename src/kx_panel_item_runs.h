@@ -2,6 +2,7 @@
 
 #include "kx_export.h"
 #include "kx_panel_items.h"
+#include "kx_squarify.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
 #include "ux/ux_rect.h"
@@ -37,5 +38,5 @@ private:
 
     std::vector<Run> m_runs;
     std::vector<UXDoubleRect> m_rects;
-    UXDoubleRect m_bounds; // of the rectangles
+    KXTileEdges m_edges{}; // around the rectangles
 };

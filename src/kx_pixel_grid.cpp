@@ -23,16 +23,6 @@ KXPixelGrid::KXPixelGrid(const UXTransform& toDevice)
     m_offsetY = pixels.dy - std::floor(pixels.dy);
 }
 
-double KXPixelGrid::snapX(double x) const
-{
-    return (std::round(x * m_scaleX + m_offsetX) - m_offsetX) / m_scaleX;
-}
-
-double KXPixelGrid::snapY(double y) const
-{
-    return (std::round(y * m_scaleY + m_offsetY) - m_offsetY) / m_scaleY;
-}
-
 UXDoubleRect KXPixelGrid::snap(const KXTileEdges& edges) const
 {
     const double left = snapX(edges.left), top = snapY(edges.top);
