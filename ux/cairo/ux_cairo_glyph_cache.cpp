@@ -93,10 +93,11 @@ UXCairoGlyphPixels UXCairoGlyphCache::_render(_cairo_scaled_font* font, const UX
     cairo_fill(ink.get());
     cairo_surface_flush(surface.get());
     const std::size_t width = static_cast<std::size_t>(pixels.width);
-    pixels.coverage.resize(width * static_cast<std::size_t>(pixels.height));
+    pixels.rowLength = (width + 7) / 8 * 8;
+    pixels.coverage.resize(pixels.rowLength * static_cast<std::size_t>(pixels.height));
     const unsigned char* row = cairo_image_surface_get_data(surface.get());
     for (std::size_t i = 0; row && i < pixels.coverage.size();
-         i += width, row += cairo_image_surface_get_stride(surface.get()))
+         i += pixels.rowLength, row += cairo_image_surface_get_stride(surface.get()))
         std::memcpy(&pixels.coverage[i], row, width);
     return pixels;
 }

@@ -15,7 +15,8 @@
 struct UXCairoGlyphPixels {
     int left = 0, top = 0; // of the first pixel, from the pixel that the glyph's origin lies in
     int width = 0, height = 0;
-    std::vector<std::uint8_t> coverage; // width x height, rows from the top
+    std::size_t rowLength = 0;          // a multiple of 8, so that eight pixels are added at once
+    std::vector<std::uint8_t> coverage; // rowLength x height, rows from the top, 0 beyond the width
 };
 
 /**
