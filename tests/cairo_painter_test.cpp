@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <limits>
@@ -416,4 +418,50 @@ TEST(CairoPainter, WritesAreasAsItFillsThem)
                 };
                 expectSameButForEdges(draw(true), draw(false));
             }
+}
+
+/** A stamp lies on the pixels as the drawing does, and is drawn once for each way to lie there. */
+TEST(CairoPainter, KeepsThePixelsOfStamps)
+{
+    const auto draw = [](UXPainter& painter, const UXDoubleRect& rect) {
+        painter.setColor({30, 90, 200, 0.8});
+        painter.addCircleArcPath(rect.x + 8, rect.y + 8, 7, 0, 360);
+        painter.fill();
+        painter.setColor({255, 255, 255});
+        painter.setStartPoint(rect.x + 4, rect.y + 8);
+        painter.addLinePath(rect.x + 12, rect.y + 5);
+        painter.stroke();
+    };
+    for (const double scale : {1.0, 1.25, 2.0}) {
+        int drawn = 0;
+        const auto paint = [&](bool asStamp) {
+            CairoTestCanvas canvas(80, 40, scale);
+            canvas.drawWhiteGround().draw([&](UXPainter& painter) {
+                painter.addRectanglePath(0, 0, 72, 40);
+                painter.clip();
+                for (const UXDoublePoint& at : {UXDoublePoint(4, 4), UXDoublePoint(24, 8),
+                                                UXDoublePoint(44.5, 6), UXDoublePoint(64, 4)}) {
+                    const UXDoubleRect rect(at.x, at.y, 16, 16);
+                    if (asStamp)
+                        painter.drawStamp("a mark of the test", rect, [&](UXPainter* stamp) {
+                            ++drawn;
+                            draw(*stamp, rect);
+                        });
+                    else
+                        draw(painter, rect);
+                }
+            });
+            return canvas.pixels();
+        };
+        const std::vector<std::uint32_t> first = paint(true), direct = paint(false);
+        EXPECT_EQ(drawn, scale == 2 ? 1 : 2) << "whole places, and one between";
+        EXPECT_EQ(paint(true), first);
+        EXPECT_EQ(drawn, scale == 2 ? 1 : 2) << "none anew";
+        int greatest = 0;
+        for (std::size_t i = 0; i < first.size(); ++i)
+            for (int shift = 0; shift < 32; shift += 8)
+                greatest = std::max(greatest, std::abs(static_cast<int>(first[i] >> shift & 0xFF) -
+                                                       static_cast<int>(direct[i] >> shift & 0xFF)));
+        EXPECT_LE(greatest, 10) << "rounded once more, and Cairo cuts the last line at the clip";
+    }
 }
