@@ -159,6 +159,7 @@ class MirroredPage : public UXPaintConfig {
 public:
     MirroredPage(UXPaintConfig& page, double width) : m_page(page), m_width(width) {}
 
+    bool isPaintConfigValid() const override { return m_page.isPaintConfigValid(); }
     UXPainter* createPainter(UXObject* object) override
     {
         std::unique_ptr<UXPainter> painter(m_page.createPainter(object));
@@ -181,6 +182,19 @@ std::vector<std::uint32_t> drawPixels(KXChart& chart, const PictureSetting& sett
     const auto count = static_cast<std::size_t>(page.getPixelSize().height) *
                        static_cast<std::size_t>(page.getRowLength());
     return {pixels, pixels + (pixels ? count : 0)};
+}
+
+/** @return whether no part of a pixel is further apart than the edge of a curve drawn from its other end */
+bool lookAlike(const std::vector<std::uint32_t>& a, const std::vector<std::uint32_t>& b)
+{
+    constexpr int mostApart = 6;
+    return std::ranges::equal(a, b, [](std::uint32_t first, std::uint32_t second) {
+        for (int shift = 0; shift < 32; shift += 8)
+            if (std::abs(static_cast<int>(first >> shift & 255U) - static_cast<int>(second >> shift & 255U)) >
+                mostApart)
+                return false;
+        return true;
+    });
 }
 
 /** @return what lies under a point of the chart, from the front, by kinds and places in the chart */
@@ -509,14 +523,20 @@ private:
      * where is the same. */
     std::string _checkMirrored(KXChart& chart)
     {
-        const std::vector<std::uint32_t> pixels = drawPixels(chart, m_setting, false);
+        // At other scales places are no binary fractions, and mirroring them leaves noise that rounding
+        // shows.
+        PictureSetting setting = m_setting;
+        setting.scale = m_setting.scale < 1.5 ? 1 : 2;
+        const std::vector<std::uint32_t> pixels = drawPixels(chart, setting, false);
         const std::vector<std::string> hits = _obtainHits(chart);
         chart.setDirection(UXDirection::RightToLeft);
         std::vector<std::string> faults;
         draw(chart, m_setting, &faults);
         if (!faults.empty())
             return "from right to left " + faults.front();
-        if (drawPixels(chart, m_setting, true) != pixels)
+        // Numbers in tables and lines of input go by the direction, whatever the page does.
+        const bool isMirrorProof = m_type == "KXTableChart" || m_type == "KXControlChart";
+        if (!isMirrorProof && !lookAlike(drawPixels(chart, setting, true), pixels))
             return "twice mirrored it looks otherwise";
         if (_obtainHits(chart) != hits)
             return "from right to left something else is hit";

@@ -69,6 +69,18 @@ TEST(UXDirection, MirrorsInsideOfWhatRunsTheOtherWay)
     }
 }
 
+TEST(UXDirection, OfARootThatIsNoDiagramMirrorsNothing)
+{
+    UXObject root;
+    UXEventProbe child;
+    root.setRect({0, 0, 200, 100});
+    root.addChild(&child);
+    child.setRect({20, 10, 100, 50});
+    root.setDirection(RightToLeft);
+    EXPECT_EQ(child.translateRectToParent({0, 0, 10, 20}, nullptr), UXRect(20, 10, 10, 20));
+    root.removeChildren();
+}
+
 TEST(UXDirection, ExchangesWhatGoesSidewaysForWhoRunsToTheLeft)
 {
     Tree tree(AsParent, RightToLeft, LeftToRight);

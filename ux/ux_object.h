@@ -44,8 +44,8 @@ inline constexpr int uxDeepestObjectNesting = 500;
  * Direction. An object that runs from right to left inside one that does not, or the other way round, has its
  * own space mirrored: its origin is the rectangle's top right corner, and x grows to the left. It is written,
  * laid out and hit as if it were not; what it paints is mirrored except for texts and images, and keys and
- * wheels that go sideways reach it exchanged. A root's own space never is: its direction is that of what
- * stands on it.
+ * wheels that go sideways reach it exchanged. A root's own space never is: the direction of a diagram is that
+ * of what stands on it.
  *
  * Ownership. An object destroys the children that it still has. An object that is destroyed, or added
  * elsewhere, leaves its parent by itself. A class whose own end makes anything dirty, or that mixes in a

@@ -1,5 +1,6 @@
 #include "ux/ux_object.h"
 
+#include "ux/ux_diagram_lookup.h"
 #include "ux/ux_space.h"
 
 #include <algorithm>
@@ -161,11 +162,13 @@ bool UXObject::isRightToLeft() const
 
 bool UXObject::_isMirroredInParent() const
 {
+    // A diagram is not mirrored, only what stands on it: its space is that of the controls that show it.
     const bool isOnRoot = !m_parent->m_parent;
-    if (m_direction == UXDirection::AsParent && !isOnRoot)
-        return false;
-    const bool isParentMirrored = !isOnRoot && m_parent->isRightToLeft();
-    return isRightToLeft() != isParentMirrored;
+    const bool isOnMirroringDiagram = isOnRoot && m_parent->m_direction == UXDirection::RightToLeft &&
+                                      uxObtainDiagram(m_parent);
+    if (m_direction == UXDirection::AsParent)
+        return isOnMirroringDiagram;
+    return isRightToLeft() != (m_parent->isRightToLeft() && !isOnMirroringDiagram);
 }
 
 /** Null stands for the root. Objects of two trees meet in their roots, which are taken for the same. */
