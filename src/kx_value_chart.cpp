@@ -25,6 +25,7 @@ namespace {
 constexpr KXChartItem valueItem{};
 /** Of the line that tells a part, and what it takes of the value's room. */
 constexpr int partHeight = static_cast<int>(KXHighlightedParts::lineHeight);
+constexpr int leastHeightWithPart = 32; // a low one is all the value's
 constexpr int partRoom = partHeight + static_cast<int>(KXHighlightedParts::lineGap);
 
 } // namespace
@@ -125,7 +126,8 @@ UXHintInfo KXValueChart::obtainItemHint(const KXChartItem&)
 void KXValueChart::_customLayout(UXRect plotArea)
 {
     m_valueLabel->setVisible(getValueCount() == 1);
-    m_partLayer->setVisible(getValueCount() == 1 && !std::isnan(getHighlightedPart()));
+    m_partLayer->setVisible(getValueCount() == 1 && !std::isnan(getHighlightedPart()) &&
+                            plotArea.height >= leastHeightWithPart);
     if (getValueCount() != 1)
         return;
     if (m_partLayer->getVisible())
