@@ -273,12 +273,17 @@ TEST(HostDashboard, AHighlightedPartIsWhatAFilterLeaves)
             }
         EXPECT_GT(rows, 0);
         EXPECT_EQ(othersRows > 0, c.hasOthers);
+        double all = 0;
+        for (std::size_t row = 0; row < left.getRowCount(); ++row)
+            all += left.obtainRowNumber(0, row);
         if (c.hasOthers) {
-            double all = 0;
-            for (std::size_t row = 0; row < left.getRowCount(); ++row)
-                all += left.obtainRowNumber(0, row);
             EXPECT_EQ(rows + othersRows, all);
         }
+        // A table has its totals of the database, too.
+        constexpr std::uint64_t allMembers = KXTableChartDataProvider::allMembers;
+        KXTableCell total;
+        provider.obtainCells(nullptr, {}, allMembers, {}, allMembers, 0, {{&total, 1}, 1});
+        EXPECT_EQ(total.part, all);
         double none = NAN;
         EXPECT_FALSE(provider.obtainHighlightedValues(nullptr, {2, 0}, 1, {&none, 1})) << "an average";
     }
