@@ -5,6 +5,7 @@
 #include "kx_chart_items_delegate.h"
 
 #include <cstddef>
+#include <utility>
 
 KXAccessibleItems::KXAccessibleItems(KXChart& chart) : m_chart(&chart) {}
 
@@ -50,13 +51,36 @@ std::uint64_t KXAccessibleItems::obtainChildCount()
     if (!delegate)
         return 0;
     const std::uint64_t rows = delegate->obtainItemRowCount();
+    if (m_part == Part::Row && m_row < rows && !std::exchange(m_hasLooked, true))
+        _listRow();
+    if (m_listed)
+        return m_listed->size();
     if (m_part == Part::Row)
         return m_row < rows ? delegate->obtainItemRowLength(m_row) : 0;
     if (rows > 0)
         return m_part == Part::All && _isTable() ? 1 : rows;
-    if (!m_listed)
-        m_listed = delegate->obtainItems();
+    m_listed = delegate->obtainItems();
     return m_listed->size();
+}
+
+/** Of marks those that are there are listed, as the keyboard goes from one to the next; cells of a table
+ * stand in their columns, whatever they hold. A row without gaps needs no list. */
+void KXAccessibleItems::_listRow()
+{
+    const KXChartItemsDelegate& delegate = *_getDelegate();
+    const std::uint64_t length = delegate.obtainItemRowLength(m_row);
+    if (_isTable())
+        return;
+    std::uint64_t count = 0;
+    for (std::uint64_t place = 0; place < length; ++place)
+        count += delegate.hasItem(delegate.obtainItemInRow(m_row, place));
+    if (count == length)
+        return;
+    m_listed.emplace();
+    m_listed->reserve(static_cast<std::size_t>(count));
+    for (std::uint64_t place = 0; place < length; ++place)
+        if (const KXChartItem item = delegate.obtainItemInRow(m_row, place); delegate.hasItem(item))
+            m_listed->push_back(item);
 }
 
 std::unique_ptr<UXAccessibleNode> KXAccessibleItems::createChild(std::uint64_t index)
@@ -65,10 +89,10 @@ std::unique_ptr<UXAccessibleNode> KXAccessibleItems::createChild(std::uint64_t i
         return nullptr;
     auto& chart = static_cast<KXChart&>(*getObject());
     const KXChartItemsDelegate& delegate = *_getDelegate();
-    if (m_part == Part::Row)
-        return std::make_unique<KXAccessibleItem>(chart, delegate.obtainItemInRow(m_row, index));
     if (m_listed)
         return std::make_unique<KXAccessibleItem>(chart, (*m_listed)[static_cast<std::size_t>(index)]);
+    if (m_part == Part::Row)
+        return std::make_unique<KXAccessibleItem>(chart, delegate.obtainItemInRow(m_row, index));
     const Part part = m_part == Part::All && _isTable() ? Part::Table : Part::Row;
     return std::unique_ptr<UXAccessibleNode>(new KXAccessibleItems(chart, part, index));
 }

@@ -32,9 +32,11 @@ private:
     KXAccessibleItems(KXChart& chart, Part part, std::uint64_t row);
     KXChartItemsDelegate* _getDelegate() const;
     bool _isTable() const;
+    void _listRow();
 
     UXObjectWatcher m_chart;
     Part m_part = Part::All;
     std::uint64_t m_row = 0;
-    std::optional<std::vector<KXChartItem>> m_listed; // of a chart without rows, once asked for
+    std::optional<std::vector<KXChartItem>> m_listed; // what does not stand in a row without gaps
+    bool m_hasLooked = false;                         // for gaps
 };

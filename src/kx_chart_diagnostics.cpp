@@ -3,6 +3,7 @@
 #include "kx_axis_chart_data_view.h"
 #include "kx_axis_property.h"
 #include "kx_axis_tick_label_view.h"
+#include "kx_bar_chart_data_view.h"
 #include "kx_chart.h"
 #include "kx_chart_diagnostic.h"
 #include "kx_chart_heat_map_column_header_panel.h"
@@ -15,6 +16,7 @@
 #include "kx_heat_map_panel.h"
 #include "kx_legend.h"
 #include "kx_legend_cell.h"
+#include "kx_line_chart_data_view.h"
 #include "kx_member_panel_chart.h"
 #include "kx_table_chart.h"
 #include "kx_table_grid.h"
@@ -127,8 +129,17 @@ void KXAxisChartBase::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) con
 void KXAxisChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) const
 {
     KXAxisChartBase::_diagnose(diagnostics);
-    for (const auto& view : m_views)
+    for (const auto& view : m_views) {
         view->getLabelLosses().tell(diagnostics, *getPlot(), *this);
+        const auto* bars = dynamic_cast<const KXBarChartDataView*>(view.get());
+        const auto* lines = dynamic_cast<const KXLineChartDataView*>(view.get());
+        if ((bars && bars->isDense()) || (lines && lines->isDense()))
+            diagnostics.push_back({MergedMarks,
+                                   {},
+                                   uxLocalizeString("several share a pixel, and their extremes are drawn"),
+                                   {},
+                                   view->getShownSeries().size() * obtainShownCategoryCount()});
+    }
 }
 
 void KXXYAxisChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) const

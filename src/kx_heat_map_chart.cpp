@@ -272,7 +272,8 @@ std::vector<KXChartItem> KXHeatMapChart::obtainItems() const
 
 std::uint64_t KXHeatMapChart::obtainItemRowCount() const
 {
-    return obtainRowCount() == 0 ? 0 : 1 + obtainRowCount() + (_hasTotals(false) ? 1 : 0);
+    const bool hasNames = getDimensionCount() > 0;
+    return obtainRowCount() == 0 || !hasNames ? 0 : 1 + obtainRowCount() + (_hasTotals(false) ? 1 : 0);
 }
 
 std::uint64_t KXHeatMapChart::obtainItemRowLength(std::uint64_t row) const
@@ -290,6 +291,8 @@ KXChartItem KXHeatMapChart::obtainItemInRow(std::uint64_t row, std::uint64_t pla
 
 UXAccessibleRole KXHeatMapChart::obtainItemRole(const KXChartItem& item) const
 {
+    if (getDimensionCount() == 0)
+        return UXAccessibleRole::Mark;
     return item.kind == rowKind      ? UXAccessibleRole::RowHeader
            : item.kind == columnKind ? UXAccessibleRole::ColumnHeader
                                      : UXAccessibleRole::Cell;

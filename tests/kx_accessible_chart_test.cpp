@@ -69,7 +69,6 @@ TEST(KXAccessibleChart, SaysTitleAxesSeriesAndLegend)
               "    img \"c2, s0: 3, s1: 1\" (focus, press)\n"
               "  group \"s1\"\n"
               "    img \"c0, s1: 4, s0: 1\" (focus, press)\n"
-              "    img \"c1: no value\"\n"
               "    img \"c2, s1: 1, s0: 3\" (focus, press)\n"
               "  group \"Legend\"\n"
               "    checkbox \"s0\" [checked] (focus, press)\n"
