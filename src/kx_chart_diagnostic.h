@@ -19,7 +19,7 @@ enum class KXChartDiagnosticKind {
 
 /** One thing that a chart had to leave out or to draw otherwise than it was asked to. */
 struct KXChartDiagnostic {
-    KXChartDiagnosticKind kind = KXChartDiagnosticKind::LeftOutText;
+    KXChartDiagnosticKind kind = KXChartDiagnosticKind::LeftOutText; /**< what happened to it */
     std::string text;        /**< the whole text, or what the mark or key is called; empty for many */
     std::string reason;      /**< in the host's language */
     UXRect place;            /**< in the chart's own space; empty where it has none */
