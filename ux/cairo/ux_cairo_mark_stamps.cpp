@@ -102,22 +102,23 @@ bool UXCairoMarkStamps::_takePlaces(std::span<const UXDoublePoint> centres, cons
 {
     // 1. In steps from a place that is left of and above all that cover something, up to one beyond.
     const int left = box.left - m_origin - 1, top = box.top - m_origin - 1;
-    const UXCairoPixels::Box limits{0, 0, (box.right + m_origin - left) * kPhases,
-                                    (box.bottom + m_origin - top) * kPhases};
+    const int lastX = (box.right + m_origin - left) * kPhases;
+    const int lastY = (box.bottom + m_origin - top) * kPhases;
     m_steps.resize(centres.size());
     const UXTransform toDevice = m_toDevice; // upright, as pixels are written only then
     UXPoint* steps = m_steps.data();
     for (std::size_t i = 0; i < centres.size(); ++i) {
-        steps[i].x = toStep((centres[i].x * toDevice.xx + toDevice.dx - left) * kPhases, limits.right);
-        steps[i].y = toStep((centres[i].y * toDevice.yy + toDevice.dy - top) * kPhases, limits.bottom);
+        steps[i].x = toStep((centres[i].x * toDevice.xx + toDevice.dx - left) * kPhases, lastX);
+        steps[i].y = toStep((centres[i].y * toDevice.yy + toDevice.dy - top) * kPhases, lastY);
     }
 
     // 2. The stamps of those in between.
     m_places.clear();
     for (const UXPoint& step : m_steps) {
-        if (step.x == 0 || step.y == 0 || step.x == limits.right || step.y == limits.bottom)
+        if (step.x == 0 || step.y == 0 || step.x == lastX || step.y == lastY)
             continue;
-        const auto phase = static_cast<std::size_t>(step.y % kPhases * kPhases + step.x % kPhases);
+        const std::size_t phase = static_cast<std::size_t>(step.y % kPhases) * std::size_t{kPhases} +
+                                  static_cast<std::size_t>(step.x % kPhases);
         if (m_stampOf[phase] < 0) {
             m_stampOf[phase] = static_cast<std::int32_t>(m_phases.size());
             m_phases.push_back(static_cast<int>(phase));
