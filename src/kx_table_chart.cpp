@@ -87,6 +87,17 @@ UXTextProperty KXTableChart::_makeTextProperty(const UXColor& color)
 
 std::string KXTableChart::customSerializeTypeID() { return "KXTableChart"; }
 
+/** What is open, left out and in which order is another matter with another document: as the host is asked
+ * for it, after the next layout. */
+bool KXTableChart::customDeserialize()
+{
+    const UXObjectWatcher self(this);
+    const bool isComplete = KXPanelChart::customDeserialize();
+    if (self.isAlive())
+        m_isStale = true;
+    return isComplete;
+}
+
 KXTablePanel* KXTableChart::getPanel(KXTablePanelType type) const
 {
     const auto found = std::ranges::find(m_panels, type, &KXTablePanel::getType);
@@ -130,6 +141,7 @@ void KXTableChart::resetData()
 void KXTableChart::customReloadData()
 {
     const UXObjectWatcher self(this);
+    m_isStale = false;
     KXTableChartDataUser::customReloadData();
     if (!self.isAlive())
         return;

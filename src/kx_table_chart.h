@@ -143,6 +143,7 @@ public:
 
     // From UXJsonObject, KXChartDataUser and KXChart
     std::string customSerializeTypeID() override;
+    bool customDeserialize() override;
     void customReloadData() override;
     void afterReloadData() override;
     void resetData() override;
@@ -315,6 +316,7 @@ private:
     std::optional<ColumnDrag> m_columnDrag;
     std::vector<std::uint64_t> m_measureOrder; // which measure stands at each place
     std::uint64_t m_stepLength = 1;            // how many rows or columns a key goes
+    bool m_isStale = false;                    // another document was read since members were arranged
     bool m_isGrowing = false;                  // some column needs more than it has
     bool m_keepsWidths = false;                // through the next layout, as more was scrolled into sight
     bool m_isSettled = false;                  // all that was in sight was there

@@ -78,6 +78,8 @@ void KXTableChart::_customLayout(UXRect plotArea)
     if (!self.isAlive())
         return;
     UXLayoutRounds::postAction([this, self] {
+        if (self.isAlive() && m_isStale && reloadedData())
+            reloadData();
         if (self.isAlive())
             registerRightClickMenu(this, KXTriggerCondition());
     });

@@ -370,7 +370,8 @@ private:
                 list.push_back(_makeAssistantLine());
             else if (key == "m_thresholds")
                 list.push_back(below(300) / 2.0);
-            else if (key == "m_toggledRows" || key == "m_toggledColumns" || key == "m_sizedColumns")
+            else if (key == "m_toggledRows" || key == "m_toggledColumns" || key == "m_sizedColumns" ||
+                     key == "m_columnOrder")
                 list.push_back("c" + std::to_string(i));
             else if (key == "m_sortOrder")
                 list.push_back("-/" + std::to_string(i));
@@ -387,6 +388,7 @@ private:
         static const std::map<std::string, std::vector<double>> numbers = {
             {"m_topXItemsToShow", {0, 1, 3, 10, 1000}},
             {"m_dimmedOpacity", {0, 0.3, 1}},
+            {"m_frozenColumns", {-1, 0, 1, 2, 5, 1000}},
             {"m_customMinAxisValue", {-1e300, -1000, -1, 0, 5, 50}},
             {"m_customMaxAxisValue", {-5, 0, 1, 60, 1000, 1e300}},
             {"m_customAxisTickInterval", {0, 0.001, 1, 7, 25, 1e6}},
