@@ -105,7 +105,7 @@ void KXTableChart::_layoutGrid()
 void KXTableChart::_updateLines()
 {
     const auto obtainTextHeight = [](const UXTextProperty& property) {
-        return std::ceil(uxMeasureText("Xg", property).height);
+        return std::min(std::ceil(uxMeasureText("Xg", property).height), greatestHeight);
     };
     const double headerHeight = obtainTextHeight(m_headerProperty);
     const double textHeight = std::max(obtainTextHeight(m_labelProperty), headerHeight);
