@@ -9,6 +9,8 @@ const ALIGNS = ['left', 'center', 'right'];
 const PAD = 0, NOTHING = 1, REFLECT = 3;
 /** How often a gradient that repeats itself is laid out to either side of its line. */
 const REPEATS = 16;
+/** More arcs in one path are slower than in several. */
+const MARKS_AT_ONCE = 64;
 
 /** Gives a gradient its stops, beyond its ends as the source operator says. */
 function addStops(gradient, stops, beyond) {
@@ -83,6 +85,7 @@ export class CanvasPlayer {
 
   color() {
     const [red, green, blue, alpha] = this.numbers(4);
+    this.state.isOpaque = alpha === 1;
     return `rgba(${red},${green},${blue},${alpha})`;
   }
 
@@ -215,37 +218,25 @@ export class CanvasPlayer {
     this.stroke();
   }
 
-  /** A mark is drawn once and stamped: many arcs are slow, one by one and together. */
+  /** Opaque marks are filled many at once, which shows the same; those that add up one by one. */
   fillMarks() {
     const c = this.context, f = this.floats;
-    const radius = this.number(), count = this.count();
-    const end = this.at + 2 * count;
-    const isStamped = count > 64 && radius < 64;
-    const stamp = isStamped ? this.makeStamp(radius) : null;
-    const middle = stamp ? stamp.width / 2 : 0;
-    for (let at = this.at; at < end; at += 2) {
+    const radius = this.number(), end = this.at + 1 + 2 * this.words[this.at];
+    const most = this.state.isOpaque ? MARKS_AT_ONCE : 1;
+    let begun = 0;
+    c.beginPath();
+    for (let at = this.at + 1; at < end; at += 2) {
       const x = f[at], y = f[at + 1];
       if (!(Number.isFinite(x) && Number.isFinite(y))) continue;
-      if (stamp) {
-        c.drawImage(stamp, x - middle, y - middle);
-        continue;
-      }
-      c.beginPath();
+      c.moveTo(x + radius, y);
       c.arc(x, y, radius, 0, 2 * Math.PI);
+      if (++begun < most) continue;
       c.fill();
+      c.beginPath();
+      begun = 0;
     }
+    if (begun > 0) c.fill();
     this.at = end;
-  }
-
-  makeStamp(radius) {
-    const half = Math.ceil(radius) + 1;
-    const stamp = this.makeCanvas(2 * half, 2 * half);
-    const c = stamp.getContext('2d');
-    c.fillStyle = this.context.fillStyle;
-    c.beginPath();
-    c.arc(half, half, radius, 0, 2 * Math.PI);
-    c.fill();
-    return stamp;
   }
 
   useFont() {

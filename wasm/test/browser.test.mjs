@@ -176,6 +176,27 @@ test('a finger taps, and what is out of sight is not drawn', async () => {
   await page.close();
 });
 
+test('a hundred thousand points are drawn, and drawn anew', async () => {
+  const page = await openStrict();
+  const draw = () => page.evaluate(() => {
+    const count = 100000, random = () => Float64Array.from({ length: count }, () => 100 * Math.random());
+    const texts = Array.from({ length: count }, (_, i) => String(i));
+    globalThis.shown.bars.document = { type: 'KXScatterChart' };
+    globalThis.shown.bars.show({
+      dimensions: [{ label: 'Point', texts }], measures: [{ label: 'x', numbers: random() }, { label: 'y', numbers: random() }],
+    });
+  });
+  await draw();
+  await rest(page);
+  const first = await lookAt(page);
+  assert.ok(first.marks > 60000, `${first.marks} pixels`);
+  await draw();
+  await rest(page);
+  assert.notEqual((await lookAt(page)).sum, first.sum);
+  assert.deepEqual(page.faults, []);
+  await page.close();
+});
+
 test('a font that arrives late is measured', async () => {
   const page = await openStrict();
   const before = await lookAt(page);
