@@ -17,7 +17,6 @@
 #include <memory>
 #include <optional>
 #include <set>
-#include <span>
 #include <tuple>
 
 namespace {
@@ -72,11 +71,11 @@ public:
         ++askedOneByOne;
         return _answer(chosen.contains(_nameOf(*path)));
     }
-    bool obtainAreSelected(KXChartDataUser*, std::span<KXChartDataPath* const> paths,
-                           std::vector<bool>& selected) override
+    bool obtainSelectedPaths(KXChartDataUser*, std::vector<KXChartDataPath>& paths) override
     {
-        for (std::size_t i = 0; answersAtOnce && i < paths.size(); ++i)
-            selected[i] = chosen.contains(_nameOf(*paths[i]));
+        for (std::size_t i = 0; answersAtOnce && i < members.size(); ++i)
+            if (chosen.contains(members[i].first))
+                paths.emplace_back().dimensionIndexPath = {0, i};
         return _answer(answersAtOnce);
     }
     void selectionChanged(KXChartDataUser*, const std::vector<KXChartDataPath>& paths) override
