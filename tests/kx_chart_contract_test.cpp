@@ -178,7 +178,7 @@ public:
     std::string read()
     {
         std::string words = getChart() ? getChart()->summary() : std::string();
-        return words + uxWriteAccessibleTree(*uxCreateAccessibleNode(diagram));
+        return words + uxWriteAccessibleTree(*uxCreateAccessibleNode(diagram), 3); // more is more of the same
     }
 
     KXChart* getChart() const { return static_cast<KXChart*>(m_chart.getObject()); }
