@@ -4,13 +4,17 @@
 
 UXUnmirroredSpace::UXUnmirroredSpace(UXPainter& painter, double middle) : m_painter(painter)
 {
-    m_painter.saveState();
     const UXTransform toDevice = m_painter.getDeviceTransform();
-    const bool isMirrored = toDevice.xx * toDevice.yy < toDevice.xy * toDevice.yx;
-    if (!isMirrored)
+    m_isMirrored = toDevice.xx * toDevice.yy < toDevice.xy * toDevice.yx;
+    if (!m_isMirrored)
         return;
+    m_painter.saveState();
     m_painter.translate(middle * 2, 0);
     m_painter.scale(-1, 1);
 }
 
-UXUnmirroredSpace::~UXUnmirroredSpace() { m_painter.restoreState(); }
+UXUnmirroredSpace::~UXUnmirroredSpace()
+{
+    if (m_isMirrored)
+        m_painter.restoreState();
+}

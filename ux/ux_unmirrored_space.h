@@ -8,7 +8,7 @@ class UXPainter;
  * right is right around a middle, also where the painter mirrors. Texts and images are so without it. */
 class UX_EXPORT UXUnmirroredSpace {
 public:
-    /** Saves the state of painter, to restore it at the end.
+    /** @param painter has its state saved, and restored at the end, where it mirrors
      *  @param middle what stays where it is, along x */
     UXUnmirroredSpace(UXPainter& painter, double middle);
     ~UXUnmirroredSpace();
@@ -18,4 +18,5 @@ public:
 
 private:
     UXPainter& m_painter;
+    bool m_isMirrored = false;
 };
