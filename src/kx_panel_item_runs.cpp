@@ -53,7 +53,7 @@ void KXPanelItemRuns::set(const std::vector<KXPanelItem>& items)
             _addItem(item, i, item.look.fill, item.share);
     };
     for (std::size_t i = 0; i < items.size(); ++i) {
-        const KXPanelItemLook& look = items[i].look;
+        const KXChartItemLook& look = items[i].look;
         if (look.fill.alpha <= 0 && look.line.alpha <= 0)
             continue;
         if (look.standsOut())
