@@ -126,7 +126,8 @@ std::uint64_t KXXYAxisChart::_countLeftOut(std::span<const double> categoryNumbe
         if (!isLogarithmicAlong && !m_x.cache.isLogarithmic)
             continue;
         const std::span<const double> y = getSeriesValues(series);
-        std::span<const double> x = obtainViewOfSeries(series)->obtainNumbers(series);
+        const KXAxisChartDataView* view = obtainViewOfSeries(series);
+        std::span<const double> x = view ? view->obtainNumbers(series) : std::span<const double>();
         if (x.empty())
             x = categoryNumbers;
         const std::size_t shown = std::min<std::size_t>(y.size(), obtainShownCategoryCount());

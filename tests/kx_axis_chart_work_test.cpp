@@ -160,7 +160,7 @@ TEST(KXAxisChartWork, AChangeReachesWhatItTouches)
              board.getChart().prepareData();
              board.getChart().reloadData();
          },
-         {1115, 1, 1, 100}},
+         {1117, 1, 1, 100}},
     };
     Board board;
     for (const Case& c : cases) {
