@@ -38,8 +38,7 @@ bool addsUp(const DataBinding& binding, SqlAggregate aggregate)
     // Different values of several members are not those of all of them.
     const bool gathers = std::ranges::any_of(
         binding.dimensions, [](const DimensionBinding& d) { return d.top && d.top->othersLabel; });
-    return aggregate == SqlAggregate::Sum || aggregate == SqlAggregate::Count ||
-           (aggregate == SqlAggregate::DistinctCount && !gathers);
+    return hasParts(aggregate) && !(aggregate == SqlAggregate::DistinctCount && gathers);
 }
 
 } // namespace

@@ -24,6 +24,7 @@ bool isNumeric(KXChartDataType type)
 }
 
 std::string nameMeasure(std::size_t measure) { return "m" + std::to_string(measure); }
+std::string namePart(std::size_t measure) { return "h" + std::to_string(measure); }
 /** @return a condition that leaves out nulls, too */
 std::string isFinite(const std::string& name) { return "ABS(" + name + ") <= 1.7976931348623157e308"; }
 
@@ -80,13 +81,15 @@ void SqlPivot::obtainCells(const KXIndexPath& rowParent, std::uint64_t firstRow,
             conditions += " AND c" + position + " = " + line + position;
         }
     }
+    const bool hasPart = builder.tellsPart(measure);
+    const std::string part = hasPart ? dialect.obtainExactNumber("c." + namePart(measure)) : "0";
     const SqlTable rows = m_tables.getSession().query(
         {"SELECT " + places[0] + ", " + places[1] + ", " +
-             (isNumeric(type) ? dialect.obtainExactNumber(name) : name) + " FROM " + tables + from +
-             " WHERE " + conditions,
+             (isNumeric(type) ? dialect.obtainExactNumber(name) : name) + ", " + part + " FROM " + tables +
+             from + " WHERE " + conditions,
          {},
          {SqlResultType::Number, SqlResultType::Number,
-          isNumeric(type) ? SqlResultType::Number : SqlResultType::Text}});
+          isNumeric(type) ? SqlResultType::Number : SqlResultType::Text, SqlResultType::Number}});
 
     // 3. What is not found has no rows behind it.
     for (std::size_t i = 0; i < rows.getRowCount(); ++i) {
@@ -99,6 +102,8 @@ void SqlPivot::obtainCells(const KXIndexPath& rowParent, std::uint64_t firstRow,
             cell.number = rows.getNumber(i, 2);
         else
             cell.text = rows.getText(i, 2);
+        if (hasPart) // a sum of no rows is null
+            cell.part = rows.isNull(i, 3) ? 0 : rows.getNumber(i, 3);
     }
 }
 

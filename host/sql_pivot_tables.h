@@ -20,7 +20,7 @@ class SqlSession;
 class SqlPivotTables {
 public:
     /** The cells of one level: columns p0, p1 and so on for the members' positions, m0, m1 and so on for the
-     * measures. */
+     * measures, h0, h1 and so on for the highlighted parts of those that have them. */
     struct Cells {
         std::string table;
         std::string condition; // what is true of this level's alone, the table being called c

@@ -65,11 +65,9 @@ SqlQueryBuilder::SqlQueryBuilder(const SqlDialect& dialect, const DataBinding& b
         _checkDimension(i);
     }
     for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
-        _addFilter(m_binding.filters[i], place("filters", i));
-    for (const FilterAlternatives& choice : m_binding.choices)
-        for (const std::vector<FilterBinding>& filters : choice)
-            for (const FilterBinding& filter : filters)
-                _addFilter(filter, "choice of " + filter.column);
+        m_filters.push_back(_findFilter(m_binding.filters[i], place("filters", i)));
+    _addFilters(m_filters, m_binding.choices);
+    _addFilters(m_highlightFilters, m_binding.highlights);
     m_isMemberEachGroup = _isMemberEachGroup();
 }
 
@@ -111,12 +109,22 @@ std::size_t SqlQueryBuilder::_findColumn(const std::string& name, const std::str
                                 names + (m_columns.size() > mostNames ? ", ..." : ""));
 }
 
-void SqlQueryBuilder::_addFilter(const FilterBinding& filter, const std::string& where)
+SqlQueryBuilder::Filter SqlQueryBuilder::_findFilter(const FilterBinding& filter,
+                                                     const std::string& where) const
 {
     const std::size_t column = _findColumn(filter.column, where);
     if (filter.level)
         _checkLevel(column, *filter.level, where);
-    m_filters.push_back({&filter, column, where});
+    return {&filter, column, where};
+}
+
+void SqlQueryBuilder::_addFilters(std::vector<Filter>& filters,
+                                  const std::vector<FilterAlternatives>& choices) const
+{
+    for (const FilterAlternatives& choice : choices)
+        for (const std::vector<FilterBinding>& alternative : choice)
+            for (const FilterBinding& filter : alternative)
+                filters.push_back(_findFilter(filter, "choice of " + filter.column));
 }
 
 void SqlQueryBuilder::_checkMeasure(std::size_t index) const
@@ -203,7 +211,7 @@ SqlQuery SqlQueryBuilder::obtainQuery()
 {
     m_parameters.clear();
     SqlQuery query;
-    query.text = "WITH " + _writeGroups();
+    query.text = "WITH " + _writeGroups(false);
     std::vector<std::size_t> dimensions(m_binding.dimensions.size());
     std::iota(dimensions.begin(), dimensions.end(), std::size_t{0});
     if (!m_isMemberEachGroup)
@@ -223,10 +231,11 @@ SqlQuery SqlQueryBuilder::obtainQuery()
     return query;
 }
 
-std::string SqlQueryBuilder::_writeGroups()
+std::string SqlQueryBuilder::_writeGroups(bool tellsParts)
 {
     // The one step that reads rows: a key of each dimension (g), the count of rows (r) and of each measure
-    // what can be put together once more (a, b). Only here do values from outside come in.
+    // what can be put together once more (a, b), of the highlighted rows alone, too (h). Only here do values
+    // from outside come in.
     std::string list, keys;
     for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
         list += _obtainGroupKey(i) + number(" AS g", i) + ", ";
@@ -234,19 +243,36 @@ std::string SqlQueryBuilder::_writeGroups()
     }
     list += "COUNT(*) AS r";
     for (std::size_t i = 0; i < m_measureColumns.size(); ++i) {
-        const std::string part = number("a", i), count = number("b", i);
         const SqlAggregate aggregate = m_binding.measures[i].aggregate;
-        list += ", " + _obtainPartial(i) + " AS " + part;
+        const std::string input = _obtainMeasureInput(i);
+        const auto add = [&](const std::string& value, const std::string& name) {
+            list += ", " + value + " AS " + name;
+            // A value of several groups counts once: it stays apart.
+            if (aggregate == SqlAggregate::DistinctCount && !m_isMemberEachGroup)
+                keys += (keys.empty() ? "" : ", ") + name;
+        };
+        add(_obtainPartial(i, input), number("a", i));
         if (aggregate == SqlAggregate::Average)
-            list += ", COUNT(" + _obtainMeasureInput(i) + ") AS " + count;
-        // A value of several groups counts once: it stays apart.
-        if (aggregate == SqlAggregate::DistinctCount && !m_isMemberEachGroup)
-            keys += (keys.empty() ? "" : ", ") + part;
+            add("COUNT(" + input + ')', number("b", i));
+        if (tellsParts && tellsPart(i))
+            add(_obtainPartial(i, "CASE WHEN marked = 1 THEN " + input + " END"), number("h", i));
     }
-    // The table stands inside of this step: an engine may copy what it finds outside of all steps.
+    // The table stands inside of this step: an engine may copy what it finds outside of all steps. Rows are
+    // marked before the conditions, as the values of these are bound in the order of the text.
+    const std::string rows = tellsParts && !m_binding.highlights.empty() ? _writeMarkedRows() : "source";
     const std::string sql = "grouped AS (" + writeSqlSource(m_dialect, m_binding, m_columns.size()) +
-                            " SELECT " + list + " FROM source" + _writeConditions();
+                            " SELECT " + list + " FROM " + rows + _writeConditions();
     return sql + (keys.empty() ? "" : " GROUP BY " + keys) + ")";
+}
+
+/** @return the rows of the source with a column that is 1 in those that the binding highlights */
+std::string SqlQueryBuilder::_writeMarkedRows()
+{
+    std::string condition;
+    auto filter = m_highlightFilters.cbegin();
+    for (const FilterAlternatives& choice : m_binding.highlights)
+        condition += (condition.empty() ? "(" : " AND (") + _obtainChoiceCondition(choice, filter) + ')';
+    return "(SELECT source.*, CASE WHEN " + condition + " THEN 1 END AS marked FROM source) AS marked_rows";
 }
 
 std::string SqlQueryBuilder::_writeConditions()
@@ -255,20 +281,26 @@ std::string SqlQueryBuilder::_writeConditions()
     const auto require = [&](const std::string& condition) {
         sql += (sql.empty() ? " WHERE (" : " AND (") + condition + ')';
     };
-    auto filter = m_filters.begin();
+    auto filter = m_filters.cbegin();
     for (std::size_t i = 0; i < m_binding.filters.size(); ++i)
         require(_obtainCondition(*filter++));
-    for (const FilterAlternatives& choice : m_binding.choices) {
-        std::string alternatives;
-        for (const std::vector<FilterBinding>& filters : choice) {
-            std::string all;
-            for (std::size_t i = 0; i < filters.size(); ++i)
-                all += (i ? " AND (" : "(") + _obtainCondition(*filter++) + ')';
-            alternatives += (alternatives.empty() ? "" : " OR ") + (all.empty() ? "1 = 1" : all);
-        }
-        require(alternatives.empty() ? "1 = 0" : alternatives);
-    }
+    for (const FilterAlternatives& choice : m_binding.choices)
+        require(_obtainChoiceCondition(choice, filter));
     return sql;
+}
+
+/** @param filter the first one of the choice's, moved behind its last one */
+std::string SqlQueryBuilder::_obtainChoiceCondition(const FilterAlternatives& choice,
+                                                    std::vector<Filter>::const_iterator& filter)
+{
+    std::string alternatives;
+    for (const std::vector<FilterBinding>& filters : choice) {
+        std::string all;
+        for (std::size_t i = 0; i < filters.size(); ++i)
+            all += (i ? " AND (" : "(") + _obtainCondition(*filter++) + ')';
+        alternatives += (alternatives.empty() ? "" : " OR ") + (all.empty() ? "1 = 1" : all);
+    }
+    return alternatives.empty() ? "1 = 0" : alternatives;
 }
 
 std::string SqlQueryBuilder::_writeSortedGroups() const
@@ -389,9 +421,9 @@ std::string SqlQueryBuilder::_obtainMeasureInput(std::size_t measure) const
     return m_dialect.obtainComparable(_obtainColumn(column), m_columns[column]);
 }
 
-std::string SqlQueryBuilder::_obtainPartial(std::size_t measure) const
+/** @param input of the rows that take part, null in others */
+std::string SqlQueryBuilder::_obtainPartial(std::size_t measure, const std::string& input) const
 {
-    const std::string input = _obtainMeasureInput(measure);
     const bool isText = obtainMeasureType(measure) == Type::String;
     switch (m_binding.measures[measure].aggregate) {
     case SqlAggregate::Sum:
@@ -409,9 +441,10 @@ std::string SqlQueryBuilder::_obtainPartial(std::size_t measure) const
     return input;
 }
 
-std::string SqlQueryBuilder::_obtainAggregate(std::size_t measure) const
+/** @param partial the columns of groups that are put together: a for all rows, h for the highlighted ones */
+std::string SqlQueryBuilder::_obtainAggregate(std::size_t measure, const char* partial) const
 {
-    const std::string part = number("a", measure), count = number("b", measure);
+    const std::string part = number(partial, measure), count = number("b", measure);
     const Type type = obtainMeasureType(measure);
     const auto gather = [this](const char* function, const std::string& input) {
         return m_isMemberEachGroup ? input : function + ('(' + input + ')');

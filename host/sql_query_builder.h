@@ -28,7 +28,8 @@ public:
     SqlQuery obtainQuery();
 
     // The same in steps that a pivot keeps, to group what comes of them in several ways
-    /** @return the one that reads the rows: groups that are put together once more */
+    /** @return the one that reads the rows: groups that are put together once more, with what is to be told
+     * of the rows that the binding highlights */
     SqlQuery obtainGroupsQuery();
     /** @param groups a table of what the groups' query answers
      *  @return for each key (g) of a dimension its member's position (p), text (d) and number (n) */
@@ -42,8 +43,14 @@ public:
      *  @return the groups with the positions of their members (p0, p1 and so on), null for one that is left
      * out */
     std::string obtainFactsQuery(const std::string& groups, const std::vector<MemberKeys>& keys) const;
-    /** @return what the measures (m0, m1 and so on) are over facts that are grouped */
+    /** @return what the measures (m0, m1 and so on) are over facts that are grouped, and of those that have
+     * parts the highlighted one (h0, h1 and so on) */
     std::string obtainFactValues() const;
+    /** @return whether the part of a measure is told that belongs to what the binding highlights */
+    bool tellsPart(std::size_t measure) const
+    {
+        return !m_binding.highlights.empty() && hasParts(m_binding.measures[measure].aggregate);
+    }
 
     /** @return whether there are numbers behind the members of the last dimension, of which the first measure
      * counts the rows */
@@ -78,7 +85,8 @@ private:
     };
 
     bool _isMemberEachGroup() const;
-    void _addFilter(const FilterBinding& filter, const std::string& place);
+    Filter _findFilter(const FilterBinding& filter, const std::string& place) const;
+    void _addFilters(std::vector<Filter>& filters, const std::vector<FilterAlternatives>& choices) const;
     void _checkDimension(std::size_t index) const;
     void _checkLevel(std::size_t column, DateLevel level, const std::string& place) const;
     void _checkMeasure(std::size_t index) const;
@@ -88,12 +96,14 @@ private:
     std::string _obtainColumn(std::size_t column) const;
     std::string _obtainMemberText(std::size_t dimension) const;
     std::string _obtainMeasureInput(std::size_t measure) const;
-    std::string _obtainPartial(std::size_t measure) const;
-    std::string _obtainAggregate(std::size_t measure) const;
+    std::string _obtainPartial(std::size_t measure, const std::string& input) const;
+    std::string _obtainAggregate(std::size_t measure, const char* partial = "a") const;
     std::string _obtainGroupKey(std::size_t dimension) const;
     std::string _obtainOwnOrder(std::size_t dimension) const;
     std::string _obtainGroupOrder(std::size_t measure, bool isByMeasure, bool isDescending) const;
     std::string _obtainMeasureOrder(const std::string& value, std::size_t measure, bool isDescending) const;
+    std::string _obtainChoiceCondition(const FilterAlternatives& choice,
+                                       std::vector<Filter>::const_iterator& filter);
     std::string _obtainCondition(const Filter& filter);
     std::string _obtainListCondition(const Filter& filter, bool isOutside);
     std::string _obtainParameter(const Filter& filter, KXChartDataType type);
@@ -101,7 +111,8 @@ private:
     std::string _obtainFilterText(const Filter& filter, const std::string& value, KXChartDataType type) const;
     std::string _addParameter(const std::string& text);
 
-    std::string _writeGroups();
+    std::string _writeGroups(bool tellsParts);
+    std::string _writeMarkedRows();
     std::string _writeConditions();
     std::string _writeSortedGroups() const;
     std::string _writeNames(const std::string& groups, const std::vector<std::size_t>& dimensions) const;
@@ -115,6 +126,7 @@ private:
     std::vector<std::size_t> m_dimensionColumns;
     std::vector<std::size_t> m_measureColumns; // of no meaning for a count of rows
     std::vector<Filter> m_filters;             // the binding's own, then those of its choices in their order
+    std::vector<Filter> m_highlightFilters;    // of what it highlights, likewise
     bool m_isMemberEachGroup = false;
     std::vector<std::string> m_parameters;
 };

@@ -23,7 +23,7 @@ SqlQuery SqlQueryBuilder::obtainGroupsQuery()
     m_parameters.clear();
     m_isMemberEachGroup = false;
     SqlQuery query;
-    query.text = "WITH " + _writeGroups() + " SELECT * FROM grouped";
+    query.text = "WITH " + _writeGroups(true) + " SELECT * FROM grouped";
     query.parameters = m_parameters;
     return query;
 }
@@ -102,7 +102,8 @@ std::string SqlQueryBuilder::obtainFactsQuery(const std::string& groups,
     std::string values = "grouped.r", joins;
     for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
         values += number(", grouped.a", i) +
-                  (m_binding.measures[i].aggregate == SqlAggregate::Average ? number(", grouped.b", i) : "");
+                  (m_binding.measures[i].aggregate == SqlAggregate::Average ? number(", grouped.b", i) : "") +
+                  (tellsPart(i) ? number(", grouped.h", i) : "");
     for (std::size_t i = 0; i < m_dimensionColumns.size(); ++i) {
         const std::string own = number("keys", i), key = number("grouped.g", i);
         const std::string found = own + ".p";
@@ -121,6 +122,7 @@ std::string SqlQueryBuilder::obtainFactValues() const
 {
     std::string values;
     for (std::size_t i = 0; i < m_measureColumns.size(); ++i)
-        values += (i ? ", " : "") + _obtainAggregate(i) + number(" AS m", i);
+        values += (i ? ", " : "") + _obtainAggregate(i) + number(" AS m", i) +
+                  (tellsPart(i) ? ", " + _obtainAggregate(i, "h") + number(" AS h", i) : "");
     return values;
 }

@@ -22,9 +22,17 @@ const char* const binding = R"~({"nullText": "(null)", "dimensions": [{"column":
     {"column": "b", "sort": {"measure": 0, "descending": true}}, {"column": "c", "across": true}],
     "measures": [{"aggregate": "sum", "column": "v"}, {"aggregate": "average", "column": "v"},
     {"aggregate": "distinct", "column": "v"}, {"aggregate": "count"}, {"aggregate": "max", "column": "v"}]})~";
+// What is chosen of the rows, what of them is highlighted, and the same as the bindings have it
+const char* const chosen = "(v IS NULL OR v <> 3.25)";
+const char* const highlighted = "(a = 'a1' OR b = 'b''2' AND v >= 5.25)";
+const FilterAlternatives choice{{{"v", FilterOperation::NotEqual, {"3.25"}}}};
+const FilterAlternatives highlight{
+    {{"a", FilterOperation::Equal, {"a1"}}},
+    {{"b", FilterOperation::In, {"b'2"}}, {"v", FilterOperation::GreaterOrEqual, {"5.25"}}}};
 const char* const aggregates =
     "SUM(v), AVG(CAST(v AS DOUBLE PRECISION)), COUNT(DISTINCT v), COUNT(*), MAX(v)";
 constexpr std::size_t measureCount = 5;
+constexpr std::array havePart{true, false, true, true, false};
 
 /** Some hundred rows with nulls in every column. */
 void fill(SqlSession& session)
@@ -48,6 +56,8 @@ public:
     explicit Pivot(SqlSession& session)
         : m_session(session), m_provider(session, DataBindingReader("b").readText(binding))
     {
+        m_provider.setChoices({choice});
+        m_provider.setHighlights({highlight});
         m_provider.beginPrepareData(nullptr);
         m_provider.endPrepareData(nullptr);
     }
@@ -91,7 +101,7 @@ private:
                    const Texts& columnTexts)
     {
         std::string sql = "SELECT ";
-        sql.append(aggregates).append(" FROM data WHERE 1 = 1");
+        sql.append(aggregates).append(" FROM data WHERE ").append(chosen);
         const auto addCondition = [&](const char* name, const std::optional<std::string>& text) {
             std::string quoted;
             for (const char c : text.value_or(""))
@@ -107,8 +117,13 @@ private:
         for (const std::optional<std::string>& text : columnTexts)
             addCondition("c", text);
         SCOPED_TRACE(sql);
-        const SqlTable expected = m_session.query(
-            {sql, {}, std::vector<SqlResultType>(measureCount, SqlResultType::Number)});
+        const auto ask = [&](const std::string& question) {
+            return m_session.query(
+                {question, {}, std::vector<SqlResultType>(measureCount, SqlResultType::Number)});
+        };
+        const SqlTable expected = ask(sql);
+        sql.append(" AND ").append(highlighted);
+        const SqlTable parts = ask(sql);
         const bool isEmpty = expected.getNumber(0, 3) == 0;
         for (std::size_t measure = 0; measure < measureCount; ++measure) {
             const KXTableCell cell = _ask(row, column, measure);
@@ -117,6 +132,10 @@ private:
                                                                 : KXTableCellState::Value);
             if (cell.state == KXTableCellState::Value) {
                 EXPECT_NEAR(cell.number, expected.getNumber(0, measure), 1e-9);
+                EXPECT_EQ(cell.part.has_value(), havePart.at(measure));
+                if (cell.part) {
+                    EXPECT_NEAR(*cell.part, parts.isNull(0, measure) ? 0 : parts.getNumber(0, measure), 1e-9);
+                }
             }
         }
         return 1;
@@ -144,15 +163,20 @@ private:
     SqlDataProvider m_provider;
 };
 
-/** Writes a whole table: each row's name and cells, its total after "=", in the end the totals of columns. */
+/** Writes a whole table: each row's name and cells, its total after "=", in the end the totals of columns; of
+ * each number the part that is of the name z. */
 std::string writeTable(SqlSession& session, const std::string& text)
 {
-    SqlPivot pivot(session, DataBindingReader("b").readText(text));
+    DataBinding marked = DataBindingReader("b").readText(text);
+    marked.highlights = {{{{"name", FilterOperation::Equal, {"z"}}}}};
+    SqlPivot pivot(session, marked);
     constexpr std::uint64_t all = KXTableChartDataProvider::allMembers;
     const auto write = [&](std::uint64_t row, std::uint64_t column) {
         KXTableCell cell;
         pivot.obtainCells({}, row, {}, column, 0, {{&cell, 1}, 1});
-        return cell.state != KXTableCellState::Value ? std::string(".") : obtainNumberText(cell.number);
+        return cell.state != KXTableCellState::Value
+                   ? std::string(".")
+                   : obtainNumberText(cell.number) + '/' + obtainNumberText(cell.part.value_or(NAN));
     };
     std::string table;
     for (const SqlMember& column : pivot.obtainMembers(false, {}, 0, 100))
@@ -179,8 +203,10 @@ void checkMadeMembers(SqlSession& session)
         "nullText": "no", "dimensions": [{"column": "name", "top": {"count": 1)";
     const std::string tail = R"(}}, {"column": "d", "across": true, "fillGaps": true}]})";
     EXPECT_EQ(writeTable(session, head + R"(, "others": "rest")" + tail),
-              "01 02+ 03+ 04 no | x: 5 . . . 1 = 6 | rest: 1 . . 2 . = 3 | all: 6 . . 2 1 = 9 ");
-    EXPECT_EQ(writeTable(session, head + tail), "01 02+ 03+ 04 no | x: 5 . . . 1 = 6 | all: 6 . . 2 1 = 9 ");
+              "01 02+ 03+ 04 no | x: 5/0 . . . 1/0 = 6/0 | rest: 1/1 . . 2/0 . = 3/1 | "
+              "all: 6/1 . . 2/0 1/0 = 9/1 ");
+    EXPECT_EQ(writeTable(session, head + tail),
+              "01 02+ 03+ 04 no | x: 5/0 . . . 1/0 = 6/0 | all: 6/1 . . 2/0 1/0 = 9/1 ");
 }
 
 /** The totals of a heat map over the same rows. */
