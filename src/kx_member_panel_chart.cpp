@@ -842,6 +842,8 @@ void KXMemberPanelChart::_updateLooks()
         }
         item.look = {item.color};
         item.shift = {};
+        if (item.share < 1)
+            item.light = KXHighlightedParts::obtainLightColor(item.color, obtainDimmedOpacity());
     }
     m_runs.set(getLaidOutItems());
     for (Label& label : m_labels)

@@ -9,10 +9,12 @@
 #include "kx_load_chart.h"
 #include "kx_pie_chart.h"
 #include "kx_table_data_provider.h"
+#include "kx_tree_map_chart.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_recording_paint_config.h"
 #include "ux_fixed_measurer.h"
+#include "ux_paint_to_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,6 +22,7 @@
 #include <gtest/gtest.h>
 #include <iterator>
 #include <limits>
+#include <memory>
 #include <span>
 #include <sstream>
 #include <string>
@@ -132,6 +135,38 @@ TEST(KXHighlightedParts, APartOfASliceIsPartOfItsAngle)
     EXPECT_EQ(part.startDegrees, whole.startDegrees);
     EXPECT_EQ(part.sweepDegrees, whole.sweepDegrees / 4);
     EXPECT_EQ(KXPanelShape(UXDoubleRect(1, 2, 8, 4)).obtainPart(0.25).getBounds(), UXDoubleRect(1, 5, 8, 1));
+}
+
+/** Whole slices and tiles stand below their parts in light, also where nothing else stands out. */
+TEST(KXHighlightedParts, ThePanelsPaintTheRestInLight)
+{
+    const UXFixedMeasurer measurer;
+    for (const bool isPie : {true, false}) {
+        SCOPED_TRACE(isPie);
+        Host host;
+        std::unique_ptr<KXMemberPanelChart> chart;
+        if (isPie)
+            chart = std::make_unique<KXPieChart>();
+        else
+            chart = std::make_unique<KXTreeMapChart>();
+        kxLoad(*chart, host, {0, 0, 400, 300});
+        const std::vector<KXPanelItem>& items = chart->getLaidOutItems();
+        ASSERT_FALSE(items.empty());
+        ASSERT_LT(items[0].share, 1);
+        UXColor light = items[0].color;
+        light.alpha = chart->obtainDimmedOpacity();
+        EXPECT_LT(light.alpha, 1);
+        EXPECT_EQ(items[0].light, light);
+        const std::string drawn = uxPaintToText(*chart);
+        const auto obtainLine = [](const UXColor& color) {
+            char line[64];
+            std::snprintf(line, sizeof line, "setColor %d,%d,%d,%g", color.red, color.green, color.blue,
+                          color.alpha);
+            return std::string(line);
+        };
+        EXPECT_EQ(uxFindMissing(drawn, {obtainLine(light).c_str(), obtainLine(items[0].color).c_str()}), "")
+            << drawn;
+    }
 }
 
 /** A line of parts runs below that of the values; on others it starts where its series does. */
