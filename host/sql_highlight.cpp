@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "sql_data_set.h"
+#include "sql_number_bins.h"
 
 namespace {
 
@@ -52,7 +53,7 @@ SqlHighlight::SqlHighlight(SqlSession& session, const DataBinding& binding, cons
         m_areTold.push_back(addsUp(binding, measure.aggregate));
 
     // 1. All members of what is chosen: which ones are shown, and which are others, the whole has decided.
-    DataBinding chosen = binding;
+    DataBinding chosen = resolveNumberBins(session, binding); // which are those of the whole
     chosen.choices.insert(chosen.choices.end(), chosen.highlights.begin(), chosen.highlights.end());
     chosen.highlights.clear();
     for (DimensionBinding& dimension : chosen.dimensions) {

@@ -11,6 +11,8 @@
 #include "host_postgresql_server.h"
 #include "number_text.h"
 #include "sql_data_provider.h"
+#include "sql_data_set.h"
+#include "sql_highlight.h"
 #include "sql_pivot.h"
 #include "sql_session.h"
 
@@ -271,6 +273,25 @@ void checkBins(SqlSession& session)
     }
 }
 
+/** A part stands in the bins of the whole, however narrow the range of what is chosen is. */
+void checkHighlightedBins(SqlSession& session)
+{
+    DataBinding binding = DataBindingReader("b").readText(
+        R"({"dimensions": [{"column": "v", "bins": {"count": 10}}], "measures": [{"aggregate": "count"}]})");
+    const SqlDataSet whole(session, binding);
+    binding.highlights = {{{FilterBinding{"v", FilterOperation::Less, {"0"}, false, {}}}}};
+    const SqlHighlight highlight(session, binding, whole);
+    double sum = 0;
+    for (std::uint64_t bin = 0; bin < whole.getMembers(0).size(); ++bin) {
+        const SqlMember& member = whole.getMembers(0)[bin];
+        const bool isBelow = !member.isNull && std::stod(member.text) < 0;
+        const std::uint64_t path[] = {bin};
+        EXPECT_EQ(highlight.obtainNumber(0, path), isBelow ? whole.obtainNumber(0, path) : 0) << member.text;
+        sum += highlight.obtainNumber(0, path);
+    }
+    EXPECT_GT(sum, 0);
+}
+
 TEST(HostSqlPivot, EveryNumberIsTheDatabasesOwn)
 {
     const PostgresqlServer server;
@@ -285,6 +306,7 @@ TEST(HostSqlPivot, EveryNumberIsTheDatabasesOwn)
         EXPECT_GT(pivot.check({}, {}, {}, {}), 100);
         checkHeatTotals(session);
         checkBins(session);
+        checkHighlightedBins(session);
         checkMadeMembers(session);
         if (server.getConnection().empty())
             break;
