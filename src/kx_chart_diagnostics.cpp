@@ -29,8 +29,10 @@
 #include "ux/ux_virtual_scroll_view.h"
 
 #include <initializer_list>
+#include <map>
 
-// What of a chart is not seen in full, as its last layout left it.
+// What of a chart is not seen in full, as its last layout left it. Reasons are put into the host's language
+// when all is told, as asking for that may destroy the chart.
 
 namespace {
 
@@ -47,7 +49,7 @@ void addCutCells(const UXObject& object, const KXChart& chart, Diagnostics& diag
             continue;
         const auto add = [&](const std::string& text) {
             diagnostics.push_back(
-                {ShortenedText, text, uxLocalizeString(noRoom),
+                {ShortenedText, text, noRoom,
                  child->translateRectToParent(child->getBoundingRect(), const_cast<KXChart*>(&chart)), 1});
         };
         if (const auto* cell = dynamic_cast<const KXLegendCell*>(child)) {
@@ -75,15 +77,25 @@ void addTitle(const KXChart& chart, Diagnostics& diagnostics)
     const UXRect seen = uxIntersectionRect(rect, chart.getContentRect());
     const bool isLeftOut = uxIsEmptyRect(seen) || seen.height + 1 < uxMeasureText(text, property).height;
     if (isLeftOut || size.width > rect.width + 1 || size.height > seen.height + 1)
-        diagnostics.push_back(
-            {isLeftOut ? LeftOutText : ShortenedText, text, uxLocalizeString(noRoom), seen, 1});
+        diagnostics.push_back({isLeftOut ? LeftOutText : ShortenedText, text, noRoom, seen, 1});
 }
 
 void addValueOutside(Diagnostics& diagnostics, std::uint64_t count)
 {
     if (count > 0)
-        diagnostics.push_back(
-            {ClippedValue, {}, uxLocalizeString("the axis does not reach so far"), {}, count});
+        diagnostics.push_back({ClippedValue, {}, "the axis does not reach so far", {}, count});
+}
+
+/** Each reason is asked for once. */
+void translateReasons(Diagnostics& diagnostics)
+{
+    std::map<std::string, std::string> translated;
+    for (KXChartDiagnostic& diagnostic : diagnostics) {
+        const auto [reason, isNew] = translated.try_emplace(diagnostic.reason);
+        if (isNew)
+            reason->second = uxLocalizeString(diagnostic.reason);
+        diagnostic.reason = reason->second;
+    }
 }
 
 } // namespace
@@ -92,13 +104,19 @@ std::vector<KXChartDiagnostic> KXChart::diagnostics() const
 {
     Diagnostics diagnostics;
     for (const std::string& key : getDeserializedUnknownKeys())
-        diagnostics.push_back({UnknownKey, key, uxLocalizeString("nothing reads it"), {}, 1});
+        diagnostics.push_back({UnknownKey, key, "nothing reads it", {}, 1});
     addTitle(*this, diagnostics);
+    const std::size_t legend = diagnostics.size();
     const bool wantsLegend = m_legend->getVisible() && const_cast<KXChart*>(this)->obtainLegendCellSize() > 0;
-    if (wantsLegend && uxIsEmptyRect(m_legend->getRect()))
-        diagnostics.push_back({LeftOutText, uxLocalizeString("Legend"), uxLocalizeString(noRoom), {}, 1});
+    const bool lacksLegend = wantsLegend && uxIsEmptyRect(m_legend->getRect());
+    if (lacksLegend)
+        diagnostics.push_back({LeftOutText, "Legend", noRoom, {}, 1});
     addCutCells(*this, *this, diagnostics);
     _diagnose(diagnostics);
+
+    translateReasons(diagnostics);
+    if (lacksLegend)
+        diagnostics[legend].text = uxLocalizeString(diagnostics[legend].text);
     return diagnostics;
 }
 
@@ -113,7 +131,7 @@ void KXAxisChartBase::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) con
         const std::string title = axis->obtainTitleText();
         const bool isSeen = axis->title->getVisible();
         if (axis->showsTitle() && (!isSeen || axis->title->getText() != title))
-            diagnostics.push_back({isSeen ? ShortenedText : LeftOutText, title, uxLocalizeString(noRoom),
+            diagnostics.push_back({isSeen ? ShortenedText : LeftOutText, title, noRoom,
                                    isSeen ? translateRect(axis->title->getBoundingRect(), axis->title,
                                                           const_cast<KXAxisChartBase*>(this))
                                           : UXRect(),
@@ -121,8 +139,7 @@ void KXAxisChartBase::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) con
         if (axis->labels->getVisible())
             axis->labels->diagnose(diagnostics, *this);
         else if (axis->property->getShowTickLabels())
-            diagnostics.push_back(
-                {LeftOutText, title, uxLocalizeString("labels of the axis have no room"), {}, 1});
+            diagnostics.push_back({LeftOutText, title, "labels of the axis have no room", {}, 1});
     }
 }
 
@@ -136,7 +153,7 @@ void KXAxisChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) const
         if ((bars && bars->isDense()) || (lines && lines->isDense()))
             diagnostics.push_back({MergedMarks,
                                    {},
-                                   uxLocalizeString("several share a pixel, and their extremes are drawn"),
+                                   "several share a pixel, and their extremes are drawn",
                                    {},
                                    view->getShownSeries().size() * obtainShownCategoryCount()});
     }
@@ -148,11 +165,8 @@ void KXXYAxisChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) const
     for (const KXAssistantLineDataView* view : {m_linesInFront.get(), m_linesBehind.get()})
         view->getLabelLosses().tell(diagnostics, *getPlot(), *this);
     if (m_leftOutCount > 0)
-        diagnostics.push_back({LeftOutValue,
-                               {},
-                               uxLocalizeString("a logarithmic axis has no place for it"),
-                               {},
-                               m_leftOutCount});
+        diagnostics.push_back(
+            {LeftOutValue, {}, "a logarithmic axis has no place for it", {}, m_leftOutCount});
     std::uint64_t outside = 0;
     for (const std::uint64_t series : getShownSeries()) {
         const KXAxisChartDataView* view = obtainViewOfSeries(series);
@@ -173,13 +187,10 @@ void KXMemberPanelChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) 
     m_labelLosses.tell(diagnostics, *this, *this);
     for (const KXListedGroups* listed : {&m_listed, &m_listedIndexes})
         if (const std::size_t count = listed->getGathered().size(); count > 0)
-            diagnostics.push_back({Others,
-                                   m_othersName,
-                                   uxLocalizeString("members too small or too many are gathered"),
-                                   {},
-                                   count});
+            diagnostics.push_back(
+                {Others, m_othersName, "members too small or too many are gathered", {}, count});
     if (!m_note.empty())
-        diagnostics.push_back({LeftOutValue, {}, m_note, {}, 1});
+        diagnostics.push_back({LeftOutValue, m_note, "no shape can show it", {}, 1});
 }
 
 void KXFigureChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) const
@@ -202,8 +213,7 @@ void KXHeatMapChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) cons
                  &m_panel->getRowHeaderPanel(), &m_panel->getColumnHeaderPanel()})
             header->getLosses().tell(diagnostics, *header, *this);
     if (const std::uint64_t count = m_beyond.first + m_beyond.second; count > 0)
-        diagnostics.push_back(
-            {ClippedValue, {}, uxLocalizeString("the colours do not reach so far"), {}, count});
+        diagnostics.push_back({ClippedValue, {}, "the colours do not reach so far", {}, count});
 }
 
 void KXTableChart::_diagnose(std::vector<KXChartDiagnostic>& diagnostics) const

@@ -1,7 +1,6 @@
 #include "kx_text_losses.h"
 
 #include "kx_chart_diagnostic.h"
-#include "ux/ux_localize.h"
 #include "ux/ux_object.h"
 #include "ux/ux_rect_functions.h"
 
@@ -32,7 +31,7 @@ void KXTextLosses::tell(std::vector<KXChartDiagnostic>& diagnostics, const UXObj
 {
     using enum KXChartDiagnosticKind;
     const UXTransform toChart = space.obtainTransformToParent(&chart);
-    const std::string reason = uxLocalizeString("there is no room for it");
+    const char* const reason = "there is no room for it";
     for (const Loss& loss : m_losses) {
         // Nothing of a chart is turned against it, so that two corners say all.
         const UXDoublePoint first = toChart.apply(loss.rect.x, loss.rect.y);

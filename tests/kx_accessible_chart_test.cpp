@@ -18,6 +18,7 @@
 #include "ux/ux_control.h"
 #include "ux/ux_diagram.h"
 #include "ux/ux_label.h"
+#include "ux/ux_localize.h"
 #include "ux/ux_virtual_scroll_view.h"
 #include "ux_fixed_measurer.h"
 
@@ -200,6 +201,29 @@ TEST(KXChartDiagnostics, TellWhatIsNotSeenInFull)
         }
         EXPECT_EQ(told, c.told);
     }
+}
+
+/** A localizer may end the chart, which is not looked at after the first question. */
+TEST(KXChartDiagnostics, AskForWordsWhenAllIsTold)
+{
+    const UXFixedMeasurer measurer;
+    KXAxisChartTestProvider provider;
+    provider.values = {{1, 2, 3}, {4, 5, 6}};
+    auto chart = std::make_unique<KXBarChart>();
+    chart->getChartProperty()->updateTitleValue("A title of which a narrow chart shows no more than a part");
+    chart->getChartProperty()->updateLegendPosition(UXPosition::Right);
+    kxLoad(*chart, provider, {0, 0, 280, 200});
+    const std::size_t count = chart->diagnostics().size();
+    uxSetLocalizer([&](const std::string& text) {
+        chart.reset();
+        return "<" + text + ">";
+    });
+    const std::vector<KXChartDiagnostic> told = chart->diagnostics();
+    uxSetLocalizer({});
+    EXPECT_FALSE(chart);
+    ASSERT_EQ(told.size(), count);
+    EXPECT_EQ(told[0].reason, "<there is no room for it>");
+    EXPECT_EQ(told[1].text, "<Legend>");
 }
 
 TEST(KXChartDiagnostics, CountLabelsOfTicksAndValuesBeyondTheAxis)
