@@ -175,8 +175,9 @@ void KXAxisChartDataView::_addTotal(UXHintInfo& info, std::uint64_t category) co
     source.obtainPieces(category, pieces);
     if (source.form != KXAxisChartStacking::Stacked || pieces.size() < 2)
         return;
-    UXHintRowInfo& total = info.addFooterRow(
-        UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString("Total"),
-        getChart()->obtainValueText(getShownSeries().front(), source.obtainTotal(category)));
-    total.showSymbol = false;
+    const std::string text = getChart()->obtainValueText(getShownSeries().front(),
+                                                         source.obtainTotal(category));
+    // Asking for the word comes last, as it may destroy the chart.
+    info.addFooterRow(UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString("Total"), text).showSymbol =
+        false;
 }

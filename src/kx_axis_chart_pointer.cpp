@@ -319,17 +319,21 @@ void KXAxisChart::_fillHint(UXHintInfo& info, std::uint64_t category,
         std::string text = obtainValueText(series, value);
         if (const double part = getHighlightedPart(series, category); !std::isnan(part))
             text = KXHighlightedParts::tellPart(obtainValueText(series, part), text);
+        if (!self.isAlive())
+            return;
         UXHintRowInfo& row = info.addRow(obtainSeriesColor(series), obtainLegendSymbolStyle(series),
                                          getSeriesLabel(series), text);
         row.showSymbol = true;
         if (KXAxisChartDataView* view = obtainViewOfSeries(series))
             view->fillHintRow(row, {series, category});
-        row.value += _obtainBandText({series, category});
+        if (self.isAlive())
+            row.value += _obtainBandText({series, category});
     };
     for (const std::uint64_t series : _obtainHintSeries(first))
-        addRow(series);
+        if (self.isAlive())
+            addRow(series);
     info.enabled = info.enabled && !info.rows.empty();
-    for (std::size_t i = 0; !info.rows.empty() && i < m_views.size(); ++i)
+    for (std::size_t i = 0; self.isAlive() && !info.rows.empty() && i < m_views.size(); ++i)
         m_views[i]->fillHintFooter(info, category);
 }
 

@@ -11,6 +11,7 @@
 #include "kx_heat_map_chart_data_provider.h"
 #include "kx_heat_map_legend.h"
 #include "kx_heat_map_panel.h"
+#include "kx_highlighted_parts.h"
 #include "kx_hint_text.h"
 #include "kx_key_definitions.h"
 #include "kx_no_data_label.h"
@@ -568,11 +569,7 @@ std::string KXHeatMapChart::_obtainName(std::uint64_t dimension, std::uint64_t m
 
 std::string KXHeatMapChart::_writeValue(const KXChartItem& item) const
 {
-    std::string text = m_dataFormat->formatNumber(obtainItemValue(item));
-    const double part = item.kind == cellKind ? getHighlightedPart(0, _obtainCell({item.group, item.index}))
-                                              : noNumber;
-    if (!std::isnan(part))
-        text = KXHighlightedParts::tellPart(m_dataFormat->formatNumber(part), text);
+    const std::string text = m_dataFormat->formatNumber(obtainItemValue(item));
     const KXHeatMapContentPanel& content = m_panel->getContentPanel();
     if (item.kind != cellKind || !content.isMerged())
         return text;
@@ -599,13 +596,18 @@ KXChartDataProviderHintData KXHeatMapChart::_describeItem(const KXChartItem& ite
     if (item.kind != cellKind)
         title += (title.empty() ? "" : ", ") + m_words[0];
     KXChartDataProviderHintData data(title, _writeValue(item));
-    const double second = item.kind == cellKind && getMeasureCount() > 1
-                              ? getValue(1, _obtainCell({item.group, item.index}))
-                              : noNumber;
-    if (!std::isnan(second)) {
-        data.subtitle = std::move(data.value); // which is read before the row of the other measure
-        data.value = getMeasureLabel(1) + ": " + m_dataFormat->formatNumber(second);
-    }
+    if (item.kind != cellKind)
+        return data;
+    const std::uint64_t cell = _obtainCell({item.group, item.index});
+    const double second = getMeasureCount() > 1 ? getValue(1, cell) : noNumber;
+    const std::string other = std::isnan(second)
+                                  ? std::string()
+                                  : getMeasureLabel(1) + ": " + m_dataFormat->formatNumber(second);
+    // Telling of a part comes last, as asking for its words may destroy the chart.
+    if (const double part = getHighlightedPart(0, cell); !std::isnan(part))
+        data.value = KXHighlightedParts::tellPart(m_dataFormat->formatNumber(part), data.value);
+    if (!other.empty())
+        data.subtitle = std::exchange(data.value, other); // which is read before the other measure
     return data;
 }
 

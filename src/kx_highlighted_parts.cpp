@@ -1,9 +1,9 @@
 #include "kx_highlighted_parts.h"
 
 #include "kx_chart_data_provider.h"
+#include "kx_sentence.h"
 #include "ux/ux_color.h"
 #include "ux/ux_double_rect.h"
-#include "ux/ux_localize.h"
 #include "ux/ux_painter.h"
 
 #include <algorithm>
@@ -75,10 +75,10 @@ UXColor KXHighlightedParts::obtainTextGround(const UXColor& color, double share,
     return share < half ? obtainLightColor(color, opacity) : color;
 }
 
+/** Asks for words, so that callers look at no chart afterwards that may be gone. */
 std::string KXHighlightedParts::tellPart(const std::string& part, const std::string& whole)
 {
-    std::string text = part;
-    return text.append(" ").append(uxLocalizeString("of")).append(" ").append(whole);
+    return kxWriteSentence("%1 of %2", {part, whole});
 }
 
 void KXHighlightedParts::paintLine(UXPainter& painter, const UXDoubleRect& rect, double share,

@@ -259,6 +259,8 @@ UXHintInfo KXTableChart::obtainItemHint(const KXChartItem& item)
     const KXTableCell* told = findCell(*place);
     if (told && told->part && _obtainShown(place->measure) == KXTableShowValuesAs::Value)
         text = KXHighlightedParts::tellPart(_obtainFormat(place->measure).formatNumber(*told->part), text);
+    if (!use.isAlive())
+        return UXHintInfo(false);
     return kxMakeHintInfo({title, label, text}, m_hintInfo);
 }
 

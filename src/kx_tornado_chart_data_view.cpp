@@ -6,6 +6,7 @@
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_localize.h"
+#include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
 #include "ux/ux_painter_state.h"
 #include "ux/ux_rect_functions.h"
@@ -189,21 +190,26 @@ void KXTornadoChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t cate
 {
     const KXXYAxisChart& chart = *getChart();
     const KXChartDataFormat& format = *chart.getYDataFormat();
+    const UXObjectWatcher watcher(getChart()); // which a question for a word may destroy
     const Side left = _obtainSide(true, category), right = _obtainSide(false, category);
-    const auto add = [&](const std::string& label, double value) {
-        info.addFooterRow(UXColor(), UXSymbolStyle::Rectangle, label, format.formatNumber(value)).showSymbol =
-            false;
+    const auto add = [&](const std::string& label, const std::string& text) {
+        info.addFooterRow(UXColor(), UXSymbolStyle::Rectangle, label, text).showSymbol = false;
+    };
+    const auto addNamed = [&](const char* name, double value) {
+        const std::string text = format.formatNumber(value);
+        add(uxLocalizeString(name), text);
     };
     const auto addSide = [&](const Side& side, const char* name) {
         if (side.count == 1 && m_form == KXTornadoForm::Difference)
-            add(chart.getSeriesLabel(side.firstSeries), side.sum);
+            add(chart.getSeriesLabel(side.firstSeries), format.formatNumber(side.sum));
         else if (side.count > 1)
-            add(uxLocalizeString(name), side.sum);
+            addNamed(name, side.sum);
     };
     addSide(left, "Left");
-    addSide(right, "Right");
-    if (m_form == KXTornadoForm::Mirrored && left.count > 0 && right.count > 0)
-        add(uxLocalizeString("Difference"), right.sum - left.sum);
+    if (watcher.isAlive())
+        addSide(right, "Right");
+    if (watcher.isAlive() && m_form == KXTornadoForm::Mirrored && left.count > 0 && right.count > 0)
+        addNamed("Difference", right.sum - left.sum);
 }
 
 std::string KXTornadoChartDataView::customSerializeTypeID() { return "KXTornadoChartDataView"; }

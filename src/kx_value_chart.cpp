@@ -115,10 +115,10 @@ UXHintInfo KXValueChart::obtainItemHint(const KXChartItem&)
         data = provider->obtainHintData(this, {0, 0});
     if (provider && use.isCurrent() && data.isEmpty()) {
         data.value = m_valueLabel->getText();
-        if (!std::isnan(getHighlightedPart()))
+        data.title = provider->obtainValueLabel(this, 0);
+        if (use.isCurrent() && !std::isnan(getHighlightedPart()))
             data.value = KXHighlightedParts::tellPart(m_dataFormat->formatNumber(getHighlightedPart()),
                                                       data.value);
-        data.title = provider->obtainValueLabel(this, 0);
     }
     return kxMakeHintInfo(data, UXHintInfo());
 }

@@ -148,8 +148,8 @@ KXChartDataProviderHintData KXValueListChart::_describeItem(const KXChartItem& i
     const std::string title = obtainGroupName(item.group);
     if (!self.isAlive())
         return {};
-    const std::string value = _tellPart(item, obtainPartText(item.group, Value)),
-                      further = _obtainFurtherText(item.group);
+    const std::string further = _obtainFurtherText(item.group),
+                      value = _tellPart(item, obtainPartText(item.group, Value));
     return further.empty() ? KXChartDataProviderHintData(title, value)
                            : KXChartDataProviderHintData(title, value, further);
 }

@@ -11,7 +11,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -192,17 +194,18 @@ void KXWaterfallChartDataView::fillHintFooter(UXHintInfo& info, std::uint64_t ca
         return;
     const KXWaterfallStep& step = m_steps.steps[category];
     const KXChartDataFormat& format = *getChart()->getYDataFormat();
-    const auto add = [&](const std::string& label, const std::string& text) {
+    std::vector<std::pair<const char*, std::string>> rows;
+    if (step.kind == KXWaterfallStep::Kind::Others)
+        rows.emplace_back("Members", std::to_string(m_steps.gathered[step.member].size()));
+    if (obtainSeries(step) != Total) {
+        rows.emplace_back("Share of the start", formatShare(step));
+        rows.emplace_back("Before", format.formatNumber(step.from));
+        rows.emplace_back("After", format.formatNumber(step.to));
+    }
+    // Asking for words comes last, as it may destroy the chart.
+    for (const auto& [label, text] : rows)
         info.addFooterRow(UXColor(), UXSymbolStyle::Rectangle, uxLocalizeString(label), text).showSymbol =
             false;
-    };
-    if (step.kind == KXWaterfallStep::Kind::Others)
-        add("Members", std::to_string(m_steps.gathered[step.member].size()));
-    if (obtainSeries(step) == Total)
-        return;
-    add("Share of the start", formatShare(step));
-    add("Before", format.formatNumber(step.from));
-    add("After", format.formatNumber(step.to));
 }
 
 std::string KXWaterfallChartDataView::customSerializeTypeID() { return "KXWaterfallChartDataView"; }
