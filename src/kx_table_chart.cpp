@@ -131,6 +131,7 @@ const std::vector<std::string>& KXTableChart::_obtainMemberOrder(bool isRow) con
 void KXTableChart::resetData()
 {
     KXTableChartDataUser::resetData();
+    _endColumnDrag(); // which knows members by their places among the data
     m_headerWidths.clear();
     m_measureWidths.clear();
     m_isSettled = false;

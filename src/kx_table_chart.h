@@ -298,6 +298,7 @@ private:
     bool _addClipRow(KXTableClip& clip, std::uint64_t row, const KXGridRange& columns, bool withHeaders);
     void _takeColumn(KXTablePanel& panel, const UXEvent& event);
     void _dragColumn(KXTablePanel& panel, const UXEvent& event);
+    std::optional<ColumnDrag> _endColumnDrag();
     void _dropColumn(const UXEvent& event);
     std::optional<std::uint64_t> _findSibling(const ColumnDrag& drag, const Line& column) const;
     std::vector<std::uint64_t> _obtainSiblings(const ColumnDrag& drag) const;

@@ -105,7 +105,7 @@ double& KXTableChart::_obtainNaturalWidth(KXGridBand band, std::uint64_t column)
 {
     if (band == KXGridBand::Header)
         return m_headerWidths[column];
-    return m_measureWidths[m_measuresOnRows ? 0 : column % m_measureWidths.size()];
+    return m_measureWidths[m_measuresOnRows ? 0 : _obtainMeasureAt(false, column % m_measureWidths.size())];
 }
 
 std::optional<double> KXTableChart::_findGivenWidth(KXGridBand band, std::uint64_t column)
@@ -184,12 +184,7 @@ std::vector<std::uint64_t> KXTableChart::_obtainSiblings(const ColumnDrag& drag)
     const std::uint64_t count = getTree(false).obtainMemberCount(parent);
     if (count > greatestSiblingCount)
         return {};
-    std::vector<std::uint64_t> siblings = getTree(false).getShownMembers(parent);
-    if (siblings.empty()) {
-        siblings.resize(count);
-        std::iota(siblings.begin(), siblings.end(), std::uint64_t{0});
-    }
-    return siblings;
+    return getTree(false).obtainShownMembers(parent);
 }
 
 /** @return the place among the siblings of the one that a column belongs to, none where it is of others */
@@ -245,11 +240,16 @@ void KXTableChart::_dragColumn(KXTablePanel& panel, const UXEvent& event)
     panel.setDropEdge(edge);
 }
 
-void KXTableChart::_dropColumn(const UXEvent& event)
+std::optional<KXTableChart::ColumnDrag> KXTableChart::_endColumnDrag()
 {
     for (KXTablePanel* panel : m_panels)
         panel->setDropEdge(std::nullopt);
-    const std::optional<ColumnDrag> drag = std::exchange(m_columnDrag, std::nullopt);
+    return std::exchange(m_columnDrag, std::nullopt);
+}
+
+void KXTableChart::_dropColumn(const UXEvent& event)
+{
+    const std::optional<ColumnDrag> drag = _endColumnDrag();
     if (!drag || !drag->place)
         return;
     event.postAction([this, self = UXObjectWatcher(this), drag = *drag] {

@@ -574,8 +574,9 @@ void KXTableChartDataUser::_noteCells(std::uint64_t measure, const std::vector<K
 
 void KXTableChartDataUser::dataArrived(std::uint64_t, std::uint64_t)
 {
-    std::erase_if(m_percentiles, [](const auto& known) { return known.second.empty(); });
+    const bool hasPercentiles = std::erase_if(m_percentiles,
+                                              [](const auto& known) { return known.second.empty(); }) > 0;
     const bool hasHeaders = m_headers.arrive(), hasCells = m_cells.arrive();
-    if (hasHeaders || hasCells)
+    if (hasHeaders || hasCells || hasPercentiles)
         _blocksArrived();
 }

@@ -145,6 +145,9 @@ void KXTableChart::_setWidth(const std::string& identity, std::optional<double> 
 
 bool KXTableChart::tablePanelPressed(KXTablePanel& panel, const UXEvent& event)
 {
+    // The release of a press before may have gone elsewhere.
+    _endColumnDrag();
+    m_edgeDrag.reset();
     if (!isInteractionEnabled() || !event.containsEventKey(UXEventKey::LeftButton))
         return false;
     if (const std::optional<std::uint64_t> edge = _findEdge(panel, event)) {

@@ -1,6 +1,7 @@
 #include "kx_table_header_tree.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 /** An open parent. */
@@ -139,11 +140,14 @@ void KXTableHeaderTree::setShownMembers(const KXIndexPath& parent, std::vector<s
     _updateAlong(parent);
 }
 
-const std::vector<std::uint64_t>& KXTableHeaderTree::getShownMembers(const KXIndexPath& parent) const
+std::vector<std::uint64_t> KXTableHeaderTree::obtainShownMembers(const KXIndexPath& parent) const
 {
-    static const std::vector<std::uint64_t> all;
     const Node* node = _findNode(parent);
-    return node ? node->shown : all;
+    if (!node || node->isArranged)
+        return node ? node->shown : std::vector<std::uint64_t>();
+    std::vector<std::uint64_t> all(static_cast<std::size_t>(node->memberCount));
+    std::iota(all.begin(), all.end(), std::uint64_t{0});
+    return all;
 }
 
 bool KXTableHeaderTree::isExpanded(const KXIndexPath& path) const

@@ -48,8 +48,8 @@ public:
     /** Shows these of the members below an open parent and no others, in this order. Groups among them are
      * closed by it. */
     void setShownMembers(const KXIndexPath& parent, std::vector<std::uint64_t> positions);
-    /** @return those, empty where all are shown in their own order */
-    const std::vector<std::uint64_t>& getShownMembers(const KXIndexPath& parent) const;
+    /** @return those, all of them until others are set; none below a parent that is not open */
+    std::vector<std::uint64_t> obtainShownMembers(const KXIndexPath& parent) const;
 
     bool isExpanded(const KXIndexPath& path) const;
     /** Opens a group whose parents are open; without members it stays closed. */

@@ -19,6 +19,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -298,7 +299,7 @@ TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
         const double column = place.column.empty() ? 99 : static_cast<double>(place.column[0]);
         return KXTableCell{10 * column + static_cast<double>(place.measure), "", KXTableCellState::Value};
     };
-    const auto drag = [&](const std::string& from, const std::string& to) {
+    const auto take = [&](const std::string& from, const std::string& to) {
         const UXPoint start = board.find(KXTablePanelType::Top, from);
         UXPoint end = board.find(KXTablePanelType::Top, to);
         end.x += start.x < end.x ? 10 : -10;
@@ -306,7 +307,10 @@ TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
         UXEvent event = KXTestInput::at(end);
         event.setEventType(UXEventType::MouseDragging);
         board.diagram.mouseDragging(event);
-        board.input.release(end);
+        return end;
+    };
+    const auto drag = [&](const std::string& from, const std::string& to) {
+        board.input.release(take(from, to));
         board.diagram.layout();
     };
     board.chart->setHideEmptyColumns(true);
@@ -318,6 +322,11 @@ TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
     EXPECT_EQ(board.rows().substr(0, 19), "r0|20|21|0|1|30|31|");
     drag("M0", "M1");
     EXPECT_EQ(board.rows().substr(0, 19), "r0|21|20|1|0|31|30|");
+    const UXPoint end = take("c3", "c2");
+    board.load();
+    board.input.release(end);
+    board.diagram.layout();
+    EXPECT_EQ(board.rows().substr(0, 19), "r0|21|20|1|0|31|30|") << "other data came in between";
     EXPECT_EQ(board.chart->getColumnOrder().front(), "c2");
     EXPECT_EQ(board.chart->getColumnOrder().back(), "/m0");
     const KXChartItem cell = board.chart->findItems(*board.chart->createItemPath({0, 0, 2})).at(0);
@@ -350,10 +359,21 @@ TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
     EXPECT_EQ(other.rows(), board.rows());
 }
 
+/** A table that has all but the percentiles at once. */
+class LateHost : public KXTableDataProvider {
+public:
+    bool isReady = false;
+
+    bool obtainPercentiles(KXChartDataUser* user, std::uint64_t measure, std::span<double> values) override
+    {
+        return isReady && KXTableDataProvider::obtainPercentiles(user, measure, values);
+    }
+};
+
 TEST(KXTableChart, RulesColourAPartOfTheCells)
 {
     Board board;
-    KXTableDataProvider provider;
+    LateHost provider;
     provider.addDimension("Name", std::vector<std::string>{"a", "b", "c", "d", "e"});
     provider.addMeasure("Value", std::vector<double>{4, 1, 5, 2, 3});
     KXTableColorRule rule;
@@ -365,11 +385,18 @@ TEST(KXTableChart, RulesColourAPartOfTheCells)
     board.chart->prepareData();
     board.chart->reloadData();
     board.diagram.layout();
-    std::string colored;
-    for (const KXTableDrawnCell& cell : board.chart->getPanel(KXTablePanelType::Content)->getCells())
-        if (cell.ground == rule.getFillColor())
-            colored += cell.text;
-    EXPECT_EQ(colored, "45");
+    const auto obtainColored = [&] {
+        std::string colored;
+        for (const KXTableDrawnCell& cell : board.chart->getPanel(KXTablePanelType::Content)->getCells())
+            if (cell.ground == rule.getFillColor())
+                colored += cell.text;
+        return colored;
+    };
+    EXPECT_EQ(obtainColored(), "");
+    provider.isReady = true;
+    board.chart->dataArrived(0, 1);
+    board.diagram.layout();
+    EXPECT_EQ(obtainColored(), "45");
 }
 
 TEST(KXTableChart, KeysWalkChooseAndCopy)

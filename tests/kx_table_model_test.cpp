@@ -80,6 +80,10 @@ TEST(KXTableHeaderTree, LinesComeOfMembersGroupsAndTotals)
     tree.expand({1, 0}, 2);
     EXPECT_EQ(describe(tree), "0+ 1/0/0 1/0/1 1/1+ 1= 2+ 3+") << "the last level has no total";
     KXTableHeaderTree arranged(2, 4, {true, After, {true, true}});
+    using Positions = std::vector<std::uint64_t>;
+    EXPECT_EQ(arranged.obtainShownMembers({}), (Positions{0, 1, 2, 3}));
+    arranged.setShownMembers({}, {});
+    EXPECT_EQ(arranged.obtainShownMembers({}), Positions()) << "none of them";
     arranged.setShownMembers({}, {3, 1});
     arranged.expand({1}, 3);
     arranged.setShownMembers({1}, {2, 0});
