@@ -210,12 +210,17 @@ void KXBarChartDataView::updateLook()
     m_made->barColors.reserve(m_made->layout.bars.size());
     for (const KXBar& bar : m_made->layout.bars)
         m_made->barColors.push_back(obtainBarColor(bar.mark));
+    // Where all bars are in full, it does not matter on which of them a label is read.
+    const auto findBar = [this](const KXAxisChartMark& mark) {
+        const std::vector<KXBar>& bars = m_made->layout.bars;
+        return m_made->shares.empty()
+                   ? std::size_t{0}
+                   : static_cast<std::size_t>(std::ranges::find(bars, mark, &KXBar::mark) - bars.begin());
+    };
     for (KXBarLabel& label : m_made->labels)
-        if (label.mark && label.isReadOnBar) {
-            const auto bar = std::ranges::find(m_made->layout.bars, *label.mark, &KXBar::mark);
-            label.property.textColor = kxObtainReadableColor(_obtainTextGround(
-                static_cast<std::size_t>(bar - m_made->layout.bars.begin()), obtainBarColor(*label.mark)));
-        }
+        if (label.mark && label.isReadOnBar)
+            label.property.textColor = kxObtainReadableColor(
+                _obtainTextGround(findBar(*label.mark), obtainBarColor(*label.mark)));
 }
 
 double KXBarChartDataView::_obtainPlaceAcross(UXPoint point) const

@@ -532,11 +532,18 @@ std::uint64_t KXMemberPanelChart::obtainItemRowLength(std::uint64_t) const
 
 KXChartItem KXMemberPanelChart::obtainItemInRow(std::uint64_t row, std::uint64_t place) const
 {
+    const KXChartItem none{0, m_listed.getBound(), 0};
+    const auto makeItem = [&](std::uint64_t group) {
+        return KXChartItem{0, group, m_listedIndexes.getAll()[static_cast<std::size_t>(place)]};
+    };
+    if (!m_groups.needsIdentities()) // none is switched off
+        return row < m_listed.getAll().size() ? makeItem(m_listed.getAll()[static_cast<std::size_t>(row)])
+                                              : none;
     std::uint64_t before = row;
     for (const std::uint64_t group : m_listed.getAll())
         if (isGroupShown(group) && before-- == 0)
-            return {0, group, m_listedIndexes.getAll()[static_cast<std::size_t>(place)]};
-    return {0, m_listed.getBound(), 0}; // none
+            return makeItem(group);
+    return none;
 }
 
 UXRect KXMemberPanelChart::obtainItemRect(const KXChartItem& item) const

@@ -254,8 +254,8 @@ void KXTableChartDataUser::_arrangeMembers(bool isRow, const KXIndexPath& parent
     const KXChartDataProviderUse use(*this);
     auto* provider = use.as<KXTableChartDataProvider>();
     KXTableHeaderTree& tree = isRow ? m_rows : m_columns;
-    const bool hidesEmpty = _hidesEmptyMembers(isRow);
-    if (!provider || (!hidesEmpty && _obtainMemberOrder(isRow).empty()))
+    const bool hidesEmpty = _hidesEmptyMembers(isRow), hasOrder = !_obtainMemberOrder(isRow).empty();
+    if (!provider || (!hidesEmpty && !hasOrder))
         return;
 
     // 1. Ask for what it takes
@@ -269,7 +269,7 @@ void KXTableChartDataUser::_arrangeMembers(bool isRow, const KXIndexPath& parent
     std::vector<std::string> identities(count);
     KXIndexPath path = parent;
     path.push_back(0);
-    for (; path.back() < count && isCurrent(); ++path.back())
+    for (; hasOrder && path.back() < count && isCurrent(); ++path.back())
         if (_fetchHeader(isRow, path) && isCurrent())
             identities[path.back()] = obtainIdentity(isRow, path);
     if (!isCurrent())
