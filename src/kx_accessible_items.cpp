@@ -2,6 +2,7 @@
 
 #include "kx_accessible_item.h"
 #include "kx_chart.h"
+#include "kx_chart_item_description.h"
 #include "kx_chart_items_delegate.h"
 
 #include <cstddef>
@@ -23,23 +24,15 @@ KXChartItemsDelegate* KXAccessibleItems::_getDelegate() const
     return dynamic_cast<KXChartItemsDelegate*>(m_chart.getObject());
 }
 
-/** @return whether the rows are those of a table, in which names stand before cells */
-bool KXAccessibleItems::_isTable() const
-{
-    const KXChartItemsDelegate& delegate = *_getDelegate();
-    return delegate.obtainItemRowCount() > 0 && delegate.obtainItemRowLength(0) > 0 &&
-           delegate.obtainItemRole(delegate.obtainItemInRow(0, 0)) != UXAccessibleRole::Mark;
-}
-
 UXAccessibleInfo KXAccessibleItems::obtainInfo()
 {
     UXAccessibleInfo info;
     KXChartItemsDelegate* delegate = _getDelegate();
     if (!delegate)
         return info;
-    info.role = m_part == Part::Table ? UXAccessibleRole::Table
-                : _isTable()          ? UXAccessibleRole::Row
-                                      : UXAccessibleRole::Group;
+    info.role = m_part == Part::Table       ? UXAccessibleRole::Table
+                : kxHasItemTable(*delegate) ? UXAccessibleRole::Row
+                                            : UXAccessibleRole::Group;
     if (m_part == Part::Row && m_row < delegate->obtainItemRowCount())
         info.name = delegate->obtainItemRowName(m_row);
     return info;
@@ -58,7 +51,7 @@ std::uint64_t KXAccessibleItems::obtainChildCount()
     if (m_part == Part::Row)
         return m_row < rows ? delegate->obtainItemRowLength(m_row) : 0;
     if (rows > 0)
-        return m_part == Part::All && _isTable() ? 1 : rows;
+        return m_part == Part::All && kxHasItemTable(*delegate) ? 1 : rows;
     m_listed = delegate->obtainItems();
     return m_listed->size();
 }
@@ -69,7 +62,7 @@ void KXAccessibleItems::_listRow()
 {
     const KXChartItemsDelegate& delegate = *_getDelegate();
     const std::uint64_t length = delegate.obtainItemRowLength(m_row);
-    if (_isTable())
+    if (kxHasItemTable(delegate))
         return;
     std::uint64_t count = 0;
     for (std::uint64_t place = 0; place < length; ++place)
@@ -93,6 +86,6 @@ std::unique_ptr<UXAccessibleNode> KXAccessibleItems::createChild(std::uint64_t i
         return std::make_unique<KXAccessibleItem>(chart, (*m_listed)[static_cast<std::size_t>(index)]);
     if (m_part == Part::Row)
         return std::make_unique<KXAccessibleItem>(chart, delegate.obtainItemInRow(m_row, index));
-    const Part part = m_part == Part::All && _isTable() ? Part::Table : Part::Row;
+    const Part part = m_part == Part::All && kxHasItemTable(delegate) ? Part::Table : Part::Row;
     return std::unique_ptr<UXAccessibleNode>(new KXAccessibleItems(chart, part, index));
 }

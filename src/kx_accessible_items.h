@@ -31,7 +31,6 @@ private:
 
     KXAccessibleItems(KXChart& chart, Part part, std::uint64_t row);
     KXChartItemsDelegate* _getDelegate() const;
-    bool _isTable() const;
     void _listRow();
 
     UXObjectWatcher m_chart;

@@ -80,9 +80,7 @@ public:
         const std::uint64_t rows = m_delegate.obtainItemRowCount();
         const std::vector<KXChartItem> items = rows == 0 ? m_delegate.obtainItems()
                                                          : std::vector<KXChartItem>();
-        const bool isTable = rows > 0 && m_delegate.obtainItemRowLength(0) > 0 &&
-                             m_delegate.obtainItemRole(m_delegate.obtainItemInRow(0, 0)) !=
-                                 UXAccessibleRole::Mark;
+        const bool isTable = kxHasItemTable(m_delegate);
         m_description.seriesCount = isTable ? 0 : rows;
         const bool tellsEach = !isTable && rows <= greatestToldCount;
         SeriesSum sum;
@@ -157,6 +155,12 @@ private:
 };
 
 } // namespace
+
+bool kxHasItemTable(const KXChartItemsDelegate& delegate)
+{
+    return delegate.obtainItemRowCount() > 0 && delegate.obtainItemRowLength(0) > 0 &&
+           delegate.obtainItemRole(delegate.obtainItemInRow(0, 0)) != UXAccessibleRole::Mark;
+}
 
 void kxDescribeItems(KXChart& chart, KXChartDescription& description)
 {

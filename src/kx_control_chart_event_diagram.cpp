@@ -14,7 +14,7 @@ namespace {
 constexpr int leastWidth = 180, greatestHeight = 340, anchorGap = 2; // logical units
 
 /** @return a frame below anchor, or above it where that has more room, inside bounds */
-UXRect placeFrame(int wantedHeight, const UXRect& anchor, const UXRect& bounds, bool isRightToLeft)
+UXRect placeFrame(int wantedHeight, const UXRect& anchor, const UXRect& bounds)
 {
     const std::int64_t below = std::int64_t{bounds.getBottom()} - anchor.getBottom() - anchorGap;
     const std::int64_t above = std::int64_t{anchor.y} - bounds.y - anchorGap;
@@ -23,8 +23,7 @@ UXRect placeFrame(int wantedHeight, const UXRect& anchor, const UXRect& bounds, 
     const int height = uxSaturateToInt(std::clamp<std::int64_t>(wanted, 0, std::max(below, above)));
     const int width = std::max(anchor.width, leastWidth);
     const int top = isBelow ? anchor.getBottom() + anchorGap : anchor.y - anchorGap - height;
-    const int left = isRightToLeft ? uxMaxX(anchor) - width : anchor.x;
-    return uxShiftAndBoundInRect({left, top, width, height}, bounds);
+    return uxShiftAndBoundInRect({anchor.x, top, width, height}, bounds);
 }
 
 } // namespace
@@ -46,7 +45,11 @@ void KXControlChartEventDiagram::open(UXDiagram* diagram, KXControlChartComboBox
     }
     m_view = UXObjectWatcher(view);
     addChild(view);
-    view->setFrameRect(placeFrame(view->obtainWantedHeight(), anchor, getBoundingRect(), isRightToLeft()));
+    const UXRect bounds = getBoundingRect();
+    const bool isMirrored = isRightToLeft();
+    const UXRect frame = placeFrame(view->obtainWantedHeight(),
+                                    isMirrored ? uxMirrorRect(anchor, bounds) : anchor, bounds);
+    view->setFrameRect(isMirrored ? uxMirrorRect(frame, bounds) : frame);
     layout();
     if (KXControlChartComboBoxScrollView* shown = getView())
         shown->getList()->walkParts(true);
