@@ -299,7 +299,7 @@ TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
         const double column = place.column.empty() ? 99 : static_cast<double>(place.column[0]);
         return KXTableCell{10 * column + static_cast<double>(place.measure), "", KXTableCellState::Value};
     };
-    const auto take = [&](const std::string& from, const std::string& to) {
+    const auto drag = [&](const std::string& from, const std::string& to) {
         const UXPoint start = board.find(KXTablePanelType::Top, from);
         UXPoint end = board.find(KXTablePanelType::Top, to);
         end.x += start.x < end.x ? 10 : -10;
@@ -307,10 +307,7 @@ TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
         UXEvent event = KXTestInput::at(end);
         event.setEventType(UXEventType::MouseDragging);
         board.diagram.mouseDragging(event);
-        return end;
-    };
-    const auto drag = [&](const std::string& from, const std::string& to) {
-        board.input.release(take(from, to));
+        board.input.release(end);
         board.diagram.layout();
     };
     board.chart->setHideEmptyColumns(true);
@@ -322,11 +319,6 @@ TEST(KXTableChart, ColumnsAreMovedFrozenAndLeftOutWhereTheyAreEmpty)
     EXPECT_EQ(board.rows().substr(0, 19), "r0|20|21|0|1|30|31|");
     drag("M0", "M1");
     EXPECT_EQ(board.rows().substr(0, 19), "r0|21|20|1|0|31|30|");
-    const UXPoint end = take("c3", "c2");
-    board.load();
-    board.input.release(end);
-    board.diagram.layout();
-    EXPECT_EQ(board.rows().substr(0, 19), "r0|21|20|1|0|31|30|") << "other data came in between";
     EXPECT_EQ(board.chart->getColumnOrder().front(), "c2");
     EXPECT_EQ(board.chart->getColumnOrder().back(), "/m0");
     const KXChartItem cell = board.chart->findItems(*board.chart->createItemPath({0, 0, 2})).at(0);
