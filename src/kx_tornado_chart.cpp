@@ -3,8 +3,10 @@
 #include "kx_axis_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_tornado_chart_property.h"
+#include "kx_value_change.h"
 #include "ux/ux_object_watcher.h"
 
+#include <cmath>
 #include <utility>
 
 KXTornadoChart::KXTornadoChart() : KXTornadoChart(std::make_unique<KXTornadoChartDataView>()) {}
@@ -72,8 +74,9 @@ KXAxisChartDrawnData KXTornadoChart::_deriveData()
 
 std::string KXTornadoChart::obtainValueText(std::uint64_t series, double value) const
 {
-    const std::string text = KXDerivedBarChart::obtainValueText(series, value);
-    return obtainForm() == KXTornadoForm::Difference && value > 0 ? "+" + text : text;
+    return obtainForm() != KXTornadoForm::Difference || std::isnan(value)
+               ? KXDerivedBarChart::obtainValueText(series, value)
+               : kxFormatSignedNumber(value, *getYDataFormat());
 }
 
 void KXTornadoChart::_customResetProperties(KXChartResetType type, KXChart* source, const KXKeys& groups)

@@ -17,6 +17,8 @@ bool hasDigitAboveZero(const std::string& text)
     return std::ranges::any_of(text, [](char c) { return c >= '1' && c <= '9'; });
 }
 
+int obtainSign(double value) { return (value > 0) - (value < 0); }
+
 } // namespace
 
 KXValueChange kxObtainValueChange(double value, double base)
@@ -28,11 +30,31 @@ KXValueChange kxObtainValueChange(double value, double base)
     return change;
 }
 
+int kxObtainShownSign(double value, const KXChartDataFormat& format)
+{
+    const double divider = format.getDivider() > 0 ? format.getDivider() : 1;
+    if (std::isnan(value) || std::abs(value) >= divider)
+        return obtainSign(value);
+    // Prefix and suffix may hold digits too.
+    KXChartDataFormat bare;
+    bare.copyFrom(&format);
+    bare.setPrefix({});
+    bare.setSuffix({});
+    return hasDigitAboveZero(bare.formatNumber(value)) ? obtainSign(value) : 0;
+}
+
+int kxObtainShownPercentageSign(double percentage, int decimals)
+{
+    return hasDigitAboveZero(kxFormatFigurePercentage(percentage, decimals, {})) ? obtainSign(percentage) : 0;
+}
+
 std::string kxFormatSignedNumber(double value, const KXChartDataFormat& format)
 {
     if (!std::isfinite(value))
         return kxNoNumberText;
-    return value > 0 ? "+" + format.formatNumber(value) : format.formatNumber(value);
+    const int sign = kxObtainShownSign(value, format);
+    const std::string text = format.formatNumber(sign < 0 ? value : std::abs(value));
+    return sign > 0 ? "+" + text : text;
 }
 
 std::string kxFormatFigurePercentage(double percentage, int decimals, const KXChartDataFormat& format)
@@ -51,5 +73,5 @@ std::string kxFormatFigurePercentage(double percentage, int decimals, const KXCh
 std::string kxFormatSignedPercentage(double percentage, int decimals, const KXChartDataFormat& format)
 {
     const std::string text = kxFormatFigurePercentage(percentage, decimals, format);
-    return percentage > 0 && hasDigitAboveZero(text) ? "+" + text : text;
+    return kxObtainShownPercentageSign(percentage, decimals) > 0 ? "+" + text : text;
 }

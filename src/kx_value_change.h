@@ -23,7 +23,14 @@ struct KX_EXPORT KXValueChange {
 /** What is written where a number cannot be told. */
 inline constexpr const char* kxNoNumberText = "--";
 
-/** @return the number as format writes it, with its sign above zero too; kxNoNumberText for NaN */
+/** @return 1 or -1 for the sign of a number as format writes it, 0 where all digits are zero and for NaN */
+[[nodiscard]] KX_EXPORT int kxObtainShownSign(double value, const KXChartDataFormat& format);
+/** @param decimals of the percentage, 0 to 9
+ *  @return the same of a percentage */
+[[nodiscard]] KX_EXPORT int kxObtainShownPercentageSign(double percentage, int decimals);
+
+/** @return the number as format writes it, with its sign above zero too, and without one where all digits are
+ * zero; kxNoNumberText for NaN */
 [[nodiscard]] KX_EXPORT std::string kxFormatSignedNumber(double value, const KXChartDataFormat& format);
 
 /** @param decimals 0 to 9

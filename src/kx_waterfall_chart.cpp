@@ -6,6 +6,7 @@
 #include "kx_chart_items.h"
 #include "kx_chart_property.h"
 #include "kx_key_definitions.h"
+#include "kx_value_change.h"
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 
@@ -167,14 +168,15 @@ std::uint64_t KXWaterfallChart::obtainShownCategoryCount() const { return getCat
 
 std::string KXWaterfallChart::obtainValueText(std::uint64_t series, double value) const
 {
-    const std::string text = KXDerivedBarChart::obtainValueText(series, value);
-    return series != View::Total && value > 0 ? "+" + text : text;
+    return series == View::Total || std::isnan(value) ? KXDerivedBarChart::obtainValueText(series, value)
+                                                      : kxFormatSignedNumber(value, *getYDataFormat());
 }
 
-/** Only what is drawn is explained. */
+/** Only what is drawn is explained: what has bars, and lines of reference. */
 bool KXWaterfallChart::obtainLegendShouldShowCell(std::uint64_t index)
 {
-    return std::ranges::any_of(getSeriesValues(index), [](double value) { return !std::isnan(value); });
+    return _isAssistantLineCell(index) ||
+           std::ranges::any_of(getSeriesValues(index), [](double value) { return !std::isnan(value); });
 }
 
 /** A total without some of its steps would be wrong. */

@@ -9,6 +9,7 @@
 #include "kx_legend.h"
 #include "kx_line_chart.h"
 #include "kx_load_chart.h"
+#include "kx_waterfall_chart.h"
 #include "ux/ux_hint_info.h"
 #include "ux/ux_rect_functions.h"
 #include "ux/ux_symbol_style.h"
@@ -222,6 +223,10 @@ TEST_F(KXAssistantLineTest, LabelsLegendHintAndDocument)
     EXPECT_TRUE(chart.obtainLegendShouldShowCell(3));
     chart.legendCellClicked(2, UXEvent());
     EXPECT_TRUE(chart.isSeriesShown(0));
+    KXWaterfallChart steps;
+    load(steps, {target});
+    EXPECT_TRUE(steps.obtainLegendShouldShowCell(3)) << "after what goes up, what goes down and totals";
+    EXPECT_FALSE(steps.obtainLegendShouldShowCell(1)) << "nothing goes down";
 
     const UXDoublePoint on = front.getLines()[0].path[0];
     const UXPoint point = chart.translatePoint(UXPoint(static_cast<int>(on.x), static_cast<int>(on.y)),
