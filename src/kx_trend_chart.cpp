@@ -108,9 +108,9 @@ void KXTrendChart::_findSteps()
         if (!greatest || values[step] >= values[*greatest])
             greatest = step;
     }
-    bool isOmitted = m_omitLast;
-    for (std::uint64_t step = count; step-- > 0 && !m_toldStep;)
-        if (!std::isnan(values[step]) && !std::exchange(isOmitted, false))
+    // The period that still runs is the last one, whether or not it has a value already.
+    for (std::uint64_t step = m_omitLast && count > 0 ? count - 1 : count; step-- > 0 && !m_toldStep;)
+        if (!std::isnan(values[step]))
             m_toldStep = step;
     if (least && values[*least] < values[*greatest])
         m_markedSteps = {*least, *greatest};
@@ -139,11 +139,22 @@ KXValueChange KXTrendChart::obtainChange() const
                : KXValueChange();
 }
 
-UXColor KXTrendChart::_obtainChangeColor(double difference) const
+/** @return 1 where the change is written as one upwards, -1 downwards, 0 for neither */
+int KXTrendChart::_obtainDirection() const
 {
-    if (difference == 0 || std::isnan(difference))
+    const KXValueChange change = obtainChange();
+    if (!change.isTold())
+        return 0;
+    return m_diffDisplay == KXTrendChartDiffDisplay::Percentage
+               ? kxObtainShownPercentageSign(change.percentage, m_percentageDecimals)
+               : kxObtainShownSign(change.difference, *getYDataFormat());
+}
+
+UXColor KXTrendChart::_obtainChangeColor() const
+{
+    if (m_direction == 0)
         return m_differenceProperty.textColor;
-    return (difference > 0) == m_higherIsBetter ? m_goodColor : m_poorColor;
+    return (m_direction > 0) == m_higherIsBetter ? m_goodColor : m_poorColor;
 }
 
 std::string KXTrendChart::obtainLineText(Line line)
@@ -204,6 +215,7 @@ double KXTrendChart::_layoutTexts(const UXRect& area)
     m_texts.clear();
     m_textLosses.clear();
     m_arrow = {};
+    m_direction = _obtainDirection();
     if (!m_toldStep || !preparedAndReloadedData() || uxIsEmptyRect(area))
         return 0;
     std::vector<KXFigureLine> lines = _makeLines();
@@ -231,11 +243,10 @@ void KXTrendChart::_placeText(const KXFigureLine& line, Line kind, const UXRect&
     placed.property.align = UXTextAlign::Left;
     placed.property.option = UXTextOption::Default;
     placed.property.lineMode = 2;
-    const KXValueChange change = obtainChange();
-    const bool hasArrow = kind == Change && change.isTold() && change.difference != 0;
+    const bool hasArrow = kind == Change && m_direction != 0;
     const double indent = hasArrow ? kxObtainArrowRoom(line.property) : 0;
     if (hasArrow)
-        placed.property.textColor = _obtainChangeColor(change.difference);
+        placed.property.textColor = _obtainChangeColor();
     placed.rect = kxPlaceFigureText(placed.text, placed.property,
                                     {area.x + line.left, area.y + line.top, line.width, line.height}, indent,
                                     m_mainLabelAlign);
@@ -323,9 +334,8 @@ void KXTrendChart::_paintUnderChildren(UXPainter& painter)
     for (const Text& text : m_texts)
         painter.drawText(text.text, text.rect, text.property);
     if (m_arrow.width > 0) {
-        const double difference = obtainChange().difference;
-        painter.setColor(_obtainChangeColor(difference));
-        kxDrawArrow(painter, m_arrow, difference > 0);
+        painter.setColor(_obtainChangeColor());
+        kxDrawArrow(painter, m_arrow, m_direction > 0);
     }
     for (const Point& point : m_points) {
         painter.setColor(point.isTold ? obtainSeriesColor(toldSeries) : m_extremeColor);

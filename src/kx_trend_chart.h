@@ -22,7 +22,7 @@
         "what the last value is compared with")                                                             \
     KEY(int, CompareBack, m_compareBack, 1, Any(Trend), Reload, "with StepsBack: how many steps")           \
     KEY(bool, OmitLast, m_omitLast, false, Any(Trend), Reload,                                              \
-        "the last value is of a period that still runs: the one before is told")                            \
+        "the last period still runs: the last value before it is told")                                     \
     KEY(KXTrendChartDiffDisplay, DiffDisplay, m_diffDisplay, KXTrendChartDiffDisplay::Value, Any(Trend),    \
         Layout, "how the change is written")                                                                \
     KEY(int, PercentageDecimals, m_percentageDecimals, 1, Any(Trend), Layout,                               \
@@ -109,7 +109,8 @@ private:
     std::vector<KXFigureLine> _makeLines();
     double _layoutTexts(const UXRect& area);
     void _placeText(const KXFigureLine& line, Line kind, const UXRect& area);
-    UXColor _obtainChangeColor(double difference) const;
+    int _obtainDirection() const;
+    UXColor _obtainChangeColor() const;
 
     std::string m_sinceWord; // in the host's language
     std::optional<std::uint64_t> m_toldStep, m_baseStep;
@@ -119,6 +120,7 @@ private:
     std::vector<Text> m_texts;
     KXTextLosses m_textLosses;
     UXDoubleRect m_arrow; // empty for none
+    int m_direction = 0;  // of the change, as it is written
     UXRect m_textArea;
     std::vector<Point> m_points;
 };

@@ -19,9 +19,16 @@ struct KX_EXPORT KXTrendSteps {
     /** @return the step so many before one, none before the first one */
     std::optional<std::size_t> findBack(std::size_t step, std::int64_t distance) const;
     /** @return the step of the same month, quarter or date a year before, of weeks that 52 weeks before: of
-     * February 29 the 28th. None where the data lack it, however near a neighbour is. */
+     * February 29 the 28th. Steps that all end a month are those of months. None where the data lack it,
+     * however near a neighbour is. */
     std::optional<std::size_t> findYearBefore(std::size_t step) const;
 
 private:
-    std::optional<double> _obtainYearBefore(double number) const;
+    /** Where the number of a step is looked for: from here on, and before there. */
+    struct Span {
+        double from, to;
+    };
+
+    std::optional<Span> _obtainYearBefore(double number) const;
+    bool _areMonths() const;
 };

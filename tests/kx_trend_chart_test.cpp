@@ -29,10 +29,18 @@ double at(int year, int month, int day) { return kxObtainCalendarSeconds({year, 
 TEST(KXTrendSteps, TheSameTimeAYearBefore)
 {
     constexpr auto day = KXChartAggregateType::Day, week = KXChartAggregateType::Week,
-                   month = KXChartAggregateType::WithoutDay;
+                   month = KXChartAggregateType::WithoutDay, quarter = KXChartAggregateType::Quarter,
+                   none = KXChartAggregateType::None;
     const std::tuple<const char*, Values, KXChartAggregateType, int> cases[] = {
         {"the same month", {at(2014, 11, 1), at(2014, 12, 1), at(2015, 1, 1), at(2015, 12, 1)}, month, 1},
         {"months missing", {at(2014, 11, 1), at(2015, 1, 1), at(2015, 12, 1)}, month, -1},
+        {"a month is one whatever day names it",
+         {at(2014, 12, 31), at(2015, 1, 5), at(2015, 12, 1)},
+         month,
+         0},
+        {"the same quarter", {at(2014, 9, 30), at(2014, 12, 31), at(2015, 10, 1)}, quarter, 1},
+        {"ends of months", {at(2016, 2, 29), at(2016, 3, 31), at(2017, 2, 28)}, none, 0},
+        {"dates that end none", {at(2016, 2, 29), at(2016, 3, 30), at(2017, 2, 28)}, none, -1},
         {"February 29", {at(2015, 2, 28), at(2015, 3, 1), at(2016, 2, 29)}, day, 0},
         {"the 28th goes to the 28th", {at(2016, 2, 28), at(2016, 2, 29), at(2017, 2, 28)}, day, 0},
         {"a date in another order", {at(2015, 6, 5), at(2014, 6, 5), at(2016, 6, 5)}, day, 0},
@@ -107,6 +115,15 @@ TEST_F(KXTrendChartTest, TellsTheLastValueAndItsChange)
          "2015-11-01",
          "+37 since 2015-10-01",
          "+1,233.3 % since 2015-10-01"},
+        {"which has no value yet",
+         Previous,
+         1,
+         true,
+         {1, 2, 3, 4, null},
+         "4",
+         "2015-11-01",
+         "+1 since 2015-10-01",
+         "+33.3 % since 2015-10-01"},
         {"the last one that is there",
          Previous,
          1,
@@ -154,6 +171,15 @@ TEST_F(KXTrendChartTest, TellsTheLastValueAndItsChange)
          "2015-12-01",
          "+5 since 2014-12-01",
          "-- since 2014-12-01"},
+        {"what only a division leaves",
+         Previous,
+         1,
+         false,
+         {1, 2, 3, 0.3, 0.1 + 0.2},
+         "0.30",
+         "2015-12-01",
+         "0.00 since 2015-11-01",
+         "0.0 % since 2015-11-01"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
