@@ -7,9 +7,11 @@
 #include "ux/ux_localize.h"
 #include "ux/ux_object_watcher.h"
 #include "ux/ux_painter.h"
+#include "ux/ux_read_double.h"
 
 #include <algorithm>
 #include <cmath>
+#include <system_error>
 #include <utility>
 
 KX_DEFINE_CHART_KEY_TABLE(KXKpiChart, KXFigureChart, KX_KPI_CHART_KEYS)
@@ -21,6 +23,16 @@ enum Measure : std::uint64_t { ActualMeasure, ComparisonMeasure, LowerMeasure, U
 
 constexpr double greatestBarWidth = 320; // with its percentage
 constexpr double barHeight = 6, barGap = 8, targetOverhang = 3, targetWidth = 2;
+/** The first version whose documents have m_mainDisplay. */
+constexpr double versionOfMainDisplay = 1.1;
+
+/** Versions are decimal numbers, however many digits they are written with. */
+bool isBeforeMainDisplay(const std::string& version)
+{
+    double number = 0;
+    const auto [end, error] = uxReadDouble(version.data(), version.data() + version.size(), number);
+    return error != std::errc() || number < versionOfMainDisplay;
+}
 
 } // namespace
 
@@ -40,7 +52,7 @@ bool KXKpiChart::customDeserialize()
         return false;
     std::string version, display;
     bool showsComparison = false;
-    const bool isOlder = !deserializeObjectVersion(version) || version < customSerializeVersion();
+    const bool isOlder = !deserializeObjectVersion(version) || isBeforeMainDisplay(version);
     if (isOlder && !deserializeString("m_mainDisplay", display)) {
         static_cast<void>(deserializeBool("m_showComparison", showsComparison));
         setMainDisplay(showsComparison ? KXKpiChartMainDisplay::Both : KXKpiChartMainDisplay::Actual);
@@ -164,6 +176,19 @@ std::string KXKpiChart::_obtainComparisonText(const KXChartKpiPanel& panel) cons
     return caption.empty() ? text : caption + " " + text;
 }
 
+/** @return 1 where the difference is written as one upwards, -1 downwards, 0 for neither */
+int KXKpiChart::_obtainDirection(const KXChartKpiPanel& panel) const
+{
+    const KXValueChange change = panel.obtainChange();
+    if (!change.isTold() || m_differenceDisplay == KXKpiDifferenceDisplay::None)
+        return 0;
+    const int ofShare = kxObtainShownPercentageSign(change.percentage, m_percentageDecimals);
+    if (m_differenceDisplay == KXKpiDifferenceDisplay::Percentage)
+        return ofShare;
+    const int ofValue = kxObtainShownSign(change.difference, *m_dataFormat);
+    return m_differenceDisplay == KXKpiDifferenceDisplay::Both && ofValue == 0 ? ofShare : ofValue;
+}
+
 std::string KXKpiChart::obtainLineText(std::uint64_t group, Line line)
 {
     const KXChartKpiPanel panel = obtainPanel(group);
@@ -194,11 +219,14 @@ KXFigureChart::Text KXKpiChart::_obtainText(std::uint64_t group, std::size_t lin
     Text said{obtainLineText(group, static_cast<Line>(line))};
     if (line != Difference)
         return said;
-    const KXValueChange change = obtainPanel(group).obtainChange();
+    const KXChartKpiPanel panel = obtainPanel(group);
     const KXKpiStatus status = obtainStatus(group);
-    if (status != KXKpiStatus::None)
+    // What cannot be told is neither good nor bad, though bounds may say so of the value.
+    const bool isUntold = m_differenceDisplay != KXKpiDifferenceDisplay::None &&
+                          getMeasureCount() > ComparisonMeasure && !panel.obtainChange().isTold();
+    if (status != KXKpiStatus::None && !isUntold)
         said.color = _obtainStatusColor(status, {});
-    if (m_differenceDisplay != KXKpiDifferenceDisplay::None && change.isTold() && change.difference != 0)
+    if (_obtainDirection(panel) != 0)
         said.indent = kxObtainArrowRoom(m_differenceProperty);
     return said;
 }
@@ -237,9 +265,9 @@ void KXKpiChart::_layoutBar(const PlacedText& text, const UXDoubleRect& panel)
 
 void KXKpiChart::_layoutArrow(const PlacedText& text)
 {
-    const double difference = obtainPanel(text.item.group).obtainChange().difference;
+    const int direction = _obtainDirection(obtainPanel(text.item.group));
     m_marks.push_back({text.item, kxPlaceArrow(text.rect, text.property, text.indent),
-                       difference > 0 ? 1.0 : -1.0, text.property.textColor, true});
+                       direction > 0 ? 1.0 : -1.0, text.property.textColor, true});
 }
 
 KXChartDataProviderHintData KXKpiChart::_describeItem(const KXChartItem& item)

@@ -90,6 +90,7 @@ private:
     std::string _obtainValueText(const KXChartKpiPanel& panel) const;
     std::string _obtainDifferenceText(const KXChartKpiPanel& panel) const;
     std::string _obtainComparisonText(const KXChartKpiPanel& panel) const;
+    int _obtainDirection(const KXChartKpiPanel& panel) const;
     void _layoutBar(const PlacedText& text, const UXDoubleRect& panel);
     void _layoutArrow(const PlacedText& text);
     void _paintBar(UXPainter& painter, const Mark& mark) const;

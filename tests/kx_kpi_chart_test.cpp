@@ -81,6 +81,8 @@ TEST_F(KXKpiChartTest, DifferencesPercentagesAndProgressAgainstATableByHand)
         {"no sign for what rounds to zero", 100.04, 100, "+0.04 (0.0 %)", "100.0 %", "100.04 (100.0 %)",
          Good},
         {"nor below", 99.96, 100, "-0.04 (0.0 %)", "100.0 %", "99.96 (100.0 %)", Fair},
+        {"what only a division leaves", 0.1 + 0.2, 0.3, "0.00 (0.0 %)", "100.0 %", "0.30 (100.0 %)", Good},
+        {"a little less", 0.299, 0.3, "0.00 (-0.3 %)", "99.7 %", "0.30 (99.7 %)", Fair},
         {"beyond all numbers", 1e308, -1e308, "--", "", "", Good},
     };
     chart.setMainDisplay(KXKpiChartMainDisplay::Both);
@@ -94,8 +96,8 @@ TEST_F(KXKpiChartTest, DifferencesPercentagesAndProgressAgainstATableByHand)
             EXPECT_EQ(chart.obtainLineText(0, KXKpiChart::Value), c.both);
         }
         EXPECT_EQ(chart.obtainStatus(0), c.status);
-        const bool isTold = c.status != None && c.actual != c.comparison &&
-                            std::isfinite(c.actual - c.comparison);
+        const bool isTold = c.status != None && std::isfinite(c.actual - c.comparison) &&
+                            std::string(c.difference).find_first_of("123456789") != std::string::npos;
         double indent = 0;
         for (const KXFigureChart::PlacedText& text : chart.getPlacedTexts())
             if (text.item.group == 0 && text.line == KXKpiChart::Difference)
@@ -136,6 +138,9 @@ TEST(KXKpiChartDocument, OfTheFirstVersionBecomesThePresentOne)
         {R"("version":"1.0","m_showComparison":true,"m_mainDisplay":"Comparison")",
          KXKpiChartMainDisplay::Comparison},
         {R"("version":"1.1","m_showComparison":true)", KXKpiChartMainDisplay::Comparison},
+        {R"("version":"1.10","m_showComparison":true)", KXKpiChartMainDisplay::Comparison},
+        {R"("version":"01.5","m_showComparison":true)", KXKpiChartMainDisplay::Comparison},
+        {R"("version":"1.09","m_showComparison":true)", KXKpiChartMainDisplay::Both},
     };
     for (const auto& [keys, expected] : cases) {
         KXKpiChart chart;
@@ -170,6 +175,22 @@ TEST_F(KXKpiChartTest, PanelsShareOneSizeAndOneLine)
     chart.getChartProperty()->setShowTitle(true);
     layOut({300, 120});
     EXPECT_EQ(chart.getPlacedTexts().at(0).line, KXKpiChart::Value);
+}
+
+TEST_F(KXKpiChartTest, ADifferenceThatCannotBeToldHasNoColour)
+{
+    for (const double comparison : {4.0, null}) {
+        table.clear();
+        for (const double value : {5.0, comparison, 1.0, 2.0})
+            table.addMeasure("m", {value});
+        table.serve(chart);
+        layOut({600, 400});
+        ASSERT_EQ(chart.obtainStatus(0), Good) << "by the bounds";
+        for (const KXFigureChart::PlacedText& text : chart.getPlacedTexts())
+            if (text.line == KXKpiChart::Difference) {
+                EXPECT_EQ(text.property.textColor == chart.getGoodColor(), !std::isnan(comparison));
+            }
+    }
 }
 
 TEST_F(KXKpiChartTest, ManyPanelsScrollAndOnlyThoseInSightExist)
