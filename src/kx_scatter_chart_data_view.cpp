@@ -83,7 +83,7 @@ double KXScatterChartDataView::obtainReach() const
     if (getShownSeries().empty())
         return 0;
     const KXScatterForm form = obtainForm();
-    return (form.hasSizes() ? std::max(form.greatestDiameter, form.leastDiameter) : form.usualDiameter) / 2;
+    return (form.hasSizes ? std::max(form.greatestDiameter, form.leastDiameter) : form.usualDiameter) / 2;
 }
 
 std::size_t KXScatterChartDataView::_obtainCategoryCount() const
@@ -174,12 +174,17 @@ void KXScatterChartDataView::reload()
     m_whiskers.clear();
     m_categoryNumbers.clear();
     m_sizes = m_colors = {};
-    const auto takeFirst = [this](KXValueExtremes& extremes, std::span<const double> values) {
-        extremes.take(kxFindValueExtremes(values.first(std::min(values.size(), _obtainCategoryCount()))));
-    };
+    m_hasSizes = false;
     for (const std::uint64_t series : getShownSeries()) {
-        takeFirst(m_sizes, getChart()->getSizeValues(series));
-        takeFirst(m_colors, getChart()->getColorValues(series));
+        const std::span<const double> x = obtainNumbers(series), y = getChart()->getSeriesValues(series),
+                                      sizes = getChart()->getSizeValues(series),
+                                      colors = getChart()->getColorValues(series);
+        const auto find = [&](std::span<const double> values) {
+            return findExtremes(values, x.empty() ? y : x, y, _obtainCategoryCount(), false);
+        };
+        m_sizes.take(find(sizes));
+        m_colors.take(find(colors));
+        m_hasSizes = m_hasSizes || !sizes.empty();
     }
 }
 
@@ -196,6 +201,7 @@ KXScatterForm KXScatterChartDataView::obtainForm() const
     return {.usualDiameter = kxBoundExtent(m_property->getPointSize()),
             .leastDiameter = kxBoundExtent(m_property->getMinPointSize()),
             .greatestDiameter = _obtainGreatestDiameter(),
+            .hasSizes = m_hasSizes,
             .greatestSize = m_sizes.isEmpty() ? 0 : std::max(m_sizes.max, 0.0),
             .colors = m_property->getColorByValue() ? m_colors : KXValueExtremes()};
 }
@@ -356,12 +362,12 @@ double KXScatterChartDataView::obtainSize(const KXAxisChartMark& mark) const
 
 double KXScatterChartDataView::_obtainDiameter(const KXAxisChartMark& mark) const
 {
-    return m_form.hasSizes() ? m_form.obtainDiameter(obtainSize(mark)) : m_form.usualDiameter;
+    return m_form.hasSizes ? m_form.obtainDiameter(obtainSize(mark)) : m_form.usualDiameter;
 }
 
 bool KXScatterChartDataView::_isHollow(const KXAxisChartMark& mark) const
 {
-    return m_form.hasSizes() && !(obtainSize(mark) >= 0);
+    return m_form.hasSizes && !(obtainSize(mark) >= 0);
 }
 
 std::optional<UXDoublePoint> KXScatterChartDataView::_placeMark(const KXAxisChartMark& mark) const

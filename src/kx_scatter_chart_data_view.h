@@ -135,7 +135,8 @@ private:
     std::string _obtainLabelText(const KXAxisChartMark& mark) const;
 
     std::shared_ptr<KXScatterChartProperty> m_property;
-    KXValueExtremes m_sizes, m_colors;             // of the shown points, as of the last reload
+    KXValueExtremes m_sizes, m_colors;             // of the points that have a place, as of the last reload
+    bool m_hasSizes = false;                       // whether a measure tells them
     mutable std::vector<double> m_categoryNumbers; // where points lie at their categories; empty until needed
 
     // Made by the layout

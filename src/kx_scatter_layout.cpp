@@ -63,7 +63,7 @@ private:
             return;
         const UXDoublePoint centre = m_frame.makePoint(m_frame.categories.obtainPosition(x),
                                                        m_frame.values.obtainPosition(y));
-        const bool hasSizes = m_form.hasSizes();
+        const bool hasSizes = m_form.hasSizes;
         const double size = category < own.sizes.size() ? own.sizes[category]
                                                         : std::numeric_limits<double>::quiet_NaN();
         const Look look = hasSizes ? obtainLook(m_form, size) : Look{};
@@ -178,7 +178,7 @@ void kxLayoutScatter(std::span<const KXScatterSeries> series, const KXAxisChartP
 {
     // 1. The points of each series in their order.
     layout.clear();
-    layout.usualDiameter = layout.greatestDiameter = form.hasSizes() ? 0 : form.usualDiameter;
+    layout.usualDiameter = layout.greatestDiameter = form.hasSizes ? 0 : form.usualDiameter;
     if (uxIsEmptyRect(frame.area))
         return;
     Collector collector(frame, form, layout);

@@ -23,10 +23,10 @@ struct KXScatterSeries {
 struct KX_EXPORT KXScatterForm {
     double usualDiameter = 8;                        /**< of points without sizes */
     double leastDiameter = 4, greatestDiameter = 40; /**< of points with sizes */
-    double greatestSize = 0; /**< the value that has the greatest diameter; 0: all have the usual one */
+    bool hasSizes = false;                           /**< off: all have the usual diameter */
+    double greatestSize = 0; /**< the value that has the greatest diameter; 0: all have the least one */
     KXValueExtremes colors;  /**< empty where each series has one colour */
 
-    bool hasSizes() const { return greatestSize > 0; }
     /** @return the diameter that stands for a size; the least one for what is no size */
     double obtainDiameter(double size) const;
 };
