@@ -120,8 +120,9 @@ void KXWaterfallChartDataView::_placeConnectors()
         if (slot.category >= steps.size())
             return;
         const KXWaterfallStep& step = steps[slot.category];
-        // A step that changes nothing would leave a hole.
-        if (slot.firstBar == slot.endBar || step.from == step.to) {
+        // A step that changes nothing would leave a hole. A total of zero leads to another level.
+        const bool isLevel = obtainSeries(step) != Total && step.from == step.to;
+        if (slot.firstBar == slot.endBar || isLevel) {
             if (!level && !std::isnan(step.value))
                 level = step.to;
             continue;

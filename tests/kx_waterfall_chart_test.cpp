@@ -109,6 +109,20 @@ TEST_F(KXWaterfallChartTest, BarsFloatAndLinesLeadFromOneToTheNext)
     }
 }
 
+TEST_F(KXWaterfallChartTest, LinesGoOnFromATotalOfZero)
+{
+    provider.hasTotal = true;
+    provider.values = {{30, 10, 0, 5}};
+    provider.categoryCount = 4;
+    KXWaterfallChart chart;
+    load(chart);
+    const KXWaterfallChartDataView& view = chart.getDataView();
+    const std::vector<double> levels{30, 40, 0, 5};
+    ASSERT_EQ(view.getConnectors().size(), levels.size());
+    for (std::size_t i = 0; i < levels.size(); ++i)
+        EXPECT_NEAR(view.getConnectors()[i].y, view.getPlane().values.obtainPosition(levels[i]), 1);
+}
+
 TEST_F(KXWaterfallChartTest, AxisHoldsTheChangesAloneWhereTotalsMayBeTorn)
 {
     provider.values = {{1000, 20, -30}};
