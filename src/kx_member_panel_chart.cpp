@@ -219,10 +219,12 @@ double KXMemberPanelChart::_obtainFullShare(const KXChartItem& item) const
     return KXHighlightedParts::obtainShare(obtainItemPart(item), obtainItemValue(item));
 }
 
+const KXChartDataFormat& KXMemberPanelChart::_obtainFormat(std::uint64_t) const { return *m_dataFormat; }
+
 std::string KXMemberPanelChart::obtainItemValueText(const KXChartItem& item) const
 {
     const double value = obtainItemValue(item);
-    return std::isnan(value) ? std::string() : m_dataFormat->formatNumber(value);
+    return std::isnan(value) ? std::string() : _obtainFormat(_obtainMeasure(item)).formatNumber(value);
 }
 
 void KXMemberPanelChart::_requestLabels(const KXLabelPlacer&, std::vector<KXLabelRequest>&) const {}
@@ -669,7 +671,8 @@ UXHintInfo KXMemberPanelChart::obtainItemHint(const KXChartItem& item)
 std::string KXMemberPanelChart::_tellPart(const KXChartItem& item, const std::string& whole) const
 {
     const double part = obtainItemPart(item);
-    return std::isnan(part) ? whole : KXHighlightedParts::tellPart(m_dataFormat->formatNumber(part), whole);
+    const KXChartDataFormat& format = _obtainFormat(_obtainMeasure(item));
+    return std::isnan(part) ? whole : KXHighlightedParts::tellPart(format.formatNumber(part), whole);
 }
 
 KXChartDataProviderHintData KXMemberPanelChart::_describeItem(const KXChartItem& item)

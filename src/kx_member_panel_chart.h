@@ -180,6 +180,8 @@ protected:
                                   const std::vector<double>& sums, KXOthersRule rule);
     /** @return the groups, or without a dimension the measures, or the members of the other one */
     const KXListedGroups& _getListedIndexes() const { return m_listedIndexes; }
+    /** @return how the values of a measure are written; by default all alike */
+    virtual const KXChartDataFormat& _obtainFormat(std::uint64_t measure) const;
     /** @return the cell of its value among those of the measure */
     std::uint64_t _obtainCell(const KXChartItem& item) const;
     /** @return whether the item is what was gathered */

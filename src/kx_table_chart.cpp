@@ -5,6 +5,7 @@
 #include "kx_chart_items.h"
 #include "kx_data_requests.h"
 #include "kx_key_definitions.h"
+#include "kx_measure_format.h"
 #include "kx_no_data_label.h"
 #include "kx_percentages.h"
 #include "kx_table_chart_data_provider.h"
@@ -345,7 +346,7 @@ const KXChartDataFormat& KXTableChart::_obtainFormat(std::uint64_t measure)
     m_shownFormats.reserve(getMeasures().size());
     for (std::uint64_t i = 0; i < getMeasures().size(); ++i) {
         KXChartDataFormat format;
-        format.copyFrom(i < m_dataFormats.size() ? &m_dataFormats[i] : m_dataFormat.get());
+        format.copyFrom(&kxFindMeasureFormat(m_dataFormats, i, *m_dataFormat));
         if (format.getDecimals() < 0 && getExtent(i).hasFractions)
             format.setDecimals(usualDecimals);
         m_shownFormats.push_back(std::move(format));

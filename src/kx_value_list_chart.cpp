@@ -3,6 +3,7 @@
 #include "kx_chart_data_format.h"
 #include "kx_chart_data_path.h"
 #include "kx_key_definitions.h"
+#include "kx_measure_format.h"
 #include "kx_scrollable_value_list.h"
 #include "kx_value_change.h"
 #include "ux/ux_object_watcher.h"
@@ -32,6 +33,11 @@ KXValueListChart::~KXValueListChart() { _leaveView(); }
 
 std::string KXValueListChart::customSerializeTypeID() { return "KXValueListChart"; }
 std::string KXValueListChart::_obtainItemKind() const { return "Item"; }
+
+const KXChartDataFormat& KXValueListChart::_obtainFormat(std::uint64_t measure) const
+{
+    return kxFindMeasureFormat(m_dataFormats, measure, *m_dataFormat);
+}
 
 KXValueListBaseItemStyle KXValueListChart::_obtainStyle() const
 {
@@ -83,7 +89,7 @@ std::string KXValueListChart::_obtainFurtherText(std::uint64_t group) const
         const double value = getValue(measure, _obtainCell({0, group, 0}));
         const std::string& label = getMeasureLabel(measure);
         text += (text.empty() ? "" : "   ") + label + (label.empty() ? "" : " ") +
-                (std::isnan(value) ? kxNoNumberText : m_dataFormat->formatNumber(value));
+                (std::isnan(value) ? kxNoNumberText : _obtainFormat(measure).formatNumber(value));
     }
     return text;
 }

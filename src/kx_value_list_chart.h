@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_chart_data_format_key.h"
 #include "kx_control_chart_options.h"
 #include "kx_figure_chart.h"
 #include "kx_value_list.h"
@@ -11,6 +12,8 @@
 
 // type, name, member and JSON key, default, reset, effect, meaning
 #define KX_VALUE_LIST_CHART_KEYS(KEY)                                                                    \
+    KEY(std::vector<KXChartDataFormat>, DataFormats, m_dataFormats, {}, Any(DataFormat), Layout,         \
+        "how the values of each measure are written; of those past the last one m_dataFormat")           \
     KEY(int, ItemStyle, m_itemStyle, static_cast<int>(KXValueListBaseItemStyle::Left), Any(ValueList),   \
         Layout, "where captions stand, seen from their values: 0 left, 1 above, 2 below, 3 right")       \
     KEY(bool, ShowFurther, m_showFurther, true, Any(ValueList), Layout, "the further measures below")    \
@@ -42,6 +45,7 @@ public:
 
 protected:
     std::string _obtainItemKind() const override;
+    const KXChartDataFormat& _obtainFormat(std::uint64_t measure) const override;
     std::vector<KXFigureLine> _makeLines() const override;
     Text _obtainText(std::uint64_t group, std::size_t line) override;
     Grid _arrangePanels(std::uint64_t count, const UXDoubleSize& natural, const UXDoubleSize& least,

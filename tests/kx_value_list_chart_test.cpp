@@ -68,6 +68,12 @@ TEST_F(KXValueListChartTest, CaptionsStandWhereTheStyleSays)
         EXPECT_EQ(obtainPlaces(1)["-3"].height, value.height) << "one size";
     }
     EXPECT_EQ(chart.getValueList().getItems().at(1).getCaption(), "Change");
+
+    KXChartDataFormat first;
+    first.setSuffix(" jobs");
+    chart.setDataFormats({first});
+    layOut({300, 200});
+    EXPECT_EQ(obtainPlaces(0).count("12 jobs") + obtainPlaces(1).count("-3"), 2) << "each in its own format";
 }
 
 TEST_F(KXValueListChartTest, MembersHaveFurtherMeasuresColumnsAndScroll)
@@ -83,7 +89,11 @@ TEST_F(KXValueListChartTest, MembersHaveFurtherMeasuresColumnsAndScroll)
     layOut({300, 200});
     EXPECT_EQ(chart.getShownColumnCount(), 1);
     EXPECT_LT(chart.getLaidOutItems().size(), 12);
-    EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"\"n0\"", "\"7\"", "\"--\"", "\"Before 7   Most 7\""}),
+    KXChartDataFormat tenths;
+    tenths.setDecimals(1);
+    chart.setDataFormats({KXChartDataFormat(), tenths});
+    layOut({300, 200});
+    EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"\"n0\"", "\"7\"", "\"--\"", "\"Before 7.0   Most 7\""}),
               "");
     chart.showItem({0, 499, 0});
     chart.layout();
