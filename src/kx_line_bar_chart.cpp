@@ -5,16 +5,17 @@
 #include "kx_axis_scale.h"
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_chart_property.h"
+#include "kx_chart_data_provider_use.h"
 #include "kx_chart_property.h"
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
 #include "kx_line_chart_data_view.h"
 #include "kx_line_chart_property.h"
 #include "kx_line_gradient_legend.h"
-#include "ux/ux_object_watcher.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -143,16 +144,16 @@ void KXLineBarChart::_customReloadMarks()
 /** @return false where the host destroyed the chart */
 bool KXLineBarChart::_loadMeasures()
 {
-    const UXObjectWatcher self(this);
-    m_measures.clear();
-    auto* provider = dynamic_cast<KXAxisChartDataProvider*>(beginUseDataProvider());
+    std::vector<std::uint64_t> measures;
+    const KXChartDataProviderUse use(*this);
     for (std::uint64_t series = 0; series < getSeriesCount(); ++series) {
+        auto* provider = use.as<KXAxisChartDataProvider>();
         const KXIndexPath path = provider ? provider->obtainSeriesValuePath(this, series, 0) : KXIndexPath();
-        if (!self.isAlive())
+        if (!use.isAlive())
             return false;
-        m_measures.push_back(path.empty() ? series : path.front());
+        measures.push_back(path.empty() ? series : path.front());
     }
-    endUseDataProvider();
+    m_measures = std::move(measures);
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "kx_chart_toolbox.h"
 #include "kx_gauge_chart.h"
 #include "kx_legend.h"
+#include "kx_line_bar_chart.h"
 #include "kx_test_input.h"
 #include "kx_test_provider.h"
 #include "kx_value_chart.h"
@@ -77,6 +78,12 @@ const Kind kinds[] = {
      [](std::function<void()> called) {
          auto made = std::make_unique<LinkingProvider<KXAxisChartTestProvider>>(std::move(called));
          made->values = {{1, 2, 3}, {3, 1, 2}, {2, 2, 2}};
+         return made;
+     }},
+    {"lines and bars", [] { return std::make_unique<KXLineBarChart>(); },
+     [](std::function<void()> called) {
+         auto made = std::make_unique<LinkingProvider<KXAxisChartTestProvider>>(std::move(called));
+         made->values = {{1, 2, 3}, {3, 1, 2}};
          return made;
      }},
     {"value", [] { return std::make_unique<KXValueChart>(); },
