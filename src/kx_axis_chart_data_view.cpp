@@ -12,6 +12,13 @@
 #include <span>
 #include <tuple>
 
+namespace {
+
+/** A thin mark over a filled one is meant where it is nearer to the pointer than this, in logical units. */
+constexpr double filledDistance = 4;
+
+} // namespace
+
 KXAxisChartDataView::KXAxisChartDataView() = default;
 KXAxisChartDataView::~KXAxisChartDataView() = default;
 
@@ -96,6 +103,7 @@ std::vector<UXDoubleRect> KXAxisChartDataView::_obtainEarlierLabels() const
 
 void KXAxisChartDataView::paintLabels(UXPainter&, const UXRect&) const {}
 std::optional<KXAxisChartMark> KXAxisChartDataView::hitMark(UXPoint) const { return std::nullopt; }
+double KXAxisChartDataView::obtainHitDistance(UXPoint) const { return filledDistance; }
 UXRect KXAxisChartDataView::obtainMarkPlace(const KXAxisChartMark&) const { return {}; }
 
 std::vector<UXRect> KXAxisChartDataView::obtainMarkRects(const KXAxisChartMark&) const

@@ -139,6 +139,10 @@ public:
 
     // Under the pointer, in the plot's space
     virtual std::optional<KXAxisChartMark> hitMark(UXPoint point) const;
+    /** @return how far the mark is that hitMark answers for point, in logical units, by which the chart
+     * chooses among those of several views; by default that of a filled one, which the pointer is in: thin
+     * marks over it have to be nearer */
+    virtual double obtainHitDistance(UXPoint point) const;
     /** @return the whole mark, which hints keep off and the keyboard's ring goes around; empty where it is
      * not drawn */
     virtual UXRect obtainMarkPlace(const KXAxisChartMark& mark) const;

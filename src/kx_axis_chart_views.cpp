@@ -75,12 +75,20 @@ void KXAxisChart::_paintMarkLabels(UXPainter& painter, const UXRect& dirtyRect)
         view->paintLabels(painter, dirtyRect);
 }
 
+/** @return the mark that is nearest, of several as near the one in front */
 std::optional<KXAxisChartMark> KXAxisChart::_hitMark(UXPoint point) const
 {
-    for (const auto& view : std::views::reverse(m_views))
-        if (const std::optional<KXAxisChartMark> mark = view->hitMark(point))
-            return mark;
-    return std::nullopt;
+    std::optional<KXAxisChartMark> nearest;
+    double least = 0;
+    for (const auto& view : std::views::reverse(m_views)) {
+        const std::optional<KXAxisChartMark> mark = view->hitMark(point);
+        const double distance = mark ? view->obtainHitDistance(point) : 0;
+        if (!mark || (nearest && distance >= least))
+            continue;
+        nearest = mark;
+        least = distance;
+    }
+    return nearest;
 }
 
 UXRect KXAxisChart::_obtainMarkPlace(const KXAxisChartMark& mark) const

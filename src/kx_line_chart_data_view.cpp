@@ -42,13 +42,13 @@ constexpr double standingOutRatio = 1.4, leastStandingOutSize = 8;
 /** How far a shape reaches from its centre, as a part of its size, with the soft edge of its ring. */
 constexpr double shapeReach = 0.7, edgeReach = 1;
 
-/** @return from point to the piece of a line between from and to */
-double obtainDistance(const UXDoublePoint& point, const UXDoublePoint& from, const UXDoublePoint& to)
+/** @return the place of the piece of a line between from and to that is nearest to point */
+UXDoublePoint findNearestPlace(const UXDoublePoint& point, const UXDoublePoint& from, const UXDoublePoint& to)
 {
     const double width = to.x - from.x, height = to.y - from.y, square = width * width + height * height;
     const double way = (point.x - from.x) * width + (point.y - from.y) * height;
     const double share = square > 0 ? std::clamp(way / square, 0.0, 1.0) : 0;
-    return std::hypot(from.x + share * width - point.x, from.y + share * height - point.y);
+    return {from.x + share * width, from.y + share * height};
 }
 
 bool isFinite(const UXDoublePoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
@@ -288,16 +288,31 @@ std::optional<UXDoublePoint> KXLineChartDataView::_placeMark(const KXAxisChartMa
     return std::nullopt;
 }
 
-double KXLineChartDataView::_obtainDistance(std::size_t position, const UXDoublePoint& at) const
+bool KXLineChartDataView::_isPoint(std::size_t position, const KXLineVertex& vertex) const
 {
-    double least = std::numeric_limits<double>::infinity();
+    return _isInSight(vertex) &&
+           !std::isnan(getChart()->getValue(getShownSeries()[position], vertex.category));
+}
+
+/** Takes place where that is nearer to at than the one before. */
+void KXLineChartDataView::Hit::take(const UXDoublePoint& at, const UXDoublePoint& other)
+{
+    const double way = std::hypot(other.x - at.x, other.y - at.y);
+    if (way >= distance)
+        return;
+    place = other;
+    distance = way;
+}
+
+KXLineChartDataView::Hit KXLineChartDataView::_hitLine(std::size_t position, const UXDoublePoint& at) const
+{
+    Hit hit{position, at, std::numeric_limits<double>::infinity()};
     const KXLinePath& line = m_layout.shapes[position].line;
     if (_obtainLineWidth(getShownSeries()[position]) <= 0) {
-        for (const KXLineVertex& vertex : line.vertices) {
-            const UXDoublePoint place = m_frame.makePoint(vertex.across, vertex.along);
-            least = std::min(least, std::hypot(place.x - at.x, place.y - at.y));
-        }
-        return least;
+        for (const KXLineVertex& vertex : line.vertices)
+            if (_isPoint(position, vertex))
+                hit.take(at, m_frame.makePoint(vertex.across, vertex.along));
+        return hit;
     }
     const std::vector<UXDoublePoint>& points = line.points;
     const auto obtainAcross = [this](const UXDoublePoint& point) { return _obtainAcross(point); };
@@ -310,9 +325,9 @@ double KXLineChartDataView::_obtainDistance(std::size_t position, const UXDouble
         if (!isFinite(*point))
             continue;
         const bool leadsOn = point + 1 < end && isFinite(point[1]);
-        least = std::min(least, obtainDistance(at, *point, leadsOn ? point[1] : *point));
+        hit.take(at, findNearestPlace(at, *point, leadsOn ? point[1] : *point));
     }
-    return least;
+    return hit;
 }
 
 bool KXLineChartDataView::_isInArea(std::size_t position, const UXDoublePoint& at) const
@@ -321,30 +336,26 @@ bool KXLineChartDataView::_isInArea(std::size_t position, const UXDoublePoint& a
                                [&at](const auto& polygon) { return isInside(polygon, at); });
 }
 
-std::optional<std::size_t> KXLineChartDataView::_hitShape(const UXDoublePoint& at) const
+/** Of what is in an area the nearest point is that of where the pointer is. */
+std::optional<KXLineChartDataView::Hit> KXLineChartDataView::_hitShape(const UXDoublePoint& at) const
 {
-    std::optional<std::size_t> hit;
-    double least = hitReach;
-    for (std::size_t i = m_layout.shapes.size(); i > 0; --i) {
-        const double distance = _obtainDistance(i - 1, at);
-        if (distance > least || (hit && distance == least))
-            continue;
-        hit = i - 1;
-        least = distance;
-    }
-    for (std::size_t i = m_layout.shapes.size(); !hit && i > 0; --i)
+    std::optional<Hit> nearest;
+    for (std::size_t i = m_layout.shapes.size(); i > 0; --i)
+        if (const Hit hit = _hitLine(i - 1, at);
+            hit.distance <= hitReach && (!nearest || hit.distance < nearest->distance))
+            nearest = hit;
+    for (std::size_t i = m_layout.shapes.size(); !nearest && i > 0; --i)
         if (_isInArea(i - 1, at))
-            hit = i - 1;
-    return hit;
+            nearest = Hit{i - 1, at, hitReach};
+    return nearest;
 }
 
 const KXLineVertex* KXLineChartDataView::_findNearest(std::size_t position, const UXDoublePoint& at) const
 {
     const double across = _obtainAcross(at), along = m_frame.isVertical ? at.y : at.x;
-    const std::uint64_t series = getShownSeries()[position];
     const KXLineVertex* nearest = nullptr;
     for (const KXLineVertex& vertex : m_layout.shapes[position].line.vertices) {
-        if (!_isInSight(vertex) || std::isnan(getChart()->getValue(series, vertex.category)))
+        if (!_isPoint(position, vertex))
             continue;
         // Of those in one column the nearest one along.
         const double further = nearest ? std::abs(vertex.across - across) - std::abs(nearest->across - across)
@@ -359,11 +370,16 @@ const KXLineVertex* KXLineChartDataView::_findNearest(std::size_t position, cons
 
 std::optional<KXAxisChartMark> KXLineChartDataView::hitMark(UXPoint point) const
 {
-    const UXDoublePoint at = obtainMiddle(point);
-    const std::optional<std::size_t> position = _hitShape(at);
-    const KXLineVertex* vertex = position ? _findNearest(*position, at) : nullptr;
-    return vertex ? std::optional(KXAxisChartMark{getShownSeries()[*position], vertex->category})
+    const std::optional<Hit> hit = _hitShape(obtainMiddle(point));
+    const KXLineVertex* vertex = hit ? _findNearest(hit->position, hit->place) : nullptr;
+    return vertex ? std::optional(KXAxisChartMark{getShownSeries()[hit->position], vertex->category})
                   : std::nullopt;
+}
+
+double KXLineChartDataView::obtainHitDistance(UXPoint point) const
+{
+    const std::optional<Hit> hit = _hitShape(obtainMiddle(point));
+    return hit ? hit->distance : KXAxisChartDataView::obtainHitDistance(point);
 }
 
 UXRect KXLineChartDataView::obtainMarkPlace(const KXAxisChartMark& mark) const

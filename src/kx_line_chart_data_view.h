@@ -85,9 +85,10 @@ public:
     std::vector<UXDoubleRect> obtainLabelRects() const override;
     void paint(UXPainter& painter, const UXRect& dirtyRect) const override;
     void paintLabels(UXPainter& painter, const UXRect& dirtyRect) const override;
-    /** @return the point that is nearest to the pointer of the line that is, if that is near enough, or of
-     * the area that it is in */
+    /** @return of the line that is nearest to the pointer, if that is near enough, the point that is nearest
+     * to where the line is hit, or the nearest one of the area that the pointer is in */
     std::optional<KXAxisChartMark> hitMark(UXPoint point) const override;
+    double obtainHitDistance(UXPoint point) const override;
     UXRect obtainMarkPlace(const KXAxisChartMark& mark) const override;
     std::vector<UXRect> obtainMarkRects(const KXAxisChartMark& mark) const override;
     std::optional<std::uint64_t> obtainCategoryAt(UXPoint point) const override;
@@ -117,9 +118,18 @@ private:
     std::optional<UXDoublePoint> _placeMark(const KXAxisChartMark& mark) const;
 
     // Under the pointer
-    double _obtainDistance(std::size_t position, const UXDoublePoint& at) const;
+    /** The place of a series that is nearest to the pointer. */
+    struct Hit {
+        std::size_t position = 0; // of the series
+        UXDoublePoint place;
+        double distance = 0;
+
+        void take(const UXDoublePoint& at, const UXDoublePoint& other);
+    };
+    bool _isPoint(std::size_t position, const KXLineVertex& vertex) const;
+    Hit _hitLine(std::size_t position, const UXDoublePoint& at) const;
     bool _isInArea(std::size_t position, const UXDoublePoint& at) const;
-    std::optional<std::size_t> _hitShape(const UXDoublePoint& at) const;
+    std::optional<Hit> _hitShape(const UXDoublePoint& at) const;
     const KXLineVertex* _findNearest(std::size_t position, const UXDoublePoint& at) const;
 
     // Paint

@@ -203,6 +203,41 @@ TEST_F(KXLineChartTest, TheNearestLineIsHitAndItsHintTellsAllSeries)
     }
 }
 
+TEST_F(KXLineChartTest, WhatIsHitIsTheNearestOfAll)
+{
+    // Points up and down: beside one of them the next is nearer along the axis.
+    provider.categoryCount = 60;
+    provider.values = {{}};
+    for (int i = 0; i < 60; ++i)
+        provider.values[0].push_back(i % 2 == 0 ? 100 : 0);
+    for (const double width : {0.0, 2.0}) {
+        SCOPED_TRACE(width);
+        KXLineChart chart;
+        chart.getLineChartProperty()->updateLineWidth(width);
+        kxLoad(chart, provider, usualRect);
+        const KXLineVertex& top = chart.getDataView().getShapes()[0].line.vertices.at(30);
+        moveTo(chart, {top.across, top.along}, 0.6 * chart.obtainCategorySpacing(), 8);
+        EXPECT_EQ(chart.getHoveredMark(), (Mark{0, 30}));
+    }
+
+    // A line through bars, and the edge of an area beside it.
+    using enum KXAxisChartType;
+    provider.categoryCount = 3;
+    provider.values = {{30, 30, 30}, {20, 20, 20}, {21, 21, 21}};
+    KXLineBarChart chart;
+    chart.getLineChartProperty()->updateSeriesTypes({Bar, Line, Area});
+    kxLoad(chart, provider, usualRect);
+    const auto hit = [&](double value, double below) {
+        moveTo(chart,
+               {chart.obtainCategoryMap().obtainPosition(1), chart.obtainValueScale(0).obtainPosition(value)},
+               0, below);
+        return chart.getHoveredMark();
+    };
+    EXPECT_EQ(hit(21, 0), (Mark{2, 1}));
+    EXPECT_EQ(hit(20, 2), (Mark{1, 1}));
+    EXPECT_EQ(hit(20, 7), (Mark{0, 1})) << "the bar that the pointer is in";
+}
+
 TEST_F(KXLineChartTest, Labels)
 {
     struct Case {
