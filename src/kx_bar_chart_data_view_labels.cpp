@@ -142,7 +142,8 @@ void KXBarChartDataView::_requestBarLabels(const KXAxisChartStacks& source, Labe
         const KXSeriesFacts& facts = m_made->texts.obtainFacts(*getChart(), source, position);
         const bool isExtreme = mark.category == facts.least || mark.category == facts.greatest;
         if (isExtreme != extremes ||
-            !kxIsValueLabelled(option, facts, getChart()->getSeriesValues(mark.series), mark.category))
+            !kxIsValueLabelled(option, facts, getChart()->getSeriesValues(mark.series),
+                               getChart()->getCategoryPlaces(), mark.category))
             continue;
         _requestBarLabel(source, i, position, isExtreme, requests);
     }

@@ -84,7 +84,8 @@ void KXLineChartDataView::_requestLabels(const KXAxisChartStacks& source, KXLine
             const bool isOutstanding = at == facts.least || at == facts.greatest || at == facts.first ||
                                        at == facts.last;
             if (_isInSight(vertex) && (isOutstanding || !areMany) &&
-                kxIsValueLabelled(option, facts, source.series[position].values, at))
+                kxIsValueLabelled(option, facts, source.series[position].values,
+                                  getChart()->getCategoryPlaces(), at))
                 _requestLabel(source, _makePlace(position, vertex), position, placer);
         }
     }

@@ -1,43 +1,63 @@
 #include "kx_value_label_choice.h"
 
-#include <algorithm>
+#include "kx_category_places.h"
+
 #include <cmath>
+#include <limits>
 
 namespace {
 
+/** @return NaN past the end */
+double obtainValue(std::span<const double> values, std::uint64_t category)
+{
+    return category < values.size() ? values[category] : std::numeric_limits<double>::quiet_NaN();
+}
+
+/** @return how many places values lie at */
+std::uint64_t obtainPlaceCount(std::span<const double> values, const KXCategoryPlaces& places)
+{
+    return places.isEmpty() ? values.size() : places.getCount();
+}
+
 /** @return whether the values turn at category: it is above both neighbours, or below; of a plateau the first
  * value counts */
-bool isTurningPoint(std::span<const double> values, std::uint64_t category)
+bool isTurningPoint(std::span<const double> values, const KXCategoryPlaces& places, std::uint64_t category)
 {
-    if (category == 0 || category + 1 >= values.size())
+    const std::uint64_t place = places.isEmpty() ? category : places.obtainPlace(category);
+    if (place == 0 || place >= obtainPlaceCount(values, places) - 1)
         return false;
-    const double before = values[category - 1], value = values[category], after = values[category + 1];
+    const double before = obtainValue(values, places.obtainCategory(place - 1)),
+                 value = obtainValue(values, category),
+                 after = obtainValue(values, places.obtainCategory(place + 1));
     return (value > before && value >= after) || (value < before && value <= after);
 }
 
 } // namespace
 
-KXSeriesFacts kxObtainSeriesFacts(std::span<const double> values)
+KXSeriesFacts kxObtainSeriesFacts(std::span<const double> values, const KXCategoryPlaces& places)
 {
     KXSeriesFacts facts;
     bool isFirst = true;
-    for (std::uint64_t i = 0; i < values.size(); ++i) {
-        if (std::isnan(values[i]))
+    const std::uint64_t count = obtainPlaceCount(values, places);
+    for (std::uint64_t place = 0; place < count; ++place) {
+        const std::uint64_t category = places.obtainCategory(place);
+        const double value = obtainValue(values, category);
+        if (std::isnan(value))
             continue;
         if (isFirst)
-            facts.first = facts.least = facts.greatest = i;
+            facts.first = facts.least = facts.greatest = category;
         isFirst = false;
-        facts.last = i;
-        if (values[i] < values[facts.least])
-            facts.least = i;
-        if (values[i] > values[facts.greatest])
-            facts.greatest = i;
+        facts.last = category;
+        if (value < values[facts.least])
+            facts.least = category;
+        if (value > values[facts.greatest])
+            facts.greatest = category;
     }
     return facts;
 }
 
 bool kxIsValueLabelled(KXAxisChartValueOption option, const KXSeriesFacts& facts,
-                       std::span<const double> values, std::uint64_t category)
+                       std::span<const double> values, const KXCategoryPlaces& places, std::uint64_t category)
 {
     if (category >= values.size() || std::isnan(values[category]))
         return false;
@@ -57,7 +77,7 @@ bool kxIsValueLabelled(KXAxisChartValueOption option, const KXSeriesFacts& facts
     case KXAxisChartValueOption::NegativeOnly:
         return values[category] < 0;
     case KXAxisChartValueOption::TurningPoint:
-        return isTurningPoint(values, category);
+        return isTurningPoint(values, places, category);
     }
     return true;
 }

@@ -27,7 +27,7 @@ const KXSeriesFacts& KXValueLabelTexts::obtainFacts(const KXXYAxisChart& chart,
         for (const KXAxisChartStacks::Series& series : source.series) {
             const std::span<const double> values = chart.getSeriesValues(series.index);
             const std::size_t count = std::min<std::size_t>(values.size(), chart.obtainShownCategoryCount());
-            m_facts.push_back(kxObtainSeriesFacts(values.first(count)));
+            m_facts.push_back(kxObtainSeriesFacts(values.first(count), chart.getCategoryPlaces()));
         }
     }
     return m_facts[position];

@@ -2,6 +2,7 @@
 #include "kx_bar_chart_data_view.h"
 #include "kx_bar_labels.h"
 #include "kx_bar_layout.h"
+#include "kx_category_places.h"
 #include "kx_dense_bars.h"
 #include "kx_value_label_choice.h"
 
@@ -349,7 +350,7 @@ TEST(KXBarChartDataView, Hits)
 TEST(KXBarLabelChoice, Options)
 {
     const std::vector<double> values{null, 2, 5, 5, -3, null, 4, 1};
-    const KXSeriesFacts facts = kxObtainSeriesFacts(values);
+    const KXSeriesFacts facts = kxObtainSeriesFacts(values, {});
     using Option = KXAxisChartValueOption;
     const std::pair<Option, std::set<std::uint64_t>> cases[] = {
         {Option::All, {1, 2, 3, 4, 6, 7}},
@@ -364,7 +365,7 @@ TEST(KXBarLabelChoice, Options)
     for (const auto& [option, expected] : cases) {
         std::set<std::uint64_t> labelled;
         for (std::uint64_t i = 0; i < 10; ++i)
-            if (kxIsValueLabelled(option, facts, values, i))
+            if (kxIsValueLabelled(option, facts, values, {}, i))
                 labelled.insert(i);
         EXPECT_EQ(labelled, expected) << static_cast<int>(option);
     }

@@ -24,6 +24,8 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
+#include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -222,6 +224,20 @@ TEST_F(KXContinuousAxisTest, MembersLieByNumberAndThoseWithoutAreLeftOut)
     EXPECT_FALSE(chart.hasItem({0, 0, 1}));
     EXPECT_EQ(chart.obtainItemBeside(KXChartItem{0, 0, 3}, KXChartItemStep::Right), (KXChartItem{0, 0, 0}));
     EXPECT_EQ(chart.obtainItemBeside(KXChartItem{0, 0, 2}, KXChartItemStep::Left), std::nullopt);
+
+    // Values follow each other as they are joined: 3, 4, 1.
+    using enum KXAxisChartValueOption;
+    const std::pair<KXAxisChartValueOption, std::set<std::string>> labelled[] = {{LineEnds, {"3", "1"}},
+                                                                                 {TurningPoint, {"4"}}};
+    for (const auto& [option, expected] : labelled) {
+        chart.getLineChartProperty()->updateShowLabels(true);
+        chart.getLineChartProperty()->updateLabelValueOption(option);
+        chart.layout();
+        std::set<std::string> texts;
+        for (const KXLineLabel& label : chart.getDataView().getLabels())
+            texts.insert(label.text);
+        EXPECT_EQ(texts, expected);
+    }
 
     // A bar has the room of the least distance, one alone that of a day.
     provider.setting.firstFlag = true;
