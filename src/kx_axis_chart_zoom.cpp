@@ -169,7 +169,7 @@ bool KXAxisChartZoom::drag(const UXEvent& event)
         return false;
     const UXPoint place = _obtainPlace(event);
     if (m_drag == Drag::Pressed) {
-        if (std::max(std::abs(place.x - m_from.x), std::abs(place.y - m_from.y)) <= leastDrag)
+        if (std::max(std::abs(place.x - m_from.x), std::abs(place.y - m_from.y)) < leastDrag)
             return false;
         const bool boxes = m_selects || event.containsEventKey(UXEventKey::Shift);
         if (!boxes && !m_chart.isZoomed())

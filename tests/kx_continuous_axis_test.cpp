@@ -290,6 +290,10 @@ TEST_F(KXContinuousAxisTest, ThePointerZooms)
         diagram.mouseUp(move);
         chart.layout();
     };
+    const double four = 4.01 / chart.getMarksArea().width;
+    drag(0.5, 0.5 + four);
+    EXPECT_LT(obtainDays(chart).from, 20) << "4 units are no click";
+    drag(0.5 + four, 0.5);
     provider.paths.clear();
     drag(0.75, 0.25);
     EXPECT_NEAR(obtainDays(chart).from, 25, 0.1);
