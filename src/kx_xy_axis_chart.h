@@ -82,7 +82,7 @@ public:
 
     // Zoom
     /** @return the axes of which the user can have a part shown: a continuous X axis, and the first value
-     * axis where marks lie at numbers of their own along both */
+     * axis where marks lie at numbers of their own along both, or where a part of it is shown */
     std::vector<KXAxis*> obtainZoomedAxes() const;
     /** @return whether a part of such an axis is shown */
     bool isZoomed() const;

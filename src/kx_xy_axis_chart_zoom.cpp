@@ -127,14 +127,22 @@ KXVisibleRange KXXYAxisChart::obtainShownRange(const KXAxis& axis) const
     return own ? _obtainShownRange(*own) : KXVisibleRange();
 }
 
+/** Where a part of the value axis is shown whatever the marks zoom along, that goes with the others, so that
+ * the user gets back to all of it. */
 std::vector<KXAxis*> KXXYAxisChart::obtainZoomedAxes() const
 {
-    if (!m_isContinuous || !m_x.isUsed || !getAxisChartProperty()->getEnableZoom())
+    if (!m_x.isUsed || !getAxisChartProperty()->getEnableZoom())
         return {};
-    const bool zoomsBoth = m_numberRange || std::ranges::any_of(getDataViews(), [](const auto& view) {
-                               return view->zoomsAlongValues() && !view->getIsOnSecondaryAxis();
-                           });
-    return zoomsBoth ? std::vector<KXAxis*>{m_x.axis, m_y.axis} : std::vector<KXAxis*>{m_x.axis};
+    const bool zoomsAlongValues = m_numberRange || std::ranges::any_of(getDataViews(), [](const auto& view) {
+                                      return view->zoomsAlongValues() && !view->getIsOnSecondaryAxis();
+                                  });
+    const bool isPartOfValues = m_y.isUsed && _obtainShownRange(m_y) != _obtainWholeRange(m_y);
+    std::vector<KXAxis*> axes;
+    if (m_isContinuous)
+        axes.push_back(m_x.axis);
+    if ((m_isContinuous && zoomsAlongValues) || isPartOfValues)
+        axes.push_back(m_y.axis);
+    return axes;
 }
 
 bool KXXYAxisChart::isZoomed() const

@@ -355,6 +355,30 @@ TEST_F(KXContinuousAxisTest, KeysZoomAndTheViewFollowsTheWalk)
     diagram.removeChild(&chart);
 }
 
+TEST_F(KXContinuousAxisTest, APartOfTheValuesThatWasSavedIsLeftLikeAnyOther)
+{
+    count(101);
+    for (const bool areBars : {false, true}) {
+        SCOPED_TRACE(areBars);
+        std::unique_ptr<KXXYAxisChart> chart = std::make_unique<KXLineChart>();
+        if (areBars)
+            chart = std::make_unique<KXBarChart>();
+        kxLoad(*chart, provider, {0, 0, 600, 200});
+        const KXVisibleRange whole = chart->obtainShownRange(*chart->getYAxis());
+        EXPECT_EQ(chart->obtainZoomedAxes().size(), areBars ? 0 : 1);
+        chart->getAxisChartProperty()->updateVisibleYFrom(20);
+        chart->getAxisChartProperty()->updateVisibleYTo(40);
+        chart->layout();
+        EXPECT_EQ(chart->obtainShownRange(*chart->getYAxis()), (KXVisibleRange{20, 40}));
+        auto* button = findPart<KXChartToolboxItem>(*chart);
+        EXPECT_TRUE(button->getVisible());
+        KXTestInput{*chart}.type("0");
+        chart->layout();
+        EXPECT_EQ(chart->obtainShownRange(*chart->getYAxis()), whole);
+        EXPECT_FALSE(button->getVisible());
+    }
+}
+
 TEST_F(KXContinuousAxisTest, ValuesFollowWhatIsSeenWhereTheUserWantsIt)
 {
     count(101);
