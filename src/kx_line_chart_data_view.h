@@ -140,6 +140,7 @@ private:
     void _paintArea(UXPainter& painter, std::size_t position, const KXLineShape& shape, double opacity) const;
     void _paintLine(UXPainter& painter, std::size_t position, const KXLineShape& shape, double opacity) const;
     void _paintPoints(UXPainter& painter, std::size_t position) const;
+    bool _hasPoints(std::uint64_t series) const;
     void _paintHighlighted(UXPainter& painter) const;
     void _addStandingOut(KXLines& lines, const KXAxisChartMark& mark) const;
 

@@ -180,6 +180,12 @@ void KXLineChartDataView::_addStandingOut(KXLines& lines, const KXAxisChartMark&
     point.setRingColor(look.line.alpha > 0 ? look.line : ringColor);
 }
 
+bool KXLineChartDataView::_hasPoints(std::uint64_t series) const
+{
+    return std::ranges::binary_search(m_points, series, {},
+                                      [](const KXLinePlace& point) { return point.mark.series; });
+}
+
 bool KXLineChartDataView::paintLegendSymbol(std::uint64_t series, UXPainter& painter,
                                             const UXDoubleRect& bounds, const UXColor& color) const
 {
@@ -187,7 +193,8 @@ bool KXLineChartDataView::paintLegendSymbol(std::uint64_t series, UXPainter& pai
     const KXPointShape shape = m_property->obtainPointShape(series);
     const KXLinePointDisplay display = m_property->getPointDisplay();
     const bool hasPoint = display == KXLinePointDisplay::Always ||
-                          (shape != KXPointShape::Circle && display != KXLinePointDisplay::Never);
+                          (shape != KXPointShape::Circle && display == KXLinePointDisplay::Auto &&
+                           (_hasPoints(series) || !getChart()->isSeriesShown(series)));
     const bool isUsual = m_type == KXAxisChartType::Scatter ? shape == KXPointShape::Circle
                                                             : !pen.isDashed() && pen.width > 0 && !hasPoint;
     if (isUsual || !(bounds.width > 0) || !(bounds.height > 0))
