@@ -95,7 +95,6 @@ void KXDensityChart::resetData()
     m_densities.clear();
     m_summaries.clear();
     m_rows.clear();
-    m_leftOut = {};
 }
 
 void KXDensityChart::customPrepareData(KXChartDataProvider* provider, bool& prepared)
@@ -126,14 +125,10 @@ void KXDensityChart::customReloadData()
     if (!self.isAlive())
         return;
     m_densities.clear();
-    m_leftOut = {};
     for (std::uint64_t row = 0; row < _obtainRowCount(); ++row) {
         std::vector<KXDensityBinData> bins(m_edges.size());
-        for (std::size_t bin = 0; bin < bins.size(); ++bin) {
+        for (std::size_t bin = 0; bin < bins.size(); ++bin)
             bins[bin] = {m_edges[bin], m_widths[bin], getValue(0, row * m_edges.size() + bin)};
-            if (!(bins[bin].count >= 0))
-                m_leftOut.add(bins[bin].count, !_hasGroups());
-        }
         m_densities.emplace_back(std::move(bins));
     }
     _loadSummaries();
@@ -251,7 +246,12 @@ KXChartDataProviderHintData KXDensityChart::_describeItem(const KXChartItem& ite
         const auto bin = std::ranges::find(bins, edge, &KXDensityBin::from);
         const std::string range = bin == bins.end() ? write(edge)
                                                     : write(bin->from) + " \u2013 " + write(bin->to);
-        const double percentage = std::round(1000 * (count / total)) / 10;
+        std::vector<double> counts(bins.size());
+        std::ranges::transform(bins, counts.begin(), &KXDensityBin::count);
+        const std::vector<double> percentages = kxObtainPercentages(counts, percentageDecimals);
+        const double percentage = bin == bins.end()
+                                      ? 0
+                                      : percentages[static_cast<std::size_t>(bin - bins.begin())];
         return {title, range,
                 write(count) + " (" + kxFormatPartOfWhole(percentage, count, percentageDecimals) + ")"};
     }

@@ -68,6 +68,9 @@ public:
         double top = 0, baseline = 0; /**< in the chart's own space; of a violin the middle line */
         double kernelWidth = 0;       /**< 0 without smoothing */
         double unitHeight = 0;        /**< of one value for each unit of the scale */
+        double greatestHeight = 0;    /**< of its curve, in these */
+        /** Where the curve runs: x a value on the scale, y how many values there are for each unit there. */
+        std::vector<UXDoublePoint> curve{};
     };
 
     /** @return how the values of a group are spread; empty for a group that there is not */
@@ -129,12 +132,13 @@ private:
     void _makeRows(const UXDoubleRect& area);
     void _scaleRows(double height);
     void _updateRange();
-    double _obtainGreatestHeight(const Row& row) const;
+    std::vector<UXDoublePoint> _obtainCurve(const Row& row) const;
+    KXLeftOutCounts _countLeftOut() const;
     void _layoutScale(UXDoubleRect& room);
     void _layoutNames(UXDoubleRect& room);
     void _addItems(const Row& row, std::vector<KXPanelItem>& items) const;
     void _addBars(const Row& row, std::vector<KXPanelItem>& items) const;
-    std::vector<UXDoublePoint> _makeCurve(const Row& row) const;
+    std::vector<UXDoublePoint> _makeOutline(const Row& row) const;
     void _paintSummary(UXPainter& painter, const KXPanelItem& item) const;
     void _paintShades(UXPainter& painter, const KXPanelItem& item) const;
     const Row* _findRow(std::uint64_t group) const;
@@ -142,7 +146,6 @@ private:
     std::vector<double> m_edges, m_widths; // by bin, of the host
     std::vector<KXDensity> m_densities;    // by row
     std::vector<Summary> m_summaries;      // by row
-    KXLeftOutCounts m_leftOut;
 
     // Made by the layout
     std::vector<Row> m_rows;

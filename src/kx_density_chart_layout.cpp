@@ -82,7 +82,7 @@ std::vector<KXPanelItem> KXDensityChart::_layoutItems(const UXRect& area)
     UXDoubleRect room(area);
     m_rows.clear();
     m_ticks.clear();
-    _takeNoteRoom(m_leftOut, m_labelProperty, room);
+    _takeNoteRoom(_countLeftOut(), m_labelProperty, room);
     _makeRows(room);
     _updateRange();
     if (m_rows.empty() || !std::isfinite(m_to - m_from))
@@ -95,6 +95,19 @@ std::vector<KXPanelItem> KXDensityChart::_layoutItems(const UXRect& area)
     for (const Row& row : m_rows)
         _showsBins() ? _addBars(row, items) : _addItems(row, items);
     return items;
+}
+
+/** Zeros are bins without values. Of groups, bins that these do not have have none either, which nobody
+ * misses.
+ */
+KXLeftOutCounts KXDensityChart::_countLeftOut() const
+{
+    KXLeftOutCounts counts;
+    for (std::uint64_t row = 0; row < _obtainRowCount(); ++row)
+        for (std::size_t bin = 0; (!_hasGroups() || isGroupShown(row)) && bin < m_edges.size(); ++bin)
+            if (const double count = getValue(0, row * m_edges.size() + bin); !(count >= 0))
+                counts.add(count, !_hasGroups());
+    return counts;
 }
 
 void KXDensityChart::_makeRows(const UXDoubleRect& area)
@@ -147,20 +160,43 @@ void KXDensityChart::_layoutScale(UXDoubleRect& room)
         m_ticks.push_back(i * step + 0.0);
 }
 
-double KXDensityChart::_obtainGreatestHeight(const Row& row) const
+/** @return the steps of the bins, or else points at even distances, and between two of them the middle of the
+ * highest bin there: bins may be narrower than these distances, and a curve peaks at them */
+std::vector<UXDoublePoint> KXDensityChart::_obtainCurve(const Row& row) const
 {
     const KXDensity& density = obtainDensity(row.group);
-    double greatest = 0;
-    if (row.kernelWidth > 0) {
-        const auto [from, to] = density.obtainRange(row.kernelWidth, _obtainBounds());
-        for (int i = 0; i <= greatestPointCount / 4; ++i)
-            greatest = std::max(greatest,
-                                density.obtainHeight(from + (to - from) * (4.0 * i / greatestPointCount),
-                                                     row.kernelWidth, _obtainBounds()));
-    } else
-        for (const KXDensityBin& bin : density.getBins())
-            greatest = std::max(greatest, bin.obtainHeight());
-    return std::isfinite(greatest) ? greatest : 0;
+    const std::vector<KXDensityBin>& bins = density.getBins();
+    std::vector<UXDoublePoint> curve;
+    if (!(row.kernelWidth > 0)) {
+        curve.reserve(4 * bins.size());
+        for (const KXDensityBin& bin : bins)
+            for (const UXDoublePoint& corner : {UXDoublePoint(bin.from, 0),
+                                                {bin.from, bin.obtainHeight()},
+                                                {bin.to, bin.obtainHeight()},
+                                                {bin.to, 0}})
+                curve.push_back(corner);
+        return curve;
+    }
+    const auto [from, to] = density.obtainRange(row.kernelWidth, _obtainBounds());
+    const auto add = [&](double value) {
+        curve.emplace_back(value, density.obtainHeight(value, row.kernelWidth, _obtainBounds()));
+    };
+    const double width = obtainPlace(to) - obtainPlace(from);
+    const int count = static_cast<int>(std::clamp(width / pointDistance, 2.0, double{greatestPointCount}));
+    curve.emplace_back(from, 0);
+    auto bin = bins.begin();
+    for (int i = 0; i <= count; ++i) {
+        const double value = from + (to - from) * (static_cast<double>(i) / count);
+        auto highest = bin;
+        for (; bin != bins.end() && bin->obtainMiddle() < value; ++bin)
+            if (bin->obtainHeight() > highest->obtainHeight())
+                highest = bin;
+        if (highest != bin)
+            add(highest->obtainMiddle());
+        add(value);
+    }
+    curve.emplace_back(to, 0);
+    return curve;
 }
 
 /** Divides the height among the rows, and finds how high one value is drawn so that the highest row fits. */
@@ -177,7 +213,10 @@ void KXDensityChart::_scaleRows(double height)
         Row& row = m_rows[i];
         row.top = m_plot.y + static_cast<double>(i) * m_rowHeight * (1 - overlap);
         row.baseline = row.top + (isViolin ? m_rowHeight / 2 : m_rowHeight);
-        const double own = _obtainGreatestHeight(row), total = obtainDensity(row.group).getTotal();
+        row.curve = _obtainCurve(row);
+        for (const UXDoublePoint& point : row.curve)
+            row.greatestHeight = std::max(row.greatestHeight, std::isfinite(point.y) ? point.y : 0);
+        const double own = row.greatestHeight, total = obtainDensity(row.group).getTotal();
         row.unitHeight = m_heightScale == KXDensityHeightScale::Max     ? own > 0 ? 1 / own : 0
                          : m_heightScale == KXDensityHeightScale::Share ? 1 / total
                                                                         : 1;
@@ -187,31 +226,12 @@ void KXDensityChart::_scaleRows(double height)
         row.unitHeight *= greatest > 0 ? reach / greatest : 0;
 }
 
-std::vector<UXDoublePoint> KXDensityChart::_makeCurve(const Row& row) const
+std::vector<UXDoublePoint> KXDensityChart::_makeOutline(const Row& row) const
 {
-    const KXDensity& density = obtainDensity(row.group);
-    std::vector<UXDoublePoint> points;
-    const auto add = [&](double value, double height) {
-        points.emplace_back(obtainPlace(value), row.baseline - height * row.unitHeight);
-    };
-    if (!(row.kernelWidth > 0)) {
-        for (const KXDensityBin& bin : density.getBins()) {
-            add(bin.from, 0);
-            add(bin.from, bin.obtainHeight());
-            add(bin.to, bin.obtainHeight());
-            add(bin.to, 0);
-        }
-        return points;
-    }
-    const auto [from, to] = density.obtainRange(row.kernelWidth, _obtainBounds());
-    const double width = obtainPlace(to) - obtainPlace(from);
-    const int count = static_cast<int>(std::clamp(width / pointDistance, 2.0, double{greatestPointCount}));
-    add(from, 0);
-    for (int i = 0; i <= count; ++i) {
-        const double value = from + (to - from) * (static_cast<double>(i) / count);
-        add(value, density.obtainHeight(value, row.kernelWidth, _obtainBounds()));
-    }
-    add(to, 0);
+    std::vector<UXDoublePoint> points(row.curve.size());
+    std::ranges::transform(row.curve, points.begin(), [&](const UXDoublePoint& point) {
+        return UXDoublePoint(obtainPlace(point.x), row.baseline - point.y * row.unitHeight);
+    });
     return points;
 }
 
@@ -233,7 +253,7 @@ void KXDensityChart::_addItems(const Row& row, std::vector<KXPanelItem>& items) 
         items.push_back({item, KXPanelShape(makeRect(from, to, stripShare))});
         return;
     }
-    std::vector<UXDoublePoint> corners = _makeCurve(row);
+    std::vector<UXDoublePoint> corners = _makeOutline(row);
     if (m_style == KXDensityStyle::Violin)
         for (std::size_t i = corners.size(); i-- > 0;)
             corners.emplace_back(corners[i].x, 2 * row.baseline - corners[i].y);
@@ -332,7 +352,7 @@ void KXDensityChart::_paintOverItems(UXPainter& painter) const
 void KXDensityChart::_paintShades(UXPainter& painter, const KXPanelItem& item) const
 {
     const Row* row = _findRow(item.item.group);
-    const double greatest = row ? _obtainGreatestHeight(*row) : 0;
+    const double greatest = row ? row->greatestHeight : 0;
     if (!(greatest > 0))
         return;
     const UXColor& background = getChartProperty()->getBackgroundColor();

@@ -135,23 +135,36 @@ const KXListedGroups& KXMemberPanelChart::_obtainListed(std::uint64_t dimension)
     return dimension == _obtainGroupDimension() ? m_listed : m_listedIndexes;
 }
 
+KXChartItem KXMemberPanelChart::_obtainOwnItem(const KXChartItem& item) const
+{
+    const bool isGroup = m_listed.isOthers(item.group);
+    if (m_soleMembers.empty() || !(isGroup || m_listedIndexes.isOthers(item.index)))
+        return item;
+    const auto sole = m_soleMembers.find(isGroup ? item.index : item.group);
+    if (sole == m_soleMembers.end())
+        return item;
+    return isGroup ? KXChartItem{item.kind, sole->second, item.index}
+                   : KXChartItem{item.kind, item.group, sole->second};
+}
+
 bool KXMemberPanelChart::_isOthers(const KXChartItem& item) const
 {
-    return m_listed.isOthers(item.group) || m_listedIndexes.isOthers(item.index);
+    const KXChartItem own = _obtainOwnItem(item);
+    return m_listed.isOthers(own.group) || m_listedIndexes.isOthers(own.index);
 }
 
 std::vector<KXChartItem> KXMemberPanelChart::_obtainHeldItems(const KXChartItem& item) const
 {
+    if (!_isOthers(item))
+        return {_obtainOwnItem(item)};
     std::vector<KXChartItem> items;
-    items.reserve(1 + (m_listed.isOthers(item.group) ? m_listed : m_listedIndexes).getGathered().size());
-    if (m_listed.isOthers(item.group))
-        for (const std::uint64_t group : m_listed.getGathered())
-            items.push_back({item.kind, group, item.index});
-    else if (m_listedIndexes.isOthers(item.index))
-        for (const std::uint64_t index : m_listedIndexes.getGathered())
-            items.push_back({item.kind, item.group, index});
-    else
-        items.push_back(item);
+    const bool isGroup = m_listed.isOthers(item.group);
+    for (const std::uint64_t member : (isGroup ? m_listed : m_listedIndexes).getGathered()) {
+        const KXChartItem held = isGroup ? KXChartItem{item.kind, member, item.index}
+                                         : KXChartItem{item.kind, item.group, member};
+        if (_obtainMemberValue(held) > 0)
+            items.push_back(held);
+    }
     return items;
 }
 
@@ -194,7 +207,7 @@ double KXMemberPanelChart::_sumHeld(const KXChartItem& item,
                                     double (KXMemberPanelChart::*obtain)(const KXChartItem& item) const) const
 {
     if (!_isOthers(item))
-        return (this->*obtain)(item);
+        return (this->*obtain)(_obtainOwnItem(item));
     double sum = std::numeric_limits<double>::quiet_NaN();
     for (const KXChartItem& held : _obtainHeldItems(item))
         addPart(sum, (this->*obtain)(held));
@@ -245,6 +258,7 @@ KXObjectID KXMemberPanelChart::_obtainGroupObjectID(std::uint64_t group) const
 std::uint64_t KXMemberPanelChart::_obtainGroupDimension() const { return 0; }
 void KXMemberPanelChart::_paintUnderItems(UXPainter&) const {}
 void KXMemberPanelChart::_paintOverItems(UXPainter&) const {}
+const KXChartDataFormat& KXMemberPanelChart::_obtainFormat(std::uint64_t) const { return *m_dataFormat; }
 UXHintInfo KXMemberPanelChart::_obtainHintLook() const { return {}; }
 UXDoublePoint KXMemberPanelChart::_obtainChosenShift(const KXPanelItem&) const { return {}; }
 
@@ -291,6 +305,8 @@ std::vector<double> KXMemberPanelChart::_sumMembers(std::uint64_t dimension) con
 KXListedGroups KXMemberPanelChart::_gatherMembers(std::uint64_t dimension, std::vector<std::uint64_t> members,
                                                   const std::vector<double>& sums, KXOthersRule rule)
 {
+    if (!_doMeasuresAddUp())
+        return {std::move(members), {}, sums.size()};
     const UXObjectWatcher self(this);
     rule.hostOthers = _findHostOthers(dimension, members);
     if (!self.isAlive())
@@ -302,6 +318,17 @@ KXListedGroups KXMemberPanelChart::_gatherMembers(std::uint64_t dimension, std::
         std::ranges::transform(*list, list->begin(), [&](std::uint64_t i) { return members[i]; });
     std::ranges::sort(others.gathered);
     return {std::move(others.kept), std::move(others.gathered), sums.size()};
+}
+
+/** @return whether the values that can be gathered do: with a dimension those of the first measure, as others
+ * only describe them; else those of all */
+bool KXMemberPanelChart::_doMeasuresAddUp() const
+{
+    const std::uint64_t count = getDimensionCount() > 0 ? 1 : getMeasureCount();
+    for (std::uint64_t measure = 0; measure < count; ++measure)
+        if (!getMeasureAddsUp(measure))
+            return false;
+    return true;
 }
 
 /** @return the place of the one member that the host made up; several fill gaps, and gather nothing */
@@ -377,6 +404,7 @@ void KXMemberPanelChart::resetData()
     KXPanelChartDataUser::resetData();
     m_listed = {};
     m_listedIndexes = {};
+    m_soleMembers.clear();
     m_note.clear();
     m_groups.clear();
     m_hostColors.clear();
@@ -408,6 +436,7 @@ bool KXMemberPanelChart::_loadGroups()
     const UXObjectWatcher self(this);
     m_listed = {};
     m_listedIndexes = {};
+    m_soleMembers.clear();
     KXListedGroups listed = _listGroups();
     if (!self.isAlive())
         return false;
@@ -416,7 +445,31 @@ bool KXMemberPanelChart::_loadGroups()
         return false;
     m_listed = std::move(listed);
     m_listedIndexes = std::move(indexes);
+    _findSoleMembers();
     return true;
+}
+
+/** Others is of a whole dimension, and may hold less of one member of the other one. */
+void KXMemberPanelChart::_findSoleMembers()
+{
+    const bool areGroups = !m_listed.getGathered().empty();
+    const std::vector<std::uint64_t>& gathered = (areGroups ? m_listed : m_listedIndexes).getGathered();
+    if (gathered.empty() || getDimensionCount() < 2)
+        return;
+    const MemberValues values = _obtainMemberValues();
+    const std::uint64_t otherCount = areGroups ? obtainIndexCount() : obtainGroupCount();
+    for (std::uint64_t other = 0; other < otherCount; ++other) {
+        std::uint64_t count = 0, sole = 0;
+        for (const std::uint64_t member : gathered) {
+            if (!((areGroups ? values.at(member, other) : values.at(other, member)) > 0))
+                continue;
+            sole = member;
+            if (++count > 1)
+                break;
+        }
+        if (count == 1)
+            m_soleMembers.emplace(other, sole);
+    }
 }
 
 /** Where a group has a single item, a colour of the item is the group's. */
@@ -575,15 +628,15 @@ KXChartDataPath* KXMemberPanelChart::createItemPath(const KXChartItem& item)
         if (getDimensionCount() > 0)
             path->dimensionIndexPath = {gathered};
         for (const KXChartItem& held : _obtainHeldItems(item))
-            if (getDimensionCount() == 0 || _obtainMemberValue(held) > 0)
-                path->dimensionIndexPath.push_back(getDimensionCount() == 0 ? held.group
-                                                                            : _obtainMember(held, gathered));
+            path->dimensionIndexPath.push_back(getDimensionCount() == 0 ? held.group
+                                                                        : _obtainMember(held, gathered));
         return path;
     }
+    const KXChartItem own = _obtainOwnItem(item);
     path->identifier = _obtainItemKind();
-    path->valueIndexPath = _obtainValuePath(item);
+    path->valueIndexPath = _obtainValuePath(own);
     if (getDimensionCount() > 0)
-        path->dimensionIndexPath = {_obtainGroupDimension(), item.group};
+        path->dimensionIndexPath = {_obtainGroupDimension(), own.group};
     return path;
 }
 
@@ -607,8 +660,8 @@ std::vector<KXChartItem> KXMemberPanelChart::findItems(const KXChartDataPath& pa
 
 bool KXMemberPanelChart::_holdsValue(const KXChartItem& item, const KXIndexPath& valuePath) const
 {
-    if (!_isOthers(item))
-        return valuePath == _obtainValuePath(item);
+    if (!_isOthers(item)) // most are not, and need no list
+        return valuePath == _obtainValuePath(_obtainOwnItem(item));
     return std::ranges::any_of(_obtainHeldItems(item),
                                [&](const KXChartItem& held) { return valuePath == _obtainValuePath(held); });
 }
@@ -624,11 +677,8 @@ bool KXMemberPanelChart::_isOfMembers(const KXChartItem& item, const KXIndexPath
     const auto isNamed = [&](const KXChartItem& held) {
         return std::find(path.begin() + 1, path.end(), _obtainMember(held, dimension)) != path.end();
     };
-    if (!_isOthers(item))
-        return isNamed(item);
-    return std::ranges::any_of(_obtainHeldItems(item), [&](const KXChartItem& held) {
-        return isNamed(held) && _obtainMemberValue(held) > 0;
-    });
+    return _isOthers(item) ? std::ranges::any_of(_obtainHeldItems(item), isNamed)
+                           : isNamed(_obtainOwnItem(item));
 }
 
 std::vector<KXObjectID> KXMemberPanelChart::obtainItemObjectIDs(const KXChartItem& item) const
@@ -642,16 +692,17 @@ std::vector<KXObjectID> KXMemberPanelChart::obtainItemObjectIDs(const KXChartIte
 std::string KXMemberPanelChart::_obtainHintTitle(const KXChartItem& item)
 {
     const UXObjectWatcher self(this);
-    std::string title = obtainGroupName(item.group);
+    const KXChartItem own = _obtainOwnItem(item);
+    std::string title = obtainGroupName(own.group);
     if (!self.isAlive())
         return title;
-    const auto tellCount = [&] { return " (" + std::to_string(_obtainHeldItems(item).size()) + ")"; };
-    if (m_listed.isOthers(item.group))
+    const auto tellCount = [&] { return " (" + std::to_string(_obtainHeldItems(own).size()) + ")"; };
+    if (m_listed.isOthers(own.group))
         title += tellCount();
-    if (m_listedIndexes.isOthers(item.index))
+    if (m_listedIndexes.isOthers(own.index))
         title += ", " + m_othersName + tellCount();
     else if (getDimensionCount() > 1)
-        title += ", " + obtainMemberName(1 - _obtainGroupDimension(), item.index, *m_dataFormat);
+        title += ", " + obtainMemberName(1 - _obtainGroupDimension(), own.index, *m_dataFormat);
     return title;
 }
 
@@ -662,7 +713,7 @@ UXHintInfo KXMemberPanelChart::obtainItemHint(const KXChartItem& item)
     const KXChartDataProviderUse use(*this);
     if (auto* provider = use.as<KXPanelChartDataProvider>())
         if (!_isOthers(item))
-            data = provider->obtainHintData(this, _obtainValuePath(item));
+            data = provider->obtainHintData(this, _obtainValuePath(_obtainOwnItem(item)));
     if (use.isAlive() && data.isEmpty())
         data = _describeItem(item);
     return use.isAlive() ? kxMakeHintInfo(data, _obtainHintLook()) : UXHintInfo(false);
@@ -728,7 +779,7 @@ std::vector<std::uint64_t> KXMemberPanelChart::_obtainNamedMembers(std::uint64_t
     std::vector<std::uint64_t> members;
     std::unordered_set<std::uint64_t> known;
     for (const KXPanelItem& item : getLaidOutItems()) {
-        const std::uint64_t member = _obtainMember(item.item, dimension);
+        const std::uint64_t member = _obtainMember(_obtainOwnItem(item.item), dimension);
         if (!_obtainListed(dimension).isOthers(member) && known.insert(member).second)
             members.push_back(member);
     }
@@ -737,10 +788,10 @@ std::vector<std::uint64_t> KXMemberPanelChart::_obtainNamedMembers(std::uint64_t
 
 std::string KXMemberPanelChart::_findName(const KXChartItem& item) const
 {
-    if (getDimensionCount() > 0 ? _obtainListed(0).isOthers(_obtainMember(item, 0))
-                                : m_listed.isOthers(item.group))
-        return m_othersName;
-    return getDimensionCount() > 0 ? _findMemberName(0, _obtainMember(item, 0)) : getMeasureLabel(item.group);
+    if (getDimensionCount() == 0)
+        return m_listed.isOthers(item.group) ? m_othersName : getMeasureLabel(item.group);
+    const std::uint64_t member = _obtainMember(_obtainOwnItem(item), 0);
+    return _obtainListed(0).isOthers(member) ? m_othersName : _findMemberName(0, member);
 }
 
 std::string KXMemberPanelChart::_findMemberName(std::uint64_t dimension, std::uint64_t member) const
@@ -806,7 +857,7 @@ void KXMemberPanelChart::_updateColors()
             continue;
         }
         const auto own = m_hostColors.empty() ? m_hostColors.end()
-                                              : m_hostColors.find(_obtainCell(item.item));
+                                              : m_hostColors.find(_obtainCell(_obtainOwnItem(item.item)));
         const bool hasNone = own == m_hostColors.end() ||
                              item.item.kind != 0; // as it is no value of the host's
         item.color = hasNone ? _obtainItemColor(item.item) : own->second;

@@ -154,6 +154,8 @@ protected:
     virtual KXChartDataProviderHintData _describeItem(const KXChartItem& item);
     /** @return what of an item's shape is drawn in full; by default its part's share of its value */
     virtual double _obtainFullShare(const KXChartItem& item) const;
+    /** @return how values of a measure are written; by default as those of all */
+    virtual const KXChartDataFormat& _obtainFormat(std::uint64_t measure) const;
     /** @return how hints look */
     virtual UXHintInfo _obtainHintLook() const;
     /** @return how far an item is drawn from its place while it is chosen; by default not at all */
@@ -171,8 +173,8 @@ protected:
     std::uint64_t _obtainGreatestGroupCount() const;
     /** @return of each member of a dimension the sum of its values above zero, NaN for none */
     std::vector<double> _sumMembers(std::uint64_t dimension) const;
-    /** Gathers members of a dimension that have a small part of the whole. The host may be asked which one it
-     * made up, which may destroy the chart.
+    /** Gathers members of a dimension that have a small part of the whole; of values whose sum says nothing,
+     * none. The host may be asked which one it made up, which may destroy the chart.
      *  @param members in their order
      *  @param sums by member
      *  @param rule without the host's */
@@ -184,7 +186,10 @@ protected:
     virtual const KXChartDataFormat& _obtainFormat(std::uint64_t measure) const;
     /** @return the cell of its value among those of the measure */
     std::uint64_t _obtainCell(const KXChartItem& item) const;
-    /** @return whether the item is what was gathered */
+    /** @return the item itself; of Others where it holds a single member, which is not gathered there, the
+     * item of that member: it has the place of Others and the name, the value and the path of its own */
+    KXChartItem _obtainOwnItem(const KXChartItem& item) const;
+    /** @return whether the item is what was gathered, of several members */
     bool _isOthers(const KXChartItem& item) const;
     /** Tells below the items what has none; to be called in a layout.
      *  @param property of the text
@@ -228,12 +233,15 @@ private:
 
     /** @return the item's member of a dimension */
     std::uint64_t _obtainMember(const KXChartItem& item, std::uint64_t dimension) const;
-    /** @return the items that it stands for: itself, or all that is gathered in it */
+    /** @return the items that it stands for: its own, or those that are gathered in it and have a part there
+     */
     std::vector<KXChartItem> _obtainHeldItems(const KXChartItem& item) const;
     const KXListedGroups& _obtainListed(std::uint64_t dimension) const;
     std::optional<std::uint64_t> _findHostOthers(std::uint64_t dimension,
                                                  const std::vector<std::uint64_t>& members);
+    bool _doMeasuresAddUp() const;
     bool _loadGroups();
+    void _findSoleMembers();
     std::uint64_t _obtainMeasure(const KXChartItem& item) const;
     KXIndexPath _obtainValuePath(const KXChartItem& item) const;
     double _obtainMemberValue(const KXChartItem& item) const;
@@ -254,6 +262,8 @@ private:
     KXNoDataLabel* m_noDataLabel;   // a child
     KXListedGroups m_listed;        // the groups
     KXListedGroups m_listedIndexes; // the members of the other dimension; without one it is 0 alone
+    /** Where Others holds a single member of its dimension: that one, by the member of the other one. */
+    std::unordered_map<std::uint64_t, std::uint64_t> m_soleMembers;
     KXChartGroups m_groups;
     std::string m_othersName;                                // in the host's language
     std::unordered_map<std::uint64_t, UXColor> m_hostColors; // of items that have one of their own, by cell

@@ -61,9 +61,9 @@ const std::string& KXPanelChartDataUser::getMeasureLabel(std::uint64_t measure) 
     return measure < m_data.measures.size() ? m_data.measures[measure].label : noText;
 }
 
-bool KXPanelChartDataUser::obtainMeasuresAddUp() const
+bool KXPanelChartDataUser::getMeasureAddsUp(std::uint64_t measure) const
 {
-    return std::ranges::all_of(m_data.measures, &Measure::addsUp);
+    return measure < m_data.measures.size() && m_data.measures[measure].addsUp;
 }
 
 std::uint64_t KXPanelChartDataUser::getMemberCount(std::uint64_t dimension) const

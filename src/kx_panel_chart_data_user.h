@@ -30,8 +30,8 @@ public:
     // What was pulled, empty until then
     std::uint64_t getMeasureCount() const { return m_data.measures.size(); }
     const std::string& getMeasureLabel(std::uint64_t measure) const;
-    /** @return whether all measures add up, so that a chart can gather small values */
-    bool obtainMeasuresAddUp() const;
+    /** @return whether the sum of several values of a measure says something */
+    bool getMeasureAddsUp(std::uint64_t measure) const;
     std::uint64_t getDimensionCount() const { return m_data.dimensionCount; }
     /** @return how many members the dimension has, 0 for one that there is not */
     std::uint64_t getMemberCount(std::uint64_t dimension) const;

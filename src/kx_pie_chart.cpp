@@ -65,11 +65,11 @@ void KXPieChart::resetData()
 /** Slices have one order and one set of others in all pies, by their sums. */
 KXListedGroups KXPieChart::_listGroups()
 {
-    // 1. What has no part of any whole counts nowhere.
+    // 1. What has no part of any whole has no sum.
     const std::vector<double> sums = _sumMembers(_obtainGroupDimension());
     const std::uint64_t count = sums.size();
 
-    // 2. The first ones of what is shown, in the order in which it is shown.
+    // 2. The first ones of what is shown, in the order in which it is shown; what has no part comes behind.
     std::vector<std::uint64_t> members(count);
     std::iota(members.begin(), members.end(), std::uint64_t{0});
     if (m_sort != KXPieSliceOrder::None)
@@ -78,8 +78,12 @@ KXListedGroups KXPieChart::_listGroups()
                 return !std::isnan(sums[a]) && std::isnan(sums[b]);
             return m_sort == KXPieSliceOrder::Descending ? sums[a] > sums[b] : sums[a] < sums[b];
         });
-    members.resize(std::min(count, _obtainGreatestGroupCount()));
-    if (m_sliceStyle == KXPieChartSliceStyle::Default || !obtainMeasuresAddUp())
+    else
+        std::ranges::stable_partition(members, [&](std::uint64_t i) { return !std::isnan(sums[i]); });
+    members.resize(static_cast<std::size_t>(std::min(count, _obtainGreatestGroupCount())));
+    if (m_sort == KXPieSliceOrder::None)
+        std::ranges::sort(members);
+    if (m_sliceStyle == KXPieChartSliceStyle::Default)
         return {std::move(members), {}, count};
 
     // 3. Of these, the small ones together.

@@ -163,7 +163,7 @@ void KXPieChart::_makeSliceLabels(UXLayoutHelper& helper, double height)
             const KXChartItem item{0, segments[i].getGroup(), pie};
             SliceLabel label{pie, i, firstItem + i, {}, {}, {}, 0, 0, {}, {}};
             if (m_showLabelName)
-                label.name = obtainGroupName(item.group);
+                label.name = obtainGroupName(_obtainOwnItem(item).group);
             std::ranges::replace(label.name, '\n', ' ');
             if (m_showLabelValue)
                 label.numbers = m_dataFormat->formatNumber(segments[i].getValue());

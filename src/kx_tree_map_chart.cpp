@@ -60,6 +60,11 @@ std::string KXTreeMapChart::_obtainItemKind() const { return "Tile"; }
 std::uint64_t KXTreeMapChart::_obtainGroupDimension() const { return _hasGroups() ? 1 : 0; }
 UXHintInfo KXTreeMapChart::_obtainHintLook() const { return m_hintInfo; }
 
+const KXChartDataFormat& KXTreeMapChart::_obtainFormat(std::uint64_t measure) const
+{
+    return measure < m_dataFormats.size() ? m_dataFormats[static_cast<std::size_t>(measure)] : *m_dataFormat;
+}
+
 KXObjectID KXTreeMapChart::_obtainGroupObjectID(std::uint64_t group) const
 {
     const std::string kind = _hasGroups() ? "Group" : "Tile";
@@ -90,7 +95,7 @@ UXColor KXTreeMapChart::_obtainItemColor(const KXChartItem& item) const
 
 double KXTreeMapChart::_obtainColorValue(const KXChartItem& item) const
 {
-    return _isOthers(item) ? noNumber : getValue(1, _obtainCell(item));
+    return _isOthers(item) ? noNumber : getValue(1, _obtainCell(_obtainOwnItem(item)));
 }
 
 std::optional<KXGradientScale> KXTreeMapChart::obtainColorScale() const
@@ -107,7 +112,7 @@ void KXTreeMapChart::_updateGradientLegend()
     if (!scale)
         return;
     m_gradientLegend->setScale(*scale, getChartProperty()->getLegendLabelColor(),
-                               [this](double value) { return m_dataFormat->formatNumber(value); });
+                               [this](double value) { return _obtainFormat(1).formatNumber(value); });
 }
 
 void KXTreeMapChart::registerChartPropertyUpdatedEvents()
@@ -185,13 +190,20 @@ void KXTreeMapChart::_memberTextsArrived()
         KXMemberPanelChart::_memberTextsArrived();
 }
 
-/** The first tiles that the user wants to see, of these the small ones together. */
+/** The first tiles that the user wants to see, which are the largest ones, in the host's order; of these the
+ * small ones together. */
 KXListedGroups KXTreeMapChart::_listTiles(std::uint64_t dimension)
 {
     const std::vector<double> sums = _sumMembers(dimension);
-    std::vector<std::uint64_t> members(std::min<std::uint64_t>(sums.size(), _obtainGreatestGroupCount()));
+    std::vector<std::uint64_t> members(sums.size());
     std::iota(members.begin(), members.end(), std::uint64_t{0});
-    if (m_tileStyle == KXTreeMapChartTileStyle::Default || !obtainMeasuresAddUp())
+    if (const std::uint64_t most = _obtainGreatestGroupCount(); members.size() > most) {
+        std::ranges::stable_sort(members, std::ranges::greater(),
+                                 [&](std::uint64_t i) { return std::isnan(sums[i]) ? 0 : sums[i]; });
+        members.resize(static_cast<std::size_t>(most));
+        std::ranges::sort(members);
+    }
+    if (m_tileStyle == KXTreeMapChartTileStyle::Default)
         return {std::move(members), {}, sums.size()};
     KXOthersRule rule;
     rule.leastShare = m_groupBelowPercent / 100;
@@ -265,7 +277,7 @@ KXChartDataProviderHintData KXTreeMapChart::_describeItem(const KXChartItem& ite
     const double colorValue = _hasColorMeasure() ? _obtainColorValue(item) : noNumber;
     if (!std::isnan(colorValue)) {
         data.subtitle = std::move(data.value); // which is read before the row of the other measure
-        data.value = getMeasureLabel(1) + ": " + m_dataFormat->formatNumber(colorValue);
+        data.value = getMeasureLabel(1) + ": " + _obtainFormat(1).formatNumber(colorValue);
     }
     return data;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kx_chart_data_format_key.h"
 #include "kx_gradient_scale.h"
 #include "kx_key_table.h"
 #include "kx_member_panel_chart.h"
@@ -25,6 +26,8 @@ class KXPixelGrid;
         "with GroupValueLessThan: tiles below this percentage are gathered")                                \
     KEY(bool, ShowLabels, m_showLabels, true, Any(DataLabel), Layout, "the names in the tiles")             \
     KEY(bool, ShowLabelValue, m_showLabelValue, true, Any(DataLabel), Layout, "the values below the names") \
+    KEY(std::vector<KXChartDataFormat>, DataFormats, m_dataFormats, {}, Any(DataFormat), Layout,            \
+        "how the values of each measure are written; of those past the last one m_dataFormat")              \
     KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeTextProperty(12, UXColor(40, 40, 40)),         \
         Any(DataLabel), Layout, "text of the labels; where it does not fit it is smaller once")             \
     KEY(bool, AutoLabelColor, m_autoLabelColor, true, Any(DataLabel), Layout,                               \
@@ -111,6 +114,7 @@ protected:
     KXObjectID _obtainGroupObjectID(std::uint64_t group) const override;
     std::uint64_t _obtainGroupDimension() const override;
     KXChartDataProviderHintData _describeItem(const KXChartItem& item) override;
+    const KXChartDataFormat& _obtainFormat(std::uint64_t measure) const override;
     UXHintInfo _obtainHintLook() const override;
     void _memberTextsArrived() override;
     void _customLayout(UXRect plotArea) override;

@@ -109,7 +109,8 @@ void KXTreeMapChart::_fillBranches()
         for (const std::uint64_t index : _getListedIndexes().getAll()) // whose values stand side by side
             for (Branch& branch : m_branches) {
                 const KXChartItem item{0, branch.group, index};
-                const double value = _isOthers(item) ? obtainItemValue(item) : values.at(branch.group, index);
+                const double value = _getListedIndexes().isOthers(index) ? obtainItemValue(item)
+                                                                         : values.at(branch.group, index);
                 // Members that do not meet have no value, which nobody misses.
                 if (!std::isnan(value))
                     add(branch, item, value);
@@ -206,8 +207,8 @@ std::vector<std::uint64_t> KXTreeMapChart::_obtainNamedMembers(std::uint64_t dim
         return members;
     }
     for (const std::size_t tile : m_labelledTiles)
-        if (const KXChartItem& item = getLaidOutItems()[tile].item; !_isOthers(item))
-            members.push_back(_hasGroups() ? item.index : item.group);
+        if (const KXChartItem own = _obtainOwnItem(getLaidOutItems()[tile].item); !_isOthers(own))
+            members.push_back(_hasGroups() ? own.index : own.group);
     std::ranges::sort(members);
     const auto twice = std::ranges::unique(members);
     members.erase(twice.begin(), twice.end());

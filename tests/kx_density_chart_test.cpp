@@ -129,6 +129,40 @@ TEST_F(KXDensityChartTest, RowsAreTheItemsOfAllStylesButHistograms)
     EXPECT_EQ(chart.getLaidOutItems().size(), 5);
     EXPECT_EQ(chart.obtainItemHint({0, 0, 1}).text, "10 \u2013 20");
     EXPECT_FALSE(chart.hasItem({0, 0, 2})) << "no values lie there";
+    table.replaceMeasure(0, {30, -10, 7, -1, 5});
+    layOut();
+    EXPECT_EQ(chart.getNote(), "Not shown: 2 negative");
+    chart.setGroupShown(0, false);
+    layOut();
+    EXPECT_EQ(chart.getNote(), "Not shown: 1 negative") << "of the row that is left";
+}
+
+TEST_F(KXDensityChartTest, PercentagesOfTheBinsOfARowAddUp)
+{
+    chart.setStyle(KXDensityStyle::Histogram);
+    table.addDimension("Bin", Values{0, 10, 20});
+    table.addMeasure("Count", {1, 1, 1});
+    layOut();
+    const char* const expected[] = {"1 (33.4 %)", "1 (33.3 %)", "1 (33.3 %)"};
+    for (std::uint64_t bin = 0; bin < 3; ++bin)
+        EXPECT_EQ(chart.obtainItemHint({0, bin, 0}).rows.at(0).value, expected[bin]);
+}
+
+// One bin is far narrower than the scale, and lies between any places at even distances.
+TEST_F(KXDensityChartTest, ACurveOfNarrowBinsPeaksAtItsHighestOne)
+{
+    table.addDimension("Bin", Values{1.2345, 1.5, 1000});
+    table.addMeasure("Count", {100, 0, 2});
+    for (const double width : {0.001, 0.5, 5.0}) {
+        chart.setKernelWidth(width);
+        layOut();
+        const KXDensityChart::Row& row = chart.getRows().at(0);
+        const auto& [from, to, count] = chart.obtainDensity(0).getBins().at(0);
+        const double highest = chart.obtainDensity(0).obtainHeight((from + to) / 2, width, {});
+        EXPECT_GE(row.greatestHeight, highest) << width;
+        EXPECT_NEAR(row.greatestHeight, highest, highest / 100) << width;
+        EXPECT_GE(chart.getLaidOutItems().at(0).shape.getBounds().y, 1) << "it stays in its row";
+    }
 }
 
 TEST_F(KXDensityChartTest, HeightsHaveInCommonWhatIsWanted)

@@ -196,10 +196,16 @@ TEST_F(KXPieChartTest, SmallSlicesAreGatheredAfterTheFirstAndBeforePercentages)
         EXPECT_EQ(chart.obtainLegendCellSize(), chart.getLaidOutItems().size());
     }
 
+    chart.setSliceStyle(Default);
+    chart.setSort(None);
+    chart.getChartProperty()->setTopXItemsToShow(2);
+    show({null, 0, 1, -2, 3, 4});
+    EXPECT_EQ(obtainSlices(), "slice 2=25.0 % slice 4=75.0 % ") << "what has no slice takes no place";
+    EXPECT_EQ(chart.getNote(), "");
+
     chart.getChartProperty()->setShowOnlyTopX(false);
     chart.setSliceStyle(GroupValueLessThan);
     chart.setGroupBelowPercent(2);
-    chart.setSort(None);
     show({10, 50, 1, 38, 1});
     const KXChartItem others = chart.getLaidOutItems().back().item;
     const std::unique_ptr<KXChartDataPath> path(chart.createItemPath(others));
@@ -256,6 +262,18 @@ TEST_F(KXPieChartTest, PiesOfASecondDimensionAreEqualInAGrid)
     EXPECT_EQ(chart.obtainPercentageText({0, 0, 2}), "100.0 %");
     EXPECT_EQ(chart.obtainLegendCellSize(), 2);
     EXPECT_EQ(chart.getNote(), "") << "what does not meet is not missed";
+
+    table.clear();
+    table.addDimension("Slice", Texts{"a", "b", "c", "a", "c"});
+    table.addDimension("Pie", Texts{"p", "p", "p", "q", "q"});
+    table.addMeasure("Size", {50, 1, 2, 60, 3});
+    chart.setSliceStyle(KXPieChartSliceStyle::NumOfSliceDisplay);
+    chart.setSliceCount(1);
+    layOut();
+    ASSERT_EQ(chart.getLaidOutItems().size(), 4);
+    EXPECT_EQ(chart.obtainItemHint(chart.getLaidOutItems()[1].item).title, "Others (2), p");
+    EXPECT_EQ(chart.obtainItemHint(chart.getLaidOutItems()[3].item).title, "c, q") << "one is not gathered";
+    EXPECT_EQ(chart.getLaidOutItems()[3].color, chart.getLaidOutItems()[1].color) << "as the legend has it";
 
     const std::tuple<const char*, std::size_t, UXDoubleSize, std::size_t> grids[] = {
         {"one", 1, {2, 2}, 1},

@@ -18,6 +18,7 @@
 #include <random>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -186,7 +187,54 @@ TEST_F(KXTreeMapChartTest, SmallTilesAreGatheredInEachGroup)
     chart.getChartProperty()->setTopXItemsToShow(2);
     chart.reloadData();
     layOut();
-    EXPECT_EQ(obtainTiles(), "b; a; ") << "the first ones; a single one stays";
+    EXPECT_EQ(obtainTiles(), "b; d; ") << "the first ones as shown; a single one stays";
+}
+
+// Small are a, b and d of all: x holds the first two of them, y the last alone.
+TEST_F(KXTreeMapChartTest, OthersOfAGroupHoldsSeveralOfItsOwn)
+{
+    chart.setTileStyle(KXTreeMapChartTileStyle::GroupValueLessThan);
+    chart.setGroupBelowPercent(20);
+    table.addDimension("Leaf", Texts{"a", "b", "c", "c", "d"});
+    table.addDimension("Group", Texts{"x", "x", "x", "y", "y"});
+    table.addMeasure("Size", {6, 7, 50, 60, 5});
+    table.addMeasure("Heat", {1, 2, 3, 4, 9});
+    layOut();
+    EXPECT_EQ(obtainTiles(), "y, c; y, d; x, c; x, Others (2); ");
+    EXPECT_NE(uxPaintToText(chart).find("\"d\""), std::string::npos);
+    const KXPanelItem &sole = chart.getLaidOutItems()[1], &others = chart.getLaidOutItems()[3];
+    EXPECT_EQ(sole.color, chart.getMaxColor());
+    EXPECT_NE(others.color, chart.getMinColor()) << "what is gathered has no value of the other measure";
+    const UXHintInfo hint = chart.obtainItemHint(sole.item);
+    EXPECT_EQ(hint.text + " " + hint.rows.at(0).value, "5 (3.9 %) Heat: 9");
+    const std::unique_ptr<KXChartDataPath> path(chart.createItemPath(sole.item));
+    EXPECT_EQ(path->identifier, "Tile");
+    EXPECT_EQ(path->valueIndexPath, (KXIndexPath{0, 3, 1}));
+    EXPECT_EQ(chart.findItems(*path), std::vector{sole.item});
+}
+
+TEST_F(KXTreeMapChartTest, OnlySizesThatAddUpAreGathered)
+{
+    class Table : public KXTableDataProvider {
+    public:
+        std::uint64_t average = 0;
+        bool obtainValueAddsUp(KXChartDataUser*, std::uint64_t measure) override
+        {
+            return measure != average;
+        }
+    } averages;
+    averages.addDimension("Leaf", Texts{"a", "b", "c", "d"});
+    averages.addMeasure("Size", {5, 80, 6, 9});
+    averages.addMeasure("Heat", {1, 2, 3, 4});
+    chart.setTileStyle(KXTreeMapChartTileStyle::GroupValueLessThan);
+    chart.setGroupBelowPercent(20);
+    for (const auto& [average, tiles] : {std::pair{0, "b; d; c; a; "}, {1, "b; Others (3); "}}) {
+        averages.average = static_cast<std::uint64_t>(average);
+        averages.serve(chart);
+        chart.setRect({0, 0, 402, 302});
+        chart.layout();
+        EXPECT_EQ(obtainTiles(), tiles) << average;
+    }
 }
 
 TEST_F(KXTreeMapChartTest, WhatHasNoTileIsToldOnce)
@@ -231,6 +279,10 @@ TEST_F(KXTreeMapChartTest, ASecondMeasureGivesColours)
     EXPECT_NE(chart.getLaidOutItems()[2].color, chart.getMinColor()) << "a null is no least value";
     const UXHintInfo hint = chart.obtainItemHint({0, 1, 0});
     EXPECT_EQ(hint.text + " " + hint.rows.at(0).value, "2 (33.3 %) Heat: 30");
+    KXChartDataFormat heat;
+    heat.setDecimals(1);
+    chart.setDataFormats({*chart.getDataFormat(), heat});
+    EXPECT_EQ(chart.obtainItemHint({0, 1, 0}).rows.at(0).value, "Heat: 30.0") << "in a format of its own";
     chart.setMaxColor(UXColor(1, 2, 3));
     EXPECT_EQ(chart.getLaidOutItems()[1].color, UXColor(1, 2, 3)) << "without a layout";
 }
