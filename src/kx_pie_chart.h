@@ -18,46 +18,48 @@
 class UXLayoutHelper;
 
 // type, name, member and JSON key, default, reset, effect, meaning
-#define KX_PIE_CHART_KEYS(KEY)                                                                              \
-    KEY(double, HoleRatio, m_holeRatio, 0, Any(Pie), Layout,                                                \
-        "radius of the hole as a share of the pie's, 0 to 0.95; 0.6 makes a donut")                         \
-    KEY(double, StartAngle, m_startAngle, -90, Any(Pie), Layout,                                            \
-        "where the first slice begins, in degrees from the right, clockwise; -90 is the top")               \
-    KEY(bool, IsClockwise, m_isClockwise, true, Any(Pie), Layout, "which way around the slices follow")     \
-    KEY(double, Sweep, m_sweep, 360, Any(Pie), Layout,                                                      \
-        "how much of the circle a pie fills, 1 to 360 degrees")                                             \
-    KEY(KXPieChartSliceStyle, SliceStyle, m_sliceStyle, KXPieChartSliceStyle::Default, Any(Pie), Reload,    \
-        "which slices are gathered in Others")                                                              \
-    KEY(std::int64_t, SliceCount, m_sliceCount, 10, Any(Pie), Reload,                                       \
-        "with NumOfSliceDisplay: how many slices stay, the largest")                                        \
-    KEY(double, GroupBelowPercent, m_groupBelowPercent, 2, Any(Pie), Reload,                                \
-        "with GroupValueLessThan: slices below this percentage are gathered")                               \
-    KEY(KXPieSliceOrder, Sort, m_sort, KXPieSliceOrder::None, Any(Pie), Reload,                             \
-        "order of the slices; Others is the last one always")                                               \
-    KEY(bool, ShowLabelName, m_showLabelName, true, Any(DataLabel), Layout, "the name in the labels")       \
-    KEY(bool, ShowLabelValue, m_showLabelValue, false, Any(DataLabel), Layout, "the value in the labels")   \
-    KEY(bool, ShowLabelPercentage, m_showLabelPercentage, true, Any(DataLabel), Layout,                     \
-        "the part of the whole in the labels")                                                              \
-    KEY(KXPieLabelPosition, LabelPosition, m_labelPosition, KXPieLabelPosition::Auto, Any(DataLabel),       \
-        Layout, "where the labels stand")                                                                   \
-    KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeTextProperty(12, UXColor(80, 80, 80)),         \
-        Any(DataLabel), Layout, "text of the labels")                                                       \
-    KEY(bool, AutoLabelColor, m_autoLabelColor, true, Any(DataLabel), Layout,                               \
-        "labels on slices are dark or white, whichever can be read there")                                  \
-    KEY(bool, ShowLeaderLines, m_showLeaderLines, true, Any(DataLabel), Repaint,                            \
-        "lines from the slices to the labels beside them")                                                  \
-    KEY(UXColor, LeaderLineColor, m_leaderLineColor, UXColor(165, 165, 170), Any(DataLabel), Repaint,       \
-        "colour of these lines")                                                                            \
-    KEY(bool, ShowTotal, m_showTotal, false, Any(Pie), Layout, "the sum of the slices in the hole")         \
-    KEY(std::string, TotalCaption, m_totalCaption, std::string(), Any(Pie), Layout, "what stands below it") \
-    KEY(UXTextProperty, ValueProperty, m_valueProperty, _makeTextProperty(28, UXColor(64, 64, 64)),         \
-        Any(Pie), Layout, "text of the sum; it shrinks until it fits")                                      \
-    KEY(UXTextProperty, CaptionProperty, m_captionProperty, _makeTextProperty(13, UXColor(80, 80, 80)),     \
-        Any(Pie), Layout, "text of the captions of several pies, and below the sum")                        \
-    KEY(double, SliceGap, m_sliceGap, 1, Any(Pie), Layout,                                                  \
-        "room between two slices at the edge, in logical units")                                            \
-    KEY(std::vector<UXColor>, SeriesColors, m_seriesColors, {}, Any(Pie), Recolor,                          \
-        "colours that the slices take in turn; none: the palette")                                          \
+#define KX_PIE_CHART_KEYS(KEY)                                                                            \
+    KEY(double, HoleRatio, m_holeRatio, 0, Any(Pie), Layout,                                              \
+        "radius of the hole as a share of the pie's, 0 to 0.95; 0.6 makes a donut")                       \
+    KEY(double, StartAngle, m_startAngle, -90, Any(Pie), Layout,                                          \
+        "where the first slice begins, in degrees from the right, clockwise; -90 is the top")             \
+    KEY(bool, IsClockwise, m_isClockwise, true, Any(Pie), Layout, "which way around the slices follow")   \
+    KEY(double, Sweep, m_sweep, 360, Any(Pie), Layout,                                                    \
+        "how much of the circle a pie fills, 1 to 360 degrees")                                           \
+    KEY(KXPieChartSliceStyle, SliceStyle, m_sliceStyle, KXPieChartSliceStyle::Default, Any(Pie), Reload,  \
+        "which slices are gathered in Others")                                                            \
+    KEY(std::int64_t, SliceCount, m_sliceCount, 10, Any(Pie), Reload,                                     \
+        "with NumOfSliceDisplay: how many slices stay, the largest")                                      \
+    KEY(double, GroupBelowPercent, m_groupBelowPercent, 2, Any(Pie), Reload,                              \
+        "with GroupValueLessThan: slices below this percentage are gathered")                             \
+    KEY(KXPieSliceOrder, Sort, m_sort, KXPieSliceOrder::None, Any(Pie), Reload,                           \
+        "order of the slices; Others is the last one always")                                             \
+    KEY(bool, ShowLabelName, m_showLabelName, true, Any(DataLabel), Layout, "the name in the labels")     \
+    KEY(bool, ShowLabelValue, m_showLabelValue, false, Any(DataLabel), Layout, "the value in the labels") \
+    KEY(bool, ShowLabelPercentage, m_showLabelPercentage, true, Any(DataLabel), Layout,                   \
+        "the part of the whole in the labels")                                                            \
+    KEY(KXPieLabelPosition, LabelPosition, m_labelPosition, KXPieLabelPosition::Auto, Any(DataLabel),     \
+        Layout, "where the labels stand")                                                                 \
+    KEY(UXTextProperty, LabelProperty, m_labelProperty, _makeTextProperty(12, UXColor(80, 80, 80)),       \
+        Any(DataLabel), Layout, "text of the labels")                                                     \
+    KEY(bool, AutoLabelColor, m_autoLabelColor, true, Any(DataLabel), Layout,                             \
+        "labels on slices are dark or white, whichever can be read there")                                \
+    KEY(bool, ShowLeaderLines, m_showLeaderLines, true, Any(DataLabel), Repaint,                          \
+        "lines from the slices to the labels beside them")                                                \
+    KEY(UXColor, LeaderLineColor, m_leaderLineColor, UXColor(165, 165, 170), Any(DataLabel), Repaint,     \
+        "colour of these lines")                                                                          \
+    KEY(bool, ShowTotal, m_showTotal, false, Any(Pie), Layout,                                            \
+        "the sum of the slices in the hole; of pies without one above them")                              \
+    KEY(std::string, TotalCaption, m_totalCaption, std::string(), Any(Pie), Layout,                       \
+        "what stands below the sum, or above a pie before it")                                            \
+    KEY(UXTextProperty, ValueProperty, m_valueProperty, _makeTextProperty(28, UXColor(64, 64, 64)),       \
+        Any(Pie), Layout, "text of the sum in the hole; it shrinks until it fits")                        \
+    KEY(UXTextProperty, CaptionProperty, m_captionProperty, _makeTextProperty(13, UXColor(80, 80, 80)),   \
+        Any(Pie), Layout, "text of the captions of several pies, and below the sum")                      \
+    KEY(double, SliceGap, m_sliceGap, 1, Any(Pie), Layout,                                                \
+        "room between two slices at the edge, in logical units")                                          \
+    KEY(std::vector<UXColor>, SeriesColors, m_seriesColors, {}, Any(Pie), Recolor,                        \
+        "colours that the slices take in turn; none: the palette")                                        \
     KEY(UXHintInfo, HintSettings, m_hintInfo, UXHintInfo(), Any(Pie), None, "how hints look")
 
 /**
@@ -127,7 +129,8 @@ private:
     void _placePie(std::size_t pie, const UXDoubleRect& place, const PieRoom& room);
     void _placeBeside(UXLayoutHelper& helper, std::size_t pie, const UXDoubleRect& place,
                       const PieRoom& room);
-    std::string _shorten(UXLayoutHelper& helper, const SliceLabel& label, double width) const;
+    bool _showsTotalsAbove() const { return m_showTotal && _obtainHoleShare() == 0; }
+    std::string _writeCaption(const KXLabelPlacer& placer, std::size_t pie) const;
     void _requestTotals(const KXLabelPlacer& placer, std::vector<KXLabelRequest>& requests) const;
     bool _requestTotal(const KXLabelPlacer& placer, const KXPie& pie, const UXTextProperty& property,
                        std::vector<KXLabelRequest>& requests) const;

@@ -48,6 +48,22 @@ std::string joinWords(const std::string& first, const std::string& second)
     return first.empty() || second.empty() ? first + second : first + " " + second;
 }
 
+/** Shortens the name alone, as numbers that are cut say something else.
+ *  @return the numbers alone where nothing of the name is left; empty where these have no room */
+std::string shortenName(const std::string& name, const std::string& numbers, double width,
+                        const UXTextWidthFunction& widthOf)
+{
+    const auto widthOfWhole = [&](std::string_view part) {
+        return widthOf(joinWords(std::string(part), numbers));
+    };
+    if (widthOfWhole(name) <= width)
+        return joinWords(name, numbers);
+    const std::string left = uxShortenText(name, UXTextOption::EllipsisEnd, width, widthOfWhole);
+    if (widthOfWhole(left) <= width && left.size() >= leastCutLength)
+        return joinWords(left, numbers);
+    return widthOf(numbers) <= width ? numbers : std::string();
+}
+
 } // namespace
 
 KXPieTurn KXPieChart::_obtainTurn() const
@@ -72,7 +88,7 @@ std::vector<KXPanelItem> KXPieChart::_layoutItems(const UXRect& area)
     const double lineHeight = measure(*helper, sampleText, m_labelProperty).height;
 
     // 2. A place for each pie, and all pies as large as the labels of all let them be.
-    double captionHeight = getDimensionCount() > 1
+    double captionHeight = getDimensionCount() > 1 || _showsTotalsAbove()
                                ? measure(*helper, sampleText, m_captionProperty).height + captionGap
                                : 0;
     const UXDoubleRect bounds = _obtainTurn().obtainBounds(1);
@@ -222,7 +238,9 @@ void KXPieChart::_placeBeside(UXLayoutHelper& helper, std::size_t pie, const UXD
     for (SliceLabel& label : m_sliceLabels) {
         if (label.pie != pie)
             continue;
-        label.text = _shorten(helper, label, room.columnWidth);
+        label.text = shortenName(label.name, label.numbers, room.columnWidth, [&](std::string_view part) {
+            return measure(helper, std::string(part), m_labelProperty).width;
+        });
         if (label.text.empty())
             continue;
         const KXPieSegmentInfo& segment = m_pies[pie].getSegments()[label.segment];
@@ -237,19 +255,22 @@ void KXPieChart::_placeBeside(UXLayoutHelper& helper, std::size_t pie, const UXD
     }
 }
 
-/** Shortens the name alone, as numbers that are cut say something else.
- *  @return the numbers alone where nothing of the name is left; empty where these have no room */
-std::string KXPieChart::_shorten(UXLayoutHelper& helper, const SliceLabel& label, double width) const
+/** @return what stands above a pie: its member, and its sum where it has no hole for that */
+std::string KXPieChart::_writeCaption(const KXLabelPlacer& placer, std::size_t pie) const
 {
-    if (label.nameWidth + label.numbersWidth <= width)
-        return joinWords(label.name, label.numbers);
-    const std::string alone = label.numbersWidth <= width ? label.numbers : std::string();
-    const auto measureWhole = [&](std::string_view name) {
-        return measure(helper, joinWords(std::string(name), label.numbers), m_labelProperty).width;
-    };
-    const std::string name = uxShortenText(label.name, UXTextOption::EllipsisEnd, width, measureWhole);
-    const bool isLeft = measureWhole(name) <= width && name.size() >= leastCutLength;
-    return isLeft ? joinWords(name, label.numbers) : alone;
+    const std::string name = getDimensionCount() > 1 ? _findMemberName(1, pie) : std::string();
+    if (!_showsTotalsAbove() || m_pies[pie].getSegments().empty())
+        return name;
+    const std::string total = m_dataFormat->formatNumber(m_pies[pie].getTotal());
+    for (const std::string& numbers : {joinWords(m_totalCaption, total), total}) {
+        const std::string text = shortenName(
+            name, numbers, m_captions[pie].width, [&](std::string_view part) {
+                return std::ceil(placer.measure(std::string(part), m_captionProperty).width);
+            });
+        if (!text.empty())
+            return text;
+    }
+    return name;
 }
 
 void KXPieChart::_requestLabels(const KXLabelPlacer& placer, std::vector<KXLabelRequest>& requests) const
@@ -261,7 +282,7 @@ void KXPieChart::_requestLabels(const KXLabelPlacer& placer, std::vector<KXLabel
         requests.push_back(std::move(made));
     };
     for (std::size_t pie = 0; pie < m_captions.size(); ++pie)
-        request(_findMemberName(1, pie), m_captionProperty, m_captions[pie], UXTextAlign::Center,
+        request(_writeCaption(placer, pie), m_captionProperty, m_captions[pie], UXTextAlign::Center,
                 KXCollisionGrid::noOwner);
     _requestTotals(placer, requests);
     for (const SliceLabel& label : m_sliceLabels) {
@@ -293,7 +314,7 @@ void KXPieChart::_requestInside(const KXLabelPlacer& placer, const SliceLabel& l
 /** The sums of all pies are written in the same size, the largest at which each fits into its hole. */
 void KXPieChart::_requestTotals(const KXLabelPlacer& placer, std::vector<KXLabelRequest>& requests) const
 {
-    if (!m_showTotal)
+    if (!m_showTotal || _showsTotalsAbove())
         return;
     std::vector<KXLabelRequest> made;
     UXTextProperty property = m_valueProperty;

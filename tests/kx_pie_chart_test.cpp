@@ -258,6 +258,13 @@ TEST_F(KXPieChartTest, PiesOfASecondDimensionAreEqualInAGrid)
         EXPECT_EQ(pie.getCenter().y, chart.getPies()[0].getCenter().y);
     }
     EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"\"p\"", "\"q\"", "\"r\""}), "");
+    chart.setShowTotal(true);
+    chart.setTotalCaption("all");
+    layOut({0, 0, 602, 202});
+    EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"\"p all 4\"", "\"r all 5\""}), "") << "without a hole";
+    chart.setHoleRatio(0.6);
+    layOut({0, 0, 602, 202});
+    EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"\"p\"", "\"4\"", "\"all\""}), "") << "in the hole";
     EXPECT_EQ(chart.obtainPercentageText({0, 1, 0}), "75.0 %");
     EXPECT_EQ(chart.obtainPercentageText({0, 0, 2}), "100.0 %");
     EXPECT_EQ(chart.obtainLegendCellSize(), 2);
