@@ -117,17 +117,17 @@ std::span<const double> KXXYAxisChart::obtainPlottedValues(std::uint64_t series)
 }
 
 /** @param categoryNumbers where marks lie that have no number of their own along the X axis; may be empty
- *  @return how many marks have no place on a logarithmic axis */
+ *  @return how many marks have no place on a logarithmic axis; series that no view shows have no marks */
 std::uint64_t KXXYAxisChart::_countLeftOut(std::span<const double> categoryNumbers) const
 {
     std::uint64_t count = 0;
     for (const std::uint64_t series : getShownSeries()) {
         const bool isLogarithmicAlong = isLogarithmic(*_obtainValueAxis(series).property);
-        if (!isLogarithmicAlong && !m_x.cache.isLogarithmic)
+        const KXAxisChartDataView* view = obtainViewOfSeries(series);
+        if (!view || (!isLogarithmicAlong && !m_x.cache.isLogarithmic))
             continue;
         const std::span<const double> y = getSeriesValues(series);
-        const KXAxisChartDataView* view = obtainViewOfSeries(series);
-        std::span<const double> x = view ? view->obtainNumbers(series) : std::span<const double>();
+        std::span<const double> x = view->obtainNumbers(series);
         if (x.empty())
             x = categoryNumbers;
         const std::size_t shown = std::min<std::size_t>(y.size(), obtainShownCategoryCount());

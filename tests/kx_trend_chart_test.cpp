@@ -1,6 +1,8 @@
 #include "kx_trend_chart.h"
 
+#include "kx_axis_chart_property.h"
 #include "kx_calendar_time.h"
+#include "kx_chart_diagnostic.h"
 #include "kx_chart_label.h"
 #include "kx_chart_property.h"
 #include "kx_kpi_chart.h"
@@ -12,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <limits>
 #include <string>
@@ -205,6 +208,20 @@ TEST_F(KXTrendChartTest, TheValueStandsForItsStep)
     EXPECT_EQ(chart.obtainItemAt({20, 20}), (KXChartItem{0, 0, 2}));
     EXPECT_EQ(uxFindMissing(uxPaintToText(chart), {"\"Jobs\"", "\"2\"", "\"2015-12-01\""}), "");
     EXPECT_TRUE(chart.hasItem({0, 0, 1})) << "and the line has its own";
+}
+
+TEST_F(KXTrendChartTest, TellsOfNoMeasureThatItDoesNotShow)
+{
+    show({"2015-10-01", "2015-11-01", "2015-12-01"}, {3, -1, 2});
+    table.addMeasure("Costs", {0, -2, -3});
+    chart.getAxisChartProperty()->setIsYLogarithmic(true);
+    table.serve(chart);
+    chart.layout();
+    const std::vector<KXChartDiagnostic> told = chart.diagnostics();
+    const auto leftOut = std::ranges::find(told, KXChartDiagnosticKind::LeftOutValue,
+                                           &KXChartDiagnostic::kind);
+    ASSERT_NE(leftOut, told.end());
+    EXPECT_EQ(leftOut->count, 1u);
 }
 
 TEST_F(KXTrendChartTest, StandsOnOneLineWithOtherFigures)
