@@ -81,24 +81,27 @@ TEST(KXGradientLegend, TakesOneSideAndTellsWhatFits)
         UXPosition side;
         int classCount;
         UXRect left;
-        int texts;
+        int width, texts;
+        std::size_t zeros = 0; // behind each value
     };
     const UXRect usual(0, 0, 400, 200);
     const Case cases[] = {
-        {"above", usual, UXPosition::Top, 0, {0, 41, 400, 159}, 3},
-        {"below", usual, UXPosition::Bottom, 0, {0, 0, 400, 159}, 3},
-        {"too low", {0, 0, 400, 99}, UXPosition::Top, 0, {0, 0, 400, 99}, 0},
-        {"too narrow", {0, 0, 299, 200}, UXPosition::Left, 0, {0, 0, 299, 200}, 0},
-        {"bounds of classes", usual, UXPosition::Top, 4, {0, 41, 400, 159}, 5},
-        {"some of too many bounds", {0, 0, 100, 200}, UXPosition::Top, 100, {0, 41, 100, 159}, 5},
+        {"above", usual, UXPosition::Top, 0, {0, 41, 400, 159}, 280, 3},
+        {"below", usual, UXPosition::Bottom, 0, {0, 0, 400, 159}, 280, 3},
+        {"too low", {0, 0, 400, 99}, UXPosition::Top, 0, {0, 0, 400, 99}, 0, 0},
+        {"too narrow", {0, 0, 299, 200}, UXPosition::Left, 0, {0, 0, 299, 200}, 0, 0},
+        {"bounds of classes", usual, UXPosition::Top, 4, {0, 41, 400, 159}, 280, 5},
+        {"some of too many bounds", {0, 0, 100, 200}, UXPosition::Top, 100, {0, 41, 100, 159}, 100, 5},
+        {"a value longer than half of the chart", usual, UXPosition::Left, 0, {215, 0, 185, 200}, 200, 2, 29},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         KXGradientLegend legend;
-        legend.setScale({0, 100, 30, UXColor(), UXColor(), UXColor(), c.classCount},
-                        [](double value) { return std::to_string(static_cast<int>(value)); });
+        legend.setScale({0, 100, 30, UXColor(), UXColor(), UXColor(), c.classCount}, [&](double value) {
+            return std::to_string(static_cast<int>(value)).append(c.zeros, '0');
+        });
         EXPECT_EQ(legend.takeRoom(c.area, c.side, UXPosition::Center), c.left);
-        EXPECT_EQ(legend.getRect().width, std::min(c.area.width, c.texts > 0 ? 280 : 0));
+        EXPECT_EQ(legend.getRect().width, c.width);
         UXRecordingPaintConfig config;
         legend.paint(&config, legend.getBoundingRect());
         const std::vector<std::string> lines = config.getRecording().getLines();
