@@ -74,7 +74,9 @@ TEST(DrawingCheck, FindsWhatAReaderWouldCallAFault)
         {"one of which less is left", 1, drawClipped(180), "mostly out of the area"},
         {"one of which nothing is left", 1, drawClipped(-60), "mostly out of the area"},
         {"one that is cut inside the area", 1, drawClipped(80, {0, 0, 100, 100}), "mostly cut off"},
+        {"one that is cut through the middle", 1, drawClipped(75 + 1e-9, {0, 0, 100, 100}), ""},
         {"one that is scrolled out of sight", 1, drawClipped(120, {0, 0, 100, 100}), ""},
+        {"one that is scrolled out of the area", 1, drawClipped(-60, {20, 0, 100, 100}), ""},
         {"a text in a layer", 1,
          [](UXPainter& painter) {
              painter.drawComposited([](UXPainter* layer) { drawLetters(*layer, -10, 50); }, nullptr,
