@@ -258,7 +258,6 @@ KXObjectID KXMemberPanelChart::_obtainGroupObjectID(std::uint64_t group) const
 std::uint64_t KXMemberPanelChart::_obtainGroupDimension() const { return 0; }
 void KXMemberPanelChart::_paintUnderItems(UXPainter&) const {}
 void KXMemberPanelChart::_paintOverItems(UXPainter&) const {}
-const KXChartDataFormat& KXMemberPanelChart::_obtainFormat(std::uint64_t) const { return *m_dataFormat; }
 UXHintInfo KXMemberPanelChart::_obtainHintLook() const { return {}; }
 UXDoublePoint KXMemberPanelChart::_obtainChosenShift(const KXPanelItem&) const { return {}; }
 

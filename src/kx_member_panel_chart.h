@@ -182,8 +182,6 @@ protected:
                                   const std::vector<double>& sums, KXOthersRule rule);
     /** @return the groups, or without a dimension the measures, or the members of the other one */
     const KXListedGroups& _getListedIndexes() const { return m_listedIndexes; }
-    /** @return how the values of a measure are written; by default all alike */
-    virtual const KXChartDataFormat& _obtainFormat(std::uint64_t measure) const;
     /** @return the cell of its value among those of the measure */
     std::uint64_t _obtainCell(const KXChartItem& item) const;
     /** @return the item itself; of Others where it holds a single member, which is not gathered there, the

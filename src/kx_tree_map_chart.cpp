@@ -8,6 +8,7 @@
 #include "kx_key_definitions.h"
 #include "kx_legend.h"
 #include "kx_line_gradient_legend.h"
+#include "kx_measure_format.h"
 #include "kx_percentages.h"
 #include "ux/ux_event.h"
 #include "ux/ux_key_code.h"
@@ -62,7 +63,7 @@ UXHintInfo KXTreeMapChart::_obtainHintLook() const { return m_hintInfo; }
 
 const KXChartDataFormat& KXTreeMapChart::_obtainFormat(std::uint64_t measure) const
 {
-    return measure < m_dataFormats.size() ? m_dataFormats[static_cast<std::size_t>(measure)] : *m_dataFormat;
+    return kxFindMeasureFormat(m_dataFormats, measure, *m_dataFormat);
 }
 
 KXObjectID KXTreeMapChart::_obtainGroupObjectID(std::uint64_t group) const
