@@ -6,7 +6,6 @@
 #include "kx_calendar_time.h"
 #include "kx_chart_data_format.h"
 #include "kx_chart_value_operation.h"
-#include "kx_data_requests.h"
 #include "kx_line_edges.h"
 #include "kx_xy_axis_chart.h"
 #include "ux/ux_hint_info.h"
@@ -19,6 +18,8 @@
 namespace {
 
 constexpr double noValue = std::numeric_limits<double>::quiet_NaN();
+/** The member at which a line stands is looked for among so many. */
+constexpr std::uint64_t greatestCategorySearch = 10'000;
 
 bool isFixed(const KXAssistantLineProperty& line)
 {
@@ -114,22 +115,20 @@ bool KXAssistantLineDataView::_standsAtMember(const KXAssistantLineProperty& lin
     return line.getIsOnXAxis() && !line.getCategory().empty() && isFixed(line) && !getChart()->isContinuous();
 }
 
-/** Looks for the member at which the line stands, on from where the last layout came to. The next block of
- * texts that the host has not told yet is asked for when the layout has ended, and the lines are laid out
- * anew when they have arrived. */
+/** Looks for the member at which the line stands. Texts that the host has not told yet are asked for when the
+ * layout has ended, and the lines are laid out anew when they have arrived. */
 void KXAssistantLineDataView::_updateMember(Line& line) const
 {
     KXXYAxisChart& chart = *getChart();
-    const std::uint64_t count = chart.obtainShownCategoryCount();
-    while (!line.member && line.searchedCount < count && chart.hasCategoryText(line.searchedCount)) {
-        if (chart.obtainCategoryText(line.searchedCount) == line.property.getCategory())
-            line.member = line.searchedCount;
-        ++line.searchedCount;
+    const std::string& wanted = line.property.getCategory();
+    const std::uint64_t count = std::min(chart.obtainShownCategoryCount(), greatestCategorySearch);
+    for (std::uint64_t category = 0; category < count; ++category) {
+        if (chart.obtainCategoryText(category) != wanted)
+            continue;
+        line.value = static_cast<double>(category);
+        return;
     }
-    line.value = line.member ? static_cast<double>(*line.member) : noValue;
-    const std::uint64_t end = std::min(count, line.searchedCount + KXDataRequests::greatestBlock);
-    for (std::uint64_t category = line.searchedCount; !line.member && category < end; ++category)
-        chart.obtainCategoryText(category);
+    line.value = noValue;
 }
 
 /** Percentages of a whole have no values of their own on their axis. */

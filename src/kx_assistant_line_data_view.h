@@ -31,10 +31,8 @@ public:
         std::size_t index = 0; /**< in the chart's list */
         double value = 0;      /**< NaN for none; a line that stands at a member learns it in the layout */
         double toValue = 0;    /**< the other edge of a band, NaN without one */
-        std::optional<std::uint64_t> member; /**< at which it stands, as soon as that is found */
-        std::uint64_t searchedCount = 0;     /**< how many members were looked at for that */
-        std::vector<double> means;           /**< of a moving average, by places; empty for any other */
-        std::shared_ptr<KXLineEdges> edges;  /**< of these means */
+        std::vector<double> means;          /**< of a moving average, by places; empty for any other */
+        std::shared_ptr<KXLineEdges> edges; /**< of these means */
         std::optional<KXTrendLine> trend;
         double firstX = 0, lastX = 0; /**< between which a trend runs */
 

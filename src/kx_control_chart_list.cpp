@@ -31,8 +31,8 @@
 namespace {
 
 constexpr std::int64_t typingPause = 1000; // milliseconds after which what is typed begins anew
-constexpr int headerGap = 6;     // between the header's parts, and below it; in logical units
-constexpr double rowSpread = 10; // a row is this much higher than its text
+constexpr int headerGap = 6;               // between the header's parts, and below it; in logical units
+constexpr double rowSpread = 10;           // a row is this much higher than its text
 /** With fewer rows than these below what is seen, more are looked for. */
 constexpr std::size_t rowsAhead = 64;
 /** A header that leaves the rows less height than this is left out. */

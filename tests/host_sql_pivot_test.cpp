@@ -170,7 +170,7 @@ private:
 std::string writeTable(SqlSession& session, const std::string& text)
 {
     DataBinding marked = DataBindingReader("b").readText(text);
-    marked.highlights = {{{{"name", FilterOperation::Equal, {"z"}}}}};
+    marked.highlights = {FilterAlternatives{{{"name", FilterOperation::Equal, {"z"}}}}};
     SqlPivot pivot(session, marked);
     constexpr std::uint64_t all = KXTableChartDataProvider::allMembers;
     const auto write = [&](std::uint64_t row, std::uint64_t column) {

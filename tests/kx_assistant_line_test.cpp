@@ -144,18 +144,6 @@ TEST_F(KXAssistantLineTest, FixedValuesWidenTheRangeAndOthersAreClipped)
     ASSERT_EQ(getLine(chart).path.size(), 2);
     EXPECT_NEAR(getLine(chart).path[0].x, chart.obtainCategoryMap().obtainPosition(2), 1);
     EXPECT_EQ(getLine(chart).valueText, "c2");
-
-    // A member is found wherever it is, and a search that finds none ends.
-    provider.categoryCount = 12'000;
-    provider.values = {std::vector<double>(provider.categoryCount, 1.0)};
-    for (const char* wanted : {"c11000", "nowhere"}) {
-        category.setCategory(wanted);
-        load(chart, {category});
-        for (int round = 0; round < 20 && chart.getRequireToVerifyLayout(); ++round)
-            chart.layout();
-        EXPECT_FALSE(chart.getRequireToVerifyLayout());
-        EXPECT_EQ(getLine(chart).value == 11'000, std::string(wanted) == "c11000") << wanted;
-    }
 }
 
 TEST_F(KXAssistantLineTest, TrendsAndMovingAverages)

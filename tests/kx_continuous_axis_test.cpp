@@ -363,7 +363,7 @@ TEST_F(KXContinuousAxisTest, APartOfTheValuesThatWasSavedIsLeftLikeAnyOther)
         std::unique_ptr<KXXYAxisChart> chart = std::make_unique<KXLineChart>();
         if (areBars)
             chart = std::make_unique<KXBarChart>();
-        kxLoad(*chart, provider, {0, 0, 600, 200});
+        kxLoad(*chart, provider, {0, 0, 600, 400});
         const KXVisibleRange whole = chart->obtainShownRange(*chart->getYAxis());
         EXPECT_EQ(chart->obtainZoomedAxes().size(), areBars ? 0 : 1);
         chart->getAxisChartProperty()->updateVisibleYFrom(20);

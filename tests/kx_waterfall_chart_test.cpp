@@ -120,7 +120,8 @@ TEST_F(KXWaterfallChartTest, LinesGoOnFromATotalOfZero)
     const std::vector<double> levels{30, 40, 0, 5};
     ASSERT_EQ(view.getConnectors().size(), levels.size());
     for (std::size_t i = 0; i < levels.size(); ++i)
-        EXPECT_NEAR(view.getConnectors()[i].y, view.getPlane().values.obtainPosition(levels[i]), 1);
+        EXPECT_NEAR(view.getPlane().obtainAlong(view.getConnectors()[i]).start,
+                    view.getPlane().values.obtainPosition(levels[i]), 1);
 }
 
 TEST_F(KXWaterfallChartTest, AxisHoldsTheChangesAloneWhereTotalsMayBeTorn)
