@@ -27,10 +27,10 @@ const char* const binding = R"~({"nullText": "(null)", "dimensions": [{"column":
 // What is chosen of the rows, what of them is highlighted, and the same as the bindings have it
 const char* const chosen = "(v IS NULL OR v <> 3.25)";
 const char* const highlighted = "(a = 'a1' OR b = 'b''2' AND v >= 5.25)";
-const FilterAlternatives choice{{{"v", FilterOperation::NotEqual, {"3.25"}}}};
-const FilterAlternatives highlight{
-    {{"a", FilterOperation::Equal, {"a1"}}},
-    {{"b", FilterOperation::In, {"b'2"}}, {"v", FilterOperation::GreaterOrEqual, {"5.25"}}}};
+const FilterAlternatives choice{{{"v", FilterOperation::NotEqual, {"3.25"}, false, {}}}};
+const FilterAlternatives highlight{{{"a", FilterOperation::Equal, {"a1"}, false, {}}},
+                                   {{"b", FilterOperation::In, {"b'2"}, false, {}},
+                                    {"v", FilterOperation::GreaterOrEqual, {"5.25"}, false, {}}}};
 const char* const aggregates =
     "SUM(v), AVG(CAST(v AS DOUBLE PRECISION)), COUNT(DISTINCT v), COUNT(*), MAX(v)";
 constexpr std::size_t measureCount = 5;
@@ -170,7 +170,7 @@ private:
 std::string writeTable(SqlSession& session, const std::string& text)
 {
     DataBinding marked = DataBindingReader("b").readText(text);
-    marked.highlights = {FilterAlternatives{{{"name", FilterOperation::Equal, {"z"}}}}};
+    marked.highlights = {FilterAlternatives{{{"name", FilterOperation::Equal, {"z"}, false, {}}}}};
     SqlPivot pivot(session, marked);
     constexpr std::uint64_t all = KXTableChartDataProvider::allMembers;
     const auto write = [&](std::uint64_t row, std::uint64_t column) {
@@ -276,18 +276,18 @@ void checkBins(SqlSession& session)
 /** A part stands in the bins of the whole, however narrow the range of what is chosen is. */
 void checkHighlightedBins(SqlSession& session)
 {
-    DataBinding binding = DataBindingReader("b").readText(
+    DataBinding binned = DataBindingReader("b").readText(
         R"({"dimensions": [{"column": "v", "bins": {"count": 10}}], "measures": [{"aggregate": "count"}]})");
-    const SqlDataSet whole(session, binding);
-    binding.highlights = {{{FilterBinding{"v", FilterOperation::Less, {"0"}, false, {}}}}};
-    const SqlHighlight highlight(session, binding, whole);
+    const SqlDataSet whole(session, binned);
+    binned.highlights = {{{FilterBinding{"v", FilterOperation::Less, {"0"}, false, {}}}}};
+    const SqlHighlight part(session, binned, whole);
     double sum = 0;
     for (std::uint64_t bin = 0; bin < whole.getMembers(0).size(); ++bin) {
         const SqlMember& member = whole.getMembers(0)[bin];
         const bool isBelow = !member.isNull && std::stod(member.text) < 0;
         const std::uint64_t path[] = {bin};
-        EXPECT_EQ(highlight.obtainNumber(0, path), isBelow ? whole.obtainNumber(0, path) : 0) << member.text;
-        sum += highlight.obtainNumber(0, path);
+        EXPECT_EQ(part.obtainNumber(0, path), isBelow ? whole.obtainNumber(0, path) : 0) << member.text;
+        sum += part.obtainNumber(0, path);
     }
     EXPECT_GT(sum, 0);
 }
