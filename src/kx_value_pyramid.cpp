@@ -2,7 +2,6 @@
 
 #include <array>
 #include <limits>
-#include <optional>
 #include <utility>
 
 namespace {
@@ -101,12 +100,12 @@ std::size_t KXValuePyramid::_find(std::span<const double> values, Part part, dou
 void KXValuePyramid::findIntervals(std::span<const double> values, std::size_t first, std::size_t end,
                                    std::vector<KXValueInterval>& found) const
 {
-    std::optional<Run> run;
+    Run run;
     const auto endRun = [&] {
-        if (run)
-            found.push_back({run->first, run->end, _find(values, run->least, &Block::min, run->extremes.min),
-                             _find(values, run->greatest, &Block::max, run->extremes.max)});
-        run.reset();
+        if (run.end > run.first)
+            found.push_back({run.first, run.end, _find(values, run.least, &Block::min, run.extremes.min),
+                             _find(values, run.greatest, &Block::max, run.extremes.max)});
+        run = {};
     };
     for (std::size_t at = first; at < end;) {
         Block block{values[at], values[at]};
@@ -122,10 +121,10 @@ void KXValuePyramid::findIntervals(std::span<const double> values, std::size_t f
         }
         if (!block.hasValues())
             endRun();
-        else if (!run)
-            run = Run{at, at + extent, block, part, part};
+        else if (run.end == run.first)
+            run = {at, at + extent, block, part, part};
         else
-            run->take(at + extent, block, part);
+            run.take(at + extent, block, part);
         at += extent;
     }
     endRun();

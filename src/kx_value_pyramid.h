@@ -44,9 +44,9 @@ private:
     };
     /** An interval, and in which parts of it the extremes are. */
     struct Run {
-        std::size_t first, end;
-        Block extremes;
-        Part least, greatest;
+        std::size_t first = 0, end = 0; // nothing where it ends as it begins
+        Block extremes{};
+        Part least{}, greatest{};
 
         void take(std::size_t newEnd, const Block& block, const Part& part);
     };
