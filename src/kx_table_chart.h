@@ -307,8 +307,8 @@ private:
 
     KXTableGrid* m_grid;                                                        // a child
     KXNoDataLabel* m_noDataLabel;                                               // a child
-    static constexpr std::size_t panelCount = std::size_t{3} * kxGridBandCount; // no rows are frozen
-    std::array<KXTablePanel*, panelCount> m_panels{};                           // children of the grid
+    // Children of the grid; no rows are frozen.
+    std::array<KXTablePanel*, std::size_t{3} * kxGridBandCount> m_panels{};
     std::string m_totalWord;                                                    // in the host's language
     std::vector<double> m_headerWidths, m_measureWidths; // what texts that were in sight need
     std::vector<KXChartDataFormat> m_shownFormats; // by measure, with their decimals; empty until needed
