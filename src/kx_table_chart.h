@@ -305,11 +305,11 @@ private:
     void _moveColumn(const ColumnDrag& drag);
     void _orderMeasures();
 
-    KXTableGrid* m_grid;                                                        // a child
-    KXNoDataLabel* m_noDataLabel;                                               // a child
+    KXTableGrid* m_grid;          // a child
+    KXNoDataLabel* m_noDataLabel; // a child
     // Children of the grid; no rows are frozen.
     std::array<KXTablePanel*, std::size_t{3} * kxGridBandCount> m_panels{};
-    std::string m_totalWord;                                                    // in the host's language
+    std::string m_totalWord;                             // in the host's language
     std::vector<double> m_headerWidths, m_measureWidths; // what texts that were in sight need
     std::vector<KXChartDataFormat> m_shownFormats; // by measure, with their decimals; empty until needed
     double m_stretch = 0;                          // what each column of cells has beyond that
