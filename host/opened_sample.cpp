@@ -84,6 +84,7 @@ std::vector<KXChart*> OpenedSample::obtainCharts() const
     if (!m_board)
         return {getChart()};
     std::vector<KXChart*> charts;
+    charts.reserve(m_board->getChartCount());
     for (std::size_t i = 0; i < m_board->getChartCount(); ++i)
         charts.push_back(&m_board->getChart(i));
     return charts;

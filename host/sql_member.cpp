@@ -20,7 +20,10 @@ SqlMember readSqlMember(const DataBinding& binding, std::size_t index, KXChartDa
 
     member.isNull = row.isNull;
     member.number = row.isNull ? 0 : row.number;
-    member.text = row.isNull ? binding.nullText : std::move(row.text);
+    if (row.isNull)
+        member.text = binding.nullText;
+    else
+        member.text = std::move(row.text);
     if (type == KXChartDataType::Float && !row.isNull)
         member.text = obtainNumberText(member.number);
     if (level && !row.isNull) {
