@@ -35,7 +35,8 @@ public:
     /** @return nothing for a null */
     virtual std::optional<double> obtainSeriesValue(KXChartDataUser* user, std::uint64_t series,
                                                     std::uint64_t category);
-    /** Sets values[i] to the value of category firstCategory + i, NaN for a null. */
+    /** Sets values[i] to the value of category firstCategory + i, NaN for a null. Of many categories a part
+     * is asked for at a time. */
     virtual void obtainSeriesValues(KXChartDataUser* user, std::uint64_t series, std::uint64_t firstCategory,
                                     std::span<double> values);
     /** Sets numbers[i] to where category firstCategory + i stands on a continuous axis. */

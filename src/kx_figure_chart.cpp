@@ -75,10 +75,10 @@ std::uint64_t KXFigureChart::obtainLegendCellSize() { return 0; }
 std::string KXFigureChart::_obtainItemKind() const { return "Panel"; }
 UXHintInfo KXFigureChart::_obtainHintLook() const { return m_hintInfo; }
 UXColor KXFigureChart::_obtainItemColor(const KXChartItem&) const { return m_panelColor; }
-double KXFigureChart::_obtainFullShare(const KXChartItem&) const
-{
-    return 1;
-} // a line below the figures tells
+
+/** A line below the figures tells the part. */
+double KXFigureChart::_obtainFullShare(const KXChartItem&) const { return 1; }
+
 double KXFigureChart::_obtainGap() const { return bound(m_panelGap, greatestGap); }
 
 double KXFigureChart::_obtainPadding() const

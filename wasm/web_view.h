@@ -31,7 +31,6 @@ public:
     WebChart* addChart(const std::string& document);
     /** @param chart one of this object's */
     void removeChart(WebChart* chart);
-    const std::vector<std::unique_ptr<WebChart>>& getCharts() const { return m_charts; }
     /** Hands the keys to a chart. @param chart null for none */
     void setFocusedChart(WebChart* chart);
     /** Does what a left click on the focused chart does. */
